@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Zorvik/Brassel/ISerializable.h"
+#include "Zorvik/Core/Property.h"
+
+#include <string>
+
+namespace Zorvik::Brassel {
+
+/// A serializer over an in-memory tree.
+class ZORVIKPLATFORM_EXPORT SerializerProperty
+{
+public:
+    /// Wraps `property` without copying and keeps it alive: what is written through the result
+    /// stands in the tree. `rootPath`, by default the property's name, begins every path in a
+    /// message, so pass the file name. A null property is an Exception.
+    static SerializerPtr Create(const Core::Property::Ptr& property,
+                                const std::string& rootPath = {});
+};
+
+} // namespace Zorvik::Brassel

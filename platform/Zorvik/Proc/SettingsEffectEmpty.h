@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace Zorvik::Proc {
+
+/// The effect that changes nothing. Applying it commits what the drawer shows.
+struct SettingsEffectEmpty
+{
+    static constexpr char EFFECT_ID[] = "empty";
+};
+
+} // namespace Zorvik::Proc
