@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+namespace LumetraHost {
+
+/// A picture in memory: interleaved RGBA, straight (not premultiplied) alpha, sRGB-encoded.
+/// Copies share the pixels; whoever writes into a picture owns the only copy of it, and pictures
+/// that were handed on are not written again. Metadata and colour profiles are not part of it.
+class Image
+{
+public:
+    /// Unsigned integers per channel, in the machine's byte order.
+    enum class Depth
+    {
+        Bits8,
+        Bits16
+    };
+
+    static constexpr int Channels = 4;
+    /// Every row begins at a multiple of this many bytes.
+    static constexpr std::size_t RowAlignment = 64;
+    /// The largest width and height.
+    static constexpr int MaximumSide = 1 << 20;
+
+    /// The null picture: no pixels, 0 x 0.
+    Image() = default;
+
+    /// A picture of transparent black. Zorvik::Exception for a side below 1 or above MaximumSide;
+    /// std::bad_alloc when the memory is not there.
+    static Image Allocate(int width, int height, Depth depth);
+    /// The same with pixels that hold anything, for callers that write all of them.
+    static Image AllocateUninitialised(int width, int height, Depth depth);
+
+    bool IsNull() const { return !m_pixels; }
+    int GetWidth() const { return m_width; }
+    int GetHeight() const { return m_height; }
+    Depth GetDepth() const { return m_depth; }
+    /// Bytes from one row to the next.
+    std::size_t GetStride() const { return m_stride; }
+    std::size_t GetBytesPerPixel() const { return Channels * GetBytesPerChannel(); }
+    std::size_t GetBytesPerChannel() const { return m_depth == Depth::Bits16 ? 2 : 1; }
+    /// Bytes of all rows, padding included.
+    std::size_t GetByteCount() const { return m_stride * static_cast<std::size_t>(m_height); }
+
+    /// The first byte of row `y`, 0 <= y < height (not checked).
+    const std::uint8_t* Row(int y) const { return m_pixels.get() + Offset(y); }
+    std::uint8_t* Row(int y) { return m_pixels.get() + Offset(y); }
+    /// The same as 16-bit values; only for Depth::Bits16.
+    const std::uint16_t* Row16(int y) const
+    {
+        return reinterpret_cast<const std::uint16_t*>(Row(y));
+    }
+    std::uint16_t* Row16(int y) { return reinterpret_cast<std::uint16_t*>(Row(y)); }
+
+    /// A copy with pixels of its own.
+    Image Clone() const;
+
+    /// True when both share the same pixels, or both are null.
+    bool SharesPixelsWith(const Image& other) const { return m_pixels == other.m_pixels; }
+
+private:
+    std::size_t Offset(int y) const { return m_stride * static_cast<std::size_t>(y); }
+
+    int m_width = 0;
+    int m_height = 0;
+    Depth m_depth = Depth::Bits8;
+    std::size_t m_stride = 0;
+    std::shared_ptr<std::uint8_t> m_pixels;
+};
+
+/// True when size, depth and every channel are the same; padding is not looked at.
+bool HaveSamePixels(const Image& first, const Image& second);
+
+} // namespace LumetraHost
