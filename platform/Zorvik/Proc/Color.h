@@ -13,9 +13,9 @@ struct Color
     std::uint8_t blue = 0;
     std::uint8_t alpha = 255;
 
-    Color() = default;
-    Color(std::uint8_t redValue, std::uint8_t greenValue, std::uint8_t blueValue,
-          std::uint8_t alphaValue)
+    constexpr Color() = default;
+    constexpr Color(std::uint8_t redValue, std::uint8_t greenValue, std::uint8_t blueValue,
+                    std::uint8_t alphaValue)
         : red(redValue), green(greenValue), blue(blueValue), alpha(alphaValue)
     {
     }
