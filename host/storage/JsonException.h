@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "Zorvik/Exception.h"
+
+#include <cstdint>
+#include <string>
+
+namespace LumetraHost {
+
+/// A place in a stored text.
+struct JsonPlace
+{
+    std::string file;
+    std::uint32_t line = 0;   ///< from 1; 0 when unknown
+    std::uint32_t column = 0; ///< from 1, in characters; 0 when unknown
+
+    /// "file:line:column", or the file alone when the line is unknown.
+    std::string ToText() const;
+};
+
+/// What is wrong with a stored text, and where. The description reads by itself: a syntax error
+/// begins with "file:line:column: ", a value of the wrong kind with its path
+/// "file/key/list[index]/key: ".
+class JsonException : public Zorvik::Exception
+{
+public:
+    JsonException(const std::string& description, const JsonPlace& place,
+                  const std::string& message, const std::string& function, int line);
+    ~JsonException() override;
+
+    const JsonPlace& GetPlace() const;
+    /// The description without its place.
+    const std::string& GetMessage() const;
+
+private:
+    JsonPlace m_place;
+    std::string m_message;
+};
+
+} // namespace LumetraHost

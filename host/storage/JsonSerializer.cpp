@@ -1,0 +1,336 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "storage/JsonSerializer.h"
+
+#include "Zorvik/Brassel/ISerializer.h"
+#include "Zorvik/RefCounted.h"
+#include "storage/JsonException.h"
+#include "storage/JsonWriter.h"
+
+#include <boost/current_function.hpp>
+
+#include <cmath>
+#include <limits>
+
+namespace LumetraHost {
+namespace {
+
+using Zorvik::Brassel::CollectionPtr;
+using Zorvik::Brassel::ConstCollectionPtr;
+using Zorvik::Brassel::ConstSerializerPtr;
+using Zorvik::Brassel::ISerializer;
+using Zorvik::Brassel::ISerializerCollection;
+using Zorvik::Brassel::SerializerPtr;
+using FileName = std::shared_ptr<const std::string>;
+
+/// Where something stands: the file, and the path inside it with the file's name in front.
+struct Location
+{
+    FileName file;
+    std::string path;
+
+    Location Member(const std::string& key) const { return {file, path + "/" + key}; }
+    Location Element(std::size_t index) const
+    {
+        return {file, path + "[" + std::to_string(index) + "]"};
+    }
+};
+
+[[noreturn]] void Fail(const Location& location, const JsonValue* value, const std::string& message,
+                       int line)
+{
+    JsonPlace place;
+    place.file = *location.file;
+    if (value) {
+        place.line = value->line;
+        place.column = value->column;
+    }
+    throw JsonException(location.path + ": " + message, place, message, BOOST_CURRENT_FUNCTION,
+                        line);
+}
+
+[[noreturn]] void Mismatch(const Location& location, const JsonValue& value, const char* expected,
+                           const std::string& found, int line)
+{
+    Fail(location, &value, std::string("expected ") + expected + ", found " + found, line);
+}
+
+[[noreturn]] void Mismatch(const Location& location, const JsonValue& value, const char* expected,
+                           int line)
+{
+    Mismatch(location, value, expected, value.GetKindName(), line);
+}
+
+ISerializer::Kind KindOf(const JsonValue& value)
+{
+    using Kind = ISerializer::Kind;
+    static constexpr Kind kinds[] = {Kind::None, Kind::Bool, Kind::Number,
+                                     Kind::Text, Kind::Node, Kind::Collection};
+    static_assert(std::variant_size_v<JsonValue::Content> == std::size(kinds));
+    return kinds[value.content.index()];
+}
+
+class JsonNode : public Zorvik::RefCounted<ISerializer>
+{
+public:
+    JsonNode(const JsonValue::Object& object, const std::string& name, const Location& location)
+        : m_object(object), m_name(name), m_location(location)
+    {
+    }
+
+    using ISerializer::Get;
+    using ISerializer::Set;
+
+    std::string GetName() const override { return m_name; }
+    std::string GetPath() const override { return m_location.path; }
+    std::vector<std::string> GetKeys() const override;
+    Kind GetKind(const std::string& key) const override;
+
+    bool Get(const std::string& key, bool defaultValue) const override;
+    int Get(const std::string& key, int defaultValue) const override;
+    double Get(const std::string& key, double defaultValue) const override;
+    std::string Get(const std::string& key, const std::string& defaultValue) const override;
+    ConstSerializerPtr GetNode(const std::string& key) const override;
+    ConstCollectionPtr GetCollection(const std::string& key) const override;
+
+    void Set(const std::string& key, bool value) override;
+    void Set(const std::string& key, int value) override;
+    void Set(const std::string& key, double value) override;
+    void Set(const std::string& key, const std::string& value) override;
+    SerializerPtr CreateNode(const std::string& key) override;
+    CollectionPtr CreateCollection(const std::string& key) override;
+
+private:
+    /// The value under `key` as T; null when absent, an error when it is something else.
+    template <class T>
+    const T* Read(const std::string& key, const char* expected) const;
+    void Store(const std::string& key, JsonValue::Content content);
+
+    JsonValue::Object m_object;
+    std::string m_name;
+    Location m_location;
+};
+
+/// The collection under a key of an object, looked up anew at each use.
+class JsonCollection : public Zorvik::RefCounted<ISerializerCollection>
+{
+public:
+    JsonCollection(const JsonValue::Object& owner, const std::string& key, const Location& location)
+        : m_owner(owner), m_key(key), m_location(location)
+    {
+    }
+
+    std::size_t GetCount() const override;
+    ConstSerializerPtr GetElement(std::size_t index) const override;
+    SerializerPtr AddElement(const std::string& name) override;
+
+private:
+    JsonArray* Array() const;
+    JsonObject* Object() const;
+    SerializerPtr AddNamed(const std::string& name);
+    SerializerPtr AddUnnamed();
+
+    JsonValue::Object m_owner;
+    std::string m_key;
+    Location m_location;
+};
+
+template <class T>
+T* Target(const JsonObject& owner, const std::string& key)
+{
+    const JsonValue* value = owner.Find(key);
+    const auto* pointer = value ? value->As<std::shared_ptr<T>>() : nullptr;
+    return pointer ? pointer->get() : nullptr;
+}
+
+JsonArray* JsonCollection::Array() const
+{
+    return Target<JsonArray>(*m_owner, m_key);
+}
+
+JsonObject* JsonCollection::Object() const
+{
+    return Target<JsonObject>(*m_owner, m_key);
+}
+
+std::size_t JsonCollection::GetCount() const
+{
+    if (const JsonArray* array = Array())
+        return array->elements.size();
+    const JsonObject* object = Object();
+    return object ? object->GetMembers().size() : 0;
+}
+
+ConstSerializerPtr JsonCollection::GetElement(std::size_t index) const
+{
+    if (index >= GetCount())
+        Fail(m_location, m_owner->Find(m_key),
+             "expected an element " + std::to_string(index) + ", found " +
+                 std::to_string(GetCount()) + " elements",
+             __LINE__);
+    const JsonArray* array = Array();
+    const std::string name = array ? std::string() : Object()->GetMembers()[index].first;
+    const JsonValue& value = array ? array->elements[index] : Object()->GetMembers()[index].second;
+    const Location location = array ? m_location.Element(index) : m_location.Member(name);
+    if (const auto* node = value.As<JsonValue::Object>())
+        return new JsonNode(*node, name, location);
+    Mismatch(location, value, "node", __LINE__);
+}
+
+SerializerPtr JsonCollection::AddElement(const std::string& name)
+{
+    return name.empty() ? AddUnnamed() : AddNamed(name);
+}
+
+SerializerPtr JsonCollection::AddUnnamed()
+{
+    if (const JsonObject* object = Object(); object && !object->GetMembers().empty())
+        Fail(m_location, nullptr, "expected a name for the new element, found none", __LINE__);
+    if (!Array())
+        m_owner->Set(m_key, JsonValue(std::make_shared<JsonArray>()));
+    const auto node = std::make_shared<JsonObject>();
+    Array()->elements.emplace_back(node);
+    return new JsonNode(node, std::string(), m_location.Element(Array()->elements.size() - 1));
+}
+
+SerializerPtr JsonCollection::AddNamed(const std::string& name)
+{
+    JsonWriter::Quote(name); // refuses what could not be written
+    if (const JsonArray* array = Array(); array && !array->elements.empty())
+        Fail(m_location, nullptr,
+             "expected no name for the new element, found \"" + name + "\" after unnamed elements",
+             __LINE__);
+    if (!Object())
+        m_owner->Set(m_key, JsonValue(std::make_shared<JsonObject>()));
+    const auto node = std::make_shared<JsonObject>();
+    if (!Object()->Append(name, JsonValue(node)))
+        Fail(m_location, nullptr,
+             "expected a new name for the new element, found \"" + name + "\" again", __LINE__);
+    return new JsonNode(node, name, m_location.Member(name));
+}
+
+std::vector<std::string> JsonNode::GetKeys() const
+{
+    std::vector<std::string> keys;
+    keys.reserve(m_object->GetMembers().size());
+    for (const auto& member : m_object->GetMembers())
+        keys.push_back(member.first);
+    return keys;
+}
+
+ISerializer::Kind JsonNode::GetKind(const std::string& key) const
+{
+    const JsonValue* value = m_object->Find(key);
+    return value ? KindOf(*value) : Kind::None;
+}
+
+template <class T>
+const T* JsonNode::Read(const std::string& key, const char* expected) const
+{
+    const JsonValue* value = m_object->Find(key);
+    if (!value)
+        return nullptr;
+    if (const T* typed = value->As<T>())
+        return typed;
+    Mismatch(m_location.Member(key), *value, expected, __LINE__);
+}
+
+bool JsonNode::Get(const std::string& key, bool defaultValue) const
+{
+    const bool* value = Read<bool>(key, "bool");
+    return value ? *value : defaultValue;
+}
+
+int JsonNode::Get(const std::string& key, int defaultValue) const
+{
+    const JsonNumber* number = Read<JsonNumber>(key, "number");
+    if (!number)
+        return defaultValue;
+    if (number->value != std::trunc(number->value) ||
+        number->value < std::numeric_limits<int>::min() ||
+        number->value > std::numeric_limits<int>::max())
+        Mismatch(m_location.Member(key), *m_object->Find(key),
+                 "a whole number from -2147483648 to 2147483647",
+                 "number " + number->text.substr(0, 40), __LINE__);
+    return static_cast<int>(number->value);
+}
+
+double JsonNode::Get(const std::string& key, double defaultValue) const
+{
+    const JsonNumber* number = Read<JsonNumber>(key, "number");
+    return number ? number->value : defaultValue;
+}
+
+std::string JsonNode::Get(const std::string& key, const std::string& defaultValue) const
+{
+    const std::string* value = Read<std::string>(key, "string");
+    return value ? *value : defaultValue;
+}
+
+ConstSerializerPtr JsonNode::GetNode(const std::string& key) const
+{
+    const auto* node = Read<JsonValue::Object>(key, "node");
+    return node ? new JsonNode(*node, key, m_location.Member(key)) : nullptr;
+}
+
+ConstCollectionPtr JsonNode::GetCollection(const std::string& key) const
+{
+    const JsonValue* value = m_object->Find(key);
+    if (!value)
+        return nullptr;
+    if (!value->As<JsonValue::Array>() && !value->As<JsonValue::Object>())
+        Mismatch(m_location.Member(key), *value, "collection", __LINE__);
+    return new JsonCollection(m_object, key, m_location.Member(key));
+}
+
+void JsonNode::Store(const std::string& key, JsonValue::Content content)
+{
+    JsonWriter::Quote(key); // refuses what could not be written
+    m_object->Set(key, JsonValue(std::move(content)));
+}
+
+void JsonNode::Set(const std::string& key, bool value)
+{
+    Store(key, value);
+}
+
+void JsonNode::Set(const std::string& key, int value)
+{
+    Store(key, JsonNumber{static_cast<double>(value), std::to_string(value)});
+}
+
+void JsonNode::Set(const std::string& key, double value)
+{
+    if (!std::isfinite(value))
+        Fail(m_location.Member(key), nullptr,
+             "expected a finite number to write, found " + std::to_string(value), __LINE__);
+    Store(key, JsonNumber{value, JsonWriter::NumberText(value)});
+}
+
+void JsonNode::Set(const std::string& key, const std::string& value)
+{
+    JsonWriter::Quote(value);
+    Store(key, value);
+}
+
+SerializerPtr JsonNode::CreateNode(const std::string& key)
+{
+    const auto node = std::make_shared<JsonObject>();
+    Store(key, node);
+    return new JsonNode(node, key, m_location.Member(key));
+}
+
+CollectionPtr JsonNode::CreateCollection(const std::string& key)
+{
+    Store(key, std::make_shared<JsonArray>());
+    return new JsonCollection(m_object, key, m_location.Member(key));
+}
+
+} // namespace
+
+SerializerPtr JsonSerializer::Create(const JsonValue::Object& object, const std::string& fileName)
+{
+    return new JsonNode(object, std::string(),
+                        Location{std::make_shared<const std::string>(fileName), fileName});
+}
+
+} // namespace LumetraHost

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "storage/JsonValue.h"
+
+#include "Zorvik/Brassel/ISerializable.h"
+
+#include <memory>
+#include <string>
+
+namespace LumetraHost {
+
+/// A serializer over a JSON object.
+///
+/// A node is a JSON object. A collection is an array, whose elements have no names, or an object,
+/// whose members are named elements in order. A created collection becomes an object when its
+/// first element has a name; all its elements then need names of their own. Elements that are not
+/// objects are refused when they are asked for. `null` is a value of no kind: GetKind() says None,
+/// every read refuses it. Errors are JsonExceptions.
+class JsonSerializer
+{
+public:
+    /// Wraps `object` without copying. `fileName` begins every path and stands in the places.
+    static Zorvik::Brassel::SerializerPtr Create(const JsonValue::Object& object,
+                                                 const std::string& fileName);
+};
+
+} // namespace LumetraHost
