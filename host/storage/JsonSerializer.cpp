@@ -333,4 +333,12 @@ SerializerPtr JsonSerializer::Create(const JsonValue::Object& object, const std:
                         Location{std::make_shared<const std::string>(fileName), fileName});
 }
 
+SerializerPtr JsonSerializer::Create(const JsonValue::Object& object, const std::string& fileName,
+                                     const std::string& path, const std::string& name)
+{
+    return new JsonNode(
+        object, name,
+        Location{std::make_shared<const std::string>(fileName), fileName + "/" + path});
+}
+
 } // namespace LumetraHost

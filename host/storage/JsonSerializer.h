@@ -23,6 +23,10 @@ public:
     /// Wraps `object` without copying. `fileName` begins every path and stands in the places.
     static Zorvik::Brassel::SerializerPtr Create(const JsonValue::Object& object,
                                                  const std::string& fileName);
+    /// The same for a node inside a file: `path` leads there, without the file's name.
+    static Zorvik::Brassel::SerializerPtr Create(const JsonValue::Object& object,
+                                                 const std::string& fileName,
+                                                 const std::string& path, const std::string& name);
 };
 
 } // namespace LumetraHost

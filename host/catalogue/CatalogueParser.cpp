@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "catalogue/CatalogueParser.h"
+
+#include "Zorvik/Brassel/SerializerProperty.h"
+#include "catalogue/ElementList.h"
+#include "catalogue/GroupChecker.h"
+#include "catalogue/IntensityChecker.h"
+
+#include <QString>
+
+#include <algorithm>
+
+namespace LumetraHost {
+namespace {
+
+using Zorvik::Brassel::ConstCollectionPtr;
+using Zorvik::Brassel::ConstSerializerPtr;
+
+constexpr char FormatKey[] = "format";
+constexpr char VersionKey[] = "version";
+constexpr char SlidersKey[] = "defaultSettings";
+constexpr char GroupsKey[] = "groups";
+
+/// Hands the nodes to `read` as one collection. When that throws, the element at which it stopped
+/// is reported and left out, and the rest is tried again. False when no element was to blame.
+template <class Read>
+bool ReadElements(std::vector<CheckedNode> nodes, const CheckedNode* holder, const Read& read)
+{
+    for (;;) {
+        std::vector<ConstSerializerPtr> serializers;
+        for (const CheckedNode& node : nodes)
+            serializers.emplace_back(node.GetSerializer());
+        const boost::intrusive_ptr<ElementList> list(new ElementList(std::move(serializers)));
+        try {
+            read(list);
+            return true;
+        } catch (const std::exception& error) {
+            const std::size_t last = list->GetLastRead();
+            if (last == ElementList::NONE) {
+                if (holder)
+                    holder->Error(error);
+                return false;
+            }
+            nodes[last].Error(error);
+            nodes.erase(nodes.begin() + static_cast<std::ptrdiff_t>(last));
+        }
+    }
+}
+
+} // namespace
+
+CatalogueParser::CatalogueParser(const std::set<std::string>& controllerKinds)
+    : m_controllerKinds(controllerKinds)
+{
+}
+
+bool CatalogueParser::AddFile(const QString& fileName)
+{
+    const std::string file = fileName.toStdString();
+    m_files.push_back(file);
+    try {
+        return AddDocument(JsonDocument::Read(fileName));
+    } catch (const JsonException& error) {
+        m_reports.Add({CatalogueReport::Severity::Error, error.GetPlace(), {}, error.GetMessage()});
+    } catch (const Zorvik::Exception& error) {
+        const std::string message = error.GetDescription().substr(file.size() + 2);
+        m_reports.Add({CatalogueReport::Severity::Error, {file, 0, 0}, {}, message});
+    }
+    return false;
+}
+
+bool CatalogueParser::AddDocument(const JsonDocument& document)
+{
+    if (std::find(m_files.begin(), m_files.end(), document.GetName()) == m_files.end())
+        m_files.push_back(document.GetName());
+    if (!CheckHeader(CheckedNode(document.GetObject(), document.GetName(), m_reports)))
+        return false;
+    m_documents.push_back(document);
+    return true;
+}
+
+bool CatalogueParser::CheckHeader(const CheckedNode& root) const
+{
+    const std::size_t errorCount = m_reports.GetErrorCount();
+    const auto format = root.Text(FormatKey);
+    if (m_reports.GetErrorCount() == errorCount && format != std::string(FORMAT))
+        root.ErrorAt(FormatKey, "expected a catalogue, whose \"format\" is \"" +
+                                    std::string(FORMAT) + "\", found " +
+                                    (format ? "\"" + *format + "\"" : "none"));
+    if (m_reports.GetErrorCount() != errorCount)
+        return false;
+    const auto version = root.Int(VersionKey);
+    if (version && *version > VERSION)
+        root.ErrorAt(VersionKey, "expected version " + std::to_string(VERSION) + ", found " +
+                                     std::to_string(*version) + ": made for a newer program");
+    else if (m_reports.GetErrorCount() == errorCount && version != VERSION)
+        root.ErrorAt(VersionKey, "expected version " + std::to_string(VERSION) + ", found " +
+                                     (version ? std::to_string(*version) : "none"));
+    root.NoteUnknownKeys({FormatKey, VersionKey, SlidersKey, GroupsKey});
+    return m_reports.GetErrorCount() == errorCount;
+}
+
+/// A slider of a later file replaces the one of the same name.
+void CatalogueParser::AddSlider(std::vector<CheckedNode>& sliders, const CheckedNode& slider)
+{
+    const std::size_t errorCount = m_reports.GetErrorCount();
+    IntensityChecker::CheckSlider(slider);
+    if (m_reports.GetErrorCount() != errorCount)
+        return;
+    const auto same = std::find_if(sliders.begin(), sliders.end(), [&slider](const auto& other) {
+        return !slider.GetName().empty() && other.GetName() == slider.GetName();
+    });
+    if (same == sliders.end())
+        sliders.push_back(slider);
+    else
+        *same = slider;
+}
+
+std::vector<CheckedNode> CatalogueParser::CollectSliders()
+{
+    std::vector<CheckedNode> sliders;
+    for (const JsonDocument& document : m_documents) {
+        const CheckedNode root(document.GetObject(), document.GetName(), m_reports);
+        for (const CheckedNode& slider : root.Elements(SlidersKey))
+            AddSlider(sliders, slider);
+    }
+    return sliders;
+}
+
+void CatalogueParser::ParseSliders(Target& target)
+{
+    ReadElements(CollectSliders(), nullptr, [&target](const ConstCollectionPtr& sliders) {
+        target.ParseAdditionalInfo(sliders);
+    });
+}
+
+void CatalogueParser::ParseGroup(Target& target, const CheckedGroup& group)
+{
+    const ConstSerializerPtr settings =
+        group.settings ? ConstSerializerPtr(group.settings->GetSerializer()) : nullptr;
+    ReadElements(group.items, &group.node, [&](const ConstCollectionPtr& items) {
+        target.ParseGroup(group.name, items, settings);
+    });
+}
+
+void CatalogueParser::ParseUserData(Target& target, const ConstSerializerPtr& userData)
+{
+    if (userData)
+        return target.ParseAdditionalInfo(userData);
+    const auto nothing = std::make_shared<Zorvik::Core::Property>(std::string());
+    target.ParseAdditionalInfo(
+        ConstSerializerPtr(Zorvik::Brassel::SerializerProperty::Create(nothing)));
+}
+
+void CatalogueParser::Parse(Target& target, const ConstSerializerPtr& userData)
+{
+    ParseSliders(target);
+    GroupChecker checker(m_controllerKinds);
+    for (const JsonDocument& document : m_documents) {
+        const CheckedNode root(document.GetObject(), document.GetName(), m_reports);
+        for (const CheckedNode& node : root.Elements(GroupsKey))
+            if (const auto group = checker.Check(node))
+                ParseGroup(target, *group);
+    }
+    m_reports.Sort(m_files);
+    ParseUserData(target, userData);
+}
+
+} // namespace LumetraHost

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "Zorvik/Brassel/IParserConfigGroup.h"
+#include "catalogue/CatalogueReport.h"
+#include "catalogue/CheckedNode.h"
+#include "storage/JsonDocument.h"
+
+#include <set>
+#include <string>
+#include <vector>
+
+class QString;
+
+namespace LumetraHost {
+
+struct CheckedGroup;
+
+/// Reads catalogue files and fills a preset model from them: the default sliders of all files,
+/// then the groups of all files, then the user's data, each once and in order.
+///
+/// What is wrong in a file never stops the rest: a file that is no catalogue, a group, a preset or
+/// a slider with an error is reported with its place and left out. A catalogue file is a JSON
+/// object with "format" "lumetra-catalogue", "version" 1, "defaultSettings" (sliders) and "groups";
+/// each collection in it is an array, or an object whose members are named elements. The effects
+/// must be registered before. For one parse; make a new one for the next.
+class CatalogueParser
+{
+public:
+    static constexpr char FORMAT[] = "lumetra-catalogue";
+    static constexpr int VERSION = 1;
+
+    /// `controllerKinds`: the kinds of preset controller that the target's factory makes.
+    explicit CatalogueParser(const std::set<std::string>& controllerKinds);
+
+    /// Adds a file, or reports why it is not one. False when it was left out.
+    bool AddFile(const QString& fileName);
+    bool AddDocument(const JsonDocument& document);
+
+    /// Fills `target`. `userData` may be null: the user's group is then empty. Whoever stores user
+    /// data checks it; exceptions from reading it pass.
+    void Parse(Zorvik::Brassel::Config::IParserConfigGroup& target,
+               const Zorvik::Brassel::ConstSerializerPtr& userData);
+
+    /// Everything that was noticed, by file, line and column.
+    const std::vector<CatalogueReport>& GetReports() const { return m_reports.GetAll(); }
+    bool HasErrors() const { return m_reports.GetErrorCount() > 0; }
+
+private:
+    using Target = Zorvik::Brassel::Config::IParserConfigGroup;
+
+    bool CheckHeader(const CheckedNode& root) const;
+    std::vector<CheckedNode> CollectSliders();
+    void AddSlider(std::vector<CheckedNode>& sliders, const CheckedNode& slider);
+    void ParseSliders(Target& target);
+    void ParseGroup(Target& target, const CheckedGroup& group);
+    void ParseUserData(Target& target, const Zorvik::Brassel::ConstSerializerPtr& userData);
+
+    std::set<std::string> m_controllerKinds;
+    std::vector<std::string> m_files;
+    std::vector<JsonDocument> m_documents;
+    CatalogueReports m_reports;
+};
+
+} // namespace LumetraHost

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "catalogue/EffectsChecker.h"
+
+#include "Zorvik/Brassel/ISerializer.h"
+#include "Zorvik/Quindle/EffectRegistry.h"
+#include "catalogue/CheckedNode.h"
+#include "catalogue/NearestName.h"
+#include "storage/JsonWriter.h"
+
+#include <algorithm>
+
+namespace LumetraHost {
+namespace {
+
+using Zorvik::Quindle::EffectDescriptor;
+using Zorvik::Quindle::EffectParameter;
+using Zorvik::Quindle::EffectRegistry;
+using Zorvik::Quindle::IEffectSettings;
+
+std::vector<std::string> ParameterNames(const EffectDescriptor& descriptor)
+{
+    std::vector<std::string> names;
+    for (const EffectParameter& parameter : descriptor.parameters)
+        names.push_back(parameter.name);
+    return names;
+}
+
+std::string UnknownEffect(const std::string& effectID)
+{
+    return "expected a known effect, found \"" + effectID + "\"" +
+           DidYouMean(effectID, EffectRegistry::GetEffectIDs());
+}
+
+std::string UnknownParameter(const EffectDescriptor& descriptor, const std::string& name)
+{
+    return "expected a parameter of the effect \"" + descriptor.effectID + "\", found \"" + name +
+           "\"" + DidYouMean(name, ParameterNames(descriptor));
+}
+
+const EffectParameter* FindParameter(const EffectDescriptor& descriptor, const std::string& name)
+{
+    const auto& all = descriptor.parameters;
+    const auto found =
+        std::find_if(all.begin(), all.end(), [&name](const auto& p) { return p.name == name; });
+    return found == all.end() ? nullptr : &*found;
+}
+
+void CheckValue(const CheckedNode& effect, const EffectParameter& parameter)
+{
+    const auto value = effect.Number(parameter.name);
+    if (value && (*value < parameter.minimum || *value > parameter.maximum))
+        effect.WarningAt(parameter.name, "expected a number from " +
+                                             JsonWriter::NumberText(parameter.minimum) + " to " +
+                                             JsonWriter::NumberText(parameter.maximum) +
+                                             ", found " + JsonWriter::NumberText(*value));
+}
+
+void CheckKeys(const CheckedNode& effect, const EffectDescriptor& descriptor)
+{
+    for (const auto& [key, value] : effect.GetObject().GetMembers()) {
+        if (key == IEffectSettings::KEY_EFFECT_ID)
+            continue;
+        if (const EffectParameter* parameter = FindParameter(descriptor, key))
+            CheckValue(effect, *parameter);
+        else if (value.As<JsonNumber>())
+            effect.ErrorAt(key, UnknownParameter(descriptor, key));
+    }
+}
+
+/// Effects with more than numbers know best what they can read.
+void LetRead(const CheckedNode& effect)
+{
+    try {
+        const auto node = effect.GetSerializer();
+        const auto settings = IEffectSettings::CreateEffectSettings(node);
+        static_cast<Zorvik::Brassel::ISerializable&>(*settings).Deserialize(node);
+    } catch (const std::exception& error) {
+        effect.Error(error);
+    }
+}
+
+std::string CheckEffect(const CheckedNode& effect)
+{
+    const auto effectID = effect.Text(IEffectSettings::KEY_EFFECT_ID);
+    if (!effectID) {
+        if (!effect.Has(IEffectSettings::KEY_EFFECT_ID))
+            effect.Error("expected the effect's \"id\", found none");
+        return {};
+    }
+    const auto descriptor = EffectRegistry::Find(*effectID);
+    if (!descriptor) {
+        effect.ErrorAt(IEffectSettings::KEY_EFFECT_ID, UnknownEffect(*effectID));
+        return *effectID;
+    }
+    const std::size_t errorCount = effect.GetReports().GetErrorCount();
+    CheckKeys(effect, *descriptor);
+    if (effect.GetReports().GetErrorCount() == errorCount)
+        LetRead(effect);
+    return *effectID;
+}
+
+} // namespace
+
+std::set<std::string> EffectsChecker::Check(const CheckedNode& holder)
+{
+    std::set<std::string> ids;
+    const std::size_t errorCount = holder.GetReports().GetErrorCount();
+    const auto elements = holder.Elements(IEffectSettings::EFFECTS);
+    for (const CheckedNode& element : elements) {
+        element.NoteUnknownKeys({IEffectSettings::EFFECT});
+        if (const auto effect = element.Node(IEffectSettings::EFFECT))
+            ids.insert(CheckEffect(*effect));
+        else if (!element.Has(IEffectSettings::EFFECT))
+            element.Error("expected a node \"effect\", found none");
+    }
+    if (elements.empty() && holder.GetReports().GetErrorCount() == errorCount)
+        holder.Warning("expected at least one effect, found none");
+    return ids;
+}
+
+void EffectsChecker::CheckParameter(const CheckedNode& node, const std::string& key,
+                                    const std::string& effectID, const std::string& parameter)
+{
+    const auto descriptor = EffectRegistry::Find(effectID);
+    if (!descriptor)
+        node.ErrorAt(key, UnknownEffect(effectID));
+    else if (!FindParameter(*descriptor, parameter))
+        node.ErrorAt(key, UnknownParameter(*descriptor, parameter));
+}
+
+} // namespace LumetraHost

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <set>
+#include <string>
+
+namespace LumetraHost {
+
+class CheckedNode;
+
+/// Checks a preset's list of effects against the effects that are registered.
+class EffectsChecker
+{
+public:
+    /// Checks the list of effects in `holder` and returns their ids. Errors for an unknown effect,
+    /// an unknown numeric parameter and a value of the wrong kind; warnings for a parameter out of
+    /// its range (it is loaded as it stands and drawn clamped) and for a list without effects.
+    static std::set<std::string> Check(const CheckedNode& holder);
+
+    /// An error at `key` unless the registered effect `effectID` has the parameter `parameter`.
+    static void CheckParameter(const CheckedNode& node, const std::string& key,
+                               const std::string& effectID, const std::string& parameter);
+};
+
+} // namespace LumetraHost

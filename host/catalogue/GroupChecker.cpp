@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "catalogue/GroupChecker.h"
+
+#include "Zorvik/Brassel/SettingsKeys.h"
+#include "Zorvik/Quindle/IEffectSettings.h"
+#include "catalogue/EffectsChecker.h"
+#include "catalogue/IntensityChecker.h"
+#include "catalogue/NearestName.h"
+
+namespace LumetraHost {
+namespace {
+
+using Zorvik::Brassel::Settings::ConfigData;
+using Zorvik::Brassel::Settings::EffectInfo;
+using Zorvik::Quindle::IEffectSettings;
+
+constexpr char IdKey[] = "id";
+constexpr char PopularKey[] = "popular";
+constexpr char ImageKey[] = "image";
+constexpr char CropPolicyKey[] = "previewCropPolicy";
+constexpr char FitPolicyKey[] = "previewFitPolicy";
+
+/// Reads everything that is not looked at further, only to see that it fits.
+void CheckPlainKeys(const CheckedNode& item)
+{
+    item.NoteUnknownKeys({EffectInfo::KEY_NAME, IdKey, PopularKey, ImageKey, CropPolicyKey,
+                          FitPolicyKey, EffectInfo::TAG_SETTINGS, EffectInfo::TAG_SETTINGS_PREVIEW,
+                          IEffectSettings::EFFECTS, ConfigData::INTENSITY, ConfigData::CONTROLLER});
+    item.Bool(PopularKey);
+    item.Text(ImageKey);
+    item.Int(CropPolicyKey);
+    item.Int(FitPolicyKey);
+}
+
+std::set<std::string> CheckEffects(const CheckedNode& item)
+{
+    if (const auto preview = item.Node(EffectInfo::TAG_SETTINGS_PREVIEW)) {
+        preview->NoteUnknownKeys({IEffectSettings::EFFECTS});
+        EffectsChecker::Check(*preview);
+    }
+    const auto settings = item.Node(EffectInfo::TAG_SETTINGS);
+    if (!settings)
+        return item.Has(EffectInfo::TAG_SETTINGS) ? std::set<std::string>()
+                                                  : EffectsChecker::Check(item);
+    settings->NoteUnknownKeys({IEffectSettings::EFFECTS});
+    return EffectsChecker::Check(*settings);
+}
+
+} // namespace
+
+GroupChecker::GroupChecker(const std::set<std::string>& controllerKinds)
+    : m_controllerKinds(controllerKinds)
+{
+}
+
+std::optional<std::string> GroupChecker::CheckName(const CheckedNode& group)
+{
+    std::optional<std::string> name = group.Text(EffectInfo::KEY_NAME);
+    if (!name && !group.Has(EffectInfo::KEY_NAME))
+        name = group.GetName();
+    if (name && name->empty()) {
+        group.Error("expected the group's \"name\", found none");
+        return std::nullopt;
+    }
+    if (name && !m_groupNames.insert(*name).second)
+        group.WarningAt(EffectInfo::KEY_NAME,
+                        "expected a name of its own, found \"" + *name + "\" again");
+    return name;
+}
+
+void GroupChecker::CheckKind(const CheckedNode& node) const
+{
+    const auto kind = node.Text(ConfigData::CONTROLLER);
+    if (!kind || m_controllerKinds.count(*kind) != 0)
+        return;
+    const std::vector<std::string> kinds(m_controllerKinds.begin(), m_controllerKinds.end());
+    std::string message = "expected a kind of preset controller (";
+    for (const std::string& known : kinds)
+        message += (known == kinds.front() ? "\"" : ", \"") + known + "\"";
+    node.ErrorAt(ConfigData::CONTROLLER,
+                 message + "), found \"" + *kind + "\"" + DidYouMean(*kind, kinds));
+}
+
+void GroupChecker::CheckSettings(const CheckedNode& settings) const
+{
+    settings.NoteUnknownKeys({ConfigData::EDITABLE, ConfigData::APPSTOREID, ConfigData::CONTROLLER,
+                              ConfigData::INTENSITY});
+    if (settings.Bool(ConfigData::EDITABLE).value_or(false))
+        settings.WarningAt(ConfigData::EDITABLE,
+                           "expected false: an editable group takes the place of the user's "
+                           "presets");
+    if (const auto store = settings.Node(ConfigData::APPSTOREID)) {
+        store->NoteUnknownKeys({IdKey});
+        store->Text(IdKey);
+    }
+    CheckKind(settings);
+    if (const auto intensity = settings.Node(ConfigData::INTENSITY))
+        IntensityChecker::Check(*intensity);
+}
+
+bool GroupChecker::TakeId(const CheckedNode& item, const std::string& id)
+{
+    const auto [earlier, isNew] = m_ids.emplace(id, item.GetPlace());
+    if (!isNew)
+        item.ErrorAt(IdKey, "expected an id of its own, found \"" + id + "\" again (first at " +
+                                earlier->second.ToText() + ")");
+    return isNew;
+}
+
+bool GroupChecker::CheckItem(const CheckedNode& item,
+                             const std::optional<CheckedNode>& groupIntensity)
+{
+    const CatalogueReports& reports = item.GetReports();
+    const std::size_t errorCount = reports.GetErrorCount();
+    CheckPlainKeys(item);
+    const auto name = item.Text(EffectInfo::KEY_NAME);
+    if (name.value_or(std::string()).empty() && reports.GetErrorCount() == errorCount)
+        item.Error("expected the preset's \"name\", found none");
+    const auto id = item.Text(IdKey);
+    if (id && id->empty())
+        item.ErrorAt(IdKey, "expected an id that is not empty");
+    CheckKind(item);
+    const std::set<std::string> effectIDs = CheckEffects(item);
+    const auto own = item.Node(ConfigData::INTENSITY);
+    if (own)
+        IntensityChecker::Check(*own);
+    const auto& intensity = own ? own : groupIntensity;
+    if (intensity && reports.GetErrorCount() == errorCount)
+        IntensityChecker::CheckEffects(*intensity, item, effectIDs);
+    return reports.GetErrorCount() == errorCount && TakeId(item, id.value_or(*name));
+}
+
+std::optional<CheckedGroup> GroupChecker::Check(const CheckedNode& group)
+{
+    const std::size_t errorCount = group.GetReports().GetErrorCount();
+    group.NoteUnknownKeys({EffectInfo::KEY_NAME, EffectInfo::TAG_SETTINGS, ConfigData::ITEMS});
+    const auto name = CheckName(group);
+    const auto settings = group.Node(EffectInfo::TAG_SETTINGS);
+    if (settings)
+        CheckSettings(*settings);
+    const bool isGood = name && group.GetReports().GetErrorCount() == errorCount;
+
+    std::optional<CheckedNode> intensity;
+    if (isGood && settings)
+        intensity = settings->Node(ConfigData::INTENSITY);
+    std::vector<CheckedNode> items;
+    for (const CheckedNode& item : group.Elements(ConfigData::ITEMS))
+        if (CheckItem(item, intensity))
+            items.push_back(item);
+    if (!isGood)
+        return std::nullopt;
+    return CheckedGroup{*name, group, settings, items};
+}
+
+} // namespace LumetraHost

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "catalogue/CheckedNode.h"
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace LumetraHost {
+
+/// A group with those of its presets that can be loaded.
+struct CheckedGroup
+{
+    std::string name;
+    CheckedNode node;
+    std::optional<CheckedNode> settings;
+    std::vector<CheckedNode> items;
+};
+
+/// Checks groups and their presets, and remembers the preset ids of all groups it has seen.
+class GroupChecker
+{
+public:
+    /// `controllerKinds`: the kinds of preset controller that can be made.
+    explicit GroupChecker(const std::set<std::string>& controllerKinds);
+
+    /// The group without the presets that have an error; nothing when the error is in its own name
+    /// or settings.
+    std::optional<CheckedGroup> Check(const CheckedNode& group);
+
+private:
+    std::optional<std::string> CheckName(const CheckedNode& group);
+    void CheckSettings(const CheckedNode& settings) const;
+    void CheckKind(const CheckedNode& node) const;
+    bool CheckItem(const CheckedNode& item, const std::optional<CheckedNode>& groupIntensity);
+    bool TakeId(const CheckedNode& item, const std::string& id);
+
+    std::set<std::string> m_controllerKinds;
+    std::set<std::string> m_groupNames;
+    std::map<std::string, JsonPlace> m_ids;
+};
+
+} // namespace LumetraHost
