@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#include "support/RecordingStatistics.h"
+
+#include "support/CallLog.h"
+
+namespace LumetraTest {
+
+RecordingStatistics::RecordingStatistics(CallLog& log) : m_log(log) {}
+
+void RecordingStatistics::SendEvent(const std::string& eventName,
+                                    const std::map<std::string, std::string>& parameters)
+{
+    m_log.Call("statistics.SendEvent", eventName, parameters);
+}
+
+} // namespace LumetraTest
