@@ -34,3 +34,10 @@ function(lumetra_target_defaults target)
     target_compile_definitions(${target} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_FOREACH
         QT_NO_URL_CAST_FROM_STRING QT_DEPRECATED_WARNINGS)
 endfunction()
+
+# Keeps the C++ library's and Boost's template instantiations out of a shared library's interface.
+function(lumetra_export_own_symbols_only target)
+    set(map "${PROJECT_SOURCE_DIR}/cmake/exported-symbols.map")
+    target_link_options(${target} PRIVATE "LINKER:--version-script=${map}")
+    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${map}")
+endfunction()

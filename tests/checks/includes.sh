@@ -19,23 +19,20 @@ layers=(platform library host plugin apps)
 allowed_outside='^(Q[A-Za-z]*|Qt[A-Za-z]*/.*|boost/.*|[a-z_]+|cxxabi\.h|dlfcn\.h|unistd\.h)$'
 foreign='opencv|opencolorio|nlohmann|exiv2|lcms2'
 
-# Prints the layer that holds what `file` includes as "name", nothing for a generated header.
-layer_of_include() {
+# Sets `target` to the layer that holds what `file` includes as "name"; to nothing for a generated
+# header.
+find_layer() {
     local file=$1 name=$2 root
-    if [[ -e "$(dirname "$file")/$name" ]]; then
-        realpath --relative-to=. "$(dirname "$file")/$name" | cut -d/ -f1
+    target=""
+    if [[ -e "${file%/*}/$name" ]]; then
+        target=$(realpath --relative-to=. "${file%/*}/$name")
+        target=${target%%/*}
         return
     fi
-    for root in "${layers[@]}"; do
+    # plugin/core and apps/cli, for example, are include roots of their own.
+    for root in "${layers[@]}" plugin/* apps/* host/*; do
         if [[ -e "$root/$name" ]]; then
-            echo "$root"
-            return
-        fi
-    done
-    # plugin/core and apps/cli are include roots of their own.
-    for root in plugin/* apps/* host/*; do
-        if [[ -e "$root/$name" ]]; then
-            echo "${root%%/*}"
+            target=${root%%/*}
             return
         fi
     done
@@ -44,22 +41,19 @@ layer_of_include() {
 looked_at=0
 for layer in "${layers[@]}"; do
     [[ -d "$layer" ]] || continue
-    while read -r file; do
-        case $file in *.h | *.cpp | *.h.in) ;; *) continue ;; esac
+    while IFS=: read -r file line include; do
         looked_at=$((looked_at + 1))
-        while IFS=: read -r line name; do
-            target=$(layer_of_include "$file" "$name")
+        name=${include#*[\"<]}
+        if [[ "$include" == *\"* ]]; then
+            find_layer "$file" "$name"
             if [[ -n "$target" && "$target" != "$layer" && " ${may_include[$layer]} " != *" $target "* ]]; then
                 violation "$file:$line: $layer/ includes \"$name\" of $target/"
             fi
-        done < <(grep -noP '^\s*#\s*include\s*"\K[^"]+' "$file" || true)
-        [[ "$layer" == platform || "$layer" == library ]] || continue
-        while IFS=: read -r line name; do
-            if ! [[ "$name" =~ $allowed_outside ]]; then
-                violation "$file:$line: $layer/ includes <$name>; only Qt, Boost and the standard library"
-            fi
-        done < <(grep -noP '^\s*#\s*include\s*<\K[^>]+' "$file" || true)
-    done < <(tree_files "$layer")
+        elif [[ "$layer" == platform || "$layer" == library ]] && ! [[ "$name" =~ $allowed_outside ]]; then
+            violation "$file:$line: $layer/ includes <$name>; only Qt, Boost and the standard library"
+        fi
+    done < <(grep -rnoE --include='*.h' --include='*.cpp' --include='*.h.in' \
+        '^[[:space:]]*#[[:space:]]*include[[:space:]]*["<][^">]+' "$layer" || true)
 done
 while IFS= read -r hit; do
     violation "$hit: platform/ and library/ know nothing of it"

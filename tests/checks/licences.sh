@@ -20,11 +20,12 @@ is_source() {
     return 1
 }
 
-looked_at=0
+sources=()
 while read -r file; do
-    is_source "$file" || continue
-    looked_at=$((looked_at + 1))
-    found=$(head -n 3 "$file" | grep -oP 'SPDX-License-Identifier: \K\S+' || true)
+    ! is_source "$file" || sources+=("$file")
+done < <(tree_files .)
+
+while IFS=$'\t' read -r file found; do
     wanted=$(licence_of "$file")
     # Build files and scripts of the GPL parts may be MIT too.
     if [[ "$found" == MIT && "$file" != *.h && "$file" != *.cpp ]]; then
@@ -35,8 +36,13 @@ while read -r file; do
     elif [[ "$found" != "$wanted" ]]; then
         violation "$file: SPDX-License-Identifier is $found; files here are $wanted"
     fi
-done < <(tree_files .)
+done < <(awk '
+    FNR == 1 && NR > 1 { print file "\t" found }
+    FNR == 1 { file = FILENAME; found = "" }
+    FNR <= 3 && match($0, /SPDX-License-Identifier: [^ ]+/) { found = substr($0, RSTART + 25, RLENGTH - 25) }
+    END { print file "\t" found }' "${sources[@]}")
+
 for licence in MIT GPL-2.0-or-later; do
     [[ -s "LICENSES/$licence.txt" ]] || violation "LICENSES/$licence.txt: the licence's text is missing"
 done
-conclude "$looked_at"
+conclude "${#sources[@]}"
