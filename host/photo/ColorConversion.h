@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "photo/DecodedPhoto.h"
+
+#include <string>
+#include <vector>
+
+namespace LumetraHost {
+
+/// Brings decoded pictures to sRGB, relative colorimetric with black point compensation. Grey and
+/// RGB pictures without a profile count as sRGB, CMYK pictures without one as plain process inks
+/// (R = (1 - C)(1 - K)).
+class ColorConversion
+{
+public:
+    /// Converts the picture's pixels in place and returns the profile that they have afterwards:
+    /// the picture's own where that is sRGB within one 8-bit step (the pixels are then untouched),
+    /// an sRGB profile after a conversion, nothing when there was none. A profile that is damaged or
+    /// belongs to another kind of picture is left out with a warning.
+    static QByteArray ToSrgb(DecodedPhoto& photo, std::vector<std::string>& warnings);
+
+    static QByteArray GetSrgbProfile();
+    /// Primaries (0.64, 0.33), (0.21, 0.71), (0.15, 0.06), white D65, gamma 563/256: what cameras
+    /// mean that say "Adobe RGB" in their EXIF block and embed no profile.
+    static QByteArray GetAdobeRgbProfile();
+};
+
+} // namespace LumetraHost

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "photo/Image.h"
+
+#include <QByteArray>
+
+namespace LumetraHost {
+
+/// What the four channels of a decoded picture stand for.
+enum class PixelMeaning
+{
+    Rgb,         ///< red, green, blue, straight alpha
+    Gray,        ///< the grey value three times, straight alpha
+    Cmyk,        ///< amounts of ink, 0 is none
+    CmykInverted ///< amounts of ink, 0 is full
+};
+
+/// A picture as its file stores it: not turned upright, in the file's own colours. The decoders
+/// make it, the photo reader finishes it.
+struct DecodedPhoto
+{
+    Image pixels;
+    PixelMeaning meaning = PixelMeaning::Rgb;
+    QByteArray iccProfile;
+    QByteArray exif;     ///< only of formats whose EXIF block the codec itself delivers
+    int orientation = 0; ///< 1..8 where the codec itself delivers it, else 0
+};
+
+} // namespace LumetraHost

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "photo/PhotoFormat.h"
+#include "photo/PhotoMetadata.h"
+
+#include <string>
+#include <vector>
+
+namespace LumetraHost {
+
+/// The EXIF, XMP and IPTC blocks of a photo file. Tags that describe how the file stores its pixels
+/// are left out, since they would be wrong anywhere else. Extended XMP is not read.
+class MetadataReader
+{
+public:
+    struct Result
+    {
+        PhotoMetadata metadata; ///< without the colour profile, which the codecs deliver
+        int orientation = 0;    ///< 1..8 as the EXIF block has it, else 0
+        bool adobeRgb = false;  ///< the EXIF block says Adobe RGB
+    };
+
+    /// `exif` is the block that the codec delivered; when empty, the file's own is looked for.
+    /// Damaged blocks are left out with a warning.
+    static Result Read(const Bytes& content, const QByteArray& exif,
+                       std::vector<std::string>& warnings);
+};
+
+} // namespace LumetraHost

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "photo/PhotoMetadata.h"
+
+#include <exiv2/exif.hpp>
+#include <exiv2/image.hpp>
+#include <exiv2/xmp_exiv2.hpp>
+
+namespace LumetraHost {
+
+/// Between the blocks of a photo's metadata and the metadata library's own containers. Exceptions
+/// of that library pass through. Included by sources only: the library's headers stay private.
+class MetadataTags
+{
+public:
+    /// Prepares the library once per process; before any other use of it, from any thread.
+    static void Initialise();
+
+    static QByteArray EncodeExif(const Exiv2::ExifData& tags, Exiv2::ByteOrder order);
+    /// Returns the byte order that the block is written in.
+    static Exiv2::ByteOrder DecodeExif(const QByteArray& block, Exiv2::ExifData& tags);
+    static QByteArray EncodeIptc(const Exiv2::IptcData& records);
+    static Exiv2::IptcData DecodeIptc(const QByteArray& block);
+
+    /// Takes out what tells where and how a file stores its pixels and its other metadata blocks.
+    static void RemoveStorageTags(Exiv2::ExifData& tags);
+
+    /// Makes the metadata those of an upright sRGB picture of this size: orientation 1, size
+    /// updated, thumbnails gone. Tags that are not there are not added.
+    static void Normalise(Exiv2::ExifData& tags, int width, int height);
+    /// The same for an XMP packet; returned byte for byte when nothing had to be changed.
+    static QByteArray NormaliseXmp(const QByteArray& packet, int width, int height);
+};
+
+} // namespace LumetraHost

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QByteArray>
+
+namespace LumetraHost {
+
+/// What a photo file carries beside its pixels, as the blocks that the file formats store. Copies
+/// share the bytes. An empty block is one that the file does not have.
+struct PhotoMetadata
+{
+    QByteArray exif;       ///< a TIFF structure, without the "Exif\0\0" in front
+    QByteArray xmp;        ///< an XMP packet, UTF-8
+    QByteArray iptc;       ///< IPTC-IIM records
+    QByteArray iccProfile; ///< of the pixels as they are in memory
+
+    bool IsEmpty() const
+    {
+        return exif.isEmpty() && xmp.isEmpty() && iptc.isEmpty() && iccProfile.isEmpty();
+    }
+};
+
+} // namespace LumetraHost

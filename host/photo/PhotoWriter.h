@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "photo/Photo.h"
+#include "photo/PhotoFormat.h"
+
+#include <QString>
+
+#include <string>
+
+namespace LumetraHost {
+
+/// Stores photos as JPEG, PNG or TIFF with their metadata and colour profile. 16 bits are kept where
+/// the format holds them, else rounded to 8; alpha is kept where the format holds it, else composed
+/// over white. Pictures are encoded in memory and reach the disk whole or not at all. Usable from
+/// any thread.
+class PhotoWriter
+{
+public:
+    struct Options
+    {
+        int quality = 92; ///< 1..100, for JPEG alone
+    };
+
+    /// Replaces or creates the file in the format of its extension. Zorvik::Exception naming the
+    /// file and the reason: an unknown extension, a quality out of range, a picture or a metadata
+    /// block that the format cannot hold, a full disk. The old file is then untouched.
+    static void Write(const QString& path, const Photo& photo, const Options& options);
+    static void Write(const QString& path, const Photo& photo) { Write(path, photo, Options()); }
+
+    /// The encoded file in memory; `name` stands for it in errors.
+    static Bytes Encode(const Photo& photo, PhotoFormat format, const Options& options,
+                        const std::string& name);
+};
+
+} // namespace LumetraHost
