@@ -44,8 +44,8 @@ constexpr int ColorChannels = 3;
 
 Profile OpenProfile(const QByteArray& bytes)
 {
-    return Profile(cmsOpenProfileFromMem(bytes.constData(),
-                                         static_cast<cmsUInt32Number>(bytes.size())));
+    return Profile(
+        cmsOpenProfileFromMem(bytes.constData(), static_cast<cmsUInt32Number>(bytes.size())));
 }
 
 /// The bytes of a profile that we made, dated the same every time, so that equal photos become
@@ -124,8 +124,7 @@ bool ActsAsSrgb(const Profile& profile)
 template <class Work>
 void ForBands(int height, const Work& work)
 {
-    const int count =
-        std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, height);
+    const int count = std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, height);
     std::vector<std::future<void>> bands;
     for (int i = 1; i < count; ++i) {
         const auto first = static_cast<int>(std::int64_t(height) * i / count);

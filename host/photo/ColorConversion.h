@@ -16,8 +16,8 @@ class ColorConversion
 public:
     /// Converts the picture's pixels in place and returns the profile that they have afterwards:
     /// the picture's own where that is sRGB within one 8-bit step (the pixels are then untouched),
-    /// an sRGB profile after a conversion, nothing when there was none. A profile that is damaged or
-    /// belongs to another kind of picture is left out with a warning.
+    /// an sRGB profile after a conversion, nothing when there was none. A profile that is damaged
+    /// or belongs to another kind of picture is left out with a warning.
     static QByteArray ToSrgb(DecodedPhoto& photo, std::vector<std::string>& warnings);
 
     static QByteArray GetSrgbProfile();

@@ -126,10 +126,9 @@ void Decompression::Throw() const
     std::string text = m_name + ": ";
     if (MeansTruncated(m_error.code)) {
         text += "the file ends before its picture does: expected ";
-        text += m_info.image_height > 0
-                    ? std::to_string(m_info.image_height) + " rows, found " +
-                          std::to_string(m_info.output_scanline)
-                    : std::string("a JPEG header");
+        text += m_info.image_height > 0 ? std::to_string(m_info.image_height) + " rows, found " +
+                                              std::to_string(m_info.output_scanline)
+                                        : std::string("a JPEG header");
     } else {
         text += std::string("the JPEG data cannot be read: ") + m_error.text;
     }
@@ -192,9 +191,9 @@ DecodedPhoto Decompression::Run()
     DecodedPhoto photo;
     photo.meaning = ChooseOutput();
     photo.iccProfile = ReadProfile();
-    photo.pixels = Image::AllocateUninitialised(static_cast<int>(m_info.image_width),
-                                                static_cast<int>(m_info.image_height),
-                                                Image::Depth::Bits8);
+    photo.pixels =
+        Image::AllocateUninitialised(static_cast<int>(m_info.image_width),
+                                     static_cast<int>(m_info.image_height), Image::Depth::Bits8);
     ReadRows(photo.pixels);
     return photo;
 }

@@ -10,8 +10,8 @@
 
 namespace LumetraHost {
 
-/// Encodes sequential JPEG with 8 bits per channel, YCbCr, with Huffman tables made for the picture.
-/// Alpha is composed over white. Metadata other than the colour profile is not its matter.
+/// Encodes sequential JPEG with 8 bits per channel, YCbCr, with Huffman tables made for the
+/// picture. Alpha is composed over white. Metadata other than the colour profile is not its matter.
 class JpegEncoder
 {
 public:

@@ -39,24 +39,32 @@ void Try(const std::string& block, std::vector<std::string>& warnings, const Rea
     }
 }
 
-void ReadExif(Exiv2::ExifData tags, Exiv2::ByteOrder order, MetadataReader::Result& result)
+void ReadExif(Exiv2::ExifData tags, Exiv2::ByteOrder order, MetadataReader::Result& result,
+              std::vector<std::string>& warnings)
 {
     result.orientation = GetOrientation(tags);
     result.adobeRgb = SaysAdobeRgb(tags);
     MetadataTags::RemoveStorageTags(tags);
     Exiv2::ExifThumb(tags).erase();
     result.metadata.exif = MetadataTags::EncodeExif(tags, order);
+
+    // The encoder drops the largest fields of a block that would not fit a JPEG file.
+    Exiv2::ExifData kept;
+    if (!result.metadata.exif.isEmpty())
+        MetadataTags::DecodeExif(result.metadata.exif, kept);
+    if (kept.count() < tags.count())
+        warnings.push_back(std::to_string(tags.count() - kept.count()) +
+                           " EXIF fields are too large and are left out");
 }
 
 void ReadFile(const Bytes& content, bool withExif, std::vector<std::string>& warnings,
               MetadataReader::Result& result)
 {
-    const auto file =
-        Exiv2::ImageFactory::open(content.data(), static_cast<long>(content.size()));
+    const auto file = Exiv2::ImageFactory::open(content.data(), static_cast<long>(content.size()));
     file->readMetadata();
     if (withExif)
         Try("EXIF data", warnings,
-            [&] { ReadExif(file->exifData(), file->byteOrder(), result); });
+            [&] { ReadExif(file->exifData(), file->byteOrder(), result, warnings); });
     Try("IPTC data", warnings,
         [&] { result.metadata.iptc = MetadataTags::EncodeIptc(file->iptcData()); });
     result.metadata.xmp = QByteArray::fromStdString(file->xmpPacket());
@@ -74,7 +82,7 @@ MetadataReader::Result MetadataReader::Read(const Bytes& content, const QByteArr
         Try("EXIF data", warnings, [&] {
             Exiv2::ExifData tags;
             const Exiv2::ByteOrder order = MetadataTags::DecodeExif(exif, tags);
-            ReadExif(tags, order, result);
+            ReadExif(tags, order, result, warnings);
         });
     }
     return result;

@@ -129,8 +129,8 @@ QByteArray MetadataTags::EncodeExif(const Exiv2::ExifData& tags, Exiv2::ByteOrde
     if (tags.empty())
         return {};
     Exiv2::Blob blob;
-    Exiv2::ExifParser::encode(
-        blob, order == Exiv2::invalidByteOrder ? Exiv2::littleEndian : order, tags);
+    Exiv2::ExifParser::encode(blob, order == Exiv2::invalidByteOrder ? Exiv2::littleEndian : order,
+                              tags);
     return ToByteArray(blob.data(), blob.size());
 }
 
@@ -174,8 +174,7 @@ void MetadataTags::Normalise(Exiv2::ExifData& tags, int width, int height)
     SetIfPresent(tags, "Exif.Photo.PixelXDimension", static_cast<std::uint32_t>(width));
     SetIfPresent(tags, "Exif.Photo.PixelYDimension", static_cast<std::uint32_t>(height));
     SetIfPresent(tags, "Exif.Photo.ColorSpace", 1); // sRGB
-    const auto interoperability =
-        tags.findKey(Exiv2::ExifKey("Exif.Iop.InteroperabilityIndex"));
+    const auto interoperability = tags.findKey(Exiv2::ExifKey("Exif.Iop.InteroperabilityIndex"));
     if (interoperability != tags.end() && interoperability->toString() == "R03")
         interoperability->setValue("R98");
 }

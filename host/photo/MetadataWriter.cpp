@@ -9,6 +9,8 @@
 
 #include <exception>
 
+#include <exiv2/error.hpp>
+
 namespace LumetraHost {
 namespace {
 
@@ -25,8 +27,7 @@ auto Run(const std::string& name, const Work& work)
 
 Bytes WriteBlocks(const Bytes& encoded, bool withExif, const PhotoMetadata& metadata)
 {
-    const auto file =
-        Exiv2::ImageFactory::open(encoded.data(), static_cast<long>(encoded.size()));
+    const auto file = Exiv2::ImageFactory::open(encoded.data(), static_cast<long>(encoded.size()));
     file->readMetadata();
     if (withExif && !metadata.exif.isEmpty()) {
         Exiv2::ExifData tags;
@@ -73,8 +74,7 @@ Bytes MetadataWriter::Embed(Bytes encoded, PhotoFormat format, const PhotoMetada
                             const std::string& name)
 {
     const bool withExif = format != PhotoFormat::Png;
-    if (metadata.xmp.isEmpty() && metadata.iptc.isEmpty() &&
-        (metadata.exif.isEmpty() || !withExif))
+    if (metadata.xmp.isEmpty() && metadata.iptc.isEmpty() && (metadata.exif.isEmpty() || !withExif))
         return encoded;
     MetadataTags::Initialise();
     return Run(name, [&] { return WriteBlocks(encoded, withExif, metadata); });

@@ -13,11 +13,11 @@ void PhotoLimits::Check(const std::string& name, std::uint64_t width, std::uint6
                       width * height <= LargestArea;
     if (fits)
         return;
-    throw Zorvik::Exception(
-        name + ": the picture is said to be " + std::to_string(width) + " x " +
-            std::to_string(height) + " pixels: expected 1 to " + std::to_string(LargestSide) +
-            " on each side and at most " + std::to_string(LargestArea / 1'000'000) + " megapixels",
-        BOOST_CURRENT_FUNCTION, "photo/PhotoLimits", __LINE__);
+    throw Zorvik::Exception(name + ": the picture is said to be " + std::to_string(width) + " x " +
+                                std::to_string(height) + " pixels: expected 1 to " +
+                                std::to_string(LargestSide) + " on each side and at most " +
+                                std::to_string(LargestArea / 1'000'000) + " megapixels",
+                            BOOST_CURRENT_FUNCTION, "photo/PhotoLimits", __LINE__);
 }
 
 } // namespace LumetraHost

@@ -10,9 +10,9 @@ namespace LumetraHost {
 class PhotoLimits
 {
 public:
-    static constexpr std::uint64_t LargestSide = 65'500;          ///< pixels
-    static constexpr std::uint64_t LargestArea = 500'000'000;     ///< pixels
-    static constexpr std::uint64_t LargestFile = 0x1'0000'0000;   ///< bytes
+    static constexpr std::uint64_t LargestSide = 65'500;        ///< pixels
+    static constexpr std::uint64_t LargestArea = 500'000'000;   ///< pixels
+    static constexpr std::uint64_t LargestFile = 0x1'0000'0000; ///< bytes
 
     /// Zorvik::Exception naming the file and both sizes when the picture is empty or too large.
     static void Check(const std::string& name, std::uint64_t width, std::uint64_t height);

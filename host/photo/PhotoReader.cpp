@@ -105,8 +105,8 @@ Photo PhotoReader::Decode(const Bytes& content, const std::string& name)
     MetadataReader::Result read = MetadataReader::Read(content, decoded.exif, photo.warnings);
     AddImpliedProfile(decoded, read);
     read.metadata.iccProfile = ColorConversion::ToSrgb(decoded, photo.warnings);
-    photo.image = TurnUpright(decoded.pixels,
-                              read.orientation != 0 ? read.orientation : decoded.orientation);
+    photo.image =
+        TurnUpright(decoded.pixels, read.orientation != 0 ? read.orientation : decoded.orientation);
     photo.metadata = NormaliseOrDrop(read.metadata, photo.image, name, photo.warnings);
     return photo;
 }

@@ -56,8 +56,7 @@ Bytes PhotoWriter::Encode(const Photo& photo, PhotoFormat format, const Options&
         Fail(name, "expected a quality from 1 to 100, found " + std::to_string(options.quality));
     const int width = photo.image.GetWidth();
     const int height = photo.image.GetHeight();
-    PhotoLimits::Check(name, static_cast<std::uint64_t>(width),
-                       static_cast<std::uint64_t>(height));
+    PhotoLimits::Check(name, static_cast<std::uint64_t>(width), static_cast<std::uint64_t>(height));
     const PhotoMetadata metadata = MetadataWriter::Normalise(photo.metadata, width, height, name);
     return MetadataWriter::Embed(EncodePixels(photo, format, options.quality, metadata, name),
                                  format, metadata, name);

@@ -10,10 +10,10 @@
 
 namespace LumetraHost {
 
-/// Stores photos as JPEG, PNG or TIFF with their metadata and colour profile. 16 bits are kept where
-/// the format holds them, else rounded to 8; alpha is kept where the format holds it, else composed
-/// over white. Pictures are encoded in memory and reach the disk whole or not at all. Usable from
-/// any thread.
+/// Stores photos as JPEG, PNG or TIFF with their metadata and colour profile. 16 bits are kept
+/// where the format holds them, else rounded to 8; alpha is kept where the format holds it, else
+/// composed over white. Pictures are encoded in memory and reach the disk whole or not at all.
+/// Usable from any thread.
 class PhotoWriter
 {
 public:

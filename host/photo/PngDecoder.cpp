@@ -167,10 +167,10 @@ DecodedPhoto Decoding::Run()
     ReadHeader();
     DecodedPhoto photo;
     const bool deep = png_get_bit_depth(m_png, m_info) == 16;
-    photo.pixels = Image::AllocateUninitialised(
-        static_cast<int>(png_get_image_width(m_png, m_info)),
-        static_cast<int>(png_get_image_height(m_png, m_info)),
-        deep ? Image::Depth::Bits16 : Image::Depth::Bits8);
+    photo.pixels =
+        Image::AllocateUninitialised(static_cast<int>(png_get_image_width(m_png, m_info)),
+                                     static_cast<int>(png_get_image_height(m_png, m_info)),
+                                     deep ? Image::Depth::Bits16 : Image::Depth::Bits8);
     ReadRows(photo.pixels);
     photo.iccProfile = GetProfile();
     photo.exif = GetExif();

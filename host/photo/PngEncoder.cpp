@@ -147,9 +147,9 @@ void Encoding::WriteExif(QByteArray exif)
 
 void Encoding::WriteRows()
 {
-    Bytes row(m_opaque ? 3 * m_image.GetBytesPerChannel() *
-                             static_cast<std::size_t>(m_image.GetWidth())
-                       : 0);
+    Bytes row(m_opaque
+                  ? 3 * m_image.GetBytesPerChannel() * static_cast<std::size_t>(m_image.GetWidth())
+                  : 0);
     Guard([this, &row] {
         png_write_info(m_png, m_info);
         if (Q_BYTE_ORDER == Q_LITTLE_ENDIAN && m_image.GetDepth() == Image::Depth::Bits16)
@@ -175,8 +175,7 @@ Bytes Encoding::Run(const PhotoMetadata& metadata)
 
 } // namespace
 
-Bytes PngEncoder::Encode(const Image& image, const PhotoMetadata& metadata,
-                         const std::string& name)
+Bytes PngEncoder::Encode(const Image& image, const PhotoMetadata& metadata, const std::string& name)
 {
     return Encoding(image, name).Run(metadata);
 }

@@ -15,8 +15,7 @@ class PngEncoder
 {
 public:
     /// `name` begins the text of every Zorvik::Exception.
-    static Bytes Encode(const Image& image, const PhotoMetadata& metadata,
-                        const std::string& name);
+    static Bytes Encode(const Image& image, const PhotoMetadata& metadata, const std::string& name);
 };
 
 } // namespace LumetraHost

@@ -128,9 +128,9 @@ TiffSamples Decoding::DescribeSamples() const
 Image Decoding::ReadPlainSamples()
 {
     const TiffSamples samples = DescribeSamples();
-    Image pixels = Image::AllocateUninitialised(
-        static_cast<int>(m_width), static_cast<int>(m_height),
-        m_bits == 16 ? Image::Depth::Bits16 : Image::Depth::Bits8);
+    Image pixels =
+        Image::AllocateUninitialised(static_cast<int>(m_width), static_cast<int>(m_height),
+                                     m_bits == 16 ? Image::Depth::Bits16 : Image::Depth::Bits8);
     if (TIFFIsTiled(m_stream.Get()))
         ReadTiles(pixels, samples);
     else
@@ -170,9 +170,9 @@ void Decoding::ReadTiles(Image& pixels, const TiffSamples& samples)
     if (area == 0 || area > LargestTile)
         m_stream.Throw("expected tiles of at most 2^28 pixels, found " + std::to_string(width) +
                        " x " + std::to_string(height));
-    const std::size_t rowSize =
-        static_cast<std::size_t>(width) * static_cast<std::size_t>(samples.perPixel) *
-        static_cast<std::size_t>(samples.bytes);
+    const std::size_t rowSize = static_cast<std::size_t>(width) *
+                                static_cast<std::size_t>(samples.perPixel) *
+                                static_cast<std::size_t>(samples.bytes);
     std::vector<std::uint8_t> tile(rowSize * height);
     const auto size = static_cast<tmsize_t>(tile.size());
     for (int plane = 0; plane < GetPlaneCount(); ++plane) {
@@ -185,8 +185,8 @@ void Decoding::ReadTiles(Image& pixels, const TiffSamples& samples)
                                    " is missing or damaged; the file may be truncated");
                 const std::uint32_t rows = std::min(height, m_height - y);
                 for (std::uint32_t row = 0; row < rows; ++row)
-                    samples.Scatter(tile.data() + rowSize * row, plane, pixels,
-                                    static_cast<int>(x), static_cast<int>(y + row),
+                    samples.Scatter(tile.data() + rowSize * row, plane, pixels, static_cast<int>(x),
+                                    static_cast<int>(y + row),
                                     static_cast<int>(std::min(width, m_width - x)));
             }
         }

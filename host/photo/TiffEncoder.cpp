@@ -67,8 +67,7 @@ void CopyRow(const Image& image, int y, const StripLayout& layout, std::uint8_t*
 
 } // namespace
 
-Bytes TiffEncoder::Encode(const Image& image, const QByteArray& iccProfile,
-                          const std::string& name)
+Bytes TiffEncoder::Encode(const Image& image, const QByteArray& iccProfile, const std::string& name)
 {
     TiffStream stream(name);
     const StripLayout layout = ChooseLayout(image);
@@ -81,8 +80,7 @@ Bytes TiffEncoder::Encode(const Image& image, const QByteArray& iccProfile,
         for (int row = 0; row < rows; ++row)
             CopyRow(image, y + row, layout,
                     strip.data() + layout.rowSize * static_cast<std::size_t>(row));
-        const auto size =
-            static_cast<tmsize_t>(layout.rowSize * static_cast<std::size_t>(rows));
+        const auto size = static_cast<tmsize_t>(layout.rowSize * static_cast<std::size_t>(rows));
         if (TIFFWriteEncodedStrip(stream.Get(), index, strip.data(), size) != size)
             stream.Throw("cannot be encoded as TIFF");
     }

@@ -14,11 +14,11 @@ struct TiffSamples
 {
     static constexpr int None = -1;
 
-    int bytes = 1;                              ///< per sample, 1 or 2
-    int perPixel = 1;                           ///< samples from one pixel to the next
-    std::array<int, 4> source{0, 0, 0, None};   ///< the sample of each channel; None is full
-    bool invert = false;                        ///< the colours, not the alpha
-    bool premultiplied = false;                 ///< the colours by alpha
+    int bytes = 1;                            ///< per sample, 1 or 2
+    int perPixel = 1;                         ///< samples from one pixel to the next
+    std::array<int, 4> source{0, 0, 0, None}; ///< the sample of each channel; None is full
+    bool invert = false;                      ///< the colours, not the alpha
+    bool premultiplied = false;               ///< the colours by alpha
 
     /// Writes `count` pixels of `row`, which belongs to plane `plane`, to the picture at x, y.
     void Scatter(const std::uint8_t* row, int plane, Image& target, int x, int y, int count) const;

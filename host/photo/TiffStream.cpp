@@ -37,8 +37,8 @@ struct TiffStream::Callbacks
         TiffStream& self = Self(handle);
         const Bytes& bytes = self.m_source ? *self.m_source : self.m_target;
         const std::uint64_t begin = std::min<std::uint64_t>(self.m_position, bytes.size());
-        const auto count = std::min<std::uint64_t>(static_cast<std::uint64_t>(size),
-                                                   bytes.size() - begin);
+        const auto count =
+            std::min<std::uint64_t>(static_cast<std::uint64_t>(size), bytes.size() - begin);
         std::memcpy(target, bytes.data() + begin, count);
         self.m_position = begin + count;
         return static_cast<tmsize_t>(count);
@@ -50,8 +50,7 @@ struct TiffStream::Callbacks
         const std::uint64_t end = self.m_position + static_cast<std::uint64_t>(size);
         if (self.m_source || !Grow(self, end))
             return -1;
-        std::memcpy(self.m_target.data() + self.m_position, source,
-                    static_cast<std::size_t>(size));
+        std::memcpy(self.m_target.data() + self.m_position, source, static_cast<std::size_t>(size));
         self.m_position = end;
         return size;
     }

@@ -14,8 +14,8 @@ namespace LumetraHost {
 class CheckedFileWriter
 {
 public:
-    /// Replaces the file at `path`, or creates it; a symbolic link stays and its target is replaced.
-    /// The folder has to exist. Content and folder entry have reached the disk on return.
+    /// Replaces the file at `path`, or creates it; a symbolic link stays and its target is
+    /// replaced. The folder has to exist. Content and folder entry have reached the disk on return.
     /// Zorvik::Exception naming the file, the step that failed and the system's reason.
     static void Write(const QString& path, const QByteArray& content);
     static void Write(const QString& path, const void* content, std::size_t size);
