@@ -22,79 +22,53 @@ void ClickSlider::setValue(int value)
 
 void ClickSlider::setGestureEndDelay(int milliseconds)
 {
-    m_gestureEndDelay = milliseconds;
+    m_gestureEndDelay = qMax(0, milliseconds);
 }
 
-QRect ClickSlider::HandleRect() const
+/// `control` is a QStyle::SubControl of the slider.
+QRect ClickSlider::ControlRect(int control) const
 {
     QStyleOptionSlider option;
     initStyleOption(&option);
-    return style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
+    return style()->subControlRect(QStyle::CC_Slider, &option,
+                                   static_cast<QStyle::SubControl>(control), this);
 }
 
-/// The value at which the handle begins at `pixel`, along the slider's orientation.
-int ClickSlider::ValueAt(int pixel) const
+/// The value with which the handle's centre comes nearest to `position`.
+int ClickSlider::ValueAt(const QPoint& position) const
 {
     QStyleOptionSlider option;
     initStyleOption(&option);
-    const QRect groove =
-        style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderGroove, this);
-    const QRect handle = HandleRect();
+    const QRect groove = ControlRect(QStyle::SC_SliderGroove);
+    const QRect handle = ControlRect(QStyle::SC_SliderHandle);
     const bool isHorizontal = orientation() == Qt::Horizontal;
-    const int begin = isHorizontal ? groove.x() : groove.y();
-    const int span =
-        isHorizontal ? groove.width() - handle.width() : groove.height() - handle.height();
-    return QStyle::sliderValueFromPosition(minimum(), maximum(), pixel - begin, span,
+    const int length = isHorizontal ? handle.width() : handle.height();
+    const int span = (isHorizontal ? groove.width() : groove.height()) - length;
+    const int pixel = isHorizontal ? position.x() - groove.x() : position.y() - groove.y();
+    return QStyle::sliderValueFromPosition(minimum(), maximum(), pixel - length / 2, span,
                                            option.upsideDown);
-}
-
-void ClickSlider::Drag(const QPoint& position)
-{
-    const int pixel = orientation() == Qt::Horizontal ? position.x() : position.y();
-    setSliderPosition(ValueAt(pixel - m_grabOffset));
 }
 
 void ClickSlider::mousePressEvent(QMouseEvent* event)
 {
-    if (event->button() != Qt::LeftButton || minimum() == maximum()) {
-        event->ignore();
-        return;
-    }
-    event->accept();
     EndGesture();
+    const bool isLeftAlone = event->buttons() == Qt::LeftButton;
+    const bool isOnHandle = ControlRect(QStyle::SC_SliderHandle).contains(event->pos());
+    if (isLeftAlone && !isOnHandle && minimum() < maximum())
+        PressHandleAt(event);
+    else
+        QSlider::mousePressEvent(event);
+}
 
-    const QRect handle = HandleRect();
-    const bool isHorizontal = orientation() == Qt::Horizontal;
-    const QPoint inside = event->pos() - handle.topLeft();
-    const bool isOnHandle = handle.contains(event->pos());
-    const QPoint grab = isOnHandle ? inside : QPoint(handle.width() / 2, handle.height() / 2);
-    m_grabOffset = isHorizontal ? grab.x() : grab.y();
-
-    m_isDragging = true;
+/// Brings the handle to the pointer as part of the drag, then lets QSlider grab it by its centre.
+void ClickSlider::PressHandleAt(QMouseEvent* event)
+{
     setSliderDown(true);
-    if (!isOnHandle)
-        Drag(event->pos());
-}
-
-void ClickSlider::mouseMoveEvent(QMouseEvent* event)
-{
-    if (!m_isDragging) {
-        event->ignore();
-        return;
-    }
+    setSliderPosition(ValueAt(event->pos()));
+    QMouseEvent onHandle(event->type(), ControlRect(QStyle::SC_SliderHandle).center(),
+                         event->button(), event->buttons(), event->modifiers());
+    QSlider::mousePressEvent(&onHandle);
     event->accept();
-    Drag(event->pos());
-}
-
-void ClickSlider::mouseReleaseEvent(QMouseEvent* event)
-{
-    if (!m_isDragging || event->button() != Qt::LeftButton) {
-        event->ignore();
-        return;
-    }
-    event->accept();
-    m_isDragging = false;
-    setSliderDown(false);
 }
 
 void ClickSlider::wheelEvent(QWheelEvent* event)
@@ -111,22 +85,28 @@ void ClickSlider::keyPressEvent(QKeyEvent* event)
     ExtendGesture(before);
 }
 
-void ClickSlider::leaveEvent(QEvent* event)
+// Not in the handlers of these events, which derived classes may keep from reaching this one.
+bool ClickSlider::event(QEvent* event)
 {
-    EndGesture();
-    QSlider::leaveEvent(event);
-}
-
-void ClickSlider::focusOutEvent(QFocusEvent* event)
-{
-    EndGesture();
-    QSlider::focusOutEvent(event);
-}
-
-void ClickSlider::hideEvent(QHideEvent* event)
-{
-    EndGesture();
-    QSlider::hideEvent(event);
+    switch (event->type()) {
+    case QEvent::Leave:
+    case QEvent::FocusOut:
+        EndGesture();
+        break;
+    case QEvent::Hide:
+        EndGesture();
+        EndDrag();
+        break;
+    case QEvent::EnabledChange:
+        if (!isEnabled()) {
+            EndGesture();
+            EndDrag();
+        }
+        break;
+    default:
+        break;
+    }
+    return QSlider::event(event);
 }
 
 void ClickSlider::timerEvent(QTimerEvent* event)
@@ -137,8 +117,11 @@ void ClickSlider::timerEvent(QTimerEvent* event)
         QSlider::timerEvent(event);
 }
 
+/// A step during a drag belongs to the drag.
 void ClickSlider::ExtendGesture(int valueBefore)
 {
+    if (isSliderDown())
+        return;
     if (value() != valueBefore || m_gestureEnd.isActive())
         m_gestureEnd.start(m_gestureEndDelay, this);
 }
@@ -149,6 +132,16 @@ void ClickSlider::EndGesture()
         return;
     m_gestureEnd.stop();
     emit wheelFinished();
+}
+
+/// As if the button were released: without one, QSlider would keep the handle pressed.
+void ClickSlider::EndDrag()
+{
+    if (!isSliderDown())
+        return;
+    QMouseEvent release(QEvent::MouseButtonRelease, ControlRect(QStyle::SC_SliderHandle).center(),
+                        Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    QSlider::mouseReleaseEvent(&release);
 }
 
 } // namespace Zorvik::Lumetra

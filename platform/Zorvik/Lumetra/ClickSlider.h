@@ -8,8 +8,10 @@
 
 namespace Zorvik::Lumetra {
 
-/// A slider whose handle comes to where the groove is pressed and can be dragged on from there.
-/// Wheel and key steps have no release, so their end is told by wheelFinished().
+/// A slider whose handle comes to where the groove is pressed with the left button, and can be
+/// dragged on from there. A drag ends like any other, with sliderReleased(), also where the slider
+/// is disabled or hidden meanwhile. Wheel and key steps have no release, so their end is told by
+/// wheelFinished().
 class ZORVIKPLATFORM_EXPORT ClickSlider : public QSlider
 {
     Q_OBJECT
@@ -24,31 +26,27 @@ public:
     void setGestureEndDelay(int milliseconds);
 
 signals:
-    /// Once after a series of wheel or key steps: the delay has passed, or pointer or focus left.
+    /// Once after a series of wheel or key steps: the delay has passed, or pointer or focus left,
+    /// or the slider was pressed, disabled or hidden.
     void wheelFinished();
 
 protected:
+    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void leaveEvent(QEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    QRect HandleRect() const;
-    int ValueAt(int pixel) const;
-    void Drag(const QPoint& position);
+    QRect ControlRect(int control) const;
+    int ValueAt(const QPoint& position) const;
+    void PressHandleAt(QMouseEvent* event);
     void ExtendGesture(int valueBefore);
     void EndGesture();
+    void EndDrag();
 
     QBasicTimer m_gestureEnd;
     int m_gestureEndDelay = 300;
-    int m_grabOffset = 0; // pixels from the handle's begin to where it was grabbed
-    bool m_isDragging = false;
 };
 
 } // namespace Zorvik::Lumetra

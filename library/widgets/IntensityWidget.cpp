@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/IntensityWidget.h"
+
+#include "EffectPresets/EffectPresetModel.h"
+#include "Settings/TuneSettingType.h"
+
+#include <QEvent>
+#include <QToolTip>
+
+#include <utility>
+
+namespace Zorvik::Lumetra::LumetraPresets {
+
+IntensityWidget::IntensityWidget(QWidget* parent) : ClickSlider(parent)
+{
+    connect(this, &QAbstractSlider::valueChanged, this, &IntensityWidget::OnIntensityChanged);
+    connect(this, &QAbstractSlider::sliderReleased, this, &IntensityWidget::OnIntensityStop);
+    connect(this, &ClickSlider::wheelFinished, this, &IntensityWidget::OnIntensityStop);
+}
+
+IntensityWidget::~IntensityWidget() = default;
+
+void IntensityWidget::SetPersistentIndex(QPersistentModelIndex row)
+{
+    index = std::move(row);
+    UpdateInfo();
+}
+
+void IntensityWidget::OnIntensityChanged(int intensity)
+{
+    Write(intensity, EffectPresetModel::IntensityRole);
+    UpdateIntensityInfo();
+    ShowIntensityToolTip();
+}
+
+void IntensityWidget::OnIntensityStop()
+{
+    Write(QVariant::fromValue(TuneSettingType::ChangeEnd), EffectPresetModel::TuneRole);
+    ShowIntensityToolTip();
+}
+
+/// Reaches nobody where the row is gone. What setData() returns says nothing here.
+void IntensityWidget::Write(const QVariant& written, int role)
+{
+    if (auto* model = const_cast<QAbstractItemModel*>(index.model()))
+        model->setData(index, written, role);
+}
+
+/// Range before value: the value must not be clamped to the range of the row before.
+void IntensityWidget::UpdateInfo()
+{
+    const bool wereBlocked = blockSignals(true);
+    setMinimum(index.data(EffectPresetModel::IntensityMinRole).toInt());
+    setMaximum(index.data(EffectPresetModel::IntensityMaxRole).toInt());
+    setValue(index.data(EffectPresetModel::IntensityRole).toInt());
+    UpdateIntensityInfo();
+    blockSignals(wereBlocked);
+}
+
+void IntensityWidget::UpdateIntensityInfo()
+{
+    setToolTip(tr("Intensity: %1").arg(value(), 0, 10, QLatin1Char(' ')));
+}
+
+void IntensityWidget::ShowIntensityToolTip() const
+{
+    const int offset = property("tipYOffest").toInt();
+    QToolTip::showText(mapToGlobal(QPoint(0, offset)), toolTip());
+}
+
+void IntensityWidget::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event); // not the slider's, which would react to more than is wanted
+    if (event->type() == QEvent::LanguageChange) {
+        UpdateInfo();
+        UpdateIntensityInfo();
+    }
+}
+
+} // namespace Zorvik::Lumetra::LumetraPresets

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "LumetraPresetsUtilExport.h"
+#include "Zorvik/Lumetra/ClickSlider.h"
+
+#include <QPersistentModelIndex>
+
+namespace Zorvik::Lumetra::LumetraPresets {
+
+/// The slider for one preset's intensity, bound to the preset's row in an EffectPresetModel. Every
+/// move is written into the row, which draws it live; the end of a drag, or of wheel or key steps,
+/// ends the change. Shows "Intensity: N" as a tool tip meanwhile.
+///
+/// It does not follow the model: the host binds it again when the row or its values change. The
+/// tool tip's distance in pixels below the widget's top is the dynamic property "tipYOffest".
+class LUMETRAPRESETSUTIL_EXPORT IntensityWidget : public ClickSlider
+{
+    Q_OBJECT
+
+public:
+    explicit IntensityWidget(QWidget* parent = nullptr);
+    ~IntensityWidget() override;
+
+    /// Binds the slider to a preset's row and takes over its range and value, without writing
+    /// anything or showing the tool tip. An invalid index: 0 for all of them.
+    void SetPersistentIndex(QPersistentModelIndex row);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void OnIntensityChanged(int intensity);
+    void OnIntensityStop();
+    void UpdateInfo();
+    void UpdateIntensityInfo();
+    void ShowIntensityToolTip() const;
+    void Write(const QVariant& written, int role);
+
+    QPersistentModelIndex index;
+};
+
+} // namespace Zorvik::Lumetra::LumetraPresets
