@@ -142,6 +142,7 @@ void ClickSlider::EndDrag()
     QMouseEvent release(QEvent::MouseButtonRelease, ControlRect(QStyle::SC_SliderHandle).center(),
                         Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
     QSlider::mouseReleaseEvent(&release);
+    setSliderDown(false); // one that was put down by the program
 }
 
 } // namespace Zorvik::Lumetra
