@@ -46,8 +46,7 @@ GrooveShape ShapeFor(int value, int maximum)
 QString Rule(const GrooveShape& shape, const QString& name, const QString& background,
              const QString& fill, const QString& state)
 {
-    QString rule =
-        QString::fromLatin1(shape.rule).arg(name, 0, Fill).arg(background, 0, Fill);
+    QString rule = QString::fromLatin1(shape.rule).arg(name, 0, Fill).arg(background, 0, Fill);
     if (shape.hasStops)
         rule = rule.arg(fill, 0, Fill)
                    .arg(shape.firstStop, 0, 'g', -1, Fill)
@@ -66,9 +65,9 @@ void ApplyGrooveStyle(QSlider* slider, const QString& fillColor, const QString& 
 
     const GrooveShape shape = ShapeFor(slider->value(), slider->maximum());
     const QString name = slider->objectName();
-    QString rules = Rule(shape, name, backgroundColor, fillColor, QStringLiteral("enabled")) +
-                    Rule(shape, name, disabledBackgroundColor, disabledFillColor,
-                         QStringLiteral("!enabled"));
+    QString rules =
+        Rule(shape, name, backgroundColor, fillColor, QStringLiteral("enabled")) +
+        Rule(shape, name, disabledBackgroundColor, disabledFillColor, QStringLiteral("!enabled"));
     if (!hoverBackgroundColor.isEmpty() && !hoverFillColor.isEmpty())
         rules += Rule(shape, name, hoverBackgroundColor, hoverFillColor, QStringLiteral("hover"));
     slider->setStyleSheet(rules);

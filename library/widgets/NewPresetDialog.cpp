@@ -58,10 +58,9 @@ void NewPresetDialog::accept()
 void NewPresetDialog::AlertNameTaken(const QString& takenName)
 {
     // The context of the form's texts, which tr() would not give.
-    const QString text =
-        QCoreApplication::translate("NewPresetDialog",
-                                    "Name \"%1\" already exists, choose another one.")
-            .arg(takenName, 0, QLatin1Char(' '));
+    const QString text = QCoreApplication::translate(
+                             "NewPresetDialog", "Name \"%1\" already exists, choose another one.")
+                             .arg(takenName, 0, QLatin1Char(' '));
     Util::AlertBox box(Util::AlertBox::Level::Warning, QString(), text, QMessageBox::Ok, this,
                        Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);
     StyleAlertBox(box, ButtonList(), QMessageBox::NoButton);

@@ -159,8 +159,7 @@ TEST_F(CustomToolBoxSignals, foreignCurrentWidgetIsWarnedAboutOnceAndIgnored)
     TakeLog();
     const QLabel foreign;
 
-    const ExpectLog warning(
-        "^CustomToolBox::setCurrentWidget: widget not contained in tool box$");
+    const ExpectLog warning("^CustomToolBox::setCurrentWidget: widget not contained in tool box$");
     m_box->setCurrentWidget(const_cast<QLabel*>(&foreign));
 
     EXPECT_EQ(warning.GetCount(), 1);

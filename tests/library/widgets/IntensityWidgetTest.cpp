@@ -39,10 +39,9 @@ class GermanIntensity : public QTranslator
 public:
     QString translate(const char* context, const char* source, const char*, int) const override
     {
-        const bool isOurs =
-            QLatin1String(context) ==
-                QLatin1String("Zorvik::Lumetra::LumetraPresets::IntensityWidget") &&
-            QLatin1String(source) == QLatin1String("Intensity: %1");
+        const bool isOurs = QLatin1String(context) ==
+                                QLatin1String("Zorvik::Lumetra::LumetraPresets::IntensityWidget") &&
+                            QLatin1String(source) == QLatin1String("Intensity: %1");
         return isOurs ? QStringLiteral("Wirkung: %1") : QString();
     }
     bool isEmpty() const override { return false; }
@@ -225,10 +224,8 @@ TEST_F(IntensityWidgetTest, wheelGestureEndsLikeADrag)
     TurnWheel(m_widget, 1);
     const int reached = 2 * QApplication::wheelScrollLines();
     ASSERT_EQ(m_widget.value(), reached);
-    EXPECT_EQ(m_presets.TakeLog(), QStringLiteral("0:261=%1, 0:261=%2")
-                                       .arg(reached / 2)
-                                       .arg(reached)
-                                       .toStdString());
+    EXPECT_EQ(m_presets.TakeLog(),
+              QStringLiteral("0:261=%1, 0:261=%2").arg(reached / 2).arg(reached).toStdString());
     DropToolTip();
 
     QCoreApplication::processEvents();

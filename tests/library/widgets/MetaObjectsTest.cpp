@@ -29,8 +29,7 @@ std::string Members(const QMetaObject& type)
 {
     QStringList members;
     for (int i = type.methodOffset(); i < type.methodCount(); ++i)
-        members +=
-            Kind(type.method(i)) + QString::fromLatin1(type.method(i).methodSignature());
+        members += Kind(type.method(i)) + QString::fromLatin1(type.method(i).methodSignature());
     for (int i = type.propertyOffset(); i < type.propertyCount(); ++i)
         members += QStringLiteral("property ") + QString::fromLatin1(type.property(i).name());
     return members.join(QStringLiteral("; ")).toStdString();

@@ -31,11 +31,10 @@ class ScriptedAlerts : public Zorvik::Util::IAlertBackend, public Zorvik::Lumetr
 public:
     QMessageBox::StandardButton Exec(AlertBox& box) override
     {
-        log += QStringLiteral("alert level %1 title '%2' text '%3' buttons %4 flags %5")
-                   .arg(static_cast<int>(box.level))
-                   .arg(box.title, box.text)
-                   .arg(static_cast<int>(box.buttons))
-                   .arg(static_cast<int>(box.flags));
+        log += QStringLiteral("alert level ") + QString::number(static_cast<int>(box.level)) +
+               QStringLiteral(" title '") + box.title + QStringLiteral("' text '") + box.text +
+               QStringLiteral("' buttons ") + QString::number(static_cast<int>(box.buttons)) +
+               QStringLiteral(" flags ") + QString::number(static_cast<int>(box.flags));
         parent = box.parent;
         if (duringAlert)
             duringAlert();
@@ -47,10 +46,9 @@ public:
     void StyleAlert(AlertBox& box, const Zorvik::Lumetra::ButtonList& buttons,
                     QMessageBox::StandardButton defaultButton) override
     {
-        log += QStringLiteral("style '%1' buttons %2 default %3")
-                   .arg(box.text)
-                   .arg(buttons.size())
-                   .arg(static_cast<int>(defaultButton));
+        log += QStringLiteral("style '") + box.text + QStringLiteral("' buttons ") +
+               QString::number(buttons.size()) + QStringLiteral(" default ") +
+               QString::number(static_cast<int>(defaultButton));
     }
 
     QStringList log;
@@ -151,8 +149,8 @@ std::string CellsOf(const QGridLayout& grid)
         else
             what = what.arg(item->spacerItem()->sizePolicy().horizontalPolicy())
                        .arg(item->spacerItem()->sizePolicy().verticalPolicy());
-        cells += QStringLiteral("%1,%2 %3x%4 %5").arg(row).arg(column).arg(rows).arg(columns).arg(
-            what);
+        cells +=
+            QStringLiteral("%1,%2 %3x%4 %5").arg(row).arg(column).arg(rows).arg(columns).arg(what);
     }
     cells.sort();
     return cells.join(QStringLiteral("; ")).toStdString();

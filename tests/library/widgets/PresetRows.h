@@ -89,14 +89,14 @@ public:
     bool setData(const QModelIndex& changed, const QVariant& value, int role) override
     {
         const bool isTune = value.userType() == qMetaTypeId<Presets::TuneSettingType>();
-        const int number = isTune ? static_cast<int>(value.value<Presets::TuneSettingType>())
-                                  : value.toInt();
+        const int number =
+            isTune ? static_cast<int>(value.value<Presets::TuneSettingType>()) : value.toInt();
         m_log += QStringLiteral("%1:%2=%3%4")
                      .arg(changed.row())
                      .arg(role)
-                     .arg(isTune ? QStringLiteral("tune ")
-                                 : value.type() == QVariant::Int ? QString()
-                                                                 : QStringLiteral("? "))
+                     .arg(isTune                          ? QStringLiteral("tune ")
+                          : value.type() == QVariant::Int ? QString()
+                                                          : QStringLiteral("? "))
                      .arg(number);
         return EffectPresetModel::setData(changed, value, role);
     }

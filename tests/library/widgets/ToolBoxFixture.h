@@ -38,10 +38,10 @@ protected:
                          [this](int index) { m_log += QStringLiteral("current %1").arg(index); });
         QObject::connect(m_box.get(), &CustomToolBox::expandedChanged, m_box.get(),
                          [this](int index, bool isOpen) {
-                             m_log += QStringLiteral("expanded %1 %2")
-                                          .arg(index)
-                                          .arg(isOpen ? QStringLiteral("open")
-                                                      : QStringLiteral("shut"));
+                             m_log +=
+                                 QStringLiteral("expanded %1 %2")
+                                     .arg(index)
+                                     .arg(isOpen ? QStringLiteral("open") : QStringLiteral("shut"));
                          });
     }
 
@@ -79,8 +79,8 @@ protected:
     /// Header buttons are known by their texts, which the tests keep unique.
     CustomToolBoxButton* Header(int index) const
     {
-        const auto buttons = m_box->findChildren<CustomToolBoxButton*>(
-            QStringLiteral("qt_toolbox_toolboxbutton"));
+        const auto buttons =
+            m_box->findChildren<CustomToolBoxButton*>(QStringLiteral("qt_toolbox_toolboxbutton"));
         for (auto* button : buttons) {
             if (button->text() == m_box->itemText(index))
                 return button;
