@@ -62,6 +62,9 @@ public:
     /// True when both share the same pixels, or both are null.
     bool SharesPixelsWith(const Image& other) const { return m_pixels == other.m_pixels; }
 
+    /// True when no other picture shares the pixels.
+    bool IsSoleOwner() const { return m_pixels.use_count() == 1; }
+
 private:
     std::size_t Offset(int y) const { return m_stride * static_cast<std::size_t>(y); }
 

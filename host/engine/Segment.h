@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/CancelToken.h"
+#include "engine/Stage.h"
+#include "engine/ThreadPool.h"
+#include "engine/pixels/PixelKernel.h"
+
+#include "photo/Image.h"
+
+#include <vector>
+
+namespace LumetraHost {
+
+/// How a segment's work is divided. Nothing here changes the pixels.
+struct SegmentOptions
+{
+    Isa isa = Isa::Baseline;
+    int threads = 0;       ///< below 1: all of the pool
+    int tilePixels = 2048; ///< 64 to 16384
+    const CancelToken* cancel = nullptr;
+};
+
+/// A run of stages over a picture, from pixels to pixels: each tile is loaded to planar float that
+/// stays in the first-level cache, runs through all stages unclamped, is blended with the source
+/// and rounded once. Tiles lie within one row and are independent of each other.
+class Segment
+{
+public:
+    static constexpr int BandRows = 32;
+    static constexpr int SmallestTile = 64;
+    static constexpr int LargestTile = 16384;
+
+    /// Neighbouring matrices become one; conversions are put where the spaces of neighbours differ.
+    Segment(const std::vector<StagePtr>& stages, const SegmentOptions& options);
+
+    /// `target` has the size and depth of `source` and may be the same picture. `sourceWeight`:
+    /// 0 to 1. Bands of rows are spread over the pool's threads. False when it was cancelled, and
+    /// the target then holds anything.
+    bool Run(const Image& source, Image& target, double sourceWeight, ThreadPool& pool) const;
+
+    /// After merging and with the conversions.
+    const std::vector<StagePtr>& GetStages() const { return m_stages; }
+
+private:
+    void AddMerged(const StagePtr& stage);
+    void AddConversions();
+    void RunRows(const Image& source, Image& target, float sourceWeight, int first, int end) const;
+    ColourSpace GetFirstSpace() const;
+    const float* GetLoadTable(Image::Depth depth) const;
+
+    SegmentOptions m_options;
+    std::vector<StagePtr> m_stages;
+    bool m_endsLinear = true;
+};
+
+} // namespace LumetraHost

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/ColourMatrix.h"
+#include "engine/Isa.h"
+#include "engine/PictureArea.h"
+#include "engine/Tile.h"
+
+#include <memory>
+#include <optional>
+
+namespace LumetraHost {
+
+/// How the numbers in a tile stand for light: proportional to it, or sRGB-encoded.
+enum class ColourSpace
+{
+    Linear,
+    Encoded
+};
+
+/// What a stage is made for.
+struct StageContext
+{
+    Isa isa = Isa::Baseline;
+    PictureArea area;
+};
+
+/// One effect, ready to run over tiles: its numbers are worked out, its kernel is chosen. Stages
+/// are immutable and shared by all threads. Only for effects that need no neighbouring pixels.
+class Stage
+{
+public:
+    Stage() = default;
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+    virtual ~Stage() = default;
+
+    /// Changes the tile in place. Values may lie outside [0, 1] before and after.
+    virtual void Run(const Tile& tile) const = 0;
+    /// The space in which the stage expects and leaves the tile.
+    virtual ColourSpace GetColourSpace() const { return ColourSpace::Linear; }
+    /// The matrix when the stage is nothing but one: neighbours in the same space are multiplied
+    /// into a single stage.
+    virtual std::optional<ColourMatrix> GetMatrix() const { return std::nullopt; }
+};
+
+using StagePtr = std::shared_ptr<const Stage>;
+
+} // namespace LumetraHost

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "engine/contrast/ContrastKernel.h"
+
+#include "engine/kernels/KernelMath.h"
+
+namespace LumetraHost {
+namespace {
+
+// Below the darkest 16-bit value by far, yet safe for every exponent.
+constexpr float Smallest = 1e-18f;
+constexpr float Largest = 1e18f;
+
+LUMETRA_KERNEL_INLINE void RunPlane(float* __restrict plane, int count, float exponent,
+                                    float offset)
+{
+    for (int i = 0; i < count; ++i) {
+        const float value = plane[i];
+        const float size = ClampToRange(value < 0.0f ? -value : value, Smallest, Largest);
+        const float power = Exp2(exponent * Log2(size) + offset);
+        plane[i] = value < 0.0f ? -power : power;
+    }
+}
+
+} // namespace
+
+template <Isa isa>
+void ContrastKernel<isa>::Run(const Tile& tile, float exponent, float offset)
+{
+    RunPlane(tile.red, tile.count, exponent, offset);
+    RunPlane(tile.green, tile.count, exponent, offset);
+    RunPlane(tile.blue, tile.count, exponent, offset);
+}
+
+template struct ContrastKernel<KernelIsa>;
+
+} // namespace LumetraHost

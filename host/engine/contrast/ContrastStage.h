@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/Stage.h"
+#include "engine/contrast/ContrastParameters.h"
+
+namespace LumetraHost {
+
+/// Runs the contrast effect over tiles of linear light.
+class ContrastStage : public Stage
+{
+public:
+    ContrastStage(const ContrastParameters& parameters, const StageContext& context);
+
+    void Run(const Tile& tile) const override;
+
+private:
+    float m_exponent;
+    float m_offset;
+    void (*m_kernel)(const Tile&, float, float);
+};
+
+} // namespace LumetraHost

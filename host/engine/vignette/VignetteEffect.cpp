@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "engine/vignette/VignetteEffect.h"
+
+#include "engine/vignette/VignetteParameters.h"
+#include "engine/vignette/VignetteStage.h"
+
+namespace LumetraHost {
+namespace {
+
+StagePtr CreateVignetteStage(const Zorvik::Quindle::IEffectSettings& settings,
+                             const StageContext& context)
+{
+    const auto parameters = VignetteParameters::Read(settings);
+    if (parameters.IsIdentity())
+        return nullptr;
+    return std::make_shared<VignetteStage>(parameters, context);
+}
+
+} // namespace
+
+EffectKind MakeVignetteKind()
+{
+    return {{VignetteParameters::EffectId, VignetteParameters::Describe(), {}},
+            CreateVignetteStage};
+}
+
+} // namespace LumetraHost
