@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "engine/Resize.h"
+
+#include <opencv2/core.hpp>
+#include <opencv2/imgproc.hpp>
+
+#include <limits>
+
+namespace LumetraHost {
+namespace {
+
+int GetMatType(const Image& image)
+{
+    return image.GetDepth() == Image::Depth::Bits16 ? CV_16UC4 : CV_8UC4;
+}
+
+cv::Mat WrapArea(const Image& image, const PixelRect& area)
+{
+    const auto offset = static_cast<std::size_t>(area.x) * image.GetBytesPerPixel();
+    auto* const first = const_cast<std::uint8_t*>(image.Row(area.y) + offset);
+    return {area.height, area.width, GetMatType(image), first, image.GetStride()};
+}
+
+int ChooseInterpolation(const PixelRect& area, int width, int height, ResizeQuality quality)
+{
+    if (quality == ResizeQuality::Fast)
+        return cv::INTER_LINEAR;
+    return width <= area.width && height <= area.height ? cv::INTER_AREA : cv::INTER_CUBIC;
+}
+
+template <class Channel>
+bool IsOpaqueRow(const Channel* row, int pixels)
+{
+    for (int i = 0; i < pixels; ++i)
+        if (row[4 * i + 3] != std::numeric_limits<Channel>::max())
+            return false;
+    return true;
+}
+
+bool IsOpaque(const cv::Mat& pixels)
+{
+    for (int y = 0; y < pixels.rows; ++y) {
+        const bool isOpaque = pixels.depth() == CV_16U
+                                  ? IsOpaqueRow(pixels.ptr<std::uint16_t>(y), pixels.cols)
+                                  : IsOpaqueRow(pixels.ptr<std::uint8_t>(y), pixels.cols);
+        if (!isOpaque)
+            return false;
+    }
+    return true;
+}
+
+void Premultiply(cv::Mat& floats, float white)
+{
+    for (int y = 0; y < floats.rows; ++y) {
+        auto* const row = floats.ptr<float>(y);
+        for (int i = 0; i < 4 * floats.cols; i += 4)
+            for (int channel = 0; channel < 3; ++channel)
+                row[i + channel] *= row[i + 3] / white;
+    }
+}
+
+void Unpremultiply(cv::Mat& floats, float white)
+{
+    for (int y = 0; y < floats.rows; ++y) {
+        auto* const row = floats.ptr<float>(y);
+        for (int i = 0; i < 4 * floats.cols; i += 4) {
+            const float factor = row[i + 3] > 0.0f ? white / row[i + 3] : 0.0f;
+            for (int channel = 0; channel < 3; ++channel)
+                row[i + channel] *= factor;
+        }
+    }
+}
+
+void ResizeTransparent(const cv::Mat& source, cv::Mat& target, int interpolation)
+{
+    const float white = source.depth() == CV_16U ? 65535.0f : 255.0f;
+    cv::Mat floats;
+    source.convertTo(floats, CV_32F);
+    Premultiply(floats, white);
+    cv::Mat resized;
+    cv::resize(floats, resized, target.size(), 0, 0, interpolation);
+    Unpremultiply(resized, white);
+    resized.convertTo(target, target.depth());
+}
+
+} // namespace
+
+Image Resize(const Image& source, const PixelRect& area, int width, int height,
+             ResizeQuality quality)
+{
+    Image result = Image::AllocateUninitialised(width, height, source.GetDepth());
+    const cv::Mat from = WrapArea(source, area);
+    cv::Mat to = WrapArea(result, {0, 0, width, height});
+    const int interpolation = ChooseInterpolation(area, width, height, quality);
+    if (from.size() == to.size())
+        from.copyTo(to);
+    else if (IsOpaque(from))
+        cv::resize(from, to, to.size(), 0, 0, interpolation);
+    else
+        ResizeTransparent(from, to, interpolation);
+    return result;
+}
+
+} // namespace LumetraHost

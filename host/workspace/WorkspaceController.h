@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "drawer/Drawer.h"
+#include "workspace/DisplayConverter.h"
+#include "workspace/PresetRegistry.h"
+#include "workspace/ResetReceiver.h"
+#include "workspace/StatisticsLog.h"
+
+#include "Zorvik/Lumetra/IWorkspaceController.h"
+
+namespace LumetraHost {
+
+/// The reference host's workspace: one photo with its drawer, statistics, display colours and
+/// registry. Hold it as std::shared_ptr; its parts live as long as it does.
+class WorkspaceController : public Zorvik::Lumetra::IWorkspaceController
+{
+public:
+    WorkspaceController();
+
+    Drawer& GetDrawer() { return m_drawer; }
+    StatisticsLog& GetStatisticsLog() { return m_statistics; }
+    const PresetRegistry& GetPresets() const { return m_presets; }
+
+    Zorvik::Quindle::IQuindleDrawer& GetCoreDrawer() override { return m_drawer; }
+    Zorvik::Quindle::IStatisticsEventHandler& GetStatisticsEventHandler() override
+    {
+        return m_statistics;
+    }
+    const Zorvik::Util::IImageConverter& GetImageConverter() override { return m_converter; }
+    Zorvik::Lumetra::IResetReceiver& GetResetReceiver() override { return m_resets; }
+    Zorvik::Lumetra::IPresetRegistry& GetPresetRegistry() override { return m_presets; }
+
+private:
+    Drawer m_drawer;
+    StatisticsLog m_statistics;
+    DisplayConverter m_converter;
+    ResetReceiver m_resets;
+    PresetRegistry m_presets;
+};
+
+} // namespace LumetraHost
