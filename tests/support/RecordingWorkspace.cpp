@@ -21,6 +21,11 @@ RecordingRegistry& RecordingWorkspace::GetRegistry()
     return m_registry;
 }
 
+RecordingStatistics& RecordingWorkspace::GetStatistics()
+{
+    return m_statistics;
+}
+
 Quindle::IQuindleDrawer& RecordingWorkspace::GetCoreDrawer()
 {
     return m_drawer;

@@ -19,6 +19,7 @@ public:
 
     RecordingDrawer& GetDrawer();
     RecordingRegistry& GetRegistry();
+    RecordingStatistics& GetStatistics();
 
     Zorvik::Quindle::IQuindleDrawer& GetCoreDrawer() override;
     Zorvik::Quindle::IStatisticsEventHandler& GetStatisticsEventHandler() override;
