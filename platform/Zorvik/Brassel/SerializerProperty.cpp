@@ -7,6 +7,8 @@
 
 #include <boost/current_function.hpp>
 
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -18,6 +20,14 @@ using Core::Property;
 [[noreturn]] void Fail(const std::string& description, const char* function, int line)
 {
     throw Exception(description, function, "Zorvik/Brassel/SerializerProperty", line);
+}
+
+/// The shortest text that reads back as the same number, whatever the locale.
+std::string NumberText(double number)
+{
+    std::array<char, 32> text;
+    const auto result = std::to_chars(text.data(), text.data() + text.size(), number);
+    return std::string(text.data(), result.ptr);
 }
 
 ISerializer::Kind KindOf(const Property::Value& value)
@@ -185,7 +195,7 @@ int PropertyNode::Get(const std::string& key, int defaultValue) const
     if (number != std::trunc(number) || number < std::numeric_limits<int>::min() ||
         number > std::numeric_limits<int>::max())
         Mismatch(key, "a whole number from -2147483648 to 2147483647",
-                 "number " + std::to_string(number), __LINE__);
+                 "number " + NumberText(number), __LINE__);
     return static_cast<int>(number);
 }
 
@@ -200,7 +210,7 @@ double PropertyNode::Get(const std::string& key, double defaultValue) const
     if (!number)
         Mismatch(key, "number", Found(*value), __LINE__);
     if (!std::isfinite(*number))
-        Mismatch(key, "a finite number", std::to_string(*number), __LINE__);
+        Mismatch(key, "a finite number", NumberText(*number), __LINE__);
     return *number;
 }
 
@@ -226,7 +236,7 @@ ConstCollectionPtr PropertyNode::GetCollection(const std::string& key) const
 void PropertyNode::Set(const std::string& key, double value)
 {
     if (!std::isfinite(value))
-        Fail(PathOf(key) + ": expected a finite number to write, found " + std::to_string(value),
+        Fail(PathOf(key) + ": expected a finite number to write, found " + NumberText(value),
              BOOST_CURRENT_FUNCTION, __LINE__);
     m_property->Set(key, value);
 }
