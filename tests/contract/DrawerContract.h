@@ -24,8 +24,8 @@ namespace LumetraTest {
 /// - `EffectPtr MakeEffect(double amount)`: always of the same id, seen at an amount other than 0,
 ///   and differently for different amounts in 0..1,
 /// - `EffectPtr MakeOtherEffect()`: seen, and of another id,
-/// - `std::string GetShown()`: a text that is the same for two moments exactly when the drawer
-///   shows the same picture; it waits for the rendering.
+/// - `GetShown()`: a value that is equal for two moments exactly when the drawer shows the same
+///   picture, but for rounding; it waits for the rendering.
 template <class Subject>
 class DrawerContract : public testing::Test
 {
@@ -164,7 +164,7 @@ TYPED_TEST_P(DrawerContract, replacesThePackageOfTheSameIndex)
 
 TYPED_TEST_P(DrawerContract, replacesTheSamePackageNameWhenTheIndexIsNotOpen)
 {
-    const std::string before = this->subject.GetShown();
+    const auto before = this->subject.GetShown();
     this->Apply(this->MakeSettings(0.5, "Looks", "a"));
     const unsigned other = this->drawer.GetDefaultPackageIndex() + 5;
     this->Apply(this->MakeSettings(0.25, "Looks", "b", other));
@@ -174,10 +174,18 @@ TYPED_TEST_P(DrawerContract, replacesTheSamePackageNameWhenTheIndexIsNotOpen)
     EXPECT_EQ(this->subject.GetShown(), before) << "there was one package only";
 }
 
+TYPED_TEST_P(DrawerContract, withoutAnIndexThePackageThatIsReplacedByNameKeepsItsOwn)
+{
+    this->Apply(this->MakeSettings(0.5, "Looks", "a", 7));
+    this->Apply(this->MakeSettings(0.25, "Looks", "b"));
+    EXPECT_EQ(this->drawer.GetPackageIndex("Looks"), 7U);
+    EXPECT_EQ(this->drawer.GetPackage(7).GetPresetName(), "b");
+}
+
 // Apply A, switch A off silently, apply B, apply A again: A still knows its index.
 TYPED_TEST_P(DrawerContract, presetsOfOnePanelNeverPileUp)
 {
-    const std::string before = this->subject.GetShown();
+    const auto before = this->subject.GetShown();
     const unsigned first = this->drawer.GetDefaultPackageIndex();
     this->Apply(this->MakeSettings(0.5, "Looks", "a", first));
     this->Apply(this->MakeSettings(0.25, "Looks", "b", first));
@@ -190,7 +198,7 @@ TYPED_TEST_P(DrawerContract, presetsOfOnePanelNeverPileUp)
 TYPED_TEST_P(DrawerContract, packagesOfOtherNamesStackUp)
 {
     this->Apply(this->MakeSettings(0.5, "Looks", "a"));
-    const std::string one = this->subject.GetShown();
+    const auto one = this->subject.GetShown();
     this->Apply(this->MakeSettings(0.25, "Frames", "b"));
     EXPECT_NE(this->subject.GetShown(), one);
     EXPECT_NE(this->drawer.GetPackageIndex("Looks"), this->drawer.GetPackageIndex("Frames"));
@@ -203,7 +211,7 @@ TYPED_TEST_P(DrawerContract, copiesWhatItIsGiven)
 {
     auto settings = this->MakeSettings(0.5, "Looks", "a");
     this->Apply(settings);
-    const std::string shown = this->subject.GetShown();
+    const auto shown = this->subject.GetShown();
     settings.Effects().front() = this->subject.MakeEffect(0.9);
     settings.Package().SetPresetName("changed");
     EXPECT_EQ(this->subject.GetShown(), shown);
@@ -215,7 +223,7 @@ TYPED_TEST_P(DrawerContract, doesNotFollowAnEffectThatChangesAfterwards)
 {
     auto settings = this->MakeSettings(0.5, "Looks", "a");
     this->Apply(settings);
-    const std::string shown = this->subject.GetShown();
+    const auto shown = this->subject.GetShown();
 
     const auto& effect = settings.Effects().front();
     const auto other = this->subject.MakeEffect(0.9);
@@ -230,10 +238,10 @@ TYPED_TEST_P(DrawerContract, doesNotFollowAnEffectThatChangesAfterwards)
 
 TYPED_TEST_P(DrawerContract, blendAmountOneIsTheFullEffectAndTheLastTheSource)
 {
-    const std::string source = this->subject.GetShown();
+    const auto source = this->subject.GetShown();
     auto settings = this->MakeSettings(0.5, "Looks", "a", 3);
     this->Apply(settings);
-    const std::string full = this->subject.GetShown();
+    const auto full = this->subject.GetShown();
     EXPECT_NE(full, source);
     settings.SetBlendAmount(128);
     this->Apply(settings);
@@ -246,7 +254,7 @@ TYPED_TEST_P(DrawerContract, committingClosesThePackagesAndKeepsThePicture)
     this->Apply(this->MakeSettings(0.5, "Looks", "a"));
     const unsigned index = this->drawer.GetPackageIndex("Looks");
     this->Commit();
-    const std::string committed = this->subject.GetShown();
+    const auto committed = this->subject.GetShown();
     EXPECT_EQ(this->drawer.GetPackageIndex("Looks"), TestFixture::NoIndex);
     EXPECT_EQ(this->drawer.GetPackage(TestFixture::NoIndex).GetIndex(), TestFixture::NoIndex);
 
@@ -258,7 +266,7 @@ TYPED_TEST_P(DrawerContract, committingClosesThePackagesAndKeepsThePicture)
 
 TYPED_TEST_P(DrawerContract, resettingTakesThePackageOff)
 {
-    const std::string before = this->subject.GetShown();
+    const auto before = this->subject.GetShown();
     this->Apply(this->MakeSettings(0.5, "Looks", "a"));
     EXPECT_NE(this->subject.GetShown(), before);
     this->Reset(this->drawer.GetPackageIndex("Looks"));
@@ -269,7 +277,7 @@ TYPED_TEST_P(DrawerContract, resettingTakesThePackageOff)
 TYPED_TEST_P(DrawerContract, resettingAnIndexThatIsNotOpenDoesNothing)
 {
     this->Apply(this->MakeSettings(0.5, "Looks", "a"));
-    const std::string shown = this->subject.GetShown();
+    const auto shown = this->subject.GetShown();
     this->Reset(1000);
     this->Reset(TestFixture::NoIndex);
     EXPECT_EQ(this->subject.GetShown(), shown);
@@ -279,14 +287,14 @@ TYPED_TEST_P(DrawerContract, resettingAnIndexThatIsNotOpenDoesNothing)
 TYPED_TEST_P(DrawerContract, aBlendPaintingShowsItsUpdatesAndKeepsTheLast)
 {
     this->Apply(this->MakeSettings(0.5, "Looks", "a"));
-    const std::string before = this->subject.GetShown();
+    const auto before = this->subject.GetShown();
     this->StartBlend("Looks");
     EXPECT_EQ(this->subject.GetShown(), before) << "starting shows nothing yet";
     this->UpdateBlend(60);
-    const std::string first = this->subject.GetShown();
+    const auto first = this->subject.GetShown();
     EXPECT_NE(first, before);
     this->UpdateBlend(200);
-    const std::string last = this->subject.GetShown();
+    const auto last = this->subject.GetShown();
     EXPECT_NE(last, first);
     this->Finish(false);
     EXPECT_EQ(this->subject.GetShown(), last);
@@ -297,10 +305,10 @@ TYPED_TEST_P(DrawerContract, aOneInputPaintingReplacesTheEffectsOfTheSameId)
     auto settings = this->MakeSettings(0.25, "Looks", "a");
     settings.Effects().push_back(this->subject.MakeOtherEffect());
     this->Apply(settings);
-    const std::string before = this->subject.GetShown();
+    const auto before = this->subject.GetShown();
     this->StartOneInput("Looks");
     this->UpdateEffect(0.75);
-    const std::string painted = this->subject.GetShown();
+    const auto painted = this->subject.GetShown();
     EXPECT_NE(painted, before);
     this->Finish(false);
     EXPECT_EQ(this->subject.GetShown(), painted);
@@ -316,7 +324,7 @@ TYPED_TEST_P(DrawerContract, aOneInputUpdateLeavesTheBlendAmountAlone)
     auto settings = this->MakeSettings(0.25, "Looks", "a");
     settings.SetBlendAmount(100);
     this->Apply(settings);
-    const std::string before = this->subject.GetShown();
+    const auto before = this->subject.GetShown();
     this->StartOneInput("Looks");
     this->UpdateEffect(0.25);
     EXPECT_EQ(this->subject.GetShown(), before);
@@ -327,7 +335,7 @@ TYPED_TEST_P(DrawerContract, aOneInputUpdateLeavesTheBlendAmountAlone)
 TYPED_TEST_P(DrawerContract, aCancelledPaintingLeavesNothing)
 {
     this->Apply(this->MakeSettings(0.5, "Looks", "a"));
-    const std::string before = this->subject.GetShown();
+    const auto before = this->subject.GetShown();
     this->StartBlend("Looks");
     this->UpdateBlend(60);
     this->Finish(true);
@@ -337,7 +345,7 @@ TYPED_TEST_P(DrawerContract, aCancelledPaintingLeavesNothing)
 TYPED_TEST_P(DrawerContract, anUpdateWithoutAPaintingShowsNothing)
 {
     this->Apply(this->MakeSettings(0.5, "Looks", "a"));
-    const std::string before = this->subject.GetShown();
+    const auto before = this->subject.GetShown();
     this->UpdateBlend(60);
     this->Finish(false);
     EXPECT_EQ(this->subject.GetShown(), before);
@@ -350,7 +358,7 @@ TYPED_TEST_P(DrawerContract, anUpdateWithoutAPaintingShowsNothing)
 TYPED_TEST_P(DrawerContract, paintingOnAPackageThatIsNotOpenShowsNothing)
 {
     this->Apply(this->MakeSettings(0.5, "Looks", "a"));
-    const std::string before = this->subject.GetShown();
+    const auto before = this->subject.GetShown();
     this->StartBlend("Frames");
     this->UpdateBlend(60);
     EXPECT_EQ(this->subject.GetShown(), before);
@@ -363,7 +371,7 @@ TYPED_TEST_P(DrawerContract, startingAPaintingFinishesTheOpenOne)
     this->Apply(this->MakeSettings(0.5, "Looks", "a"));
     this->StartBlend("Looks");
     this->UpdateBlend(60);
-    const std::string painted = this->subject.GetShown();
+    const auto painted = this->subject.GetShown();
     this->StartBlend("Looks");
     this->Finish(true);
     EXPECT_EQ(this->subject.GetShown(), painted) << "only the second one was cancelled";
@@ -374,7 +382,7 @@ TYPED_TEST_P(DrawerContract, applyingFinishesTheOpenPainting)
     this->Apply(this->MakeSettings(0.5, "Looks", "a"));
     this->StartBlend("Looks");
     this->UpdateBlend(60);
-    const std::string painted = this->subject.GetShown();
+    const auto painted = this->subject.GetShown();
     this->Apply(this->MakeSettings(0.25, "Frames", "b"));
     this->UpdateBlend(200);
     this->Reset(this->drawer.GetPackageIndex("Frames"));
@@ -387,7 +395,7 @@ TYPED_TEST_P(DrawerContract, committingFinishesTheOpenPainting)
     this->StartBlend("Looks");
     this->UpdateBlend(60);
     this->Commit();
-    const std::string committed = this->subject.GetShown();
+    const auto committed = this->subject.GetShown();
     this->UpdateBlend(200);
     this->Finish(true);
     EXPECT_EQ(this->subject.GetShown(), committed);
@@ -395,7 +403,7 @@ TYPED_TEST_P(DrawerContract, committingFinishesTheOpenPainting)
 
 TYPED_TEST_P(DrawerContract, resettingTakesThePaintingAlong)
 {
-    const std::string before = this->subject.GetShown();
+    const auto before = this->subject.GetShown();
     this->Apply(this->MakeSettings(0.5, "Looks", "a"));
     this->StartBlend("Looks");
     this->UpdateBlend(60);
@@ -449,7 +457,7 @@ TYPED_TEST_P(DrawerContract, countsUnknownPreviewPoliciesAsTheDefaults)
 TYPED_TEST_P(DrawerContract, aPreviewChangesNothing)
 {
     this->Apply(this->MakeSettings(0.5, "Looks", "a"));
-    const std::string before = this->subject.GetShown();
+    const auto before = this->subject.GetShown();
     Zorvik::Proc::FrameTarget target;
     target.width = 12;
     target.height = 12;
@@ -473,7 +481,8 @@ REGISTER_TYPED_TEST_SUITE_P(
     DrawerContract, startsWithoutPackages, opensAPackageUnderTheNextFreeIndex,
     opensAPackageUnderAGivenFreeIndex, answersAnUnknownIndexWithADefaultMadePackage,
     answersNoIndexWithThePackageAppliedLast, replacesThePackageOfTheSameIndex,
-    replacesTheSamePackageNameWhenTheIndexIsNotOpen, presetsOfOnePanelNeverPileUp,
+    replacesTheSamePackageNameWhenTheIndexIsNotOpen,
+    withoutAnIndexThePackageThatIsReplacedByNameKeepsItsOwn, presetsOfOnePanelNeverPileUp,
     packagesOfOtherNamesStackUp, copiesWhatItIsGiven, doesNotFollowAnEffectThatChangesAfterwards,
     blendAmountOneIsTheFullEffectAndTheLastTheSource, committingClosesThePackagesAndKeepsThePicture,
     resettingTakesThePackageOff, resettingAnIndexThatIsNotOpenDoesNothing,

@@ -49,14 +49,15 @@ void PackageStack::Apply(const EffectsSettings& effects)
 {
     FinishPainting(false);
     Layer layer{effects, ++m_applications};
-    if (layer.effects.Package().GetIndex() == NoIndex)
-        layer.effects.Package().SetIndex(m_nextIndex);
-    const unsigned index = layer.effects.Package().GetIndex();
-    m_nextIndex = std::max(m_nextIndex, index + 1);
-
-    auto place = FindLayer(index);
+    auto place = FindLayer(effects.Package().GetIndex());
     if (place == m_layers.end())
-        place = FindTopmost(layer.effects.Package().GetPackageName());
+        place = FindTopmost(effects.Package().GetPackageName());
+
+    EffectsSettingsPackage& package = layer.effects.Package();
+    if (package.GetIndex() == NoIndex)
+        package.SetIndex(place == m_layers.end() ? m_nextIndex
+                                                 : place->effects.Package().GetIndex());
+    m_nextIndex = std::max(m_nextIndex, package.GetIndex() + 1);
     if (place == m_layers.end())
         m_layers.push_back(std::move(layer));
     else
