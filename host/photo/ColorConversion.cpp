@@ -1,18 +1,23 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photo/ColorConversion.h"
 
+#include "photo/MatrixShaper.h"
+
 #include "Zorvik/Exception.h"
 
 #include <boost/current_function.hpp>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <future>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <thread>
 
 #include <lcms2.h>
+#include <lcms2_plugin.h>
 
 namespace LumetraHost {
 namespace {
@@ -91,11 +96,72 @@ cmsUInt32Number GetSourceLayout(PixelMeaning meaning, cmsColorSpaceSignature spa
 Transform MakeTransform(const Profile& profile, cmsUInt32Number source, bool deep)
 {
     const Profile srgb(cmsCreate_sRGBProfile());
-    // The library's own short cuts for 16 bits go through a coarse table.
-    const cmsUInt32Number flags = Flags | (deep ? cmsFLAGS_NOOPTIMIZE : 0u);
-    return Transform(cmsCreateTransform(profile.get(), source, srgb.get(),
-                                        deep ? TYPE_RGBA_16 : TYPE_RGBA_8,
-                                        INTENT_RELATIVE_COLORIMETRIC, flags));
+    const bool gray = T_COLORSPACE(source) == PT_GRAY;
+    // The library's table for one channel is coarse; what it saves is not needed there.
+    const cmsUInt32Number precision = gray ? cmsFLAGS_NOOPTIMIZE : cmsFLAGS_HIGHRESPRECALC;
+    return Transform(
+        cmsCreateTransform(profile.get(), source, srgb.get(), deep ? TYPE_RGBA_16 : TYPE_RGBA_8,
+                           INTENT_RELATIVE_COLORIMETRIC, Flags | (deep ? precision : 0u)));
+}
+
+/// The columns are the primaries' colours; false when the profile does not have them.
+bool ReadPrimaries(const Profile& profile, cmsMAT3& matrix)
+{
+    constexpr cmsTagSignature tags[] = {cmsSigRedColorantTag, cmsSigGreenColorantTag,
+                                        cmsSigBlueColorantTag};
+    for (int column = 0; column < ColorChannels; ++column) {
+        const auto* const color =
+            static_cast<const cmsCIEXYZ*>(cmsReadTag(profile.get(), tags[column]));
+        if (!color)
+            return false;
+        matrix.v[0].n[column] = color->X;
+        matrix.v[1].n[column] = color->Y;
+        matrix.v[2].n[column] = color->Z;
+    }
+    return true;
+}
+
+std::optional<std::array<std::vector<float>, 3>> SampleCurves(const Profile& profile, int count)
+{
+    constexpr cmsTagSignature tags[] = {cmsSigRedTRCTag, cmsSigGreenTRCTag, cmsSigBlueTRCTag};
+    std::array<std::vector<float>, 3> curves;
+    for (std::size_t channel = 0; channel < curves.size(); ++channel) {
+        const auto* const curve =
+            static_cast<const cmsToneCurve*>(cmsReadTag(profile.get(), tags[channel]));
+        if (!curve)
+            return std::nullopt;
+        for (int i = 0; i < count; ++i)
+            curves[channel].push_back(cmsEvalToneCurveFloat(
+                curve, static_cast<float>(i) / static_cast<float>(count - 1)));
+    }
+    return curves;
+}
+
+/// Nothing for profiles that go by tables, or whose primaries do not span a space.
+std::optional<MatrixShaper> MakeMatrixShaper(const Profile& profile, bool deep)
+{
+    cmsMAT3 source;
+    cmsMAT3 target;
+    cmsMAT3 inverse;
+    cmsMAT3 product;
+    const bool tables = cmsIsTag(profile.get(), cmsSigAToB0Tag) ||
+                        cmsIsTag(profile.get(), cmsSigAToB1Tag) ||
+                        cmsIsTag(profile.get(), cmsSigDToB1Tag);
+    const bool shaper = cmsGetColorSpace(profile.get()) == cmsSigRgbData && !tables &&
+                        cmsGetPCS(profile.get()) == cmsSigXYZData;
+    if (!shaper || !ReadPrimaries(profile, source))
+        return std::nullopt;
+    const Profile srgb(cmsCreate_sRGBProfile());
+    auto curves = SampleCurves(profile, deep ? 65536 : 256);
+    if (!curves || !ReadPrimaries(srgb, target) || !_cmsMAT3inverse(&target, &inverse))
+        return std::nullopt;
+    _cmsMAT3per(&product, &inverse, &source);
+    MatrixShaper::Matrix toSrgb;
+    for (std::size_t row = 0; row < 3; ++row) {
+        for (std::size_t column = 0; column < 3; ++column)
+            toSrgb[row][column] = product.v[row].n[column];
+    }
+    return MatrixShaper(std::move(*curves), toSrgb);
 }
 
 /// True when no 8-bit colour of a grid moves by more than one step.
@@ -137,13 +203,26 @@ void ForBands(int height, const Work& work)
 }
 
 /// In place: source and target pixels have the same size, and what is no colour is left alone.
-void Apply(const Transform& transform, Image& pixels)
+/// False when the profile does not allow it.
+bool ConvertColors(Image& pixels, const Profile& profile, cmsUInt32Number layout)
 {
+    if (layout == 0)
+        return false;
+    const bool deep = pixels.GetDepth() == Image::Depth::Bits16;
+    if (const auto shaper = MakeMatrixShaper(profile, deep)) {
+        ForBands(pixels.GetHeight(),
+                 [&](int first, int last) { shaper->Convert(pixels, first, last); });
+        return true;
+    }
+    const Transform transform = MakeTransform(profile, layout, deep);
+    if (!transform)
+        return false;
     ForBands(pixels.GetHeight(), [&](int first, int last) {
         for (int y = first; y < last; ++y)
             cmsDoTransform(transform.get(), pixels.Row(y), pixels.Row(y),
                            static_cast<cmsUInt32Number>(pixels.GetWidth()));
     });
+    return true;
 }
 
 template <class Value, class Change>
@@ -208,13 +287,11 @@ QByteArray ColorConversion::ToSrgb(DecodedPhoto& photo, std::vector<std::string>
         profile ? GetSourceLayout(photo.meaning, cmsGetColorSpace(profile.get()), deep) : 0;
     if (layout != 0 && ActsAsSrgb(profile))
         return photo.iccProfile;
-    const Transform transform = layout != 0 ? MakeTransform(profile, layout, deep) : nullptr;
-    if (!transform) {
+    if (!ConvertColors(photo.pixels, profile, layout)) {
         warnings.push_back("the embedded colour profile is damaged or belongs to another kind of "
                            "picture; the colours are taken as they are");
         return ConvertPlain(photo);
     }
-    Apply(transform, photo.pixels);
     if (IsCmyk(photo.meaning))
         MakeOpaque(photo.pixels);
     return GetSrgbProfile();
