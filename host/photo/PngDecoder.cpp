@@ -54,6 +54,7 @@ private:
     const std::string& m_name;
     std::size_t m_position = 0;
     bool m_truncated = false;
+    bool m_gray = false;
     png_structp m_png = nullptr;
     png_infop m_info = nullptr;
     std::jmp_buf m_jump;
@@ -119,6 +120,7 @@ void Decoding::ReadHeader()
     Guard([this] {
         png_set_read_fn(m_png, this, OnRead);
         png_read_info(m_png, m_info);
+        m_gray = (png_get_color_type(m_png, m_info) & PNG_COLOR_MASK_COLOR) == 0;
         png_set_expand(m_png);
         png_set_gray_to_rgb(m_png);
         png_set_add_alpha(m_png, 0xFFFF, PNG_FILLER_AFTER);
@@ -166,6 +168,7 @@ DecodedPhoto Decoding::Run()
     Create();
     ReadHeader();
     DecodedPhoto photo;
+    photo.meaning = m_gray ? PixelMeaning::Gray : PixelMeaning::Rgb;
     const bool deep = png_get_bit_depth(m_png, m_info) == 16;
     photo.pixels =
         Image::AllocateUninitialised(static_cast<int>(png_get_image_width(m_png, m_info)),
