@@ -96,12 +96,9 @@ cmsUInt32Number GetSourceLayout(PixelMeaning meaning, cmsColorSpaceSignature spa
 Transform MakeTransform(const Profile& profile, cmsUInt32Number source, bool deep)
 {
     const Profile srgb(cmsCreate_sRGBProfile());
-    const bool gray = T_COLORSPACE(source) == PT_GRAY;
-    // The library's table for one channel is coarse; what it saves is not needed there.
-    const cmsUInt32Number precision = gray ? cmsFLAGS_NOOPTIMIZE : cmsFLAGS_HIGHRESPRECALC;
-    return Transform(
-        cmsCreateTransform(profile.get(), source, srgb.get(), deep ? TYPE_RGBA_16 : TYPE_RGBA_8,
-                           INTENT_RELATIVE_COLORIMETRIC, Flags | (deep ? precision : 0u)));
+    return Transform(cmsCreateTransform(
+        profile.get(), source, srgb.get(), deep ? TYPE_RGBA_16 : TYPE_RGBA_8,
+        INTENT_RELATIVE_COLORIMETRIC, Flags | (deep ? cmsFLAGS_HIGHRESPRECALC : 0u)));
 }
 
 /// The columns are the primaries' colours; false when the profile does not have them.
@@ -121,10 +118,13 @@ bool ReadPrimaries(const Profile& profile, cmsMAT3& matrix)
     return true;
 }
 
-std::optional<std::array<std::vector<float>, 3>> SampleCurves(const Profile& profile, int count)
+using Curves = std::array<std::vector<float>, 3>;
+
+/// One tag for each channel.
+std::optional<Curves> SampleCurves(const Profile& profile,
+                                   const std::array<cmsTagSignature, 3>& tags, int count)
 {
-    constexpr cmsTagSignature tags[] = {cmsSigRedTRCTag, cmsSigGreenTRCTag, cmsSigBlueTRCTag};
-    std::array<std::vector<float>, 3> curves;
+    Curves curves;
     for (std::size_t channel = 0; channel < curves.size(); ++channel) {
         const auto* const curve =
             static_cast<const cmsToneCurve*>(cmsReadTag(profile.get(), tags[channel]));
@@ -137,31 +137,45 @@ std::optional<std::array<std::vector<float>, 3>> SampleCurves(const Profile& pro
     return curves;
 }
 
-/// Nothing for profiles that go by tables, or whose primaries do not span a space.
-std::optional<MatrixShaper> MakeMatrixShaper(const Profile& profile, bool deep)
+/// From the profile's linear colours to those of sRGB, by way of the connection space.
+std::optional<MatrixShaper::Matrix> MakeMatrix(const Profile& profile)
 {
     cmsMAT3 source;
     cmsMAT3 target;
     cmsMAT3 inverse;
     cmsMAT3 product;
+    const Profile srgb(cmsCreate_sRGBProfile());
+    if (!ReadPrimaries(profile, source) || !ReadPrimaries(srgb, target) ||
+        !_cmsMAT3inverse(&target, &inverse))
+        return std::nullopt;
+    _cmsMAT3per(&product, &inverse, &source);
+    MatrixShaper::Matrix matrix;
+    for (std::size_t row = 0; row < 3; ++row) {
+        for (std::size_t column = 0; column < 3; ++column)
+            matrix[row][column] = product.v[row].n[column];
+    }
+    return matrix;
+}
+
+/// Nothing for profiles that go by tables.
+std::optional<MatrixShaper> MakeMatrixShaper(const Profile& profile, bool deep)
+{
     const bool tables = cmsIsTag(profile.get(), cmsSigAToB0Tag) ||
                         cmsIsTag(profile.get(), cmsSigAToB1Tag) ||
                         cmsIsTag(profile.get(), cmsSigDToB1Tag);
-    const bool shaper = cmsGetColorSpace(profile.get()) == cmsSigRgbData && !tables &&
-                        cmsGetPCS(profile.get()) == cmsSigXYZData;
-    if (!shaper || !ReadPrimaries(profile, source))
+    if (tables || cmsGetPCS(profile.get()) != cmsSigXYZData)
         return std::nullopt;
-    const Profile srgb(cmsCreate_sRGBProfile());
-    auto curves = SampleCurves(profile, deep ? 65536 : 256);
-    if (!curves || !ReadPrimaries(srgb, target) || !_cmsMAT3inverse(&target, &inverse))
+    const bool gray = cmsGetColorSpace(profile.get()) == cmsSigGrayData;
+    constexpr MatrixShaper::Matrix identity{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
+    const auto matrix = gray ? identity : MakeMatrix(profile);
+    auto curves =
+        gray ? SampleCurves(profile, {cmsSigGrayTRCTag, cmsSigGrayTRCTag, cmsSigGrayTRCTag},
+                            deep ? 65536 : 256)
+             : SampleCurves(profile, {cmsSigRedTRCTag, cmsSigGreenTRCTag, cmsSigBlueTRCTag},
+                            deep ? 65536 : 256);
+    if (!matrix || !curves)
         return std::nullopt;
-    _cmsMAT3per(&product, &inverse, &source);
-    MatrixShaper::Matrix toSrgb;
-    for (std::size_t row = 0; row < 3; ++row) {
-        for (std::size_t column = 0; column < 3; ++column)
-            toSrgb[row][column] = product.v[row].n[column];
-    }
-    return MatrixShaper(std::move(*curves), toSrgb);
+    return MatrixShaper(std::move(*curves), *matrix);
 }
 
 /// True when no 8-bit colour of a grid moves by more than one step.

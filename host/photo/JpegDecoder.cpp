@@ -123,6 +123,9 @@ void Decompression::Guard(const Step& step)
 
 void Decompression::Throw() const
 {
+    // The library has limits of its own, and says them in its own words.
+    if (m_error.code == JERR_IMAGE_TOO_BIG || m_error.code == JERR_EMPTY_IMAGE)
+        PhotoLimits::Check(m_name, m_info.image_width, m_info.image_height);
     std::string text = m_name + ": ";
     if (MeansTruncated(m_error.code)) {
         text += "the file ends before its picture does: expected ";

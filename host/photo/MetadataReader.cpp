@@ -57,6 +57,17 @@ void ReadExif(Exiv2::ExifData tags, Exiv2::ByteOrder order, MetadataReader::Resu
                            " EXIF fields are too large and are left out");
 }
 
+/// As it stands in the file; of formats that deliver the properties alone, a packet made of them.
+QByteArray GetXmpPacket(Exiv2::Image& file)
+{
+    file.writeXmpFromPacket(true);
+    const QByteArray packet = QByteArray::fromStdString(file.xmpPacket());
+    if (!packet.isEmpty())
+        return packet;
+    file.writeXmpFromPacket(false);
+    return QByteArray::fromStdString(file.xmpPacket());
+}
+
 void ReadFile(const Bytes& content, bool withExif, std::vector<std::string>& warnings,
               MetadataReader::Result& result)
 {
@@ -67,7 +78,7 @@ void ReadFile(const Bytes& content, bool withExif, std::vector<std::string>& war
             [&] { ReadExif(file->exifData(), file->byteOrder(), result, warnings); });
     Try("IPTC data", warnings,
         [&] { result.metadata.iptc = MetadataTags::EncodeIptc(file->iptcData()); });
-    result.metadata.xmp = QByteArray::fromStdString(file->xmpPacket());
+    result.metadata.xmp = GetXmpPacket(*file);
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include <exception>
 
 #include <exiv2/error.hpp>
+#include <zlib.h>
 
 namespace LumetraHost {
 namespace {
@@ -25,11 +26,26 @@ auto Run(const std::string& name, const Work& work)
     }
 }
 
+std::optional<MetadataWriter::Resolution> ReadResolution(const Exiv2::ExifData& tags)
+{
+    const auto x = tags.findKey(Exiv2::ExifKey("Exif.Image.XResolution"));
+    const auto y = tags.findKey(Exiv2::ExifKey("Exif.Image.YResolution"));
+    const auto unit = tags.findKey(Exiv2::ExifKey("Exif.Image.ResolutionUnit"));
+    if (x == tags.end() || y == tags.end() || !(x->toFloat() > 0) || !(y->toFloat() > 0))
+        return std::nullopt;
+    constexpr long centimetre = 3;
+    MetadataWriter::Resolution resolution;
+    resolution.x = static_cast<double>(x->toFloat());
+    resolution.y = static_cast<double>(y->toFloat());
+    resolution.perCentimetre = unit != tags.end() && unit->toLong() == centimetre;
+    return resolution;
+}
+
 Bytes WriteBlocks(const Bytes& encoded, bool withExif, const PhotoMetadata& metadata)
 {
     const auto file = Exiv2::ImageFactory::open(encoded.data(), static_cast<long>(encoded.size()));
     file->readMetadata();
-    if (withExif && !metadata.exif.isEmpty()) {
+    if (withExif) {
         Exiv2::ExifData tags;
         file->setByteOrder(MetadataTags::DecodeExif(metadata.exif, tags));
         // Beside the tags that a TIFF file needs for its pixels.
@@ -51,6 +67,27 @@ Bytes WriteBlocks(const Bytes& encoded, bool withExif, const PhotoMetadata& meta
     return Bytes(data, data + io.size());
 }
 
+void AppendBigEndian(Bytes& bytes, std::uint32_t value)
+{
+    for (int shift = 24; shift >= 0; shift -= 8)
+        bytes.push_back(static_cast<std::uint8_t>(value >> shift));
+}
+
+/// Behind the header chunk, which comes first in every PNG file.
+void InsertExifChunk(Bytes& png, const QByteArray& exif)
+{
+    constexpr std::ptrdiff_t headerEnd = 33;
+    constexpr std::size_t lengthSize = 4;
+    Bytes chunk;
+    AppendBigEndian(chunk, static_cast<std::uint32_t>(exif.size()));
+    chunk.insert(chunk.end(), {'e', 'X', 'I', 'f'});
+    chunk.insert(chunk.end(), exif.begin(), exif.end());
+    const auto checked = static_cast<uInt>(chunk.size() - lengthSize);
+    AppendBigEndian(chunk,
+                    static_cast<std::uint32_t>(crc32(0, chunk.data() + lengthSize, checked)));
+    png.insert(png.begin() + headerEnd, chunk.begin(), chunk.end());
+}
+
 } // namespace
 
 PhotoMetadata MetadataWriter::Normalise(const PhotoMetadata& metadata, int width, int height,
@@ -70,14 +107,33 @@ PhotoMetadata MetadataWriter::Normalise(const PhotoMetadata& metadata, int width
     });
 }
 
+std::optional<MetadataWriter::Resolution>
+MetadataWriter::GetResolution(const PhotoMetadata& metadata, const std::string& name)
+{
+    if (metadata.exif.isEmpty())
+        return std::nullopt;
+    MetadataTags::Initialise();
+    return Run(name, [&] {
+        Exiv2::ExifData tags;
+        MetadataTags::DecodeExif(metadata.exif, tags);
+        return ReadResolution(tags);
+    });
+}
+
 Bytes MetadataWriter::Embed(Bytes encoded, PhotoFormat format, const PhotoMetadata& metadata,
                             const std::string& name)
 {
-    const bool withExif = format != PhotoFormat::Png;
-    if (metadata.xmp.isEmpty() && metadata.iptc.isEmpty() && (metadata.exif.isEmpty() || !withExif))
-        return encoded;
     MetadataTags::Initialise();
-    return Run(name, [&] { return WriteBlocks(encoded, withExif, metadata); });
+    return Run(name, [&] {
+        // The metadata library would hide the block in a text chunk that few programs read.
+        const bool ownExif = format == PhotoFormat::Png;
+        const bool hasExif = !metadata.exif.isEmpty();
+        if (!metadata.xmp.isEmpty() || !metadata.iptc.isEmpty() || (hasExif && !ownExif))
+            encoded = WriteBlocks(encoded, hasExif && !ownExif, metadata);
+        if (hasExif && ownExif)
+            InsertExifChunk(encoded, metadata.exif);
+        return std::move(encoded);
+    });
 }
 
 } // namespace LumetraHost

@@ -4,6 +4,7 @@
 #include "photo/PhotoFormat.h"
 #include "photo/PhotoMetadata.h"
 
+#include <optional>
 #include <string>
 
 namespace LumetraHost {
@@ -17,7 +18,18 @@ public:
     static PhotoMetadata Normalise(const PhotoMetadata& metadata, int width, int height,
                                    const std::string& name);
 
-    /// Returns `encoded` with the blocks in it. PNG files carry their EXIF block already; it stays.
+    /// Pixels per length on paper.
+    struct Resolution
+    {
+        double x = 0;
+        double y = 0;
+        bool perCentimetre = false; ///< else per inch
+    };
+    /// What the EXIF block says of it; nothing where it says nothing. Errors as above.
+    static std::optional<Resolution> GetResolution(const PhotoMetadata& metadata,
+                                                   const std::string& name);
+
+    /// Returns `encoded`, which has no such blocks yet, with the blocks in it.
     /// Zorvik::Exception when a block does not fit the format (JPEG: 64 kB for each).
     static Bytes Embed(Bytes encoded, PhotoFormat format, const PhotoMetadata& metadata,
                        const std::string& name);

@@ -30,9 +30,9 @@ Bytes EncodePixels(const Photo& photo, PhotoFormat format, int quality,
     case PhotoFormat::Jpeg:
         return JpegEncoder::Encode(photo.image, quality, metadata.iccProfile, name);
     case PhotoFormat::Png:
-        return PngEncoder::Encode(photo.image, metadata, name);
+        return PngEncoder::Encode(photo.image, metadata.iccProfile, name);
     case PhotoFormat::Tiff:
-        return TiffEncoder::Encode(photo.image, metadata.iccProfile, name);
+        return TiffEncoder::Encode(photo.image, metadata, name);
     }
     Fail(name, "unknown format");
 }

@@ -36,7 +36,7 @@ public:
     Encoding& operator=(const Encoding&) = delete;
     ~Encoding() { png_destroy_write_struct(&m_png, &m_info); }
 
-    Bytes Run(const PhotoMetadata& metadata);
+    Bytes Run(const QByteArray& iccProfile);
 
 private:
     static void OnError(png_structp png, png_const_charp text);
@@ -50,7 +50,6 @@ private:
     void Create();
     void WriteHeader();
     void WriteProfile(const QByteArray& profile);
-    void WriteExif(QByteArray exif);
     void WriteRows();
 
     const Image& m_image;
@@ -137,15 +136,6 @@ void Encoding::WriteProfile(const QByteArray& profile)
     });
 }
 
-void Encoding::WriteExif(QByteArray exif)
-{
-    if (exif.isEmpty())
-        return;
-    auto* const data = reinterpret_cast<png_bytep>(exif.data());
-    const auto size = static_cast<png_uint_32>(exif.size());
-    Guard([this, data, size] { png_set_eXIf_1(m_png, m_info, size, data); });
-}
-
 void Encoding::WriteRows()
 {
     Bytes row(m_opaque
@@ -164,21 +154,20 @@ void Encoding::WriteRows()
     });
 }
 
-Bytes Encoding::Run(const PhotoMetadata& metadata)
+Bytes Encoding::Run(const QByteArray& iccProfile)
 {
     Create();
     WriteHeader();
-    WriteProfile(metadata.iccProfile);
-    WriteExif(metadata.exif);
+    WriteProfile(iccProfile);
     WriteRows();
     return std::move(m_target);
 }
 
 } // namespace
 
-Bytes PngEncoder::Encode(const Image& image, const PhotoMetadata& metadata, const std::string& name)
+Bytes PngEncoder::Encode(const Image& image, const QByteArray& iccProfile, const std::string& name)
 {
-    return Encoding(image, name).Run(metadata);
+    return Encoding(image, name).Run(iccProfile);
 }
 
 } // namespace LumetraHost

@@ -3,19 +3,20 @@
 
 #include "photo/Image.h"
 #include "photo/PhotoFormat.h"
-#include "photo/PhotoMetadata.h"
+
+#include <QByteArray>
 
 #include <string>
 
 namespace LumetraHost {
 
-/// Encodes PNG with the picture's own depth, with alpha where the picture is not opaque. Writes the
-/// colour profile and the EXIF block; the other metadata are not its matter.
+/// Encodes PNG with the picture's own depth, with alpha where the picture is not opaque. Metadata
+/// other than the colour profile are not its matter.
 class PngEncoder
 {
 public:
     /// `name` begins the text of every Zorvik::Exception.
-    static Bytes Encode(const Image& image, const PhotoMetadata& metadata, const std::string& name);
+    static Bytes Encode(const Image& image, const QByteArray& iccProfile, const std::string& name);
 };
 
 } // namespace LumetraHost

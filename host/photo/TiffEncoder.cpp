@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photo/TiffEncoder.h"
 
+#include "photo/MetadataWriter.h"
 #include "photo/RowWriter.h"
 #include "photo/TiffStream.h"
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 
 #include <tiffio.h>
 
@@ -57,6 +59,16 @@ void WriteTags(TIFF* tiff, const Image& image, const StripLayout& layout,
                      iccProfile.constData());
 }
 
+void WriteResolution(TIFF* tiff, const std::optional<MetadataWriter::Resolution>& resolution)
+{
+    if (!resolution)
+        return;
+    TIFFSetField(tiff, TIFFTAG_XRESOLUTION, resolution->x);
+    TIFFSetField(tiff, TIFFTAG_YRESOLUTION, resolution->y);
+    TIFFSetField(tiff, TIFFTAG_RESOLUTIONUNIT,
+                 resolution->perCentimetre ? RESUNIT_CENTIMETER : RESUNIT_INCH);
+}
+
 void CopyRow(const Image& image, int y, const StripLayout& layout, std::uint8_t* target)
 {
     if (layout.opaque)
@@ -67,11 +79,13 @@ void CopyRow(const Image& image, int y, const StripLayout& layout, std::uint8_t*
 
 } // namespace
 
-Bytes TiffEncoder::Encode(const Image& image, const QByteArray& iccProfile, const std::string& name)
+Bytes TiffEncoder::Encode(const Image& image, const PhotoMetadata& metadata,
+                          const std::string& name)
 {
     TiffStream stream(name);
     const StripLayout layout = ChooseLayout(image);
-    WriteTags(stream.Get(), image, layout, iccProfile);
+    WriteTags(stream.Get(), image, layout, metadata.iccProfile);
+    WriteResolution(stream.Get(), MetadataWriter::GetResolution(metadata, name));
     // The library changes the strip in place, so every strip is copied afresh.
     Bytes strip(layout.rowSize * static_cast<std::size_t>(layout.rowsPerStrip));
     std::uint32_t index = 0;

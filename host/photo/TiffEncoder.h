@@ -3,21 +3,21 @@
 
 #include "photo/Image.h"
 #include "photo/PhotoFormat.h"
-
-#include <QByteArray>
+#include "photo/PhotoMetadata.h"
 
 #include <string>
 
 namespace LumetraHost {
 
 /// Encodes TIFF with the picture's own depth, with straight alpha where the picture is not opaque,
-/// compressed without loss (deflate after a horizontal predictor). Metadata other than the colour
-/// profile are not its matter. Files above 4 GB are refused, as the format ends there.
+/// compressed without loss (deflate after a horizontal predictor). Of the metadata it writes the
+/// colour profile and the resolution, which belong to the picture's own directory. Files above 4 GB
+/// are refused, as the format ends there.
 class TiffEncoder
 {
 public:
     /// `name` begins the text of every Zorvik::Exception.
-    static Bytes Encode(const Image& image, const QByteArray& iccProfile, const std::string& name);
+    static Bytes Encode(const Image& image, const PhotoMetadata& metadata, const std::string& name);
 };
 
 } // namespace LumetraHost

@@ -71,8 +71,8 @@ TEST_P(ImageOrientationTest, pixelsKeepTheirChannelsAtSizesBeyondOneBlock)
 }
 
 INSTANTIATE_TEST_SUITE_P(AllOrientations, ImageOrientationTest, testing::ValuesIn(Cases),
-                         [](const auto& info) {
-                             return "orientation" + std::to_string(info.param.orientation);
+                         [](const auto& test) {
+                             return "orientation" + std::to_string(test.param.orientation);
                          });
 
 TEST(ImageOrientation, unknownNumbersLeaveThePictureAsItIs)

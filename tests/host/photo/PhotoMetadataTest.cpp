@@ -20,6 +20,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Key;
 using testing::Pair;
+using testing::SizeIs;
 
 namespace {
 
@@ -55,7 +56,9 @@ void FillCameraTags(Exiv2::ExifData& exif)
 {
     exif["Exif.Image.Make"] = "Lumetra Works";
     exif["Exif.Image.Model"] = "Model 7";
-    exif["Exif.Image.XResolution"] = Exiv2::Rational(300, 1);
+    exif["Exif.Image.XResolution"] = Exiv2::URational(300, 1);
+    exif["Exif.Image.YResolution"] = Exiv2::URational(300, 1);
+    exif["Exif.Image.ResolutionUnit"] = std::uint16_t(2);
     exif["Exif.Image.Copyright"] = "A. Photographer";
     exif["Exif.Photo.DateTimeOriginal"] = "2021:06:05 14:13:12";
     exif["Exif.Photo.ExposureTime"] = Exiv2::Rational(1, 250);
@@ -105,7 +108,16 @@ Tags DescribeTags(const Bytes& content)
     return tags;
 }
 
-/// The names of the tags of `group` alone.
+/// How often each tag stands in the file.
+std::map<std::string, int> CountTags(const Bytes& content)
+{
+    const auto file = Open(content);
+    std::map<std::string, int> counts;
+    for (const auto& tag : file->exifData())
+        ++counts[tag.key()];
+    return counts;
+}
+
 Tags OnlyThumbnail(const Tags& tags)
 {
     Tags found;
@@ -179,9 +191,9 @@ TEST_P(MetadataBetweenFormatsTest, pixelsAreTheSameWithAndWithoutMetadata)
 
 INSTANTIATE_TEST_SUITE_P(Formats, MetadataBetweenFormatsTest,
                          testing::Combine(testing::ValuesIn(Formats), testing::ValuesIn(Formats)),
-                         [](const auto& info) {
-                             return NameOf(std::get<0>(info.param)) + "To" +
-                                    NameOf(std::get<1>(info.param));
+                         [](const auto& test) {
+                             return NameOf(std::get<0>(test.param)) + "To" +
+                                    NameOf(std::get<1>(test.param));
                          });
 
 TEST_P(PhotoMetadataTest, orientationOfTheFileIsApplied)
@@ -221,17 +233,33 @@ TEST_P(PhotoMetadataTest, thumbnailIsDropped)
     EXPECT_THAT(
         OnlyThumbnail(DescribeTags(PhotoWriter::Encode(photo, PhotoFormat::Jpeg, {}, "written"))),
         IsEmpty());
-    if (GetParam() == PhotoFormat::Jpeg)
+    if (GetParam() == PhotoFormat::Jpeg) {
         EXPECT_THAT(OnlyThumbnail(DescribeTags(stored)),
                     Contains(Key("Exif.Thumbnail.JPEGInterchangeFormat")));
+    }
 }
 
 TEST_P(PhotoMetadataTest, photoWithoutMetadataGetsNone)
 {
     const Photo photo = PhotoReader::Decode(EncodePlain(MakeGradient(48, 32), GetParam()), "photo");
 
-    EXPECT_TRUE(photo.metadata.IsEmpty());
+    // A TIFF file's own directory is its EXIF block: the orientation is there in any case.
+    if (GetParam() != PhotoFormat::Tiff) {
+        EXPECT_TRUE(photo.metadata.exif.isEmpty());
+    }
+    EXPECT_TRUE(photo.metadata.xmp.isEmpty());
+    EXPECT_TRUE(photo.metadata.iptc.isEmpty());
+    EXPECT_TRUE(photo.metadata.iccProfile.isEmpty());
     EXPECT_THAT(photo.warnings, IsEmpty());
+}
+
+TEST_P(PhotoMetadataTest, everyTagIsWrittenOnce)
+{
+    const Photo photo = PhotoReader::Decode(
+        AddMetadata(EncodePlain(MakeGradient(48, 32), PhotoFormat::Jpeg), 1), "stored");
+
+    for (const auto& count : CountTags(PhotoWriter::Encode(photo, GetParam(), {}, "written")))
+        EXPECT_EQ(count.second, 1) << count.first;
 }
 
 TEST_P(PhotoMetadataTest, newSizeIsWritten)
@@ -247,7 +275,7 @@ TEST_P(PhotoMetadataTest, newSizeIsWritten)
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, PhotoMetadataTest, testing::ValuesIn(Formats),
-                         [](const auto& info) { return NameOf(info.param); });
+                         [](const auto& test) { return NameOf(test.param); });
 
 TEST(PhotoMetadata, untouchedXmpPacketIsKeptByteForByte)
 {
@@ -261,10 +289,13 @@ TEST(PhotoMetadata, untouchedXmpPacketIsKeptByteForByte)
     photo.image = MakeGradient(8, 8);
     photo.metadata.xmp = packet;
 
-    for (const PhotoFormat format : Formats) {
+    for (const PhotoFormat format : {PhotoFormat::Jpeg, PhotoFormat::Png}) {
         const Bytes written = PhotoWriter::Encode(photo, format, {}, "written");
         EXPECT_EQ(PhotoReader::Decode(written, "written").metadata.xmp, packet) << NameOf(format);
     }
+    // In TIFF files the packet is made anew of the same properties.
+    EXPECT_THAT(DescribeTags(PhotoWriter::Encode(photo, PhotoFormat::Tiff, {}, "written")),
+                Contains(Pair("Xmp.my.note", "kept  as it is")));
 }
 
 TEST(PhotoMetadata, damagedExifIsLeftOutWithAWarning)
@@ -281,6 +312,8 @@ TEST(PhotoMetadata, damagedExifIsLeftOutWithAWarning)
 
     EXPECT_TRUE(HaveSamePixels(read.image, photo.image));
     EXPECT_TRUE(read.metadata.exif.isEmpty());
+    ASSERT_THAT(read.warnings, SizeIs(1));
+    EXPECT_THAT(read.warnings[0], HasSubstr("cannot be read and are left out"));
 }
 
 TEST(PhotoMetadata, blockThatJpegCannotHoldIsAnError)

@@ -85,17 +85,6 @@ std::string ErrorOfDecoding(const Bytes& content)
     return ErrorOf([&] { PhotoReader::Decode(content, "photo"); });
 }
 
-std::uint32_t Crc(const Bytes& bytes, std::size_t begin, std::size_t end)
-{
-    std::uint32_t crc = 0xFFFFFFFF;
-    for (std::size_t i = begin; i < end; ++i) {
-        crc ^= bytes[i];
-        for (int bit = 0; bit < 8; ++bit)
-            crc = (crc >> 1) ^ (crc & 1 ? 0xEDB88320 : 0);
-    }
-    return ~crc;
-}
-
 /// A sound file whose header claims another size.
 Bytes MakePngOfSize(std::uint32_t width, std::uint32_t height)
 {
@@ -289,8 +278,8 @@ TEST_P(AnyFormatTest, damagedFilesNeverCrash)
 
 INSTANTIATE_TEST_SUITE_P(Formats, AnyFormatTest,
                          testing::Values(PhotoFormat::Jpeg, PhotoFormat::Png, PhotoFormat::Tiff),
-                         [](const auto& info) {
-                             return "format" + std::to_string(static_cast<int>(info.param));
+                         [](const auto& test) {
+                             return "format" + std::to_string(static_cast<int>(test.param));
                          });
 
 TEST(PhotoReader, truncatedJpegIsToldByRows)
@@ -323,10 +312,13 @@ TEST(PhotoReader, everyDamageInPngPixelsIsNoticed)
 
 TEST(PhotoReader, pictureBombsAreRefusedByTheirHeaders)
 {
-    const Bytes bombs[] = {MakePngOfSize(60'000, 60'000),         MakePngOfSize(65'501, 1),
-                           MakePngOfSize(0x7FFFFFFF, 0x7FFFFFFF), MakeJpegOfSize(65'535, 65'535),
-                           MakeJpegOfSize(50'000, 50'000),        MakeTiffOfSize(100'000, 100'000),
-                           MakeTiffOfSize(0xFFFFFFFF, 0xFFFFFFFF)};
+    const Bytes bombs[] = {MakePngOfSize(60'000, 60'000),
+                           MakePngOfSize(65'501, 1),
+                           MakePngOfSize(0x7FFFFFFF, 0x7FFFFFFF),
+                           MakeJpegOfSize(65'535, 65'535),
+                           MakeJpegOfSize(50'000, 50'000),
+                           MakeTiffOfSize(100'000, 100'000),
+                           MakeTiffOfSize(65'501, 1)};
     for (const Bytes& bomb : bombs) {
         largestAllocation = 0;
 
@@ -338,9 +330,10 @@ TEST(PhotoReader, pictureBombsAreRefusedByTheirHeaders)
 TEST(PhotoReader, picturesOfNoSizeAreRefused)
 {
     EXPECT_THAT(ErrorOfDecoding(MakePngOfSize(0, 5)), HasSubstr("0 x 5 pixels: expected 1 to"));
-    EXPECT_THAT(ErrorOfDecoding(MakeTiffOfSize(5, 0)), HasSubstr("5 x 0 pixels: expected 1 to"));
-    EXPECT_NE(ErrorOfDecoding(MakeJpegOfSize(5, 0)), "no error");
-    EXPECT_NE(ErrorOfDecoding(MakeJpegOfSize(0, 5)), "no error");
+    EXPECT_THAT(ErrorOfDecoding(MakeTiffOfSize(0, 5)), HasSubstr("header cannot be read"));
+    EXPECT_THAT(ErrorOfDecoding(MakeTiffOfSize(5, 0)), HasSubstr("header cannot be read"));
+    EXPECT_THAT(ErrorOfDecoding(MakeJpegOfSize(5, 0)), HasSubstr("5 x 0 pixels: expected 1 to"));
+    EXPECT_THAT(ErrorOfDecoding(MakeJpegOfSize(0, 5)), HasSubstr("0 x 5 pixels: expected 1 to"));
 }
 
 TEST(PhotoReader, headerThatClaimsMoreThanTheFileHoldsIsAnError)

@@ -11,6 +11,7 @@
 
 #include <gmock/gmock.h>
 
+#include <cstring>
 #include <thread>
 
 using namespace LumetraHost;
@@ -39,6 +40,13 @@ using Lossless = std::tuple<const char*, Image::Depth, Alpha>;
 struct LosslessRoundTripTest : PhotoRoundTripTest, testing::WithParamInterface<Lossless>
 {
 };
+
+std::string NameOf(const Lossless& parameters)
+{
+    const auto& [name, depth, alpha] = parameters;
+    return std::string(name).substr(2) + (depth == Image::Depth::Bits16 ? "16" : "8") +
+           (alpha == Alpha::Varying ? "WithAlpha" : "Opaque");
+}
 
 Bytes EncodeJpeg(const Image& image, int quality)
 {
@@ -76,12 +84,7 @@ INSTANTIATE_TEST_SUITE_P(Formats, LosslessRoundTripTest,
                                           testing::Values(Image::Depth::Bits8,
                                                           Image::Depth::Bits16),
                                           testing::Values(Alpha::Opaque, Alpha::Varying)),
-                         [](const auto& info) {
-                             const auto& [name, depth, alpha] = info.param;
-                             return std::string(name).substr(2) +
-                                    (depth == Image::Depth::Bits16 ? "16" : "8") +
-                                    (alpha == Alpha::Varying ? "WithAlpha" : "Opaque");
-                         });
+                         [](const auto& test) { return NameOf(test.param); });
 
 TEST_F(PhotoRoundTripTest, singlePixelComesBackInEveryFormat)
 {

@@ -117,6 +117,17 @@ Bytes ReadFile(const QString& path)
     return file.open(QIODevice::ReadOnly) ? ToBytes(file.readAll()) : Bytes();
 }
 
+std::uint32_t Crc(const Bytes& bytes, std::size_t begin, std::size_t end)
+{
+    std::uint32_t crc = 0xFFFFFFFF;
+    for (std::size_t i = begin; i < end; ++i) {
+        crc ^= bytes[i];
+        for (int bit = 0; bit < 8; ++bit)
+            crc = (crc >> 1) ^ (crc & 1 ? 0xEDB88320 : 0);
+    }
+    return ~crc;
+}
+
 Bytes ToBytes(const QByteArray& bytes)
 {
     return Bytes(bytes.begin(), bytes.end());

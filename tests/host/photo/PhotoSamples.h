@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -50,6 +51,8 @@ std::string ErrorOf(const Call& call)
 
 void WriteFile(const QString& path, const Bytes& content);
 Bytes ReadFile(const QString& path);
+/// The checksum of PNG chunks, over the bytes from `begin` up to `end`.
+std::uint32_t Crc(const Bytes& bytes, std::size_t begin, std::size_t end);
 Bytes ToBytes(const QByteArray& bytes);
 
 } // namespace LumetraTest
