@@ -25,6 +25,14 @@ std::vector<std::string> ParameterNames(const EffectDescriptor& descriptor)
     return names;
 }
 
+std::string Listed(const std::vector<std::string>& names)
+{
+    std::string text;
+    for (const std::string& name : names)
+        text += (text.empty() ? "" : ", ") + name;
+    return text.empty() ? "none" : text;
+}
+
 std::string UnknownEffect(const std::string& effectID)
 {
     return "expected a known effect, found \"" + effectID + "\"" +
@@ -33,8 +41,9 @@ std::string UnknownEffect(const std::string& effectID)
 
 std::string UnknownParameter(const EffectDescriptor& descriptor, const std::string& name)
 {
-    return "expected a parameter of the effect \"" + descriptor.effectID + "\", found \"" + name +
-           "\"" + DidYouMean(name, ParameterNames(descriptor));
+    const std::vector<std::string> names = ParameterNames(descriptor);
+    return "expected a parameter of the effect \"" + descriptor.effectID + "\" (" + Listed(names) +
+           "), found \"" + name + "\"" + DidYouMean(name, names);
 }
 
 const EffectParameter* FindParameter(const EffectDescriptor& descriptor, const std::string& name)

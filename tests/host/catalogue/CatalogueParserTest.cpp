@@ -183,7 +183,7 @@ const ItemCase itemCases[] = {
     {"unknownParameter",
      R"({"name": "x", "effects": [{"effect": {"id": "exposure", "stop": 1}}]})",
      {"a.json: error: groups[0]/items[1]/effects[0]/effect/stop: expected a parameter of the "
-      "effect \"exposure\", found \"stop\", did you mean \"stops\"?"},
+      "effect \"exposure\" (stops), found \"stop\", did you mean \"stops\"?"},
      false},
     {"wrongParameter",
      R"({"name": "x", "effects": [{"effect": {"id": "exposure", "stops": "1"}}]})",
@@ -262,7 +262,7 @@ const ItemCase itemCases[] = {
      R"({"name": "x", "intensity": {"type": 2, "sliderSetting": {"end": 100, "variables":
         [{"effectID": "exposure", "setting": "ev", "end": 1}]}}, )" EFFECTS "}",
      {"a.json: error: groups[0]/items[1]/intensity/sliderSetting/variables[0]/setting: expected a "
-      "parameter of the effect \"exposure\", found \"ev\""},
+      "parameter of the effect \"exposure\" (stops), found \"ev\""},
      false},
     {"sliderWithEqualEnds",
      R"({"name": "x", "intensity": {"type": 2, "sliderSetting": {"variables":
@@ -340,7 +340,7 @@ TEST_F(CatalogueParserTest, leavesOutASliderOfAnUnknownParameter)
 
     EXPECT_EQ(Reports(),
               (Lines{"a.json: error: defaultSettings/exposure/variables[0]/setting: expected a "
-                     "parameter of the effect \"exposure\", found \"ev\"",
+                     "parameter of the effect \"exposure\" (stops), found \"ev\"",
                      "a.json: error: defaultSettings/brightness/variables[0]/setting: expected a "
                      "known effect, found \"brightness\"",
                      "a.json: error: defaultSettings/odd: expected node, found number"}));
