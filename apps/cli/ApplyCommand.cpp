@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "ApplyCommand.h"
+
+#include "ApplyReport.h"
+#include "CatalogueOptions.h"
+#include "Console.h"
+#include "EffectPresets/EffectPresetModel.h"
+#include "OutputTemplate.h"
+#include "PhotoBatch.h"
+#include "PresetUse.h"
+#include "UsageError.h"
+#include "core/PresetSession.h"
+
+#include <QThread>
+
+#include <algorithm>
+
+namespace LumetraCli {
+namespace {
+
+constexpr char DefaultOutput[] = "{folder}/{name}_{preset}.{ext}";
+constexpr int MaximumJobs = 64;
+
+const QString PresetOption = QStringLiteral("preset");
+const QString IntensityOption = QStringLiteral("intensity");
+const QString SetOption = QStringLiteral("set");
+const QString OutputOption = QStringLiteral("output");
+const QString QualityOption = QStringLiteral("quality");
+const QString OverwriteOption = QStringLiteral("overwrite");
+const QString SkipOption = QStringLiteral("skip");
+const QString DryRunOption = QStringLiteral("dry-run");
+const QString JsonOption = QStringLiteral("json");
+const QString JobsOption = QStringLiteral("jobs");
+
+QStringList ReadPhotos(const QCommandLineParser& parser)
+{
+    const QStringList photos = parser.positionalArguments().mid(1);
+    if (photos.isEmpty())
+        throw UsageError(QStringLiteral("expected at least one photo"));
+    return photos;
+}
+
+QString ReadPreset(const QCommandLineParser& parser)
+{
+    const QStringList presets = parser.values(PresetOption);
+    if (presets.size() != 1)
+        throw UsageError(QStringLiteral("expected one --preset, found %1").arg(presets.size()));
+    return presets.first();
+}
+
+ExistingOutput ReadExisting(const QCommandLineParser& parser)
+{
+    const bool isOverwrite = parser.isSet(OverwriteOption);
+    const bool isSkip = parser.isSet(SkipOption);
+    if (isOverwrite && isSkip)
+        throw UsageError(QStringLiteral("expected --overwrite or --skip, found both"));
+    if (isOverwrite)
+        return ExistingOutput::Overwrite;
+    return isSkip ? ExistingOutput::Skip : ExistingOutput::Refuse;
+}
+
+PhotoBatch MakeBatch(const QCommandLineParser& parser)
+{
+    LumetraHost::PhotoWriter::Options options;
+    if (parser.isSet(QualityOption))
+        options.quality = ReadNumber(parser, QualityOption, 1, 100);
+    const int jobs = parser.isSet(JobsOption)
+                         ? ReadNumber(parser, JobsOption, 1, MaximumJobs)
+                         : std::clamp(QThread::idealThreadCount(), 1, MaximumJobs);
+    return PhotoBatch(jobs, options);
+}
+
+void RunBatch(const PhotoBatch& batch, std::vector<PhotoJob>& jobs, const PresetUse& use,
+              LumetraPlugin::PresetSession& session, ApplyReport& report)
+{
+    const auto change = [&](const LumetraHost::Image& photo) { return use.Apply(session, photo); };
+    batch.Run(jobs, change,
+              [&report](const PhotoJob& job, const auto& warnings) { report.Add(job, warnings); });
+}
+
+} // namespace
+
+QString ApplyCommand::GetName() const
+{
+    return QStringLiteral("apply");
+}
+
+QString ApplyCommand::GetSummary() const
+{
+    return QStringLiteral("Applies a preset to photos and prints the names of the new files.");
+}
+
+void ApplyCommand::AddOptions(QCommandLineParser& parser) const
+{
+    parser.addPositionalArgument(QStringLiteral("PHOTO"),
+                                 QStringLiteral("Photos: JPEG, PNG or TIFF files."),
+                                 QStringLiteral("PHOTO..."));
+    parser.addOptions({
+        {{QStringLiteral("p"), PresetOption},
+         QStringLiteral("The preset, by name or id."),
+         QStringLiteral("name|id")},
+        {{QStringLiteral("i"), IntensityOption},
+         QStringLiteral("Intensity within the preset's range."),
+         QStringLiteral("number")},
+        {SetOption, QStringLiteral("Moves an extra slider. May be given more than once."),
+         QStringLiteral("slider=value")},
+        {{QStringLiteral("o"), OutputOption},
+         QStringLiteral("Where to write; {folder}, {name} and {ext} are the photo's, {preset} is "
+                        "the preset's name. Default: %1")
+             .arg(QLatin1String(DefaultOutput)),
+         QStringLiteral("template"),
+         QLatin1String(DefaultOutput)},
+        {QualityOption, QStringLiteral("JPEG quality, 1 to 100."), QStringLiteral("number")},
+        {OverwriteOption, QStringLiteral("Replaces existing files, but never a photo itself.")},
+        {SkipOption, QStringLiteral("Leaves out photos whose output exists.")},
+        {DryRunOption, QStringLiteral("Only says what would be written.")},
+        {JsonOption, QStringLiteral("Writes JSON.")},
+        {{QStringLiteral("j"), JobsOption},
+         QStringLiteral("How many photos to read and write at the same time."),
+         QStringLiteral("number")},
+    });
+    CatalogueOptions::Add(parser);
+}
+
+ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& console) const
+{
+    const QStringList photos = ReadPhotos(parser);
+    const QString preset = ReadPreset(parser);
+    const OutputTemplate outputs(parser.value(OutputOption));
+    const ExistingOutput existing = ReadExisting(parser);
+    const PhotoBatch batch = MakeBatch(parser);
+
+    const auto session = CatalogueOptions::Load(parser, console);
+    if (!session)
+        return ExitCode::SomeFailed;
+    const PresetUse use(PresetRows::Find(PresetRows::Read(session->GetModel()), preset),
+                        parser.isSet(IntensityOption) ? parser.value(IntensityOption) : QString(),
+                        parser.values(SetOption));
+    std::vector<PhotoJob> jobs = OutputPlan::Make(photos, outputs, use.GetPreset().name, existing);
+
+    ApplyReport report(use, static_cast<int>(jobs.size()), parser.isSet(JsonOption), console);
+    if (parser.isSet(DryRunOption)) {
+        for (const PhotoJob& job : jobs)
+            report.Add(job, {});
+    } else {
+        RunBatch(batch, jobs, use, *session, report);
+    }
+    return report.Finish();
+}
+
+} // namespace LumetraCli

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "Command.h"
+
+namespace LumetraCli {
+
+/// Applies a preset to photos and writes the results.
+class ApplyCommand : public Command
+{
+public:
+    QString GetName() const override;
+    QString GetSummary() const override;
+
+protected:
+    void AddOptions(QCommandLineParser& parser) const override;
+    ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
+};
+
+} // namespace LumetraCli

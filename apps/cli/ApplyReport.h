@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "ExitCode.h"
+#include "OutputPlan.h"
+#include "Zorvik/Brassel/ISerializer.h"
+#include "storage/JsonDocument.h"
+
+#include <string>
+#include <vector>
+
+namespace LumetraCli {
+
+class Console;
+class PresetUse;
+
+/// Tells what became of each photo: the names of written (in a dry run: planned) files or one JSON
+/// text on stdout, failures and warnings on stderr.
+class ApplyReport
+{
+public:
+    ApplyReport(const PresetUse& use, int jobCount, bool isJson, Console& console);
+
+    void Add(const PhotoJob& job, const std::vector<std::string>& warnings);
+    ExitCode Finish();
+
+private:
+    void AddJson(const PhotoJob& job, const std::vector<std::string>& warnings);
+
+    Console& m_console;
+    LumetraHost::JsonDocument m_document;
+    Zorvik::Brassel::CollectionPtr m_results;
+    int m_jobCount;
+    int m_endedCount = 0;
+    bool m_isJson;
+    bool m_hasFailures = false;
+};
+
+} // namespace LumetraCli

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QCommandLineParser>
+
+#include <memory>
+
+namespace LumetraPlugin {
+class PresetSession;
+}
+
+namespace LumetraCli {
+
+class Console;
+
+/// The options of all commands that work with presets, and what they lead to.
+class CatalogueOptions
+{
+public:
+    static void Add(QCommandLineParser& parser);
+
+    /// A session with the presets of the system's, the user's and the named catalogues. What is
+    /// wrong in them is reported; null, and reported, when a named one cannot be used or there are
+    /// no presets at all.
+    static std::unique_ptr<LumetraPlugin::PresetSession> Load(const QCommandLineParser& parser,
+                                                              Console& console);
+};
+
+} // namespace LumetraCli

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "ExitCode.h"
+
+#include <QCommandLineParser>
+
+namespace LumetraCli {
+
+class Console;
+
+/// One command of the program. Stateless; owned by the list of commands (Commands.h).
+class Command
+{
+public:
+    virtual ~Command();
+
+    virtual QString GetName() const = 0;
+    /// One line for the list of commands.
+    virtual QString GetSummary() const = 0;
+    /// True when the command draws text, which needs fonts.
+    virtual bool DrawsText() const { return false; }
+
+    /// `arguments` begin with the program's and the command's name.
+    ExitCode Run(const QStringList& arguments, Console& console) const;
+
+protected:
+    virtual void AddOptions(QCommandLineParser& parser) const = 0;
+    /// Throws UsageError before anything was changed.
+    virtual ExitCode Execute(const QCommandLineParser& parser, Console& console) const = 0;
+};
+
+/// A positive whole number given as `option`. UsageError for anything out of minimum..maximum.
+int ReadNumber(const QCommandLineParser& parser, const QString& option, int minimum, int maximum);
+
+} // namespace LumetraCli

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+#include <vector>
+
+class QPainter;
+
+namespace LumetraCli {
+
+/// A picture of many labelled pictures under headings.
+class ContactSheet
+{
+public:
+    struct Tile
+    {
+        QString label;
+        QImage picture;
+    };
+
+    struct Section
+    {
+        QString heading;
+        std::vector<Tile> tiles;
+    };
+
+    static constexpr int MAX_SIDE = 32'000; ///< pixels
+
+    /// Tiles are `tile` pixels, larger pictures are scaled down; `columns` of them stand side by
+    /// side.
+    ContactSheet(const QSize& tile, int columns);
+
+    /// The size that the sections take.
+    QSize GetSize(const std::vector<Section>& sections) const;
+    /// Needs a QGuiApplication, for the fonts.
+    QImage Draw(const std::vector<Section>& sections) const;
+
+private:
+    int DrawSection(QPainter& painter, const Section& section, int top) const;
+    void DrawTile(QPainter& painter, const Tile& tile, const QPoint& corner) const;
+    int GetHeight(const Section& section) const;
+
+    QSize m_tile;
+    int m_columns;
+};
+
+} // namespace LumetraCli

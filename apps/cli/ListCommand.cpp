@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "ListCommand.h"
+
+#include "CatalogueOptions.h"
+#include "Console.h"
+#include "EffectPresets/EffectPresetModel.h"
+#include "PresetRows.h"
+#include "Zorvik/Brassel/ISerializer.h"
+#include "core/PresetSession.h"
+#include "storage/JsonDocument.h"
+
+namespace LumetraCli {
+namespace {
+
+using Zorvik::Brassel::ISerializer;
+using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
+using Zorvik::Lumetra::LumetraPresets::SliderSetting;
+
+QString JsonOption()
+{
+    return QStringLiteral("json");
+}
+
+QString Range(int value, int minimum, int maximum)
+{
+    return QStringLiteral("%1 (%2 to %3)").arg(value).arg(minimum).arg(maximum);
+}
+
+QString SliderName(const SliderSetting& slider)
+{
+    return QString::fromStdString(slider.EffectID().empty() ? slider.Title() : slider.EffectID());
+}
+
+QString Line(const PresetRow& row)
+{
+    QString line = QStringLiteral("  %1  [%2]").arg(row.name, row.id);
+    if (row.HasIntensity())
+        line += QStringLiteral("  intensity %1, %2")
+                    .arg(Range(row.intensity, row.intensityMinimum, row.intensityMaximum),
+                         row.GetIntensityKind());
+    for (const SliderSetting& slider : row.sliders)
+        line += QStringLiteral("  %1 %2").arg(SliderName(slider),
+                                              Range(slider.Value(), slider.Min(), slider.Max()));
+    if (row.isPopular)
+        line += QStringLiteral("  popular");
+    return line;
+}
+
+void PrintText(const std::vector<PresetRow>& rows, Console& console)
+{
+    QModelIndex group;
+    for (const PresetRow& row : rows) {
+        if (row.index.parent() != group)
+            console.PrintLine(row.group);
+        group = row.index.parent();
+        console.PrintLine(Line(row));
+    }
+}
+
+void WriteSlider(ISerializer& node, const SliderSetting& slider)
+{
+    node.Set("id", slider.EffectID());
+    node.Set("title", slider.Title());
+    node.Set("value", slider.Value());
+    node.Set("minimum", slider.Min());
+    node.Set("maximum", slider.Max());
+}
+
+void WritePreset(ISerializer& node, const PresetRow& row)
+{
+    node.Set("name", row.name.toStdString());
+    node.Set("id", row.id.toStdString());
+    node.Set("popular", row.isPopular);
+    node.Set("favourite", row.isFavourite);
+    const auto intensity = node.CreateNode("intensity");
+    intensity->Set("kind", row.GetIntensityKind().toStdString());
+    if (row.HasIntensity()) {
+        intensity->Set("value", row.intensity);
+        intensity->Set("minimum", row.intensityMinimum);
+        intensity->Set("maximum", row.intensityMaximum);
+    }
+    const auto sliders = node.CreateCollection("sliders");
+    for (const SliderSetting& slider : row.sliders)
+        WriteSlider(*sliders->AddElement(), slider);
+}
+
+void PrintJson(const QAbstractItemModel& model, const std::vector<PresetRow>& rows,
+               Console& console)
+{
+    const LumetraHost::JsonDocument document("presets");
+    const auto groups = document.GetRoot()->CreateCollection("groups");
+    for (int g = 0; g < model.rowCount(); ++g) {
+        const QModelIndex index = model.index(g, 0);
+        const auto group = groups->AddElement();
+        group->Set("name", index.data(EffectPresetModel::PresetNameRole).toString().toStdString());
+        group->Set("editable", index.data(EffectPresetModel::PresetIdRole).toBool());
+        const auto presets = group->CreateCollection("presets");
+        for (const PresetRow& row : rows)
+            if (row.index.parent() == index)
+                WritePreset(*presets->AddElement(), row);
+    }
+    console.Print(document.ToText());
+}
+
+} // namespace
+
+QString ListCommand::GetName() const
+{
+    return QStringLiteral("list");
+}
+
+QString ListCommand::GetSummary() const
+{
+    return QStringLiteral("Lists the presets with their ids, intensities and sliders.");
+}
+
+void ListCommand::AddOptions(QCommandLineParser& parser) const
+{
+    parser.addOption({JsonOption(), QStringLiteral("Writes JSON.")});
+    CatalogueOptions::Add(parser);
+}
+
+ExitCode ListCommand::Execute(const QCommandLineParser& parser, Console& console) const
+{
+    const auto session = CatalogueOptions::Load(parser, console);
+    if (!session)
+        return ExitCode::SomeFailed;
+    const auto rows = PresetRows::Read(session->GetModel());
+    if (parser.isSet(JsonOption()))
+        PrintJson(session->GetModel(), rows, console);
+    else
+        PrintText(rows, console);
+    return ExitCode::Done;
+}
+
+} // namespace LumetraCli

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace LumetraCli {
+
+class OutputTemplate;
+
+/// What becomes of one photo.
+struct PhotoJob
+{
+    enum class State
+    {
+        Planned,
+        Written,
+        Skipped, ///< the output was there and is kept
+        Failed
+    };
+
+    QString photo;  ///< as the user named it
+    QString output; ///< absolute
+    State state = State::Planned;
+    QString message; ///< of a failure
+};
+
+/// What to do with an output that is there already.
+enum class ExistingOutput
+{
+    Refuse,
+    Overwrite,
+    Skip
+};
+
+/// Decides what is written where before anything is done.
+class OutputPlan
+{
+public:
+    /// A job per photo, in their order. A photo's output that exists fails or is skipped, unless it
+    /// may be overwritten; no input is ever overwritten. UsageError when two photos would be
+    /// written to one file, or a photo is named twice.
+    static std::vector<PhotoJob> Make(const QStringList& photos, const OutputTemplate& outputs,
+                                      const QString& presetName, ExistingOutput existing);
+};
+
+} // namespace LumetraCli

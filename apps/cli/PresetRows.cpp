@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "PresetRows.h"
+
+#include "EffectPresets/EffectPresetModel.h"
+#include "UsageError.h"
+#include "catalogue/NearestName.h"
+
+#include <QAbstractItemModel>
+
+#include <functional>
+
+namespace LumetraCli {
+namespace {
+
+using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
+using Zorvik::Lumetra::LumetraPresets::IntensitySettingType;
+using Zorvik::Lumetra::LumetraPresets::SliderSetting;
+using Rows = std::vector<PresetRow>;
+
+PresetRow ReadRow(const QModelIndex& index, const QString& group)
+{
+    PresetRow row;
+    row.index = index;
+    row.group = group;
+    row.name = index.data(EffectPresetModel::PresetNameRole).toString();
+    row.id = index.data(EffectPresetModel::PresetIdRole).toString();
+    row.intensityType =
+        index.data(EffectPresetModel::IntensitySettingTypeRole).value<IntensitySettingType>();
+    row.intensity = index.data(EffectPresetModel::IntensityRole).toInt();
+    row.intensityMinimum = index.data(EffectPresetModel::IntensityMinRole).toInt();
+    row.intensityMaximum = index.data(EffectPresetModel::IntensityMaxRole).toInt();
+    row.isPopular = index.data(EffectPresetModel::PopularRole).toBool();
+    row.isFavourite = index.data(EffectPresetModel::FavouriteRole).toBool();
+    row.sliders = index.data(EffectPresetModel::SettingsValuesRole).value<SliderSetting::List>();
+    return row;
+}
+
+Rows Select(const Rows& rows, const std::function<bool(const PresetRow&)>& fits)
+{
+    Rows result;
+    std::copy_if(rows.begin(), rows.end(), std::back_inserter(result), fits);
+    return result;
+}
+
+[[noreturn]] void RefuseUnknown(const Rows& rows, const QString& nameOrId)
+{
+    std::vector<std::string> names;
+    for (const PresetRow& row : rows) {
+        names.push_back(row.name.toStdString());
+        names.push_back(row.id.toStdString());
+    }
+    const std::string found = nameOrId.toStdString();
+    throw UsageError(QString::fromStdString("--preset: expected the name or id of a preset, found "
+                                            "\"" +
+                                            found + "\"" + LumetraHost::DidYouMean(found, names)));
+}
+
+[[noreturn]] void RefuseAmbiguous(const Rows& matches, const QString& name)
+{
+    QStringList ids;
+    for (const PresetRow& row : matches)
+        ids.append(QStringLiteral("\"%1\" (%2)").arg(row.id, row.group));
+    throw UsageError(
+        QStringLiteral("--preset: expected one preset, found %1 named \"%2\"; their "
+                       "ids are %3")
+            .arg(QString::number(matches.size()), name, ids.join(QStringLiteral(", "))));
+}
+
+} // namespace
+
+bool PresetRow::HasIntensity() const
+{
+    return intensityType != IntensitySettingType::None;
+}
+
+QString PresetRow::GetIntensityKind() const
+{
+    switch (intensityType) {
+    case IntensitySettingType::Blending:
+        return QStringLiteral("blending");
+    case IntensitySettingType::Slider:
+        return QStringLiteral("slider");
+    default:
+        return QStringLiteral("none");
+    }
+}
+
+std::vector<PresetRow> PresetRows::Read(const QAbstractItemModel& model)
+{
+    Rows rows;
+    for (int g = 0; g < model.rowCount(); ++g) {
+        const QModelIndex group = model.index(g, 0);
+        const QString name = group.data(EffectPresetModel::PresetNameRole).toString();
+        for (int i = 0; i < model.rowCount(group); ++i)
+            rows.push_back(ReadRow(model.index(i, 0, group), name));
+    }
+    return rows;
+}
+
+PresetRow PresetRows::Find(const std::vector<PresetRow>& rows, const QString& nameOrId)
+{
+    Rows matches = Select(rows, [&](const PresetRow& row) { return row.id == nameOrId; });
+    if (matches.empty())
+        matches = Select(rows, [&](const PresetRow& row) { return row.name == nameOrId; });
+    if (matches.empty())
+        matches = Select(rows, [&](const PresetRow& row) {
+            return row.name.compare(nameOrId, Qt::CaseInsensitive) == 0;
+        });
+    if (matches.empty())
+        RefuseUnknown(rows, nameOrId);
+    if (matches.size() > 1)
+        RefuseAmbiguous(matches, nameOrId);
+    return matches.front();
+}
+
+} // namespace LumetraCli

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "Settings/IntensitySettingType.h"
+#include "Settings/SliderSetting.h"
+
+#include <QModelIndex>
+#include <QString>
+
+#include <vector>
+
+class QAbstractItemModel;
+
+namespace LumetraCli {
+
+/// What the model tells of one preset.
+struct PresetRow
+{
+    QModelIndex index;
+    QString group;
+    QString name;
+    QString id;
+    Zorvik::Lumetra::LumetraPresets::IntensitySettingType intensityType;
+    int intensity = 0;
+    int intensityMinimum = 0;
+    int intensityMaximum = 0;
+    bool isPopular = false;
+    bool isFavourite = false;
+    Zorvik::Lumetra::LumetraPresets::SliderSetting::List sliders;
+
+    bool HasIntensity() const;
+    /// "none", "blending" or "slider".
+    QString GetIntensityKind() const;
+};
+
+/// The presets of a model, read through its roles.
+class PresetRows
+{
+public:
+    static std::vector<PresetRow> Read(const QAbstractItemModel& model);
+
+    /// The preset of that id; else the one of that name, upper and lower case alike when none is
+    /// written just so. UsageError for an unknown name, with the nearest one, and for one that
+    /// several presets have, with their ids.
+    static PresetRow Find(const std::vector<PresetRow>& rows, const QString& nameOrId);
+};
+
+} // namespace LumetraCli

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "PresetUse.h"
+
+#include "EffectPresets/EffectPresetModel.h"
+#include "Settings/TuneSettingType.h"
+#include "UsageError.h"
+#include "catalogue/NearestName.h"
+#include "core/PresetSession.h"
+#include "photo/Image.h"
+#include "workspace/WorkspaceController.h"
+
+namespace LumetraCli {
+namespace {
+
+using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
+using Zorvik::Lumetra::LumetraPresets::SliderSetting;
+using Zorvik::Lumetra::LumetraPresets::TuneSettingType;
+
+int ReadValue(const QString& what, const QString& text, int minimum, int maximum)
+{
+    bool isNumber = false;
+    const int value = text.toInt(&isNumber);
+    const bool isUpwards = minimum <= maximum;
+    const int lowest = isUpwards ? minimum : maximum;
+    const int highest = isUpwards ? maximum : minimum;
+    if (!isNumber || value < lowest || value > highest)
+        throw UsageError(QStringLiteral("%1: expected a whole number from %2 to %3, found \"%4\"")
+                             .arg(what, QString::number(lowest), QString::number(highest), text));
+    return value;
+}
+
+bool IsNamed(const SliderSetting& slider, const QString& name)
+{
+    const auto isSame = [&name](const std::string& text) {
+        return QString::fromStdString(text).compare(name, Qt::CaseInsensitive) == 0;
+    };
+    return isSame(slider.EffectID()) || isSame(slider.Title());
+}
+
+[[noreturn]] void RefuseSlider(const PresetRow& preset, const QString& name)
+{
+    std::vector<std::string> names;
+    QStringList shown;
+    for (const SliderSetting& slider : preset.sliders) {
+        const std::string own = slider.EffectID().empty() ? slider.Title() : slider.EffectID();
+        names.push_back(own);
+        shown.append(QString::fromStdString("\"" + own + "\""));
+    }
+    const QString known = shown.isEmpty() ? QStringLiteral("none, it has no sliders")
+                                          : shown.join(QStringLiteral(", "));
+    throw UsageError(QStringLiteral("--set: expected a slider of \"%1\" (%2), found \"%3\"")
+                         .arg(preset.name, known, name) +
+                     QString::fromStdString(LumetraHost::DidYouMean(name.toStdString(), names)));
+}
+
+} // namespace
+
+PresetUse::PresetUse(const PresetRow& preset, const QString& intensity, const QStringList& settings)
+    : m_preset(preset)
+{
+    if (!intensity.isNull())
+        SetIntensity(intensity);
+    for (const QString& setting : settings)
+        SetSlider(setting);
+}
+
+void PresetUse::SetIntensity(const QString& text)
+{
+    if (!m_preset.HasIntensity())
+        throw UsageError(
+            QStringLiteral("--intensity: expected none, for \"%1\" has no intensity, found \"%2\"")
+                .arg(m_preset.name, text));
+    m_intensity = ReadValue(QStringLiteral("--intensity"), text, m_preset.intensityMinimum,
+                            m_preset.intensityMaximum);
+}
+
+void PresetUse::SetSlider(const QString& setting)
+{
+    const int equals = setting.indexOf(QLatin1Char('='));
+    if (equals < 1)
+        throw UsageError(QStringLiteral("--set: expected slider=value, found \"%1\"").arg(setting));
+    const QString name = setting.left(equals).trimmed();
+    for (SliderSetting& slider : m_preset.sliders) {
+        if (!IsNamed(slider, name))
+            continue;
+        slider.SetValue(ReadValue(QStringLiteral("--set %1").arg(name),
+                                  setting.mid(equals + 1).trimmed(), slider.Min(), slider.Max()));
+        return;
+    }
+    RefuseSlider(m_preset, name);
+}
+
+std::optional<int> PresetUse::GetIntensity() const
+{
+    if (m_intensity || !m_preset.HasIntensity())
+        return m_intensity;
+    return m_preset.intensity;
+}
+
+LumetraHost::Image PresetUse::Apply(LumetraPlugin::PresetSession& session,
+                                    const LumetraHost::Image& photo) const
+{
+    session.OpenPhoto(photo);
+    EffectPresetModel& model = session.GetModel();
+    const QModelIndex& index = m_preset.index;
+    model.setData(index, true, EffectPresetModel::AppliedRole);
+    model.setData(index, QVariant::fromValue(m_preset.sliders),
+                  EffectPresetModel::SettingsValuesRole);
+    if (m_intensity) {
+        model.setData(index, *m_intensity, EffectPresetModel::IntensityRole);
+        model.setData(index, QVariant::fromValue(TuneSettingType::ChangeEnd),
+                      EffectPresetModel::TuneRole);
+    }
+    model.ApplyCurrentChanges(true);
+    model.setData(index, false, EffectPresetModel::AppliedRole);
+    const LumetraHost::Image result = session.GetWorkspace().GetDrawer().Result();
+    session.ClosePhoto();
+    return result;
+}
+
+} // namespace LumetraCli

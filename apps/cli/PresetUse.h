@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "PresetRows.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace LumetraHost {
+class Image;
+}
+
+namespace LumetraPlugin {
+class PresetSession;
+}
+
+namespace LumetraCli {
+
+/// A preset with the intensity and the slider values that the user asked for.
+class PresetUse
+{
+public:
+    /// `intensity` empty: the preset's own. `settings`: texts "slider=value". UsageError for an
+    /// intensity out of the preset's range, an unknown slider and a value out of its range.
+    PresetUse(const PresetRow& preset, const QString& intensity, const QStringList& settings);
+
+    const PresetRow& GetPreset() const { return m_preset; }
+    /// The intensity that the photos get; nothing for a preset without one.
+    std::optional<int> GetIntensity() const;
+
+    /// `photo` with the preset on it, made as a user of the panel would: switch the preset on, move
+    /// its sliders and its intensity, commit.
+    LumetraHost::Image Apply(LumetraPlugin::PresetSession& session,
+                             const LumetraHost::Image& photo) const;
+
+private:
+    void SetIntensity(const QString& text);
+    void SetSlider(const QString& setting);
+
+    PresetRow m_preset;
+    std::optional<int> m_intensity;
+};
+
+} // namespace LumetraCli

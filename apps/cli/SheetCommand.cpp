@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "SheetCommand.h"
+
+#include "CatalogueOptions.h"
+#include "Console.h"
+#include "ContactSheet.h"
+#include "EffectPresets/EffectPresetModel.h"
+#include "PresetRows.h"
+#include "UsageError.h"
+#include "Zorvik/Exception.h"
+#include "core/PresetControllerFactory.h"
+#include "core/PresetSession.h"
+#include "photo/PhotoReader.h"
+#include "storage/CheckedFileWriter.h"
+#include "workspace/WorkspaceController.h"
+
+#include <QBuffer>
+#include <QFileInfo>
+#include <QFontDatabase>
+
+#include <algorithm>
+#include <cmath>
+
+namespace LumetraCli {
+namespace {
+
+using LumetraHost::Image;
+using LumetraHost::Photo;
+using LumetraPlugin::PresetSession;
+using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
+using Sections = std::vector<ContactSheet::Section>;
+
+constexpr int MinimumTile = 32;
+constexpr int MaximumTile = 2000;
+constexpr int MaximumColumns = 50;
+constexpr double FlattestTile = 0.5; // height by width; beyond these the previews are cropped
+constexpr double TallestTile = 1.5;
+
+const QString OutputOption = QStringLiteral("output");
+const QString ColumnsOption = QStringLiteral("columns");
+const QString TileOption = QStringLiteral("tile");
+const QString OverwriteOption = QStringLiteral("overwrite");
+
+QString ReadPhotoName(const QCommandLineParser& parser)
+{
+    const QStringList photos = parser.positionalArguments().mid(1);
+    if (photos.size() != 1)
+        throw UsageError(QStringLiteral("expected one photo, found %1").arg(photos.size()));
+    return photos.first();
+}
+
+QString ReadOutput(const QCommandLineParser& parser, const QString& photo)
+{
+    const QString output = parser.value(OutputOption);
+    const QFileInfo info(output);
+    if (info.suffix().compare(QLatin1String("png"), Qt::CaseInsensitive) != 0)
+        throw UsageError(
+            QStringLiteral("--output: expected the name of a PNG file, found \"%1\"").arg(output));
+    if (info.exists() && info.canonicalFilePath() == QFileInfo(photo).canonicalFilePath())
+        throw UsageError(QStringLiteral("--output: \"%1\" is the photo itself").arg(output));
+    if (info.exists() && !parser.isSet(OverwriteOption))
+        throw UsageError(
+            QStringLiteral("--output: \"%1\" exists; --overwrite replaces it").arg(output));
+    return output;
+}
+
+QSize TileSize(int width, const Image& photo)
+{
+    const double aspect = static_cast<double>(photo.GetHeight()) / photo.GetWidth();
+    return {width,
+            static_cast<int>(std::lround(width * std::clamp(aspect, FlattestTile, TallestTile)))};
+}
+
+/// One section per group that has presets.
+Sections RenderPreviews(PresetSession& session, Console& console)
+{
+    Sections sections;
+    const auto rows = PresetRows::Read(session.GetModel());
+    QModelIndex group;
+    int done = 0;
+    for (const PresetRow& row : rows) {
+        if (row.index.parent() != group)
+            sections.push_back({row.group, {}});
+        group = row.index.parent();
+        const auto preview = row.index.data(EffectPresetModel::PreviewImageRole).value<QImage>();
+        sections.back().tiles.push_back({row.name, preview});
+        console.ShowProgress(++done, static_cast<int>(rows.size()), row.name);
+    }
+    return sections;
+}
+
+QByteArray EncodePng(const QImage& picture)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!picture.save(&buffer, "PNG"))
+        throw std::runtime_error("the sheet cannot be encoded");
+    return bytes;
+}
+
+void RefuseTooLarge(const QSize& size)
+{
+    if (size.width() > ContactSheet::MAX_SIDE || size.height() > ContactSheet::MAX_SIDE)
+        throw UsageError(QStringLiteral("--columns and --tile: expected a sheet of at most %1 "
+                                        "pixels a side, found %2 x %3")
+                             .arg(ContactSheet::MAX_SIDE)
+                             .arg(size.width())
+                             .arg(size.height()));
+}
+
+} // namespace
+
+QString SheetCommand::GetName() const
+{
+    return QStringLiteral("sheet");
+}
+
+QString SheetCommand::GetSummary() const
+{
+    return QStringLiteral("Shows all presets on one photo in one picture.");
+}
+
+void SheetCommand::AddOptions(QCommandLineParser& parser) const
+{
+    parser.addPositionalArgument(QStringLiteral("PHOTO"),
+                                 QStringLiteral("A JPEG, PNG or TIFF file."));
+    parser.addOptions({
+        {{QStringLiteral("o"), OutputOption},
+         QStringLiteral("The PNG file to write."),
+         QStringLiteral("file")},
+        {ColumnsOption, QStringLiteral("Previews side by side. Default: 5"),
+         QStringLiteral("number"), QStringLiteral("5")},
+        {TileOption, QStringLiteral("Width of a preview in pixels. Default: 240"),
+         QStringLiteral("number"), QStringLiteral("240")},
+        {OverwriteOption, QStringLiteral("Replaces an existing file.")},
+    });
+    CatalogueOptions::Add(parser);
+}
+
+ExitCode SheetCommand::Execute(const QCommandLineParser& parser, Console& console) const
+{
+    const QString photoName = ReadPhotoName(parser);
+    const QString output = ReadOutput(parser, photoName);
+    const int columns = ReadNumber(parser, ColumnsOption, 1, MaximumColumns);
+    const int tile = ReadNumber(parser, TileOption, MinimumTile, MaximumTile);
+    const auto session = CatalogueOptions::Load(parser, console);
+    if (!session)
+        return ExitCode::SomeFailed;
+    if (QFontDatabase().families().isEmpty())
+        console.Report(QStringLiteral("no font found: the sheet has no names"));
+
+    const Photo photo = LumetraHost::PhotoReader::Read(photoName);
+    const QSize tileSize = TileSize(tile, photo.image);
+    session->GetFactory().SetPreviewOptions({tileSize, false});
+    session->OpenPhoto(photo.image);
+    const Sections sections = RenderPreviews(*session, console);
+    const ContactSheet sheet(tileSize, columns);
+    RefuseTooLarge(sheet.GetSize(sections));
+    LumetraHost::CheckedFileWriter::Write(output, EncodePng(sheet.Draw(sections)));
+    console.PrintLine(output);
+    return ExitCode::Done;
+}
+
+} // namespace LumetraCli
