@@ -216,17 +216,32 @@ std::string Reason(const std::string& what)
     return tells ? reason : reason + "; expected a JSON value";
 }
 
+/// Where the token begins that the parser did not expect; `end` is the number of bytes it has read.
+/// Of strings and numbers alone it tells the text.
+std::size_t BeginOfUnexpected(const std::string& what, std::size_t end, const std::string& token)
+{
+    const auto tells = [&what](const char* text) { return what.find(text) != std::string::npos; };
+    if (tells("unexpected string literal") || tells("unexpected number literal"))
+        return end - std::min(end, token.size());
+    if (tells("unexpected false literal"))
+        return end - std::min(end, std::size_t(5));
+    if (tells("unexpected true literal") || tells("unexpected null literal"))
+        return end - std::min(end, std::size_t(4));
+    return end - 1; // one character, or the end of the text, which counts as one
+}
+
 bool TreeBuilder::parse_error(std::size_t position, const std::string& token,
                               const nlohmann::detail::exception& error)
 {
     constexpr int numberOverflow = 406;
     const std::string what = error.what();
-    if (what.find("; last read: ") != std::string::npos)
-        m_lines.MoveTo(position - 1); // inside a token: the byte that does not fit
-    else
+    if (error.id == numberOverflow) {
         MoveToToken();
-    if (error.id == numberOverflow)
         return Refuse("expected a number that fits a double, found " + token.substr(0, 40));
+    }
+    // Inside a broken token it is the byte that does not fit.
+    const bool isBroken = what.find("; last read: ") != std::string::npos;
+    m_lines.MoveTo(isBroken ? position - 1 : BeginOfUnexpected(what, position, token));
     return Refuse("syntax error: " + Reason(what));
 }
 

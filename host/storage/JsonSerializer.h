@@ -3,7 +3,7 @@
 
 #include "storage/JsonValue.h"
 
-#include "Zorvik/Brassel/ISerializable.h"
+#include "Zorvik/Brassel/ISerializer.h"
 
 #include <memory>
 #include <string>

@@ -1,0 +1,331 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "CliTest.h"
+#include "Zorvik/Brassel/ISerializer.h"
+#include "storage/JsonDocument.h"
+
+#include <QDir>
+#include <QFile>
+
+using LumetraHost::HaveSamePixels;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+class ApplyTest : public CliTest
+{
+protected:
+    CliResult Apply(const QStringList& arguments) const
+    {
+        return Run(QStringList{QStringLiteral("apply")} + arguments);
+    }
+
+    /// Applies to "a.png", which is made for it, and expects a refusal that changes nothing.
+    void ExpectUsageError(const QStringList& arguments, const std::string& message)
+    {
+        WritePhoto("a.png");
+        const QStringList before = QDir(folder.path()).entryList();
+        const CliResult result = Apply(QStringList{QStringLiteral("a.png")} + arguments);
+        EXPECT_EQ(result.code, 2) << message;
+        EXPECT_THAT(result.output, IsEmpty());
+        EXPECT_THAT(result.messages, HasSubstr("lumetra-presets: " + message + "\n"));
+        EXPECT_EQ(QDir(folder.path()).entryList(), before);
+    }
+};
+
+QStringList Words(const char* line)
+{
+    return QString::fromLatin1(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+TEST_F(ApplyTest, writesBesideThePhotoAndPrintsTheName)
+{
+    const auto photo = WritePhoto("a.png");
+
+    const CliResult result = Apply(Words("a.png --preset test.bright"));
+
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.output, Path("a_Test Bright.png").toStdString() + "\n");
+    EXPECT_FALSE(HaveSamePixels(ReadPhoto("a_Test Bright.png"), photo));
+    EXPECT_TRUE(HaveSamePixels(ReadPhoto("a.png"), photo));
+}
+
+TEST_F(ApplyTest, findsPresetsByNameInAnyCase)
+{
+    WritePhoto("a.png");
+
+    EXPECT_EQ(Apply({QStringLiteral("a.png"), QStringLiteral("--preset"),
+                     QStringLiteral("test GREY"), QStringLiteral("-o"), QStringLiteral("grey.png")})
+                  .code,
+              0);
+
+    const auto grey = ReadPhoto("grey.png");
+    EXPECT_NEAR(grey.Row(5)[40], grey.Row(5)[41], 60); // at 80 of 100, not wholly grey
+    EXPECT_FALSE(HaveSamePixels(grey, ReadPhoto("a.png")));
+}
+
+TEST_F(ApplyTest, givesTheSourceBackBitForBitAtTheLowestBlendingIntensity)
+{
+    const auto photo = WritePhoto("a.png");
+
+    ASSERT_EQ(Apply(Words("a.png --preset test.bright --intensity 1 -o b.png")).code, 0);
+
+    EXPECT_TRUE(HaveSamePixels(ReadPhoto("b.png"), photo));
+}
+
+TEST_F(ApplyTest, changesMoreAtAHigherIntensity)
+{
+    const auto photo = WritePhoto("a.png");
+    ASSERT_EQ(Apply(Words("a.png --preset test.bright --intensity 20 -o low.png")).code, 0);
+    ASSERT_EQ(Apply(Words("a.png --preset test.bright --intensity 100 -o high.png")).code, 0);
+
+    const int source = photo.Row(10)[4 * 10];
+    const int low = ReadPhoto("low.png").Row(10)[4 * 10];
+    const int high = ReadPhoto("high.png").Row(10)[4 * 10];
+    EXPECT_LT(source, low);
+    EXPECT_LT(low, high);
+}
+
+TEST_F(ApplyTest, movesASliderIntensity)
+{
+    const auto photo = WritePhoto("a.png");
+
+    ASSERT_EQ(Apply(Words("a.png --preset test.slide --intensity 0 -o none.png")).code, 0);
+    ASSERT_EQ(Apply(Words("a.png --preset test.slide --intensity 50 -o full.png")).code, 0);
+
+    EXPECT_TRUE(HaveSamePixels(ReadPhoto("none.png"), photo));
+    const auto full = ReadPhoto("full.png");
+    EXPECT_NEAR(full.Row(7)[4 * 9], full.Row(7)[4 * 9 + 1], 1);
+    EXPECT_NEAR(full.Row(7)[4 * 9], full.Row(7)[4 * 9 + 2], 1);
+}
+
+TEST_F(ApplyTest, movesAnExtraSliderByIdOrTitle)
+{
+    const auto photo = WritePhoto("a.png");
+
+    ASSERT_EQ(Apply(Words("a.png -p test.bright --set exposure=0 -o id.png")).code, 0);
+    ASSERT_EQ(Apply(Words("a.png -p test.bright --set brightness=-100 -o title.png")).code, 0);
+
+    EXPECT_TRUE(HaveSamePixels(ReadPhoto("id.png"), photo));
+    EXPECT_LT(ReadPhoto("title.png").Row(9)[4 * 9], photo.Row(9)[4 * 9]);
+}
+
+TEST_F(ApplyTest, treatsEveryPhotoAlikeWhateverCameBefore)
+{
+    WritePhoto("a.png", 40, 30);
+    WritePhoto("b.png", 30, 50);
+    const QStringList options =
+        Words("-p test.slide -i 40 --set exposure=10 -o out/{name}.{ext}").mid(0, 4) +
+        Words("-o out/{name}.{ext}");
+
+    ASSERT_EQ(Apply(Words("a.png b.png") + options).code, 0);
+    ASSERT_EQ(Apply(Words("b.png -p test.slide -i 40 -o single.png")).code, 0);
+
+    EXPECT_TRUE(HaveSamePixels(ReadPhoto("out/b.png"), ReadPhoto("single.png")));
+    EXPECT_EQ(ReadPhoto("out/a.png").GetWidth(), 40);
+}
+
+TEST_F(ApplyTest, writesTheSameWhateverTheNumberOfJobs)
+{
+    QStringList photos;
+    for (const char* name : {"a.png", "b.png", "c.png", "d.png", "e.png"}) {
+        WritePhoto(name, 30 + static_cast<int>(photos.size()), 20);
+        photos.append(QLatin1String(name));
+    }
+
+    const auto one = Apply(photos + Words("-p test.grey --jobs 1 -o one/{name}.png"));
+    const auto many = Apply(photos + Words("-p test.grey --jobs 4 -o many/{name}.png"));
+
+    ASSERT_EQ(one.code, 0);
+    ASSERT_EQ(many.code, 0);
+    for (const QString& photo : photos)
+        EXPECT_EQ(ReadFile(("one/" + photo.toStdString()).c_str()),
+                  ReadFile(("many/" + photo.toStdString()).c_str()));
+    EXPECT_LT(many.output.find("/a.png"), many.output.find("/e.png"));
+}
+
+TEST_F(ApplyTest, fillsTheTemplate)
+{
+    WritePhoto("in/my photo.jpg");
+
+    const CliResult result = Apply({QStringLiteral("in/my photo.jpg"), QStringLiteral("-p"),
+                                    QStringLiteral("test.plain"), QStringLiteral("-o"),
+                                    QStringLiteral("deep/er/{preset}-{name}.{ext}")});
+
+    EXPECT_EQ(result.code, 0) << result.messages;
+    EXPECT_TRUE(Exists("deep/er/Test Plain-my photo.jpg"));
+}
+
+TEST_F(ApplyTest, oneBadPhotoNeverStopsTheRest)
+{
+    WritePhoto("a.png");
+    WritePhoto("whole.jpg");
+    const QByteArray whole = ReadFile("whole.jpg");
+    WriteFile("cut.jpg", whole.left(whole.size() / 2));
+    WriteFile("text.png", "this is no picture");
+    WriteFile("empty.jpg", "");
+    QDir(folder.path()).mkdir(QStringLiteral("folder.png"));
+
+    const CliResult result =
+        Apply(Words("missing.png cut.jpg folder.png text.png empty.jpg a.png -p test.bright -o "
+                    "out/{name}.{ext}"));
+
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.output, Path("out/a.png").toStdString() + "\n");
+    EXPECT_THAT(result.messages,
+                HasSubstr("lumetra-presets: missing.png: expected a photo, found no such file\n"));
+    EXPECT_THAT(result.messages, HasSubstr("cut.jpg: "));
+    EXPECT_THAT(result.messages,
+                HasSubstr("lumetra-presets: folder.png: expected a photo, found a folder\n"));
+    EXPECT_THAT(result.messages, HasSubstr("text.png: "));
+    EXPECT_THAT(result.messages, HasSubstr("empty.jpg: "));
+    EXPECT_EQ(std::count(result.messages.begin(), result.messages.end(), '\n'), 5)
+        << result.messages;
+    EXPECT_EQ(QDir(Path("out")).entryList(QDir::Files), QStringList{QStringLiteral("a.png")});
+}
+
+TEST_F(ApplyTest, neverReplacesAnExistingFileUnlessTold)
+{
+    WritePhoto("a.png");
+    WriteFile("out.png", "precious");
+    const QStringList options = Words("a.png -p test.bright -o out.png");
+
+    const CliResult refused = Apply(options);
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_EQ(refused.messages, "lumetra-presets: " + Path("out.png").toStdString() +
+                                    ": exists; --overwrite replaces it, --skip leaves it\n");
+    EXPECT_EQ(ReadFile("out.png"), "precious");
+
+    const CliResult skipped = Apply(options + Words("--skip"));
+    EXPECT_EQ(skipped.code, 0);
+    EXPECT_EQ(skipped.output + skipped.messages, "");
+    EXPECT_EQ(ReadFile("out.png"), "precious");
+
+    EXPECT_EQ(Apply(options + Words("--overwrite")).code, 0);
+    EXPECT_EQ(ReadPhoto("out.png").GetWidth(), 48);
+}
+
+TEST_F(ApplyTest, neverOverwritesAPhotoEvenThroughALink)
+{
+    WritePhoto("a.png");
+    WritePhoto("b.png");
+    const QByteArray before = ReadFile("a.png");
+    ASSERT_TRUE(QFile::link(Path("a.png"), Path("link.png")));
+    const std::string refusal = ": is one of the photos and is not overwritten";
+
+    const auto itself = Apply(Words("a.png -p test.bright -o {name}.{ext} --overwrite"));
+    const auto linked = Apply(Words("a.png -p test.bright -o link.png --overwrite"));
+    const auto other = Apply(Words("a.png b.png -p test.bright -o {folder}/b{name}.png"));
+    const auto another =
+        Apply(Words("b.png a.png -p test.bright -o ./x/../{name}.png --overwrite"));
+
+    EXPECT_THAT(itself.messages, HasSubstr(refusal));
+    EXPECT_THAT(linked.messages, HasSubstr(refusal));
+    EXPECT_EQ(other.code, 0);
+    EXPECT_THAT(another.messages, HasSubstr(refusal));
+    EXPECT_EQ(ReadFile("a.png"), before);
+}
+
+TEST_F(ApplyTest, refusesTwoPhotosForOneOutput)
+{
+    WritePhoto("b.png");
+    ExpectUsageError(Words("b.png -p test.bright -o out.png"),
+                     "--output: expected an output of its own for each photo, found \"" +
+                         Path("out.png").toStdString() + "\" for \"a.png\" and \"b.png\"");
+    ExpectUsageError(Words("./a.png -p test.bright"),
+                     "--output: expected an output of its own for each photo, found \"" +
+                         Path("a_Test Bright.png").toStdString() +
+                         "\" for \"a.png\" and "
+                         "\"./a.png\"");
+}
+
+TEST_F(ApplyTest, planOnlyInADryRun)
+{
+    WritePhoto("a.png");
+
+    const CliResult result = Apply(Words("a.png missing.png -p test.bright -o out/{name}.png "
+                                         "--dry-run"));
+
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.output, Path("out/a.png").toStdString() + "\n");
+    EXPECT_THAT(result.messages, HasSubstr("missing.png"));
+    EXPECT_FALSE(Exists("out"));
+}
+
+TEST_F(ApplyTest, tellsEverythingAsJson)
+{
+    WritePhoto("a.png");
+
+    const CliResult result =
+        Apply(Words("a.png missing.png -p test.bright -i 40 -o out/{name}.png --json"));
+
+    EXPECT_EQ(result.code, 1);
+    const auto root =
+        LumetraHost::JsonDocument::Parse(QByteArray::fromStdString(result.output), "apply")
+            .GetRoot();
+    EXPECT_EQ(root->Get("id", ""), "test.bright");
+    EXPECT_EQ(root->Get("intensity", 0), 40);
+    const auto results = root->GetCollection("results");
+    ASSERT_EQ(results->GetCount(), 2U);
+    EXPECT_EQ(results->GetElement(0)->Get("photo", ""), "a.png");
+    EXPECT_EQ(results->GetElement(0)->Get("state", ""), "written");
+    EXPECT_EQ(results->GetElement(1)->Get("state", ""), "failed");
+    EXPECT_EQ(results->GetElement(1)->Get("message", ""),
+              "missing.png: expected a photo, found no such file");
+}
+
+TEST_F(ApplyTest, refusesWhatThePresetDoesNotHave)
+{
+    ExpectUsageError(Words("-p test.bright -i 0"),
+                     "--intensity: expected a whole number from 1 to 100, found \"0\"");
+    ExpectUsageError(Words("-p test.bright -i 101"),
+                     "--intensity: expected a whole number from 1 to 100, found \"101\"");
+    ExpectUsageError(Words("-p test.bright -i 1e2"),
+                     "--intensity: expected a whole number from 1 to 100, found \"1e2\"");
+    ExpectUsageError(Words("-p test.slide -i 51"),
+                     "--intensity: expected a whole number from 0 to 50, found \"51\"");
+    ExpectUsageError(Words("-p test.plain -i 5"), "--intensity: expected none, for \"Test Plain\" "
+                                                  "has no intensity, found \"5\"");
+    ExpectUsageError(Words("-p test.bright --set exposre=5"),
+                     "--set: expected a slider of \"Test Bright\" (\"exposure\"), found "
+                     "\"exposre\", did you mean \"exposure\"?");
+    ExpectUsageError(Words("-p test.grey --set exposure=5"),
+                     "--set: expected a slider of \"Test Grey\" (none, it has no sliders), found "
+                     "\"exposure\"");
+    ExpectUsageError(Words("-p test.bright --set exposure=101"),
+                     "--set exposure: expected a whole number from -100 to 100, found \"101\"");
+    ExpectUsageError(Words("-p test.bright --set exposure"),
+                     "--set: expected slider=value, found \"exposure\"");
+}
+
+TEST_F(ApplyTest, refusesUnknownAndAmbiguousPresets)
+{
+    ExpectUsageError({QStringLiteral("-p"), QStringLiteral("Test Brigth")},
+                     "--preset: expected the name or id of a preset, found \"Test Brigth\", did "
+                     "you mean \"Test Bright\"?");
+    ExpectUsageError({QStringLiteral("-p"), QStringLiteral("Test Twin")},
+                     "--preset: expected one preset, found 2 named \"Test Twin\"; their ids are "
+                     "\"test.twin-1\" (Test looks), \"test.twin-2\" (Test looks)");
+    ExpectUsageError({}, "expected one --preset, found 0");
+    ExpectUsageError(Words("-p test.grey -p test.bright"), "expected one --preset, found 2");
+}
+
+TEST_F(ApplyTest, refusesOptionsThatCannotBe)
+{
+    ExpectUsageError(Words("-p test.grey --quality 0"),
+                     "--quality: expected a whole number from 1 to 100, found \"0\"");
+    ExpectUsageError(Words("-p test.grey --jobs many"),
+                     "--jobs: expected a whole number from 1 to 64, found \"many\"");
+    ExpectUsageError(Words("-p test.grey --overwrite --skip"),
+                     "expected --overwrite or --skip, found both");
+    ExpectUsageError(Words("-p test.grey -o {nmae}.png"),
+                     "--output: expected {folder}, {name}, {preset} or {ext}, found {nmae}");
+    ExpectUsageError(Words("-p test.grey -o {name.png"),
+                     "--output: expected braces in pairs, found \"{name.png\"");
+    ExpectUsageError(Words("-p test.grey -o out.gif"),
+                     "--output: expected a name that ends in .{ext}, .jpg, .png or .tif, found "
+                     "\"out.gif\"");
+    EXPECT_EQ(Apply(Words("-p test.grey")).code, 2);
+}

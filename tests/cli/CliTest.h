@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "photo/Image.h"
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+#include <string>
+
+/// What the program did.
+struct CliResult
+{
+    int code = -1;
+    std::string output;
+    std::string messages;
+};
+
+/// Runs the real program in a folder of its own, without display, runtime folder or any
+/// configuration of the machine. The folder has a catalogue "looks.json" with these presets:
+/// "Test Bright" (blending, at 80; slider "exposure"), "Test Grey" (blending), "Test Slide" (slider
+/// intensity) and "Test Twin" twice, ids test.bright, test.grey, test.slide, test.twin-1 and -2.
+class CliTest : public testing::Test
+{
+protected:
+    void SetUp() override;
+
+    /// `arguments`, a command first; "--catalogue looks.json" is added where the command takes it.
+    CliResult Run(const QStringList& arguments) const;
+    /// As they are.
+    CliResult RunPlain(const QStringList& arguments) const;
+
+    QString Path(const char* name) const;
+    bool Exists(const char* name) const;
+    void WriteFile(const char* name, const QByteArray& content) const;
+    QByteArray ReadFile(const char* name) const;
+    /// A picture of many colours, written in the format of its name.
+    LumetraHost::Image WritePhoto(const char* name, int width = 48, int height = 32) const;
+    LumetraHost::Image ReadPhoto(const char* name) const;
+
+    QTemporaryDir folder;
+};

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "CliTest.h"
+#include "Zorvik/Brassel/ISerializer.h"
+#include "storage/JsonDocument.h"
+
+using testing::HasSubstr;
+
+TEST_F(CliTest, listsPresetsWithIntensityAndSliders)
+{
+    const CliResult result = Run({QStringLiteral("list")});
+
+    EXPECT_EQ(result.code, 0);
+    EXPECT_THAT(result.output,
+                HasSubstr("Test looks\n"
+                          "  Test Bright  [test.bright]  intensity 80 (1 to 100), blending  "
+                          "exposure 50 (-100 to 100)  popular\n"
+                          "  Test Grey  [test.grey]  intensity 80 (1 to 100), blending\n"
+                          "  Test Slide  [test.slide]  intensity 25 (0 to 50), slider\n"
+                          "  Test Plain  [test.plain]\n"));
+}
+
+TEST_F(CliTest, listsTheSameAsJson)
+{
+    const CliResult result = Run({QStringLiteral("list"), QStringLiteral("--json")});
+
+    ASSERT_EQ(result.code, 0);
+    const auto groups =
+        LumetraHost::JsonDocument::Parse(QByteArray::fromStdString(result.output), "list")
+            .GetRoot()
+            ->GetCollection("groups");
+    // The user's group is the last one, the named catalogue's stands before it.
+    ASSERT_GE(groups->GetCount(), 2U);
+    const auto looks = groups->GetElement(groups->GetCount() - 2);
+    EXPECT_EQ(looks->Get("name", ""), "Test looks");
+    EXPECT_FALSE(looks->Get("editable", true));
+    EXPECT_TRUE(groups->GetElement(groups->GetCount() - 1)->Get("editable", false));
+    const auto bright = looks->GetCollection("presets")->GetElement(0);
+    EXPECT_EQ(bright->Get("id", ""), "test.bright");
+    EXPECT_TRUE(bright->Get("popular", false));
+    EXPECT_EQ(bright->GetNode("intensity")->Get("kind", ""), "blending");
+    EXPECT_EQ(bright->GetNode("intensity")->Get("value", 0), 80);
+    EXPECT_EQ(bright->GetCollection("sliders")->GetElement(0)->Get("title", ""), "Brightness");
+    const auto plain = looks->GetCollection("presets")->GetElement(3);
+    EXPECT_EQ(plain->GetNode("intensity")->Get("kind", ""), "none");
+    EXPECT_FALSE(plain->GetNode("intensity")->Has("value"));
+}
+
+TEST_F(CliTest, listsNothingWhenANamedCatalogueCannotBeUsed)
+{
+    const CliResult result = RunPlain(
+        {QStringLiteral("list"), QStringLiteral("--catalogue"), QStringLiteral("missing.json")});
+
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.output, "");
+    EXPECT_THAT(result.messages,
+                HasSubstr("missing.json: error: cannot be read: No such file or directory"));
+}
+
+TEST_F(CliTest, listsWhatIsGoodInACatalogueWithErrors)
+{
+    WriteFile("odd.json", R"({"format": "lumetra-catalogue", "version": 1, "groups": [
+        {"name": "Odd", "items": [
+            {"name": "Odd One", "effects": [{"effect": {"id": "exposre"}}]},
+            {"name": "Good One", "effects": [{"effect": {"id": "exposure"}}]}]}]})");
+
+    const CliResult result = RunPlain(
+        {QStringLiteral("list"), QStringLiteral("--catalogue"), QStringLiteral("odd.json")});
+
+    EXPECT_EQ(result.code, 0);
+    EXPECT_THAT(result.output, HasSubstr("Good One"));
+    EXPECT_THAT(result.output, testing::Not(HasSubstr("Odd One")));
+    EXPECT_THAT(result.messages,
+                HasSubstr("odd.json:3:63: error: groups[0]/items[0]/effects[0]/effect/id: expected "
+                          "a known effect, found \"exposre\", did you mean \"exposure\"?"));
+}

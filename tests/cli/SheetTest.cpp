@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "CliTest.h"
+
+#include <QImage>
+#include <QSet>
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+QStringList Words(const char* line)
+{
+    return QString::fromLatin1(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+int CountColours(const QImage& image, const QRect& area)
+{
+    QSet<QRgb> colours;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x)
+            colours.insert(image.pixel(x, y));
+    return colours.size();
+}
+
+} // namespace
+
+TEST_F(CliTest, showsAllPresetsWithTheirNamesWithoutADisplay)
+{
+    WritePhoto("a.png", 90, 60);
+
+    const CliResult result = Run(Words("sheet a.png -o sheet.png --columns 6 --tile 60"));
+
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.output, "sheet.png\n");
+    EXPECT_THAT(result.messages, IsEmpty());
+    const QImage sheet(Path("sheet.png"));
+    // Of the last section, the named catalogue's, in one row: heading, tiles, labels.
+    EXPECT_EQ(sheet.width(), 2 * 16 + 6 * 70 - 10);
+    const int bottom = sheet.height() - 16 - 10;
+    const QRect firstLabel(16, bottom - 22, 60, 22);
+    const QRect firstTile(16, bottom - 22 - 40, 60, 40);
+    EXPECT_GT(CountColours(sheet, firstTile), 100);
+    EXPECT_GT(CountColours(sheet, firstLabel), 2) << "the name is missing";
+    EXPECT_NE(sheet.copy(firstTile), sheet.copy(firstTile.translated(70, 0)));
+}
+
+TEST_F(CliTest, refusesASheetThatCannotBe)
+{
+    WritePhoto("a.png");
+    WriteFile("there.png", "precious");
+    const std::vector<std::pair<const char*, const char*>> cases = {
+        {"sheet -o s.png", "expected one photo, found 0"},
+        {"sheet a.png b.png -o s.png", "expected one photo, found 2"},
+        {"sheet a.png", "--output: expected the name of a PNG file, found \"\""},
+        {"sheet a.png -o s.jpg", "--output: expected the name of a PNG file, found \"s.jpg\""},
+        {"sheet a.png -o a.png --overwrite", "--output: \"a.png\" is the photo itself"},
+        {"sheet a.png -o there.png", "--output: \"there.png\" exists; --overwrite replaces it"},
+        {"sheet a.png -o s.png --columns 0", "--columns: expected a whole number from 1 to 50"},
+        {"sheet a.png -o s.png --tile 5000", "--tile: expected a whole number from 32 to 2000"},
+    };
+    for (const auto& [line, message] : cases) {
+        const CliResult result = Run(Words(line));
+        EXPECT_EQ(result.code, 2) << line;
+        EXPECT_THAT(result.messages, HasSubstr(message)) << line;
+    }
+    EXPECT_EQ(ReadFile("there.png"), "precious");
+}
+
+TEST_F(CliTest, refusesASheetOfAPhotoThatCannotBeRead)
+{
+    const CliResult result = Run(Words("sheet missing.png -o s.png"));
+
+    EXPECT_EQ(result.code, 1);
+    EXPECT_THAT(result.messages, HasSubstr("missing.png: "));
+    EXPECT_FALSE(Exists("s.png"));
+}

@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "core/PresetController.h"
+
+#include "EffectPresets/EffectPresetModel.h"
+#include "Zorvik/Exception.h"
+#include "core/PresetControllerFactory.h"
+#include "storage/JsonDocument.h"
+#include "support/CallLog.h"
+#include "support/RecordingWorkspace.h"
+#include "support/RegisteredEffects.h"
+
+#include <gmock/gmock.h>
+
+using namespace LumetraPlugin;
+using LumetraHost::JsonDocument;
+using LumetraTest::CallLog;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
+using Zorvik::Lumetra::LumetraPresets::SliderSetting;
+
+namespace {
+
+class PresetControllerTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        effects.Add({"tone", {{"gain", 0, 2, 1, ""}}, {}});
+        const auto catalogue = JsonDocument::Parse(R"({
+            "sliders": {"tone": {"title": "Gain", "begin": 0, "end": 100,
+                "variables": [{"setting": "gain", "begin": 0, "end": 2}]}},
+            "items": [
+                {"name": "Blend", "intensity": {"type": 1, "blendSetting": {"value": 80}},
+                    "effects": [{"effect": {"id": "tone", "gain": 0.5}}]},
+                {"name": "Slide", "intensity": {"type": 2, "sliderSetting": {"end": 100,
+                    "variables": [{"effectID": "tone", "setting": "gain", "end": 2}]}},
+                    "effects": [{"effect": {"id": "tone", "gain": 0.5}}],
+                    "settingsPreview": {"effects": []}}]})",
+                                                   "test.json")
+                                   .GetRoot();
+        model.ParseAdditionalInfo(catalogue->GetCollection("sliders"));
+        model.ParseGroup("Looks", catalogue->GetCollection("items"), nullptr);
+        model.ParseAdditionalInfo(
+            Zorvik::Brassel::ConstSerializerPtr(JsonDocument("user").GetRoot()));
+        model.SetWorkspaceController(workspace);
+        log.Clear();
+    }
+
+    QModelIndex Preset(int row) { return model.index(row, 0, model.index(0, 0)); }
+
+    CallLog log;
+    LumetraTest::RegisteredEffects effects{log};
+    std::shared_ptr<LumetraTest::RecordingWorkspace> workspace =
+        std::make_shared<LumetraTest::RecordingWorkspace>(log);
+    std::shared_ptr<PresetControllerFactory> factory =
+        std::make_shared<PresetControllerFactory>("Looks");
+    EffectPresetModel model{factory};
+};
+
+std::string Event(const std::string& name)
+{
+    return "statistics.SendEvent(\"" + name +
+           "\", {effectGroup: \"Looks\", effectName: \"Blend\"})";
+}
+
+} // namespace
+
+TEST_F(PresetControllerTest, namesAllFiveStatisticsEvents)
+{
+    model.setData(Preset(0), true, EffectPresetModel::AppliedRole);
+    model.setData(Preset(0), false, EffectPresetModel::AppliedRole);
+    model.setData(Preset(0), true, EffectPresetModel::FavouriteRole);
+    model.setData(Preset(0), false, EffectPresetModel::FavouriteRole);
+    model.setData(Preset(0), true, EffectPresetModel::SaveChangesRole);
+
+    EXPECT_THAT(log.GetLines("statistics."),
+                ElementsAre(Event("presetClick"), Event("presetReset"), Event("presetFavouriteAdd"),
+                            Event("presetFavouriteRemove"), Event("presetApply")));
+}
+
+TEST_F(PresetControllerTest, drawsAMovedSliderAtOnce)
+{
+    auto sliders =
+        Preset(0).data(EffectPresetModel::SettingsValuesRole).value<SliderSetting::List>();
+    ASSERT_EQ(sliders.size(), 1U);
+    sliders[0].SetValue(75);
+
+    model.setData(Preset(0), QVariant::fromValue(sliders), EffectPresetModel::SettingsValuesRole);
+
+    ASSERT_EQ(log.GetLines("drawer.ApplyEffect").size(), 1U);
+    EXPECT_THAT(log.GetLines("drawer.ApplyEffect")[0], HasSubstr("gain: 1.5}] in Looks/Blend"));
+}
+
+TEST_F(PresetControllerTest, previewsInTheSizeOfThePanelAtTheCurrentIntensity)
+{
+    factory->SetPreviewOptions({QSize(30, 20), false});
+    model.setData(Preset(0), 100, EffectPresetModel::IntensityRole);
+    log.Clear();
+
+    const auto preview = Preset(0).data(EffectPresetModel::PreviewImageRole).value<QImage>();
+    model.setData(Preset(0), 1, EffectPresetModel::IntensityRole);
+    Preset(0).data(EffectPresetModel::PreviewImageRole);
+
+    EXPECT_FALSE(preview.isNull());
+    const auto calls = log.GetLines("drawer.RenderPreview");
+    ASSERT_EQ(calls.size(), 2U);
+    EXPECT_THAT(calls[0], HasSubstr("(30x20 aspect 1, [tone{id: \"tone\", gain: 0.5}]"));
+    EXPECT_THAT(calls[0], HasSubstr("blend 1,"));
+    EXPECT_THAT(calls[1], HasSubstr("blend 255,"));
+}
+
+TEST_F(PresetControllerTest, previewsAListThatLacksTheSlidersEffect)
+{
+    model.setData(Preset(1), 10, EffectPresetModel::IntensityRole);
+
+    EXPECT_NO_THROW(Preset(1).data(EffectPresetModel::PreviewImageRole));
+    EXPECT_EQ(log.GetLines("drawer.RenderPreview").size(), 1U);
+}
+
+TEST_F(PresetControllerTest, isCopiedAsWhatItIs)
+{
+    class OwnController : public PresetController
+    {
+    public:
+        using PresetController::PresetController;
+        boost::intrusive_ptr<PresetController> Copy() const override
+        {
+            return new OwnController(*this);
+        }
+    };
+    const boost::intrusive_ptr<OwnController> own(
+        new OwnController("Looks", std::make_shared<PreviewOptions>()));
+
+    const auto copy = factory->CopyController(own);
+
+    EXPECT_NE(dynamic_cast<const OwnController*>(copy.get()), nullptr);
+    EXPECT_NE(copy.get(), own.get());
+}
+
+TEST(PresetControllerFactory, makesItsKindsAndNamesThemWhenAskedForAnother)
+{
+    PresetControllerFactory factory("Looks");
+
+    EXPECT_TRUE(factory.CreateController(""));
+    EXPECT_TRUE(factory.CreateController("photo"));
+    try {
+        factory.CreateController("video");
+        FAIL();
+    } catch (const Zorvik::Exception& error) {
+        EXPECT_EQ(error.GetDescription(), "expected a kind of preset controller (\"\", \"photo\"), "
+                                          "found \"video\"");
+    }
+    EXPECT_THROW(factory.CopyController(nullptr), Zorvik::Exception);
+}
