@@ -3,7 +3,6 @@
 
 #include "Console.h"
 #include "EffectPresets/EffectPresetModel.h"
-#include "PresetRows.h"
 #include "catalogue/CatalogueFiles.h"
 #include "core/PresetSession.h"
 
@@ -42,6 +41,14 @@ QStringList FindCatalogues()
     return files;
 }
 
+bool HasPresets(const QAbstractItemModel& model)
+{
+    for (int group = 0; group < model.rowCount(); ++group)
+        if (model.rowCount(model.index(group, 0)) > 0)
+            return true;
+    return false;
+}
+
 void Report(const PresetSession& session, Console& console)
 {
     for (const CatalogueReport& report : session.GetReports())
@@ -69,7 +76,7 @@ std::unique_ptr<PresetSession> CatalogueOptions::Load(const QCommandLineParser& 
     for (const QString& file : named)
         if (unusable.contains(file))
             return nullptr;
-    if (!PresetRows::Read(session->GetModel()).empty())
+    if (HasPresets(session->GetModel()))
         return session;
     console.Report(QStringLiteral("expected at least one preset, found none in any catalogue; "
                                   "--catalogue names a file"));
