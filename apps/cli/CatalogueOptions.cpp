@@ -23,6 +23,11 @@ QString CatalogueOption()
     return QStringLiteral("catalogue");
 }
 
+QString OnlyNamedOption()
+{
+    return QStringLiteral("only-named");
+}
+
 /// The data folder that this program was installed with: "share" beside its "bin".
 QString InstalledDataFolder()
 {
@@ -64,6 +69,8 @@ void CatalogueOptions::Add(QCommandLineParser& parser)
                       QStringLiteral("Also reads the presets of this catalogue file. May be given "
                                      "more than once."),
                       QStringLiteral("file")});
+    parser.addOption(
+        {OnlyNamedOption(), QStringLiteral("Reads no other catalogues than those named.")});
 }
 
 std::unique_ptr<PresetSession> CatalogueOptions::Load(const QCommandLineParser& parser,
@@ -71,7 +78,8 @@ std::unique_ptr<PresetSession> CatalogueOptions::Load(const QCommandLineParser& 
 {
     const QStringList named = parser.values(CatalogueOption());
     auto session = std::make_unique<PresetSession>(PackageName);
-    const QStringList unusable = session->Load(FindCatalogues() + named, nullptr);
+    const QStringList others = parser.isSet(OnlyNamedOption()) ? QStringList() : FindCatalogues();
+    const QStringList unusable = session->Load(others + named, nullptr);
     Report(*session, console);
     for (const QString& file : named)
         if (unusable.contains(file))

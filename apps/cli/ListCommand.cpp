@@ -38,12 +38,16 @@ QString Line(const PresetRow& row)
         line += QStringLiteral("  intensity %1, %2")
                     .arg(Range(row.intensity, row.intensityMinimum, row.intensityMaximum),
                          row.GetIntensityKind());
+    return row.isPopular ? line + QStringLiteral("  popular") : line;
+}
+
+QString SliderLine(const PresetRow& row)
+{
+    QStringList sliders;
     for (const SliderSetting& slider : row.sliders)
-        line += QStringLiteral("  %1 %2").arg(SliderName(slider),
-                                              Range(slider.Value(), slider.Min(), slider.Max()));
-    if (row.isPopular)
-        line += QStringLiteral("  popular");
-    return line;
+        sliders.append(SliderName(slider) + QLatin1Char(' ') +
+                       Range(slider.Value(), slider.Min(), slider.Max()));
+    return QStringLiteral("      ") + sliders.join(QStringLiteral(", "));
 }
 
 void PrintText(const std::vector<PresetRow>& rows, Console& console)
@@ -54,6 +58,8 @@ void PrintText(const std::vector<PresetRow>& rows, Console& console)
             console.PrintLine(row.group);
         group = row.index.parent();
         console.PrintLine(Line(row));
+        if (!row.sliders.empty())
+            console.PrintLine(SliderLine(row));
     }
 }
 

@@ -73,8 +73,9 @@ CliResult CliTest::RunPlain(const QStringList& arguments) const
 
 CliResult CliTest::Run(const QStringList& arguments) const
 {
-    return RunPlain(arguments +
-                    QStringList{QStringLiteral("--catalogue"), QStringLiteral("looks.json")});
+    return RunPlain(arguments + QStringList{QStringLiteral("--only-named"),
+                                            QStringLiteral("--catalogue"),
+                                            QStringLiteral("looks.json")});
 }
 
 QString CliTest::Path(const char* name) const

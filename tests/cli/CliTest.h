@@ -27,7 +27,7 @@ class CliTest : public testing::Test
 protected:
     void SetUp() override;
 
-    /// `arguments`, a command first; "--catalogue looks.json" is added where the command takes it.
+    /// `arguments`, a command first, with the folder's catalogue alone.
     CliResult Run(const QStringList& arguments) const;
     /// As they are.
     CliResult RunPlain(const QStringList& arguments) const;

@@ -35,8 +35,8 @@ TEST_F(CliTest, showsAllPresetsWithTheirNamesWithoutADisplay)
     EXPECT_EQ(result.output, "sheet.png\n");
     EXPECT_THAT(result.messages, IsEmpty());
     const QImage sheet(Path("sheet.png"));
-    // Of the last section, the named catalogue's, in one row: heading, tiles, labels.
-    EXPECT_EQ(sheet.width(), 2 * 16 + 6 * 70 - 10);
+    // One section in one row: heading, tiles, labels.
+    EXPECT_EQ(sheet.size(), QSize(2 * 16 + 6 * 70 - 10, 2 * 16 + 34 + 40 + 22 + 10));
     const int bottom = sheet.height() - 16 - 10;
     const QRect firstLabel(16, bottom - 22, 60, 22);
     const QRect firstTile(16, bottom - 22 - 40, 60, 40);
