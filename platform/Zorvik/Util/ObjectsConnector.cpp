@@ -22,9 +22,12 @@ struct Registration
     QString slot;
 };
 
+constexpr int SweepBegin = 64;
+
 struct Channel
 {
     QVector<Registration> registrations;
+    int sweepAt = SweepBegin; // registrations at which the dead are looked for next
     QVariantList lastMessage;
     bool hasLastMessage = false;
 };
@@ -78,11 +81,13 @@ void Deliver(const QString& channel, const Registration& registration, QVariantL
                   generic[4], generic[5], generic[6], generic[7], generic[8], generic[9]);
 }
 
-void DropDead(QVector<Registration>& registrations)
+void DropDead(Channel& channel)
 {
+    auto& registrations = channel.registrations;
     registrations.erase(std::remove_if(registrations.begin(), registrations.end(),
                                        [](const auto& r) { return r.receiver.isNull(); }),
                         registrations.end());
+    channel.sweepAt = std::max(SweepBegin, 2 * registrations.size());
 }
 
 } // namespace
@@ -91,7 +96,9 @@ void ObjectsConnector::registerReceiver(const QString& channel, QObject* receive
                                         const QString& slot, bool deliverLast)
 {
     Channel& entry = Channels()[channel];
-    DropDead(entry.registrations);
+    // Thousands may register on one channel: looking at all of them each time would be quadratic.
+    if (entry.registrations.size() >= entry.sweepAt)
+        DropDead(entry);
     const Registration registration{receiver, slot};
     entry.registrations.append(registration);
     if (deliverLast && entry.hasLastMessage && receiver)
@@ -101,7 +108,7 @@ void ObjectsConnector::registerReceiver(const QString& channel, QObject* receive
 void ObjectsConnector::sendMessage(const QString& channel, const QVariantList& arguments)
 {
     Channel& entry = Channels()[channel];
-    DropDead(entry.registrations);
+    DropDead(entry);
     entry.lastMessage = arguments;
     entry.hasLastMessage = true;
     // A copy: slots may register receivers and open channels while we deliver.
