@@ -3,8 +3,10 @@
 
 #include "Console.h"
 #include "EffectPresets/EffectPresetModel.h"
+#include "Zorvik/Exception.h"
 #include "catalogue/CatalogueFiles.h"
 #include "core/PresetSession.h"
+#include "core/UserPresetStore.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -15,6 +17,7 @@ namespace {
 using LumetraHost::CatalogueFiles;
 using LumetraHost::CatalogueReport;
 using LumetraPlugin::PresetSession;
+using LumetraPlugin::UserPresetStore;
 
 constexpr char PackageName[] = "lumetra.presets";
 
@@ -26,6 +29,11 @@ QString CatalogueOption()
 QString OnlyNamedOption()
 {
     return QStringLiteral("only-named");
+}
+
+QString StoreOption()
+{
+    return QStringLiteral("store");
 }
 
 /// The data folder that this program was installed with: "share" beside its "bin".
@@ -61,6 +69,23 @@ void Report(const PresetSession& session, Console& console)
             console.ReportPlace(QString::fromStdString(report.ToText()));
 }
 
+/// Without the user's presets when their file cannot be read, which is reported.
+QStringList LoadWithStore(PresetSession& session, const QStringList& catalogues,
+                          const QString& store, Console& console)
+{
+    session.OpenStore(store);
+    try {
+        const QStringList unusable = session.Load(catalogues, nullptr);
+        for (const std::string& report : session.GetStore()->GetReports())
+            console.ReportPlace(QString::fromStdString(report));
+        return unusable;
+    } catch (const Zorvik::Exception& error) {
+        console.ReportPlace(QString::fromUtf8(error.what()));
+        session.CloseStore();
+        return session.Load(catalogues, nullptr);
+    }
+}
+
 } // namespace
 
 void CatalogueOptions::Add(QCommandLineParser& parser)
@@ -71,6 +96,10 @@ void CatalogueOptions::Add(QCommandLineParser& parser)
                       QStringLiteral("file")});
     parser.addOption(
         {OnlyNamedOption(), QStringLiteral("Reads no other catalogues than those named.")});
+    parser.addOption({StoreOption(),
+                      QStringLiteral("Keeps your own presets and favourites in this file (%1).")
+                          .arg(UserPresetStore::GetDefaultPath()),
+                      QStringLiteral("file"), UserPresetStore::GetDefaultPath()});
 }
 
 std::unique_ptr<PresetSession> CatalogueOptions::Load(const QCommandLineParser& parser,
@@ -79,7 +108,8 @@ std::unique_ptr<PresetSession> CatalogueOptions::Load(const QCommandLineParser& 
     const QStringList named = parser.values(CatalogueOption());
     auto session = std::make_unique<PresetSession>(PackageName);
     const QStringList others = parser.isSet(OnlyNamedOption()) ? QStringList() : FindCatalogues();
-    const QStringList unusable = session->Load(others + named, nullptr);
+    const QStringList unusable =
+        LoadWithStore(*session, others + named, parser.value(StoreOption()), console);
     Report(*session, console);
     for (const QString& file : named)
         if (unusable.contains(file))

@@ -19,9 +19,9 @@ class CatalogueOptions
 public:
     static void Add(QCommandLineParser& parser);
 
-    /// A session with the presets of the system's, the user's and the named catalogues. What is
-    /// wrong in them is reported; null, and reported, when a named one cannot be used or there are
-    /// no presets at all.
+    /// A session with the presets of the system's, the user's and the named catalogues, and with
+    /// the user's own. What is wrong in them is reported; null, and reported, when a named one
+    /// cannot be used or there are no presets at all. Without a store when it cannot be read.
     static std::unique_ptr<LumetraPlugin::PresetSession> Load(const QCommandLineParser& parser,
                                                               Console& console);
 };

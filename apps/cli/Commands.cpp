@@ -3,7 +3,11 @@
 
 #include "ApplyCommand.h"
 #include "CheckCommand.h"
+#include "FavouriteCommand.h"
 #include "ListCommand.h"
+#include "RemoveCommand.h"
+#include "RenameCommand.h"
+#include "SaveCommand.h"
 #include "SheetCommand.h"
 
 #include <algorithm>
@@ -18,6 +22,10 @@ std::vector<std::unique_ptr<Command>> MakeCommands()
     commands.push_back(std::make_unique<ApplyCommand>());
     commands.push_back(std::make_unique<SheetCommand>());
     commands.push_back(std::make_unique<CheckCommand>());
+    commands.push_back(std::make_unique<SaveCommand>());
+    commands.push_back(std::make_unique<RenameCommand>());
+    commands.push_back(std::make_unique<RemoveCommand>());
+    commands.push_back(std::make_unique<FavouriteCommand>());
     return commands;
 }
 

@@ -9,6 +9,8 @@
 #include "core/PresetSession.h"
 #include "storage/JsonDocument.h"
 
+#include <algorithm>
+
 namespace LumetraCli {
 namespace {
 
@@ -19,6 +21,16 @@ using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 QString JsonOption()
 {
     return QStringLiteral("json");
+}
+
+QString UserOption()
+{
+    return QStringLiteral("user");
+}
+
+QString FavouritesOption()
+{
+    return QStringLiteral("favourites");
 }
 
 QString Range(int value, int minimum, int maximum)
@@ -38,7 +50,11 @@ QString Line(const PresetRow& row)
         line += QStringLiteral("  intensity %1, %2")
                     .arg(Range(row.intensity, row.intensityMinimum, row.intensityMaximum),
                          row.GetIntensityKind());
-    return row.isPopular ? line + QStringLiteral("  popular") : line;
+    if (row.isPopular)
+        line += QStringLiteral("  popular");
+    if (row.isFavourite)
+        line += QStringLiteral("  favourite");
+    return line;
 }
 
 QString SliderLine(const PresetRow& row)
@@ -123,6 +139,8 @@ QString ListCommand::GetSummary() const
 void ListCommand::AddOptions(QCommandLineParser& parser) const
 {
     parser.addOption({JsonOption(), QStringLiteral("Writes JSON.")});
+    parser.addOption({UserOption(), QStringLiteral("Only your own presets.")});
+    parser.addOption({FavouritesOption(), QStringLiteral("Only favourites.")});
     CatalogueOptions::Add(parser);
 }
 
@@ -131,7 +149,12 @@ ExitCode ListCommand::Execute(const QCommandLineParser& parser, Console& console
     const auto session = CatalogueOptions::Load(parser, console);
     if (!session)
         return ExitCode::SomeFailed;
-    const auto rows = PresetRows::Read(session->GetModel());
+    auto rows = PresetRows::Read(session->GetModel());
+    const auto isLeftOut = [&parser](const PresetRow& row) {
+        return (parser.isSet(UserOption()) && !row.isUsers) ||
+               (parser.isSet(FavouritesOption()) && !row.isFavourite);
+    };
+    rows.erase(std::remove_if(rows.begin(), rows.end(), isLeftOut), rows.end());
     if (parser.isSet(JsonOption()))
         PrintJson(session->GetModel(), rows, console);
     else

@@ -30,6 +30,7 @@ PresetRow ReadRow(const QModelIndex& index, const QString& group)
     row.intensityMinimum = index.data(EffectPresetModel::IntensityMinRole).toInt();
     row.intensityMaximum = index.data(EffectPresetModel::IntensityMaxRole).toInt();
     row.isPopular = index.data(EffectPresetModel::PopularRole).toBool();
+    row.isUsers = index.data(EffectPresetModel::EditableRole).toBool();
     row.isFavourite = index.data(EffectPresetModel::FavouriteRole).toBool();
     row.sliders = index.data(EffectPresetModel::SettingsValuesRole).value<SliderSetting::List>();
     return row;
@@ -42,28 +43,27 @@ Rows Select(const Rows& rows, const std::function<bool(const PresetRow&)>& fits)
     return result;
 }
 
-[[noreturn]] void RefuseUnknown(const Rows& rows, const QString& nameOrId)
+[[noreturn]] void RefuseUnknown(const Rows& rows, const QString& nameOrId, const QString& argument)
 {
     std::vector<std::string> names;
     for (const PresetRow& row : rows) {
         names.push_back(row.name.toStdString());
         names.push_back(row.id.toStdString());
     }
-    const std::string found = nameOrId.toStdString();
-    throw UsageError(QString::fromStdString("--preset: expected the name or id of a preset, found "
-                                            "\"" +
-                                            found + "\"" + LumetraHost::DidYouMean(found, names)));
+    const QString hint =
+        QString::fromStdString(LumetraHost::DidYouMean(nameOrId.toStdString(), names));
+    throw UsageError(QStringLiteral("%1: expected the name or id of a preset, found \"%2\"%3")
+                         .arg(argument, nameOrId, hint));
 }
 
-[[noreturn]] void RefuseAmbiguous(const Rows& matches, const QString& name)
+[[noreturn]] void RefuseAmbiguous(const Rows& matches, const QString& name, const QString& argument)
 {
     QStringList ids;
     for (const PresetRow& row : matches)
         ids.append(QStringLiteral("\"%1\" (%2)").arg(row.id, row.group));
     throw UsageError(
-        QStringLiteral("--preset: expected one preset, found %1 named \"%2\"; their "
-                       "ids are %3")
-            .arg(QString::number(matches.size()), name, ids.join(QStringLiteral(", "))));
+        QStringLiteral("%1: expected one preset, found %2 named \"%3\"; their ids are %4")
+            .arg(argument, QString::number(matches.size()), name, ids.join(QStringLiteral(", "))));
 }
 
 } // namespace
@@ -97,7 +97,8 @@ std::vector<PresetRow> PresetRows::Read(const QAbstractItemModel& model)
     return rows;
 }
 
-PresetRow PresetRows::Find(const std::vector<PresetRow>& rows, const QString& nameOrId)
+PresetRow PresetRows::Find(const std::vector<PresetRow>& rows, const QString& nameOrId,
+                           const QString& argument)
 {
     Rows matches = Select(rows, [&](const PresetRow& row) { return row.id == nameOrId; });
     if (matches.empty())
@@ -107,9 +108,9 @@ PresetRow PresetRows::Find(const std::vector<PresetRow>& rows, const QString& na
             return row.name.compare(nameOrId, Qt::CaseInsensitive) == 0;
         });
     if (matches.empty())
-        RefuseUnknown(rows, nameOrId);
+        RefuseUnknown(rows, nameOrId, argument);
     if (matches.size() > 1)
-        RefuseAmbiguous(matches, nameOrId);
+        RefuseAmbiguous(matches, nameOrId, argument);
     return matches.front();
 }
 

@@ -26,6 +26,7 @@ struct PresetRow
     int intensityMaximum = 0;
     bool isPopular = false;
     bool isFavourite = false;
+    bool isUsers = false; ///< stands in the user's group
     Zorvik::Lumetra::LumetraPresets::SliderSetting::List sliders;
 
     bool HasIntensity() const;
@@ -40,9 +41,10 @@ public:
     static std::vector<PresetRow> Read(const QAbstractItemModel& model);
 
     /// The preset of that id; else the one of that name, upper and lower case alike when none is
-    /// written just so. UsageError for an unknown name, with the nearest one, and for one that
-    /// several presets have, with their ids.
-    static PresetRow Find(const std::vector<PresetRow>& rows, const QString& nameOrId);
+    /// written just so. UsageError, which begins with the `argument` it came from, for an unknown
+    /// name, with the nearest one, and for one that several presets have, with their ids.
+    static PresetRow Find(const std::vector<PresetRow>& rows, const QString& nameOrId,
+                          const QString& argument = QStringLiteral("--preset"));
 };
 
 } // namespace LumetraCli

@@ -97,25 +97,40 @@ std::optional<int> PresetUse::GetIntensity() const
     return m_preset.intensity;
 }
 
+void PresetUse::Tune(EffectPresetModel& model) const
+{
+    const QModelIndex& index = m_preset.index;
+    model.setData(index, QVariant::fromValue(m_preset.sliders),
+                  EffectPresetModel::SettingsValuesRole);
+    if (!m_intensity)
+        return;
+    model.setData(index, *m_intensity, EffectPresetModel::IntensityRole);
+    model.setData(index, QVariant::fromValue(TuneSettingType::ChangeEnd),
+                  EffectPresetModel::TuneRole);
+}
+
 LumetraHost::Image PresetUse::Apply(LumetraPlugin::PresetSession& session,
                                     const LumetraHost::Image& photo) const
 {
     session.OpenPhoto(photo);
     EffectPresetModel& model = session.GetModel();
-    const QModelIndex& index = m_preset.index;
-    model.setData(index, true, EffectPresetModel::AppliedRole);
-    model.setData(index, QVariant::fromValue(m_preset.sliders),
-                  EffectPresetModel::SettingsValuesRole);
-    if (m_intensity) {
-        model.setData(index, *m_intensity, EffectPresetModel::IntensityRole);
-        model.setData(index, QVariant::fromValue(TuneSettingType::ChangeEnd),
-                      EffectPresetModel::TuneRole);
-    }
+    model.setData(m_preset.index, true, EffectPresetModel::AppliedRole);
+    Tune(model);
     model.ApplyCurrentChanges(true);
-    model.setData(index, false, EffectPresetModel::AppliedRole);
+    model.setData(m_preset.index, false, EffectPresetModel::AppliedRole);
     const LumetraHost::Image result = session.GetWorkspace().GetDrawer().Result();
     session.ClosePhoto();
     return result;
+}
+
+void PresetUse::SaveAs(LumetraPlugin::PresetSession& session, const QString& name) const
+{
+    session.ClosePhoto(); // a workspace to tune in, without a photo
+    EffectPresetModel& model = session.GetModel();
+    model.setData(m_preset.index, true, EffectPresetModel::AppliedRole);
+    Tune(model);
+    model.setData(m_preset.index, name, EffectPresetModel::SaveAsUserPresetRole);
+    model.setData(m_preset.index, false, EffectPresetModel::AppliedRole);
 }
 
 } // namespace LumetraCli

@@ -16,6 +16,10 @@ namespace LumetraPlugin {
 class PresetSession;
 }
 
+namespace Zorvik::Lumetra::LumetraPresets {
+class EffectPresetModel;
+}
+
 namespace LumetraCli {
 
 /// A preset with the intensity and the slider values that the user asked for.
@@ -35,7 +39,11 @@ public:
     LumetraHost::Image Apply(LumetraPlugin::PresetSession& session,
                              const LumetraHost::Image& photo) const;
 
+    /// Adds a user preset with these values to the session's model.
+    void SaveAs(LumetraPlugin::PresetSession& session, const QString& name) const;
+
 private:
+    void Tune(Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model) const;
     void SetIntensity(const QString& text);
     void SetSlider(const QString& setting);
 

@@ -4,6 +4,7 @@
 #include "EffectPresets/EffectPresetModel.h"
 #include "catalogue/CatalogueParser.h"
 #include "core/PresetControllerFactory.h"
+#include "core/UserPresetStore.h"
 #include "engine/EffectKinds.h"
 #include "workspace/WorkspaceController.h"
 
@@ -24,15 +25,28 @@ PresetSession::PresetSession(const std::string& packageName)
 
 PresetSession::~PresetSession() = default;
 
+void PresetSession::OpenStore(const QString& path)
+{
+    m_store = std::make_unique<UserPresetStore>(path, m_factory);
+}
+
+void PresetSession::CloseStore()
+{
+    m_store.reset();
+}
+
 QStringList PresetSession::Load(const QStringList& catalogueFiles,
                                 const Zorvik::Brassel::ConstSerializerPtr& userData)
 {
+    const auto stored = m_store ? m_store->Load() : userData;
     CatalogueParser parser(PresetControllerFactory::GetKinds());
     QStringList unusable;
     for (const QString& file : catalogueFiles)
         if (!parser.AddFile(file))
             unusable.append(file);
-    parser.Parse(*m_model, userData);
+    parser.Parse(*m_model, stored);
+    if (m_store)
+        m_store->Remember(*m_model);
     m_reports = parser.GetReports();
     return unusable;
 }

@@ -22,6 +22,7 @@ class EffectPresetModel;
 namespace LumetraPlugin {
 
 class PresetControllerFactory;
+class UserPresetStore;
 
 /// One panel of presets and the photo that they are applied to: registers the engine's effects,
 /// reads the catalogues into a model and attaches it to a workspace. Photos may follow each other;
@@ -37,8 +38,16 @@ public:
     PresetSession(const PresetSession&) = delete;
     PresetSession& operator=(const PresetSession&) = delete;
 
-    /// Fills the model, once. `userData` may be null. Returns those of the files that could not be
-    /// used at all; GetReports() says why.
+    /// Keeps the user's presets and favourites in the file at `path`, which Load() then reads.
+    void OpenStore(const QString& path);
+    /// Goes on without: nothing is saved.
+    void CloseStore();
+    /// Null without one. Save to it right after each change made through the model.
+    UserPresetStore* GetStore() { return m_store.get(); }
+
+    /// Fills the model, once. `userData` may be null; a store that is open is read in its place.
+    /// Returns those of the files that could not be used at all; GetReports() says why. Exception,
+    /// and the model still empty, when the store cannot be read at all.
     QStringList Load(const QStringList& catalogueFiles,
                      const Zorvik::Brassel::ConstSerializerPtr& userData);
     /// What was noticed in the catalogues.
@@ -56,6 +65,7 @@ private:
     std::shared_ptr<LumetraHost::WorkspaceController> m_workspace;
     std::shared_ptr<PresetControllerFactory> m_factory;
     std::unique_ptr<Zorvik::Lumetra::LumetraPresets::EffectPresetModel> m_model;
+    std::unique_ptr<UserPresetStore> m_store;
     std::vector<LumetraHost::CatalogueReport> m_reports;
 };
 

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "SaveCommand.h"
+
+#include "EffectPresets/EffectPresetModel.h"
+#include "PresetUse.h"
+#include "core/PresetSession.h"
+
+namespace LumetraCli {
+
+QString SaveCommand::GetName() const
+{
+    return QStringLiteral("save");
+}
+
+QString SaveCommand::GetSummary() const
+{
+    return QStringLiteral("Saves a preset under a new name among your own.");
+}
+
+void SaveCommand::AddArguments(QCommandLineParser& parser) const
+{
+    parser.addPositionalArgument(QStringLiteral("PRESET"),
+                                 QStringLiteral("Name or id of the preset to start from."));
+    parser.addPositionalArgument(QStringLiteral("NAME"), QStringLiteral("The new name."));
+    parser.addOption({QStringLiteral("intensity"), QStringLiteral("The intensity to save."),
+                      QStringLiteral("number")});
+    parser.addOption({QStringLiteral("set"),
+                      QStringLiteral("Sets an extra slider before saving. May be given more than "
+                                     "once."),
+                      QStringLiteral("slider=value")});
+}
+
+QStringList SaveCommand::Edit(const QCommandLineParser& parser,
+                              LumetraPlugin::PresetSession& session, const Rows& rows) const
+{
+    const QStringList arguments = Arguments(parser, 2, 2);
+    const QString name = NewName(session.GetModel(), arguments[1]);
+    const PresetUse use(FindPreset(rows, arguments[0]), parser.value(QStringLiteral("intensity")),
+                        parser.values(QStringLiteral("set")));
+    use.SaveAs(session, name);
+    return {QStringLiteral("saved \"%1\" from \"%2\"").arg(name, use.GetPreset().name)};
+}
+
+} // namespace LumetraCli

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "StoreCommand.h"
+
+#include "CatalogueOptions.h"
+#include "Console.h"
+#include "EffectPresets/EffectPresetModel.h"
+#include "UsageError.h"
+#include "Zorvik/Exception.h"
+#include "core/PresetSession.h"
+#include "core/UserPresetStore.h"
+
+namespace LumetraCli {
+namespace {
+
+constexpr int LongestName = 50; // as in the panel's dialog
+
+} // namespace
+
+void StoreCommand::AddOptions(QCommandLineParser& parser) const
+{
+    AddArguments(parser);
+    CatalogueOptions::Add(parser);
+}
+
+ExitCode StoreCommand::Execute(const QCommandLineParser& parser, Console& console) const
+{
+    const auto session = CatalogueOptions::Load(parser, console);
+    if (!session || !session->GetStore())
+        return ExitCode::SomeFailed;
+    const QStringList done = Edit(parser, *session, PresetRows::Read(session->GetModel()));
+    try {
+        session->GetStore()->Save(session->GetModel());
+    } catch (const Zorvik::Exception& error) {
+        console.ReportPlace(QString::fromUtf8(error.what()));
+        return ExitCode::SomeFailed;
+    }
+    for (const QString& line : done)
+        console.PrintLine(line);
+    return ExitCode::Done;
+}
+
+QStringList StoreCommand::Arguments(const QCommandLineParser& parser, int minimum, int maximum)
+{
+    const QStringList arguments = parser.positionalArguments().mid(1);
+    if (arguments.size() < minimum)
+        throw UsageError(QStringLiteral("expected %1 argument(s), found %2")
+                             .arg(QString::number(minimum), QString::number(arguments.size())));
+    if (arguments.size() > maximum)
+        throw UsageError(QStringLiteral("unexpected argument \"%1\"").arg(arguments[maximum]));
+    return arguments;
+}
+
+PresetRow StoreCommand::FindPreset(const Rows& rows, const QString& nameOrId)
+{
+    return PresetRows::Find(rows, nameOrId, QStringLiteral("PRESET"));
+}
+
+PresetRow StoreCommand::FindUsersPreset(const Rows& rows, const QString& nameOrId)
+{
+    const PresetRow row = FindPreset(rows, nameOrId);
+    if (!row.isUsers)
+        throw UsageError(QStringLiteral("PRESET: expected one of your own presets, found \"%1\" of "
+                                        "the catalogue's group \"%2\"")
+                             .arg(row.name, row.group));
+    return row;
+}
+
+QString StoreCommand::NewName(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model,
+                              const QString& name)
+{
+    const QString trimmed = name.trimmed();
+    if (trimmed.isEmpty() || trimmed.size() > LongestName)
+        throw UsageError(QStringLiteral("NAME: expected 1 to %1 characters, found %2")
+                             .arg(QString::number(LongestName), QString::number(trimmed.size())));
+    if (model.GetUserPresetNames().contains(trimmed))
+        throw UsageError(
+            QStringLiteral("NAME: expected a new name, found \"%1\", which one of your presets has")
+                .arg(trimmed));
+    return trimmed;
+}
+
+} // namespace LumetraCli

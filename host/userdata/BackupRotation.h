@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+namespace LumetraHost {
+
+/// Numbered copies beside a file of the user: "NAME.backup-1" is the newest. Copies, not links, so
+/// that damage to the file on the disk does not reach them. The caller holds the file's lock.
+class BackupRotation
+{
+public:
+    static constexpr int COUNT = 5;
+
+    explicit BackupRotation(const QString& path);
+
+    /// Existing copies, newest first.
+    QStringList GetFiles() const;
+    /// Makes `content` the newest copy; nothing when it already is. Whenever the program stops, at
+    /// most the oldest copy is gone.
+    void Add(const QByteArray& content) const;
+
+    /// Copies the file itself to "NAME.unreadable-DATE", under a name not yet taken, and returns
+    /// that name. Exception when the copy fails.
+    QString SetAside() const;
+
+private:
+    QString FileName(int number) const;
+
+    QString m_path;
+};
+
+} // namespace LumetraHost

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QLockFile>
+
+class QString;
+
+namespace LumetraHost {
+
+/// Keeps other programs off one file of the user while it is read again, merged and written.
+/// Held for milliseconds; what a killed program left behind is removed after two seconds.
+class StoreLock
+{
+public:
+    /// Waits up to ten seconds. Exception that names the file and, where known, who holds it.
+    explicit StoreLock(const QString& path);
+
+private:
+    QLockFile m_lock;
+};
+
+} // namespace LumetraHost

@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "core/UserPresetStore.h"
+
+#include "EffectPresets/EffectPresetModel.h"
+#include "EffectPresets/IEffectPresetControllerFactory.h"
+#include "Zorvik/Brassel/ISerializer.h"
+#include "Zorvik/Brassel/SettingsKeys.h"
+#include "storage/JsonException.h"
+#include "storage/JsonSerializer.h"
+#include "userdata/UserDataMerge.h"
+
+#include <QStandardPaths>
+
+namespace LumetraPlugin {
+namespace {
+
+using LumetraHost::JsonDocument;
+using LumetraHost::JsonObject;
+using LumetraHost::JsonPlace;
+using LumetraHost::JsonSerializer;
+using LumetraHost::JsonValue;
+using Zorvik::Brassel::Settings::ConfigData;
+using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
+
+constexpr char UserPresetsKey[] = "UserPresets";
+constexpr char FavouritesKey[] = "Favourites";
+constexpr char GroupKey[] = "group";
+constexpr char IdKey[] = "id";
+
+JsonValue MakeValue(JsonValue::Content content)
+{
+    return JsonValue(std::move(content));
+}
+
+/// "file:line:column: path: message".
+std::string Report(const JsonDocument& document, const JsonValue& value, const std::string& path,
+                   const std::string& message)
+{
+    const JsonPlace place{document.GetName(), value.line, value.column};
+    return place.ToText() + ": " + path + ": " + message;
+}
+
+bool IsTextOrAbsent(const JsonObject& object, const char* key)
+{
+    const JsonValue* value = object.Find(key);
+    return !value || value->As<std::string>();
+}
+
+/// The list under `key` in `object`; a report when something else stands there.
+JsonValue::Array FindList(const JsonDocument& document, const JsonObject& object, const char* key,
+                          const std::string& path, std::vector<std::string>& reports)
+{
+    const JsonValue* value = object.Find(key);
+    if (!value)
+        return nullptr;
+    const auto* list = value->As<JsonValue::Array>();
+    if (!list)
+        reports.push_back(
+            Report(document, *value, path,
+                   std::string("expected collection, found ") + value->GetKindName()));
+    return list ? *list : nullptr;
+}
+
+} // namespace
+
+UserPresetStore::UserPresetStore(
+    const QString& path,
+    std::shared_ptr<Zorvik::Lumetra::LumetraPresets::IEffectPresetControllerFactory> factory)
+    : m_file(path), m_factory(std::move(factory)), m_seen(path.toStdString()),
+      m_remembered(path.toStdString())
+{
+}
+
+UserPresetStore::~UserPresetStore() = default;
+
+QString UserPresetStore::GetDefaultPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/lumetra/presets.json");
+}
+
+bool UserPresetStore::IsReadOnly() const
+{
+    return m_file.IsReadOnly();
+}
+
+std::vector<std::string> UserPresetStore::GetReports() const
+{
+    std::vector<std::string> reports = m_file.GetReports();
+    reports.insert(reports.end(), m_reports.begin(), m_reports.end());
+    return reports;
+}
+
+/// Lets a controller read the entry as the model will: one that throws would take all the others
+/// with it.
+bool UserPresetStore::TryPreset(const JsonValue& element, std::size_t index,
+                                std::vector<std::string>* reports) const
+{
+    const std::string path = "UserPresets/items[" + std::to_string(index) + "]";
+    const auto refuse = [&](const std::string& message) {
+        if (reports)
+            reports->push_back(Report(m_seen, element, path, message));
+        return false;
+    };
+    const auto* object = element.As<JsonValue::Object>();
+    if (!object)
+        return refuse(std::string("expected node, found ") + element.GetKindName());
+    try {
+        const auto node = JsonSerializer::Create(*object, m_seen.GetName(), path, {});
+        const auto controller = m_factory->CreateController(node->Get(ConfigData::CONTROLLER, ""));
+        static_cast<Zorvik::Brassel::ISerializable&>(*controller).Deserialize(node);
+        controller->InitIntensity(node->GetNode(ConfigData::INTENSITY));
+        return true;
+    } catch (const LumetraHost::JsonException& error) {
+        if (reports)
+            reports->push_back(error.GetPlace().ToText() + ": " + error.what());
+        return false;
+    } catch (const std::exception& error) {
+        // Only the message: what follows the first line is a call stack.
+        const std::string text = error.what();
+        return refuse(text.substr(0, text.find('\n')));
+    }
+}
+
+JsonValue::Array UserPresetStore::CollectPresets(const JsonDocument& document)
+{
+    const auto presets = std::make_shared<LumetraHost::JsonArray>();
+    const JsonObject* holder = document.GetObject().get();
+    std::string path = ConfigData::ITEMS;
+    if (const JsonValue* value = holder->Find(UserPresetsKey)) {
+        const auto* node = value->As<JsonValue::Object>();
+        if (!node) {
+            m_reports.push_back(
+                Report(document, *value, UserPresetsKey,
+                       std::string("expected node, found ") + value->GetKindName()));
+            return presets;
+        }
+        holder = node->get();
+        path = std::string(UserPresetsKey) + "/" + path;
+    }
+    const auto list = FindList(document, *holder, ConfigData::ITEMS, path, m_reports);
+    for (std::size_t i = 0; list && i < list->elements.size(); ++i)
+        if (TryPreset(list->elements[i], i, &m_reports))
+            presets->elements.push_back(list->elements[i]);
+    return presets;
+}
+
+JsonValue::Array UserPresetStore::CollectMarks(const JsonDocument& document)
+{
+    const auto marks = std::make_shared<LumetraHost::JsonArray>();
+    const auto list =
+        FindList(document, *document.GetObject(), FavouritesKey, FavouritesKey, m_reports);
+    for (std::size_t i = 0; list && i < list->elements.size(); ++i) {
+        const JsonValue& element = list->elements[i];
+        const auto* mark = element.As<JsonValue::Object>();
+        if (mark && IsTextOrAbsent(**mark, GroupKey) && IsTextOrAbsent(**mark, IdKey))
+            marks->elements.push_back(element);
+        else
+            m_reports.push_back(Report(document, element,
+                                       std::string(FavouritesKey) + "[" + std::to_string(i) + "]",
+                                       "expected a node with the texts \"group\" and \"id\""));
+    }
+    return marks;
+}
+
+Zorvik::Brassel::ConstSerializerPtr UserPresetStore::Load()
+{
+    m_reports.clear();
+    m_seen = m_file.Read();
+
+    const auto holder = std::make_shared<JsonObject>();
+    holder->Set(ConfigData::ITEMS, MakeValue(CollectPresets(m_seen)));
+    const auto usable = std::make_shared<JsonObject>();
+    usable->Set(UserPresetsKey, MakeValue(holder));
+    usable->Set(FavouritesKey, MakeValue(CollectMarks(m_seen)));
+    return JsonSerializer::Create(usable, m_seen.GetName());
+}
+
+void UserPresetStore::Remember(const EffectPresetModel& model)
+{
+    JsonDocument state(m_seen.GetName());
+    model.Serialize(state.GetRoot());
+    m_remembered = state;
+}
+
+void UserPresetStore::Save(const EffectPresetModel& model)
+{
+    JsonDocument state(m_seen.GetName());
+    model.Serialize(state.GetRoot());
+    const LumetraHost::UserDataMerge merge(
+        [this](const JsonValue& element) { return TryPreset(element, 0, nullptr); });
+    m_seen = m_file.Update([&](JsonObject& current) {
+        return merge.Apply(*m_remembered.GetObject(), *state.GetObject(), *m_seen.GetObject(),
+                           current);
+    });
+    m_remembered = state;
+}
+
+} // namespace LumetraPlugin

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "Zorvik/Brassel/ISerializable.h"
+#include "userdata/UserDataFile.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Zorvik::Lumetra::LumetraPresets {
+class EffectPresetModel;
+class IEffectPresetControllerFactory;
+} // namespace Zorvik::Lumetra::LumetraPresets
+
+namespace LumetraPlugin {
+
+/// Keeps the user's presets and favourite marks in a file of theirs, through the model.
+///
+/// Load() before the model is filled, Remember() after it, Save() right after each change that was
+/// made through the model: a rename, for one, sends no signal. What Save() writes is the difference
+/// to what was last remembered or saved, carried over to the file as it is then; the model does not
+/// learn of other programs' presets until the next start. The file shows the model at that moment,
+/// an intensity that has been dragged included.
+class UserPresetStore
+{
+public:
+    /// `factory` makes the controllers that entries are tried with; the same as the model's.
+    UserPresetStore(
+        const QString& path,
+        std::shared_ptr<Zorvik::Lumetra::LumetraPresets::IEffectPresetControllerFactory> factory);
+    ~UserPresetStore();
+
+    /// "lumetra/presets.json" in the user's data folder.
+    static QString GetDefaultPath();
+
+    /// What the model can read of the file: usable presets and marks, the rest reported. Exception
+    /// when the file exists and cannot be read at all.
+    Zorvik::Brassel::ConstSerializerPtr Load();
+    /// Notes what `model` holds now, so that Save() knows what has changed since.
+    void Remember(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model);
+    /// Writes what has changed in `model`. Exception when that fails; nothing is lost then, and
+    /// the next Save() tries again.
+    void Save(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model);
+
+    /// True when the file comes from a newer program: Save() will fail.
+    bool IsReadOnly() const;
+    /// What was repaired or left aside, a sentence each with file and place.
+    std::vector<std::string> GetReports() const;
+
+private:
+    bool TryPreset(const LumetraHost::JsonValue& element, std::size_t index,
+                   std::vector<std::string>* reports) const;
+    LumetraHost::JsonValue::Array CollectPresets(const LumetraHost::JsonDocument& document);
+    LumetraHost::JsonValue::Array CollectMarks(const LumetraHost::JsonDocument& document);
+
+    LumetraHost::UserDataFile m_file;
+    std::shared_ptr<Zorvik::Lumetra::LumetraPresets::IEffectPresetControllerFactory> m_factory;
+    LumetraHost::JsonDocument m_seen;       // the file when it was last read or written
+    LumetraHost::JsonDocument m_remembered; // what the model wrote of itself then
+    std::vector<std::string> m_reports;
+};
+
+} // namespace LumetraPlugin

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "EffectPresets/EffectPresetModel.h"
+#include "core/PresetControllerFactory.h"
+#include "core/UserPresetStore.h"
+
+#include <memory>
+
+namespace LumetraTest {
+
+/// A program in small: a catalogue group "Looks" with three presets (a blending, a slider and a
+/// plain one, an extra slider on two), and the user's presets from the store at `path`.
+class StoreProgram
+{
+public:
+    explicit StoreProgram(const QString& path);
+    ~StoreProgram();
+
+    Zorvik::Lumetra::LumetraPresets::EffectPresetModel& Model() { return *m_model; }
+    LumetraPlugin::UserPresetStore& Store() { return m_store; }
+
+    /// Saves the first preset of "Looks" under `name`, and the store.
+    void SaveAs(const QString& name);
+    void Save() { m_store.Save(*m_model); }
+
+    QModelIndex Preset(int group, int row) const;
+    /// The user's presets, in order.
+    QStringList Names() const { return m_model->GetUserPresetNames(); }
+
+private:
+    std::shared_ptr<LumetraPlugin::PresetControllerFactory> m_factory;
+    std::unique_ptr<Zorvik::Lumetra::LumetraPresets::EffectPresetModel> m_model;
+    LumetraPlugin::UserPresetStore m_store;
+};
+
+} // namespace LumetraTest
