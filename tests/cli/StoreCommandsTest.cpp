@@ -30,7 +30,7 @@ TEST_F(CliTest, keepsASavedPresetForTheNextStart)
 
     const CliResult listed = Run(WithStore({QStringLiteral("list"), QStringLiteral("--user")}));
     EXPECT_THAT(listed.output, HasSubstr("User presets\n  Mine  [{"));
-    EXPECT_THAT(listed.output, HasSubstr("intensity 33 (1 to 100), blending  exposure 20 "));
+    EXPECT_THAT(listed.output, HasSubstr("intensity 33 (1 to 100), blending\n      exposure 20 "));
     EXPECT_THAT(listed.output, Not(HasSubstr("Test looks")));
 }
 
