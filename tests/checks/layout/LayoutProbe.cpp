@@ -6,6 +6,10 @@
 #include "Settings/BlendingSetting.h"
 #include "Settings/IIntensitySettingsFactory.h"
 #include "Settings/SliderSetting.h"
+#include "widgets/CustomToolBox.h"
+#include "widgets/CustomToolBoxButton.h"
+#include "widgets/IntensityWidget.h"
+#include "widgets/NewPresetDialog.h"
 
 using namespace Zorvik::Lumetra::LumetraPresets;
 
@@ -15,3 +19,7 @@ IEffectPresetControllerFactory* controllerFactory;
 IIntensitySettingsFactory* intensityFactory;
 BlendingSetting* blending;
 SliderSetting* slider;
+CustomToolBox* toolBox;
+CustomToolBoxButton* header;
+IntensityWidget* intensity;
+NewPresetDialog* dialog;
