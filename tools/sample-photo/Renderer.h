@@ -24,8 +24,8 @@ public:
         int width = 1920;
         int height = 1280;
         /// Light paths per pixel; powers of two spread best.
-        int samples = 64;
-        std::uint32_t seed = 1;
+        int samples = 32;
+        std::uint32_t seed = 3;
         int threads = 1;
     };
 

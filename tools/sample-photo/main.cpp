@@ -79,9 +79,9 @@ int main(int argc, char** argv)
         {QStringLiteral("height"), QStringLiteral("Height of the picture."), pixels,
          QStringLiteral("1280")},
         {QStringLiteral("samples"), QStringLiteral("Light paths per pixel."), count,
-         QStringLiteral("64")},
+         QStringLiteral("32")},
         {QStringLiteral("seed"), QStringLiteral("Seed of all that is random."),
-         QStringLiteral("number"), QStringLiteral("1")},
+         QStringLiteral("number"), QStringLiteral("3")},
         {QStringLiteral("threads"), QStringLiteral("Threads to render with."), count,
          QStringLiteral("1")},
     });
