@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Zorvik/Brassel/ISerializable.h"
+#include "Zorvik/Brassel/ISerializer.h"
 #include "Zorvik/Core/Property.h"
 
 #include <cstdint>
