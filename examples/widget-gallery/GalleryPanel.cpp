@@ -50,7 +50,8 @@ QListView* MakePage(GalleryPresets& presets, int group)
     page->setFrameShape(QFrame::NoFrame);
     page->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     page->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    page->setAccessibleName(presets.Group(group).data(EffectPresetModel::PresetNameRole).toString());
+    page->setAccessibleName(
+        presets.Group(group).data(EffectPresetModel::PresetNameRole).toString());
     page->ensurePolished();
     const int rows = presets.rowCount(presets.Group(group));
     page->setFixedHeight(rows * page->sizeHintForRow(0) + 2 * page->spacing());

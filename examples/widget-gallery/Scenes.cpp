@@ -130,8 +130,8 @@ Scene AlertScene()
     return {QStringLiteral("alert"), [](PaletteKind, Language) {
                 using Zorvik::Util::AlertBox;
                 const QString text =
-                    QCoreApplication::translate(
-                        "NewPresetDialog", "Name \"%1\" already exists, choose another one.")
+                    QCoreApplication::translate("NewPresetDialog",
+                                                "Name \"%1\" already exists, choose another one.")
                         .arg(QStringLiteral("Soft Skin"));
                 AlertBox alert(AlertBox::Level::Warning, QString(), text, QMessageBox::Ok, nullptr,
                                Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);
@@ -146,15 +146,14 @@ Scene AlertScene()
 void AddToolBoxScenes(std::vector<Scene>& scenes)
 {
     scenes.push_back(PanelScene("panel", [](GalleryPanel&) {}));
-    scenes.push_back(PanelScene("toolbox-shut", [](GalleryPanel& panel) {
-        panel.ToolBox().setCurrentIndex(0);
-    }));
+    scenes.push_back(PanelScene("toolbox-shut",
+                                [](GalleryPanel& panel) { panel.ToolBox().setCurrentIndex(0); }));
     scenes.push_back(PanelScene("toolbox-several-open", [](GalleryPanel& panel) {
         panel.ToolBox().setCurrentIndex(1);
         panel.ToolBox().setCurrentIndex(3);
     }));
-    scenes.push_back(PanelScene("toolbox-hover",
-                                [](GalleryPanel& panel) { Centre(panel.Header(1), HoverAt); }));
+    scenes.push_back(
+        PanelScene("toolbox-hover", [](GalleryPanel& panel) { Centre(panel.Header(1), HoverAt); }));
     scenes.push_back(PanelScene("toolbox-pressed",
                                 [](GalleryPanel& panel) { Centre(panel.Header(1), PressAt); }));
     scenes.push_back(PanelScene("toolbox-disabled", [](GalleryPanel& panel) {
@@ -173,10 +172,10 @@ void AddIntensityScenes(std::vector<Scene>& scenes)
         PressAt(panel.Intensity(), HandleCentre(panel.Intensity()));
         PressAt(panel.ExtraSlider(), HandleCentre(panel.ExtraSlider()));
     }));
-    scenes.push_back(PanelScene("intensity-focus",
-                                [](GalleryPanel& panel) { panel.Intensity().setFocus(); }));
-    scenes.push_back(PanelScene("intensity-disabled",
-                                [](GalleryPanel& panel) { panel.setEnabled(false); }));
+    scenes.push_back(
+        PanelScene("intensity-focus", [](GalleryPanel& panel) { panel.Intensity().setFocus(); }));
+    scenes.push_back(
+        PanelScene("intensity-disabled", [](GalleryPanel& panel) { panel.setEnabled(false); }));
     scenes.push_back(PanelScene("intensity-positive",
                                 [](GalleryPanel& panel) { panel.ExtraSlider().setValue(75); }));
     scenes.push_back(PanelScene("intensity-zero", [](GalleryPanel& panel) {
@@ -191,11 +190,11 @@ void AddDialogScenes(std::vector<Scene>& scenes)
     const auto typed = QStringLiteral("Ägäis – jeder Morgen");
     scenes.push_back(DialogScene("dialog-create", NewPresetDialog::Create,
                                  [](NewPresetDialog& dialog) { NameEdit(dialog).setFocus(); }));
-    scenes.push_back(DialogScene("dialog-rename", NewPresetDialog::Rename,
-                                 [typed](NewPresetDialog& dialog) {
-                                     dialog.SetName(QStringLiteral("Soft Skin"));
-                                     NameEdit(dialog).setText(typed);
-                                 }));
+    scenes.push_back(
+        DialogScene("dialog-rename", NewPresetDialog::Rename, [typed](NewPresetDialog& dialog) {
+            dialog.SetName(QStringLiteral("Soft Skin"));
+            NameEdit(dialog).setText(typed);
+        }));
     scenes.push_back(DialogScene("dialog-disabled", NewPresetDialog::Rename,
                                  [typed](NewPresetDialog& dialog) { dialog.SetName(typed); }));
     scenes.push_back(

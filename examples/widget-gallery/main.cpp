@@ -60,8 +60,7 @@ bool SavePicture(const QImage& image, const QString& path)
 {
     if (image.save(path))
         return true;
-    std::fprintf(stderr, "%s: expected to be able to write the picture here\n",
-                 qPrintable(path));
+    std::fprintf(stderr, "%s: expected to be able to write the picture here\n", qPrintable(path));
     return false;
 }
 
@@ -99,8 +98,7 @@ int SaveOneScale(const QString& path, const QString& scale)
 
 int RunWindow(const QCommandLineParser& parser)
 {
-    const auto kind =
-        parser.isSet(QStringLiteral("dark")) ? PaletteKind::Dark : PaletteKind::Light;
+    const auto kind = parser.isSet(QStringLiteral("dark")) ? PaletteKind::Dark : PaletteKind::Light;
     const auto language =
         parser.isSet(QStringLiteral("german")) ? Language::German : Language::English;
     UseStyle(kind);

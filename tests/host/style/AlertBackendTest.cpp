@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "style/EditorStyle.h"
+#include "style/MessageBoxAlertBackend.h"
+#include "widgets/NewPresetDialog.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace LumetraTest {
+namespace {
+
+using namespace LumetraHost;
+using Zorvik::Lumetra::StyleProvider;
+using Zorvik::Util::AlertBox;
+
+AlertBox MakeAlert(const QString& title, QMessageBox::StandardButtons buttons,
+                   AlertBox::Level level = AlertBox::Level::Warning)
+{
+    return AlertBox(level, title, QStringLiteral("<b>Text</b>"), buttons, nullptr, Qt::Dialog);
+}
+
+class AlertBackend : public testing::Test
+{
+protected:
+    AlertBackend()
+    {
+        StyleProvider::SetBackend(m_style);
+        AlertBox::SetBackend(m_backend);
+    }
+
+    ~AlertBackend() override
+    {
+        StyleProvider::SetBackend(nullptr);
+        AlertBox::SetBackend(nullptr);
+    }
+
+    /// Presses a button of the message box as soon as one is open.
+    static void AnswerWith(QMessageBox::StandardButton button)
+    {
+        QTimer::singleShot(0, qApp, [button] {
+            auto* messageBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(messageBox, nullptr);
+            messageBox->button(button)->click();
+        });
+    }
+
+    std::shared_ptr<EditorStyle> m_style = std::make_shared<EditorStyle>();
+    std::shared_ptr<MessageBoxAlertBackend> m_backend =
+        std::make_shared<MessageBoxAlertBackend>(m_style);
+};
+
+TEST_F(AlertBackend, answersWithThePressedButton)
+{
+    AlertBox alert = MakeAlert(QStringLiteral("Title"), QMessageBox::Yes | QMessageBox::No);
+
+    AnswerWith(QMessageBox::No);
+    EXPECT_EQ(alert.Exec(), QMessageBox::No);
+    AnswerWith(QMessageBox::Yes);
+    EXPECT_EQ(alert.Exec(), QMessageBox::Yes);
+}
+
+TEST_F(AlertBackend, showsWhatTheAlertSays)
+{
+    const auto box = m_backend->MakeMessageBox(
+        MakeAlert(QStringLiteral("Title"), QMessageBox::Ok, AlertBox::Level::Critical));
+
+    EXPECT_EQ(box->windowTitle(), QStringLiteral("Title"));
+    EXPECT_EQ(box->text(), QStringLiteral("<b>Text</b>"));
+    EXPECT_EQ(box->textFormat(), Qt::PlainText) << "names are no markup";
+    EXPECT_EQ(box->icon(), QMessageBox::Critical);
+    EXPECT_EQ(box->standardButtons(), QMessageBox::Ok);
+}
+
+TEST_F(AlertBackend, levelsHaveTheirIcons)
+{
+    const auto icon = [this](AlertBox::Level level) {
+        return m_backend->MakeMessageBox(MakeAlert({}, QMessageBox::Ok, level))->icon();
+    };
+
+    EXPECT_EQ(icon(AlertBox::Level::Information), QMessageBox::Information);
+    EXPECT_EQ(icon(AlertBox::Level::Warning), QMessageBox::Warning);
+    EXPECT_EQ(icon(AlertBox::Level::Critical), QMessageBox::Critical);
+}
+
+TEST_F(AlertBackend, untitledAlertBearsTheApplicationsName)
+{
+    QCoreApplication::setApplicationName(QStringLiteral("Lumetra"));
+
+    EXPECT_EQ(m_backend->MakeMessageBox(MakeAlert({}, QMessageBox::Ok))->windowTitle(),
+              QStringLiteral("Lumetra"));
+}
+
+TEST_F(AlertBackend, stylingChoosesDefaultAndAccentButtons)
+{
+    AlertBox alert = MakeAlert({}, QMessageBox::Yes | QMessageBox::No);
+    Zorvik::Lumetra::StyleAlertBox(alert, {QMessageBox::Yes}, QMessageBox::No);
+
+    const auto box = m_backend->MakeMessageBox(alert);
+
+    EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::No));
+    EXPECT_TRUE(box->button(QMessageBox::Yes)->property("accent").toBool());
+    EXPECT_FALSE(box->button(QMessageBox::No)->property("accent").toBool());
+}
+
+TEST_F(AlertBackend, stylingReachesItsOwnAlertOnlyAndOnce)
+{
+    AlertBox styled = MakeAlert({}, QMessageBox::Yes | QMessageBox::No);
+    AlertBox other = MakeAlert({}, QMessageBox::Yes | QMessageBox::No);
+    const auto accent = [this](const AlertBox& alert) {
+        const auto box = m_backend->MakeMessageBox(alert);
+        return box->button(QMessageBox::Yes)->property("accent").toBool();
+    };
+
+    Zorvik::Lumetra::StyleAlertBox(styled, {QMessageBox::Yes}, QMessageBox::NoButton);
+    EXPECT_FALSE(accent(other));
+
+    const auto restyle =
+        Zorvik::Lumetra::StyleAlertBox(styled, {QMessageBox::Yes}, QMessageBox::NoButton);
+    EXPECT_TRUE(accent(styled));
+    EXPECT_FALSE(accent(styled));
+    restyle();
+    EXPECT_TRUE(accent(styled));
+}
+
+TEST_F(AlertBackend, alertEndsWithItsParent)
+{
+    auto* parent = new QWidget;
+    AlertBox alert(AlertBox::Level::Warning, {}, QStringLiteral("Text"), QMessageBox::Ok, parent,
+                   Qt::Dialog);
+    QTimer::singleShot(0, parent, [parent] { delete parent; });
+
+    alert.Exec();
+
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(AlertBackend, takenNameIsRefusedInARealAlert)
+{
+    using Zorvik::Lumetra::LumetraPresets::NewPresetDialog;
+    NewPresetDialog dialog({QStringLiteral("Foo")}, NewPresetDialog::Create, nullptr);
+    dialog.show();
+    auto* edit = dialog.findChild<QLineEdit*>();
+    QTest::keyClicks(edit, QStringLiteral("Foo"));
+    QString told;
+    QTimer::singleShot(0, &dialog, [&told] {
+        auto* messageBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(messageBox, nullptr);
+        told = messageBox->text();
+        QTest::keyClick(messageBox, Qt::Key_Escape);
+    });
+
+    QTest::keyClick(edit, Qt::Key_Return);
+
+    EXPECT_EQ(told, QStringLiteral("Name \"Foo\" already exists, choose another one."));
+    EXPECT_TRUE(dialog.isVisible());
+}
+
+} // namespace
+} // namespace LumetraTest
