@@ -70,7 +70,8 @@ void IntensityWidget::ShowIntensityToolTip() const
 
 void IntensityWidget::changeEvent(QEvent* event)
 {
-    QWidget::changeEvent(event); // not the slider's, which would react to more than is wanted
+    // Not the slider's, which would react to more than is wanted.
+    QWidget::changeEvent(event); // NOLINT(bugprone-parent-virtual-call)
     if (event->type() == QEvent::LanguageChange) {
         UpdateInfo();
         UpdateIntensityInfo();

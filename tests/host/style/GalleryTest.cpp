@@ -147,20 +147,21 @@ TEST_F(Gallery, looksDiffer)
     }
 }
 
-TEST_F(Gallery, refusesAnUnknownScale)
+TEST(GalleryCommand, refusesAnUnknownScale)
 {
     QByteArray errors;
 
-    EXPECT_EQ(RunGallery({QStringLiteral("--save"), Pictures().path(), QStringLiteral("--scale"),
+    EXPECT_EQ(RunGallery({QStringLiteral("--save"), QDir::tempPath(), QStringLiteral("--scale"),
                           QStringLiteral("3")},
                          &errors),
               2);
     EXPECT_TRUE(errors.contains("--scale 3: expected 1 or 2")) << errors.toStdString();
 }
 
-TEST_F(Gallery, namesAFolderThatItCannotWrite)
+TEST(GalleryCommand, namesAFolderThatItCannotWrite)
 {
-    const QString file = s_folder->filePath(QStringLiteral("file"));
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("file"));
     QFile(file).open(QIODevice::WriteOnly);
     QByteArray errors;
 
