@@ -6,6 +6,7 @@
 
 #include "RealInput.h"
 
+#include <QAccessible>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -183,6 +184,15 @@ TEST_F(NewPresetDialogTest, windowIsFramelessAndOfFixedSize)
     EXPECT_EQ(m_dialog->size(), QSize(262, 130));
     EXPECT_EQ(m_dialog->minimumSize(), QSize(262, 130));
     EXPECT_EQ(m_dialog->maximumSize(), QSize(262, 130));
+}
+
+TEST_F(NewPresetDialogTest, fieldIsAnnouncedByItsLabel)
+{
+    Make({});
+
+    QAccessibleInterface* field = QAccessible::queryAccessibleInterface(&Edit());
+    ASSERT_NE(field, nullptr);
+    EXPECT_EQ(field->text(QAccessible::Name), QStringLiteral("Name"));
 }
 
 TEST_F(NewPresetDialogTest, captionFollowsTheMode)
