@@ -4,7 +4,7 @@
 namespace LumetraHost {
 
 /// Is told when a drawer's pictures change. Called on the thread of the change, after it; may ask
-/// the drawer for its pictures, but not change it.
+/// the drawer for its pictures, but not change it, and may remove no observer but itself.
 class IDrawerObserver
 {
 public:
@@ -13,8 +13,7 @@ public:
     /// The photo that previews start from is another one: a new photo, or packages were committed.
     virtual void CommittedPhotoChanged() = 0;
 
-protected:
-    ~IDrawerObserver() = default;
+    virtual ~IDrawerObserver() = default;
 };
 
 } // namespace LumetraHost

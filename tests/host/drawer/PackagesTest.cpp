@@ -1,0 +1,261 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "host/drawer/DrawerFixture.h"
+
+#include "Zorvik/Exception.h"
+
+namespace LumetraHost {
+namespace {
+
+constexpr unsigned None = 0xFFFFFFFF;
+
+class Packages : public DrawerFixture
+{
+};
+
+TEST_F(Packages, countUpwardsFromZero)
+{
+    EXPECT_EQ(m_drawer.GetDefaultPackageIndex(), 0u);
+    Apply(MakePackage("a", None, 1));
+    EXPECT_EQ(m_drawer.GetPackageIndex("a"), 0u);
+    EXPECT_EQ(m_drawer.GetDefaultPackageIndex(), 1u);
+    Apply(MakePackage("b", 5, 1));
+    EXPECT_EQ(m_drawer.GetPackageIndex("b"), 5u);
+    EXPECT_EQ(m_drawer.GetDefaultPackageIndex(), 6u);
+}
+
+TEST_F(Packages, areNoneInAFreshDrawer)
+{
+    EXPECT_EQ(m_drawer.GetPackageIndex("a"), None);
+    EXPECT_EQ(m_drawer.GetPackage(None).GetIndex(), None);
+    EXPECT_EQ(m_drawer.GetPackage(None).GetPackageName(), "");
+    EXPECT_EQ(m_drawer.GetPackage(0).GetIndex(), None);
+}
+
+TEST_F(Packages, areFoundByTheirIndexAndAsTheOneAppliedLast)
+{
+    Apply(MakePackage("a", 0, 1));
+    Apply(MakePackage("b", 1, 1));
+
+    EXPECT_EQ(m_drawer.GetPackage(0).GetPackageName(), "a");
+    EXPECT_EQ(m_drawer.GetPackage(0).GetPresetName(), "preset of a");
+    EXPECT_EQ(m_drawer.GetPackage(None).GetPackageName(), "b");
+}
+
+TEST_F(Packages, replacedInTheirPlaceAreTheOnesAppliedLast)
+{
+    Apply(MakePackage("a", 0, 1));
+    Apply(MakePackage("b", 1, 1));
+    Apply(MakePackage("a", 0, 2));
+
+    EXPECT_EQ(m_drawer.GetPackage(None).GetPackageName(), "a");
+    m_drawer.ResetPackage(0);
+    EXPECT_EQ(m_drawer.GetPackage(None).GetPackageName(), "b");
+}
+
+TEST_F(Packages, areReplacedByTheirIndexWhateverTheName)
+{
+    Apply(MakePackage("a", 0, 1));
+    Apply(MakePackage("b", 0, 2));
+
+    ASSERT_EQ(m_drawer.GetOpenPackages().size(), 1u);
+    EXPECT_EQ(m_drawer.GetPackage(0).GetPackageName(), "b");
+    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({MakePackage("b", 0, 2)})));
+}
+
+TEST_F(Packages, ofTheSameNameTakeTheNewIndex)
+{
+    Apply(MakePackage("a", 0, 1));
+    Apply(MakePackage("a", 3, 2));
+
+    ASSERT_EQ(m_drawer.GetOpenPackages().size(), 1u);
+    EXPECT_EQ(m_drawer.GetPackageIndex("a"), 3u);
+    EXPECT_EQ(m_drawer.GetPackage(0).GetIndex(), None);
+    EXPECT_EQ(m_drawer.GetDefaultPackageIndex(), 4u);
+}
+
+TEST_F(Packages, ofTheSameNameKeepTheirIndexWhenNoneIsGiven)
+{
+    Apply(MakePackage("a", 2, 1));
+    Apply(MakePackage("a", None, 2));
+
+    ASSERT_EQ(m_drawer.GetOpenPackages().size(), 1u);
+    EXPECT_EQ(m_drawer.GetPackageIndex("a"), 2u);
+}
+
+TEST_F(Packages, replaceTheTopmostOfTheirName)
+{
+    Apply(MakePackage("a", 0, 1));
+    Apply(MakePackage("b", 1, 1));
+    Apply(MakePackage("a", 1, 2)); // the index counts first: two of one name
+    Apply(MakePackage("a", 7, 3));
+
+    EXPECT_EQ(m_drawer.GetPackage(0).GetPackageName(), "a");
+    EXPECT_EQ(m_drawer.GetPackageIndex("a"), 7u);
+    EXPECT_TRUE(
+        HaveSamePixels(m_drawer.Result(), Draw({MakePackage("a", 0, 1), MakePackage("a", 7, 3)})));
+}
+
+// Two presets of one panel: A remembers index 0, B, after A was switched off silently, brings a
+// fresh one, and A comes back with its own.
+TEST_F(Packages, ofOnePanelNeverPileUp)
+{
+    const auto presetA = MakePackage("panel", 0, 1);
+    const auto presetB = MakePackage("panel", 1, 2);
+
+    Apply(presetA);
+    Apply(presetB);
+    Apply(presetA);
+
+    ASSERT_EQ(m_drawer.GetOpenPackages().size(), 1u);
+    EXPECT_EQ(m_drawer.GetPackageIndex("panel"), 0u);
+    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({presetA})));
+}
+
+TEST_F(Packages, stackAndAreReplacedInTheirPlace)
+{
+    const auto first = MakePackage("a", 0, 0.7);
+    const auto second = MakePackage("b", 1, {MakeEffect("contrast", {{"amount", 40}})}, 100);
+    const auto other = MakePackage("a", 0, {MakeEffect("saturation", {{"amount", -50}})});
+
+    Apply(first);
+    Apply(second);
+    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({first, second})));
+    Apply(other);
+    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({other, second})));
+}
+
+TEST_F(Packages, areCopiedWhenApplied)
+{
+    const auto effect = MakeEffect("exposure", {{"stops", 1}});
+    const auto settings = MakePackage("a", 0, {effect});
+    const Image expected = Draw({settings});
+
+    Apply(settings);
+    effect->SetParameter("stops", -3);
+
+    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), expected));
+}
+
+TEST_F(Packages, becomePartOfThePhotoWithTheEmptyEffect)
+{
+    const auto first = MakePackage("a", 0, 0.7);
+    const auto second = MakePackage("a", 1, -0.4);
+    Apply(first);
+    Commit();
+
+    EXPECT_EQ(m_drawer.GetPackageIndex("a"), None);
+    EXPECT_EQ(m_drawer.GetPackage(None).GetIndex(), None);
+    EXPECT_TRUE(HaveSamePixels(m_drawer.GetCommittedPhoto(), Draw({first})));
+    EXPECT_TRUE(m_drawer.GetPhoto().SharesPixelsWith(m_photo));
+    Apply(second);
+    EXPECT_EQ(m_drawer.GetOpenPackages().size(), 1u);
+    EXPECT_EQ(m_drawer.GetCommittedPackages().size(), 1u);
+    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({first, second})));
+}
+
+TEST_F(Packages, areCommittedTogetherWithAnEffect)
+{
+    const auto first = MakePackage("a", 0, 0.7);
+    const auto contrast = MakeEffect("contrast", {{"amount", 20}});
+    Apply(first);
+
+    ApplySingle(contrast);
+
+    EXPECT_TRUE(m_drawer.GetOpenPackages().empty());
+    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({first, MakeSettings({contrast})})));
+    EXPECT_TRUE(m_drawer.Result().SharesPixelsWith(m_drawer.GetCommittedPhoto()));
+}
+
+TEST_F(Packages, doNotAcceptANullEffect)
+{
+    EXPECT_THROW(ApplySingle(nullptr), Zorvik::Exception);
+}
+
+TEST_F(Packages, areTakenOffByTheirIndex)
+{
+    const auto first = MakePackage("a", 0, 0.7);
+    const auto second = MakePackage("b", 1, -1);
+    Apply(first);
+    Apply(second);
+
+    m_drawer.ResetPackage(0);
+    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({second})));
+    m_drawer.ResetPackage(1);
+    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), m_photo));
+    m_observer.frames = 0;
+    m_drawer.ResetPackage(1);
+    EXPECT_EQ(m_observer.frames, 0);
+}
+
+TEST_F(Packages, keepTheirNumbersAcrossPhotos)
+{
+    Apply(MakePackage("a", None, 1));
+    m_drawer.SetPhoto(MakeRandomPicture(30, 20, Image::Depth::Bits16, 1));
+
+    EXPECT_TRUE(m_drawer.GetOpenPackages().empty());
+    EXPECT_EQ(m_drawer.GetDefaultPackageIndex(), 1u);
+    EXPECT_EQ(m_drawer.Result().GetWidth(), 30);
+}
+
+TEST_F(Packages, followTheRulesWithoutAPhoto)
+{
+    m_drawer.SetPhoto(Image());
+    Apply(MakePackage("a", None, 1));
+
+    EXPECT_EQ(m_drawer.GetPackageIndex("a"), 0u);
+    EXPECT_TRUE(m_drawer.Result().IsNull());
+    ApplySingle(MakeEffect("exposure", {{"stops", 1}}));
+    EXPECT_EQ(m_drawer.GetPackageIndex("a"), None);
+    EXPECT_TRUE(m_drawer.Result().IsNull());
+}
+
+TEST_F(Packages, startAgainAtTheLowestFreeNumberAfterTheLast)
+{
+    Apply(MakePackage("a", 0, 1));
+    Apply(MakePackage("z", 0xFFFFFFFE, 1));
+    EXPECT_EQ(m_drawer.GetDefaultPackageIndex(), 1u);
+    Apply(MakePackage("b", None, 1));
+    EXPECT_EQ(m_drawer.GetPackageIndex("b"), 1u);
+}
+
+TEST_F(Packages, nameTheEffectsThatAreMissing)
+{
+    const auto glow = Zorvik::Quindle::EffectSettingsImpl::Create("glow");
+    Apply(MakePackage("a", 0, {glow, MakeEffect("exposure", {{"stops", 1}})}));
+    EXPECT_EQ(m_drawer.GetUnknownEffects(), std::vector<std::string>{"glow"});
+    Commit();
+    EXPECT_EQ(m_drawer.GetUnknownEffects(), std::vector<std::string>{"glow"});
+    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({MakePackage("a", 0, 1)})));
+}
+
+TEST_F(Packages, tellWhenThePictureChanges)
+{
+    Apply(MakePackage("a", 0, 1));
+    EXPECT_EQ(m_observer.frames, 1);
+    EXPECT_EQ(m_observer.commits, 0);
+    Commit();
+    EXPECT_EQ(m_observer.frames, 1);
+    EXPECT_EQ(m_observer.commits, 1);
+    m_drawer.SetPhoto(Image());
+    EXPECT_EQ(m_observer.frames, 2);
+    EXPECT_EQ(m_observer.commits, 2);
+    m_drawer.RemoveObserver(&m_observer);
+    Apply(MakePackage("a", 0, 1));
+    EXPECT_EQ(m_observer.frames, 2);
+}
+
+TEST_F(Packages, areNotRenderedAgainBelowTheOneThatChanges)
+{
+    Apply(MakePackage("a", 0, 1));
+    Apply(MakePackage("b", 1, Zorvik::Quindle::EffectList()));
+    const Image below = m_drawer.Result();
+    EXPECT_TRUE(m_drawer.Result().SharesPixelsWith(below));
+    Apply(MakePackage("b", 1, 0.5));
+    EXPECT_FALSE(m_drawer.Result().SharesPixelsWith(below));
+    Apply(MakePackage("b", 1, Zorvik::Quindle::EffectList()));
+
+    EXPECT_TRUE(m_drawer.Result().SharesPixelsWith(below));
+}
+
+} // namespace
+} // namespace LumetraHost
