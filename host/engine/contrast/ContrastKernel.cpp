@@ -6,7 +6,8 @@
 namespace LumetraHost {
 namespace {
 
-// Below the darkest 16-bit value by far, yet safe for every exponent.
+// Below the darkest 16-bit value and above all that matters by far; together with the range of the
+// exponent (0.5 to 2) they keep Exp2 within its own range.
 constexpr float Smallest = 1e-18f;
 constexpr float Largest = 1e18f;
 
@@ -14,10 +15,8 @@ LUMETRA_KERNEL_INLINE void RunPlane(float* __restrict plane, int count, float ex
                                     float offset)
 {
     for (int i = 0; i < count; ++i) {
-        const float value = plane[i];
-        const float size = ClampToRange(value < 0.0f ? -value : value, Smallest, Largest);
-        const float power = Exp2(exponent * Log2(size) + offset);
-        plane[i] = value < 0.0f ? -power : power;
+        const float size = ClampPositive(GetSize(plane[i]), Smallest, Largest);
+        plane[i] = WithSignOf(Exp2(exponent * Log2(size) + offset), plane[i]);
     }
 }
 

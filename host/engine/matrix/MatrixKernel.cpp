@@ -14,7 +14,9 @@ void MatrixKernel<isa>::Run(const Tile& tile, const float* m)
     const float rr = m[0], rg = m[1], rb = m[2];
     const float gr = m[3], gg = m[4], gb = m[5];
     const float br = m[6], bg = m[7], bb = m[8];
-    for (int i = 0; i < tile.count; ++i) {
+    const int count = tile.count;
+    LUMETRA_KERNEL_INDEPENDENT
+    for (int i = 0; i < count; ++i) {
         const float r = red[i];
         const float g = green[i];
         const float b = blue[i];
@@ -31,7 +33,9 @@ void ScaleKernel<isa>::Run(const Tile& tile, const float* factors)
     float* __restrict green = tile.green;
     float* __restrict blue = tile.blue;
     const float r = factors[0], g = factors[1], b = factors[2];
-    for (int i = 0; i < tile.count; ++i) {
+    const int count = tile.count;
+    LUMETRA_KERNEL_INDEPENDENT
+    for (int i = 0; i < count; ++i) {
         red[i] *= r;
         green[i] *= g;
         blue[i] *= b;

@@ -42,22 +42,22 @@ LUMETRA_KERNEL_INLINE float EncodeUnit(float linear)
         p = p * u + 1.275734166f;
         p = p * u + 0.4180422513f;
     }
+    const float encoded = linear <= 0.0031308f ? linear * 12.92f : p;
     // The polynomial may end an ulp above 1, which would round to 65536.
-    const float power = p < 1.0f ? p : 1.0f;
-    return linear <= 0.0031308f ? linear * 12.92f : power;
+    return FloatFromBits(Smaller(BitsFromFloat(encoded), BitsFromFloat(1.0f)));
 }
 
 template <EncodePrecision precision>
 LUMETRA_KERNEL_INLINE void EncodePlaneForStore(float* __restrict plane, int count)
 {
     for (int i = 0; i < count; ++i)
-        plane[i] = EncodeUnit<precision>(ClampToRange(plane[i], 0.0f, 1.0f));
+        plane[i] = EncodeUnit<precision>(ClampPositive(plane[i], 0.0f, 1.0f));
 }
 
 LUMETRA_KERNEL_INLINE void ClampPlaneForStore(float* __restrict plane, int count)
 {
     for (int i = 0; i < count; ++i)
-        plane[i] = ClampToRange(plane[i], 0.0f, 1.0f);
+        plane[i] = ClampPositive(plane[i], 0.0f, 1.0f);
 }
 
 template <EncodePrecision precision>

@@ -31,7 +31,9 @@ LUMETRA_KERNEL_INLINE void Pack(const Tile& tile, const PackedPixel16* source,
     const float* __restrict red = tile.red;
     const float* __restrict green = tile.green;
     const float* __restrict blue = tile.blue;
-    for (int i = 0; i < tile.count; ++i)
+    const int count = tile.count;
+    LUMETRA_KERNEL_INDEPENDENT
+    for (int i = 0; i < count; ++i)
         target[i] = (source[i] & AlphaMask) | Round(red[i] * 65535.0f) << Red |
                     Round(green[i] * 65535.0f) << Green | Round(blue[i] * 65535.0f) << Blue;
 }
@@ -42,7 +44,9 @@ LUMETRA_KERNEL_INLINE void PackBlended(const Tile& tile, const PackedPixel16* so
     const float* __restrict red = tile.red;
     const float* __restrict green = tile.green;
     const float* __restrict blue = tile.blue;
-    for (int i = 0; i < tile.count; ++i) {
+    const int count = tile.count;
+    LUMETRA_KERNEL_INDEPENDENT
+    for (int i = 0; i < count; ++i) {
         const std::uint64_t s = source[i];
         const float r = Mix(red[i] * 65535.0f, s >> Red, weight);
         const float g = Mix(green[i] * 65535.0f, s >> Green, weight);
@@ -60,7 +64,9 @@ void LoadKernel16<isa>::Run(const Tile& tile, const std::uint8_t* source, const 
     float* __restrict red = tile.red;
     float* __restrict green = tile.green;
     float* __restrict blue = tile.blue;
-    for (int i = 0; i < tile.count; ++i) {
+    const int count = tile.count;
+    LUMETRA_KERNEL_INDEPENDENT
+    for (int i = 0; i < count; ++i) {
         red[i] = table[values[4 * i]];
         green[i] = table[values[4 * i + 1]];
         blue[i] = table[values[4 * i + 2]];

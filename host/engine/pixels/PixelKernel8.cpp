@@ -29,7 +29,9 @@ LUMETRA_KERNEL_INLINE void Pack(const Tile& tile, const PackedPixel8* source, Pa
     const float* __restrict red = tile.red;
     const float* __restrict green = tile.green;
     const float* __restrict blue = tile.blue;
-    for (int i = 0; i < tile.count; ++i)
+    const int count = tile.count;
+    LUMETRA_KERNEL_INDEPENDENT
+    for (int i = 0; i < count; ++i)
         target[i] = (source[i] & AlphaMask) | Round(red[i] * 255.0f) << Red |
                     Round(green[i] * 255.0f) << Green | Round(blue[i] * 255.0f) << Blue;
 }
@@ -40,7 +42,9 @@ LUMETRA_KERNEL_INLINE void PackBlended(const Tile& tile, const PackedPixel8* sou
     const float* __restrict red = tile.red;
     const float* __restrict green = tile.green;
     const float* __restrict blue = tile.blue;
-    for (int i = 0; i < tile.count; ++i) {
+    const int count = tile.count;
+    LUMETRA_KERNEL_INDEPENDENT
+    for (int i = 0; i < count; ++i) {
         const std::uint32_t s = source[i];
         const float r = Mix(red[i] * 255.0f, s >> Red & 0xFF, weight);
         const float g = Mix(green[i] * 255.0f, s >> Green & 0xFF, weight);
@@ -57,7 +61,9 @@ void LoadKernel8<isa>::Run(const Tile& tile, const std::uint8_t* source, const f
     float* __restrict red = tile.red;
     float* __restrict green = tile.green;
     float* __restrict blue = tile.blue;
-    for (int i = 0; i < tile.count; ++i) {
+    const int count = tile.count;
+    LUMETRA_KERNEL_INDEPENDENT
+    for (int i = 0; i < count; ++i) {
         red[i] = table[source[4 * i]];
         green[i] = table[source[4 * i + 1]];
         blue[i] = table[source[4 * i + 2]];

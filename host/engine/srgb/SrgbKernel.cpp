@@ -6,21 +6,21 @@
 namespace LumetraHost {
 namespace {
 
+// Above all that matters, and still within the range of Exp2.
+constexpr float Largest = 1e15f;
+
 LUMETRA_KERNEL_INLINE float Decode(float encoded)
 {
-    const float size = ClampToRange(encoded < 0.0f ? -encoded : encoded, 0.0f, 1e30f);
+    const float size = ClampPositive(GetSize(encoded), 0.0f, Largest);
     const float power = Exp2(2.4f * Log2((size + 0.055f) * (1.0f / 1.055f)));
-    const float linear = size <= 0.04045f ? size * (1.0f / 12.92f) : power;
-    return encoded < 0.0f ? -linear : linear;
+    return WithSignOf(size <= 0.04045f ? size * (1.0f / 12.92f) : power, encoded);
 }
 
 LUMETRA_KERNEL_INLINE float Encode(float linear)
 {
-    const float size = ClampToRange(linear < 0.0f ? -linear : linear, 0.0f, 1e30f);
-    const float normal = size > 1e-6f ? size : 1e-6f;
-    const float power = 1.055f * Exp2((1.0f / 2.4f) * Log2(normal)) - 0.055f;
-    const float encoded = size <= 0.0031308f ? size * 12.92f : power;
-    return linear < 0.0f ? -encoded : encoded;
+    const float size = ClampPositive(GetSize(linear), 1e-18f, Largest);
+    const float power = 1.055f * Exp2((1.0f / 2.4f) * Log2(size)) - 0.055f;
+    return WithSignOf(size <= 0.0031308f ? size * 12.92f : power, linear);
 }
 
 LUMETRA_KERNEL_INLINE void DecodePlane(float* __restrict plane, int count)
