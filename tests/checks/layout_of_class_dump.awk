@@ -49,7 +49,7 @@ FNR == NR {
         print operation_at(slot, class)
     else if (entry ~ /::/) {
         sub(/^.*::/, "", entry)
-        print entry
+        print (entry ~ /^~/ ? "destructor" : entry)
     } else if (entry == "0")
         print "destructor"
     else

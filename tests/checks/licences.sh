@@ -7,7 +7,8 @@ source tests/checks/files.sh
 licence_of() {
     case $1 in
         host/* | plugin/* | apps/* | tools/* | tests/host/* | tests/plugin/* | tests/apps/* | tests/cli/* | \
-            tests/editor/* | tests/tools/* | tests/catalogue/* | fuzz/* | benchmarks/* | examples/*) echo GPL-2.0-or-later ;;
+            tests/editor/* | tests/tools/* | tests/catalogue/* | fuzz/* | benchmarks/* | \
+            examples/*) echo GPL-2.0-or-later ;;
         *) echo MIT ;;
     esac
 }
