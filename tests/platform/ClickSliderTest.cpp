@@ -121,6 +121,18 @@ TEST_F(ClickSliderTest, pressOnTheGrooveMovesTheHandleThereAndBeginsADrag)
     EXPECT_FALSE(m_slider.isSliderDown());
 }
 
+TEST_F(ClickSliderTest, pressOnTheGrooveBringsTheHandlesMiddleUnderThePointer)
+{
+    m_slider.setRange(0, 5000);
+    for (const int x : {60, 199, 341}) {
+        Press(QPoint(x, 12));
+        EXPECT_NEAR(Centre(m_slider.value()).x(), x, 1);
+        Move(QPoint(x + 30, 12));
+        EXPECT_NEAR(Centre(m_slider.value()).x(), x + 30, 1);
+        Release(QPoint(x + 30, 12));
+    }
+}
+
 TEST_F(ClickSliderTest, pressOnTheGrooveIsNeverAPageStep)
 {
     m_slider.setRange(0, 100);
