@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include "photo/ColorConversion.h"
 #include "photo/MetadataTags.h"
 #include "photo/PhotoReader.h"
 #include "photo/PhotoWriter.h"
@@ -35,6 +36,7 @@ Bytes EncodePlain(const Image& image, PhotoFormat format)
     return PhotoWriter::Encode(photo, format, options, "plain");
 }
 
+/// `content` has to outlive the result.
 std::unique_ptr<Exiv2::Image> Open(const Bytes& content)
 {
     MetadataTags::Initialise();
@@ -314,6 +316,23 @@ TEST(PhotoMetadata, damagedExifIsLeftOutWithAWarning)
     EXPECT_TRUE(read.metadata.exif.isEmpty());
     ASSERT_THAT(read.warnings, SizeIs(1));
     EXPECT_THAT(read.warnings[0], HasSubstr("cannot be read and are left out"));
+}
+
+TEST(PhotoMetadata, adobeRgbThatOnlyTheExifBlockTellsOfIsConverted)
+{
+    const Bytes plain = EncodePlain(MakeGradient(48, 32), PhotoFormat::Jpeg);
+    const auto file = Open(plain);
+    file->exifData()["Exif.Photo.ColorSpace"] = std::uint16_t(0xFFFF); // "uncalibrated"
+    file->exifData()["Exif.Iop.InteroperabilityIndex"] = "R03";
+    const Bytes stored = Close(*file);
+
+    const Photo photo = PhotoReader::Decode(stored, "camera");
+
+    EXPECT_EQ(photo.metadata.iccProfile, ColorConversion::GetSrgbProfile());
+    EXPECT_GE(LargestDifference(photo.image, MakeGradient(48, 32)), 20);
+    const Tags tags = DescribeTags(PhotoWriter::Encode(photo, PhotoFormat::Jpeg, {}, "written"));
+    EXPECT_THAT(tags, Contains(Pair("Exif.Photo.ColorSpace", "1")));
+    EXPECT_THAT(tags, Contains(Pair("Exif.Iop.InteroperabilityIndex", "R98")));
 }
 
 TEST(PhotoMetadata, blockThatJpegCannotHoldIsAnError)
