@@ -89,6 +89,7 @@ TEST_P(RendererAtDepth, changesNoPixelThatGoesThroughLinearLightUnchanged)
 
 TEST_P(RendererAtDepth, clampsParametersToTheirRange)
 {
+    RegisterEffects();
     for (const EffectKind& kind : EffectKinds::GetAll()) {
         const std::string& id = kind.descriptor.effectID;
         EffectPtr largest = EffectSettingsImpl::Create(id);
