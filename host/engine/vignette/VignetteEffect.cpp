@@ -21,7 +21,8 @@ StagePtr CreateVignetteStage(const Zorvik::Quindle::IEffectSettings& settings,
 EffectKind MakeVignetteKind()
 {
     return {{VignetteParameters::EffectId, VignetteParameters::Describe(), {}},
-            CreateVignetteStage};
+            CreateVignetteStage,
+            EffectReach::Positional};
 }
 
 } // namespace LumetraHost
