@@ -15,8 +15,8 @@ using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::EffectsSettingsPackage;
 
 Drawer::Drawer()
-    : m_picture(m_stack, m_renderer),
-      m_painter(m_stack, m_picture, [this] { NotifyFrameChanged(); }), m_previews(m_renderer)
+    : m_painter(m_stack, [this] { NotifyFrameChanged(); }), m_picture(m_renderer),
+      m_previews(m_renderer)
 {
 }
 
@@ -26,14 +26,35 @@ void Drawer::SetPhoto(const Image& photo)
     m_stack.TakeAll();
     m_committed.clear();
     m_photo = photo;
-    SetCommittedPhoto(photo);
+    m_picture.SetSource(photo);
     NotifyCommittedPhotoChanged();
     NotifyFrameChanged();
 }
 
+Image Drawer::GetCommittedPhoto()
+{
+    return m_picture.Render(GetRecipe().layers, m_committed.size());
+}
+
 Image Drawer::Result()
 {
-    return m_picture.GetResult();
+    const PictureRecipe recipe = GetRecipe();
+    return m_picture.Render(recipe.layers, recipe.layers.size());
+}
+
+PictureRecipe Drawer::GetRecipe() const
+{
+    PictureRecipe recipe = MakeRecipe(m_stack);
+    if (const auto shown = m_painter.GetShownLayer())
+        recipe.layers[recipe.committed + *m_painter.FindPackage()] = *shown;
+    return recipe;
+}
+
+PictureRecipe Drawer::GetRecipeWith(const EffectsSettings& settings) const
+{
+    PackageStack stack = m_stack;
+    stack.Apply(settings);
+    return MakeRecipe(stack);
 }
 
 void Drawer::ResetPackage(unsigned index)
@@ -44,8 +65,6 @@ void Drawer::ResetPackage(unsigned index)
     if (m_painter.FindPackage() == position)
         m_painter.DropPainting();
     m_stack.Remove(*position);
-    m_picture.Invalidate(*position);
-    m_painter.Repaint();
     NotifyFrameChanged();
 }
 
@@ -57,20 +76,21 @@ std::vector<EffectsSettings> Drawer::GetOpenPackages() const
     return packages;
 }
 
-const std::vector<EffectsSettings>& Drawer::GetCommittedPackages() const
+std::vector<EffectsSettings> Drawer::GetCommittedPackages() const
 {
-    return m_committed;
+    std::vector<EffectsSettings> packages;
+    for (const SharedSettings& settings : m_committed)
+        packages.push_back(*settings);
+    return packages;
 }
 
 std::vector<std::string> Drawer::GetUnknownEffects() const
 {
     Zorvik::Quindle::EffectList effects;
-    const auto add = [&effects](const EffectsSettings& package) {
-        effects.insert(effects.end(), package.Effects().begin(), package.Effects().end());
-    };
-    std::for_each(m_committed.begin(), m_committed.end(), add);
-    for (std::size_t i = 0; i < m_stack.GetCount(); ++i)
-        add(m_stack.Get(i));
+    for (const Layer& layer : MakeRecipe(m_stack).layers) {
+        const auto& added = layer.settings->Effects();
+        effects.insert(effects.end(), added.begin(), added.end());
+    }
     return Renderer::FindUnknownEffects(effects);
 }
 
@@ -107,7 +127,7 @@ void Drawer::ApplyEffect(const EffectsSettings& effects,
                          const std::map<std::string, int>& /*options*/)
 {
     m_painter.FinishOpenPainting();
-    m_picture.Invalidate(m_stack.Apply(effects));
+    m_stack.Apply(effects);
     NotifyFrameChanged();
 }
 
@@ -118,17 +138,14 @@ void Drawer::ApplyEffect(const Zorvik::Quindle::ConstEffectPtr& effect,
         throw Zorvik::Exception("effect cannot be applied: expected an effect, found null",
                                 BOOST_CURRENT_FUNCTION, "drawer/Drawer", __LINE__);
     m_painter.FinishOpenPainting();
-    Image picture = Result();
-    for (EffectsSettings& package : m_stack.TakeAll())
+    for (SharedSettings& package : m_stack.TakeAll())
         m_committed.push_back(std::move(package));
     const bool isEmpty = effect->GetEffectID() == Zorvik::Proc::SettingsEffectEmpty::EFFECT_ID;
     if (!isEmpty) {
-        EffectsSettings single(1);
-        single.Effects().push_back(effect->Clone());
-        picture = m_renderer.Render(picture, single);
+        auto single = std::make_shared<EffectsSettings>(1);
+        single->Effects().push_back(effect->Clone());
         m_committed.push_back(std::move(single));
     }
-    SetCommittedPhoto(picture);
     NotifyCommittedPhotoChanged();
     if (!isEmpty)
         NotifyFrameChanged();
@@ -143,13 +160,21 @@ Zorvik::Proc::Frame Drawer::RenderPreview(const Zorvik::Proc::FrameTarget& targe
                                           const EffectsSettings& effects, int cropPolicy,
                                           int fitPolicy, unsigned flags)
 {
-    return m_previews.Render(target, effects, cropPolicy, fitPolicy, flags);
+    PictureRecipe committed = GetRecipe();
+    committed.layers.resize(committed.committed);
+    return m_previews.Render(committed, target, effects, {cropPolicy, fitPolicy, flags});
 }
 
-void Drawer::SetCommittedPhoto(const Image& photo)
+PictureRecipe Drawer::MakeRecipe(const PackageStack& stack) const
 {
-    m_picture.SetBase(photo);
-    m_previews.SetPhoto(photo);
+    PictureRecipe recipe;
+    recipe.photo = m_photo;
+    recipe.committed = m_committed.size();
+    for (const SharedSettings& settings : m_committed)
+        recipe.layers.push_back({settings, std::nullopt});
+    for (std::size_t i = 0; i < stack.GetCount(); ++i)
+        recipe.layers.push_back({stack.GetShared(i), std::nullopt});
+    return recipe;
 }
 
 // Over a copy: an observer may remove itself.

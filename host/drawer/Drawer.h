@@ -2,10 +2,11 @@
 #pragma once
 
 #include "drawer/IDrawerObserver.h"
+#include "drawer/LayerRenderer.h"
 #include "drawer/PackageStack.h"
 #include "drawer/Painter.h"
+#include "drawer/PictureRecipe.h"
 #include "drawer/PreviewRenderer.h"
-#include "drawer/StackPicture.h"
 
 #include "engine/Renderer.h"
 
@@ -18,8 +19,14 @@
 namespace LumetraHost {
 
 /// The core drawer of one workspace: the untouched photo, the packages committed into it, the open
-/// packages on top, and the picture that they make. Renders on the calling thread (and the pool's),
-/// when a picture is asked for. Owned by the workspace controller; one thread only.
+/// packages on top, and the recipe of the picture that they make. Changes render nothing. Whole
+/// pictures are rendered on the calling thread (and the pool's) when somebody asks for one, which
+/// a program with a window leaves to LiveView. Owned by the workspace controller; one thread only.
+///
+/// Rounding: every package, committed or open, and every effect committed by itself rounds its
+/// picture to the photo's depth once, at whatever size it is rendered. Committing changes no pixel.
+/// A picture of the committed photo at another size is the scaled photo with the packages on it,
+/// not the scaled picture of the photo with them.
 ///
 /// GetPackage(0xFFFFFFFF) is the open package applied last, also when an earlier one was replaced
 /// in its place. An application with the index 0xFFFFFFFF that replaces a package by its name keeps
@@ -33,19 +40,26 @@ public:
     void SetPhoto(const Image& photo);
     /// As it was given.
     const Image& GetPhoto() const { return m_photo; }
-    /// With the committed packages.
-    const Image& GetCommittedPhoto() const { return m_picture.GetBase(); }
+    /// With the committed packages, in full size.
+    Image GetCommittedPhoto();
     /// With the open packages too, and with what an open painting shows. Null without a photo.
     Image Result();
+    /// How Result() is made.
+    PictureRecipe GetRecipe() const;
+    /// The same as it would be after applying `settings`, without what an open painting shows.
+    PictureRecipe GetRecipeWith(const Zorvik::Quindle::EffectsSettings& settings) const;
 
     /// Takes the open package of that index off, with its painting; nothing when there is none.
     void ResetPackage(unsigned index);
 
     /// Bottom first; without what an open painting shows.
     std::vector<Zorvik::Quindle::EffectsSettings> GetOpenPackages() const;
-    const std::vector<Zorvik::Quindle::EffectsSettings>& GetCommittedPackages() const;
+    std::vector<Zorvik::Quindle::EffectsSettings> GetCommittedPackages() const;
     /// The ids of the effects on the photo that the engine does not know and leaves out.
     std::vector<std::string> GetUnknownEffects() const;
+
+    /// How many packages were drawn so far to make whole pictures, on the callers' threads.
+    std::size_t GetDrawnLayerCount() const { return m_picture.GetDrawnLayerCount(); }
 
     /// Observers are not owned and must be removed before they die.
     void AddObserver(IDrawerObserver* observer);
@@ -67,14 +81,14 @@ public:
 private:
     void NotifyFrameChanged();
     void NotifyCommittedPhotoChanged();
-    void SetCommittedPhoto(const Image& photo);
+    PictureRecipe MakeRecipe(const PackageStack& stack) const;
 
     Renderer m_renderer;
     Image m_photo;
-    std::vector<Zorvik::Quindle::EffectsSettings> m_committed;
+    std::vector<SharedSettings> m_committed;
     PackageStack m_stack;
-    StackPicture m_picture;
     Painter m_painter;
+    LayerRenderer m_picture;
     PreviewRenderer m_previews;
     std::vector<IDrawerObserver*> m_observers;
 };

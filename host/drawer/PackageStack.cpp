@@ -10,19 +10,18 @@ using Zorvik::Quindle::EffectsSettings;
 
 std::size_t PackageStack::Apply(const EffectsSettings& settings)
 {
-    Package applied{settings, ++m_applications};
-    auto& header = applied.settings.Package();
-    if (const auto replaced = FindReplaced(settings)) {
-        if (header.GetIndex() == NoIndex)
-            header.SetIndex(Get(*replaced).Package().GetIndex());
-        ReserveIndex(header.GetIndex());
-        m_packages[*replaced] = std::move(applied);
+    auto applied = std::make_shared<EffectsSettings>(settings);
+    auto& header = applied->Package();
+    const auto replaced = FindReplaced(settings);
+    if (header.GetIndex() == NoIndex)
+        header.SetIndex(replaced ? Get(*replaced).Package().GetIndex() : m_nextIndex);
+    ReserveIndex(header.GetIndex());
+    const Package package{std::move(applied), ++m_applications};
+    if (replaced) {
+        m_packages[*replaced] = package;
         return *replaced;
     }
-    if (header.GetIndex() == NoIndex)
-        header.SetIndex(m_nextIndex);
-    ReserveIndex(header.GetIndex());
-    m_packages.push_back(std::move(applied));
+    m_packages.push_back(package);
     return m_packages.size() - 1;
 }
 
@@ -31,9 +30,9 @@ void PackageStack::Remove(std::size_t position)
     m_packages.erase(m_packages.begin() + static_cast<std::ptrdiff_t>(position));
 }
 
-std::vector<EffectsSettings> PackageStack::TakeAll()
+std::vector<SharedSettings> PackageStack::TakeAll()
 {
-    std::vector<EffectsSettings> taken;
+    std::vector<SharedSettings> taken;
     for (Package& package : m_packages)
         taken.push_back(std::move(package.settings));
     m_packages.clear();
@@ -42,15 +41,17 @@ std::vector<EffectsSettings> PackageStack::TakeAll()
 
 const EffectsSettings& PackageStack::Get(std::size_t position) const
 {
+    return *m_packages[position].settings;
+}
+
+const SharedSettings& PackageStack::GetShared(std::size_t position) const
+{
     return m_packages[position].settings;
 }
 
-void PackageStack::SetContent(std::size_t position, const EffectsSettings& settings)
+void PackageStack::SetShared(std::size_t position, const SharedSettings& settings)
 {
-    EffectsSettings& target = m_packages[position].settings;
-    const auto header = target.Package();
-    target = settings;
-    target.Package() = header;
+    m_packages[position].settings = settings;
 }
 
 std::optional<std::size_t> PackageStack::FindIndex(unsigned index) const

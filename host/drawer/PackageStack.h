@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "drawer/PictureRecipe.h"
+
 #include "Zorvik/Quindle/EffectsSettings.h"
 
 #include <cstddef>
@@ -11,7 +13,8 @@
 namespace LumetraHost {
 
 /// The open effect packages of a photo, bottom first, and the rules by which they replace each
-/// other. Knows nothing of pixels. Positions are places in the stack; indexes are the packages'
+/// other. Knows nothing of pixels; copies
+/// share the settings. Positions are places in the stack; indexes are the packages'
 /// own numbers, which count upwards and are not used twice unless somebody asks for it.
 class PackageStack
 {
@@ -24,12 +27,14 @@ public:
     std::size_t Apply(const Zorvik::Quindle::EffectsSettings& settings);
     void Remove(std::size_t position);
     /// Empties the stack and returns what it held.
-    std::vector<Zorvik::Quindle::EffectsSettings> TakeAll();
+    std::vector<SharedSettings> TakeAll();
 
     std::size_t GetCount() const { return m_packages.size(); }
     const Zorvik::Quindle::EffectsSettings& Get(std::size_t position) const;
-    /// New effects and blend amount; name and index stay.
-    void SetContent(std::size_t position, const Zorvik::Quindle::EffectsSettings& settings);
+    /// The same, never changed later: a change of the package puts others in their place.
+    const SharedSettings& GetShared(std::size_t position) const;
+    /// Other settings with the package's own name and index.
+    void SetShared(std::size_t position, const SharedSettings& settings);
 
     std::optional<std::size_t> FindIndex(unsigned index) const;
     /// The topmost one of that name.
@@ -41,7 +46,7 @@ public:
 private:
     struct Package
     {
-        Zorvik::Quindle::EffectsSettings settings;
+        SharedSettings settings;
         std::size_t appliedAs; ///< the number of the application
     };
 

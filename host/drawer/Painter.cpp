@@ -33,8 +33,8 @@ void ReplaceSameIds(EffectList& effects, const EffectList& update)
 
 } // namespace
 
-Painter::Painter(PackageStack& stack, StackPicture& picture, std::function<void()> frameChanged)
-    : m_stack(stack), m_picture(picture), m_frameChanged(std::move(frameChanged))
+Painter::Painter(PackageStack& stack, std::function<void()> frameChanged)
+    : m_stack(stack), m_frameChanged(std::move(frameChanged))
 {
 }
 
@@ -46,20 +46,23 @@ void Painter::FinishOpenPainting()
 
 void Painter::DropPainting()
 {
-    m_picture.EndShow(false);
     m_package.reset();
-    m_lastUpdate.reset();
+    m_shown.reset();
 }
 
-void Painter::Repaint()
+std::optional<std::size_t> Painter::FindPackage() const
+{
+    return m_package ? m_stack.FindName(m_package->GetPackageName()) : std::nullopt;
+}
+
+std::optional<Layer> Painter::GetShownLayer() const
 {
     const auto position = FindPackage();
-    if (!m_lastUpdate || !position)
-        return;
-    if (m_package->GetKind() == SettingsPainterEffectsPackage::Kind::BlendSource)
-        m_picture.ShowBlend(*position, m_lastUpdate->GetBlendAmount());
-    else
-        m_picture.ShowEffects(*position, MakeShown(*position));
+    if (!m_shown || !position)
+        return std::nullopt;
+    if (IsBlendPainting())
+        return Layer{m_stack.GetShared(*position), m_shown->GetBlendAmount()};
+    return Layer{m_shown, std::nullopt};
 }
 
 void Painter::StartPainting(const boost::intrusive_ptr<SettingsPainterEffectsPackage>& package)
@@ -75,38 +78,40 @@ void Painter::SetPositions(int /*x*/, int /*y*/) {}
 
 void Painter::UpdatePainting(const EffectsSettings& effects, int /*flags*/)
 {
-    if (!IsPainting() || !FindPackage())
+    const auto position = FindPackage();
+    if (!position)
         return;
-    m_lastUpdate = effects;
-    Repaint();
+    m_shown = MakeShown(m_stack.Get(*position), effects);
     m_frameChanged();
 }
 
 void Painter::FinishPainting(int /*x*/, int /*y*/, bool cancel)
 {
     const auto position = FindPackage();
-    const bool isShown = m_lastUpdate && position;
+    const bool isShown = m_shown && position;
     if (isShown && !cancel)
-        m_stack.SetContent(*position, MakeShown(*position));
-    m_picture.EndShow(!cancel);
-    m_package.reset();
-    m_lastUpdate.reset();
+        m_stack.SetShared(*position, m_shown);
+    DropPainting();
     if (isShown)
         m_frameChanged();
 }
 
-std::optional<std::size_t> Painter::FindPackage() const
+bool Painter::IsBlendPainting() const
 {
-    return m_package ? m_stack.FindName(m_package->GetPackageName()) : std::nullopt;
+    return m_package->GetKind() == SettingsPainterEffectsPackage::Kind::BlendSource;
 }
 
-EffectsSettings Painter::MakeShown(std::size_t position) const
+/// Shares the effects that the update leaves as they are.
+SharedSettings Painter::MakeShown(const EffectsSettings& package,
+                                  const EffectsSettings& update) const
 {
-    EffectsSettings shown = m_stack.Get(position);
-    if (m_package->GetKind() == SettingsPainterEffectsPackage::Kind::BlendSource)
-        shown.SetBlendAmount(m_lastUpdate->GetBlendAmount());
-    else
-        ReplaceSameIds(shown.Effects(), m_lastUpdate->Effects());
+    auto shown = std::make_shared<EffectsSettings>(package.GetInputCount());
+    shown->Package() = package.Package();
+    shown->SetWaitApply(package.GetWaitApply());
+    shown->SetBlendAmount(IsBlendPainting() ? update.GetBlendAmount() : package.GetBlendAmount());
+    shown->Effects() = package.Effects();
+    if (!IsBlendPainting())
+        ReplaceSameIds(shown->Effects(), update.Effects());
     return shown;
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "drawer/PackageStack.h"
-#include "drawer/StackPicture.h"
+#include "drawer/PictureRecipe.h"
 
 #include "Zorvik/Quindle/IQuindleDrawerPainter.h"
 #include "Zorvik/Quindle/SettingsPainterEffectsPackage.h"
@@ -12,9 +12,10 @@
 
 namespace LumetraHost {
 
-/// Shows a package while its intensity is dragged. Owned by the drawer. Always paints the whole
-/// picture: positions are accepted and not used. The source's alpha is kept whether or not the
-/// painting asks for it, since no effect changes it.
+/// Shows a package while its intensity is dragged. Owned by the drawer. Renders nothing: it says
+/// which layer stands for the package. Always paints the whole picture: positions are accepted and
+/// not used. The source's alpha is kept whether or not the painting asks for it, since no effect
+/// changes it.
 ///
 /// Two guarantees about rounding: a tick of a blend painting is the integer blend of the picture
 /// below and the package's finished effect (see Blend()); the picture after finishing is the one
@@ -22,8 +23,8 @@ namespace LumetraHost {
 class Painter : public Zorvik::Quindle::IQuindleDrawerPainter
 {
 public:
-    /// Stack and picture are kept by reference; `frameChanged` is called when the picture is other.
-    Painter(PackageStack& stack, StackPicture& picture, std::function<void()> frameChanged);
+    /// The stack is kept by reference; `frameChanged` is called when the picture is another one.
+    Painter(PackageStack& stack, std::function<void()> frameChanged);
 
     bool IsPainting() const { return m_package != nullptr; }
     /// Finishes an open painting; the last update stays.
@@ -32,8 +33,8 @@ public:
     void DropPainting();
     /// Where the package stands that an open painting shows.
     std::optional<std::size_t> FindPackage() const;
-    /// Shows the last update again after other packages have changed.
-    void Repaint();
+    /// What is shown instead of that package; empty before the first update.
+    std::optional<Layer> GetShownLayer() const;
 
     /// Zorvik::Exception for a null package.
     void StartPainting(const boost::intrusive_ptr<Zorvik::Quindle::SettingsPainterEffectsPackage>&
@@ -43,13 +44,14 @@ public:
     void FinishPainting(int x, int y, bool cancel) override;
 
 private:
-    Zorvik::Quindle::EffectsSettings MakeShown(std::size_t position) const;
+    bool IsBlendPainting() const;
+    SharedSettings MakeShown(const Zorvik::Quindle::EffectsSettings& package,
+                             const Zorvik::Quindle::EffectsSettings& update) const;
 
     PackageStack& m_stack;
-    StackPicture& m_picture;
     std::function<void()> m_frameChanged;
     boost::intrusive_ptr<Zorvik::Quindle::SettingsPainterEffectsPackage> m_package;
-    std::optional<Zorvik::Quindle::EffectsSettings> m_lastUpdate;
+    SharedSettings m_shown; ///< the package with the last update; null before the first one
 };
 
 } // namespace LumetraHost

@@ -21,46 +21,49 @@ bool AreSame(const PreviewGeometry& first, const PreviewGeometry& second)
 
 PreviewRenderer::PreviewRenderer(const Renderer& renderer) : m_renderer(renderer) {}
 
-void PreviewRenderer::SetPhoto(const Image& photo)
-{
-    m_photo = photo;
-    m_scaled.clear();
-}
-
-Zorvik::Proc::Frame PreviewRenderer::Render(const Zorvik::Proc::FrameTarget& target,
+Zorvik::Proc::Frame PreviewRenderer::Render(const PictureRecipe& recipe,
+                                            const Zorvik::Proc::FrameTarget& target,
                                             const Zorvik::Quindle::EffectsSettings& effects,
-                                            int cropPolicy, int fitPolicy, unsigned flags)
+                                            const PreviewPolicies& policies,
+                                            const CancelToken* cancel)
 {
+    if (!m_photo.SharesPixelsWith(recipe.photo))
+        m_scaled.clear();
+    m_photo = recipe.photo;
     if (m_photo.IsNull())
         return {};
     const int width = m_photo.GetWidth();
     const int height = m_photo.GetHeight();
-    const auto geometry = PreviewGeometry::Make(width, height, target, cropPolicy, fitPolicy);
-    const bool isDraft = (flags & FlagDraft) != 0;
+    const auto geometry = PreviewGeometry::Make(width, height, target, policies.crop, policies.fit);
+    const bool isDraft = (policies.flags & FlagDraft) != 0;
+    auto& layers = GetScaledPhoto(geometry, isDraft ? ResizeQuality::Fast : ResizeQuality::Fine);
 
     RenderOptions options;
     options.area = geometry.GetArea(width, height);
-    const Image scaled =
-        GetScaledPhoto(geometry, isDraft ? ResizeQuality::Fast : ResizeQuality::Fine);
-    auto frame = ImageToFrame(m_renderer.Render(scaled, effects, options));
+    options.cancel = cancel;
+    const Image committed = layers.Render(recipe.layers, recipe.layers.size(), cancel);
+    auto frame = ImageToFrame(m_renderer.Render(committed, effects, options));
     frame.pixelAspect = target.pixelAspect;
     return frame;
 }
 
-Image PreviewRenderer::GetScaledPhoto(const PreviewGeometry& geometry, ResizeQuality quality)
+LayerRenderer& PreviewRenderer::GetScaledPhoto(const PreviewGeometry& geometry,
+                                               ResizeQuality quality)
 {
     const auto found = std::find_if(m_scaled.begin(), m_scaled.end(), [&](const ScaledPhoto& s) {
         return AreSame(s.geometry, geometry) && s.quality == quality;
     });
     if (found != m_scaled.end()) {
         m_scaled.splice(m_scaled.begin(), m_scaled, found);
-        return m_scaled.front().picture;
+        return m_scaled.front().layers;
     }
-    const Image picture = Resize(m_photo, geometry.part, geometry.width, geometry.height, quality);
-    m_scaled.push_front({geometry, quality, picture});
+    m_scaled.push_front({geometry, quality, LayerRenderer(m_renderer)});
+    m_scaled.front().layers.SetSource(
+        Resize(m_photo, geometry.part, geometry.width, geometry.height, quality),
+        geometry.GetArea(m_photo.GetWidth(), m_photo.GetHeight()));
     if (m_scaled.size() > KeptScales)
         m_scaled.pop_back();
-    return picture;
+    return m_scaled.front().layers;
 }
 
 } // namespace LumetraHost

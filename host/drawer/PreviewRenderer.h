@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "drawer/LayerRenderer.h"
+#include "drawer/PictureRecipe.h"
 #include "drawer/PreviewGeometry.h"
 
 #include "engine/Renderer.h"
@@ -14,22 +16,29 @@
 
 namespace LumetraHost {
 
+/// See IQuindleDrawer::RenderPreview.
+struct PreviewPolicies
+{
+    int crop = 1;
+    int fit = 0;
+    unsigned flags = 0;
+};
+
 /// Renders small pictures of one photo with various effects. Keeps the last few scaled photos, so
-/// that a grid of previews scales only once. Owned by the drawer.
+/// that a grid of previews scales only once. One thread only.
 class PreviewRenderer
 {
 public:
     /// `renderer` is kept by reference.
     explicit PreviewRenderer(const Renderer& renderer);
 
-    /// The photo of all later previews; null: they are null too.
-    void SetPhoto(const Image& photo);
-
-    /// See IQuindleDrawer::RenderPreview. Rgba8Premultiplied for a photo of 8 bits,
-    /// RgbaFloatPremultiplied for one of 16.
-    Zorvik::Proc::Frame Render(const Zorvik::Proc::FrameTarget& target,
-                               const Zorvik::Quindle::EffectsSettings& effects, int cropPolicy,
-                               int fitPolicy, unsigned flags);
+    /// The photo with all layers of the recipe, and `effects` on top. Null without a photo and when
+    /// it was cancelled. Rgba8Premultiplied for a photo of 8 bits, RgbaFloatPremultiplied for one
+    /// of 16.
+    Zorvik::Proc::Frame Render(const PictureRecipe& recipe, const Zorvik::Proc::FrameTarget& target,
+                               const Zorvik::Quindle::EffectsSettings& effects,
+                               const PreviewPolicies& policies,
+                               const CancelToken* cancel = nullptr);
 
 private:
     static constexpr unsigned FlagDraft = 1;
@@ -39,10 +48,10 @@ private:
     {
         PreviewGeometry geometry;
         ResizeQuality quality;
-        Image picture;
+        LayerRenderer layers; ///< with the scaled photo as its source
     };
 
-    Image GetScaledPhoto(const PreviewGeometry& geometry, ResizeQuality quality);
+    LayerRenderer& GetScaledPhoto(const PreviewGeometry& geometry, ResizeQuality quality);
 
     const Renderer& m_renderer;
     Image m_photo;

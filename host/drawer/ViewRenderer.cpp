@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "drawer/ViewRenderer.h"
+
+#include "engine/Resize.h"
+
+#include <limits>
+
+namespace LumetraHost {
+namespace {
+
+template <class Channel>
+bool IsOpaqueRow(const Channel* row, int pixels)
+{
+    Channel all = std::numeric_limits<Channel>::max();
+    for (int i = 0; i < pixels; ++i)
+        all &= row[Image::Channels * i + 3];
+    return all == std::numeric_limits<Channel>::max();
+}
+
+bool IsOpaquePicture(const Image& picture)
+{
+    const int width = picture.GetWidth();
+    for (int y = 0; y < picture.GetHeight(); ++y)
+        if (!(picture.GetDepth() == Image::Depth::Bits16 ? IsOpaqueRow(picture.Row16(y), width)
+                                                         : IsOpaqueRow(picture.Row(y), width)))
+            return false;
+    return true;
+}
+
+Image Scale(const Image& photo, const ViewGeometry& geometry)
+{
+    const QRect& part = geometry.part;
+    const bool isWhole = part == QRect(0, 0, photo.GetWidth(), photo.GetHeight());
+    if (isWhole && part.size() == geometry.size)
+        return photo;
+    return Resize(photo, {part.x(), part.y(), part.width(), part.height()}, geometry.size.width(),
+                  geometry.size.height(),
+                  geometry.isDraft ? ResizeQuality::Fast : ResizeQuality::Fine);
+}
+
+} // namespace
+
+ViewRenderer::ViewRenderer(const Renderer& renderer) : m_layers(renderer, Spares) {}
+
+Image ViewRenderer::GetOriginal(const Image& photo, const ViewGeometry& geometry)
+{
+    if (HasScaled(photo, geometry))
+        return m_layers.GetSource();
+    m_photo = photo;
+    m_geometry = geometry;
+    const bool isSeen = !photo.IsNull() && !geometry.part.isEmpty();
+    const Image source = isSeen ? Scale(photo, geometry) : Image();
+    m_isOpaque = IsOpaquePicture(source);
+    const QSize size(photo.GetWidth(), photo.GetHeight());
+    m_layers.SetSource(source, isSeen ? std::optional(geometry.GetArea(size)) : std::nullopt);
+    return source;
+}
+
+Image ViewRenderer::Render(const PictureRecipe& recipe, const ViewGeometry& geometry,
+                           const CancelToken& cancel)
+{
+    if (GetOriginal(recipe.photo, geometry).IsNull())
+        return {};
+    return m_layers.Render(recipe.layers, recipe.layers.size(), &cancel);
+}
+
+bool ViewRenderer::HasScaled(const Image& photo, const ViewGeometry& geometry) const
+{
+    return m_geometry == geometry && m_photo.SharesPixelsWith(photo);
+}
+
+} // namespace LumetraHost

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "drawer/LayerRenderer.h"
+#include "drawer/PictureRecipe.h"
+#include "drawer/ViewGeometry.h"
+
+#include "engine/CancelToken.h"
+#include "engine/Renderer.h"
+
+#include "photo/Image.h"
+
+#include <optional>
+
+namespace LumetraHost {
+
+/// Renders one view of a photo: the visible part, scaled once and kept, with the layers on it.
+/// Belongs to the thread that renders.
+class ViewRenderer
+{
+public:
+    /// `renderer` is kept by reference.
+    explicit ViewRenderer(const Renderer& renderer);
+
+    /// The visible part without any layer; null without a photo and for an empty part.
+    Image GetOriginal(const Image& photo, const ViewGeometry& geometry);
+    /// The same with the recipe's layers; also null when it was cancelled.
+    Image Render(const PictureRecipe& recipe, const ViewGeometry& geometry,
+                 const CancelToken& cancel);
+
+    /// Whether the part of the last call is without transparency.
+    bool IsOpaque() const { return m_isOpaque; }
+    bool HasScaled(const Image& photo, const ViewGeometry& geometry) const;
+
+private:
+    /// The frame on the screen, the one on its way there, and the ones being rendered.
+    static constexpr std::size_t Spares = 4;
+
+    Image m_photo;
+    std::optional<ViewGeometry> m_geometry;
+    bool m_isOpaque = true;
+    LayerRenderer m_layers;
+};
+
+} // namespace LumetraHost

@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "drawer/ViewWorker.h"
+
+#include <utility>
+
+namespace LumetraHost {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// Nanoseconds per pixel, before anything was measured.
+constexpr double AssumedScaling = 30;
+constexpr double AssumedRendering = 30;
+constexpr int MostHalvings = 2;
+
+} // namespace
+
+ViewWorker::ViewWorker(const LiveViewOptions& options, std::function<void()> frameIsThere)
+    : m_options(options), m_frameIsThere(std::move(frameIsThere)), m_scalingTime(AssumedScaling),
+      m_renderingTime(AssumedRendering), m_thread([this] { Work(); })
+{
+}
+
+ViewWorker::~ViewWorker()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_isStopping = true;
+        if (m_running)
+            m_running->Cancel();
+    }
+    m_hasJob.notify_all();
+    m_thread.join();
+}
+
+void ViewWorker::Start(ViewJob job)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_running && (job.isOtherPhoto || !m_wasCancelled))
+            m_running->Cancel();
+        // What the waiting job forbade stays forbidden.
+        if (m_waiting && m_waiting->job.isOtherPhoto)
+            job.isOtherPhoto = true;
+        if (job.isOtherPhoto)
+            m_result.reset();
+        m_waiting = Queued{std::move(job), std::make_shared<CancelToken>()};
+    }
+    m_hasJob.notify_one();
+}
+
+std::optional<ViewResult> ViewWorker::TakeResult()
+{
+    const std::lock_guard lock(m_mutex);
+    return std::exchange(m_result, std::nullopt);
+}
+
+void ViewWorker::WaitFor(quint64 serial)
+{
+    std::unique_lock lock(m_mutex);
+    m_isDone.wait(lock, [&] { return m_doneSerial >= serial; });
+}
+
+void ViewWorker::Work()
+{
+    while (const auto queued = TakeJob())
+        Run(*queued);
+}
+
+std::optional<ViewWorker::Queued> ViewWorker::TakeJob()
+{
+    std::unique_lock lock(m_mutex);
+    m_running.reset();
+    m_hasJob.wait(lock, [this] { return m_isStopping || m_waiting; });
+    if (m_isStopping)
+        return std::nullopt;
+    m_running = m_waiting->cancel;
+    return std::exchange(m_waiting, std::nullopt);
+}
+
+void ViewWorker::Run(const Queued& queued)
+{
+    try {
+        if (ChooseHalvings(queued.job) > 0 && (!RunStep(queued, true) || IsSuperseded()))
+            return;
+        RunStep(queued, false);
+    } catch (...) {
+        ViewResult failed;
+        failed.frame.serial = queued.job.serial;
+        failed.error = std::current_exception();
+        Post(queued, std::move(failed));
+    }
+}
+
+bool ViewWorker::RunStep(const Queued& queued, bool isReduced)
+{
+    const ViewJob& job = queued.job;
+    if (m_options.onRendering)
+        m_options.onRendering({job.serial, isReduced, *queued.cancel});
+    ViewRenderer& renderer = isReduced ? m_reduced : m_full;
+    const ViewGeometry geometry =
+        isReduced ? job.geometry.GetReduced(ChooseHalvings(job)) : job.geometry;
+    ViewResult result;
+    result.frame.picture = Render(queued, geometry, renderer);
+    result.original = renderer.GetOriginal(job.recipe.photo, geometry);
+    result.frame.part = geometry.part;
+    result.frame.serial = job.serial;
+    result.frame.isReduced = isReduced;
+    result.frame.isOpaque = renderer.IsOpaque();
+    return Post(queued, std::move(result));
+}
+
+Image ViewWorker::Render(const Queued& queued, const ViewGeometry& geometry, ViewRenderer& renderer)
+{
+    const ViewJob& job = queued.job;
+    const auto begin = Clock::now();
+    const bool wasScaled = renderer.HasScaled(job.recipe.photo, geometry);
+    const Image original = renderer.GetOriginal(job.recipe.photo, geometry);
+    const auto scaled = Clock::now();
+    if (original.IsNull() || job.showsOriginal)
+        return original;
+    const Image picture = renderer.Render(job.recipe, geometry, *queued.cancel);
+    if (&renderer == &m_full && !picture.IsNull()) {
+        const double pixels = geometry.GetPixelCount();
+        m_renderingTime = double((Clock::now() - scaled).count()) / pixels;
+        if (!wasScaled)
+            m_scalingTime = double((scaled - begin).count()) / pixels;
+    }
+    return picture;
+}
+
+/// How often the picture is halved for a first preview; 0: the full one is soon there.
+int ViewWorker::ChooseHalvings(const ViewJob& job) const
+{
+    const double perPixel = (job.showsOriginal ? 0 : m_renderingTime) +
+                            (m_full.HasScaled(job.recipe.photo, job.geometry) ? 0 : m_scalingTime);
+    double expected = job.geometry.GetPixelCount() * perPixel;
+    int halvings = 0;
+    while (halvings < MostHalvings && expected > double(m_options.reducedBeyond.count())) {
+        expected /= 4;
+        ++halvings;
+    }
+    return job.recipe.photo.IsNull() || job.geometry.part.isEmpty() ? 0 : halvings;
+}
+
+bool ViewWorker::IsSuperseded()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_waiting || m_isStopping;
+}
+
+/// False when nobody wants the result any more.
+bool ViewWorker::Post(const Queued& queued, ViewResult result)
+{
+    const bool isDone = !result.frame.isReduced;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_wasCancelled = queued.cancel->IsCancelled();
+        if (m_wasCancelled)
+            return false;
+        m_result = std::move(result);
+        if (isDone)
+            m_doneSerial = queued.job.serial;
+    }
+    if (isDone)
+        m_isDone.notify_all();
+    m_frameIsThere();
+    return true;
+}
+
+} // namespace LumetraHost

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "drawer/LiveViewOptions.h"
+#include "drawer/PictureRecipe.h"
+#include "drawer/ViewFrame.h"
+#include "drawer/ViewGeometry.h"
+#include "drawer/ViewRenderer.h"
+
+#include "engine/CancelToken.h"
+#include "engine/Renderer.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+
+namespace LumetraHost {
+
+/// Everything that a frame needs, taken at one moment.
+struct ViewJob
+{
+    quint64 serial = 0;
+    PictureRecipe recipe;
+    ViewGeometry geometry;
+    bool showsOriginal = false;
+    /// No frame of a job before this one may be shown any more.
+    bool isOtherPhoto = false;
+};
+
+/// What became of a job.
+struct ViewResult
+{
+    ViewFrame frame;
+    Image original;           ///< the frame's part without any package
+    std::exception_ptr error; ///< why there is no frame
+};
+
+/// The thread that renders a live view, with room for one waiting job: a newer one takes its place.
+/// A running rendering is cancelled by a newer job, but never two in a row with no frame between,
+/// so that a drag always shows something. Owned by the view.
+class ViewWorker
+{
+public:
+    /// `frameIsThere` is called on the worker's thread when TakeResult() has something new.
+    ViewWorker(const LiveViewOptions& options, std::function<void()> frameIsThere);
+    /// Cancels what is running.
+    ~ViewWorker();
+    ViewWorker(const ViewWorker&) = delete;
+    ViewWorker& operator=(const ViewWorker&) = delete;
+
+    /// Serials count upwards.
+    void Start(ViewJob job);
+    /// The newest result that was not taken yet.
+    std::optional<ViewResult> TakeResult();
+    /// Returns when the job of that serial, or a later one, has its full frame or has failed.
+    void WaitFor(quint64 serial);
+
+private:
+    struct Queued
+    {
+        ViewJob job;
+        std::shared_ptr<CancelToken> cancel;
+    };
+
+    void Work();
+    std::optional<Queued> TakeJob();
+    void Run(const Queued& queued);
+    bool RunStep(const Queued& queued, bool isReduced);
+    Image Render(const Queued& queued, const ViewGeometry& geometry, ViewRenderer& renderer);
+    int ChooseHalvings(const ViewJob& job) const;
+    bool IsSuperseded();
+    bool Post(const Queued& queued, ViewResult result);
+
+    const LiveViewOptions m_options;
+    const std::function<void()> m_frameIsThere;
+    Renderer m_renderer;
+    ViewRenderer m_full{m_renderer};
+    ViewRenderer m_reduced{m_renderer};
+    double m_scalingTime;   ///< nanoseconds per pixel of the view, as measured last
+    double m_renderingTime; ///< the same for the layers
+
+    std::mutex m_mutex;
+    std::condition_variable m_hasJob;
+    std::condition_variable m_isDone;
+    std::optional<Queued> m_waiting;
+    std::shared_ptr<CancelToken> m_running;
+    std::optional<ViewResult> m_result;
+    quint64 m_doneSerial = 0;
+    bool m_wasCancelled = false; ///< and no frame has been posted since
+    bool m_isStopping = false;
+    std::thread m_thread; ///< last, so that it starts when all else is there
+};
+
+} // namespace LumetraHost
