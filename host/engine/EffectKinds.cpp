@@ -5,7 +5,13 @@
 #include "engine/channelmixer/ChannelMixerEffect.h"
 #include "engine/contrast/ContrastEffect.h"
 #include "engine/exposure/ExposureEffect.h"
+#include "engine/grain/GrainEffect.h"
+#include "engine/liftgammagain/LiftGammaGainEffect.h"
 #include "engine/saturation/SaturationEffect.h"
+#include "engine/splittoning/SplitToningEffect.h"
+#include "engine/tonecurve/ToneCurveEffect.h"
+#include "engine/toneregions/ToneRegionsEffect.h"
+#include "engine/vibrance/VibranceEffect.h"
 #include "engine/vignette/VignetteEffect.h"
 #include "engine/whitebalance/WhiteBalanceEffect.h"
 
@@ -25,8 +31,12 @@ const EffectKind* EffectKinds::Find(const std::string& effectID)
 const std::vector<EffectKind>& EffectKinds::GetAll()
 {
     static const std::vector<EffectKind> kinds = {
-        MakeExposureKind(),     MakeWhiteBalanceKind(),  MakeContrastKind(), MakeSaturationKind(),
-        MakeChannelMixerKind(), MakeBlackAndWhiteKind(), MakeVignetteKind()};
+        MakeExposureKind(),    MakeWhiteBalanceKind(),  MakeContrastKind(),
+        MakeToneRegionsKind(), MakeToneCurveKind(),     MakeSaturationKind(),
+        MakeVibranceKind(),    MakeChannelMixerKind(),  MakeBlackAndWhiteKind(),
+        MakeSplitToningKind(), MakeLiftGammaGainKind(), MakeVignetteKind(),
+        MakeGrainKind(),
+    };
     return kinds;
 }
 

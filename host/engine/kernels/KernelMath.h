@@ -68,6 +68,22 @@ LUMETRA_KERNEL_INLINE float GetSize(float value)
     return FloatFromBits(BitsFromFloat(value) & 0x7FFFFFFF);
 }
 
+LUMETRA_KERNEL_INLINE float Min(float first, float second)
+{
+    return first < second ? first : second;
+}
+
+LUMETRA_KERNEL_INLINE float Max(float first, float second)
+{
+    return first > second ? first : second;
+}
+
+/// `value` limited to [low, high], of any signs. A NaN becomes `low`.
+LUMETRA_KERNEL_INLINE float Clamp(float value, float low, float high)
+{
+    return Min(Max(value, low), high);
+}
+
 /// The positive `size` with the sign of `sign`.
 LUMETRA_KERNEL_INLINE float WithSignOf(float size, float sign)
 {

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "engine/grain/GrainEffect.h"
+
+#include "engine/grain/GrainParameters.h"
+#include "engine/grain/GrainStage.h"
+
+namespace LumetraHost {
+namespace {
+
+StagePtr CreateGrainStage(const Zorvik::Quindle::IEffectSettings& settings,
+                          const StageContext& context)
+{
+    const auto parameters = GrainParameters::Read(settings);
+    if (parameters.IsIdentity())
+        return nullptr;
+    return std::make_shared<GrainStage>(parameters, context);
+}
+
+} // namespace
+
+EffectKind MakeGrainKind()
+{
+    return {{GrainParameters::EffectId, GrainParameters::Describe(), {}}, CreateGrainStage};
+}
+
+} // namespace LumetraHost

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "engine/liftgammagain/LiftGammaGainEffect.h"
+
+#include "engine/kernels/KernelSelection.h"
+#include "engine/kernels/NumbersStage.h"
+#include "engine/liftgammagain/LiftGammaGainKernel.h"
+#include "engine/liftgammagain/LiftGammaGainParameters.h"
+
+namespace LumetraHost {
+namespace {
+
+LiftGammaGainNumbers GetNumbers(const LiftGammaGainParameters& parameters)
+{
+    LiftGammaGainNumbers numbers;
+    for (std::size_t i = 0; i < 3; ++i) {
+        numbers.slope[i] = static_cast<float>(parameters.slope[i]);
+        numbers.offset[i] = static_cast<float>(parameters.offset[i]);
+        numbers.power[i] = static_cast<float>(parameters.power[i]);
+    }
+    numbers.saturation = static_cast<float>(parameters.saturation);
+    numbers.hasPower = parameters.HasPower();
+    numbers.clamp = parameters.clamp;
+    return numbers;
+}
+
+StagePtr CreateLiftGammaGainStage(const Zorvik::Quindle::IEffectSettings& settings,
+                                  const StageContext& context)
+{
+    const auto parameters = LiftGammaGainParameters::Read(settings);
+    if (parameters.IsIdentity())
+        return nullptr;
+    return std::make_shared<NumbersStage<LiftGammaGainNumbers>>(
+        ColourSpace::Encoded, GetNumbers(parameters),
+        SelectKernel<LiftGammaGainKernel>(context.isa));
+}
+
+} // namespace
+
+EffectKind MakeLiftGammaGainKind()
+{
+    return {{LiftGammaGainParameters::EffectId, LiftGammaGainParameters::Describe(), {}},
+            CreateLiftGammaGainStage};
+}
+
+} // namespace LumetraHost

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "Zorvik/Quindle/EffectRegistry.h"
+#include "Zorvik/Quindle/IEffectSettings.h"
+
+#include <vector>
+
+namespace LumetraHost {
+
+/// Vibrance: saturation that reaches muted colours most and leaves pure ones as they are:
+/// c = luma + (1 + amount / 100 * (1 - S)) * (c - luma), in linear light with the luminance of
+/// Rec. 709. S is the colour's own saturation, (max - min) / max limited to 0..1. Negative amounts
+/// take the muted colours back first.
+/// Sources: that the gain falls with the colour's own saturation, SweetFX Vibrance (C. C. Schuldt
+/// Jensen); S, A. R. Smith, "Color Gamut Transform Pairs", SIGGRAPH 1978; the luminance-keeping
+/// mixture, ASC CDL 1.2.
+struct VibranceParameters
+{
+    static constexpr char EffectId[] = "vibrance";
+
+    double amount = 0; ///< -100 to 100 per cent
+
+    static const std::vector<Zorvik::Quindle::EffectParameter>& Describe();
+    /// Clamped to the described ranges.
+    static VibranceParameters Read(const Zorvik::Quindle::IEffectSettings& settings);
+
+    bool IsIdentity() const { return amount == 0; }
+};
+
+} // namespace LumetraHost
