@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QImage>
+#include <QRect>
+
+namespace LumetraEditor {
+
+/// A rendered picture of a part of the photo.
+struct CanvasFrame
+{
+    QImage image;
+    QRect part; ///< in photo pixels
+};
+
+} // namespace LumetraEditor

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "canvas/CanvasFrame.h"
+#include "canvas/ViewTransform.h"
+
+#include <QWidget>
+
+#include <optional>
+
+namespace LumetraEditor {
+
+/// Shows the photo: fitted, zoomed and panned by pointer and keys, beside its original where that
+/// is asked for. It renders nothing: viewChanged() tells which part is in view, and frames come in.
+/// Until a sharp frame has come, the last ones stand in its place.
+class PhotoCanvas : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Edited: with the open edit. Original: the photo as its file has it.
+    enum class Layer
+    {
+        Edited,
+        Original
+    };
+
+    explicit PhotoCanvas(QWidget* parent = nullptr);
+
+    /// A new photo, fitted, with nothing to show yet; an empty size: none.
+    void SetPhotoSize(const QSize& size);
+    void SetFrame(Layer layer, const CanvasFrame& frame);
+    /// What the layer shows of the part in view; a null picture when nothing has come yet.
+    const CanvasFrame& GetFrame(Layer layer) const { return LayerOf(layer).sharp; }
+
+    const ViewTransform& GetView() const { return m_view; }
+    void Fit();
+    /// Device pixels per photo pixel, around the middle of the canvas.
+    void SetZoom(double zoom);
+    void ZoomIn();
+    void ZoomOut();
+
+    /// Shows the original in place of the edit.
+    void SetComparing(bool compare);
+    bool IsComparing() const { return m_isComparing; }
+    /// Shows the original left of a line that can be moved.
+    void SetSplit(bool split);
+    bool IsSplit() const { return m_isSplit; }
+    /// Where the line stands, 0 to 1 of the canvas' width.
+    void SetSplitPosition(double position);
+    double GetSplitPosition() const { return m_splitPosition; }
+    bool NeedsOriginal() const { return m_isComparing || m_isSplit; }
+
+    QSize sizeHint() const override;
+
+signals:
+    /// Another part, another size in pixels, or another photo.
+    void viewChanged();
+    void zoomChanged(double zoom);
+    /// NeedsOriginal() has changed.
+    void originalNeeded(bool needed);
+    void comparingChanged(bool comparing);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    struct LayerFrames
+    {
+        CanvasFrame sharp; ///< of the part that was in view
+        CanvasFrame whole; ///< the last one of the whole photo
+    };
+    enum class Drag
+    {
+        None,
+        Pan,
+        Split
+    };
+
+    const LayerFrames& LayerOf(Layer layer) const
+    {
+        return layer == Layer::Edited ? m_edited : m_original;
+    }
+    void ZoomAt(double zoom, const QPointF& anchor);
+    bool PanBy(const QPointF& delta);
+    bool PanByKey(int key);
+    bool HandleViewKey(int key);
+    double GetSplitX() const { return m_splitPosition * width(); }
+    bool IsAtSplitLine(const QPointF& position) const;
+    void UpdateCursor(const QPointF& position);
+    void ChangeNeeds(bool& flag, bool value);
+    void AnnounceView();
+
+    void DrawLayer(QPainter& painter, const LayerFrames& frames) const;
+    void DrawFrame(QPainter& painter, const CanvasFrame& frame) const;
+    void DrawSplitLine(QPainter& painter) const;
+    void DrawTag(QPainter& painter, const QString& text, Qt::Alignment side) const;
+
+    ViewTransform m_view;
+    LayerFrames m_edited;
+    LayerFrames m_original;
+    bool m_isComparing = false;
+    bool m_isSplit = false;
+    double m_splitPosition = 0.5;
+    Drag m_drag = Drag::None;
+    QPointF m_dragPosition;
+};
+
+} // namespace LumetraEditor

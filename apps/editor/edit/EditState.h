@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "Zorvik/Quindle/EffectsSettings.h"
+
+#include <QJsonObject>
+#include <QString>
+
+#include <map>
+#include <vector>
+
+namespace LumetraEditor {
+
+/// What has been done to a photo at one moment: all that undo, redo and the next start need.
+struct EditState
+{
+    std::vector<Zorvik::Quindle::EffectsSettings> committed; ///< bottom first
+    std::map<QString, QJsonObject> panels;                   ///< by module; of missing ones too
+
+    bool IsEmpty() const;
+};
+
+/// True when both were made by the same packages: names, blend and effects count, indexes do not.
+bool HaveSamePackages(const std::vector<Zorvik::Quindle::EffectsSettings>& first,
+                      const std::vector<Zorvik::Quindle::EffectsSettings>& second);
+bool operator==(const EditState& first, const EditState& second);
+
+} // namespace LumetraEditor

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "edit/EditStateFormat.h"
+
+#include "Zorvik/Exception.h"
+#include "storage/JsonReader.h"
+#include "storage/JsonWriter.h"
+
+#include <QJsonDocument>
+
+#include <boost/current_function.hpp>
+
+namespace LumetraEditor {
+namespace {
+
+using LumetraHost::JsonDocument;
+using LumetraHost::JsonObject;
+using LumetraHost::JsonReader;
+using LumetraHost::JsonValue;
+using LumetraHost::JsonWriter;
+using Zorvik::Brassel::ISerializer;
+using Zorvik::Quindle::EffectsSettings;
+using Zorvik::Quindle::IEffectSettings;
+
+constexpr char FormatKey[] = "format", VersionKey[] = "version", CommittedKey[] = "committed",
+               PanelsKey[] = "panels", PackageKey[] = "package", PresetKey[] = "preset",
+               BlendKey[] = "blend";
+constexpr int FullEffect = 1, NoEffect = 255;
+constexpr unsigned PhotoAlone = 1;
+
+[[noreturn]] void Refuse(const std::string& place, const std::string& expected)
+{
+    throw Zorvik::Exception(place + ": expected " + expected, BOOST_CURRENT_FUNCTION,
+                            "editor/EditStateFormat", __LINE__);
+}
+
+void WritePackages(const std::vector<EffectsSettings>& packages, ISerializer& root)
+{
+    const auto list = root.CreateCollection(CommittedKey);
+    for (const EffectsSettings& package : packages) {
+        const auto node = list->AddElement();
+        node->Set(PackageKey, package.Package().GetPackageName());
+        node->Set(PresetKey, package.Package().GetPresetName());
+        node->Set(BlendKey, package.GetBlendAmount());
+        const auto effects = node->CreateCollection(IEffectSettings::EFFECTS);
+        for (const auto& effect : package.Effects())
+            effects->AddElement()->WriteObject(IEffectSettings::EFFECT, *effect);
+    }
+}
+
+EffectsSettings ReadPackage(const ISerializer& node)
+{
+    EffectsSettings package(PhotoAlone);
+    package.Package().SetPackageName(node.Get(PackageKey, ""));
+    package.Package().SetPresetName(node.Get(PresetKey, ""));
+    const int blend = node.Get(BlendKey, FullEffect);
+    if (blend < FullEffect || blend > NoEffect)
+        Refuse(node.GetPath() + "/" + BlendKey,
+               "a number from 1 to 255, found " + std::to_string(blend));
+    package.SetBlendAmount(blend);
+    const auto effects = node.GetCollection(IEffectSettings::EFFECTS);
+    for (std::size_t i = 0; effects && i < effects->GetCount(); ++i) {
+        const auto item = effects->GetElement(i);
+        const auto effect =
+            IEffectSettings::CreateEffectSettings(item->GetNode(IEffectSettings::EFFECT));
+        item->ReadObject(IEffectSettings::EFFECT, *effect);
+        package.Effects().push_back(effect);
+    }
+    return package;
+}
+
+/// Panels speak the JSON of Qt.
+JsonValue ToJsonValue(const QJsonObject& object)
+{
+    const QByteArray text = QJsonDocument(object).toJson(QJsonDocument::Compact);
+    return JsonValue(JsonReader::Read({text.constData(), static_cast<std::size_t>(text.size())},
+                                      "a panel's edit"));
+}
+
+QJsonObject FromJsonObject(const JsonObject& object)
+{
+    return QJsonDocument::fromJson(QByteArray::fromStdString(JsonWriter::Write(object))).object();
+}
+
+void WritePanels(const std::map<QString, QJsonObject>& panels, JsonObject& root)
+{
+    const auto members = std::make_shared<JsonObject>();
+    for (const auto& [id, edit] : panels)
+        members->Set(id.toStdString(), ToJsonValue(edit));
+    root.Set(PanelsKey, JsonValue(members));
+}
+
+void ReadPanels(const JsonDocument& document, EditState& state)
+{
+    const JsonValue* const panels = document.GetObject()->Find(PanelsKey);
+    if (!panels)
+        return;
+    const auto* const members = panels->As<JsonValue::Object>();
+    const std::string place = document.GetName() + "/" + PanelsKey;
+    if (!members)
+        Refuse(place, std::string("node, found ") + panels->GetKindName());
+    for (const auto& [id, value] : (*members)->GetMembers()) {
+        const auto* const edit = value.As<JsonValue::Object>();
+        if (!edit)
+            Refuse(place + "/" + id, std::string("node, found ") + value.GetKindName());
+        state.panels[QString::fromStdString(id)] = FromJsonObject(**edit);
+    }
+}
+
+void CheckHeader(const ISerializer& root)
+{
+    const std::string format = root.Get(FormatKey, "");
+    if (format != EditStateFormat::FORMAT)
+        Refuse(root.GetPath() + "/" + FormatKey,
+               std::string("\"") + EditStateFormat::FORMAT + "\", found \"" + format + "\"");
+    const int version = root.Get(VersionKey, 0);
+    if (version < 1 || version > EditStateFormat::VERSION)
+        Refuse(root.GetPath() + "/" + VersionKey, "a version up to " +
+                                                      std::to_string(EditStateFormat::VERSION) +
+                                                      ", found " + std::to_string(version));
+}
+
+} // namespace
+
+QByteArray EditStateFormat::ToText(const EditState& state)
+{
+    const JsonDocument document("sidecar");
+    const auto root = document.GetRoot();
+    root->Set(FormatKey, FORMAT);
+    root->Set(VersionKey, VERSION);
+    WritePackages(state.committed, *root);
+    WritePanels(state.panels, *document.GetObject());
+    return document.ToText();
+}
+
+EditState EditStateFormat::FromDocument(const JsonDocument& document)
+{
+    const auto root = document.GetRoot();
+    CheckHeader(*root);
+    EditState state;
+    const auto list = root->GetCollection(CommittedKey);
+    for (std::size_t i = 0; list && i < list->GetCount(); ++i)
+        state.committed.push_back(ReadPackage(*list->GetElement(i)));
+    ReadPanels(document, state);
+    return state;
+}
+
+QByteArray EditStateFormat::PackagesText(const std::vector<EffectsSettings>& packages)
+{
+    const JsonDocument document("packages");
+    WritePackages(packages, *document.GetRoot());
+    return document.ToText();
+}
+
+} // namespace LumetraEditor

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "edit/Editor.h"
+
+#include "edit/EditStep.h"
+#include "engine/EffectKinds.h"
+#include "plugins/PluginLoader.h"
+#include "workspace/WorkspaceController.h"
+
+#include "Zorvik/Lumetra/IObjectsConnectorID.h"
+#include "Zorvik/Proc/SettingsEffectEmpty.h"
+#include "Zorvik/Quindle/EffectSettingsImpl.h"
+#include "Zorvik/Util/ObjectsConnector.h"
+
+#include <algorithm>
+#include <exception>
+
+namespace LumetraEditor {
+namespace {
+
+using LumetraHost::Photo;
+using LumetraHost::WorkspaceController;
+using Zorvik::Quindle::EffectsSettings;
+
+void LockDrawer(bool isLocked)
+{
+    Zorvik::Util::ObjectsConnector::sendMessage(
+        Zorvik::Lumetra::LumetraInt::IObjectsConnectorID::CORE_DRAWER_LOCK, {isLocked});
+}
+
+} // namespace
+
+Editor::Editor(QObject* parent)
+    : QObject(parent), m_workspace(std::make_shared<WorkspaceController>())
+{
+    LumetraHost::RegisterEffects();
+    connect(&m_loader, &PhotoLoader::loaded, this, &Editor::TakePhoto);
+    connect(&m_loader, &PhotoLoader::failed, this,
+            [this](const QString&, const QString& message) { RefusePhoto(message); });
+}
+
+Editor::~Editor()
+{
+    m_undoStack.disconnect();
+}
+
+// Photos
+
+void Editor::OpenPhoto(const QString& path)
+{
+    LockDrawer(true);
+    emit openingStarted(path);
+    m_loader.Load(path);
+}
+
+void Editor::TakePhoto(const QString& path, const Photo& photo)
+{
+    LockDrawer(false);
+    SetPhoto(path, photo);
+    emit openingEnded();
+    for (const std::string& warning : photo.warnings)
+        ShowMessage(QString::fromStdString(warning));
+}
+
+void Editor::RefusePhoto(const QString& message)
+{
+    LockDrawer(false);
+    emit openingEnded();
+    ShowMessage(message);
+}
+
+void Editor::ClosePhoto()
+{
+    SetPhoto(QString(), Photo());
+}
+
+void Editor::SetPhoto(const QString& path, const Photo& photo)
+{
+    m_undoStack.clear();
+    ShowOnPhoto(nullptr);
+    m_path = path;
+    m_photo = photo;
+    m_workspace->GetDrawer().SetPhoto(photo.image);
+    m_isRestoring = true;
+    for (const Panel& panel : m_panels)
+        panel.panel->PhotoChanged();
+    m_isRestoring = false;
+    m_state = CaptureEdit();
+    emit photoChanged();
+}
+
+// Panels
+
+QWidget* Editor::AddPanel(const LoadedPlugin& plugin)
+{
+    try {
+        Panel panel{plugin.id, plugin.root->CreatePanel(*this)};
+        QWidget* const widget = panel.panel->GetWidget();
+        m_panels.push_back(std::move(panel));
+        m_state = CaptureEdit();
+        return widget;
+    } catch (const std::exception& error) {
+        ShowMessage(tr("The panel \"%1\" cannot be used: %2")
+                        .arg(plugin.id, QString::fromUtf8(error.what())));
+        return nullptr;
+    }
+}
+
+void Editor::RemovePanels()
+{
+    m_undoStack.clear();
+    m_panels.clear();
+}
+
+bool Editor::HasUnsavedChanges() const
+{
+    return std::any_of(m_panels.begin(), m_panels.end(),
+                       [](const Panel& panel) { return panel.panel->HasUnsavedChanges(); });
+}
+
+// The edit
+
+EditState Editor::CaptureEdit() const
+{
+    EditState state;
+    state.committed = m_workspace->GetDrawer().GetCommittedPackages();
+    state.panels = m_state.panels; // those of modules that are missing today stay
+    for (const Panel& panel : m_panels)
+        state.panels[panel.id] = panel.panel->SaveEdit();
+    return state;
+}
+
+void Editor::RestorePackages(const std::vector<EffectsSettings>& committed)
+{
+    auto& drawer = m_workspace->GetDrawer();
+    if (HaveSamePackages(committed, drawer.GetCommittedPackages())) {
+        for (const EffectsSettings& package : drawer.GetOpenPackages())
+            drawer.ResetPackage(package.Package().GetIndex());
+        return;
+    }
+    const auto empty =
+        Zorvik::Quindle::EffectSettingsImpl::Create(Zorvik::Proc::SettingsEffectEmpty());
+    drawer.SetPhoto(m_photo.image);
+    for (const EffectsSettings& package : committed) {
+        drawer.ApplyEffect(package, {});
+        drawer.ApplyEffect(Zorvik::Quindle::ConstEffectPtr(empty), {});
+    }
+}
+
+void Editor::RestoreEdit(const EditState& state)
+{
+    m_isRestoring = true;
+    ShowOnPhoto(nullptr);
+    RestorePackages(state.committed);
+    for (const Panel& panel : m_panels) {
+        const auto found = state.panels.find(panel.id);
+        panel.panel->RestoreEdit(found == state.panels.end() ? QJsonObject() : found->second);
+    }
+    m_isRestoring = false;
+    m_state = state;
+}
+
+void Editor::NoteEdit(const QString& text)
+{
+    if (m_isRestoring || !HasPhoto())
+        return;
+    EditState after = CaptureEdit();
+    if (after == m_state)
+        return;
+    m_undoStack.push(
+        new EditStep(text, m_state, after, [this](const EditState& state) { RestoreEdit(state); }));
+    m_state = std::move(after);
+}
+
+void Editor::PushUndo(QUndoCommand* command)
+{
+    m_undoStack.push(command);
+}
+
+// Services for panels
+
+std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> Editor::GetWorkspace()
+{
+    return m_workspace;
+}
+
+void Editor::ShowOnPhoto(const EffectsSettings* settings)
+{
+    if (!settings && !m_shownOnTop)
+        return;
+    if (settings)
+        m_shownOnTop = *settings;
+    else
+        m_shownOnTop.reset();
+    emit shownOnTopChanged();
+}
+
+Zorvik::Proc::Frame Editor::RequestPreview(const QString& /*key*/,
+                                           const Zorvik::Proc::FrameTarget& target,
+                                           const EffectsSettings& settings)
+{
+    return m_workspace->GetDrawer().RenderPreview(target, settings, 1, 0, 1);
+}
+
+void Editor::CancelPreviews() {}
+
+void Editor::ShowMessage(const QString& text)
+{
+    emit messageGiven(text);
+}
+
+} // namespace LumetraEditor

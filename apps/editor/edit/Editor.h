@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "LumetraEditor/IEditor.h"
+#include "LumetraEditor/IEditorPlugin.h"
+#include "background/PhotoLoader.h"
+#include "edit/EditState.h"
+
+#include <QObject>
+#include <QUndoStack>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace LumetraHost {
+class WorkspaceController;
+}
+
+namespace LumetraEditor {
+
+struct LoadedPlugin;
+
+/// The editor without its window: the open photo and its drawer, the panels, and the steps of the
+/// edit. There is one photo at a time; while another one is being read the drawer is locked.
+/// GUI thread only. Outlives the panels, which whoever shows them removes first.
+class Editor : public QObject, public IEditor
+{
+    Q_OBJECT
+
+public:
+    explicit Editor(QObject* parent = nullptr);
+    ~Editor() override;
+
+    /// Reads the photo beside the GUI thread. Ends with photoChanged(), or with a message and the
+    /// earlier photo as it was.
+    void OpenPhoto(const QString& path);
+    void ClosePhoto();
+    bool IsOpening() const { return m_loader.IsLoading(); }
+    bool HasPhoto() const { return !m_path.isEmpty(); }
+    const LumetraHost::Photo& GetPhoto() const { return m_photo; }
+
+    LumetraHost::WorkspaceController& GetHost() { return *m_workspace; }
+    QUndoStack& GetUndoStack() { return m_undoStack; }
+    /// What a panel shows on the photo without having applied it.
+    const std::optional<Zorvik::Quindle::EffectsSettings>& GetShownOnTop() const
+    {
+        return m_shownOnTop;
+    }
+
+    /// Makes the module's panel and returns its widget, which the caller places. Null, and a
+    /// message, when the module fails.
+    QWidget* AddPanel(const LoadedPlugin& plugin);
+    /// Before their widgets go.
+    void RemovePanels();
+    bool HasUnsavedChanges() const;
+    /// The edit as it is at this moment.
+    EditState CaptureEdit() const;
+
+    std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> GetWorkspace() override;
+    QString GetPhotoPath() const override { return m_path; }
+    void ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings) override;
+    Zorvik::Proc::Frame RequestPreview(const QString& key, const Zorvik::Proc::FrameTarget& target,
+                                       const Zorvik::Quindle::EffectsSettings& settings) override;
+    void CancelPreviews() override;
+    void NoteEdit(const QString& text) override;
+    void PushUndo(QUndoCommand* command) override;
+    void ShowMessage(const QString& text) override;
+
+signals:
+    void openingStarted(const QString& path);
+    /// Whether it succeeded or not.
+    void openingEnded();
+    /// Another photo, or none.
+    void photoChanged();
+    void shownOnTopChanged();
+    void messageGiven(const QString& text);
+
+private:
+    struct Panel
+    {
+        QString id;
+        std::unique_ptr<IEditorPanel> panel;
+    };
+
+    void TakePhoto(const QString& path, const LumetraHost::Photo& photo);
+    void RefusePhoto(const QString& message);
+    void SetPhoto(const QString& path, const LumetraHost::Photo& photo);
+    void RestoreEdit(const EditState& state);
+    void RestorePackages(const std::vector<Zorvik::Quindle::EffectsSettings>& committed);
+
+    std::shared_ptr<LumetraHost::WorkspaceController> m_workspace;
+    PhotoLoader m_loader;
+    QString m_path;
+    LumetraHost::Photo m_photo;
+    std::vector<Panel> m_panels;
+    std::optional<Zorvik::Quindle::EffectsSettings> m_shownOnTop;
+    EditState m_state; ///< after the last step
+    bool m_isRestoring = false;
+    QUndoStack m_undoStack;
+};
+
+} // namespace LumetraEditor

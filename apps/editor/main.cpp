@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "edit/Editor.h"
+#include "plugins/PluginFolders.h"
+#include "style/EditorStyle.h"
+#include "style/MessageBoxAlertBackend.h"
+#include "window/EditorWindow.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+namespace {
+
+QStringList ReadCommandLine(const QApplication& application)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("A photo editor built around presets."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addPositionalArgument(QStringLiteral("PHOTO"),
+                                 QStringLiteral("Photos to open; the first one is shown."),
+                                 QStringLiteral("[PHOTO...]"));
+    parser.process(application);
+    return parser.positionalArguments();
+}
+
+void UseAlerts()
+{
+    const auto style = std::make_shared<LumetraHost::EditorStyle>();
+    Zorvik::Lumetra::StyleProvider::SetBackend(style);
+    Zorvik::Util::AlertBox::SetBackend(
+        std::make_shared<LumetraHost::MessageBoxAlertBackend>(style));
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("lumetra-editor"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(LUMETRA_VERSION));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Lumetra"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("lumetra-editor"));
+    const QStringList photos = ReadCommandLine(application);
+    UseAlerts();
+
+    LumetraEditor::Editor editor;
+    LumetraEditor::EditorWindow window(editor);
+    window.LoadPanels(LumetraEditor::GetPluginFolders());
+    window.show();
+    window.OpenPhotos(photos);
+    return QApplication::exec();
+}

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "plugins/PluginLoader.h"
+
+#include "LumetraEditor/IEditorPlugin.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLibrary>
+#include <QPluginLoader>
+
+#include <algorithm>
+
+namespace LumetraEditor {
+namespace {
+
+constexpr char Family[] = "org.lumetra.Editor.Plugin/";
+
+QString VersionOf(const QString& interfaceId)
+{
+    return interfaceId.mid(static_cast<int>(sizeof(Family)) - 1);
+}
+
+/// Why a module with this interface id cannot be used; empty when it can.
+QString FindMismatch(const QString& interfaceId)
+{
+    const QString own = QStringLiteral(LUMETRA_EDITOR_PLUGIN_IID);
+    if (interfaceId == own)
+        return {};
+    if (interfaceId.startsWith(QLatin1String(Family)))
+        return PluginLoader::tr("it was made for version %1 of the editor's interface, expected "
+                                "version %2")
+            .arg(VersionOf(interfaceId), VersionOf(own));
+    return PluginLoader::tr("it is no module of this editor");
+}
+
+QString IdOf(const QString& path)
+{
+    const QString name = QFileInfo(path).completeBaseName();
+    return name.startsWith(QLatin1String("lib")) ? name.mid(3) : name;
+}
+
+} // namespace
+
+void PluginLoader::LoadFolders(const QStringList& folders)
+{
+    for (const QString& folder : folders) {
+        const QFileInfoList files = QDir(folder).entryInfoList(QDir::Files, QDir::Name);
+        for (const QFileInfo& file : files)
+            if (QLibrary::isLibrary(file.fileName()))
+                LoadModule(file.absoluteFilePath());
+    }
+}
+
+bool PluginLoader::IsKnown(const QString& id) const
+{
+    return std::any_of(m_plugins.begin(), m_plugins.end(),
+                       [&id](const LoadedPlugin& plugin) { return plugin.id == id; });
+}
+
+void PluginLoader::LoadModule(const QString& path)
+{
+    const QString id = IdOf(path);
+    if (IsKnown(id))
+        return;
+    const auto report = [this, &path](const QString& reason) {
+        m_reports.append(QStringLiteral("%1: %2").arg(path, reason));
+    };
+    QPluginLoader loader(path);
+    // The metadata are read from the file; nothing of the module runs yet.
+    const QString mismatch =
+        FindMismatch(loader.metaData().value(QStringLiteral("IID")).toString());
+    if (!mismatch.isEmpty()) {
+        report(mismatch);
+        return;
+    }
+    auto* const root = qobject_cast<IEditorPlugin*>(loader.instance());
+    if (root)
+        m_plugins.push_back({id, root});
+    else
+        report(tr("it cannot be loaded: %1")
+                   .arg(loader.isLoaded() ? tr("its root object is of another kind")
+                                          : loader.errorString()));
+}
+
+} // namespace LumetraEditor

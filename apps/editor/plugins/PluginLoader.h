@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include <vector>
+
+namespace LumetraEditor {
+
+class IEditorPlugin;
+
+/// A module that the editor could load.
+struct LoadedPlugin
+{
+    QString id;                    ///< the module's file name without "lib" and its extension
+    IEditorPlugin* root = nullptr; ///< lives until the program ends
+};
+
+/// Loads the modules of folders. A module is looked at before it is loaded: only one that says that
+/// it was made for this editor's interface version is run. Modules are never unloaded.
+class PluginLoader
+{
+    Q_DECLARE_TR_FUNCTIONS(LumetraEditor::PluginLoader)
+
+public:
+    /// Modules in the order of the folders and of their names; of two with the same id the first.
+    void LoadFolders(const QStringList& folders);
+
+    const std::vector<LoadedPlugin>& GetPlugins() const { return m_plugins; }
+    /// One sentence for each module that could not be used.
+    const QStringList& GetReports() const { return m_reports; }
+
+private:
+    void LoadModule(const QString& path);
+    bool IsKnown(const QString& id) const;
+
+    std::vector<LoadedPlugin> m_plugins;
+    QStringList m_reports;
+};
+
+} // namespace LumetraEditor

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "style/StyleColours.h"
+
+#include <QObject>
+
+#include <vector>
+
+class QAction;
+class QActionGroup;
+class QMenu;
+class QMenuBar;
+class QUndoStack;
+class QWidget;
+
+namespace LumetraEditor {
+
+/// The commands of the editor's window with their texts, keys and icons, and the menus that they
+/// stand in. What they do is connected by the window.
+class EditorActions : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `window` takes the actions, so that their keys work in all of it.
+    EditorActions(QWidget& window, QUndoStack& undoStack);
+
+    void FillMenuBar(QMenuBar& bar);
+    void Translate();
+    void SetIcons(LumetraHost::PaletteKind kind);
+    /// Commands that need a photo.
+    void SetPhotoEnabled(bool enabled);
+
+    /// All commands with a key, in the order of the menus.
+    std::vector<QAction*> GetKeyed() const;
+
+    QAction* open;
+    QMenu* recent;
+    QAction* clearRecent;
+    QAction* previousPhoto;
+    QAction* nextPhoto;
+    QAction* exportPhoto;
+    QAction* closePhoto;
+    QAction* quit;
+    QAction* undo;
+    QAction* redo;
+    QAction* fit;
+    QAction* actualSize;
+    QAction* zoomIn;
+    QAction* zoomOut;
+    QAction* split;
+    QAction* sidePanel;
+    QAction* fullScreen;
+    QAction* light;
+    QAction* dark;
+    QAction* english;
+    QAction* german;
+    QAction* shortcuts;
+    QAction* about;
+
+private:
+    QAction* Add(const char* name, const QList<QKeySequence>& keys = {});
+    void SetText(QAction* action, const QString& text);
+
+    QWidget& m_window;
+    QUndoStack& m_undoStack;
+    QActionGroup* m_palettes;
+    QActionGroup* m_languages;
+    std::vector<QAction*> m_all;
+    QMenu *m_file, *m_edit, *m_view, *m_palette, *m_language, *m_help;
+};
+
+} // namespace LumetraEditor

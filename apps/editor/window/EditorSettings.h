@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "style/StyleColours.h"
+
+#include <QSettings>
+#include <QStringList>
+
+namespace LumetraEditor {
+
+/// What the editor remembers of the user's ways: "lumetra/lumetra-editor.conf" in the user's
+/// configuration folder.
+class EditorSettings
+{
+public:
+    static constexpr int MostRecentPhotos = 10;
+
+    EditorSettings();
+
+    LumetraHost::PaletteKind GetPalette() const;
+    void SetPalette(LumetraHost::PaletteKind kind);
+
+    /// "en" or "de"; at first that of the system, where the editor speaks it.
+    QString GetLanguage() const;
+    void SetLanguage(const QString& language);
+
+    /// Absolute paths, the newest first.
+    QStringList GetRecentPhotos() const;
+    void AddRecentPhoto(const QString& path);
+    void ClearRecentPhotos();
+
+    /// Any other value by its key.
+    QVariant Get(const QString& key, const QVariant& defaultValue = {}) const;
+    void Set(const QString& key, const QVariant& value);
+
+private:
+    QSettings m_settings;
+};
+
+} // namespace LumetraEditor

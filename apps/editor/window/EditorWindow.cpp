@@ -1,0 +1,414 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "window/EditorWindow.h"
+
+#include "LumetraEditor/IEditorPlugin.h"
+#include "canvas/CanvasFeed.h"
+#include "canvas/PhotoCanvas.h"
+#include "edit/Editor.h"
+#include "plugins/PluginLoader.h"
+#include "window/EditorActions.h"
+#include "window/FileDrop.h"
+#include "window/HistogramWidget.h"
+#include "window/Icons.h"
+#include "window/MessageBar.h"
+#include "window/PhotoText.h"
+#include "window/ShortcutsDialog.h"
+#include "window/StartPage.h"
+#include "window/Theme.h"
+
+#include "Zorvik/Util/AlertBox.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace LumetraEditor {
+namespace {
+
+using LumetraHost::PaletteKind;
+
+const QString GeometryKey = QStringLiteral("window/geometry");
+const QString SplitterKey = QStringLiteral("window/splitter");
+const QString FolderKey = QStringLiteral("folders/open");
+constexpr int SideWidth = 336;
+
+} // namespace
+
+EditorWindow::EditorWindow(Editor& editor)
+    : m_editor(editor), m_actions(new EditorActions(*this, editor.GetUndoStack())),
+      m_toolBar(new QToolBar(this)), m_compare(new QToolButton(this)),
+      m_splitter(new QSplitter(this)), m_centre(new QStackedWidget(m_splitter)),
+      m_start(new StartPage(m_centre)), m_canvas(new PhotoCanvas(m_centre)),
+      m_feed(new CanvasFeed(editor, *m_canvas)), m_side(new QWidget(m_splitter)),
+      m_histogram(new HistogramWidget(m_side)), m_panels(new QTabWidget(m_side)),
+      m_messages(new MessageBar(m_centre)), m_photoText(new QLabel(this)),
+      m_zoomText(new QLabel(this)), m_progress(new QProgressBar(this))
+{
+    setObjectName(QStringLiteral("editorWindow"));
+    setWindowIcon(MakeProgramIcon());
+    setAcceptDrops(true);
+    m_feed->setParent(this);
+    m_actions->FillMenuBar(*menuBar());
+    BuildToolBar();
+    BuildCentre();
+    BuildStatusBar();
+    ConnectActions();
+    ConnectEditor();
+    RestoreWays();
+    ShowPhoto();
+}
+
+EditorWindow::~EditorWindow()
+{
+    // Panels go before their widgets.
+    m_editor.RemovePanels();
+}
+
+void EditorWindow::BuildToolBar()
+{
+    m_toolBar->setObjectName(QStringLiteral("toolBar"));
+    m_toolBar->setMovable(false);
+    m_toolBar->setContextMenuPolicy(Qt::PreventContextMenu);
+    m_toolBar->setIconSize({20, 20});
+    const auto addGroup = [this](const QList<QAction*>& actions) {
+        m_toolBar->addActions(actions);
+        m_toolBar->addSeparator();
+    };
+    addGroup({m_actions->open, m_actions->previousPhoto, m_actions->nextPhoto});
+    addGroup({m_actions->undo, m_actions->redo});
+    addGroup({m_actions->zoomOut, m_actions->zoomIn, m_actions->fit, m_actions->actualSize});
+    m_compare->setObjectName(QStringLiteral("compare"));
+    m_compare->setFocusPolicy(Qt::StrongFocus);
+    m_toolBar->addWidget(m_compare);
+    m_toolBar->addAction(m_actions->split);
+    auto* const gap = new QWidget(m_toolBar);
+    gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    m_toolBar->addWidget(gap);
+    m_toolBar->addActions({m_actions->exportPhoto, m_actions->sidePanel});
+    for (QAction* const action : m_toolBar->actions())
+        if (auto* const button = qobject_cast<QToolButton*>(m_toolBar->widgetForAction(action)))
+            button->setFocusPolicy(Qt::TabFocus);
+    addToolBar(m_toolBar);
+}
+
+void EditorWindow::BuildCentre()
+{
+    m_splitter->setObjectName(QStringLiteral("splitter"));
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->setHandleWidth(1);
+    m_centre->addWidget(m_start);
+    m_centre->addWidget(m_canvas);
+
+    m_side->setObjectName(QStringLiteral("sidePanel"));
+    m_side->setMinimumWidth(280);
+    auto* const column = new QVBoxLayout(m_side);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    auto* const frame = new QVBoxLayout;
+    frame->setContentsMargins(16, 16, 16, 8);
+    frame->addWidget(m_histogram);
+    column->addLayout(frame);
+    m_panels->setObjectName(QStringLiteral("panels"));
+    m_panels->setDocumentMode(true);
+    m_panels->setTabBarAutoHide(true);
+    column->addWidget(m_panels, 1);
+
+    m_splitter->setStretchFactor(0, 1);
+    m_splitter->setStretchFactor(1, 0);
+    m_splitter->setSizes({1280 - SideWidth, SideWidth});
+    setCentralWidget(m_splitter);
+}
+
+void EditorWindow::BuildStatusBar()
+{
+    m_photoText->setObjectName(QStringLiteral("photoText"));
+    m_photoText->setTextFormat(Qt::PlainText);
+    m_zoomText->setObjectName(QStringLiteral("zoomText"));
+    m_progress->setObjectName(QStringLiteral("progress"));
+    m_progress->setFixedWidth(160);
+    m_progress->setTextVisible(false);
+    m_progress->hide();
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->addWidget(m_photoText, 1);
+    statusBar()->addPermanentWidget(m_progress);
+    statusBar()->addPermanentWidget(m_zoomText);
+}
+
+void EditorWindow::ConnectActions()
+{
+    const auto on = [this](QAction* action, auto&& operation) {
+        connect(action, &QAction::triggered, this, operation);
+    };
+    on(m_actions->open, [this] { AskForPhoto(); });
+    on(m_actions->previousPhoto, [this] { OpenNeighbour(-1); });
+    on(m_actions->nextPhoto, [this] { OpenNeighbour(1); });
+    on(m_actions->closePhoto, [this] { m_editor.ClosePhoto(); });
+    on(m_actions->quit, [this] { close(); });
+    on(m_actions->fit, [this] { m_canvas->Fit(); });
+    on(m_actions->actualSize, [this] { m_canvas->SetZoom(1); });
+    on(m_actions->zoomIn, [this] { m_canvas->ZoomIn(); });
+    on(m_actions->zoomOut, [this] { m_canvas->ZoomOut(); });
+    on(m_actions->split, [this](bool checked) { m_canvas->SetSplit(checked); });
+    on(m_actions->sidePanel, [this](bool checked) { m_side->setVisible(checked); });
+    on(m_actions->fullScreen, [this](bool checked) {
+        setWindowState(windowState().setFlag(Qt::WindowFullScreen, checked));
+    });
+    on(m_actions->dark, [this] { UsePalette(PaletteKind::Dark); });
+    on(m_actions->light, [this] { UsePalette(PaletteKind::Light); });
+    on(m_actions->english, [this] { UseLanguage(QStringLiteral("en")); });
+    on(m_actions->german, [this] { UseLanguage(QStringLiteral("de")); });
+    on(m_actions->shortcuts, [this] { ShowShortcuts(); });
+    on(m_actions->about, [this] { ShowAbout(); });
+    on(m_actions->clearRecent, [this] {
+        m_settings.ClearRecentPhotos();
+        ShowRecentPhotos();
+    });
+    connect(m_compare, &QToolButton::pressed, this, [this] { m_canvas->SetComparing(true); });
+    connect(m_compare, &QToolButton::released, this, [this] { m_canvas->SetComparing(false); });
+    connect(m_start, &StartPage::openRequested, this, &EditorWindow::AskForPhoto);
+    connect(m_start, &StartPage::photoRequested, this,
+            [this](const QString& path) { OpenPhotos({path}); });
+}
+
+void EditorWindow::ConnectEditor()
+{
+    connect(&m_editor, &Editor::openingStarted, this, &EditorWindow::ShowOpening);
+    connect(&m_editor, &Editor::openingEnded, this, &EditorWindow::ShowPhoto);
+    connect(&m_editor, &Editor::photoChanged, this, [this] {
+        if (m_editor.HasPhoto())
+            m_settings.AddRecentPhoto(m_editor.GetPhotoPath());
+        m_messages->Clear();
+        ShowRecentPhotos();
+        ShowPhoto();
+    });
+    connect(&m_editor, &Editor::messageGiven, m_messages, &MessageBar::Show);
+    connect(m_canvas, &PhotoCanvas::zoomChanged, this, &EditorWindow::ShowZoom);
+    connect(m_feed, &CanvasFeed::frameShown, this, &EditorWindow::ShowHistogram);
+}
+
+void EditorWindow::RestoreWays()
+{
+    m_actions->sidePanel->setChecked(true);
+    resize(1280, 800);
+    restoreGeometry(m_settings.Get(GeometryKey).toByteArray());
+    m_splitter->restoreState(m_settings.Get(SplitterKey).toByteArray());
+    UsePalette(m_settings.GetPalette());
+    UseLanguage(m_settings.GetLanguage());
+    ShowRecentPhotos();
+}
+
+void EditorWindow::LoadPanels(const QStringList& folders)
+{
+    PluginLoader loader;
+    loader.LoadFolders(folders);
+    for (const LoadedPlugin& plugin : loader.GetPlugins())
+        if (QWidget* const widget = m_editor.AddPanel(plugin))
+            m_panels->addTab(widget, plugin.root->GetTitle());
+    for (const QString& report : loader.GetReports())
+        m_messages->Show(report);
+}
+
+// Photos
+
+void EditorWindow::AskForPhoto()
+{
+    const QStringList paths = QFileDialog::getOpenFileNames(
+        this, tr("Open Photos"), m_settings.Get(FolderKey).toString(),
+        tr("Photos (*.jpg *.jpeg *.jpe *.png *.tif *.tiff);;All files (*)"));
+    if (paths.isEmpty())
+        return;
+    m_settings.Set(FolderKey, QFileInfo(paths.first()).absolutePath());
+    OpenPhotos(paths);
+}
+
+void EditorWindow::OpenPhotos(const QStringList& paths)
+{
+    m_photos.clear();
+    for (const QString& path : paths)
+        m_photos.append(QFileInfo(path).absoluteFilePath());
+    if (!m_photos.isEmpty())
+        m_editor.OpenPhoto(m_photos.first());
+}
+
+void EditorWindow::OpenNeighbour(int step)
+{
+    const int place = m_photos.indexOf(m_editor.GetPhotoPath()) + step;
+    if (place >= 0 && place < m_photos.size())
+        m_editor.OpenPhoto(m_photos[place]);
+}
+
+void EditorWindow::TakeFiles(const QStringList& paths)
+{
+    QStringList photos, others;
+    for (const QString& path : paths)
+        (IsTableFile(path) ? others : photos).append(path);
+    if (!others.isEmpty() && !DropOnPanel(*m_panels, others))
+        m_messages->Show(tr("%1: no panel takes files of this kind").arg(others.first()));
+    if (!photos.isEmpty())
+        OpenPhotos(photos);
+}
+
+void EditorWindow::ShowOpening(const QString& path)
+{
+    m_photoText->setText(tr("Opening %1…").arg(QFileInfo(path).fileName()));
+    m_progress->setRange(0, 0);
+    m_progress->setAccessibleName(tr("Opening"));
+    m_progress->show();
+}
+
+void EditorWindow::ShowPhoto()
+{
+    const bool hasPhoto = m_editor.HasPhoto();
+    m_progress->hide();
+    m_centre->setCurrentWidget(hasPhoto ? static_cast<QWidget*>(m_canvas) : m_start);
+    m_actions->SetPhotoEnabled(hasPhoto);
+    m_compare->setEnabled(hasPhoto);
+    m_zoomText->setVisible(hasPhoto);
+    setWindowFilePath(m_editor.GetPhotoPath());
+    setWindowTitle(hasPhoto ? tr("%1 – Lumetra").arg(QFileInfo(m_editor.GetPhotoPath()).fileName())
+                            : QStringLiteral("Lumetra"));
+    m_photoText->setText(hasPhoto ? DescribePhoto(m_editor.GetPhotoPath(), m_editor.GetPhoto())
+                                  : QString());
+    if (!hasPhoto)
+        m_histogram->SetHistogram({});
+    UpdateNeighbours();
+}
+
+void EditorWindow::UpdateNeighbours()
+{
+    const int place = m_photos.indexOf(m_editor.GetPhotoPath());
+    m_actions->previousPhoto->setEnabled(place > 0);
+    m_actions->nextPhoto->setEnabled(place >= 0 && place + 1 < m_photos.size());
+}
+
+void EditorWindow::ShowZoom(double zoom)
+{
+    m_zoomText->setText(tr("%1 %").arg(zoom * 100, 0, 'f', zoom < 0.1 ? 1 : 0));
+}
+
+void EditorWindow::ShowHistogram()
+{
+    if (m_histogram->isVisible())
+        m_histogram->SetHistogram(
+            Histogram::Of(m_canvas->GetFrame(PhotoCanvas::Layer::Edited).image));
+}
+
+void EditorWindow::ShowRecentPhotos()
+{
+    const QStringList paths = m_settings.GetRecentPhotos();
+    m_actions->recent->clear();
+    for (const QString& path : paths) {
+        QString text = path;
+        QAction* const action =
+            m_actions->recent->addAction(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
+        connect(action, &QAction::triggered, this, [this, path] { OpenPhotos({path}); });
+    }
+    m_actions->recent->addSeparator();
+    m_actions->recent->addAction(m_actions->clearRecent);
+    m_actions->recent->setEnabled(!paths.isEmpty());
+    m_start->SetRecentPhotos(paths);
+}
+
+// Looks
+
+void EditorWindow::UsePalette(PaletteKind kind)
+{
+    m_palette = kind;
+    m_settings.SetPalette(kind);
+    UseTheme(kind);
+    (kind == PaletteKind::Dark ? m_actions->dark : m_actions->light)->setChecked(true);
+    m_actions->SetIcons(kind);
+    m_compare->setIcon(MakeIcon(QStringLiteral("compare"), kind));
+    m_start->SetIcons(kind);
+}
+
+void EditorWindow::UseLanguage(const QString& language)
+{
+    m_settings.SetLanguage(language);
+    LumetraEditor::UseLanguage(language);
+    (language == QLatin1String("de") ? m_actions->german : m_actions->english)->setChecked(true);
+}
+
+void EditorWindow::Translate()
+{
+    m_actions->Translate();
+    m_compare->setText(tr("Compare"));
+    m_compare->setToolTip(tr("Hold to see the original (Space)"));
+    m_compare->setAccessibleName(tr("Hold to see the original"));
+    m_toolBar->setWindowTitle(tr("Tools"));
+    m_side->setAccessibleName(tr("Side Panel"));
+    m_panels->setAccessibleName(tr("Panels"));
+    ShowZoom(m_canvas->GetView().GetZoom());
+    ShowPhoto();
+}
+
+void EditorWindow::ShowShortcuts()
+{
+    ShortcutsDialog(*m_actions, this).exec();
+}
+
+void EditorWindow::ShowAbout()
+{
+    Zorvik::Util::AlertBox(Zorvik::Util::AlertBox::Level::Information, tr("About Lumetra"),
+                           tr("Lumetra %1\nA photo editor built around presets.\n\n"
+                              "Free software under the GNU General Public License, version 2 or "
+                              "later.")
+                               .arg(QCoreApplication::applicationVersion()),
+                           QMessageBox::Ok, this, Qt::WindowFlags())
+        .Exec();
+}
+
+// Events
+
+void EditorWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        Translate();
+    if (event->type() == QEvent::WindowStateChange)
+        m_actions->fullScreen->setChecked(windowState().testFlag(Qt::WindowFullScreen));
+}
+
+bool EditorWindow::MayClose()
+{
+    return true;
+}
+
+void EditorWindow::closeEvent(QCloseEvent* event)
+{
+    if (!MayClose()) {
+        event->ignore();
+        return;
+    }
+    m_settings.Set(GeometryKey, saveGeometry());
+    m_settings.Set(SplitterKey, m_splitter->saveState());
+    event->accept();
+}
+
+void EditorWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!GetLocalFiles(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void EditorWindow::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    TakeFiles(GetLocalFiles(*event->mimeData()));
+}
+
+} // namespace LumetraEditor

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "style/StyleColours.h"
+#include "window/EditorSettings.h"
+
+#include <QMainWindow>
+
+class QLabel;
+class QProgressBar;
+class QSplitter;
+class QStackedWidget;
+class QTabWidget;
+class QToolBar;
+class QToolButton;
+
+namespace LumetraEditor {
+
+class CanvasFeed;
+class Editor;
+class EditorActions;
+class HistogramWidget;
+class MessageBar;
+class PhotoCanvas;
+class StartPage;
+
+/// The editor's one window: the photo in the middle, the panels beside it, commands around them.
+/// It puts the parts together; what they do is theirs.
+class EditorWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// `editor` is kept by reference and outlives the window.
+    explicit EditorWindow(Editor& editor);
+    ~EditorWindow() override;
+
+    /// Loads the modules of these folders and places their panels.
+    void LoadPanels(const QStringList& folders);
+    /// Opens the first photo; the others follow by "Next Photo". Replaces an earlier list.
+    void OpenPhotos(const QStringList& paths);
+    /// What is dropped on the window: photos are opened, other files are for the panels.
+    void TakeFiles(const QStringList& paths);
+
+    void UsePalette(LumetraHost::PaletteKind kind);
+    void UseLanguage(const QString& language);
+
+    PhotoCanvas& GetCanvas() { return *m_canvas; }
+    EditorActions& GetActions() { return *m_actions; }
+    MessageBar& GetMessages() { return *m_messages; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void BuildToolBar();
+    void BuildCentre();
+    void BuildStatusBar();
+    void ConnectActions();
+    void ConnectEditor();
+    void RestoreWays();
+
+    void AskForPhoto();
+    void OpenNeighbour(int step);
+    void ShowPhoto();
+    void ShowZoom(double zoom);
+    void ShowOpening(const QString& path);
+    void ShowRecentPhotos();
+    void ShowHistogram();
+    void ShowShortcuts();
+    void ShowAbout();
+    void UpdateNeighbours();
+    void Translate();
+    bool MayClose();
+
+    Editor& m_editor;
+    EditorSettings m_settings;
+    QStringList m_photos; ///< those that can be stepped through
+    LumetraHost::PaletteKind m_palette = LumetraHost::PaletteKind::Dark;
+
+    EditorActions* m_actions;
+    QToolBar* m_toolBar;
+    QToolButton* m_compare;
+    QSplitter* m_splitter;
+    QStackedWidget* m_centre;
+    StartPage* m_start;
+    PhotoCanvas* m_canvas;
+    CanvasFeed* m_feed;
+    QWidget* m_side;
+    HistogramWidget* m_histogram;
+    QTabWidget* m_panels;
+    MessageBar* m_messages;
+    QLabel* m_photoText;
+    QLabel* m_zoomText;
+    QProgressBar* m_progress;
+};
+
+} // namespace LumetraEditor

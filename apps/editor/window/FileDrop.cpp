@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "window/FileDrop.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QTabWidget>
+#include <QUrl>
+
+namespace LumetraEditor {
+
+QStringList GetLocalFiles(const QMimeData& data)
+{
+    QStringList paths;
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    return paths;
+}
+
+bool IsTableFile(const QString& path)
+{
+    static const QStringList endings{QStringLiteral("cube"), QStringLiteral("3dl"),
+                                     QStringLiteral("look"), QStringLiteral("cdl"),
+                                     QStringLiteral("cc"),   QStringLiteral("ccc")};
+    return endings.contains(QFileInfo(path).suffix().toLower());
+}
+
+bool DropOnPanel(const QTabWidget& panels, const QStringList& paths)
+{
+    QMimeData data;
+    QList<QUrl> urls;
+    for (const QString& path : paths)
+        urls.append(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()));
+    data.setUrls(urls);
+    for (int i = 0; i < panels.count(); ++i) {
+        QWidget* const panel = panels.widget(i);
+        if (!panel->acceptDrops() || !panel->isEnabled())
+            continue;
+        const QPoint middle = panel->rect().center();
+        QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QApplication::sendEvent(panel, &enter);
+        if (!enter.isAccepted())
+            continue;
+        QDropEvent drop(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(panel, &drop);
+        return true;
+    }
+    return false;
+}
+
+} // namespace LumetraEditor

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QStringList>
+
+class QMimeData;
+class QTabWidget;
+
+namespace LumetraEditor {
+
+/// The local files that are being dragged, in order.
+QStringList GetLocalFiles(const QMimeData& data);
+
+/// True for tables of looks (.cube, .3dl, .look, .cdl, .cc, .ccc), which are for panels and not
+/// photos. A table in the form of a picture has to be dropped on a panel by hand.
+bool IsTableFile(const QString& path);
+
+/// Drops the files on the first panel that takes them; false when none does.
+bool DropOnPanel(const QTabWidget& panels, const QStringList& paths);
+
+} // namespace LumetraEditor

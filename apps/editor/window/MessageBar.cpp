@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "window/MessageBar.h"
+
+#include <QAccessible>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QToolButton>
+
+#include <algorithm>
+
+namespace LumetraEditor {
+
+MessageBar::MessageBar(QWidget* parent)
+    : QFrame(parent), m_label(new QLabel(this)), m_close(new QToolButton(this))
+{
+    setObjectName(QStringLiteral("messageBar"));
+    m_label->setObjectName(QStringLiteral("messageText"));
+    m_label->setTextFormat(Qt::PlainText); // file names may hold anything
+    m_label->setWordWrap(true);
+    m_label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_close->setObjectName(QStringLiteral("messageClose"));
+    m_close->setFocusPolicy(Qt::StrongFocus);
+    m_close->setAutoRaise(true);
+    m_close->setText(QStringLiteral("✕"));
+
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(16, 8, 8, 8);
+    layout->setSpacing(8);
+    layout->addWidget(m_label, 1);
+    layout->addWidget(m_close, 0, Qt::AlignTop);
+
+    connect(m_close, &QToolButton::clicked, this, &MessageBar::Clear);
+    parent->installEventFilter(this);
+    Translate();
+    hide();
+}
+
+void MessageBar::Show(const QString& message)
+{
+    m_messages.removeAll(message);
+    m_messages.append(message);
+    while (m_messages.size() > MostMessages)
+        m_messages.removeFirst();
+    m_label->setText(GetText());
+    setAccessibleName(GetText());
+    show();
+    Place();
+    raise();
+    QAccessibleEvent event(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
+}
+
+void MessageBar::Clear()
+{
+    m_messages.clear();
+    m_label->clear();
+    hide();
+}
+
+QString MessageBar::GetText() const
+{
+    return m_messages.join(QLatin1Char('\n'));
+}
+
+void MessageBar::Place()
+{
+    const int margin = 16;
+    const QSize room = parentWidget()->size();
+    const int width = std::clamp(sizeHint().width(), std::min(320, room.width() - 2 * margin),
+                                 std::max(0, std::min(720, room.width() - 2 * margin)));
+    const int height = std::max(40, heightForWidth(width));
+    setGeometry((room.width() - width) / 2, room.height() - height - margin, width, height);
+}
+
+void MessageBar::Translate()
+{
+    m_close->setToolTip(tr("Close the message"));
+    m_close->setAccessibleName(tr("Close the message"));
+}
+
+bool MessageBar::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == parentWidget() && event->type() == QEvent::Resize && isVisible())
+        Place();
+    return QFrame::eventFilter(watched, event);
+}
+
+void MessageBar::changeEvent(QEvent* event)
+{
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        Translate();
+}
+
+void MessageBar::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        Clear();
+    else
+        QFrame::keyPressEvent(event);
+}
+
+} // namespace LumetraEditor

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "window/Theme.h"
+
+#include "style/StyleSheet.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QToolTip>
+#include <QTranslator>
+
+static void RegisterTranslations()
+{
+    Q_INIT_RESOURCE(LumetraEditorTranslations);
+}
+
+namespace LumetraEditor {
+namespace {
+
+struct German
+{
+    QTranslator qt, library, editor;
+
+    German()
+    {
+        RegisterTranslations();
+        // Without Qt's own catalogue its few texts stay English.
+        if (!qt.load(QStringLiteral("qtbase_de"),
+                     QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
+            qInfo("Qt's German texts are not installed.");
+        const bool isComplete =
+            library.load(
+                QStringLiteral(":/LumetraPresetsUtil/translations/lumetrapresetsutil_de.qm")) &&
+            editor.load(QStringLiteral(":/lumetra/editor/translations/lumetra-editor_de.qm"));
+        Q_ASSERT(isComplete);
+        Q_UNUSED(isComplete)
+    }
+};
+
+} // namespace
+
+void UseTheme(LumetraHost::PaletteKind kind)
+{
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setPalette(LumetraHost::EditorPalette(kind));
+    QToolTip::setPalette(LumetraHost::EditorPalette(kind));
+    qApp->setStyleSheet(LumetraHost::StyleSheet(kind));
+}
+
+void UseLanguage(const QString& language)
+{
+    static German german;
+    const bool isGerman = language == QLatin1String("de");
+    // First: who hears of a changed translator asks for the locale.
+    QLocale::setDefault(isGerman ? QLocale(QLocale::German) : QLocale(QLocale::English));
+    for (QTranslator* translator : {&german.qt, &german.library, &german.editor}) {
+        QCoreApplication::removeTranslator(translator);
+        if (isGerman && !translator->isEmpty())
+            QCoreApplication::installTranslator(translator);
+    }
+}
+
+} // namespace LumetraEditor

@@ -1,0 +1,11 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
+# lumetra_editor_plugin(TARGET): the module TARGET is built into, and installed into, the folder that the
+# editor loads its modules from.
+function(lumetra_editor_plugin target)
+    set_target_properties(${target} PROPERTIES
+        LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib/lumetra/plugins"
+        INSTALL_RPATH "$ORIGIN/../..")
+    install(TARGETS ${target}
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/lumetra/plugins"
+        COMPONENT programs)
+endfunction()

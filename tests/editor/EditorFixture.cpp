@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "EditorFixture.h"
+
+#include "photo/PhotoWriter.h"
+#include "window/MessageBar.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+
+namespace LumetraTest {
+namespace {
+
+using LumetraHost::Image;
+
+Image MakeGradients(int width, int height)
+{
+    Image image = Image::Allocate(width, height, Image::Depth::Bits8);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            std::uint8_t* const pixel = image.Row(y) + Image::Channels * x;
+            pixel[0] = static_cast<std::uint8_t>(20 + 200 * x / width);
+            pixel[1] = static_cast<std::uint8_t>(20 + 200 * y / height);
+            pixel[2] = static_cast<std::uint8_t>(20 + (x + y) % 200);
+            pixel[3] = 255;
+        }
+    }
+    return image;
+}
+
+} // namespace
+
+void WaitUntil(const std::function<bool()>& isDone)
+{
+    while (!isDone())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+EditorFolder::EditorFolder()
+{
+    EXPECT_TRUE(m_folder.isValid());
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, Path("settings"));
+    qputenv("XDG_DATA_HOME", QFile::encodeName(Path("data")));
+}
+
+QString EditorFolder::Path(const char* name) const
+{
+    return QDir(QDir(m_folder.path()).canonicalPath()).filePath(QLatin1String(name));
+}
+
+QString EditorFolder::WriteFile(const char* name, const QByteArray& content) const
+{
+    QFile file(Path(name));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_EQ(file.write(content), content.size());
+    return Path(name);
+}
+
+QByteArray EditorFolder::ReadFile(const char* name) const
+{
+    QFile file(Path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString EditorFolder::WritePhoto(const char* name, int width, int height) const
+{
+    LumetraHost::Photo photo;
+    photo.image = MakeGradients(width, height);
+    LumetraHost::PhotoWriter::Write(Path(name), photo);
+    return Path(name);
+}
+
+QString EditorFolder::WriteTruncatedPhoto(const char* name) const
+{
+    WritePhoto(name, 64, 48);
+    const QByteArray whole = ReadFile(name);
+    return WriteFile(name, whole.left(whole.size() / 2));
+}
+
+EditorTest::EditorTest()
+    : editor(std::make_unique<LumetraEditor::Editor>()),
+      window(std::make_unique<LumetraEditor::EditorWindow>(*editor))
+{
+    window->UseLanguage(QStringLiteral("en"));
+    window->resize(1000, 700);
+    window->show();
+    QApplication::setActiveWindow(window.get());
+}
+
+EditorTest::~EditorTest() = default;
+
+void EditorTest::Open(const QString& path)
+{
+    window->OpenPhotos({path});
+    WaitUntil([this] { return !editor->IsOpening(); });
+}
+
+void EditorTest::LoadExamplePanel()
+{
+    window->LoadPanels({QStringLiteral(LUMETRA_EXAMPLE_MODULES)});
+}
+
+QString EditorTest::GetMessage() const
+{
+    return window->GetMessages().GetText();
+}
+
+QAction* EditorTest::FindAction(const char* name) const
+{
+    auto* const action = window->findChild<QAction*>(QLatin1String(name));
+    EXPECT_NE(action, nullptr) << name;
+    return action;
+}
+
+} // namespace LumetraTest
