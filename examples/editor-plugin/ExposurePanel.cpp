@@ -8,7 +8,6 @@
 
 #include <QLabel>
 #include <QSignalBlocker>
-#include <QSlider>
 #include <QVBoxLayout>
 
 namespace {

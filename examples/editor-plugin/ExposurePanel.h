@@ -5,8 +5,7 @@
 
 #include <QObject>
 #include <QPointer>
-
-class QSlider;
+#include <QSlider>
 
 namespace LumetraEditor {
 class IEditor;

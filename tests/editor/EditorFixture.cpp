@@ -47,7 +47,8 @@ EditorFolder::EditorFolder()
 
 QString EditorFolder::Path(const char* name) const
 {
-    return QDir(QDir(m_folder.path()).canonicalPath()).filePath(QLatin1String(name));
+    const QDir folder(QDir(m_folder.path()).canonicalPath());
+    return QDir::cleanPath(folder.filePath(QLatin1String(name)));
 }
 
 QString EditorFolder::WriteFile(const char* name, const QByteArray& content) const

@@ -33,7 +33,7 @@ TEST(ViewTransform, fitsALargePhotoBetweenTheMargins)
     EXPECT_DOUBLE_EQ(view.GetZoom(), 0.25);
     EXPECT_EQ(view.GetPhotoRect(), QRectF(Margin, Margin + 75, 500, 250));
     EXPECT_EQ(view.GetVisiblePart(), QRect(0, 0, 2000, 1000));
-    EXPECT_EQ(view.GetPictureSize(view.GetVisiblePart()), QSize(500, 250));
+    EXPECT_EQ(view.GetScreenSize(view.GetVisiblePart()), QSize(500, 250));
 }
 
 TEST(ViewTransform, doesNotEnlargeASmallPhoto)
@@ -52,7 +52,7 @@ TEST(ViewTransform, countsZoomInDevicePixels)
 
     // 500 view units are 1000 device pixels, each of which shows one photo pixel.
     EXPECT_EQ(view.GetVisiblePart(), QRect(500, 500, 1000, 1000));
-    EXPECT_EQ(view.GetPictureSize(view.GetVisiblePart()), QSize(1000, 1000));
+    EXPECT_EQ(view.GetScreenSize(view.GetVisiblePart()), QSize(1000, 1000));
 }
 
 TEST(ViewTransform, keepsThePointUnderThePointer)

@@ -2,43 +2,33 @@
 #include "canvas/CanvasFeed.h"
 
 #include "edit/Editor.h"
-#include "engine/Resize.h"
 #include "workspace/WorkspaceController.h"
 
 namespace LumetraEditor {
 namespace {
 
-QImage ToQImage(const LumetraHost::Image& image)
+using LumetraHost::LiveView;
+using LumetraHost::ViewFrame;
+
+/// In the format that the window's own memory has, so that painting only copies.
+QImage ForScreen(const QImage& image)
 {
-    QImage result(image.GetWidth(), image.GetHeight(), QImage::Format_RGBA8888);
-    for (int y = 0; y < image.GetHeight(); ++y)
-        for (int x = 0; x < image.GetWidth() * 4; ++x)
-            result.scanLine(y)[x] =
-                image.GetDepth() == LumetraHost::Image::Depth::Bits8
-                    ? image.Row(y)[x]
-                    : static_cast<uchar>((image.Row16(y)[x] * 255U + 32767U) / 65535U);
-    return result;
+    return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                         : QImage::Format_RGB32);
 }
 
 } // namespace
 
-CanvasFeed::CanvasFeed(Editor& editor, PhotoCanvas& canvas) : m_editor(editor), m_canvas(canvas)
+CanvasFeed::CanvasFeed(Editor& editor, PhotoCanvas& canvas, QObject* parent)
+    : QObject(parent), m_editor(editor), m_canvas(canvas), m_view(editor.GetHost().GetDrawer())
 {
-    m_editor.GetHost().GetDrawer().AddObserver(this);
     connect(&editor, &Editor::photoChanged, this, &CanvasFeed::TakePhoto);
-    connect(&editor, &Editor::shownOnTopChanged, this, &CanvasFeed::Render);
-    connect(&canvas, &PhotoCanvas::viewChanged, this, &CanvasFeed::Render);
-    connect(&canvas, &PhotoCanvas::originalNeeded, this, &CanvasFeed::Render);
-}
-
-CanvasFeed::~CanvasFeed()
-{
-    m_editor.GetHost().GetDrawer().RemoveObserver(this);
-}
-
-void CanvasFeed::FrameChanged()
-{
-    Render();
+    connect(&editor, &Editor::shownOnTopChanged, this,
+            [this] { m_view.SetShownOnTop(m_editor.GetShownOnTop()); });
+    connect(&canvas, &PhotoCanvas::viewChanged, this, &CanvasFeed::RequestView);
+    connect(&canvas, &PhotoCanvas::originalNeeded, this, &CanvasFeed::ShowOriginal);
+    connect(&m_view, &LiveView::frameReady, this, &CanvasFeed::ShowFrame);
+    connect(&m_view, &LiveView::renderingFailed, &editor, &Editor::messageGiven);
 }
 
 void CanvasFeed::TakePhoto()
@@ -47,26 +37,30 @@ void CanvasFeed::TakePhoto()
     m_canvas.SetPhotoSize({image.GetWidth(), image.GetHeight()});
 }
 
-void CanvasFeed::Render()
+void CanvasFeed::RequestView()
 {
     const QRect part = m_canvas.GetView().GetVisiblePart();
-    if (part.isEmpty())
+    if (!part.isEmpty())
+        m_view.SetView({QRectF(part), m_canvas.GetView().GetScreenSize(part)});
+}
+
+void CanvasFeed::ShowFrame(const ViewFrame& frame)
+{
+    const QRect photo(QPoint(0, 0), m_canvas.GetView().GetPhotoSize());
+    if (frame.picture.IsNull() || !photo.contains(frame.part))
         return;
-    const QSize size = m_canvas.GetView().GetPictureSize(part);
-    auto& drawer = m_editor.GetHost().GetDrawer();
-    const auto render = [&](PhotoCanvas::Layer layer, const LumetraHost::Image& image) {
-        if (part.right() >= image.GetWidth() || part.bottom() >= image.GetHeight())
-            return;
-        const LumetraHost::PixelRect area{part.x(), part.y(), part.width(), part.height()};
-        m_canvas.SetFrame(layer,
-                          {ToQImage(LumetraHost::Resize(image, area, size.width(), size.height(),
-                                                        LumetraHost::ResizeQuality::Fine)),
-                           part});
-    };
-    render(PhotoCanvas::Layer::Edited, drawer.Result());
-    if (m_canvas.NeedsOriginal())
-        render(PhotoCanvas::Layer::Original, drawer.GetPhoto());
+    m_canvas.SetFrame(PhotoCanvas::Layer::Edited, {ForScreen(frame.ToQImage()), frame.part});
+    ShowOriginal();
     emit frameShown();
+}
+
+void CanvasFeed::ShowOriginal()
+{
+    const ViewFrame& frame = m_view.GetFrame();
+    if (!m_canvas.NeedsOriginal() || frame.picture.IsNull())
+        return;
+    const QImage original = ViewFrame::WrapImage(m_view.GetOriginal(), frame.isOpaque);
+    m_canvas.SetFrame(PhotoCanvas::Layer::Original, {ForScreen(original), frame.part});
 }
 
 } // namespace LumetraEditor

@@ -3,40 +3,40 @@
 
 #include "canvas/PhotoCanvas.h"
 
-#include "drawer/IDrawerObserver.h"
+#include "drawer/LiveView.h"
 
 #include <QObject>
-
-namespace LumetraHost {
-class Drawer;
-}
 
 namespace LumetraEditor {
 
 class Editor;
 
-/// Brings the drawer's pictures to the canvas: of the part in view, as large as the screen needs.
-class CanvasFeed : public QObject, private LumetraHost::IDrawerObserver
+/// Brings the drawer's pictures to the canvas: of the part in view, as large as the screen needs,
+/// rendered beside the GUI thread.
+class CanvasFeed : public QObject
 {
     Q_OBJECT
 
 public:
     /// Both are kept by reference.
-    CanvasFeed(Editor& editor, PhotoCanvas& canvas);
-    ~CanvasFeed() override;
+    CanvasFeed(Editor& editor, PhotoCanvas& canvas, QObject* parent = nullptr);
+
+    /// For those who wait for what the canvas is going to show.
+    LumetraHost::LiveView& GetLiveView() { return m_view; }
 
 signals:
     /// The canvas shows another picture of the edit.
     void frameShown();
 
 private:
-    void FrameChanged() override;
-    void CommittedPhotoChanged() override {}
     void TakePhoto();
-    void Render();
+    void RequestView();
+    void ShowFrame(const LumetraHost::ViewFrame& frame);
+    void ShowOriginal();
 
     Editor& m_editor;
     PhotoCanvas& m_canvas;
+    LumetraHost::LiveView m_view;
 };
 
 } // namespace LumetraEditor

@@ -9,8 +9,8 @@ namespace LumetraEditor {
 /// A rendered picture of a part of the photo.
 struct CanvasFrame
 {
-    QImage image;
-    QRect part; ///< in photo pixels
+    QImage image; ///< RGB32, or premultiplied ARGB32
+    QRect part;   ///< in photo pixels
 };
 
 } // namespace LumetraEditor

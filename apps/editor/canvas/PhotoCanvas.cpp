@@ -293,10 +293,20 @@ void PhotoCanvas::DrawFrame(QPainter& painter, const CanvasFrame& frame) const
     if (frame.image.isNull())
         return;
     const QRectF target = m_view.ToView(QRectF(frame.part));
-    const double magnification =
-        target.width() * devicePixelRatioF() / std::max(1, frame.image.width());
+    const double ratio = devicePixelRatioF();
+    const QSizeF screen = target.size() * ratio;
+    if (std::abs(screen.width() - frame.image.width()) < 1 &&
+        std::abs(screen.height() - frame.image.height()) < 1) {
+        // Pixel by pixel: nothing is scaled, nothing blurred.
+        QImage image = frame.image;
+        image.setDevicePixelRatio(ratio);
+        const QPointF corner = target.topLeft() * ratio;
+        painter.drawImage(QPointF(std::round(corner.x()), std::round(corner.y())) / ratio, image);
+        return;
+    }
     // Single pixels are what one looks for at a high zoom.
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, magnification < 3);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform,
+                          screen.width() / frame.image.width() < 3);
     painter.drawImage(target, frame.image);
 }
 
@@ -346,7 +356,8 @@ void PhotoCanvas::paintEvent(QPaintEvent* /*event*/)
     painter.fillRect(rect(), palette().color(QPalette::Window));
     if (!m_view.HasPhoto())
         return;
-    DrawLayer(painter, m_isComparing ? m_original : m_edited);
+    const bool hasOriginal = !m_original.sharp.image.isNull();
+    DrawLayer(painter, m_isComparing && hasOriginal ? m_original : m_edited);
     if (m_isSplit && !m_isComparing) {
         painter.save();
         painter.setClipRect(QRectF(0, 0, std::round(GetSplitX()), height()));

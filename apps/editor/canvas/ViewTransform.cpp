@@ -113,11 +113,10 @@ QRect ViewTransform::GetVisiblePart() const
     return seen.toAlignedRect() & QRect(QPoint(0, 0), m_photoSize);
 }
 
-QSize ViewTransform::GetPictureSize(const QRect& part) const
+QSize ViewTransform::GetScreenSize(const QRect& part) const
 {
-    const double scale = std::min(m_zoom, 1.0);
-    const auto length = [scale](int pixels) {
-        return std::max(1, static_cast<int>(std::lround(pixels * scale)));
+    const auto length = [this](int pixels) {
+        return std::max(1, static_cast<int>(std::lround(pixels * m_zoom)));
     };
     return {length(part.width()), length(part.height())};
 }

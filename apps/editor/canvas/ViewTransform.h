@@ -44,8 +44,8 @@ public:
     QRectF GetPhotoRect() const;
     /// The photo pixels that are at least partly in view; empty without a photo.
     QRect GetVisiblePart() const;
-    /// How many pixels a picture of that part needs to be sharp: never more than the part has.
-    QSize GetPictureSize(const QRect& part) const;
+    /// How many device pixels that part of the photo takes.
+    QSize GetScreenSize(const QRect& part) const;
 
 private:
     double GetViewScale() const { return m_zoom / m_devicePixelRatio; }

@@ -53,7 +53,7 @@ EditorWindow::EditorWindow(Editor& editor)
       m_toolBar(new QToolBar(this)), m_compare(new QToolButton(this)),
       m_splitter(new QSplitter(this)), m_centre(new QStackedWidget(m_splitter)),
       m_start(new StartPage(m_centre)), m_canvas(new PhotoCanvas(m_centre)),
-      m_feed(new CanvasFeed(editor, *m_canvas)), m_side(new QWidget(m_splitter)),
+      m_feed(new CanvasFeed(editor, *m_canvas, this)), m_side(new QWidget(m_splitter)),
       m_histogram(new HistogramWidget(m_side)), m_panels(new QTabWidget(m_side)),
       m_messages(new MessageBar(m_centre)), m_photoText(new QLabel(this)),
       m_zoomText(new QLabel(this)), m_progress(new QProgressBar(this))
@@ -61,7 +61,6 @@ EditorWindow::EditorWindow(Editor& editor)
     setObjectName(QStringLiteral("editorWindow"));
     setWindowIcon(MakeProgramIcon());
     setAcceptDrops(true);
-    m_feed->setParent(this);
     m_actions->FillMenuBar(*menuBar());
     BuildToolBar();
     BuildCentre();

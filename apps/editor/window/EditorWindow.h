@@ -46,6 +46,7 @@ public:
     void UseLanguage(const QString& language);
 
     PhotoCanvas& GetCanvas() { return *m_canvas; }
+    CanvasFeed& GetFeed() { return *m_feed; }
     EditorActions& GetActions() { return *m_actions; }
     MessageBar& GetMessages() { return *m_messages; }
 

@@ -10,27 +10,23 @@ namespace {
 
 constexpr int SamplesPerSide = 256;
 
-bool HasBytesInOrder(const QImage& image)
-{
-    return image.format() == QImage::Format_RGBA8888 ||
-           image.format() == QImage::Format_RGBA8888_Premultiplied ||
-           image.format() == QImage::Format_RGBX8888;
-}
-
 } // namespace
 
 Histogram Histogram::Of(const QImage& image)
 {
     Histogram histogram;
-    if (!HasBytesInOrder(image))
+    if (image.format() != QImage::Format_RGB32 &&
+        image.format() != QImage::Format_ARGB32_Premultiplied)
         return histogram;
     const int stepX = std::max(1, image.width() / SamplesPerSide);
     const int stepY = std::max(1, image.height() / SamplesPerSide);
     for (int y = stepY / 2; y < image.height(); y += stepY) {
-        const uchar* const row = image.constScanLine(y);
-        for (int x = stepX / 2; x < image.width(); x += stepX)
-            for (int channel = 0; channel < Channels; ++channel)
-                ++histogram.channels[channel][row[4 * x + channel]];
+        const auto* const row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        for (int x = stepX / 2; x < image.width(); x += stepX) {
+            ++histogram.channels[0][static_cast<std::size_t>(qRed(row[x]))];
+            ++histogram.channels[1][static_cast<std::size_t>(qGreen(row[x]))];
+            ++histogram.channels[2][static_cast<std::size_t>(qBlue(row[x]))];
+        }
     }
     return histogram;
 }

@@ -16,7 +16,7 @@ struct Histogram
     using Counts = std::array<std::uint32_t, Values>;
 
     /// Looks at a grid of at most about 65,000 pixels, so that it takes well under a millisecond
-    /// whatever the picture's size. 32-bit formats of byte order R, G, B, A; others count as none.
+    /// whatever the picture's size. For RGB32 and premultiplied ARGB32; others count as empty.
     static Histogram Of(const QImage& image);
 
     /// The largest count between the two ends of the range; 0 for an empty histogram.

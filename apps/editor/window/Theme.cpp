@@ -9,6 +9,8 @@
 #include <QToolTip>
 #include <QTranslator>
 
+#include <memory>
+
 static void RegisterTranslations()
 {
     Q_INIT_RESOURCE(LumetraEditorTranslations);
@@ -49,11 +51,15 @@ void UseTheme(LumetraHost::PaletteKind kind)
 
 void UseLanguage(const QString& language)
 {
-    static German german;
     const bool isGerman = language == QLatin1String("de");
     // First: who hears of a changed translator asks for the locale.
     QLocale::setDefault(isGerman ? QLocale(QLocale::German) : QLocale(QLocale::English));
-    for (QTranslator* translator : {&german.qt, &german.library, &german.editor}) {
+    static std::unique_ptr<German> german;
+    if (!german && !isGerman)
+        return;
+    if (!german)
+        german = std::make_unique<German>();
+    for (QTranslator* translator : {&german->qt, &german->library, &german->editor}) {
         QCoreApplication::removeTranslator(translator);
         if (isGerman && !translator->isEmpty())
             QCoreApplication::installTranslator(translator);
