@@ -50,6 +50,11 @@ PictureRecipe Drawer::GetRecipe() const
     return recipe;
 }
 
+PictureRecipe Drawer::GetCommittedRecipe() const
+{
+    return MakeRecipe(PackageStack());
+}
+
 PictureRecipe Drawer::GetRecipeWith(const EffectsSettings& settings) const
 {
     PackageStack stack = m_stack;
@@ -160,9 +165,7 @@ Zorvik::Proc::Frame Drawer::RenderPreview(const Zorvik::Proc::FrameTarget& targe
                                           const EffectsSettings& effects, int cropPolicy,
                                           int fitPolicy, unsigned flags)
 {
-    PictureRecipe committed = GetRecipe();
-    committed.layers.resize(committed.committed);
-    return m_previews.Render(committed, target, effects, {cropPolicy, fitPolicy, flags});
+    return m_previews.Render(GetCommittedRecipe(), target, effects, {cropPolicy, fitPolicy, flags});
 }
 
 PictureRecipe Drawer::MakeRecipe(const PackageStack& stack) const

@@ -46,7 +46,9 @@ public:
     Image Result();
     /// How Result() is made.
     PictureRecipe GetRecipe() const;
-    /// The same as it would be after applying `settings`, without what an open painting shows.
+    /// How GetCommittedPhoto() is made.
+    PictureRecipe GetCommittedRecipe() const;
+    /// How Result() would be made after applying `settings`, without what an open painting shows.
     PictureRecipe GetRecipeWith(const Zorvik::Quindle::EffectsSettings& settings) const;
 
     /// Takes the open package of that index off, with its painting; nothing when there is none.

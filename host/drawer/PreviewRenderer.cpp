@@ -19,7 +19,10 @@ bool AreSame(const PreviewGeometry& first, const PreviewGeometry& second)
 
 } // namespace
 
-PreviewRenderer::PreviewRenderer(const Renderer& renderer) : m_renderer(renderer) {}
+PreviewRenderer::PreviewRenderer(const Renderer& renderer, int threads)
+    : m_renderer(renderer), m_threads(threads)
+{
+}
 
 Zorvik::Proc::Frame PreviewRenderer::Render(const PictureRecipe& recipe,
                                             const Zorvik::Proc::FrameTarget& target,
@@ -41,6 +44,7 @@ Zorvik::Proc::Frame PreviewRenderer::Render(const PictureRecipe& recipe,
     RenderOptions options;
     options.area = geometry.GetArea(width, height);
     options.cancel = cancel;
+    options.threads = m_threads;
     const Image committed = layers.Render(recipe.layers, recipe.layers.size(), cancel);
     auto frame = ImageToFrame(m_renderer.Render(committed, effects, options));
     frame.pixelAspect = target.pixelAspect;

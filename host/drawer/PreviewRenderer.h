@@ -29,8 +29,8 @@ struct PreviewPolicies
 class PreviewRenderer
 {
 public:
-    /// `renderer` is kept by reference.
-    explicit PreviewRenderer(const Renderer& renderer);
+    /// `renderer` is kept by reference. `threads`: that a preview is rendered on; 0: all.
+    explicit PreviewRenderer(const Renderer& renderer, int threads = 0);
 
     /// The photo with all layers of the recipe, and `effects` on top. Null without a photo and when
     /// it was cancelled. Rgba8Premultiplied for a photo of 8 bits, RgbaFloatPremultiplied for one
@@ -54,6 +54,7 @@ private:
     LayerRenderer& GetScaledPhoto(const PreviewGeometry& geometry, ResizeQuality quality);
 
     const Renderer& m_renderer;
+    int m_threads;
     Image m_photo;
     std::list<ScaledPhoto> m_scaled; ///< the one used last first
 };
