@@ -1,25 +1,22 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include "CatalogueFixture.h"
 #include "EffectPresets/EffectPresetModel.h"
 #include "Settings/IntensitySettingType.h"
 #include "Settings/IntensitySettingsFactory.h"
 #include "Settings/SliderSetting.h"
-#include "core/PresetSession.h"
-#include "photo/Image.h"
 #include "storage/JsonDocument.h"
-#include "workspace/WorkspaceController.h"
 
 #include "Zorvik/Brassel/ISerializer.h"
 #include "Zorvik/Quindle/EffectRegistry.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <algorithm>
 #include <map>
 #include <set>
 
 using namespace LumetraPlugin;
 using namespace Zorvik::Lumetra::LumetraPresets;
-using LumetraHost::Image;
 using LumetraHost::JsonDocument;
 using Zorvik::Brassel::ConstSerializerPtr;
 using Zorvik::Brassel::ISerializable;
@@ -29,42 +26,6 @@ using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
 
 namespace {
-
-const QString File = QStringLiteral(LUMETRA_SHIPPED_CATALOGUE);
-
-/// The light skin of a colour chart and five tones from the lightest to the darkest.
-constexpr std::array<std::array<int, 3>, 6> SkinTones{{{194, 150, 130},
-                                                       {234, 218, 186},
-                                                       {215, 189, 150},
-                                                       {160, 126, 86},
-                                                       {130, 92, 67},
-                                                       {96, 65, 52}}};
-constexpr int PatchSide = 16;
-
-/// The skin tones side by side in the middle, where no vignette reaches far, on middle grey.
-Image MakeSkinChart()
-{
-    constexpr int width = PatchSide * static_cast<int>(SkinTones.size());
-    Image image = Image::Allocate(3 * width, 3 * width, Image::Depth::Bits8);
-    for (int y = 0; y < image.GetHeight(); ++y) {
-        for (int x = 0; x < image.GetWidth(); ++x) {
-            const bool inside = x >= width && x < 2 * width && y >= width && y < 2 * width;
-            const auto patch = static_cast<std::size_t>((x - width) / PatchSide);
-            for (std::size_t channel = 0; channel < 3; ++channel)
-                image.Row(y)[4 * x + static_cast<int>(channel)] =
-                    static_cast<std::uint8_t>(inside ? SkinTones[patch][channel] : 119);
-            image.Row(y)[4 * x + 3] = 255;
-        }
-    }
-    return image;
-}
-
-const std::uint8_t* PatchOf(const Image& chart, std::size_t patch)
-{
-    const int middle = chart.GetHeight() / 2;
-    const int x = chart.GetWidth() / 3 + PatchSide * static_cast<int>(patch) + PatchSide / 2;
-    return chart.Row(middle) + 4 * x;
-}
 
 EffectList ReadEffects(const ConstSerializerPtr& holder)
 {
@@ -111,7 +72,8 @@ struct StoredPreset
 std::vector<StoredPreset> ReadStoredPresets()
 {
     std::vector<StoredPreset> presets;
-    const auto groups = JsonDocument::Read(File).GetRoot()->GetCollection("groups");
+    const auto groups =
+        JsonDocument::Read(CatalogueFixture::GetFile()).GetRoot()->GetCollection("groups");
     for (std::size_t g = 0; g < groups->GetCount(); ++g) {
         const auto items = groups->GetElement(g)->GetCollection("items");
         const auto settings = groups->GetElement(g)->GetNode("settings");
@@ -125,46 +87,7 @@ std::vector<StoredPreset> ReadStoredPresets()
     return presets;
 }
 
-class ShippedCatalogueTest : public testing::Test
-{
-protected:
-    void SetUp() override { ASSERT_EQ(session.Load({File}, nullptr), QStringList()); }
-
-    std::vector<QModelIndex> Presets(int group)
-    {
-        const EffectPresetModel& model = session.GetModel();
-        std::vector<QModelIndex> presets;
-        const QModelIndex parent = model.index(group, 0);
-        for (int row = 0; row < model.rowCount(parent); ++row)
-            presets.push_back(model.index(row, 0, parent));
-        return presets;
-    }
-
-    /// All of them, as they follow each other in the file.
-    std::vector<QModelIndex> Presets()
-    {
-        std::vector<QModelIndex> all;
-        for (int group = 0; group < session.GetModel().rowCount(); ++group) {
-            for (const QModelIndex& preset : Presets(group))
-                all.push_back(preset);
-        }
-        return all;
-    }
-
-    Image Draw(const QModelIndex& preset, const Image& photo)
-    {
-        session.OpenPhoto(photo);
-        session.GetModel().setData(preset, true, EffectPresetModel::AppliedRole);
-        return session.GetWorkspace().GetDrawer().Result();
-    }
-
-    PresetSession session{"Looks"};
-};
-
-std::string NameOf(const QModelIndex& preset)
-{
-    return preset.data(EffectPresetModel::PresetNameRole).toString().toStdString();
-}
+using ShippedCatalogueTest = CatalogueFixture;
 
 } // namespace
 
@@ -173,7 +96,56 @@ TEST_F(ShippedCatalogueTest, loadsWithoutARemark)
     for (const auto& report : session.GetReports())
         ADD_FAILURE() << report.ToText();
     EXPECT_EQ(Presets().size(), ReadStoredPresets().size());
-    EXPECT_EQ(session.GetModel().rowCount(), 4); // three groups and the user's
+}
+
+TEST_F(ShippedCatalogueTest, hasAtLeastSixGroupsOfAtLeastEightPresets)
+{
+    const int groups = session.GetModel().rowCount() - 1; // the last is the user's
+    EXPECT_GE(groups, 6);
+    for (int group = 0; group < groups; ++group) {
+        EXPECT_GE(Presets(group).size(), 8u) << "group " << group;
+        EXPECT_FALSE(
+            session.GetModel().index(group, 0).data(EffectPresetModel::EditableRole).toBool());
+    }
+}
+
+TEST_F(ShippedCatalogueTest, everyGroupHasAPopularPresetAndOneABuyerFindsInTheStore)
+{
+    std::set<QString> storeIds;
+    for (int group = 0; group + 1 < session.GetModel().rowCount(); ++group) {
+        const auto presets = Presets(group);
+        EXPECT_TRUE(std::any_of(presets.begin(), presets.end(),
+                                [](const QModelIndex& preset) {
+                                    return preset.data(EffectPresetModel::PopularRole).toBool();
+                                }))
+            << "group " << group;
+        storeIds.insert(presets.front().data(EffectPresetModel::AppStoreIdRole).toString());
+    }
+    EXPECT_EQ(storeIds.count(QStringLiteral("lumetra.presets.black-and-white")), 1u);
+}
+
+TEST_F(ShippedCatalogueTest, somePresetsHaveAPreviewOfTheirOwn)
+{
+    std::size_t previews = 0;
+    for (const StoredPreset& preset : ReadStoredPresets())
+        previews += preset.item->GetNode("settingsPreview") ? 1 : 0;
+    EXPECT_GE(previews, 1u);
+}
+
+/// Favourites, sidecars and scripts name presets by these.
+TEST_F(ShippedCatalogueTest, keepsTheIdsOfItsFirstPresets)
+{
+    std::set<std::string> ids;
+    for (const StoredPreset& preset : ReadStoredPresets())
+        ids.insert(preset.id);
+    for (const char* id :
+         {"portrait.soft-light", "portrait.candlelight", "portrait.fresh", "portrait.porcelain",
+          "portrait.golden", "portrait.faded-film", "landscape.clear-day", "landscape.deep-colours",
+          "landscape.autumn", "landscape.morning-mist", "landscape.last-light",
+          "landscape.heavy-weather", "black-and-white.plain-grey", "black-and-white.red-filter",
+          "black-and-white.green-filter", "black-and-white.old-plate", "black-and-white.sepia",
+          "black-and-white.noir"})
+        EXPECT_EQ(ids.count(id), 1u) << id;
 }
 
 TEST_F(ShippedCatalogueTest, everyPresetHasAnIdOfItsOwnAndEachEffectOnce)
@@ -275,55 +247,6 @@ TEST_F(ShippedCatalogueTest, noExtraSliderIsOverruledByTheIntensity)
 
             ExpectSameValues(Describe(effects.Effects()), moved,
                              stored[i].name + ", " + slider.Title());
-        }
-    }
-}
-
-TEST_F(ShippedCatalogueTest, everyLookIsSeen)
-{
-    const Image photo = MakeSkinChart();
-    for (const QModelIndex& preset : Presets()) {
-        const Image look = Draw(preset, photo);
-        int largest = 0;
-        for (std::size_t patch = 0; patch < SkinTones.size(); ++patch) {
-            for (std::size_t channel = 0; channel < 3; ++channel)
-                largest = std::max(
-                    largest, std::abs(PatchOf(look, patch)[channel] - SkinTones[patch][channel]));
-        }
-        EXPECT_GE(largest, 8) << NameOf(preset);
-    }
-}
-
-TEST_F(ShippedCatalogueTest, skinStaysSkin)
-{
-    const Image photo = MakeSkinChart();
-    for (int group = 0; group < 2; ++group) { // those in colour
-        for (const QModelIndex& preset : Presets(group)) {
-            const Image look = Draw(preset, photo);
-            for (std::size_t patch = 0; patch < SkinTones.size(); ++patch) {
-                const std::uint8_t* const color = PatchOf(look, patch);
-                const std::string place = NameOf(preset) + ", tone " + std::to_string(patch) +
-                                          ": " + std::to_string(color[0]) + " " +
-                                          std::to_string(color[1]) + " " + std::to_string(color[2]);
-                EXPECT_GT(color[0], color[1]) << place; // red over green over blue
-                EXPECT_GT(color[1], color[2]) << place;
-                EXPECT_GT(color[2], 8) << place; // neither drowned nor burnt
-                EXPECT_LT(color[1], 250) << place;
-            }
-        }
-    }
-}
-
-TEST_F(ShippedCatalogueTest, blackAndWhiteIsWithoutColorOrOfOneTone)
-{
-    const Image photo = MakeSkinChart();
-    for (const QModelIndex& preset : Presets(2)) {
-        const Image look = Draw(preset, photo);
-        for (std::size_t patch = 0; patch < SkinTones.size(); ++patch) {
-            const std::uint8_t* const color = PatchOf(look, patch);
-            EXPECT_GE(color[0], color[1]) << NameOf(preset);
-            EXPECT_GE(color[1], color[2]) << NameOf(preset);
-            EXPECT_LE(color[0] - color[1], 24) << NameOf(preset);
         }
     }
 }
