@@ -3,11 +3,14 @@
 
 #include "engine/blackandwhite/BlackAndWhiteEffect.h"
 #include "engine/channelmixer/ChannelMixerEffect.h"
+#include "engine/clarity/ClarityEffect.h"
 #include "engine/contrast/ContrastEffect.h"
 #include "engine/exposure/ExposureEffect.h"
+#include "engine/gaussianblur/GaussianBlurEffect.h"
 #include "engine/grain/GrainEffect.h"
 #include "engine/liftgammagain/LiftGammaGainEffect.h"
 #include "engine/saturation/SaturationEffect.h"
+#include "engine/sharpen/SharpenEffect.h"
 #include "engine/splittoning/SplitToningEffect.h"
 #include "engine/tonecurve/ToneCurveEffect.h"
 #include "engine/toneregions/ToneRegionsEffect.h"
@@ -35,7 +38,8 @@ const std::vector<EffectKind>& EffectKinds::GetAll()
         MakeToneRegionsKind(), MakeToneCurveKind(),     MakeSaturationKind(),
         MakeVibranceKind(),    MakeChannelMixerKind(),  MakeBlackAndWhiteKind(),
         MakeSplitToningKind(), MakeLiftGammaGainKind(), MakeVignetteKind(),
-        MakeGrainKind(),
+        MakeGrainKind(),       MakeGaussianBlurKind(),  MakeSharpenKind(),
+        MakeClarityKind(),
     };
     return kinds;
 }

@@ -3,7 +3,9 @@
 
 #include "engine/Blend.h"
 #include "engine/EffectKinds.h"
+#include "engine/RenderPlan.h"
 #include "engine/Segment.h"
+#include "engine/bands/PictureRun.h"
 
 #include "Zorvik/Exception.h"
 #include "Zorvik/Proc/SettingsEffectEmpty.h"
@@ -11,6 +13,7 @@
 #include <boost/current_function.hpp>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace LumetraHost {
@@ -19,15 +22,33 @@ namespace {
 using Zorvik::Quindle::EffectList;
 using Zorvik::Quindle::EffectPtr;
 
-std::vector<StagePtr> CreateStages(const EffectList& effects, const StageContext& context)
+int CountThreads(int wish, const ThreadPool& pool)
 {
-    std::vector<StagePtr> stages;
-    for (const EffectPtr& effect : effects) {
-        const EffectKind* const kind = effect ? EffectKinds::Find(effect->GetEffectID()) : nullptr;
-        if (auto stage = kind ? kind->createStage(*effect, context) : nullptr)
-            stages.push_back(std::move(stage));
-    }
-    return stages;
+    return wish < 1 ? pool.GetThreadCount() : std::min(wish, pool.GetThreadCount());
+}
+
+/// False when it was cancelled.
+bool RunPlan(const RenderPlan& plan, const Image& source, Image& target, double sourceWeight,
+             const RenderOptions& options, ThreadPool& pool)
+{
+    const Isa isa = LimitToSupported(options.isa);
+    if (plan.GetPasses().empty())
+        return Segment(plan.GetFirstStages(),
+                       {isa, options.threads, options.tilePixels, options.cancel})
+            .Run(source, target, sourceWeight, pool);
+    PictureRunForm form;
+    form.width = source.GetWidth();
+    form.height = source.GetHeight();
+    form.depth = source.GetDepth();
+    form.sourceWeight = sourceWeight;
+    form.isa = isa;
+    form.threads = CountThreads(options.threads, pool);
+    form.tilePixels = options.tilePixels;
+    PictureRun run(plan, form);
+    BandGraph graph(run.GetBandCount());
+    Image shared = source; // only read
+    run.AddTo(graph, RowWindow(shared), RowWindow(target), -1);
+    return graph.Run(pool, form.threads, options.cancel);
 }
 
 bool HaveSameForm(const Image& first, const Image& second)
@@ -59,16 +80,13 @@ Image Renderer::Render(const Image& source, const EffectList& effects, int blend
 {
     if (source.IsNull() || ClampBlendAmount(blendAmount) == SourceOnly)
         return source;
-    const Isa isa = LimitToSupported(options.isa);
     const auto area =
         options.area.value_or(PictureArea::Whole(source.GetWidth(), source.GetHeight()));
-    const auto stages = CreateStages(effects, {isa, area});
-    if (stages.empty())
+    const RenderPlan plan(effects, {LimitToSupported(options.isa), area});
+    if (plan.IsEmpty())
         return source;
-
-    const Segment segment(stages, {isa, options.threads, options.tilePixels, options.cancel});
     Image target = MakeTarget(source, std::move(recycled));
-    if (!segment.Run(source, target, GetSourceWeight(blendAmount), *m_pool))
+    if (!RunPlan(plan, source, target, GetSourceWeight(blendAmount), options, *m_pool))
         return {};
     return target;
 }
@@ -100,6 +118,19 @@ std::vector<std::string> Renderer::FindUnknownEffects(const EffectList& effects)
             unknown.push_back(effect->GetEffectID());
     }
     return unknown;
+}
+
+int Renderer::FindHalo(const EffectList& effects, const PictureArea& area)
+{
+    // Four standard deviations, and a cell of the wide ones on top (see GaussianAxis).
+    constexpr double reach = 4.3;
+    const RenderPlan plan(effects, {Isa::Baseline, area});
+    int halo = 0;
+    for (const SpatialPassPtr& pass : plan.GetPasses()) {
+        const GaussianShape shape = pass->GetShape();
+        halo += static_cast<int>(std::ceil(reach * std::max(shape.sigmaX, shape.sigmaY))) + 1;
+    }
+    return halo;
 }
 
 } // namespace LumetraHost

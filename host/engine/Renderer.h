@@ -19,10 +19,12 @@ namespace LumetraHost {
 /// How a picture is rendered. Threads, tile size and instruction set do not change the pixels.
 struct RenderOptions
 {
-    int threads = 0;                     ///< below 1: all of the pool
-    Isa isa = GetDefaultIsa();           ///< limited to what the processor supports
-    int tilePixels = 2048;               ///< 64 to 16384
-    std::optional<PictureArea> area;     ///< where the picture lies; empty: it is the whole one
+    int threads = 0;           ///< below 1: all of the pool
+    Isa isa = GetDefaultIsa(); ///< limited to what the processor supports
+    int tilePixels = 2048;     ///< 64 to 16384
+    /// Where the picture lies; empty: it is the whole one. Spatial effects take the mirror image
+    /// for what lies outside of the pixels that they are given, see FindHalo().
+    std::optional<PictureArea> area;
     const CancelToken* cancel = nullptr; ///< may stop the rendering from another thread
 };
 
@@ -32,8 +34,9 @@ struct RenderOptions
 /// The picture keeps its size, depth and alpha. Effects run in order, unclamped in between; effects
 /// that change nothing and effects that the engine does not know are left out. The result is
 /// blended with the source, whose weight is (b - 1) / 254, and rounded once: it is within half a
-/// step plus 0.02 (8 bits) or 0.1 (16 bits) of the exact formulas for moderate settings. With
-/// b = 255, or nothing to draw, the result is the source itself.
+/// step plus 0.02 (8 bits) or 0.1 (16 bits) of the exact formulas for moderate settings; for what
+/// wide Gaussians add to it see GaussianAxis. With b = 255, or nothing to draw, the result is the
+/// source itself.
 class Renderer
 {
 public:
@@ -56,6 +59,11 @@ public:
 
     /// The ids of the effects that cannot be drawn, each once, in order. The empty effect can.
     static std::vector<std::string> FindUnknownEffects(const Zorvik::Quindle::EffectList& effects);
+
+    /// How many rendered pixels on each side the effects look away from a pixel, at the scale of
+    /// `area`: a part that is rendered with that much around it is as it is in the whole picture,
+    /// within the error of the Gaussians. 0 without spatial effects.
+    static int FindHalo(const Zorvik::Quindle::EffectList& effects, const PictureArea& area);
 
 private:
     ThreadPool* m_pool;

@@ -2,15 +2,16 @@
 #pragma once
 
 #include "engine/CancelToken.h"
-#include "engine/Stage.h"
+#include "engine/StageChain.h"
 #include "engine/ThreadPool.h"
-#include "engine/pixels/PixelKernel.h"
 
 #include "photo/Image.h"
 
 #include <vector>
 
 namespace LumetraHost {
+
+class PixelStep;
 
 /// How a segment's work is divided. Nothing here changes the pixels.
 struct SegmentOptions
@@ -40,18 +41,14 @@ public:
     bool Run(const Image& source, Image& target, double sourceWeight, ThreadPool& pool) const;
 
     /// After merging and with the conversions.
-    const std::vector<StagePtr>& GetStages() const { return m_stages; }
+    const std::vector<StagePtr>& GetStages() const { return m_chain.GetStages(); }
 
 private:
-    void AddMerged(const StagePtr& stage);
-    void AddConversions();
-    void RunRows(const Image& source, Image& target, float sourceWeight, int first, int end) const;
-    ColourSpace GetFirstSpace() const;
-    const float* GetLoadTable(Image::Depth depth) const;
+    void RunRows(const Image& source, Image& target, const PixelStep& step, int first,
+                 int end) const;
 
     SegmentOptions m_options;
-    std::vector<StagePtr> m_stages;
-    bool m_endsLinear = true;
+    StageChain m_chain;
 };
 
 } // namespace LumetraHost

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "engine/RenderPlan.h"
+
+#include "engine/EffectKinds.h"
+
+#include <optional>
+#include <utility>
+
+namespace LumetraHost {
+
+RenderPlan::RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageContext& context)
+{
+    m_stages.emplace_back();
+    for (const auto& effect : effects) {
+        const EffectKind* const kind = effect ? EffectKinds::Find(effect->GetEffectID()) : nullptr;
+        if (!kind)
+            continue;
+        if (auto pass = kind->createPass ? kind->createPass(*effect, context) : nullptr) {
+            m_passes.push_back(std::move(pass));
+            m_stages.emplace_back();
+        } else if (auto stage = kind->createStage(*effect, context)) {
+            m_stages.back().push_back(std::move(stage));
+        }
+    }
+    MakeChains(context.isa);
+}
+
+void RenderPlan::MakeChains(Isa isa)
+{
+    for (std::size_t i = 0; i < m_stages.size(); ++i) {
+        std::optional<ColourSpace> first;
+        std::optional<ColourSpace> last;
+        if (i > 0)
+            first = m_passes[i - 1]->GetColourSpace();
+        if (i < m_passes.size())
+            last = m_passes[i]->GetColourSpace();
+        m_chains.emplace_back(m_stages[i], isa, first, last);
+    }
+}
+
+bool RenderPlan::IsEmpty() const
+{
+    return m_passes.empty() && m_stages.front().empty();
+}
+
+} // namespace LumetraHost

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/SpatialPass.h"
+#include "engine/StageChain.h"
+
+#include "Zorvik/Quindle/EffectsSettings.h"
+
+#include <vector>
+
+namespace LumetraHost {
+
+/// A list of effects made ready to run: a chain of stages before, between and behind its spatial
+/// passes. Chains may be empty. Effects that change nothing and effects that the engine does not
+/// know are left out. Immutable; what the effects hold has been read.
+class RenderPlan
+{
+public:
+    RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageContext& context);
+
+    /// Nothing to draw.
+    bool IsEmpty() const;
+    const std::vector<SpatialPassPtr>& GetPasses() const { return m_passes; }
+    /// One more than passes: chain i comes before pass i, the last one behind all.
+    const std::vector<StageChain>& GetChains() const { return m_chains; }
+    /// The stages as the effects gave them, of plans without spatial passes.
+    const std::vector<StagePtr>& GetFirstStages() const { return m_stages.front(); }
+
+private:
+    void MakeChains(Isa isa);
+
+    std::vector<SpatialPassPtr> m_passes;
+    std::vector<std::vector<StagePtr>> m_stages;
+    std::vector<StageChain> m_chains;
+};
+
+} // namespace LumetraHost

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/Isa.h"
+#include "engine/RenderPlan.h"
+#include "engine/bands/BandGraph.h"
+#include "engine/bands/PlaneRing.h"
+#include "engine/bands/RowWindow.h"
+#include "engine/gaussian/GaussianBands.h"
+#include "engine/pixels/PixelStep.h"
+
+#include <memory>
+#include <vector>
+
+namespace LumetraHost {
+
+/// The size of a picture and how a run over it is divided. `threads` and `tilePixels` do not change
+/// the pixels.
+struct PictureRunForm
+{
+    int width = 0;
+    int height = 0;
+    Image::Depth depth = Image::Depth::Bits8;
+    double sourceWeight = 0; ///< 0 to 1
+    Isa isa = Isa::Baseline;
+    int threads = 1;
+    int tilePixels = 2048;
+};
+
+/// A plan's way over one picture, as nodes of a band graph: from rows of pixels to rows of pixels,
+/// with planar float in between, so that nothing is clamped or rounded on the way. Each chain runs
+/// over tiles while they are in the cache; what a spatial pass needs of other rows is kept in
+/// rings. Made for one run of one graph; outlives it.
+class PictureRun
+{
+public:
+    static constexpr int BandRows = 32;
+
+    /// `plan` is kept by reference.
+    PictureRun(const RenderPlan& plan, const PictureRunForm& form);
+    PictureRun(const PictureRun&) = delete;
+    PictureRun& operator=(const PictureRun&) = delete;
+
+    int GetBandCount() const { return m_bands; }
+    /// Bands that the source has to be ahead of the target: what a window on it has to keep, beside
+    /// the one that is worked on.
+    int GetLatency() const;
+    /// Bands that threads may work on beyond those that somebody waits for.
+    int GetAhead() const { return m_form.threads + 1; }
+
+    /// Adds the nodes. `sourceNode`: the one that writes the source's rows, or -1 when they are all
+    /// there. Returns the node that writes the target. The windows are kept.
+    int AddTo(BandGraph& graph, RowWindow source, RowWindow target, int sourceNode);
+
+private:
+    struct Worker
+    {
+        PlaneRing tile;    ///< planes of one tile
+        PlaneRing blurred; ///< of one tile
+        PlaneRing rows;    ///< a whole row that nobody reads again
+        PlaneRing luma;    ///< a whole row
+    };
+
+    struct Step
+    {
+        std::unique_ptr<GaussianBands> gaussian;
+        std::vector<GaussianScratch> scratches; ///< per worker
+        PlaneRing pixels;                       ///< what the pass combines with the Gaussian
+    };
+
+    int GetRowEnd(int band) const;
+    bool KeepsPixels(std::size_t pass) const;
+    void RunBand(std::size_t chain, int band, int worker);
+    void RunRow(std::size_t chain, int y, std::size_t worker);
+    void RunTile(std::size_t chain, const Tile& tile, std::size_t worker);
+    void FillTile(std::size_t chain, const Tile& tile, std::size_t worker);
+    void FeedNext(std::size_t pass, int y, const Tile& row, std::size_t worker);
+
+    const RenderPlan& m_plan;
+    PictureRunForm m_form;
+    int m_bands;
+    PixelStep m_pixelStep;
+    decltype(&LumaKernel<Isa::Baseline>::Run) m_luma;
+    std::vector<Step> m_steps; ///< one per pass
+    std::vector<Worker> m_workers;
+    std::unique_ptr<RowWindow> m_source;
+    std::unique_ptr<RowWindow> m_target;
+};
+
+} // namespace LumetraHost

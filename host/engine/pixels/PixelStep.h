@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/Isa.h"
+#include "engine/Stage.h"
+#include "engine/pixels/PixelKernel.h"
+
+#include "photo/Image.h"
+
+namespace LumetraHost {
+
+/// The way of pixels into tiles and back for pictures of one depth: kernels and tables are chosen
+/// once. Immutable.
+class PixelStep
+{
+public:
+    /// `first`: the space of the tiles that are loaded. `last`: of those that are stored.
+    /// `sourceWeight`: 0 to 1.
+    PixelStep(Image::Depth depth, Isa isa, ColourSpace first, ColourSpace last,
+              double sourceWeight);
+
+    /// `row` begins with the picture's first column; the tile's own pixels are read.
+    void Load(const Tile& tile, const std::uint8_t* row) const;
+    /// Blended with the source's row, whose alpha is kept; overwrites the tile. The rows may be the
+    /// same.
+    void Store(const Tile& tile, const std::uint8_t* sourceRow, std::uint8_t* targetRow) const;
+
+private:
+    std::size_t GetOffset(const Tile& tile) const;
+
+    std::size_t m_bytesPerPixel;
+    const float* m_table;
+    decltype(&LoadKernel8<Isa::Baseline>::Run) m_load;
+    decltype(&StoreKernel8<Isa::Baseline>::Run) m_store;
+    StoreParameters m_storing;
+};
+
+} // namespace LumetraHost
