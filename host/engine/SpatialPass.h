@@ -18,8 +18,8 @@ struct GaussianShape
 /// What the Gaussian of a spatial pass is taken of.
 enum class BlurredPlanes
 {
-    Luma,  ///< one plane: the weighted sum of the channels (Rec. 709), in the pass's colour space
-    Colour ///< three planes
+    Luma,   ///< one plane: the weighted sum of the channels (Rec. 709), in the pass's colour space
+    Colours ///< three planes
 };
 
 /// A row's part of the blurred picture: one plane for luma, three for colour. As long as the tile.

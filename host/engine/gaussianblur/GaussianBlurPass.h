@@ -13,7 +13,7 @@ public:
     GaussianBlurPass(const GaussianBlurParameters& parameters, const StageContext& context);
 
     GaussianShape GetShape() const override { return m_shape; }
-    BlurredPlanes GetPlanes() const override { return BlurredPlanes::Colour; }
+    BlurredPlanes GetPlanes() const override { return BlurredPlanes::Colours; }
     void Combine(const Tile& tile, const BlurredTile& blurred) const override;
     ColourSpace GetColourSpace() const override { return ColourSpace::Linear; }
 

@@ -20,7 +20,9 @@ StagePtr CreateGrainStage(const Zorvik::Quindle::IEffectSettings& settings,
 
 EffectKind MakeGrainKind()
 {
-    return {{GrainParameters::EffectId, GrainParameters::Describe(), {}}, CreateGrainStage};
+    return {{GrainParameters::EffectId, GrainParameters::Describe(), {}},
+            CreateGrainStage,
+            EffectReach::Positional};
 }
 
 } // namespace LumetraHost
