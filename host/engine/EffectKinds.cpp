@@ -9,6 +9,7 @@
 #include "engine/gaussianblur/GaussianBlurEffect.h"
 #include "engine/grain/GrainEffect.h"
 #include "engine/liftgammagain/LiftGammaGainEffect.h"
+#include "engine/lut3d/Lut3dEffect.h"
 #include "engine/saturation/SaturationEffect.h"
 #include "engine/sharpen/SharpenEffect.h"
 #include "engine/splittoning/SplitToningEffect.h"
@@ -37,9 +38,9 @@ const std::vector<EffectKind>& EffectKinds::GetAll()
         MakeExposureKind(),    MakeWhiteBalanceKind(),  MakeContrastKind(),
         MakeToneRegionsKind(), MakeToneCurveKind(),     MakeSaturationKind(),
         MakeVibranceKind(),    MakeChannelMixerKind(),  MakeBlackAndWhiteKind(),
-        MakeSplitToningKind(), MakeLiftGammaGainKind(), MakeVignetteKind(),
-        MakeGrainKind(),       MakeGaussianBlurKind(),  MakeSharpenKind(),
-        MakeClarityKind(),
+        MakeSplitToningKind(), MakeLiftGammaGainKind(), MakeLut3dKind(),
+        MakeVignetteKind(),    MakeGrainKind(),         MakeGaussianBlurKind(),
+        MakeSharpenKind(),     MakeClarityKind(),
     };
     return kinds;
 }

@@ -39,9 +39,6 @@ public:
     virtual void Run(const Tile& tile) const = 0;
     /// The space in which the stage expects and leaves the tile.
     virtual ColourSpace GetColourSpace() const { return ColourSpace::Linear; }
-    /// True when the same colour may come out differently elsewhere in the picture: such a stage
-    /// cannot be put into a table of colours.
-    virtual bool DependsOnPosition() const { return false; }
     /// The matrix when the stage is nothing but one: neighbours in the same space are multiplied
     /// into a single stage.
     virtual std::optional<ColourMatrix> GetMatrix() const { return std::nullopt; }

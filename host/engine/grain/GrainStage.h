@@ -15,7 +15,6 @@ public:
 
     void Run(const Tile& tile) const override;
     ColourSpace GetColourSpace() const override { return ColourSpace::Encoded; }
-    bool DependsOnPosition() const override { return true; }
 
 private:
     GrainGeometry m_geometry;

@@ -14,7 +14,6 @@ public:
     VignetteStage(const VignetteParameters& parameters, const StageContext& context);
 
     void Run(const Tile& tile) const override;
-    bool DependsOnPosition() const override { return true; }
 
 private:
     VignetteGeometry m_geometry;

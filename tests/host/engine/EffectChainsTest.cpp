@@ -2,8 +2,9 @@
 #include "host/engine/ReferenceEffects.h"
 #include "host/engine/TestPictures.h"
 
-#include "engine/EffectKinds.h"
 #include "engine/Renderer.h"
+
+#include "Zorvik/Quindle/EffectRegistry.h"
 
 #include <gtest/gtest.h>
 
@@ -15,6 +16,7 @@ namespace {
 
 using Zorvik::Quindle::EffectList;
 using Zorvik::Quindle::EffectParameter;
+using Zorvik::Quindle::EffectRegistry;
 
 const std::vector<const char*> ColourEffects = {
     "exposure", "whiteBalance", "contrast",      "toneRegions", "toneCurve",     "saturation",
@@ -56,7 +58,7 @@ EffectList MakeRandomChain(std::mt19937& random)
                                                 : MakeEffect(effectID, {}));
         if (effectID == "toneCurve")
             continue;
-        for (const auto& parameter : EffectKinds::Find(effectID)->descriptor.parameters)
+        for (const EffectParameter& parameter : EffectRegistry::Find(effectID)->parameters)
             chain.back()->SetParameter(parameter.name, ChooseValue(parameter, random));
     }
     return chain;
