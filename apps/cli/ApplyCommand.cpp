@@ -73,8 +73,7 @@ PhotoBatch MakeBatch(const QCommandLineParser& parser)
 void RunBatch(const PhotoBatch& batch, std::vector<PhotoJob>& jobs, const PresetUse& use,
               LumetraPlugin::PresetSession& session, ApplyReport& report)
 {
-    const auto change = [&](const LumetraHost::Image& photo) { return use.Apply(session, photo); };
-    batch.Run(jobs, change,
+    batch.Run(jobs, use.MakePackages(session),
               [&report](const PhotoJob& job, const auto& warnings) { report.Add(job, warnings); });
 }
 
@@ -116,7 +115,7 @@ void ApplyCommand::AddOptions(QCommandLineParser& parser) const
         {DryRunOption, QStringLiteral("Only says what would be written.")},
         {JsonOption, QStringLiteral("Writes JSON.")},
         {{QStringLiteral("j"), JobsOption},
-         QStringLiteral("How many photos to read and write at the same time."),
+         QStringLiteral("How many photos to work on at the same time."),
          QStringLiteral("number")},
     });
     CatalogueOptions::Add(parser);

@@ -1,128 +1,70 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "PhotoBatch.h"
 
-#include "Zorvik/Exception.h"
-#include "photo/PhotoReader.h"
+#include "exporting/PhotoExport.h"
 
-#include <QDir>
-#include <QFileInfo>
-
-#include <boost/current_function.hpp>
-
-#include <deque>
+#include <algorithm>
+#include <atomic>
+#include <exception>
 #include <future>
 
 namespace LumetraCli {
 namespace {
 
-using LumetraHost::Photo;
-using LumetraHost::PhotoReader;
-using LumetraHost::PhotoWriter;
+using LumetraHost::PhotoExport;
+using LumetraHost::ThreadPool;
+using Zorvik::Quindle::EffectsSettings;
 
-void Write(const QString& path, const Photo& photo, const PhotoWriter::Options& options)
-{
-    const QString folder = QFileInfo(path).absolutePath();
-    if (!QDir().mkpath(folder))
-        throw Zorvik::Exception(folder.toStdString() + ": the folder cannot be made",
-                                BOOST_CURRENT_FUNCTION, "cli/PhotoBatch", __LINE__);
-    PhotoWriter::Write(path, photo, options);
-}
-
-/// The jobs that are under way, oldest first.
-class Line
+/// The threads of one batch, each of which takes the next job that nobody has begun.
+class Workers
 {
 public:
-    Line(std::vector<PhotoJob>& jobs, std::size_t parallel, const PhotoWriter::Options& options)
-        : m_jobs(jobs), m_parallel(parallel), m_options(options)
+    Workers(std::vector<PhotoJob>& jobs, const std::vector<EffectsSettings>& packages,
+            const PhotoExport::Options& options)
+        : m_jobs(jobs), m_packages(packages), m_options(options), m_warnings(jobs.size()),
+          m_done(jobs.size())
     {
     }
 
-    void Run(const PhotoBatch::Change& change, const PhotoBatch::Ended& ended);
+    void Work();
+    /// Waits for a job and returns what was noticed in its photo.
+    const std::vector<std::string>& WaitFor(std::size_t job);
 
 private:
-    struct Writing
-    {
-        PhotoJob* job;
-        std::vector<std::string> warnings;
-        std::future<void> done;
-    };
-
-    void ReadAhead();
-    void Start(PhotoJob& job, const PhotoBatch::Change& change);
-    void EndOldest(const PhotoBatch::Ended& ended);
-    static void Finish(Writing& writing);
+    void Carry(PhotoJob& job, std::vector<std::string>& warnings) const;
 
     std::vector<PhotoJob>& m_jobs;
-    std::size_t m_parallel;
-    PhotoWriter::Options m_options;
-    std::size_t m_nextToRead = 0;
-    std::deque<std::future<Photo>> m_reading;
-    std::deque<Writing> m_writing;
+    const std::vector<EffectsSettings>& m_packages;
+    const PhotoExport::Options m_options;
+    std::vector<std::vector<std::string>> m_warnings;
+    std::vector<std::promise<void>> m_done;
+    std::atomic<std::size_t> m_next{0};
 };
 
-void Line::ReadAhead()
+void Workers::Work()
 {
-    for (; m_nextToRead < m_jobs.size() && m_reading.size() < m_parallel; ++m_nextToRead)
-        if (m_jobs[m_nextToRead].state == PhotoJob::State::Planned)
-            m_reading.push_back(
-                std::async(std::launch::async, PhotoReader::Read, m_jobs[m_nextToRead].photo));
-}
-
-void Fail(PhotoJob& job, const std::exception& error)
-{
-    job.state = PhotoJob::State::Failed;
-    job.message = QString::fromUtf8(error.what());
-}
-
-void Line::Start(PhotoJob& job, const PhotoBatch::Change& change)
-{
-    Writing writing{&job, {}, {}};
-    if (job.state == PhotoJob::State::Planned) {
-        std::future<Photo> reading = std::move(m_reading.front());
-        m_reading.pop_front();
-        try {
-            Photo photo = reading.get();
-            ReadAhead();
-            writing.warnings = photo.warnings;
-            photo.image = change(photo.image);
-            writing.done =
-                std::async(std::launch::async, Write, job.output, std::move(photo), m_options);
-        } catch (const std::exception& error) {
-            Fail(job, error);
-        }
+    for (std::size_t i = m_next++; i < m_jobs.size(); i = m_next++) {
+        if (m_jobs[i].state == PhotoJob::State::Planned)
+            Carry(m_jobs[i], m_warnings[i]);
+        m_done[i].set_value();
     }
-    m_writing.push_back(std::move(writing));
 }
 
-void Line::Finish(Writing& writing)
+void Workers::Carry(PhotoJob& job, std::vector<std::string>& warnings) const
 {
-    if (!writing.done.valid())
-        return;
     try {
-        writing.done.get();
-        writing.job->state = PhotoJob::State::Written;
+        warnings = PhotoExport().Run(job.photo, job.output, m_packages, m_options).warnings;
+        job.state = PhotoJob::State::Written;
     } catch (const std::exception& error) {
-        Fail(*writing.job, error);
+        job.state = PhotoJob::State::Failed;
+        job.message = QString::fromUtf8(error.what());
     }
 }
 
-void Line::EndOldest(const PhotoBatch::Ended& ended)
+const std::vector<std::string>& Workers::WaitFor(std::size_t job)
 {
-    Finish(m_writing.front());
-    ended(*m_writing.front().job, m_writing.front().warnings);
-    m_writing.pop_front();
-}
-
-void Line::Run(const PhotoBatch::Change& change, const PhotoBatch::Ended& ended)
-{
-    for (PhotoJob& job : m_jobs) {
-        ReadAhead();
-        Start(job, change);
-        if (m_writing.size() > m_parallel)
-            EndOldest(ended);
-    }
-    while (!m_writing.empty())
-        EndOldest(ended);
+    m_done[job].get_future().wait();
+    return m_warnings[job];
 }
 
 } // namespace
@@ -132,9 +74,21 @@ PhotoBatch::PhotoBatch(int parallel, const LumetraHost::PhotoWriter::Options& op
 {
 }
 
-void PhotoBatch::Run(std::vector<PhotoJob>& jobs, const Change& change, const Ended& ended) const
+void PhotoBatch::Run(std::vector<PhotoJob>& jobs, const std::vector<EffectsSettings>& packages,
+                     const Ended& ended) const
 {
-    Line(jobs, static_cast<std::size_t>(m_parallel), m_options).Run(change, ended);
+    const int count = std::min(m_parallel, static_cast<int>(jobs.size()));
+    PhotoExport::Options options;
+    options.writing = m_options;
+    options.threads = std::max(1, ThreadPool::GetShared().GetThreadCount() / std::max(1, count));
+    Workers workers(jobs, packages, options);
+    std::vector<std::future<void>> threads; // wait for their threads when they go
+    for (int i = 0; i < count; ++i)
+        threads.push_back(std::async(std::launch::async, &Workers::Work, &workers));
+    for (std::size_t i = 0; i < jobs.size(); ++i) {
+        const std::vector<std::string>& warnings = workers.WaitFor(i);
+        ended(jobs[i], warnings);
+    }
 }
 
 } // namespace LumetraCli

@@ -2,28 +2,30 @@
 #pragma once
 
 #include "OutputPlan.h"
-#include "photo/Photo.h"
+#include "Zorvik/Quindle/EffectsSettings.h"
 #include "photo/PhotoWriter.h"
 
 #include <functional>
+#include <string>
 #include <vector>
 
 namespace LumetraCli {
 
-/// Reads, changes and writes many photos. Reading and writing run beside the changing, which stays
-/// on the calling thread; at most `parallel` photos are read ahead and as many wait for writing.
-/// One that fails does not stop the others.
+/// Puts effects on many photos, `parallel` of them at the same time: a photo then has a share of
+/// the threads, which costs less than dividing every photo's work. One that fails does not stop the
+/// others.
 class PhotoBatch
 {
 public:
-    using Change = std::function<LumetraHost::Image(const LumetraHost::Image&)>;
-    /// Called with each job when it has ended, in the order of the jobs.
+    /// Called on the calling thread with each job when it has ended, in the order of the jobs.
     using Ended = std::function<void(const PhotoJob&, const std::vector<std::string>& warnings)>;
 
     PhotoBatch(int parallel, const LumetraHost::PhotoWriter::Options& options);
 
-    /// Carries out the planned ones of `jobs`.
-    void Run(std::vector<PhotoJob>& jobs, const Change& change, const Ended& ended) const;
+    /// Carries out the planned ones of `jobs`. Nobody may change the effects meanwhile.
+    void Run(std::vector<PhotoJob>& jobs,
+             const std::vector<Zorvik::Quindle::EffectsSettings>& packages,
+             const Ended& ended) const;
 
 private:
     int m_parallel;

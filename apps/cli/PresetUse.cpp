@@ -6,7 +6,6 @@
 #include "UsageError.h"
 #include "catalogue/NearestName.h"
 #include "core/PresetSession.h"
-#include "photo/Image.h"
 #include "workspace/WorkspaceController.h"
 
 namespace LumetraCli {
@@ -109,18 +108,16 @@ void PresetUse::Tune(EffectPresetModel& model) const
                   EffectPresetModel::TuneRole);
 }
 
-LumetraHost::Image PresetUse::Apply(LumetraPlugin::PresetSession& session,
-                                    const LumetraHost::Image& photo) const
+std::vector<Zorvik::Quindle::EffectsSettings>
+PresetUse::MakePackages(LumetraPlugin::PresetSession& session) const
 {
-    session.OpenPhoto(photo);
+    session.ClosePhoto(); // what is drawn does not depend on the photo
     EffectPresetModel& model = session.GetModel();
     model.setData(m_preset.index, true, EffectPresetModel::AppliedRole);
     Tune(model);
     model.ApplyCurrentChanges(true);
     model.setData(m_preset.index, false, EffectPresetModel::AppliedRole);
-    const LumetraHost::Image result = session.GetWorkspace().GetDrawer().Result();
-    session.ClosePhoto();
-    return result;
+    return session.GetWorkspace().GetDrawer().GetCommittedPackages();
 }
 
 void PresetUse::SaveAs(LumetraPlugin::PresetSession& session, const QString& name) const

@@ -2,15 +2,13 @@
 #pragma once
 
 #include "PresetRows.h"
+#include "Zorvik/Quindle/EffectsSettings.h"
 
 #include <QString>
 #include <QStringList>
 
 #include <optional>
-
-namespace LumetraHost {
-class Image;
-}
+#include <vector>
 
 namespace LumetraPlugin {
 class PresetSession;
@@ -34,10 +32,10 @@ public:
     /// The intensity that the photos get; nothing for a preset without one.
     std::optional<int> GetIntensity() const;
 
-    /// `photo` with the preset on it, made as a user of the panel would: switch the preset on, move
-    /// its sliders and its intensity, commit.
-    LumetraHost::Image Apply(LumetraPlugin::PresetSession& session,
-                             const LumetraHost::Image& photo) const;
+    /// The packages that the preset puts on any photo, made as a user of the panel would: switch
+    /// the preset on, move its sliders and its intensity, commit.
+    std::vector<Zorvik::Quindle::EffectsSettings>
+    MakePackages(LumetraPlugin::PresetSession& session) const;
 
     /// Adds a user preset with these values to the session's model.
     void SaveAs(LumetraPlugin::PresetSession& session, const QString& name) const;

@@ -311,6 +311,15 @@ QByteArray ColorConversion::ToSrgb(DecodedPhoto& photo, std::vector<std::string>
     return GetSrgbProfile();
 }
 
+bool ColorConversion::IsSrgb(PixelMeaning meaning, const QByteArray& iccProfile)
+{
+    if (iccProfile.isEmpty())
+        return !IsCmyk(meaning);
+    const Profile profile = OpenProfile(iccProfile);
+    return profile && GetSourceLayout(meaning, cmsGetColorSpace(profile.get()), false) != 0 &&
+           ActsAsSrgb(profile);
+}
+
 QByteArray ColorConversion::GetSrgbProfile()
 {
     static const QByteArray profile = Save(Profile(cmsCreate_sRGBProfile()));

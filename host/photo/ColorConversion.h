@@ -20,6 +20,10 @@ public:
     /// or belongs to another kind of picture is left out with a warning.
     static QByteArray ToSrgb(DecodedPhoto& photo, std::vector<std::string>& warnings);
 
+    /// True when ToSrgb() would leave the pixels and the profile of a picture as they are, without
+    /// a warning.
+    static bool IsSrgb(PixelMeaning meaning, const QByteArray& iccProfile);
+
     static QByteArray GetSrgbProfile();
     /// Primaries (0.64, 0.33), (0.21, 0.71), (0.15, 0.06), white D65, gamma 563/256: what cameras
     /// mean that say "Adobe RGB" in their EXIF block and embed no profile.

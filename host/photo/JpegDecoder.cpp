@@ -1,203 +1,19 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photo/JpegDecoder.h"
 
-#include "photo/PhotoLimits.h"
-
-#include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
-
-#include <algorithm>
-#include <csetjmp>
-#include <cstdio>
-#include <cstdlib>
-
-#include <jpeglib.h>
-
-#include <jerror.h>
+#include "photo/JpegRowReader.h"
 
 namespace LumetraHost {
 namespace {
 
-/// A progressive file may repeat its scans without end, each costing a pass over the picture.
-constexpr int MostScans = 500;
-constexpr int RowsPerCall = 16;
-
-struct ErrorState
+DecodedPhoto ReadAll(JpegRowReader& reader)
 {
-    jpeg_error_mgr manager; // first, so that the library's pointer leads here
-    std::jmp_buf jump;
-    char text[JMSG_LENGTH_MAX];
-    int code;
-};
-
-[[noreturn]] void Leave(j_common_ptr info)
-{
-    auto* const state = reinterpret_cast<ErrorState*>(info->err);
-    state->code = info->err->msg_code;
-    info->err->format_message(info, state->text);
-    std::longjmp(state->jump, 1);
-}
-
-bool LosesPixels(int code)
-{
-    switch (code) {
-    case JWRN_ARITH_BAD_CODE:
-    case JWRN_BOGUS_PROGRESSION:
-    case JWRN_HIT_MARKER:
-    case JWRN_HUFF_BAD_CODE:
-    case JWRN_JPEG_EOF:
-    case JWRN_MUST_RESYNC:
-    case JWRN_NOT_SEQUENTIAL:
-        return true;
-    default:
-        return false;
-    }
-}
-
-/// The library goes on after a warning and fills what is missing with grey.
-void OnMessage(j_common_ptr info, int level)
-{
-    if (level < 0 && LosesPixels(info->err->msg_code))
-        Leave(info);
-}
-
-void OnProgress(j_common_ptr info)
-{
-    if (reinterpret_cast<j_decompress_ptr>(info)->input_scan_number > MostScans) {
-        info->err->msg_code = JERR_BAD_PROGRESSION;
-        Leave(info);
-    }
-}
-
-bool MeansTruncated(int code)
-{
-    return code == JWRN_JPEG_EOF || code == JERR_INPUT_EOF || code == JERR_INPUT_EMPTY;
-}
-
-/// One decompression. The C library leaves by longjmp, so every call into it stands in a step that
-/// holds nothing to be destroyed.
-class Decompression
-{
-public:
-    Decompression(const Bytes& content, const std::string& name);
-    Decompression(const Decompression&) = delete;
-    Decompression& operator=(const Decompression&) = delete;
-    ~Decompression() { jpeg_destroy_decompress(&m_info); }
-
-    DecodedPhoto Run();
-
-private:
-    template <class Step>
-    void Guard(const Step& step);
-    [[noreturn]] void Throw() const;
-
-    void ReadHeader();
-    PixelMeaning ChooseOutput();
-    QByteArray ReadProfile();
-    void ReadRows(Image& pixels);
-
-    const Bytes& m_content;
-    const std::string& m_name;
-    jpeg_decompress_struct m_info{};
-    ErrorState m_error{};
-    jpeg_progress_mgr m_progress{};
-};
-
-Decompression::Decompression(const Bytes& content, const std::string& name)
-    : m_content(content), m_name(name)
-{
-    m_info.err = jpeg_std_error(&m_error.manager);
-    m_error.manager.error_exit = Leave;
-    m_error.manager.emit_message = OnMessage;
-    m_progress.progress_monitor = OnProgress;
-}
-
-template <class Step>
-void Decompression::Guard(const Step& step)
-{
-    if (setjmp(m_error.jump) != 0)
-        Throw();
-    step();
-}
-
-void Decompression::Throw() const
-{
-    // The library has limits of its own, and says them in its own words.
-    if (m_error.code == JERR_IMAGE_TOO_BIG || m_error.code == JERR_EMPTY_IMAGE)
-        PhotoLimits::Check(m_name, m_info.image_width, m_info.image_height);
-    std::string text = m_name + ": ";
-    if (MeansTruncated(m_error.code)) {
-        text += "the file ends before its picture does: expected ";
-        text += m_info.image_height > 0 ? std::to_string(m_info.image_height) + " rows, found " +
-                                              std::to_string(m_info.output_scanline)
-                                        : std::string("a JPEG header");
-    } else {
-        text += std::string("the JPEG data cannot be read: ") + m_error.text;
-    }
-    throw Zorvik::Exception(text, BOOST_CURRENT_FUNCTION, "photo/JpegDecoder", __LINE__);
-}
-
-void Decompression::ReadHeader()
-{
-    Guard([this] {
-        jpeg_create_decompress(&m_info);
-        m_info.progress = &m_progress;
-        jpeg_mem_src(&m_info, m_content.data(), static_cast<unsigned long>(m_content.size()));
-        jpeg_save_markers(&m_info, JPEG_APP0 + 2, 0xFFFF);
-        jpeg_read_header(&m_info, TRUE);
-    });
-}
-
-PixelMeaning Decompression::ChooseOutput()
-{
-    const J_COLOR_SPACE stored = m_info.jpeg_color_space;
-    if (stored == JCS_CMYK || stored == JCS_YCCK) {
-        m_info.out_color_space = JCS_CMYK;
-        return m_info.saw_Adobe_marker ? PixelMeaning::CmykInverted : PixelMeaning::Cmyk;
-    }
-    m_info.out_color_space = JCS_EXT_RGBA;
-    return stored == JCS_GRAYSCALE ? PixelMeaning::Gray : PixelMeaning::Rgb;
-}
-
-QByteArray Decompression::ReadProfile()
-{
-    JOCTET* data = nullptr;
-    unsigned int size = 0;
-    if (!jpeg_read_icc_profile(&m_info, &data, &size))
-        return {};
-    const QByteArray profile(reinterpret_cast<const char*>(data), static_cast<int>(size));
-    std::free(data);
-    return profile;
-}
-
-void Decompression::ReadRows(Image& pixels)
-{
-    Guard([this, &pixels] {
-        jpeg_start_decompress(&m_info);
-        while (m_info.output_scanline < m_info.output_height) {
-            JSAMPROW rows[RowsPerCall];
-            const auto left = static_cast<int>(m_info.output_height - m_info.output_scanline);
-            const int count = std::min(RowsPerCall, left);
-            for (int row = 0; row < count; ++row)
-                rows[row] = pixels.Row(static_cast<int>(m_info.output_scanline) + row);
-            jpeg_read_scanlines(&m_info, rows, static_cast<JDIMENSION>(count));
-        }
-        jpeg_finish_decompress(&m_info);
-    });
-}
-
-DecodedPhoto Decompression::Run()
-{
-    ReadHeader();
-    PhotoLimits::Check(m_name, m_info.image_width, m_info.image_height);
     DecodedPhoto photo;
-    photo.meaning = ChooseOutput();
-    photo.iccProfile = ReadProfile();
+    photo.meaning = reader.GetMeaning();
+    photo.iccProfile = reader.GetProfile();
     photo.pixels =
-        Image::AllocateUninitialised(static_cast<int>(m_info.image_width),
-                                     static_cast<int>(m_info.image_height), Image::Depth::Bits8);
-    ReadRows(photo.pixels);
+        Image::AllocateUninitialised(reader.GetWidth(), reader.GetHeight(), Image::Depth::Bits8);
+    reader.Read(photo.pixels, 0, reader.GetHeight());
     return photo;
 }
 
@@ -205,7 +21,16 @@ DecodedPhoto Decompression::Run()
 
 DecodedPhoto JpegDecoder::Decode(const Bytes& content, const std::string& name)
 {
-    return Decompression(content, name).Run();
+    JpegRowReader reader(content, name);
+    return ReadAll(reader);
+}
+
+DecodedPhoto JpegDecoder::DecodeScaled(const Bytes& content, const std::string& name,
+                                       int smallestSide)
+{
+    JpegRowReader reader(content, name);
+    reader.ScaleDown(smallestSide);
+    return ReadAll(reader);
 }
 
 } // namespace LumetraHost

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photo/JpegEncoder.h"
 
+#include "photo/MetadataWriter.h"
 #include "photo/RowWriter.h"
 
 #include "Zorvik/Exception.h"
@@ -9,18 +10,23 @@
 
 #include <csetjmp>
 #include <cstdio>
-#include <cstdlib>
+#include <new>
 
 #include <jpeglib.h>
 
 namespace LumetraHost {
 namespace {
 
+/// A photo seldom takes more than this many bytes per pixel. Memory that is not written to costs
+/// nothing, while growing would copy.
+constexpr std::size_t UsualBytesPerPixel = 1;
+
 struct ErrorState
 {
     jpeg_error_mgr manager; // first, so that the library's pointer leads here
     std::jmp_buf jump;
     char text[JMSG_LENGTH_MAX];
+    bool isOutOfMemory;
 };
 
 [[noreturn]] void Leave(j_common_ptr info)
@@ -30,57 +36,99 @@ struct ErrorState
     std::longjmp(state->jump, 1);
 }
 
+/// Where the library puts what it encodes, a buffer at a time.
+struct Destination
+{
+    jpeg_destination_mgr manager; // first, as above
+    Bytes* target;
+    JOCTET buffer[1 << 16];
+};
+
+void Empty(j_compress_ptr info, std::size_t count)
+{
+    auto* const destination = reinterpret_cast<Destination*>(info->dest);
+    auto* const error = reinterpret_cast<ErrorState*>(info->err);
+    try {
+        destination->target->insert(destination->target->end(), destination->buffer,
+                                    destination->buffer + count);
+    } catch (const std::bad_alloc&) {
+        error->isOutOfMemory = true; // no exception may cross the C library
+    }
+    if (error->isOutOfMemory)
+        std::longjmp(error->jump, 1);
+    destination->manager.next_output_byte = destination->buffer;
+    destination->manager.free_in_buffer = sizeof destination->buffer;
+}
+
+void OnBegin(j_compress_ptr info)
+{
+    Empty(info, 0);
+}
+
+boolean OnFull(j_compress_ptr info)
+{
+    Empty(info, sizeof Destination::buffer);
+    return TRUE;
+}
+
+void OnEnd(j_compress_ptr info)
+{
+    Empty(info, sizeof Destination::buffer - info->dest->free_in_buffer);
+}
+
 /// One compression. The C library leaves by longjmp, so every call into it stands in a step that
 /// holds nothing to be destroyed.
-class Compression
+class Compression : public RowEncoder
 {
 public:
-    Compression(const Image& image, const std::string& name);
-    Compression(const Compression&) = delete;
-    Compression& operator=(const Compression&) = delete;
-    ~Compression();
+    Compression(const PictureForm& form, const std::string& name);
+    ~Compression() override { jpeg_destroy_compress(&m_info); }
 
-    Bytes Run(int quality, const QByteArray& iccProfile);
+    void Begin(int quality, const PhotoMetadata& metadata);
+
+    void Write(const Image& rows, int first, int count) override;
+    Bytes Finish() override;
 
 private:
     template <class Step>
     void Guard(const Step& step);
 
     void Configure(int quality);
-    void WriteProfile(const QByteArray& iccProfile);
-    void WriteRows();
+    void WriteMetadata(const PhotoMetadata& metadata);
 
-    const Image& m_image;
-    const std::string& m_name;
+    const PictureForm m_form;
+    const std::string m_name;
     const bool m_direct;
     Bytes m_row;
+    Bytes m_target;
     jpeg_compress_struct m_info{};
     ErrorState m_error{};
-    unsigned char* m_target = nullptr;
-    unsigned long m_targetSize = 0;
+    Destination m_destination{};
 };
 
-Compression::Compression(const Image& image, const std::string& name)
-    : m_image(image), m_name(name),
-      m_direct(image.GetDepth() == Image::Depth::Bits8 && IsOpaque(image)),
-      m_row(m_direct ? 0 : 3 * static_cast<std::size_t>(image.GetWidth()))
+Compression::Compression(const PictureForm& form, const std::string& name)
+    : m_form(form), m_name(name), m_direct(form.depth == Image::Depth::Bits8 && form.isOpaque),
+      m_row(m_direct ? 0 : 3 * static_cast<std::size_t>(form.width))
 {
     m_info.err = jpeg_std_error(&m_error.manager);
     m_error.manager.error_exit = Leave;
-}
-
-Compression::~Compression()
-{
-    jpeg_destroy_compress(&m_info);
-    std::free(m_target);
+    m_destination.manager.init_destination = OnBegin;
+    m_destination.manager.empty_output_buffer = OnFull;
+    m_destination.manager.term_destination = OnEnd;
+    m_destination.target = &m_target;
+    m_target.reserve(UsualBytesPerPixel * static_cast<std::size_t>(form.width) *
+                     static_cast<std::size_t>(form.height));
 }
 
 template <class Step>
 void Compression::Guard(const Step& step)
 {
-    if (setjmp(m_error.jump) != 0)
+    if (setjmp(m_error.jump) != 0) {
+        if (m_error.isOutOfMemory)
+            throw std::bad_alloc();
         throw Zorvik::Exception(m_name + ": cannot be encoded as JPEG: " + m_error.text,
                                 BOOST_CURRENT_FUNCTION, "photo/JpegEncoder", __LINE__);
+    }
     step();
 }
 
@@ -88,61 +136,70 @@ void Compression::Configure(int quality)
 {
     Guard([this, quality] {
         jpeg_create_compress(&m_info);
-        jpeg_mem_dest(&m_info, &m_target, &m_targetSize);
-        m_info.image_width = static_cast<JDIMENSION>(m_image.GetWidth());
-        m_info.image_height = static_cast<JDIMENSION>(m_image.GetHeight());
+        m_info.dest = &m_destination.manager;
+        m_info.image_width = static_cast<JDIMENSION>(m_form.width);
+        m_info.image_height = static_cast<JDIMENSION>(m_form.height);
         m_info.input_components = m_direct ? 4 : 3;
         m_info.in_color_space = m_direct ? JCS_EXT_RGBX : JCS_EXT_RGB;
         jpeg_set_defaults(&m_info);
         jpeg_set_quality(&m_info, quality, TRUE);
-        m_info.optimize_coding = TRUE;
         const int sampling = quality >= JpegEncoder::FullColorQuality ? 1 : 2;
         m_info.comp_info[0].h_samp_factor = sampling;
         m_info.comp_info[0].v_samp_factor = sampling;
     });
 }
 
-void Compression::WriteProfile(const QByteArray& iccProfile)
+void Compression::WriteMetadata(const PhotoMetadata& metadata)
 {
-    if (iccProfile.isEmpty())
-        return;
-    Guard([this, &iccProfile] {
-        jpeg_write_icc_profile(&m_info, reinterpret_cast<const JOCTET*>(iccProfile.constData()),
-                               static_cast<unsigned int>(iccProfile.size()));
+    const auto blocks = MetadataWriter::MakeJpegBlocks(metadata, m_name);
+    Guard([this, &blocks, &metadata] {
+        for (const MetadataWriter::JpegBlock& block : blocks)
+            jpeg_write_marker(&m_info, block.marker,
+                              reinterpret_cast<const JOCTET*>(block.content.constData()),
+                              static_cast<unsigned int>(block.content.size()));
+        if (!metadata.iccProfile.isEmpty())
+            jpeg_write_icc_profile(&m_info,
+                                   reinterpret_cast<const JOCTET*>(metadata.iccProfile.constData()),
+                                   static_cast<unsigned int>(metadata.iccProfile.size()));
     });
 }
 
-void Compression::WriteRows()
-{
-    Guard([this] {
-        while (m_info.next_scanline < m_info.image_height) {
-            const int y = static_cast<int>(m_info.next_scanline);
-            auto* row = const_cast<JSAMPROW>(m_image.Row(y)); // only read
-            if (!m_direct) {
-                row = m_row.data();
-                FlattenRow8(m_image, y, row);
-            }
-            jpeg_write_scanlines(&m_info, &row, 1);
-        }
-        jpeg_finish_compress(&m_info);
-    });
-}
-
-Bytes Compression::Run(int quality, const QByteArray& iccProfile)
+void Compression::Begin(int quality, const PhotoMetadata& metadata)
 {
     Configure(quality);
     Guard([this] { jpeg_start_compress(&m_info, TRUE); });
-    WriteProfile(iccProfile);
-    WriteRows();
-    return Bytes(m_target, m_target + m_targetSize);
+    WriteMetadata(metadata);
+}
+
+void Compression::Write(const Image& rows, int first, int count)
+{
+    Guard([&, this] {
+        for (int y = first; y < first + count; ++y) {
+            auto* row = const_cast<JSAMPROW>(rows.Row(y)); // only read
+            if (!m_direct) {
+                row = m_row.data();
+                FlattenRow8(rows, y, row);
+            }
+            jpeg_write_scanlines(&m_info, &row, 1);
+        }
+    });
+}
+
+Bytes Compression::Finish()
+{
+    Guard([this] { jpeg_finish_compress(&m_info); });
+    return std::move(m_target);
 }
 
 } // namespace
 
-Bytes JpegEncoder::Encode(const Image& image, int quality, const QByteArray& iccProfile,
-                          const std::string& name)
+std::unique_ptr<RowEncoder> JpegEncoder::Start(const PictureForm& form, int quality,
+                                               const PhotoMetadata& metadata,
+                                               const std::string& name)
 {
-    return Compression(image, name).Run(quality, iccProfile);
+    auto compression = std::make_unique<Compression>(form, name);
+    compression->Begin(quality, metadata);
+    return compression;
 }
 
 } // namespace LumetraHost

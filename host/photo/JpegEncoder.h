@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "photo/Image.h"
-#include "photo/PhotoFormat.h"
+#include "photo/PhotoMetadata.h"
+#include "photo/RowEncoder.h"
 
-#include <QByteArray>
-
+#include <memory>
 #include <string>
 
 namespace LumetraHost {
 
-/// Encodes sequential JPEG with 8 bits per channel, YCbCr, with Huffman tables made for the
-/// picture. Alpha is composed over white. Metadata other than the colour profile is not its matter.
+/// Encodes sequential JPEG with 8 bits per channel, YCbCr, with the standard's Huffman tables: own
+/// tables would need all coefficients of the picture in memory and a second pass. Alpha is composed
+/// over white.
 class JpegEncoder
 {
 public:
@@ -19,9 +19,11 @@ public:
     /// (4:2:0).
     static constexpr int FullColorQuality = 90;
 
-    /// `quality` 1..100, `name` begins the text of every Zorvik::Exception.
-    static Bytes Encode(const Image& image, int quality, const QByteArray& iccProfile,
-                        const std::string& name);
+    /// Begins a file with all its metadata. `quality` 1..100, `name` begins the text of every
+    /// Zorvik::Exception, which is thrown for a metadata block above 64 kB too.
+    static std::unique_ptr<RowEncoder> Start(const PictureForm& form, int quality,
+                                             const PhotoMetadata& metadata,
+                                             const std::string& name);
 };
 
 } // namespace LumetraHost

@@ -67,6 +67,35 @@ Bytes WriteBlocks(const Bytes& encoded, bool withExif, const PhotoMetadata& meta
     return Bytes(data, data + io.size());
 }
 
+/// A JPEG file as far as the metadata library looks: the start, the JFIF segment, one of another
+/// kind and an empty scan.
+Bytes MakeCarrier()
+{
+    return {0xFF, 0xD8, 0xFF, 0xE0, 0x00, 0x10, 'J',  'F',  'I',  'F',  0x00, 0x01, 0x01,
+            0x00, 0x00, 0x01, 0x00, 0x01, 0x00, 0x00, 0xFF, 0xDB, 0x00, 0x03, 0x00, 0xFF,
+            0xDA, 0x00, 0x08, 0x01, 0x01, 0x00, 0x00, 0x3F, 0x00, 0xFF, 0xD9};
+}
+
+/// The application segments before the picture, without that of JFIF.
+std::vector<MetadataWriter::JpegBlock> FindBlocks(const Bytes& jpeg)
+{
+    constexpr int firstApplication = 0xE0;
+    constexpr int lastApplication = 0xEF;
+    std::vector<MetadataWriter::JpegBlock> blocks;
+    std::size_t position = 2;
+    while (position + 4 <= jpeg.size()) {
+        const int marker = jpeg[position + 1];
+        if (marker < firstApplication || marker > lastApplication)
+            break;
+        const std::size_t size = jpeg[position + 2] * 256u + jpeg[position + 3];
+        const auto* const content = reinterpret_cast<const char*>(jpeg.data() + position + 4);
+        if (marker != firstApplication)
+            blocks.push_back({marker, QByteArray(content, static_cast<int>(size) - 2)});
+        position += 2 + size;
+    }
+    return blocks;
+}
+
 void AppendBigEndian(Bytes& bytes, std::uint32_t value)
 {
     for (int shift = 24; shift >= 0; shift -= 8)
@@ -107,6 +136,21 @@ PhotoMetadata MetadataWriter::Normalise(const PhotoMetadata& metadata, int width
     });
 }
 
+PhotoMetadata MetadataWriter::NormaliseOrDrop(const PhotoMetadata& metadata, int width, int height,
+                                              const std::string& name,
+                                              std::vector<std::string>& warnings)
+{
+    try {
+        return Normalise(metadata, width, height, name);
+    } catch (const Zorvik::Exception& error) {
+        warnings.push_back(error.GetDescription() + "; EXIF and XMP are left out");
+    }
+    PhotoMetadata result = metadata;
+    result.exif.clear();
+    result.xmp.clear();
+    return result;
+}
+
 std::optional<MetadataWriter::Resolution>
 MetadataWriter::GetResolution(const PhotoMetadata& metadata, const std::string& name)
 {
@@ -118,6 +162,14 @@ MetadataWriter::GetResolution(const PhotoMetadata& metadata, const std::string& 
         MetadataTags::DecodeExif(metadata.exif, tags);
         return ReadResolution(tags);
     });
+}
+
+std::vector<MetadataWriter::JpegBlock> MetadataWriter::MakeJpegBlocks(const PhotoMetadata& metadata,
+                                                                      const std::string& name)
+{
+    if (metadata.exif.isEmpty() && metadata.xmp.isEmpty() && metadata.iptc.isEmpty())
+        return {};
+    return FindBlocks(Embed(MakeCarrier(), PhotoFormat::Jpeg, metadata, name));
 }
 
 Bytes MetadataWriter::Embed(Bytes encoded, PhotoFormat format, const PhotoMetadata& metadata,

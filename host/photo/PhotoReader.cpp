@@ -17,6 +17,7 @@
 
 #include <boost/current_function.hpp>
 
+#include <algorithm>
 #include <optional>
 
 namespace LumetraHost {
@@ -28,8 +29,67 @@ namespace {
                             __LINE__);
 }
 
-Bytes ReadFile(const QString& path, const std::string& name)
+/// `smallestSide` 0: at full size.
+DecodedPhoto DecodePixels(const Bytes& content, const std::string& name, int smallestSide)
 {
+    if (content.empty())
+        Fail(name, "the file is empty: expected a JPEG, PNG or TIFF picture");
+    const std::optional<PhotoFormat> format = DetectPhotoFormat(content);
+    if (!format)
+        Fail(name, "expected a JPEG, PNG or TIFF picture, found other content");
+    switch (*format) {
+    case PhotoFormat::Jpeg:
+        return smallestSide > 0 ? JpegDecoder::DecodeScaled(content, name, smallestSide)
+                                : JpegDecoder::Decode(content, name);
+    case PhotoFormat::Png:
+        return PngDecoder::Decode(content, name);
+    case PhotoFormat::Tiff:
+        return TiffDecoder::Decode(content, name);
+    }
+    Fail(name, "unknown format");
+}
+
+/// Cameras that say Adobe RGB only in the EXIF block embed no profile.
+void AddImpliedProfile(DecodedPhoto& decoded, const MetadataReader::Result& metadata)
+{
+    const bool colored = decoded.meaning == PixelMeaning::Rgb;
+    if (decoded.iccProfile.isEmpty() && metadata.adobeRgb && colored)
+        decoded.iccProfile = ColorConversion::GetAdobeRgbProfile();
+}
+
+Photo Finish(DecodedPhoto decoded, const Bytes& content, const std::string& name)
+{
+    Photo photo;
+    MetadataReader::Result read = MetadataReader::Read(content, decoded.exif, photo.warnings);
+    AddImpliedProfile(decoded, read);
+    read.metadata.iccProfile = ColorConversion::ToSrgb(decoded, photo.warnings);
+    photo.image =
+        TurnUpright(decoded.pixels, read.orientation != 0 ? read.orientation : decoded.orientation);
+    photo.metadata = MetadataWriter::NormaliseOrDrop(read.metadata, photo.image.GetWidth(),
+                                                     photo.image.GetHeight(), name, photo.warnings);
+    return photo;
+}
+
+} // namespace
+
+Photo PhotoReader::Read(const QString& path)
+{
+    return Decode(ReadContent(path), path.toStdString());
+}
+
+Photo PhotoReader::Decode(const Bytes& content, const std::string& name)
+{
+    return Finish(DecodePixels(content, name, 0), content, name);
+}
+
+Photo PhotoReader::DecodeReduced(const Bytes& content, const std::string& name, int smallestSide)
+{
+    return Finish(DecodePixels(content, name, std::max(1, smallestSide)), content, name);
+}
+
+Bytes PhotoReader::ReadContent(const QString& path)
+{
+    const std::string name = path.toStdString();
     const QFileInfo info(path);
     if (!info.exists())
         Fail(name, "there is no such file");
@@ -47,68 +107,6 @@ Bytes ReadFile(const QString& path, const std::string& name)
     if (file.read(reinterpret_cast<char*>(content.data()), size) != size)
         Fail(name, "the file cannot be read: " + file.errorString().toStdString());
     return content;
-}
-
-DecodedPhoto DecodePixels(const Bytes& content, const std::string& name)
-{
-    if (content.empty())
-        Fail(name, "the file is empty: expected a JPEG, PNG or TIFF picture");
-    const std::optional<PhotoFormat> format = DetectPhotoFormat(content);
-    if (!format)
-        Fail(name, "expected a JPEG, PNG or TIFF picture, found other content");
-    switch (*format) {
-    case PhotoFormat::Jpeg:
-        return JpegDecoder::Decode(content, name);
-    case PhotoFormat::Png:
-        return PngDecoder::Decode(content, name);
-    case PhotoFormat::Tiff:
-        return TiffDecoder::Decode(content, name);
-    }
-    Fail(name, "unknown format");
-}
-
-/// Cameras that say Adobe RGB only in the EXIF block embed no profile.
-void AddImpliedProfile(DecodedPhoto& decoded, const MetadataReader::Result& metadata)
-{
-    const bool colored = decoded.meaning == PixelMeaning::Rgb;
-    if (decoded.iccProfile.isEmpty() && metadata.adobeRgb && colored)
-        decoded.iccProfile = ColorConversion::GetAdobeRgbProfile();
-}
-
-/// The metadata of an upright picture; a block in which that cannot be said is left out.
-PhotoMetadata NormaliseOrDrop(const PhotoMetadata& metadata, const Image& image,
-                              const std::string& name, std::vector<std::string>& warnings)
-{
-    PhotoMetadata result = metadata;
-    try {
-        result = MetadataWriter::Normalise(metadata, image.GetWidth(), image.GetHeight(), name);
-    } catch (const Zorvik::Exception& error) {
-        warnings.push_back(error.GetDescription() + "; EXIF and XMP are left out");
-        result.exif.clear();
-        result.xmp.clear();
-    }
-    return result;
-}
-
-} // namespace
-
-Photo PhotoReader::Read(const QString& path)
-{
-    const std::string name = path.toStdString();
-    return Decode(ReadFile(path, name), name);
-}
-
-Photo PhotoReader::Decode(const Bytes& content, const std::string& name)
-{
-    DecodedPhoto decoded = DecodePixels(content, name);
-    Photo photo;
-    MetadataReader::Result read = MetadataReader::Read(content, decoded.exif, photo.warnings);
-    AddImpliedProfile(decoded, read);
-    read.metadata.iccProfile = ColorConversion::ToSrgb(decoded, photo.warnings);
-    photo.image =
-        TurnUpright(decoded.pixels, read.orientation != 0 ? read.orientation : decoded.orientation);
-    photo.metadata = NormaliseOrDrop(read.metadata, photo.image, name, photo.warnings);
-    return photo;
 }
 
 } // namespace LumetraHost

@@ -21,6 +21,13 @@ public:
     static Photo Read(const QString& path);
     /// The same for a file in memory; `name` stands for it in errors.
     static Photo Decode(const Bytes& content, const std::string& name);
+    /// A smaller picture for previews and thumbnails, at a fraction of the cost where the format
+    /// allows it: its longer side has at least `smallestSide` pixels where the photo has them, and
+    /// may be as large as the photo.
+    static Photo DecodeReduced(const Bytes& content, const std::string& name, int smallestSide);
+
+    /// The bytes of a photo file. Zorvik::Exception when it is no file, too large or unreadable.
+    static Bytes ReadContent(const QString& path);
 };
 
 } // namespace LumetraHost

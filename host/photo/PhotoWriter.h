@@ -3,9 +3,11 @@
 
 #include "photo/Photo.h"
 #include "photo/PhotoFormat.h"
+#include "photo/RowEncoder.h"
 
 #include <QString>
 
+#include <memory>
 #include <string>
 
 namespace LumetraHost {
@@ -27,6 +29,15 @@ public:
     /// block that the format cannot hold, a full disk. The old file is then untouched.
     static void Write(const QString& path, const Photo& photo, const Options& options);
     static void Write(const QString& path, const Photo& photo) { Write(path, photo, Options()); }
+
+    /// The format of a file name to be written; Zorvik::Exception for an unknown extension.
+    static PhotoFormat GetFormatOf(const QString& path);
+
+    /// Begins a file in memory whose rows come later: the same file as Encode() makes. `metadata`
+    /// are those of an upright picture.
+    static std::unique_ptr<RowEncoder> Start(const PictureForm& form, const PhotoMetadata& metadata,
+                                             PhotoFormat format, const Options& options,
+                                             const std::string& name);
 
     /// The encoded file in memory; `name` stands for it in errors.
     static Bytes Encode(const Photo& photo, PhotoFormat format, const Options& options,

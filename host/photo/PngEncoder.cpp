@@ -25,18 +25,16 @@ constexpr int CompressionStrategy = Z_RLE;
 
 /// One encoding. The C library leaves by longjmp, so every call into it stands in a step that holds
 /// nothing to be destroyed.
-class Encoding
+class Encoding : public RowEncoder
 {
 public:
-    Encoding(const Image& image, const std::string& name)
-        : m_image(image), m_name(name), m_opaque(IsOpaque(image))
-    {
-    }
-    Encoding(const Encoding&) = delete;
-    Encoding& operator=(const Encoding&) = delete;
-    ~Encoding() { png_destroy_write_struct(&m_png, &m_info); }
+    Encoding(const PictureForm& form, const std::string& name);
+    ~Encoding() override { png_destroy_write_struct(&m_png, &m_info); }
 
-    Bytes Run(const QByteArray& iccProfile);
+    void Begin(const QByteArray& iccProfile);
+
+    void Write(const Image& rows, int first, int count) override;
+    Bytes Finish() override;
 
 private:
     static void OnError(png_structp png, png_const_charp text);
@@ -50,11 +48,10 @@ private:
     void Create();
     void WriteHeader();
     void WriteProfile(const QByteArray& profile);
-    void WriteRows();
 
-    const Image& m_image;
-    const std::string& m_name;
-    const bool m_opaque;
+    const PictureForm m_form;
+    const std::string m_name;
+    Bytes m_row;
     Bytes m_target;
     bool m_outOfMemory = false;
     png_structp m_png = nullptr;
@@ -62,6 +59,14 @@ private:
     std::jmp_buf m_jump;
     char m_text[200] = "";
 };
+
+Encoding::Encoding(const PictureForm& form, const std::string& name)
+    : m_form(form), m_name(name),
+      m_row(form.isOpaque ? 3 * (form.depth == Image::Depth::Bits16 ? 2u : 1u) *
+                                static_cast<std::size_t>(form.width)
+                          : 0)
+{
+}
 
 void Encoding::OnError(png_structp png, png_const_charp text)
 {
@@ -115,11 +120,11 @@ void Encoding::WriteHeader()
 {
     Guard([this] {
         png_set_write_fn(m_png, this, OnWrite, OnFlush);
-        png_set_IHDR(m_png, m_info, static_cast<png_uint_32>(m_image.GetWidth()),
-                     static_cast<png_uint_32>(m_image.GetHeight()),
-                     static_cast<int>(8 * m_image.GetBytesPerChannel()),
-                     m_opaque ? PNG_COLOR_TYPE_RGB : PNG_COLOR_TYPE_RGB_ALPHA, PNG_INTERLACE_NONE,
-                     PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+        png_set_IHDR(m_png, m_info, static_cast<png_uint_32>(m_form.width),
+                     static_cast<png_uint_32>(m_form.height),
+                     m_form.depth == Image::Depth::Bits16 ? 16 : 8,
+                     m_form.isOpaque ? PNG_COLOR_TYPE_RGB : PNG_COLOR_TYPE_RGB_ALPHA,
+                     PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
         png_set_compression_strategy(m_png, CompressionStrategy);
         png_set_filter(m_png, PNG_FILTER_TYPE_BASE, PNG_FILTER_PAETH);
     });
@@ -136,38 +141,43 @@ void Encoding::WriteProfile(const QByteArray& profile)
     });
 }
 
-void Encoding::WriteRows()
-{
-    Bytes row(m_opaque
-                  ? 3 * m_image.GetBytesPerChannel() * static_cast<std::size_t>(m_image.GetWidth())
-                  : 0);
-    Guard([this, &row] {
-        png_write_info(m_png, m_info);
-        if (Q_BYTE_ORDER == Q_LITTLE_ENDIAN && m_image.GetDepth() == Image::Depth::Bits16)
-            png_set_swap(m_png);
-        for (int y = 0; y < m_image.GetHeight(); ++y) {
-            if (m_opaque)
-                CopyRowWithoutAlpha(m_image, y, row.data());
-            png_write_row(m_png, m_opaque ? row.data() : m_image.Row(y));
-        }
-        png_write_end(m_png, m_info);
-    });
-}
-
-Bytes Encoding::Run(const QByteArray& iccProfile)
+void Encoding::Begin(const QByteArray& iccProfile)
 {
     Create();
     WriteHeader();
     WriteProfile(iccProfile);
-    WriteRows();
+    Guard([this] {
+        png_write_info(m_png, m_info);
+        if (Q_BYTE_ORDER == Q_LITTLE_ENDIAN && m_form.depth == Image::Depth::Bits16)
+            png_set_swap(m_png);
+    });
+}
+
+void Encoding::Write(const Image& rows, int first, int count)
+{
+    Guard([&, this] {
+        for (int y = first; y < first + count; ++y) {
+            if (m_form.isOpaque)
+                CopyRowWithoutAlpha(rows, y, m_row.data());
+            png_write_row(m_png, m_form.isOpaque ? m_row.data() : rows.Row(y));
+        }
+    });
+}
+
+Bytes Encoding::Finish()
+{
+    Guard([this] { png_write_end(m_png, m_info); });
     return std::move(m_target);
 }
 
 } // namespace
 
-Bytes PngEncoder::Encode(const Image& image, const QByteArray& iccProfile, const std::string& name)
+std::unique_ptr<RowEncoder> PngEncoder::Start(const PictureForm& form, const QByteArray& iccProfile,
+                                              const std::string& name)
 {
-    return Encoding(image, name).Run(iccProfile);
+    auto encoding = std::make_unique<Encoding>(form, name);
+    encoding->Begin(iccProfile);
+    return encoding;
 }
 
 } // namespace LumetraHost

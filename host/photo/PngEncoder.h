@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "photo/Image.h"
-#include "photo/PhotoFormat.h"
+#include "photo/RowEncoder.h"
 
 #include <QByteArray>
 
+#include <memory>
 #include <string>
 
 namespace LumetraHost {
@@ -16,7 +16,8 @@ class PngEncoder
 {
 public:
     /// `name` begins the text of every Zorvik::Exception.
-    static Bytes Encode(const Image& image, const QByteArray& iccProfile, const std::string& name);
+    static std::unique_ptr<RowEncoder> Start(const PictureForm& form, const QByteArray& iccProfile,
+                                             const std::string& name);
 };
 
 } // namespace LumetraHost

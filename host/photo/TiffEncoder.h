@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "photo/Image.h"
-#include "photo/PhotoFormat.h"
 #include "photo/PhotoMetadata.h"
+#include "photo/RowEncoder.h"
 
+#include <memory>
 #include <string>
 
 namespace LumetraHost {
@@ -17,7 +17,8 @@ class TiffEncoder
 {
 public:
     /// `name` begins the text of every Zorvik::Exception.
-    static Bytes Encode(const Image& image, const PhotoMetadata& metadata, const std::string& name);
+    static std::unique_ptr<RowEncoder> Start(const PictureForm& form, const PhotoMetadata& metadata,
+                                             const std::string& name);
 };
 
 } // namespace LumetraHost

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/CancelToken.h"
+#include "engine/ThreadPool.h"
+
+#include "photo/PhotoWriter.h"
+
+#include "Zorvik/Quindle/EffectsSettings.h"
+
+#include <QString>
+
+#include <string>
+#include <vector>
+
+namespace LumetraHost {
+
+/// Carries photos from file to file through packages of effects, each of which is blended with the
+/// picture below it and rounded once. JPEG files that are upright and sRGB are streamed: bands of
+/// rows are decoded, drawn and encoded at the same time, and only what the effects still look at is
+/// kept. All others are read whole. Both ways make the same file. Usable from several threads.
+class PhotoExport
+{
+public:
+    struct Options
+    {
+        PhotoWriter::Options writing;
+        int threads = 0;                     ///< below 1: all of the pool
+        const CancelToken* cancel = nullptr; ///< may stop the export from another thread
+        bool isStreamed = true;              ///< where possible; false: never
+    };
+
+    struct Result
+    {
+        bool isWritten = false;            ///< false when it was cancelled
+        std::vector<std::string> warnings; ///< see Photo
+    };
+
+    /// `pool` is kept by reference.
+    explicit PhotoExport(ThreadPool& pool = ThreadPool::GetShared()) : m_pool(&pool) {}
+
+    /// Creates or replaces the file at `target`, whose extension says the format, and its folder.
+    /// Zorvik::Exception as from PhotoReader and PhotoWriter; the old file is then untouched.
+    Result Run(const QString& source, const QString& target,
+               const std::vector<Zorvik::Quindle::EffectsSettings>& packages,
+               const Options& options) const;
+
+    /// The file in memory; empty when it was cancelled. `sourceName` and `targetName` begin the
+    /// texts of exceptions.
+    Bytes Convert(const Bytes& source, const std::string& sourceName, PhotoFormat format,
+                  const std::string& targetName,
+                  const std::vector<Zorvik::Quindle::EffectsSettings>& packages,
+                  const Options& options, std::vector<std::string>& warnings) const;
+
+private:
+    ThreadPool* m_pool;
+};
+
+} // namespace LumetraHost

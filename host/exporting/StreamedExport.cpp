@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "exporting/StreamedExport.h"
+
+#include "engine/Blend.h"
+#include "engine/bands/PictureRun.h"
+#include "photo/ColorConversion.h"
+#include "photo/MetadataReader.h"
+#include "photo/MetadataWriter.h"
+
+#include <algorithm>
+#include <deque>
+
+namespace LumetraHost {
+namespace {
+
+using Zorvik::Quindle::EffectsSettings;
+
+/// A package that changes something, with its way over the picture.
+struct Layer
+{
+    Layer(const EffectsSettings& package, const PictureRunForm& form)
+        : plan(package.Effects(), {form.isa, PictureArea::Whole(form.width, form.height)}),
+          run(plan, WithWeight(form, package))
+    {
+    }
+
+    static PictureRunForm WithWeight(PictureRunForm form, const EffectsSettings& package)
+    {
+        form.sourceWeight = GetSourceWeight(package.GetBlendAmount());
+        return form;
+    }
+
+    const RenderPlan plan;
+    PictureRun run;
+};
+
+bool ChangesNothing(const EffectsSettings& package, const PictureRunForm& form)
+{
+    const bool isSource = ClampBlendAmount(package.GetBlendAmount()) == SourceOnly;
+    return isSource ||
+           RenderPlan(package.Effects(), {form.isa, PictureArea::Whole(form.width, form.height)})
+               .IsEmpty();
+}
+
+/// Decoding, the layers and encoding as one band graph, with a ring of pixel rows between them.
+class Stream
+{
+public:
+    Stream(JpegRowReader& reader, const PictureRunForm& form) : m_reader(reader), m_form(form) {}
+
+    void AddLayer(const EffectsSettings& package) { m_layers.emplace_back(package, m_form); }
+    /// False when it was cancelled.
+    bool Run(RowEncoder& encoder, ThreadPool& pool, const CancelToken* cancel);
+
+private:
+    /// The rows of one band and where they stand in their ring.
+    struct BandRows
+    {
+        int first;
+        int count;
+    };
+
+    Image& AddRing(int latency);
+    BandRows GetRows(int band, const Image& ring) const;
+    int GetBandCount() const;
+    int AddLayers(BandGraph& graph, int node);
+
+    JpegRowReader& m_reader;
+    PictureRunForm m_form;
+    std::deque<Layer> m_layers;
+    std::deque<Image> m_rings;
+};
+
+int Stream::GetBandCount() const
+{
+    return (m_form.height + PictureRun::BandRows - 1) / PictureRun::BandRows;
+}
+
+/// Holds what the reader of the ring is behind, and a band for each thread to work ahead.
+Image& Stream::AddRing(int latency)
+{
+    const int bands = std::min(latency + 2 + m_form.threads, GetBandCount());
+    m_rings.push_back(Image::AllocateUninitialised(m_form.width, bands * PictureRun::BandRows,
+                                                   Image::Depth::Bits8));
+    return m_rings.back();
+}
+
+Stream::BandRows Stream::GetRows(int band, const Image& ring) const
+{
+    const int y = band * PictureRun::BandRows;
+    return {y % ring.GetHeight(), std::min(PictureRun::BandRows, m_form.height - y)};
+}
+
+int Stream::AddLayers(BandGraph& graph, int node)
+{
+    for (std::size_t i = 0; i < m_layers.size(); ++i) {
+        Image& source = m_rings.back();
+        const bool isLast = i + 1 == m_layers.size();
+        Image& target = AddRing(isLast ? 0 : m_layers[i + 1].run.GetLatency());
+        node = m_layers[i].run.AddTo(graph, RowWindow(source), RowWindow(target), node);
+    }
+    return node;
+}
+
+bool Stream::Run(RowEncoder& encoder, ThreadPool& pool, const CancelToken* cancel)
+{
+    BandGraph graph(GetBandCount());
+    Image& decoded = AddRing(m_layers.empty() ? 0 : m_layers.front().run.GetLatency());
+    const auto decode = [this, &decoded](int band, int) {
+        const BandRows rows = GetRows(band, decoded);
+        m_reader.Read(decoded, rows.first, rows.count);
+    };
+    const int last = AddLayers(graph, graph.AddNode(decode, true));
+    const Image& drawn = m_rings.back();
+    const auto encode = [this, &drawn, &encoder](int band, int) {
+        const BandRows rows = GetRows(band, drawn);
+        encoder.Write(drawn, rows.first, rows.count);
+    };
+    const int end = graph.AddNode(encode, true);
+    graph.Connect(last, end, drawn.GetHeight() / PictureRun::BandRows);
+    return graph.Run(pool, m_form.threads, cancel);
+}
+
+} // namespace
+
+std::unique_ptr<StreamedExport> StreamedExport::Open(const Bytes& content, const std::string& name)
+{
+    if (DetectPhotoFormat(content) != PhotoFormat::Jpeg)
+        return nullptr;
+    std::unique_ptr<StreamedExport> streamed(new StreamedExport(content, name));
+    const JpegRowReader& reader = streamed->m_reader;
+    auto read = MetadataReader::Read(content, {}, streamed->m_warnings);
+    const QByteArray profile = reader.GetProfile();
+    const bool isOtherSpace = profile.isEmpty() && read.adobeRgb;
+    if (read.orientation > 1 || isOtherSpace ||
+        !ColorConversion::IsSrgb(reader.GetMeaning(), profile))
+        return nullptr;
+    read.metadata.iccProfile = profile;
+    streamed->m_metadata = MetadataWriter::NormaliseOrDrop(
+        read.metadata, reader.GetWidth(), reader.GetHeight(), name, streamed->m_warnings);
+    return streamed;
+}
+
+Bytes StreamedExport::Run(const std::vector<EffectsSettings>& packages, PhotoFormat format,
+                          const std::string& targetName, const PhotoExport::Options& options,
+                          ThreadPool& pool, std::vector<std::string>& warnings)
+{
+    warnings = m_warnings;
+    PictureRunForm form;
+    form.width = m_reader.GetWidth();
+    form.height = m_reader.GetHeight();
+    form.isa = GetDefaultIsa();
+    form.threads = options.threads < 1 ? pool.GetThreadCount()
+                                       : std::min(options.threads, pool.GetThreadCount());
+    Stream stream(m_reader, form);
+    for (const EffectsSettings& package : packages)
+        if (!ChangesNothing(package, form))
+            stream.AddLayer(package);
+    const PictureForm picture{form.width, form.height, form.depth, true};
+    const auto encoder =
+        PhotoWriter::Start(picture, m_metadata, format, options.writing, targetName);
+    return stream.Run(*encoder, pool, options.cancel) ? encoder->Finish() : Bytes();
+}
+
+} // namespace LumetraHost

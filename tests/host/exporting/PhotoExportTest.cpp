@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "exporting/PhotoExport.h"
+#include "exporting/StreamedExport.h"
+
+#include "host/engine/TestPictures.h"
+#include "host/photo/PhotoSamples.h"
+
+#include "engine/Renderer.h"
+#include "photo/ColorConversion.h"
+#include "photo/MetadataTags.h"
+#include "photo/PhotoReader.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+#include <exiv2/exiv2.hpp>
+
+using namespace LumetraHost;
+using LumetraTest::ErrorOf;
+using LumetraTest::MakePattern;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+using Zorvik::Quindle::EffectsSettings;
+
+namespace {
+
+using Packages = std::vector<EffectsSettings>;
+
+Bytes MakeJpeg(int width, int height, const QByteArray& profile = {})
+{
+    Photo photo;
+    photo.image = MakePattern(width, height, Image::Depth::Bits8);
+    photo.metadata.iccProfile = profile;
+    return PhotoWriter::Encode(photo, PhotoFormat::Jpeg, {}, "sample");
+}
+
+Bytes AddTags(const Bytes& jpeg, int orientation)
+{
+    MetadataTags::Initialise();
+    const auto file = Exiv2::ImageFactory::open(jpeg.data(), static_cast<long>(jpeg.size()));
+    file->readMetadata();
+    file->exifData()["Exif.Image.Make"] = "Lumetra Works";
+    file->exifData()["Exif.Image.Orientation"] = static_cast<std::uint16_t>(orientation);
+    file->iptcData()["Iptc.Application2.City"] = "Berlin";
+    file->xmpData()["Xmp.xmp.Rating"] = "4";
+    file->writeMetadata();
+    file->io().open();
+    const Exiv2::byte* const data = file->io().mmap();
+    return Bytes(data, data + file->io().size());
+}
+
+Packages MakeColours()
+{
+    return {MakeSettings({MakeEffect("exposure", {{"stops", 0.4}}),
+                          MakeEffect("contrast", {{"amount", 20}}),
+                          MakeEffect("vignette", {{"amount", -1}})},
+                         60)};
+}
+
+Packages MakeNeighbours()
+{
+    return {MakeSettings({MakeEffect("exposure", {{"stops", 0.4}}),
+                          MakeEffect("clarity", {{"amount", 60}, {"radius", 3}}),
+                          MakeEffect("sharpen", {{"amount", 80}, {"radius", 0.2}}),
+                          MakeEffect("grain", {{"amount", 30}})},
+                         100)};
+}
+
+Packages MakeLayers()
+{
+    Packages packages = MakeColours();
+    packages.push_back(MakeSettings({MakeEffect("exposure", {})}));
+    packages.push_back(MakeNeighbours().front());
+    packages.push_back(MakeSettings({MakeEffect("saturation", {{"amount", -40}})}, 255));
+    packages.push_back(MakeSettings({MakeEffect("gaussianBlur", {{"radius", 2}})}, 200));
+    return packages;
+}
+
+struct Converted
+{
+    Bytes file;
+    std::vector<std::string> warnings;
+};
+
+Converted Convert(const Bytes& content, const Packages& packages, bool isStreamed, int threads,
+                  PhotoFormat format = PhotoFormat::Jpeg)
+{
+    ThreadPool pool(3);
+    PhotoExport::Options options;
+    options.isStreamed = isStreamed;
+    options.threads = threads;
+    Converted result;
+    result.file = PhotoExport(pool).Convert(content, "in.jpg", format, "out", packages, options,
+                                            result.warnings);
+    return result;
+}
+
+bool CanStream(const Bytes& content)
+{
+    return StreamedExport::Open(content, "in.jpg") != nullptr;
+}
+
+class StreamedExports : public testing::TestWithParam<int>
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(Threads, StreamedExports, testing::Values(1, 2, 4));
+
+TEST_P(StreamedExports, makeTheFileOfTheWholePicture)
+{
+    const Bytes jpeg = AddTags(MakeJpeg(309, 517, ColorConversion::GetSrgbProfile()), 1);
+    ASSERT_TRUE(CanStream(jpeg));
+    for (const Packages& packages : {Packages(), MakeColours(), MakeNeighbours(), MakeLayers()})
+        for (const auto format : {PhotoFormat::Jpeg, PhotoFormat::Png, PhotoFormat::Tiff}) {
+            const Converted streamed = Convert(jpeg, packages, true, GetParam(), format);
+            const Converted whole = Convert(jpeg, packages, false, 1, format);
+            EXPECT_EQ(streamed.file, whole.file)
+                << packages.size() << " packages, format " << int(format);
+            EXPECT_EQ(streamed.warnings, whole.warnings);
+        }
+}
+
+TEST_P(StreamedExports, doSoForSmallAndNarrowPictures)
+{
+    for (const auto& [width, height] : {std::pair{1, 1}, {1, 300}, {300, 1}, {40, 33}, {64, 64}}) {
+        const Bytes jpeg = MakeJpeg(width, height);
+        EXPECT_EQ(Convert(jpeg, MakeLayers(), true, GetParam()).file,
+                  Convert(jpeg, MakeLayers(), false, 1).file)
+            << width << " x " << height;
+    }
+}
+
+TEST(PhotoExport, drawsThePackagesOneOnTheOther)
+{
+    const Bytes jpeg = MakeJpeg(100, 80);
+    Photo expected = PhotoReader::Decode(jpeg, "in.jpg");
+    for (const EffectsSettings& package : MakeLayers())
+        expected.image = Renderer().Render(expected.image, package);
+
+    const Bytes png = Convert(jpeg, MakeLayers(), true, 2, PhotoFormat::Png).file;
+
+    EXPECT_TRUE(HaveSamePixels(PhotoReader::Decode(png, "out.png").image, expected.image));
+}
+
+TEST(PhotoExport, keepsMetadataAndProfile)
+{
+    const Bytes jpeg = AddTags(MakeJpeg(64, 48, ColorConversion::GetSrgbProfile()), 1);
+    const Photo before = PhotoReader::Decode(jpeg, "in.jpg");
+
+    const Photo after = PhotoReader::Decode(Convert(jpeg, MakeColours(), true, 2).file, "out.jpg");
+
+    EXPECT_EQ(after.metadata.exif, before.metadata.exif);
+    EXPECT_EQ(after.metadata.xmp, before.metadata.xmp);
+    EXPECT_EQ(after.metadata.iptc, before.metadata.iptc);
+    EXPECT_EQ(after.metadata.iccProfile, ColorConversion::GetSrgbProfile());
+    EXPECT_FALSE(after.metadata.exif.isEmpty());
+    EXPECT_FALSE(after.metadata.xmp.isEmpty());
+    EXPECT_FALSE(after.metadata.iptc.isEmpty());
+}
+
+TEST(PhotoExport, turnsAndConvertsWhatCannotBeStreamed)
+{
+    const Bytes turned = AddTags(MakeJpeg(60, 40), 6);
+    const Bytes wide = MakeJpeg(60, 40, ColorConversion::GetAdobeRgbProfile());
+    Photo transparent;
+    transparent.image = MakePattern(60, 40, Image::Depth::Bits16, LumetraTest::Alpha::Varying);
+    const Bytes png = PhotoWriter::Encode(transparent, PhotoFormat::Png, {}, "in.png");
+    for (const Bytes& content : {turned, wide, png}) {
+        EXPECT_FALSE(CanStream(content));
+        EXPECT_EQ(Convert(content, MakeColours(), true, 2).file,
+                  Convert(content, MakeColours(), false, 1).file);
+    }
+    const Bytes result = Convert(turned, MakeColours(), true, 2).file;
+    EXPECT_EQ(PhotoReader::Decode(result, "out.jpg").image.GetWidth(), 40);
+}
+
+TEST(PhotoExport, refusesATruncatedPhotoAndLeavesTheOldFile)
+{
+    const QTemporaryDir folder;
+    Bytes jpeg = MakeJpeg(200, 300);
+    jpeg.resize(jpeg.size() / 2);
+    const QString source = folder.filePath(QStringLiteral("in.jpg"));
+    const QString target = folder.filePath(QStringLiteral("out.jpg"));
+    LumetraTest::WriteFile(source, jpeg);
+    LumetraTest::WriteFile(target, {1, 2, 3});
+
+    const std::string error =
+        ErrorOf([&] { PhotoExport().Run(source, target, MakeColours(), PhotoExport::Options()); });
+
+    EXPECT_THAT(error, AllOf(HasSubstr(source.toStdString()), HasSubstr("expected 300 rows")));
+    EXPECT_EQ(LumetraTest::ReadFile(target), (Bytes{1, 2, 3}));
+}
+
+TEST(PhotoExport, writesIntoANewFolder)
+{
+    const QTemporaryDir folder;
+    const QString source = folder.filePath(QStringLiteral("in.jpg"));
+    const QString target = folder.filePath(QStringLiteral("new/deep/out.png"));
+    LumetraTest::WriteFile(source, MakeJpeg(20, 30));
+
+    const auto result = PhotoExport().Run(source, target, {}, PhotoExport::Options());
+
+    EXPECT_TRUE(result.isWritten);
+    EXPECT_THAT(result.warnings, IsEmpty());
+    EXPECT_EQ(PhotoReader::Read(target).image.GetHeight(), 30);
+}
+
+TEST(PhotoExport, writesNothingWhenCancelled)
+{
+    const QTemporaryDir folder;
+    const QString source = folder.filePath(QStringLiteral("in.jpg"));
+    const QString target = folder.filePath(QStringLiteral("out.jpg"));
+    LumetraTest::WriteFile(source, MakeJpeg(200, 300));
+    CancelToken cancel;
+    cancel.Cancel();
+    PhotoExport::Options options;
+    options.cancel = &cancel;
+    for (const bool isStreamed : {true, false}) {
+        options.isStreamed = isStreamed;
+        EXPECT_FALSE(PhotoExport().Run(source, target, MakeColours(), options).isWritten);
+        EXPECT_FALSE(QFile::exists(target));
+    }
+}
+
+TEST(PhotoExport, namesTheTargetOfAnUnknownKind)
+{
+    EXPECT_THAT(ErrorOf([] {
+                    PhotoExport().Run(QStringLiteral("in.jpg"), QStringLiteral("out.bmp"), {},
+                                      PhotoExport::Options());
+                }),
+                StartsWith("out.bmp: expected a file name that ends in"));
+}
+
+} // namespace
