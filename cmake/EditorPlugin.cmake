@@ -1,4 +1,4 @@
-# SPDX-License-Identifier: GPL-2.0-or-later
+# SPDX-License-Identifier: MIT
 # lumetra_editor_plugin(TARGET): the module TARGET is built into, and installed into, the folder that the
 # editor loads its modules from.
 function(lumetra_editor_plugin target)

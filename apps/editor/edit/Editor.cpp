@@ -36,6 +36,7 @@ Editor::Editor(QObject* parent)
     connect(&m_loader, &PhotoLoader::loaded, this, &Editor::TakePhoto);
     connect(&m_loader, &PhotoLoader::failed, this,
             [this](const QString&, const QString& message) { RefusePhoto(message); });
+    connect(&m_sidecar, &Sidecar::problem, this, &Editor::messageGiven);
 }
 
 Editor::~Editor()
@@ -75,17 +76,28 @@ void Editor::ClosePhoto()
 
 void Editor::SetPhoto(const QString& path, const Photo& photo)
 {
+    SaveEdit();
     m_undoStack.clear();
     ShowOnPhoto(nullptr);
     m_path = path;
     m_photo = photo;
+    m_state = {};
     m_workspace->GetDrawer().SetPhoto(photo.image);
     m_isRestoring = true;
     for (const Panel& panel : m_panels)
         panel.panel->PhotoChanged();
     m_isRestoring = false;
-    m_state = CaptureEdit();
     emit photoChanged();
+    if (HasPhoto())
+        OpenSidecar();
+}
+
+void Editor::OpenSidecar()
+{
+    const auto kept = m_sidecar.Open(m_path);
+    if (kept)
+        RestoreEdit(*kept);
+    m_state = CaptureEdit();
 }
 
 // Panels
@@ -117,7 +129,42 @@ bool Editor::HasUnsavedChanges() const
                        [](const Panel& panel) { return panel.panel->HasUnsavedChanges(); });
 }
 
+void Editor::DiscardUnsavedChanges()
+{
+    EditState state;
+    state.committed = m_workspace->GetDrawer().GetCommittedPackages();
+    RestoreEdit(state);
+    m_state = CaptureEdit();
+    KeepEdit();
+}
+
 // The edit
+
+void Editor::KeepEdit()
+{
+    m_sidecar.Write(m_state);
+}
+
+void Editor::SaveEdit()
+{
+    if (!HasPhoto())
+        return;
+    EditState state = CaptureEdit();
+    if (!(state == m_state)) { // such as a drag that has not ended
+        m_state = std::move(state);
+        KeepEdit();
+    }
+    m_sidecar.Flush();
+}
+
+std::vector<EffectsSettings> Editor::GetPackages() const
+{
+    const auto& drawer = m_workspace->GetDrawer();
+    std::vector<EffectsSettings> packages = drawer.GetCommittedPackages();
+    for (EffectsSettings& package : drawer.GetOpenPackages())
+        packages.push_back(std::move(package));
+    return packages;
+}
 
 EditState Editor::CaptureEdit() const
 {

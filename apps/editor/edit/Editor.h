@@ -5,6 +5,7 @@
 #include "LumetraEditor/IEditorPlugin.h"
 #include "background/PhotoLoader.h"
 #include "edit/EditState.h"
+#include "edit/Sidecar.h"
 
 #include <QObject>
 #include <QUndoStack>
@@ -53,7 +54,14 @@ public:
     QWidget* AddPanel(const LoadedPlugin& plugin);
     /// Before their widgets go.
     void RemovePanels();
+    /// Some panel shows what has not been applied for good.
     bool HasUnsavedChanges() const;
+    /// Takes off what the panels show and have not applied for good.
+    void DiscardUnsavedChanges();
+    /// Returns when the edit as it is at this moment is on the disk.
+    void SaveEdit();
+    /// All packages on the photo, bottom first.
+    std::vector<Zorvik::Quindle::EffectsSettings> GetPackages() const;
     /// The edit as it is at this moment.
     EditState CaptureEdit() const;
 
@@ -86,7 +94,10 @@ private:
     void TakePhoto(const QString& path, const LumetraHost::Photo& photo);
     void RefusePhoto(const QString& message);
     void SetPhoto(const QString& path, const LumetraHost::Photo& photo);
+    /// What the photo's sidecar tells, or the bare photo.
+    void OpenSidecar();
     void RestoreEdit(const EditState& state);
+    void KeepEdit();
     void RestorePackages(const std::vector<Zorvik::Quindle::EffectsSettings>& committed);
 
     std::shared_ptr<LumetraHost::WorkspaceController> m_workspace;
@@ -97,6 +108,7 @@ private:
     std::optional<Zorvik::Quindle::EffectsSettings> m_shownOnTop;
     EditState m_state; ///< after the last step
     bool m_isRestoring = false;
+    Sidecar m_sidecar;
     QUndoStack m_undoStack;
 };
 

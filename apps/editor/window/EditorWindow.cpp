@@ -5,6 +5,8 @@
 #include "canvas/CanvasFeed.h"
 #include "canvas/PhotoCanvas.h"
 #include "edit/Editor.h"
+#include "export/ExportDialog.h"
+#include "export/Exporter.h"
 #include "plugins/PluginLoader.h"
 #include "window/EditorActions.h"
 #include "window/FileDrop.h"
@@ -12,11 +14,10 @@
 #include "window/Icons.h"
 #include "window/MessageBar.h"
 #include "window/PhotoText.h"
+#include "window/Questions.h"
 #include "window/ShortcutsDialog.h"
 #include "window/StartPage.h"
 #include "window/Theme.h"
-
-#include "Zorvik/Util/AlertBox.h"
 
 #include <QAction>
 #include <QApplication>
@@ -56,7 +57,8 @@ EditorWindow::EditorWindow(Editor& editor)
       m_feed(new CanvasFeed(editor, *m_canvas, this)), m_side(new QWidget(m_splitter)),
       m_histogram(new HistogramWidget(m_side)), m_panels(new QTabWidget(m_side)),
       m_messages(new MessageBar(m_centre)), m_photoText(new QLabel(this)),
-      m_zoomText(new QLabel(this)), m_progress(new QProgressBar(this))
+      m_zoomText(new QLabel(this)), m_progress(new QProgressBar(this)),
+      m_cancel(new QToolButton(this)), m_exporter(new Exporter(this))
 {
     setObjectName(QStringLiteral("editorWindow"));
     setWindowIcon(MakeProgramIcon());
@@ -67,6 +69,7 @@ EditorWindow::EditorWindow(Editor& editor)
     BuildStatusBar();
     ConnectActions();
     ConnectEditor();
+    ConnectExporter();
     RestoreWays();
     ShowPhoto();
 }
@@ -143,7 +146,12 @@ void EditorWindow::BuildStatusBar()
     m_progress->hide();
     statusBar()->setSizeGripEnabled(false);
     statusBar()->addWidget(m_photoText, 1);
+    m_cancel->setObjectName(QStringLiteral("cancelExport"));
+    m_cancel->setFocusPolicy(Qt::StrongFocus);
+    m_cancel->setAutoRaise(true);
+    m_cancel->hide();
     statusBar()->addPermanentWidget(m_progress);
+    statusBar()->addPermanentWidget(m_cancel);
     statusBar()->addPermanentWidget(m_zoomText);
 }
 
@@ -155,6 +163,7 @@ void EditorWindow::ConnectActions()
     on(m_actions->open, [this] { AskForPhoto(); });
     on(m_actions->previousPhoto, [this] { OpenNeighbour(-1); });
     on(m_actions->nextPhoto, [this] { OpenNeighbour(1); });
+    on(m_actions->exportPhoto, [this] { ExportPhoto(); });
     on(m_actions->closePhoto, [this] { m_editor.ClosePhoto(); });
     on(m_actions->quit, [this] { close(); });
     on(m_actions->fit, [this] { m_canvas->Fit(); });
@@ -171,7 +180,7 @@ void EditorWindow::ConnectActions()
     on(m_actions->english, [this] { UseLanguage(QStringLiteral("en")); });
     on(m_actions->german, [this] { UseLanguage(QStringLiteral("de")); });
     on(m_actions->shortcuts, [this] { ShowShortcuts(); });
-    on(m_actions->about, [this] { ShowAbout(); });
+    on(m_actions->about, [this] { ShowAbout(this); });
     on(m_actions->clearRecent, [this] {
         m_settings.ClearRecentPhotos();
         ShowRecentPhotos();
@@ -197,6 +206,24 @@ void EditorWindow::ConnectEditor()
     connect(&m_editor, &Editor::messageGiven, m_messages, &MessageBar::Show);
     connect(m_canvas, &PhotoCanvas::zoomChanged, this, &EditorWindow::ShowZoom);
     connect(m_feed, &CanvasFeed::frameShown, this, &EditorWindow::ShowHistogram);
+}
+
+void EditorWindow::ConnectExporter()
+{
+    connect(m_cancel, &QToolButton::clicked, m_exporter, &Exporter::Cancel);
+    connect(m_exporter, &Exporter::progressed, m_progress, &QProgressBar::setValue);
+    connect(m_exporter, &Exporter::failed, this, [this](const QString& message) {
+        EndExport();
+        m_messages->Show(message);
+    });
+    connect(m_exporter, &Exporter::cancelled, this, [this] {
+        EndExport();
+        m_messages->Show(tr("The export was cancelled."));
+    });
+    connect(m_exporter, &Exporter::finished, this, [this](const QString& path) {
+        EndExport();
+        m_messages->Show(tr("Exported to %1").arg(path));
+    });
 }
 
 void EditorWindow::RestoreWays()
@@ -269,12 +296,40 @@ void EditorWindow::ShowOpening(const QString& path)
     m_progress->show();
 }
 
+// Exporting
+
+void EditorWindow::ExportPhoto()
+{
+    const auto& image = m_editor.GetPhoto().image;
+    ExportDialog dialog(m_editor.GetPhotoPath(), {image.GetWidth(), image.GetHeight()}, m_settings,
+                        this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    m_exporter->Start(std::make_shared<ExportJob>(m_editor.GetPhoto(), m_editor.GetPackages(),
+                                                  dialog.GetOptions()));
+    m_actions->exportPhoto->setEnabled(false);
+    m_progress->setRange(0, 100);
+    m_progress->setValue(0);
+    m_progress->setAccessibleName(tr("Exporting"));
+    m_progress->show();
+    m_cancel->show();
+}
+
+void EditorWindow::EndExport()
+{
+    m_cancel->hide();
+    ShowPhoto();
+}
+
+// What is shown of the photo
+
 void EditorWindow::ShowPhoto()
 {
     const bool hasPhoto = m_editor.HasPhoto();
-    m_progress->hide();
+    m_progress->setVisible(m_exporter->IsRunning());
     m_centre->setCurrentWidget(hasPhoto ? static_cast<QWidget*>(m_canvas) : m_start);
     m_actions->SetPhotoEnabled(hasPhoto);
+    m_actions->exportPhoto->setEnabled(hasPhoto && !m_exporter->IsRunning());
     m_compare->setEnabled(hasPhoto);
     m_zoomText->setVisible(hasPhoto);
     setWindowFilePath(m_editor.GetPhotoPath());
@@ -348,6 +403,8 @@ void EditorWindow::Translate()
     m_compare->setText(tr("Compare"));
     m_compare->setToolTip(tr("Hold to see the original (Space)"));
     m_compare->setAccessibleName(tr("Hold to see the original"));
+    m_cancel->setText(tr("Cancel"));
+    m_cancel->setAccessibleName(tr("Cancel the export"));
     m_toolBar->setWindowTitle(tr("Tools"));
     m_side->setAccessibleName(tr("Side Panel"));
     m_panels->setAccessibleName(tr("Panels"));
@@ -358,17 +415,6 @@ void EditorWindow::Translate()
 void EditorWindow::ShowShortcuts()
 {
     ShortcutsDialog(*m_actions, this).exec();
-}
-
-void EditorWindow::ShowAbout()
-{
-    Zorvik::Util::AlertBox(Zorvik::Util::AlertBox::Level::Information, tr("About Lumetra"),
-                           tr("Lumetra %1\nA photo editor built around presets.\n\n"
-                              "Free software under the GNU General Public License, version 2 or "
-                              "later.")
-                               .arg(QCoreApplication::applicationVersion()),
-                           QMessageBox::Ok, this, Qt::WindowFlags())
-        .Exec();
 }
 
 // Events
@@ -384,7 +430,9 @@ void EditorWindow::changeEvent(QEvent* event)
 
 bool EditorWindow::MayClose()
 {
-    return true;
+    if (m_exporter->IsRunning() && !AskToStopExport(this))
+        return false;
+    return !m_editor.HasPhoto() || !m_editor.HasUnsavedChanges() || AskToLeaveEdit(m_editor, this);
 }
 
 void EditorWindow::closeEvent(QCloseEvent* event)
@@ -393,6 +441,7 @@ void EditorWindow::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
+    m_editor.SaveEdit();
     m_settings.Set(GeometryKey, saveGeometry());
     m_settings.Set(SplitterKey, m_splitter->saveState());
     event->accept();

@@ -19,6 +19,7 @@ namespace LumetraEditor {
 class CanvasFeed;
 class Editor;
 class EditorActions;
+class Exporter;
 class HistogramWidget;
 class MessageBar;
 class PhotoCanvas;
@@ -45,6 +46,7 @@ public:
     void UsePalette(LumetraHost::PaletteKind kind);
     void UseLanguage(const QString& language);
 
+    Exporter& GetExporter() { return *m_exporter; }
     PhotoCanvas& GetCanvas() { return *m_canvas; }
     CanvasFeed& GetFeed() { return *m_feed; }
     EditorActions& GetActions() { return *m_actions; }
@@ -64,15 +66,17 @@ private:
     void ConnectEditor();
     void RestoreWays();
 
+    void ConnectExporter();
     void AskForPhoto();
     void OpenNeighbour(int step);
     void ShowPhoto();
     void ShowZoom(double zoom);
     void ShowOpening(const QString& path);
+    void ExportPhoto();
+    void EndExport();
     void ShowRecentPhotos();
     void ShowHistogram();
     void ShowShortcuts();
-    void ShowAbout();
     void UpdateNeighbours();
     void Translate();
     bool MayClose();
@@ -97,6 +101,8 @@ private:
     QLabel* m_photoText;
     QLabel* m_zoomText;
     QProgressBar* m_progress;
+    QToolButton* m_cancel;
+    Exporter* m_exporter;
 };
 
 } // namespace LumetraEditor

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "export/ExportOptions.h"
+
+#include <QDialog>
+
+class QCheckBox;
+class QComboBox;
+class QFormLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QSlider;
+class QSpinBox;
+
+namespace LumetraEditor {
+
+class EditorSettings;
+
+/// Asks how the photo is to be exported, and where to. Starts with what was chosen the last time.
+class ExportDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// `settings` is kept by reference. `size` is the photo's.
+    ExportDialog(const QString& photo, const QSize& size, EditorSettings& settings,
+                 QWidget* parent = nullptr);
+
+    ExportOptions GetOptions() const;
+
+public slots:
+    /// Asks before a file is written over.
+    void accept() override;
+
+private:
+    void BuildForm();
+    void Connect();
+    void Restore();
+    void Remember() const;
+    LumetraHost::PhotoFormat GetFormat() const;
+    void FormatChanged();
+    void SizeChanged();
+    void Browse();
+    bool MayReplace(const QString& path);
+
+    QString m_photo;
+    QSize m_size;
+    EditorSettings& m_settings;
+    QFormLayout* m_form;
+    QComboBox* m_format;
+    QSlider* m_quality;
+    QSpinBox* m_qualityNumber;
+    QComboBox* m_bits;
+    QComboBox* m_sizeKind;
+    QSpinBox* m_longestSide;
+    QLabel* m_resultSize;
+    QCheckBox* m_metadata;
+    QCheckBox* m_profile;
+    QLineEdit* m_path;
+    QPushButton* m_browse;
+    QPushButton* m_export;
+};
+
+} // namespace LumetraEditor

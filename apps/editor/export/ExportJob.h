@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "export/ExportOptions.h"
+
+#include "engine/CancelToken.h"
+#include "photo/Photo.h"
+#include "photo/PhotoFormat.h"
+
+#include "Zorvik/Quindle/EffectsSettings.h"
+
+#include <functional>
+#include <vector>
+
+namespace LumetraEditor {
+
+/// One photo on its way into a file: rendered in full, resized, encoded, written. It holds copies
+/// of all that it needs, so that the edit can go on meanwhile. One thread runs it; any may cancel
+/// it.
+class ExportJob
+{
+public:
+    /// What the user is told; percent of the whole, 0 to 100.
+    using Progress = std::function<void(int percent)>;
+
+    /// `packages` are drawn in this order, bottom first.
+    ExportJob(const LumetraHost::Photo& photo,
+              const std::vector<Zorvik::Quindle::EffectsSettings>& packages,
+              const ExportOptions& options);
+
+    /// False when it was cancelled; the file is then as it was. Zorvik::Exception naming the file
+    /// when it fails.
+    bool Run(const Progress& progress);
+    void Cancel() { m_cancel.Cancel(); }
+
+    const ExportOptions& GetOptions() const { return m_options; }
+
+private:
+    bool RenderPackages(const Progress& progress);
+    void Resize();
+    void PrepareMetadata();
+    bool Encode(LumetraHost::Bytes& encoded) const;
+
+    LumetraHost::Photo m_photo;
+    std::vector<Zorvik::Quindle::EffectsSettings> m_packages;
+    ExportOptions m_options;
+    LumetraHost::CancelToken m_cancel;
+};
+
+} // namespace LumetraEditor

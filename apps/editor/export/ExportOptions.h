@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "photo/PhotoFormat.h"
+
+#include <QString>
+
+namespace LumetraEditor {
+
+/// What an export is to look like.
+struct ExportOptions
+{
+    QString path;
+    LumetraHost::PhotoFormat format = LumetraHost::PhotoFormat::Jpeg;
+    int quality = 92;         ///< 1 to 100, JPEG alone
+    int bits = 8;             ///< 8 or 16 per channel; JPEG always 8
+    int longestSide = 0;      ///< pixels; 0: the photo's own size. A photo is never enlarged.
+    bool keepMetadata = true; ///< EXIF, IPTC and XMP
+    bool embedProfile = true; ///< sRGB; without, programs take it for sRGB too
+};
+
+/// "jpg", "png" or "tif".
+QString GetSuffix(LumetraHost::PhotoFormat format);
+
+} // namespace LumetraEditor

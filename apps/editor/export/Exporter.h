@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "background/BackgroundThread.h"
+#include "export/ExportJob.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace LumetraEditor {
+
+/// Runs one export at a time beside the GUI thread.
+class Exporter : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Exporter(QObject* parent = nullptr);
+    /// Cancels what is running and waits for it.
+    ~Exporter() override;
+
+    /// Ends with exactly one of finished(), failed() and cancelled(). Not while one is running.
+    void Start(std::shared_ptr<ExportJob> job);
+    bool IsRunning() const { return m_job != nullptr; }
+
+public slots:
+    void Cancel();
+
+signals:
+    void progressed(int percent);
+    void finished(const QString& path);
+    /// `message` names the file.
+    void failed(const QString& message);
+    void cancelled();
+
+private:
+    struct Outcome;
+
+    void End(const Outcome& outcome);
+
+    std::shared_ptr<ExportJob> m_job;
+    BackgroundThread m_thread;
+};
+
+} // namespace LumetraEditor

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "window/Questions.h"
+
+#include "edit/Editor.h"
+
+#include "Zorvik/Lumetra/StyleProvider.h"
+#include "Zorvik/Util/AlertBox.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace LumetraEditor {
+namespace {
+
+using Zorvik::Util::AlertBox;
+
+struct Questions
+{
+    Q_DECLARE_TR_FUNCTIONS(LumetraEditor::Questions)
+};
+
+} // namespace
+
+bool AskToStopExport(QWidget* parent)
+{
+    AlertBox box(AlertBox::Level::Warning, QStringLiteral("Lumetra"),
+                 Questions::tr("The export has not finished. Quit all the same?"),
+                 QMessageBox::Yes | QMessageBox::No, parent, Qt::WindowFlags());
+    Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::No}, QMessageBox::No);
+    return box.Exec() != QMessageBox::No;
+}
+
+bool AskToLeaveEdit(Editor& editor, QWidget* parent)
+{
+    AlertBox box(AlertBox::Level::Warning, QStringLiteral("Lumetra"),
+                 Questions::tr("The look on “%1” has not been applied for good.\n\n"
+                               "Save keeps it beside the photo for the next time, Discard takes "
+                               "it off.")
+                     .arg(QFileInfo(editor.GetPhotoPath()).fileName()),
+                 QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, parent,
+                 Qt::WindowFlags());
+    Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Save}, QMessageBox::Save);
+    const auto answer = box.Exec();
+    if (answer == QMessageBox::Discard)
+        editor.DiscardUnsavedChanges();
+    return answer != QMessageBox::Cancel;
+}
+
+void ShowAbout(QWidget* parent)
+{
+    AlertBox(AlertBox::Level::Information, Questions::tr("About Lumetra"),
+             Questions::tr("Lumetra %1\nA photo editor built around presets.\n\nFree software "
+                           "under the GNU General Public License, version 2 or later.")
+                 .arg(QCoreApplication::applicationVersion()),
+             QMessageBox::Ok, parent, Qt::WindowFlags())
+        .Exec();
+}
+
+} // namespace LumetraEditor

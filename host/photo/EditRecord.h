@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QByteArray>
+
+#include <string>
+#include <vector>
+
+namespace LumetraHost {
+
+/// One preset that was put on a photo, as exported photos tell of it.
+struct EditRecord
+{
+    std::string preset;
+    int intensity = 100; ///< percent: the share of the preset's full effect
+};
+
+/// Keeps the presets of a photo in its XMP packet: an ordered array "Presets" of structures with
+/// "Name" and "Intensity" in a namespace of their own, and "xmp:CreatorTool".
+class EditRecords
+{
+public:
+    static constexpr char NAMESPACE[] = "https://lumetra.org/ns/edit/1.0/";
+
+    /// `packet` with the records added after those that it has; empty: a new packet. The other
+    /// properties stay. Zorvik::Exception for a damaged packet, which then is left as it is.
+    static QByteArray Add(const QByteArray& packet, const std::vector<EditRecord>& records,
+                          const std::string& creatorTool);
+    /// The records of a packet, bottom first. Zorvik::Exception for a damaged packet.
+    static std::vector<EditRecord> Read(const QByteArray& packet);
+};
+
+} // namespace LumetraHost
