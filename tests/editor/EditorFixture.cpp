@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QMouseEvent>
 #include <QSettings>
 
 namespace LumetraTest {
@@ -36,6 +37,20 @@ void WaitUntil(const std::function<bool()>& isDone)
 {
     while (!isDone())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void Drag(QWidget& widget, const QPoint& from, const QPoint& to)
+{
+    const auto send = [&widget](QEvent::Type type, const QPoint& at, Qt::MouseButtons down) {
+        QMouseEvent event(type, at, widget.mapToGlobal(at),
+                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, down,
+                          Qt::NoModifier);
+        QApplication::sendEvent(&widget, &event);
+    };
+    send(QEvent::MouseButtonPress, from, Qt::LeftButton);
+    send(QEvent::MouseMove, (from + to) / 2, Qt::LeftButton);
+    send(QEvent::MouseMove, to, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, to, Qt::NoButton);
 }
 
 EditorFolder::EditorFolder()

@@ -17,6 +17,9 @@ namespace LumetraTest {
 /// Lets events happen until `isDone`; a condition that never comes hangs the test.
 void WaitUntil(const std::function<bool()>& isDone);
 
+/// The left button goes down, the pointer moves, the button comes up.
+void Drag(QWidget& widget, const QPoint& from, const QPoint& to);
+
 /// A folder of its own for the files of a test, and for what programs keep of their users.
 class EditorFolder : public testing::Test
 {

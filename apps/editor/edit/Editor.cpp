@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "edit/Editor.h"
 
+#include "drawer/AsyncPreviews.h"
 #include "edit/EditStep.h"
 #include "engine/EffectKinds.h"
 #include "plugins/PluginLoader.h"
@@ -17,6 +18,7 @@
 namespace LumetraEditor {
 namespace {
 
+using LumetraHost::AsyncPreviews;
 using LumetraHost::Photo;
 using LumetraHost::WorkspaceController;
 using Zorvik::Quindle::EffectsSettings;
@@ -30,12 +32,17 @@ void LockDrawer(bool isLocked)
 } // namespace
 
 Editor::Editor(QObject* parent)
-    : QObject(parent), m_workspace(std::make_shared<WorkspaceController>())
+    : QObject(parent), m_workspace(std::make_shared<WorkspaceController>()),
+      m_previews(std::make_unique<AsyncPreviews>(m_workspace->GetDrawer()))
 {
     LumetraHost::RegisterEffects();
     connect(&m_loader, &PhotoLoader::loaded, this, &Editor::TakePhoto);
     connect(&m_loader, &PhotoLoader::failed, this,
             [this](const QString&, const QString& message) { RefusePhoto(message); });
+    connect(m_previews.get(), &AsyncPreviews::previewReady, this, [this](const QString& key) {
+        for (const Panel& panel : m_panels)
+            panel.panel->PreviewReady(key);
+    });
     connect(&m_sidecar, &Sidecar::problem, this, &Editor::messageGiven);
 }
 
@@ -213,9 +220,13 @@ void Editor::NoteEdit(const QString& text)
     EditState after = CaptureEdit();
     if (after == m_state)
         return;
-    m_undoStack.push(
-        new EditStep(text, m_state, after, [this](const EditState& state) { RestoreEdit(state); }));
+    const auto restore = [this](const EditState& state) {
+        RestoreEdit(state);
+        KeepEdit();
+    };
+    m_undoStack.push(new EditStep(text, m_state, after, restore));
     m_state = std::move(after);
+    KeepEdit();
 }
 
 void Editor::PushUndo(QUndoCommand* command)
@@ -241,14 +252,17 @@ void Editor::ShowOnPhoto(const EffectsSettings* settings)
     emit shownOnTopChanged();
 }
 
-Zorvik::Proc::Frame Editor::RequestPreview(const QString& /*key*/,
+Zorvik::Proc::Frame Editor::RequestPreview(const QString& key,
                                            const Zorvik::Proc::FrameTarget& target,
                                            const EffectsSettings& settings)
 {
-    return m_workspace->GetDrawer().RenderPreview(target, settings, 1, 0, 1);
+    return m_previews->Request(key, target, settings);
 }
 
-void Editor::CancelPreviews() {}
+void Editor::CancelPreviews()
+{
+    m_previews->CancelAll();
+}
 
 void Editor::ShowMessage(const QString& text)
 {

@@ -15,8 +15,9 @@
 #include <vector>
 
 namespace LumetraHost {
+class AsyncPreviews;
 class WorkspaceController;
-}
+} // namespace LumetraHost
 
 namespace LumetraEditor {
 
@@ -42,6 +43,8 @@ public:
     const LumetraHost::Photo& GetPhoto() const { return m_photo; }
 
     LumetraHost::WorkspaceController& GetHost() { return *m_workspace; }
+    /// For those who wait for a panel's previews.
+    LumetraHost::AsyncPreviews& GetPreviews() { return *m_previews; }
     QUndoStack& GetUndoStack() { return m_undoStack; }
     /// What a panel shows on the photo without having applied it.
     const std::optional<Zorvik::Quindle::EffectsSettings>& GetShownOnTop() const
@@ -101,6 +104,7 @@ private:
     void RestorePackages(const std::vector<Zorvik::Quindle::EffectsSettings>& committed);
 
     std::shared_ptr<LumetraHost::WorkspaceController> m_workspace;
+    std::unique_ptr<LumetraHost::AsyncPreviews> m_previews;
     PhotoLoader m_loader;
     QString m_path;
     LumetraHost::Photo m_photo;
