@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/lut3d/LookUpTable.h"
+
+#include <QString>
+
+namespace LumetraHost {
+
+/// Reads a HaldCLUT: a square picture of level^3 x level^3 pixels that holds a cube of level^2
+/// points along each axis, red running fastest. Levels 2 to 12. Source: E. Wheeler's definition,
+/// http://www.quelsolaar.com/technology/clut.html.
+class HaldReader
+{
+public:
+    /// The cube; larger ones than 65 points are sampled down to that. Zorvik::Exception naming the
+    /// file.
+    static LookUpTable Read(const QString& path);
+};
+
+} // namespace LumetraHost

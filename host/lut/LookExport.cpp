@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "lut/LookExport.h"
+
+#include "engine/EffectKinds.h"
+#include "engine/Renderer.h"
+
+#include "Zorvik/Exception.h"
+#include "Zorvik/Proc/SettingsEffectEmpty.h"
+
+#include <boost/current_function.hpp>
+
+#include <algorithm>
+#include <cmath>
+
+namespace LumetraHost {
+namespace {
+
+using Zorvik::Quindle::EffectPtr;
+using Zorvik::Quindle::EffectsSettings;
+
+bool Fits(const EffectPtr& effect)
+{
+    if (!effect || effect->GetEffectID() == Zorvik::Proc::SettingsEffectEmpty::EFFECT_ID)
+        return true;
+    const EffectKind* const kind = EffectKinds::Find(effect->GetEffectID());
+    if (!kind)
+        return false;
+    if (kind->reach == EffectReach::ColourOnly)
+        return true;
+    const StageContext context{Isa::Baseline, PictureArea::Whole(1024, 1024)};
+    return kind->reach == EffectReach::Spatial ? !kind->createPass(*effect, context)
+                                               : !kind->createStage(*effect, context);
+}
+
+std::string Quote(const std::vector<std::string>& names)
+{
+    std::string text;
+    for (const std::string& name : names)
+        text += (text.empty() ? "\"" : ", \"") + name + "\"";
+    return text;
+}
+
+/// One pixel for each entry of the table.
+Image MakePicture(const LookUpTable& table)
+{
+    const int width = table.size * table.size;
+    Image picture = Image::Allocate(width, table.size, Image::Depth::Bits16);
+    const float* value = table.values.data();
+    for (int y = 0; y < table.size; ++y) {
+        std::uint16_t* const row = picture.Row16(y);
+        for (int x = 0; x < width; ++x, value += LookUpTable::Stride) {
+            for (int c = 0; c < 3; ++c)
+                row[4 * x + c] = static_cast<std::uint16_t>(std::lround(value[c] * 65535.0f));
+            row[4 * x + 3] = 65535;
+        }
+    }
+    return picture;
+}
+
+void TakeColours(const Image& picture, LookUpTable& table)
+{
+    float* value = table.values.data();
+    for (int y = 0; y < picture.GetHeight(); ++y)
+        for (int x = 0; x < picture.GetWidth(); ++x, value += LookUpTable::Stride)
+            for (int c = 0; c < 3; ++c)
+                value[c] = static_cast<float>(picture.Row16(y)[4 * x + c]) / 65535.0f;
+}
+
+// A title stands in quotes, on one line.
+QByteArray CleanTitle(const QString& title)
+{
+    QByteArray text = title.simplified().toUtf8();
+    text.replace('"', '\'');
+    return text;
+}
+
+} // namespace
+
+std::vector<std::string> LookExport::FindUnfitEffects(const EffectsSettings& look)
+{
+    std::vector<std::string> names;
+    for (const EffectPtr& effect : look.Effects()) {
+        if (Fits(effect))
+            continue;
+        const std::string& name = effect->GetEffectID();
+        if (std::find(names.begin(), names.end(), name) == names.end())
+            names.push_back(name);
+    }
+    return names;
+}
+
+LookUpTable LookExport::MakeTable(const EffectsSettings& look, int size)
+{
+    const auto unfit = FindUnfitEffects(look);
+    if (!unfit.empty())
+        throw Zorvik::Exception("expected effects of colour alone, which fit into a table, found " +
+                                    Quote(unfit),
+                                BOOST_CURRENT_FUNCTION, "lut/LookExport", __LINE__);
+    if (size < SmallestSize || size > LargestSize)
+        throw Zorvik::Exception("expected a size from " + std::to_string(SmallestSize) + " to " +
+                                    std::to_string(LargestSize) + ", found " + std::to_string(size),
+                                BOOST_CURRENT_FUNCTION, "lut/LookExport", __LINE__);
+    auto table = LookUpTable::MakeIdentity(LookUpTable::Kind::Cube, size, {0, 0, 0}, {1, 1, 1});
+    TakeColours(Renderer().Render(MakePicture(table), look), table);
+    return table;
+}
+
+QByteArray LookExport::ToCubeFile(const LookUpTable& table, const QString& title)
+{
+    QByteArray text = "TITLE \"" + CleanTitle(title) + "\"\nLUT_3D_SIZE " +
+                      QByteArray::number(table.size) +
+                      "\nDOMAIN_MIN 0.0 0.0 0.0\nDOMAIN_MAX 1.0 1.0 1.0\n";
+    text.reserve(text.size() + static_cast<int>(table.GetCount()) * 27);
+    for (std::size_t i = 0; i < table.GetCount(); ++i)
+        for (std::size_t c = 0; c < 3; ++c)
+            text += QByteArray::number(
+                        static_cast<double>(table.values[LookUpTable::Stride * i + c]), 'f', 6) +
+                    (c == 2 ? '\n' : ' ');
+    return text;
+}
+
+} // namespace LumetraHost

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/lut3d/LookUpTable.h"
+
+#include "Zorvik/Quindle/EffectsSettings.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <string>
+#include <vector>
+
+namespace LumetraHost {
+
+/// Turns a look into a table that other programs read. Only effects of colour alone fit into one.
+class LookExport
+{
+public:
+    static constexpr int SmallestSize = 2;
+    static constexpr int LargestSize = LookUpTable::LargestCube;
+
+    /// The ids of the effects that depend on the place or on neighbouring pixels and would change
+    /// something, and of those that the engine does not know; each once, in order.
+    static std::vector<std::string> FindUnfitEffects(const Zorvik::Quindle::EffectsSettings& look);
+
+    /// The look, mixed with the source as its blend amount says, on every colour of a cube of
+    /// encoded sRGB; computed exactly, limited to 0..1 and rounded to 16 bits. Zorvik::Exception
+    /// that names the effects when some do not fit, and for a size out of range.
+    static LookUpTable MakeTable(const Zorvik::Quindle::EffectsSettings& look, int size);
+
+    /// The table in the .cube format of Adobe, version 1.0.
+    static QByteArray ToCubeFile(const LookUpTable& table, const QString& title);
+};
+
+} // namespace LumetraHost
