@@ -2,24 +2,18 @@
 #include "CatalogueOptions.h"
 
 #include "Console.h"
-#include "EffectPresets/EffectPresetModel.h"
-#include "Zorvik/Exception.h"
-#include "catalogue/CatalogueFiles.h"
+#include "core/CatalogueLocations.h"
+#include "core/PresetModel.h"
 #include "core/PresetSession.h"
 #include "core/UserPresetStore.h"
-
-#include <QCoreApplication>
-#include <QDir>
 
 namespace LumetraCli {
 namespace {
 
-using LumetraHost::CatalogueFiles;
 using LumetraHost::CatalogueReport;
+using LumetraPlugin::CatalogueLocations;
 using LumetraPlugin::PresetSession;
 using LumetraPlugin::UserPresetStore;
-
-constexpr char PackageName[] = "lumetra.presets";
 
 QString CatalogueOption()
 {
@@ -36,24 +30,6 @@ QString StoreOption()
     return QStringLiteral("store");
 }
 
-/// The data folder that this program was installed with: "share" beside its "bin".
-QString InstalledDataFolder()
-{
-    return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../share"));
-}
-
-/// The catalogues that need not be named. A program in its build tree uses those of its sources.
-QStringList FindCatalogues()
-{
-    const QStringList folders = CatalogueFiles::GetDataFolders(InstalledDataFolder());
-    QStringList files = CatalogueFiles::Find(folders);
-#ifdef LUMETRA_SOURCE_CATALOGUE
-    if (!QDir(InstalledDataFolder() + QStringLiteral("/lumetra/catalogue")).exists())
-        files = CatalogueFiles::FindIn(QStringLiteral(LUMETRA_SOURCE_CATALOGUE)) + files;
-#endif
-    return files;
-}
-
 bool HasPresets(const QAbstractItemModel& model)
 {
     for (int group = 0; group < model.rowCount(); ++group)
@@ -67,23 +43,6 @@ void Report(const PresetSession& session, Console& console)
     for (const CatalogueReport& report : session.GetReports())
         if (report.severity != CatalogueReport::Severity::Note)
             console.ReportPlace(QString::fromStdString(report.ToText()));
-}
-
-/// Without the user's presets when their file cannot be read, which is reported.
-QStringList LoadWithStore(PresetSession& session, const QStringList& catalogues,
-                          const QString& store, Console& console)
-{
-    session.OpenStore(store);
-    try {
-        const QStringList unusable = session.Load(catalogues, nullptr);
-        for (const std::string& report : session.GetStore()->GetReports())
-            console.ReportPlace(QString::fromStdString(report));
-        return unusable;
-    } catch (const Zorvik::Exception& error) {
-        console.ReportPlace(QString::fromUtf8(error.what()));
-        session.CloseStore();
-        return session.Load(catalogues, nullptr);
-    }
 }
 
 } // namespace
@@ -106,10 +65,14 @@ std::unique_ptr<PresetSession> CatalogueOptions::Load(const QCommandLineParser& 
                                                       Console& console)
 {
     const QStringList named = parser.values(CatalogueOption());
-    auto session = std::make_unique<PresetSession>(PackageName);
-    const QStringList others = parser.isSet(OnlyNamedOption()) ? QStringList() : FindCatalogues();
+    auto session = std::make_unique<PresetSession>(PresetSession::PACKAGE_NAME);
+    const QStringList others =
+        parser.isSet(OnlyNamedOption()) ? QStringList() : CatalogueLocations::FindFiles();
+    QStringList problems;
     const QStringList unusable =
-        LoadWithStore(*session, others + named, parser.value(StoreOption()), console);
+        session->LoadWithStore(others + named, parser.value(StoreOption()), problems);
+    for (const QString& problem : problems)
+        console.ReportPlace(problem);
     Report(*session, console);
     for (const QString& file : named)
         if (unusable.contains(file))

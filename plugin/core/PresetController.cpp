@@ -2,6 +2,8 @@
 #include "core/PresetController.h"
 
 #include "Settings/SliderSetting.h"
+#include "Zorvik/Lumetra/IWorkspaceController.h"
+#include "Zorvik/Util/ImageUtils.h"
 
 #include <QImage>
 
@@ -11,6 +13,7 @@ namespace LumetraPlugin {
 namespace {
 
 using Zorvik::Lumetra::LumetraPresets::SliderSetting;
+using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
 
 constexpr unsigned DraftFlag = 1;
@@ -28,7 +31,39 @@ PresetController::~PresetController() = default;
 
 boost::intrusive_ptr<PresetController> PresetController::Copy() const
 {
-    return new PresetController(*this);
+    const boost::intrusive_ptr<PresetController> copy = new PresetController(*this);
+    copy->m_startIntensity = GetIntensity();
+    return copy;
+}
+
+void PresetController::InitIntensity(const Zorvik::Brassel::ConstSerializerPtr& node)
+{
+    EffectPresetControllerBase::InitIntensity(node);
+    m_startIntensity = GetIntensity();
+}
+
+EffectsSettings PresetController::MakeSettings()
+{
+    EffectsSettings shared(1);
+    shared.SetEffectsConst(GetEffectInfo(false));
+    EffectsSettings settings(shared); // a copy of the effects, before the intensity goes into them
+    settings.Package().SetPackageName(m_packageName);
+    settings.Package().SetPresetName(m_id);
+    Intensity().SaveValue(settings);
+    return settings;
+}
+
+EffectsSettings PresetController::MakePreviewSettings()
+{
+    // Moved sliders reach a preview list that is the preset's own.
+    static_cast<void>(GetEffectInfo(false));
+    BringIntensityIntoPreview();
+    return m_previewEffectSettings;
+}
+
+std::string PresetController::GetPreviewKey() const
+{
+    return m_group + '\n' + m_id;
 }
 
 bool PresetController::ApplySettingsOnProgress() const
@@ -51,8 +86,17 @@ void PresetController::BringIntensityIntoPreview()
 
 QImage PresetController::GetPreviewImage()
 {
-    BringIntensityIntoPreview();
-    return GetImagePreviewInternal(m_previews->size, m_previews->isDraft ? DraftFlag : 0);
+    const auto workspace = GetWorkspaceController(false);
+    if (!workspace)
+        return QImage();
+    if (!m_previews->render) {
+        BringIntensityIntoPreview();
+        return GetImagePreviewInternal(m_previews->size, m_previews->isDraft ? DraftFlag : 0);
+    }
+    const Zorvik::Proc::FrameTarget target{m_previews->size.width(), m_previews->size.height(),
+                                           1.0};
+    const auto frame = m_previews->render(GetPreviewKey(), target, MakePreviewSettings());
+    return Zorvik::Util::ImageUtils::FrameToImage(frame, workspace->GetImageConverter());
 }
 
 std::string PresetController::GetStatisticEventNameClick() const

@@ -3,8 +3,11 @@
 
 #include "EffectPresets/EffectPresetControllerBase.h"
 
+#include "Zorvik/Proc/Frame.h"
+
 #include <QSize>
 
+#include <functional>
 #include <memory>
 
 namespace LumetraPlugin {
@@ -14,6 +17,11 @@ struct PreviewOptions
 {
     QSize size = {160, 120}; ///< pixels; a preview is at most this large
     bool isDraft = true;     ///< quick rather than exact
+    /// Renders in place of the drawer, which keeps the caller waiting: the key of the preset, the
+    /// size and what is to be shown; a null frame when the picture is yet to come. May be empty.
+    std::function<Zorvik::Proc::Frame(const std::string&, const Zorvik::Proc::FrameTarget&,
+                                      const Zorvik::Quindle::EffectsSettings&)>
+        render = {};
 };
 
 /// A preset of the editor: names its statistics events, redraws while its extra sliders move, and
@@ -39,10 +47,21 @@ public:
     /// A new preset of this object's own class, which starts from its settings.
     virtual boost::intrusive_ptr<PresetController> Copy() const;
 
+    /// What applying the preset now would put on the photo: its effects with the current values of
+    /// its sliders and its intensity, as the package that it is applied as. Not shared with it.
+    Zorvik::Quindle::EffectsSettings MakeSettings();
+    /// The same for its picture: the catalogue's preview list where there is one.
+    Zorvik::Quindle::EffectsSettings MakePreviewSettings();
+    /// Tells its picture from those of other presets: group and id.
+    std::string GetPreviewKey() const;
+    /// The intensity that the preset came with, which a reset goes back to.
+    int GetStartIntensity() const { return m_startIntensity; }
+
+    void InitIntensity(const Zorvik::Brassel::ConstSerializerPtr& node) override;
     /// True: a moved slider shows at once.
     bool ApplySettingsOnProgress() const override;
-    /// The preset on the open photo at its current intensity, rendered anew at each call; a null
-    /// picture without a photo.
+    /// The preset on the open photo at its current intensity, from PreviewOptions::render; without
+    /// that rendered anew by the drawer at each call. A null picture without a photo.
     QImage GetPreviewImage() override;
 
 protected:
@@ -55,6 +74,7 @@ protected:
 private:
     void BringIntensityIntoPreview();
 
+    int m_startIntensity = 0;
     std::shared_ptr<const PreviewOptions> m_previews;
 };
 

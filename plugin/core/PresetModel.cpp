@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "core/PresetModel.h"
+
+#include <algorithm>
+
+namespace LumetraPlugin {
+
+PresetModel::PresetPtr PresetModel::GetPreset(const QModelIndex& index) const
+{
+    const QModelIndex group = index.parent();
+    if (!group.isValid())
+        return nullptr;
+    const auto& items = m_groups.at(group.row()).items;
+    if (index.row() >= static_cast<int>(items.size()))
+        return nullptr;
+    return dynamic_cast<PresetController*>(items[index.row()].get());
+}
+
+QModelIndex PresetModel::FindPreset(const PresetController& preset) const
+{
+    for (int g = 0; g < rowCount(); ++g) {
+        const auto& items = m_groups[g].items;
+        for (std::size_t i = 0; i < items.size(); ++i)
+            if (items[i].get() == &preset)
+                return index(static_cast<int>(i), 0, index(g, 0));
+    }
+    return {};
+}
+
+QModelIndex PresetModel::FindId(const QString& id) const
+{
+    for (int g = 0; g < rowCount(); ++g) {
+        const QModelIndex group = index(g, 0);
+        for (int i = 0; i < rowCount(group); ++i) {
+            const QModelIndex preset = index(i, 0, group);
+            if (preset.data(PresetIdRole).toString() == id)
+                return preset;
+        }
+    }
+    return {};
+}
+
+QModelIndex PresetModel::FindApplied() const
+{
+    QModelIndex applied;
+    for (int g = 0; g < rowCount(); ++g) {
+        const auto& items = m_groups[g].items;
+        for (std::size_t i = 0; i < items.size(); ++i)
+            if (items[i]->IsApplied())
+                applied = index(static_cast<int>(i), 0, index(g, 0));
+    }
+    return applied;
+}
+
+QModelIndex PresetModel::GetUserGroup() const
+{
+    for (int g = 0; g < rowCount(); ++g)
+        if (m_groups[g].info.editable)
+            return index(g, 0);
+    return {};
+}
+
+/// Makes room for one more preset before anything is announced: an index points at the preset's
+/// place in memory, which the list may move when it grows.
+void PresetModel::ReserveRow(const QModelIndex& group)
+{
+    auto& items = m_groups[group.row()].items;
+    if (items.size() < items.capacity())
+        return;
+    QModelIndexList old;
+    const QModelIndexList indexes = persistentIndexList();
+    std::copy_if(indexes.begin(), indexes.end(), std::back_inserter(old),
+                 [&group](const QModelIndex& index) { return index.parent() == group; });
+    items.reserve(2 * items.size() + 4);
+    for (const QModelIndex& index : old)
+        changePersistentIndex(index, this->index(index.row(), index.column(), group));
+}
+
+void PresetModel::InsertPreset(int row, const QModelIndex& group, const PresetPtr& preset)
+{
+    auto& items = m_groups.at(group.row()).items;
+    const int count = static_cast<int>(items.size());
+    const int place = row < 0 || row > count ? count : row;
+    ReserveRow(group);
+    beginInsertRows(group, place, place);
+    items.insert(items.begin() + place, preset);
+    endInsertRows();
+}
+
+} // namespace LumetraPlugin

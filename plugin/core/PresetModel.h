@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "EffectPresets/EffectPresetModel.h"
+#include "core/PresetController.h"
+
+namespace LumetraPlugin {
+
+/// The library's model, filled by PresetControllerFactory. Adds what views of this program need
+/// beyond the roles: the preset behind a row, to show it without applying it, and a way to put a
+/// removed preset back. Views go on changing presets through the roles alone.
+class PresetModel : public Zorvik::Lumetra::LumetraPresets::EffectPresetModel
+{
+public:
+    using PresetPtr = boost::intrusive_ptr<PresetController>;
+
+    using EffectPresetModel::EffectPresetModel;
+
+    /// Null for a group and for an index of no row.
+    PresetPtr GetPreset(const QModelIndex& index) const;
+    /// Where the preset stands now; invalid when it has been removed.
+    QModelIndex FindPreset(const PresetController& preset) const;
+    /// The first preset of that id, group by group; invalid when there is none.
+    QModelIndex FindId(const QString& id) const;
+    /// The preset that is applied; invalid when there is none.
+    QModelIndex FindApplied() const;
+    /// The group that role 268 appends to: the first editable one; invalid when there is none.
+    QModelIndex GetUserGroup() const;
+
+    /// Puts a preset that removeRows() took away back as row `row` of `group`, announced as an
+    /// insertion. Out of range: at the group's end. Persistent indexes go on pointing where they
+    /// did.
+    void InsertPreset(int row, const QModelIndex& group, const PresetPtr& preset);
+
+private:
+    void ReserveRow(const QModelIndex& group);
+};
+
+} // namespace LumetraPlugin

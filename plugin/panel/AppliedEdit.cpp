@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "panel/AppliedEdit.h"
+
+#include "Zorvik/Brassel/ISerializerCollection.h"
+#include "Zorvik/Exception.h"
+#include "Zorvik/Lumetra/IWorkspaceController.h"
+#include "Zorvik/Quindle/IQuindleDrawer.h"
+#include "Zorvik/Quindle/ResetSettings.h"
+#include "core/PresetCollection.h"
+#include "storage/JsonDocument.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <algorithm>
+
+namespace LumetraPlugin {
+namespace {
+
+using LumetraHost::JsonDocument;
+using Zorvik::Lumetra::LumetraPresets::SliderSetting;
+using Zorvik::Quindle::EffectsSettings;
+using Zorvik::Quindle::IEffectSettings;
+
+constexpr int FullEffect = 1;
+constexpr int NoEffect = 255;
+constexpr unsigned NoIndex = 0xFFFFFFFF;
+
+QString PresetKey()
+{
+    return QStringLiteral("preset");
+}
+QString NameKey()
+{
+    return QStringLiteral("name");
+}
+QString BlendKey()
+{
+    return QStringLiteral("blend");
+}
+QString EffectsKey()
+{
+    return QString::fromLatin1(IEffectSettings::EFFECTS);
+}
+QString IntensityKey()
+{
+    return QStringLiteral("intensity");
+}
+QString SlidersKey()
+{
+    return QStringLiteral("sliders");
+}
+
+/// As the catalogue writes them, through the effects' own stored form.
+QJsonArray SaveEffects(const EffectsSettings& settings)
+{
+    JsonDocument document("edit");
+    const auto list = document.GetRoot()->CreateCollection(IEffectSettings::EFFECTS);
+    for (const auto& effect : settings.EffectsConst())
+        list->AddElement()->WriteObject(IEffectSettings::EFFECT, *effect);
+    const auto text = QJsonDocument::fromJson(document.ToText());
+    return text.object().value(EffectsKey()).toArray();
+}
+
+/// The effects that can be read; a sentence for each other one.
+void LoadEffects(const QJsonObject& edit, EffectsSettings& settings, QStringList& reports)
+{
+    for (const QJsonValue& value : edit.value(EffectsKey()).toArray()) {
+        try {
+            const auto document = JsonDocument::Parse(
+                QJsonDocument(value.toObject()).toJson(QJsonDocument::Compact), "edit");
+            const auto node = document.GetRoot()->GetNode(IEffectSettings::EFFECT);
+            const auto effect = IEffectSettings::CreateEffectSettings(node);
+            document.GetRoot()->ReadObject(IEffectSettings::EFFECT, *effect);
+            settings.Effects().push_back(effect);
+        } catch (const Zorvik::Exception& error) {
+            reports.append(QString::fromUtf8(error.what()));
+        }
+    }
+}
+
+QJsonArray SavePositions(const QModelIndex& preset)
+{
+    QJsonArray positions;
+    const auto sliders = preset.data(PresetModel::SettingsValuesRole).value<SliderSetting::List>();
+    for (const SliderSetting& slider : sliders)
+        positions.append(slider.Value());
+    return positions;
+}
+
+} // namespace
+
+AppliedEdit::AppliedEdit(PresetCollection& presets,
+                         std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> workspace)
+    : m_presets(presets), m_workspace(std::move(workspace))
+{
+}
+
+QJsonObject AppliedEdit::Save() const
+{
+    if (m_stray)
+        return m_stray->edit;
+    const QModelIndex applied = m_presets.GetModel().FindApplied();
+    if (!applied.isValid())
+        return {};
+    const EffectsSettings settings = m_presets.GetModel().GetPreset(applied)->MakeSettings();
+    return {{PresetKey(), applied.data(PresetModel::PresetIdRole).toString()},
+            {NameKey(), applied.data(PresetModel::PresetNameRole).toString()},
+            {BlendKey(), settings.GetBlendAmount()},
+            {EffectsKey(), SaveEffects(settings)},
+            {IntensityKey(), applied.data(PresetModel::IntensityRole).toInt()},
+            {SlidersKey(), SavePositions(applied)}};
+}
+
+/// The package as it was, so that nothing depends on what the catalogue says today.
+void AppliedEdit::Draw(const QJsonObject& edit, EffectsSettings& settings, QStringList& reports)
+{
+    LoadEffects(edit, settings, reports);
+    const int blend = edit.value(BlendKey()).toInt(FullEffect);
+    settings.SetBlendAmount(std::clamp(blend, FullEffect, NoEffect));
+    settings.Package().SetPackageName(m_presets.GetPackageName());
+    settings.Package().SetPresetName(edit.value(PresetKey()).toString().toStdString());
+    m_workspace->GetCoreDrawer().ApplyEffect(settings, {});
+}
+
+QStringList AppliedEdit::Restore(const QJsonObject& edit)
+{
+    QStringList reports;
+    m_stray.reset();
+    PresetModel& model = m_presets.GetModel();
+    model.SetResetIndex(NoIndex);
+    const QString id = edit.value(PresetKey()).toString();
+    if (id.isEmpty()) {
+        if (!edit.isEmpty())
+            reports.append(tr("The edit names no preset; nothing is applied."));
+        model.ActivatePreset(std::string(), EffectsSettings(1));
+        return reports;
+    }
+    EffectsSettings settings(1);
+    Draw(edit, settings, reports);
+    const QModelIndex preset = model.FindId(id);
+    if (preset.isValid()) {
+        RestoreValues(id, edit, reports);
+        return reports;
+    }
+    model.ActivatePreset(id.toStdString(), settings);
+    const QString name = edit.value(NameKey()).toString(id);
+    m_stray = Stray{name, edit};
+    reports.append(
+        tr("The look \"%1\" is no longer among the presets. The photo keeps it as it was.")
+            .arg(name));
+    return reports;
+}
+
+/// Brings the panel's controls to where they were; the photo is drawn already.
+void AppliedEdit::RestoreValues(const QString& id, const QJsonObject& edit, QStringList& reports)
+{
+    PresetModel& model = m_presets.GetModel();
+    EffectsSettings settings(1);
+    QStringList unused; // told by Draw() before
+    LoadEffects(edit, settings, unused);
+    settings.SetBlendAmount(edit.value(BlendKey()).toInt(FullEffect));
+    try {
+        model.ActivatePreset(id.toStdString(), settings);
+    } catch (const std::exception& error) {
+        // A strict intensity without its effect. What follows the first line is a call stack.
+        reports.append(QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0));
+    }
+}
+
+QString AppliedEdit::GetStrayName() const
+{
+    return m_stray ? m_stray->name : QString();
+}
+
+void AppliedEdit::DropStray()
+{
+    if (!m_stray)
+        return;
+    m_stray.reset();
+    const unsigned index = m_workspace->GetCoreDrawer().GetPackageIndex(m_presets.GetPackageName());
+    if (index != NoIndex)
+        m_workspace->GetResetReceiver().ResetPackage(Zorvik::Quindle::ResetSettings(index));
+}
+
+} // namespace LumetraPlugin

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QCoreApplication>
+
+namespace LumetraPlugin {
+
+class PresetController;
+
+/// What a preset does, in words for the user.
+class EffectTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(LumetraPlugin::EffectTexts)
+
+public:
+    /// "White balance"; the id itself for an effect that this program does not know by name.
+    static QString GetEffectName(const std::string& effectID);
+    /// The effects that change anything, in the order in which they are drawn, and the extra
+    /// sliders; rich text.
+    static QString GetToolTip(PresetController& preset);
+};
+
+} // namespace LumetraPlugin

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "panel/FilterBar.h"
+
+#include "panel/PanelIcons.h"
+
+#include <QAction>
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QToolButton>
+
+namespace LumetraPlugin {
+namespace {
+
+constexpr int Gap = 8;
+constexpr int KindCount = 4;
+
+} // namespace
+
+FilterBar::FilterBar(QWidget* parent) : QWidget(parent), m_search(new QLineEdit(this))
+{
+    setObjectName(QStringLiteral("filterBar"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(Gap, Gap, Gap, Gap);
+    column->setSpacing(Gap);
+    m_search->setObjectName(QStringLiteral("searchField"));
+    m_search->setClearButtonEnabled(true);
+    m_search->installEventFilter(this);
+    m_searchIcon = m_search->addAction(QIcon(), QLineEdit::LeadingPosition);
+    column->addWidget(m_search);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(2);
+    column->addLayout(row);
+    auto* group = new QButtonGroup(this);
+    for (int i = 0; i < KindCount; ++i) {
+        auto* button = new QToolButton(this);
+        button->setObjectName(QStringLiteral("filterButton%1").arg(i));
+        button->setCheckable(true);
+        button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::StrongFocus);
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        button->setMinimumHeight(24);
+        group->addButton(button, i);
+        row->addWidget(button);
+        m_kinds.push_back(button);
+    }
+    m_kinds.front()->setChecked(true);
+    connect(m_search, &QLineEdit::textChanged, this, &FilterBar::textChanged);
+    connect(m_search, &QLineEdit::returnPressed, this, &FilterBar::left);
+    connect(group, &QButtonGroup::idClicked, this,
+            [this](int id) { emit kindChosen(static_cast<PresetFilter::Kind>(id)); });
+    ShowTexts();
+}
+
+void FilterBar::FocusSearch()
+{
+    m_search->setFocus(Qt::ShortcutFocusReason);
+    m_search->selectAll();
+}
+
+void FilterBar::Clear()
+{
+    m_search->clear();
+    m_kinds.front()->click();
+}
+
+bool FilterBar::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Down) {
+        emit left();
+        return true;
+    }
+    if (key == Qt::Key_Escape && !m_search->text().isEmpty()) {
+        m_search->clear();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void FilterBar::ShowTexts()
+{
+    m_search->setPlaceholderText(tr("Search looks"));
+    m_search->setAccessibleName(tr("Search looks"));
+    m_searchIcon->setIcon(PanelIcons::GetIcon(QStringLiteral("search"), palette()));
+    const QString texts[KindCount] = {tr("All"), tr("Favourites"), tr("Recent"), tr("Mine")};
+    const QString hints[KindCount] = {tr("All looks"), tr("Looks that you marked with a star"),
+                                      tr("Looks that you applied last"),
+                                      tr("Looks that you saved or imported")};
+    for (int i = 0; i < KindCount; ++i) {
+        m_kinds[i]->setText(texts[i]);
+        m_kinds[i]->setToolTip(hints[i]);
+        m_kinds[i]->setAccessibleName(hints[i]);
+    }
+}
+
+void FilterBar::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange || event->type() == QEvent::PaletteChange)
+        ShowTexts();
+}
+
+} // namespace LumetraPlugin

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "panel/PresetFilter.h"
+
+#include <QWidget>
+
+#include <vector>
+
+class QAction;
+class QLineEdit;
+class QToolButton;
+
+namespace LumetraPlugin {
+
+/// The search field and the choice All / Favourites / Recent / User above the pages.
+class FilterBar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit FilterBar(QWidget* parent = nullptr);
+
+    void FocusSearch();
+    void Clear();
+
+signals:
+    void textChanged(const QString& text);
+    void kindChosen(PresetFilter::Kind kind);
+    /// Enter or the down arrow in the search field: on to what was found.
+    void left();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void ShowTexts();
+
+    QLineEdit* m_search;
+    QAction* m_searchIcon;
+    std::vector<QToolButton*> m_kinds; // in the order of PresetFilter::Kind
+};
+
+} // namespace LumetraPlugin

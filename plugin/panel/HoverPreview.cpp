@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "panel/HoverPreview.h"
+
+#include "LumetraEditor/IEditor.h"
+#include "core/PresetModel.h"
+
+namespace LumetraPlugin {
+
+HoverPreview::HoverPreview(PresetModel& presets, LumetraEditor::IEditor& editor)
+    : m_presets(presets), m_editor(editor)
+{
+    m_delay.setSingleShot(true);
+    m_delay.setInterval(DELAY);
+    connect(&m_delay, &QTimer::timeout, this, &HoverPreview::Show);
+}
+
+/// From one look to the next there is no photo in between, which would flicker.
+void HoverPreview::Point(const QModelIndex& preset)
+{
+    m_pointed = preset;
+    if (preset.isValid())
+        m_delay.start();
+    else
+        End();
+}
+
+void HoverPreview::End()
+{
+    m_delay.stop();
+    if (!m_isShown)
+        return;
+    m_isShown = false;
+    m_editor.ShowOnPhoto(nullptr);
+}
+
+/// What is applied is on the photo already.
+void HoverPreview::Show()
+{
+    const auto preset = m_presets.GetPreset(m_pointed);
+    if (!preset || preset->IsApplied() || preset->IsDownloadable())
+        return End();
+    const auto settings = preset->MakeSettings();
+    m_isShown = true;
+    m_editor.ShowOnPhoto(&settings);
+}
+
+} // namespace LumetraPlugin

@@ -1,0 +1,257 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "panel/PresetCommands.h"
+
+#include "EffectPresets/IObjectsConnectorID.h"
+#include "LumetraEditor/IEditor.h"
+#include "Settings/TuneSettingType.h"
+#include "Zorvik/Exception.h"
+#include "Zorvik/Util/ObjectsConnector.h"
+#include "core/PresetCollection.h"
+#include "core/UserPresetStore.h"
+#include "panel/AppliedEdit.h"
+#include "panel/RecentPresets.h"
+
+namespace LumetraPlugin {
+
+using Zorvik::Lumetra::LumetraPresets::IObjectsConnectorID;
+using Zorvik::Lumetra::LumetraPresets::SliderSetting;
+using Zorvik::Lumetra::LumetraPresets::TuneSettingType;
+using Zorvik::Util::ObjectsConnector;
+
+namespace {
+
+QString NameOf(const QModelIndex& preset)
+{
+    return preset.data(PresetModel::PresetNameRole).toString();
+}
+
+} // namespace
+
+PresetCommands::PresetCommands(PresetCollection& presets, AppliedEdit& edit, RecentPresets& recent,
+                               LumetraEditor::IEditor& editor, QWidget& window)
+    : m_presets(presets), m_edit(edit), m_recent(recent), m_editor(editor), m_window(window)
+{
+}
+
+PresetCommands::~PresetCommands() = default;
+
+PresetModel& PresetCommands::GetModel()
+{
+    return m_presets.GetModel();
+}
+
+QModelIndex PresetCommands::GetApplied() const
+{
+    return m_presets.GetModel().FindApplied();
+}
+
+void PresetCommands::Tell(const QString& text)
+{
+    m_editor.ShowMessage(text);
+}
+
+void PresetCommands::SendPresetChanged()
+{
+    const QModelIndex applied = GetApplied();
+    ObjectsConnector::sendMessage(
+        IObjectsConnectorID::PRESET_CHANGED,
+        {applied.data(PresetModel::PresetIdRole).toString(), NameOf(applied)});
+}
+
+void PresetCommands::Apply(const QModelIndex& preset, bool isFinished)
+{
+    if (!GetModel().GetPreset(preset))
+        return;
+    m_edit.ForgetStray();
+    GetModel().setData(preset, true, PresetModel::AppliedRole);
+    m_recent.Add(preset.data(PresetModel::PresetIdRole).toString());
+    emit appliedChanged();
+    SendPresetChanged();
+    if (isFinished)
+        FinishApplyStep();
+}
+
+void PresetCommands::ApplyId(const QString& id)
+{
+    const QModelIndex preset = GetModel().FindId(id);
+    if (preset.isValid())
+        Apply(preset);
+    else
+        Tell(tr("There is no preset with the id \"%1\".").arg(id));
+}
+
+void PresetCommands::SetIntensity(int value)
+{
+    const QModelIndex preset = GetApplied();
+    GetModel().setData(preset, value, PresetModel::IntensityRole);
+    GetModel().setData(preset, QVariant::fromValue(TuneSettingType::ChangeEnd),
+                       PresetModel::TuneRole);
+    emit lookChanged(preset);
+    emit valuesChanged();
+    FinishStep(tr("Intensity of \"%1\"").arg(NameOf(preset)));
+}
+
+void PresetCommands::ResetIntensity()
+{
+    if (const auto preset = GetModel().GetPreset(GetApplied()))
+        SetIntensity(preset->GetStartIntensity());
+}
+
+void PresetCommands::SetSlider(int position, int value)
+{
+    const QModelIndex preset = GetApplied();
+    auto sliders = preset.data(PresetModel::SettingsValuesRole).value<SliderSetting::List>();
+    if (position < 0 || position >= static_cast<int>(sliders.size()))
+        return;
+    sliders[position].SetValue(value);
+    GetModel().setData(preset, QVariant::fromValue(sliders), PresetModel::SettingsValuesRole);
+}
+
+void PresetCommands::ResetSlider(int position)
+{
+    const QModelIndex preset = GetApplied();
+    const auto defaults =
+        preset.data(PresetModel::DefaultSettingsValuesRole).value<SliderSetting::List>();
+    if (position < 0 || position >= static_cast<int>(defaults.size()))
+        return;
+    SetSlider(position, defaults[position].Value());
+    emit lookChanged(preset);
+    emit valuesChanged();
+    FinishStep(tr("Reset \"%1\"").arg(QString::fromStdString(defaults[position].Title())));
+}
+
+/// The role puts values back and draws only where a slider had been moved; so the intensity that
+/// moves effects goes back by itself, and the preset is applied again.
+void PresetCommands::Reset()
+{
+    const QModelIndex preset = GetApplied();
+    if (!preset.isValid())
+        return;
+    GetModel().setData(preset, QVariant(), PresetModel::ResetRole);
+    m_presets.PutIntensityBack(preset);
+    GetModel().setData(preset, QVariant::fromValue(TuneSettingType::Apply), PresetModel::TuneRole);
+    emit lookChanged(preset);
+    emit valuesChanged();
+    FinishStep(tr("Reset \"%1\"").arg(NameOf(preset)));
+}
+
+/// After the commit there is nothing left to take off, so switching the preset off is silent.
+void PresetCommands::Commit()
+{
+    const QModelIndex preset = GetApplied();
+    if (!preset.isValid())
+        return;
+    const QString name = NameOf(preset);
+    GetModel().ApplyCurrentChanges(true);
+    GetModel().setData(preset, false, PresetModel::AppliedRole);
+    emit photoChanged();
+    emit appliedChanged();
+    SendPresetChanged();
+    m_lastStep = m_edit.Save();
+    m_editor.NoteEdit(tr("Apply \"%1\"").arg(name));
+}
+
+void PresetCommands::Discard()
+{
+    m_edit.DropStray();
+    m_presets.DiscardChanges();
+    emit photoChanged();
+    emit appliedChanged();
+    SendPresetChanged();
+    FinishStep(tr("Discard the look"));
+}
+
+void PresetCommands::FinishStep(const QString& text)
+{
+    const QJsonObject step = m_edit.Save();
+    if (step == m_lastStep)
+        return;
+    m_lastStep = step;
+    m_editor.NoteEdit(text);
+}
+
+void PresetCommands::FinishApplyStep()
+{
+    FinishStep(tr("Look \"%1\"").arg(NameOf(GetApplied())));
+}
+
+void PresetCommands::RememberEdit()
+{
+    m_lastStep = m_edit.Save();
+    emit appliedChanged();
+    SendPresetChanged();
+}
+
+/// What cannot be saved now is tried again with the next change.
+void PresetCommands::Save()
+{
+    if (!m_presets.GetStore()) {
+        Tell(tr("Your presets cannot be saved: their file could not be read."));
+        return;
+    }
+    try {
+        m_presets.GetStore()->Save(GetModel());
+    } catch (const Zorvik::Exception& error) {
+        Tell(tr("Your presets could not be saved: %1").arg(QString::fromUtf8(error.what())));
+    }
+}
+
+void PresetCommands::SetFavourite(const QModelIndex& preset, bool isFavourite)
+{
+    if (!GetModel().GetPreset(preset))
+        return;
+    GetModel().setData(preset, isFavourite, PresetModel::FavouriteRole);
+    Save();
+    emit presetsChanged();
+}
+
+bool PresetCommands::IsUsers(const QModelIndex& preset) const
+{
+    return preset.data(PresetModel::EditableRole).toBool();
+}
+
+void PresetCommands::SaveAs(const QModelIndex& preset)
+{
+    if (!GetModel().GetPreset(preset))
+        return;
+    const QPersistentModelIndex source = preset;
+    const QString name = AskName(preset, true);
+    if (name.isEmpty() || !source.isValid())
+        return;
+    GetModel().setData(source, name, PresetModel::SaveAsUserPresetRole);
+    Save();
+    emit presetsChanged();
+}
+
+void PresetCommands::Rename(const QModelIndex& preset)
+{
+    if (!IsUsers(preset))
+        return;
+    const QPersistentModelIndex renamed = preset;
+    const QString name = AskName(preset, false);
+    if (name.isEmpty() || !renamed.isValid())
+        return;
+    GetModel().setData(renamed, name, PresetModel::PresetNameRole);
+    Save();
+    emit presetsChanged();
+    emit appliedChanged(); // the name may be shown there
+}
+
+void PresetCommands::TakeAway(const PresetModel::PresetPtr& preset)
+{
+    const QModelIndex index = GetModel().FindPreset(*preset);
+    if (!index.isValid())
+        return;
+    GetModel().removeRows(index.row(), 1, index.parent());
+    Save();
+    emit presetsChanged();
+}
+
+void PresetCommands::PutBack(const PresetModel::PresetPtr& preset, int row)
+{
+    GetModel().InsertPreset(row, GetModel().GetUserGroup(), preset);
+    Save();
+    emit presetsChanged();
+}
+
+} // namespace LumetraPlugin

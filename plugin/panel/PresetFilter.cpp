@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "panel/PresetFilter.h"
+
+#include "core/PresetModel.h"
+#include "panel/RecentPresets.h"
+
+#include <algorithm>
+
+namespace LumetraPlugin {
+
+PresetFilter::PresetFilter(const RecentPresets& recent) : m_recent(recent) {}
+
+void PresetFilter::SetText(const QString& text)
+{
+    m_words = text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+bool PresetFilter::IsActive() const
+{
+    return m_kind != Kind::All || !m_words.isEmpty();
+}
+
+bool PresetFilter::IsOfKind(const QModelIndex& preset) const
+{
+    switch (m_kind) {
+    case Kind::Favourites:
+        return preset.data(PresetModel::FavouriteRole).toBool();
+    case Kind::Recent:
+        return m_recent.Contains(preset.data(PresetModel::PresetIdRole).toString());
+    case Kind::User:
+        return preset.data(PresetModel::EditableRole).toBool();
+    default:
+        return true;
+    }
+}
+
+bool PresetFilter::Accepts(const QModelIndex& preset) const
+{
+    if (!IsOfKind(preset))
+        return false;
+    const QString text = preset.data(PresetModel::PresetNameRole).toString() + QLatin1Char('\n') +
+                         preset.parent().data(PresetModel::PresetNameRole).toString();
+    return std::all_of(m_words.begin(), m_words.end(), [&text](const QString& word) {
+        return text.contains(word, Qt::CaseInsensitive);
+    });
+}
+
+} // namespace LumetraPlugin

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QStringList>
+
+class QModelIndex;
+
+namespace LumetraPlugin {
+
+class RecentPresets;
+
+/// Which presets the user wants to see: a kind and words that he has typed.
+class PresetFilter
+{
+public:
+    enum class Kind
+    {
+        All,
+        Favourites,
+        Recent,
+        User ///< the user's own
+    };
+
+    /// `recent` is kept by reference.
+    explicit PresetFilter(const RecentPresets& recent);
+
+    void SetKind(Kind kind) { m_kind = kind; }
+    Kind GetKind() const { return m_kind; }
+    /// Every word must be found in the preset's or its group's name, upper and lower case alike.
+    void SetText(const QString& text);
+    QString GetText() const { return m_words.join(QLatin1Char(' ')); }
+
+    /// False when all presets are to be seen.
+    bool IsActive() const;
+    /// Whether a row of the preset model is to be seen.
+    bool Accepts(const QModelIndex& preset) const;
+
+private:
+    bool IsOfKind(const QModelIndex& preset) const;
+
+    const RecentPresets& m_recent;
+    Kind m_kind = Kind::All;
+    QStringList m_words;
+};
+
+} // namespace LumetraPlugin

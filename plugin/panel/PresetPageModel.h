@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QAbstractListModel>
+
+#include <vector>
+
+namespace LumetraPlugin {
+
+class PresetController;
+class PresetFilter;
+class PresetModel;
+class ThumbnailCache;
+
+/// The presets of one group that the filter lets through, as a list that an ordinary view can show:
+/// with texts, pictures and tool tips. All roles from 256 on are those of the preset model.
+///
+/// It looks at the preset model again at every signal of it, for that one announces no insertions
+/// and says with invalid indexes that anything may have changed. Renames come without any signal:
+/// call Refresh().
+class PresetPageModel : public QAbstractListModel
+{
+    Q_OBJECT
+
+public:
+    /// All are kept by reference.
+    PresetPageModel(PresetModel& presets, int group, const PresetFilter& filter,
+                    ThumbnailCache& thumbnails);
+
+    int GetGroupRow() const { return m_group; }
+    QModelIndex GetGroup() const;
+    QModelIndex ToPreset(const QModelIndex& row) const;
+    /// Invalid for a preset of another group and for one that the filter holds back.
+    QModelIndex FromPreset(const QModelIndex& preset) const;
+
+    /// Looks at the group again; tells of changed rows, or of a reset when there are others.
+    void Refresh();
+
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex& row, int role = Qt::DisplayRole) const override;
+
+signals:
+    /// After every look at the group.
+    void refreshed();
+
+private:
+    std::vector<int> FindRows() const;
+    void OnThumbnailChanged(const QString& key);
+
+    PresetModel& m_presets;
+    int m_group;
+    const PresetFilter& m_filter;
+    ThumbnailCache& m_thumbnails;
+    std::vector<int> m_rows;                      // of the group
+    std::vector<const PresetController*> m_shown; // who stands there; compared, never followed
+};
+
+} // namespace LumetraPlugin

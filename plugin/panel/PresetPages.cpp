@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "panel/PresetPages.h"
+
+#include "panel/PanelIcons.h"
+#include "panel/PresetCommands.h"
+#include "panel/PresetFilter.h"
+#include "panel/PresetGrid.h"
+#include "panel/ThumbnailCache.h"
+#include "widgets/CustomToolBox.h"
+#include "widgets/CustomToolBoxButton.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QLocale>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace LumetraPlugin {
+
+using Zorvik::Lumetra::LumetraPresets::CustomToolBox;
+using Zorvik::Lumetra::LumetraPresets::CustomToolBoxButton;
+
+namespace {
+
+constexpr int Gap = 8;
+constexpr int PagesWithKeys = 9;
+
+/// The grid's cells have a margin of their own, half a gap.
+QWidget* MakePage(PresetGrid* grid, QLabel* emptyHint)
+{
+    auto* page = new QWidget;
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(Gap / 2, Gap / 2, Gap / 2, Gap / 2);
+    column->setSpacing(0);
+    column->addWidget(grid);
+    column->addWidget(emptyHint);
+    emptyHint->setWordWrap(true);
+    emptyHint->setMargin(Gap);
+    emptyHint->setProperty("muted", true);
+    return page;
+}
+
+bool HasDownloadable(const PresetPageModel& presets)
+{
+    for (int row = 0; row < presets.rowCount(); ++row)
+        if (presets.index(row).data(PresetModel::DownloadableRole).toBool())
+            return true;
+    return false;
+}
+
+} // namespace
+
+PresetPages::PresetPages(PresetCommands& commands, const PresetFilter& filter,
+                         ThumbnailCache& thumbnails, QWidget* parent)
+    : QScrollArea(parent), m_commands(commands), m_filter(filter), m_thumbnails(thumbnails),
+      m_box(new CustomToolBox), m_hint(new QLabel)
+{
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+    auto* content = new QWidget;
+    content->setObjectName(QStringLiteral("presetsPanel")); // the style's background
+    content->setAttribute(Qt::WA_StyledBackground);
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    m_hint->setMargin(2 * Gap);
+    m_hint->setWordWrap(true);
+    m_hint->setAlignment(Qt::AlignHCenter);
+    m_hint->setProperty("muted", true);
+    column->addWidget(m_hint);
+    column->addWidget(m_box);
+    column->addStretch();
+    for (int group = 0; group < commands.GetModel().rowCount(); ++group)
+        AddPage(group);
+    setWidget(content);
+    Refresh();
+}
+
+PresetPages::~PresetPages() = default;
+
+/// Groups are shown in the model's order, each appended.
+void PresetPages::AddPage(int group)
+{
+    auto presets =
+        std::make_unique<PresetPageModel>(m_commands.GetModel(), group, m_filter, m_thumbnails);
+    auto* grid = new PresetGrid(std::move(presets));
+    auto* emptyHint = new QLabel;
+    const int page = m_box->addItem(MakePage(grid, emptyHint), QString());
+    auto* title = new QToolButton;
+    title->setObjectName(QStringLiteral("sectionTitleButton"));
+    title->setFocusPolicy(Qt::NoFocus);
+    title->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    connect(title, &QToolButton::clicked, this, [this, page] { SetOpen(page, false); });
+    m_box->addWidgetTitleButton(title, page);
+    m_grids.push_back(grid);
+    m_titles.push_back(title);
+    m_emptyHints.push_back(emptyHint);
+    m_headers.push_back(m_box->findChildren<CustomToolBoxButton*>().back());
+    ConnectGrid(*grid);
+}
+
+void PresetPages::ConnectGrid(PresetGrid& grid)
+{
+    connect(&grid, &PresetGrid::chosen, this, &PresetPages::chosen);
+    connect(&grid, &PresetGrid::starClicked, this, &PresetPages::starClicked);
+    connect(&grid, &PresetGrid::pointed, this, &PresetPages::pointed);
+    connect(&grid, &PresetGrid::menuRequested, this, &PresetPages::menuRequested);
+    connect(&grid, &PresetGrid::stepped, this, &PresetPages::stepped);
+    connect(&grid, &PresetGrid::stepsEnded, this, &PresetPages::stepsEnded);
+    connect(&grid, &PresetGrid::steppedOut, this,
+            [this, &grid](bool isForward) { StepOut(grid, isForward); });
+    connect(&grid.GetPresets(), &PresetPageModel::refreshed, this, &PresetPages::ShowTexts);
+}
+
+bool PresetPages::IsOpen(int page) const
+{
+    return m_headers[page]->isSelected();
+}
+
+void PresetPages::SetOpen(int page, bool isOpen)
+{
+    if (IsOpen(page) != isOpen)
+        m_box->setCurrentIndex(page);
+}
+
+void PresetPages::TogglePage(int page)
+{
+    if (page < 0 || page >= m_box->count() || !m_headers[page]->isVisibleTo(this))
+        return;
+    m_box->setCurrentIndex(page);
+    if (IsOpen(page))
+        FocusOn(*m_grids[page], false);
+}
+
+/// A page without anything to show is out of sight while a filter is on. The box knows no hidden
+/// pages, so its header and content are hidden behind its back and shown again as it left them.
+void PresetPages::ShowPage(int page)
+{
+    const bool isSeen = !m_filter.IsActive() || m_grids[page]->GetPresets().rowCount() > 0;
+    m_headers[page]->setVisible(isSeen);
+    m_titles[page]->setVisible(isSeen);
+    m_box->widget(page)->setVisible(isSeen && IsOpen(page));
+}
+
+void PresetPages::Refresh()
+{
+    for (PresetGrid* const grid : m_grids)
+        grid->GetPresets().Refresh();
+    const int pages = static_cast<int>(m_grids.size());
+    const bool isFiltered = m_filter.IsActive();
+    if (isFiltered && m_wasOpen.empty())
+        for (int page = 0; page < pages; ++page)
+            m_wasOpen.push_back(IsOpen(page));
+    for (int page = 0; page < pages; ++page) {
+        if (isFiltered)
+            SetOpen(page, true);
+        else if (!m_wasOpen.empty())
+            SetOpen(page, m_wasOpen[page]);
+        ShowPage(page);
+    }
+    if (!isFiltered)
+        m_wasOpen.clear();
+    ShowTexts();
+}
+
+/// The number of presets and the mark are part of the header, but shut the page when clicked: a
+/// title widget of a shut page takes no clicks.
+void PresetPages::ShowPageTexts(int page)
+{
+    const PresetPageModel& presets = m_grids[page]->GetPresets();
+    const QModelIndex group = presets.GetGroup();
+    const bool isUsers = group.data(PresetModel::PresetIdRole).toBool();
+    // The library's own name of the user's group is not translated.
+    const QString name =
+        isUsers ? tr("User presets") : group.data(PresetModel::PresetNameRole).toString();
+    const int count = presets.rowCount();
+    m_box->setItemText(page, QString(name).replace(QLatin1Char('&'), QLatin1String("&&")));
+    m_headers[page]->setAccessibleName(name);
+    m_box->setItemToolTip(page, page < PagesWithKeys
+                                    ? tr("Alt+%1 opens and shuts this group").arg(page + 1)
+                                    : QString());
+    m_grids[page]->setAccessibleName(name);
+    const bool isYetToCome = HasDownloadable(presets);
+    const QString text = isYetToCome ? tr("%n look(s), some yet to be downloaded", nullptr, count)
+                                     : tr("%n look(s)", nullptr, count);
+    m_titles[page]->setText(QLocale().toString(count));
+    m_titles[page]->setIcon(isYetToCome ? PanelIcons::GetIcon(QStringLiteral("download"), palette())
+                                        : QIcon());
+    m_titles[page]->setToolTip(text);
+    m_titles[page]->setAccessibleName(text);
+    m_emptyHints[page]->setText(tr("Looks that you save appear here."));
+    m_emptyHints[page]->setVisible(isUsers && count == 0 && !m_filter.IsActive());
+}
+
+void PresetPages::ShowTexts()
+{
+    bool isAnySeen = false;
+    for (std::size_t page = 0; page < m_grids.size(); ++page) {
+        ShowPageTexts(static_cast<int>(page));
+        isAnySeen = isAnySeen || m_grids[page]->GetPresets().rowCount() > 0;
+    }
+    m_hint->setText(m_filter.GetText().isEmpty()
+                        ? tr("There are no looks here yet.")
+                        : tr("No look is called \"%1\".").arg(m_filter.GetText()));
+    m_hint->setVisible(!isAnySeen);
+}
+
+void PresetPages::FocusOn(PresetGrid& grid, bool isLast)
+{
+    PresetPageModel& presets = grid.GetPresets();
+    if (presets.rowCount() == 0)
+        return;
+    const QModelIndex row = presets.index(isLast ? presets.rowCount() - 1 : 0);
+    grid.SetCurrentPreset(presets.ToPreset(row));
+    grid.setFocus(Qt::OtherFocusReason);
+    ensureWidgetVisible(&grid, 0, 0);
+}
+
+void PresetPages::FocusFirst()
+{
+    for (PresetGrid* const grid : m_grids)
+        if (grid->isVisibleTo(this) && grid->GetPresets().rowCount() > 0)
+            return FocusOn(*grid, false);
+}
+
+/// The nearest open page goes on where this one ends.
+void PresetPages::StepOut(const PresetGrid& grid, bool isForward)
+{
+    const int pages = static_cast<int>(m_grids.size());
+    const auto found = std::find(m_grids.begin(), m_grids.end(), &grid);
+    const int step = isForward ? 1 : -1;
+    for (int page = static_cast<int>(found - m_grids.begin()) + step; page >= 0 && page < pages;
+         page += step) {
+        PresetGrid& next = *m_grids[page];
+        if (!next.isVisibleTo(this) || next.GetPresets().rowCount() == 0)
+            continue;
+        FocusOn(next, !isForward);
+        emit stepped(next.GetCurrentPreset());
+        return;
+    }
+}
+
+QModelIndex PresetPages::GetCurrentPreset() const
+{
+    for (const PresetGrid* const grid : m_grids)
+        if (grid->hasFocus())
+            return grid->GetCurrentPreset();
+    return {};
+}
+
+void PresetPages::changeEvent(QEvent* event)
+{
+    QScrollArea::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange || event->type() == QEvent::PaletteChange)
+        ShowTexts();
+}
+
+} // namespace LumetraPlugin

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QScrollArea>
+
+#include <vector>
+
+class QLabel;
+class QToolButton;
+
+namespace Zorvik::Lumetra::LumetraPresets {
+class CustomToolBox;
+class CustomToolBoxButton;
+} // namespace Zorvik::Lumetra::LumetraPresets
+
+namespace LumetraPlugin {
+
+class PresetCommands;
+class PresetFilter;
+class PresetGrid;
+class ThumbnailCache;
+
+/// The preset groups as the pages of a tool box, one grid each. While a filter is on, only pages
+/// that have something to show are seen, and these are open; afterwards they are as they were.
+class PresetPages : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    /// All are kept by reference.
+    PresetPages(PresetCommands& commands, const PresetFilter& filter, ThumbnailCache& thumbnails,
+                QWidget* parent = nullptr);
+    ~PresetPages() override;
+
+    const std::vector<PresetGrid*>& GetGrids() const { return m_grids; }
+    /// The filter has been set otherwise, or names have changed.
+    void Refresh();
+    void TogglePage(int page);
+    /// Gives the keyboard to the first preset that is seen.
+    void FocusFirst();
+    /// The preset that has the keyboard's place; invalid when none.
+    QModelIndex GetCurrentPreset() const;
+
+signals:
+    void chosen(const QModelIndex& preset);
+    void starClicked(const QModelIndex& preset);
+    void pointed(const QModelIndex& preset);
+    void menuRequested(const QModelIndex& preset, const QPoint& globalPosition);
+    void stepped(const QModelIndex& preset);
+    void stepsEnded();
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void AddPage(int group);
+    void ConnectGrid(PresetGrid& grid);
+    void StepOut(const PresetGrid& grid, bool isForward);
+    void FocusOn(PresetGrid& grid, bool isLast);
+    void ShowPage(int page);
+    void ShowTexts();
+    void ShowPageTexts(int page);
+    bool IsOpen(int page) const;
+    void SetOpen(int page, bool isOpen);
+
+    PresetCommands& m_commands;
+    const PresetFilter& m_filter;
+    ThumbnailCache& m_thumbnails;
+    Zorvik::Lumetra::LumetraPresets::CustomToolBox* m_box;
+    QLabel* m_hint;
+    std::vector<PresetGrid*> m_grids;
+    std::vector<QToolButton*> m_titles; // the pages' title widgets
+    std::vector<QLabel*> m_emptyHints;
+    std::vector<Zorvik::Lumetra::LumetraPresets::CustomToolBoxButton*> m_headers;
+    std::vector<bool> m_wasOpen; // before the filter came on; empty without one
+};
+
+} // namespace LumetraPlugin

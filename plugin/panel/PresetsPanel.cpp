@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "panel/PresetsPanel.h"
+
+#include "EffectPresets/IObjectsConnectorID.h"
+#include "LumetraEditor/IEditor.h"
+#include "Zorvik/Lumetra/IObjectsConnectorID.h"
+#include "Zorvik/Util/ObjectsConnector.h"
+#include "core/CatalogueLocations.h"
+#include "core/PresetCollection.h"
+#include "core/PresetControllerFactory.h"
+#include "core/UserPresetStore.h"
+#include "panel/AppliedEdit.h"
+#include "panel/HoverPreview.h"
+#include "panel/PresetCommands.h"
+#include "panel/PresetsWidget.h"
+#include "panel/RecentPresets.h"
+#include "panel/ThumbnailCache.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace LumetraPlugin {
+
+using LumetraHost::CatalogueReport;
+using Zorvik::Lumetra::LumetraPresets::IObjectsConnectorID;
+using Zorvik::Util::ObjectsConnector;
+
+namespace {
+
+// The largest cell of the grid, at the sharpest screen that is common.
+constexpr QSize ThumbnailSize(168, 112);
+
+} // namespace
+
+PanelFiles PanelFiles::Find()
+{
+    const QString store = UserPresetStore::GetDefaultPath();
+    const QDir folder = QFileInfo(store).dir();
+    return {CatalogueLocations::FindFiles(), store, folder.filePath(QStringLiteral("panel.ini"))};
+}
+
+PresetsPanel::PresetsPanel(LumetraEditor::IEditor& editor, const PanelFiles& files)
+    : m_editor(editor), m_presets(std::make_unique<PresetCollection>(PresetCollection::PACKAGE_NAME,
+                                                                     editor.GetWorkspace())),
+      m_edit(std::make_unique<AppliedEdit>(*m_presets, editor.GetWorkspace())),
+      m_recent(std::make_unique<RecentPresets>(files.recent)), m_widget(new PresetsWidget)
+{
+    Load(files);
+    UseEditorsPreviews();
+    m_thumbnails = std::make_unique<ThumbnailCache>(m_presets->GetModel());
+    m_hover = std::make_unique<HoverPreview>(m_presets->GetModel(), editor);
+    m_commands =
+        std::make_unique<PresetCommands>(*m_presets, *m_edit, *m_recent, editor, *m_widget);
+    m_presets->StartPhoto();
+    m_widget->Fill(*m_commands, *m_edit, *m_recent, *m_thumbnails, *m_hover);
+    ListenToBus();
+}
+
+/// The views look at the model, which ends here; the widget itself is the editor's.
+PresetsPanel::~PresetsPanel()
+{
+    if (m_widget)
+        m_widget->Clear();
+    if (m_widget && !m_widget->parent())
+        delete m_widget;
+}
+
+void PresetsPanel::Load(const PanelFiles& files)
+{
+    QStringList problems;
+    m_presets->LoadWithStore(files.catalogues, files.store, problems);
+    for (const CatalogueReport& report : m_presets->GetReports())
+        if (report.severity == CatalogueReport::Severity::Error)
+            problems.append(QString::fromStdString(report.ToText()));
+    for (const QString& problem : problems)
+        m_editor.ShowMessage(problem);
+}
+
+/// Thumbnails are rendered by the editor, away from this thread.
+void PresetsPanel::UseEditorsPreviews()
+{
+    PreviewOptions options;
+    options.size = ThumbnailSize * m_widget->devicePixelRatioF();
+    options.render = [this](const std::string& key, const Zorvik::Proc::FrameTarget& target,
+                            const Zorvik::Quindle::EffectsSettings& settings) {
+        return m_editor.RequestPreview(QString::fromStdString(key), target, settings);
+    };
+    m_presets->GetFactory().SetPreviewOptions(options);
+}
+
+void PresetsPanel::ListenToBus()
+{
+    const auto listen = [this](const QString& channel, const char* slot) {
+        ObjectsConnector::registerReceiver(channel, this, QString::fromLatin1(slot), false);
+    };
+    listen(IObjectsConnectorID::ACTIVATE_PRESET, "1OnActivatePreset(QString)");
+    listen(IObjectsConnectorID::SETTINGS_ENABLE, "1OnSettingsEnable(bool)");
+    listen(Zorvik::Lumetra::LumetraInt::IObjectsConnectorID::CORE_DRAWER_LOCK,
+           "1OnCoreDrawerLock(bool)");
+}
+
+QWidget* PresetsPanel::GetWidget()
+{
+    return m_widget;
+}
+
+void PresetsPanel::PhotoChanged()
+{
+    m_hover->End();
+    m_editor.CancelPreviews();
+    m_edit->ForgetStray();
+    m_presets->StartPhoto();
+    m_thumbnails->Clear();
+    m_commands->RememberEdit();
+}
+
+void PresetsPanel::PreviewReady(const QString& key)
+{
+    m_thumbnails->SetReady(key);
+}
+
+QJsonObject PresetsPanel::SaveEdit() const
+{
+    return m_edit->Save();
+}
+
+void PresetsPanel::RestoreEdit(const QJsonObject& edit)
+{
+    m_hover->End();
+    for (const QString& report : m_edit->Restore(edit))
+        m_editor.ShowMessage(report);
+    m_thumbnails->MarkAllOld();
+    m_commands->RememberEdit();
+}
+
+bool PresetsPanel::HasUnsavedChanges() const
+{
+    return m_presets->GetModel().HasUnsavedChanges() || !m_edit->GetStrayName().isEmpty();
+}
+
+void PresetsPanel::OnActivatePreset(const QString& id)
+{
+    m_commands->ApplyId(id);
+}
+
+void PresetsPanel::OnSettingsEnable(bool isEnabled)
+{
+    m_hover->End();
+    if (m_widget)
+        m_widget->setEnabled(isEnabled);
+}
+
+void PresetsPanel::OnCoreDrawerLock(bool isLocked)
+{
+    ObjectsConnector::sendMessage(IObjectsConnectorID::SETTINGS_ENABLE, {!isLocked});
+}
+
+} // namespace LumetraPlugin

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "LumetraEditor/IEditorPlugin.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+
+namespace LumetraPlugin {
+
+class AppliedEdit;
+class HoverPreview;
+class PresetCollection;
+class PresetCommands;
+class PresetsWidget;
+class RecentPresets;
+class ThumbnailCache;
+
+/// Where a panel reads its presets and keeps those of the user.
+struct PanelFiles
+{
+    QStringList catalogues;
+    QString store;
+    QString recent; ///< may be empty: not kept
+
+    /// As this program finds them.
+    static PanelFiles Find();
+};
+
+/// The presets panel as the editor knows it: joins the presets, the editor and the widgets.
+class PresetsPanel : public QObject, public LumetraEditor::IEditorPanel
+{
+    Q_OBJECT
+
+public:
+    /// `editor` is kept by reference. What is wrong in the files is shown to the user.
+    PresetsPanel(LumetraEditor::IEditor& editor, const PanelFiles& files);
+    ~PresetsPanel() override;
+
+    QWidget* GetWidget() override;
+    void PhotoChanged() override;
+    void PreviewReady(const QString& key) override;
+    QJsonObject SaveEdit() const override;
+    void RestoreEdit(const QJsonObject& edit) override;
+    bool HasUnsavedChanges() const override;
+
+    PresetCollection& GetPresets() { return *m_presets; }
+
+private slots:
+    // Called by the message bus.
+    void OnActivatePreset(const QString& id);
+    void OnSettingsEnable(bool isEnabled);
+    void OnCoreDrawerLock(bool isLocked);
+
+private:
+    void Load(const PanelFiles& files);
+    void UseEditorsPreviews();
+    void ListenToBus();
+
+    LumetraEditor::IEditor& m_editor;
+    std::unique_ptr<PresetCollection> m_presets;
+    std::unique_ptr<AppliedEdit> m_edit;
+    std::unique_ptr<RecentPresets> m_recent;
+    std::unique_ptr<ThumbnailCache> m_thumbnails;
+    std::unique_ptr<HoverPreview> m_hover;
+    std::unique_ptr<PresetCommands> m_commands;
+    QPointer<PresetsWidget> m_widget; // the editor's, once it has been placed
+};
+
+} // namespace LumetraPlugin

@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "panel/PresetsWidget.h"
+
+#include "panel/FilterBar.h"
+#include "panel/HoverPreview.h"
+#include "panel/PanelIcons.h"
+#include "panel/PresetCommands.h"
+#include "panel/PresetPages.h"
+#include "panel/ThumbnailCache.h"
+#include "panel/TunePanel.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QMenu>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace LumetraPlugin {
+namespace {
+
+constexpr int PagesWithKeys = 9;
+constexpr int SmallestWidth = 264;
+
+} // namespace
+
+PresetsWidget::PresetsWidget()
+{
+    setObjectName(QStringLiteral("presetsPanel"));
+    setAttribute(Qt::WA_StyledBackground);
+    setMinimumWidth(SmallestWidth);
+    setStyleSheet(PanelIcons::ReadStyleSheet());
+}
+
+PresetsWidget::~PresetsWidget() = default;
+
+void PresetsWidget::Fill(PresetCommands& commands, const AppliedEdit& edit,
+                         const RecentPresets& recent, ThumbnailCache& thumbnails,
+                         HoverPreview& hover)
+{
+    m_commands = &commands;
+    m_filter = std::make_unique<PresetFilter>(recent);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    m_bar = new FilterBar(this);
+    m_pages = new PresetPages(commands, *m_filter, thumbnails, this);
+    m_tune = new TunePanel(commands, edit, this);
+    column->addWidget(m_bar);
+    column->addWidget(m_pages, 1);
+    column->addWidget(m_tune);
+    ConnectPages(hover);
+    MakeActions();
+    connect(&commands, &PresetCommands::presetsChanged, m_pages, &PresetPages::Refresh);
+    connect(&commands, &PresetCommands::appliedChanged, m_pages, &PresetPages::Refresh);
+    connect(&commands, &PresetCommands::lookChanged, &thumbnails, &ThumbnailCache::MarkOld);
+    connect(&commands, &PresetCommands::photoChanged, &thumbnails, &ThumbnailCache::MarkAllOld);
+}
+
+void PresetsWidget::Clear()
+{
+    delete m_tune;
+    delete m_pages;
+    delete m_bar;
+    m_tune = nullptr;
+    m_pages = nullptr;
+    m_bar = nullptr;
+    for (QAction* const action : actions())
+        delete action;
+    for (QShortcut* const shortcut : findChildren<QShortcut*>())
+        delete shortcut;
+    delete layout();
+    m_commands = nullptr;
+}
+
+void PresetsWidget::ConnectPages(HoverPreview& hover)
+{
+    connect(m_bar, &FilterBar::textChanged, this, [this](const QString& text) {
+        m_filter->SetText(text);
+        m_pages->Refresh();
+    });
+    connect(m_bar, &FilterBar::kindChosen, this, [this](PresetFilter::Kind kind) {
+        m_filter->SetKind(kind);
+        m_pages->Refresh();
+    });
+    connect(m_bar, &FilterBar::left, m_pages, &PresetPages::FocusFirst);
+    connect(m_pages, &PresetPages::chosen, this, [this, &hover](const QModelIndex& preset) {
+        hover.End();
+        m_commands->Apply(preset);
+    });
+    connect(m_pages, &PresetPages::stepped, this, [this, &hover](const QModelIndex& preset) {
+        hover.End();
+        m_commands->Apply(preset, false);
+    });
+    connect(m_pages, &PresetPages::stepsEnded, m_commands, &PresetCommands::FinishApplyStep);
+    connect(m_pages, &PresetPages::starClicked, this, [this](const QModelIndex& preset) {
+        const bool isFavourite = preset.data(PresetModel::FavouriteRole).toBool();
+        m_commands->SetFavourite(preset, !isFavourite);
+    });
+    connect(m_pages, &PresetPages::pointed, &hover, &HoverPreview::Point);
+    connect(m_pages, &PresetPages::menuRequested, this, &PresetsWidget::ShowMenu);
+}
+
+QAction* PresetsWidget::AddAction(const char* name, const QKeySequence& key,
+                                  const std::function<void()>& run)
+{
+    auto* action = new QAction(this);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcut(key);
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(action, &QAction::triggered, this, run);
+    addAction(action);
+    return action;
+}
+
+void PresetsWidget::MakeActions()
+{
+    m_apply = AddAction("applyPreset", {}, [this] { m_commands->Apply(GetMeant()); });
+    m_favourite = AddAction("favouritePreset", Qt::CTRL + Qt::Key_D, [this] {
+        const QModelIndex preset = GetMeant();
+        m_commands->SetFavourite(preset, !preset.data(PresetModel::FavouriteRole).toBool());
+    });
+    m_saveAs = AddAction("savePreset", Qt::CTRL + Qt::SHIFT + Qt::Key_S,
+                         [this] { m_commands->SaveAs(GetMeant()); });
+    m_rename = AddAction("renamePreset", Qt::Key_F2, [this] { m_commands->Rename(GetMeant()); });
+    m_remove =
+        AddAction("removePreset", QKeySequence::Delete, [this] { m_commands->Remove(GetMeant()); });
+    m_reset = AddAction("resetPreset", Qt::CTRL + Qt::Key_R, [this] { m_commands->Reset(); });
+    m_commit =
+        AddAction("commitPreset", Qt::CTRL + Qt::Key_Return, [this] { m_commands->Commit(); });
+    m_discard =
+        AddAction("discardPreset", Qt::CTRL + Qt::Key_Backspace, [this] { m_commands->Discard(); });
+    m_search = AddAction("searchPresets", QKeySequence::Find, [this] { m_bar->FocusSearch(); });
+    for (int page = 0; page < PagesWithKeys; ++page) {
+        auto* shortcut = new QShortcut(QKeySequence(Qt::ALT + Qt::Key_1 + page), this);
+        connect(shortcut, &QShortcut::activated, this, [this, page] { m_pages->TogglePage(page); });
+    }
+    ShowActionTexts();
+}
+
+void PresetsWidget::ShowActionTexts()
+{
+    m_apply->setText(tr("Show on the photo"));
+    m_favourite->setText(tr("Favourite"));
+    m_saveAs->setText(tr("Save as preset…"));
+    m_rename->setText(tr("Rename…"));
+    m_remove->setText(tr("Delete…"));
+    m_reset->setText(tr("Reset all values"));
+    m_commit->setText(tr("Apply to the photo"));
+    m_discard->setText(tr("Discard the look"));
+    m_search->setText(tr("Search looks"));
+    setAccessibleName(tr("Looks"));
+}
+
+QModelIndex PresetsWidget::GetMeant() const
+{
+    if (m_menuPreset.isValid())
+        return m_menuPreset;
+    const QModelIndex current = m_pages->GetCurrentPreset();
+    return current.isValid() ? current : m_commands->GetApplied();
+}
+
+void PresetsWidget::ShowMenu(const QModelIndex& preset, const QPoint& position)
+{
+    m_menuPreset = preset;
+    QMenu menu(this);
+    const bool isUsers = m_commands->IsUsers(preset);
+    m_favourite->setCheckable(true);
+    m_favourite->setChecked(preset.data(PresetModel::FavouriteRole).toBool());
+    menu.addAction(m_apply);
+    menu.addAction(m_favourite);
+    menu.addSeparator();
+    menu.addAction(m_saveAs);
+    if (isUsers) {
+        menu.addAction(m_rename);
+        menu.addAction(m_remove);
+    }
+    if (preset == m_commands->GetApplied()) {
+        menu.addSeparator();
+        menu.addAction(m_reset);
+        menu.addAction(m_discard);
+        menu.addAction(m_commit);
+    }
+    menu.exec(position);
+    m_favourite->setCheckable(false);
+    m_menuPreset = QModelIndex();
+}
+
+void PresetsWidget::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange && m_apply)
+        ShowActionTexts();
+}
+
+} // namespace LumetraPlugin

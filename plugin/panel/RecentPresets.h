@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace LumetraPlugin {
+
+/// The ids of the presets that the user applied last, the latest first; kept in an ini file beside
+/// the user's presets.
+class RecentPresets
+{
+public:
+    static constexpr int MAXIMUM = 24;
+
+    /// Reads what is kept at `path`; nothing there, or an empty path, is an empty list.
+    explicit RecentPresets(const QString& path);
+
+    void Add(const QString& id);
+    bool Contains(const QString& id) const { return m_ids.contains(id); }
+    const QStringList& GetIds() const { return m_ids; }
+
+private:
+    QString m_path;
+    QStringList m_ids;
+};
+
+} // namespace LumetraPlugin

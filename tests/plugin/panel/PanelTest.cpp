@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "panel/PresetsPanel.h"
+
+#include "PanelFixture.h"
+#include "workspace/WorkspaceController.h"
+
+#include <QAbstractButton>
+
+using LumetraPlugin::PresetModel;
+using LumetraTest::PanelFixture;
+
+namespace {
+
+class PanelTest : public PanelFixture
+{
+};
+
+} // namespace
+
+TEST_F(PanelTest, showsTheGroupsInTheModelsOrder)
+{
+    EXPECT_EQ(Shown(0), (QStringList{QStringLiteral("Bright"), QStringLiteral("Grey"),
+                                     QStringLiteral("Hard")}));
+    EXPECT_EQ(Shown(1), (QStringList{QStringLiteral("Warm"), QStringLiteral("Plain")}));
+    EXPECT_EQ(Shown(2), QStringList());
+}
+
+TEST_F(PanelTest, aClickAppliesThePreset)
+{
+    Click("Bright");
+
+    EXPECT_TRUE(IsApplied("Bright"));
+    EXPECT_FALSE(HaveSamePixels(editor.GetResult(), photo));
+    EXPECT_EQ(editor.steps, QStringList{QStringLiteral("Look \"Bright\"")});
+}
+
+TEST_F(PanelTest, aSecondClickOnAnotherPresetReplacesIt)
+{
+    Click("Bright");
+    Click("Grey");
+
+    EXPECT_FALSE(IsApplied("Bright"));
+    EXPECT_EQ(editor.GetHostWorkspace().GetDrawer().GetOpenPackages().size(), 1U);
+}
+
+TEST_F(PanelTest, draggingTheIntensityDrawsLiveAndIsOneStep)
+{
+    Click("Bright");
+    const auto full = editor.GetResult();
+
+    Drag("intensitySlider", {60, 40, 1});
+
+    EXPECT_TRUE(HaveSamePixels(editor.GetResult(), photo)); // intensity 1 is the photo itself
+    EXPECT_FALSE(HaveSamePixels(editor.GetResult(), full));
+    EXPECT_EQ(editor.steps.size(), 2);
+    EXPECT_EQ(editor.steps.last(), QStringLiteral("Intensity of \"Bright\""));
+}
+
+TEST_F(PanelTest, discardTakesTheLookOff)
+{
+    Click("Bright");
+    Find<QAbstractButton>("discardButton").click();
+
+    EXPECT_TRUE(HaveSamePixels(editor.GetResult(), photo));
+    EXPECT_FALSE(panel->HasUnsavedChanges());
+    EXPECT_TRUE(panel->SaveEdit().isEmpty());
+}
+
+TEST_F(PanelTest, applyMakesTheLookPartOfThePhoto)
+{
+    Click("Bright");
+    const auto shown = editor.GetResult();
+    Find<QAbstractButton>("applyButton").click();
+
+    EXPECT_TRUE(HaveSamePixels(editor.GetHostWorkspace().GetDrawer().GetCommittedPhoto(), shown));
+    EXPECT_FALSE(panel->HasUnsavedChanges());
+    EXPECT_EQ(editor.steps.last(), QStringLiteral("Apply \"Bright\""));
+}
