@@ -7,7 +7,6 @@
 #include "core/PresetControllerFactory.h"
 #include "core/PresetModel.h"
 #include "core/UserPresetStore.h"
-#include "engine/EffectKinds.h"
 
 namespace LumetraPlugin {
 
@@ -20,7 +19,6 @@ PresetCollection::PresetCollection(const std::string& packageName,
       m_factory(std::make_shared<PresetControllerFactory>(packageName)),
       m_model(std::make_unique<PresetModel>(m_factory))
 {
-    LumetraHost::RegisterEffects();
 }
 
 PresetCollection::~PresetCollection() = default;

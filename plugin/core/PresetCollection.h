@@ -20,8 +20,8 @@ namespace LumetraPlugin {
 class PresetControllerFactory;
 class UserPresetStore;
 
-/// The presets of one panel: registers the engine's effects, reads the catalogues and the user's
-/// own presets into a model, and attaches it to a workspace that somebody else provides. Belongs to
+/// The presets of one panel: reads the catalogues and the user's own presets into a model, and
+/// attaches it to a workspace that somebody else provides, with its effects registered. Belongs to
 /// the GUI thread. Whoever uses it changes presets through the model's roles.
 class PresetCollection
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "core/PresetSession.h"
 
+#include "engine/EffectKinds.h"
 #include "workspace/WorkspaceController.h"
 
 namespace LumetraPlugin {
@@ -17,6 +18,7 @@ PresetSession::PresetSession(const std::string& packageName,
                              const std::shared_ptr<WorkspaceController>& workspace)
     : PresetCollection(packageName, workspace), m_workspace(workspace)
 {
+    LumetraHost::RegisterEffects();
 }
 
 PresetSession::~PresetSession() = default;

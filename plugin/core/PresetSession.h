@@ -10,8 +10,8 @@ class WorkspaceController;
 
 namespace LumetraPlugin {
 
-/// Presets together with a workspace of their own and the photo in it, for programs without an
-/// editor. Photos may follow each other; there is one at a time.
+/// Presets together with a workspace of their own, the engine's effects and the photo in it, for
+/// programs without an editor. Photos may follow each other; there is one at a time.
 class PresetSession : public PresetCollection
 {
 public:

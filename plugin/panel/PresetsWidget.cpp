@@ -4,6 +4,7 @@
 #include "panel/FilterBar.h"
 #include "panel/HoverPreview.h"
 #include "panel/PanelIcons.h"
+#include "panel/PanelTranslation.h"
 #include "panel/PresetCommands.h"
 #include "panel/PresetPages.h"
 #include "panel/ThumbnailCache.h"
@@ -188,8 +189,10 @@ void PresetsWidget::ShowMenu(const QModelIndex& preset, const QPoint& position)
 void PresetsWidget::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange && m_apply)
-        ShowActionTexts();
+    if (event->type() != QEvent::LanguageChange || !m_commands)
+        return;
+    PanelTranslation::Follow();
+    ShowActionTexts();
 }
 
 } // namespace LumetraPlugin

@@ -2,6 +2,7 @@
 #include "TestEditor.h"
 
 #include "LumetraEditor/IEditorPlugin.h"
+#include "engine/EffectKinds.h"
 #include "photo/Image.h"
 #include "workspace/WorkspaceController.h"
 
@@ -28,7 +29,10 @@ QString Signature(const QString& key, const Zorvik::Proc::FrameTarget& target,
 
 } // namespace
 
-TestEditor::TestEditor() : m_workspace(std::make_shared<LumetraHost::WorkspaceController>()) {}
+TestEditor::TestEditor() : m_workspace(std::make_shared<LumetraHost::WorkspaceController>())
+{
+    LumetraHost::RegisterEffects();
+}
 
 TestEditor::~TestEditor() = default;
 
