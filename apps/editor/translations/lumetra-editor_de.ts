@@ -2,4 +2,499 @@
 <!DOCTYPE TS>
 <!-- SPDX-License-Identifier: GPL-2.0-or-later -->
 <TS version="2.1" language="de_DE">
+<context>
+    <name>LumetraEditor::Editor</name>
+    <message>
+        <source>The panel &quot;%1&quot; cannot be used: %2</source>
+        <translation>Das Bedienfeld „%1“ kann nicht verwendet werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::EditorActions</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>&amp;Erscheinungsbild</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Sprache</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>Ö&amp;ffnen …</translation>
+    </message>
+    <message>
+        <source>&amp;Clear List</source>
+        <translation>Liste &amp;leeren</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Photo</source>
+        <translation>&amp;Voriges Foto</translation>
+    </message>
+    <message>
+        <source>&amp;Next Photo</source>
+        <translation>&amp;Nächstes Foto</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exportieren …</translation>
+    </message>
+    <message>
+        <source>&amp;Close Photo</source>
+        <translation>Foto &amp;schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Fit to Window</source>
+        <translation>An &amp;Fenster anpassen</translation>
+    </message>
+    <message>
+        <source>&amp;Actual Size</source>
+        <translation>&amp;Originalgröße</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>Ver&amp;größern</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>&amp;Before and After</source>
+        <translation>&amp;Vorher und nachher</translation>
+    </message>
+    <message>
+        <source>&amp;Side Panel</source>
+        <translation>&amp;Seitenleiste</translation>
+    </message>
+    <message>
+        <source>F&amp;ull Screen</source>
+        <translation>V&amp;ollbild</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>&amp;Keyboard Shortcuts</source>
+        <translation>&amp;Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>&amp;About Lumetra</source>
+        <translation>Ü&amp;ber Lumetra</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::EditorWindow</name>
+    <message>
+        <source>The export was cancelled.</source>
+        <translation>Der Export wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>Exported to %1</source>
+        <translation>Exportiert nach %1</translation>
+    </message>
+    <message>
+        <source>Open Photos</source>
+        <translation>Fotos öffnen</translation>
+    </message>
+    <message>
+        <source>Photos (*.jpg *.jpeg *.jpe *.png *.tif *.tiff);;All files (*)</source>
+        <translation>Fotos (*.jpg *.jpeg *.jpe *.png *.tif *.tiff);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>%1: no panel takes files of this kind</source>
+        <translation>%1: kein Bedienfeld nimmt Dateien dieser Art an</translation>
+    </message>
+    <message>
+        <source>Opening %1…</source>
+        <translation>%1 wird geöffnet …</translation>
+    </message>
+    <message>
+        <source>Opening</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Exporting</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>%1 – Lumetra</source>
+        <translation>%1 – Lumetra</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Compare</source>
+        <translation>Vergleichen</translation>
+    </message>
+    <message>
+        <source>Hold to see the original (Space)</source>
+        <translation>Halten, um das Original zu sehen (Leertaste)</translation>
+    </message>
+    <message>
+        <source>Hold to see the original</source>
+        <translation>Halten, um das Original zu sehen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Cancel the export</source>
+        <translation>Export abbrechen</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Side Panel</source>
+        <translation>Seitenleiste</translation>
+    </message>
+    <message>
+        <source>Panels</source>
+        <translation>Bedienfelder</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::ExportDialog</name>
+    <message>
+        <source>Export Photo</source>
+        <translation>Foto exportieren</translation>
+    </message>
+    <message>
+        <source>&amp;Export</source>
+        <translation>&amp;Exportieren</translation>
+    </message>
+    <message>
+        <source>JPEG</source>
+        <translation>JPEG</translation>
+    </message>
+    <message>
+        <source>PNG</source>
+        <translation>PNG</translation>
+    </message>
+    <message>
+        <source>TIFF</source>
+        <translation>TIFF</translation>
+    </message>
+    <message>
+        <source>8 bits per channel</source>
+        <translation>8 Bit je Kanal</translation>
+    </message>
+    <message>
+        <source>16 bits per channel</source>
+        <translation>16 Bit je Kanal</translation>
+    </message>
+    <message>
+        <source>Original size</source>
+        <translation>Originalgröße</translation>
+    </message>
+    <message>
+        <source>Limit the longest side</source>
+        <translation>Längste Seite begrenzen</translation>
+    </message>
+    <message>
+        <source> px</source>
+        <translation> px</translation>
+    </message>
+    <message>
+        <source>Keep the camera&apos;s data and record the presets</source>
+        <translation>Kameradaten behalten und Presets vermerken</translation>
+    </message>
+    <message>
+        <source>Embed the colour profile (sRGB)</source>
+        <translation>Farbprofil einbetten (sRGB)</translation>
+    </message>
+    <message>
+        <source>&amp;Browse…</source>
+        <translation>&amp;Durchsuchen …</translation>
+    </message>
+    <message>
+        <source>&amp;Format</source>
+        <translation>&amp;Format</translation>
+    </message>
+    <message>
+        <source>&amp;Quality</source>
+        <translation>&amp;Qualität</translation>
+    </message>
+    <message>
+        <source>Bit &amp;depth</source>
+        <translation>Farb&amp;tiefe</translation>
+    </message>
+    <message>
+        <source>&amp;Size</source>
+        <translation>&amp;Größe</translation>
+    </message>
+    <message>
+        <source>Include</source>
+        <translation>Enthält</translation>
+    </message>
+    <message>
+        <source>File &amp;name</source>
+        <translation>Datei&amp;name</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Quality</source>
+        <translation>Qualität</translation>
+    </message>
+    <message>
+        <source>Bit depth</source>
+        <translation>Farbtiefe</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Longest side in pixels</source>
+        <translation>Längste Seite in Pixeln</translation>
+    </message>
+    <message>
+        <source>File name</source>
+        <translation>Dateiname</translation>
+    </message>
+    <message>
+        <source>%1_edited.%2</source>
+        <translation>%1_bearbeitet.%2</translation>
+    </message>
+    <message>
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 Pixel</translation>
+    </message>
+    <message>
+        <source>Photos (*.jpg *.png *.tif);;All files (*)</source>
+        <translation>Fotos (*.jpg *.png *.tif);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>“%1” exists. Replace it?</source>
+        <translation>„%1“ gibt es schon. Ersetzen?</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::Exporter</name>
+    <message>
+        <source>%1: there is not enough memory</source>
+        <translation>%1: der Speicher reicht nicht aus</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::HistogramWidget</name>
+    <message>
+        <source>Histogram</source>
+        <translation>Histogramm</translation>
+    </message>
+    <message>
+        <source>Shadows at the left, highlights at the right</source>
+        <translation>Links die Schatten, rechts die Lichter</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::MessageBar</name>
+    <message>
+        <source>Close the message</source>
+        <translation>Meldung schließen</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::PhotoCanvas</name>
+    <message>
+        <source>Photo</source>
+        <translation>Foto</translation>
+    </message>
+    <message>
+        <source>Edited</source>
+        <translation>Bearbeitet</translation>
+    </message>
+    <message>
+        <source>Original</source>
+        <translation>Original</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::PhotoLoader</name>
+    <message>
+        <source>%1: there is not enough memory for this photo</source>
+        <translation>%1: der Speicher reicht für dieses Foto nicht aus</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::PhotoText</name>
+    <message>
+        <source>%1   %2 × %3   %4 bits   sRGB</source>
+        <translation>%1   %2 × %3   %4 Bit   sRGB</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::PluginLoader</name>
+    <message>
+        <source>it was made for version %1 of the editor&apos;s interface, expected version %2</source>
+        <translation>es wurde für Version %1 der Schnittstelle gebaut, erwartet wird Version %2</translation>
+    </message>
+    <message>
+        <source>it is no module of this editor</source>
+        <translation>es ist kein Modul dieses Programms</translation>
+    </message>
+    <message>
+        <source>it cannot be loaded: %1</source>
+        <translation>es kann nicht geladen werden: %1</translation>
+    </message>
+    <message>
+        <source>its root object is of another kind</source>
+        <translation>sein Wurzelobjekt ist von anderer Art</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::Questions</name>
+    <message>
+        <source>The export has not finished. Quit all the same?</source>
+        <translation>Der Export ist noch nicht fertig. Trotzdem beenden?</translation>
+    </message>
+    <message>
+        <source>The look on “%1” has not been applied for good.
+
+Save keeps it beside the photo for the next time, Discard takes it off.</source>
+        <translation>Der Look auf „%1“ ist noch nicht endgültig angewendet.
+
+Speichern hebt ihn neben dem Foto für das nächste Mal auf, Verwerfen nimmt ihn herunter.</translation>
+    </message>
+    <message>
+        <source>About Lumetra</source>
+        <translation>Über Lumetra</translation>
+    </message>
+    <message>
+        <source>Lumetra %1
+A photo editor built around presets.
+
+Free software under the GNU General Public License, version 2 or later.</source>
+        <translation>Lumetra %1
+Ein Fotoeditor rund um Presets.
+
+Freie Software unter der GNU General Public License, Version 2 oder neuer.</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::ShortcutsDialog</name>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>Photo: hold to see the original</source>
+        <translation>Foto: halten, um das Original zu sehen</translation>
+    </message>
+    <message>
+        <source>Space, \</source>
+        <translation>Leertaste, \</translation>
+    </message>
+    <message>
+        <source>Photo: move</source>
+        <translation>Foto: verschieben</translation>
+    </message>
+    <message>
+        <source>Arrow keys</source>
+        <translation>Pfeiltasten</translation>
+    </message>
+    <message>
+        <source>Photo: zoom</source>
+        <translation>Foto: Zoom</translation>
+    </message>
+    <message>
+        <source>+, -, 0 (fit), 1 (actual size)</source>
+        <translation>+, -, 0 (anpassen), 1 (Originalgröße)</translation>
+    </message>
+    <message>
+        <source>Photo: move the line of the split view</source>
+        <translation>Foto: Trennlinie verschieben</translation>
+    </message>
+    <message>
+        <source>Alt+Left, Alt+Right</source>
+        <translation>Alt+Links, Alt+Rechts</translation>
+    </message>
+    <message>
+        <source>Message: close</source>
+        <translation>Meldung: schließen</translation>
+    </message>
+    <message>
+        <source>Esc</source>
+        <translation>Esc</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::Sidecar</name>
+    <message>
+        <source>The edit kept beside the photo cannot be read and is left alone: %1</source>
+        <translation>Die Bearbeitung neben dem Foto ist nicht lesbar und bleibt unangetastet: %1</translation>
+    </message>
+    <message>
+        <source>The edit cannot be kept beside the photo: %1</source>
+        <translation>Die Bearbeitung kann nicht neben dem Foto aufgehoben werden: %1</translation>
+    </message>
+    <message>
+        <source>The edit that could not be read is kept as %1</source>
+        <translation>Die unlesbare Bearbeitung ist aufgehoben als %1</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::StartPage</name>
+    <message>
+        <source>Open a photo</source>
+        <translation>Ein Foto öffnen</translation>
+    </message>
+    <message>
+        <source>Drop it here, or choose a JPEG, PNG or TIFF file.</source>
+        <translation>Hierher ziehen oder eine JPEG-, PNG- oder TIFF-Datei wählen.</translation>
+    </message>
+    <message>
+        <source>Open…</source>
+        <translation>Öffnen …</translation>
+    </message>
+    <message>
+        <source>Opened lately</source>
+        <translation>Zuletzt geöffnet</translation>
+    </message>
+</context>
 </TS>
