@@ -67,7 +67,7 @@ void HistogramWidget::paintEvent(QPaintEvent* /*event*/)
     painter.setCompositionMode(isDark ? QPainter::CompositionMode_Screen
                                       : QPainter::CompositionMode_Multiply);
     const QRectF area = QRectF(rect()).adjusted(8, 8, -8, -8);
-    const QColor dark[] = {0xb04a50, 0x3f9457, 0x4470c4};
+    const QColor dark[] = {0x8c3f45, 0x347a48, 0x3a5c9e};
     const QColor light[] = {0xf3a3a6, 0xa4dcb2, 0xa6bff0};
     for (int channel = 0; channel < Histogram::Channels; ++channel) {
         painter.setBrush(isDark ? dark[channel] : light[channel]);

@@ -61,7 +61,7 @@ TEST_P(StyleSheetTest, everyPictureExistsAndIsDrawn)
         const QString path = found.next().captured(1);
         EXPECT_FALSE(QImage(path).isNull()) << path.toStdString();
     }
-    EXPECT_EQ(pictures, 17);
+    EXPECT_EQ(pictures, 13);
 }
 
 // A sheet with an error in it is refused as a whole, with a warning, which fails the test.
