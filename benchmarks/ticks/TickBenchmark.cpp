@@ -1,0 +1,374 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// What a user waits for while a slider is dragged, beside the time that two threads need to copy
+// the frame once, and beside programs that do a similar job. All in one process, round by round.
+//
+//   bench_ticks [--rounds=N] [--json=FILE] [--megapixels=N]...
+#include "InterleavedRuns.h"
+#include "Peers.h"
+#include "TickPictures.h"
+
+#include "EffectPresets/EffectPresetModel.h"
+#include "core/PresetSession.h"
+#include "drawer/LayerRenderer.h"
+#include "drawer/LiveView.h"
+#include "engine/Blend.h"
+#include "engine/ThreadPool.h"
+#include "workspace/WorkspaceController.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QTemporaryDir>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace LumetraBench {
+namespace {
+
+using namespace LumetraHost;
+using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
+using Zorvik::Quindle::EffectsSettings;
+
+constexpr char Copy2[] = "copy, 2 threads";
+constexpr char Copy1[] = "copy, 1 thread";
+
+struct Arguments
+{
+    int rounds = 21;
+    std::string json = "bench_ticks.json";
+    std::vector<int> megapixels;
+};
+
+/// One line of the table: how many times longer than a reference, and what is wanted.
+struct Target
+{
+    std::string name;
+    std::string reference;
+    double limit;   ///< of the ratio
+    bool isAtLeast; ///< else at most
+    std::string comment;
+};
+
+SharedSettings MakeSettings(const Zorvik::Quindle::EffectList& effects)
+{
+    auto settings = std::make_shared<EffectsSettings>(1);
+    settings->Effects() = effects;
+    return settings;
+}
+
+void CopyFrame(const Image& source, Image& target, int threads)
+{
+    const std::size_t part = source.GetByteCount() / static_cast<std::size_t>(threads);
+    ThreadPool::GetShared().ForEach(threads, threads, [&](int i) {
+        const std::size_t offset = part * static_cast<std::size_t>(i);
+        std::memcpy(target.Row(0) + offset, source.Row(0) + offset, part);
+    });
+}
+
+/// The preset model with one blended preset of the chain, applied to a photo that a view shows.
+class Editor
+{
+public:
+    explicit Editor(const Image& photo) : m_view(m_session.GetWorkspace().GetDrawer())
+    {
+        QFile file(m_folder.filePath(QStringLiteral("looks.json")));
+        if (!file.open(QIODevice::WriteOnly))
+            throw std::runtime_error("cannot write the catalogue");
+        file.write(Catalogue);
+        file.close();
+        if (!m_session.Load({file.fileName()}, nullptr).isEmpty())
+            throw std::runtime_error("cannot read the catalogue");
+        m_session.OpenPhoto(photo);
+        m_index = m_session.GetModel().index(0, 0, m_session.GetModel().index(0, 0));
+        m_session.GetModel().setData(m_index, true, EffectPresetModel::AppliedRole);
+        const QSize size(photo.GetWidth(), photo.GetHeight());
+        m_view.SetView({QRectF(QPointF(), QSizeF(size)), size});
+        m_view.WaitForFrame();
+    }
+
+    void Tick()
+    {
+        m_intensity = m_intensity == 120 ? 121 : 120;
+        m_session.GetModel().setData(m_index, m_intensity, EffectPresetModel::IntensityRole);
+        m_view.WaitForFrame();
+    }
+
+private:
+    static constexpr char Catalogue[] = R"({"format": "lumetra-catalogue", "version": 1, "groups": [
+        {"name": "Looks", "settings": {"intensity": {"type": 1,
+            "blendSetting": {"value": 100, "begin": 1, "end": 255}}},
+         "items": [{"name": "Bright", "effects": [
+            {"effect": {"id": "exposure", "stops": 0.4}},
+            {"effect": {"id": "contrast", "amount": 20}},
+            {"effect": {"id": "saturation", "amount": 15}}]}]}]})";
+
+    QTemporaryDir m_folder;
+    LumetraPlugin::PresetSession m_session{"Looks"};
+    LiveView m_view;
+    QModelIndex m_index;
+    int m_intensity = 120;
+};
+
+/// Everything of one picture size.
+class Scene
+{
+public:
+    Scene(int width, int height)
+        : m_photo(MakePhoto(width, height)), m_target(m_photo.Clone()), m_editor(m_photo),
+          m_ocio(m_chain)
+    {
+        m_effect = m_renderer.Render(m_photo, m_chain.MakeEffects(), FullEffect);
+        m_blendLayers.SetSource(m_photo);
+        m_sliderLayers.SetSource(m_photo);
+        AddCopies();
+        AddBlends();
+        AddSliders();
+        AddChains();
+    }
+
+    void Measure(int rounds)
+    {
+        CheckBlend();
+        m_runs.Measure(rounds);
+    }
+
+    const InterleavedRuns& GetRuns() const { return m_runs; }
+
+    double GetOcioPsnr()
+    {
+        m_ocio.SetContrast(m_chain.contrast);
+        m_ocio.Run(m_photo, m_target);
+        return GetPsnr(m_target, m_effect);
+    }
+
+    double GetQtPsnr() { return GetBlendPsnr(BlendWithQt); }
+    double GetOpenCvPsnr() { return GetBlendPsnr(BlendWithOpenCv); }
+
+private:
+    static constexpr int Amount = 90;
+    static double GetEffectWeight() { return 1 - GetSourceWeight(Amount); }
+
+    void AddCopies()
+    {
+        m_runs.Add(Copy2, [this] { CopyFrame(m_photo, m_target, 2); });
+        m_runs.Add(Copy1, [this] { CopyFrame(m_photo, m_target, 1); });
+    }
+
+    void AddBlends()
+    {
+        const SharedSettings settings = MakeSettings(m_chain.MakeEffects());
+        m_runs.Add("blend tick", [this, settings] {
+            m_amount = m_amount == Amount ? Amount + 1 : Amount;
+            m_frame = m_blendLayers.Render({{settings, m_amount}}, 1);
+        });
+        m_runs.Add("blend tick, from setData to the frame", [this] { m_editor.Tick(); });
+        m_runs.Add("blend, QPainter",
+                   [this] { BlendWithQt(m_photo, m_effect, GetEffectWeight(), m_target); });
+        m_runs.Add("blend, OpenCV",
+                   [this] { BlendWithOpenCv(m_photo, m_effect, GetEffectWeight(), m_target); });
+    }
+
+    void AddSliders()
+    {
+        m_chainEffects = m_chain.MakeEffects();
+        const char* const names[] = {"exposure", "white balance", "contrast", "lift-gamma-gain",
+                                     "saturation"};
+        for (std::size_t i = 0; i < 5; ++i)
+            m_runs.Add(
+                std::string("slider tick, ") + names[i], [this, i] { Touch(i); },
+                [this, i] {
+                    // The first tick of a drag makes the caches.
+                    Touch(i);
+                    Touch(i);
+                });
+        m_runs.Add("slider tick, OpenColorIO", [this] {
+            m_flip = !m_flip;
+            m_ocio.SetContrast(m_chain.contrast + (m_flip ? 1 : 0));
+            m_ocio.Run(m_photo, m_target);
+        });
+    }
+
+    void Touch(std::size_t position)
+    {
+        m_flip = !m_flip;
+        GradingChain other = m_chain;
+        other.stops += m_flip ? 0.05 : 0.06;
+        other.tint += m_flip ? 0.5 : 0.6;
+        other.contrast += m_flip ? 1 : 2;
+        other.slope[0] += m_flip ? 0.01 : 0.02;
+        other.saturation += m_flip ? 1 : 2;
+        Zorvik::Quindle::EffectList effects = m_chainEffects;
+        effects[position] = other.MakeEffects()[position];
+        m_frame = m_sliderLayers.Render({{MakeSettings(effects), std::nullopt}}, 1);
+    }
+
+    void AddChains()
+    {
+        const auto effects = m_chain.MakeEffects();
+        m_runs.Add("chain, exact", [this, effects] {
+            m_frame = m_renderer.Render(m_photo, effects, FullEffect, {}, std::move(m_frame));
+        });
+        m_runs.Add("chain, OpenColorIO", [this] { m_ocio.Run(m_photo, m_target); });
+        const Zorvik::Quindle::EffectList saturation = {effects[4]};
+        RenderOptions one;
+        one.threads = 1;
+        m_runs.Add("saturation, 1 thread", [this, saturation, one] {
+            m_frame = m_renderer.Render(m_photo, saturation, FullEffect, one, std::move(m_frame));
+        });
+    }
+
+    void CheckBlend()
+    {
+        const Image tick = m_blendLayers.Render({{MakeSettings(m_chain.MakeEffects()), Amount}}, 1);
+        for (int y = 0; y < m_photo.GetHeight(); ++y)
+            for (int i = 0; i < Image::Channels * m_photo.GetWidth(); ++i) {
+                const int wanted =
+                    (m_photo.Row(y)[i] * (Amount - 1) + m_effect.Row(y)[i] * (255 - Amount) + 127) /
+                    254;
+                if (static_cast<const Image&>(tick).Row(y)[i] != wanted)
+                    throw std::runtime_error("a blend tick is not the integer blend");
+            }
+    }
+
+    template <class Blend>
+    double GetBlendPsnr(Blend blend)
+    {
+        blend(m_photo, m_effect, GetEffectWeight(), m_target);
+        return GetPsnr(m_target, m_renderer.Interpolate(m_photo, m_effect, Amount));
+    }
+
+    const GradingChain m_chain;
+    const Renderer m_renderer;
+    const Image m_photo;
+    Image m_effect;
+    Image m_target;
+    Image m_frame;
+    LayerRenderer m_blendLayers{m_renderer, 4};
+    LayerRenderer m_sliderLayers{m_renderer, 4};
+    Zorvik::Quindle::EffectList m_chainEffects;
+    Editor m_editor;
+    OcioChain m_ocio;
+    int m_amount = Amount;
+    bool m_flip = false;
+    InterleavedRuns m_runs;
+};
+
+std::vector<Target> GetTargets()
+{
+    return {{"blend tick", Copy2, 2, false, ""},
+            {"blend tick, from setData to the frame", Copy2, 4, false, ""},
+            {"slider tick, contrast", Copy2, 8, false, ""},
+            {"slider tick, saturation", Copy2, 8, false, ""},
+            {"chain, exact", Copy2, 36, false, ""},
+            {"saturation, 1 thread", Copy1, 3, false, ""},
+            {"blend, QPainter", "blend tick", 2, true, "Qt"},
+            {"blend, OpenCV", "blend tick", 2, true, "OpenCV"},
+            {"slider tick, OpenColorIO", "slider tick, contrast", 40, true, "OpenColorIO"},
+            {"chain, OpenColorIO", "chain, exact", 45, true, "OpenColorIO"}};
+}
+
+void Print(const Scene& scene, const std::string& title)
+{
+    const InterleavedRuns& runs = scene.GetRuns();
+    std::printf("\n%s\n%-40s %10s %10s %8s %8s\n", title.c_str(), "", "median ms", "best ms",
+                "x copy2", "x copy1");
+    for (const auto& run : runs.GetRuns())
+        std::printf("%-40s %10.3f %10.3f %8.2f %8.2f\n", run.name.c_str(), runs.GetMedian(run.name),
+                    runs.GetFastest(run.name), runs.GetRatio(run.name, Copy2),
+                    runs.GetRatio(run.name, Copy1));
+    for (const Target& target : GetTargets()) {
+        const double ratio = runs.GetRatio(target.name, target.reference);
+        const bool isMet = target.isAtLeast ? ratio >= target.limit : ratio <= target.limit;
+        std::printf("%-40s %6.2f x %s (wanted: at %s %g) %s\n", target.name.c_str(), ratio,
+                    target.reference.c_str(), target.isAtLeast ? "least" : "most", target.limit,
+                    isMet ? "met" : "NOT met");
+    }
+}
+
+std::string WriteJson(const Scene& scene, const std::string& title)
+{
+    const InterleavedRuns& runs = scene.GetRuns();
+    std::ostringstream json;
+    json << "  {\"size\": \"" << title << "\", \"runs\": [\n";
+    for (std::size_t i = 0; i < runs.GetRuns().size(); ++i) {
+        const auto& run = runs.GetRuns()[i];
+        json << "    {\"name\": \"" << run.name << "\", \"medianMs\": " << runs.GetMedian(run.name)
+             << ", \"bestMs\": " << runs.GetFastest(run.name)
+             << ", \"perCopy2\": " << runs.GetRatio(run.name, Copy2)
+             << ", \"perCopy1\": " << runs.GetRatio(run.name, Copy1) << "}"
+             << (i + 1 < runs.GetRuns().size() ? "," : "") << "\n";
+    }
+    json << "  ]}";
+    return json.str();
+}
+
+bool TakeValue(const std::string& argument, const std::string& name, std::string& value)
+{
+    const std::string prefix = "--" + name + "=";
+    if (argument.compare(0, prefix.size(), prefix) != 0)
+        return false;
+    value = argument.substr(prefix.size());
+    return true;
+}
+
+// Options of other benchmarks that the common command hands to all are left alone.
+Arguments ReadArguments(int count, char** values)
+{
+    Arguments arguments;
+    std::string value;
+    for (int i = 1; i < count; ++i) {
+        if (TakeValue(values[i], "rounds", value))
+            arguments.rounds = std::max(1, std::atoi(value.c_str()));
+        else if (TakeValue(values[i], "megapixels", value))
+            arguments.megapixels.push_back(std::max(1, std::atoi(value.c_str())));
+        else
+            TakeValue(values[i], "json", arguments.json);
+    }
+    if (arguments.megapixels.empty())
+        arguments.megapixels = {2, 8};
+    return arguments;
+}
+
+void Run(const Arguments& arguments)
+{
+    std::string json;
+    for (const int megapixels : arguments.megapixels) {
+        // 3 : 2, rows of whole cache lines.
+        const int height = static_cast<int>(std::lround(std::sqrt(megapixels * 1e6 / 1.5)));
+        const int width = height * 3 / 2 / 16 * 16;
+        const std::string title =
+            std::to_string(width) + " x " + std::to_string(height) + " pixels";
+        Scene scene(width, height);
+        scene.Measure(arguments.rounds);
+        Print(scene, title);
+        std::printf("PSNR against ours: OpenColorIO %.1f dB, QPainter %.1f dB, OpenCV %.1f dB\n",
+                    scene.GetOcioPsnr(), scene.GetQtPsnr(), scene.GetOpenCvPsnr());
+        json += (json.empty() ? "" : ",\n") + WriteJson(scene, title);
+    }
+    std::ofstream(arguments.json) << "[\n" << json << "\n]\n";
+}
+
+} // namespace
+} // namespace LumetraBench
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    try {
+        LumetraBench::Run(LumetraBench::ReadArguments(argc, argv));
+    } catch (const std::exception& error) {
+        std::cerr << "bench_ticks: " << error.what() << "\n";
+        return 1;
+    }
+    return 0;
+}

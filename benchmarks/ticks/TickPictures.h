@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "photo/Image.h"
+
+#include "Zorvik/Quindle/EffectsSettings.h"
+
+namespace LumetraBench {
+
+/// Something like a photo: soft gradients with fine grain, opaque, 8 bits.
+LumetraHost::Image MakePhoto(int width, int height);
+
+/// Five effects of colour: exposure, white balance, contrast, lift-gamma-gain, saturation.
+struct GradingChain
+{
+    double stops = 0.4;
+    double temperature = 5600;
+    double tint = 6;
+    double contrast = 20;
+    double slope[3] = {1.05, 1.0, 0.96};
+    double offset[3] = {0.01, 0.0, -0.01};
+    double power[3] = {0.97, 1.0, 1.04};
+    double saturation = 15;
+
+    Zorvik::Quindle::EffectList MakeEffects() const;
+};
+
+/// The peak signal-to-noise ratio of two 8-bit pictures of one size, colours only, in decibels.
+double GetPsnr(const LumetraHost::Image& first, const LumetraHost::Image& second);
+
+} // namespace LumetraBench
