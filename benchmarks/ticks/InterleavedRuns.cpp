@@ -2,20 +2,32 @@
 #include "InterleavedRuns.h"
 
 #include <algorithm>
-#include <chrono>
 #include <stdexcept>
 #include <utility>
+
+#include <time.h>
 
 namespace LumetraBench {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-double MeasureOnce(const std::function<void()>& run)
+double GetMilliseconds(clockid_t clock)
 {
-    const auto begin = Clock::now();
-    run();
-    return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
+    timespec time{};
+    clock_gettime(clock, &time);
+    return 1e3 * double(time.tv_sec) + 1e-6 * double(time.tv_nsec);
+}
+
+void MeasureOnce(InterleavedRuns::Run& run, bool isCounted)
+{
+    const double begin = GetMilliseconds(CLOCK_MONOTONIC);
+    const double processorBegin = GetMilliseconds(CLOCK_PROCESS_CPUTIME_ID);
+    run.run();
+    const double processorEnd = GetMilliseconds(CLOCK_PROCESS_CPUTIME_ID);
+    const double end = GetMilliseconds(CLOCK_MONOTONIC);
+    if (!isCounted)
+        return;
+    run.milliseconds[InterleavedRuns::RealTime].push_back(end - begin);
+    run.milliseconds[InterleavedRuns::ProcessorTime].push_back(processorEnd - processorBegin);
 }
 
 double TakeMedian(std::vector<double> values)
@@ -30,37 +42,29 @@ double TakeMedian(std::vector<double> values)
 void InterleavedRuns::Add(const std::string& name, std::function<void()> run,
                           std::function<void()> prepare)
 {
-    m_runs.push_back({name, std::move(run), {}});
-    m_prepare.push_back(std::move(prepare));
+    m_runs.push_back({name, std::move(prepare), std::move(run), {}});
 }
 
 void InterleavedRuns::Measure(int rounds)
 {
     for (int round = -1; round < rounds; ++round)
-        for (std::size_t i = 0; i < m_runs.size(); ++i) {
-            if (m_prepare[i])
-                m_prepare[i]();
-            const double time = MeasureOnce(m_runs[i].run);
-            if (round >= 0)
-                m_runs[i].milliseconds.push_back(time);
+        for (Run& run : m_runs) {
+            if (run.prepare)
+                run.prepare();
+            MeasureOnce(run, round >= 0);
         }
 }
 
-double InterleavedRuns::GetMedian(const std::string& name) const
+double InterleavedRuns::GetMedian(const std::string& name, Clock clock) const
 {
-    return TakeMedian(Find(name).milliseconds);
+    return TakeMedian(Find(name).milliseconds[clock]);
 }
 
-double InterleavedRuns::GetFastest(const std::string& name) const
+double InterleavedRuns::GetRatio(const std::string& name, const std::string& reference,
+                                 Clock clock) const
 {
-    const auto& times = Find(name).milliseconds;
-    return *std::min_element(times.begin(), times.end());
-}
-
-double InterleavedRuns::GetRatio(const std::string& name, const std::string& reference) const
-{
-    const auto& times = Find(name).milliseconds;
-    const auto& references = Find(reference).milliseconds;
+    const auto& times = Find(name).milliseconds[clock];
+    const auto& references = Find(reference).milliseconds[clock];
     std::vector<double> ratios;
     for (std::size_t i = 0; i < times.size(); ++i)
         ratios.push_back(times[i] / references[i]);

@@ -8,6 +8,9 @@
 namespace LumetraHost {
 namespace {
 
+/// The frame on the screen, the one on its way there, and the ones being rendered.
+constexpr std::size_t InteractionSpares = 4;
+
 bool IsFullEffect(const Layer& layer)
 {
     return layer.paintedBlend.value_or(layer.settings->GetBlendAmount()) == FullEffect;
@@ -15,8 +18,9 @@ bool IsFullEffect(const Layer& layer)
 
 } // namespace
 
-LayerRenderer::LayerRenderer(const Renderer& renderer, std::size_t spares)
-    : m_renderer(renderer), m_spares(spares)
+LayerRenderer::LayerRenderer(const Renderer& renderer, LayerUse use)
+    : m_renderer(renderer), m_use(use), m_incremental(renderer),
+      m_spares(use == LayerUse::Interaction ? InteractionSpares : 1)
 {
 }
 
@@ -26,6 +30,7 @@ void LayerRenderer::SetSource(const Image& source, const std::optional<PictureAr
     m_area = area;
     m_outputs.clear();
     m_fullEffect = {};
+    m_incremental.Clear();
     m_spares.Clear();
 }
 
@@ -91,10 +96,19 @@ Image LayerRenderer::RenderLayer(std::size_t position, const Layer& layer, const
     ++m_drawnLayers;
     const Image picture = layer.paintedBlend
                               ? RenderBlend(position, layer, below, options)
-                              : m_renderer.Render(below, *layer.settings, options, TakeSpare());
+                              : RenderSettings(position, *layer.settings, below, options);
     if (!picture.SharesPixelsWith(m_source))
         m_spares.Remember(picture);
     return picture;
+}
+
+Image LayerRenderer::RenderSettings(std::size_t position,
+                                    const Zorvik::Quindle::EffectsSettings& settings,
+                                    const Image& below, const RenderOptions& options)
+{
+    if (m_use == LayerUse::Interaction && position == m_changed)
+        return m_incremental.Render(below, settings, options, TakeSpare());
+    return m_renderer.Render(below, settings, options, TakeSpare());
 }
 
 Image LayerRenderer::RenderBlend(std::size_t position, const Layer& layer, const Image& below,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "drawer/ImagePool.h"
+#include "drawer/IncrementalRenderer.h"
 #include "drawer/PictureRecipe.h"
 
 #include "engine/CancelToken.h"
@@ -16,17 +17,25 @@
 
 namespace LumetraHost {
 
+/// For whom layers are drawn.
+enum class LayerUse
+{
+    Once,       ///< little memory is kept
+    Interaction ///< the layer that changes is drawn quickly, and memory is used again
+};
+
 /// Draws the layers of a recipe on one source picture and keeps what the next call can use again:
 /// the result, the picture below the topmost layer, the one below the layer that was changed last,
-/// and while a blend is dragged that layer's finished full effect. One thread only.
+/// and while a blend is dragged that layer's finished full effect. For interaction also the
+/// changing layer's picture in front of its first effect that differs (see IncrementalRenderer).
+/// One thread only.
 ///
 /// Every layer rounds once: the picture above a layer has the depth of the source.
 class LayerRenderer
 {
 public:
-    /// `renderer` is kept by reference. `spares`: how many pictures that were handed out it
-    /// remembers to use their memory again.
-    explicit LayerRenderer(const Renderer& renderer, std::size_t spares = 1);
+    /// `renderer` is kept by reference.
+    explicit LayerRenderer(const Renderer& renderer, LayerUse use = LayerUse::Once);
 
     /// Null: all results are null. `area`: where the source lies in the photo; empty: it is all
     /// of it.
@@ -38,6 +47,8 @@ public:
     Image Render(const std::vector<Layer>& layers, std::size_t count,
                  const CancelToken* cancel = nullptr);
 
+    /// How the changing layer is drawn; for interaction.
+    const IncrementalRenderer& GetIncremental() const { return m_incremental; }
     /// How many layers have been drawn since the beginning; blends of finished pictures too.
     std::size_t GetDrawnLayerCount() const { return m_drawnLayers; }
 
@@ -59,12 +70,16 @@ private:
     void MatchFullEffect(const std::vector<Layer>& layers, std::size_t firstOther);
     Image RenderLayer(std::size_t position, const Layer& layer, const Image& below,
                       const CancelToken* cancel);
+    Image RenderSettings(std::size_t position, const Zorvik::Quindle::EffectsSettings& settings,
+                         const Image& below, const RenderOptions& options);
     Image RenderBlend(std::size_t position, const Layer& layer, const Image& below,
                       const RenderOptions& options);
     Image TakeSpare();
     void DropUnused(std::size_t count);
 
     const Renderer& m_renderer;
+    LayerUse m_use;
+    IncrementalRenderer m_incremental;
     Image m_source;
     std::optional<PictureArea> m_area;
     std::vector<Output> m_outputs;

@@ -2,6 +2,7 @@
 #include "drawer/SameEffects.h"
 
 #include "engine/EffectKinds.h"
+#include "engine/lut3d/Lut3dSettings.h"
 #include "storage/JsonSerializer.h"
 #include "storage/JsonWriter.h"
 
@@ -20,6 +21,14 @@ std::optional<double> GetValue(const IEffectSettings& effect, const std::string&
     if (!effect.HasParameter(name))
         return std::nullopt;
     return effect.GetParameter(name);
+}
+
+/// Tables are shared by clones, so that they need not be compared entry by entry.
+bool ShareTables(const IEffectSettings& first, const IEffectSettings& second)
+{
+    const auto* const a = dynamic_cast<const Lut3dSettings*>(&first);
+    const auto* const b = dynamic_cast<const Lut3dSettings*>(&second);
+    return a && b && a->GetCurve() == b->GetCurve() && a->GetCube() == b->GetCube();
 }
 
 std::string GetStoredForm(const IEffectSettings& effect)
@@ -45,7 +54,7 @@ bool AreSameEffects(const EffectPtr& first, const EffectPtr& second)
         std::all_of(parameters.begin(), parameters.end(), [&](const EffectParameter& parameter) {
             return GetValue(*first, parameter.name) == GetValue(*second, parameter.name);
         });
-    if (!haveSameNumbers || !kind->descriptor.create)
+    if (!haveSameNumbers || !kind->descriptor.create || ShareTables(*first, *second))
         return haveSameNumbers;
     return GetStoredForm(*first) == GetStoredForm(*second);
 }

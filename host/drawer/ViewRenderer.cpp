@@ -40,7 +40,7 @@ Image Scale(const Image& photo, const ViewGeometry& geometry)
 
 } // namespace
 
-ViewRenderer::ViewRenderer(const Renderer& renderer) : m_layers(renderer, Spares) {}
+ViewRenderer::ViewRenderer(const Renderer& renderer) : m_layers(renderer, LayerUse::Interaction) {}
 
 Image ViewRenderer::GetOriginal(const Image& photo, const ViewGeometry& geometry)
 {

@@ -33,9 +33,6 @@ public:
     bool HasScaled(const Image& photo, const ViewGeometry& geometry) const;
 
 private:
-    /// The frame on the screen, the one on its way there, and the ones being rendered.
-    static constexpr std::size_t Spares = 4;
-
     Image m_photo;
     std::optional<ViewGeometry> m_geometry;
     bool m_isOpaque = true;
