@@ -97,11 +97,9 @@ Ocio::GroupTransformRcPtr MakeGroup(const GradingChain& chain)
     group->appendTransform(exposure);
     group->appendTransform(MakeWhiteBalance(chain));
     group->appendTransform(contrast);
-    group->appendTransform(MakeCurve(Ocio::TRANSFORM_DIR_INVERSE));
-    group->appendTransform(MakeCdl(chain));
-    group->appendTransform(MakeCurve(Ocio::TRANSFORM_DIR_FORWARD));
     group->appendTransform(MakeSaturation(chain));
     group->appendTransform(MakeCurve(Ocio::TRANSFORM_DIR_INVERSE));
+    group->appendTransform(MakeCdl(chain));
     return group;
 }
 

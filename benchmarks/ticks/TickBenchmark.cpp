@@ -180,8 +180,8 @@ private:
     void AddSliders()
     {
         m_chainEffects = m_chain.MakeEffects();
-        const char* const names[] = {"exposure", "white balance", "contrast", "lift-gamma-gain",
-                                     "saturation"};
+        const char* const names[] = {"exposure", "white balance", "contrast", "saturation",
+                                     "lift-gamma-gain"};
         for (std::size_t i = 0; i < 5; ++i)
             m_runs.Add(
                 std::string("slider tick, ") + names[i], [this, i] { Touch(i); },
@@ -218,7 +218,7 @@ private:
             m_frame = m_renderer.Render(m_photo, effects, FullEffect, {}, std::move(m_frame));
         });
         m_runs.Add("chain, OpenColorIO", [this] { m_ocio.Run(m_photo, m_target); });
-        const Zorvik::Quindle::EffectList saturation = {effects[4]};
+        const Zorvik::Quindle::EffectList saturation = {effects[3]};
         RenderOptions one;
         one.threads = 1;
         m_runs.Add("saturation, 1 thread", [this, saturation, one] {

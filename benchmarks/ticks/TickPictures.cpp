@@ -65,8 +65,8 @@ Zorvik::Quindle::EffectList GradingChain::MakeEffects() const
     }
     return {MakeEffect("exposure", {{"stops", stops}}),
             MakeEffect("whiteBalance", {{"temperature", temperature}, {"tint", tint}}),
-            MakeEffect("contrast", {{"amount", contrast}}), MakeEffect("liftGammaGain", cdl),
-            MakeEffect("saturation", {{"amount", saturation}})};
+            MakeEffect("contrast", {{"amount", contrast}}),
+            MakeEffect("saturation", {{"amount", saturation}}), MakeEffect("liftGammaGain", cdl)};
 }
 
 double GetPsnr(const Image& first, const Image& second)

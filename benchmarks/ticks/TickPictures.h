@@ -10,7 +10,8 @@ namespace LumetraBench {
 /// Something like a photo: soft gradients with fine grain, opaque, 8 bits.
 LumetraHost::Image MakePhoto(int width, int height);
 
-/// Five effects of colour: exposure, white balance, contrast, lift-gamma-gain, saturation.
+/// Five effects of colour: exposure, white balance, contrast, saturation,
+/// lift-gamma-gain.
 struct GradingChain
 {
     double stops = 0.4;
