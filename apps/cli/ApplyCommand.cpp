@@ -9,11 +9,15 @@
 #include "PhotoBatch.h"
 #include "PresetUse.h"
 #include "UsageError.h"
+#include "Zorvik/Exception.h"
+#include "core/LutImport.h"
 #include "core/PresetSession.h"
 
+#include <QFileInfo>
 #include <QThread>
 
 #include <algorithm>
+#include <optional>
 
 namespace LumetraCli {
 namespace {
@@ -70,6 +74,34 @@ PhotoBatch MakeBatch(const QCommandLineParser& parser)
     return PhotoBatch(jobs, options);
 }
 
+/// The look of a LUT file joins the user's presets for this run; nothing is saved.
+PresetRow AddLutPreset(LumetraPlugin::PresetSession& session, const QString& file)
+{
+    const auto added = LumetraPlugin::LutImport::AddTo(session, file);
+    if (added.size() != 1)
+        throw UsageError(QStringLiteral("--preset: expected a file with one look, found %1 in "
+                                        "\"%2\"; \"import\" makes a preset of each")
+                             .arg(QString::number(added.size()), file));
+    const QString id = added.front()
+                           .data(Zorvik::Lumetra::LumetraPresets::EffectPresetModel::PresetIdRole)
+                           .toString();
+    return PresetRows::Find(PresetRows::Read(session.GetModel()), id);
+}
+
+/// Nothing, and reported, when it is a LUT file that cannot be used.
+std::optional<PresetRow> FindPreset(LumetraPlugin::PresetSession& session, const QString& preset,
+                                    Console& console)
+{
+    if (!LumetraPlugin::LutImport::IsLutName(preset, true) || !QFileInfo(preset).isFile())
+        return PresetRows::Find(PresetRows::Read(session.GetModel()), preset);
+    try {
+        return AddLutPreset(session, preset);
+    } catch (const Zorvik::Exception& error) {
+        console.ReportPlace(QString::fromUtf8(error.what()));
+        return std::nullopt;
+    }
+}
+
 void RunBatch(const PhotoBatch& batch, std::vector<PhotoJob>& jobs, const PresetUse& use,
               LumetraPlugin::PresetSession& session, ApplyReport& report)
 {
@@ -96,8 +128,9 @@ void ApplyCommand::AddOptions(QCommandLineParser& parser) const
                                  QStringLiteral("PHOTO..."));
     parser.addOptions({
         {{QStringLiteral("p"), PresetOption},
-         QStringLiteral("The preset, by name or id."),
-         QStringLiteral("name|id")},
+         QStringLiteral("The preset, by name or id, or a LUT file: .cube, .3dl, .clf, .cc, .ccc, "
+                        ".cdl or a HaldCLUT picture."),
+         QStringLiteral("name|id|file")},
         {{QStringLiteral("i"), IntensityOption},
          QStringLiteral("Intensity within the preset's range."),
          QStringLiteral("number")},
@@ -132,7 +165,10 @@ ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& consol
     const auto session = CatalogueOptions::Load(parser, console);
     if (!session)
         return ExitCode::SomeFailed;
-    const PresetUse use(PresetRows::Find(PresetRows::Read(session->GetModel()), preset),
+    const auto row = FindPreset(*session, preset, console);
+    if (!row)
+        return ExitCode::SomeFailed;
+    const PresetUse use(*row,
                         parser.isSet(IntensityOption) ? parser.value(IntensityOption) : QString(),
                         parser.values(SetOption));
     std::vector<PhotoJob> jobs = OutputPlan::Make(photos, outputs, use.GetPreset().name, existing);

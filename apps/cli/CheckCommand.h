@@ -5,7 +5,7 @@
 
 namespace LumetraCli {
 
-/// Checks catalogue files and says what is wrong in them, with file, line and column.
+/// Checks catalogues and LUT files and says what is wrong in them, with file, line and column.
 class CheckCommand : public Command
 {
 public:

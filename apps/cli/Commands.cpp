@@ -3,7 +3,9 @@
 
 #include "ApplyCommand.h"
 #include "CheckCommand.h"
+#include "ExportLutCommand.h"
 #include "FavouriteCommand.h"
+#include "ImportCommand.h"
 #include "ListCommand.h"
 #include "RemoveCommand.h"
 #include "RenameCommand.h"
@@ -22,6 +24,8 @@ std::vector<std::unique_ptr<Command>> MakeCommands()
     commands.push_back(std::make_unique<ApplyCommand>());
     commands.push_back(std::make_unique<SheetCommand>());
     commands.push_back(std::make_unique<CheckCommand>());
+    commands.push_back(std::make_unique<ImportCommand>());
+    commands.push_back(std::make_unique<ExportLutCommand>());
     commands.push_back(std::make_unique<SaveCommand>());
     commands.push_back(std::make_unique<RenameCommand>());
     commands.push_back(std::make_unique<RemoveCommand>());

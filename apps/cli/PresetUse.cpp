@@ -120,6 +120,17 @@ PresetUse::MakePackages(LumetraPlugin::PresetSession& session) const
     return session.GetWorkspace().GetDrawer().GetCommittedPackages();
 }
 
+Zorvik::Quindle::EffectsSettings PresetUse::GetLook(LumetraPlugin::PresetSession& session) const
+{
+    session.OpenPhoto(LumetraHost::Image::Allocate(1, 1, LumetraHost::Image::Depth::Bits8));
+    EffectPresetModel& model = session.GetModel();
+    model.setData(m_preset.index, true, EffectPresetModel::AppliedRole);
+    Tune(model);
+    const auto packages = session.GetWorkspace().GetDrawer().GetOpenPackages();
+    session.ClosePhoto();
+    return packages.empty() ? Zorvik::Quindle::EffectsSettings(1) : packages.back();
+}
+
 void PresetUse::SaveAs(LumetraPlugin::PresetSession& session, const QString& name) const
 {
     session.ClosePhoto(); // a workspace to tune in, without a photo

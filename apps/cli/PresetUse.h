@@ -37,6 +37,9 @@ public:
     std::vector<Zorvik::Quindle::EffectsSettings>
     MakePackages(LumetraPlugin::PresetSession& session) const;
 
+    /// What the preset puts on a photo with these values: its effects and its blend amount.
+    Zorvik::Quindle::EffectsSettings GetLook(LumetraPlugin::PresetSession& session) const;
+
     /// Adds a user preset with these values to the session's model.
     void SaveAs(LumetraPlugin::PresetSession& session, const QString& name) const;
 

@@ -28,15 +28,22 @@ ExitCode StoreCommand::Execute(const QCommandLineParser& parser, Console& consol
     if (!session || !session->GetStore())
         return ExitCode::SomeFailed;
     const QStringList done = Edit(parser, *session, PresetRows::Read(session->GetModel()));
+    if (Save(*session, console) != ExitCode::Done)
+        return ExitCode::SomeFailed;
+    for (const QString& line : done)
+        console.PrintLine(line);
+    return ExitCode::Done;
+}
+
+ExitCode StoreCommand::Save(LumetraPlugin::PresetSession& session, Console& console)
+{
     try {
-        session->GetStore()->Save(session->GetModel());
+        session.GetStore()->Save(session.GetModel());
+        return ExitCode::Done;
     } catch (const Zorvik::Exception& error) {
         console.ReportPlace(QString::fromUtf8(error.what()));
         return ExitCode::SomeFailed;
     }
-    for (const QString& line : done)
-        console.PrintLine(line);
-    return ExitCode::Done;
 }
 
 QStringList StoreCommand::Arguments(const QCommandLineParser& parser, int minimum, int maximum)

@@ -17,6 +17,14 @@ namespace LumetraCli {
 /// A command that changes the user's presets or favourites through the model, and saves them.
 class StoreCommand : public Command
 {
+public:
+    /// Saves to the session's store; reports what is wrong.
+    static ExitCode Save(LumetraPlugin::PresetSession& session, Console& console);
+    /// `name` as a user's preset may be called: trimmed, 1 to 50 characters, not yet taken.
+    /// UsageError.
+    static QString NewName(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model,
+                           const QString& name);
+
 protected:
     using Rows = std::vector<PresetRow>;
 
@@ -35,10 +43,6 @@ protected:
     static PresetRow FindPreset(const Rows& rows, const QString& nameOrId);
     /// The same among the user's own presets; UsageError for one of a catalogue.
     static PresetRow FindUsersPreset(const Rows& rows, const QString& nameOrId);
-    /// `name` as a user's preset may be called: trimmed, 1 to 50 characters, not yet taken.
-    /// UsageError.
-    static QString NewName(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model,
-                           const QString& name);
 };
 
 } // namespace LumetraCli

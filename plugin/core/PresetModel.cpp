@@ -87,4 +87,14 @@ void PresetModel::InsertPreset(int row, const QModelIndex& group, const PresetPt
     endInsertRows();
 }
 
+QModelIndex PresetModel::AddUserPreset(const PresetPtr& preset)
+{
+    const QModelIndex group = GetUserGroup();
+    const GroupInfo& info = m_groups.at(group.row());
+    preset->SetWorkspaceController(GetWorkspaceReference());
+    preset->SetGroupInfo(info.info.name, info.info.editable);
+    InsertPreset(-1, group, preset);
+    return FindPreset(*preset);
+}
+
 } // namespace LumetraPlugin

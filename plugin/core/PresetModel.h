@@ -31,6 +31,9 @@ public:
     /// insertion. Out of range: at the group's end. Persistent indexes go on pointing where they
     /// did.
     void InsertPreset(int row, const QModelIndex& group, const PresetPtr& preset);
+    /// Appends a preset that is in no model yet to the user's group, announced as an insertion, and
+    /// attaches it to this model's workspace. Returns its index.
+    QModelIndex AddUserPreset(const PresetPtr& preset);
 
 private:
     void ReserveRow(const QModelIndex& group);

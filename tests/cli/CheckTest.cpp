@@ -35,7 +35,7 @@ TEST_F(CliTest, checkNeedsAFile)
     const CliResult result = RunPlain({QStringLiteral("check")});
 
     EXPECT_EQ(result.code, 2);
-    EXPECT_THAT(result.messages, HasSubstr("expected at least one catalogue file"));
+    EXPECT_THAT(result.messages, HasSubstr("expected at least one catalogue or LUT file"));
 }
 
 TEST_F(CliTest, checkSurvivesExtremeNesting)

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "core/LutImport.h"
+
+#include "Settings/IntensitySettingType.h"
+#include "Settings/SettingKeys.h"
+#include "Zorvik/Brassel/ISerializer.h"
+#include "Zorvik/Brassel/SerializerProperty.h"
+#include "Zorvik/Brassel/SettingsKeys.h"
+#include "core/PresetCollection.h"
+#include "core/PresetControllerFactory.h"
+#include "lut/LutFormat.h"
+#include "lut/LutReader.h"
+
+#include <QUuid>
+
+namespace LumetraPlugin {
+namespace {
+
+using LumetraHost::LutFormat;
+using LumetraHost::LutLook;
+using Zorvik::Brassel::ISerializable;
+using Zorvik::Brassel::SerializerProperty;
+using Zorvik::Brassel::SerializerPtr;
+using Zorvik::Brassel::Settings::ConfigData;
+using Zorvik::Brassel::Settings::EffectInfo;
+using Zorvik::Lumetra::LumetraPresets::IntensitySettingType;
+using Zorvik::Lumetra::LumetraPresets::SettingKeys;
+using Zorvik::Quindle::IEffectSettings;
+
+constexpr char KeyId[] = "id";
+
+/// `name` shortened, and numbered until it is none of `taken`.
+QString MakeName(const QString& name, const QStringList& taken)
+{
+    const QString start = name.trimmed().isEmpty() ? QStringLiteral("LUT")
+                                                   : name.trimmed().left(LutImport::LongestName);
+    QString result = start;
+    for (int number = 2; taken.contains(result); ++number) {
+        const QString suffix = QStringLiteral(" %1").arg(number);
+        result = start.left(LutImport::LongestName - suffix.size()).trimmed() + suffix;
+    }
+    return result;
+}
+
+void WriteIntensity(const SerializerPtr& node)
+{
+    node->Set(SettingKeys::Type, static_cast<int>(IntensitySettingType::Blending));
+    const SerializerPtr blending = node->CreateNode(SettingKeys::BlendSetting);
+    blending->Set(SettingKeys::BlendValue, 100);
+    blending->Set(SettingKeys::BlendBegin, 1);
+    blending->Set(SettingKeys::BlendEnd, 255);
+}
+
+/// The preset in its stored form.
+SerializerPtr MakeNode(const LutLook& look, const QString& name)
+{
+    const auto node =
+        SerializerProperty::Create(std::make_shared<Zorvik::Core::Property>(name.toStdString()));
+    node->Set(EffectInfo::KEY_NAME, name.toStdString());
+    node->Set(KeyId, QUuid::createUuid().toString().toStdString());
+    node->CreateCollection(IEffectSettings::EFFECTS)
+        ->AddElement()
+        ->WriteObject(IEffectSettings::EFFECT, *look.effect);
+    WriteIntensity(node->CreateNode(ConfigData::INTENSITY));
+    return node;
+}
+
+PresetModel::PresetPtr MakePreset(const LutLook& look, const QString& name,
+                                  PresetControllerFactory& factory)
+{
+    const SerializerPtr node = MakeNode(look, name);
+    const PresetModel::PresetPtr preset(
+        dynamic_cast<PresetController*>(factory.CreateController({}).get()));
+    static_cast<ISerializable&>(*preset).Deserialize(node);
+    preset->InitIntensity(node->GetNode(ConfigData::INTENSITY));
+    return preset;
+}
+
+} // namespace
+
+bool LutImport::IsLutName(const QString& path, bool withPictures)
+{
+    const auto format = LumetraHost::GetLutFormatOfName(path);
+    return format && (withPictures || format != LutFormat::Hald);
+}
+
+std::vector<QModelIndex> LutImport::AddTo(PresetCollection& collection, const QString& path)
+{
+    PresetModel& model = collection.GetModel();
+    QStringList taken = model.GetUserPresetNames();
+    std::vector<PresetModel::PresetPtr> presets;
+    for (const LutLook& look : LumetraHost::LutReader::Read(path)) {
+        taken.append(MakeName(QString::fromStdString(look.name), taken));
+        presets.push_back(MakePreset(look, taken.last(), collection.GetFactory()));
+    }
+    for (const auto& preset : presets)
+        model.AddUserPreset(preset);
+    // An index is good until the next insertion only.
+    std::vector<QModelIndex> added;
+    for (const auto& preset : presets)
+        added.push_back(model.FindPreset(*preset));
+    return added;
+}
+
+} // namespace LumetraPlugin

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QModelIndex>
+#include <QString>
+
+#include <vector>
+
+namespace LumetraPlugin {
+
+class PresetCollection;
+
+/// Makes presets of the user out of LUT files: tables, colour decision lists, HaldCLUT pictures
+/// (see LumetraHost::LutReader).
+class LutImport
+{
+public:
+    /// Characters of a preset's name.
+    static constexpr int LongestName = 50;
+
+    /// True for names that end as those of LUT files do; pictures only when `withPictures`.
+    static bool IsLutName(const QString& path, bool withPictures);
+
+    /// Appends a preset for each look of the file to the user's group and announces it; nothing is
+    /// saved yet. Each has an intensity, at its full strength, an id of its own and the look's
+    /// name, shortened and numbered where one of the user's presets has it already. Exception with
+    /// file and place when the file cannot be used; nothing is added then.
+    static std::vector<QModelIndex> AddTo(PresetCollection& collection, const QString& path);
+};
+
+} // namespace LumetraPlugin

@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "CliTest.h"
+
+#include <algorithm>
+#include <cmath>
+
+using LumetraHost::Image;
+using testing::HasSubstr;
+using testing::Not;
+
+namespace {
+
+QStringList WithStore(QStringList arguments)
+{
+    return arguments << QStringLiteral("--store") << QStringLiteral("presets.json");
+}
+
+QString Text(const char* text)
+{
+    return QString::fromLatin1(text);
+}
+
+/// A cube of two points that swaps red and blue.
+QByteArray SwappingCube()
+{
+    QByteArray text = "TITLE \"swap\"\nLUT_3D_SIZE 2\n";
+    for (int b = 0; b < 2; ++b)
+        for (int g = 0; g < 2; ++g)
+            for (int r = 0; r < 2; ++r)
+                text += QByteArray::number(b) + ' ' + QByteArray::number(g) + ' ' +
+                        QByteArray::number(r) + '\n';
+    return text;
+}
+
+const QByteArray Corrections =
+    "<ColorCorrectionCollection xmlns=\"urn:ASC:CDL:v1.2\">"
+    "<ColorCorrection id=\"dawn\"><SOPNode><Slope>1.2 1 1</Slope><Offset>0 0 0</Offset>"
+    "<Power>1 1 1</Power></SOPNode></ColorCorrection>"
+    "<ColorCorrection id=\"dusk\"><SOPNode><Slope>1 1 1.2</Slope><Offset>0 0 0</Offset>"
+    "<Power>1 1 1</Power></SOPNode></ColorCorrection></ColorCorrectionCollection>";
+
+int GetLargestDifference(const Image& first, const Image& second)
+{
+    int largest = 0;
+    for (int y = 0; y < first.GetHeight(); ++y)
+        for (int i = 0; i < 4 * first.GetWidth(); ++i)
+            largest = std::max(largest, std::abs(first.Row(y)[i] - second.Row(y)[i]));
+    return largest;
+}
+
+} // namespace
+
+TEST_F(CliTest, appliesALutFile)
+{
+    const Image photo = WritePhoto("photo.png");
+    WriteFile("swap.cube", SwappingCube());
+
+    const CliResult result = Run(WithStore({Text("apply"), Text("photo.png"), Text("--preset"),
+                                            Text("swap.cube"), Text("-o"), Text("out.png")}));
+
+    EXPECT_EQ(result.code, 0) << result.messages;
+    const Image out = ReadPhoto("out.png");
+    for (int x = 0; x < out.GetWidth(); ++x) {
+        EXPECT_NEAR(out.Row(5)[4 * x], photo.Row(5)[4 * x + 2], 1);
+        EXPECT_NEAR(out.Row(5)[4 * x + 1], photo.Row(5)[4 * x + 1], 1);
+        EXPECT_NEAR(out.Row(5)[4 * x + 2], photo.Row(5)[4 * x], 1);
+    }
+    EXPECT_FALSE(Exists("presets.json"));
+}
+
+TEST_F(CliTest, reportsTheLineOfABadLutFile)
+{
+    WritePhoto("photo.png");
+    WriteFile("cut.cube", "LUT_3D_SIZE 2\n0 0 0\n");
+    const CliResult result = Run(WithStore({Text("apply"), Text("photo.png"), Text("--preset"),
+                                            Text("cut.cube"), Text("-o"), Text("out.png")}));
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.messages,
+              "cut.cube:2: expected 8 rows of numbers, found 1: the file is cut off\n");
+    EXPECT_FALSE(Exists("out.png"));
+}
+
+TEST_F(CliTest, refusesToApplySeveralLooksAtOnce)
+{
+    WritePhoto("photo.png");
+    WriteFile("shots.ccc", Corrections);
+    const CliResult result = Run(WithStore({Text("apply"), Text("photo.png"), Text("--preset"),
+                                            Text("shots.ccc"), Text("-o"), Text("out.png")}));
+    EXPECT_EQ(result.code, 2);
+    EXPECT_THAT(result.messages, HasSubstr("expected a file with one look, found 2"));
+}
+
+TEST_F(CliTest, importsLutFilesAsPresetsOfTheUser)
+{
+    WritePhoto("photo.png");
+    WriteFile("swap.cube", SwappingCube());
+    WriteFile("shots.ccc", Corrections);
+    WriteFile("cut.cube", "LUT_3D_SIZE 2\n0 0 0\n");
+
+    const CliResult result = Run(WithStore({Text("import"), Text("swap.cube"), Text("cut.cube"),
+                                            Text("shots.ccc"), Text("swap.cube")}));
+
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.output, "imported \"swap\" from \"swap.cube\"\n"
+                             "imported \"dawn\" from \"shots.ccc\"\n"
+                             "imported \"dusk\" from \"shots.ccc\"\n"
+                             "imported \"swap 2\" from \"swap.cube\"\n");
+    EXPECT_EQ(result.messages,
+              "cut.cube:2: expected 8 rows of numbers, found 1: the file is cut off\n");
+    EXPECT_THAT(Run(WithStore({Text("list"), Text("--user")})).output,
+                HasSubstr("intensity 100 (1 to 100), blending"));
+    const auto apply = [this](const char* preset, const char* output) {
+        EXPECT_EQ(Run(WithStore({Text("apply"), Text("photo.png"), Text("--preset"), Text(preset),
+                                 Text("-o"), Text(output)}))
+                      .code,
+                  0);
+        return ReadFile(output);
+    };
+    EXPECT_EQ(apply("swap", "stored.png"), apply("swap.cube", "direct.png"));
+}
+
+TEST_F(CliTest, importsUnderAGivenName)
+{
+    WriteFile("swap.cube", SwappingCube());
+    EXPECT_EQ(Run(WithStore({Text("import"), Text("swap.cube"), Text("--name"), Text("Blue Moon")}))
+                  .output,
+              "imported \"Blue Moon\" from \"swap.cube\"\n");
+    const CliResult taken =
+        Run(WithStore({Text("import"), Text("swap.cube"), Text("--name"), Text("Blue Moon")}));
+    EXPECT_EQ(taken.code, 2);
+    const CliResult two = Run(WithStore(
+        {Text("import"), Text("swap.cube"), Text("swap.cube"), Text("--name"), Text("Both")}));
+    EXPECT_EQ(two.code, 2);
+    EXPECT_EQ(Run(WithStore({Text("import")})).code, 2);
+}
+
+TEST_F(CliTest, exportsAPresetAsALutFile)
+{
+    WritePhoto("photo.png");
+    const CliResult result =
+        Run(WithStore({Text("export-lut"), Text("--preset"), Text("test.bright"), Text("-i"),
+                       Text("60"), Text("--set"), Text("exposure=-40"), Text("--size"), Text("65"),
+                       Text("-o"), Text("look.cube")}));
+    EXPECT_EQ(result.code, 0) << result.messages;
+    EXPECT_EQ(result.output, "look.cube\n");
+    EXPECT_TRUE(ReadFile("look.cube").startsWith("TITLE \"Test Bright\"\nLUT_3D_SIZE 65\n"));
+
+    EXPECT_EQ(Run(WithStore({Text("apply"), Text("photo.png"), Text("--preset"),
+                             Text("test.bright"), Text("-i"), Text("60"), Text("--set"),
+                             Text("exposure=-40"), Text("-o"), Text("preset.png")}))
+                  .code,
+              0);
+    EXPECT_EQ(Run(WithStore({Text("apply"), Text("photo.png"), Text("--preset"), Text("look.cube"),
+                             Text("-o"), Text("table.png")}))
+                  .code,
+              0);
+    EXPECT_LE(GetLargestDifference(ReadPhoto("preset.png"), ReadPhoto("table.png")), 1);
+    EXPECT_GT(GetLargestDifference(ReadPhoto("preset.png"), ReadPhoto("photo.png")), 5);
+}
+
+TEST_F(CliTest, refusesToExportWhatDoesNotFitIntoALut)
+{
+    WriteFile("place.json",
+              R"({"format": "lumetra-catalogue", "version": 1, "groups": [{"name": "G", "items": [
+        {"name": "Framed", "id": "framed", "settings": {"effects": [
+            {"effect": {"id": "exposure", "stops": 1}}, {"effect": {"id": "vignette", "amount": -1}},
+            {"effect": {"id": "grain", "amount": 5}}]}}]}]})");
+    const CliResult result =
+        Run(WithStore({Text("export-lut"), Text("--catalogue"), Text("place.json"),
+                       Text("--preset"), Text("framed"), Text("-o"), Text("look.cube")}));
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.messages,
+              "lumetra-presets: \"Framed\": expected effects of colour alone, which "
+              "fit into a table, found \"vignette\", \"grain\"\n");
+    EXPECT_FALSE(Exists("look.cube"));
+}
+
+TEST_F(CliTest, exportNeedsAPresetASizeAndANewCubeFile)
+{
+    WriteFile("there.cube", "x");
+    const auto run = [this](QStringList arguments) {
+        return Run(WithStore(QStringList(Text("export-lut")) + arguments));
+    };
+    EXPECT_EQ(run({Text("-o"), Text("a.cube")}).code, 2);
+    EXPECT_EQ(run({Text("-p"), Text("test.grey"), Text("-o"), Text("a.txt")}).code, 2);
+    EXPECT_EQ(run({Text("-p"), Text("test.grey"), Text("-o"), Text("there.cube")}).code, 2);
+    EXPECT_EQ(run({Text("-p"), Text("test.grey"), Text("--size"), Text("500"), Text("-o"),
+                   Text("a.cube")})
+                  .code,
+              2);
+    EXPECT_EQ(ReadFile("there.cube"), "x");
+    EXPECT_EQ(
+        run({Text("-p"), Text("test.grey"), Text("-o"), Text("there.cube"), Text("--overwrite")})
+            .code,
+        0);
+}
+
+TEST_F(CliTest, checksLutFilesBesideCatalogues)
+{
+    WriteFile("swap.cube", SwappingCube());
+    WriteFile("bad (1).cube", "LUT_3D_SIZE 2\n0 0 0\n0 x 0\n");
+    WritePhoto("photo.png");
+
+    const CliResult result = RunPlain({Text("check"), Text("swap.cube"), Text("looks.json"),
+                                       Text("bad (1).cube"), Text("none.cube"), Text("photo.png")});
+
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.output,
+              "bad (1).cube:3: error: expected a number, found \"x\"\n"
+              "none.cube: error: cannot be read: No such file or directory\n"
+              "photo.png: error: expected a HaldCLUT, a square picture of 8, 27, 64, 125 and so on "
+              "to 1728 pixels, found 48 x 32\n");
+    EXPECT_EQ(RunPlain({Text("check"), Text("swap.cube")}).code, 0);
+}
