@@ -123,9 +123,10 @@ QString ApplyCommand::GetSummary() const
 
 void ApplyCommand::AddOptions(QCommandLineParser& parser) const
 {
-    parser.addPositionalArgument(QStringLiteral("PHOTO"),
-                                 QStringLiteral("Photos: JPEG, PNG or TIFF files."),
-                                 QStringLiteral("PHOTO..."));
+    parser.addPositionalArgument(
+        QStringLiteral("PHOTO"),
+        QStringLiteral("Photos: JPEG, PNG, TIFF, WebP, HEIC or raw files."),
+        QStringLiteral("PHOTO..."));
     parser.addOptions({
         {{QStringLiteral("p"), PresetOption},
          QStringLiteral("The preset, by name or id, or a LUT file: .cube, .3dl, .clf, .cc, .ccc, "

@@ -124,7 +124,7 @@ QString SheetCommand::GetSummary() const
 void SheetCommand::AddOptions(QCommandLineParser& parser) const
 {
     parser.addPositionalArgument(QStringLiteral("PHOTO"),
-                                 QStringLiteral("A JPEG, PNG or TIFF file."));
+                                 QStringLiteral("A JPEG, PNG, TIFF, WebP, HEIC or raw file."));
     parser.addOptions({
         {{QStringLiteral("o"), OutputOption},
          QStringLiteral("The PNG file to write."),

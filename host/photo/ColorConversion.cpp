@@ -77,6 +77,16 @@ QByteArray MakeAdobeRgb()
     return Save(Profile(cmsCreateRGBProfile(&white, &primaries, curves)));
 }
 
+QByteArray MakeDisplayP3()
+{
+    const cmsCIExyY white{0.3127, 0.3290, 1.0};
+    const cmsCIExyYTRIPLE primaries{{0.680, 0.320, 1.0}, {0.265, 0.690, 1.0}, {0.150, 0.060, 1.0}};
+    const cmsFloat64Number numbers[] = {2.4, 1 / 1.055, 0.055 / 1.055, 1 / 12.92, 0.04045};
+    const Curve curve(cmsBuildParametricToneCurve(nullptr, 4, numbers));
+    cmsToneCurve* curves[] = {curve.get(), curve.get(), curve.get()};
+    return Save(Profile(cmsCreateRGBProfile(&white, &primaries, curves)));
+}
+
 /// How the four channels lie in memory for a profile of this colour space; 0 where the profile
 /// cannot belong to the picture.
 cmsUInt32Number GetSourceLayout(PixelMeaning meaning, cmsColorSpaceSignature space, bool deep)
@@ -329,6 +339,12 @@ QByteArray ColorConversion::GetSrgbProfile()
 QByteArray ColorConversion::GetAdobeRgbProfile()
 {
     static const QByteArray profile = MakeAdobeRgb();
+    return profile;
+}
+
+QByteArray ColorConversion::GetDisplayP3Profile()
+{
+    static const QByteArray profile = MakeDisplayP3();
     return profile;
 }
 

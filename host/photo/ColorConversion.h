@@ -28,6 +28,9 @@ public:
     /// Primaries (0.64, 0.33), (0.21, 0.71), (0.15, 0.06), white D65, gamma 563/256: what cameras
     /// mean that say "Adobe RGB" in their EXIF block and embed no profile.
     static QByteArray GetAdobeRgbProfile();
+    /// Primaries (0.680, 0.320), (0.265, 0.690), (0.150, 0.060), white D65, the curve of sRGB: what
+    /// phones and screens use.
+    static QByteArray GetDisplayP3Profile();
 };
 
 } // namespace LumetraHost

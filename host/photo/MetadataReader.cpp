@@ -57,6 +57,16 @@ void ReadExif(Exiv2::ExifData tags, Exiv2::ByteOrder order, MetadataReader::Resu
                            " EXIF fields are too large and are left out");
 }
 
+void ReadExifBlock(const QByteArray& exif, MetadataReader::Result& result,
+                   std::vector<std::string>& warnings)
+{
+    Try("EXIF data", warnings, [&] {
+        Exiv2::ExifData tags;
+        const Exiv2::ByteOrder order = MetadataTags::DecodeExif(exif, tags);
+        ReadExif(tags, order, result, warnings);
+    });
+}
+
 /// As it stands in the file; of formats that deliver the properties alone, a packet made of them.
 QByteArray GetXmpPacket(Exiv2::Image& file)
 {
@@ -89,13 +99,19 @@ MetadataReader::Result MetadataReader::Read(const Bytes& content, const QByteArr
     MetadataTags::Initialise();
     Result result;
     Try("metadata", warnings, [&] { ReadFile(content, exif.isEmpty(), warnings, result); });
-    if (!exif.isEmpty()) {
-        Try("EXIF data", warnings, [&] {
-            Exiv2::ExifData tags;
-            const Exiv2::ByteOrder order = MetadataTags::DecodeExif(exif, tags);
-            ReadExif(tags, order, result, warnings);
-        });
-    }
+    if (!exif.isEmpty())
+        ReadExifBlock(exif, result, warnings);
+    return result;
+}
+
+MetadataReader::Result MetadataReader::ReadBlocks(const QByteArray& exif, const QByteArray& xmp,
+                                                  std::vector<std::string>& warnings)
+{
+    MetadataTags::Initialise();
+    Result result;
+    result.metadata.xmp = xmp;
+    if (!exif.isEmpty())
+        ReadExifBlock(exif, result, warnings);
     return result;
 }
 

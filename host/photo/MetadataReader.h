@@ -25,6 +25,10 @@ public:
     /// Damaged blocks are left out with a warning.
     static Result Read(const Bytes& content, const QByteArray& exif,
                        std::vector<std::string>& warnings);
+
+    /// Of formats whose codec delivers all blocks that there are.
+    static Result ReadBlocks(const QByteArray& exif, const QByteArray& xmp,
+                             std::vector<std::string>& warnings);
 };
 
 } // namespace LumetraHost

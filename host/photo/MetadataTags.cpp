@@ -50,11 +50,21 @@ const std::set<std::uint16_t>& StorageTags()
         0x0212, // YCbCrSubSampling
         0x0214, // ReferenceBlackWhite
         0x02BC, // XMLPacket
+        0x828D, // CFARepeatPatternDim
+        0x828E, // CFAPattern
         0x83BB, // IPTC-NAA
         0x8649, // PhotoshopImageResources
         0x8773, // InterColorProfile
     };
     return tags;
+}
+
+/// Those of DNG files tell how to develop a raw picture.
+bool IsStorageTag(std::uint16_t tag)
+{
+    constexpr std::uint16_t firstOfDng = 0xC612;
+    constexpr std::uint16_t lastOfDng = 0xC7FF;
+    return StorageTags().count(tag) != 0 || (tag >= firstOfDng && tag <= lastOfDng);
 }
 
 void LockXmp(void* mutex, bool lock)
@@ -160,7 +170,7 @@ void MetadataTags::RemoveStorageTags(Exiv2::ExifData& tags)
 {
     for (auto tag = tags.begin(); tag != tags.end();) {
         const std::string group = tag->groupName();
-        const bool storage = (group == "Image" && StorageTags().count(tag->tag()) != 0) ||
+        const bool storage = (group == "Image" && IsStorageTag(tag->tag())) ||
                              group.rfind("SubImage", 0) == 0 || group.rfind("SubThumb", 0) == 0 ||
                              group == "Image2" || group == "Image3";
         tag = storage ? tags.erase(tag) : std::next(tag);

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace LumetraHost {
@@ -12,17 +13,23 @@ namespace LumetraHost {
 /// An encoded file in memory.
 using Bytes = std::vector<std::uint8_t>;
 
+/// The formats that are read. JPEG, PNG and TIFF are written too.
 enum class PhotoFormat
 {
     Jpeg,
     Png,
-    Tiff
+    Tiff,
+    Webp,
+    Heif, ///< HEIC and AVIF
+    Raw   ///< of any camera, DNG included
 };
 
 /// The format that the first bytes of a file announce; nothing for any other kind of file.
 std::optional<PhotoFormat> DetectPhotoFormat(const Bytes& content);
-/// The format that a file name asks for by its extension (jpg, jpeg, jpe, png, tif, tiff, in upper
-/// or lower case); nothing for any other.
+/// What else the first bytes announce, in words for a message: "a GIF picture", "other content".
+std::string DescribeOtherContent(const Bytes& content);
+/// The format that the name of a file to be written asks for by its extension (jpg, jpeg, jpe, png,
+/// tif, tiff, in upper or lower case); nothing for any other.
 std::optional<PhotoFormat> GetPhotoFormatOfName(const QString& path);
 
 } // namespace LumetraHost

@@ -2,13 +2,16 @@
 #include "photo/PhotoReader.h"
 
 #include "photo/ColorConversion.h"
+#include "photo/HeifDecoder.h"
 #include "photo/ImageOrientation.h"
 #include "photo/JpegDecoder.h"
 #include "photo/MetadataReader.h"
 #include "photo/MetadataWriter.h"
 #include "photo/PhotoLimits.h"
 #include "photo/PngDecoder.h"
+#include "photo/RawDecoder.h"
 #include "photo/TiffDecoder.h"
+#include "photo/WebpDecoder.h"
 
 #include "Zorvik/Exception.h"
 
@@ -23,20 +26,31 @@
 namespace LumetraHost {
 namespace {
 
+constexpr char KnownFormats[] = "a JPEG, PNG, TIFF, WebP, HEIC or raw picture";
+
 [[noreturn]] void Fail(const std::string& name, const std::string& text)
 {
     throw Zorvik::Exception(name + ": " + text, BOOST_CURRENT_FUNCTION, "photo/PhotoReader",
                             __LINE__);
 }
 
+/// Half the size of any camera of this century is enough for a screen.
+RawDecoder::Size ChooseRawSize(int smallestSide)
+{
+    constexpr int smallestHalf = 1500;
+    return smallestSide > 0 && smallestSide <= smallestHalf ? RawDecoder::Size::Half
+                                                            : RawDecoder::Size::Full;
+}
+
 /// `smallestSide` 0: at full size.
 DecodedPhoto DecodePixels(const Bytes& content, const std::string& name, int smallestSide)
 {
     if (content.empty())
-        Fail(name, "the file is empty: expected a JPEG, PNG or TIFF picture");
+        Fail(name, "the file is empty: expected " + std::string(KnownFormats));
     const std::optional<PhotoFormat> format = DetectPhotoFormat(content);
     if (!format)
-        Fail(name, "expected a JPEG, PNG or TIFF picture, found other content");
+        Fail(name,
+             "expected " + std::string(KnownFormats) + ", found " + DescribeOtherContent(content));
     switch (*format) {
     case PhotoFormat::Jpeg:
         return smallestSide > 0 ? JpegDecoder::DecodeScaled(content, name, smallestSide)
@@ -45,6 +59,12 @@ DecodedPhoto DecodePixels(const Bytes& content, const std::string& name, int sma
         return PngDecoder::Decode(content, name);
     case PhotoFormat::Tiff:
         return TiffDecoder::Decode(content, name);
+    case PhotoFormat::Webp:
+        return WebpDecoder::Decode(content, name);
+    case PhotoFormat::Heif:
+        return HeifDecoder::Decode(content, name);
+    case PhotoFormat::Raw:
+        return RawDecoder::Decode(content, name, ChooseRawSize(smallestSide));
     }
     Fail(name, "unknown format");
 }
@@ -60,11 +80,14 @@ void AddImpliedProfile(DecodedPhoto& decoded, const MetadataReader::Result& meta
 Photo Finish(DecodedPhoto decoded, const Bytes& content, const std::string& name)
 {
     Photo photo;
-    MetadataReader::Result read = MetadataReader::Read(content, decoded.exif, photo.warnings);
+    MetadataReader::Result read =
+        decoded.hasOwnMetadata
+            ? MetadataReader::ReadBlocks(decoded.exif, decoded.xmp, photo.warnings)
+            : MetadataReader::Read(content, decoded.exif, photo.warnings);
     AddImpliedProfile(decoded, read);
     read.metadata.iccProfile = ColorConversion::ToSrgb(decoded, photo.warnings);
-    photo.image =
-        TurnUpright(decoded.pixels, read.orientation != 0 ? read.orientation : decoded.orientation);
+    const int orientation = read.orientation != 0 ? read.orientation : decoded.orientation;
+    photo.image = TurnUpright(decoded.pixels, decoded.isUpright ? 1 : orientation);
     photo.metadata = MetadataWriter::NormaliseOrDrop(read.metadata, photo.image.GetWidth(),
                                                      photo.image.GetHeight(), name, photo.warnings);
     return photo;

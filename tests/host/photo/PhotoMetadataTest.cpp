@@ -139,8 +139,9 @@ std::string NameOf(PhotoFormat format)
         return "Png";
     case PhotoFormat::Tiff:
         return "Tiff";
+    default:
+        return "unknown";
     }
-    return "unknown";
 }
 
 constexpr PhotoFormat Formats[] = {PhotoFormat::Jpeg, PhotoFormat::Png, PhotoFormat::Tiff};
