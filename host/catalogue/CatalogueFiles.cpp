@@ -28,7 +28,8 @@ QStringList CatalogueFiles::FindIn(const QString& folder)
     const QFileInfoList entries =
         directory.entryInfoList({QStringLiteral("*.json")}, QDir::Files, QDir::Name);
     for (const QFileInfo& entry : entries)
-        files.append(entry.filePath());
+        if (!entry.fileName().endsWith(QLatin1String(".schema.json")))
+            files.append(entry.filePath());
     return files;
 }
 

@@ -5,7 +5,8 @@
 
 namespace LumetraHost {
 
-/// Where catalogue files are: "lumetra/catalogue/*.json" below data folders.
+/// Where catalogue files are: "lumetra/catalogue/*.json" below data folders, without the schemas
+/// "*.schema.json" that may lie beside them.
 class CatalogueFiles
 {
 public:

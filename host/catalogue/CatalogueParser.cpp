@@ -16,6 +16,7 @@ namespace {
 using Zorvik::Brassel::ConstCollectionPtr;
 using Zorvik::Brassel::ConstSerializerPtr;
 
+constexpr char SchemaKey[] = "$schema"; // for text editors
 constexpr char FormatKey[] = "format";
 constexpr char VersionKey[] = "version";
 constexpr char SlidersKey[] = "defaultSettings";
@@ -96,7 +97,7 @@ bool CatalogueParser::CheckHeader(const CheckedNode& root) const
     else if (m_reports.GetErrorCount() == errorCount && version != VERSION)
         root.ErrorAt(VersionKey, "expected version " + std::to_string(VERSION) + ", found " +
                                      (version ? std::to_string(*version) : "none"));
-    root.NoteUnknownKeys({FormatKey, VersionKey, SlidersKey, GroupsKey});
+    root.NoteUnknownKeys({SchemaKey, FormatKey, VersionKey, SlidersKey, GroupsKey});
     return m_reports.GetErrorCount() == errorCount;
 }
 

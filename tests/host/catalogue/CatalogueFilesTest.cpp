@@ -30,6 +30,7 @@ TEST(CatalogueFiles, putsAUsersFileInThePlaceOfTheShippedOne)
     const QString own = Make(root, QStringLiteral("user/lumetra/catalogue/grade.json"));
     const QString extra = Make(root, QStringLiteral("user/lumetra/catalogue/extra.json"));
     Make(root, QStringLiteral("user/lumetra/catalogue/readme.txt"));
+    Make(root, QStringLiteral("user/lumetra/catalogue/catalogue.schema.json"));
     Make(root, QStringLiteral("user/other/catalogue/other.json"));
 
     const QStringList files = CatalogueFiles::Find({root.filePath(QStringLiteral("shipped")),
