@@ -2,30 +2,59 @@
 #include "CheckCommand.h"
 
 #include "Console.h"
+#include "EffectPresets/EffectPresetModel.h"
 #include "UsageError.h"
 #include "Zorvik/Exception.h"
+#include "catalogue/CatalogueParser.h"
+#include "catalogue/UserStoreChecker.h"
 #include "core/LutImport.h"
+#include "core/PresetControllerFactory.h"
 #include "core/PresetSession.h"
 #include "lut/LutReader.h"
 
 #include <QRegularExpression>
 
 namespace LumetraCli {
-
 namespace {
 
+using LumetraHost::CatalogueParser;
 using LumetraHost::CatalogueReport;
+using LumetraHost::CatalogueReports;
+using LumetraHost::JsonDocument;
+using LumetraHost::UserStoreChecker;
+using LumetraPlugin::PresetControllerFactory;
 
-bool CheckCatalogues(LumetraPlugin::PresetSession& session, const QStringList& files,
-                     Console& console)
+/// A store by itself; anything else is added to the catalogues.
+void TakeFile(const QString& file, CatalogueParser& catalogues, CatalogueReports& reports)
 {
-    session.Load(files, nullptr);
-    bool isGood = true;
-    for (const CatalogueReport& report : session.GetReports()) {
-        console.PrintLine(QString::fromStdString(report.ToText()));
-        isGood = isGood && report.severity != CatalogueReport::Severity::Error;
+    try {
+        const JsonDocument document = JsonDocument::Read(file);
+        if (UserStoreChecker::IsStore(document))
+            UserStoreChecker::Check(document, PresetControllerFactory::GetKinds(), reports);
+        else
+            catalogues.AddDocument(document);
+    } catch (const Zorvik::Exception&) {
+        catalogues.AddFile(file); // reports the same
     }
-    return isGood;
+}
+
+bool CheckJson(const QStringList& files, Console& console)
+{
+    LumetraPlugin::PresetSession session("lumetra.check");
+    CatalogueParser catalogues(PresetControllerFactory::GetKinds());
+    CatalogueReports reports;
+    std::vector<std::string> names;
+    for (const QString& file : files) {
+        names.push_back(file.toStdString());
+        TakeFile(file, catalogues, reports);
+    }
+    catalogues.Parse(session.GetModel(), nullptr);
+    for (const CatalogueReport& report : catalogues.GetReports())
+        reports.Add(report);
+    reports.Sort(names);
+    for (const CatalogueReport& report : reports.GetAll())
+        console.PrintLine(QString::fromStdString(report.ToText()));
+    return reports.GetErrorCount() == 0;
 }
 
 /// "file:line: message" or "file: message" with "error: " in front of the message.
@@ -58,14 +87,15 @@ QString CheckCommand::GetName() const
 
 QString CheckCommand::GetSummary() const
 {
-    return QStringLiteral("Checks catalogues and LUT files.");
+    return QStringLiteral("Checks catalogues, files of your own presets and LUT files.");
 }
 
 void CheckCommand::AddOptions(QCommandLineParser& parser) const
 {
-    parser.addPositionalArgument(QStringLiteral("FILE"),
-                                 QStringLiteral("Catalogue files, taken together, and LUT files."),
-                                 QStringLiteral("FILE..."));
+    parser.addPositionalArgument(
+        QStringLiteral("FILE"),
+        QStringLiteral("Catalogues, taken together, files of your own presets and LUT files."),
+        QStringLiteral("FILE..."));
 }
 
 /// The reports are the data of this command: stdout.
@@ -73,14 +103,13 @@ ExitCode CheckCommand::Execute(const QCommandLineParser& parser, Console& consol
 {
     const QStringList files = parser.positionalArguments().mid(1);
     if (files.isEmpty())
-        throw UsageError(QStringLiteral("expected at least one catalogue or LUT file"));
-    QStringList catalogues, luts;
+        throw UsageError(QStringLiteral("expected at least one file"));
+    QStringList json, luts;
     for (const QString& file : files)
-        (LumetraPlugin::LutImport::IsLutName(file, true) ? luts : catalogues).append(file);
-    LumetraPlugin::PresetSession session("lumetra.check");
-    const bool areCataloguesGood = CheckCatalogues(session, catalogues, console);
+        (LumetraPlugin::LutImport::IsLutName(file, true) ? luts : json).append(file);
+    const bool isJsonGood = CheckJson(json, console);
     const bool areLutsGood = CheckLuts(luts, console);
-    return areCataloguesGood && areLutsGood ? ExitCode::Done : ExitCode::SomeFailed;
+    return isJsonGood && areLutsGood ? ExitCode::Done : ExitCode::SomeFailed;
 }
 
 } // namespace LumetraCli

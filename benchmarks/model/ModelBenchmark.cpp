@@ -94,6 +94,20 @@ void ReadRole(benchmark::State& state, const QAbstractItemModel& model, int role
     }
 }
 
+/// Of the first group alone, to which the walk to the parent is short however large the model is:
+/// what data() costs beyond it.
+void PresetDataOfFirstGroup(benchmark::State& state)
+{
+    const auto model = PresetModel(static_cast<int>(state.range(0)));
+    const QModelIndex group = model->index(0, 0);
+    int row = 0;
+    for (auto _ : state) {
+        const QModelIndex preset = model->index(row, 0, group);
+        benchmark::DoNotOptimize(model->data(preset, static_cast<int>(state.range(1))));
+        row = (row + 1) % PresetsPerGroup;
+    }
+}
+
 /// The same with the model's prescribed walk to the parent alone, to be taken off ReadRole().
 void FindParent(benchmark::State& state, const QAbstractItemModel& model)
 {
@@ -139,6 +153,7 @@ void Fill(benchmark::State& state)
 } // namespace
 
 BENCHMARK(PresetData)->ArgsProduct({{1000, 20000}, {256, 261}});
+BENCHMARK(PresetDataOfFirstGroup)->ArgsProduct({{1000, 20000}, {256, 261}});
 BENCHMARK(StandardData)->ArgsProduct({{1000, 20000}, {256, 261}});
 BENCHMARK(PresetParent)->RangeMultiplier(10)->Range(100, 100000)->Arg(20000);
 BENCHMARK(StandardParent)->RangeMultiplier(10)->Range(100, 100000);

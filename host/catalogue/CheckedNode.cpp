@@ -2,6 +2,7 @@
 #include "catalogue/CheckedNode.h"
 
 #include "Zorvik/Brassel/ISerializer.h"
+#include "storage/IJsonLocation.h"
 #include "storage/JsonSerializer.h"
 
 #include <algorithm>
@@ -10,8 +11,6 @@
 
 namespace LumetraHost {
 namespace {
-
-using Severity = CatalogueReport::Severity;
 
 std::string Mismatch(const std::string& expected, const JsonValue& value)
 {
@@ -26,48 +25,115 @@ std::string FirstLine(const std::string& text)
 
 } // namespace
 
-CheckedNode::CheckedNode(const JsonValue::Object& object, const std::string& file,
-                         CatalogueReports& reports)
-    : m_object(object), m_reports(&reports), m_file(file)
+/// Points into the file's values, which the top keeps alive.
+struct CheckedNode::State : IJsonLocation
 {
+    const JsonObject& GetObject() const { return **object; }
+    const State& GetTop() const { return parent ? parent->GetTop() : *this; }
+    std::string GetFile() const override { return GetTop().file; }
+    std::string GetPath() const;
+    std::string GetFullPath() const override;
+
+    std::shared_ptr<const State> parent; // null at the top
+    const JsonValue::Object* object = nullptr;
+    const std::string* key = nullptr;     // in the parent
+    const std::string* element = nullptr; // in the collection under that key, if it is an object,
+    std::size_t index = NONE;             // or an array
+    std::uint32_t line = 1;
+    std::uint32_t column = 1;
+
+    // Of the top alone.
+    JsonValue::Object root;
+    std::string file;
+    CatalogueReports* reports = nullptr;
+
+    static constexpr std::size_t NONE = ~std::size_t(0);
+};
+
+std::string CheckedNode::State::GetPath() const
+{
+    if (!parent)
+        return {};
+    std::string path = parent->GetPath();
+    path += (path.empty() ? "" : "/") + *key;
+    if (element)
+        path += "/" + *element;
+    if (index != NONE)
+        path += "[" + std::to_string(index) + "]";
+    return path;
 }
 
-CheckedNode::CheckedNode(const CheckedNode& parent, const JsonValue& value, const std::string& name,
-                         const std::string& path)
-    : m_object(*value.As<JsonValue::Object>()), m_reports(parent.m_reports), m_file(parent.m_file),
-      m_name(name), m_path(path), m_line(value.line), m_column(value.column)
+std::string CheckedNode::State::GetFullPath() const
 {
+    return GetFile() + "/" + GetPath();
+}
+
+CheckedNode::CheckedNode(const JsonValue::Object& object, const std::string& file,
+                         CatalogueReports& reports)
+{
+    const auto state = std::make_shared<State>();
+    state->root = object;
+    state->object = &state->root;
+    state->file = file;
+    state->reports = &reports;
+    m_state = state;
+}
+
+CheckedNode::CheckedNode(std::shared_ptr<const State> state) : m_state(std::move(state)) {}
+
+const std::string& CheckedNode::GetName() const
+{
+    static const std::string none;
+    if (m_state->element)
+        return *m_state->element;
+    return m_state->key && m_state->index == State::NONE ? *m_state->key : none;
 }
 
 JsonPlace CheckedNode::GetPlace() const
 {
-    return {m_file, m_line, m_column};
+    return {m_state->GetFile(), m_state->line, m_state->column};
+}
+
+std::string CheckedNode::GetPath() const
+{
+    return m_state->GetPath();
+}
+
+CatalogueReports& CheckedNode::GetReports() const
+{
+    return *m_state->GetTop().reports;
+}
+
+const JsonObject& CheckedNode::GetObject() const
+{
+    return m_state->GetObject();
 }
 
 JsonPlace CheckedNode::PlaceOf(const JsonValue& value) const
 {
-    return {m_file, value.line, value.column};
+    return {m_state->GetFile(), value.line, value.column};
 }
 
 Zorvik::Brassel::SerializerPtr CheckedNode::GetSerializer() const
 {
-    return JsonSerializer::Create(m_object, m_file, m_path, m_name);
+    return JsonSerializer::Create(*m_state->object, m_state, GetName());
 }
 
-std::string CheckedNode::PathOf(const std::string& key) const
+std::string CheckedNode::PathOf(std::string_view key) const
 {
-    return m_path.empty() ? key : m_path + "/" + key;
+    const std::string path = GetPath();
+    return (path.empty() ? path : path + "/") + std::string(key);
 }
 
-bool CheckedNode::Has(const std::string& key) const
+bool CheckedNode::Has(std::string_view key) const
 {
-    return m_object->Find(key) != nullptr;
+    return GetObject().Find(key) != nullptr;
 }
 
 template <class T>
-const T* CheckedNode::Read(const std::string& key, const char* expected) const
+const T* CheckedNode::Read(std::string_view key, const char* expected) const
 {
-    const JsonValue* value = m_object->Find(key);
+    const JsonValue* value = GetObject().Find(key);
     if (!value)
         return nullptr;
     const T* typed = value->As<T>();
@@ -76,19 +142,19 @@ const T* CheckedNode::Read(const std::string& key, const char* expected) const
     return typed;
 }
 
-std::optional<bool> CheckedNode::Bool(const std::string& key) const
+std::optional<bool> CheckedNode::Bool(std::string_view key) const
 {
     const bool* value = Read<bool>(key, "bool");
     return value ? std::optional<bool>(*value) : std::nullopt;
 }
 
-std::optional<double> CheckedNode::Number(const std::string& key) const
+std::optional<double> CheckedNode::Number(std::string_view key) const
 {
     const JsonNumber* value = Read<JsonNumber>(key, "number");
     return value ? std::optional<double>(value->value) : std::nullopt;
 }
 
-std::optional<int> CheckedNode::Int(const std::string& key) const
+std::optional<int> CheckedNode::Int(std::string_view key) const
 {
     const JsonNumber* value = Read<JsonNumber>(key, "number");
     if (!value)
@@ -102,44 +168,62 @@ std::optional<int> CheckedNode::Int(const std::string& key) const
     return std::nullopt;
 }
 
-std::optional<std::string> CheckedNode::Text(const std::string& key) const
+std::optional<std::string> CheckedNode::Text(std::string_view key) const
 {
     const std::string* value = Read<std::string>(key, "string");
     return value ? std::optional<std::string>(*value) : std::nullopt;
 }
 
-std::optional<CheckedNode> CheckedNode::Node(const std::string& key) const
+std::optional<CheckedNode> CheckedNode::Node(std::string_view key) const
 {
-    if (!Read<JsonValue::Object>(key, "node"))
+    const auto* object = Read<JsonValue::Object>(key, "node");
+    if (!object)
         return std::nullopt;
-    return CheckedNode(*this, *m_object->Find(key), key, PathOf(key));
+    const auto& [name, value] = *GetObject().FindMember(key);
+    const auto state = std::make_shared<State>();
+    state->parent = m_state;
+    state->object = object;
+    state->key = &name;
+    state->line = value.line;
+    state->column = value.column;
+    return CheckedNode(state);
 }
 
 void CheckedNode::AddElement(std::vector<CheckedNode>& nodes, const JsonValue& value,
-                             const std::string& name, const std::string& path) const
+                             State state) const
 {
-    if (value.As<JsonValue::Object>())
-        nodes.push_back(CheckedNode(*this, value, name, path));
+    state.parent = m_state;
+    state.object = value.As<JsonValue::Object>();
+    state.line = value.line;
+    state.column = value.column;
+    if (state.object)
+        nodes.push_back(CheckedNode(std::make_shared<const State>(std::move(state))));
     else
-        Report(Severity::Error, PlaceOf(value), path, Mismatch("node", value));
+        Report(Severity::Error, PlaceOf(value), state.GetPath(), Mismatch("node", value));
 }
 
-std::vector<CheckedNode> CheckedNode::Elements(const std::string& key) const
+std::vector<CheckedNode> CheckedNode::Elements(std::string_view key) const
 {
     std::vector<CheckedNode> nodes;
-    const JsonValue* value = m_object->Find(key);
-    if (!value)
+    const JsonObject::Member* member = GetObject().FindMember(key);
+    if (!member)
         return nodes;
-    const std::string path = PathOf(key);
-    if (const auto* array = value->As<JsonValue::Array>()) {
-        std::size_t i = 0;
-        for (const JsonValue& element : (*array)->elements)
-            AddElement(nodes, element, {}, path + "[" + std::to_string(i++) + "]");
-    } else if (const auto* object = value->As<JsonValue::Object>()) {
-        for (const auto& [name, element] : (*object)->GetMembers())
-            AddElement(nodes, element, name, path + "/" + name);
+    State state;
+    state.key = &member->first;
+    if (const auto* array = member->second.As<JsonValue::Array>()) {
+        nodes.reserve((*array)->elements.size());
+        state.index = 0;
+        for (const JsonValue& element : (*array)->elements) {
+            AddElement(nodes, element, state);
+            ++state.index;
+        }
+    } else if (const auto* object = member->second.As<JsonValue::Object>()) {
+        for (const auto& [name, element] : (*object)->GetMembers()) {
+            state.element = &name;
+            AddElement(nodes, element, state);
+        }
     } else {
-        ErrorAt(key, Mismatch("collection", *value));
+        ErrorAt(key, Mismatch("collection", member->second));
     }
     return nodes;
 }
@@ -147,29 +231,34 @@ std::vector<CheckedNode> CheckedNode::Elements(const std::string& key) const
 void CheckedNode::Report(Severity severity, const JsonPlace& place, const std::string& path,
                          const std::string& message) const
 {
-    m_reports->Add({severity, place, path, message});
+    GetReports().Add({severity, place, path, message});
 }
 
 void CheckedNode::Error(const std::string& message) const
 {
-    Report(Severity::Error, GetPlace(), m_path, message);
+    Report(Severity::Error, GetPlace(), GetPath(), message);
 }
 
 void CheckedNode::Warning(const std::string& message) const
 {
-    Report(Severity::Warning, GetPlace(), m_path, message);
+    Report(Severity::Warning, GetPlace(), GetPath(), message);
 }
 
-void CheckedNode::ErrorAt(const std::string& key, const std::string& message) const
+void CheckedNode::ReportAt(Severity severity, std::string_view key,
+                           const std::string& message) const
 {
-    const JsonValue* value = m_object->Find(key);
-    Report(Severity::Error, value ? PlaceOf(*value) : GetPlace(), PathOf(key), message);
+    const JsonValue* value = GetObject().Find(key);
+    Report(severity, value ? PlaceOf(*value) : GetPlace(), PathOf(key), message);
 }
 
-void CheckedNode::WarningAt(const std::string& key, const std::string& message) const
+void CheckedNode::ErrorAt(std::string_view key, const std::string& message) const
 {
-    const JsonValue* value = m_object->Find(key);
-    Report(Severity::Warning, value ? PlaceOf(*value) : GetPlace(), PathOf(key), message);
+    ReportAt(Severity::Error, key, message);
+}
+
+void CheckedNode::WarningAt(std::string_view key, const std::string& message) const
+{
+    ReportAt(Severity::Warning, key, message);
 }
 
 void CheckedNode::Error(const std::exception& exception) const
@@ -179,13 +268,13 @@ void CheckedNode::Error(const std::exception& exception) const
         return Error(FirstLine(exception.what()));
     std::string path = json->GetDescription();
     path.resize(path.size() - std::min(path.size(), json->GetMessage().size() + 2));
-    path.erase(0, std::min(path.size(), m_file.size() + 1));
+    path.erase(0, std::min(path.size(), m_state->GetFile().size() + 1));
     Report(Severity::Error, json->GetPlace(), path, json->GetMessage());
 }
 
-void CheckedNode::NoteUnknownKeys(std::initializer_list<const char*> known) const
+void CheckedNode::NoteUnknownKeys(std::initializer_list<std::string_view> known) const
 {
-    for (const auto& [key, value] : m_object->GetMembers())
+    for (const auto& [key, value] : GetObject().GetMembers())
         if (std::find(known.begin(), known.end(), key) == known.end())
             Report(Severity::Note, PlaceOf(value), PathOf(key), "this key is not used");
 }

@@ -54,26 +54,33 @@ const EffectParameter* FindParameter(const EffectDescriptor& descriptor, const s
     return found == all.end() ? nullptr : &*found;
 }
 
-void CheckValue(const CheckedNode& effect, const EffectParameter& parameter)
+void CheckRange(const CheckedNode& effect, const EffectParameter& parameter, double value)
 {
-    const auto value = effect.Number(parameter.name);
-    if (value && (*value < parameter.minimum || *value > parameter.maximum))
+    if (value < parameter.minimum || value > parameter.maximum)
         effect.WarningAt(parameter.name, "expected a number from " +
                                              JsonWriter::NumberText(parameter.minimum) + " to " +
                                              JsonWriter::NumberText(parameter.maximum) +
-                                             ", found " + JsonWriter::NumberText(*value));
+                                             ", found " + JsonWriter::NumberText(value));
 }
 
-void CheckKeys(const CheckedNode& effect, const EffectDescriptor& descriptor)
+/// True when there is nothing but the id and numbers in their places.
+bool CheckKeys(const CheckedNode& effect, const EffectDescriptor& descriptor)
 {
+    bool isPlain = true;
     for (const auto& [key, value] : effect.GetObject().GetMembers()) {
         if (key == IEffectSettings::KEY_EFFECT_ID)
             continue;
-        if (const EffectParameter* parameter = FindParameter(descriptor, key))
-            CheckValue(effect, *parameter);
-        else if (value.As<JsonNumber>())
+        const EffectParameter* const parameter = FindParameter(descriptor, key);
+        const auto* const number = value.As<JsonNumber>();
+        if (parameter && number)
+            CheckRange(effect, *parameter, number->value);
+        else if (parameter)
+            effect.Number(key);
+        else if (number)
             effect.ErrorAt(key, UnknownParameter(descriptor, key));
+        isPlain = isPlain && parameter && number;
     }
+    return isPlain;
 }
 
 /// Effects with more than numbers know best what they can read.
@@ -102,8 +109,9 @@ std::string CheckEffect(const CheckedNode& effect)
         return *effectID;
     }
     const std::size_t errorCount = effect.GetReports().GetErrorCount();
-    CheckKeys(effect, *descriptor);
-    if (effect.GetReports().GetErrorCount() == errorCount)
+    const bool isPlain = CheckKeys(effect, *descriptor);
+    const bool readsMore = descriptor->create || !isPlain; // than what has just been checked
+    if (readsMore && effect.GetReports().GetErrorCount() == errorCount)
         LetRead(effect);
     return *effectID;
 }

@@ -98,17 +98,19 @@ void GroupChecker::CheckSettings(const CheckedNode& settings) const
         IntensityChecker::Check(*intensity);
 }
 
-bool GroupChecker::TakeId(const CheckedNode& item, const std::string& id)
+/// A preset without an id has its name for one.
+bool GroupChecker::TakeId(const CheckedNode& item)
 {
-    const auto [earlier, isNew] = m_ids.emplace(id, item.GetPlace());
+    const std::string id = *item.Text(item.Has(IdKey) ? IdKey : EffectInfo::KEY_NAME);
+    const auto [earlier, isNew] = m_ids.emplace(id, item);
     if (!isNew)
         item.ErrorAt(IdKey, "expected an id of its own, found \"" + id + "\" again (first at " +
-                                earlier->second.ToText() + ")");
+                                earlier->second.GetPlace().ToText() + ")");
     return isNew;
 }
 
-bool GroupChecker::CheckItem(const CheckedNode& item,
-                             const std::optional<CheckedNode>& groupIntensity)
+bool GroupChecker::CheckPreset(const CheckedNode& item,
+                               const std::optional<CheckedNode>& groupIntensity) const
 {
     const CatalogueReports& reports = item.GetReports();
     const std::size_t errorCount = reports.GetErrorCount();
@@ -127,7 +129,7 @@ bool GroupChecker::CheckItem(const CheckedNode& item,
     const auto& intensity = own ? own : groupIntensity;
     if (intensity && reports.GetErrorCount() == errorCount)
         IntensityChecker::CheckEffects(*intensity, item, effectIDs);
-    return reports.GetErrorCount() == errorCount && TakeId(item, id.value_or(*name));
+    return reports.GetErrorCount() == errorCount;
 }
 
 std::optional<CheckedGroup> GroupChecker::Check(const CheckedNode& group)
@@ -145,7 +147,7 @@ std::optional<CheckedGroup> GroupChecker::Check(const CheckedNode& group)
         intensity = settings->Node(ConfigData::INTENSITY);
     std::vector<CheckedNode> items;
     for (const CheckedNode& item : group.Elements(ConfigData::ITEMS))
-        if (CheckItem(item, intensity))
+        if (CheckPreset(item, intensity) && TakeId(item))
             items.push_back(item);
     if (!isGood)
         return std::nullopt;

@@ -3,10 +3,10 @@
 
 #include "catalogue/CheckedNode.h"
 
-#include <map>
 #include <optional>
 #include <set>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace LumetraHost {
@@ -31,16 +31,20 @@ public:
     /// or settings.
     std::optional<CheckedGroup> Check(const CheckedNode& group);
 
+    /// A preset by itself, without what concerns its neighbours: whether its id is its own.
+    /// `groupIntensity` is that of presets without one.
+    bool CheckPreset(const CheckedNode& item,
+                     const std::optional<CheckedNode>& groupIntensity) const;
+
 private:
     std::optional<std::string> CheckName(const CheckedNode& group);
     void CheckSettings(const CheckedNode& settings) const;
     void CheckKind(const CheckedNode& node) const;
-    bool CheckItem(const CheckedNode& item, const std::optional<CheckedNode>& groupIntensity);
-    bool TakeId(const CheckedNode& item, const std::string& id);
+    bool TakeId(const CheckedNode& item);
 
     std::set<std::string> m_controllerKinds;
     std::set<std::string> m_groupNames;
-    std::map<std::string, JsonPlace> m_ids;
+    std::unordered_map<std::string, CheckedNode> m_ids; // with the preset that has it
 };
 
 } // namespace LumetraHost

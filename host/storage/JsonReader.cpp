@@ -56,7 +56,8 @@ public:
 
     void MoveTo(std::size_t offset)
     {
-        for (; m_offset < std::min(offset, m_text.size()); ++m_offset) {
+        const std::size_t end = std::min(offset, m_text.size());
+        for (; m_offset < end; ++m_offset) {
             const auto byte = static_cast<unsigned char>(m_text[m_offset]);
             if (byte == '\n') {
                 ++line;
@@ -95,8 +96,8 @@ public:
     bool number_float(double value, const std::string&) { return AddNumber(value); }
     bool string(std::string& value) { return Add(JsonValue(std::move(value))); }
     bool binary(std::vector<std::uint8_t>&) { return false; } // no JSON text has one
-    bool start_object(std::size_t) { return Open(JsonValue(std::make_shared<JsonObject>())); }
-    bool start_array(std::size_t) { return Open(JsonValue(std::make_shared<JsonArray>())); }
+    bool start_object(std::size_t);
+    bool start_array(std::size_t);
     bool end_object() { return Close(); }
     bool end_array() { return Close(); }
     bool key(std::string& name);
@@ -108,9 +109,17 @@ public:
     LineCounter& Place() { return m_lines; }
 
 private:
+    /// An object or an array that is being filled, and the key of the member that comes next.
+    struct Level
+    {
+        JsonObject* object = nullptr;
+        JsonArray* array = nullptr;
+        std::string key;
+    };
+
     bool AddNumber(double value);
     bool Add(JsonValue value);
-    bool Open(JsonValue value);
+    bool Open(JsonValue value, Level level);
     bool Close();
     void MoveToToken();
     bool Refuse(const std::string& reason);
@@ -120,10 +129,21 @@ private:
     LineCounter m_lines;
     const char* m_reached;
     std::size_t m_end; // where the last token ended, or one byte later after a number
-    std::vector<JsonValue> m_open;
-    std::vector<std::string> m_keys; // of the open objects, the one being filled last
+    std::vector<Level> m_open;
     std::size_t m_valueCount = 0;
 };
+
+bool IsBetweenTokens(char byte)
+{
+    return byte == ' ' || byte == '\n' || byte == ',' || byte == ':' || byte == '\t' ||
+           byte == '\r';
+}
+
+bool IsInNumber(char byte)
+{
+    return (byte >= '0' && byte <= '9') || byte == '.' || byte == '-' || byte == '+' ||
+           byte == 'e' || byte == 'E';
+}
 
 bool TreeBuilder::Refuse(const std::string& reason)
 {
@@ -135,14 +155,17 @@ void TreeBuilder::MoveToToken()
 {
     // Between two tokens that begin something only these occur. After a number m_end may already
     // be behind one of them, never inside the next token.
-    m_end = std::min(m_text.find_first_not_of(" \t\r\n,:", m_end), m_text.size());
+    while (m_end < m_text.size() && IsBetweenTokens(m_text[m_end]))
+        ++m_end;
     m_lines.MoveTo(m_end);
 }
 
 bool TreeBuilder::AddNumber(double value)
 {
     MoveToToken();
-    const std::size_t end = m_text.find_first_not_of("+-.0123456789eE", m_end);
+    std::size_t end = m_end;
+    while (end < m_text.size() && IsInNumber(m_text[end]))
+        ++end;
     return Add(JsonValue(JsonNumber{value, std::string(m_text.substr(m_end, end - m_end))}));
 }
 
@@ -153,37 +176,45 @@ bool TreeBuilder::Add(JsonValue value)
     value.column = m_lines.column;
     if (++m_valueCount > JsonReader::MAX_VALUES)
         return Refuse("expected at most " + std::to_string(JsonReader::MAX_VALUES) + " values");
-    if (m_open.empty()) {
+    if (m_open.empty())
         root = std::move(value);
-    } else if (const auto* array = m_open.back().As<JsonValue::Array>()) {
-        (*array)->elements.push_back(std::move(value));
-    } else {
-        const JsonValue::Object& object = *m_open.back().As<JsonValue::Object>();
-        object->Append(m_keys.back(), std::move(value));
-    }
+    else if (Level& level = m_open.back(); level.array)
+        level.array->elements.push_back(std::move(value));
+    else
+        level.object->AppendNew(std::move(level.key), std::move(value));
     TokenDone();
     return true;
 }
 
-bool TreeBuilder::Open(JsonValue value)
+bool TreeBuilder::start_object(std::size_t)
+{
+    auto object = std::make_shared<JsonObject>();
+    JsonObject* const opened = object.get();
+    return Open(JsonValue(std::move(object)), {opened, nullptr, {}});
+}
+
+bool TreeBuilder::start_array(std::size_t)
+{
+    auto array = std::make_shared<JsonArray>();
+    JsonArray* const opened = array.get();
+    return Open(JsonValue(std::move(array)), {nullptr, opened, {}});
+}
+
+bool TreeBuilder::Open(JsonValue value, Level level)
 {
     if (m_open.size() == JsonReader::MAX_DEPTH) {
         MoveToToken();
         return Refuse("expected nesting of at most " + std::to_string(JsonReader::MAX_DEPTH) +
                       " levels");
     }
-    if (!Add(value))
+    if (!Add(std::move(value)))
         return false;
-    if (value.As<JsonValue::Object>())
-        m_keys.emplace_back();
-    m_open.push_back(std::move(value));
+    m_open.push_back(std::move(level));
     return true;
 }
 
 bool TreeBuilder::Close()
 {
-    if (m_open.back().As<JsonValue::Object>())
-        m_keys.pop_back();
     m_open.pop_back();
     TokenDone();
     return true;
@@ -192,11 +223,11 @@ bool TreeBuilder::Close()
 bool TreeBuilder::key(std::string& name)
 {
     MoveToToken();
-    const JsonValue::Object& object = *m_open.back().As<JsonValue::Object>();
-    if (const JsonValue* earlier = object->Find(name))
+    Level& level = m_open.back();
+    if (const JsonValue* earlier = level.object->Find(name))
         return Refuse("expected each key once, found \"" + name + "\" again (first on line " +
                       std::to_string(earlier->line) + ")");
-    m_keys.back() = std::move(name);
+    level.key = std::move(name);
     TokenDone();
     return true;
 }

@@ -3,6 +3,7 @@
 
 #include "Zorvik/Brassel/ISerializer.h"
 #include "Zorvik/RefCounted.h"
+#include "storage/IJsonLocation.h"
 #include "storage/JsonException.h"
 #include "storage/JsonWriter.h"
 
@@ -20,31 +21,54 @@ using Zorvik::Brassel::ConstSerializerPtr;
 using Zorvik::Brassel::ISerializer;
 using Zorvik::Brassel::ISerializerCollection;
 using Zorvik::Brassel::SerializerPtr;
-using FileName = std::shared_ptr<const std::string>;
+using RefCountablePtr = boost::intrusive_ptr<const Zorvik::IRefCountable>;
 
-/// Where something stands: the file, and the path inside it with the file's name in front.
+/// A step on the way to a node or a collection, linked to the one above it. Texts are made only
+/// for errors.
 struct Location
 {
-    FileName file;
-    std::string path;
+    std::string name;         // key in the parent; of an element of an array empty
+    std::size_t index = NONE; // of an element of an array
+    const Location* above = nullptr;
+    RefCountablePtr owner;                    // of `above`
+    std::shared_ptr<const IJsonLocation> top; // of the uppermost alone
 
-    Location Member(const std::string& key) const { return {file, path + "/" + key}; }
-    Location Element(std::size_t index) const
+    std::string GetFile() const { return above ? above->GetFile() : top->GetFile(); }
+    std::string GetPath() const
     {
-        return {file, path + "[" + std::to_string(index) + "]"};
+        if (!above)
+            return top->GetFullPath();
+        const std::string step = index == NONE ? "/" + name : "[" + std::to_string(index) + "]";
+        return above->GetPath() + step;
     }
+
+    static constexpr std::size_t NONE = ~std::size_t(0);
+};
+
+/// For nodes whose path is known from the start.
+class FixedLocation : public IJsonLocation
+{
+public:
+    FixedLocation(const std::string& file, const std::string& path) : m_file(file), m_path(path) {}
+
+    std::string GetFile() const override { return m_file; }
+    std::string GetFullPath() const override { return m_path; }
+
+private:
+    std::string m_file;
+    std::string m_path;
 };
 
 [[noreturn]] void Fail(const Location& location, const JsonValue* value, const std::string& message,
                        int line)
 {
     JsonPlace place;
-    place.file = *location.file;
+    place.file = location.GetFile();
     if (value) {
         place.line = value->line;
         place.column = value->column;
     }
-    throw JsonException(location.path + ": " + message, place, message, BOOST_CURRENT_FUNCTION,
+    throw JsonException(location.GetPath() + ": " + message, place, message, BOOST_CURRENT_FUNCTION,
                         line);
 }
 
@@ -72,16 +96,16 @@ ISerializer::Kind KindOf(const JsonValue& value)
 class JsonNode : public Zorvik::RefCounted<ISerializer>
 {
 public:
-    JsonNode(const JsonValue::Object& object, const std::string& name, const Location& location)
-        : m_object(object), m_name(name), m_location(location)
+    JsonNode(const JsonValue::Object& object, Location location)
+        : m_object(object), m_location(std::move(location))
     {
     }
 
     using ISerializer::Get;
     using ISerializer::Set;
 
-    std::string GetName() const override { return m_name; }
-    std::string GetPath() const override { return m_location.path; }
+    std::string GetName() const override { return m_location.name; }
+    std::string GetPath() const override { return m_location.GetPath(); }
     std::vector<std::string> GetKeys() const override;
     Kind GetKind(const std::string& key) const override;
 
@@ -105,8 +129,12 @@ private:
     const T* Read(const std::string& key, const char* expected) const;
     void Store(const std::string& key, JsonValue::Content content);
 
+    Location Member(const std::string& key) const
+    {
+        return {key, Location::NONE, &m_location, this, nullptr};
+    }
+
     JsonValue::Object m_object;
-    std::string m_name;
     Location m_location;
 };
 
@@ -114,8 +142,9 @@ private:
 class JsonCollection : public Zorvik::RefCounted<ISerializerCollection>
 {
 public:
-    JsonCollection(const JsonValue::Object& owner, const std::string& key, const Location& location)
-        : m_owner(owner), m_key(key), m_location(location)
+    /// `location` ends with the key.
+    JsonCollection(const JsonValue::Object& owner, Location location)
+        : m_owner(owner), m_location(std::move(location))
     {
     }
 
@@ -129,8 +158,14 @@ private:
     SerializerPtr AddNamed(const std::string& name);
     SerializerPtr AddUnnamed();
 
+    const std::string& GetKey() const { return m_location.name; }
+    Location Element(std::size_t index) const { return {{}, index, &m_location, this, nullptr}; }
+    Location Element(const std::string& name) const
+    {
+        return {name, Location::NONE, &m_location, this, nullptr};
+    }
+
     JsonValue::Object m_owner;
-    std::string m_key;
     Location m_location;
 };
 
@@ -144,12 +179,12 @@ T* Target(const JsonObject& owner, const std::string& key)
 
 JsonArray* JsonCollection::Array() const
 {
-    return Target<JsonArray>(*m_owner, m_key);
+    return Target<JsonArray>(*m_owner, GetKey());
 }
 
 JsonObject* JsonCollection::Object() const
 {
-    return Target<JsonObject>(*m_owner, m_key);
+    return Target<JsonObject>(*m_owner, GetKey());
 }
 
 std::size_t JsonCollection::GetCount() const
@@ -163,16 +198,16 @@ std::size_t JsonCollection::GetCount() const
 ConstSerializerPtr JsonCollection::GetElement(std::size_t index) const
 {
     if (index >= GetCount())
-        Fail(m_location, m_owner->Find(m_key),
+        Fail(m_location, m_owner->Find(GetKey()),
              "expected an element " + std::to_string(index) + ", found " +
                  std::to_string(GetCount()) + " elements",
              __LINE__);
     const JsonArray* array = Array();
-    const std::string name = array ? std::string() : Object()->GetMembers()[index].first;
-    const JsonValue& value = array ? array->elements[index] : Object()->GetMembers()[index].second;
-    const Location location = array ? m_location.Element(index) : m_location.Member(name);
+    const JsonObject::Member* member = array ? nullptr : &Object()->GetMembers()[index];
+    const JsonValue& value = array ? array->elements[index] : member->second;
+    Location location = array ? Element(index) : Element(member->first);
     if (const auto* node = value.As<JsonValue::Object>())
-        return new JsonNode(*node, name, location);
+        return new JsonNode(*node, std::move(location));
     Mismatch(location, value, "node", __LINE__);
 }
 
@@ -186,10 +221,10 @@ SerializerPtr JsonCollection::AddUnnamed()
     if (const JsonObject* object = Object(); object && !object->GetMembers().empty())
         Fail(m_location, nullptr, "expected a name for the new element, found none", __LINE__);
     if (!Array())
-        m_owner->Set(m_key, JsonValue(std::make_shared<JsonArray>()));
+        m_owner->Set(GetKey(), JsonValue(std::make_shared<JsonArray>()));
     const auto node = std::make_shared<JsonObject>();
     Array()->elements.emplace_back(node);
-    return new JsonNode(node, std::string(), m_location.Element(Array()->elements.size() - 1));
+    return new JsonNode(node, Element(Array()->elements.size() - 1));
 }
 
 SerializerPtr JsonCollection::AddNamed(const std::string& name)
@@ -200,12 +235,12 @@ SerializerPtr JsonCollection::AddNamed(const std::string& name)
              "expected no name for the new element, found \"" + name + "\" after unnamed elements",
              __LINE__);
     if (!Object())
-        m_owner->Set(m_key, JsonValue(std::make_shared<JsonObject>()));
+        m_owner->Set(GetKey(), JsonValue(std::make_shared<JsonObject>()));
     const auto node = std::make_shared<JsonObject>();
     if (!Object()->Append(name, JsonValue(node)))
         Fail(m_location, nullptr,
              "expected a new name for the new element, found \"" + name + "\" again", __LINE__);
-    return new JsonNode(node, name, m_location.Member(name));
+    return new JsonNode(node, Element(name));
 }
 
 std::vector<std::string> JsonNode::GetKeys() const
@@ -231,7 +266,7 @@ const T* JsonNode::Read(const std::string& key, const char* expected) const
         return nullptr;
     if (const T* typed = value->As<T>())
         return typed;
-    Mismatch(m_location.Member(key), *value, expected, __LINE__);
+    Mismatch(Member(key), *value, expected, __LINE__);
 }
 
 bool JsonNode::Get(const std::string& key, bool defaultValue) const
@@ -248,8 +283,7 @@ int JsonNode::Get(const std::string& key, int defaultValue) const
     if (number->value != std::trunc(number->value) ||
         number->value < std::numeric_limits<int>::min() ||
         number->value > std::numeric_limits<int>::max())
-        Mismatch(m_location.Member(key), *m_object->Find(key),
-                 "a whole number from -2147483648 to 2147483647",
+        Mismatch(Member(key), *m_object->Find(key), "a whole number from -2147483648 to 2147483647",
                  "number " + number->text.substr(0, 40), __LINE__);
     return static_cast<int>(number->value);
 }
@@ -269,7 +303,7 @@ std::string JsonNode::Get(const std::string& key, const std::string& defaultValu
 ConstSerializerPtr JsonNode::GetNode(const std::string& key) const
 {
     const auto* node = Read<JsonValue::Object>(key, "node");
-    return node ? new JsonNode(*node, key, m_location.Member(key)) : nullptr;
+    return node ? new JsonNode(*node, Member(key)) : nullptr;
 }
 
 ConstCollectionPtr JsonNode::GetCollection(const std::string& key) const
@@ -278,8 +312,8 @@ ConstCollectionPtr JsonNode::GetCollection(const std::string& key) const
     if (!value)
         return nullptr;
     if (!value->As<JsonValue::Array>() && !value->As<JsonValue::Object>())
-        Mismatch(m_location.Member(key), *value, "collection", __LINE__);
-    return new JsonCollection(m_object, key, m_location.Member(key));
+        Mismatch(Member(key), *value, "collection", __LINE__);
+    return new JsonCollection(m_object, Member(key));
 }
 
 void JsonNode::Store(const std::string& key, JsonValue::Content content)
@@ -301,7 +335,7 @@ void JsonNode::Set(const std::string& key, int value)
 void JsonNode::Set(const std::string& key, double value)
 {
     if (!std::isfinite(value))
-        Fail(m_location.Member(key), nullptr,
+        Fail(Member(key), nullptr,
              "expected a finite number to write, found " + std::to_string(value), __LINE__);
     Store(key, JsonNumber{value, JsonWriter::NumberText(value)});
 }
@@ -316,29 +350,33 @@ SerializerPtr JsonNode::CreateNode(const std::string& key)
 {
     const auto node = std::make_shared<JsonObject>();
     Store(key, node);
-    return new JsonNode(node, key, m_location.Member(key));
+    return new JsonNode(node, Member(key));
 }
 
 CollectionPtr JsonNode::CreateCollection(const std::string& key)
 {
     Store(key, std::make_shared<JsonArray>());
-    return new JsonCollection(m_object, key, m_location.Member(key));
+    return new JsonCollection(m_object, Member(key));
 }
 
 } // namespace
 
 SerializerPtr JsonSerializer::Create(const JsonValue::Object& object, const std::string& fileName)
 {
-    return new JsonNode(object, std::string(),
-                        Location{std::make_shared<const std::string>(fileName), fileName});
+    return Create(object, std::make_shared<FixedLocation>(fileName, fileName), std::string());
 }
 
 SerializerPtr JsonSerializer::Create(const JsonValue::Object& object, const std::string& fileName,
                                      const std::string& path, const std::string& name)
 {
-    return new JsonNode(
-        object, name,
-        Location{std::make_shared<const std::string>(fileName), fileName + "/" + path});
+    return Create(object, std::make_shared<FixedLocation>(fileName, fileName + "/" + path), name);
+}
+
+SerializerPtr JsonSerializer::Create(const JsonValue::Object& object,
+                                     const std::shared_ptr<const IJsonLocation>& location,
+                                     const std::string& name)
+{
+    return new JsonNode(object, Location{name, Location::NONE, nullptr, nullptr, location});
 }
 
 } // namespace LumetraHost

@@ -10,6 +10,8 @@
 
 namespace LumetraHost {
 
+class IJsonLocation;
+
 /// A serializer over a JSON object.
 ///
 /// A node is a JSON object. A collection is an array, whose elements have no names, or an object,
@@ -27,6 +29,10 @@ public:
     static Zorvik::Brassel::SerializerPtr Create(const JsonValue::Object& object,
                                                  const std::string& fileName,
                                                  const std::string& path, const std::string& name);
+    /// The same for a node whose place is worked out only when it is asked for.
+    static Zorvik::Brassel::SerializerPtr
+    Create(const JsonValue::Object& object, const std::shared_ptr<const IJsonLocation>& location,
+           const std::string& name);
 };
 
 } // namespace LumetraHost

@@ -8,6 +8,7 @@ namespace {
 
 // Below this a scan beats a look-up, and most objects of a catalogue stay below it.
 constexpr std::size_t indexedFrom = 16;
+constexpr std::size_t expectedMembers = 2;
 
 } // namespace
 
@@ -19,11 +20,11 @@ const char* JsonValue::GetKindName() const
     return names[content.index()];
 }
 
-std::size_t JsonObject::IndexOf(const std::string& key) const
+std::size_t JsonObject::IndexOf(std::string_view key) const
 {
-    if (m_members.size() >= indexedFrom) {
-        const auto found = m_index.find(key);
-        return found == m_index.end() ? m_members.size() : found->second;
+    if (m_index) {
+        const auto found = m_index->find(std::string(key));
+        return found == m_index->end() ? m_members.size() : found->second;
     }
     std::size_t i = 0;
     while (i < m_members.size() && m_members[i].first != key)
@@ -31,10 +32,16 @@ std::size_t JsonObject::IndexOf(const std::string& key) const
     return i;
 }
 
-const JsonValue* JsonObject::Find(const std::string& key) const
+const JsonObject::Member* JsonObject::FindMember(std::string_view key) const
 {
     const std::size_t i = IndexOf(key);
-    return i < m_members.size() ? &m_members[i].second : nullptr;
+    return i < m_members.size() ? &m_members[i] : nullptr;
+}
+
+const JsonValue* JsonObject::Find(std::string_view key) const
+{
+    const Member* member = FindMember(key);
+    return member ? &member->second : nullptr;
 }
 
 void JsonObject::Set(const std::string& key, JsonValue value)
@@ -50,13 +57,22 @@ bool JsonObject::Append(const std::string& key, JsonValue value)
 {
     if (Find(key))
         return false;
-    m_members.emplace_back(key, std::move(value));
-    if (m_members.size() == indexedFrom)
-        for (std::size_t i = 0; i < indexedFrom; ++i)
-            m_index.emplace(m_members[i].first, i);
-    else if (m_members.size() > indexedFrom)
-        m_index.emplace(key, m_members.size() - 1);
+    AppendNew(key, std::move(value));
     return true;
+}
+
+void JsonObject::AppendNew(std::string key, JsonValue value)
+{
+    if (m_members.empty())
+        m_members.reserve(expectedMembers);
+    m_members.emplace_back(std::move(key), std::move(value));
+    if (m_index) {
+        m_index->emplace(m_members.back().first, m_members.size() - 1);
+    } else if (m_members.size() == indexedFrom) {
+        m_index = std::make_unique<Index>();
+        for (std::size_t i = 0; i < indexedFrom; ++i)
+            m_index->emplace(m_members[i].first, i);
+    }
 }
 
 } // namespace LumetraHost

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <variant>
@@ -61,19 +62,25 @@ public:
     using Member = std::pair<std::string, JsonValue>;
 
     /// Null when there is no such key; good until the next Set().
-    const JsonValue* Find(const std::string& key) const;
+    const JsonValue* Find(std::string_view key) const;
+    /// The same with the key.
+    const Member* FindMember(std::string_view key) const;
     /// Replaces the value under `key` in its place, else appends it.
     void Set(const std::string& key, JsonValue value);
     /// Appends a member unless the key is taken; then nothing changes and the result is false.
     bool Append(const std::string& key, JsonValue value);
+    /// Appends a member whose key the caller knows to be new.
+    void AppendNew(std::string key, JsonValue value);
 
     const std::vector<Member>& GetMembers() const { return m_members; }
 
 private:
-    std::size_t IndexOf(const std::string& key) const;
+    using Index = std::unordered_map<std::string, std::size_t>;
+
+    std::size_t IndexOf(std::string_view key) const;
 
     std::vector<Member> m_members;
-    std::unordered_map<std::string, std::size_t> m_index; // filled for large objects only
+    std::unique_ptr<Index> m_index; // of large objects only
 };
 
 } // namespace LumetraHost

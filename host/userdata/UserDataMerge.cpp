@@ -167,6 +167,7 @@ bool UserDataMerge::MergePresets(const JsonObject& before, const JsonObject& aft
         known.begin(), known.end(), [&wanted](const auto& p) { return !wanted.count(p.first); });
     const Presets read = isAnyRemoved ? CollectPresets(seen, isUsable) : Presets();
 
+    const JsonObject nothing;
     bool isChanged = false;
     std::set<PresetKey> present;
     std::vector<JsonValue> merged;
@@ -186,7 +187,7 @@ bool UserDataMerge::MergePresets(const JsonObject& before, const JsonObject& aft
             if (isRemoved)
                 continue;
             if (is)
-                isChanged |= CopyChangedMembers(was ? ObjectOf(*was) : JsonObject(), ObjectOf(*is),
+                isChanged |= CopyChangedMembers(was ? ObjectOf(*was) : nothing, ObjectOf(*is),
                                                 ObjectOf(element));
             merged.push_back(element);
         }

@@ -35,7 +35,7 @@ TEST_F(CliTest, checkNeedsAFile)
     const CliResult result = RunPlain({QStringLiteral("check")});
 
     EXPECT_EQ(result.code, 2);
-    EXPECT_THAT(result.messages, HasSubstr("expected at least one catalogue or LUT file"));
+    EXPECT_THAT(result.messages, HasSubstr("expected at least one file"));
 }
 
 TEST_F(CliTest, checkSurvivesExtremeNesting)
@@ -46,4 +46,73 @@ TEST_F(CliTest, checkSurvivesExtremeNesting)
 
     EXPECT_EQ(result.code, 1);
     EXPECT_EQ(result.output, "deep.json:1:69: error: expected nesting of at most 64 levels\n");
+}
+
+TEST_F(CliTest, checksAGoodStoreSilently)
+{
+    WriteFile("own.json", R"({"format": "lumetra-user-presets", "version": 1,
+"UserPresets": {"items": [{"name": "Mine", "id": "a", "popular": false,
+  "effects": [{"effect": {"id": "exposure", "stops": 0.5}}]}]},
+"Favourites": [{"group": "Looks", "id": "bright"}]})");
+
+    const CliResult result = RunPlain({QStringLiteral("check"), QStringLiteral("own.json")});
+
+    EXPECT_EQ(result.code, 0);
+    EXPECT_THAT(result.output, IsEmpty());
+}
+
+TEST_F(CliTest, checksAStoreAndNamesThePlaces)
+{
+    WriteFile("own.json", R"({"format": "lumetra-user-presets", "version": 1,
+"UserPresets": {"items": [
+ {"name": "Mine", "popular": "yes"},
+ {"name": "Other", "effects": [{"effect": {"id": "exposure", "stop": 1}}]},
+ 7]},
+"Favourites": [{"group": 1, "id": "a"}, {"group": "Looks"}],
+"colour": "red"})");
+
+    const CliResult result = RunPlain({QStringLiteral("check"), QStringLiteral("own.json")});
+
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.output,
+              "own.json:3:2: warning: UserPresets/items[0]: expected at least one effect, found "
+              "none\n"
+              "own.json:3:30: error: UserPresets/items[0]/popular: expected bool, found string\n"
+              "own.json:4:70: error: UserPresets/items[1]/effects[0]/effect/stop: expected a "
+              "parameter of the effect \"exposure\" (stops), found \"stop\", did you mean "
+              "\"stops\"?\n"
+              "own.json:5:2: error: UserPresets/items[2]: expected node, found number\n"
+              "own.json:6:26: error: Favourites[0]/group: expected string, found number\n"
+              "own.json:6:41: warning: Favourites[1]: expected the \"id\" of a preset, found none\n"
+              "own.json:7:11: note: colour: this key is not used\n");
+}
+
+TEST_F(CliTest, knowsAStoreOfTheFirstVersionByItsMembers)
+{
+    WriteFile("old.json", R"({"UserPresets": {"items": "none"}, "Favourites": {}})");
+
+    const CliResult result = RunPlain({QStringLiteral("check"), QStringLiteral("old.json")});
+
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.output, "old.json:1:27: error: UserPresets/items: expected collection, found "
+                             "string\n"
+                             "old.json:1:50: error: Favourites: expected collection, found "
+                             "node\n");
+}
+
+TEST_F(CliTest, sortsTheRemarksOfCataloguesAndStoresByFile)
+{
+    WriteFile("own.json", R"({"format": "lumetra-user-presets", "a": 1, "version": 2})");
+    WriteFile("note.json", R"({"format": "lumetra-catalogue", "version": 1, "author": "x"})");
+
+    const CliResult result = RunPlain({QStringLiteral("check"), QStringLiteral("note.json"),
+                                       QStringLiteral("own.json"), QStringLiteral("none.json")});
+
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.output,
+              "note.json:1:57: note: author: this key is not used\n"
+              "own.json:1:41: note: a: this key is not used\n"
+              "own.json:1:55: warning: version: expected version 1, found a newer one: it can be "
+              "read but not changed\n"
+              "none.json: error: cannot be read: No such file or directory\n");
 }

@@ -5,6 +5,8 @@
 #include "engine/EffectKinds.h"
 #include "storage/JsonDocument.h"
 
+#include <QString>
+
 #include <gtest/gtest.h>
 
 using LumetraHost::JsonDocument;
@@ -48,8 +50,7 @@ TEST(CatalogueSchema, knowsEveryEffectAndParameterWithItsRange)
 TEST(CatalogueSchema, shipsAsTheToolWritesIt)
 {
     LumetraHost::RegisterEffects();
-    const QByteArray shipped =
-        JsonDocument::Read(QStringLiteral(LUMETRA_SHIPPED_SCHEMA)).ToText();
+    const QByteArray shipped = JsonDocument::Read(QStringLiteral(LUMETRA_SHIPPED_SCHEMA)).ToText();
     EXPECT_TRUE(shipped.toStdString() == CatalogueSchema::ToText())
         << "the effects have changed: lumetra-catalogue-schema > catalogue/catalogue.schema.json";
 }

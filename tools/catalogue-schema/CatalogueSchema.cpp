@@ -219,8 +219,7 @@ std::string EffectText(const EffectDescriptor& descriptor)
     properties.Add("\"id\": { \"const\": " + Quote(descriptor.effectID) + " }");
     for (const EffectParameter& parameter : descriptor.parameters)
         properties.Add(ParameterText(parameter));
-    return Quote("effect-" + descriptor.effectID) +
-           ": { \"properties\": " + properties.InBraces() +
+    return Quote("effect-" + descriptor.effectID) + ": { \"properties\": " + properties.InBraces() +
            ", \"additionalProperties\": { \"not\": { \"type\": \"number\" } } }";
 }
 
@@ -268,12 +267,11 @@ std::string VariableText(const Descriptors& descriptors)
 std::string CatalogueSchema::ToText()
 {
     const Descriptors descriptors = FindDescriptors();
-    std::string text =
-        Head + AnyEffectText(descriptors) + "," + VariableText(descriptors);
+    std::string text = Head + AnyEffectText(descriptors) + "," + VariableText(descriptors);
     for (const auto& descriptor : descriptors)
         text += "," + EffectText(*descriptor);
-    const JsonDocument schema = JsonDocument::Parse(QByteArray::fromStdString(text + "}}"),
-                                                    "the schema");
+    const JsonDocument schema =
+        JsonDocument::Parse(QByteArray::fromStdString(text + "}}"), "the schema");
     return schema.ToText().toStdString();
 }
 
