@@ -97,8 +97,10 @@ public:
 
     void Tick()
     {
-        m_intensity = m_intensity == 120 ? 121 : 120;
+        m_intensity = m_intensity == 60 ? 61 : 60;
         m_session.GetModel().setData(m_index, m_intensity, EffectPresetModel::IntensityRole);
+        if (m_view.IsUpToDate())
+            throw std::runtime_error("a new intensity did not ask for a frame");
         m_view.WaitForFrame();
     }
 
@@ -115,7 +117,7 @@ private:
     LumetraPlugin::PresetSession m_session{"Looks"};
     LiveView m_view;
     QModelIndex m_index;
-    int m_intensity = 120;
+    int m_intensity = 60;
 };
 
 /// Everything of one picture size.

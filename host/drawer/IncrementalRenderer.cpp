@@ -65,36 +65,39 @@ bool AreSameAreas(const std::optional<PictureArea>& first, const std::optional<P
 
 } // namespace
 
-/// A chain that begins at the kept picture, or at the source's pixels, and passes the wanted one.
+/// A chain that begins at the kept picture, or at the source's pixels, and passes the place whose
+/// picture is to be kept.
 struct IncrementalRenderer::Chain
 {
-    using Iterator = std::vector<StagePtr>::const_iterator;
-
-    Chain(const std::vector<StagePtr>& stages, std::size_t kept, std::size_t wanted, Isa isa)
-        : before(Slice(stages, kept, wanted), isa, GetSpaceAt(stages, kept)),
-          after(Slice(stages, wanted, stages.size()), isa, GetSpaceAt(stages, wanted))
+    Chain(const std::vector<StagePtr>& stages, std::size_t keptCount,
+          std::optional<ColourSpace> keptSpace, std::size_t wantedCount, Isa isa)
+        : kept(keptCount), wanted(wantedCount), wantedSpace(GetSpaceAt(stages, wantedCount)),
+          before(Slice(stages, kept, wanted), isa, keptSpace, wantedSpace),
+          after(Slice(stages, wanted, stages.size()), isa, wantedSpace),
+          isKeptAgain(wanted > kept || keptSpace != wantedSpace)
     {
     }
 
     static std::vector<StagePtr> Slice(const std::vector<StagePtr>& stages, std::size_t first,
                                        std::size_t end)
     {
-        const Iterator begin = stages.begin();
+        const auto begin = stages.begin();
         return {begin + static_cast<std::ptrdiff_t>(first),
                 begin + static_cast<std::ptrdiff_t>(end)};
     }
 
-    /// Behind so many stages; empty before the first.
-    static std::optional<ColourSpace> GetSpaceAt(const std::vector<StagePtr>& stages,
-                                                 std::size_t count)
+    /// The space that the stage behind so many wants; behind the last one, its own.
+    static ColourSpace GetSpaceAt(const std::vector<StagePtr>& stages, std::size_t count)
     {
-        if (count == 0)
-            return std::nullopt;
-        return stages[count - 1]->GetColourSpace();
+        return stages[std::min(count, stages.size() - 1)]->GetColourSpace();
     }
 
+    std::size_t kept;
+    std::size_t wanted;
+    ColourSpace wantedSpace;
     StageChain before;
     StageChain after;
+    bool isKeptAgain;
 };
 
 IncrementalRenderer::IncrementalRenderer(const Renderer& renderer, ThreadPool& pool)
@@ -136,18 +139,29 @@ Image IncrementalRenderer::Render(const Image& source,
     const auto& stages = plan.GetFirstStages();
     const std::size_t wanted =
         isPlain ? 0 : FindSeam(stages, RenderPlan(same, {isa, area}).GetFirstStages().size());
-    if (m_kept.count > wanted || FindSeam(stages, m_kept.count) != m_kept.count)
+    if (!CanStartFrom(stages, wanted))
         m_kept.count = 0;
     if (wanted == 0)
         return m_renderer.Render(source, effects, options, std::move(recycled));
 
     m_skippedStages = m_kept.count;
     Image target = MakeTarget(source, std::move(recycled));
-    const Chain chain(stages, m_kept.count, wanted, isa);
-    if (!Run(chain, m_kept.count, wanted, source, target, GetSourceWeight(effects.GetBlendAmount()),
-             options))
+    const auto keptSpace = m_kept.count > 0 ? std::optional(m_kept.space) : std::nullopt;
+    const Chain chain(stages, m_kept.count, keptSpace, wanted, isa);
+    if (!Run(chain, source, target, GetSourceWeight(effects.GetBlendAmount()), options))
         return {};
     return target;
+}
+
+/// Whether no merged stage and no conversion would come out differently.
+bool IncrementalRenderer::CanStartFrom(const std::vector<StagePtr>& stages,
+                                       std::size_t wanted) const
+{
+    const std::size_t count = m_kept.count;
+    if (count == 0 || count > wanted || FindSeam(stages, count) != count)
+        return false;
+    return m_kept.space == stages[count - 1]->GetColourSpace() ||
+           m_kept.space == Chain::GetSpaceAt(stages, count);
 }
 
 std::size_t IncrementalRenderer::FindFirstOther(const EffectList& effects) const
@@ -157,9 +171,8 @@ std::size_t IncrementalRenderer::FindFirstOther(const EffectList& effects) const
     return static_cast<std::size_t>(differing.first - effects.begin());
 }
 
-bool IncrementalRenderer::Run(const Chain& chain, std::size_t kept, std::size_t wanted,
-                              const Image& source, Image& target, double sourceWeight,
-                              const RenderOptions& options)
+bool IncrementalRenderer::Run(const Chain& chain, const Image& source, Image& target,
+                              double sourceWeight, const RenderOptions& options)
 {
     const PixelStep step(source.GetDepth(), LimitToSupported(options.isa),
                          chain.before.GetFirstSpace(), chain.after.GetLastSpace(), sourceWeight);
@@ -173,12 +186,12 @@ bool IncrementalRenderer::Run(const Chain& chain, std::size_t kept, std::size_t 
     const auto runRow = [&](Tile tile) {
         for (tile.x = 0; tile.x < width; tile.x += tilePixels) {
             tile.count = std::min(tilePixels, width - tile.x);
-            if (kept > 0)
+            if (chain.kept > 0)
                 m_kept.frame.Load(tile);
             else
                 step.Load(tile, source.Row(tile.y));
             chain.before.Run(tile);
-            if (wanted > kept)
+            if (chain.isKeptAgain)
                 m_kept.frame.Store(tile);
             chain.after.Run(tile);
             step.Store(tile, source.Row(tile.y), target.Row(tile.y));
@@ -193,11 +206,12 @@ bool IncrementalRenderer::Run(const Chain& chain, std::size_t kept, std::size_t 
                 runRow(tile);
         });
     // A picture that was only read is as good as before.
-    if (!isCancelled())
-        m_kept.count = wanted;
-    else if (wanted == kept)
-        m_kept.count = kept;
-    return !isCancelled();
+    const bool isFinished = !isCancelled();
+    if (isFinished || !chain.isKeptAgain)
+        m_kept.count = chain.wanted;
+    if (isFinished && chain.isKeptAgain)
+        m_kept.space = chain.wantedSpace;
+    return isFinished;
 }
 
 } // namespace LumetraHost

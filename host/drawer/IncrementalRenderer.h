@@ -48,16 +48,18 @@ public:
 private:
     struct Chain;
 
-    /// The picture with the first `count` stages.
+    /// The picture with the first `count` stages, in the space that the next one wants.
     struct Kept
     {
         std::size_t count = 0; ///< 0: nothing is kept
+        ColourSpace space = ColourSpace::Linear;
         PlanarFrame frame;
     };
 
     std::size_t FindFirstOther(const Zorvik::Quindle::EffectList& effects) const;
-    bool Run(const Chain& chain, std::size_t kept, std::size_t wanted, const Image& source,
-             Image& target, double sourceWeight, const RenderOptions& options);
+    bool CanStartFrom(const std::vector<StagePtr>& stages, std::size_t wanted) const;
+    bool Run(const Chain& chain, const Image& source, Image& target, double sourceWeight,
+             const RenderOptions& options);
 
     const Renderer& m_renderer;
     ThreadPool& m_pool;

@@ -23,9 +23,10 @@ inline bool operator==(const ViewRequest& first, const ViewRequest& second)
     return first.part == second.part && first.size == second.size;
 }
 
-/// A picture for a canvas, to be drawn over `part` of the photo whatever its size: the part is
-/// the requested one enlarged to whole pixels of the photo; the picture has as many pixels as the
-/// screen shows there, but never more than the photo has.
+/// A picture for a canvas, to be drawn over `part` of the photo whatever its size: the part
+/// contains the requested one, as far as the photo goes, and may be larger, which the canvas cuts
+/// off; the picture has as many pixels as the screen shows there, but never more than the photo
+/// has.
 struct ViewFrame
 {
     Image picture;          ///< null without a photo, and when nothing of it is to be seen

@@ -39,6 +39,21 @@ ViewGeometry ViewGeometry::GetReduced(int halvings) const
     return reduced;
 }
 
+ViewGeometry ViewGeometry::GetEnlarged(int border, const QSize& photo) const
+{
+    if (border < 1 || part.isEmpty())
+        return *this;
+    const double scaleX = double(part.width()) / size.width();
+    const double scaleY = double(part.height()) / size.height();
+    const int x = static_cast<int>(std::ceil(std::min(border * scaleX, double(photo.width()))));
+    const int y = static_cast<int>(std::ceil(std::min(border * scaleY, double(photo.height()))));
+    ViewGeometry enlarged = *this;
+    enlarged.part = part.adjusted(-x, -y, x, y) & QRect(QPoint(), photo);
+    enlarged.size = {std::max(1, static_cast<int>(std::lround(enlarged.part.width() / scaleX))),
+                     std::max(1, static_cast<int>(std::lround(enlarged.part.height() / scaleY)))};
+    return enlarged;
+}
+
 PictureArea ViewGeometry::GetArea(const QSize& photo) const
 {
     PictureArea area = PictureArea::Whole(photo.width(), photo.height());

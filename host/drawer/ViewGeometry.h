@@ -21,6 +21,8 @@ struct ViewGeometry
 
     /// With 1/2^halvings of the pixels in each direction, at least one.
     ViewGeometry GetReduced(int halvings) const;
+    /// With so many more rendered pixels on every side, where the photo has them.
+    ViewGeometry GetEnlarged(int border, const QSize& photo) const;
     PictureArea GetArea(const QSize& photo) const;
     double GetPixelCount() const { return double(size.width()) * size.height(); }
 };

@@ -69,4 +69,11 @@ bool ViewRenderer::HasScaled(const Image& photo, const ViewGeometry& geometry) c
     return m_geometry == geometry && m_photo.SharesPixelsWith(photo);
 }
 
+bool ViewRenderer::HasScaledPart(const Image& photo, const ViewGeometry& geometry) const
+{
+    return m_geometry && m_photo.SharesPixelsWith(photo) &&
+           m_geometry->part.contains(geometry.part) &&
+           m_geometry->size.width() >= geometry.size.width();
+}
+
 } // namespace LumetraHost

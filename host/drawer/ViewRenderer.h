@@ -31,6 +31,8 @@ public:
     /// Whether the part of the last call is without transparency.
     bool IsOpaque() const { return m_isOpaque; }
     bool HasScaled(const Image& photo, const ViewGeometry& geometry) const;
+    /// The same with any border around that part.
+    bool HasScaledPart(const Image& photo, const ViewGeometry& geometry) const;
 
 private:
     Image m_photo;

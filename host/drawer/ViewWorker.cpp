@@ -12,6 +12,8 @@ using Clock = std::chrono::steady_clock;
 constexpr double AssumedScaling = 30;
 constexpr double AssumedRendering = 30;
 constexpr int MostHalvings = 2;
+/// Rendered pixels.
+constexpr int HaloStep = 32;
 
 } // namespace
 
@@ -98,8 +100,7 @@ bool ViewWorker::RunStep(const Queued& queued, bool isReduced)
     if (m_options.onRendering)
         m_options.onRendering({job.serial, isReduced, *queued.cancel});
     ViewRenderer& renderer = isReduced ? m_reduced : m_full;
-    const ViewGeometry geometry =
-        isReduced ? job.geometry.GetReduced(ChooseHalvings(job)) : job.geometry;
+    const ViewGeometry geometry = MakeGeometry(job, isReduced);
     ViewResult result;
     result.frame.picture = Render(queued, geometry, renderer);
     result.original = renderer.GetOriginal(job.recipe.photo, geometry);
@@ -129,11 +130,27 @@ Image ViewWorker::Render(const Queued& queued, const ViewGeometry& geometry, Vie
     return picture;
 }
 
+/// With what spatial effects see beyond the edges of the view, so that a part of the photo looks as
+/// it does in the whole one. Coarse steps keep the scaled part while a radius is dragged.
+ViewGeometry ViewWorker::MakeGeometry(const ViewJob& job, bool isReduced) const
+{
+    const QSize photo(job.recipe.photo.GetWidth(), job.recipe.photo.GetHeight());
+    const ViewGeometry geometry =
+        isReduced ? job.geometry.GetReduced(ChooseHalvings(job)) : job.geometry;
+    if (geometry.part.isEmpty() || geometry.part.size() == photo)
+        return geometry;
+    int halo = 0;
+    for (const Layer& layer : job.recipe.layers)
+        halo += Renderer::FindHalo(layer.settings->Effects(), geometry.GetArea(photo));
+    return geometry.GetEnlarged((halo + HaloStep - 1) / HaloStep * HaloStep, photo);
+}
+
 /// How often the picture is halved for a first preview; 0: the full one is soon there.
 int ViewWorker::ChooseHalvings(const ViewJob& job) const
 {
-    const double perPixel = (job.showsOriginal ? 0 : m_renderingTime) +
-                            (m_full.HasScaled(job.recipe.photo, job.geometry) ? 0 : m_scalingTime);
+    const double perPixel =
+        (job.showsOriginal ? 0 : m_renderingTime) +
+        (m_full.HasScaledPart(job.recipe.photo, job.geometry) ? 0 : m_scalingTime);
     double expected = job.geometry.GetPixelCount() * perPixel;
     int halvings = 0;
     while (halvings < MostHalvings && expected > double(m_options.reducedBeyond.count())) {

@@ -72,6 +72,7 @@ private:
     void Run(const Queued& queued);
     bool RunStep(const Queued& queued, bool isReduced);
     Image Render(const Queued& queued, const ViewGeometry& geometry, ViewRenderer& renderer);
+    ViewGeometry MakeGeometry(const ViewJob& job, bool isReduced) const;
     int ChooseHalvings(const ViewJob& job) const;
     bool IsSuperseded();
     bool Post(const Queued& queued, ViewResult result);

@@ -152,14 +152,15 @@ TEST_P(Incremental, isRightWhateverChanges)
     const auto draw = [&random](double scale) {
         return random() % 4 == 0 ? 0.0 : scale * (double(random() % 200) / 100 - 1);
     };
-    double values[6] = {0.3, 20, 10, 5, -1, 1};
-    for (int round = 0; round < 60; ++round) {
-        const std::size_t which = random() % 6;
-        const double scales[] = {1, 50, 50, 50, 3, 0};
-        values[which] = which == 5 ? double(1 + random() % 255) : draw(scales[which]);
-        Render({Exposure(values[0]), Contrast(values[1]), Saturation(values[2]),
-                MakeEffect("vibrance", {{"amount", values[3]}}), Vignette(values[4])},
-               static_cast<int>(values[5]));
+    double values[7] = {0.3, 20, 10, 5, -1, 0.1, 1};
+    for (int round = 0; round < 100; ++round) {
+        const std::size_t which = random() % 7;
+        const double scales[] = {1, 50, 50, 50, 3, 0.2, 0};
+        values[which] = which == 6 ? double(1 + random() % 255) : draw(scales[which]);
+        Render({Exposure(values[0]), Contrast(values[1]), Slope(1 + values[5]),
+                Saturation(values[2]), MakeEffect("vibrance", {{"amount", values[3]}}),
+                Vignette(values[4])},
+               static_cast<int>(values[6]));
     }
 }
 

@@ -176,6 +176,29 @@ TEST_F(LiveViewScenario, leavesOutWhatLiesBesideThePhoto)
     EXPECT_TRUE(WaitForPicture().IsNull());
 }
 
+TEST_F(LiveViewScenario, showsAPartWithSpatialEffectsAsTheWholePhotoHasIt)
+{
+    const Image photo = MakeRandomPicture(400, 300, Image::Depth::Bits8, 23);
+    m_drawer.SetPhoto(photo);
+    const auto blur = MakePackage("panel", 0, {MakeEffect("gaussianBlur", {{"radius", 1}})});
+    Apply(blur);
+    m_view->SetView({QRectF(180, 120, 40, 30), QSize(40, 30)});
+    const Image picture = WaitForPicture();
+
+    const Image whole = Renderer().Render(photo, blur);
+    ASSERT_FALSE(HaveSamePixels(whole, photo));
+    const QRect part = m_view->GetFrame().part;
+    ASSERT_TRUE(part.contains(QRect(180, 120, 40, 30)));
+    EXPECT_LT(part.width(), 400);
+    EXPECT_EQ(picture.GetWidth(), part.width());
+    for (int y = 120; y < 150; ++y)
+        for (int x = 180; x < 220; ++x)
+            for (int channel = 0; channel < 3; ++channel)
+                ASSERT_NEAR(double(GetChannel(picture, x - part.x(), y - part.y(), channel)),
+                            double(GetChannel(whole, x, y, channel)), 1)
+                    << x << " " << y;
+}
+
 TEST_F(LiveViewScenario, showsSettingsOnTopWithoutApplyingThem)
 {
     Apply(MakePackage("bottom", 0, 0.4));
