@@ -59,15 +59,10 @@ protected:
     /// The red of the drawer's picture in its middle.
     int Red() { return Drawer().Result().Row(30)[4 * 40]; }
 
-    /// Ends the editor without a word and starts another one.
     void Restart()
     {
         editor->SaveEdit();
-        window.reset();
-        editor = std::make_unique<LumetraEditor::Editor>();
-        window = std::make_unique<LumetraEditor::EditorWindow>(*editor);
-        window->UseLanguage(QStringLiteral("en"));
-        window->show();
+        EditorTest::Restart();
         LoadExamplePanel();
     }
 };
@@ -309,6 +304,7 @@ TEST(EditStateFormat, readsWhatItWrites)
     const auto effect = Zorvik::Quindle::EffectSettingsImpl::Create("of-another-program");
     package.Effects().push_back(effect);
     state.committed.push_back(package);
+    state.records.push_back({"Soft Skin", 70});
     state.panels[QStringLiteral("looks")] = {{QStringLiteral("preset"), QStringLiteral("ä")}};
 
     const QByteArray text = EditStateFormat::ToText(state);
@@ -316,6 +312,7 @@ TEST(EditStateFormat, readsWhatItWrites)
 
     EXPECT_TRUE(read == state);
     EXPECT_EQ(read.committed[0].GetBlendAmount(), 77);
+    EXPECT_EQ(read.records[0].preset, "Soft Skin");
     EXPECT_EQ(read.committed[0].Package().GetPresetName(), "Soft \"Skin\"");
     EXPECT_EQ(EditStateFormat::ToText(read), text);
 }

@@ -1,15 +1,23 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "EditorFixture.h"
 
+#include "canvas/CanvasFeed.h"
+#include "canvas/PhotoCanvas.h"
 #include "photo/PhotoWriter.h"
 #include "window/MessageBar.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
 #include <QMouseEvent>
 #include <QSettings>
+#include <QTest>
+#include <QTimer>
 
 namespace LumetraTest {
 namespace {
@@ -96,13 +104,24 @@ QString EditorFolder::WriteTruncatedPhoto(const char* name) const
 }
 
 EditorTest::EditorTest()
-    : editor(std::make_unique<LumetraEditor::Editor>()),
-      window(std::make_unique<LumetraEditor::EditorWindow>(*editor))
 {
+    Start();
+}
+
+void EditorTest::Start()
+{
+    editor = std::make_unique<LumetraEditor::Editor>();
+    window = std::make_unique<LumetraEditor::EditorWindow>(*editor);
     window->UseLanguage(QStringLiteral("en"));
-    window->resize(1000, 700);
+    window->resize(1000, 900);
     window->show();
     QApplication::setActiveWindow(window.get());
+}
+
+void EditorTest::Restart()
+{
+    window.reset();
+    Start();
 }
 
 EditorTest::~EditorTest() = default;
@@ -116,6 +135,75 @@ void EditorTest::Open(const QString& path)
 void EditorTest::LoadExamplePanel()
 {
     window->LoadPanels({QStringLiteral(LUMETRA_EXAMPLE_MODULES)});
+}
+
+void EditorTest::LoadPresetsPanel()
+{
+    window->LoadPanels({QStringLiteral(LUMETRA_MODULES)});
+    QApplication::processEvents();
+}
+
+QImage EditorTest::GetPicture() const
+{
+    window->GetFeed().GetLiveView().WaitForFrame();
+    return window->GetCanvas().GetFrame(LumetraEditor::PhotoCanvas::Layer::Edited).image;
+}
+
+std::pair<QListView*, QModelIndex> EditorTest::FindLook(const QString& name) const
+{
+    for (auto* const list : window->findChildren<QListView*>())
+        for (int row = 0; list->model() && row < list->model()->rowCount(); ++row)
+            if (list->model()->index(row, 0).data().toString() == name)
+                return {list, list->model()->index(row, 0)};
+    return {nullptr, {}};
+}
+
+bool EditorTest::HasLook(const QString& name) const
+{
+    return FindLook(name).first != nullptr;
+}
+
+QPoint EditorTest::PlaceOf(const QString& look) const
+{
+    const auto [list, index] = FindLook(look);
+    EXPECT_NE(list, nullptr) << look.toStdString();
+    return list->visualRect(index).center();
+}
+
+void EditorTest::ClickLook(const QString& name) const
+{
+    QTest::mouseClick(FindLook(name).first->viewport(), Qt::LeftButton, {}, PlaceOf(name));
+}
+
+void EditorTest::PointAtLook(const QString& name) const
+{
+    QWidget& viewport = *FindLook(name).first->viewport();
+    QMouseEvent move(QEvent::MouseMove, PlaceOf(name), viewport.mapToGlobal(PlaceOf(name)),
+                     Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(&viewport, &move);
+}
+
+QString EditorTest::GetAppliedName() const
+{
+    return Find<QLabel>("appliedName")->text();
+}
+
+bool EditorTest::NameBy(const char* action, const QString& name) const
+{
+    bool isClosed = false;
+    QTimer::singleShot(0, window.get(), [&] {
+        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        auto* const edit = dialog->findChild<QLineEdit*>(QStringLiteral("lineEdit"));
+        edit->selectAll();
+        QTest::keyClicks(edit, name);
+        QTest::keyClick(edit, Qt::Key_Return);
+        isClosed = !dialog->isVisible();
+        if (!isClosed)
+            dialog->reject();
+    });
+    FindAction(action)->trigger();
+    return isClosed;
 }
 
 QString EditorTest::GetMessage() const

@@ -5,12 +5,17 @@
 #include "photo/Photo.h"
 #include "window/EditorWindow.h"
 
+#include <QImage>
+#include <QModelIndex>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <memory>
+#include <utility>
+
+class QListView;
 
 namespace LumetraTest {
 
@@ -48,6 +53,9 @@ protected:
     /// Opens and waits, whether it succeeds or not.
     void Open(const QString& path);
     void LoadExamplePanel();
+    void LoadPresetsPanel();
+    /// Ends the editor as closing its window does, with no question expected, and starts another.
+    void Restart();
     QString GetMessage() const;
     template <class Widget>
     Widget* Find(const char* name) const
@@ -57,7 +65,25 @@ protected:
         return widget;
     }
     QAction* FindAction(const char* name) const;
+    /// What the canvas shows when everything has been rendered, without anything over it.
+    QImage GetPicture() const;
 
+    // The presets panel, by what a user does.
+    /// The list and the place of a look, by its name.
+    std::pair<QListView*, QModelIndex> FindLook(const QString& name) const;
+    bool HasLook(const QString& name) const;
+    QPoint PlaceOf(const QString& look) const;
+    void ClickLook(const QString& name) const;
+    void PointAtLook(const QString& name) const;
+    /// The name in the panel's head: of the look on the photo.
+    QString GetAppliedName() const;
+    /// The dialog that opens gets this name and is accepted; true when it then closed.
+    bool NameBy(const char* action, const QString& name) const;
+
+private:
+    void Start();
+
+protected:
     std::unique_ptr<LumetraEditor::Editor> editor;
     std::unique_ptr<LumetraEditor::EditorWindow> window;
 };

@@ -50,7 +50,7 @@ protected:
 
     LumetraHost::Photo Export()
     {
-        ExportJob job(editor->GetPhoto(), editor->GetPackages(), options);
+        ExportJob job(editor->GetPhoto(), editor->GetPackages(), {}, options);
         EXPECT_TRUE(job.Run([](int) {}));
         return PhotoReader::Read(options.path);
     }
@@ -153,10 +153,7 @@ TEST_F(ExportTest, writesTiffOfSixteenBits)
 
 TEST_F(ExportTest, recordsThePresetsInXmp)
 {
-    Zorvik::Quindle::EffectsSettings package(1);
-    package.Package().SetPresetName("Golden <Hour>");
-    package.SetBlendAmount(128); // half of the effect
-    ExportJob job(editor->GetPhoto(), {package}, options);
+    ExportJob job(editor->GetPhoto(), editor->GetPackages(), {{"Golden <Hour>", 50}}, options);
     ASSERT_TRUE(job.Run([](int) {}));
 
     const auto xmp = PhotoReader::Read(options.path).metadata.xmp;
@@ -182,7 +179,7 @@ TEST_F(ExportTest, embedsTheProfile)
 
 TEST_F(ExportTest, leavesNothingWhenCancelled)
 {
-    ExportJob job(editor->GetPhoto(), editor->GetPackages(), options);
+    ExportJob job(editor->GetPhoto(), editor->GetPackages(), {}, options);
 
     job.Cancel();
 

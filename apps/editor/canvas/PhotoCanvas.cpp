@@ -279,6 +279,13 @@ void PhotoCanvas::keyReleaseEvent(QKeyEvent* event)
         SetComparing(false);
 }
 
+void PhotoCanvas::focusInEvent(QFocusEvent* event)
+{
+    m_showsFocus =
+        event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    QWidget::focusInEvent(event);
+}
+
 void PhotoCanvas::focusOutEvent(QFocusEvent* event)
 {
     // The key's release will not come here any more.
@@ -369,7 +376,7 @@ void PhotoCanvas::paintEvent(QPaintEvent* /*event*/)
     }
     if (NeedsOriginal())
         DrawTag(painter, tr("Original"), Qt::AlignLeft);
-    if (hasFocus()) {
+    if (hasFocus() && m_showsFocus) {
         painter.setRenderHint(QPainter::Antialiasing, false);
         painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
         painter.setBrush(Qt::NoBrush);

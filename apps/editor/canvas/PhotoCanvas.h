@@ -71,6 +71,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
 
@@ -109,6 +110,7 @@ private:
     ViewTransform m_view;
     LayerFrames m_edited;
     LayerFrames m_original;
+    bool m_showsFocus = false; ///< it came by the keyboard
     bool m_isComparing = false;
     bool m_isSplit = false;
     double m_splitPosition = 0.5;

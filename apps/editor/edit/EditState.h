@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "photo/EditRecord.h"
+
 #include "Zorvik/Quindle/EffectsSettings.h"
 
 #include <QJsonObject>
@@ -15,9 +17,13 @@ namespace LumetraEditor {
 struct EditState
 {
     std::vector<Zorvik::Quindle::EffectsSettings> committed; ///< bottom first
-    std::map<QString, QJsonObject> panels;                   ///< by module; of missing ones too
+    std::vector<LumetraHost::EditRecord> records; ///< of `committed`, for the user to read
+    std::map<QString, QJsonObject> panels;        ///< by module; of missing ones too
 
     bool IsEmpty() const;
+    /// What a user is told of a package: what the panel says that has drawn it, else what can be
+    /// seen of the package itself.
+    LumetraHost::EditRecord MakeRecord(const Zorvik::Quindle::EffectsSettings& package) const;
 };
 
 /// True when both were made by the same packages: names, blend and effects count, indexes do not.

@@ -23,7 +23,7 @@ using Zorvik::Quindle::IEffectSettings;
 
 constexpr char FormatKey[] = "format", VersionKey[] = "version", CommittedKey[] = "committed",
                PanelsKey[] = "panels", PackageKey[] = "package", PresetKey[] = "preset",
-               BlendKey[] = "blend";
+               BlendKey[] = "blend", NameKey[] = "name", IntensityKey[] = "intensity";
 constexpr int FullEffect = 1, NoEffect = 255;
 constexpr unsigned PhotoAlone = 1;
 
@@ -66,6 +66,19 @@ EffectsSettings ReadPackage(const ISerializer& node)
         package.Effects().push_back(effect);
     }
     return package;
+}
+
+/// The packages' list is there already.
+void WriteRecords(const std::vector<LumetraHost::EditRecord>& records, JsonObject& root)
+{
+    const auto* const list = root.Find(CommittedKey)->As<JsonValue::Array>();
+    for (std::size_t i = 0; i < records.size() && i < (*list)->elements.size(); ++i) {
+        const auto* const node = (*list)->elements[i].As<JsonValue::Object>();
+        (*node)->Set(NameKey, JsonValue(records[i].preset));
+        const int intensity = records[i].intensity;
+        (*node)->Set(IntensityKey, JsonValue(LumetraHost::JsonNumber{static_cast<double>(intensity),
+                                                                     std::to_string(intensity)}));
+    }
 }
 
 /// Panels speak the JSON of Qt.
@@ -128,6 +141,7 @@ QByteArray EditStateFormat::ToText(const EditState& state)
     root->Set(FormatKey, FORMAT);
     root->Set(VersionKey, VERSION);
     WritePackages(state.committed, *root);
+    WriteRecords(state.records, *document.GetObject());
     WritePanels(state.panels, *document.GetObject());
     return document.ToText();
 }
@@ -138,8 +152,13 @@ EditState EditStateFormat::FromDocument(const JsonDocument& document)
     CheckHeader(*root);
     EditState state;
     const auto list = root->GetCollection(CommittedKey);
-    for (std::size_t i = 0; list && i < list->GetCount(); ++i)
-        state.committed.push_back(ReadPackage(*list->GetElement(i)));
+    for (std::size_t i = 0; list && i < list->GetCount(); ++i) {
+        const auto node = list->GetElement(i);
+        state.committed.push_back(ReadPackage(*node));
+        const auto plain = state.MakeRecord(state.committed.back());
+        state.records.push_back(
+            {node->Get(NameKey, plain.preset), node->Get(IntensityKey, plain.intensity)});
+    }
     ReadPanels(document, state);
     return state;
 }

@@ -13,7 +13,7 @@ namespace LumetraEditor {
 /// { "format": "lumetra-sidecar", "version": 1,
 ///   "committed": [ { "package": "…", "preset": "…", "blend": 1, "effects": [ { "effect": {…} } ] }
 ///   ], "panels": { "MODULE": {…} } }
-/// "blend" is the blend amount, 1 (full effect) to 255.
+/// "blend" is the blend amount, 1 (full effect) to 255; "name" and "intensity" are for the reader.
 class EditStateFormat
 {
 public:

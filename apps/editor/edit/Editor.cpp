@@ -104,7 +104,7 @@ void Editor::OpenSidecar()
     const auto kept = m_sidecar.Open(m_path);
     if (kept)
         RestoreEdit(*kept);
-    m_state = CaptureEdit();
+    m_state = CaptureEdit(); // a panel may have had to leave something out
 }
 
 // Panels
@@ -138,8 +138,8 @@ bool Editor::HasUnsavedChanges() const
 
 void Editor::DiscardUnsavedChanges()
 {
-    EditState state;
-    state.committed = m_workspace->GetDrawer().GetCommittedPackages();
+    EditState state = CaptureEdit();
+    state.panels.clear();
     RestoreEdit(state);
     m_state = CaptureEdit();
     KeepEdit();
@@ -177,6 +177,11 @@ EditState Editor::CaptureEdit() const
 {
     EditState state;
     state.committed = m_workspace->GetDrawer().GetCommittedPackages();
+    // A package that is committed now was the panel's open one after the last step.
+    for (std::size_t i = 0; i < state.committed.size(); ++i)
+        state.records.push_back(i < m_state.records.size()
+                                    ? m_state.records[i]
+                                    : m_state.MakeRecord(state.committed[i]));
     state.panels = m_state.panels; // those of modules that are missing today stay
     for (const Panel& panel : m_panels)
         state.panels[panel.id] = panel.panel->SaveEdit();
@@ -232,6 +237,18 @@ void Editor::NoteEdit(const QString& text)
 void Editor::PushUndo(QUndoCommand* command)
 {
     m_undoStack.push(command);
+}
+
+std::vector<LumetraHost::EditRecord> Editor::GetRecords() const
+{
+    EditState state = CaptureEdit();
+    for (const EffectsSettings& package : m_workspace->GetDrawer().GetOpenPackages())
+        state.records.push_back(state.MakeRecord(package));
+    std::vector<LumetraHost::EditRecord> records;
+    for (const LumetraHost::EditRecord& record : state.records)
+        if (!record.preset.empty())
+            records.push_back(record);
+    return records;
 }
 
 // Services for panels

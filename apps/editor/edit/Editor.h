@@ -65,6 +65,8 @@ public:
     void SaveEdit();
     /// All packages on the photo, bottom first.
     std::vector<Zorvik::Quindle::EffectsSettings> GetPackages() const;
+    /// What can be told of those that are presets.
+    std::vector<LumetraHost::EditRecord> GetRecords() const;
     /// The edit as it is at this moment.
     EditState CaptureEdit() const;
 

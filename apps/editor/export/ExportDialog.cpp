@@ -18,6 +18,7 @@
 #include <QPushButton>
 #include <QSlider>
 #include <QSpinBox>
+#include <QStyle>
 
 #include <algorithm>
 #include <cmath>
@@ -41,6 +42,15 @@ Widget* Named(Widget* widget, const char* name)
 {
     widget->setObjectName(QLatin1String(name));
     return widget;
+}
+
+/// A row whose label gives the keyboard to `field`.
+template <class Row>
+void AddRow(QFormLayout& form, const QString& text, Row* row, QWidget* field)
+{
+    auto* const label = new QLabel(text, field->parentWidget());
+    label->setBuddy(field);
+    form.addRow(label, row);
 }
 
 QHBoxLayout* SideBySide(QWidget* wide, QWidget* narrow)
@@ -76,6 +86,8 @@ ExportDialog::ExportDialog(const QString& photo, const QSize& size, EditorSettin
     m_export =
         Named(buttons->addButton(tr("&Export"), QDialogButtonBox::AcceptRole), "exportButton");
     m_export->setProperty("accent", true);
+    m_export->style()->unpolish(m_export); // the box has polished it already
+    m_export->style()->polish(m_export);
     m_export->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &ExportDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &ExportDialog::reject);
@@ -85,7 +97,7 @@ ExportDialog::ExportDialog(const QString& photo, const QSize& size, EditorSettin
     column->setSpacing(24);
     column->addLayout(m_form);
     column->addWidget(buttons);
-    setMinimumWidth(480);
+    setMinimumWidth(520);
     Connect();
     Restore();
 }
@@ -111,14 +123,14 @@ void ExportDialog::BuildForm()
     m_profile->setText(tr("Embed the colour profile (sRGB)"));
     m_browse->setText(tr("&Browse…"));
 
-    m_form->addRow(tr("&Format"), m_format);
-    m_form->addRow(tr("&Quality"), SideBySide(m_quality, m_qualityNumber));
-    m_form->addRow(tr("Bit &depth"), m_bits);
-    m_form->addRow(tr("&Size"), SideBySide(m_sizeKind, m_longestSide));
+    AddRow(*m_form, tr("&Format"), m_format, m_format);
+    AddRow(*m_form, tr("&Quality"), SideBySide(m_quality, m_qualityNumber), m_quality);
+    AddRow(*m_form, tr("Bit &depth"), m_bits, m_bits);
+    AddRow(*m_form, tr("&Size"), SideBySide(m_sizeKind, m_longestSide), m_sizeKind);
     m_form->addRow(QString(), m_resultSize);
     m_form->addRow(tr("Include"), m_metadata);
     m_form->addRow(QString(), m_profile);
-    m_form->addRow(tr("File &name"), SideBySide(m_path, m_browse));
+    AddRow(*m_form, tr("File &name"), SideBySide(m_path, m_browse), m_path);
     const std::pair<QWidget*, QString> names[] = {
         {m_format, tr("Format")},         {m_quality, tr("Quality")},
         {m_qualityNumber, tr("Quality")}, {m_bits, tr("Bit depth")},

@@ -52,12 +52,6 @@ Image WithEightBits(const Image& image)
     return result;
 }
 
-/// The share of the full effect: the source weighs (b - 1) / 254.
-int PercentOf(const EffectsSettings& package)
-{
-    return static_cast<int>(std::lround((255 - package.GetBlendAmount()) * 100 / 254.0));
-}
-
 } // namespace
 
 QString GetSuffix(PhotoFormat format)
@@ -74,8 +68,9 @@ QString GetSuffix(PhotoFormat format)
 }
 
 ExportJob::ExportJob(const LumetraHost::Photo& photo, const std::vector<EffectsSettings>& packages,
+                     const std::vector<LumetraHost::EditRecord>& records,
                      const ExportOptions& options)
-    : m_photo(photo), m_packages(packages), m_options(options)
+    : m_photo(photo), m_packages(packages), m_records(records), m_options(options)
 {
 }
 
@@ -143,12 +138,8 @@ void ExportJob::PrepareMetadata()
                               : metadata.iccProfile;
     if (!m_options.keepMetadata)
         return;
-    std::vector<LumetraHost::EditRecord> records;
-    for (const EffectsSettings& package : m_packages)
-        if (!package.Package().GetPresetName().empty())
-            records.push_back({package.Package().GetPresetName(), PercentOf(package)});
     metadata.xmp = LumetraHost::EditRecords::Add(
-        metadata.xmp, records,
+        metadata.xmp, m_records,
         (QStringLiteral("Lumetra ") + QCoreApplication::applicationVersion())
             .trimmed()
             .toStdString());

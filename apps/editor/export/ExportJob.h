@@ -4,6 +4,7 @@
 #include "export/ExportOptions.h"
 
 #include "engine/CancelToken.h"
+#include "photo/EditRecord.h"
 #include "photo/Photo.h"
 #include "photo/PhotoFormat.h"
 
@@ -23,10 +24,10 @@ public:
     /// What the user is told; percent of the whole, 0 to 100.
     using Progress = std::function<void(int percent)>;
 
-    /// `packages` are drawn in this order, bottom first.
+    /// `packages` are drawn in this order, bottom first; `records` go into the metadata.
     ExportJob(const LumetraHost::Photo& photo,
               const std::vector<Zorvik::Quindle::EffectsSettings>& packages,
-              const ExportOptions& options);
+              const std::vector<LumetraHost::EditRecord>& records, const ExportOptions& options);
 
     /// False when it was cancelled; the file is then as it was. Zorvik::Exception naming the file
     /// when it fails.
@@ -43,6 +44,7 @@ private:
 
     LumetraHost::Photo m_photo;
     std::vector<Zorvik::Quindle::EffectsSettings> m_packages;
+    std::vector<LumetraHost::EditRecord> m_records;
     ExportOptions m_options;
     LumetraHost::CancelToken m_cancel;
 };

@@ -111,6 +111,14 @@
         <source>&amp;About Lumetra</source>
         <translation>Ü&amp;ber Lumetra</translation>
     </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>&amp;Rückgängig %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>&amp;Wiederholen %1</translation>
+    </message>
 </context>
 <context>
     <name>LumetraEditor::EditorWindow</name>
@@ -386,26 +394,30 @@
         <translation>Der Export ist noch nicht fertig. Trotzdem beenden?</translation>
     </message>
     <message>
-        <source>The look on “%1” has not been applied for good.
-
-Save keeps it beside the photo for the next time, Discard takes it off.</source>
-        <translation>Der Look auf „%1“ ist noch nicht endgültig angewendet.
-
-Speichern hebt ihn neben dem Foto für das nächste Mal auf, Verwerfen nimmt ihn herunter.</translation>
-    </message>
-    <message>
         <source>About Lumetra</source>
         <translation>Über Lumetra</translation>
+    </message>
+    <message>
+        <source>The look on “%1” has not been applied for good.
+
+Save keeps it for the next time,
+Discard takes it off.</source>
+        <translation>Der Look auf „%1“ ist noch nicht endgültig angewendet.
+
+Speichern hebt ihn für das nächste Mal auf,
+Verwerfen nimmt ihn herunter.</translation>
     </message>
     <message>
         <source>Lumetra %1
 A photo editor built around presets.
 
-Free software under the GNU General Public License, version 2 or later.</source>
+Free software:
+GNU General Public License, version 2 or later</source>
         <translation>Lumetra %1
 Ein Fotoeditor rund um Presets.
 
-Freie Software unter der GNU General Public License, Version 2 oder neuer.</translation>
+Freie Software:
+GNU General Public License, Version 2 oder neuer</translation>
     </message>
 </context>
 <context>

@@ -17,22 +17,14 @@ EditorActions::EditorActions(QWidget& window, QUndoStack& undoStack)
       m_file(new QMenu(&window)), m_edit(new QMenu(&window)), m_view(new QMenu(&window)),
       m_palette(new QMenu(&window)), m_language(new QMenu(&window)), m_help(new QMenu(&window))
 {
-    open = Add("open", {QKeySequence::Open});
+    open = Add("open", {Qt::CTRL + Qt::Key_O});
     previousPhoto = Add("previousPhoto", {Qt::CTRL + Qt::Key_PageUp});
     nextPhoto = Add("nextPhoto", {Qt::CTRL + Qt::Key_PageDown});
     exportPhoto = Add("exportPhoto", {Qt::CTRL + Qt::Key_E});
-    closePhoto = Add("closePhoto", {QKeySequence::Close});
+    closePhoto = Add("closePhoto", {Qt::CTRL + Qt::Key_W});
     quit = Add("quit", {Qt::CTRL + Qt::Key_Q});
-    undo = undoStack.createUndoAction(this);
-    undo->setObjectName(QStringLiteral("undo"));
-    undo->setShortcuts(QKeySequence::keyBindings(QKeySequence::Undo));
-    redo = undoStack.createRedoAction(this);
-    redo->setObjectName(QStringLiteral("redo"));
-    redo->setShortcuts({Qt::CTRL + Qt::SHIFT + Qt::Key_Z, Qt::CTRL + Qt::Key_Y});
-    for (QAction* const action : {undo, redo}) {
-        window.addAction(action);
-        m_all.push_back(action);
-    }
+    undo = Add("undo", {Qt::CTRL + Qt::Key_Z});
+    redo = Add("redo", {Qt::CTRL + Qt::SHIFT + Qt::Key_Z, Qt::CTRL + Qt::Key_Y});
     fit = Add("fit", {Qt::CTRL + Qt::Key_0});
     actualSize = Add("actualSize", {Qt::CTRL + Qt::Key_1});
     zoomIn = Add("zoomIn", {Qt::CTRL + Qt::Key_Plus, Qt::CTRL + Qt::Key_Equal});
@@ -53,7 +45,26 @@ EditorActions::EditorActions(QWidget& window, QUndoStack& undoStack)
         m_palettes->addAction(action);
     for (QAction* const action : {english, german})
         m_languages->addAction(action);
+    ConnectUndo();
     Translate();
+}
+
+void EditorActions::ConnectUndo()
+{
+    connect(undo, &QAction::triggered, &m_undoStack, &QUndoStack::undo);
+    connect(redo, &QAction::triggered, &m_undoStack, &QUndoStack::redo);
+    for (const auto changed : {&QUndoStack::undoTextChanged, &QUndoStack::redoTextChanged})
+        connect(&m_undoStack, changed, this, &EditorActions::ShowSteps);
+    for (const auto changed : {&QUndoStack::canUndoChanged, &QUndoStack::canRedoChanged})
+        connect(&m_undoStack, changed, this, &EditorActions::ShowSteps);
+}
+
+void EditorActions::ShowSteps()
+{
+    undo->setEnabled(m_undoStack.canUndo());
+    redo->setEnabled(m_undoStack.canRedo());
+    SetText(undo, tr("&Undo %1").arg(m_undoStack.undoText()).trimmed());
+    SetText(redo, tr("&Redo %1").arg(m_undoStack.redoText()).trimmed());
 }
 
 QAction* EditorActions::Add(const char* name, const QList<QKeySequence>& keys)
@@ -116,6 +127,7 @@ void EditorActions::Translate()
     SetText(exportPhoto, tr("&Export…"));
     SetText(closePhoto, tr("&Close Photo"));
     SetText(quit, tr("&Quit"));
+    ShowSteps();
     SetText(fit, tr("&Fit to Window"));
     SetText(actualSize, tr("&Actual Size"));
     SetText(zoomIn, tr("Zoom &In"));

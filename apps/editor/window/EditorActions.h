@@ -62,6 +62,8 @@ public:
 private:
     QAction* Add(const char* name, const QList<QKeySequence>& keys = {});
     void SetText(QAction* action, const QString& text);
+    void ConnectUndo();
+    void ShowSteps();
 
     QWidget& m_window;
     QUndoStack& m_undoStack;

@@ -127,6 +127,7 @@ void EditorWindow::BuildCentre()
     m_panels->setObjectName(QStringLiteral("panels"));
     m_panels->setDocumentMode(true);
     m_panels->setTabBarAutoHide(true);
+    m_panels->setFocusPolicy(Qt::NoFocus); // it would pass the focus on to a hidden tab bar
     column->addWidget(m_panels, 1);
 
     m_splitter->setStretchFactor(0, 1);
@@ -234,6 +235,7 @@ void EditorWindow::RestoreWays()
     m_splitter->restoreState(m_settings.Get(SplitterKey).toByteArray());
     UsePalette(m_settings.GetPalette());
     UseLanguage(m_settings.GetLanguage());
+    Translate(); // English needs no translator, so that nobody hears of it
     ShowRecentPhotos();
 }
 
@@ -306,7 +308,7 @@ void EditorWindow::ExportPhoto()
     if (dialog.exec() != QDialog::Accepted)
         return;
     m_exporter->Start(std::make_shared<ExportJob>(m_editor.GetPhoto(), m_editor.GetPackages(),
-                                                  dialog.GetOptions()));
+                                                  m_editor.GetRecords(), dialog.GetOptions()));
     m_actions->exportPhoto->setEnabled(false);
     m_progress->setRange(0, 100);
     m_progress->setValue(0);

@@ -68,7 +68,7 @@ void HistogramWidget::paintEvent(QPaintEvent* /*event*/)
                                       : QPainter::CompositionMode_Multiply);
     const QRectF area = QRectF(rect()).adjusted(8, 8, -8, -8);
     const QColor dark[] = {0x8c3f45, 0x347a48, 0x3a5c9e};
-    const QColor light[] = {0xf3a3a6, 0xa4dcb2, 0xa6bff0};
+    const QColor light[] = {0xf4bdbf, 0xbfe6c9, 0xbfd1f5};
     for (int channel = 0; channel < Histogram::Channels; ++channel) {
         painter.setBrush(isDark ? dark[channel] : light[channel]);
         painter.drawPath(OutlineOf(m_histogram.channels[channel], tallest, area));

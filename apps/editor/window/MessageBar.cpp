@@ -68,8 +68,12 @@ void MessageBar::Place()
 {
     const int margin = 16;
     const QSize room = parentWidget()->size();
-    const int width = std::clamp(sizeHint().width(), std::min(320, room.width() - 2 * margin),
-                                 std::max(0, std::min(720, room.width() - 2 * margin)));
+    int text = 0;
+    for (const QString& message : m_messages)
+        text = std::max(text, m_label->fontMetrics().horizontalAdvance(message));
+    const int wanted = text + 16 + 8 + 8 + m_close->sizeHint().width() + 8;
+    const int width =
+        std::max(0, std::min({std::max(wanted, 320), 720, room.width() - 2 * margin}));
     const int height = std::max(40, heightForWidth(width));
     setGeometry((room.width() - width) / 2, room.height() - height - margin, width, height);
 }

@@ -34,8 +34,7 @@ bool AskToLeaveEdit(Editor& editor, QWidget* parent)
 {
     AlertBox box(AlertBox::Level::Warning, QStringLiteral("Lumetra"),
                  Questions::tr("The look on “%1” has not been applied for good.\n\n"
-                               "Save keeps it beside the photo for the next time, Discard takes "
-                               "it off.")
+                               "Save keeps it for the next time,\nDiscard takes it off.")
                      .arg(QFileInfo(editor.GetPhotoPath()).fileName()),
                  QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, parent,
                  Qt::WindowFlags());
@@ -49,8 +48,8 @@ bool AskToLeaveEdit(Editor& editor, QWidget* parent)
 void ShowAbout(QWidget* parent)
 {
     AlertBox(AlertBox::Level::Information, Questions::tr("About Lumetra"),
-             Questions::tr("Lumetra %1\nA photo editor built around presets.\n\nFree software "
-                           "under the GNU General Public License, version 2 or later.")
+             Questions::tr("Lumetra %1\nA photo editor built around presets.\n\nFree software:\n"
+                           "GNU General Public License, version 2 or later")
                  .arg(QCoreApplication::applicationVersion()),
              QMessageBox::Ok, parent, Qt::WindowFlags())
         .Exec();

@@ -32,7 +32,7 @@ ShortcutsDialog::ShortcutsDialog(const EditorActions& actions, QWidget* parent)
     column->setSpacing(16);
     column->addWidget(m_list);
     column->addWidget(buttons);
-    resize(480, 560);
+    resize(600, 640);
 }
 
 void ShortcutsDialog::AddRow(const QString& text, const QString& keys)

@@ -63,7 +63,7 @@ void StartPage::SetRecentPhotos(const QStringList& paths)
 
 void StartPage::SetIcons(LumetraHost::PaletteKind kind)
 {
-    m_picture->setPixmap(MakeIcon(QStringLiteral("photo"), kind).pixmap(64, 64));
+    m_picture->setPixmap(MakeIcon(QStringLiteral("photo"), kind).pixmap(48, 48));
 }
 
 void StartPage::Translate()

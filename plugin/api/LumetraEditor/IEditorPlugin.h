@@ -28,7 +28,9 @@ public:
     virtual void PreviewReady(const QString& key) = 0;
 
     /// What the panel's part of the edit is now: enough for RestoreEdit() to bring it back, after a
-    /// restart too.
+    /// restart too. Three members have a meaning to the editor and may be left out: "preset", the
+    /// preset name of the package that was drawn, and what an exported photo then tells of it:
+    /// "name" and "intensity", a whole number.
     virtual QJsonObject SaveEdit() const = 0;
     /// Makes the edit what it was; the drawer has no open packages then. An empty object: nothing
     /// is applied. Unknown and wrong members are left out and reported.

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "EditorOnStage.h"
+#include "Scenes.h"
+
+#include "style/EditorStyle.h"
+#include "style/MessageBoxAlertBackend.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QProcess>
+
+#include <cstdio>
+
+namespace {
+
+using namespace LumetraScreenshots;
+using LumetraHost::PaletteKind;
+
+constexpr int Done = 0, Failed = 1;
+const char* const ScaleVariable = "QT_SCALE_FACTOR";
+
+void DescribeCommand(QCommandLineParser& parser)
+{
+    parser.setApplicationDescription(QStringLiteral(
+        "Saves pictures of the editor: every scene, dark and light, in English and German, at "
+        "scale 1 and 2."));
+    parser.addHelpOption();
+    parser.addOption({QStringLiteral("save"), QStringLiteral("Where to; it is made."),
+                      QStringLiteral("folder"), QStringLiteral("docs/images")});
+    parser.addOption(
+        {QStringLiteral("scene"), QStringLiteral("Only this scene."), QStringLiteral("name")});
+    parser.addOption({QStringLiteral("scale"), QStringLiteral("Only this scale, 1 or 2."),
+                      QStringLiteral("scale")});
+}
+
+/// A scale in a process of its own: an application has but one.
+bool SaveScale(const QString& scale)
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QLatin1String(ScaleVariable), scale);
+    if (!environment.contains(QStringLiteral("QT_QPA_PLATFORM")))
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    process.setProcessEnvironment(environment);
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.start(QCoreApplication::applicationFilePath(),
+                  QCoreApplication::arguments().mid(1) +
+                      QStringList{QStringLiteral("--scale"), scale});
+    process.waitForFinished(-1);
+    return process.exitStatus() == QProcess::NormalExit && process.exitCode() == Done;
+}
+
+bool SaveScene(const Scene& scene, const QDir& folder, const QString& scale, PaletteKind kind,
+               const QString& language)
+{
+    EditorOnStage stage(kind, language);
+    const QString name =
+        QStringLiteral("editor-%1-%2-%3@%4x.png")
+            .arg(scene.name,
+                 kind == PaletteKind::Dark ? QStringLiteral("dark") : QStringLiteral("light"),
+                 language, scale);
+    if (scene.play(stage).convertToFormat(QImage::Format_RGB32).save(folder.filePath(name)))
+        return true;
+    std::fprintf(stderr, "%s: expected to be able to write the picture here\n",
+                 qPrintable(folder.filePath(name)));
+    return false;
+}
+
+int SaveScenes(const QCommandLineParser& parser)
+{
+    const QDir folder(parser.value(QStringLiteral("save")));
+    folder.mkpath(QStringLiteral("."));
+    const QString wanted = parser.value(QStringLiteral("scene"));
+    const QString scale = parser.value(QStringLiteral("scale"));
+    for (const Scene& scene : AllScenes()) {
+        if (!wanted.isEmpty() && scene.name != wanted)
+            continue;
+        for (const auto kind : {PaletteKind::Dark, PaletteKind::Light})
+            for (const char* const language : {"en", "de"})
+                if (!SaveScene(scene, folder, scale, kind, QLatin1String(language)))
+                    return Failed;
+    }
+    return Done;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (!qEnvironmentVariableIsSet(ScaleVariable)) {
+        const QCoreApplication application(argc, argv);
+        QCommandLineParser parser;
+        DescribeCommand(parser);
+        parser.process(application);
+        QStringList scales{parser.value(QStringLiteral("scale"))};
+        if (scales.first().isEmpty())
+            scales = QStringList{QStringLiteral("1"), QStringLiteral("2")};
+        for (const QString& scale : scales)
+            if (!SaveScale(scale))
+                return Failed;
+        return Done;
+    }
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    const QApplication application(argc, argv);
+    QCoreApplication::setApplicationVersion(QStringLiteral(LUMETRA_VERSION));
+    QApplication::setCursorFlashTime(0);
+    const auto style = std::make_shared<LumetraHost::EditorStyle>();
+    Zorvik::Lumetra::StyleProvider::SetBackend(style);
+    Zorvik::Util::AlertBox::SetBackend(
+        std::make_shared<LumetraHost::MessageBoxAlertBackend>(style));
+    QCommandLineParser parser;
+    DescribeCommand(parser);
+    parser.process(application);
+    return SaveScenes(parser);
+}
