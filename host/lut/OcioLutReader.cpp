@@ -5,6 +5,7 @@
 #include "engine/lut3d/Lut3dSettings.h"
 #include "lut/LutError.h"
 
+#include "Zorvik/Exception.h"
 #include "Zorvik/Quindle/EffectSettingsImpl.h"
 
 #include <OpenColorIO/OpenColorIO.h>
@@ -214,7 +215,10 @@ EffectPtr OcioLutReader::ReadTable(const QString& path)
     const FreshCache fresh;
     try {
         return MakeEffect(path, GetSteps(GetFile(path)));
-    } catch (const Ocio::Exception& error) {
+    } catch (const Zorvik::Exception&) {
+        throw;
+    } catch (const std::exception& error) {
+        // OpenColorIO lets exceptions of the libraries beneath it through.
         FailInLut(path, 0, GetFirstLine(error.what()));
     }
 }
@@ -232,7 +236,9 @@ LutLooks OcioLutReader::ReadDecisionLists(const QString& path, const std::string
             if (list)
                 looks.push_back({id.empty() ? name : id, MakeDecisionList(path, *list, true)});
         }
-    } catch (const Ocio::Exception& error) {
+    } catch (const Zorvik::Exception&) {
+        throw;
+    } catch (const std::exception& error) {
         FailInLut(path, 0, GetFirstLine(error.what()));
     }
     if (looks.empty())
