@@ -22,7 +22,7 @@ QString Usage()
     QString text = QStringLiteral("Usage: lumetra-presets COMMAND [options]\n"
                                   "Applies presets to photos.\n\nCommands:\n");
     for (const auto& command : GetCommands())
-        text += QStringLiteral("  %1%2\n").arg(command->GetName(), -8).arg(command->GetSummary());
+        text += QStringLiteral("  %1%2\n").arg(command->GetName(), -11).arg(command->GetSummary());
     return text +
            QStringLiteral("\nOptions:\n"
                           "  -h, --help     Shows this help; after a command, its own.\n"
