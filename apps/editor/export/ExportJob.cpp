@@ -63,6 +63,10 @@ QString GetSuffix(PhotoFormat format)
         return QStringLiteral("png");
     case PhotoFormat::Tiff:
         return QStringLiteral("tif");
+    case PhotoFormat::Webp:
+    case PhotoFormat::Heif:
+    case PhotoFormat::Raw:
+        break; // read only
     }
     return {};
 }
