@@ -4,6 +4,7 @@
 #include "Console.h"
 #include "core/CatalogueLocations.h"
 #include "core/PresetModel.h"
+#include "core/PresetResource.h"
 #include "core/PresetSession.h"
 #include "core/UserPresetStore.h"
 
@@ -12,6 +13,7 @@ namespace {
 
 using LumetraHost::CatalogueReport;
 using LumetraPlugin::CatalogueLocations;
+using LumetraPlugin::PresetResource;
 using LumetraPlugin::PresetSession;
 using LumetraPlugin::UserPresetStore;
 
@@ -71,6 +73,8 @@ std::unique_ptr<PresetSession> CatalogueOptions::Load(const QCommandLineParser& 
     QStringList problems;
     const QStringList unusable =
         session->LoadWithStore(others + named, parser.value(StoreOption()), problems);
+    problems +=
+        PresetResource::FetchAll(session->GetModel(), CatalogueLocations::GetResourceFolders());
     for (const QString& problem : problems)
         console.ReportPlace(problem);
     Report(*session, console);

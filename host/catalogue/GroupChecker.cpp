@@ -19,13 +19,15 @@ constexpr char PopularKey[] = "popular";
 constexpr char ImageKey[] = "image";
 constexpr char CropPolicyKey[] = "previewCropPolicy";
 constexpr char FitPolicyKey[] = "previewFitPolicy";
+constexpr char ResourceKey[] = "resource";
 
 /// Reads everything that is not looked at further, only to see that it fits.
 void CheckPlainKeys(const CheckedNode& item)
 {
     item.NoteUnknownKeys({EffectInfo::KEY_NAME, IdKey, PopularKey, ImageKey, CropPolicyKey,
                           FitPolicyKey, EffectInfo::TAG_SETTINGS, EffectInfo::TAG_SETTINGS_PREVIEW,
-                          IEffectSettings::EFFECTS, ConfigData::INTENSITY, ConfigData::CONTROLLER});
+                          IEffectSettings::EFFECTS, ConfigData::INTENSITY, ConfigData::CONTROLLER,
+                          ResourceKey});
     item.Bool(PopularKey);
     item.Text(ImageKey);
     item.Int(CropPolicyKey);
@@ -122,12 +124,16 @@ bool GroupChecker::CheckPreset(const CheckedNode& item,
     if (id && id->empty())
         item.ErrorAt(IdKey, "expected an id that is not empty");
     CheckKind(item);
-    const std::set<std::string> effectIDs = CheckEffects(item);
+    // A preset with a resource gets its effects from there, later.
+    const auto resource = item.Text(ResourceKey);
+    const bool hasEffects = !resource || resource->empty();
+    const std::set<std::string> effectIDs =
+        hasEffects ? CheckEffects(item) : std::set<std::string>();
     const auto own = item.Node(ConfigData::INTENSITY);
     if (own)
         IntensityChecker::Check(*own);
     const auto& intensity = own ? own : groupIntensity;
-    if (intensity && reports.GetErrorCount() == errorCount)
+    if (intensity && hasEffects && reports.GetErrorCount() == errorCount)
         IntensityChecker::CheckEffects(*intensity, item, effectIDs);
     return reports.GetErrorCount() == errorCount;
 }

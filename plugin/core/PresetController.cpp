@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "core/PresetController.h"
 
-#include "Settings/SliderSetting.h"
+#include "Zorvik/Brassel/ISerializer.h"
 #include "Zorvik/Lumetra/IWorkspaceController.h"
 #include "Zorvik/Util/ImageUtils.h"
+#include "core/PresetResource.h"
 
 #include <QImage>
 
@@ -36,8 +37,43 @@ boost::intrusive_ptr<PresetController> PresetController::Copy() const
     return copy;
 }
 
+void PresetController::Deserialize(const Zorvik::Brassel::ConstSerializerPtr& node)
+{
+    EffectPresetControllerBase::Deserialize(node);
+    m_resource = node->Get(PresetResource::KEY, "");
+    m_hasResource = false;
+}
+
+void PresetController::InitDefaultSettings(const SliderSetting::List& sliders)
+{
+    if (IsDownloadable())
+        m_laterSliders = sliders;
+    else
+        EffectPresetControllerBase::InitDefaultSettings(sliders);
+}
+
+bool PresetController::IsDownloadable() const
+{
+    return !m_resource.empty() && !m_hasResource;
+}
+
+void PresetController::SetDownloadedResource(const std::string& resource)
+{
+    if (!IsDownloadable())
+        return;
+    m_effectSettings = PresetResource::Read(QString::fromStdString(resource));
+    m_previewEffectSettings.SetEffectsConst(m_effectSettings.EffectsConst());
+    m_hasResource = true;
+    InitDefaultSettings(m_laterSliders);
+    InitIntensity(m_laterIntensity);
+}
+
 void PresetController::InitIntensity(const Zorvik::Brassel::ConstSerializerPtr& node)
 {
+    if (IsDownloadable()) {
+        m_laterIntensity = node;
+        return;
+    }
     EffectPresetControllerBase::InitIntensity(node);
     m_startIntensity = GetIntensity();
 }

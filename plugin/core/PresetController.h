@@ -2,6 +2,7 @@
 #pragma once
 
 #include "EffectPresets/EffectPresetControllerBase.h"
+#include "Settings/SliderSetting.h"
 
 #include "Zorvik/Proc/Frame.h"
 
@@ -57,7 +58,18 @@ public:
     /// The intensity that the preset came with, which a reset goes back to.
     int GetStartIntensity() const { return m_startIntensity; }
 
+    /// The file, inside the folder of the group's store id, that the preset's effects come from;
+    /// empty for a preset that brings its effects along.
+    const std::string& GetResource() const { return m_resource; }
+
+    void InitDefaultSettings(
+        const std::vector<Zorvik::Lumetra::LumetraPresets::SliderSetting>& sliders) override;
     void InitIntensity(const Zorvik::Brassel::ConstSerializerPtr& node) override;
+    /// True until the resource has been handed over.
+    bool IsDownloadable() const override;
+    /// The path of the resource: a JSON file, see PresetResource. Sliders and intensity begin with
+    /// it. Exception with file and place, and nothing changed, when it cannot be used.
+    void SetDownloadedResource(const std::string& resource) override;
     /// True: a moved slider shows at once.
     bool ApplySettingsOnProgress() const override;
     /// The preset on the open photo at its current intensity, from PreviewOptions::render; without
@@ -65,6 +77,7 @@ public:
     QImage GetPreviewImage() override;
 
 protected:
+    void Deserialize(const Zorvik::Brassel::ConstSerializerPtr& node) override;
     std::string GetStatisticEventNameClick() const override;
     std::string GetStatisticEventNameApply() const override;
     std::string GetStatisticEventNameReset() const override;
@@ -75,6 +88,11 @@ private:
     void BringIntensityIntoPreview();
 
     int m_startIntensity = 0;
+    std::string m_resource;
+    bool m_hasResource = false;
+    // What was given while there were no effects yet.
+    std::vector<Zorvik::Lumetra::LumetraPresets::SliderSetting> m_laterSliders;
+    Zorvik::Brassel::ConstSerializerPtr m_laterIntensity;
     std::shared_ptr<const PreviewOptions> m_previews;
 };
 

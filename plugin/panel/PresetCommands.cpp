@@ -7,6 +7,7 @@
 #include "Zorvik/Exception.h"
 #include "Zorvik/Util/ObjectsConnector.h"
 #include "core/PresetCollection.h"
+#include "core/PresetResource.h"
 #include "core/UserPresetStore.h"
 #include "panel/AppliedEdit.h"
 #include "panel/RecentPresets.h"
@@ -58,9 +59,33 @@ void PresetCommands::SendPresetChanged()
         {applied.data(PresetModel::PresetIdRole).toString(), NameOf(applied)});
 }
 
+/// Gets the effects of a preset that has none yet. False, and said, when they are not to be had.
+bool PresetCommands::Fetch(const QModelIndex& preset)
+{
+    if (!preset.data(PresetModel::DownloadableRole).toBool())
+        return true;
+    const QString path = PresetResource::Find(GetModel(), preset, m_resourceFolders);
+    if (path.isEmpty()) {
+        Tell(tr("\"%1\" needs the file \"%2\", expected in the folder \"%3\".")
+                 .arg(NameOf(preset), PresetResource::GetPlace(GetModel(), preset),
+                      m_resourceFolders.value(0)));
+        return false;
+    }
+    try {
+        GetModel().setData(preset, path, PresetModel::DownloadedResourceRole);
+    } catch (const std::exception& error) {
+        // What follows the first line is a call stack.
+        Tell(QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0));
+        return false;
+    }
+    emit lookChanged(preset);
+    emit presetsChanged();
+    return true;
+}
+
 void PresetCommands::Apply(const QModelIndex& preset, bool isFinished)
 {
-    if (!GetModel().GetPreset(preset))
+    if (!GetModel().GetPreset(preset) || !Fetch(preset))
         return;
     m_edit.ForgetStray();
     GetModel().setData(preset, true, PresetModel::AppliedRole);
@@ -212,7 +237,7 @@ bool PresetCommands::IsUsers(const QModelIndex& preset) const
 
 void PresetCommands::SaveAs(const QModelIndex& preset)
 {
-    if (!GetModel().GetPreset(preset))
+    if (!GetModel().GetPreset(preset) || !Fetch(preset))
         return;
     const QPersistentModelIndex source = preset;
     const QString name = AskName(preset, true);
@@ -221,6 +246,8 @@ void PresetCommands::SaveAs(const QModelIndex& preset)
     GetModel().setData(source, name, PresetModel::SaveAsUserPresetRole);
     Save();
     emit presetsChanged();
+    const QModelIndex group = GetModel().GetUserGroup();
+    emit presetAdded(GetModel().index(GetModel().rowCount(group) - 1, 0, group));
 }
 
 void PresetCommands::Rename(const QModelIndex& preset)

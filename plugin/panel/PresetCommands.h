@@ -29,6 +29,9 @@ public:
                    LumetraEditor::IEditor& editor, QWidget& window);
     ~PresetCommands() override;
 
+    /// Where the resources of presets are looked for.
+    void SetResourceFolders(const QStringList& folders) { m_resourceFolders = folders; }
+
     PresetModel& GetModel();
     /// The preset that is on the photo; invalid when there is none.
     QModelIndex GetApplied() const;
@@ -78,6 +81,8 @@ signals:
     void photoChanged();
     /// Names, or which presets there are.
     void presetsChanged();
+    /// The user has got a new one.
+    void presetAdded(const QModelIndex& preset);
 
 private:
     void Save();
@@ -85,12 +90,14 @@ private:
     QString AskName(const QModelIndex& preset, bool isNew);
     bool AskRemoval(const QString& name);
     void SendPresetChanged();
+    bool Fetch(const QModelIndex& preset);
 
     PresetCollection& m_presets;
     AppliedEdit& m_edit;
     RecentPresets& m_recent;
     LumetraEditor::IEditor& m_editor;
     QWidget& m_window;
+    QStringList m_resourceFolders;
     QJsonObject m_lastStep;
 };
 

@@ -11,6 +11,7 @@
 
 #include <QEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QLocale>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -218,6 +219,22 @@ void PresetPages::FocusOn(PresetGrid& grid, bool isLast)
     grid.SetCurrentPreset(presets.ToPreset(row));
     grid.setFocus(Qt::OtherFocusReason);
     ensureWidgetVisible(&grid, 0, 0);
+}
+
+void PresetPages::Reveal(const QModelIndex& preset)
+{
+    const int page = preset.parent().row();
+    if (page < 0 || page >= static_cast<int>(m_grids.size()))
+        return;
+    SetOpen(page, true);
+    ShowPage(page);
+    PresetGrid& grid = *m_grids[page];
+    grid.SetCurrentPreset(preset);
+    // The page has no place yet when it has only just been opened.
+    widget()->layout()->activate();
+    const QRect cell = grid.visualRect(grid.GetPresets().FromPreset(preset));
+    const QPoint centre = grid.mapTo(widget(), cell.center());
+    ensureVisible(centre.x(), centre.y(), cell.width() / 2, cell.height() / 2);
 }
 
 void PresetPages::FocusFirst()

@@ -36,6 +36,8 @@ public:
     /// The filter has been set otherwise, or names have changed.
     void Refresh();
     void TogglePage(int page);
+    /// Opens the preset's page and scrolls to it.
+    void Reveal(const QModelIndex& preset);
     /// Gives the keyboard to the first preset that is seen.
     void FocusFirst();
     /// The preset that has the keyboard's place; invalid when none.

@@ -36,7 +36,8 @@ PanelFiles PanelFiles::Find()
 {
     const QString store = UserPresetStore::GetDefaultPath();
     const QDir folder = QFileInfo(store).dir();
-    return {CatalogueLocations::FindFiles(), store, folder.filePath(QStringLiteral("panel.ini"))};
+    return {CatalogueLocations::FindFiles(), store, folder.filePath(QStringLiteral("panel.ini")),
+            CatalogueLocations::GetResourceFolders()};
 }
 
 PresetsPanel::PresetsPanel(LumetraEditor::IEditor& editor, const PanelFiles& files)
@@ -51,6 +52,7 @@ PresetsPanel::PresetsPanel(LumetraEditor::IEditor& editor, const PanelFiles& fil
     m_hover = std::make_unique<HoverPreview>(m_presets->GetModel(), editor);
     m_commands =
         std::make_unique<PresetCommands>(*m_presets, *m_edit, *m_recent, editor, *m_widget);
+    m_commands->SetResourceFolders(files.resources);
     m_presets->StartPhoto();
     m_widget->Fill(*m_commands, *m_edit, *m_recent, *m_thumbnails, *m_hover);
     ListenToBus();

@@ -23,7 +23,8 @@ struct PanelFiles
 {
     QStringList catalogues;
     QString store;
-    QString recent; ///< may be empty: not kept
+    QString recent;             ///< may be empty: not kept
+    QStringList resources = {}; ///< folders
 
     /// As this program finds them.
     static PanelFiles Find();

@@ -52,6 +52,7 @@ void PresetsWidget::Fill(PresetCommands& commands, const AppliedEdit& edit,
     ConnectPages(hover);
     MakeActions();
     connect(&commands, &PresetCommands::presetsChanged, m_pages, &PresetPages::Refresh);
+    connect(&commands, &PresetCommands::presetAdded, m_pages, &PresetPages::Reveal);
     connect(&commands, &PresetCommands::appliedChanged, m_pages, &PresetPages::Refresh);
     connect(&commands, &PresetCommands::lookChanged, &thumbnails, &ThumbnailCache::MarkOld);
     connect(&commands, &PresetCommands::photoChanged, &thumbnails, &ThumbnailCache::MarkAllOld);

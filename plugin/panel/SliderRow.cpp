@@ -7,6 +7,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QSignalBlocker>
 #include <QSpinBox>
 
@@ -53,6 +54,7 @@ void SliderRow::SetName(const QString& name)
     m_name->setToolTip(name);
     m_slider->setAccessibleName(name);
     m_number->setAccessibleName(tr("%1 as a number").arg(name));
+    m_number->findChild<QLineEdit*>()->setAccessibleName(m_number->accessibleName());
 }
 
 void SliderRow::FollowSlider()

@@ -200,6 +200,8 @@ void TunePanel::ShowNames()
           static_cast<QWidget*>(m_saveAs), static_cast<QWidget*>(m_apply)})
         widget->setEnabled(isBound);
     m_discard->setEnabled(isBound || !stray.isEmpty());
+    for (QPushButton* const button : {m_discard, m_saveAs, m_apply})
+        button->setAccessibleName(button->text());
     ShowIcons();
 }
 

@@ -45,7 +45,11 @@ constexpr char Catalogue[] = R"({"format": "lumetra-catalogue", "version": 1,
                          "begin": 6500, "end": 9500}]}},
         "effects": [{"effect": {"id": "whiteBalance", "temperature": 8000}}]},
        {"name": "Plain", "id": "plain",
-        "effects": [{"effect": {"id": "exposure", "stops": -0.5}}]}]}]})";
+        "effects": [{"effect": {"id": "exposure", "stops": -0.5}}]}]},
+    {"name": "Film", "settings": {"appStoreId": {"id": "film-pack"},
+                                  "intensity": {"type": 1, "blendSetting": {"value": 60}}},
+     "items": [{"name": "Silver", "id": "silver", "resource": "silver.json"},
+               {"name": "Thief", "id": "thief", "resource": "../../thief.json"}]}]})";
 
 Image Gradient(int width, int height)
 {
@@ -86,6 +90,7 @@ PanelFixture::PanelFixture() : photo(Gradient(60, 40))
     files.catalogues = QStringList{folder.filePath(QStringLiteral("looks.json"))};
     files.store = folder.filePath(QStringLiteral("presets.json"));
     files.recent = folder.filePath(QStringLiteral("panel.ini"));
+    files.resources = QStringList{folder.filePath(QStringLiteral("resources"))};
     WriteFile(files.catalogues.front(), Catalogue);
     Restart();
     editor.OpenPhoto(photo);

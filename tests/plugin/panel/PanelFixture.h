@@ -23,6 +23,8 @@ namespace LumetraTest {
 class PanelFixture : public testing::Test
 {
 protected:
+    static constexpr int UserPage = 3;
+
     PanelFixture();
     ~PanelFixture() override;
 

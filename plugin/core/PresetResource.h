@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "Zorvik/Quindle/EffectsSettings.h"
+
+#include <QModelIndex>
+#include <QString>
+#include <QStringList>
+
+namespace LumetraPlugin {
+
+class PresetModel;
+
+/// The effects of presets whose catalogue only says that they exist: a JSON object with "effects"
+/// as in a catalogue, in a file "STORE ID/RESOURCE" of a resource folder.
+class PresetResource
+{
+public:
+    /// A preset's member that names its resource.
+    static constexpr char KEY[] = "resource";
+
+    /// The effects in the file. Exception with file and place when it cannot be read, has no
+    /// effects, or one that this program cannot draw.
+    static Zorvik::Quindle::EffectsSettings Read(const QString& path);
+
+    /// Where the preset's resource belongs, below a resource folder; empty for a preset without
+    /// one, and for names that lead out of that folder.
+    static QString GetPlace(const PresetModel& model, const QModelIndex& preset);
+    /// The file in the first of the folders that has it; empty when none has.
+    static QString Find(const PresetModel& model, const QModelIndex& preset,
+                        const QStringList& folders);
+    /// Hands over all resources that are there; a sentence for each that cannot be used.
+    static QStringList FetchAll(PresetModel& model, const QStringList& folders);
+};
+
+} // namespace LumetraPlugin

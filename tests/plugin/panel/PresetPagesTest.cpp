@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "panel/PresetPages.h"
+
+#include "PanelFixture.h"
+#include "core/PresetCollection.h"
+#include "panel/PresetGrid.h"
+#include "widgets/CustomToolBox.h"
+#include "widgets/CustomToolBoxButton.h"
+#include "workspace/WorkspaceController.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QShortcut>
+#include <QToolButton>
+
+using LumetraPlugin::PresetModel;
+using LumetraPlugin::PresetPages;
+using LumetraTest::PanelFixture;
+using Zorvik::Lumetra::LumetraPresets::CustomToolBoxButton;
+
+namespace {
+
+class PresetPagesTest : public PanelFixture
+{
+protected:
+    void Search(const char* text)
+    {
+        Find<QLineEdit>("searchField").setText(QString::fromUtf8(text));
+    }
+    void Choose(int kind)
+    {
+        Find<QAbstractButton>(qPrintable(QStringLiteral("filterButton%1").arg(kind))).click();
+    }
+    bool IsSeen(int page) { return Grid(page).isVisibleTo(panel->GetWidget()); }
+    CustomToolBoxButton& Header(int page)
+    {
+        return *panel->GetWidget()->findChildren<CustomToolBoxButton*>().at(page);
+    }
+    void Press(QWidget& widget, int key)
+    {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(&widget, &press);
+    }
+    void Release(QWidget& widget, int key)
+    {
+        QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier);
+        QApplication::sendEvent(&widget, &release);
+    }
+    void Focus(const char* name)
+    {
+        panel->GetWidget()->activateWindow();
+        Grid(Named(name).parent().row()).SetCurrentPreset(Named(name));
+        Grid(Named(name).parent().row()).setFocus();
+    }
+    void OpenPage(int page)
+    {
+        if (!Header(page).isSelected())
+            Header(page).click();
+        QApplication::processEvents();
+    }
+};
+
+} // namespace
+
+TEST_F(PresetPagesTest, searchFindsWordsInNamesAndGroups)
+{
+    Search("even wa");
+    EXPECT_EQ(Shown(0), QStringList());
+    EXPECT_EQ(Shown(1), QStringList{QStringLiteral("Warm")});
+    EXPECT_TRUE(IsSeen(1)); // opened, although it was shut
+    EXPECT_FALSE(Header(0).isVisibleTo(panel->GetWidget()));
+}
+
+TEST_F(PresetPagesTest, pagesAreAsTheyWereAfterASearch)
+{
+    ASSERT_TRUE(IsSeen(0));
+    ASSERT_FALSE(IsSeen(1));
+    Search("warm");
+    Search("");
+
+    EXPECT_TRUE(IsSeen(0));
+    EXPECT_FALSE(IsSeen(1));
+    EXPECT_TRUE(Header(0).isVisibleTo(panel->GetWidget()));
+    EXPECT_EQ(Shown(0).size(), 3);
+}
+
+TEST_F(PresetPagesTest, favouritesShowWhatHasAStar)
+{
+    ClickStar("Grey");
+    Choose(1);
+    EXPECT_EQ(Shown(0), QStringList{QStringLiteral("Grey")});
+    EXPECT_EQ(Shown(1), QStringList());
+
+    Choose(0);
+    EXPECT_EQ(Shown(0).size(), 3);
+}
+
+TEST_F(PresetPagesTest, recentShowsWhatWasAppliedAlsoAfterARestart)
+{
+    Click("Hard");
+    Restart();
+    Choose(2);
+
+    EXPECT_EQ(Shown(0), QStringList{QStringLiteral("Hard")});
+    EXPECT_EQ(Shown(1), QStringList());
+}
+
+TEST_F(PresetPagesTest, mineShowsTheUsersOwn)
+{
+    Model().setData(Named("Bright"), QStringLiteral("Own"), PresetModel::SaveAsUserPresetRole);
+    Choose(3);
+
+    EXPECT_EQ(Shown(0), QStringList());
+    EXPECT_EQ(Shown(UserPage), QStringList{QStringLiteral("Own")});
+}
+
+TEST_F(PresetPagesTest, followsPresetsThatTheModelDoesNotAnnounce)
+{
+    for (int i = 0; i < 9; ++i)
+        Model().setData(Named("Bright"), QStringLiteral("Own %1").arg(i),
+                        PresetModel::SaveAsUserPresetRole);
+
+    EXPECT_EQ(Shown(UserPage).size(), 9);
+    Model().removeRows(2, 3, Model().GetUserGroup());
+    EXPECT_EQ(Shown(UserPage).size(), 6);
+}
+
+TEST_F(PresetPagesTest, thePressedKeyTogglesItsPage)
+{
+    const auto shortcuts = panel->GetWidget()->findChildren<QShortcut*>();
+    const auto second = std::find_if(shortcuts.begin(), shortcuts.end(), [](QShortcut* shortcut) {
+        return shortcut->key() == QKeySequence(Qt::ALT + Qt::Key_2);
+    });
+    ASSERT_NE(second, shortcuts.end());
+
+    emit(*second)->activated();
+    EXPECT_TRUE(IsSeen(1));
+    emit(*second)->activated();
+    EXPECT_FALSE(IsSeen(1));
+}
+
+TEST_F(PresetPagesTest, theHeadersNumberShutsItsPage)
+{
+    auto* const number =
+        panel->GetWidget()->findChildren<QToolButton*>(QStringLiteral("sectionTitleButton")).at(0);
+    EXPECT_EQ(number->text(), QStringLiteral("3"));
+
+    number->click();
+
+    EXPECT_FALSE(IsSeen(0));
+}
+
+TEST_F(PresetPagesTest, arrowKeysStepThroughLooksAsOneStepOfTheEdit)
+{
+    OpenPage(1);
+    Focus("Bright");
+    Press(Grid(0), Qt::Key_Right);
+    EXPECT_TRUE(IsApplied("Grey"));
+    Press(Grid(0), Qt::Key_Down);
+    EXPECT_TRUE(editor.steps.isEmpty());
+    Release(Grid(0), Qt::Key_Down);
+    EXPECT_EQ(editor.steps.size(), 1);
+}
+
+TEST_F(PresetPagesTest, arrowKeysGoOnInTheNextOpenPage)
+{
+    OpenPage(1);
+    Focus("Hard");
+    Press(Grid(0), Qt::Key_Right);
+    EXPECT_TRUE(IsApplied("Warm"));
+
+    Press(Grid(1), Qt::Key_Left);
+    EXPECT_TRUE(IsApplied("Hard"));
+}
+
+TEST_F(PresetPagesTest, enterAppliesThePresetUnderTheKeyboard)
+{
+    Focus("Grey");
+    Press(Grid(0), Qt::Key_Return);
+
+    EXPECT_TRUE(IsApplied("Grey"));
+    EXPECT_EQ(editor.steps.size(), 1);
+}
+
+TEST_F(PresetPagesTest, theDownArrowLeadsFromTheSearchToTheFirstLook)
+{
+    Search("grey");
+    auto& search = Find<QLineEdit>("searchField");
+    panel->GetWidget()->activateWindow();
+    Press(search, Qt::Key_Down);
+
+    EXPECT_TRUE(Grid(0).hasFocus());
+    EXPECT_EQ(Grid(0).GetCurrentPreset(), Named("Grey"));
+}
+
+TEST_F(PresetPagesTest, escapeEmptiesTheSearch)
+{
+    Search("grey");
+    Press(Find<QLineEdit>("searchField"), Qt::Key_Escape);
+
+    EXPECT_EQ(Shown(0).size(), 3);
+}
+
+TEST_F(PresetPagesTest, theToolTipTellsWhatThePresetChanges)
+{
+    const auto tip = [this](const char* name) {
+        auto& presets = Grid(Named(name).parent().row()).GetPresets();
+        return presets.FromPreset(Named(name)).data(Qt::ToolTipRole).toString();
+    };
+    EXPECT_EQ(tip("Bright"),
+              QStringLiteral("<b>Bright</b><br>Exposure +1 stops<br><i>Sliders: Exposure</i>"));
+    EXPECT_TRUE(tip("Warm").contains(QStringLiteral("White balance")));
+}

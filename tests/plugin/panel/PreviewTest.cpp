@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "panel/ThumbnailCache.h"
+
+#include "PanelFixture.h"
+#include "panel/HoverPreview.h"
+#include "panel/PresetDelegate.h"
+#include "panel/PresetGrid.h"
+#include "workspace/WorkspaceController.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMouseEvent>
+
+using LumetraPlugin::PresetDelegate;
+using LumetraPlugin::PresetModel;
+using LumetraTest::PanelFixture;
+
+namespace {
+
+class PreviewTest : public PanelFixture
+{
+protected:
+    QString Key(const char* name)
+    {
+        return QString::fromStdString(Model().GetPreset(Named(name))->GetPreviewKey());
+    }
+    QPixmap Thumbnail(const char* name)
+    {
+        auto& presets = Grid(Named(name).parent().row()).GetPresets();
+        return presets.FromPreset(Named(name)).data(Qt::DecorationRole).value<QPixmap>();
+    }
+    /// Paints the panel and renders what it then asks for.
+    QStringList Paint()
+    {
+        panel->GetWidget()->grab();
+        return editor.RenderPreviews();
+    }
+    void PointAt(const char* name)
+    {
+        auto& grid = Grid(Named(name).parent().row());
+        const QRect cell = grid.visualRect(grid.GetPresets().FromPreset(Named(name)));
+        QMouseEvent move(QEvent::MouseMove, PresetDelegate::GetPictureRect(cell).center(),
+                         Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(grid.viewport(), &move);
+    }
+    void Leave(int page)
+    {
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(&Grid(page), &leave);
+    }
+    void WaitForPreview()
+    {
+        const int before = editor.shownCount;
+        while (editor.shownCount == before)
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+};
+
+} // namespace
+
+TEST_F(PreviewTest, asksOnlyForThumbnailsThatAreSeen)
+{
+    const QStringList asked = Paint();
+
+    EXPECT_TRUE(asked.contains(Key("Bright")));
+    EXPECT_FALSE(asked.contains(Key("Warm"))); // its page is shut
+}
+
+TEST_F(PreviewTest, showsTheThumbnailWhenItIsReady)
+{
+    EXPECT_TRUE(Thumbnail("Bright").isNull());
+    Paint();
+
+    EXPECT_FALSE(Thumbnail("Bright").isNull());
+    EXPECT_TRUE(editor.GetQueue().isEmpty());
+}
+
+TEST_F(PreviewTest, aThumbnailShowsThePresetsEffect)
+{
+    Paint();
+    const QColor grey = Thumbnail("Grey").toImage().pixelColor(100, 20);
+
+    EXPECT_LT(grey.hsvSaturation(),
+              Thumbnail("Bright").toImage().pixelColor(100, 20).hsvSaturation());
+}
+
+TEST_F(PreviewTest, aFinishedDragMakesTheThumbnailNewOnce)
+{
+    Click("Bright");
+    Paint();
+    const QImage before = Thumbnail("Bright").toImage();
+
+    Drag("intensitySlider", {60, 40, 20});
+    EXPECT_FALSE(Thumbnail("Bright").isNull()); // the old one until the new one comes
+    EXPECT_EQ(Paint(), QStringList{Key("Bright")});
+
+    EXPECT_NE(Thumbnail("Bright").toImage(), before);
+}
+
+TEST_F(PreviewTest, anotherPhotoMeansOtherThumbnails)
+{
+    Paint();
+    const QImage before = Thumbnail("Bright").toImage();
+    editor.OpenPhoto(LumetraHost::Image::Allocate(30, 30, LumetraHost::Image::Depth::Bits8));
+    EXPECT_TRUE(Thumbnail("Bright").isNull());
+    Paint();
+
+    EXPECT_NE(Thumbnail("Bright").toImage(), before);
+}
+
+TEST_F(PreviewTest, committingMakesAllThumbnailsNew)
+{
+    Paint();
+    Click("Bright");
+    Find<QAbstractButton>("applyButton").click();
+    editor.ForgetPreviews();
+
+    EXPECT_EQ(Paint().size(), 3);
+}
+
+TEST_F(PreviewTest, restingOnALookShowsItWithoutApplying)
+{
+    PointAt("Bright");
+    EXPECT_FALSE(editor.shown);
+    WaitForPreview();
+
+    ASSERT_TRUE(editor.shown);
+    EXPECT_DOUBLE_EQ(editor.shown->EffectsConst().at(0)->GetParameter("stops"), 1);
+    EXPECT_FALSE(IsApplied("Bright"));
+    EXPECT_TRUE(editor.GetHostWorkspace().GetDrawer().GetOpenPackages().empty());
+
+    Leave(0);
+    EXPECT_FALSE(editor.shown);
+}
+
+TEST_F(PreviewTest, theLookIsShownAtItsCurrentIntensity)
+{
+    Click("Bright");
+    Drag("intensitySlider", {20});
+    Click("Grey");
+    PointAt("Bright");
+    WaitForPreview();
+
+    const auto applied = Model().GetPreset(Named("Bright"))->MakeSettings();
+    EXPECT_EQ(editor.shown->GetBlendAmount(), applied.GetBlendAmount());
+    EXPECT_GT(editor.shown->GetBlendAmount(), 200);
+}
+
+TEST_F(PreviewTest, aClickEndsThePreview)
+{
+    PointAt("Bright");
+    WaitForPreview();
+    Click("Bright");
+
+    EXPECT_FALSE(editor.shown);
+    EXPECT_TRUE(IsApplied("Bright"));
+}
+
+TEST_F(PreviewTest, leavingBeforeTheMomentIsOverShowsNothing)
+{
+    PointAt("Bright");
+    Leave(0);
+    PointAt("Grey");
+    WaitForPreview();
+
+    EXPECT_EQ(editor.shownCount, 1);
+    EXPECT_EQ(editor.shown->EffectsConst().at(0)->GetEffectID(), "saturation");
+}
