@@ -37,6 +37,7 @@ QStringList PresetCollection::Load(const QStringList& catalogueFiles,
                                    const Zorvik::Brassel::ConstSerializerPtr& userData)
 {
     const auto stored = m_store ? m_store->Load() : userData;
+    m_catalogueFiles = catalogueFiles;
     CatalogueParser parser(PresetControllerFactory::GetKinds());
     QStringList unusable;
     for (const QString& file : catalogueFiles)

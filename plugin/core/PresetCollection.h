@@ -59,6 +59,9 @@ public:
 
     PresetModel& GetModel() { return *m_model; }
     PresetControllerFactory& GetFactory() { return *m_factory; }
+    const std::shared_ptr<PresetControllerFactory>& GetSharedFactory() { return m_factory; }
+    /// Those that Load() was given.
+    const QStringList& GetCatalogueFiles() const { return m_catalogueFiles; }
     const std::string& GetPackageName() const { return m_packageName; }
 
     /// To be called when the workspace has another photo: all presets start unapplied, with their
@@ -79,6 +82,7 @@ private:
     std::shared_ptr<PresetControllerFactory> m_factory;
     std::unique_ptr<PresetModel> m_model;
     std::unique_ptr<UserPresetStore> m_store;
+    QStringList m_catalogueFiles;
     std::vector<LumetraHost::CatalogueReport> m_reports;
 };
 

@@ -30,7 +30,6 @@ const std::map<std::string, const char*>& KnownNames()
         {"channelMixer", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Channel mixer")},
         {"blackAndWhite", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Black and white")},
         {"liftGammaGain", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Lift, gamma, gain")},
-        {"colorDecisionList", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Colour decision")},
         {"lut3d", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Colour table")},
         {"vignette", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Vignette")},
         {"grain", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Grain")},

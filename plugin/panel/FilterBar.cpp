@@ -18,7 +18,8 @@ constexpr int KindCount = 4;
 
 } // namespace
 
-FilterBar::FilterBar(QWidget* parent) : QWidget(parent), m_search(new QLineEdit(this))
+FilterBar::FilterBar(QWidget* parent)
+    : QWidget(parent), m_search(new QLineEdit(this)), m_import(new QToolButton(this))
 {
     setObjectName(QStringLiteral("filterBar"));
     auto* column = new QVBoxLayout(this);
@@ -28,7 +29,15 @@ FilterBar::FilterBar(QWidget* parent) : QWidget(parent), m_search(new QLineEdit(
     m_search->setClearButtonEnabled(true);
     m_search->installEventFilter(this);
     m_searchIcon = m_search->addAction(QIcon(), QLineEdit::LeadingPosition);
-    column->addWidget(m_search);
+    auto* searchRow = new QHBoxLayout;
+    searchRow->setSpacing(Gap);
+    searchRow->addWidget(m_search, 1);
+    searchRow->addWidget(m_import);
+    column->addLayout(searchRow);
+    m_import->setObjectName(QStringLiteral("importButton"));
+    m_import->setFixedWidth(26);
+    m_import->setFocusPolicy(Qt::StrongFocus);
+    connect(m_import, &QToolButton::clicked, this, &FilterBar::importRequested);
     auto* row = new QHBoxLayout;
     row->setSpacing(2);
     column->addLayout(row);
@@ -86,6 +95,9 @@ void FilterBar::ShowTexts()
     m_search->setPlaceholderText(tr("Search looks"));
     m_search->setAccessibleName(tr("Search looks"));
     m_searchIcon->setIcon(PanelIcons::GetIcon(QStringLiteral("search"), palette()));
+    m_import->setIcon(PanelIcons::GetIcon(QStringLiteral("import"), palette()));
+    m_import->setToolTip(tr("Import looks: .cube, .3dl, CLF, CDL, HaldCLUT and preset files"));
+    m_import->setAccessibleName(tr("Import looks"));
     const QString texts[KindCount] = {tr("All"), tr("Favourites"), tr("Recent"), tr("Mine")};
     const QString hints[KindCount] = {tr("All looks"), tr("Looks that you marked with a star"),
                                       tr("Looks that you applied last"),

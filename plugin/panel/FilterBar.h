@@ -29,6 +29,7 @@ signals:
     void kindChosen(PresetFilter::Kind kind);
     /// Enter or the down arrow in the search field: on to what was found.
     void left();
+    void importRequested();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -39,6 +40,7 @@ private:
 
     QLineEdit* m_search;
     QAction* m_searchIcon;
+    QToolButton* m_import;
     std::vector<QToolButton*> m_kinds; // in the order of PresetFilter::Kind
 };
 

@@ -85,6 +85,8 @@ bool PresetCommands::Fetch(const QModelIndex& preset)
 
 void PresetCommands::Apply(const QModelIndex& preset, bool isFinished)
 {
+    if (m_editor.GetPhotoPath().isEmpty())
+        return Tell(tr("Open a photo first."));
     if (!GetModel().GetPreset(preset) || !Fetch(preset))
         return;
     m_edit.ForgetStray();

@@ -65,6 +65,11 @@ public:
     /// Asks first; only for the user's own. Undoable.
     void Remove(const QModelIndex& preset);
     bool IsUsers(const QModelIndex& preset) const;
+    /// Files with looks, see PresetImport.
+    void Import(const QStringList& paths);
+    void ImportByDialog();
+    /// Writes the look at its current values as a .cube file that the user names.
+    void Export(const QModelIndex& preset);
 
     // For the commands that undo.
     void TakeAway(const PresetModel::PresetPtr& preset);

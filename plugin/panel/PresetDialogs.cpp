@@ -1,29 +1,30 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What the commands ask the user.
 #include "LumetraEditor/IEditor.h"
+#include "Zorvik/Exception.h"
 #include "Zorvik/Lumetra/StyleProvider.h"
 #include "Zorvik/Util/AlertBox.h"
+#include "core/PresetCollection.h"
+#include "core/PresetImport.h"
+#include "lut/LookExport.h"
+#include "panel/EffectTexts.h"
 #include "panel/PresetCommands.h"
 #include "panel/RemoveCommand.h"
+#include "storage/CheckedFileWriter.h"
 #include "widgets/NewPresetDialog.h"
 
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QWidget>
 
 namespace LumetraPlugin {
 namespace {
 
+constexpr int CubeSize = 33; // points along each axis
+
+using LumetraHost::LookExport;
 using Zorvik::Lumetra::LumetraPresets::NewPresetDialog;
 using Zorvik::Util::AlertBox;
-
-/// "Soft Light 2" when "Soft Light" is taken.
-QString FreeName(const QString& name, const QStringList& taken)
-{
-    QString candidate = name;
-    for (int i = 2; taken.contains(candidate); ++i)
-        candidate = QStringLiteral("%1 %2").arg(name).arg(i);
-    return candidate;
-}
 
 } // namespace
 
@@ -37,7 +38,7 @@ QString PresetCommands::AskName(const QModelIndex& preset, bool isNew)
     auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("lineEdit"));
     edit->setAccessibleName(tr("Name of the preset"));
     if (isNew)
-        edit->setText(FreeName(old, taken));
+        edit->setText(PresetImport::FreeName(old, taken));
     else
         dialog.SetName(old);
     edit->selectAll();
@@ -66,6 +67,75 @@ void PresetCommands::Remove(const QModelIndex& preset)
         Discard(); // else its look would stay on the photo with nothing to change it by
     const int row = GetModel().FindPreset(*removed).row();
     m_editor.PushUndo(new RemoveCommand(*this, removed, row, tr("Delete \"%1\"").arg(name)));
+}
+
+void PresetCommands::ImportByDialog()
+{
+    QFileDialog dialog(&m_window, tr("Import looks"));
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    dialog.setNameFilters(
+        {tr("Looks (%1)")
+             .arg(QStringLiteral("*.cube *.3dl *.clf *.cc *.ccc *.cdl *.png *.tif *.tiff *.json")),
+         tr("All files (%1)").arg(QStringLiteral("*"))});
+    if (dialog.exec() == QDialog::Accepted)
+        Import(dialog.selectedFiles());
+}
+
+void PresetCommands::Import(const QStringList& paths)
+{
+    int count = 0;
+    QPersistentModelIndex last;
+    for (const QString& path : paths) {
+        try {
+            QStringList problems;
+            const auto added = PresetImport::AddTo(m_presets, path, problems);
+            count += static_cast<int>(added.size());
+            last = added.back();
+            for (const QString& problem : problems)
+                Tell(problem);
+        } catch (const std::exception& error) {
+            // What follows the first line is a call stack.
+            Tell(QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0));
+        }
+    }
+    if (count == 0)
+        return;
+    Save();
+    emit presetsChanged();
+    emit presetAdded(last);
+    Tell(count == 1 ? tr("Imported \"%1\".").arg(last.data(PresetModel::PresetNameRole).toString())
+                    : tr("Imported %1 looks.").arg(count));
+}
+
+/// Only what changes colours alone fits into a table.
+void PresetCommands::Export(const QModelIndex& preset)
+{
+    const auto look = GetModel().GetPreset(preset);
+    if (!look || !Fetch(preset))
+        return;
+    const QString name = preset.data(PresetModel::PresetNameRole).toString();
+    const auto settings = look->MakeSettings();
+    QStringList unfit;
+    for (const std::string& effectID : LookExport::FindUnfitEffects(settings))
+        unfit.append(EffectTexts::GetEffectName(effectID));
+    if (!unfit.isEmpty())
+        return Tell(tr("\"%1\" cannot become a .cube file, for it changes more than colours: %2")
+                        .arg(name, unfit.join(QStringLiteral(", "))));
+    QFileDialog dialog(&m_window, tr("Export \"%1\" as .cube").arg(name));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("cube"));
+    dialog.setNameFilter(QStringLiteral("*.cube"));
+    dialog.selectFile(name + QStringLiteral(".cube"));
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QString path = dialog.selectedFiles().value(0);
+    try {
+        const auto table = LookExport::MakeTable(settings, CubeSize);
+        LumetraHost::CheckedFileWriter::Write(path, LookExport::ToCubeFile(table, name));
+        Tell(tr("Wrote \"%1\".").arg(path));
+    } catch (const Zorvik::Exception& error) {
+        Tell(QString::fromUtf8(error.what()));
+    }
 }
 
 } // namespace LumetraPlugin

@@ -151,21 +151,23 @@ void PresetPages::Refresh()
 {
     for (PresetGrid* const grid : m_grids)
         grid->GetPresets().Refresh();
+    for (std::size_t page = 0; page < m_grids.size(); ++page)
+        ShowPage(static_cast<int>(page));
+    ShowTexts();
+}
+
+void PresetPages::FollowFilter()
+{
     const int pages = static_cast<int>(m_grids.size());
     const bool isFiltered = m_filter.IsActive();
     if (isFiltered && m_wasOpen.empty())
         for (int page = 0; page < pages; ++page)
             m_wasOpen.push_back(IsOpen(page));
-    for (int page = 0; page < pages; ++page) {
-        if (isFiltered)
-            SetOpen(page, true);
-        else if (!m_wasOpen.empty())
-            SetOpen(page, m_wasOpen[page]);
-        ShowPage(page);
-    }
+    for (int page = 0; page < pages && !m_wasOpen.empty(); ++page)
+        SetOpen(page, isFiltered || m_wasOpen[page]);
     if (!isFiltered)
         m_wasOpen.clear();
-    ShowTexts();
+    Refresh();
 }
 
 /// The number of presets and the mark are part of the header, but shut the page when clicked: a
@@ -186,14 +188,15 @@ void PresetPages::ShowPageTexts(int page)
                                     : QString());
     m_grids[page]->setAccessibleName(name);
     const bool isYetToCome = HasDownloadable(presets);
-    const QString text = isYetToCome ? tr("%n look(s), some yet to be downloaded", nullptr, count)
-                                     : tr("%n look(s)", nullptr, count);
+    const QString looks = count == 1 ? tr("1 look") : tr("%1 looks").arg(count);
+    const QString text = isYetToCome ? tr("%1, some yet to be downloaded").arg(looks) : looks;
     m_titles[page]->setText(QLocale().toString(count));
     m_titles[page]->setIcon(isYetToCome ? PanelIcons::GetIcon(QStringLiteral("download"), palette())
                                         : QIcon());
     m_titles[page]->setToolTip(text);
     m_titles[page]->setAccessibleName(text);
-    m_emptyHints[page]->setText(tr("Looks that you save appear here."));
+    m_emptyHints[page]->setText(tr("Looks that you save or import appear here. Drop .cube and "
+                                   "other LUT files to import them."));
     m_emptyHints[page]->setVisible(isUsers && count == 0 && !m_filter.IsActive());
 }
 
@@ -264,7 +267,7 @@ void PresetPages::StepOut(const PresetGrid& grid, bool isForward)
 QModelIndex PresetPages::GetCurrentPreset() const
 {
     for (const PresetGrid* const grid : m_grids)
-        if (grid->hasFocus())
+        if (grid == window()->focusWidget())
             return grid->GetCurrentPreset();
     return {};
 }

@@ -33,8 +33,10 @@ public:
     ~PresetPages() override;
 
     const std::vector<PresetGrid*>& GetGrids() const { return m_grids; }
-    /// The filter has been set otherwise, or names have changed.
+    /// Names have changed, or which presets there are.
     void Refresh();
+    /// The filter has been set otherwise.
+    void FollowFilter();
     void TogglePage(int page);
     /// Opens the preset's page and scrolls to it.
     void Reveal(const QModelIndex& preset);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "panel/PresetsWidget.h"
 
+#include "core/PresetImport.h"
 #include "panel/FilterBar.h"
 #include "panel/HoverPreview.h"
 #include "panel/PanelIcons.h"
@@ -11,9 +12,12 @@
 #include "panel/TunePanel.h"
 
 #include <QAction>
+#include <QDragEnterEvent>
 #include <QEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QShortcut>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace LumetraPlugin {
@@ -22,6 +26,16 @@ namespace {
 constexpr int PagesWithKeys = 9;
 constexpr int SmallestWidth = 264;
 
+/// The files that hold looks, as far as their names tell.
+QStringList LooksOf(const QMimeData& data)
+{
+    QStringList paths;
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile() && PresetImport::IsImportable(url.toLocalFile()))
+            paths.append(url.toLocalFile());
+    return paths;
+}
+
 } // namespace
 
 PresetsWidget::PresetsWidget()
@@ -29,6 +43,7 @@ PresetsWidget::PresetsWidget()
     setObjectName(QStringLiteral("presetsPanel"));
     setAttribute(Qt::WA_StyledBackground);
     setMinimumWidth(SmallestWidth);
+    setAcceptDrops(true);
     setStyleSheet(PanelIcons::ReadStyleSheet());
 }
 
@@ -78,12 +93,13 @@ void PresetsWidget::ConnectPages(HoverPreview& hover)
 {
     connect(m_bar, &FilterBar::textChanged, this, [this](const QString& text) {
         m_filter->SetText(text);
-        m_pages->Refresh();
+        m_pages->FollowFilter();
     });
     connect(m_bar, &FilterBar::kindChosen, this, [this](PresetFilter::Kind kind) {
         m_filter->SetKind(kind);
-        m_pages->Refresh();
+        m_pages->FollowFilter();
     });
+    connect(m_bar, &FilterBar::importRequested, m_commands, &PresetCommands::ImportByDialog);
     connect(m_bar, &FilterBar::left, m_pages, &PresetPages::FocusFirst);
     connect(m_pages, &PresetPages::chosen, this, [this, &hover](const QModelIndex& preset) {
         hover.End();
@@ -131,6 +147,10 @@ void PresetsWidget::MakeActions()
         AddAction("commitPreset", Qt::CTRL + Qt::Key_Return, [this] { m_commands->Commit(); });
     m_discard =
         AddAction("discardPreset", Qt::CTRL + Qt::Key_Backspace, [this] { m_commands->Discard(); });
+    m_import =
+        AddAction("importPresets", Qt::CTRL + Qt::Key_I, [this] { m_commands->ImportByDialog(); });
+    m_export = AddAction("exportPreset", Qt::CTRL + Qt::SHIFT + Qt::Key_E,
+                         [this] { m_commands->Export(GetMeant()); });
     m_search = AddAction("searchPresets", QKeySequence::Find, [this] { m_bar->FocusSearch(); });
     for (int page = 0; page < PagesWithKeys; ++page) {
         auto* shortcut = new QShortcut(QKeySequence(Qt::ALT + Qt::Key_1 + page), this);
@@ -150,6 +170,8 @@ void PresetsWidget::ShowActionTexts()
     m_commit->setText(tr("Apply to the photo"));
     m_discard->setText(tr("Discard the look"));
     m_search->setText(tr("Search looks"));
+    m_import->setText(tr("Import looks…"));
+    m_export->setText(tr("Export as .cube…"));
     setAccessibleName(tr("Looks"));
 }
 
@@ -172,6 +194,7 @@ void PresetsWidget::ShowMenu(const QModelIndex& preset, const QPoint& position)
     menu.addAction(m_favourite);
     menu.addSeparator();
     menu.addAction(m_saveAs);
+    menu.addAction(m_export);
     if (isUsers) {
         menu.addAction(m_rename);
         menu.addAction(m_remove);
@@ -185,6 +208,20 @@ void PresetsWidget::ShowMenu(const QModelIndex& preset, const QPoint& position)
     menu.exec(position);
     m_favourite->setCheckable(false);
     m_menuPreset = QModelIndex();
+}
+
+void PresetsWidget::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (m_commands && !LooksOf(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void PresetsWidget::dropEvent(QDropEvent* event)
+{
+    if (!m_commands)
+        return;
+    event->acceptProposedAction();
+    m_commands->Import(LooksOf(*event->mimeData()));
 }
 
 void PresetsWidget::changeEvent(QEvent* event)

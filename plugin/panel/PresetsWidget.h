@@ -47,6 +47,8 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void ConnectPages(HoverPreview& hover);
@@ -73,6 +75,8 @@ private:
     QAction* m_commit = nullptr;
     QAction* m_discard = nullptr;
     QAction* m_search = nullptr;
+    QAction* m_import = nullptr;
+    QAction* m_export = nullptr;
 };
 
 } // namespace LumetraPlugin

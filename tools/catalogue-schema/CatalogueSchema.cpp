@@ -82,6 +82,7 @@ constexpr char Head[] = R"({
         "popular": { "type": "boolean", "default": false },
         "controller": { "enum": ["", "photo"] },
         "image": { "type": "string" },
+        "resource": { "type": "string", "description": "The file that brings the effects later." },
         "previewCropPolicy": { "enum": [0, 1], "default": 1,
                                "description": "0: the whole photo, 1: its centre." },
         "previewFitPolicy": { "enum": [0, 1], "default": 0,

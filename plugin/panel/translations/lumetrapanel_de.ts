@@ -1,328 +1,372 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
+<!-- SPDX-License-Identifier: GPL-2.0-or-later -->
 <TS version="2.1" language="de_DE">
 <context>
-    <name>AppliedEdit</name>
+    <name>LumetraPlugin::AppliedEdit</name>
     <message>
         <source>The edit names no preset; nothing is applied.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Bearbeitung nennt kein Preset; es wird nichts angewendet.</translation>
     </message>
     <message>
         <source>The look &quot;%1&quot; is no longer among the presets. The photo keeps it as it was.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>EffectTexts</name>
-    <message>
-        <source>Sliders: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>FilterBar</name>
-    <message>
-        <source>Search looks</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>All</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Favourites</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Recent</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Mine</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>All looks</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Looks that you marked with a star</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Looks that you applied last</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Looks that you saved or imported</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Look „%1“ ist nicht mehr unter den Presets. Das Foto behält ihn, wie er war.</translation>
     </message>
 </context>
 <context>
     <name>LumetraPlugin::EffectTexts</name>
     <message>
         <source>Exposure</source>
-        <translation type="unfinished"></translation>
+        <translation>Belichtung</translation>
     </message>
     <message>
         <source>White balance</source>
-        <translation type="unfinished"></translation>
+        <translation>Weißabgleich</translation>
     </message>
     <message>
         <source>Contrast</source>
-        <translation type="unfinished"></translation>
+        <translation>Kontrast</translation>
     </message>
     <message>
         <source>Tones</source>
-        <translation type="unfinished"></translation>
+        <translation>Tonwerte</translation>
     </message>
     <message>
         <source>Saturation</source>
-        <translation type="unfinished"></translation>
+        <translation>Sättigung</translation>
     </message>
     <message>
         <source>Vibrance</source>
-        <translation type="unfinished"></translation>
+        <translation>Dynamik</translation>
     </message>
     <message>
         <source>Tone curve</source>
-        <translation type="unfinished"></translation>
+        <translation>Gradationskurve</translation>
     </message>
     <message>
         <source>Split toning</source>
-        <translation type="unfinished"></translation>
+        <translation>Teiltonung</translation>
     </message>
     <message>
         <source>Channel mixer</source>
-        <translation type="unfinished"></translation>
+        <translation>Kanalmixer</translation>
     </message>
     <message>
         <source>Black and white</source>
-        <translation type="unfinished"></translation>
+        <translation>Schwarz-Weiß</translation>
     </message>
     <message>
         <source>Lift, gamma, gain</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Colour decision</source>
-        <translation type="unfinished"></translation>
+        <translation>Lift, Gamma, Gain</translation>
     </message>
     <message>
         <source>Colour table</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbtabelle</translation>
     </message>
     <message>
         <source>Vignette</source>
-        <translation type="unfinished"></translation>
+        <translation>Vignette</translation>
     </message>
     <message>
         <source>Grain</source>
-        <translation type="unfinished"></translation>
+        <translation>Korn</translation>
     </message>
     <message>
         <source>Sharpening</source>
-        <translation type="unfinished"></translation>
+        <translation>Schärfung</translation>
     </message>
     <message>
         <source>Clarity</source>
-        <translation type="unfinished"></translation>
+        <translation>Klarheit</translation>
     </message>
     <message>
         <source>Blur</source>
-        <translation type="unfinished"></translation>
+        <translation>Weichzeichnung</translation>
+    </message>
+    <message>
+        <source>Sliders: %1</source>
+        <translation>Regler: %1</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraPlugin::FilterBar</name>
+    <message>
+        <source>Search looks</source>
+        <translation>Looks suchen</translation>
+    </message>
+    <message>
+        <source>Import looks: .cube, .3dl, CLF, CDL, HaldCLUT and preset files</source>
+        <translation>Looks importieren: .cube, .3dl, CLF, CDL, HaldCLUT und Preset-Dateien</translation>
+    </message>
+    <message>
+        <source>Import looks</source>
+        <translation>Looks importieren</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Favourites</source>
+        <translation>Favoriten</translation>
+    </message>
+    <message>
+        <source>Recent</source>
+        <translation>Zuletzt</translation>
+    </message>
+    <message>
+        <source>Mine</source>
+        <translation>Eigene</translation>
+    </message>
+    <message>
+        <source>All looks</source>
+        <translation>Alle Looks</translation>
+    </message>
+    <message>
+        <source>Looks that you marked with a star</source>
+        <translation>Looks, die Sie mit einem Stern markiert haben</translation>
+    </message>
+    <message>
+        <source>Looks that you applied last</source>
+        <translation>Looks, die Sie zuletzt angewendet haben</translation>
+    </message>
+    <message>
+        <source>Looks that you saved or imported</source>
+        <translation>Looks, die Sie gespeichert oder importiert haben</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraPlugin::PresetCommands</name>
+    <message>
+        <source>Open a photo first.</source>
+        <translation>Öffnen Sie zuerst ein Foto.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; needs the file &quot;%2&quot;, expected in the folder &quot;%3&quot;.</source>
+        <translation>„%1“ braucht die Datei „%2“, erwartet im Ordner „%3“.</translation>
+    </message>
+    <message>
+        <source>There is no preset with the id &quot;%1&quot;.</source>
+        <translation>Es gibt kein Preset mit der Kennung „%1“.</translation>
+    </message>
+    <message>
+        <source>Intensity of &quot;%1&quot;</source>
+        <translation>Intensität von „%1“</translation>
+    </message>
+    <message>
+        <source>Reset &quot;%1&quot;</source>
+        <translation>„%1“ zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Apply &quot;%1&quot;</source>
+        <translation>„%1“ übernehmen</translation>
+    </message>
+    <message>
+        <source>Discard the look</source>
+        <translation>Look verwerfen</translation>
+    </message>
+    <message>
+        <source>Look &quot;%1&quot;</source>
+        <translation>Look „%1“</translation>
+    </message>
+    <message>
+        <source>Your presets cannot be saved: their file could not be read.</source>
+        <translation>Ihre Presets können nicht gespeichert werden: Ihre Datei war nicht lesbar.</translation>
+    </message>
+    <message>
+        <source>Your presets could not be saved: %1</source>
+        <translation>Ihre Presets konnten nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>Name of the preset</source>
+        <translation>Name des Presets</translation>
+    </message>
+    <message>
+        <source>Delete the preset &quot;%1&quot;?</source>
+        <translation>Das Preset „%1“ löschen?</translation>
+    </message>
+    <message>
+        <source>Delete &quot;%1&quot;</source>
+        <translation>„%1“ löschen</translation>
+    </message>
+    <message>
+        <source>Import looks</source>
+        <translation>Looks importieren</translation>
+    </message>
+    <message>
+        <source>Looks (%1)</source>
+        <translation>Looks (%1)</translation>
+    </message>
+    <message>
+        <source>All files (%1)</source>
+        <translation>Alle Dateien (%1)</translation>
+    </message>
+    <message>
+        <source>Imported &quot;%1&quot;.</source>
+        <translation>„%1“ importiert.</translation>
+    </message>
+    <message>
+        <source>Imported %1 looks.</source>
+        <translation>%1 Looks importiert.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot become a .cube file, for it changes more than colours: %2</source>
+        <translation>Aus „%1“ kann keine .cube-Datei werden, denn der Look ändert mehr als Farben: %2</translation>
+    </message>
+    <message>
+        <source>Export &quot;%1&quot; as .cube</source>
+        <translation>„%1“ als .cube exportieren</translation>
+    </message>
+    <message>
+        <source>Wrote &quot;%1&quot;.</source>
+        <translation>„%1“ geschrieben.</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraPlugin::PresetPages</name>
+    <message>
+        <source>User presets</source>
+        <translation>Eigene Presets</translation>
+    </message>
+    <message>
+        <source>Alt+%1 opens and shuts this group</source>
+        <translation>Alt+%1 öffnet und schließt diese Gruppe</translation>
+    </message>
+    <message>
+        <source>1 look</source>
+        <translation>1 Look</translation>
+    </message>
+    <message>
+        <source>%1 looks</source>
+        <translation>%1 Looks</translation>
+    </message>
+    <message>
+        <source>%1, some yet to be downloaded</source>
+        <translation>%1, einige sind noch zu laden</translation>
+    </message>
+    <message>
+        <source>Looks that you save or import appear here. Drop .cube and other LUT files to import them.</source>
+        <translation>Hier erscheinen Looks, die Sie speichern oder importieren. Ziehen Sie .cube- und andere LUT-Dateien hierher, um sie zu importieren.</translation>
+    </message>
+    <message>
+        <source>There are no looks here yet.</source>
+        <translation>Hier sind noch keine Looks.</translation>
+    </message>
+    <message>
+        <source>No look is called &quot;%1&quot;.</source>
+        <translation>Kein Look heißt „%1“.</translation>
     </message>
 </context>
 <context>
     <name>LumetraPlugin::PresetsPlugin</name>
     <message>
         <source>Looks</source>
-        <translation type="unfinished"></translation>
+        <translation>Looks</translation>
     </message>
 </context>
 <context>
-    <name>PresetCommands</name>
-    <message>
-        <source>&quot;%1&quot; needs the file &quot;%2&quot;, expected in the folder &quot;%3&quot;.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>There is no preset with the id &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Intensity of &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Reset &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Apply &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Discard the look</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Look &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Your presets cannot be saved: their file could not be read.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Your presets could not be saved: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Name of the preset</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Delete the preset &quot;%1&quot;?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Delete &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>PresetPages</name>
-    <message>
-        <source>User presets</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Alt+%1 opens and shuts this group</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <source>%n look(s), some yet to be downloaded</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n look(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Looks that you save appear here.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>There are no looks here yet.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>No look is called &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>PresetsWidget</name>
+    <name>LumetraPlugin::PresetsWidget</name>
     <message>
         <source>Show on the photo</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf dem Foto zeigen</translation>
     </message>
     <message>
         <source>Favourite</source>
-        <translation type="unfinished"></translation>
+        <translation>Favorit</translation>
     </message>
     <message>
         <source>Save as preset…</source>
-        <translation type="unfinished"></translation>
+        <translation>Als Preset speichern …</translation>
     </message>
     <message>
         <source>Rename…</source>
-        <translation type="unfinished"></translation>
+        <translation>Umbenennen …</translation>
     </message>
     <message>
         <source>Delete…</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen …</translation>
     </message>
     <message>
         <source>Reset all values</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Werte zurücksetzen</translation>
     </message>
     <message>
         <source>Apply to the photo</source>
-        <translation type="unfinished"></translation>
+        <translation>Ins Foto übernehmen</translation>
     </message>
     <message>
         <source>Discard the look</source>
-        <translation type="unfinished"></translation>
+        <translation>Look verwerfen</translation>
     </message>
     <message>
         <source>Search looks</source>
-        <translation type="unfinished"></translation>
+        <translation>Looks suchen</translation>
+    </message>
+    <message>
+        <source>Import looks…</source>
+        <translation>Looks importieren …</translation>
+    </message>
+    <message>
+        <source>Export as .cube…</source>
+        <translation>Als .cube exportieren …</translation>
     </message>
     <message>
         <source>Looks</source>
-        <translation type="unfinished"></translation>
+        <translation>Looks</translation>
     </message>
 </context>
 <context>
-    <name>SliderRow</name>
+    <name>LumetraPlugin::SliderRow</name>
     <message>
         <source>%1 as a number</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 als Zahl</translation>
     </message>
 </context>
 <context>
-    <name>TunePanel</name>
+    <name>LumetraPlugin::TunePanel</name>
     <message>
         <source>No look applied</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Look angewendet</translation>
     </message>
     <message>
         <source>Intensity</source>
-        <translation type="unfinished"></translation>
+        <translation>Intensität</translation>
     </message>
     <message>
         <source>Favourite</source>
-        <translation type="unfinished"></translation>
+        <translation>Favorit</translation>
     </message>
     <message>
         <source>Reset all values of this look</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Werte dieses Looks zurücksetzen</translation>
     </message>
     <message>
         <source>Discard</source>
-        <translation type="unfinished"></translation>
+        <translation>Verwerfen</translation>
     </message>
     <message>
         <source>Takes the look off the photo</source>
-        <translation type="unfinished"></translation>
+        <translation>Nimmt den Look vom Foto</translation>
     </message>
     <message>
         <source>Save as…</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern …</translation>
     </message>
     <message>
         <source>Saves the look with these values as a preset of your own</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichert den Look mit diesen Werten als eigenes Preset</translation>
     </message>
     <message>
         <source>Apply</source>
-        <translation type="unfinished"></translation>
+        <translation>Übernehmen</translation>
     </message>
     <message>
         <source>Makes the look part of the photo, so that the next comes on top</source>
-        <translation type="unfinished"></translation>
+        <translation>Macht den Look zum Teil des Fotos; der nächste kommt darüber</translation>
     </message>
     <message>
         <source>Intensity of &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Intensität von „%1“</translation>
     </message>
 </context>
 </TS>

@@ -77,3 +77,12 @@ TEST_F(PanelTest, applyMakesTheLookPartOfThePhoto)
     EXPECT_FALSE(panel->HasUnsavedChanges());
     EXPECT_EQ(editor.steps.last(), QStringLiteral("Apply \"Bright\""));
 }
+
+TEST_F(PanelTest, appliesNothingWithoutAPhoto)
+{
+    editor.photoPath.clear();
+    Click("Bright");
+
+    EXPECT_FALSE(IsApplied("Bright"));
+    EXPECT_EQ(editor.messages, QStringList{QStringLiteral("Open a photo first.")});
+}

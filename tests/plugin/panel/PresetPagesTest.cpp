@@ -86,6 +86,16 @@ TEST_F(PresetPagesTest, pagesAreAsTheyWereAfterASearch)
     EXPECT_EQ(Shown(0).size(), 3);
 }
 
+TEST_F(PresetPagesTest, aPageThatIsShutDuringASearchStaysShut)
+{
+    Search("a"); // in every group
+    ASSERT_TRUE(IsSeen(1));
+    Header(1).click();
+    Click("Bright");
+
+    EXPECT_FALSE(IsSeen(1));
+}
+
 TEST_F(PresetPagesTest, favouritesShowWhatHasAStar)
 {
     ClickStar("Grey");

@@ -71,7 +71,7 @@ std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> TestEditor::GetWorkspace(
 
 QString TestEditor::GetPhotoPath() const
 {
-    return QStringLiteral("photo.jpg");
+    return photoPath;
 }
 
 void TestEditor::ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings)

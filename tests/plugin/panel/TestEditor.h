@@ -43,6 +43,7 @@ public:
     void ForgetPreviews() { m_rendered.clear(); }
 
     // What the panel has said.
+    QString photoPath = QStringLiteral("photo.jpg");
     QStringList messages;
     QStringList steps;
     std::vector<QJsonObject> edits;

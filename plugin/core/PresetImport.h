@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QModelIndex>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace LumetraPlugin {
+
+class PresetCollection;
+
+/// Makes presets of the user out of files: LUT files, and catalogues and preset files of other
+/// users as JSON.
+class PresetImport
+{
+public:
+    /// By the name alone.
+    static bool IsImportable(const QString& path);
+
+    /// Appends a preset for each look of the file to the user's group and announces it; nothing is
+    /// saved yet. Names that the user has already are numbered; every preset has an id of its own.
+    /// Exception with file and place when the file cannot be used, or has nothing that is new;
+    /// nothing is added then. Single presets that cannot be used are told in `problems`.
+    static std::vector<QModelIndex> AddTo(PresetCollection& collection, const QString& path,
+                                          QStringList& problems);
+
+    /// `name`, shortened, and numbered until it is none of `taken`.
+    static QString FreeName(const QString& name, const QStringList& taken);
+};
+
+} // namespace LumetraPlugin
