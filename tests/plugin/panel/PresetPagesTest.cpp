@@ -91,7 +91,7 @@ TEST_F(PresetPagesTest, aPageThatIsShutDuringASearchStaysShut)
     Search("a"); // in every group
     ASSERT_TRUE(IsSeen(1));
     Header(1).click();
-    Click("Bright");
+    Click("Hard");
 
     EXPECT_FALSE(IsSeen(1));
 }
