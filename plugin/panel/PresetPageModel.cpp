@@ -84,6 +84,8 @@ QVariant PresetPageModel::data(const QModelIndex& row, int role) const
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole:
         return preset.data(PresetModel::PresetNameRole);
+    case Qt::AccessibleDescriptionRole:
+        return DescribeMarks(preset);
     case Qt::DecorationRole:
         return m_thumbnails.Get(preset);
     case Qt::ToolTipRole:
@@ -91,6 +93,21 @@ QVariant PresetPageModel::data(const QModelIndex& row, int role) const
     default:
         return role >= Qt::UserRole ? preset.data(role) : QVariant();
     }
+}
+
+/// What the marks on the picture say, for those who do not see them.
+QString PresetPageModel::DescribeMarks(const QModelIndex& preset)
+{
+    QStringList marks;
+    if (preset.data(PresetModel::AppliedRole).toBool())
+        marks.append(tr("on the photo"));
+    if (preset.data(PresetModel::FavouriteRole).toBool())
+        marks.append(tr("favourite"));
+    if (preset.data(PresetModel::PopularRole).toBool())
+        marks.append(tr("popular"));
+    if (preset.data(PresetModel::DownloadableRole).toBool())
+        marks.append(tr("yet to be downloaded"));
+    return marks.join(QStringLiteral(", "));
 }
 
 void PresetPageModel::OnThumbnailChanged(const QString& key)

@@ -44,6 +44,7 @@ signals:
     void refreshed();
 
 private:
+    static QString DescribeMarks(const QModelIndex& preset);
     std::vector<int> FindRows() const;
     void OnThumbnailChanged(const QString& key);
 

@@ -223,6 +223,25 @@
     </message>
 </context>
 <context>
+    <name>LumetraPlugin::PresetPageModel</name>
+    <message>
+        <source>on the photo</source>
+        <translation>auf dem Foto</translation>
+    </message>
+    <message>
+        <source>favourite</source>
+        <translation>Favorit</translation>
+    </message>
+    <message>
+        <source>popular</source>
+        <translation>beliebt</translation>
+    </message>
+    <message>
+        <source>yet to be downloaded</source>
+        <translation>noch zu laden</translation>
+    </message>
+</context>
+<context>
     <name>LumetraPlugin::PresetPages</name>
     <message>
         <source>User presets</source>

@@ -223,3 +223,17 @@ TEST_F(PresetPagesTest, theToolTipTellsWhatThePresetChanges)
               QStringLiteral("<b>Bright</b><br>Exposure +1 stops<br><i>Sliders: Exposure</i>"));
     EXPECT_TRUE(tip("Warm").contains(QStringLiteral("White balance")));
 }
+
+TEST_F(PresetPagesTest, theMarksAreToldToo)
+{
+    const auto told = [this](const char* name) {
+        auto& presets = Grid(Named(name).parent().row()).GetPresets();
+        return presets.FromPreset(Named(name)).data(Qt::AccessibleDescriptionRole).toString();
+    };
+    ClickStar("Bright");
+    Click("Bright");
+
+    EXPECT_EQ(told("Bright"), QStringLiteral("on the photo, favourite, popular"));
+    EXPECT_EQ(told("Grey"), QString());
+    EXPECT_EQ(told("Silver"), QStringLiteral("yet to be downloaded"));
+}
