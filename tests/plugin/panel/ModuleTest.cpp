@@ -4,6 +4,8 @@
 #include "photo/Image.h"
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QEvent>
 #include <QJsonObject>
 #include <QLocale>
 #include <QPluginLoader>
