@@ -5,6 +5,7 @@
 // count real time.
 #include "engine/EffectKinds.h"
 #include "engine/Renderer.h"
+#include "engine/lut3d/Lut3dSettings.h"
 
 #include "Zorvik/Quindle/EffectSettingsImpl.h"
 
@@ -55,6 +56,13 @@ EffectPtr MakeEffect(const char* id, std::vector<std::pair<const char*, double>>
     for (const auto& [name, value] : parameters)
         effect->SetParameter(name, value);
     return effect;
+}
+
+EffectPtr MakeTable()
+{
+    RegisterEffects();
+    const auto cube = LookUpTable::MakeIdentity(LookUpTable::Kind::Cube, 33, {0, 0, 0}, {1, 1, 1});
+    return Lut3dSettings::Create(nullptr, &cube);
 }
 
 EffectList MakeGradingChain()
@@ -150,7 +158,14 @@ void RegisterSingleEffects(Image::Depth depth, Isa isa, const std::string& suffi
 {
     for (const EffectPtr& effect :
          {MakeEffect("exposure", {{"stops", 0.4}}), MakeEffect("saturation", {{"amount", 15}}),
-          MakeEffect("contrast", {{"amount", 20}}), MakeEffect("vignette", {{"amount", -1}})})
+          MakeEffect("contrast", {{"amount", 20}}), MakeEffect("vignette", {{"amount", -1}}),
+          MakeEffect("vibrance", {{"amount", 30}}),
+          MakeEffect("toneRegions", {{"shadows", 30}, {"highlights", -30}}),
+          MakeEffect("toneCurve",
+                     {{"points", 3}, {"x1", 50}, {"y1", 55}, {"x2", 100}, {"y2", 100}}),
+          MakeEffect("splitToning", {{"shadowHue", 220}, {"shadowSaturation", 20}}),
+          MakeEffect("liftGammaGain", {{"slopeRed", 1.1}, {"powerBlue", 0.9}}),
+          MakeEffect("grain", {{"amount", 20}}), MakeTable()})
         Register(effect->GetEffectID() + suffix, 1,
                  [=](benchmark::State& state) { RunChain(state, {effect}, depth, isa, 1, 1); });
 }
