@@ -56,19 +56,9 @@ Image WithEightBits(const Image& image)
 
 QString GetSuffix(PhotoFormat format)
 {
-    switch (format) {
-    case PhotoFormat::Jpeg:
+    if (format == PhotoFormat::Jpeg)
         return QStringLiteral("jpg");
-    case PhotoFormat::Png:
-        return QStringLiteral("png");
-    case PhotoFormat::Tiff:
-        return QStringLiteral("tif");
-    case PhotoFormat::Webp:
-    case PhotoFormat::Heif:
-    case PhotoFormat::Raw:
-        break; // read only
-    }
-    return {};
+    return format == PhotoFormat::Png ? QStringLiteral("png") : QStringLiteral("tif");
 }
 
 ExportJob::ExportJob(const LumetraHost::Photo& photo, const std::vector<EffectsSettings>& packages,

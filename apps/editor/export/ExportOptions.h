@@ -11,15 +11,15 @@ namespace LumetraEditor {
 struct ExportOptions
 {
     QString path;
-    LumetraHost::PhotoFormat format = LumetraHost::PhotoFormat::Jpeg;
-    int quality = 92;         ///< 1 to 100, JPEG alone
+    LumetraHost::PhotoFormat format = LumetraHost::PhotoFormat::Jpeg; ///< JPEG, PNG or TIFF
+    int quality = 92;                                                 ///< 1 to 100, JPEG alone
     int bits = 8;             ///< 8 or 16 per channel; JPEG always 8
     int longestSide = 0;      ///< pixels; 0: the photo's own size. A photo is never enlarged.
     bool keepMetadata = true; ///< EXIF, IPTC and XMP
     bool embedProfile = true; ///< sRGB; without, programs take it for sRGB too
 };
 
-/// "jpg", "png" or "tif".
+/// "jpg", "png" or "tif": the formats that are written.
 QString GetSuffix(LumetraHost::PhotoFormat format);
 
 } // namespace LumetraEditor

@@ -135,8 +135,8 @@
         <translation>Fotos öffnen</translation>
     </message>
     <message>
-        <source>Photos (*.jpg *.jpeg *.jpe *.png *.tif *.tiff);;All files (*)</source>
-        <translation>Fotos (*.jpg *.jpeg *.jpe *.png *.tif *.tiff);;Alle Dateien (*)</translation>
+        <source>Photos (%1);;All files (*)</source>
+        <translation>Fotos (%1);;Alle Dateien (*)</translation>
     </message>
     <message>
         <source>%1: no panel takes files of this kind</source>
@@ -412,12 +412,14 @@ Verwerfen nimmt ihn herunter.</translation>
 A photo editor built around presets.
 
 Free software:
-GNU General Public License, version 2 or later</source>
+GNU General Public License,
+version 2 or later</source>
         <translation>Lumetra %1
 Ein Fotoeditor rund um Presets.
 
 Freie Software:
-GNU General Public License, Version 2 oder neuer</translation>
+GNU General Public License,
+Version 2 oder neuer</translation>
     </message>
 </context>
 <context>
@@ -497,8 +499,8 @@ GNU General Public License, Version 2 oder neuer</translation>
         <translation>Ein Foto öffnen</translation>
     </message>
     <message>
-        <source>Drop it here, or choose a JPEG, PNG or TIFF file.</source>
-        <translation>Hierher ziehen oder eine JPEG-, PNG- oder TIFF-Datei wählen.</translation>
+        <source>Drop it here, or choose a file.</source>
+        <translation>Hierher ziehen oder eine Datei wählen.</translation>
     </message>
     <message>
         <source>Open…</source>

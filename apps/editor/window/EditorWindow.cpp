@@ -256,7 +256,10 @@ void EditorWindow::AskForPhoto()
 {
     const QStringList paths = QFileDialog::getOpenFileNames(
         this, tr("Open Photos"), m_settings.Get(FolderKey).toString(),
-        tr("Photos (*.jpg *.jpeg *.jpe *.png *.tif *.tiff);;All files (*)"));
+        tr("Photos (%1);;All files (*)")
+            .arg(QStringLiteral(
+                "*.jpg *.jpeg *.jpe *.png *.tif *.tiff *.webp *.heic *.heif *.avif *.dng "
+                "*.cr2 *.cr3 *.nef *.arw *.orf *.raf *.rw2 *.pef")));
     if (paths.isEmpty())
         return;
     m_settings.Set(FolderKey, QFileInfo(paths.first()).absolutePath());

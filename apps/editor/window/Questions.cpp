@@ -49,7 +49,7 @@ void ShowAbout(QWidget* parent)
 {
     AlertBox(AlertBox::Level::Information, Questions::tr("About Lumetra"),
              Questions::tr("Lumetra %1\nA photo editor built around presets.\n\nFree software:\n"
-                           "GNU General Public License, version 2 or later")
+                           "GNU General Public License,\nversion 2 or later")
                  .arg(QCoreApplication::applicationVersion()),
              QMessageBox::Ok, parent, Qt::WindowFlags())
         .Exec();

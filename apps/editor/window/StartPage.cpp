@@ -69,7 +69,7 @@ void StartPage::SetIcons(LumetraHost::PaletteKind kind)
 void StartPage::Translate()
 {
     m_title->setText(tr("Open a photo"));
-    m_hint->setText(tr("Drop it here, or choose a JPEG, PNG or TIFF file."));
+    m_hint->setText(tr("Drop it here, or choose a file."));
     m_open->setText(tr("Open…"));
     m_recentTitle->setText(tr("Opened lately"));
 }
