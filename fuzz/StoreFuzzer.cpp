@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// A damaged file of the user's own presets: it loads without an exception, a save keeps what was
+// loaded, and what could not be understood lies beside it.
+#include "EffectPresets/EffectPresetModel.h"
+#include "catalogue/CatalogueParser.h"
+#include "catalogue/UserStoreChecker.h"
+#include "core/PresetControllerFactory.h"
+#include "core/UserPresetStore.h"
+#include "engine/EffectKinds.h"
+#include "storage/JsonException.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+
+using LumetraHost::CatalogueParser;
+using LumetraHost::CatalogueReports;
+using LumetraHost::JsonDocument;
+using LumetraHost::UserStoreChecker;
+using LumetraPlugin::PresetControllerFactory;
+using LumetraPlugin::UserPresetStore;
+using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
+
+namespace {
+
+/// The store in a model, as a program has it.
+struct Program
+{
+    explicit Program(const QString& path) : store(path, factory)
+    {
+        CatalogueParser parser(PresetControllerFactory::GetKinds());
+        parser.Parse(model, store.Load());
+        store.Remember(model);
+    }
+
+    std::shared_ptr<PresetControllerFactory> factory =
+        std::make_shared<PresetControllerFactory>("fuzz");
+    EffectPresetModel model{factory};
+    UserPresetStore store;
+};
+
+void Clear(const QString& folder)
+{
+    const QDir dir(folder);
+    for (const QString& name : dir.entryList(QDir::Files | QDir::Hidden))
+        QFile::remove(dir.filePath(name));
+}
+
+void Check(const QByteArray& text)
+{
+    CatalogueReports reports;
+    try {
+        UserStoreChecker::Check(JsonDocument::Parse(text, "fuzz"),
+                                PresetControllerFactory::GetKinds(), reports);
+    } catch (const LumetraHost::JsonException&) {
+        return; // refused whole, with its place
+    }
+    for (const auto& report : reports.GetAll())
+        if (report.place.line == 0)
+            std::abort();
+}
+
+/// Removes the first preset and saves: the others stay.
+void RemoveFirst(const QString& path)
+{
+    Program program(path);
+    const QModelIndex group = program.model.index(0, 0);
+    const QStringList before = program.model.GetUserPresetNames();
+    if (program.store.IsReadOnly() || before.isEmpty())
+        return;
+    program.model.removeRow(0, group);
+    program.store.Save(program.model);
+    if (Program(path).model.GetUserPresetNames() != before.mid(1))
+        std::abort();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+    LumetraHost::RegisterEffects();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("presets.json"));
+    Clear(folder.path());
+    const QByteArray text(reinterpret_cast<const char*>(data), static_cast<int>(size));
+    {
+        QFile file(path);
+        file.open(QIODevice::WriteOnly);
+        file.write(text);
+    }
+    Check(text);
+    RemoveFirst(path);
+    return 0;
+}
