@@ -11,6 +11,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <cstdint>
@@ -42,6 +43,14 @@ struct Program
     EffectPresetModel model{factory};
     UserPresetStore store;
 };
+
+/// In memory where there is such a folder: every save waits for the disk otherwise.
+QString FolderTemplate()
+{
+    const QString memory = QStringLiteral("/dev/shm");
+    const bool isThere = QFileInfo(memory).isWritable();
+    return (isThere ? memory : QDir::tempPath()) + QStringLiteral("/fuzz_store-XXXXXX");
+}
 
 void Clear(const QString& folder)
 {
@@ -88,7 +97,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static const QTemporaryDir folder;
+    static const QTemporaryDir folder(FolderTemplate());
     const QString path = folder.filePath(QStringLiteral("presets.json"));
     Clear(folder.path());
     const QByteArray text(reinterpret_cast<const char*>(data), static_cast<int>(size));
