@@ -39,6 +39,20 @@ const std::map<std::string, const char*>& KnownNames()
     return names;
 }
 
+/// Only to be found by the translator's tool.
+[[maybe_unused]] constexpr const char* ShippedTitles[] = {
+    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Temperature"),
+    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Tint"),
+    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Colour"),
+    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Portrait"),
+    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Landscape"),
+    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Black and White"),
+    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Warm Moods"),
+    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Cool Moods"),
+    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Faded"),
+    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Film"),
+    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Cinematic")};
+
 bool IsMoved(const ConstEffectPtr& effect, const EffectParameter& parameter)
 {
     return effect->HasParameter(parameter.name) &&
@@ -79,7 +93,7 @@ QStringList SliderTitles(const PresetController& preset)
 {
     QStringList titles;
     for (const auto& slider : preset.GetSettings())
-        titles.append(QString::fromStdString(slider.Title()));
+        titles.append(EffectTexts::Translate(slider.Title()));
     return titles;
 }
 
@@ -89,6 +103,11 @@ QString EffectTexts::GetEffectName(const std::string& effectID)
 {
     const auto known = KnownNames().find(effectID);
     return known == KnownNames().end() ? QString::fromStdString(effectID) : tr(known->second);
+}
+
+QString EffectTexts::Translate(const std::string& title)
+{
+    return tr(title.c_str());
 }
 
 QString EffectTexts::GetToolTip(PresetController& preset)

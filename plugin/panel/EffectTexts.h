@@ -15,6 +15,9 @@ class EffectTexts
 public:
     /// "White balance"; the id itself for an effect that this program does not know by name.
     static QString GetEffectName(const std::string& effectID);
+    /// A group's name or a slider's title: those of the shipped catalogue in the user's language,
+    /// all others as they are.
+    static QString Translate(const std::string& title);
     /// The effects that change anything, in the order in which they are drawn, and the extra
     /// sliders; rich text.
     static QString GetToolTip(PresetController& preset);

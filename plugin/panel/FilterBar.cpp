@@ -3,10 +3,10 @@
 
 #include "panel/PanelIcons.h"
 
-#include <QAction>
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QToolButton>
 
@@ -14,6 +14,7 @@ namespace LumetraPlugin {
 namespace {
 
 constexpr int Gap = 8;
+constexpr int IconSize = 16;
 constexpr int KindCount = 4;
 
 } // namespace
@@ -28,7 +29,14 @@ FilterBar::FilterBar(QWidget* parent)
     m_search->setObjectName(QStringLiteral("searchField"));
     m_search->setClearButtonEnabled(true);
     m_search->installEventFilter(this);
-    m_searchIcon = m_search->addAction(QIcon(), QLineEdit::LeadingPosition);
+    // An action's icon does not stand in the middle of a field that a style sheet makes higher.
+    m_searchIcon = new QLabel(m_search);
+    m_searchIcon->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto* inside = new QHBoxLayout(m_search);
+    inside->setContentsMargins(Gap, 0, 0, 0);
+    inside->addWidget(m_searchIcon);
+    inside->addStretch();
+    m_search->setTextMargins(IconSize + Gap, 0, 0, 0);
     auto* searchRow = new QHBoxLayout;
     searchRow->setSpacing(Gap);
     searchRow->addWidget(m_search, 1);
@@ -94,7 +102,8 @@ void FilterBar::ShowTexts()
 {
     m_search->setPlaceholderText(tr("Search looks"));
     m_search->setAccessibleName(tr("Search looks"));
-    m_searchIcon->setIcon(PanelIcons::GetIcon(QStringLiteral("search"), palette()));
+    m_searchIcon->setPixmap(PanelIcons::GetPixmap(
+        QStringLiteral("search"), IconSize, palette().color(QPalette::Text), devicePixelRatioF()));
     m_import->setIcon(PanelIcons::GetIcon(QStringLiteral("import"), palette()));
     m_import->setToolTip(tr("Import looks: .cube, .3dl, CLF, CDL, HaldCLUT and preset files"));
     m_import->setAccessibleName(tr("Import looks"));

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-class QAction;
+class QLabel;
 class QLineEdit;
 class QToolButton;
 
@@ -39,7 +39,7 @@ private:
     void ShowTexts();
 
     QLineEdit* m_search;
-    QAction* m_searchIcon;
+    QLabel* m_searchIcon;
     QToolButton* m_import;
     std::vector<QToolButton*> m_kinds; // in the order of PresetFilter::Kind
 };

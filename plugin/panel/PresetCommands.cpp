@@ -10,6 +10,7 @@
 #include "core/PresetResource.h"
 #include "core/UserPresetStore.h"
 #include "panel/AppliedEdit.h"
+#include "panel/EffectTexts.h"
 #include "panel/RecentPresets.h"
 
 namespace LumetraPlugin {
@@ -144,7 +145,7 @@ void PresetCommands::ResetSlider(int position)
     SetSlider(position, defaults[position].Value());
     emit lookChanged(preset);
     emit valuesChanged();
-    FinishStep(tr("Reset \"%1\"").arg(QString::fromStdString(defaults[position].Title())));
+    FinishStep(tr("Reset \"%1\"").arg(EffectTexts::Translate(defaults[position].Title())));
 }
 
 /// The role puts values back and draws only where a slider had been moved; so the intensity that

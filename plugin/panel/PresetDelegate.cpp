@@ -106,7 +106,9 @@ void PresetDelegate::PaintPicture(QPainter& painter, const QRect& place,
 void PresetDelegate::PaintFrame(QPainter& painter, const QRect& place,
                                 const QStyleOptionViewItem& option, bool isApplied)
 {
-    const QColor accent = option.palette.color(GroupOf(option), QPalette::Highlight);
+    const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);
+    const QColor accent = isEnabled ? option.palette.color(QPalette::Active, QPalette::Highlight)
+                                    : option.palette.color(QPalette::Disabled, QPalette::Text);
     const bool isCurrent = option.state.testFlag(QStyle::State_HasFocus);
     const bool isUnderMouse = option.state.testFlag(QStyle::State_MouseOver);
     painter.setBrush(Qt::NoBrush);

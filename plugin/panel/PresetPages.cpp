@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "panel/PresetPages.h"
 
+#include "panel/EffectTexts.h"
 #include "panel/PanelIcons.h"
 #include "panel/PresetCommands.h"
 #include "panel/PresetFilter.h"
@@ -179,7 +180,9 @@ void PresetPages::ShowPageTexts(int page)
     const bool isUsers = group.data(PresetModel::PresetIdRole).toBool();
     // The library's own name of the user's group is not translated.
     const QString name =
-        isUsers ? tr("User presets") : group.data(PresetModel::PresetNameRole).toString();
+        isUsers ? tr("User presets")
+                : EffectTexts::Translate(
+                      group.data(PresetModel::PresetNameRole).toString().toStdString());
     const int count = presets.rowCount();
     m_box->setItemText(page, QString(name).replace(QLatin1Char('&'), QLatin1String("&&")));
     m_headers[page]->setAccessibleName(name);

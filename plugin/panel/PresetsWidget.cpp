@@ -24,7 +24,7 @@ namespace LumetraPlugin {
 namespace {
 
 constexpr int PagesWithKeys = 9;
-constexpr int SmallestWidth = 264;
+constexpr int SmallestWidth = 280;
 
 /// The files that hold looks, as far as their names tell.
 QStringList LooksOf(const QMimeData& data)

@@ -3,6 +3,7 @@
 
 #include "Zorvik/Lumetra/ClickSlider.h"
 #include "panel/AppliedEdit.h"
+#include "panel/EffectTexts.h"
 #include "panel/PanelIcons.h"
 #include "panel/PresetCommands.h"
 #include "panel/SliderRow.h"
@@ -129,7 +130,7 @@ SliderRow* TunePanel::MakeSlider(int position)
     connect(row, &SliderRow::finished, this, [this, position] {
         const auto sliders = SlidersOf(m_preset);
         if (position < static_cast<int>(sliders.size()))
-            OnSliderFinished(QString::fromStdString(sliders[position].Title()));
+            OnSliderFinished(EffectTexts::Translate(sliders[position].Title()));
     });
     connect(row, &SliderRow::resetRequested, this,
             [this, position] { m_commands.ResetSlider(position); });
@@ -171,7 +172,7 @@ void TunePanel::ReadValues()
         const QSignalBlocker blocker(&slider);
         slider.setRange(sliders[i].Min(), sliders[i].Max());
         slider.setValue(sliders[i].Value());
-        m_sliders[i]->SetName(QString::fromStdString(sliders[i].Title()));
+        m_sliders[i]->SetName(EffectTexts::Translate(sliders[i].Title()));
         m_sliders[i]->FollowSlider();
     }
 }
@@ -231,7 +232,7 @@ void TunePanel::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
-        ShowNames();
+        BindApplied();
     else if (event->type() == QEvent::PaletteChange)
         ShowIcons();
 }

@@ -16,6 +16,50 @@
 <context>
     <name>LumetraPlugin::EffectTexts</name>
     <message>
+        <source>Temperature</source>
+        <translation>Temperatur</translation>
+    </message>
+    <message>
+        <source>Tint</source>
+        <translation>Tönung</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Portrait</source>
+        <translation>Porträt</translation>
+    </message>
+    <message>
+        <source>Landscape</source>
+        <translation>Landschaft</translation>
+    </message>
+    <message>
+        <source>Black and White</source>
+        <translation>Schwarz-Weiß</translation>
+    </message>
+    <message>
+        <source>Warm Moods</source>
+        <translation>Warme Stimmungen</translation>
+    </message>
+    <message>
+        <source>Cool Moods</source>
+        <translation>Kühle Stimmungen</translation>
+    </message>
+    <message>
+        <source>Faded</source>
+        <translation>Verblasst</translation>
+    </message>
+    <message>
+        <source>Film</source>
+        <translation>Film</translation>
+    </message>
+    <message>
+        <source>Cinematic</source>
+        <translation>Kino</translation>
+    </message>
+    <message>
         <source>Exposure</source>
         <translation>Belichtung</translation>
     </message>
@@ -159,7 +203,7 @@
     </message>
     <message>
         <source>Apply &quot;%1&quot;</source>
-        <translation>„%1“ übernehmen</translation>
+        <translation>„%1“ anwenden</translation>
     </message>
     <message>
         <source>Discard the look</source>
@@ -311,7 +355,7 @@
     </message>
     <message>
         <source>Apply to the photo</source>
-        <translation>Ins Foto übernehmen</translation>
+        <translation>Auf das Foto anwenden</translation>
     </message>
     <message>
         <source>Discard the look</source>
@@ -369,7 +413,7 @@
     </message>
     <message>
         <source>Save as…</source>
-        <translation>Speichern …</translation>
+        <translation>Sichern …</translation>
     </message>
     <message>
         <source>Saves the look with these values as a preset of your own</source>
@@ -377,7 +421,7 @@
     </message>
     <message>
         <source>Apply</source>
-        <translation>Übernehmen</translation>
+        <translation>Anwenden</translation>
     </message>
     <message>
         <source>Makes the look part of the photo, so that the next comes on top</source>
