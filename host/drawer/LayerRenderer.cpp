@@ -2,6 +2,7 @@
 #include "drawer/LayerRenderer.h"
 
 #include "engine/Blend.h"
+#include "engine/bake/BakedRun.h"
 
 #include <algorithm>
 
@@ -52,6 +53,41 @@ Image LayerRenderer::Render(const std::vector<Layer>& layers, std::size_t count,
     }
     DropUnused(count);
     return picture;
+}
+
+Image LayerRenderer::RenderBaked(const std::vector<Layer>& layers, const CancelToken* cancel)
+{
+    if (m_source.IsNull() || m_source.GetDepth() != Image::Depth::Bits8)
+        return {};
+    std::size_t next = 0;
+    Image picture = m_source;
+    const std::size_t end = std::min(m_outputs.size(), layers.size());
+    for (std::size_t i = 0; i < end && m_outputs[i].layer == layers[i]; ++i)
+        if (!m_outputs[i].picture.IsNull()) {
+            picture = m_outputs[i].picture;
+            next = i + 1;
+        }
+    for (; next < layers.size() && !picture.IsNull(); ++next)
+        picture = BakeLayer(layers[next], picture, cancel);
+    return picture;
+}
+
+Image LayerRenderer::BakeLayer(const Layer& layer, const Image& below, const CancelToken* cancel)
+{
+    ThreadPool& pool = ThreadPool::GetShared();
+    const auto& settings = *layer.settings;
+    const auto baked = BakedRun::Make(settings.Effects(), GetDefaultIsa(), pool, cancel);
+    if (!baked)
+        return {};
+    Image target = TakeSpare();
+    if (target.IsNull())
+        target =
+            Image::AllocateUninitialised(below.GetWidth(), below.GetHeight(), below.GetDepth());
+    const int amount = layer.paintedBlend.value_or(settings.GetBlendAmount());
+    if (!baked->Run(below, target, amount, pool, cancel))
+        return {};
+    m_spares.Remember(target);
+    return target;
 }
 
 void LayerRenderer::MatchOutputs(const std::vector<Layer>& layers, std::size_t count)

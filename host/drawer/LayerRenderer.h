@@ -47,6 +47,11 @@ public:
     Image Render(const std::vector<Layer>& layers, std::size_t count,
                  const CancelToken* cancel = nullptr);
 
+    /// A quick picture of all the layers that is not exact: those that were not drawn yet come from
+    /// tables (see BakedRun). Null when one of them cannot be made a table of, and when it was
+    /// cancelled. Keeps nothing.
+    Image RenderBaked(const std::vector<Layer>& layers, const CancelToken* cancel = nullptr);
+
     /// How the changing layer is drawn; for interaction.
     const IncrementalRenderer& GetIncremental() const { return m_incremental; }
     /// How many layers have been drawn since the beginning; blends of finished pictures too.
@@ -74,6 +79,7 @@ private:
                          const Image& below, const RenderOptions& options);
     Image RenderBlend(std::size_t position, const Layer& layer, const Image& below,
                       const RenderOptions& options);
+    Image BakeLayer(const Layer& layer, const Image& below, const CancelToken* cancel);
     Image TakeSpare();
     void DropUnused(std::size_t count);
 

@@ -21,7 +21,8 @@ struct ViewRendering
 /// How a live view works.
 struct LiveViewOptions
 {
-    /// A full frame that is expected to take longer is preceded by a reduced one.
+    /// A full frame that is expected to take longer is preceded by a preview: all pixels from
+    /// tables where that is quick enough, else fewer pixels.
     std::chrono::nanoseconds reducedBeyond = std::chrono::milliseconds(25);
     /// Called before each rendering, on the thread that renders; empty: nobody is.
     std::function<void(const ViewRendering&)> onRendering;

@@ -32,7 +32,7 @@ struct ViewFrame
     Image picture;          ///< null without a photo, and when nothing of it is to be seen
     QRect part;             ///< of the photo, in its pixels
     quint64 serial = 0;     ///< counts upwards; a frame of the same serial is a better one
-    bool isReduced = false; ///< a first preview of fewer pixels, a full one follows
+    bool isReduced = false; ///< a first preview, of fewer pixels or not exact; a full one follows
     bool isOpaque = true;   ///< every alpha is full
 
     /// The picture without copying its pixels: RGBX8888 or RGBX64 when opaque, else RGBA8888 or

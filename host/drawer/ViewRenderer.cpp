@@ -64,6 +64,14 @@ Image ViewRenderer::Render(const PictureRecipe& recipe, const ViewGeometry& geom
     return m_layers.Render(recipe.layers, recipe.layers.size(), &cancel);
 }
 
+Image ViewRenderer::RenderBaked(const PictureRecipe& recipe, const ViewGeometry& geometry,
+                                const CancelToken& cancel)
+{
+    if (GetOriginal(recipe.photo, geometry).IsNull())
+        return {};
+    return m_layers.RenderBaked(recipe.layers, &cancel);
+}
+
 bool ViewRenderer::HasScaled(const Image& photo, const ViewGeometry& geometry) const
 {
     return m_geometry == geometry && m_photo.SharesPixelsWith(photo);

@@ -28,6 +28,11 @@ public:
     Image Render(const PictureRecipe& recipe, const ViewGeometry& geometry,
                  const CancelToken& cancel);
 
+    /// The same quickly and not exactly; null where that cannot be done, see
+    /// LayerRenderer::RenderBaked().
+    Image RenderBaked(const PictureRecipe& recipe, const ViewGeometry& geometry,
+                      const CancelToken& cancel);
+
     /// Whether the part of the last call is without transparency.
     bool IsOpaque() const { return m_isOpaque; }
     bool HasScaled(const Image& photo, const ViewGeometry& geometry) const;

@@ -11,6 +11,9 @@ using Clock = std::chrono::steady_clock;
 /// Nanoseconds per pixel, before anything was measured.
 constexpr double AssumedScaling = 30;
 constexpr double AssumedRendering = 30;
+constexpr double BakedDrawing = 4;
+/// Entries and probes of a table.
+constexpr double BakedColours = 40000;
 constexpr int MostHalvings = 2;
 /// Rendered pixels.
 constexpr int HaloStep = 32;
@@ -83,7 +86,7 @@ std::optional<ViewWorker::Queued> ViewWorker::TakeJob()
 void ViewWorker::Run(const Queued& queued)
 {
     try {
-        if (ChooseHalvings(queued.job) > 0 && (!RunStep(queued, true) || IsSuperseded()))
+        if (ChooseHalvings(queued.job) > 0 && (!RunPreview(queued) || IsSuperseded()))
             return;
         RunStep(queued, false);
     } catch (...) {
@@ -94,6 +97,20 @@ void ViewWorker::Run(const Queued& queued)
     }
 }
 
+bool ViewWorker::RunPreview(const Queued& queued)
+{
+    const ViewJob& job = queued.job;
+    if (!IsBakingQuick(job))
+        return RunStep(queued, true);
+    if (m_options.onRendering)
+        m_options.onRendering({job.serial, true, *queued.cancel});
+    const ViewGeometry geometry = MakeGeometry(job, false);
+    const Image picture = m_full.RenderBaked(job.recipe, geometry, *queued.cancel);
+    if (picture.IsNull() && !queued.cancel->IsCancelled())
+        return RunStep(queued, true);
+    return PostFrame(queued, picture, geometry, m_full, true);
+}
+
 bool ViewWorker::RunStep(const Queued& queued, bool isReduced)
 {
     const ViewJob& job = queued.job;
@@ -101,8 +118,15 @@ bool ViewWorker::RunStep(const Queued& queued, bool isReduced)
         m_options.onRendering({job.serial, isReduced, *queued.cancel});
     ViewRenderer& renderer = isReduced ? m_reduced : m_full;
     const ViewGeometry geometry = MakeGeometry(job, isReduced);
+    return PostFrame(queued, Render(queued, geometry, renderer), geometry, renderer, isReduced);
+}
+
+bool ViewWorker::PostFrame(const Queued& queued, const Image& picture, const ViewGeometry& geometry,
+                           ViewRenderer& renderer, bool isReduced)
+{
+    const ViewJob& job = queued.job;
     ViewResult result;
-    result.frame.picture = Render(queued, geometry, renderer);
+    result.frame.picture = picture;
     result.original = renderer.GetOriginal(job.recipe.photo, geometry);
     result.frame.part = geometry.part;
     result.frame.serial = job.serial;
@@ -158,6 +182,17 @@ int ViewWorker::ChooseHalvings(const ViewJob& job) const
         ++halvings;
     }
     return job.recipe.photo.IsNull() || job.geometry.part.isEmpty() ? 0 : halvings;
+}
+
+/// Whether tables make a preview of all pixels in time. Making one costs as much as rendering the
+/// colours that it holds.
+bool ViewWorker::IsBakingQuick(const ViewJob& job) const
+{
+    if (job.showsOriginal || !m_full.HasScaledPart(job.recipe.photo, job.geometry))
+        return false;
+    const double expected =
+        BakedColours * m_renderingTime + BakedDrawing * job.geometry.GetPixelCount();
+    return expected <= double(m_options.reducedBeyond.count());
 }
 
 bool ViewWorker::IsSuperseded()

@@ -70,8 +70,12 @@ private:
     void Work();
     std::optional<Queued> TakeJob();
     void Run(const Queued& queued);
+    bool RunPreview(const Queued& queued);
     bool RunStep(const Queued& queued, bool isReduced);
+    bool PostFrame(const Queued& queued, const Image& picture, const ViewGeometry& geometry,
+                   ViewRenderer& renderer, bool isReduced);
     Image Render(const Queued& queued, const ViewGeometry& geometry, ViewRenderer& renderer);
+    bool IsBakingQuick(const ViewJob& job) const;
     ViewGeometry MakeGeometry(const ViewJob& job, bool isReduced) const;
     int ChooseHalvings(const ViewJob& job) const;
     bool IsSuperseded();

@@ -4,6 +4,9 @@
 #include "drawer/ImagePool.h"
 #include "drawer/LayerRenderer.h"
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace LumetraHost {
 namespace {
 
@@ -115,6 +118,51 @@ TEST_F(Layers, thatWereCancelledAreDrawnByTheNextCall)
     cancel.Cancel();
     EXPECT_TRUE(m_layers.Render({m_a, m_b}, 2, &cancel).IsNull());
     EXPECT_EQ(Render({m_a, m_b}), 2u);
+}
+
+TEST_F(Layers, areDrawnFromTablesAboveWhatIsFinished)
+{
+    Render({m_a, m_b, m_c});
+    const Layer changed = MakeLayer(1.1);
+    const Image baked = m_layers.RenderBaked({m_a, m_b, changed});
+    const Image exact = DrawLayers({m_a, m_b, changed});
+    ASSERT_FALSE(baked.IsNull());
+    int largest = 0;
+    for (int y = 0; y < 60; ++y)
+        for (int x = 0; x < 90; ++x)
+            for (int channel = 0; channel < 4; ++channel)
+                largest = std::max(largest, std::abs(int(GetChannel(baked, x, y, channel)) -
+                                                     int(GetChannel(exact, x, y, channel))));
+    EXPECT_LE(largest, 2);
+    // Nothing of it is taken for the exact picture.
+    EXPECT_EQ(Render({m_a, m_b, changed}), 1u);
+}
+
+TEST_F(Layers, ofMoreThanColoursAreNotDrawnFromTables)
+{
+    const Layer vignette{std::make_shared<Zorvik::Quindle::EffectsSettings>(
+                             MakePackage("a", 0, {MakeEffect("vignette", {{"amount", -1}})})),
+                         std::nullopt};
+    EXPECT_TRUE(m_layers.RenderBaked({m_a, vignette}).IsNull());
+    Render({m_a, vignette});
+    EXPECT_FALSE(m_layers.RenderBaked({m_a, vignette, m_b}).IsNull());
+}
+
+TEST_F(Layers, forInteractionAreTheSame)
+{
+    LayerRenderer interactive(m_renderer, LayerUse::Interaction);
+    interactive.SetSource(m_photo);
+    Image shown;
+    const Layer panel = MakeLayer(0.9, 40);
+    const std::vector<std::vector<Layer>> states = {
+        {m_a, panel},          {m_a, {panel.settings, 30}}, {m_a, {panel.settings, 200}},
+        {m_a, panel, m_b},     {m_a, MakeLayer(0.8), m_b},  {m_a, MakeLayer(0.7), m_b},
+        {MakeLayer(0.1), m_b}, {MakeLayer(0.2), m_b},       {m_b},
+        {m_b, panel},          {m_b, {panel.settings, 99}}, {m_b, panel}};
+    for (const auto& layers : states) {
+        shown = interactive.Render(layers, layers.size());
+        EXPECT_TRUE(HaveSamePixels(shown, DrawLayers(layers)));
+    }
 }
 
 TEST_F(Layers, ofASourceThatIsNullAreNull)

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "engine/bake/BakedKernel.h"
+
+#include "engine/kernels/KernelMath.h"
+#include "engine/pixels/PackedPixel.h"
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+namespace LumetraHost {
+namespace {
+
+constexpr int ChunkPixels = 256;
+constexpr std::int32_t Cells = BakedCube::Size - 1;
+constexpr std::int32_t RedStride = BakedCube::Stride;
+constexpr std::int32_t GreenStride = RedStride * BakedCube::Size;
+constexpr std::int32_t BlueStride = GreenStride * BakedCube::Size;
+/// Rounding to the nearest, and from BakedCube::One * 255 to 255.
+constexpr std::int32_t Half = BakedCube::One / 2;
+constexpr int Shift = 14;
+static_assert(1 << Shift == BakedCube::One);
+
+/// Where the four corners of a pixel's tetrahedron lie, and their weights of 255 in pairs of 16
+/// bits.
+struct alignas(64) Corners
+{
+    std::int32_t first[ChunkPixels];
+    std::int32_t second[ChunkPixels];
+    std::int32_t third[ChunkPixels];
+    std::int32_t fourth[ChunkPixels];
+    std::int32_t weights12[ChunkPixels];
+    std::int32_t weights34[ChunkPixels];
+};
+
+/// value * 32 / 255, limited so that white lies at the end of the last cell. Exact for 0 to 255.
+LUMETRA_KERNEL_INLINE std::int32_t FindCell(std::int32_t value)
+{
+    return Smaller((value * (Cells * 257)) >> 16, Cells - 1);
+}
+
+/// The place within the cell, 0 to 255, above the axis' stride: sorts by the place.
+LUMETRA_KERNEL_INLINE std::int32_t MakeKey(std::int32_t value, std::int32_t cell,
+                                           std::int32_t stride)
+{
+    return (value * Cells - cell * 255) * 65536 + stride;
+}
+
+LUMETRA_KERNEL_INLINE void FindCorners(Corners& corners, const PackedPixel8* source, int count)
+{
+    LUMETRA_KERNEL_INDEPENDENT
+    for (int i = 0; i < count; ++i) {
+        const std::uint32_t pixel = source[i];
+        const auto red = static_cast<std::int32_t>(pixel >> GetChannelShift(0, 8) & 0xFF);
+        const auto green = static_cast<std::int32_t>(pixel >> GetChannelShift(1, 8) & 0xFF);
+        const auto blue = static_cast<std::int32_t>(pixel >> GetChannelShift(2, 8) & 0xFF);
+        const std::int32_t redCell = FindCell(red);
+        const std::int32_t greenCell = FindCell(green);
+        const std::int32_t blueCell = FindCell(blue);
+        const std::int32_t a = MakeKey(red, redCell, RedStride);
+        const std::int32_t b = MakeKey(green, greenCell, GreenStride);
+        const std::int32_t c = MakeKey(blue, blueCell, BlueStride);
+        const std::int32_t largest = Larger(Larger(a, b), c);
+        const std::int32_t smallest = Smaller(Smaller(a, b), c);
+        const std::int32_t middle = Larger(Smaller(a, b), Smaller(Larger(a, b), c));
+        const std::int32_t first =
+            redCell * RedStride + greenCell * GreenStride + blueCell * BlueStride;
+        const std::int32_t f1 = largest >> 16;
+        const std::int32_t f2 = middle >> 16;
+        const std::int32_t f3 = smallest >> 16;
+        corners.first[i] = first;
+        corners.second[i] = first + (largest & 0xFFFF);
+        corners.third[i] = first + (largest & 0xFFFF) + (middle & 0xFFFF);
+        corners.fourth[i] = first + RedStride + GreenStride + BlueStride;
+        corners.weights12[i] = (255 - f1) | (f1 - f2) << 16;
+        corners.weights34[i] = (f2 - f3) | f3 << 16;
+    }
+}
+
+#ifdef __SSE2__
+
+LUMETRA_KERNEL_INLINE __m128i LoadCorner(const std::int16_t* cube, std::int32_t offset)
+{
+    return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(cube + offset));
+}
+
+LUMETRA_KERNEL_INLINE __m128i Interpolate(const std::int16_t* cube, const Corners& corners, int i)
+{
+    const __m128i pair12 =
+        _mm_unpacklo_epi16(LoadCorner(cube, corners.first[i]), LoadCorner(cube, corners.second[i]));
+    const __m128i pair34 =
+        _mm_unpacklo_epi16(LoadCorner(cube, corners.third[i]), LoadCorner(cube, corners.fourth[i]));
+    const __m128i sum = _mm_add_epi32(_mm_madd_epi16(pair12, _mm_set1_epi32(corners.weights12[i])),
+                                      _mm_madd_epi16(pair34, _mm_set1_epi32(corners.weights34[i])));
+    return _mm_srai_epi32(_mm_add_epi32(sum, _mm_set1_epi32(Half)), Shift);
+}
+
+LUMETRA_KERNEL_INLINE void Store(const std::int16_t* cube, const Corners& corners,
+                                 const std::uint8_t* source, std::uint8_t* target, int count)
+{
+    const __m128i alpha = _mm_set1_epi32(static_cast<int>(0xFF000000u));
+    int i = 0;
+    for (; i + 4 <= count; i += 4) {
+        const __m128i low =
+            _mm_packs_epi32(Interpolate(cube, corners, i), Interpolate(cube, corners, i + 1));
+        const __m128i high =
+            _mm_packs_epi32(Interpolate(cube, corners, i + 2), Interpolate(cube, corners, i + 3));
+        const __m128i colours = _mm_packus_epi16(low, high);
+        const __m128i pixels = _mm_loadu_si128(reinterpret_cast<const __m128i*>(source + 4 * i));
+        _mm_storeu_si128(
+            reinterpret_cast<__m128i*>(target + 4 * i),
+            _mm_or_si128(_mm_andnot_si128(alpha, colours), _mm_and_si128(alpha, pixels)));
+    }
+    for (; i < count; ++i) {
+        const __m128i words = _mm_packs_epi32(Interpolate(cube, corners, i), _mm_setzero_si128());
+        const auto colour = static_cast<std::uint32_t>(
+            _mm_cvtsi128_si32(_mm_packus_epi16(words, _mm_setzero_si128())));
+        const std::uint32_t pixel = reinterpret_cast<const PackedPixel8*>(source)[i];
+        reinterpret_cast<PackedPixel8*>(target)[i] = (colour & 0x00FFFFFFu) | (pixel & 0xFF000000u);
+    }
+}
+
+#else
+
+LUMETRA_KERNEL_INLINE std::uint8_t Interpolate(const std::int16_t* cube, const Corners& corners,
+                                               int i)
+{
+    const std::int32_t sum = cube[corners.first[i]] * (corners.weights12[i] & 0xFFFF) +
+                             cube[corners.second[i]] * (corners.weights12[i] >> 16) +
+                             cube[corners.third[i]] * (corners.weights34[i] & 0xFFFF) +
+                             cube[corners.fourth[i]] * (corners.weights34[i] >> 16);
+    return static_cast<std::uint8_t>(Smaller(Larger((sum + Half) >> Shift, 0), 255));
+}
+
+LUMETRA_KERNEL_INLINE void Store(const std::int16_t* cube, const Corners& corners,
+                                 const std::uint8_t* source, std::uint8_t* target, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        for (int channel = 0; channel < 3; ++channel)
+            target[4 * i + channel] = Interpolate(cube + channel, corners, i);
+        target[4 * i + 3] = source[4 * i + 3];
+    }
+}
+
+#endif
+
+} // namespace
+
+template <Isa isa>
+void BakedKernel8<isa>::Run(const std::int16_t* cube, const std::uint8_t* source,
+                            std::uint8_t* target, int pixels)
+{
+    Corners corners;
+    for (int x = 0; x < pixels; x += ChunkPixels) {
+        const int count = Smaller(ChunkPixels, pixels - x);
+        FindCorners(corners, reinterpret_cast<const PackedPixel8*>(source + 4 * x), count);
+        Store(cube, corners, source + 4 * x, target + 4 * x, count);
+    }
+}
+
+template struct BakedKernel8<KernelIsa>;
+
+} // namespace LumetraHost

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/CancelToken.h"
+#include "engine/Isa.h"
+#include "engine/Stage.h"
+#include "engine/ThreadPool.h"
+
+#include "photo/Image.h"
+
+#include "Zorvik/Quindle/EffectsSettings.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace LumetraHost {
+
+/// A run of colour effects as one table of 33 x 33 x 33 colours: quick to draw with, whatever is in
+/// the run, and not exact. For pictures that are shown only until the exact ones are there.
+/// Immutable.
+///
+/// A table is made only where it serves: a probe of some 4,000 colours must come out within one
+/// step of 8 bits of the exact run. Runs that jump, and very steep ones, are refused.
+class BakedRun
+{
+public:
+    /// How far a probed colour may be off, in steps of 8 bits.
+    static constexpr long Tolerance = 1;
+
+    /// Null when the effects look at anything but the colour, when the probe fails, and when it was
+    /// cancelled.
+    static std::shared_ptr<const BakedRun> Make(const Zorvik::Quindle::EffectList& effects, Isa isa,
+                                                ThreadPool& pool,
+                                                const CancelToken* cancel = nullptr);
+    /// The same for stages, which must look at nothing but the colour.
+    static std::shared_ptr<const BakedRun> Make(const std::vector<StagePtr>& stages, Isa isa,
+                                                ThreadPool& pool,
+                                                const CancelToken* cancel = nullptr);
+
+    /// The table on a picture of 8 bits, then the integer blend with it, see Blend(). `target` has
+    /// its size and depth and is another picture. False when it was cancelled, and the target then
+    /// holds anything.
+    bool Run(const Image& source, Image& target, int blendAmount, ThreadPool& pool,
+             const CancelToken* cancel = nullptr) const;
+
+private:
+    explicit BakedRun(Isa isa);
+
+    Isa m_isa;
+    std::vector<std::int16_t> m_cube;
+};
+
+} // namespace LumetraHost
