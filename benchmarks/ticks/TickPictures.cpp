@@ -69,6 +69,22 @@ Zorvik::Quindle::EffectList GradingChain::MakeEffects() const
             MakeEffect("saturation", {{"amount", saturation}}), MakeEffect("liftGammaGain", cdl)};
 }
 
+GradingChain GradingChain::GetWeaker(double strength) const
+{
+    GradingChain weaker = *this;
+    weaker.stops *= strength;
+    weaker.temperature = 6500 + strength * (temperature - 6500);
+    weaker.tint *= strength;
+    weaker.contrast *= strength;
+    weaker.saturation *= strength;
+    for (int i = 0; i < 3; ++i) {
+        weaker.slope[i] = 1 + strength * (slope[i] - 1);
+        weaker.offset[i] *= strength;
+        weaker.power[i] = 1 + strength * (power[i] - 1);
+    }
+    return weaker;
+}
+
 double GetPsnr(const Image& first, const Image& second)
 {
     double sum = 0;

@@ -24,6 +24,8 @@ struct GradingChain
     double saturation = 15;
 
     Zorvik::Quindle::EffectList MakeEffects() const;
+    /// The same chain with less of every effect, 0 to 1.
+    GradingChain GetWeaker(double strength) const;
 };
 
 /// The peak signal-to-noise ratio of two 8-bit pictures of one size, colours only, in decibels.

@@ -54,16 +54,22 @@ void BakeLine(const StageChain& chain, int green, int blue, std::int16_t* line)
             line[red * BakedCube::Stride + channel] = Quantise(colours.values[channel][red]);
 }
 
-/// Colours of the probe, 16 rows of 256: a lattice that lies askew to the table's, so that places
-/// within cells of all kinds are met, the greys, and the darkest colours, where curves are steep.
+/// The finishing step of the hash MurmurHash3: neighbouring numbers give unrelated ones.
+std::uint32_t Mix(std::uint32_t value)
+{
+    value = (value ^ value >> 16) * 0x85EBCA6Bu;
+    value = (value ^ value >> 13) * 0xC2B2AE35u;
+    return value ^ value >> 16;
+}
+
+/// Colours of the probe, 16 rows of 256: the greys, dark colours, where curves are steep, and
+/// colours from everywhere, the same in every run.
 std::uint8_t GetProbe(int row, int i, int channel)
 {
     if (row == 0)
         return static_cast<std::uint8_t>(i);
-    const unsigned mixed =
-        (static_cast<unsigned>(row * TileColours + i) * 3u + static_cast<unsigned>(channel)) *
-        2654435761u;
-    const unsigned value = mixed >> 24;
+    const auto number = static_cast<std::uint32_t>((row * TileColours + i) * 3 + channel);
+    const std::uint32_t value = Mix(number) >> 24;
     return static_cast<std::uint8_t>(row == 1 ? value / 8 : value);
 }
 

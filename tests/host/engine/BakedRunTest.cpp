@@ -51,10 +51,9 @@ private:
 
 EffectList MakeChain()
 {
-    return {MakeEffect("exposure", {{"stops", 0.3}}),
-            MakeEffect("whiteBalance", {{"temperature", 5800}, {"tint", 5}}),
-            MakeEffect("contrast", {{"amount", 15}}), MakeEffect("saturation", {{"amount", 12}}),
-            MakeEffect("liftGammaGain", {{"slopeRed", 1.05}, {"offsetBlue", -0.01}})};
+    return {MakeEffect("exposure", {{"stops", 0.2}}), MakeEffect("contrast", {{"amount", 4}}),
+            MakeEffect("liftGammaGain",
+                       {{"slopeRed", 1.05}, {"offsetBlue", 0.01}, {"powerGreen", 1.03}})};
 }
 
 std::shared_ptr<const BakedRun> Bake(const EffectList& effects)
@@ -106,6 +105,13 @@ TEST(BakedRun, isCloseToTheExactRun)
         Compare(DrawWith(*baked, source), Renderer().Render(source, MakeSettings(MakeChain())));
     EXPECT_LE(difference.largest, 2);
     EXPECT_LE(difference.beyondOne, 0.001);
+}
+
+// Where colours leave the range that the picture can hold the encoding bends sharply.
+TEST(BakedRun, refusesWhatBendsWithinItsCells)
+{
+    EXPECT_FALSE(Bake(
+        {MakeEffect("contrast", {{"amount", 15}}), MakeEffect("saturation", {{"amount", 60}})}));
 }
 
 TEST(BakedRun, isExactWhereNothingChanges)
