@@ -2,6 +2,7 @@
 #include "panel/PresetFilter.h"
 
 #include "core/PresetModel.h"
+#include "panel/EffectTexts.h"
 #include "panel/RecentPresets.h"
 
 #include <algorithm>
@@ -38,8 +39,10 @@ bool PresetFilter::Accepts(const QModelIndex& preset) const
 {
     if (!IsOfKind(preset))
         return false;
-    const QString text = preset.data(PresetModel::PresetNameRole).toString() + QLatin1Char('\n') +
-                         preset.parent().data(PresetModel::PresetNameRole).toString();
+    const QString group = preset.parent().data(PresetModel::PresetNameRole).toString();
+    const QStringList names = {preset.data(PresetModel::PresetNameRole).toString(), group,
+                               EffectTexts::Translate(group.toStdString())};
+    const QString text = names.join(QLatin1Char('\n'));
     return std::all_of(m_words.begin(), m_words.end(), [&text](const QString& word) {
         return text.contains(word, Qt::CaseInsensitive);
     });
