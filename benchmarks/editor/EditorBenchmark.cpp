@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // How quick the editor answers: until its first window, while an intensity is dragged, and what
 // memory it takes. Real times, so another program's work is in them.
-#include "LoopWatch.h"
+#include "WatchedApplication.h"
 
 #include "canvas/CanvasFeed.h"
 #include "edit/Editor.h"
@@ -23,7 +23,7 @@
 
 namespace {
 
-using LumetraBenchmark::LoopWatch;
+using LumetraBenchmark::WatchedApplication;
 using LumetraHost::Image;
 
 constexpr int Ticks = 250, TickInterval = 8; // milliseconds, as a quick mouse reports
@@ -95,9 +95,8 @@ void ClickFirstLook(LumetraEditor::EditorWindow& window)
     }
 }
 
-void Drag(LumetraEditor::EditorWindow& window, const char* name)
+void Drag(WatchedApplication& application, LumetraEditor::EditorWindow& window, const char* name)
 {
-    LoopWatch watch;
     auto& slider = *window.findChild<QSlider*>(QStringLiteral("intensitySlider"));
     const auto place = [&slider](int tick) {
         const double share = 0.5 + 0.4 * std::sin(tick / 20.0);
@@ -117,15 +116,15 @@ void Drag(LumetraEditor::EditorWindow& window, const char* name)
     });
     Send(slider, QEvent::MouseButtonPress, place(0), Qt::LeftButton);
     Wait(200);
-    watch.Restart();
+    application.Restart();
     frames = 0;
     timer.start(TickInterval);
     loop.exec();
     timer.stop();
-    std::printf("drag at %-14s longest stretch %5.1f ms, 99 %% %5.1f ms, median %5.2f ms, "
-                "%3d frames in %.1f s\n",
-                name, watch.GetStretch(1), watch.GetStretch(0.99), watch.GetStretch(0.5), frames,
-                Ticks * TickInterval / 1000.0);
+    std::printf("drag at %-14s longest event %5.1f ms of work (%5.1f ms real), 99 %% %5.2f ms, "
+                "%d frames in %.1f s\n",
+                name, application.GetWork(1), application.GetReal(1), application.GetWork(0.99),
+                frames, Ticks * TickInterval / 1000.0);
     QObject::disconnect(counting);
     Send(slider, QEvent::MouseButtonRelease, place(Ticks), Qt::NoButton);
 }
@@ -136,7 +135,7 @@ int main(int argc, char** argv)
 {
     QElapsedTimer sinceStart;
     sinceStart.start();
-    QApplication application(argc, argv);
+    WatchedApplication application(argc, argv);
     const QTemporaryDir folder;
     qputenv("XDG_DATA_HOME", QFile::encodeName(folder.filePath(QStringLiteral("data"))));
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
@@ -161,7 +160,7 @@ int main(int argc, char** argv)
         Open(editor, window, WritePhoto(folder, photo.width, photo.height));
         std::printf("open    %-14s %5.0f MB\n", photo.name, Memory("VmRSS"));
         ClickFirstLook(window);
-        Drag(window, photo.name);
+        Drag(application, window, photo.name);
         std::printf("edited  %-14s %5.0f MB, at most so far %5.0f MB\n", photo.name,
                     Memory("VmRSS"), Memory("VmHWM"));
         std::fflush(stdout);
