@@ -265,11 +265,23 @@ void CheckedNode::Error(const std::exception& exception) const
 {
     const auto* json = dynamic_cast<const JsonException*>(&exception);
     if (!json || json->GetPlace().line == 0)
-        return Error(FirstLine(exception.what()));
+        return ErrorWithin(FirstLine(exception.what()));
     std::string path = json->GetDescription();
     path.resize(path.size() - std::min(path.size(), json->GetMessage().size() + 2));
     path.erase(0, std::min(path.size(), m_state->GetFile().size() + 1));
     Report(Severity::Error, json->GetPlace(), path, json->GetMessage());
+}
+
+/// A message may begin with a place below this node, "file/path/key: ".
+void CheckedNode::ErrorWithin(const std::string& message) const
+{
+    const std::string file = m_state->GetFile() + "/";
+    const std::size_t colon = message.find(": ", file.size());
+    if (message.compare(0, file.size() + GetPath().size(), file + GetPath()) != 0 ||
+        colon == std::string::npos)
+        return Error(message);
+    Report(Severity::Error, GetPlace(), message.substr(file.size(), colon - file.size()),
+           message.substr(colon + 2));
 }
 
 void CheckedNode::NoteUnknownKeys(std::initializer_list<std::string_view> known) const

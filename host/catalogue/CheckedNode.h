@@ -63,6 +63,7 @@ private:
     std::string PathOf(std::string_view key) const;
     void AddElement(std::vector<CheckedNode>& nodes, const JsonValue& value, State state) const;
     void ReportAt(Severity severity, std::string_view key, const std::string& message) const;
+    void ErrorWithin(const std::string& message) const;
     void Report(Severity severity, const JsonPlace& place, const std::string& path,
                 const std::string& message) const;
     JsonPlace PlaceOf(const JsonValue& value) const;

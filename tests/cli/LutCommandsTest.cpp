@@ -212,3 +212,18 @@ TEST_F(CliTest, checksLutFilesBesideCatalogues)
               "to 1728 pixels, found 48 x 32\n");
     EXPECT_EQ(RunPlain({Text("check"), Text("swap.cube")}).code, 0);
 }
+
+TEST_F(CliTest, checksTheTablesThatPresetsBringAlong)
+{
+    WriteFile("tables.json",
+              R"({"format": "lumetra-catalogue", "version": 1, "groups": [{"name": "G", "items": [
+        {"name": "Cut", "id": "cut", "settings": {"effects": [
+            {"effect": {"id": "lut3d", "strength": 50, "cube": {"size": 2, "data": "AAAA"}}}]}}]}]})");
+
+    const CliResult result = RunPlain({Text("check"), Text("tables.json")});
+
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.output,
+              "tables.json:3:24: error: groups[0]/items[0]/settings/effects[0]/effect/cube/data: "
+              "expected 64 characters of base64, found 4\n");
+}
