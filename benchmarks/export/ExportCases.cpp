@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "ExportCases.h"
+
+#include "PipelinedCodec.h"
+
+#include "Zorvik/Quindle/EffectSettingsImpl.h"
+#include "engine/EffectKinds.h"
+#include "engine/Renderer.h"
+#include "engine/Resize.h"
+#include "exporting/PhotoExport.h"
+#include "photo/PhotoReader.h"
+
+#include <algorithm>
+#include <atomic>
+#include <functional>
+#include <future>
+#include <map>
+#include <utility>
+
+namespace LumetraBench {
+namespace {
+
+using namespace LumetraHost;
+using Zorvik::Quindle::EffectPtr;
+using Zorvik::Quindle::EffectsSettings;
+using Packages = std::vector<EffectsSettings>;
+
+constexpr int ThumbnailSide = 256;
+constexpr int Thumbnails = 60;
+
+EffectPtr MakeEffect(const char* id, const std::map<std::string, double>& parameters)
+{
+    const EffectPtr effect = Zorvik::Quindle::EffectSettingsImpl::Create(id);
+    for (const auto& [name, value] : parameters)
+        effect->SetParameter(name, value);
+    return effect;
+}
+
+/// The chain that PeerCommands repeats.
+EffectsSettings MakeColours(double stops)
+{
+    EffectsSettings settings(1);
+    settings.Effects() = {
+        MakeEffect("exposure", {{"stops", stops}}),
+        MakeEffect("whiteBalance", {{"temperature", 7000}}),
+        MakeEffect("contrast", {{"amount", 20}}),
+        MakeEffect("saturation", {{"amount", 20}}),
+        MakeEffect("liftGammaGain",
+                   {{"slopeRed", 1.05}, {"offsetBlue", 0.02}, {"powerGreen", 0.95}}),
+    };
+    return settings;
+}
+
+EffectsSettings MakeNeighbours()
+{
+    EffectsSettings settings(1);
+    settings.Effects() = {
+        MakeEffect("clarity", {{"amount", 40}}), MakeEffect("sharpen", {{"amount", 80}}),
+        MakeEffect("vignette", {{"amount", -1}}), MakeEffect("grain", {{"amount", 25}})};
+    return settings;
+}
+
+void Export(const QStringList& files, const Packages& packages, bool isStreamed = true,
+            int threads = 0)
+{
+    PhotoExport::Options options;
+    options.isStreamed = isStreamed;
+    options.threads = threads;
+    PhotoExport().Run(files[0], files[1], packages, options);
+}
+
+/// As lumetra-presets does it: a thread for each of several photos.
+void ExportEach(const QStringList& files, const Packages& packages)
+{
+    std::atomic<int> next{0};
+    const auto work = [&] {
+        for (int i = next++; 2 * i + 1 < files.size(); i = next++)
+            Export(files.mid(2 * i, 2), packages, true, 1);
+    };
+    std::vector<std::future<void>> threads;
+    for (int i = 0; i < ThreadPool::GetShared().GetThreadCount(); ++i)
+        threads.push_back(std::async(std::launch::async, work));
+    for (auto& thread : threads)
+        thread.get();
+}
+
+void MakeThumbnails(const QStringList& files)
+{
+    const Image photo =
+        PhotoReader::DecodeReduced(PhotoReader::ReadContent(files[0]), "photo", ThumbnailSide)
+            .image;
+    const double scale = double(ThumbnailSide) / std::max(photo.GetWidth(), photo.GetHeight());
+    const Image small =
+        Resize(photo, {0, 0, photo.GetWidth(), photo.GetHeight()}, int(photo.GetWidth() * scale),
+               int(photo.GetHeight() * scale), ResizeQuality::Fine);
+    const Renderer renderer;
+    for (int i = 0; i < Thumbnails; ++i)
+        renderer.Render(small, MakeColours(0.02 * i));
+}
+
+void RunCodecEach(const QStringList& files)
+{
+    for (int i = 0; i + 1 < files.size(); i += 2)
+        RunPipelinedCodec(files[i], files[i + 1]);
+}
+
+} // namespace
+
+bool RunCase(const std::string& name, const QStringList& files)
+{
+    RegisterEffects();
+    const std::map<std::string, std::function<void()>> cases = {
+        {"idle", [] { ThreadPool::GetShared(); }},
+        {"codec", [&] { RunPipelinedCodec(files[0], files[1]); }},
+        {"codec-each", [&] { RunCodecEach(files); }},
+        {"decode-eighth", [&] { RunReducedDecode(files[0], ThumbnailSide); }},
+        {"thumbnails", [&] { MakeThumbnails(files); }},
+        {"colour", [&] { Export(files, {MakeColours(0.4)}); }},
+        {"colour-each", [&] { ExportEach(files, {MakeColours(0.4)}); }},
+        {"spatial", [&] { Export(files, {MakeNeighbours()}); }},
+        {"whole", [&] { Export(files, {MakeColours(0.4)}, false); }}};
+    const auto found = cases.find(name);
+    if (found == cases.end())
+        return false;
+    found->second();
+    return true;
+}
+
+} // namespace LumetraBench

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QStringList>
+
+#include <string>
+
+namespace LumetraBench {
+
+/// Carries out one case, in a process of its own: "idle", "codec", "codec-each", "decode-eighth",
+/// "thumbnails", "colour", "colour-each", "spatial", "whole". `files`: source and target, with
+/// "-each" pairs of them. False for an unknown name.
+bool RunCase(const std::string& name, const QStringList& files);
+
+} // namespace LumetraBench

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <string>
+#include <vector>
+
+namespace LumetraBench {
+
+/// Another program that can do a similar job.
+struct Peer
+{
+    std::string name;
+    std::string program;
+    std::vector<std::string> words; ///< the whole command line
+    std::string remark;             ///< how its chain differs from ours
+};
+
+/// The commands that put the five colour effects of our case on a photo, as far as each program has
+/// them. `folder` takes what they need beside.
+std::vector<Peer> MakePeers(const QString& source, const QString& folder);
+/// Where the peer's command writes.
+QString GetPeerOutput(const Peer& peer, const QString& folder);
+
+} // namespace LumetraBench
