@@ -59,13 +59,6 @@ EffectPtr MakeEffect(const char* id, std::vector<std::pair<const char*, double>>
     return effect;
 }
 
-EffectPtr MakeTable()
-{
-    RegisterEffects();
-    const auto cube = LookUpTable::MakeIdentity(LookUpTable::Kind::Cube, 33, {0, 0, 0}, {1, 1, 1});
-    return Lut3dSettings::Create(nullptr, &cube);
-}
-
 EffectList MakeGradingChain()
 {
     return {MakeEffect("exposure", {{"stops", 0.4}}),
@@ -84,6 +77,13 @@ void Register(const std::string& name, int threads, std::function<void(benchmark
 }
 
 namespace {
+
+EffectPtr MakeTable()
+{
+    RegisterEffects();
+    const auto cube = LookUpTable::MakeIdentity(LookUpTable::Kind::Cube, 33, {0, 0, 0}, {1, 1, 1});
+    return Lut3dSettings::Create(nullptr, &cube);
+}
 
 void Copy(const Image& source, Image& target)
 {
