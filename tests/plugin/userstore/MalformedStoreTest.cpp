@@ -260,6 +260,8 @@ std::vector<Case> FlippedBits()
 class MalformedStoreTest : public testing::Test
 {
 protected:
+    MalformedStoreTest() { RegisterTone(); }
+
     QString Path() const { return m_folder.filePath(QStringLiteral("presets.json")); }
 
     void Reset(const QByteArray& content)

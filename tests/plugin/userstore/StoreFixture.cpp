@@ -24,12 +24,12 @@ constexpr char Catalogue[] = R"({
         "variables": [{"effectID": "tone", "setting": "gain", "begin": 0, "end": 2}]}}},
     {"name": "Plain", "id": "looks.plain"}]})";
 
+} // namespace
+
 void RegisterTone()
 {
     Zorvik::Quindle::EffectRegistry::Register({"tone", {{"gain", 0, 2, 1, ""}}, nullptr});
 }
-
-} // namespace
 
 StoreProgram::StoreProgram(const QString& path)
     : m_factory(std::make_shared<LumetraPlugin::PresetControllerFactory>("looks")),
