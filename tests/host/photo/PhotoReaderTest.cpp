@@ -238,7 +238,8 @@ TEST_F(PhotoReaderTest, emptyAndForeignContentIsTold)
     WriteFile(PathOf("text.jpg"), ToBytes("Dear diary, this is no photo."));
 
     EXPECT_THAT(ErrorOfReading("empty.jpg"), HasSubstr("the file is empty"));
-    EXPECT_THAT(ErrorOfReading("text.jpg"), HasSubstr("expected a JPEG, PNG, TIFF, WebP, HEIC or raw picture"));
+    EXPECT_THAT(ErrorOfReading("text.jpg"),
+                HasSubstr("expected a JPEG, PNG, TIFF, WebP, HEIC or raw picture"));
 }
 
 TEST_F(PhotoReaderTest, contentCountsAndNotTheName)
