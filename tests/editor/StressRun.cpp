@@ -25,6 +25,7 @@
 #include <QToolButton>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -289,18 +290,26 @@ bool StressRun::CheckCanvas()
     Settle();
     const auto& frame = m_window->GetCanvas().GetFrame(LumetraEditor::PhotoCanvas::Layer::Edited);
     const Image result = m_editor->GetHost().GetDrawer().Result();
-    bool isSame = !frame.image.isNull();
-    for (int y = 0; isSame && y < frame.image.height(); ++y) {
+    int largest = frame.image.isNull() ? 255 : 0;
+    QPoint worst;
+    for (int y = 0; y < frame.image.height(); ++y) {
         const auto* const shown = reinterpret_cast<const QRgb*>(frame.image.constScanLine(y));
-        for (int x = 0; isSame && x < frame.image.width(); ++x) {
+        for (int x = 0; x < frame.image.width(); ++x) {
             const std::uint8_t* const pixel =
                 result.Row(frame.part.y() + y) + Image::Channels * (frame.part.x() + x);
-            isSame = std::abs(qRed(shown[x]) - pixel[0]) <= 1 &&
-                     std::abs(qGreen(shown[x]) - pixel[1]) <= 1 &&
-                     std::abs(qBlue(shown[x]) - pixel[2]) <= 1;
+            const int difference = std::max({std::abs(qRed(shown[x]) - pixel[0]),
+                                             std::abs(qGreen(shown[x]) - pixel[1]),
+                                             std::abs(qBlue(shown[x]) - pixel[2])});
+            if (difference > largest) {
+                largest = difference;
+                worst = QPoint(x, y);
+            }
         }
     }
-    return Check("the canvas shows what the drawer makes", isSame);
+    if (largest > 1)
+        std::fprintf(stderr, "%d steps apart at %d, %d of the view\n", largest, worst.x(),
+                     worst.y());
+    return Check("the canvas shows what the drawer makes", largest <= 1);
 }
 
 bool StressRun::CheckUndo()
