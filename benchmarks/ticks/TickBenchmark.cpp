@@ -244,14 +244,14 @@ private:
         ThreadPool& pool = ThreadPool::GetShared();
         while (!m_baked && m_bakedStrength > 0.01) {
             m_baked = BakedRun::Make(m_chain.GetWeaker(m_bakedStrength).MakeEffects(),
-                                     GetDefaultIsa(), pool);
+                                     BakedRun::DragPoints, GetDefaultIsa(), pool);
             m_bakedStrength *= m_baked ? 1 : 0.5;
         }
         if (!m_baked)
             throw std::runtime_error("no chain can be baked");
         const auto effects = m_chain.GetWeaker(m_bakedStrength).MakeEffects();
         m_runs.Add("chain, table made and drawn", [this, effects, &pool] {
-            BakedRun::Make(effects, GetDefaultIsa(), pool)
+            BakedRun::Make(effects, BakedRun::DragPoints, GetDefaultIsa(), pool)
                 ->Run(m_photo, m_target, FullEffect, pool);
         });
         m_runs.Add("chain, table drawn",

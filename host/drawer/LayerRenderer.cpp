@@ -76,7 +76,8 @@ Image LayerRenderer::BakeLayer(const Layer& layer, const Image& below, const Can
 {
     ThreadPool& pool = ThreadPool::GetShared();
     const auto& settings = *layer.settings;
-    const auto baked = BakedRun::Make(settings.Effects(), GetDefaultIsa(), pool, cancel);
+    const auto baked =
+        BakedRun::Make(settings.Effects(), BakedRun::DragPoints, GetDefaultIsa(), pool, cancel);
     if (!baked)
         return {};
     Image target = TakeSpare();

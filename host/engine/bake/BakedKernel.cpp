@@ -12,14 +12,21 @@ namespace LumetraHost {
 namespace {
 
 constexpr int ChunkPixels = 256;
-constexpr std::int32_t Cells = BakedCube::Size - 1;
-constexpr std::int32_t RedStride = BakedCube::Stride;
-constexpr std::int32_t GreenStride = RedStride * BakedCube::Size;
-constexpr std::int32_t BlueStride = GreenStride * BakedCube::Size;
 /// Rounding to the nearest, and from BakedCube::One * 255 to 255.
 constexpr std::int32_t Half = BakedCube::One / 2;
 constexpr int Shift = 14;
 static_assert(1 << Shift == BakedCube::One);
+
+/// Cells along an axis, and how far apart the entries of neighbours are.
+template <int points>
+struct Lattice
+{
+    static constexpr std::int32_t Cells = points - 1;
+    static constexpr std::int32_t RedStride = BakedCube::Stride;
+    static constexpr std::int32_t GreenStride = RedStride * points;
+    static constexpr std::int32_t BlueStride = GreenStride * points;
+    static_assert(RedStride + GreenStride + BlueStride < 1 << 15);
+};
 
 /// Where the four corners of a pixel's tetrahedron lie, and their weights of 255 in pairs of 16
 /// bits.
@@ -33,45 +40,49 @@ struct alignas(64) Corners
     std::int32_t weights34[ChunkPixels];
 };
 
-/// value * 32 / 255, limited so that white lies at the end of the last cell. Exact for 0 to 255.
-LUMETRA_KERNEL_INLINE std::int32_t FindCell(std::int32_t value)
+/// value * cells / 255, limited so that white lies at the end of the last cell. Exact for 0 to 255
+/// and up to 64 cells.
+LUMETRA_KERNEL_INLINE std::int32_t FindCell(std::int32_t value, std::int32_t cells)
 {
-    return Smaller((value * (Cells * 257)) >> 16, Cells - 1);
+    return Smaller((value * (cells * 257)) >> 16, cells - 1);
 }
 
 /// The place within the cell, 0 to 255, above the axis' stride: sorts by the place.
+template <int points>
 LUMETRA_KERNEL_INLINE std::int32_t MakeKey(std::int32_t value, std::int32_t cell,
                                            std::int32_t stride)
 {
-    return (value * Cells - cell * 255) * 65536 + stride;
+    return (value * Lattice<points>::Cells - cell * 255) * 65536 + stride;
 }
 
+template <int points>
 LUMETRA_KERNEL_INLINE void FindCorners(Corners& corners, const PackedPixel8* source, int count)
 {
+    using L = Lattice<points>;
     LUMETRA_KERNEL_INDEPENDENT
     for (int i = 0; i < count; ++i) {
         const std::uint32_t pixel = source[i];
         const auto red = static_cast<std::int32_t>(pixel >> GetChannelShift(0, 8) & 0xFF);
         const auto green = static_cast<std::int32_t>(pixel >> GetChannelShift(1, 8) & 0xFF);
         const auto blue = static_cast<std::int32_t>(pixel >> GetChannelShift(2, 8) & 0xFF);
-        const std::int32_t redCell = FindCell(red);
-        const std::int32_t greenCell = FindCell(green);
-        const std::int32_t blueCell = FindCell(blue);
-        const std::int32_t a = MakeKey(red, redCell, RedStride);
-        const std::int32_t b = MakeKey(green, greenCell, GreenStride);
-        const std::int32_t c = MakeKey(blue, blueCell, BlueStride);
+        const std::int32_t redCell = FindCell(red, L::Cells);
+        const std::int32_t greenCell = FindCell(green, L::Cells);
+        const std::int32_t blueCell = FindCell(blue, L::Cells);
+        const std::int32_t a = MakeKey<points>(red, redCell, L::RedStride);
+        const std::int32_t b = MakeKey<points>(green, greenCell, L::GreenStride);
+        const std::int32_t c = MakeKey<points>(blue, blueCell, L::BlueStride);
         const std::int32_t largest = Larger(Larger(a, b), c);
         const std::int32_t smallest = Smaller(Smaller(a, b), c);
         const std::int32_t middle = Larger(Smaller(a, b), Smaller(Larger(a, b), c));
         const std::int32_t first =
-            redCell * RedStride + greenCell * GreenStride + blueCell * BlueStride;
+            redCell * L::RedStride + greenCell * L::GreenStride + blueCell * L::BlueStride;
         const std::int32_t f1 = largest >> 16;
         const std::int32_t f2 = middle >> 16;
         const std::int32_t f3 = smallest >> 16;
         corners.first[i] = first;
         corners.second[i] = first + (largest & 0xFFFF);
         corners.third[i] = first + (largest & 0xFFFF) + (middle & 0xFFFF);
-        corners.fourth[i] = first + RedStride + GreenStride + BlueStride;
+        corners.fourth[i] = first + L::RedStride + L::GreenStride + L::BlueStride;
         corners.weights12[i] = (255 - f1) | (f1 - f2) << 16;
         corners.weights34[i] = (f2 - f3) | f3 << 16;
     }
@@ -144,18 +155,28 @@ LUMETRA_KERNEL_INLINE void Store(const std::int16_t* cube, const Corners& corner
 
 #endif
 
-} // namespace
-
-template <Isa isa>
-void BakedKernel8<isa>::Run(const std::int16_t* cube, const std::uint8_t* source,
-                            std::uint8_t* target, int pixels)
+template <int points>
+LUMETRA_KERNEL_INLINE void RunLattice(const std::int16_t* cube, const std::uint8_t* source,
+                                      std::uint8_t* target, int pixels)
 {
     Corners corners;
     for (int x = 0; x < pixels; x += ChunkPixels) {
         const int count = Smaller(ChunkPixels, pixels - x);
-        FindCorners(corners, reinterpret_cast<const PackedPixel8*>(source + 4 * x), count);
+        FindCorners<points>(corners, reinterpret_cast<const PackedPixel8*>(source + 4 * x), count);
         Store(cube, corners, source + 4 * x, target + 4 * x, count);
     }
+}
+
+} // namespace
+
+template <Isa isa>
+void BakedKernel8<isa>::Run(const std::int16_t* cube, int points, const std::uint8_t* source,
+                            std::uint8_t* target, int pixels)
+{
+    if (points == BakedCube::CoarsePoints)
+        RunLattice<BakedCube::CoarsePoints>(cube, source, target, pixels);
+    else
+        RunLattice<BakedCube::FinePoints>(cube, source, target, pixels);
 }
 
 template struct BakedKernel8<KernelIsa>;

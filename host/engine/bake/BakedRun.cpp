@@ -18,7 +18,6 @@ namespace LumetraHost {
 namespace {
 
 constexpr int BandRows = 32;
-constexpr int Size = BakedCube::Size;
 /// One row of tables or probes.
 constexpr int TileColours = 256;
 
@@ -40,16 +39,16 @@ std::int16_t Quantise(float value)
 }
 
 /// One line of the cube: green and blue are the same.
-void BakeLine(const StageChain& chain, int green, int blue, std::int16_t* line)
+void BakeLine(const StageChain& chain, int points, int green, int blue, std::int16_t* line)
 {
     ColourTile colours;
-    for (int red = 0; red < Size; ++red) {
-        colours.values[0][red] = static_cast<float>(red) / (Size - 1);
-        colours.values[1][red] = static_cast<float>(green) / (Size - 1);
-        colours.values[2][red] = static_cast<float>(blue) / (Size - 1);
+    for (int red = 0; red < points; ++red) {
+        colours.values[0][red] = static_cast<float>(red) / (points - 1);
+        colours.values[1][red] = static_cast<float>(green) / (points - 1);
+        colours.values[2][red] = static_cast<float>(blue) / (points - 1);
     }
-    chain.Run(colours.GetTile(Size));
-    for (int red = 0; red < Size; ++red)
+    chain.Run(colours.GetTile(points));
+    for (int red = 0; red < points; ++red)
         for (int channel = 0; channel < 3; ++channel)
             line[red * BakedCube::Stride + channel] = Quantise(colours.values[channel][red]);
 }
@@ -82,7 +81,7 @@ bool IsClose(float exact, std::uint8_t baked)
 }
 
 /// Whether one row of the probe comes out as the exact run has it.
-bool ProbeRow(const StageChain& chain, const std::int16_t* cube, Isa isa, int row)
+bool ProbeRow(const StageChain& chain, const std::int16_t* cube, int points, Isa isa, int row)
 {
     alignas(64) std::uint8_t pixels[Image::Channels * TileColours];
     ColourTile colours;
@@ -94,7 +93,7 @@ bool ProbeRow(const StageChain& chain, const std::int16_t* cube, Isa isa, int ro
         }
     }
     chain.Run(colours.GetTile(TileColours));
-    SelectKernel<BakedKernel8>(isa)(cube, pixels, pixels, TileColours);
+    SelectKernel<BakedKernel8>(isa)(cube, points, pixels, pixels, TileColours);
     for (int i = 0; i < TileColours; ++i)
         for (int channel = 0; channel < 3; ++channel)
             if (!IsClose(colours.values[channel][i], pixels[4 * i + channel]))
@@ -112,32 +111,37 @@ bool AreOfColourOnly(const Zorvik::Quindle::EffectList& effects)
 
 } // namespace
 
-BakedRun::BakedRun(Isa isa) : m_isa(isa), m_cube(BakedCube::Values) {}
+BakedRun::BakedRun(Isa isa, int points)
+    : m_isa(isa), m_points(points), m_cube(BakedCube::CountValues(points))
+{
+}
 
-std::shared_ptr<const BakedRun> BakedRun::Make(const Zorvik::Quindle::EffectList& effects, Isa isa,
-                                               ThreadPool& pool, const CancelToken* cancel)
+std::shared_ptr<const BakedRun> BakedRun::Make(const Zorvik::Quindle::EffectList& effects,
+                                               int points, Isa isa, ThreadPool& pool,
+                                               const CancelToken* cancel)
 {
     if (!AreOfColourOnly(effects))
         return nullptr;
     const RenderPlan plan(effects, {LimitToSupported(isa), PictureArea::Whole(1, 1)});
-    return Make(plan.GetFirstStages(), isa, pool, cancel);
+    return Make(plan.GetFirstStages(), points, isa, pool, cancel);
 }
 
-std::shared_ptr<const BakedRun> BakedRun::Make(const std::vector<StagePtr>& stages, Isa isa,
-                                               ThreadPool& pool, const CancelToken* cancel)
+std::shared_ptr<const BakedRun> BakedRun::Make(const std::vector<StagePtr>& stages, int points,
+                                               Isa isa, ThreadPool& pool, const CancelToken* cancel)
 {
     const Isa supported = LimitToSupported(isa);
     const StageChain chain(stages, supported, ColourSpace::Encoded, ColourSpace::Encoded);
-    const std::shared_ptr<BakedRun> baked(new BakedRun(supported));
+    const std::shared_ptr<BakedRun> baked(new BakedRun(supported, points));
     std::int16_t* const cube = baked->m_cube.data();
     const auto isCancelled = [cancel] { return cancel && cancel->IsCancelled(); };
-    pool.ForEach(Size, 0, [&](int blue) {
-        for (int green = 0; green < Size && !isCancelled(); ++green)
-            BakeLine(chain, green, blue, cube + (blue * Size + green) * Size * BakedCube::Stride);
+    pool.ForEach(points, 0, [&](int blue) {
+        for (int green = 0; green < points && !isCancelled(); ++green)
+            BakeLine(chain, points, green, blue,
+                     cube + (blue * points + green) * points * BakedCube::Stride);
     });
     std::atomic<bool> isGood{!isCancelled()};
     pool.ForEach(ProbeRows, 0, [&](int row) {
-        if (isGood && !ProbeRow(chain, cube, supported, row))
+        if (isGood && !ProbeRow(chain, cube, points, supported, row))
             isGood = false;
     });
     return isGood ? baked : nullptr;
@@ -146,21 +150,24 @@ std::shared_ptr<const BakedRun> BakedRun::Make(const std::vector<StagePtr>& stag
 bool BakedRun::Run(const Image& source, Image& target, int blendAmount, ThreadPool& pool,
                    const CancelToken* cancel) const
 {
-    const auto draw = SelectKernel<BakedKernel8>(m_isa);
-    const auto blend = SelectKernel<BlendKernel8>(m_isa);
     const int width = source.GetWidth();
     const int height = source.GetHeight();
-    const int amount = ClampBlendAmount(blendAmount);
     const auto isCancelled = [cancel] { return cancel && cancel->IsCancelled(); };
     pool.ForEach((height + BandRows - 1) / BandRows, 0, [&](int band) {
         const int end = std::min(height, (band + 1) * BandRows);
-        for (int y = band * BandRows; y < end && !isCancelled(); ++y) {
-            draw(m_cube.data(), source.Row(y), target.Row(y), width);
-            if (amount != FullEffect)
-                blend(source.Row(y), target.Row(y), target.Row(y), width, amount);
-        }
+        for (int y = band * BandRows; y < end && !isCancelled(); ++y)
+            RunRow(source.Row(y), target.Row(y), width, blendAmount);
     });
     return !isCancelled();
+}
+
+void BakedRun::RunRow(const std::uint8_t* source, std::uint8_t* target, int pixels,
+                      int blendAmount) const
+{
+    const int amount = ClampBlendAmount(blendAmount);
+    SelectKernel<BakedKernel8>(m_isa)(m_cube.data(), m_points, source, target, pixels);
+    if (amount != FullEffect)
+        SelectKernel<BlendKernel8>(m_isa)(source, target, target, pixels, amount);
 }
 
 } // namespace LumetraHost

@@ -56,14 +56,14 @@ EffectList MakeChain()
                        {{"slopeRed", 1.05}, {"offsetBlue", 0.01}, {"powerGreen", 1.03}})};
 }
 
-std::shared_ptr<const BakedRun> Bake(const EffectList& effects)
+std::shared_ptr<const BakedRun> Bake(const EffectList& effects, int points = BakedRun::DragPoints)
 {
-    return BakedRun::Make(effects, GetDefaultIsa(), ThreadPool::GetShared());
+    return BakedRun::Make(effects, points, GetDefaultIsa(), ThreadPool::GetShared());
 }
 
 bool IsRefused(const StagePtr& stage)
 {
-    return !BakedRun::Make({stage}, GetDefaultIsa(), ThreadPool::GetShared());
+    return !BakedRun::Make({stage}, BakedRun::DragPoints, GetDefaultIsa(), ThreadPool::GetShared());
 }
 
 Image DrawWith(const BakedRun& baked, const Image& source, int blendAmount = 1)
@@ -98,13 +98,15 @@ Difference Compare(const Image& first, const Image& second)
 
 TEST(BakedRun, isCloseToTheExactRun)
 {
-    const auto baked = Bake(MakeChain());
-    ASSERT_TRUE(baked);
     const Image source = MakeRandomPicture(301, 100, Image::Depth::Bits8, 3);
-    const Difference difference =
-        Compare(DrawWith(*baked, source), Renderer().Render(source, MakeSettings(MakeChain())));
-    EXPECT_LE(difference.largest, 2);
-    EXPECT_LE(difference.beyondOne, 0.001);
+    const Image exact = Renderer().Render(source, MakeSettings(MakeChain()));
+    for (const int points : {BakedRun::DragPoints, BakedRun::ExportPoints}) {
+        const auto baked = Bake(MakeChain(), points);
+        ASSERT_TRUE(baked);
+        const Difference difference = Compare(DrawWith(*baked, source), exact);
+        EXPECT_LE(difference.largest, 2) << points;
+        EXPECT_LE(difference.beyondOne, 0.001) << points;
+    }
 }
 
 // Where colours leave the range that the picture can hold the encoding bends sharply.
@@ -116,10 +118,12 @@ TEST(BakedRun, refusesWhatBendsWithinItsCells)
 
 TEST(BakedRun, isExactWhereNothingChanges)
 {
-    const auto baked = Bake({});
-    ASSERT_TRUE(baked);
-    const Image source = MakeRandomPicture(257, 64, Image::Depth::Bits8, 4);
-    EXPECT_TRUE(HaveSamePixels(DrawWith(*baked, source), source));
+    for (const int points : {BakedRun::DragPoints, BakedRun::ExportPoints}) {
+        const auto baked = Bake({}, points);
+        ASSERT_TRUE(baked);
+        const Image source = MakeRandomPicture(257, 64, Image::Depth::Bits8, 4);
+        EXPECT_TRUE(HaveSamePixels(DrawWith(*baked, source), source)) << points;
+    }
 }
 
 TEST(BakedRun, isTheSameForAllInstructionSets)
@@ -127,7 +131,8 @@ TEST(BakedRun, isTheSameForAllInstructionSets)
     const Image source = MakeRandomPicture(301, 40, Image::Depth::Bits8, 5);
     Image first;
     for (const Isa isa : GetSupportedIsas()) {
-        const auto baked = BakedRun::Make(MakeChain(), isa, ThreadPool::GetShared());
+        const auto baked =
+            BakedRun::Make(MakeChain(), BakedRun::DragPoints, isa, ThreadPool::GetShared());
         ASSERT_TRUE(baked);
         const Image drawn = DrawWith(*baked, source);
         EXPECT_TRUE(first.IsNull() || HaveSamePixels(first, drawn)) << GetIsaName(isa);
@@ -170,7 +175,8 @@ TEST(BakedRun, isGivenUpWhenItIsCancelled)
 {
     CancelToken cancel;
     cancel.Cancel();
-    EXPECT_FALSE(BakedRun::Make(MakeChain(), GetDefaultIsa(), ThreadPool::GetShared(), &cancel));
+    EXPECT_FALSE(BakedRun::Make(MakeChain(), BakedRun::DragPoints, GetDefaultIsa(),
+                                ThreadPool::GetShared(), &cancel));
     const Image source = MakeRandomPicture(30, 30, Image::Depth::Bits8, 7);
     Image target = source.Clone();
     const auto baked = Bake(MakeChain());
