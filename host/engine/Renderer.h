@@ -16,7 +16,8 @@
 
 namespace LumetraHost {
 
-/// How a picture is rendered. Threads, tile size and instruction set do not change the pixels.
+/// How a picture is rendered. Threads and tile size do not change the pixels; for the instruction
+/// set see Isa.
 struct RenderOptions
 {
     int threads = 0;           ///< below 1: all of the pool

@@ -13,7 +13,7 @@ namespace LumetraHost {
 
 class PixelStep;
 
-/// How a segment's work is divided. Nothing here changes the pixels.
+/// How a segment's work is divided. Nothing here but the instruction set changes the pixels.
 struct SegmentOptions
 {
     Isa isa = Isa::Baseline;

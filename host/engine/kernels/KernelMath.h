@@ -11,9 +11,10 @@
 // would let the linker keep the copy that an older processor cannot run. For the same reason kernel
 // sources use nothing of the standard library but such headers.
 //
-// The functions use plain IEEE operations in a fixed order, without contraction into fused
-// multiply-add and without branches: every instruction set gives the same bits, and the compiler
-// turns loops over them into vector code.
+// The functions use plain IEEE operations in a fixed order and without branches, so that the
+// compiler turns loops over them into vector code. Where there is fused multiply-add it may
+// contract a product and a sum, in the vector code and in its rest alike: one instruction set gives
+// the same bits whatever the length of the tiles.
 namespace LumetraHost {
 
 /// The instruction set that this translation unit is compiled for.

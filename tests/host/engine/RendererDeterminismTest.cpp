@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
+#include <string>
 
 namespace LumetraHost {
 namespace {
@@ -34,10 +36,31 @@ EffectsSettings MakeRandomChain(std::mt19937& random)
     return chain;
 }
 
+/// How many of the channels' values differ, and by how many steps at most.
+struct Differences
+{
+    double perMillion = 0;
+    unsigned largest = 0;
+};
+
+void AddDifferences(const Image& first, const Image& second, Differences& differences)
+{
+    for (int y = 0; y < first.GetHeight(); ++y)
+        for (int x = 0; x < first.GetWidth(); ++x)
+            for (int channel = 0; channel < 3; ++channel) {
+                const unsigned one = GetChannel(first, x, y, channel);
+                const unsigned other = GetChannel(second, x, y, channel);
+                const unsigned difference = std::max(one, other) - std::min(one, other);
+                differences.perMillion += difference > 0 ? 1 : 0;
+                differences.largest = std::max(differences.largest, difference);
+            }
+}
+
 class RandomChains : public testing::TestWithParam<Image::Depth>
 {
 protected:
-    void ExpectSamePixels(const RenderOptions& first, const RenderOptions& second)
+    template <class Compare>
+    void RenderBoth(const RenderOptions& first, const RenderOptions& second, Compare compare)
     {
         std::mt19937 random(2024);
         ThreadPool pool(3);
@@ -45,12 +68,31 @@ protected:
         for (int round = 0; round < 40; ++round) {
             const int width = 1 + int(random() % 700);
             const int height = 1 + int(random() % 130);
+            SCOPED_TRACE(testing::Message()
+                         << "round " << round << ", " << width << " x " << height);
             const Image source = MakeRandomPicture(width, height, GetParam(), unsigned(round));
             const EffectsSettings chain = MakeRandomChain(random);
-            ASSERT_TRUE(HaveSamePixels(renderer.Render(source, chain, first),
-                                       renderer.Render(source, chain, second)))
-                << "round " << round << ", " << width << " x " << height;
+            compare(renderer.Render(source, chain, first), renderer.Render(source, chain, second));
         }
+    }
+
+    void ExpectSamePixels(const RenderOptions& first, const RenderOptions& second)
+    {
+        RenderBoth(first, second, [](const Image& one, const Image& other) {
+            EXPECT_TRUE(HaveSamePixels(one, other));
+        });
+    }
+
+    Differences CompareChains(const RenderOptions& first, const RenderOptions& second)
+    {
+        Differences differences;
+        double values = 0;
+        RenderBoth(first, second, [&](const Image& one, const Image& other) {
+            values += 3.0 * one.GetWidth() * one.GetHeight();
+            AddDifferences(one, other, differences);
+        });
+        differences.perMillion *= 1e6 / values;
+        return differences;
     }
 };
 
@@ -78,11 +120,19 @@ TEST_P(RandomChains, areTheSameForAllTileSizes)
         ExpectSamePixels(MakeOptions(2, 2048), MakeOptions(2, tilePixels));
 }
 
-TEST_P(RandomChains, areTheSameOnAllInstructionSets)
+// Fused multiply-add rounds once less. Steep chains make more of it.
+TEST_P(RandomChains, areAlmostTheSameOnAllInstructionSets)
 {
     for (const Isa isa : GetSupportedIsas()) {
         SCOPED_TRACE(GetIsaName(isa));
-        ExpectSamePixels(MakeOptions(1, 2048, Isa::Baseline), MakeOptions(1, 2048, isa));
+        const Differences differences =
+            CompareChains(MakeOptions(1, 2048, Isa::Baseline), MakeOptions(1, 2048, isa));
+        RecordProperty(std::string("othersPerMillion ") + GetIsaName(isa),
+                       std::to_string(differences.perMillion));
+        RecordProperty(std::string("largest ") + GetIsaName(isa), int(differences.largest));
+        const bool is8 = GetParam() == Image::Depth::Bits8;
+        EXPECT_LE(differences.largest, is8 ? 1u : 64u);
+        EXPECT_LE(differences.perMillion, is8 ? 100 : 2000);
     }
 }
 
