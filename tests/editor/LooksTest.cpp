@@ -109,6 +109,21 @@ TEST_F(LooksTest, pointingShowsALookWithoutApplyingIt)
     EXPECT_EQ(GetPicture(), shown) << "what is shown is what is applied";
 }
 
+TEST_F(LooksTest, anEditIsSeenWhereverThePointerRests)
+{
+    ClickLook(OtherLook);
+    PointAtLook(Look);
+    WaitUntil([this] { return editor->GetShownOnTop().has_value(); });
+
+    PressKey(*Intensity(), Qt::Key_PageDown);
+
+    EXPECT_FALSE(editor->GetShownOnTop());
+    const QImage edited = GetPicture();
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(FindLook(Look).first, &leave);
+    EXPECT_EQ(GetPicture(), edited);
+}
+
 TEST_F(LooksTest, thePhotoFollowsADraggedIntensity)
 {
     ClickLook(Look);

@@ -44,11 +44,13 @@ Editor::Editor(QObject* parent)
             panel.panel->PreviewReady(key);
     });
     connect(&m_sidecar, &Sidecar::problem, this, &Editor::messageGiven);
+    m_workspace->GetDrawer().AddObserver(this);
 }
 
 Editor::~Editor()
 {
     m_undoStack.disconnect();
+    m_workspace->GetDrawer().RemoveObserver(this);
 }
 
 // Photos
@@ -279,6 +281,12 @@ Zorvik::Proc::Frame Editor::RequestPreview(const QString& key,
 void Editor::CancelPreviews()
 {
     m_previews->CancelAll();
+}
+
+/// Who edits wants to see the edit, wherever the pointer rests.
+void Editor::FrameChanged()
+{
+    ShowOnPhoto(nullptr);
 }
 
 void Editor::ShowMessage(const QString& text)

@@ -4,6 +4,7 @@
 #include "LumetraEditor/IEditor.h"
 #include "LumetraEditor/IEditorPlugin.h"
 #include "background/PhotoLoader.h"
+#include "drawer/IDrawerObserver.h"
 #include "edit/EditState.h"
 #include "edit/Sidecar.h"
 
@@ -26,7 +27,7 @@ struct LoadedPlugin;
 /// The editor without its window: the open photo and its drawer, the panels, and the steps of the
 /// edit. There is one photo at a time; while another one is being read the drawer is locked.
 /// GUI thread only. Outlives the panels, which whoever shows them removes first.
-class Editor : public QObject, public IEditor
+class Editor : public QObject, public IEditor, private LumetraHost::IDrawerObserver
 {
     Q_OBJECT
 
@@ -46,7 +47,7 @@ public:
     /// For those who wait for a panel's previews.
     LumetraHost::AsyncPreviews& GetPreviews() { return *m_previews; }
     QUndoStack& GetUndoStack() { return m_undoStack; }
-    /// What a panel shows on the photo without having applied it.
+    /// What a panel shows on the photo without having applied it; the next edit takes it away.
     const std::optional<Zorvik::Quindle::EffectsSettings>& GetShownOnTop() const
     {
         return m_shownOnTop;
@@ -90,6 +91,9 @@ signals:
     void messageGiven(const QString& text);
 
 private:
+    void FrameChanged() override;
+    void CommittedPhotoChanged() override {}
+
     struct Panel
     {
         QString id;

@@ -244,10 +244,15 @@ void EditorWindow::LoadPanels(const QStringList& folders)
     PluginLoader loader;
     loader.LoadFolders(folders);
     for (const LoadedPlugin& plugin : loader.GetPlugins())
-        if (QWidget* const widget = m_editor.AddPanel(plugin))
-            m_panels->addTab(widget, plugin.root->GetTitle());
+        AddPanel(plugin);
     for (const QString& report : loader.GetReports())
         m_messages->Show(report);
+}
+
+void EditorWindow::AddPanel(const LoadedPlugin& plugin)
+{
+    if (QWidget* const widget = m_editor.AddPanel(plugin))
+        m_panels->addTab(widget, plugin.root->GetTitle());
 }
 
 // Photos

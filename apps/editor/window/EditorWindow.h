@@ -24,6 +24,7 @@ class HistogramWidget;
 class MessageBar;
 class PhotoCanvas;
 class StartPage;
+struct LoadedPlugin;
 
 /// The editor's one window: the photo in the middle, the panels beside it, commands around them.
 /// It puts the parts together; what they do is theirs.
@@ -38,6 +39,8 @@ public:
 
     /// Loads the modules of these folders and places their panels.
     void LoadPanels(const QStringList& folders);
+    /// Places the module's panel; a module that fails is reported.
+    void AddPanel(const LoadedPlugin& plugin);
     /// Opens the first photo; the others follow by "Next Photo". Replaces an earlier list.
     void OpenPhotos(const QStringList& paths);
     /// What is dropped on the window: photos are opened, other files are for the panels.

@@ -1,26 +1,28 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// editor-stress [SEED [ACTIONS]]: random actions of a user on the editor with its looks, by default
-// 10,000. The same seed does the same. Ends with 1 when something is not as it must be: what is on
-// the canvas is what the drawer's packages make, undoing everything gives the original, and a
-// restart brings the last edit back.
+#include "StressRun.h"
+
+#include "PanelAudit.h"
+
 #include "canvas/CanvasFeed.h"
 #include "canvas/PhotoCanvas.h"
-#include "edit/Editor.h"
+#include "drawer/AsyncPreviews.h"
+#include "drawer/LayerRenderer.h"
 #include "photo/PhotoWriter.h"
-#include "window/EditorWindow.h"
+#include "plugins/PluginLoader.h"
 #include "workspace/WorkspaceController.h"
 
-#include "Zorvik/Util/AlertBox.h"
-
+#include <QAbstractAnimation>
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
 #include <QMouseEvent>
+#include <QPixmap>
+#include <QScreen>
 #include <QSettings>
 #include <QSlider>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QToolButton>
 #include <QWheelEvent>
@@ -28,74 +30,16 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
-#include <random>
+#include <malloc.h>
+#include <vector>
 
+namespace LumetraTest {
 namespace {
 
 using LumetraHost::Image;
 
-struct AnyAnswer : Zorvik::Util::IAlertBackend
-{
-    QMessageBox::StandardButton Exec(Zorvik::Util::AlertBox& box) override
-    {
-        for (const auto button : {QMessageBox::Save, QMessageBox::Yes, QMessageBox::Ok})
-            if (box.buttons.testFlag(button))
-                return button;
-        return QMessageBox::Cancel;
-    }
-};
-
-class StressRun
-{
-public:
-    explicit StressRun(unsigned seed);
-
-    bool Run(int actions);
-
-private:
-    void Start();
-    void Act();
-    void ClickLook();
-    void HoverLook();
-    void DragSlider();
-    void ClickButton();
-    void TriggerAction();
-    void UseCanvas();
-    void Filter();
-    void SaveLook();
-    void OpenPhoto();
-    bool Check(const char* what, bool isTrue);
-    bool CheckCanvas();
-    bool CheckUndo();
-    bool CheckRestart();
-
-    int Pick(int count) { return std::uniform_int_distribution<int>(0, count - 1)(m_random); }
-    template <class Widget>
-    Widget* PickOne()
-    {
-        std::vector<Widget*> found;
-        for (Widget* const widget : m_window->findChildren<Widget*>())
-            if (widget->isVisible() && widget->isEnabled())
-                found.push_back(widget);
-        return found.empty()
-                   ? nullptr
-                   : found[static_cast<std::size_t>(Pick(static_cast<int>(found.size())))];
-    }
-    void Settle()
-    {
-        QApplication::processEvents();
-        if (m_editor->HasPhoto())
-            m_window->GetFeed().GetLiveView().WaitForFrame();
-    }
-
-    std::mt19937 m_random;
-    QTemporaryDir m_folder;
-    QStringList m_photos;
-    std::unique_ptr<LumetraEditor::Editor> m_editor;
-    std::unique_ptr<LumetraEditor::EditorWindow> m_window;
-    int m_action = 0;
-};
+/// What may be added to the heap between two restarts, for what libraries keep for good.
+constexpr std::size_t MostGrowth = std::size_t{8} << 20;
 
 void SendMouse(QWidget& widget, QEvent::Type type, const QPoint& at, Qt::MouseButtons down)
 {
@@ -103,6 +47,35 @@ void SendMouse(QWidget& widget, QEvent::Type type, const QPoint& at, Qt::MouseBu
                       type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, down,
                       Qt::NoModifier);
     QApplication::sendEvent(&widget, &event);
+}
+
+int FindLargestDifference(const QImage& shown, const Image& picture, const QPoint& corner)
+{
+    int largest = 0;
+    for (int y = 0; y < shown.height(); ++y) {
+        const auto* const row = reinterpret_cast<const QRgb*>(shown.constScanLine(y));
+        for (int x = 0; x < shown.width(); ++x) {
+            const std::uint8_t* const pixel =
+                picture.Row(corner.y() + y) + Image::Channels * (corner.x() + x);
+            largest =
+                std::max({largest, std::abs(qRed(row[x]) - pixel[0]),
+                          std::abs(qGreen(row[x]) - pixel[1]), std::abs(qBlue(row[x]) - pixel[2])});
+        }
+    }
+    return largest;
+}
+
+} // namespace
+
+template <class Widget>
+Widget* StressRun::PickOne()
+{
+    std::vector<Widget*> found;
+    for (Widget* const widget : m_window->findChildren<Widget*>())
+        if (widget->isVisible() && widget->isEnabled())
+            found.push_back(widget);
+    return found.empty() ? nullptr
+                         : found[static_cast<std::size_t>(Pick(static_cast<int>(found.size())))];
 }
 
 StressRun::StressRun(unsigned seed) : m_random(seed)
@@ -127,7 +100,8 @@ void StressRun::Start()
     m_window.reset();
     m_editor = std::make_unique<LumetraEditor::Editor>();
     m_window = std::make_unique<LumetraEditor::EditorWindow>(*m_editor);
-    m_window->LoadPanels({QStringLiteral(LUMETRA_MODULES)});
+    m_window->UseLanguage(QStringLiteral("en"));
+    m_window->AddPanel({QStringLiteral("lumetra-presets"), &m_plugin});
     m_window->resize(1000, 900);
     m_window->show();
     QApplication::setActiveWindow(m_window.get());
@@ -136,7 +110,12 @@ void StressRun::Start()
 
 void StressRun::OpenPhoto()
 {
-    m_window->OpenPhotos({m_photos[Pick(m_photos.size())]});
+    Open(m_photos[Pick(m_photos.size())]);
+}
+
+void StressRun::Open(const QString& path)
+{
+    m_window->OpenPhotos({path});
     while (m_editor->IsOpening())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
@@ -275,6 +254,22 @@ void StressRun::Act()
         OpenPhoto();
 }
 
+/// Until there is nothing left to be rendered or painted.
+void StressRun::Settle()
+{
+    QApplication::processEvents();
+    m_window->GetFeed().GetLiveView().WaitForFrame();
+    for (auto* const animation : m_window->findChildren<QAbstractAnimation*>())
+        animation->setCurrentTime(animation->totalDuration());
+    // Painting asks for pictures, which are painted when they have come.
+    for (int i = 0; i < 3; ++i) {
+        QApplication::processEvents();
+        m_editor->GetPreviews().WaitForAll();
+    }
+    QApplication::processEvents();
+    m_window->GetFeed().GetLiveView().WaitForFrame();
+}
+
 bool StressRun::Check(const char* what, bool isTrue)
 {
     if (!isTrue)
@@ -282,34 +277,52 @@ bool StressRun::Check(const char* what, bool isTrue)
     return isTrue;
 }
 
-/// At actual size the canvas shows the very pixels that the drawer makes.
+/// At actual size the canvas shows the very pixels that the drawer makes, with the look that the
+/// pointer rests on, if there is one.
 bool StressRun::CheckCanvas()
 {
-    m_editor->ShowOnPhoto(nullptr);
     m_window->GetCanvas().SetZoom(1);
     Settle();
     const auto& frame = m_window->GetCanvas().GetFrame(LumetraEditor::PhotoCanvas::Layer::Edited);
-    const Image result = m_editor->GetHost().GetDrawer().Result();
-    int largest = frame.image.isNull() ? 255 : 0;
-    QPoint worst;
-    for (int y = 0; y < frame.image.height(); ++y) {
-        const auto* const shown = reinterpret_cast<const QRgb*>(frame.image.constScanLine(y));
-        for (int x = 0; x < frame.image.width(); ++x) {
-            const std::uint8_t* const pixel =
-                result.Row(frame.part.y() + y) + Image::Channels * (frame.part.x() + x);
-            const int difference = std::max({std::abs(qRed(shown[x]) - pixel[0]),
-                                             std::abs(qGreen(shown[x]) - pixel[1]),
-                                             std::abs(qBlue(shown[x]) - pixel[2])});
-            if (difference > largest) {
-                largest = difference;
-                worst = QPoint(x, y);
-            }
-        }
+    if (!Check("the canvas shows pixels as they are",
+               !frame.image.isNull() && frame.image.size() == frame.part.size()))
+        return false;
+    const auto& drawer = m_editor->GetHost().GetDrawer();
+    const auto& onTop = m_editor->GetShownOnTop();
+    const auto recipe = onTop ? drawer.GetRecipeWith(*onTop) : drawer.GetRecipe();
+    const LumetraHost::Renderer renderer;
+    LumetraHost::LayerRenderer layers(renderer);
+    layers.SetSource(recipe.photo);
+    const Image expected = layers.Render(recipe.layers, recipe.layers.size());
+    const int difference = FindLargestDifference(frame.image, expected, frame.part.topLeft());
+    if (difference > 1)
+        std::fprintf(stderr, "%d steps apart%s\n", difference, onTop ? ", with a look on top" : "");
+    return Check("the canvas shows what the drawer makes", difference <= 1);
+}
+
+bool StressRun::CheckPanel()
+{
+    const QStringList differences = PanelAudit(*m_editor, m_plugin.GetPanel()).FindDifferences();
+    for (const QString& difference : differences)
+        std::fprintf(stderr, "%s\n", qUtf8Printable(difference));
+    return Check("the panel shows what its model says", differences.isEmpty());
+}
+
+/// Whatever has changed has been painted.
+bool StressRun::CheckScreen()
+{
+    const QImage painted = m_window->screen()
+                               ->grabWindow(m_window->winId())
+                               .toImage()
+                               .convertToFormat(QImage::Format_RGB32);
+    const QImage now = m_window->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const bool isSame = painted == now;
+    const QString folder = qEnvironmentVariable("LUMETRA_STRESS_PICTURES");
+    if (!isSame && !folder.isEmpty()) {
+        painted.save(folder + QStringLiteral("/painted.png"));
+        now.save(folder + QStringLiteral("/now.png"));
     }
-    if (largest > 1)
-        std::fprintf(stderr, "%d steps apart at %d, %d of the view\n", largest, worst.x(),
-                     worst.y());
-    return Check("the canvas shows what the drawer makes", largest <= 1);
+    return Check("the screen shows what the window would paint", !painted.isNull() && isSame);
 }
 
 bool StressRun::CheckUndo()
@@ -333,37 +346,40 @@ bool StressRun::CheckRestart()
     const QString photo = m_editor->GetPhotoPath();
     const Image now = m_editor->GetHost().GetDrawer().Result();
     Start();
-    m_window->OpenPhotos({photo});
-    while (m_editor->IsOpening())
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    Open(photo);
     return Check("a restart brings the edit back",
                  HaveSamePixels(now, m_editor->GetHost().GetDrawer().Result()));
+}
+
+/// Right after a restart, when nothing is left of what was done. Sanitizers count for themselves.
+bool StressRun::CheckMemory()
+{
+    const std::size_t used = mallinfo2().uordblks;
+    if (!m_memory)
+        m_memory = used;
+    if (used > *m_memory + MostGrowth)
+        std::fprintf(stderr, "%zu bytes, %zu after the first restart\n", used, *m_memory);
+    return Check("memory does not grow from restart to restart", used <= *m_memory + MostGrowth);
+}
+
+bool StressRun::CheckNow()
+{
+    if (m_action % 100 == 0 && !(CheckCanvas() && CheckPanel() && CheckScreen()))
+        return false;
+    if (m_action % 250 == 0 && !CheckUndo())
+        return false;
+    return m_action % 1000 != 0 ||
+           (CheckRestart() && CheckCanvas() && CheckPanel() && CheckMemory());
 }
 
 bool StressRun::Run(int actions)
 {
     for (m_action = 1; m_action <= actions; ++m_action) {
         Act();
-        if (m_action % 100 == 0 && !CheckCanvas())
-            return false;
-        if (m_action % 250 == 0 && !CheckUndo())
-            return false;
-        if (m_action % 1000 == 0 && !CheckRestart())
+        if (!CheckNow())
             return false;
     }
     return true;
 }
 
-} // namespace
-
-int main(int argc, char** argv)
-{
-    const QApplication application(argc, argv);
-    const auto seed = static_cast<unsigned>(argc > 1 ? std::atoi(argv[1]) : 1);
-    const int actions = argc > 2 ? std::atoi(argv[2]) : 10000;
-    Zorvik::Util::AlertBox::SetBackend(std::make_shared<AnyAnswer>());
-    StressRun run(seed);
-    const bool isGood = run.Run(actions);
-    std::printf("seed %u, %d actions: %s\n", seed, actions, isGood ? "good" : "failed");
-    return isGood ? 0 : 1;
-}
+} // namespace LumetraTest

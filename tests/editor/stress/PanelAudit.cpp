@@ -1,0 +1,269 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "PanelAudit.h"
+
+#include "core/PresetCollection.h"
+#include "drawer/SameEffects.h"
+#include "edit/Editor.h"
+#include "panel/EffectTexts.h"
+#include "panel/PresetGrid.h"
+#include "panel/PresetPages.h"
+#include "panel/PresetsPanel.h"
+#include "panel/PresetsWidget.h"
+#include "panel/RecentPresets.h"
+#include "widgets/CustomToolBox.h"
+#include "widgets/CustomToolBoxButton.h"
+#include "workspace/WorkspaceController.h"
+
+#include "Zorvik/Lumetra/ClickSlider.h"
+#include "Zorvik/Util/ImageUtils.h"
+
+#include <QDebug>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPixmap>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QToolButton>
+
+namespace LumetraTest {
+
+using LumetraPlugin::PresetCollection;
+using LumetraPlugin::PresetGrid;
+using LumetraPlugin::PresetModel;
+using Zorvik::Lumetra::ClickSlider;
+using Zorvik::Lumetra::LumetraPresets::CustomToolBox;
+using Zorvik::Lumetra::LumetraPresets::CustomToolBoxButton;
+using Zorvik::Lumetra::LumetraPresets::IntensitySettingType;
+using Zorvik::Lumetra::LumetraPresets::SliderSetting;
+
+namespace {
+
+QString NameOf(const QModelIndex& preset)
+{
+    return preset.data(PresetModel::PresetNameRole).toString();
+}
+
+bool IsSeen(const PresetGrid& grid, const QModelIndex& row)
+{
+    return grid.isVisible() && grid.visibleRegion().intersects(grid.visualRect(row));
+}
+
+} // namespace
+
+PanelAudit::PanelAudit(LumetraEditor::Editor& editor, LumetraPlugin::PresetsPanel& panel)
+    : m_editor(editor), m_panel(panel), m_model(panel.GetPresets().GetModel()),
+      m_widget(*panel.GetWidget())
+{
+}
+
+template <class Widget>
+Widget* PanelAudit::Find(const QString& name) const
+{
+    return m_widget.findChild<Widget*>(name);
+}
+
+template <class Value>
+void PanelAudit::Expect(const QString& what, const Value& shown, const Value& expected)
+{
+    if (shown == expected)
+        return;
+    QString text;
+    QDebug(&text).noquote() << what << "is" << shown << "expected" << expected;
+    m_differences.append(text);
+}
+
+QStringList PanelAudit::FindDifferences()
+{
+    m_differences.clear();
+    m_applied = m_model.FindApplied();
+    ComparePages();
+    CompareControls();
+    CompareExtraSliders();
+    ComparePackage();
+    return m_differences;
+}
+
+// Pages
+
+bool PanelAudit::IsOfCheckedKind(const QModelIndex& preset) const
+{
+    const auto isChecked = [this](const char* name) {
+        return Find<QToolButton>(QLatin1String(name))->isChecked();
+    };
+    if (isChecked("filterButton1"))
+        return preset.data(PresetModel::FavouriteRole).toBool();
+    // As the next start of the program would read it.
+    if (isChecked("filterButton2"))
+        return LumetraPlugin::RecentPresets(LumetraPlugin::PanelFiles::Find().recent)
+            .Contains(preset.data(PresetModel::PresetIdRole).toString());
+    if (isChecked("filterButton3"))
+        return preset.data(PresetModel::EditableRole).toBool();
+    return true;
+}
+
+/// What is searched for is one word.
+bool PanelAudit::IsExpected(const QModelIndex& preset) const
+{
+    const QString word = Find<QLineEdit>(QStringLiteral("searchField"))->text();
+    const QString group = NameOf(preset.parent());
+    const bool isFound = NameOf(preset).contains(word, Qt::CaseInsensitive) ||
+                         group.contains(word, Qt::CaseInsensitive) ||
+                         LumetraPlugin::EffectTexts::Translate(group.toStdString())
+                             .contains(word, Qt::CaseInsensitive);
+    return isFound && IsOfCheckedKind(preset);
+}
+
+void PanelAudit::ComparePages()
+{
+    const auto& pages = *m_widget.findChild<LumetraPlugin::PresetPages*>();
+    Expect(QStringLiteral("number of pages"), static_cast<int>(pages.GetGrids().size()),
+           m_model.rowCount());
+    for (int group = 0; group < m_model.rowCount(); ++group)
+        ComparePage(group);
+}
+
+void PanelAudit::ComparePage(int group)
+{
+    PresetGrid& grid = *m_widget.findChild<LumetraPlugin::PresetPages*>()->GetGrids()[group];
+    const QModelIndex index = m_model.index(group, 0);
+    QList<QModelIndex> expected;
+    for (int i = 0; i < m_model.rowCount(index); ++i)
+        if (IsExpected(m_model.index(i, 0, index)))
+            expected.append(m_model.index(i, 0, index));
+
+    const QString page = QStringLiteral("page \"%1\": ").arg(NameOf(index));
+    Expect(page + QStringLiteral("number of rows"), grid.model()->rowCount(), expected.size());
+    for (int row = 0; row < std::min(expected.size(), grid.model()->rowCount()); ++row)
+        CompareRow(grid, row, expected[row]);
+
+    const bool isUsers = index.data(PresetModel::PresetIdRole).toBool();
+    const auto& box = *m_widget.findChild<CustomToolBox*>();
+    const auto titles = m_widget.findChildren<QToolButton*>(QStringLiteral("sectionTitleButton"));
+    const bool isFiltered = !Find<QLineEdit>(QStringLiteral("searchField"))->text().isEmpty() ||
+                            !Find<QToolButton>(QStringLiteral("filterButton0"))->isChecked();
+    const auto* const header = m_widget.findChildren<CustomToolBoxButton*>().at(group);
+    Expect(page + QStringLiteral("title"), box.itemText(group),
+           isUsers ? QStringLiteral("User presets") : NameOf(index));
+    Expect(page + QStringLiteral("number in the title"), titles.at(group)->text(),
+           QLocale().toString(expected.size()));
+    Expect(page + QStringLiteral("is there"), header->isVisibleTo(&m_widget),
+           !isFiltered || !expected.isEmpty());
+}
+
+void PanelAudit::CompareRow(PresetGrid& grid, int row, const QModelIndex& preset)
+{
+    const QModelIndex shown = grid.model()->index(row, 0);
+    const QString name = NameOf(preset);
+    const QString look = QStringLiteral("look \"%1\": ").arg(name);
+    Expect(look + QStringLiteral("name"), shown.data().toString(), name);
+    const QStringList marks = shown.data(Qt::AccessibleDescriptionRole)
+                                  .toString()
+                                  .split(QStringLiteral(", "), Qt::SkipEmptyParts);
+    const std::pair<const char*, int> roles[] = {{"on the photo", PresetModel::AppliedRole},
+                                                 {"favourite", PresetModel::FavouriteRole},
+                                                 {"popular", PresetModel::PopularRole}};
+    for (const auto& [mark, role] : roles)
+        Expect(look + QLatin1String(mark), marks.contains(QLatin1String(mark)),
+               preset.data(role).toBool());
+    Expect(look + QStringLiteral("applied"), preset.data(PresetModel::AppliedRole).toBool(),
+           preset == m_applied);
+    if (m_editor.HasPhoto() && IsSeen(grid, shown))
+        CompareThumbnail(grid, row, preset);
+}
+
+/// What is seen is what the drawer makes of the preset at this moment.
+void PanelAudit::CompareThumbnail(PresetGrid& grid, int row, const QModelIndex& preset)
+{
+    const QImage shown =
+        grid.model()->index(row, 0).data(Qt::DecorationRole).value<QPixmap>().toImage();
+    if (shown.isNull())
+        return Expect(QStringLiteral("look \"%1\": has a picture").arg(NameOf(preset)), false,
+                      true);
+    auto& host = m_editor.GetHost();
+    const auto frame =
+        host.GetDrawer().RenderPreview({shown.width(), shown.height(), 1.0},
+                                       m_model.GetPreset(preset)->MakePreviewSettings(), 1, 0, 0);
+    const QImage expected = Zorvik::Util::ImageUtils::FrameToImage(frame, host.GetImageConverter());
+    Expect(QStringLiteral("look \"%1\": picture is right").arg(NameOf(preset)),
+           shown.convertToFormat(QImage::Format_ARGB32) ==
+               expected.convertToFormat(QImage::Format_ARGB32),
+           true);
+}
+
+// Controls
+
+void PanelAudit::CompareControls()
+{
+    Expect(QStringLiteral("name of the look"), Find<QLabel>(QStringLiteral("appliedName"))->text(),
+           m_applied.isValid() ? NameOf(m_applied) : QStringLiteral("No look applied"));
+    Expect(QStringLiteral("star"),
+           Find<QToolButton>(QStringLiteral("favouriteButton"))->isChecked(),
+           m_applied.data(PresetModel::FavouriteRole).toBool());
+    for (const char* const name :
+         {"favouriteButton", "resetButton", "saveAsButton", "applyButton", "discardButton"})
+        Expect(QLatin1String(name) + QStringLiteral(" is enabled"),
+               Find<QAbstractButton>(QLatin1String(name))->isEnabledTo(&m_widget),
+               m_applied.isValid());
+    CompareSlider(QStringLiteral("intensitySlider"), m_applied,
+                  m_applied.data(PresetModel::IntensityRole).toInt(),
+                  m_applied.data(PresetModel::IntensityMinRole).toInt(),
+                  m_applied.data(PresetModel::IntensityMaxRole).toInt());
+    const auto type = m_applied.data(PresetModel::IntensitySettingTypeRole);
+    Expect(QStringLiteral("intensity is enabled"),
+           Find<QWidget>(QStringLiteral("intensitySlider"))->isEnabledTo(&m_widget),
+           m_applied.isValid() && type.value<IntensitySettingType>() != IntensitySettingType::None);
+}
+
+/// The slider, and the number beside it.
+void PanelAudit::CompareSlider(const QString& name, const QModelIndex& preset, int value, int least,
+                               int most)
+{
+    const auto* const slider = Find<ClickSlider>(name);
+    const auto* const number = slider->parentWidget()->findChild<QSpinBox*>();
+    const QString what = QStringLiteral("%1 of \"%2\": ").arg(name, NameOf(preset));
+    Expect(what + QStringLiteral("value"), slider->value(), value);
+    Expect(what + QStringLiteral("least value"), slider->minimum(), least);
+    Expect(what + QStringLiteral("largest value"), slider->maximum(), most);
+    Expect(what + QStringLiteral("number"), number->value(), value);
+    Expect(what + QStringLiteral("least number"), number->minimum(), least);
+    Expect(what + QStringLiteral("largest number"), number->maximum(), most);
+}
+
+void PanelAudit::CompareExtraSliders()
+{
+    const auto sliders =
+        m_applied.data(PresetModel::SettingsValuesRole).value<SliderSetting::List>();
+    const auto nameOf = [](std::size_t i) { return QStringLiteral("extraSlider%1").arg(i); };
+    for (std::size_t i = 0; i < sliders.size(); ++i) {
+        const auto* const slider = Find<ClickSlider>(nameOf(i));
+        Expect(nameOf(i) + QStringLiteral(" is there"), slider && slider->isVisibleTo(&m_widget),
+               true);
+        if (!slider)
+            continue;
+        CompareSlider(nameOf(i), m_applied, sliders[i].Value(), sliders[i].Min(), sliders[i].Max());
+        Expect(nameOf(i) + QStringLiteral(" name"), slider->accessibleName(),
+               LumetraPlugin::EffectTexts::Translate(sliders[i].Title()));
+    }
+    for (std::size_t i = sliders.size(); const auto* const slider = Find<ClickSlider>(nameOf(i));
+         ++i)
+        Expect(nameOf(i) + QStringLiteral(" is there"), slider->isVisibleTo(&m_widget), false);
+}
+
+/// The photo has the applied look as the model describes it, and no other one.
+void PanelAudit::ComparePackage()
+{
+    const auto packages = m_editor.GetHost().GetDrawer().GetOpenPackages();
+    Expect(QStringLiteral("number of open packages"), static_cast<int>(packages.size()),
+           m_applied.isValid() ? 1 : 0);
+    if (!m_applied.isValid() || packages.empty())
+        return;
+    Expect(QStringLiteral("package on the photo"),
+           QString::fromStdString(packages[0].Package().GetPresetName()),
+           m_applied.data(PresetModel::PresetIdRole).toString());
+    Expect(QStringLiteral("package draws what \"%1\" says").arg(NameOf(m_applied)),
+           LumetraHost::DrawTheSame(packages[0], m_model.GetPreset(m_applied)->MakeSettings()),
+           true);
+}
+
+} // namespace LumetraTest

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "PanelInReach.h"
+
+#include "edit/Editor.h"
+#include "window/EditorWindow.h"
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <memory>
+#include <optional>
+#include <random>
+
+namespace LumetraTest {
+
+/// Random actions of a user on the editor with its looks; the same seed does the same. Checks now
+/// and then that what is on the canvas is what the drawer's packages make, that the panel shows
+/// what its model says and the screen what the panel shows, that undoing everything and doing it
+/// again changes nothing, that a restart brings the last edit back, and that memory does not grow.
+class StressRun
+{
+public:
+    explicit StressRun(unsigned seed);
+
+    /// False, and said on stderr, at the first thing that is not as it must be.
+    bool Run(int actions);
+
+private:
+    void Start();
+    void Act();
+    void ClickLook();
+    void HoverLook();
+    void DragSlider();
+    void ClickButton();
+    void TriggerAction();
+    void UseCanvas();
+    void Filter();
+    void SaveLook();
+    void OpenPhoto();
+    void Open(const QString& path);
+    void Settle();
+
+    bool CheckNow();
+    bool Check(const char* what, bool isTrue);
+    bool CheckCanvas();
+    bool CheckPanel();
+    bool CheckScreen();
+    bool CheckUndo();
+    bool CheckRestart();
+    bool CheckMemory();
+
+    int Pick(int count) { return std::uniform_int_distribution<int>(0, count - 1)(m_random); }
+    template <class Widget>
+    Widget* PickOne();
+
+    std::mt19937 m_random;
+    QTemporaryDir m_folder;
+    QStringList m_photos;
+    PanelInReach m_plugin;
+    std::unique_ptr<LumetraEditor::Editor> m_editor;
+    std::unique_ptr<LumetraEditor::EditorWindow> m_window;
+    std::optional<std::size_t> m_memory; ///< after the first restart
+    int m_action = 0;
+};
+
+} // namespace LumetraTest
