@@ -60,10 +60,18 @@ private:
         int count;
     };
 
-    Image& AddRing(int latency);
+    /// Who writes a ring: layers that need no rows around draw in place, one after the other.
+    struct RingNodes
+    {
+        int filler; ///< puts new rows in the place of old ones
+        int last;   ///< after which they are finished
+    };
+
     BandRows GetRows(int band, const Image& ring) const;
     int GetBandCount() const;
-    int AddLayers(BandGraph& graph, int node);
+    Image& AddRing(std::size_t nextLayer);
+    RingNodes AddLayers(BandGraph& graph, int decoder);
+    static void ConnectRing(BandGraph& graph, int writer, int reader, const Image& ring);
 
     JpegRowReader& m_reader;
     PictureRunForm m_form;
@@ -76,9 +84,13 @@ int Stream::GetBandCount() const
     return (m_form.height + PictureRun::BandRows - 1) / PictureRun::BandRows;
 }
 
-/// Holds what the reader of the ring is behind, and a band for each thread to work ahead.
-Image& Stream::AddRing(int latency)
+/// The rows that the layers from `nextLayer` on read: holds what the first that needs rows of its
+/// own is behind, and a band for each thread to work ahead.
+Image& Stream::AddRing(std::size_t nextLayer)
 {
+    while (nextLayer < m_layers.size() && m_layers[nextLayer].run.CanDrawInPlace())
+        ++nextLayer;
+    const int latency = nextLayer < m_layers.size() ? m_layers[nextLayer].run.GetLatency() : 0;
     const int bands = std::min(latency + 2 + m_form.threads, GetBandCount());
     m_rings.push_back(Image::AllocateUninitialised(m_form.width, bands * PictureRun::BandRows,
                                                    Image::Depth::Bits8));
@@ -91,33 +103,47 @@ Stream::BandRows Stream::GetRows(int band, const Image& ring) const
     return {y % ring.GetHeight(), std::min(PictureRun::BandRows, m_form.height - y)};
 }
 
-int Stream::AddLayers(BandGraph& graph, int node)
+/// A band takes the place of an older one in the ring when the reader is done with that.
+void Stream::ConnectRing(BandGraph& graph, int writer, int reader, const Image& ring)
 {
+    graph.Connect(writer, reader, ring.GetHeight() / PictureRun::BandRows);
+}
+
+/// From the node that fills the first ring to those of the last one.
+Stream::RingNodes Stream::AddLayers(BandGraph& graph, int decoder)
+{
+    RingNodes nodes{decoder, decoder};
     for (std::size_t i = 0; i < m_layers.size(); ++i) {
         Image& source = m_rings.back();
-        const bool isLast = i + 1 == m_layers.size();
-        Image& target = AddRing(isLast ? 0 : m_layers[i + 1].run.GetLatency());
-        node = m_layers[i].run.AddTo(graph, RowWindow(source), RowWindow(target), node);
+        PictureRun& run = m_layers[i].run;
+        Image& target = run.CanDrawInPlace() ? source : AddRing(i + 1);
+        const int drawn = run.AddTo(graph, RowWindow(source), RowWindow(target), nodes.last);
+        if (!run.CanDrawInPlace()) {
+            ConnectRing(graph, nodes.filler, drawn, source);
+            nodes.filler = drawn;
+        }
+        nodes.last = drawn;
     }
-    return node;
+    return nodes;
 }
 
 bool Stream::Run(RowEncoder& encoder, ThreadPool& pool, const CancelToken* cancel)
 {
     BandGraph graph(GetBandCount());
-    Image& decoded = AddRing(m_layers.empty() ? 0 : m_layers.front().run.GetLatency());
+    Image& decoded = AddRing(0);
     const auto decode = [this, &decoded](int band, int) {
         const BandRows rows = GetRows(band, decoded);
         m_reader.Read(decoded, rows.first, rows.count);
     };
-    const int last = AddLayers(graph, graph.AddNode(decode, true));
+    const RingNodes nodes = AddLayers(graph, graph.AddNode(decode, true));
     const Image& drawn = m_rings.back();
     const auto encode = [this, &drawn, &encoder](int band, int) {
         const BandRows rows = GetRows(band, drawn);
         encoder.Write(drawn, rows.first, rows.count);
     };
     const int end = graph.AddNode(encode, true);
-    graph.Connect(last, end, drawn.GetHeight() / PictureRun::BandRows);
+    ConnectRing(graph, nodes.last, end, drawn);
+    ConnectRing(graph, nodes.filler, end, drawn);
     return graph.Run(pool, m_form.threads, cancel);
 }
 

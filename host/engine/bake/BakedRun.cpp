@@ -6,12 +6,14 @@
 #include "engine/RenderPlan.h"
 #include "engine/StageChain.h"
 #include "engine/bake/BakedKernel.h"
+#include "engine/bake/CubeBends.h"
 #include "engine/kernels/KernelSelection.h"
 #include "engine/pixels/PixelKernel.h"
 
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <cstddef>
 #include <cstdlib>
 
 namespace LumetraHost {
@@ -19,7 +21,9 @@ namespace {
 
 constexpr int BandRows = 32;
 /// One row of tables or probes.
-constexpr int TileColours = 256;
+constexpr int TileColours = BakedCube::MostPixels;
+/// Of the cells, that may bend: more are no gain.
+constexpr double MostBent = 0.25;
 
 /// What the entries can hold; colours this far out are of no consequence to what is seen.
 constexpr float Lowest = -0.5f;
@@ -31,6 +35,20 @@ struct alignas(64) ColourTile
 
     Tile GetTile(int count) { return {values[0], values[1], values[2], count}; }
 };
+
+using PixelRow = std::uint8_t[Image::Channels * TileColours];
+
+void CopyPixel(const std::uint8_t* source, std::uint8_t* target)
+{
+    std::copy_n(source, Image::Channels, target);
+}
+
+/// The pixels of `rest` one after the other.
+void Gather(const std::uint8_t* source, const BakedRest& rest, PixelRow& target)
+{
+    for (int i = 0; i < rest.count; ++i)
+        CopyPixel(source + Image::Channels * rest.positions[i], target + Image::Channels * i);
+}
 
 std::int16_t Quantise(float value)
 {
@@ -81,9 +99,9 @@ bool IsClose(float exact, std::uint8_t baked)
 }
 
 /// Whether one row of the probe comes out as the exact run has it.
-bool ProbeRow(const StageChain& chain, const std::int16_t* cube, int points, Isa isa, int row)
+bool ProbeRow(const StageChain& chain, const BakedRun& baked, int row)
 {
-    alignas(64) std::uint8_t pixels[Image::Channels * TileColours];
+    alignas(64) PixelRow pixels;
     ColourTile colours;
     for (int i = 0; i < TileColours; ++i) {
         pixels[4 * i + 3] = 255;
@@ -93,7 +111,7 @@ bool ProbeRow(const StageChain& chain, const std::int16_t* cube, int points, Isa
         }
     }
     chain.Run(colours.GetTile(TileColours));
-    SelectKernel<BakedKernel8>(isa)(cube, points, pixels, pixels, TileColours);
+    baked.RunRow(pixels, pixels, TileColours, FullEffect);
     for (int i = 0; i < TileColours; ++i)
         for (int channel = 0; channel < 3; ++channel)
             if (!IsClose(colours.values[channel][i], pixels[4 * i + channel]))
@@ -111,8 +129,11 @@ bool AreOfColourOnly(const Zorvik::Quindle::EffectList& effects)
 
 } // namespace
 
-BakedRun::BakedRun(Isa isa, int points)
-    : m_isa(isa), m_points(points), m_cube(BakedCube::CountValues(points))
+BakedRun::BakedRun(const std::vector<StagePtr>& stages, Isa isa, int points)
+    : m_isa(isa), m_points(points), m_cube(BakedCube::CountValues(points)), m_chain(stages, isa),
+      m_encodedChain(stages, isa, ColourSpace::Encoded, ColourSpace::Encoded),
+      m_pixelStep(Image::Depth::Bits8, isa, m_chain.GetFirstSpace(), m_chain.GetLastSpace(), 0),
+      m_encodedStep(Image::Depth::Bits8, isa, ColourSpace::Encoded, ColourSpace::Encoded, 0)
 {
 }
 
@@ -129,22 +150,35 @@ std::shared_ptr<const BakedRun> BakedRun::Make(const Zorvik::Quindle::EffectList
 std::shared_ptr<const BakedRun> BakedRun::Make(const std::vector<StagePtr>& stages, int points,
                                                Isa isa, ThreadPool& pool, const CancelToken* cancel)
 {
-    const Isa supported = LimitToSupported(isa);
-    const StageChain chain(stages, supported, ColourSpace::Encoded, ColourSpace::Encoded);
-    const std::shared_ptr<BakedRun> baked(new BakedRun(supported, points));
-    std::int16_t* const cube = baked->m_cube.data();
+    const std::shared_ptr<BakedRun> baked(new BakedRun(stages, LimitToSupported(isa), points));
+    const bool isGood = baked->Bake(pool, cancel) && baked->Probe(pool, cancel);
+    return isGood ? baked : nullptr;
+}
+
+/// False when the table does not serve, and when it was cancelled.
+bool BakedRun::Bake(ThreadPool& pool, const CancelToken* cancel)
+{
+    std::int16_t* const cube = m_cube.data();
     const auto isCancelled = [cancel] { return cancel && cancel->IsCancelled(); };
-    pool.ForEach(points, 0, [&](int blue) {
-        for (int green = 0; green < points && !isCancelled(); ++green)
-            BakeLine(chain, points, green, blue,
-                     cube + (blue * points + green) * points * BakedCube::Stride);
+    pool.ForEach(m_points, 0, [&](int blue) {
+        for (int green = 0; green < m_points && !isCancelled(); ++green)
+            BakeLine(m_encodedChain, m_points, green, blue,
+                     cube + (blue * m_points + green) * m_points * BakedCube::Stride);
     });
-    std::atomic<bool> isGood{!isCancelled()};
+    if (isCancelled())
+        return false;
+    const CubeBends bends(cube, m_points, pool);
+    return !bends.HasJump() && bends.GetMarkedShare() <= MostBent;
+}
+
+bool BakedRun::Probe(ThreadPool& pool, const CancelToken* cancel) const
+{
+    std::atomic<bool> isGood{true};
     pool.ForEach(ProbeRows, 0, [&](int row) {
-        if (isGood && !ProbeRow(chain, cube, points, supported, row))
+        if (isGood && ((cancel && cancel->IsCancelled()) || !ProbeRow(m_encodedChain, *this, row)))
             isGood = false;
     });
-    return isGood ? baked : nullptr;
+    return isGood;
 }
 
 bool BakedRun::Run(const Image& source, Image& target, int blendAmount, ThreadPool& pool,
@@ -165,9 +199,68 @@ void BakedRun::RunRow(const std::uint8_t* source, std::uint8_t* target, int pixe
                       int blendAmount) const
 {
     const int amount = ClampBlendAmount(blendAmount);
-    SelectKernel<BakedKernel8>(m_isa)(m_cube.data(), m_points, source, target, pixels);
+    for (int x = 0; x < pixels; x += TileColours) {
+        const std::ptrdiff_t offset = std::ptrdiff_t{Image::Channels} * x;
+        RunPart(source + offset, target + offset, std::min(TileColours, pixels - x), amount);
+    }
+}
+
+/// At most one tile of colours.
+void BakedRun::RunPart(const std::uint8_t* source, std::uint8_t* target, int pixels,
+                       int amount) const
+{
+    alignas(64) PixelRow before; // the target may be the source
+    std::copy_n(source, Image::Channels * pixels, before);
+    BakedRest rest;
+    SelectKernel<BakedKernel8>(m_isa)(m_cube.data(), m_points, before, target, pixels, rest);
+    if (rest.count > 0)
+        DrawExactly(before, target, rest);
     if (amount != FullEffect)
-        SelectKernel<BlendKernel8>(m_isa)(source, target, target, pixels, amount);
+        SelectKernel<BlendKernel8>(m_isa)(before, target, target, pixels, amount);
+}
+
+void BakedRun::DrawExactly(const std::uint8_t* source, std::uint8_t* target,
+                           const BakedRest& rest) const
+{
+    alignas(64) PixelRow pixels;
+    Gather(source, rest, pixels);
+    ColourTile colours;
+    const Tile tile = colours.GetTile(rest.count);
+    m_pixelStep.Load(tile, pixels);
+    m_chain.Run(tile);
+    m_pixelStep.Store(tile, pixels, pixels);
+    for (int i = 0; i < rest.count; ++i)
+        CopyPixel(pixels + Image::Channels * i, target + Image::Channels * rest.positions[i]);
+}
+
+void BakedRun::Load(const Tile& tile, const std::uint8_t* row) const
+{
+    const std::uint8_t* const source = row + std::ptrdiff_t{Image::Channels} * tile.x;
+    for (int x = 0; x < tile.count; x += TileColours) {
+        const Tile part{tile.red + x, tile.green + x, tile.blue + x,
+                        std::min(TileColours, tile.count - x)};
+        BakedRest rest;
+        SelectKernel<BakedLoadKernel8>(m_isa)(
+            m_cube.data(), m_points, source + std::ptrdiff_t{Image::Channels} * x, part, rest);
+        if (rest.count > 0)
+            LoadExactly(source + std::ptrdiff_t{Image::Channels} * x, part, rest);
+    }
+}
+
+void BakedRun::LoadExactly(const std::uint8_t* source, const Tile& target,
+                           const BakedRest& rest) const
+{
+    alignas(64) PixelRow pixels;
+    Gather(source, rest, pixels);
+    ColourTile colours;
+    const Tile tile = colours.GetTile(rest.count);
+    m_encodedStep.Load(tile, pixels);
+    m_encodedChain.Run(tile);
+    for (int i = 0; i < rest.count; ++i) {
+        target.red[rest.positions[i]] = tile.red[i];
+        target.green[rest.positions[i]] = tile.green[i];
+        target.blue[rest.positions[i]] = tile.blue[i];
+    }
 }
 
 } // namespace LumetraHost

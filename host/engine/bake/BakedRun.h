@@ -3,8 +3,9 @@
 
 #include "engine/CancelToken.h"
 #include "engine/Isa.h"
-#include "engine/Stage.h"
+#include "engine/StageChain.h"
 #include "engine/ThreadPool.h"
+#include "engine/pixels/PixelStep.h"
 
 #include "photo/Image.h"
 
@@ -16,13 +17,17 @@
 
 namespace LumetraHost {
 
+struct BakedRest;
+
 /// A run of colour effects as one table of 33 x 33 x 33 or 65 x 65 x 65 colours: quick to draw
-/// with, whatever is in the run, and not exact. The small one is made in a fraction of the time
-/// that a screen's picture takes: for pictures that are shown only until the exact ones are there.
-/// The large one is for large pictures. Immutable.
+/// with, whatever is in the run, and within a step of 8 bits of the exact run. The small one is
+/// made in a fraction of the time that a screen's picture takes: for pictures that are shown only
+/// until the exact ones are there. The large one is for large pictures. Immutable.
 ///
-/// A table is made only where it serves: a probe of some 4,000 colours must come out within one
-/// step of 8 bits of the exact run. Runs that jump, and very steep ones, are refused.
+/// Colours in cells where the run bends too sharply for the table (see CubeBends) are drawn
+/// exactly. A table is made only where it serves: a probe of some 4,000 colours must come out
+/// within one step of the exact run. Runs that jump, and those that bend nearly everywhere, are
+/// refused.
 class BakedRun
 {
 public:
@@ -48,16 +53,29 @@ public:
     /// holds anything.
     bool Run(const Image& source, Image& target, int blendAmount, ThreadPool& pool,
              const CancelToken* cancel = nullptr) const;
-    /// The same for `pixels` pixels of one row, on the calling thread.
+    /// The same for `pixels` pixels of one row, on the calling thread. The rows may be the same.
     void RunRow(const std::uint8_t* source, std::uint8_t* target, int pixels,
                 int blendAmount) const;
+    /// From a row of 8 bits, which begins with the picture's first column, to the tile: encoded,
+    /// not limited, on the calling thread.
+    void Load(const Tile& tile, const std::uint8_t* row) const;
 
 private:
-    BakedRun(Isa isa, int points);
+    BakedRun(const std::vector<StagePtr>& stages, Isa isa, int points);
+
+    bool Bake(ThreadPool& pool, const CancelToken* cancel);
+    bool Probe(ThreadPool& pool, const CancelToken* cancel) const;
+    void RunPart(const std::uint8_t* source, std::uint8_t* target, int pixels, int amount) const;
+    void DrawExactly(const std::uint8_t* source, std::uint8_t* target, const BakedRest& rest) const;
+    void LoadExactly(const std::uint8_t* source, const Tile& target, const BakedRest& rest) const;
 
     Isa m_isa;
     int m_points;
     std::vector<std::int16_t> m_cube;
+    StageChain m_chain;
+    StageChain m_encodedChain; ///< from and to encoded colours
+    PixelStep m_pixelStep;
+    PixelStep m_encodedStep;
 };
 
 } // namespace LumetraHost

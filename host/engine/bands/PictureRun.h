@@ -34,7 +34,7 @@ struct PictureRunForm
 class PictureRun
 {
 public:
-    static constexpr int BandRows = 32;
+    static constexpr int BandRows = 16;
 
     /// `plan` is kept by reference.
     PictureRun(const RenderPlan& plan, const PictureRunForm& form);
@@ -47,6 +47,9 @@ public:
     int GetLatency() const;
     /// Bands that threads may work on beyond those that somebody waits for.
     int GetAhead() const { return m_form.threads + 1; }
+
+    /// Whether source and target may be the same rows.
+    bool CanDrawInPlace() const { return m_steps.empty(); }
 
     /// Adds the nodes. `sourceNode`: the one that writes the source's rows, or -1 when they are all
     /// there. Returns the node that writes the target. The windows are kept.

@@ -6,8 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <vector>
 
 namespace LumetraHost {
 namespace {
@@ -61,9 +63,9 @@ std::shared_ptr<const BakedRun> Bake(const EffectList& effects, int points = Bak
     return BakedRun::Make(effects, points, GetDefaultIsa(), ThreadPool::GetShared());
 }
 
-bool IsRefused(const StagePtr& stage)
+bool IsRefused(const StagePtr& stage, int points = BakedRun::DragPoints)
 {
-    return !BakedRun::Make({stage}, BakedRun::DragPoints, GetDefaultIsa(), ThreadPool::GetShared());
+    return !BakedRun::Make({stage}, points, GetDefaultIsa(), ThreadPool::GetShared());
 }
 
 Image DrawWith(const BakedRun& baked, const Image& source, int blendAmount = 1)
@@ -73,27 +75,16 @@ Image DrawWith(const BakedRun& baked, const Image& source, int blendAmount = 1)
     return target;
 }
 
-/// In steps, with the share of the channels that are off by more than one.
-struct Difference
+/// The largest of all channels, in steps.
+int FindDifference(const Image& first, const Image& second)
 {
     int largest = 0;
-    double beyondOne = 0;
-};
-
-Difference Compare(const Image& first, const Image& second)
-{
-    Difference difference;
-    const int width = first.GetWidth();
-    const int height = first.GetHeight();
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
-            for (int channel = 0; channel < 4; ++channel) {
-                const int off = std::abs(int(GetChannel(first, x, y, channel)) -
-                                         int(GetChannel(second, x, y, channel)));
-                difference.largest = std::max(difference.largest, off);
-                difference.beyondOne += off > 1 ? 1.0 / (4.0 * width * height) : 0.0;
-            }
-    return difference;
+    for (int y = 0; y < first.GetHeight(); ++y)
+        for (int x = 0; x < first.GetWidth(); ++x)
+            for (int channel = 0; channel < 4; ++channel)
+                largest = std::max(largest, std::abs(int(GetChannel(first, x, y, channel)) -
+                                                     int(GetChannel(second, x, y, channel))));
+    return largest;
 }
 
 TEST(BakedRun, isCloseToTheExactRun)
@@ -103,17 +94,62 @@ TEST(BakedRun, isCloseToTheExactRun)
     for (const int points : {BakedRun::DragPoints, BakedRun::ExportPoints}) {
         const auto baked = Bake(MakeChain(), points);
         ASSERT_TRUE(baked);
-        const Difference difference = Compare(DrawWith(*baked, source), exact);
-        EXPECT_LE(difference.largest, 2) << points;
-        EXPECT_LE(difference.beyondOne, 0.001) << points;
+        EXPECT_LE(FindDifference(DrawWith(*baked, source), exact), 1) << points;
     }
 }
 
-// Where colours leave the range that the picture can hold the encoding bends sharply.
-TEST(BakedRun, refusesWhatBendsWithinItsCells)
+/// Takes colours out of the range that the picture can hold, where the encoding bends sharply.
+EffectList MakeBendingChain()
 {
-    EXPECT_FALSE(Bake(
-        {MakeEffect("contrast", {{"amount", 15}}), MakeEffect("saturation", {{"amount", 60}})}));
+    return {MakeEffect("contrast", {{"amount", 15}}), MakeEffect("saturation", {{"amount", 60}})};
+}
+
+TEST(BakedRun, refusesWhatBendsInManyOfItsCells)
+{
+    EXPECT_FALSE(Bake(MakeBendingChain()));
+}
+
+TEST(BakedRun, staysWithinAStepWhereFewCellsBend)
+{
+    const auto baked = Bake(MakeBendingChain(), BakedRun::ExportPoints);
+    ASSERT_TRUE(baked);
+    const Image source = MakeRandomPicture(601, 500, Image::Depth::Bits8, 8);
+    const Image exact = Renderer().Render(source, MakeSettings(MakeBendingChain()));
+    EXPECT_LE(FindDifference(DrawWith(*baked, source), exact), 1);
+}
+
+TEST(BakedRun, mayDrawOnItsSource)
+{
+    const auto baked = Bake(MakeBendingChain(), BakedRun::ExportPoints);
+    ASSERT_TRUE(baked);
+    const Image source = MakeRandomPicture(601, 3, Image::Depth::Bits8, 9);
+    for (const int blendAmount : {1, 100}) {
+        Image picture = source.Clone();
+        for (int y = 0; y < picture.GetHeight(); ++y)
+            baked->RunRow(picture.Row(y), picture.Row(y), picture.GetWidth(), blendAmount);
+        EXPECT_TRUE(HaveSamePixels(picture, DrawWith(*baked, source, blendAmount))) << blendAmount;
+    }
+}
+
+TEST(BakedRun, loadsTilesOfWhatItDraws)
+{
+    const auto baked = Bake(MakeBendingChain(), BakedRun::ExportPoints);
+    ASSERT_TRUE(baked);
+    const Image source = MakeRandomPicture(601, 1, Image::Depth::Bits8, 10);
+    const Image drawn = DrawWith(*baked, source);
+    std::vector<float> planes[3];
+    for (auto& plane : planes)
+        plane.resize(500);
+    constexpr int left = 100;
+    baked->Load({planes[0].data(), planes[1].data(), planes[2].data(), 500, left, 0},
+                source.Row(0));
+    for (int x = 0; x < 500; ++x)
+        for (int channel = 0; channel < 3; ++channel) {
+            const float value = planes[channel][static_cast<std::size_t>(x)];
+            EXPECT_NEAR(255 * std::clamp(value, 0.0f, 1.0f),
+                        GetChannel(drawn, left + x, 0, channel), 0.51)
+                << x << ", channel " << channel;
+        }
 }
 
 TEST(BakedRun, isExactWhereNothingChanges)
@@ -153,7 +189,8 @@ TEST(BakedRun, isBlendedWithTheSource)
 TEST(BakedRun, refusesRunsThatJump)
 {
     for (const float levels : {2.0f, 4.0f, 8.0f, 32.0f, 100.0f})
-        EXPECT_TRUE(IsRefused(std::make_shared<PosteriseStage>(levels))) << levels;
+        for (const int points : {BakedRun::DragPoints, BakedRun::ExportPoints})
+            EXPECT_TRUE(IsRefused(std::make_shared<PosteriseStage>(levels), points)) << levels;
 }
 
 TEST(BakedRun, refusesWhatATableOfItsSizeCannotFollow)
