@@ -66,7 +66,7 @@ QString Text(Language language, const char* english, const char* german)
 } // namespace
 
 GalleryPanel::GalleryPanel(LumetraHost::PaletteKind kind, Language language)
-    : m_kind(kind), m_language(language), m_presets(language), m_toolBox(new CustomToolBox),
+    : m_language(language), m_presets(language), m_toolBox(new CustomToolBox),
       m_intensity(new IntensityWidget), m_extra(new QSlider), m_add(new QToolButton)
 {
     setObjectName(QStringLiteral("presetsPanel"));

@@ -36,7 +36,6 @@ private:
     void AddPages();
     void AddSlider(QVBoxLayout* column, const QString& name, QSlider* slider);
 
-    LumetraHost::PaletteKind m_kind;
     Language m_language;
     GalleryPresets m_presets;
     Zorvik::Lumetra::LumetraPresets::CustomToolBox* m_toolBox;

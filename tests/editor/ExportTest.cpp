@@ -244,7 +244,7 @@ TEST_F(ExportTest, asksBeforeAFileIsReplaced)
 
 TEST_F(ExportTest, remembersTheOptions)
 {
-    ExportByHand([this](ExportDialog& dialog) {
+    ExportByHand([](ExportDialog& dialog) {
         Part<QComboBox>(dialog, "exportFormat")->setCurrentIndex(2);
         Part<QComboBox>(dialog, "exportBits")->setCurrentIndex(1);
         Part<QComboBox>(dialog, "exportSize")->setCurrentIndex(1);

@@ -324,7 +324,7 @@ TEST_F(LooksTest, anExportRecordsTheLooks)
     const int intensity = Intensity()->value();
     Find<QPushButton>("applyButton")->click();
     ClickLook(OtherLook);
-    QTimer::singleShot(0, window.get(), [this] {
+    QTimer::singleShot(0, window.get(), [] {
         auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
         dialog->findChild<QPushButton*>(QStringLiteral("exportButton"))->click();
