@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QCoreApplication>
 #include <QPointer>
+#include <QStyle>
 
 #include <utility>
 
@@ -57,8 +58,11 @@ std::unique_ptr<QMessageBox> MessageBoxAlertBackend::MakeMessageBox(const AlertB
     if (look.defaultButton != QMessageBox::NoButton)
         messageBox->setDefaultButton(look.defaultButton);
     for (const auto button : look.accentButtons) {
-        if (QAbstractButton* widget = messageBox->button(button))
+        if (QAbstractButton* widget = messageBox->button(button)) {
             widget->setProperty("accent", true);
+            widget->style()->unpolish(widget); // the box has polished it already
+            widget->style()->polish(widget);
+        }
     }
     return messageBox;
 }

@@ -14,29 +14,21 @@ namespace LumetraPlugin {
 namespace {
 
 constexpr int Gap = 8;
+constexpr int Gutter = 2 * Gap; // what the pictures below keep to the left and the right
 constexpr int IconSize = 16;
 constexpr int KindCount = 4;
 
 } // namespace
 
 FilterBar::FilterBar(QWidget* parent)
-    : QWidget(parent), m_search(new QLineEdit(this)), m_import(new QToolButton(this))
+    : QWidget(parent), m_search(new QLineEdit(this)), m_searchIcon(new QLabel(m_search)),
+      m_clear(new QToolButton(m_search)), m_import(new QToolButton(this))
 {
     setObjectName(QStringLiteral("filterBar"));
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(Gap, Gap, Gap, Gap);
+    column->setContentsMargins(Gutter, Gap, Gutter, Gap);
     column->setSpacing(Gap);
-    m_search->setObjectName(QStringLiteral("searchField"));
-    m_search->setClearButtonEnabled(true);
-    m_search->installEventFilter(this);
-    // An action's icon does not stand in the middle of a field that a style sheet makes higher.
-    m_searchIcon = new QLabel(m_search);
-    m_searchIcon->setAttribute(Qt::WA_TransparentForMouseEvents);
-    auto* inside = new QHBoxLayout(m_search);
-    inside->setContentsMargins(Gap, 0, 0, 0);
-    inside->addWidget(m_searchIcon);
-    inside->addStretch();
-    m_search->setTextMargins(IconSize + Gap, 0, 0, 0);
+    BuildSearch();
     auto* searchRow = new QHBoxLayout;
     searchRow->setSpacing(Gap);
     searchRow->addWidget(m_search, 1);
@@ -46,9 +38,41 @@ FilterBar::FilterBar(QWidget* parent)
     m_import->setFixedWidth(26);
     m_import->setFocusPolicy(Qt::StrongFocus);
     connect(m_import, &QToolButton::clicked, this, &FilterBar::importRequested);
+    BuildKinds();
+    ShowTexts();
+}
+
+/// Mark and button stand in a layout: actions of the field would not be in the middle of one that a
+/// style sheet makes higher.
+void FilterBar::BuildSearch()
+{
+    m_search->setObjectName(QStringLiteral("searchField"));
+    m_search->installEventFilter(this);
+    m_search->setTextMargins(IconSize + Gap, 0, IconSize + Gap, 0);
+    m_searchIcon->setObjectName(QStringLiteral("searchIcon"));
+    m_searchIcon->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_clear->setObjectName(QStringLiteral("searchClear"));
+    m_clear->setFocusPolicy(Qt::NoFocus); // Esc does the same
+    m_clear->setCursor(Qt::ArrowCursor);
+    m_clear->hide();
+    auto* inside = new QHBoxLayout(m_search);
+    inside->setContentsMargins(Gap, 0, Gap / 2, 0);
+    inside->addWidget(m_searchIcon);
+    inside->addStretch();
+    inside->addWidget(m_clear);
+    connect(m_clear, &QToolButton::clicked, m_search, &QLineEdit::clear);
+    connect(m_search, &QLineEdit::textChanged, this, [this](const QString& text) {
+        m_clear->setVisible(!text.isEmpty());
+        emit textChanged(text);
+    });
+    connect(m_search, &QLineEdit::returnPressed, this, &FilterBar::left);
+}
+
+void FilterBar::BuildKinds()
+{
     auto* row = new QHBoxLayout;
     row->setSpacing(2);
-    column->addLayout(row);
+    static_cast<QVBoxLayout*>(layout())->addLayout(row);
     auto* group = new QButtonGroup(this);
     for (int i = 0; i < KindCount; ++i) {
         auto* button = new QToolButton(this);
@@ -63,11 +87,8 @@ FilterBar::FilterBar(QWidget* parent)
         m_kinds.push_back(button);
     }
     m_kinds.front()->setChecked(true);
-    connect(m_search, &QLineEdit::textChanged, this, &FilterBar::textChanged);
-    connect(m_search, &QLineEdit::returnPressed, this, &FilterBar::left);
     connect(group, &QButtonGroup::idClicked, this,
             [this](int id) { emit kindChosen(static_cast<PresetFilter::Kind>(id)); });
-    ShowTexts();
 }
 
 void FilterBar::FocusSearch()
@@ -104,6 +125,9 @@ void FilterBar::ShowTexts()
     m_search->setAccessibleName(tr("Search looks"));
     m_searchIcon->setPixmap(PanelIcons::GetPixmap(
         QStringLiteral("search"), IconSize, palette().color(QPalette::Text), devicePixelRatioF()));
+    m_clear->setIcon(PanelIcons::GetIcon(QStringLiteral("clear"), palette()));
+    m_clear->setToolTip(tr("Empty the search (Esc)"));
+    m_clear->setAccessibleName(tr("Empty the search"));
     m_import->setIcon(PanelIcons::GetIcon(QStringLiteral("import"), palette()));
     m_import->setToolTip(tr("Import looks: .cube, .3dl, CLF, CDL, HaldCLUT and preset files"));
     m_import->setAccessibleName(tr("Import looks"));

@@ -36,10 +36,13 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void BuildSearch();
+    void BuildKinds();
     void ShowTexts();
 
     QLineEdit* m_search;
     QLabel* m_searchIcon;
+    QToolButton* m_clear;
     QToolButton* m_import;
     std::vector<QToolButton*> m_kinds; // in the order of PresetFilter::Kind
 };

@@ -4,6 +4,7 @@
 #include "core/PresetModel.h"
 #include "panel/PanelIcons.h"
 
+#include <QApplication>
 #include <QListView>
 #include <QPainter>
 #include <QPainterPath>
@@ -16,6 +17,7 @@ constexpr int Radius = 4;
 constexpr int NameGap = 4;
 constexpr int MarkSize = 16;
 constexpr int BadgeSize = 24;
+constexpr int PlaceholderSize = 32;
 
 QRect InnerRect(const QRect& cell)
 {
@@ -28,6 +30,18 @@ QRectF CentrePart(const QSize& picture, const QSize& place)
     const QSizeF part = QSizeF(place).scaled(picture, Qt::KeepAspectRatio);
     return {QPointF((picture.width() - part.width()) / 2, (picture.height() - part.height()) / 2),
             part};
+}
+
+/// The list's own palette has the colour of its background everywhere that a style sheet sets.
+void PaintPlaceholder(QPainter& painter, const QRect& place)
+{
+    painter.fillRect(place, QApplication::palette().color(QPalette::Button));
+    const QColor faint = QApplication::palette().color(QPalette::Disabled, QPalette::Text);
+    QRect middle(0, 0, PlaceholderSize, PlaceholderSize);
+    middle.moveCenter(place.center());
+    painter.drawPixmap(middle.topLeft(),
+                       PanelIcons::GetPixmap(QStringLiteral("photo"), PlaceholderSize, faint,
+                                             painter.device()->devicePixelRatioF()));
 }
 
 QPalette::ColorGroup GroupOf(const QStyleOptionViewItem& option)
@@ -95,7 +109,7 @@ void PresetDelegate::PaintPicture(QPainter& painter, const QRect& place,
     painter.setClipPath(shape);
     const auto picture = index.data(Qt::DecorationRole).value<QPixmap>();
     if (picture.isNull())
-        painter.fillRect(place, option.palette.color(GroupOf(option), QPalette::Button));
+        PaintPlaceholder(painter, place);
     else
         painter.drawPixmap(place, picture, CentrePart(picture.size(), place.size()).toRect());
     if (!option.state.testFlag(QStyle::State_Enabled))

@@ -10,6 +10,7 @@
 #include "widgets/CustomToolBox.h"
 #include "widgets/CustomToolBoxButton.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QLabel>
 #include <QLayout>
@@ -27,19 +28,20 @@ using Zorvik::Lumetra::LumetraPresets::CustomToolBoxButton;
 namespace {
 
 constexpr int Gap = 8;
+constexpr int Gutter = 2 * Gap;
 constexpr int PagesWithKeys = 9;
 
-/// The grid's cells have a margin of their own, half a gap.
+/// The grid's cells have a margin of their own, half a gap. The right one follows the scroll bar.
 QWidget* MakePage(PresetGrid* grid, QLabel* emptyHint)
 {
     auto* page = new QWidget;
     auto* column = new QVBoxLayout(page);
-    column->setContentsMargins(Gap / 2, Gap / 2, Gap / 2, Gap / 2);
+    column->setContentsMargins(Gutter - Gap / 2, Gap / 2, Gutter - Gap / 2, Gap / 2);
     column->setSpacing(0);
     column->addWidget(grid);
     column->addWidget(emptyHint);
     emptyHint->setWordWrap(true);
-    emptyHint->setMargin(Gap);
+    emptyHint->setContentsMargins(Gap / 2, Gap, Gap / 2, Gap);
     emptyHint->setProperty("muted", true);
     return page;
 }
@@ -69,6 +71,7 @@ PresetPages::PresetPages(PresetCommands& commands, const PresetFilter& filter,
     auto* column = new QVBoxLayout(content);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
+    m_hint->setObjectName(QStringLiteral("emptyHint"));
     m_hint->setMargin(2 * Gap);
     m_hint->setWordWrap(true);
     m_hint->setAlignment(Qt::AlignHCenter);
@@ -198,8 +201,7 @@ void PresetPages::ShowPageTexts(int page)
                                         : QIcon());
     m_titles[page]->setToolTip(text);
     m_titles[page]->setAccessibleName(text);
-    m_emptyHints[page]->setText(tr("Looks that you save or import appear here. Drop .cube and "
-                                   "other LUT files to import them."));
+    m_emptyHints[page]->setText(MakeUserHint());
     m_emptyHints[page]->setVisible(isUsers && count == 0 && !m_filter.IsActive());
 }
 
@@ -210,10 +212,32 @@ void PresetPages::ShowTexts()
         ShowPageTexts(static_cast<int>(page));
         isAnySeen = isAnySeen || m_grids[page]->GetPresets().rowCount() > 0;
     }
-    m_hint->setText(m_filter.GetText().isEmpty()
-                        ? tr("There are no looks here yet.")
-                        : tr("No look is called \"%1\".").arg(m_filter.GetText()));
+    m_hint->setText(MakeHint());
     m_hint->setVisible(!isAnySeen);
+}
+
+/// What to say where there is nothing to be seen.
+QString PresetPages::MakeHint() const
+{
+    if (!m_filter.GetText().isEmpty())
+        return tr("No look is called \"%1\".").arg(m_filter.GetText());
+    switch (m_filter.GetKind()) {
+    case PresetFilter::Kind::Favourites:
+        return tr("Looks that you mark with a star appear here.");
+    case PresetFilter::Kind::Recent:
+        return tr("Looks that you apply appear here.");
+    case PresetFilter::Kind::User:
+        return MakeUserHint();
+    case PresetFilter::Kind::All:
+        break;
+    }
+    return tr("There are no looks.");
+}
+
+QString PresetPages::MakeUserHint()
+{
+    return tr("Looks that you save or import appear here. Drop .cube and other LUT files to import "
+              "them.");
 }
 
 void PresetPages::FocusOn(PresetGrid& grid, bool isLast)
@@ -227,6 +251,19 @@ void PresetPages::FocusOn(PresetGrid& grid, bool isLast)
     ensureWidgetVisible(&grid, 0, 0);
 }
 
+/// A page that has only just been opened, or has grown, has no place yet: the layouts around it and
+/// the scrolled content would hear of it later.
+void PresetPages::LayOut(PresetGrid& grid)
+{
+    for (QWidget* around = grid.parentWidget(); around != viewport();
+         around = around->parentWidget())
+        if (around->layout()) {
+            around->layout()->activate();
+            around->updateGeometry();
+        }
+    QCoreApplication::sendPostedEvents(widget(), QEvent::LayoutRequest);
+}
+
 void PresetPages::Reveal(const QModelIndex& preset)
 {
     const int page = preset.parent().row();
@@ -236,8 +273,7 @@ void PresetPages::Reveal(const QModelIndex& preset)
     ShowPage(page);
     PresetGrid& grid = *m_grids[page];
     grid.SetCurrentPreset(preset);
-    // The page has no place yet when it has only just been opened.
-    widget()->layout()->activate();
+    LayOut(grid);
     const QRect cell = grid.visualRect(grid.GetPresets().FromPreset(preset));
     const QPoint centre = grid.mapTo(widget(), cell.center());
     ensureVisible(centre.x(), centre.y(), cell.width() / 2, cell.height() / 2);
@@ -273,6 +309,25 @@ QModelIndex PresetPages::GetCurrentPreset() const
         if (grid == window()->focusWidget())
             return grid->GetCurrentPreset();
     return {};
+}
+
+/// Pictures keep their places and sizes whether the scroll bar, which stands in the right gutter,
+/// is there or not.
+void PresetPages::KeepGutter()
+{
+    const int bar = width() - viewport()->width();
+    for (PresetGrid* const grid : m_grids) {
+        QLayout& column = *grid->parentWidget()->layout();
+        QMargins margins = column.contentsMargins();
+        margins.setRight(std::max(0, Gutter - Gap / 2 - bar));
+        column.setContentsMargins(margins);
+    }
+}
+
+void PresetPages::resizeEvent(QResizeEvent* event)
+{
+    QScrollArea::resizeEvent(event);
+    KeepGutter();
 }
 
 void PresetPages::changeEvent(QEvent* event)

@@ -55,6 +55,7 @@ signals:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void AddPage(int group);
@@ -62,6 +63,10 @@ private:
     void StepOut(const PresetGrid& grid, bool isForward);
     void FocusOn(PresetGrid& grid, bool isLast);
     void ShowPage(int page);
+    QString MakeHint() const;
+    static QString MakeUserHint();
+    void LayOut(PresetGrid& grid);
+    void KeepGutter();
     void ShowTexts();
     void ShowPageTexts(int page);
     bool IsOpen(int page) const;

@@ -173,6 +173,8 @@ void PresetsWidget::ShowActionTexts()
     m_import->setText(tr("Import looks…"));
     m_export->setText(tr("Export as .cube…"));
     setAccessibleName(tr("Looks"));
+    for (QShortcut* const shortcut : findChildren<QShortcut*>())
+        shortcut->setWhatsThis(tr("Open or shut the group in that place")); // for lists of keys
 }
 
 QModelIndex PresetsWidget::GetMeant() const

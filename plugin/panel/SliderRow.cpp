@@ -2,8 +2,10 @@
 #include "panel/SliderRow.h"
 
 #include "Zorvik/Lumetra/ClickSlider.h"
+#include "style/StyleSheet.h"
 #include "widgets/GrooveStyle.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -18,6 +20,12 @@ using Zorvik::Lumetra::ClickSlider;
 
 constexpr int NameWidth = 88;
 constexpr int NumberWidth = 48;
+
+LumetraHost::PaletteKind KindOf(const QPalette& palette)
+{
+    return palette.color(QPalette::Window).lightness() < 128 ? LumetraHost::PaletteKind::Dark
+                                                             : LumetraHost::PaletteKind::Light;
+}
 
 } // namespace
 
@@ -81,12 +89,10 @@ void SliderRow::UpdateGroove()
         return;
     if (m_slider->objectName().isEmpty())
         m_slider->setObjectName(QStringLiteral("tuneSlider"));
-    const QColor fill = palette().color(QPalette::Active, QPalette::Highlight);
-    const QColor ground = palette().color(QPalette::Active, QPalette::Button).darker(115);
-    const QColor dull = palette().color(QPalette::Disabled, QPalette::Text);
-    Zorvik::Lumetra::LumetraPresets::ApplyGrooveStyle(m_slider, fill.name(), dull.name(),
-                                                      fill.name(), ground.name(), ground.name(),
-                                                      ground.name());
+    const auto colours = LumetraHost::GrooveColoursOf(KindOf(QApplication::palette()));
+    Zorvik::Lumetra::LumetraPresets::ApplyGrooveStyle(
+        m_slider, colours.fill, colours.disabledFill, colours.hoverFill, colours.background,
+        colours.disabledBackground, colours.hoverBackground);
 }
 
 bool SliderRow::eventFilter(QObject* watched, QEvent* event)

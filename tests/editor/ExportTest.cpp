@@ -13,7 +13,9 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QFile>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
@@ -279,6 +281,42 @@ TEST_F(ExportTest, offersQualityForJpegAndDepthForTheOthers)
         Part<QComboBox>(dialog, "exportFormat")->setCurrentIndex(1);
         EXPECT_FALSE(Part<QSlider>(dialog, "exportQuality")->isEnabled());
         EXPECT_TRUE(Part<QComboBox>(dialog, "exportBits")->isEnabled());
+        dialog.reject();
+    });
+}
+
+TEST_F(ExportTest, theQualitysNumberMovesItsSlider)
+{
+    ExportByHand([](ExportDialog& dialog) {
+        Part<QSpinBox>(dialog, "exportQualityNumber")->setValue(61);
+        EXPECT_EQ(Part<QSlider>(dialog, "exportQuality")->value(), 61);
+        EXPECT_EQ(dialog.GetOptions().quality, 61);
+        dialog.reject();
+    });
+}
+
+TEST_F(ExportTest, writesNothingWhenTheDialogIsLeft)
+{
+    StartByHand([](ExportDialog& dialog) {
+        Part<QDialogButtonBox>(dialog, "exportButtons")->button(QDialogButtonBox::Cancel)->click();
+        EXPECT_FALSE(dialog.isVisible());
+    });
+
+    EXPECT_FALSE(window->GetExporter().IsRunning());
+    EXPECT_FALSE(QFile::exists(Path("lake_edited.jpg")));
+}
+
+TEST_F(ExportTest, takesTheNameThatIsChosenInTheFileDialog)
+{
+    ExportByHand([this](ExportDialog& dialog) {
+        QTimer::singleShot(0, &dialog, [this] {
+            auto* const files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(files, nullptr);
+            files->selectFile(Path("chosen.jpg"));
+            QMetaObject::invokeMethod(files, "accept");
+        });
+        Part<QPushButton>(dialog, "exportBrowse")->click();
+        EXPECT_EQ(Part<QLineEdit>(dialog, "exportPath")->text(), Path("chosen.jpg"));
         dialog.reject();
     });
 }

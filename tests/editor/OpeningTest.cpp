@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDropEvent>
+#include <QFile>
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
@@ -34,7 +35,7 @@ protected:
         Open(good);
         const QSize size = window->GetCanvas().GetView().GetPhotoSize();
 
-        Open(path);
+        Drop({path});
 
         EXPECT_THAT(GetMessage().toStdString(), HasSubstr(expected));
         EXPECT_TRUE(window->GetMessages().isVisible());
@@ -136,7 +137,7 @@ TEST_F(OpeningTest, refusesAHeaderThatPromisesTooMuch)
 {
     WritePhoto("bomb.png", 8, 8);
     QByteArray bomb = ReadFile("bomb.png");
-    bomb.replace(16, 8, QByteArray::fromHex("0000ffff0000ffff")); // width and height in IHDR
+    bomb.replace(16, 8, QByteArray::fromHex("0000753000007530")); // 30,000 x 30,000 in IHDR
 
     ExpectRefused(WriteFile("bomb.png", bomb), "bomb.png");
 }
@@ -144,6 +145,14 @@ TEST_F(OpeningTest, refusesAHeaderThatPromisesTooMuch)
 TEST_F(OpeningTest, refusesAFolder)
 {
     ExpectRefused(Path("."), "expected");
+}
+
+TEST_F(OpeningTest, refusesAFileThatCannotBeRead)
+{
+    // Reading there fails for everybody; permissions would not stop root.
+    ASSERT_TRUE(QFile::link(QStringLiteral("/proc/self/mem"), Path("locked.jpg")));
+
+    ExpectRefused(Path("locked.jpg"), "locked.jpg");
 }
 
 TEST_F(OpeningTest, refusesAMissingFile)

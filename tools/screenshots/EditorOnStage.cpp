@@ -5,30 +5,72 @@
 #include "drawer/AsyncPreviews.h"
 #include "plugins/PluginFolders.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QContextMenuEvent>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QListView>
+#include <QMenu>
 #include <QMouseEvent>
-#include <QScrollArea>
+#include <QPainter>
 #include <QSettings>
-#include <QSlider>
+#include <QTimer>
+#include <QToolTip>
+
+#include <algorithm>
 
 namespace LumetraScreenshots {
 namespace {
 
 constexpr int SettlingRounds = 6;
+constexpr int PopupGap = 4; // to the edge of the window
 
 void Send(QWidget& widget, QEvent::Type type, const QPoint& at, Qt::MouseButtons down)
 {
-    QMouseEvent event(type, at, widget.mapToGlobal(at), Qt::LeftButton, down, Qt::NoModifier);
+    const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, at, widget.mapToGlobal(at), button, down, Qt::NoModifier);
     QApplication::sendEvent(&widget, &event);
+}
+
+int DepthOf(const QWidget* widget)
+{
+    int depth = 0;
+    for (; widget; widget = widget->parentWidget())
+        ++depth;
+    return depth;
+}
+
+/// Everything over the window, a dialog's dialogs after it.
+QList<QWidget*> FindPopups(const QWidget& window)
+{
+    QList<QWidget*> popups;
+    for (QWidget* const widget : QApplication::topLevelWidgets())
+        if (widget->isVisible() && widget != &window)
+            popups.append(widget);
+    std::sort(popups.begin(), popups.end(),
+              [](const QWidget* a, const QWidget* b) { return DepthOf(a) < DepthOf(b); });
+    return popups;
+}
+
+void ClosePopups(const QWidget& window)
+{
+    QToolTip::hideText();
+    const QList<QWidget*> popups = FindPopups(window);
+    for (auto popup = popups.rbegin(); popup != popups.rend(); ++popup) {
+        if (auto* const dialog = qobject_cast<QDialog*>(*popup))
+            dialog->reject();
+        else
+            (*popup)->close();
+    }
 }
 
 } // namespace
 
 EditorOnStage::EditorOnStage(LumetraHost::PaletteKind kind, const QString& language)
+    : m_folder(QDir::temp().filePath(QStringLiteral("Photos-XXXXXX")))
 {
     qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.filePath(QStringLiteral("data"))));
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
@@ -65,6 +107,11 @@ void EditorOnStage::OpenSample()
     WaitUntilOpen();
 }
 
+void EditorOnStage::StartOpening()
+{
+    m_window->OpenPhotos({CopySample()});
+}
+
 void EditorOnStage::OpenText()
 {
     QFile file(m_folder.filePath(QStringLiteral("shopping-list.jpg")));
@@ -98,18 +145,50 @@ void EditorOnStage::ClickLook(const QString& name)
     Settle();
 }
 
-void EditorOnStage::MoveIntensity(int percent)
+void EditorOnStage::PointAtLook(const QString& name)
 {
-    auto* const slider = m_window->findChild<QSlider*>(QStringLiteral("intensitySlider"));
-    slider->setSliderDown(true);
-    slider->setValue(slider->minimum() + (slider->maximum() - slider->minimum()) * percent / 100);
-    slider->setSliderDown(false);
+    QAbstractItemView* view = nullptr;
+    const QModelIndex look = FindLook(name, view);
+    const QPoint place = view->visualRect(look).center();
+    QHoverEvent hover(QEvent::HoverMove, place, place - QPoint(1, 1));
+    QApplication::sendEvent(view->viewport(), &hover);
+    Send(*view->viewport(), QEvent::MouseMove, place, Qt::NoButton);
+    while (!m_editor->GetShownOnTop())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     Settle();
+}
+
+QPoint EditorOnStage::PlaceOf(const QString& look)
+{
+    QAbstractItemView* view = nullptr;
+    const QModelIndex index = FindLook(look, view);
+    return view->viewport()->mapTo(m_window.get(), view->visualRect(index).center());
+}
+
+void EditorOnStage::AskForMenu(const QString& look)
+{
+    QAbstractItemView* view = nullptr;
+    const QModelIndex index = FindLook(look, view);
+    const QPoint place = view->visualRect(index).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, view->viewport()->mapToGlobal(place));
+    QApplication::sendEvent(view->viewport(), &event);
 }
 
 void EditorOnStage::Search(const QString& text)
 {
-    m_window->findChild<QLineEdit*>(QStringLiteral("searchField"))->setText(text);
+    Find<QLineEdit>("searchField").setText(text);
+    Settle();
+}
+
+void EditorOnStage::SaveLook(const QString& name)
+{
+    GrabWithPopups([this] { Find<QAction>("savePreset").trigger(); }, {},
+                   [name] {
+                       auto* const dialog =
+                           qobject_cast<QDialog*>(QApplication::activeModalWidget());
+                       dialog->findChild<QLineEdit*>()->setText(name);
+                       dialog->accept();
+                   });
     Settle();
 }
 
@@ -125,10 +204,53 @@ void EditorOnStage::Settle()
     }
 }
 
+QImage EditorOnStage::GrabNow()
+{
+    return m_window->grab().toImage();
+}
+
 QImage EditorOnStage::Grab()
 {
     Settle();
-    return m_window->grab().toImage();
+    return GrabNow();
+}
+
+QImage EditorOnStage::Compose(const QPoint& place)
+{
+    QImage picture = Grab();
+    QPainter painter(&picture);
+    for (QWidget* const popup : FindPopups(*m_window)) {
+        const bool isDialog = qobject_cast<QDialog*>(popup) != nullptr;
+        const QSize room = (m_window->size() - popup->size()) / 2;
+        const QPoint corner =
+            isDialog ? QPoint(room.width(), room.height() * 4 / 5)
+                     : QPoint(std::min(place.x(), 2 * room.width() - PopupGap), place.y());
+        if (isDialog)
+            painter.fillRect(QRect(corner, popup->size()).adjusted(-1, -1, 1, 1),
+                             QColor(0, 0, 0, 160));
+        painter.drawImage(corner, popup->grab().toImage());
+    }
+    return picture;
+}
+
+QImage EditorOnStage::GrabWithPopups(const std::function<void()>& open, const QPoint& place,
+                                     const std::function<void()>& work)
+{
+    QImage picture;
+    // Dialogs and menus run loops of their own, and so may what is done in them.
+    QTimer::singleShot(0, m_window.get(), [&] {
+        QTimer::singleShot(0, m_window.get(), [&] {
+            QApplication::processEvents();
+            picture = Compose(place);
+            ClosePopups(*m_window);
+        });
+        if (work)
+            work();
+    });
+    open();
+    while (picture.isNull())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return picture;
 }
 
 } // namespace LumetraScreenshots

@@ -7,6 +7,7 @@
 
 #include <QTemporaryDir>
 
+#include <functional>
 #include <memory>
 
 class QAbstractItemView;
@@ -23,23 +24,48 @@ public:
     ~EditorOnStage();
 
     LumetraEditor::EditorWindow& GetWindow() { return *m_window; }
+    /// A part of the window by its object name; the program ends when there is none.
+    template <class Part>
+    Part& Find(const char* name)
+    {
+        auto* const part = m_window->findChild<Part*>(QLatin1String(name));
+        if (!part)
+            qFatal("expected the window to have a \"%s\"", name);
+        return *part;
+    }
 
     void OpenSample();
+    /// Begins and does not wait: the panel is locked.
+    void StartOpening();
     /// A file that is no photo, under the name of one.
     void OpenText();
     /// Clicks on the look of that name, as the catalogue has it.
     void ClickLook(const QString& name);
-    void MoveIntensity(int percent);
+    /// Rests on the look until it is shown on the photo.
+    void PointAtLook(const QString& name);
+    /// Where the look's picture is in the window.
+    QPoint PlaceOf(const QString& look);
+    void AskForMenu(const QString& look);
     void Search(const QString& text);
+    /// Saves what is on the photo as a preset.
+    void SaveLook(const QString& name);
 
     void Settle();
     /// The window when everything has been rendered.
     QImage Grab();
+    /// The window as it is at this moment.
+    QImage GrabNow();
+    /// Does `open`, which opens a dialog, a menu or a tool tip, lets `work` go on in it, and gives
+    /// the window with all that is open over it, as a desktop shows them. Dialogs stand in the
+    /// middle, other things at `place`. Everything is shut again.
+    QImage GrabWithPopups(const std::function<void()>& open, const QPoint& place = {},
+                          const std::function<void()>& work = {});
 
 private:
     QString CopySample();
     QModelIndex FindLook(const QString& name, QAbstractItemView*& view) const;
     void WaitUntilOpen();
+    QImage Compose(const QPoint& place);
 
     QTemporaryDir m_folder;
     std::unique_ptr<LumetraEditor::Editor> m_editor;

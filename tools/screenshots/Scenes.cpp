@@ -9,18 +9,36 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
-#include <QPainter>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSlider>
 #include <QTimer>
+#include <QToolButton>
+#include <QToolTip>
 
 namespace LumetraScreenshots {
 namespace {
 
 const QString Look = QStringLiteral("Candlelight");
+const QString OtherLook = QStringLiteral("Fresh");
+const QString OwnLook = QStringLiteral("My Evening");
+
+// Without a photo
 
 QImage PlayStart(EditorOnStage& stage)
 {
     return stage.Grab();
 }
+
+QImage PlayRecent(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.GetWindow().GetActions().closePhoto->trigger();
+    return stage.Grab();
+}
+
+// The photo
 
 QImage PlayPhoto(EditorOnStage& stage)
 {
@@ -28,10 +46,19 @@ QImage PlayPhoto(EditorOnStage& stage)
     return stage.Grab();
 }
 
-QImage PlayLook(EditorOnStage& stage)
+QImage PlayOpening(EditorOnStage& stage)
 {
     stage.OpenSample();
     stage.ClickLook(Look);
+    stage.StartOpening();
+    return stage.GrabNow();
+}
+
+QImage PlayZoom(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(Look);
+    stage.GetWindow().GetCanvas().SetZoom(4);
     return stage.Grab();
 }
 
@@ -43,11 +70,36 @@ QImage PlaySplit(EditorOnStage& stage)
     return stage.Grab();
 }
 
-QImage PlayZoom(EditorOnStage& stage)
+QImage PlayMessage(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.OpenText();
+    return stage.Grab();
+}
+
+// Looks
+
+QImage PlayLook(EditorOnStage& stage)
 {
     stage.OpenSample();
     stage.ClickLook(Look);
-    stage.GetWindow().GetCanvas().SetZoom(4);
+    return stage.Grab();
+}
+
+QImage PlayHover(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(OtherLook);
+    stage.PointAtLook(Look);
+    return stage.Grab();
+}
+
+QImage PlayFocus(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(Look);
+    QApplication::setActiveWindow(&stage.GetWindow());
+    stage.Find<QSlider>("intensitySlider").setFocus(Qt::TabFocusReason);
     return stage.Grab();
 }
 
@@ -58,35 +110,63 @@ QImage PlaySearch(EditorOnStage& stage)
     return stage.Grab();
 }
 
-QImage PlayMessage(EditorOnStage& stage)
+QImage PlayNothing(EditorOnStage& stage)
 {
     stage.OpenSample();
-    stage.OpenText();
+    stage.Search(QStringLiteral("snow"));
     return stage.Grab();
 }
 
-/// The window with the dialog over it, as a desktop shows them.
-QImage WithDialog(EditorOnStage& stage, QAction& command)
+QImage PlayNoneOfMine(EditorOnStage& stage)
 {
-    QImage picture;
-    QTimer::singleShot(0, &stage.GetWindow(), [&] {
-        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (!dialog)
-            qFatal("expected a dialog for \"%s\"", qPrintable(command.objectName()));
-        QApplication::processEvents();
-        picture = stage.Grab();
-        const QImage front = dialog->grab().toImage();
-        QPainter painter(&picture);
-        const QSize room = (stage.GetWindow().size() - dialog->size()) / 2 -
-                           QSize(0, stage.GetWindow().height() / 12);
-        painter.fillRect(
-            QRect(QPoint(room.width(), room.height()), dialog->size()).adjusted(-1, -1, 1, 1),
-            QColor(0, 0, 0, 160));
-        painter.drawImage(QPoint(room.width(), room.height()), front);
-        dialog->reject();
-    });
-    command.trigger();
-    return picture;
+    stage.OpenSample();
+    stage.Find<QToolButton>("filterButton3").click();
+    return stage.Grab();
+}
+
+QImage PlayMine(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(Look);
+    stage.SaveLook(OwnLook);
+    stage.ClickLook(OwnLook);
+    stage.Find<QAction>("favouritePreset").trigger();
+    return stage.Grab();
+}
+
+// Menus and tool tips
+
+QImage PlayMenu(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(Look);
+    return stage.GrabWithPopups([&stage] { stage.AskForMenu(Look); },
+                                stage.PlaceOf(Look) - QPoint(140, 0));
+}
+
+QImage PlayViewMenu(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    auto& bar = *stage.GetWindow().menuBar();
+    QAction* const view = bar.actions()[2];
+    const QPoint place = bar.mapTo(&stage.GetWindow(), bar.actionGeometry(view).bottomLeft());
+    return stage.GrabWithPopups([view] { view->menu()->popup({}); }, place + QPoint(0, 1));
+}
+
+QImage PlayToolTip(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    auto& button = stage.Find<QToolButton>("compare");
+    const QPoint place = button.mapTo(&stage.GetWindow(), QPoint(8, button.height() + 4));
+    return stage.GrabWithPopups([&button] { QToolTip::showText({}, button.toolTip(), &button); },
+                                place);
+}
+
+// Dialogs
+
+QImage WithDialog(EditorOnStage& stage, QAction& command, const std::function<void()>& work = {})
+{
+    return stage.GrabWithPopups([&command] { command.trigger(); }, {}, work);
 }
 
 QImage PlayExport(EditorOnStage& stage)
@@ -94,6 +174,42 @@ QImage PlayExport(EditorOnStage& stage)
     stage.OpenSample();
     stage.ClickLook(Look);
     return WithDialog(stage, *stage.GetWindow().GetActions().exportPhoto);
+}
+
+QImage PlaySave(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(Look);
+    return WithDialog(stage, stage.Find<QAction>("savePreset"));
+}
+
+/// The name is taken already.
+QImage PlayTaken(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(Look);
+    stage.SaveLook(OwnLook);
+    return WithDialog(stage, stage.Find<QAction>("savePreset"), [] {
+        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        dialog->findChild<QLineEdit*>()->setText(OwnLook);
+        dialog->accept();
+    });
+}
+
+QImage PlayDelete(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(Look);
+    stage.SaveLook(OwnLook);
+    stage.ClickLook(OwnLook);
+    return WithDialog(stage, stage.Find<QAction>("removePreset"));
+}
+
+QImage PlayLeave(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(Look);
+    return stage.GrabWithPopups([&stage] { stage.GetWindow().close(); });
 }
 
 QImage PlayShortcuts(EditorOnStage& stage)
@@ -112,12 +228,30 @@ QImage PlayAbout(EditorOnStage& stage)
 
 const std::vector<Scene>& AllScenes()
 {
-    static const std::vector<Scene> scenes{
-        {QStringLiteral("start"), PlayStart},         {QStringLiteral("photo"), PlayPhoto},
-        {QStringLiteral("look"), PlayLook},           {QStringLiteral("split"), PlaySplit},
-        {QStringLiteral("zoom"), PlayZoom},           {QStringLiteral("search"), PlaySearch},
-        {QStringLiteral("message"), PlayMessage},     {QStringLiteral("export"), PlayExport},
-        {QStringLiteral("shortcuts"), PlayShortcuts}, {QStringLiteral("about"), PlayAbout}};
+    static const std::vector<Scene> scenes{{QStringLiteral("start"), PlayStart},
+                                           {QStringLiteral("recent"), PlayRecent},
+                                           {QStringLiteral("photo"), PlayPhoto},
+                                           {QStringLiteral("opening"), PlayOpening},
+                                           {QStringLiteral("zoom"), PlayZoom},
+                                           {QStringLiteral("split"), PlaySplit},
+                                           {QStringLiteral("message"), PlayMessage},
+                                           {QStringLiteral("look"), PlayLook},
+                                           {QStringLiteral("hover"), PlayHover},
+                                           {QStringLiteral("focus"), PlayFocus},
+                                           {QStringLiteral("search"), PlaySearch},
+                                           {QStringLiteral("nothing"), PlayNothing},
+                                           {QStringLiteral("none-mine"), PlayNoneOfMine},
+                                           {QStringLiteral("mine"), PlayMine},
+                                           {QStringLiteral("menu"), PlayMenu},
+                                           {QStringLiteral("view-menu"), PlayViewMenu},
+                                           {QStringLiteral("tool-tip"), PlayToolTip},
+                                           {QStringLiteral("export"), PlayExport},
+                                           {QStringLiteral("save"), PlaySave},
+                                           {QStringLiteral("taken"), PlayTaken},
+                                           {QStringLiteral("delete"), PlayDelete},
+                                           {QStringLiteral("leave"), PlayLeave},
+                                           {QStringLiteral("shortcuts"), PlayShortcuts},
+                                           {QStringLiteral("about"), PlayAbout}};
     return scenes;
 }
 

@@ -12,6 +12,8 @@
 #include "Zorvik/Quindle/EffectSettingsImpl.h"
 #include "Zorvik/Util/ObjectsConnector.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 #include <exception>
 
@@ -37,8 +39,7 @@ Editor::Editor(QObject* parent)
 {
     LumetraHost::RegisterEffects();
     connect(&m_loader, &PhotoLoader::loaded, this, &Editor::TakePhoto);
-    connect(&m_loader, &PhotoLoader::failed, this,
-            [this](const QString&, const QString& message) { RefusePhoto(message); });
+    connect(&m_loader, &PhotoLoader::failed, this, &Editor::RefusePhoto);
     connect(m_previews.get(), &AsyncPreviews::previewReady, this, [this](const QString& key) {
         for (const Panel& panel : m_panels)
             panel.panel->PreviewReady(key);
@@ -71,11 +72,13 @@ void Editor::TakePhoto(const QString& path, const Photo& photo)
         ShowMessage(QString::fromStdString(warning));
 }
 
-void Editor::RefusePhoto(const QString& message)
+/// What the readers found is English in all languages; the first line is not.
+void Editor::RefusePhoto(const QString& path, const QString& problem)
 {
     LockDrawer(false);
     emit openingEnded();
-    ShowMessage(message);
+    ShowMessage(tr("“%1” cannot be opened.").arg(QFileInfo(path).fileName()) + QLatin1Char('\n') +
+                problem);
 }
 
 void Editor::ClosePhoto()

@@ -101,7 +101,7 @@ private:
     };
 
     void TakePhoto(const QString& path, const LumetraHost::Photo& photo);
-    void RefusePhoto(const QString& message);
+    void RefusePhoto(const QString& path, const QString& problem);
     void SetPhoto(const QString& path, const LumetraHost::Photo& photo);
     /// What the photo's sidecar tells, or the bare photo.
     void OpenSidecar();

@@ -82,7 +82,8 @@ ExportDialog::ExportDialog(const QString& photo, const QSize& size, EditorSettin
     setObjectName(QStringLiteral("exportDialog"));
     setWindowTitle(tr("Export Photo"));
     BuildForm();
-    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
+    auto* const buttons =
+        Named(new QDialogButtonBox(QDialogButtonBox::Cancel, this), "exportButtons");
     m_export =
         Named(buttons->addButton(tr("&Export"), QDialogButtonBox::AcceptRole), "exportButton");
     m_export->setProperty("accent", true);

@@ -3,10 +3,35 @@
 <!-- SPDX-License-Identifier: GPL-2.0-or-later -->
 <TS version="2.1" language="de_DE">
 <context>
+    <name>LumetraEditor::AboutDialog</name>
+    <message>
+        <source>About Lumetra</source>
+        <translation>Über Lumetra</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>A photo editor built around presets.
+
+Free software under the GNU General Public License,
+version 2 or later. It comes without any warranty.</source>
+        <translation>Ein Fotoeditor rund um Presets.
+
+Freie Software unter der GNU General Public License,
+Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
+    </message>
+</context>
+<context>
     <name>LumetraEditor::Editor</name>
     <message>
         <source>The panel &quot;%1&quot; cannot be used: %2</source>
         <translation>Das Bedienfeld „%1“ kann nicht verwendet werden: %2</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be opened.</source>
+        <translation>„%1“ lässt sich nicht öffnen.</translation>
     </message>
 </context>
 <context>
@@ -394,10 +419,6 @@
         <translation>Der Export ist noch nicht fertig. Trotzdem beenden?</translation>
     </message>
     <message>
-        <source>About Lumetra</source>
-        <translation>Über Lumetra</translation>
-    </message>
-    <message>
         <source>The look on “%1” has not been applied for good.
 
 Save keeps it for the next time,
@@ -406,20 +427,6 @@ Discard takes it off.</source>
 
 Speichern hebt ihn für das nächste Mal auf,
 Verwerfen nimmt ihn herunter.</translation>
-    </message>
-    <message>
-        <source>Lumetra %1
-A photo editor built around presets.
-
-Free software:
-GNU General Public License,
-version 2 or later</source>
-        <translation>Lumetra %1
-Ein Fotoeditor rund um Presets.
-
-Freie Software:
-GNU General Public License,
-Version 2 oder neuer</translation>
     </message>
 </context>
 <context>
@@ -437,44 +444,56 @@ Version 2 oder neuer</translation>
         <translation>Tasten</translation>
     </message>
     <message>
-        <source>Photo: hold to see the original</source>
-        <translation>Foto: halten, um das Original zu sehen</translation>
-    </message>
-    <message>
-        <source>Space, \</source>
-        <translation>Leertaste, \</translation>
-    </message>
-    <message>
-        <source>Photo: move</source>
-        <translation>Foto: verschieben</translation>
-    </message>
-    <message>
         <source>Arrow keys</source>
         <translation>Pfeiltasten</translation>
-    </message>
-    <message>
-        <source>Photo: zoom</source>
-        <translation>Foto: Zoom</translation>
     </message>
     <message>
         <source>+, -, 0 (fit), 1 (actual size)</source>
         <translation>+, -, 0 (anpassen), 1 (Originalgröße)</translation>
     </message>
     <message>
-        <source>Photo: move the line of the split view</source>
-        <translation>Foto: Trennlinie verschieben</translation>
-    </message>
-    <message>
         <source>Alt+Left, Alt+Right</source>
         <translation>Alt+Links, Alt+Rechts</translation>
     </message>
     <message>
-        <source>Message: close</source>
-        <translation>Meldung: schließen</translation>
-    </message>
-    <message>
         <source>Esc</source>
         <translation>Esc</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Fenster</translation>
+    </message>
+    <message>
+        <source>Close a message that has the focus</source>
+        <translation>Eine Meldung schließen, die den Fokus hat</translation>
+    </message>
+    <message>
+        <source>Photo, while it has the focus</source>
+        <translation>Foto, solange es den Fokus hat</translation>
+    </message>
+    <message>
+        <source>See the original</source>
+        <translation>Original sehen</translation>
+    </message>
+    <message>
+        <source>Space or \ held</source>
+        <translation>Leertaste oder \ halten</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Move the line of the split view</source>
+        <translation>Trennlinie verschieben</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
     </message>
 </context>
 <context>

@@ -8,6 +8,7 @@
 #include "export/ExportDialog.h"
 #include "export/Exporter.h"
 #include "plugins/PluginLoader.h"
+#include "window/AboutDialog.h"
 #include "window/EditorActions.h"
 #include "window/FileDrop.h"
 #include "window/HistogramWidget.h"
@@ -181,7 +182,7 @@ void EditorWindow::ConnectActions()
     on(m_actions->english, [this] { UseLanguage(QStringLiteral("en")); });
     on(m_actions->german, [this] { UseLanguage(QStringLiteral("de")); });
     on(m_actions->shortcuts, [this] { ShowShortcuts(); });
-    on(m_actions->about, [this] { ShowAbout(this); });
+    on(m_actions->about, [this] { AboutDialog(this).exec(); });
     on(m_actions->clearRecent, [this] {
         m_settings.ClearRecentPhotos();
         ShowRecentPhotos();
@@ -251,8 +252,11 @@ void EditorWindow::LoadPanels(const QStringList& folders)
 
 void EditorWindow::AddPanel(const LoadedPlugin& plugin)
 {
-    if (QWidget* const widget = m_editor.AddPanel(plugin))
-        m_panels->addTab(widget, plugin.root->GetTitle());
+    QWidget* const widget = m_editor.AddPanel(plugin);
+    if (!widget)
+        return;
+    m_panels->addTab(widget, plugin.root->GetTitle());
+    m_plugins.push_back(plugin.root);
 }
 
 // Photos
@@ -418,13 +422,19 @@ void EditorWindow::Translate()
     m_toolBar->setWindowTitle(tr("Tools"));
     m_side->setAccessibleName(tr("Side Panel"));
     m_panels->setAccessibleName(tr("Panels"));
+    m_canvas->setAccessibleName(PhotoCanvas::tr("Photo"));
+    for (std::size_t i = 0; i < m_plugins.size(); ++i)
+        m_panels->setTabText(static_cast<int>(i), m_plugins[i]->GetTitle());
     ShowZoom(m_canvas->GetView().GetZoom());
     ShowPhoto();
 }
 
 void EditorWindow::ShowShortcuts()
 {
-    ShortcutsDialog(*m_actions, this).exec();
+    ShortcutsDialog dialog(*m_actions, this);
+    for (int i = 0; i < m_panels->count(); ++i)
+        dialog.AddPanel(m_panels->tabText(i), *m_panels->widget(i));
+    dialog.exec();
 }
 
 // Events

@@ -6,6 +6,8 @@
 
 #include <QMainWindow>
 
+#include <vector>
+
 class QLabel;
 class QProgressBar;
 class QSplitter;
@@ -21,6 +23,7 @@ class Editor;
 class EditorActions;
 class Exporter;
 class HistogramWidget;
+class IEditorPlugin;
 class MessageBar;
 class PhotoCanvas;
 class StartPage;
@@ -100,6 +103,7 @@ private:
     QWidget* m_side;
     HistogramWidget* m_histogram;
     QTabWidget* m_panels;
+    std::vector<const IEditorPlugin*> m_plugins; ///< in the order of the tabs
     MessageBar* m_messages;
     QLabel* m_photoText;
     QLabel* m_zoomText;

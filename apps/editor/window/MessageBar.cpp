@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "window/MessageBar.h"
 
+#include "window/Icons.h"
+
 #include <QAccessible>
 #include <QEvent>
 #include <QHBoxLayout>
@@ -23,7 +25,8 @@ MessageBar::MessageBar(QWidget* parent)
     m_close->setObjectName(QStringLiteral("messageClose"));
     m_close->setFocusPolicy(Qt::StrongFocus);
     m_close->setAutoRaise(true);
-    m_close->setText(QStringLiteral("✕"));
+    // Its ground is dark in both themes.
+    m_close->setIcon(MakeIcon(QStringLiteral("close"), LumetraHost::PaletteKind::Dark));
 
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(16, 8, 8, 8);
@@ -69,8 +72,8 @@ void MessageBar::Place()
     const int margin = 16;
     const QSize room = parentWidget()->size();
     int text = 0;
-    for (const QString& message : m_messages)
-        text = std::max(text, m_label->fontMetrics().horizontalAdvance(message));
+    for (const QString& line : GetText().split(QLatin1Char('\n')))
+        text = std::max(text, m_label->fontMetrics().horizontalAdvance(line));
     const int wanted = text + 16 + 8 + 8 + m_close->sizeHint().width() + 8;
     const int width =
         std::max(0, std::min({std::max(wanted, 320), 720, room.width() - 2 * margin}));

@@ -45,14 +45,4 @@ bool AskToLeaveEdit(Editor& editor, QWidget* parent)
     return answer != QMessageBox::Cancel;
 }
 
-void ShowAbout(QWidget* parent)
-{
-    AlertBox(AlertBox::Level::Information, Questions::tr("About Lumetra"),
-             Questions::tr("Lumetra %1\nA photo editor built around presets.\n\nFree software:\n"
-                           "GNU General Public License,\nversion 2 or later")
-                 .arg(QCoreApplication::applicationVersion()),
-             QMessageBox::Ok, parent, Qt::WindowFlags())
-        .Exec();
-}
-
 } // namespace LumetraEditor

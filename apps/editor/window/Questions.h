@@ -14,6 +14,4 @@ bool AskToStopExport(QWidget* parent);
 /// for the next time or takes it off, which is then done. False when he wants to go on editing.
 bool AskToLeaveEdit(Editor& editor, QWidget* parent);
 
-void ShowAbout(QWidget* parent);
-
 } // namespace LumetraEditor

@@ -5,7 +5,9 @@
 
 #include <QAction>
 #include <QDialogButtonBox>
+#include <QHash>
 #include <QHeaderView>
+#include <QShortcut>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -16,6 +18,7 @@ ShortcutsDialog::ShortcutsDialog(const EditorActions& actions, QWidget* parent)
 {
     setObjectName(QStringLiteral("shortcutsDialog"));
     setWindowTitle(tr("Keyboard Shortcuts"));
+    m_list->setObjectName(QStringLiteral("shortcutsList"));
     m_list->setAccessibleName(tr("Keyboard Shortcuts"));
     m_list->setColumnCount(2);
     m_list->setHeaderLabels({tr("Command"), tr("Keys")});
@@ -35,28 +38,70 @@ ShortcutsDialog::ShortcutsDialog(const EditorActions& actions, QWidget* parent)
     resize(600, 640);
 }
 
+void ShortcutsDialog::AddSection(const QString& title)
+{
+    auto* const section = new QTreeWidgetItem(m_list, {title});
+    section->setFlags(Qt::ItemIsEnabled);
+    section->setFirstColumnSpanned(true);
+    QFont font = m_list->font();
+    font.setBold(true);
+    section->setFont(0, font);
+}
+
 void ShortcutsDialog::AddRow(const QString& text, const QString& keys)
 {
     new QTreeWidgetItem(m_list, {text, keys});
 }
 
+void ShortcutsDialog::AddRow(const QString& text, const QList<QKeySequence>& keys)
+{
+    QStringList texts;
+    for (const QKeySequence& key : keys)
+        texts.append(key.toString(QKeySequence::NativeText));
+    AddRow(QString(text).remove(QLatin1Char('&')).remove(QStringLiteral("…")).trimmed(),
+           texts.join(QStringLiteral(", ")));
+}
+
 void ShortcutsDialog::AddCommands(const EditorActions& actions)
 {
-    for (const QAction* const action : actions.GetKeyed()) {
-        QString text = action->text();
-        AddRow(text.remove(QLatin1Char('&')).remove(QStringLiteral("…")),
-               QKeySequence::listToString(action->shortcuts(), QKeySequence::NativeText)
-                   .replace(QStringLiteral("; "), QStringLiteral(", ")));
-    }
+    AddSection(tr("Window"));
+    for (const QAction* const action : actions.GetKeyed())
+        AddRow(action->text(), action->shortcuts());
+    AddRow(tr("Close a message that has the focus"), tr("Esc"));
 }
 
 void ShortcutsDialog::AddPhotoKeys()
 {
-    AddRow(tr("Photo: hold to see the original"), tr("Space, \\"));
-    AddRow(tr("Photo: move"), tr("Arrow keys"));
-    AddRow(tr("Photo: zoom"), tr("+, -, 0 (fit), 1 (actual size)"));
-    AddRow(tr("Photo: move the line of the split view"), tr("Alt+Left, Alt+Right"));
-    AddRow(tr("Message: close"), tr("Esc"));
+    AddSection(tr("Photo, while it has the focus"));
+    AddRow(tr("See the original"), tr("Space or \\ held"));
+    AddRow(tr("Move"), tr("Arrow keys"));
+    AddRow(tr("Zoom"), tr("+, -, 0 (fit), 1 (actual size)"));
+    AddRow(tr("Move the line of the split view"), tr("Alt+Left, Alt+Right"));
+}
+
+void ShortcutsDialog::AddPanel(const QString& title, const QWidget& panel)
+{
+    AddSection(title);
+    for (const QAction* const action : panel.actions())
+        if (!action->shortcut().isEmpty())
+            AddRow(action->text(), action->shortcuts());
+    AddShortcuts(panel);
+}
+
+void ShortcutsDialog::AddShortcuts(const QWidget& panel)
+{
+    QStringList texts;
+    QHash<QString, QStringList> keys;
+    for (const QShortcut* const shortcut : panel.findChildren<QShortcut*>()) {
+        const QString text = shortcut->whatsThis();
+        if (!text.isEmpty() && !keys.contains(text))
+            texts.append(text);
+        keys[text].append(shortcut->key().toString(QKeySequence::NativeText));
+    }
+    for (const QString& text : texts)
+        AddRow(text, keys[text].size() > 2
+                         ? tr("%1 to %2").arg(keys[text].first(), keys[text].last())
+                         : keys[text].join(QStringLiteral(", ")));
 }
 
 } // namespace LumetraEditor

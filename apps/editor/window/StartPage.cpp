@@ -10,6 +10,8 @@
 #include <QVBoxLayout>
 #include <QVariant>
 
+#include <algorithm>
+
 namespace LumetraEditor {
 
 StartPage::StartPage(QWidget* parent)
@@ -47,8 +49,10 @@ StartPage::StartPage(QWidget* parent)
 void StartPage::SetRecentPhotos(const QStringList& paths)
 {
     qDeleteAll(m_recent->findChildren<QPushButton*>());
-    for (const QString& path : paths.mid(0, MostShown)) {
+    for (int i = 0; i < std::min<int>(paths.size(), MostShown); ++i) {
+        const QString& path = paths[i];
         auto* const button = new QPushButton(m_recent);
+        button->setObjectName(QStringLiteral("recentPhoto%1").arg(i));
         button->setProperty("link", true);
         QString name = QFileInfo(path).fileName();
         button->setText(name.replace(QLatin1Char('&'), QStringLiteral("&&")));

@@ -178,6 +178,14 @@
         <source>Looks that you saved or imported</source>
         <translation>Looks, die Sie gespeichert oder importiert haben</translation>
     </message>
+    <message>
+        <source>Empty the search (Esc)</source>
+        <translation>Suche leeren (Esc)</translation>
+    </message>
+    <message>
+        <source>Empty the search</source>
+        <translation>Suche leeren</translation>
+    </message>
 </context>
 <context>
     <name>LumetraPlugin::PresetCommands</name>
@@ -312,12 +320,20 @@
         <translation>Hier erscheinen Looks, die Sie speichern oder importieren. Ziehen Sie .cube- und andere LUT-Dateien hierher, um sie zu importieren.</translation>
     </message>
     <message>
-        <source>There are no looks here yet.</source>
-        <translation>Hier sind noch keine Looks.</translation>
-    </message>
-    <message>
         <source>No look is called &quot;%1&quot;.</source>
         <translation>Kein Look heißt „%1“.</translation>
+    </message>
+    <message>
+        <source>Looks that you mark with a star appear here.</source>
+        <translation>Hier erscheinen Looks, die Sie mit einem Stern versehen.</translation>
+    </message>
+    <message>
+        <source>Looks that you apply appear here.</source>
+        <translation>Hier erscheinen Looks, die Sie anwenden.</translation>
+    </message>
+    <message>
+        <source>There are no looks.</source>
+        <translation>Es gibt keine Looks.</translation>
     </message>
 </context>
 <context>
@@ -376,6 +392,10 @@
     <message>
         <source>Looks</source>
         <translation>Looks</translation>
+    </message>
+    <message>
+        <source>Open or shut the group in that place</source>
+        <translation>Gruppe an dieser Stelle öffnen oder schließen</translation>
     </message>
 </context>
 <context>

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include "StyledApplication.h"
 #include "style/EditorStyle.h"
 #include "style/MessageBoxAlertBackend.h"
 #include "widgets/NewPresetDialog.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -106,6 +108,41 @@ TEST_F(AlertBackend, stylingChoosesDefaultAndAccentButtons)
     EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::No));
     EXPECT_TRUE(box->button(QMessageBox::Yes)->property("accent").toBool());
     EXPECT_FALSE(box->button(QMessageBox::No)->property("accent").toBool());
+}
+
+TEST_F(AlertBackend, showsTheWholeTextInTheEditorsStyle)
+{
+    const StyledApplication styled(PaletteKind::Light);
+    for (const char* const text :
+         {"No.", "A text of one long line that needs more room than a short one"}) {
+        const AlertBox alert(AlertBox::Level::Warning, {}, QLatin1String(text), QMessageBox::Ok,
+                             nullptr, Qt::Dialog);
+        const auto box = m_backend->MakeMessageBox(alert);
+        box->show();
+        const auto* const label = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+        ASSERT_NE(label, nullptr);
+
+        const QRect room = label->contentsRect();
+        const QRect needed = label->fontMetrics().boundingRect(
+            room, label->wordWrap() ? Qt::TextWordWrap : 0, label->text());
+        EXPECT_TRUE(room.width() >= needed.width() && room.height() >= needed.height()) << text;
+    }
+}
+
+TEST_F(AlertBackend, accentButtonsHaveTheAccentsColour)
+{
+    const StyledApplication styled(PaletteKind::Light);
+    AlertBox alert = MakeAlert({}, QMessageBox::Yes | QMessageBox::No);
+    Zorvik::Lumetra::StyleAlertBox(alert, {QMessageBox::Yes}, QMessageBox::No);
+    const auto box = m_backend->MakeMessageBox(alert);
+    box->show();
+    const auto ground = [&box](QMessageBox::StandardButton button) {
+        const QImage picture = box->button(button)->grab().toImage();
+        return picture.pixelColor(8, picture.height() / 2);
+    };
+
+    EXPECT_EQ(ground(QMessageBox::Yes), ColoursOf(PaletteKind::Light).accent);
+    EXPECT_EQ(ground(QMessageBox::No), ColoursOf(PaletteKind::Light).button);
 }
 
 TEST_F(AlertBackend, stylingReachesItsOwnAlertOnlyAndOnce)

@@ -11,13 +11,19 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QToolButton>
 
+#include <gmock/gmock.h>
+
+using LumetraPlugin::PresetGrid;
 using LumetraPlugin::PresetModel;
 using LumetraPlugin::PresetPages;
 using LumetraTest::PanelFixture;
+using testing::HasSubstr;
 using Zorvik::Lumetra::LumetraPresets::CustomToolBoxButton;
 
 namespace {
@@ -33,6 +39,7 @@ protected:
     {
         Find<QAbstractButton>(qPrintable(QStringLiteral("filterButton%1").arg(kind))).click();
     }
+    PresetPages& Pages() { return *panel->GetWidget()->findChild<PresetPages*>(); }
     bool IsSeen(int page) { return Grid(page).isVisibleTo(panel->GetWidget()); }
     CustomToolBoxButton& Header(int page)
     {
@@ -236,4 +243,73 @@ TEST_F(PresetPagesTest, theMarksAreToldToo)
     EXPECT_EQ(told("Bright"), QStringLiteral("on the photo, favourite, popular"));
     EXPECT_EQ(told("Grey"), QString());
     EXPECT_EQ(told("Silver"), QStringLiteral("yet to be downloaded"));
+}
+
+TEST_F(PresetPagesTest, theFieldsButtonEmptiesTheSearch)
+{
+    auto& clear = Find<QToolButton>("searchClear");
+    EXPECT_FALSE(clear.isVisible());
+    Search("bri");
+    ASSERT_TRUE(clear.isVisible());
+
+    clear.click();
+
+    EXPECT_TRUE(Find<QLineEdit>("searchField").text().isEmpty());
+    EXPECT_FALSE(clear.isVisible());
+    EXPECT_EQ(Shown(0).size(), 3);
+}
+
+TEST_F(PresetPagesTest, markAndButtonStandInTheMiddleOfTheSearchField)
+{
+    Search("bri");
+    auto& field = Find<QLineEdit>("searchField");
+
+    for (const char* const name : {"searchIcon", "searchClear"})
+        EXPECT_NEAR(Find<QWidget>(name).geometry().center().y(), field.rect().center().y(), 1)
+            << name;
+}
+
+TEST_F(PresetPagesTest, saysWhatBelongsWhereNothingIsYet)
+{
+    const auto hint = [this](const char* button) {
+        Find<QToolButton>(button).click();
+        return Find<QLabel>("emptyHint").text();
+    };
+
+    EXPECT_THAT(hint("filterButton1").toStdString(), HasSubstr("star"));
+    EXPECT_THAT(hint("filterButton2").toStdString(), HasSubstr("apply"));
+    EXPECT_THAT(hint("filterButton3").toStdString(), HasSubstr("save or import"));
+    EXPECT_TRUE(Find<QLabel>("emptyHint").isVisible());
+    Search("nowhere");
+    EXPECT_THAT(Find<QLabel>("emptyHint").text().toStdString(), HasSubstr("nowhere"));
+}
+
+TEST_F(PresetPagesTest, aNewPresetIsScrolledIntoSight)
+{
+    panel->GetWidget()->resize(320, 420);
+    QApplication::processEvents();
+    Click("Bright");
+
+    TriggerAndType("savePreset", QStringLiteral("Mine"));
+
+    PresetGrid& grid = Grid(UserPage);
+    const QRect cell = grid.visualRect(grid.GetPresets().FromPreset(Named("Mine")));
+    QWidget& seen = *Pages().viewport();
+    EXPECT_TRUE(seen.rect().contains(grid.mapTo(&seen, cell.center())));
+}
+
+TEST_F(PresetPagesTest, picturesKeepTheirPlacesWithoutTheScrollBar)
+{
+    panel->GetWidget()->resize(320, 420);
+    QApplication::processEvents();
+    ASSERT_TRUE(Pages().verticalScrollBar()->isVisible());
+    const int width = Grid(0).gridSize().width();
+
+    panel->GetWidget()->resize(320, 1600);
+    QApplication::processEvents();
+    QApplication::processEvents();
+
+    ASSERT_FALSE(Pages().verticalScrollBar()->isVisible());
+    // The unstyled bar of a test may be a little wider than the gutter.
+    EXPECT_NEAR(Grid(0).gridSize().width(), width, 1);
 }

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QDialog>
+
+namespace LumetraEditor {
+
+/// Says what the program is, its version and its licence. Made anew for each showing, so that it
+/// follows no change of language or theme.
+class AboutDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit AboutDialog(QWidget* parent);
+};
+
+} // namespace LumetraEditor
