@@ -8,19 +8,36 @@
 #include <QApplication>
 #include <QCommandLineParser>
 
+#include <optional>
+
 namespace {
 
-QStringList ReadCommandLine(const QApplication& application)
+struct CommandLine
+{
+    QStringList photos;
+    std::optional<QString> monitorProfile;
+};
+
+CommandLine ReadCommandLine(const QApplication& application)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("A photo editor built around presets."));
     parser.addHelpOption();
     parser.addVersionOption();
+    const QCommandLineOption monitorProfile(
+        QStringLiteral("monitor-profile"),
+        QStringLiteral("Show photos in the colours of this ICC profile, not the one that the "
+                       "window system has of the monitor; \"srgb\": without any."),
+        QStringLiteral("FILE"));
+    parser.addOption(monitorProfile);
     parser.addPositionalArgument(QStringLiteral("PHOTO"),
                                  QStringLiteral("Photos to open; the first one is shown."),
                                  QStringLiteral("[PHOTO...]"));
     parser.process(application);
-    return parser.positionalArguments();
+    CommandLine line{parser.positionalArguments(), std::nullopt};
+    if (parser.isSet(monitorProfile))
+        line.monitorProfile = parser.value(monitorProfile);
+    return line;
 }
 
 void UseAlerts()
@@ -42,13 +59,15 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationVersion(QStringLiteral(LUMETRA_VERSION));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Lumetra"));
     QGuiApplication::setDesktopFileName(QStringLiteral("lumetra-editor"));
-    const QStringList photos = ReadCommandLine(application);
+    const CommandLine line = ReadCommandLine(application);
     UseAlerts();
 
     LumetraEditor::Editor editor;
     LumetraEditor::EditorWindow window(editor);
     window.LoadPanels(LumetraEditor::GetPluginFolders());
+    if (line.monitorProfile)
+        window.UseMonitorProfile(*line.monitorProfile);
     window.show();
-    window.OpenPhotos(photos);
+    window.OpenPhotos(line.photos);
     return QApplication::exec();
 }

@@ -68,6 +68,23 @@ void LiveView::SetShowsOriginal(bool showsOriginal)
     StartRendering();
 }
 
+void LiveView::SetDisplay(const std::shared_ptr<const DisplayTransform>& display)
+{
+    if (m_display == display)
+        return;
+    m_display = display;
+    StartRendering();
+}
+
+void LiveView::SetNeedsOriginal(bool needsOriginal)
+{
+    if (m_needsOriginal == needsOriginal)
+        return;
+    m_needsOriginal = needsOriginal;
+    if (needsOriginal && m_shownOriginal.IsNull())
+        StartRendering();
+}
+
 bool LiveView::IsUpToDate() const
 {
     return m_doneSerial == m_serial;
@@ -108,6 +125,8 @@ void LiveView::StartRendering()
     job.serial = ++m_serial;
     job.geometry = ViewGeometry::Make({photo.GetWidth(), photo.GetHeight()}, m_request);
     job.showsOriginal = m_showsOriginal;
+    job.display = m_display;
+    job.needsOriginal = m_needsOriginal;
     job.isOtherPhoto = !photo.SharesPixelsWith(m_photo);
     m_photo = photo;
     m_worker->Start(std::move(job));
@@ -129,6 +148,7 @@ void LiveView::Announce(const ViewResult& result)
     }
     m_frame = result.frame;
     m_original = result.original;
+    m_shownOriginal = result.shownOriginal;
     emit frameReady(m_frame);
 }
 

@@ -17,6 +17,7 @@
 
 namespace LumetraHost {
 
+class DisplayTransform;
 class Drawer;
 class ViewWorker;
 struct ViewResult;
@@ -45,6 +46,10 @@ public:
     /// Shows the photo as it would be with these settings applied, replacing the open package that
     /// they would replace, without applying them; empty: as it is.
     void SetShownOnTop(std::optional<Zorvik::Quindle::EffectsSettings> settings);
+    /// Frames are shown in these colours; null: in sRGB.
+    void SetDisplay(const std::shared_ptr<const DisplayTransform>& display);
+    /// Whether GetShownOriginal() is asked for.
+    void SetNeedsOriginal(bool needsOriginal);
     /// Shows the untouched photo.
     void SetShowsOriginal(bool showsOriginal);
 
@@ -52,6 +57,9 @@ public:
     const ViewFrame& GetFrame() const { return m_frame; }
     /// The untouched photo in the part and size of that frame.
     Image GetOriginal() const { return m_original; }
+    /// The same in the display's colours. With a display it is null until it has been needed; the
+    /// frame that is announced then has it.
+    Image GetShownOriginal() const { return m_shownOriginal; }
 
     /// True when the announced frame is the full one of the present state.
     bool IsUpToDate() const;
@@ -76,11 +84,14 @@ private:
     ViewRequest m_request;
     std::optional<Zorvik::Quindle::EffectsSettings> m_shownOnTop;
     bool m_showsOriginal = false;
+    bool m_needsOriginal = false;
+    std::shared_ptr<const DisplayTransform> m_display;
     quint64 m_serial = 0; ///< of the present state
     Image m_photo;        ///< of the last job
     quint64 m_doneSerial = 0;
     ViewFrame m_frame;
     Image m_original;
+    Image m_shownOriginal;
     std::unique_ptr<ViewWorker> m_worker;
 };
 

@@ -121,6 +121,29 @@ bool ViewWorker::RunStep(const Queued& queued, bool isReduced)
     return PostFrame(queued, Render(queued, geometry, renderer), geometry, renderer, isReduced);
 }
 
+Image ViewWorker::ToDisplay(const ViewJob& job, const Image& picture)
+{
+    if (!job.display || picture.IsNull())
+        return picture;
+    const Image shown =
+        job.display->Apply(picture, m_displaySpares.Take(picture.GetWidth(), picture.GetHeight(),
+                                                         Image::Depth::Bits8));
+    m_displaySpares.Remember(shown);
+    return shown;
+}
+
+Image ViewWorker::OriginalToDisplay(const ViewJob& job, const Image& original)
+{
+    if (!job.display)
+        return original;
+    if (!job.needsOriginal || original.IsNull())
+        return {};
+    DisplayedOriginal& kept = m_displayedOriginal;
+    if (kept.display != job.display || !kept.picture.SharesPixelsWith(original))
+        kept = {original, job.display, job.display->Apply(original)};
+    return kept.shown;
+}
+
 bool ViewWorker::PostFrame(const Queued& queued, const Image& picture, const ViewGeometry& geometry,
                            ViewRenderer& renderer, bool isReduced)
 {
@@ -128,6 +151,10 @@ bool ViewWorker::PostFrame(const Queued& queued, const Image& picture, const Vie
     ViewResult result;
     result.frame.picture = picture;
     result.original = renderer.GetOriginal(job.recipe.photo, geometry);
+    if (!queued.cancel->IsCancelled()) {
+        result.frame.shown = ToDisplay(job, picture);
+        result.shownOriginal = OriginalToDisplay(job, result.original);
+    }
     result.frame.part = geometry.part;
     result.frame.serial = job.serial;
     result.frame.isReduced = isReduced;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "drawer/DisplayTransform.h"
+#include "drawer/ImagePool.h"
 #include "drawer/LiveViewOptions.h"
 #include "drawer/PictureRecipe.h"
 #include "drawer/ViewFrame.h"
@@ -28,6 +30,8 @@ struct ViewJob
     PictureRecipe recipe;
     ViewGeometry geometry;
     bool showsOriginal = false;
+    std::shared_ptr<const DisplayTransform> display; ///< null: sRGB
+    bool needsOriginal = false;                      ///< in the display's colours too
     /// No frame of a job before this one may be shown any more.
     bool isOtherPhoto = false;
 };
@@ -37,6 +41,7 @@ struct ViewResult
 {
     ViewFrame frame;
     Image original;           ///< the frame's part without any package
+    Image shownOriginal;      ///< the same in the monitor's colours; null: was not needed
     std::exception_ptr error; ///< why there is no frame
 };
 
@@ -67,11 +72,24 @@ private:
         std::shared_ptr<CancelToken> cancel;
     };
 
+    /// The untouched photo changes seldom.
+    struct DisplayedOriginal
+    {
+        Image picture;
+        std::shared_ptr<const DisplayTransform> display;
+        Image shown;
+    };
+    /// The frame on the screen, the one on its way there, and the one being converted.
+    static constexpr std::size_t DisplaySpares = 3;
+
     void Work();
     std::optional<Queued> TakeJob();
     void Run(const Queued& queued);
     bool RunPreview(const Queued& queued);
     bool RunStep(const Queued& queued, bool isReduced);
+    /// In the colours of the job's display.
+    Image ToDisplay(const ViewJob& job, const Image& picture);
+    Image OriginalToDisplay(const ViewJob& job, const Image& original);
     bool PostFrame(const Queued& queued, const Image& picture, const ViewGeometry& geometry,
                    ViewRenderer& renderer, bool isReduced);
     Image Render(const Queued& queued, const ViewGeometry& geometry, ViewRenderer& renderer);
@@ -86,6 +104,8 @@ private:
     Renderer m_renderer;
     ViewRenderer m_full{m_renderer};
     ViewRenderer m_reduced{m_renderer};
+    ImagePool m_displaySpares{DisplaySpares};
+    DisplayedOriginal m_displayedOriginal;
     double m_scalingTime;   ///< nanoseconds per pixel of the view, as measured last
     double m_renderingTime; ///< the same for the layers
 

@@ -16,11 +16,9 @@ std::uint8_t ToByte(float value)
     return value < 1.0f ? static_cast<std::uint8_t>(value * 255.0f + 0.5f) : 255;
 }
 
-} // namespace
-
-Frame DisplayConverter::ToDisplay(const Frame& frame) const
+Frame ToBytes(const Frame& frame)
 {
-    if (frame.IsNull() || frame.format == PixelFormat::Rgba8Premultiplied)
+    if (frame.format == PixelFormat::Rgba8Premultiplied)
         return frame;
     Frame bytes = Frame::Allocate(frame.width, frame.height, PixelFormat::Rgba8Premultiplied);
     bytes.pixelAspect = frame.pixelAspect;
@@ -33,6 +31,23 @@ Frame DisplayConverter::ToDisplay(const Frame& frame) const
             to[i] = ToByte(from[i]);
     }
     return bytes;
+}
+
+} // namespace
+
+Frame DisplayConverter::ToDisplay(const Frame& frame) const
+{
+    if (frame.IsNull())
+        return frame;
+    const Frame bytes = ToBytes(frame);
+    if (!m_display)
+        return bytes;
+    Frame shown = Frame::Allocate(frame.width, frame.height, PixelFormat::Rgba8Premultiplied);
+    shown.pixelAspect = frame.pixelAspect;
+    m_display->ApplyPremultiplied(bytes.pixels.get(), static_cast<std::size_t>(bytes.stride),
+                                  shown.pixels.get(), static_cast<std::size_t>(shown.stride),
+                                  frame.width, frame.height);
+    return shown;
 }
 
 } // namespace LumetraHost

@@ -21,6 +21,11 @@ public:
     Drawer& GetDrawer() { return m_drawer; }
     StatisticsLog& GetStatisticsLog() { return m_statistics; }
     const PresetRegistry& GetPresets() const { return m_presets; }
+    /// What GetImageConverter() converts to; null: sRGB.
+    void SetDisplay(const std::shared_ptr<const DisplayTransform>& display)
+    {
+        m_converter.SetDisplay(display);
+    }
 
     Zorvik::Quindle::IQuindleDrawer& GetCoreDrawer() override { return m_drawer; }
     Zorvik::Quindle::IStatisticsEventHandler& GetStatisticsEventHandler() override

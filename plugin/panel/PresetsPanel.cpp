@@ -118,7 +118,10 @@ void PresetsPanel::PhotoChanged()
 
 void PresetsPanel::PreviewReady(const QString& key)
 {
-    m_thumbnails->SetReady(key);
+    if (key.isEmpty())
+        m_thumbnails->MarkAllOld();
+    else
+        m_thumbnails->SetReady(key);
 }
 
 QJsonObject PresetsPanel::SaveEdit() const

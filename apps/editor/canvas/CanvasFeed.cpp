@@ -22,11 +22,17 @@ QImage ForScreen(const QImage& image)
 CanvasFeed::CanvasFeed(Editor& editor, PhotoCanvas& canvas, QObject* parent)
     : QObject(parent), m_editor(editor), m_canvas(canvas), m_view(editor.GetHost().GetDrawer())
 {
+    m_view.SetDisplay(editor.GetDisplay());
     connect(&editor, &Editor::photoChanged, this, &CanvasFeed::TakePhoto);
     connect(&editor, &Editor::shownOnTopChanged, this,
             [this] { m_view.SetShownOnTop(m_editor.GetShownOnTop()); });
     connect(&canvas, &PhotoCanvas::viewChanged, this, &CanvasFeed::RequestView);
-    connect(&canvas, &PhotoCanvas::originalNeeded, this, &CanvasFeed::ShowOriginal);
+    connect(&editor, &Editor::displayChanged, this,
+            [this] { m_view.SetDisplay(m_editor.GetDisplay()); });
+    connect(&canvas, &PhotoCanvas::originalNeeded, this, [this](bool isNeeded) {
+        m_view.SetNeedsOriginal(isNeeded);
+        ShowOriginal();
+    });
     connect(&m_view, &LiveView::frameReady, this, &CanvasFeed::ShowFrame);
     connect(&m_view, &LiveView::renderingFailed, &editor, &Editor::messageGiven);
 }
@@ -59,7 +65,9 @@ void CanvasFeed::ShowOriginal()
     const ViewFrame& frame = m_view.GetFrame();
     if (!m_canvas.NeedsOriginal() || frame.picture.IsNull())
         return;
-    const QImage original = ViewFrame::WrapImage(m_view.GetOriginal(), frame.isOpaque);
+    const QImage original = ViewFrame::WrapImage(m_view.GetShownOriginal(), frame.isOpaque);
+    if (original.isNull())
+        return; // a frame with it is on its way
     m_canvas.SetFrame(PhotoCanvas::Layer::Original, {ForScreen(original), frame.part});
 }
 

@@ -112,6 +112,17 @@ void Editor::OpenSidecar()
     m_state = CaptureEdit(); // a panel may have had to leave something out
 }
 
+void Editor::SetDisplay(const std::shared_ptr<const LumetraHost::DisplayTransform>& display)
+{
+    if (display == m_display)
+        return;
+    m_display = display;
+    m_workspace->SetDisplay(display);
+    for (const Panel& panel : m_panels)
+        panel.panel->PreviewReady(QString());
+    emit displayChanged();
+}
+
 // Panels
 
 QWidget* Editor::AddPanel(const LoadedPlugin& plugin)

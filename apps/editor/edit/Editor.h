@@ -17,6 +17,7 @@
 
 namespace LumetraHost {
 class AsyncPreviews;
+class DisplayTransform;
 class WorkspaceController;
 } // namespace LumetraHost
 
@@ -51,6 +52,14 @@ public:
     const std::optional<Zorvik::Quindle::EffectsSettings>& GetShownOnTop() const
     {
         return m_shownOnTop;
+    }
+
+    /// The colours of the monitor, for everything that is shown; null: sRGB. Nothing that is saved
+    /// or exported depends on them.
+    void SetDisplay(const std::shared_ptr<const LumetraHost::DisplayTransform>& display);
+    const std::shared_ptr<const LumetraHost::DisplayTransform>& GetDisplay() const
+    {
+        return m_display;
     }
 
     /// Makes the module's panel and returns its widget, which the caller places. Null, and a
@@ -88,6 +97,7 @@ signals:
     /// Another photo, or none.
     void photoChanged();
     void shownOnTopChanged();
+    void displayChanged();
     void messageGiven(const QString& text);
 
 private:
@@ -116,6 +126,7 @@ private:
     LumetraHost::Photo m_photo;
     std::vector<Panel> m_panels;
     std::optional<Zorvik::Quindle::EffectsSettings> m_shownOnTop;
+    std::shared_ptr<const LumetraHost::DisplayTransform> m_display;
     EditState m_state; ///< after the last step
     bool m_isRestoring = false;
     Sidecar m_sidecar;

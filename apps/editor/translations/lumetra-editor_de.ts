@@ -365,6 +365,17 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
     </message>
 </context>
 <context>
+    <name>LumetraEditor::MonitorColours</name>
+    <message>
+        <source>The monitor&apos;s profile &quot;%1&quot; cannot be read: %2</source>
+        <translation>Das Profil des Monitors „%1“ kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>The monitor&apos;s profile cannot be used: %1</source>
+        <translation>Das Profil des Monitors kann nicht verwendet werden: %1</translation>
+    </message>
+</context>
+<context>
     <name>LumetraEditor::PhotoCanvas</name>
     <message>
         <source>Photo</source>

@@ -14,6 +14,7 @@
 #include "window/HistogramWidget.h"
 #include "window/Icons.h"
 #include "window/MessageBar.h"
+#include "window/MonitorColours.h"
 #include "window/PhotoText.h"
 #include "window/Questions.h"
 #include "window/ShortcutsDialog.h"
@@ -45,6 +46,7 @@ using LumetraHost::PaletteKind;
 
 const QString GeometryKey = QStringLiteral("window/geometry");
 const QString SplitterKey = QStringLiteral("window/splitter");
+const QString MonitorProfileKey = QStringLiteral("monitorProfile");
 const QString FolderKey = QStringLiteral("folders/open");
 constexpr int SideWidth = 336;
 
@@ -59,7 +61,8 @@ EditorWindow::EditorWindow(Editor& editor)
       m_histogram(new HistogramWidget(m_side)), m_panels(new QTabWidget(m_side)),
       m_messages(new MessageBar(m_centre)), m_photoText(new QLabel(this)),
       m_zoomText(new QLabel(this)), m_progress(new QProgressBar(this)),
-      m_cancel(new QToolButton(this)), m_exporter(new Exporter(this))
+      m_cancel(new QToolButton(this)), m_exporter(new Exporter(this)),
+      m_monitor(new MonitorColours(editor, *this))
 {
     setObjectName(QStringLiteral("editorWindow"));
     setWindowIcon(MakeProgramIcon());
@@ -234,6 +237,7 @@ void EditorWindow::RestoreWays()
     resize(1280, 800);
     restoreGeometry(m_settings.Get(GeometryKey).toByteArray());
     m_splitter->restoreState(m_settings.Get(SplitterKey).toByteArray());
+    m_monitor->Use(m_settings.Get(MonitorProfileKey).toString());
     UsePalette(m_settings.GetPalette());
     UseLanguage(m_settings.GetLanguage());
     Translate(); // English needs no translator, so that nobody hears of it
@@ -248,6 +252,11 @@ void EditorWindow::LoadPanels(const QStringList& folders)
         AddPanel(plugin);
     for (const QString& report : loader.GetReports())
         m_messages->Show(report);
+}
+
+void EditorWindow::UseMonitorProfile(const QString& choice)
+{
+    m_monitor->Use(choice);
 }
 
 void EditorWindow::AddPanel(const LoadedPlugin& plugin)
@@ -371,8 +380,7 @@ void EditorWindow::ShowZoom(double zoom)
 void EditorWindow::ShowHistogram()
 {
     if (m_histogram->isVisible())
-        m_histogram->SetHistogram(
-            Histogram::Of(m_canvas->GetFrame(PhotoCanvas::Layer::Edited).image));
+        m_histogram->SetHistogram(Histogram::Of(m_feed->GetLiveView().GetFrame().picture));
 }
 
 void EditorWindow::ShowRecentPhotos()

@@ -25,6 +25,7 @@ class Exporter;
 class HistogramWidget;
 class IEditorPlugin;
 class MessageBar;
+class MonitorColours;
 class PhotoCanvas;
 class StartPage;
 struct LoadedPlugin;
@@ -49,6 +50,8 @@ public:
     /// What is dropped on the window: photos are opened, other files are for the panels.
     void TakeFiles(const QStringList& paths);
 
+    /// See MonitorColours::Use(); until the program ends.
+    void UseMonitorProfile(const QString& choice);
     void UsePalette(LumetraHost::PaletteKind kind);
     void UseLanguage(const QString& language);
 
@@ -110,6 +113,7 @@ private:
     QProgressBar* m_progress;
     QToolButton* m_cancel;
     Exporter* m_exporter;
+    MonitorColours* m_monitor;
 };
 
 } // namespace LumetraEditor

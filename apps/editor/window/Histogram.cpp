@@ -1,32 +1,38 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "window/Histogram.h"
 
-#include <QImage>
-
 #include <algorithm>
 
 namespace LumetraEditor {
 namespace {
 
+using LumetraHost::Image;
+
 constexpr int SamplesPerSide = 256;
+
+template <class Channel>
+void CountRow(Histogram& histogram, const Channel* row, int width, int step)
+{
+    constexpr int shift = 8 * (sizeof(Channel) - 1);
+    for (int x = step / 2; x < width; x += step)
+        for (std::size_t channel = 0; channel < Histogram::Channels; ++channel)
+            ++histogram
+                  .channels[channel][row[Image::Channels * x + static_cast<int>(channel)] >> shift];
+}
 
 } // namespace
 
-Histogram Histogram::Of(const QImage& image)
+Histogram Histogram::Of(const Image& picture)
 {
     Histogram histogram;
-    if (image.format() != QImage::Format_RGB32 &&
-        image.format() != QImage::Format_ARGB32_Premultiplied)
-        return histogram;
-    const int stepX = std::max(1, image.width() / SamplesPerSide);
-    const int stepY = std::max(1, image.height() / SamplesPerSide);
-    for (int y = stepY / 2; y < image.height(); y += stepY) {
-        const auto* const row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-        for (int x = stepX / 2; x < image.width(); x += stepX) {
-            ++histogram.channels[0][static_cast<std::size_t>(qRed(row[x]))];
-            ++histogram.channels[1][static_cast<std::size_t>(qGreen(row[x]))];
-            ++histogram.channels[2][static_cast<std::size_t>(qBlue(row[x]))];
-        }
+    const int width = picture.GetWidth();
+    const int stepX = std::max(1, width / SamplesPerSide);
+    const int stepY = std::max(1, picture.GetHeight() / SamplesPerSide);
+    for (int y = stepY / 2; y < picture.GetHeight(); y += stepY) {
+        if (picture.GetDepth() == Image::Depth::Bits16)
+            CountRow(histogram, picture.Row16(y), width, stepX);
+        else
+            CountRow(histogram, picture.Row(y), width, stepX);
     }
     return histogram;
 }

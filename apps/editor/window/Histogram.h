@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "photo/Image.h"
+
 #include <array>
 #include <cstdint>
-
-class QImage;
 
 namespace LumetraEditor {
 
@@ -16,8 +16,8 @@ struct Histogram
     using Counts = std::array<std::uint32_t, Values>;
 
     /// Looks at a grid of at most about 65,000 pixels, so that it takes well under a millisecond
-    /// whatever the picture's size. For RGB32 and premultiplied ARGB32; others count as empty.
-    static Histogram Of(const QImage& image);
+    /// whatever the picture's size. Of 16 bits the upper 8 count. A null picture: empty.
+    static Histogram Of(const LumetraHost::Image& picture);
 
     /// The largest count between the two ends of the range; 0 for an empty histogram.
     std::uint32_t GetTallestInner() const;

@@ -24,7 +24,8 @@ public:
 
     /// Another photo is open in the drawer, or none.
     virtual void PhotoChanged() = 0;
-    /// A preview that was asked for can be had now.
+    /// A preview that was asked for can be had now. An empty key: all of them have to be asked for
+    /// again, since the monitor's colours have changed.
     virtual void PreviewReady(const QString& key) = 0;
 
     /// What the panel's part of the edit is now: enough for RestoreEdit() to bring it back, after a

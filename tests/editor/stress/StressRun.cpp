@@ -11,7 +11,6 @@
 #include "plugins/PluginLoader.h"
 #include "workspace/WorkspaceController.h"
 
-#include <QAbstractAnimation>
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
@@ -102,6 +101,8 @@ void StressRun::Start()
     m_window = std::make_unique<LumetraEditor::EditorWindow>(*m_editor);
     m_window->UseLanguage(QStringLiteral("en"));
     m_window->AddPanel({QStringLiteral("lumetra-presets"), &m_plugin});
+    // It fades, so that what is painted depends on the time, and leaks when the program ends then.
+    m_window->findChild<QLineEdit*>(QStringLiteral("searchField"))->setClearButtonEnabled(false);
     m_window->resize(1000, 900);
     m_window->show();
     QApplication::setActiveWindow(m_window.get());
@@ -254,20 +255,21 @@ void StressRun::Act()
         OpenPhoto();
 }
 
-/// Until there is nothing left to be rendered or painted.
+/// Until there is nothing left to be rendered or painted. Painting asks for pictures, which are
+/// painted when they have come, and a look that the pointer rests on is shown after a moment.
 void StressRun::Settle()
 {
+    auto& view = m_window->GetFeed().GetLiveView();
     QApplication::processEvents();
-    m_window->GetFeed().GetLiveView().WaitForFrame();
-    for (auto* const animation : m_window->findChildren<QAbstractAnimation*>())
-        animation->setCurrentTime(animation->totalDuration());
-    // Painting asks for pictures, which are painted when they have come.
-    for (int i = 0; i < 3; ++i) {
-        QApplication::processEvents();
-        m_editor->GetPreviews().WaitForAll();
-    }
-    QApplication::processEvents();
-    m_window->GetFeed().GetLiveView().WaitForFrame();
+    do {
+        for (int i = 0; i < 3; ++i) {
+            view.WaitForFrame();
+            m_editor->GetPreviews().WaitForAll();
+            QApplication::processEvents();
+        }
+    } while (!view.IsUpToDate());
+    QEvent paint(QEvent::UpdateRequest);
+    QApplication::sendEvent(m_window.get(), &paint);
 }
 
 bool StressRun::Check(const char* what, bool isTrue)

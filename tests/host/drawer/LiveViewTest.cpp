@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include "host/drawer/DisplaySamples.h"
 #include "host/drawer/DrawerFixture.h"
 #include "host/drawer/RenderGate.h"
 
+#include "drawer/DisplayTransform.h"
 #include "drawer/LiveView.h"
 
 #include "engine/Resize.h"
@@ -374,6 +376,43 @@ TEST(ViewFrameImage, outlivesTheFrame)
         wrapped = ViewFrame::WrapImage(picture, false);
     }
     EXPECT_EQ(unsigned(qGreen(wrapped.pixel(2, 2))), GetChannel(copy, 2, 2, 1));
+}
+
+TEST_F(LiveViewScenario, showsFramesInTheDisplaysColours)
+{
+    const auto display = DisplayTransform::Make(LumetraTest::MakeStrangeMonitor(), "monitor");
+    m_view->SetDisplay(display);
+    ShowWhole();
+    Apply(MakePanel(1));
+
+    EXPECT_TRUE(HaveSamePixels(WaitForPicture(), m_drawer.Result()));
+    const ViewFrame& frame = m_view->GetFrame();
+    EXPECT_TRUE(HaveSamePixels(frame.shown, display->Apply(frame.picture)));
+    EXPECT_EQ(frame.ToQImage().constBits(), static_cast<const Image&>(frame.shown).Row(0));
+
+    m_view->SetDisplay(nullptr);
+    EXPECT_FALSE(m_view->IsUpToDate());
+    WaitForPicture();
+    EXPECT_TRUE(m_view->GetFrame().shown.SharesPixelsWith(m_view->GetFrame().picture));
+}
+
+TEST_F(LiveViewScenario, showsTheOriginalInTheDisplaysColoursWhenItIsNeeded)
+{
+    const auto display = DisplayTransform::Make(LumetraTest::MakeStrangeMonitor(), "monitor");
+    m_view->SetDisplay(display);
+    ShowWhole();
+    Apply(MakePanel(1));
+    WaitForPicture();
+    EXPECT_TRUE(m_view->GetShownOriginal().IsNull());
+
+    m_view->SetNeedsOriginal(true);
+    WaitForPicture();
+    const Image shown = m_view->GetShownOriginal();
+    EXPECT_TRUE(HaveSamePixels(shown, display->Apply(m_photo)));
+
+    Apply(MakePanel(2));
+    WaitForPicture();
+    EXPECT_TRUE(m_view->GetShownOriginal().SharesPixelsWith(shown)) << "it has not changed";
 }
 
 } // namespace

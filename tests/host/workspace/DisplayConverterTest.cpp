@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "workspace/DisplayConverter.h"
 
+#include "host/drawer/DisplaySamples.h"
+
 #include "Zorvik/Proc/Frame.h"
 
 #include <gtest/gtest.h>
@@ -41,6 +43,24 @@ TEST(DisplayConverter, roundsFloatsToBytes)
     const int expected[] = {0, 0, 0, 1, 255, 255, 0, 100};
     for (std::size_t i = 0; i < 8; ++i)
         EXPECT_EQ(bytes.pixels[bytes.stride + i], expected[i]) << i;
+}
+
+TEST(DisplayConverter, showsTheMonitorsColours)
+{
+    const QByteArray monitor = LumetraTest::MakeStrangeMonitor();
+    Frame frame = Frame::Allocate(1, 2, PixelFormat::RgbaFloatPremultiplied);
+    const float colour[] = {0.8f, 0.4f, 0.2f, 1.0f};
+    std::copy(std::begin(colour), std::end(colour),
+              reinterpret_cast<float*>(frame.pixels.get() + frame.stride));
+    DisplayConverter converter;
+    converter.SetDisplay(DisplayTransform::Make(monitor, "monitor"));
+
+    const Frame shown = converter.ToDisplay(frame);
+
+    const auto expected = LumetraTest::MonitorOracle(monitor).Convert({0.8, 0.4, 0.2});
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_NEAR(shown.pixels[shown.stride + i], 255 * expected[i], 1.5);
+    EXPECT_EQ(shown.pixels[shown.stride + 3], 255);
 }
 
 } // namespace
