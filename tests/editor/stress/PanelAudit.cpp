@@ -52,8 +52,7 @@ bool IsSeen(const PresetGrid& grid, const QModelIndex& row)
 } // namespace
 
 PanelAudit::PanelAudit(LumetraEditor::Editor& editor, LumetraPlugin::PresetsPanel& panel)
-    : m_editor(editor), m_panel(panel), m_model(panel.GetPresets().GetModel()),
-      m_widget(*panel.GetWidget())
+    : m_editor(editor), m_model(panel.GetPresets().GetModel()), m_widget(*panel.GetWidget())
 {
 }
 

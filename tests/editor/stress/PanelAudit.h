@@ -49,7 +49,6 @@ private:
     void Expect(const QString& what, const Value& shown, const Value& expected);
 
     LumetraEditor::Editor& m_editor;
-    LumetraPlugin::PresetsPanel& m_panel;
     LumetraPlugin::PresetModel& m_model;
     QWidget& m_widget;
     QModelIndex m_applied;
