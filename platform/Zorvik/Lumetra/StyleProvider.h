@@ -20,7 +20,7 @@ class ZORVIKPLATFORM_EXPORT StyleProvider
 {
 public:
     /// FillSlider: a bool, sliders show their value as a filled part of the groove.
-    enum OptionKey
+    enum OptionKey : int
     {
         FillSlider
     };
