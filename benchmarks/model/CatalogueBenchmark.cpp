@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // How long a program waits for a large catalogue: 20,000 presets in 200 groups, from the file to
-// the filled model, and the parts of it.
+// the filled model, and the parts of it; reading JSON beside nlohmann::json and QJsonDocument.
 #include "EffectPresets/EffectPresetModel.h"
 #include "catalogue/CatalogueParser.h"
 #include "core/PresetControllerFactory.h"
 #include "core/PresetSession.h"
+#include "storage/JsonReader.h"
 
 #include <QCoreApplication>
+#include <QFile>
+#include <QJsonDocument>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
+#include <nlohmann/json.hpp>
 
 #include <fstream>
 #include <stdexcept>
@@ -113,6 +117,54 @@ const QString& FileOf(int presets)
     return (presets == 1000 ? one : presets == 20000 ? twenty : sixty).GetPath();
 }
 
+QByteArray TextOf(int presets)
+{
+    QFile file(FileOf(presets));
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::runtime_error("cannot read the catalogue");
+    return file.readAll();
+}
+
+/// The values made of a text in memory; their end is not counted.
+template <class Parse>
+void ParseText(benchmark::State& state, const Parse& parse)
+{
+    const QByteArray text = TextOf(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        auto values = parse(text);
+        benchmark::DoNotOptimize(values);
+        state.PauseTiming();
+        values = {};
+        state.ResumeTiming();
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * text.size());
+}
+
+void ParseOurs(benchmark::State& state)
+{
+    ParseText(state, [](const QByteArray& text) {
+        return LumetraHost::JsonReader::Read({text.constData(), std::size_t(text.size())}, "text");
+    });
+}
+
+void ParseNlohmann(benchmark::State& state)
+{
+    ParseText(state, [](const QByteArray& text) {
+        return nlohmann::json::parse(text.constData(), text.constData() + text.size());
+    });
+}
+
+void ParseQt(benchmark::State& state)
+{
+    ParseText(state, [](const QByteArray& text) {
+        QJsonParseError error;
+        auto document = QJsonDocument::fromJson(text, &error);
+        if (document.isNull())
+            throw std::runtime_error(error.errorString().toStdString());
+        return document;
+    });
+}
+
 void ReadJson(benchmark::State& state)
 {
     const QString& file = FileOf(static_cast<int>(state.range(0)));
@@ -152,6 +204,9 @@ void Load(benchmark::State& state)
 
 } // namespace
 
+BENCHMARK(ParseOurs)->Arg(20000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ParseNlohmann)->Arg(20000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ParseQt)->Arg(20000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadJson)->Arg(1000)->Arg(20000)->Arg(60000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Check)->Arg(1000)->Arg(20000)->Arg(60000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Load)->Arg(1000)->Arg(20000)->Arg(60000)->Unit(benchmark::kMillisecond);

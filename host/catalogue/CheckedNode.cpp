@@ -29,12 +29,12 @@ std::string FirstLine(const std::string& text)
 struct CheckedNode::State : IJsonLocation
 {
     const JsonObject& GetObject() const { return **object; }
-    const State& GetTop() const { return parent ? parent->GetTop() : *this; }
-    std::string GetFile() const override { return GetTop().file; }
+    std::string GetFile() const override;
     std::string GetPath() const;
     std::string GetFullPath() const override;
 
     std::shared_ptr<const State> parent; // null at the top
+    const Top* top = nullptr;            // of the file, which the parents keep
     const JsonValue::Object* object = nullptr;
     const std::string* key = nullptr;     // in the parent
     const std::string* element = nullptr; // in the collection under that key, if it is an object,
@@ -42,13 +42,28 @@ struct CheckedNode::State : IJsonLocation
     std::uint32_t line = 1;
     std::uint32_t column = 1;
 
-    // Of the top alone.
-    JsonValue::Object root;
-    std::string file;
-    CatalogueReports* reports = nullptr;
-
     static constexpr std::size_t NONE = ~std::size_t(0);
 };
+
+/// The file's uppermost node, with what concerns the file as a whole.
+struct CheckedNode::Top : State
+{
+    Top(const JsonValue::Object& content, const std::string& fileName, CatalogueReports& target)
+        : root(content), file(fileName), reports(target)
+    {
+        object = &root;
+        top = this;
+    }
+
+    JsonValue::Object root;
+    std::string file;
+    CatalogueReports& reports;
+};
+
+std::string CheckedNode::State::GetFile() const
+{
+    return top->file;
+}
 
 std::string CheckedNode::State::GetPath() const
 {
@@ -70,13 +85,8 @@ std::string CheckedNode::State::GetFullPath() const
 
 CheckedNode::CheckedNode(const JsonValue::Object& object, const std::string& file,
                          CatalogueReports& reports)
+    : m_state(std::make_shared<const Top>(object, file, reports))
 {
-    const auto state = std::make_shared<State>();
-    state->root = object;
-    state->object = &state->root;
-    state->file = file;
-    state->reports = &reports;
-    m_state = state;
 }
 
 CheckedNode::CheckedNode(std::shared_ptr<const State> state) : m_state(std::move(state)) {}
@@ -101,7 +111,7 @@ std::string CheckedNode::GetPath() const
 
 CatalogueReports& CheckedNode::GetReports() const
 {
-    return *m_state->GetTop().reports;
+    return m_state->top->reports;
 }
 
 const JsonObject& CheckedNode::GetObject() const
@@ -182,6 +192,7 @@ std::optional<CheckedNode> CheckedNode::Node(std::string_view key) const
     const auto& [name, value] = *GetObject().FindMember(key);
     const auto state = std::make_shared<State>();
     state->parent = m_state;
+    state->top = m_state->top;
     state->object = object;
     state->key = &name;
     state->line = value.line;
@@ -189,17 +200,18 @@ std::optional<CheckedNode> CheckedNode::Node(std::string_view key) const
     return CheckedNode(state);
 }
 
+/// `step` leads from here to the element that is `value`.
 void CheckedNode::AddElement(std::vector<CheckedNode>& nodes, const JsonValue& value,
-                             State state) const
+                             const State& step) const
 {
-    state.parent = m_state;
-    state.object = value.As<JsonValue::Object>();
-    state.line = value.line;
-    state.column = value.column;
-    if (state.object)
-        nodes.push_back(CheckedNode(std::make_shared<const State>(std::move(state))));
-    else
-        Report(Severity::Error, PlaceOf(value), state.GetPath(), Mismatch("node", value));
+    const auto* object = value.As<JsonValue::Object>();
+    if (!object)
+        return Report(Severity::Error, PlaceOf(value), step.GetPath(), Mismatch("node", value));
+    const auto state = std::make_shared<State>(step);
+    state->object = object;
+    state->line = value.line;
+    state->column = value.column;
+    nodes.push_back(CheckedNode(state));
 }
 
 std::vector<CheckedNode> CheckedNode::Elements(std::string_view key) const
@@ -208,19 +220,21 @@ std::vector<CheckedNode> CheckedNode::Elements(std::string_view key) const
     const JsonObject::Member* member = GetObject().FindMember(key);
     if (!member)
         return nodes;
-    State state;
-    state.key = &member->first;
+    State step;
+    step.parent = m_state;
+    step.top = m_state->top;
+    step.key = &member->first;
     if (const auto* array = member->second.As<JsonValue::Array>()) {
         nodes.reserve((*array)->elements.size());
-        state.index = 0;
+        step.index = 0;
         for (const JsonValue& element : (*array)->elements) {
-            AddElement(nodes, element, state);
-            ++state.index;
+            AddElement(nodes, element, step);
+            ++step.index;
         }
     } else if (const auto* object = member->second.As<JsonValue::Object>()) {
         for (const auto& [name, element] : (*object)->GetMembers()) {
-            state.element = &name;
-            AddElement(nodes, element, state);
+            step.element = &name;
+            AddElement(nodes, element, step);
         }
     } else {
         ErrorAt(key, Mismatch("collection", member->second));

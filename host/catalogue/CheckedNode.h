@@ -55,13 +55,15 @@ public:
 private:
     using Severity = CatalogueReport::Severity;
     struct State;
+    struct Top;
 
     explicit CheckedNode(std::shared_ptr<const State> state);
 
     template <class T>
     const T* Read(std::string_view key, const char* expected) const;
     std::string PathOf(std::string_view key) const;
-    void AddElement(std::vector<CheckedNode>& nodes, const JsonValue& value, State state) const;
+    void AddElement(std::vector<CheckedNode>& nodes, const JsonValue& value,
+                    const State& step) const;
     void ReportAt(Severity severity, std::string_view key, const std::string& message) const;
     void ErrorWithin(const std::string& message) const;
     void Report(Severity severity, const JsonPlace& place, const std::string& path,

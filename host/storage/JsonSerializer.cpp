@@ -197,12 +197,12 @@ std::size_t JsonCollection::GetCount() const
 
 ConstSerializerPtr JsonCollection::GetElement(std::size_t index) const
 {
-    if (index >= GetCount())
+    const JsonArray* array = Array();
+    if (index >= (array ? array->elements.size() : GetCount()))
         Fail(m_location, m_owner->Find(GetKey()),
              "expected an element " + std::to_string(index) + ", found " +
                  std::to_string(GetCount()) + " elements",
              __LINE__);
-    const JsonArray* array = Array();
     const JsonObject::Member* member = array ? nullptr : &Object()->GetMembers()[index];
     const JsonValue& value = array ? array->elements[index] : member->second;
     Location location = array ? Element(index) : Element(member->first);

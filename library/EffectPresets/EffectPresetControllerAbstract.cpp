@@ -85,8 +85,10 @@ void EffectPresetControllerAbstract::SetWorkspaceController(
 
 void EffectPresetControllerAbstract::InitDefaultSettings(const std::vector<SliderSetting>& sliders)
 {
+    const Quindle::ConstEffectList effects = m_effectSettings.EffectsConst();
+    m_defaultSettings.reserve(m_defaultSettings.size() + sliders.size());
     for (SliderSetting slider : sliders)
-        if (slider.LoadValue(m_effectSettings.Effects()))
+        if (slider.LoadValue(effects))
             m_defaultSettings.push_back(std::move(slider));
     ResetSettings();
 }

@@ -24,9 +24,9 @@ constexpr unsigned NoIndex = 0xFFFFFFFF;
 
 void ListenToDrawerLock(EffectPresetControllerBase* receiver)
 {
+    static const QString slot = QStringLiteral("1OnCoreDrawerLock(bool)");
     Util::ObjectsConnector::registerReceiver(LumetraInt::IObjectsConnectorID::CORE_DRAWER_LOCK,
-                                             receiver,
-                                             QString::fromLatin1("1OnCoreDrawerLock(bool)"), false);
+                                             receiver, slot, false);
 }
 
 boost::intrusive_ptr<SettingsPainterEffectsPackage> CreatePainterPackage(IntensitySettingType type)

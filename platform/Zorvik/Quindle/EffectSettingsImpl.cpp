@@ -69,23 +69,23 @@ void CopyEntry(const ISerializer& from, const std::string& key, ISerializer& to)
 } // namespace
 
 EffectSettingsImpl::EffectSettingsImpl(const std::string& effectID)
-    : m_effectID(effectID), m_isRegistered(false),
-      m_extras(std::make_shared<Core::Property>(std::string()))
+    : m_effectID(effectID), m_isRegistered(false)
 {
     const auto descriptor = EffectRegistry::Find(effectID);
     m_isRegistered = descriptor != nullptr;
-    if (descriptor)
-        for (const EffectParameter& parameter : descriptor->parameters)
-            m_parameters.emplace_back(parameter.name, parameter.defaultValue);
+    if (!descriptor)
+        return;
+    m_parameters.reserve(descriptor->parameters.size());
+    for (const EffectParameter& parameter : descriptor->parameters)
+        m_parameters.emplace_back(parameter.name, parameter.defaultValue);
 }
 
 EffectSettingsImpl::EffectSettingsImpl(const EffectSettingsImpl& other)
     : IRefCountable(), ISerializable(), RefCounted<IEffectSettings>(), m_effectID(other.m_effectID),
-      m_isRegistered(other.m_isRegistered), m_parameters(other.m_parameters),
-      m_extras(std::make_shared<Core::Property>(std::string()))
+      m_isRegistered(other.m_isRegistered), m_parameters(other.m_parameters)
 {
-    CopyAll(*Brassel::SerializerProperty::Create(other.m_extras),
-            *Brassel::SerializerProperty::Create(m_extras));
+    if (other.m_extras)
+        CopyAll(*Brassel::SerializerProperty::Create(other.m_extras), *Extras());
 }
 
 EffectSettingsImpl::~EffectSettingsImpl() = default;
@@ -108,6 +108,13 @@ const std::string& EffectSettingsImpl::GetEffectID() const
 EffectPtr EffectSettingsImpl::Clone() const
 {
     return new EffectSettingsImpl(*this);
+}
+
+SerializerPtr EffectSettingsImpl::Extras()
+{
+    if (!m_extras)
+        m_extras = std::make_shared<Core::Property>(std::string());
+    return Brassel::SerializerProperty::Create(m_extras);
 }
 
 double* EffectSettingsImpl::FindParameter(const std::string& name)
@@ -145,14 +152,14 @@ void EffectSettingsImpl::Serialize(const Brassel::SerializerPtr& node) const
     node->Set(KEY_EFFECT_ID, m_effectID);
     for (const auto& [name, value] : m_parameters)
         node->Set(name, value);
-    CopyAll(*Brassel::SerializerProperty::Create(m_extras), *node);
+    if (m_extras)
+        CopyAll(*Brassel::SerializerProperty::Create(m_extras), *node);
 }
 
 void EffectSettingsImpl::Deserialize(const Brassel::ConstSerializerPtr& node)
 {
     if (!node)
         return;
-    const auto extras = Brassel::SerializerProperty::Create(m_extras);
     for (const std::string& key : node->GetKeys()) {
         if (key == KEY_EFFECT_ID)
             continue;
@@ -161,7 +168,7 @@ void EffectSettingsImpl::Deserialize(const Brassel::ConstSerializerPtr& node)
         else if (!m_isRegistered && node->GetKind(key) == ISerializer::Kind::Number)
             m_parameters.emplace_back(key, node->Get(key, 0.0));
         else
-            CopyEntry(*node, key, *extras);
+            CopyEntry(*node, key, *Extras());
     }
     m_effectID = node->Get(KEY_EFFECT_ID, m_effectID);
 }

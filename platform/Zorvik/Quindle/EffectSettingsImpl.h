@@ -38,11 +38,12 @@ protected:
 
 private:
     double* FindParameter(const std::string& name);
+    Brassel::SerializerPtr Extras();
 
     std::string m_effectID;
     bool m_isRegistered;
     std::vector<std::pair<std::string, double>> m_parameters;
-    Core::Property::Ptr m_extras;
+    Core::Property::Ptr m_extras; // null until there are some: few effects have any
 };
 
 } // namespace Zorvik::Quindle
