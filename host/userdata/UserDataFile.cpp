@@ -107,19 +107,28 @@ JsonDocument UserDataFile::ReadOrRestore()
     }
 }
 
+/// Nothing, and reported, when it is no good.
+std::optional<JsonDocument> UserDataFile::ReadBackup(const QString& path)
+{
+    try {
+        return ReadChecked(path);
+    } catch (const Zorvik::Exception& error) {
+        m_reports.push_back(error.what());
+        return std::nullopt;
+    }
+}
+
 /// The newest good backup, which takes the file's place.
 JsonDocument UserDataFile::Restore(const std::string& reason)
 {
     for (const QString& backup : m_backups.GetFiles()) {
-        try {
-            const JsonDocument document = ReadChecked(backup);
-            CheckedFileWriter::Write(m_path, document.ToText());
-            m_reports.push_back(reason + "; presets were taken from " + backup.toStdString());
-            m_isReadOnly = MajorVersion(*document.GetObject()) > MAJOR_VERSION;
-            return JsonDocument::Read(m_path);
-        } catch (const JsonException& error) {
-            m_reports.push_back(error.what());
-        }
+        const auto document = ReadBackup(backup);
+        if (!document)
+            continue;
+        CheckedFileWriter::Write(m_path, document->ToText());
+        m_reports.push_back(reason + "; presets were taken from " + backup.toStdString());
+        m_isReadOnly = MajorVersion(*document->GetObject()) > MAJOR_VERSION;
+        return JsonDocument::Read(m_path);
     }
     JsonDocument empty(m_path.toStdString());
     empty.GetRoot()->Set(FormatKey, FORMAT);

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -46,6 +47,7 @@ private:
     JsonDocument ReadOrRestore();
     JsonDocument Restore(const std::string& reason);
     JsonDocument ReadChecked(const QString& path) const;
+    std::optional<JsonDocument> ReadBackup(const QString& path);
     void RemoveOldTemporaryFiles() const;
 
     QString m_path;

@@ -143,6 +143,100 @@ JsonObject& ObjectOf(const JsonValue& element)
     return **element.As<JsonValue::Object>();
 }
 
+/// One merge of the lists of presets: what this program knew and knows now, and the list that the
+/// file is to have.
+class PresetListMerge
+{
+public:
+    using IsUsable = UserDataMerge::IsUsable;
+
+    PresetListMerge(const JsonObject& before, const JsonObject& after, const JsonObject& seen,
+                    const IsUsable& isUsable)
+        : m_after(after), m_isUsable(isUsable), m_known(CollectWritten(before)),
+          m_wanted(CollectWritten(after)),
+          m_read(IsAnyRemoved() ? CollectPresets(seen, isUsable) : Presets())
+    {
+    }
+
+    /// True when the file has to be changed.
+    bool Run(JsonObject& current);
+
+private:
+    bool IsAnyRemoved() const;
+    void Keep(const JsonObject& current);
+    void KeepUnlessRemoved(const JsonValue& element, const PresetKey& key);
+    void AppendNew();
+
+    const JsonObject& m_after;
+    const IsUsable& m_isUsable;
+    Presets m_known;
+    Presets m_wanted;
+    Presets m_read;
+    std::set<PresetKey> m_present;
+    std::vector<JsonValue> m_merged;
+    bool m_isChanged = false;
+};
+
+bool PresetListMerge::IsAnyRemoved() const
+{
+    return std::any_of(m_known.begin(), m_known.end(),
+                       [this](const auto& preset) { return m_wanted.count(preset.first) == 0; });
+}
+
+bool PresetListMerge::Run(JsonObject& current)
+{
+    Keep(current);
+    AppendNew();
+    if (m_isChanged)
+        RequirePresetList(current)->elements = std::move(m_merged);
+    return m_isChanged;
+}
+
+void PresetListMerge::Keep(const JsonObject& current)
+{
+    KeyCounter keys;
+    const auto list = FindPresetList(current);
+    if (!list)
+        return;
+    for (const JsonValue& element : list->elements)
+        if (m_isUsable(element))
+            KeepUnlessRemoved(element, keys.KeyOf(element));
+        else
+            m_merged.push_back(element);
+}
+
+void PresetListMerge::KeepUnlessRemoved(const JsonValue& element, const PresetKey& key)
+{
+    static const JsonObject nothing;
+    m_present.insert(key);
+    const JsonValue* was = Find(m_known, key);
+    const JsonValue* is = Find(m_wanted, key);
+    if (was && !is && IsEqualOrAbsent(Find(m_read, key), &element)) {
+        m_isChanged = true;
+        return;
+    }
+    if (is)
+        m_isChanged |=
+            CopyChangedMembers(was ? ObjectOf(*was) : nothing, ObjectOf(*is), ObjectOf(element));
+    m_merged.push_back(element);
+}
+
+/// New ones, and those that another program removed while they were changed here.
+void PresetListMerge::AppendNew()
+{
+    KeyCounter keys;
+    const auto list = FindPresetList(m_after);
+    if (!list)
+        return;
+    for (const JsonValue& element : list->elements) {
+        const PresetKey key = keys.KeyOf(element);
+        if (m_present.count(key) != 0 || IsEqualOrAbsent(Find(m_known, key), &element))
+            continue;
+        m_merged.push_back(element);
+        m_isChanged = true;
+    }
+}
+
 } // namespace
 
 UserDataMerge::UserDataMerge(IsUsable isUsable) : m_isUsable(std::move(isUsable)) {}
@@ -158,55 +252,10 @@ bool UserDataMerge::Apply(const JsonObject& before, const JsonObject& after, con
 bool UserDataMerge::MergePresets(const JsonObject& before, const JsonObject& after,
                                  const JsonObject& seen, JsonObject& current) const
 {
-    const auto isUsable = [this](const JsonValue& element) {
+    const IsUsable isUsable = [this](const JsonValue& element) {
         return element.As<JsonValue::Object>() && m_isUsable(element);
     };
-    const Presets known = CollectWritten(before);
-    const Presets wanted = CollectWritten(after);
-    const bool isAnyRemoved = std::any_of(
-        known.begin(), known.end(), [&wanted](const auto& p) { return !wanted.count(p.first); });
-    const Presets read = isAnyRemoved ? CollectPresets(seen, isUsable) : Presets();
-
-    const JsonObject nothing;
-    bool isChanged = false;
-    std::set<PresetKey> present;
-    std::vector<JsonValue> merged;
-    KeyCounter keys;
-    if (const auto list = FindPresetList(current)) {
-        for (const JsonValue& element : list->elements) {
-            if (!isUsable(element)) {
-                merged.push_back(element);
-                continue;
-            }
-            const PresetKey key = keys.KeyOf(element);
-            present.insert(key);
-            const JsonValue* was = Find(known, key);
-            const JsonValue* is = Find(wanted, key);
-            const bool isRemoved = was && !is && IsEqualOrAbsent(Find(read, key), &element);
-            isChanged |= isRemoved;
-            if (isRemoved)
-                continue;
-            if (is)
-                isChanged |= CopyChangedMembers(was ? ObjectOf(*was) : nothing, ObjectOf(*is),
-                                                ObjectOf(element));
-            merged.push_back(element);
-        }
-    }
-
-    // New ones, and those that another program removed while they were changed here.
-    KeyCounter wantedKeys;
-    if (const auto list = FindPresetList(after)) {
-        for (const JsonValue& element : list->elements) {
-            const PresetKey key = wantedKeys.KeyOf(element);
-            if (present.count(key) || IsEqualOrAbsent(Find(known, key), &element))
-                continue;
-            merged.push_back(element);
-            isChanged = true;
-        }
-    }
-    if (isChanged)
-        RequirePresetList(current)->elements = std::move(merged);
-    return isChanged;
+    return PresetListMerge(before, after, seen, isUsable).Run(current);
 }
 
 bool UserDataMerge::MergeFavourites(const JsonObject& before, const JsonObject& after,

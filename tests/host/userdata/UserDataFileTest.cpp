@@ -138,6 +138,25 @@ TEST_F(UserDataFileTest, setsADamagedFileAsideAndTakesTheNewestGoodBackup)
     EXPECT_TRUE(Has(UserDataFile(Path()).Read(), "a"));
 }
 
+TEST_F(UserDataFileTest, takesAnOlderBackupWhenTheNewestCannotBeReadAtAll)
+{
+    UserDataFile(Path()).Update(SetMember("a"));
+    UserDataFile(Path()).Update(SetMember("b"));
+    WriteFile(Path(), "no json");
+    ASSERT_TRUE(QFile::remove(Path() + QStringLiteral(".backup-1")));
+    ASSERT_TRUE(QDir().mkdir(Path() + QStringLiteral(".backup-1")));
+
+    UserDataFile file(Path());
+    const auto document = file.Read();
+
+    EXPECT_TRUE(Has(document, "a"));
+    EXPECT_FALSE(Has(document, "b"));
+    ASSERT_EQ(file.GetReports().size(), 2u);
+    const std::string& refused = file.GetReports().front();
+    EXPECT_NE(refused.find("backup-1: expected a file, found a folder"), std::string::npos)
+        << refused;
+}
+
 TEST_F(UserDataFileTest, startsEmptyButKeepsADamagedFileWithoutBackups)
 {
     WriteFile(Path(), "no json");
