@@ -6,15 +6,13 @@
 #include "EffectPresets/EffectPresetModel.h"
 #include "UsageError.h"
 #include "Zorvik/Exception.h"
+#include "core/PresetNames.h"
 #include "core/PresetSession.h"
 #include "core/UserPresetStore.h"
 
 namespace LumetraCli {
-namespace {
 
-constexpr int LongestName = 50; // as in the panel's dialog
-
-} // namespace
+using LumetraPlugin::PresetNames;
 
 void StoreCommand::AddOptions(QCommandLineParser& parser) const
 {
@@ -76,9 +74,10 @@ QString StoreCommand::NewName(const Zorvik::Lumetra::LumetraPresets::EffectPrese
                               const QString& name)
 {
     const QString trimmed = name.trimmed();
-    if (trimmed.isEmpty() || trimmed.size() > LongestName)
-        throw UsageError(QStringLiteral("NAME: expected 1 to %1 characters, found %2")
-                             .arg(QString::number(LongestName), QString::number(trimmed.size())));
+    if (trimmed.isEmpty() || trimmed.size() > PresetNames::LONGEST)
+        throw UsageError(
+            QStringLiteral("NAME: expected 1 to %1 characters, found %2")
+                .arg(QString::number(PresetNames::LONGEST), QString::number(trimmed.size())));
     if (model.GetUserPresetNames().contains(trimmed))
         throw UsageError(
             QStringLiteral("NAME: expected a new name, found \"%1\", which one of your presets has")

@@ -8,6 +8,7 @@
 #include "Zorvik/Brassel/SettingsKeys.h"
 #include "core/PresetCollection.h"
 #include "core/PresetControllerFactory.h"
+#include "core/PresetNames.h"
 #include "lut/LutFormat.h"
 #include "lut/LutReader.h"
 
@@ -29,17 +30,11 @@ using Zorvik::Quindle::IEffectSettings;
 
 constexpr char KeyId[] = "id";
 
-/// `name` shortened, and numbered until it is none of `taken`.
-QString MakeName(const QString& name, const QStringList& taken)
+/// Some looks have none.
+QString NameOf(const LutLook& look)
 {
-    const QString start = name.trimmed().isEmpty() ? QStringLiteral("LUT")
-                                                   : name.trimmed().left(LutImport::LongestName);
-    QString result = start;
-    for (int number = 2; taken.contains(result); ++number) {
-        const QString suffix = QStringLiteral(" %1").arg(number);
-        result = start.left(LutImport::LongestName - suffix.size()).trimmed() + suffix;
-    }
-    return result;
+    const QString name = QString::fromStdString(look.name).trimmed();
+    return name.isEmpty() ? QStringLiteral("LUT") : name;
 }
 
 void WriteIntensity(const SerializerPtr& node)
@@ -90,7 +85,7 @@ std::vector<QModelIndex> LutImport::AddTo(PresetCollection& collection, const QS
     QStringList taken = model.GetUserPresetNames();
     std::vector<PresetModel::PresetPtr> presets;
     for (const LutLook& look : LumetraHost::LutReader::Read(path)) {
-        taken.append(MakeName(QString::fromStdString(look.name), taken));
+        taken.append(PresetNames::MakeFree(NameOf(look), taken));
         presets.push_back(MakePreset(look, taken.last(), collection.GetFactory()));
     }
     for (const auto& preset : presets)

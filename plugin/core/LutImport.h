@@ -15,9 +15,6 @@ class PresetCollection;
 class LutImport
 {
 public:
-    /// Characters of a preset's name.
-    static constexpr int LongestName = 50;
-
     /// True for names that end as those of LUT files do; pictures only when `withPictures`.
     static bool IsLutName(const QString& path, bool withPictures);
 

@@ -7,6 +7,7 @@
 #include "core/LutImport.h"
 #include "core/PresetCollection.h"
 #include "core/PresetControllerFactory.h"
+#include "core/PresetNames.h"
 #include "storage/JsonDocument.h"
 
 #include <boost/current_function.hpp>
@@ -92,7 +93,7 @@ std::vector<QModelIndex> AddCopies(PresetCollection& collection,
         const PresetPtr copy = preset->Copy();
         const QString name = QString::fromStdString(preset->GetName());
         copy->SetName(
-            PresetImport::FreeName(name, model.GetUserPresetNames()).toUtf8().toStdString());
+            PresetNames::MakeFree(name, model.GetUserPresetNames()).toUtf8().toStdString());
         model.AddUserPreset(copy);
         added.push_back(copy);
     }
@@ -121,16 +122,6 @@ std::vector<QModelIndex> PresetImport::AddTo(PresetCollection& collection, const
     if (!IsJson(path))
         return LutImport::AddTo(collection, path);
     return AddCopies(collection, ReadJson(collection, path, problems));
-}
-
-QString PresetImport::FreeName(const QString& name, const QStringList& taken)
-{
-    QString candidate = name.left(LutImport::LongestName);
-    for (int number = 2; taken.contains(candidate); ++number) {
-        const QString suffix = QStringLiteral(" %1").arg(number);
-        candidate = name.left(LutImport::LongestName - suffix.size()).trimmed() + suffix;
-    }
-    return candidate;
 }
 
 } // namespace LumetraPlugin

@@ -25,9 +25,6 @@ public:
     /// nothing is added then. Single presets that cannot be used are told in `problems`.
     static std::vector<QModelIndex> AddTo(PresetCollection& collection, const QString& path,
                                           QStringList& problems);
-
-    /// `name`, shortened, and numbered until it is none of `taken`.
-    static QString FreeName(const QString& name, const QStringList& taken);
 };
 
 } // namespace LumetraPlugin

@@ -6,6 +6,7 @@
 #include "Zorvik/Util/AlertBox.h"
 #include "core/PresetCollection.h"
 #include "core/PresetImport.h"
+#include "core/PresetNames.h"
 #include "lut/LookExport.h"
 #include "panel/EffectTexts.h"
 #include "panel/PresetCommands.h"
@@ -38,7 +39,7 @@ QString PresetCommands::AskName(const QModelIndex& preset, bool isNew)
     auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("lineEdit"));
     edit->setAccessibleName(tr("Name of the preset"));
     if (isNew)
-        edit->setText(PresetImport::FreeName(old, taken));
+        edit->setText(PresetNames::MakeFree(old, taken));
     else
         dialog.SetName(old);
     edit->selectAll();

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "core/PresetNames.h"
+
+#include <gtest/gtest.h>
+
+using LumetraPlugin::PresetNames;
+
+TEST(PresetNames, keepsANameThatIsFreeWithoutTheSpacesAroundIt)
+{
+    EXPECT_EQ(PresetNames::MakeFree(QStringLiteral(" Warm "), {QStringLiteral("Cold")}),
+              QStringLiteral("Warm"));
+}
+
+TEST(PresetNames, numbersANameUntilItIsFree)
+{
+    const QStringList taken = {QStringLiteral("Warm"), QStringLiteral("Warm 2")};
+    EXPECT_EQ(PresetNames::MakeFree(QStringLiteral("Warm"), taken), QStringLiteral("Warm 3"));
+}
+
+TEST(PresetNames, shortensANameSoThatItsNumberFits)
+{
+    const QString longName(60, QLatin1Char('x'));
+    const QString first = PresetNames::MakeFree(longName, {});
+    EXPECT_EQ(first, QString(PresetNames::LONGEST, QLatin1Char('x')));
+    const QString second = PresetNames::MakeFree(longName, {first});
+    EXPECT_EQ(second, QString(PresetNames::LONGEST - 2, QLatin1Char('x')) + QStringLiteral(" 2"));
+}
+
+TEST(PresetNames, cutsNoCharacterInHalf)
+{
+    const QString face = QString::fromUtf8("\xF0\x9F\x98\x80");
+    const QString name = QString(PresetNames::LONGEST - 1, QLatin1Char('x')) + face;
+    EXPECT_EQ(PresetNames::MakeFree(name, {}), QString(PresetNames::LONGEST - 1, QLatin1Char('x')));
+}
