@@ -7,7 +7,7 @@
 #include "EffectPresets/EffectPresetModel.h"
 #include "OutputTemplate.h"
 #include "PhotoBatch.h"
-#include "PresetUse.h"
+#include "PresetOptions.h"
 #include "UsageError.h"
 #include "Zorvik/Exception.h"
 #include "core/LutImport.h"
@@ -25,9 +25,6 @@ namespace {
 constexpr char DefaultOutput[] = "{folder}/{name}_{preset}.{ext}";
 constexpr int MaximumJobs = 64;
 
-const QString PresetOption = QStringLiteral("preset");
-const QString IntensityOption = QStringLiteral("intensity");
-const QString SetOption = QStringLiteral("set");
 const QString OutputOption = QStringLiteral("output");
 const QString QualityOption = QStringLiteral("quality");
 const QString OverwriteOption = QStringLiteral("overwrite");
@@ -42,14 +39,6 @@ QStringList ReadPhotos(const QCommandLineParser& parser)
     if (photos.isEmpty())
         throw UsageError(QStringLiteral("expected at least one photo"));
     return photos;
-}
-
-QString ReadPreset(const QCommandLineParser& parser)
-{
-    const QStringList presets = parser.values(PresetOption);
-    if (presets.size() != 1)
-        throw UsageError(QStringLiteral("expected one --preset, found %1").arg(presets.size()));
-    return presets.first();
 }
 
 ExistingOutput ReadExisting(const QCommandLineParser& parser)
@@ -127,16 +116,11 @@ void ApplyCommand::AddOptions(QCommandLineParser& parser) const
         QStringLiteral("PHOTO"),
         QStringLiteral("Photos: JPEG, PNG, TIFF, WebP, HEIC or raw files."),
         QStringLiteral("PHOTO..."));
+    PresetOptions::Add(parser,
+                       QStringLiteral("The preset, by name or id, or a LUT file: .cube, .3dl, "
+                                      ".clf, .cc, .ccc, .cdl or a HaldCLUT picture."),
+                       QStringLiteral("name|id|file"));
     parser.addOptions({
-        {{QStringLiteral("p"), PresetOption},
-         QStringLiteral("The preset, by name or id, or a LUT file: .cube, .3dl, .clf, .cc, .ccc, "
-                        ".cdl or a HaldCLUT picture."),
-         QStringLiteral("name|id|file")},
-        {{QStringLiteral("i"), IntensityOption},
-         QStringLiteral("Intensity within the preset's range."),
-         QStringLiteral("number")},
-        {SetOption, QStringLiteral("Moves an extra slider. May be given more than once."),
-         QStringLiteral("slider=value")},
         {{QStringLiteral("o"), OutputOption},
          QStringLiteral("Where to write; {folder}, {name} and {ext} are the photo's, {preset} is "
                         "the preset's name. Default: %1")
@@ -158,7 +142,7 @@ void ApplyCommand::AddOptions(QCommandLineParser& parser) const
 ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& console) const
 {
     const QStringList photos = ReadPhotos(parser);
-    const QString preset = ReadPreset(parser);
+    const QString preset = PresetOptions::ReadPreset(parser);
     const OutputTemplate outputs(parser.value(OutputOption));
     const ExistingOutput existing = ReadExisting(parser);
     const PhotoBatch batch = MakeBatch(parser);
@@ -169,9 +153,7 @@ ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& consol
     const auto row = FindPreset(*session, preset, console);
     if (!row)
         return ExitCode::SomeFailed;
-    const PresetUse use(*row,
-                        parser.isSet(IntensityOption) ? parser.value(IntensityOption) : QString(),
-                        parser.values(SetOption));
+    const PresetUse use = PresetOptions::MakeUse(parser, *row);
     std::vector<PhotoJob> jobs = OutputPlan::Make(photos, outputs, use.GetPreset().name, existing);
 
     ApplyReport report(use, static_cast<int>(jobs.size()), parser.isSet(JsonOption), console);

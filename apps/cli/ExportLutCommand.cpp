@@ -4,14 +4,13 @@
 #include "CatalogueOptions.h"
 #include "Console.h"
 #include "EffectPresets/EffectPresetModel.h"
-#include "PresetUse.h"
+#include "OutputFile.h"
+#include "PresetOptions.h"
 #include "UsageError.h"
 #include "Zorvik/Exception.h"
 #include "core/PresetSession.h"
 #include "lut/LookExport.h"
 #include "storage/CheckedFileWriter.h"
-
-#include <QFileInfo>
 
 namespace LumetraCli {
 namespace {
@@ -20,34 +19,13 @@ using LumetraHost::LookExport;
 
 constexpr int DefaultSize = 33;
 
-const QString PresetOption = QStringLiteral("preset");
-const QString IntensityOption = QStringLiteral("intensity");
-const QString SetOption = QStringLiteral("set");
 const QString SizeOption = QStringLiteral("size");
-const QString OutputOption = QStringLiteral("output");
-const QString OverwriteOption = QStringLiteral("overwrite");
 
-QString ReadPreset(const QCommandLineParser& parser)
+void RefuseArguments(const QCommandLineParser& parser)
 {
-    if (parser.positionalArguments().size() > 1)
-        throw UsageError(
-            QStringLiteral("unexpected argument \"%1\"").arg(parser.positionalArguments()[1]));
-    if (!parser.isSet(PresetOption))
-        throw UsageError(QStringLiteral("expected one --preset, found none"));
-    return parser.value(PresetOption);
-}
-
-QString ReadOutput(const QCommandLineParser& parser)
-{
-    const QString output = parser.value(OutputOption);
-    const QFileInfo info(output);
-    if (info.suffix().compare(QLatin1String("cube"), Qt::CaseInsensitive) != 0)
-        throw UsageError(QStringLiteral("--output: expected the name of a .cube file, found \"%1\"")
-                             .arg(output));
-    if (info.exists() && !parser.isSet(OverwriteOption))
-        throw UsageError(
-            QStringLiteral("--output: \"%1\" exists; --overwrite replaces it").arg(output));
-    return output;
+    const QStringList arguments = parser.positionalArguments().mid(1);
+    if (!arguments.isEmpty())
+        throw UsageError(QStringLiteral("unexpected argument \"%1\"").arg(arguments.first()));
 }
 
 } // namespace
@@ -64,37 +42,27 @@ QString ExportLutCommand::GetSummary() const
 
 void ExportLutCommand::AddOptions(QCommandLineParser& parser) const
 {
-    parser.addOptions({
-        {{QStringLiteral("p"), PresetOption},
-         QStringLiteral("The preset, by name or id."),
-         QStringLiteral("name|id")},
-        {{QStringLiteral("i"), IntensityOption},
-         QStringLiteral("Intensity within the preset's range."),
-         QStringLiteral("number")},
-        {SetOption, QStringLiteral("Moves an extra slider. May be given more than once."),
-         QStringLiteral("slider=value")},
-        {SizeOption, QStringLiteral("Points along each axis, 2 to 129."), QStringLiteral("number"),
-         QString::number(DefaultSize)},
-        {{QStringLiteral("o"), OutputOption},
-         QStringLiteral("The file to write, .cube."),
-         QStringLiteral("file")},
-        {OverwriteOption, QStringLiteral("Replaces an existing file.")},
-    });
+    PresetOptions::Add(parser, QStringLiteral("The preset, by name or id."),
+                       QStringLiteral("name|id"));
+    parser.addOption({SizeOption, QStringLiteral("Points along each axis, 2 to 129."),
+                      QStringLiteral("number"), QString::number(DefaultSize)});
+    OutputFile::AddOptions(parser, QStringLiteral("The file to write, .cube."));
     CatalogueOptions::Add(parser);
 }
 
 ExitCode ExportLutCommand::Execute(const QCommandLineParser& parser, Console& console) const
 {
-    const QString preset = ReadPreset(parser);
+    RefuseArguments(parser);
+    const QString preset = PresetOptions::ReadPreset(parser);
     const int size =
         ReadNumber(parser, SizeOption, LookExport::SmallestSize, LookExport::LargestSize);
-    const QString output = ReadOutput(parser);
+    const QString output =
+        OutputFile::Read(parser, QStringLiteral("cube"), QStringLiteral(".cube"));
     const auto session = CatalogueOptions::Load(parser, console);
     if (!session)
         return ExitCode::SomeFailed;
-    const PresetUse use(PresetRows::Find(PresetRows::Read(session->GetModel()), preset),
-                        parser.isSet(IntensityOption) ? parser.value(IntensityOption) : QString(),
-                        parser.values(SetOption));
+    const PresetUse use = PresetOptions::MakeUse(
+        parser, PresetRows::Find(PresetRows::Read(session->GetModel()), preset));
     try {
         const auto table = LookExport::MakeTable(use.GetLook(*session), size);
         LumetraHost::CheckedFileWriter::Write(output,

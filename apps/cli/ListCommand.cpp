@@ -111,15 +111,15 @@ void PrintJson(const QAbstractItemModel& model, const std::vector<PresetRow>& ro
 {
     const LumetraHost::JsonDocument document("presets");
     const auto groups = document.GetRoot()->CreateCollection("groups");
+    auto row = rows.begin(); // they stand in the order of the groups
     for (int g = 0; g < model.rowCount(); ++g) {
         const QModelIndex index = model.index(g, 0);
         const auto group = groups->AddElement();
         group->Set("name", index.data(EffectPresetModel::PresetNameRole).toString().toStdString());
         group->Set("editable", index.data(EffectPresetModel::PresetIdRole).toBool());
         const auto presets = group->CreateCollection("presets");
-        for (const PresetRow& row : rows)
-            if (row.index.parent() == index)
-                WritePreset(*presets->AddElement(), row);
+        for (; row != rows.end() && row->index.parent() == index; ++row)
+            WritePreset(*presets->AddElement(), *row);
     }
     console.Print(document.ToText());
 }

@@ -6,6 +6,7 @@
 
 #include <QFileInfo>
 #include <QMap>
+#include <QSet>
 
 namespace LumetraCli {
 namespace {
@@ -41,7 +42,7 @@ void Fail(PhotoJob& job, const QString& message)
     job.message = message;
 }
 
-void Decide(PhotoJob& job, const QStringList& inputs, ExistingOutput existing)
+void Decide(PhotoJob& job, const QSet<QString>& inputs, ExistingOutput existing)
 {
     const QFileInfo photo(job.photo);
     if (!photo.exists())
@@ -69,13 +70,13 @@ std::vector<PhotoJob> OutputPlan::Make(const QStringList& photos, const OutputTe
                                        const QString& presetName, ExistingOutput existing)
 {
     std::vector<PhotoJob> jobs;
-    QStringList inputs;
+    QSet<QString> inputs;
     for (const QString& photo : photos) {
         PhotoJob job;
         job.photo = photo;
         job.output = outputs.Expand(photo, presetName);
         jobs.push_back(job);
-        inputs.append(Identity(photo));
+        inputs.insert(Identity(photo));
     }
     RefuseSharedOutputs(jobs);
     for (PhotoJob& job : jobs)

@@ -7,7 +7,9 @@
 
 #include <QAbstractItemModel>
 
+#include <algorithm>
 #include <functional>
+#include <iterator>
 
 namespace LumetraCli {
 namespace {

@@ -2,7 +2,7 @@
 #include "SaveCommand.h"
 
 #include "EffectPresets/EffectPresetModel.h"
-#include "PresetUse.h"
+#include "PresetOptions.h"
 #include "core/PresetSession.h"
 
 namespace LumetraCli {
@@ -22,12 +22,7 @@ void SaveCommand::AddArguments(QCommandLineParser& parser) const
     parser.addPositionalArgument(QStringLiteral("PRESET"),
                                  QStringLiteral("Name or id of the preset to start from."));
     parser.addPositionalArgument(QStringLiteral("NAME"), QStringLiteral("The new name."));
-    parser.addOption({QStringLiteral("intensity"), QStringLiteral("The intensity to save."),
-                      QStringLiteral("number")});
-    parser.addOption({QStringLiteral("set"),
-                      QStringLiteral("Sets an extra slider before saving. May be given more than "
-                                     "once."),
-                      QStringLiteral("slider=value")});
+    PresetOptions::AddValues(parser);
 }
 
 QStringList SaveCommand::Edit(const QCommandLineParser& parser,
@@ -35,8 +30,7 @@ QStringList SaveCommand::Edit(const QCommandLineParser& parser,
 {
     const QStringList arguments = Arguments(parser, 2, 2);
     const QString name = NewName(session.GetModel(), arguments[1]);
-    const PresetUse use(FindPreset(rows, arguments[0]), parser.value(QStringLiteral("intensity")),
-                        parser.values(QStringLiteral("set")));
+    const PresetUse use = PresetOptions::MakeUse(parser, FindPreset(rows, arguments[0]));
     use.SaveAs(session, name);
     return {QStringLiteral("saved \"%1\" from \"%2\"").arg(name, use.GetPreset().name)};
 }

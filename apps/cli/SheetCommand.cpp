@@ -5,6 +5,7 @@
 #include "Console.h"
 #include "ContactSheet.h"
 #include "EffectPresets/EffectPresetModel.h"
+#include "OutputFile.h"
 #include "PresetRows.h"
 #include "UsageError.h"
 #include "Zorvik/Exception.h"
@@ -26,7 +27,6 @@ namespace {
 
 using LumetraHost::Image;
 using LumetraHost::Photo;
-using LumetraPlugin::PresetSession;
 using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
 using Sections = std::vector<ContactSheet::Section>;
 
@@ -36,10 +36,8 @@ constexpr int MaximumColumns = 50;
 constexpr double FlattestTile = 0.5; // height by width; beyond these the previews are cropped
 constexpr double TallestTile = 1.5;
 
-const QString OutputOption = QStringLiteral("output");
 const QString ColumnsOption = QStringLiteral("columns");
 const QString TileOption = QStringLiteral("tile");
-const QString OverwriteOption = QStringLiteral("overwrite");
 
 QString ReadPhotoName(const QCommandLineParser& parser)
 {
@@ -51,17 +49,11 @@ QString ReadPhotoName(const QCommandLineParser& parser)
 
 QString ReadOutput(const QCommandLineParser& parser, const QString& photo)
 {
-    const QString output = parser.value(OutputOption);
-    const QFileInfo info(output);
-    if (info.suffix().compare(QLatin1String("png"), Qt::CaseInsensitive) != 0)
-        throw UsageError(
-            QStringLiteral("--output: expected the name of a PNG file, found \"%1\"").arg(output));
-    if (info.exists() && info.canonicalFilePath() == QFileInfo(photo).canonicalFilePath())
+    const QString output = OutputFile::GetName(parser);
+    const QString existing = QFileInfo(output).canonicalFilePath();
+    if (!existing.isEmpty() && existing == QFileInfo(photo).canonicalFilePath())
         throw UsageError(QStringLiteral("--output: \"%1\" is the photo itself").arg(output));
-    if (info.exists() && !parser.isSet(OverwriteOption))
-        throw UsageError(
-            QStringLiteral("--output: \"%1\" exists; --overwrite replaces it").arg(output));
-    return output;
+    return OutputFile::Read(parser, QStringLiteral("png"), QStringLiteral("PNG"));
 }
 
 QSize TileSize(int width, const Image& photo)
@@ -71,22 +63,30 @@ QSize TileSize(int width, const Image& photo)
             static_cast<int>(std::lround(width * std::clamp(aspect, FlattestTile, TallestTile)))};
 }
 
-/// One section per group that has presets.
-Sections RenderPreviews(PresetSession& session, Console& console)
+/// One section per group that has presets, the pictures yet to be drawn.
+Sections MakeSections(const std::vector<PresetRow>& rows)
 {
     Sections sections;
-    const auto rows = PresetRows::Read(session.GetModel());
     QModelIndex group;
-    int done = 0;
     for (const PresetRow& row : rows) {
         if (row.index.parent() != group)
             sections.push_back({row.group, {}});
         group = row.index.parent();
-        const auto preview = row.index.data(EffectPresetModel::PreviewImageRole).value<QImage>();
-        sections.back().tiles.push_back({row.name, preview});
-        console.ShowProgress(++done, static_cast<int>(rows.size()), row.name);
+        sections.back().tiles.push_back({row.name, QImage()});
     }
     return sections;
+}
+
+void RenderPreviews(const std::vector<PresetRow>& rows, Sections& sections, Console& console)
+{
+    std::size_t done = 0;
+    for (ContactSheet::Section& section : sections)
+        for (ContactSheet::Tile& tile : section.tiles) {
+            const QModelIndex& preset = rows[done].index;
+            tile.picture = preset.data(EffectPresetModel::PreviewImageRole).value<QImage>();
+            console.ShowProgress(static_cast<int>(++done), static_cast<int>(rows.size()),
+                                 tile.label);
+        }
 }
 
 QByteArray EncodePng(const QImage& picture)
@@ -125,15 +125,12 @@ void SheetCommand::AddOptions(QCommandLineParser& parser) const
 {
     parser.addPositionalArgument(QStringLiteral("PHOTO"),
                                  QStringLiteral("A JPEG, PNG, TIFF, WebP, HEIC or raw file."));
+    OutputFile::AddOptions(parser, QStringLiteral("The PNG file to write."));
     parser.addOptions({
-        {{QStringLiteral("o"), OutputOption},
-         QStringLiteral("The PNG file to write."),
-         QStringLiteral("file")},
         {ColumnsOption, QStringLiteral("Previews side by side. Default: 5"),
          QStringLiteral("number"), QStringLiteral("5")},
         {TileOption, QStringLiteral("Width of a preview in pixels. Default: 240"),
          QStringLiteral("number"), QStringLiteral("240")},
-        {OverwriteOption, QStringLiteral("Replaces an existing file.")},
     });
     CatalogueOptions::Add(parser);
 }
@@ -154,9 +151,11 @@ ExitCode SheetCommand::Execute(const QCommandLineParser& parser, Console& consol
     const QSize tileSize = TileSize(tile, photo.image);
     session->GetFactory().SetPreviewOptions({tileSize, false});
     session->OpenPhoto(photo.image);
-    const Sections sections = RenderPreviews(*session, console);
+    const auto rows = PresetRows::Read(session->GetModel());
+    Sections sections = MakeSections(rows);
     const ContactSheet sheet(tileSize, columns);
     RefuseTooLarge(sheet.GetSize(sections));
+    RenderPreviews(rows, sections, console);
     LumetraHost::CheckedFileWriter::Write(output, EncodePng(sheet.Draw(sections)));
     console.PrintLine(output);
     return ExitCode::Done;

@@ -33,11 +33,6 @@ protected:
     }
 };
 
-QStringList Words(const char* line)
-{
-    return QString::fromLatin1(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
 } // namespace
 
 TEST_F(ApplyTest, writesBesideThePhotoAndPrintsTheName)

@@ -50,6 +50,11 @@ QProcessEnvironment CleanEnvironment(const QString& folder)
 
 } // namespace
 
+QStringList Words(const char* line)
+{
+    return QString::fromLatin1(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
 void CliTest::SetUp()
 {
     ASSERT_TRUE(folder.isValid());

@@ -18,6 +18,9 @@ struct CliResult
     std::string messages;
 };
 
+/// The parts of a command line without spaces in them.
+QStringList Words(const char* line);
+
 /// Runs the real program in a folder of its own, without display, runtime folder or any
 /// configuration of the machine. The folder has a catalogue "looks.json" with these presets:
 /// "Test Bright" (blending, at 80; slider "exposure"), "Test Grey" (blending), "Test Slide" (slider

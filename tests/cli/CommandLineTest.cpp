@@ -5,15 +5,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-namespace {
-
-QStringList Words(const char* line)
-{
-    return QString::fromLatin1(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
-} // namespace
-
 TEST_F(CliTest, showsHelpAndVersionOnTheOutput)
 {
     for (const char* line : {"--help", "-h", "--version", "-v", "list --help", "apply --help",

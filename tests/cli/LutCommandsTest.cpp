@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "CliTest.h"
 
+#include <QDir>
+
 #include <algorithm>
 #include <cmath>
 
@@ -88,6 +90,27 @@ TEST_F(CliTest, refusesToApplySeveralLooksAtOnce)
                                             Text("shots.ccc"), Text("-o"), Text("out.png")}));
     EXPECT_EQ(result.code, 2);
     EXPECT_THAT(result.messages, HasSubstr("expected a file with one look, found 2"));
+}
+
+TEST_F(CliTest, refusesToExportATableThatCannotBe)
+{
+    ASSERT_TRUE(QDir().mkdir(Path("folder.cube")));
+    WriteFile("there.cube", "precious");
+    const std::vector<std::pair<const char*, const char*>> cases = {
+        {"export-lut -o a.cube", "expected one --preset, found 0"},
+        {"export-lut -p test.grey -p test.bright -o a.cube", "expected one --preset, found 2"},
+        {"export-lut -p test.grey -o a.png", "expected the name of a .cube file, found \"a.png\""},
+        {"export-lut -p test.grey -o folder.cube --overwrite",
+         "--output: expected a file to write, found the folder \"folder.cube\""},
+        {"export-lut -p test.grey -o there.cube", "\"there.cube\" exists; --overwrite replaces it"},
+        {"export-lut x -p test.grey -o a.cube", "unexpected argument \"x\""},
+    };
+    for (const auto& [line, message] : cases) {
+        const CliResult result = Run(Words(line));
+        EXPECT_EQ(result.code, 2) << line;
+        EXPECT_THAT(result.messages, HasSubstr(message)) << line;
+    }
+    EXPECT_EQ(ReadFile("there.cube"), "precious");
 }
 
 TEST_F(CliTest, importsLutFilesAsPresetsOfTheUser)

@@ -9,11 +9,6 @@ using testing::IsEmpty;
 
 namespace {
 
-QStringList Words(const char* line)
-{
-    return QString::fromLatin1(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
 int CountColours(const QImage& image, const QRect& area)
 {
     QSet<QRgb> colours;
@@ -55,8 +50,11 @@ TEST_F(CliTest, refusesASheetThatCannotBe)
         {"sheet a.png", "--output: expected the name of a PNG file, found \"\""},
         {"sheet a.png -o s.jpg", "--output: expected the name of a PNG file, found \"s.jpg\""},
         {"sheet a.png -o a.png --overwrite", "--output: \"a.png\" is the photo itself"},
+        {"sheet a.png -o a.png", "--output: \"a.png\" is the photo itself"},
         {"sheet a.png -o there.png", "--output: \"there.png\" exists; --overwrite replaces it"},
         {"sheet a.png -o s.png --columns 0", "--columns: expected a whole number from 1 to 50"},
+        {"sheet a.png -o s.png --tile 2000 --columns 50",
+         "--columns and --tile: expected a sheet of at most 32000 pixels a side, found "},
         {"sheet a.png -o s.png --tile 5000", "--tile: expected a whole number from 32 to 2000"},
     };
     for (const auto& [line, message] : cases) {

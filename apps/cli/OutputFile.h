@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QCommandLineParser>
+
+namespace LumetraCli {
+
+/// The one file that a command writes, for commands that do not write a file per photo.
+class OutputFile
+{
+public:
+    /// --output, described by `help`, and --overwrite.
+    static void AddOptions(QCommandLineParser& parser, const QString& help);
+
+    /// As it was given; empty without --output.
+    static QString GetName(const QCommandLineParser& parser);
+    /// The same for a file that may be written. UsageError unless it ends in `suffix`, such as
+    /// "png", which the message calls `kind`, and when there is such a file and no --overwrite.
+    static QString Read(const QCommandLineParser& parser, const QString& suffix,
+                        const QString& kind);
+};
+
+} // namespace LumetraCli
