@@ -68,7 +68,7 @@ bool UserStoreChecker::IsStore(const JsonDocument& document)
         const auto* text = format->As<std::string>();
         return text && *text == UserDataFile::FORMAT;
     }
-    return object.Find(PresetsKey) || object.Find(MarksKey);
+    return object.Find(PresetsKey) || object.Find(MarksKey) || object.Find(ConfigData::ITEMS);
 }
 
 void UserStoreChecker::Check(const JsonDocument& document,
@@ -77,8 +77,12 @@ void UserStoreChecker::Check(const JsonDocument& document,
 {
     const CheckedNode root(document.GetObject(), document.GetName(), reports);
     CheckHeader(root);
-    root.NoteUnknownKeys({FormatKey, VersionKey, PresetsKey, MarksKey});
-    if (const auto holder = root.Node(PresetsKey)) {
+    const bool hasHolder = root.Has(PresetsKey); // without one the presets stand in the file itself
+    root.NoteUnknownKeys(
+        {FormatKey, VersionKey, hasHolder ? PresetsKey : ConfigData::ITEMS, MarksKey});
+    if (!hasHolder) {
+        CheckPresets(root, controllerKinds);
+    } else if (const auto holder = root.Node(PresetsKey)) {
         holder->NoteUnknownKeys({ConfigData::ITEMS});
         CheckPresets(*holder, controllerKinds);
     }

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "catalogue/UserStoreChecker.h"
+
+#include "catalogue/CatalogueReport.h"
+#include "storage/JsonDocument.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace LumetraHost;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+JsonDocument Document(const char* text)
+{
+    return JsonDocument::Parse(text, "own.json");
+}
+
+std::vector<std::string> Remarks(const char* text)
+{
+    CatalogueReports reports;
+    UserStoreChecker::Check(Document(text), {"", "photo"}, reports);
+    std::vector<std::string> remarks;
+    for (const CatalogueReport& report : reports.GetAll())
+        remarks.push_back(report.ToText());
+    return remarks;
+}
+
+} // namespace
+
+TEST(UserStoreChecker, knowsAStoreByItsFormatOrByTheMembersOfOneWithoutAFormat)
+{
+    EXPECT_TRUE(UserStoreChecker::IsStore(Document(R"({"format": "lumetra-user-presets"})")));
+    EXPECT_TRUE(UserStoreChecker::IsStore(Document(R"({"UserPresets": {}})")));
+    EXPECT_TRUE(UserStoreChecker::IsStore(Document(R"({"Favourites": []})")));
+    EXPECT_TRUE(UserStoreChecker::IsStore(Document(R"({"items": []})")));
+    EXPECT_FALSE(UserStoreChecker::IsStore(Document(R"({"format": "else", "items": []})")));
+    EXPECT_FALSE(UserStoreChecker::IsStore(Document(R"({"groups": []})")));
+}
+
+TEST(UserStoreChecker, checksPresetsThatStandInTheFileItself)
+{
+    EXPECT_THAT(Remarks(R"({"items": [{"name": "A", "resource": "a", "popular": 1}], "x": 1})"),
+                ElementsAre("own.json:1:64: note: x: this key is not used",
+                            "own.json:1:54: error: items[0]/popular: expected bool, found number"));
+}
+
+TEST(UserStoreChecker, notesThatAListBesideTheHolderIsNotUsed)
+{
+    EXPECT_THAT(Remarks(R"({"UserPresets": {"items": []}, "items": [1]})"),
+                ElementsAre("own.json:1:41: note: items: this key is not used"));
+    EXPECT_THAT(Remarks(R"({"Favourites": []})"), IsEmpty());
+}
