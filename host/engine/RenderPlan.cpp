@@ -3,12 +3,12 @@
 
 #include "engine/EffectKinds.h"
 
+#include <optional>
 #include <utility>
 
 namespace LumetraHost {
 
-RenderPlan::RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageContext& context,
-                       std::optional<ColourSpace> first)
+RenderPlan::RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageContext& context)
 {
     m_stages.emplace_back();
     for (const auto& effect : effects) {
@@ -22,12 +22,13 @@ RenderPlan::RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageCo
             m_stages.back().push_back(std::move(stage));
         }
     }
-    MakeChains(context.isa, first);
+    MakeChains(context.isa);
 }
 
-void RenderPlan::MakeChains(Isa isa, std::optional<ColourSpace> first)
+void RenderPlan::MakeChains(Isa isa)
 {
     for (std::size_t i = 0; i < m_stages.size(); ++i) {
+        std::optional<ColourSpace> first;
         std::optional<ColourSpace> last;
         if (i > 0)
             first = m_passes[i - 1]->GetColourSpace();

@@ -6,7 +6,6 @@
 
 #include "Zorvik/Quindle/EffectsSettings.h"
 
-#include <optional>
 #include <vector>
 
 namespace LumetraHost {
@@ -17,9 +16,7 @@ namespace LumetraHost {
 class RenderPlan
 {
 public:
-    /// `first`: the space in which pixels come into the first chain; empty: as that likes it.
-    RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageContext& context,
-               std::optional<ColourSpace> first = {});
+    RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageContext& context);
 
     /// Nothing to draw.
     bool IsEmpty() const;
@@ -30,7 +27,7 @@ public:
     const std::vector<StagePtr>& GetFirstStages() const { return m_stages.front(); }
 
 private:
-    void MakeChains(Isa isa, std::optional<ColourSpace> first);
+    void MakeChains(Isa isa);
 
     std::vector<SpatialPassPtr> m_passes;
     std::vector<std::vector<StagePtr>> m_stages;

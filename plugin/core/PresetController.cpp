@@ -97,6 +97,11 @@ EffectsSettings PresetController::MakePreviewSettings()
     return m_previewEffectSettings;
 }
 
+PreviewPolicies PresetController::GetPreviewPolicies() const
+{
+    return {m_previewCropPolicy, m_previewFitPolicy, m_previews->isDraft ? DraftFlag : 0};
+}
+
 std::string PresetController::GetPreviewKey() const
 {
     return m_group + '\n' + m_id;
@@ -125,13 +130,14 @@ QImage PresetController::GetPreviewImage()
     const auto workspace = GetWorkspaceController(false);
     if (!workspace)
         return QImage();
+    const PreviewPolicies policies = GetPreviewPolicies();
     if (!m_previews->render) {
         BringIntensityIntoPreview();
-        return GetImagePreviewInternal(m_previews->size, m_previews->isDraft ? DraftFlag : 0);
+        return GetImagePreviewInternal(m_previews->size, policies.flags);
     }
     const Zorvik::Proc::FrameTarget target{m_previews->size.width(), m_previews->size.height(),
                                            1.0};
-    const auto frame = m_previews->render(GetPreviewKey(), target, MakePreviewSettings());
+    const auto frame = m_previews->render(GetPreviewKey(), target, MakePreviewSettings(), policies);
     return Zorvik::Util::ImageUtils::FrameToImage(frame, workspace->GetImageConverter());
 }
 

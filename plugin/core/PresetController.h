@@ -13,15 +13,25 @@
 
 namespace LumetraPlugin {
 
+/// How a preset wants its preview cut and scaled, see IQuindleDrawer::RenderPreview.
+struct PreviewPolicies
+{
+    int crop = 1;
+    int fit = 0;
+    unsigned flags = 0;
+};
+
 /// What all presets of one panel share about their preview pictures.
 struct PreviewOptions
 {
     QSize size = {160, 120}; ///< pixels; a preview is at most this large
     bool isDraft = true;     ///< quick rather than exact
     /// Renders in place of the drawer, which keeps the caller waiting: the key of the preset, the
-    /// size and what is to be shown; a null frame when the picture is yet to come. May be empty.
+    /// size, what is to be shown and how; a null frame when the picture is yet to come. May be
+    /// empty.
     std::function<Zorvik::Proc::Frame(const std::string&, const Zorvik::Proc::FrameTarget&,
-                                      const Zorvik::Quindle::EffectsSettings&)>
+                                      const Zorvik::Quindle::EffectsSettings&,
+                                      const PreviewPolicies&)>
         render = {};
 };
 
@@ -53,6 +63,7 @@ public:
     Zorvik::Quindle::EffectsSettings MakeSettings();
     /// The same for its picture: the catalogue's preview list where there is one.
     Zorvik::Quindle::EffectsSettings MakePreviewSettings();
+    PreviewPolicies GetPreviewPolicies() const;
     /// Tells its picture from those of other presets: group and id.
     std::string GetPreviewKey() const;
     /// The intensity that the preset came with, which a reset goes back to.

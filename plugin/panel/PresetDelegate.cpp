@@ -49,6 +49,16 @@ QPalette::ColorGroup GroupOf(const QStyleOptionViewItem& option)
     return option.state.testFlag(QStyle::State_Enabled) ? QPalette::Active : QPalette::Disabled;
 }
 
+/// Where a picture that is smaller than was asked for stands: as much smaller than the place.
+QRectF CentrePlace(const QSize& picture, const QSize& asked, const QRect& place)
+{
+    const double scale =
+        std::min(double(place.width()) / asked.width(), double(place.height()) / asked.height());
+    QRectF target(QPointF(), QSizeF(picture) * scale);
+    target.moveCenter(QRectF(place).center());
+    return target;
+}
+
 /// A mark on a dark disc, to be seen on any picture.
 void PaintBadge(QPainter& painter, const QRect& place, const QString& icon, const QColor& color)
 {
@@ -108,10 +118,16 @@ void PresetDelegate::PaintPicture(QPainter& painter, const QRect& place,
     painter.save();
     painter.setClipPath(shape);
     const auto picture = index.data(Qt::DecorationRole).value<QPixmap>();
-    if (picture.isNull())
+    const QSize asked = PICTURE_SIZE * (option.widget ? option.widget->devicePixelRatioF()
+                                                      : painter.device()->devicePixelRatioF());
+    if (picture.isNull()) {
         PaintPlaceholder(painter, place);
-    else
+    } else if (picture.width() >= asked.width() && picture.height() >= asked.height()) {
         painter.drawPixmap(place, picture, CentrePart(picture.size(), place.size()).toRect());
+    } else {
+        painter.fillRect(place, option.palette.color(GroupOf(option), QPalette::Button));
+        painter.drawPixmap(CentrePlace(picture.size(), asked, place), picture, picture.rect());
+    }
     if (!option.state.testFlag(QStyle::State_Enabled))
         painter.fillRect(place, QColor(128, 128, 128, 120));
     painter.restore();

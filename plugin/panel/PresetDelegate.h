@@ -12,6 +12,10 @@ class PresetDelegate : public QStyledItemDelegate
     Q_OBJECT
 
 public:
+    /// What a picture is asked for in, logical pixels: the largest cell of the grid. A smaller one,
+    /// of a preset that wants the whole photo seen or no pixel enlarged, stands in the middle.
+    static constexpr QSize PICTURE_SIZE{168, 112};
+
     using QStyledItemDelegate::QStyledItemDelegate;
 
     /// The height of a cell of this width, in logical pixels.

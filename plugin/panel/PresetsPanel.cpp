@@ -12,6 +12,7 @@
 #include "panel/AppliedEdit.h"
 #include "panel/HoverPreview.h"
 #include "panel/PresetCommands.h"
+#include "panel/PresetDelegate.h"
 #include "panel/PresetsWidget.h"
 #include "panel/RecentPresets.h"
 #include "panel/ThumbnailCache.h"
@@ -24,13 +25,6 @@ namespace LumetraPlugin {
 using LumetraHost::CatalogueReport;
 using Zorvik::Lumetra::LumetraPresets::IObjectsConnectorID;
 using Zorvik::Util::ObjectsConnector;
-
-namespace {
-
-// The largest cell of the grid, at the sharpest screen that is common.
-constexpr QSize ThumbnailSize(168, 112);
-
-} // namespace
 
 PanelFiles PanelFiles::Find()
 {
@@ -82,10 +76,13 @@ void PresetsPanel::Load(const PanelFiles& files)
 void PresetsPanel::UseEditorsPreviews()
 {
     PreviewOptions options;
-    options.size = ThumbnailSize * m_widget->devicePixelRatioF();
+    options.size = PresetDelegate::PICTURE_SIZE * m_widget->devicePixelRatioF();
+    options.isDraft = false; // nobody waits for it
     options.render = [this](const std::string& key, const Zorvik::Proc::FrameTarget& target,
-                            const Zorvik::Quindle::EffectsSettings& settings) {
-        return m_editor.RequestPreview(QString::fromStdString(key), target, settings);
+                            const Zorvik::Quindle::EffectsSettings& settings,
+                            const PreviewPolicies& policies) {
+        return m_editor.RequestPreview(QString::fromStdString(key), target, settings, policies.crop,
+                                       policies.fit, policies.flags);
     };
     m_presets->GetFactory().SetPreviewOptions(options);
 }

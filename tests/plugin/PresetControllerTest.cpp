@@ -33,7 +33,7 @@ protected:
             "items": [
                 {"name": "Blend", "intensity": {"type": 1, "blendSetting": {"value": 80}},
                     "effects": [{"effect": {"id": "tone", "gain": 0.5}}]},
-                {"name": "Slide", "intensity": {"type": 2, "sliderSetting": {"end": 100,
+                {"name": "Slide", "previewCropPolicy": 0, "previewFitPolicy": 1, "intensity": {"type": 2, "sliderSetting": {"end": 100,
                     "variables": [{"effectID": "tone", "setting": "gain", "end": 2}]}},
                     "effects": [{"effect": {"id": "tone", "gain": 0.5}}],
                     "settingsPreview": {"effects": []}}]})",
@@ -108,6 +108,28 @@ TEST_F(PresetControllerTest, previewsInTheSizeOfThePanelAtTheCurrentIntensity)
     EXPECT_THAT(calls[0], HasSubstr("(30x20 aspect 1, [tone{id: \"tone\", gain: 0.5}]"));
     EXPECT_THAT(calls[0], HasSubstr("blend 1,"));
     EXPECT_THAT(calls[1], HasSubstr("blend 255,"));
+}
+
+TEST_F(PresetControllerTest, tellsWhoRendersHowThePreviewIsCut)
+{
+    PreviewPolicies asked{-1, -1, 9};
+    PreviewOptions options;
+    options.isDraft = false;
+    options.render = [&](const std::string&, const Zorvik::Proc::FrameTarget&,
+                         const Zorvik::Quindle::EffectsSettings&, const PreviewPolicies& policies) {
+        asked = policies;
+        return Zorvik::Proc::Frame();
+    };
+    factory->SetPreviewOptions(options);
+
+    Preset(1).data(EffectPresetModel::PreviewImageRole);
+    EXPECT_EQ(asked.crop, 0);
+    EXPECT_EQ(asked.fit, 1);
+    EXPECT_EQ(asked.flags, 0U);
+
+    Preset(0).data(EffectPresetModel::PreviewImageRole);
+    EXPECT_EQ(asked.crop, 1);
+    EXPECT_EQ(asked.fit, 0);
 }
 
 TEST_F(PresetControllerTest, previewsAListThatLacksTheSlidersEffect)

@@ -287,9 +287,10 @@ void Editor::ShowOnPhoto(const EffectsSettings* settings)
 
 Zorvik::Proc::Frame Editor::RequestPreview(const QString& key,
                                            const Zorvik::Proc::FrameTarget& target,
-                                           const EffectsSettings& settings)
+                                           const EffectsSettings& settings, int cropPolicy,
+                                           int fitPolicy, unsigned flags)
 {
-    return m_previews->Request(key, target, settings);
+    return m_previews->Request(key, target, settings, {cropPolicy, fitPolicy, flags});
 }
 
 void Editor::CancelPreviews()

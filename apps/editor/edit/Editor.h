@@ -84,7 +84,8 @@ public:
     QString GetPhotoPath() const override { return m_path; }
     void ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings) override;
     Zorvik::Proc::Frame RequestPreview(const QString& key, const Zorvik::Proc::FrameTarget& target,
-                                       const Zorvik::Quindle::EffectsSettings& settings) override;
+                                       const Zorvik::Quindle::EffectsSettings& settings,
+                                       int cropPolicy, int fitPolicy, unsigned flags) override;
     void CancelPreviews() override;
     void NoteEdit(const QString& text) override;
     void PushUndo(QUndoCommand* command) override;

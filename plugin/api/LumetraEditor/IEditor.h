@@ -27,12 +27,14 @@ public:
 
     /// Shows the settings on top of the photo without applying them; null: the photo as it is.
     virtual void ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings) = 0;
-    /// The settings on the committed photo. Returns what was rendered for the same key, size and
-    /// settings; otherwise a null frame, queues the rendering on a worker, and calls the panel's
-    /// PreviewReady() later. What was asked for last is rendered first.
-    virtual Zorvik::Proc::Frame
-    RequestPreview(const QString& key, const Zorvik::Proc::FrameTarget& target,
-                   const Zorvik::Quindle::EffectsSettings& settings) = 0;
+    /// The settings on the committed photo, cut and scaled as IQuindleDrawer::RenderPreview does.
+    /// Returns what was rendered for the same key and arguments; otherwise a null frame, queues the
+    /// rendering on a worker, and calls the panel's PreviewReady() later. What was asked for last
+    /// is rendered first.
+    virtual Zorvik::Proc::Frame RequestPreview(const QString& key,
+                                               const Zorvik::Proc::FrameTarget& target,
+                                               const Zorvik::Quindle::EffectsSettings& settings,
+                                               int cropPolicy, int fitPolicy, unsigned flags) = 0;
     /// Forgets the previews that are queued.
     virtual void CancelPreviews() = 0;
 

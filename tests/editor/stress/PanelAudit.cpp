@@ -5,6 +5,7 @@
 #include "drawer/SameEffects.h"
 #include "edit/Editor.h"
 #include "panel/EffectTexts.h"
+#include "panel/PresetDelegate.h"
 #include "panel/PresetGrid.h"
 #include "panel/PresetPages.h"
 #include "panel/PresetsPanel.h"
@@ -180,9 +181,12 @@ void PanelAudit::CompareThumbnail(PresetGrid& grid, int row, const QModelIndex& 
         return Expect(QStringLiteral("look \"%1\": has a picture").arg(NameOf(preset)), false,
                       true);
     auto& host = m_editor.GetHost();
-    const auto frame =
-        host.GetDrawer().RenderPreview({shown.width(), shown.height(), 1.0},
-                                       m_model.GetPreset(preset)->MakePreviewSettings(), 1, 0, 0);
+    const auto controller = m_model.GetPreset(preset);
+    const auto policies = controller->GetPreviewPolicies();
+    const QSize size = LumetraPlugin::PresetDelegate::PICTURE_SIZE * m_widget.devicePixelRatioF();
+    const auto frame = host.GetDrawer().RenderPreview({size.width(), size.height(), 1.0},
+                                                      controller->MakePreviewSettings(),
+                                                      policies.crop, policies.fit, policies.flags);
     const QImage expected = Zorvik::Util::ImageUtils::FrameToImage(frame, host.GetImageConverter());
     Expect(QStringLiteral("look \"%1\": picture is right").arg(NameOf(preset)),
            shown.convertToFormat(QImage::Format_ARGB32) ==

@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <random>
@@ -51,7 +52,11 @@ private:
     bool CheckRestart();
     bool CheckMemory();
 
-    int Pick(int count) { return std::uniform_int_distribution<int>(0, count - 1)(m_random); }
+    /// Below `count`; 0 for an empty widget or list.
+    int Pick(int count)
+    {
+        return std::uniform_int_distribution<int>(0, std::max(count, 1) - 1)(m_random);
+    }
     template <class Widget>
     Widget* PickOne();
 

@@ -5,6 +5,8 @@
 #include "panel/HoverPreview.h"
 #include "panel/PresetDelegate.h"
 #include "panel/PresetGrid.h"
+#include "panel/PresetPages.h"
+#include "photo/Image.h"
 #include "workspace/WorkspaceController.h"
 
 #include <QAbstractButton>
@@ -42,6 +44,20 @@ protected:
         QMouseEvent move(QEvent::MouseMove, PresetDelegate::GetPictureRect(cell).center(),
                          Qt::NoButton, Qt::NoButton, Qt::NoModifier);
         QApplication::sendEvent(grid.viewport(), &move);
+    }
+    static LumetraHost::Image MakeDark(int width, int height)
+    {
+        auto image = LumetraHost::Image::Allocate(width, height, LumetraHost::Image::Depth::Bits8);
+        for (int y = 0; y < height; ++y)
+            for (int i = 0; i < 4 * width; ++i)
+                image.Row(y)[i] = i % 4 == 3 ? 255 : 40;
+        return image;
+    }
+    QImage PaintedPicture(const char* name)
+    {
+        auto& grid = Grid(Named(name).parent().row());
+        const QRect cell = grid.visualRect(grid.GetPresets().FromPreset(Named(name)));
+        return grid.viewport()->grab(PresetDelegate::GetPictureRect(cell)).toImage();
     }
     void Leave(int page)
     {
@@ -82,6 +98,22 @@ TEST_F(PreviewTest, aThumbnailShowsThePresetsEffect)
 
     EXPECT_LT(grey.hsvSaturation(),
               Thumbnail("Bright").toImage().pixelColor(100, 20).hsvSaturation());
+}
+
+TEST_F(PreviewTest, aThumbnailIsCutAsThePresetWantsIt)
+{
+    editor.OpenPhoto(MakeDark(60, 120));
+    panel->GetWidget()->findChild<LumetraPlugin::PresetPages*>()->Reveal(Named("Plain"));
+    Paint();
+
+    EXPECT_EQ(Thumbnail("Warm").size(), PresetDelegate::PICTURE_SIZE);
+    EXPECT_EQ(Thumbnail("Plain").size(), QSize(56, 112)) << "the whole photo is to be seen";
+    const QImage seen = PaintedPicture("Plain");
+    const auto redAt = [&](double x) {
+        return seen.pixelColor(static_cast<int>(x * seen.width()), seen.height() / 2).red();
+    };
+    EXPECT_LT(redAt(0.5), redAt(0.25) - 50) << "the ground beside it is another";
+    EXPECT_EQ(redAt(0.25), redAt(0.75));
 }
 
 TEST_F(PreviewTest, aFinishedDragMakesTheThumbnailNewOnce)

@@ -56,8 +56,8 @@ QStringList TestEditor::RenderPreviews()
     for (const QString& key : keys) {
         const Request request = m_requests.at(key);
         const QString signature = Signature(key, request.target, request.settings);
-        m_rendered[signature] =
-            m_workspace->GetDrawer().RenderPreview(request.target, request.settings, 1, 0, 1);
+        m_rendered[signature] = m_workspace->GetDrawer().RenderPreview(
+            request.target, request.settings, request.cropPolicy, request.fitPolicy, request.flags);
         if (m_panel)
             m_panel->PreviewReady(key);
     }
@@ -85,12 +85,13 @@ void TestEditor::ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings)
 
 Zorvik::Proc::Frame TestEditor::RequestPreview(const QString& key,
                                                const Zorvik::Proc::FrameTarget& target,
-                                               const Zorvik::Quindle::EffectsSettings& settings)
+                                               const Zorvik::Quindle::EffectsSettings& settings,
+                                               int cropPolicy, int fitPolicy, unsigned flags)
 {
     const auto found = m_rendered.find(Signature(key, target, settings));
     if (found != m_rendered.end())
         return found->second;
-    m_requests.insert_or_assign(key, Request{target, settings});
+    m_requests.insert_or_assign(key, Request{target, settings, cropPolicy, fitPolicy, flags});
     m_queue.removeAll(key);
     m_queue.append(key);
     return {};

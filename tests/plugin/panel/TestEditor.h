@@ -55,7 +55,8 @@ public:
     QString GetPhotoPath() const override;
     void ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings) override;
     Zorvik::Proc::Frame RequestPreview(const QString& key, const Zorvik::Proc::FrameTarget& target,
-                                       const Zorvik::Quindle::EffectsSettings& settings) override;
+                                       const Zorvik::Quindle::EffectsSettings& settings,
+                                       int cropPolicy, int fitPolicy, unsigned flags) override;
     void CancelPreviews() override;
     void NoteEdit(const QString& text) override;
     void PushUndo(QUndoCommand* command) override;
@@ -66,6 +67,9 @@ private:
     {
         Zorvik::Proc::FrameTarget target;
         Zorvik::Quindle::EffectsSettings settings{1};
+        int cropPolicy = 1;
+        int fitPolicy = 0;
+        unsigned flags = 0;
     };
 
     std::shared_ptr<LumetraHost::WorkspaceController> m_workspace;
