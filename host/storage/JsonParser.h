@@ -8,7 +8,7 @@
 
 namespace LumetraHost {
 
-/// Reads what JsonReader reads, and knows what to say about everything else. It takes several times
+/// Reads what JsonReader reads, and knows what to say about everything else. It takes about twice
 /// as long as JsonScanner, so that it gets only the texts that the scanner refuses.
 class JsonParser
 {
