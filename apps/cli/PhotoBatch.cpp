@@ -11,6 +11,7 @@
 namespace LumetraCli {
 namespace {
 
+using LumetraHost::ExportLook;
 using LumetraHost::PhotoExport;
 using LumetraHost::ThreadPool;
 using Zorvik::Quindle::EffectsSettings;
@@ -19,9 +20,9 @@ using Zorvik::Quindle::EffectsSettings;
 class Workers
 {
 public:
-    Workers(std::vector<PhotoJob>& jobs, const std::vector<EffectsSettings>& packages,
+    Workers(std::vector<PhotoJob>& jobs, const ExportLook& look,
             const PhotoExport::Options& options)
-        : m_jobs(jobs), m_packages(packages), m_options(options), m_warnings(jobs.size()),
+        : m_jobs(jobs), m_look(look), m_options(options), m_warnings(jobs.size()),
           m_done(jobs.size())
     {
     }
@@ -34,7 +35,7 @@ private:
     void Carry(PhotoJob& job, std::vector<std::string>& warnings) const;
 
     std::vector<PhotoJob>& m_jobs;
-    const std::vector<EffectsSettings>& m_packages;
+    const ExportLook& m_look;
     const PhotoExport::Options m_options;
     std::vector<std::vector<std::string>> m_warnings;
     std::vector<std::promise<void>> m_done;
@@ -53,7 +54,7 @@ void Workers::Work()
 void Workers::Carry(PhotoJob& job, std::vector<std::string>& warnings) const
 {
     try {
-        warnings = PhotoExport().Run(job.photo, job.output, m_packages, m_options).warnings;
+        warnings = PhotoExport().Run(job.photo, job.output, m_look, m_options).warnings;
         job.state = PhotoJob::State::Written;
     } catch (const std::exception& error) {
         job.state = PhotoJob::State::Failed;
@@ -69,8 +70,9 @@ const std::vector<std::string>& Workers::WaitFor(std::size_t job)
 
 } // namespace
 
-PhotoBatch::PhotoBatch(int parallel, const LumetraHost::PhotoWriter::Options& options)
-    : m_parallel(parallel), m_options(options)
+PhotoBatch::PhotoBatch(int parallel, const LumetraHost::PhotoWriter::Options& options,
+                       ExportLook::Precision precision)
+    : m_parallel(parallel), m_options(options), m_precision(precision)
 {
 }
 
@@ -81,7 +83,8 @@ void PhotoBatch::Run(std::vector<PhotoJob>& jobs, const std::vector<EffectsSetti
     PhotoExport::Options options;
     options.writing = m_options;
     options.threads = std::max(1, ThreadPool::GetShared().GetThreadCount() / std::max(1, count));
-    Workers workers(jobs, packages, options);
+    const ExportLook look(packages, m_precision);
+    Workers workers(jobs, look, options);
     std::vector<std::future<void>> threads; // wait for their threads when they go
     for (int i = 0; i < count; ++i)
         threads.push_back(std::async(std::launch::async, &Workers::Work, &workers));

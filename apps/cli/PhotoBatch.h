@@ -3,6 +3,7 @@
 
 #include "OutputPlan.h"
 #include "Zorvik/Quindle/EffectsSettings.h"
+#include "exporting/ExportLook.h"
 #include "photo/PhotoWriter.h"
 
 #include <functional>
@@ -12,15 +13,16 @@
 namespace LumetraCli {
 
 /// Puts effects on many photos, `parallel` of them at the same time: a photo then has a share of
-/// the threads, which costs less than dividing every photo's work. One that fails does not stop the
-/// others.
+/// the threads, which costs less than dividing every photo's work, and all share the look's tables.
+/// One that fails does not stop the others.
 class PhotoBatch
 {
 public:
     /// Called on the calling thread with each job when it has ended, in the order of the jobs.
     using Ended = std::function<void(const PhotoJob&, const std::vector<std::string>& warnings)>;
 
-    PhotoBatch(int parallel, const LumetraHost::PhotoWriter::Options& options);
+    PhotoBatch(int parallel, const LumetraHost::PhotoWriter::Options& options,
+               LumetraHost::ExportLook::Precision precision);
 
     /// Carries out the planned ones of `jobs`. Nobody may change the effects meanwhile.
     void Run(std::vector<PhotoJob>& jobs,
@@ -30,6 +32,7 @@ public:
 private:
     int m_parallel;
     LumetraHost::PhotoWriter::Options m_options;
+    LumetraHost::ExportLook::Precision m_precision;
 };
 
 } // namespace LumetraCli

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "ExportCases.h"
 
+#include "ApplyParts.h"
 #include "PipelinedCodec.h"
 
 #include "Zorvik/Quindle/EffectSettingsImpl.h"
@@ -23,7 +24,6 @@ namespace {
 using namespace LumetraHost;
 using Zorvik::Quindle::EffectPtr;
 using Zorvik::Quindle::EffectsSettings;
-using Packages = std::vector<EffectsSettings>;
 
 constexpr int ThumbnailSide = 256;
 constexpr int Thumbnails = 60;
@@ -60,22 +60,31 @@ EffectsSettings MakeNeighbours()
     return settings;
 }
 
-void Export(const QStringList& files, const Packages& packages, bool isStreamed = true,
+EffectsSettings MakeAll()
+{
+    EffectsSettings settings = MakeColours(0.4);
+    const EffectsSettings neighbours = MakeNeighbours();
+    for (const EffectPtr& effect : neighbours.Effects())
+        settings.Effects().push_back(effect);
+    return settings;
+}
+
+void Export(const QStringList& files, const ExportLook& look, bool isStreamed = true,
             int threads = 0)
 {
     PhotoExport::Options options;
     options.isStreamed = isStreamed;
     options.threads = threads;
-    PhotoExport().Run(files[0], files[1], packages, options);
+    PhotoExport().Run(files[0], files[1], look, options);
 }
 
 /// As lumetra-presets does it: a thread for each of several photos.
-void ExportEach(const QStringList& files, const Packages& packages)
+void ExportEach(const QStringList& files, const ExportLook& look)
 {
     std::atomic<int> next{0};
     const auto work = [&] {
         for (int i = next++; 2 * i + 1 < files.size(); i = next++)
-            Export(files.mid(2 * i, 2), packages, true, 1);
+            Export(files.mid(2 * i, 2), look, true, 1);
     };
     std::vector<std::future<void>> threads;
     for (int i = 0; i < ThreadPool::GetShared().GetThreadCount(); ++i)
@@ -84,6 +93,7 @@ void ExportEach(const QStringList& files, const Packages& packages)
         thread.get();
 }
 
+/// A thumbnail to a thread, as a panel does it.
 void MakeThumbnails(const QStringList& files)
 {
     const Image photo =
@@ -93,9 +103,10 @@ void MakeThumbnails(const QStringList& files)
     const Image small =
         Resize(photo, {0, 0, photo.GetWidth(), photo.GetHeight()}, int(photo.GetWidth() * scale),
                int(photo.GetHeight() * scale), ResizeQuality::Fine);
-    const Renderer renderer;
-    for (int i = 0; i < Thumbnails; ++i)
-        renderer.Render(small, MakeColours(0.02 * i));
+    ThreadPool alone(0);
+    const Renderer renderer(alone);
+    ThreadPool::GetShared().ForEach(Thumbnails, 0,
+                                    [&](int i) { renderer.Render(small, MakeColours(0.02 * i)); });
 }
 
 void RunCodecEach(const QStringList& files)
@@ -109,16 +120,20 @@ void RunCodecEach(const QStringList& files)
 bool RunCase(const std::string& name, const QStringList& files)
 {
     RegisterEffects();
+    const EffectsSettings colours = MakeColours(0.4);
     const std::map<std::string, std::function<void()>> cases = {
         {"idle", [] { ThreadPool::GetShared(); }},
         {"codec", [&] { RunPipelinedCodec(files[0], files[1]); }},
         {"codec-each", [&] { RunCodecEach(files); }},
         {"decode-eighth", [&] { RunReducedDecode(files[0], ThumbnailSide); }},
         {"thumbnails", [&] { MakeThumbnails(files); }},
-        {"colour", [&] { Export(files, {MakeColours(0.4)}); }},
-        {"colour-each", [&] { ExportEach(files, {MakeColours(0.4)}); }},
-        {"spatial", [&] { Export(files, {MakeNeighbours()}); }},
-        {"whole", [&] { Export(files, {MakeColours(0.4)}, false); }}};
+        {"exact", [&] { Export(files, ExportLook({colours}, ExportLook::Precision::Exact)); }},
+        {"colour", [&] { Export(files, ExportLook({colours})); }},
+        {"colour-each", [&] { ExportEach(files, ExportLook({colours})); }},
+        {"spatial", [&] { Export(files, ExportLook({MakeNeighbours()})); }},
+        {"all", [&] { Export(files, ExportLook({MakeAll()})); }},
+        {"whole", [&] { Export(files, ExportLook({colours}), false); }},
+        {"apply-parts", [&] { MeasureApplyParts(files[0], files[1]); }}};
     const auto found = cases.find(name);
     if (found == cases.end())
         return false;

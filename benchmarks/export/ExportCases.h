@@ -7,9 +7,8 @@
 
 namespace LumetraBench {
 
-/// Carries out one case, in a process of its own: "idle", "codec", "codec-each", "decode-eighth",
-/// "thumbnails", "colour", "colour-each", "spatial", "whole". `files`: source and target, with
-/// "-each" pairs of them. False for an unknown name.
+/// Carries out one case, in a process of its own. `files`: source and target, with "-each" pairs of
+/// them; "apply-parts" writes JSON to its target. False for an unknown name.
 bool RunCase(const std::string& name, const QStringList& files);
 
 } // namespace LumetraBench

@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 #include <QSysInfo>
 
 #include <algorithm>
@@ -58,6 +57,8 @@ QJsonObject Describe(const Measured& line, std::optional<double> ratio)
     }
     if (line.target)
         object.insert(QStringLiteral("target"), *line.target);
+    if (line.atLeast)
+        object.insert(QStringLiteral("atLeast"), *line.atLeast);
     if (line.psnr)
         object.insert(QStringLiteral("psnrAgainstOurs"), *line.psnr);
     return object;
@@ -94,44 +95,45 @@ std::optional<double> ExportReport::GetRatio(const Measured& line) const
     return std::nullopt;
 }
 
-void ExportReport::Print(double idlePeak) const
+void ExportReport::Print() const
 {
-    std::printf("%-18s %10s %10s %8s %8s %10s %8s\n", "case", "ms", "cpu ms", "ratio", "target",
+    std::printf("%-20s %10s %10s %8s %8s %10s %8s\n", "case", "ms", "cpu ms", "ratio", "target",
                 "peak MB", "PSNR");
     for (const Measured& line : m_lines) {
-        if (!line.IsDone()) {
-            std::printf("%-18s %s\n", line.name.c_str(),
+        if (line.IsDone())
+            PrintLine(line);
+        else
+            std::printf("%-20s %s\n", line.name.c_str(),
                         line.runs.empty() ? "not installed" : "failed");
-            continue;
-        }
-        const auto ratio = GetRatio(line);
-        const auto text = [](std::optional<double> value, char format, int digits) {
-            return value ? QString::number(*value, format, digits).toStdString() : std::string("-");
-        };
-        std::printf("%-18s %10.0f %10.0f %8s %8s %10.1f %8s\n", line.name.c_str(),
-                    line.GetMedianMilliseconds(), line.GetMedianProcessor(),
-                    text(ratio, 'f', 2).c_str(), text(line.target, 'f', 2).c_str(), line.GetPeak(),
-                    text(line.psnr, 'f', 1).c_str());
     }
-    std::printf("idle program: %.1f MB\n", idlePeak);
 }
 
-bool ExportReport::Store(const QString& path, double idlePeak, double loadBefore,
-                         double loadAfter) const
+void ExportReport::PrintLine(const Measured& line) const
+{
+    const auto text = [](std::optional<double> value, int digits) {
+        return value ? QString::number(*value, 'f', digits).toStdString() : std::string("-");
+    };
+    std::string target = text(line.target, 2);
+    if (line.atLeast)
+        target = ">=" + text(line.atLeast, 1);
+    std::printf("%-20s %10.0f %10.0f %8s %8s %10.1f %8s\n", line.name.c_str(),
+                line.GetMedianMilliseconds(), line.GetMedianProcessor(),
+                text(GetRatio(line), 2).c_str(), target.c_str(), line.GetPeak(),
+                text(line.psnr, 1).c_str());
+}
+
+bool ExportReport::Store(const QString& path, QJsonObject machine) const
 {
     QJsonArray lines;
     for (const Measured& line : m_lines)
         lines.append(Describe(line, GetRatio(line)));
-    const QJsonObject report{{QStringLiteral("system"), QSysInfo::prettyProductName()},
-                             {QStringLiteral("threads"), int(std::thread::hardware_concurrency())},
-                             {QStringLiteral("instructionSet"),
-                              QLatin1String(LumetraHost::GetIsaName(LumetraHost::GetDefaultIsa()))},
-                             {QStringLiteral("loadBefore"), loadBefore},
-                             {QStringLiteral("loadAfter"), loadAfter},
-                             {QStringLiteral("idleMB"), idlePeak},
-                             {QStringLiteral("cases"), lines}};
+    machine.insert(QStringLiteral("system"), QSysInfo::prettyProductName());
+    machine.insert(QStringLiteral("threads"), int(std::thread::hardware_concurrency()));
+    machine.insert(QStringLiteral("instructionSet"),
+                   QLatin1String(LumetraHost::GetIsaName(LumetraHost::GetDefaultIsa())));
+    machine.insert(QStringLiteral("cases"), lines);
     QFile file(path);
-    const QByteArray content = QJsonDocument(report).toJson();
+    const QByteArray content = QJsonDocument(machine).toJson();
     return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
 }
 

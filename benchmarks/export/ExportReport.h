@@ -3,6 +3,7 @@
 
 #include "ChildProcess.h"
 
+#include <QJsonObject>
 #include <QString>
 
 #include <optional>
@@ -17,8 +18,10 @@ struct Measured
     std::string name;
     std::string group; ///< "ours", "reference" or "peer"
     std::vector<std::string> words;
-    std::string reference;        ///< the name of the line whose time it is divided by, or empty
-    std::optional<double> target; ///< largest ratio that we want
+    std::string reference;         ///< the name of the line whose time it is divided by, or empty
+    std::optional<double> target;  ///< largest ratio that we want
+    std::optional<double> atLeast; ///< of a peer: smallest ratio that we want
+    int mostRuns = 5;
     std::string remark;
     std::optional<double> psnr; ///< against our picture of the same case
     std::vector<ChildResult> runs;
@@ -29,19 +32,19 @@ struct Measured
     bool IsDone() const;
 };
 
-/// Prints the table to the standard output and stores everything as JSON. `idlePeak`: megabytes of
-/// our program doing nothing.
+/// Prints the table to the standard output and stores everything as JSON.
 class ExportReport
 {
 public:
     explicit ExportReport(std::vector<Measured> lines) : m_lines(std::move(lines)) {}
 
-    void Print(double idlePeak) const;
-    /// False when it cannot be written.
-    bool Store(const QString& path, double idlePeak, double loadBefore, double loadAfter) const;
+    void Print() const;
+    /// `machine`: what is stored beside the cases. False when it cannot be written.
+    bool Store(const QString& path, QJsonObject machine) const;
 
 private:
     std::optional<double> GetRatio(const Measured& line) const;
+    void PrintLine(const Measured& line) const;
 
     std::vector<Measured> m_lines;
 };

@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,7 @@ struct Peer
     std::string program;
     std::vector<std::string> words; ///< the whole command line
     std::string remark;             ///< how its chain differs from ours
+    std::optional<double> atLeast;  ///< how many times our time we want it to take
 };
 
 /// The commands that put the five colour effects of our case on a photo, as far as each program has

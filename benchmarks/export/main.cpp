@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Exports from file to file beside decoding and encoding alone, and beside other programs. Every
 // case is a process of its own, the repetitions are interleaved, and the medians are compared.
+#include "ApplyParts.h"
 #include "ChildProcess.h"
 #include "ExportCases.h"
 #include "ExportReport.h"
@@ -9,8 +10,12 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -20,6 +25,7 @@ namespace {
 using namespace LumetraBench;
 
 constexpr int Photos = 20;
+constexpr int PeerRuns = 2;
 
 QString OwnPath()
 {
@@ -49,40 +55,114 @@ QStringList MakePairs(const QString& folder, const QString& source)
     return files;
 }
 
-std::vector<Measured> MakeOwnLines(const QString& folder, const QString& photo,
-                                   const QString& large)
+/// The files of one run of the benchmark.
+class Files
 {
-    const auto in = [&folder](const char* name) {
-        return folder + QLatin1Char('/') + QLatin1String(name);
-    };
+public:
+    explicit Files(const QString& folder) : m_folder(folder) {}
+
+    QString Get(const char* name) const
+    {
+        return m_folder + QLatin1Char('/') + QLatin1String(name);
+    }
+    const QString& GetFolder() const { return m_folder; }
+    QString GetPhoto() const { return Get("photo.jpg"); }
+    QString GetLarge() const { return Get("large.jpg"); }
+
+private:
+    QString m_folder;
+};
+
+std::vector<Measured> MakeOwnLines(const Files& files)
+{
+    const QString photo = files.GetPhoto();
+    const QString large = files.GetLarge();
+    const QStringList pairs = MakePairs(files.GetFolder(), photo);
     return {
         MakeOwn("idle", "idle", {}),
         MakeOwn("decode-eighth", "decode-eighth", {photo}),
         MakeOwn("thumbnails-60", "thumbnails", {photo}, "decode-eighth", 1.3),
-        MakeOwn("codec", "codec", {photo, in("codec.jpg")}),
-        MakeOwn("five-colour", "colour", {photo, in("colour.jpg")}, "codec", 2.0),
-        MakeOwn("five-colour-whole", "whole", {photo, in("whole.jpg")}, "codec"),
-        MakeOwn("spatial", "spatial", {photo, in("spatial.jpg")}, "codec", 2.5),
-        MakeOwn("codec-20", "codec-each", MakePairs(folder, photo)),
-        MakeOwn("five-colour-20", "colour-each", MakePairs(folder, photo), "codec-20", 1.45),
-        MakeOwn("codec-100mp", "codec", {large, in("codec-large.jpg")}),
-        MakeOwn("five-colour-100mp", "colour", {large, in("colour-large.jpg")}, "codec-100mp"),
-        MakeOwn("spatial-100mp", "spatial", {large, in("spatial-large.jpg")}, "codec-100mp"),
+        MakeOwn("codec", "codec", {photo, files.Get("codec.jpg")}),
+        MakeOwn("five-colour", "colour", {photo, files.Get("colour.jpg")}, "codec", 1.3),
+        MakeOwn("five-colour-exact", "exact", {photo, files.Get("exact.jpg")}, "codec", 2.0),
+        MakeOwn("five-colour-whole", "whole", {photo, files.Get("whole.jpg")}, "codec"),
+        MakeOwn("spatial", "spatial", {photo, files.Get("spatial.jpg")}, "codec", 2.5),
+        MakeOwn("colour-and-spatial", "all", {photo, files.Get("all.jpg")}, "codec"),
+        MakeOwn("codec-20", "codec-each", pairs),
+        MakeOwn("five-colour-20", "colour-each", pairs, "codec-20", 1.45),
+        MakeOwn("codec-100mp", "codec", {large, files.Get("codec-large.jpg")}),
+        MakeOwn("five-colour-100mp", "colour", {large, files.Get("colour-large.jpg")},
+                "codec-100mp"),
+        MakeOwn("spatial-100mp", "spatial", {large, files.Get("spatial-large.jpg")}, "codec-100mp"),
+        MakeOwn("all-100mp", "all", {large, files.Get("all-large.jpg")}, "codec-100mp"),
     };
 }
 
-void AddPeers(std::vector<Measured>& lines, const QString& photo, const QString& folder)
+/// The command-line tool on one photo, with a preset of four effects.
+Measured MakeApply(const Files& files)
 {
-    for (const Peer& peer : MakePeers(photo, folder)) {
-        Measured line;
-        line.name = peer.name;
-        line.group = "peer";
-        line.words = peer.words;
-        line.reference = "codec";
-        line.remark = peer.remark;
-        if (!HasProgram(peer.program))
-            line.words.clear();
-        lines.push_back(line);
+    const QString catalogue = files.Get("four.json");
+    WriteFourEffectCatalogue(catalogue);
+    Measured line = MakeOwn("apply-four", {}, {}, "codec");
+    line.words = {QFileInfo(OwnPath()).absolutePath().toStdString() + "/lumetra-presets",
+                  "apply",
+                  files.GetPhoto().toStdString(),
+                  "--only-named",
+                  "--catalogue",
+                  catalogue.toStdString(),
+                  "--preset",
+                  "bench.four",
+                  "--output",
+                  files.Get("four.jpg").toStdString(),
+                  "--overwrite"};
+    return line;
+}
+
+Measured MakePeer(const Peer& peer)
+{
+    Measured line;
+    line.name = peer.name;
+    line.group = "peer";
+    line.words = peer.words;
+    line.reference = "five-colour";
+    line.atLeast = peer.atLeast;
+    line.remark = peer.remark;
+    line.mostRuns = PeerRuns;
+    if (!HasProgram(peer.program))
+        line.words.clear();
+    return line;
+}
+
+/// The quickest of the other programs on large and on many photos.
+void AddLibvips(std::vector<Measured>& lines, const Measured& libvips, const Files& files)
+{
+    Measured large = libvips;
+    Measured each = libvips;
+    large.name = "libvips-100mp";
+    large.reference = "five-colour-100mp";
+    each.name = "libvips-20";
+    each.reference = "five-colour-20";
+    for (Measured* const line : {&large, &each})
+        line->mostRuns = 1;
+    if (!libvips.words.empty()) {
+        large.words[1] = files.GetLarge().toStdString();
+        large.words[2] = files.Get("libvips-large.jpg").toStdString();
+        std::vector<std::string> words{
+            "sh", "-c", "for i in $(seq " + std::to_string(Photos) + "); do \"$@\" || exit 1; done",
+            "sh"};
+        words.insert(words.end(), libvips.words.begin(), libvips.words.end());
+        each.words = words;
+    }
+    lines.push_back(large);
+    lines.push_back(each);
+}
+
+void AddPeers(std::vector<Measured>& lines, const Files& files)
+{
+    for (const Peer& peer : MakePeers(files.GetPhoto(), files.GetFolder())) {
+        lines.push_back(MakePeer(peer));
+        if (peer.name == "libvips")
+            AddLibvips(lines, Measured(lines.back()), files);
     }
 }
 
@@ -90,7 +170,8 @@ void RunAll(std::vector<Measured>& lines, int repetitions)
 {
     for (int i = 0; i < repetitions; ++i)
         for (Measured& line : lines) {
-            if (line.words.empty() || (i > 0 && !line.IsDone()))
+            const bool isFailed = i > 0 && !line.IsDone();
+            if (line.words.empty() || isFailed || i >= line.mostRuns)
                 continue;
             std::fprintf(stderr, "\r%d of %d: %-30s", i + 1, repetitions, line.name.c_str());
             line.runs.push_back(RunChild(line.words));
@@ -98,14 +179,17 @@ void RunAll(std::vector<Measured>& lines, int repetitions)
     std::fprintf(stderr, "\r%50s\r", "");
 }
 
-void MeasurePeers(std::vector<Measured>& lines, const QString& folder)
+/// The exact picture is what the others are compared with, and ours from a table too.
+void MeasureDistances(std::vector<Measured>& lines, const Files& files)
 {
-    for (Measured& line : lines) {
-        const QString output =
-            folder + QStringLiteral("/peer-%1.jpg").arg(QString::fromStdString(line.name));
-        if (line.group == "peer" && line.IsDone())
-            line.psnr = MeasurePsnr(folder + QStringLiteral("/colour.jpg"), output);
-    }
+    const QString exact = files.Get("exact.jpg");
+    for (const Peer& peer : MakePeers(files.GetPhoto(), files.GetFolder()))
+        for (Measured& line : lines)
+            if (line.name == peer.name && line.IsDone())
+                line.psnr = MeasurePsnr(exact, GetPeerOutput(peer, files.GetFolder()));
+    for (Measured& line : lines)
+        if (line.name == "five-colour" && line.IsDone())
+            line.psnr = MeasurePsnr(exact, files.Get("colour.jpg"));
 }
 
 double GetLoad()
@@ -123,30 +207,58 @@ int WriteSample(const QString& size, const QString& path)
     return 0;
 }
 
+/// In processes of their own: what this one has taken counts as the peak of its children.
+void WriteSamples(const Files& files, bool isQuick)
+{
+    const auto write = [](const char* size, const QString& path) {
+        RunChild({OwnPath().toStdString(), "--sample", size, path.toStdString()});
+    };
+    write(isQuick ? "1500x1000" : "6000x4000", files.GetPhoto());
+    write(isQuick ? "3000x2000" : "12244x8168", files.GetLarge());
+}
+
+bool HasFailures(const std::vector<Measured>& lines)
+{
+    return std::any_of(lines.begin(), lines.end(),
+                       [](const Measured& line) { return line.group != "peer" && !line.IsDone(); });
+}
+
+QJsonObject ReadObject(const QString& path)
+{
+    QFile file(path);
+    file.open(QIODevice::ReadOnly);
+    return QJsonDocument::fromJson(file.readAll()).object();
+}
+
 int RunBenchmark(const QCommandLineParser& parser)
 {
     const QTemporaryDir folder;
-    const QString photo = folder.filePath(QStringLiteral("photo.jpg"));
-    const QString large = folder.filePath(QStringLiteral("large.jpg"));
-    // In processes of their own: what this one has taken counts as the peak of its children.
-    RunChild({OwnPath().toStdString(), "--sample", "6000x4000", photo.toStdString()});
-    RunChild({OwnPath().toStdString(), "--sample", "12244x8168", large.toStdString()});
+    const Files files(folder.path());
+    const bool isQuick = parser.isSet(QStringLiteral("quick"));
+    WriteSamples(files, isQuick);
 
-    std::vector<Measured> lines = MakeOwnLines(folder.path(), photo, large);
+    std::vector<Measured> lines = MakeOwnLines(files);
+    lines.push_back(MakeApply(files));
     if (!parser.isSet(QStringLiteral("no-peers")))
-        AddPeers(lines, photo, folder.path());
-    const double loadBefore = GetLoad();
-    std::printf("load before: %.2f\n", loadBefore);
-    RunAll(lines, parser.value(QStringLiteral("repetitions")).toInt());
-    MeasurePeers(lines, folder.path());
+        AddPeers(lines, files);
+    QJsonObject machine{{QStringLiteral("loadBefore"), GetLoad()}};
+    std::printf("load before: %.2f\n", GetLoad());
+    RunAll(lines, isQuick ? 1 : parser.value(QStringLiteral("repetitions")).toInt());
+    MeasureDistances(lines, files);
 
-    const double idlePeak = lines.front().GetPeak();
     const ExportReport report(lines);
-    report.Print(idlePeak);
-    const double loadAfter = GetLoad();
-    std::printf("load after: %.2f\n", loadAfter);
+    report.Print();
+    const QString parts = files.Get("parts.json");
+    RunChild({OwnPath().toStdString(), "--case", "apply-parts", files.GetPhoto().toStdString(),
+              parts.toStdString()});
+    PrintApplyParts(parts);
+    std::printf("load after: %.2f\n", GetLoad());
+    machine.insert(QStringLiteral("loadAfter"), GetLoad());
+    machine.insert(QStringLiteral("applyParts"), ReadObject(parts));
     const QString json = parser.value(QStringLiteral("json"));
-    return json.isEmpty() || report.Store(json, idlePeak, loadBefore, loadAfter) ? 0 : 1;
+    if (!json.isEmpty() && !report.Store(json, machine))
+        return 1;
+    return HasFailures(lines) ? 1 : 0;
 }
 
 } // namespace
@@ -163,6 +275,8 @@ int main(int argc, char** argv)
           QStringLiteral("number"), QStringLiteral("5")},
          {QStringLiteral("json"), QStringLiteral("Stores the result there."),
           QStringLiteral("file")},
+         {QStringLiteral("quick"),
+          QStringLiteral("Small photos, once: to see that everything runs.")},
          {QStringLiteral("no-peers"), QStringLiteral("Leaves other programs out.")}});
     parser.process(application);
     try {

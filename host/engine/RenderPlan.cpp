@@ -3,12 +3,12 @@
 
 #include "engine/EffectKinds.h"
 
-#include <optional>
 #include <utility>
 
 namespace LumetraHost {
 
-RenderPlan::RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageContext& context)
+RenderPlan::RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageContext& context,
+                       std::optional<ColourSpace> first)
 {
     m_stages.emplace_back();
     for (const auto& effect : effects) {
@@ -22,13 +22,12 @@ RenderPlan::RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageCo
             m_stages.back().push_back(std::move(stage));
         }
     }
-    MakeChains(context.isa);
+    MakeChains(context.isa, first);
 }
 
-void RenderPlan::MakeChains(Isa isa)
+void RenderPlan::MakeChains(Isa isa, std::optional<ColourSpace> first)
 {
     for (std::size_t i = 0; i < m_stages.size(); ++i) {
-        std::optional<ColourSpace> first;
         std::optional<ColourSpace> last;
         if (i > 0)
             first = m_passes[i - 1]->GetColourSpace();

@@ -6,6 +6,7 @@
 
 #include "Zorvik/Quindle/EffectsSettings.h"
 
+#include <optional>
 #include <vector>
 
 namespace LumetraHost {
@@ -16,7 +17,9 @@ namespace LumetraHost {
 class RenderPlan
 {
 public:
-    RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageContext& context);
+    /// `first`: the space in which pixels come into the first chain; empty: as that likes it.
+    RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageContext& context,
+               std::optional<ColourSpace> first = {});
 
     /// Nothing to draw.
     bool IsEmpty() const;
@@ -27,7 +30,7 @@ public:
     const std::vector<StagePtr>& GetFirstStages() const { return m_stages.front(); }
 
 private:
-    void MakeChains(Isa isa);
+    void MakeChains(Isa isa, std::optional<ColourSpace> first);
 
     std::vector<SpatialPassPtr> m_passes;
     std::vector<std::vector<StagePtr>> m_stages;

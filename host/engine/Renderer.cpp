@@ -28,19 +28,19 @@ int CountThreads(int wish, const ThreadPool& pool)
 }
 
 /// False when it was cancelled.
-bool RunPlan(const RenderPlan& plan, const Image& source, Image& target, double sourceWeight,
+bool RunPlan(const RenderPlan& plan, const Image& source, Image& target, int blendAmount,
              const RenderOptions& options, ThreadPool& pool)
 {
     const Isa isa = LimitToSupported(options.isa);
     if (plan.GetPasses().empty())
         return Segment(plan.GetFirstStages(),
                        {isa, options.threads, options.tilePixels, options.cancel})
-            .Run(source, target, sourceWeight, pool);
+            .Run(source, target, GetSourceWeight(blendAmount), pool);
     PictureRunForm form;
     form.width = source.GetWidth();
     form.height = source.GetHeight();
     form.depth = source.GetDepth();
-    form.sourceWeight = sourceWeight;
+    form.blendAmount = blendAmount;
     form.isa = isa;
     form.threads = CountThreads(options.threads, pool);
     form.tilePixels = options.tilePixels;
@@ -86,7 +86,7 @@ Image Renderer::Render(const Image& source, const EffectList& effects, int blend
     if (plan.IsEmpty())
         return source;
     Image target = MakeTarget(source, std::move(recycled));
-    if (!RunPlan(plan, source, target, GetSourceWeight(blendAmount), options, *m_pool))
+    if (!RunPlan(plan, source, target, blendAmount, options, *m_pool))
         return {};
     return target;
 }

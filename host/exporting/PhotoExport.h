@@ -3,10 +3,8 @@
 
 #include "engine/CancelToken.h"
 #include "engine/ThreadPool.h"
-
+#include "exporting/ExportLook.h"
 #include "photo/PhotoWriter.h"
-
-#include "Zorvik/Quindle/EffectsSettings.h"
 
 #include <QString>
 
@@ -15,7 +13,7 @@
 
 namespace LumetraHost {
 
-/// Carries photos from file to file through packages of effects, each of which is blended with the
+/// Carries photos from file to file through a look, each package of which is blended with the
 /// picture below it and rounded once. JPEG files that are upright and sRGB are streamed: bands of
 /// rows are decoded, drawn and encoded at the same time, and only what the effects still look at is
 /// kept. All others are read whole. Both ways make the same file. Usable from several threads.
@@ -41,16 +39,14 @@ public:
 
     /// Creates or replaces the file at `target`, whose extension says the format, and its folder.
     /// Zorvik::Exception as from PhotoReader and PhotoWriter; the old file is then untouched.
-    Result Run(const QString& source, const QString& target,
-               const std::vector<Zorvik::Quindle::EffectsSettings>& packages,
+    Result Run(const QString& source, const QString& target, const ExportLook& look,
                const Options& options) const;
 
     /// The file in memory; empty when it was cancelled. `sourceName` and `targetName` begin the
     /// texts of exceptions.
     Bytes Convert(const Bytes& source, const std::string& sourceName, PhotoFormat format,
-                  const std::string& targetName,
-                  const std::vector<Zorvik::Quindle::EffectsSettings>& packages,
-                  const Options& options, std::vector<std::string>& warnings) const;
+                  const std::string& targetName, const ExportLook& look, const Options& options,
+                  std::vector<std::string>& warnings) const;
 
 private:
     ThreadPool* m_pool;

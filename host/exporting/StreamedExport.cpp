@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "exporting/StreamedExport.h"
 
-#include "engine/Blend.h"
-#include "engine/bands/PictureRun.h"
+#include "exporting/ExportLayer.h"
 #include "photo/ColorConversion.h"
 #include "photo/MetadataReader.h"
 #include "photo/MetadataWriter.h"
@@ -13,42 +12,13 @@
 namespace LumetraHost {
 namespace {
 
-using Zorvik::Quindle::EffectsSettings;
-
-/// A package that changes something, with its way over the picture.
-struct Layer
-{
-    Layer(const EffectsSettings& package, const PictureRunForm& form)
-        : plan(package.Effects(), {form.isa, PictureArea::Whole(form.width, form.height)}),
-          run(plan, WithWeight(form, package))
-    {
-    }
-
-    static PictureRunForm WithWeight(PictureRunForm form, const EffectsSettings& package)
-    {
-        form.sourceWeight = GetSourceWeight(package.GetBlendAmount());
-        return form;
-    }
-
-    const RenderPlan plan;
-    PictureRun run;
-};
-
-bool ChangesNothing(const EffectsSettings& package, const PictureRunForm& form)
-{
-    const bool isSource = ClampBlendAmount(package.GetBlendAmount()) == SourceOnly;
-    return isSource ||
-           RenderPlan(package.Effects(), {form.isa, PictureArea::Whole(form.width, form.height)})
-               .IsEmpty();
-}
-
 /// Decoding, the layers and encoding as one band graph, with a ring of pixel rows between them.
 class Stream
 {
 public:
     Stream(JpegRowReader& reader, const PictureRunForm& form) : m_reader(reader), m_form(form) {}
 
-    void AddLayer(const EffectsSettings& package) { m_layers.emplace_back(package, m_form); }
+    void AddLayer(const ExportLook::Layer& layer);
     /// False when it was cancelled.
     bool Run(RowEncoder& encoder, ThreadPool& pool, const CancelToken* cancel);
 
@@ -75,9 +45,16 @@ private:
 
     JpegRowReader& m_reader;
     PictureRunForm m_form;
-    std::deque<Layer> m_layers;
+    std::deque<ExportLayer> m_layers;
     std::deque<Image> m_rings;
 };
+
+void Stream::AddLayer(const ExportLook::Layer& layer)
+{
+    m_layers.emplace_back(layer, m_form);
+    if (m_layers.back().ChangesNothing())
+        m_layers.pop_back();
+}
 
 int Stream::GetBandCount() const
 {
@@ -88,9 +65,9 @@ int Stream::GetBandCount() const
 /// own is behind, and a band for each thread to work ahead.
 Image& Stream::AddRing(std::size_t nextLayer)
 {
-    while (nextLayer < m_layers.size() && m_layers[nextLayer].run.CanDrawInPlace())
+    while (nextLayer < m_layers.size() && m_layers[nextLayer].GetRun().CanDrawInPlace())
         ++nextLayer;
-    const int latency = nextLayer < m_layers.size() ? m_layers[nextLayer].run.GetLatency() : 0;
+    const int latency = nextLayer < m_layers.size() ? m_layers[nextLayer].GetRun().GetLatency() : 0;
     const int bands = std::min(latency + 2 + m_form.threads, GetBandCount());
     m_rings.push_back(Image::AllocateUninitialised(m_form.width, bands * PictureRun::BandRows,
                                                    Image::Depth::Bits8));
@@ -115,7 +92,7 @@ Stream::RingNodes Stream::AddLayers(BandGraph& graph, int decoder)
     RingNodes nodes{decoder, decoder};
     for (std::size_t i = 0; i < m_layers.size(); ++i) {
         Image& source = m_rings.back();
-        PictureRun& run = m_layers[i].run;
+        PictureRun& run = m_layers[i].GetRun();
         Image& target = run.CanDrawInPlace() ? source : AddRing(i + 1);
         const int drawn = run.AddTo(graph, RowWindow(source), RowWindow(target), nodes.last);
         if (!run.CanDrawInPlace()) {
@@ -167,9 +144,9 @@ std::unique_ptr<StreamedExport> StreamedExport::Open(const Bytes& content, const
     return streamed;
 }
 
-Bytes StreamedExport::Run(const std::vector<EffectsSettings>& packages, PhotoFormat format,
-                          const std::string& targetName, const PhotoExport::Options& options,
-                          ThreadPool& pool, std::vector<std::string>& warnings)
+Bytes StreamedExport::Run(const ExportLook& look, PhotoFormat format, const std::string& targetName,
+                          const PhotoExport::Options& options, ThreadPool& pool,
+                          std::vector<std::string>& warnings)
 {
     warnings = m_warnings;
     PictureRunForm form;
@@ -179,9 +156,8 @@ Bytes StreamedExport::Run(const std::vector<EffectsSettings>& packages, PhotoFor
     form.threads = options.threads < 1 ? pool.GetThreadCount()
                                        : std::min(options.threads, pool.GetThreadCount());
     Stream stream(m_reader, form);
-    for (const EffectsSettings& package : packages)
-        if (!ChangesNothing(package, form))
-            stream.AddLayer(package);
+    for (const auto& layer : look.GetLayers(form.width, form.height, true, pool, options.cancel))
+        stream.AddLayer(layer);
     const PictureForm picture{form.width, form.height, form.depth, true};
     const auto encoder =
         PhotoWriter::Start(picture, m_metadata, format, options.writing, targetName);

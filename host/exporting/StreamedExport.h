@@ -20,8 +20,8 @@ public:
     static std::unique_ptr<StreamedExport> Open(const Bytes& content, const std::string& name);
 
     /// As PhotoExport::Convert().
-    Bytes Run(const std::vector<Zorvik::Quindle::EffectsSettings>& packages, PhotoFormat format,
-              const std::string& targetName, const PhotoExport::Options& options, ThreadPool& pool,
+    Bytes Run(const ExportLook& look, PhotoFormat format, const std::string& targetName,
+              const PhotoExport::Options& options, ThreadPool& pool,
               std::vector<std::string>& warnings);
 
 private:

@@ -6,6 +6,9 @@
 #include <QDir>
 #include <QFile>
 
+#include <algorithm>
+#include <cstdlib>
+
 using LumetraHost::HaveSamePixels;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -139,6 +142,31 @@ TEST_F(ApplyTest, writesTheSameWhateverTheNumberOfJobs)
         EXPECT_EQ(ReadFile(("one/" + photo.toStdString()).c_str()),
                   ReadFile(("many/" + photo.toStdString()).c_str()));
     EXPECT_LT(many.output.find("/a.png"), many.output.find("/e.png"));
+}
+
+TEST_F(ApplyTest, drawsLargePhotosQuicklyOrExactly)
+{
+    WriteFile("long.json", R"({ "format": "lumetra-catalogue", "version": 1,
+        "groups": [ { "name": "Long", "items": [ { "name": "Long", "id": "test.long",
+            "intensity": { "type": 0 }, "settings": { "effects": [
+                { "effect": { "id": "contrast", "amount": 30 } },
+                { "effect": { "id": "saturation", "amount": 30 } } ] } } ] } ] })");
+    const auto photo = WritePhoto("a.png", 1250, 900);
+    const QStringList options = Words("a.png -p test.long --catalogue long.json");
+
+    ASSERT_EQ(Apply(options + Words("-o quick.png")).code, 0);
+    ASSERT_EQ(Apply(options + Words("-o exact.png --exact")).code, 0);
+    ASSERT_EQ(Apply(options + Words("-o again.png --jobs 1")).code, 0);
+
+    const auto quick = ReadPhoto("quick.png");
+    const auto exact = ReadPhoto("exact.png");
+    int largest = 0;
+    for (int y = 0; y < photo.GetHeight(); ++y)
+        for (int i = 0; i < 4 * photo.GetWidth(); ++i)
+            largest = std::max(largest, std::abs(int(quick.Row(y)[i]) - int(exact.Row(y)[i])));
+    EXPECT_EQ(largest, 1); // 0 would be the same way twice
+    EXPECT_FALSE(HaveSamePixels(exact, photo));
+    EXPECT_EQ(ReadFile("quick.png"), ReadFile("again.png"));
 }
 
 TEST_F(ApplyTest, fillsTheTemplate)

@@ -21,12 +21,22 @@ Tile MakeTile(PlaneRing& planes, int row, int x, int count, int y)
     return tile;
 }
 
+void TakePixels(PlaneRing& pixels, const Tile& target)
+{
+    const Tile kept = MakeTile(pixels, target.y, target.x, target.count, target.y);
+    if (kept.red == target.red)
+        return;
+    std::copy_n(kept.red, target.count, target.red);
+    std::copy_n(kept.green, target.count, target.green);
+    std::copy_n(kept.blue, target.count, target.blue);
+}
+
 } // namespace
 
 PictureRun::PictureRun(const RenderPlan& plan, const PictureRunForm& form)
     : m_plan(plan), m_form(form), m_bands((form.height + BandRows - 1) / BandRows),
       m_pixelStep(form.depth, form.isa, plan.GetChains().front().GetFirstSpace(),
-                  plan.GetChains().back().GetLastSpace(), form.sourceWeight),
+                  plan.GetChains().back().GetLastSpace(), GetSourceWeight(form.blendAmount)),
       m_luma(SelectKernel<LumaKernel>(form.isa))
 {
     m_form.threads = std::max(1, form.threads);
@@ -36,7 +46,8 @@ PictureRun::PictureRun(const RenderPlan& plan, const PictureRunForm& form)
         Step step;
         step.gaussian = std::make_unique<GaussianBands>(form.width, form.height, *pass, BandRows,
                                                         GetAhead(), form.isa);
-        if (pass->GetPlanes() == BlurredPlanes::Luma)
+        const bool isMadeAgain = m_steps.empty() && IsFirstChainQuick();
+        if (pass->GetPlanes() == BlurredPlanes::Luma && !isMadeAgain)
             step.pixels =
                 PlaneRing(form.width, 3, (step.gaussian->GetLatency() + 1 + GetAhead()) * BandRows);
         for (int i = 0; i < m_form.threads; ++i)
@@ -47,6 +58,20 @@ PictureRun::PictureRun(const RenderPlan& plan, const PictureRunForm& form)
         m_workers.push_back({PlaneRing(m_form.tilePixels, 3, 1), PlaneRing(m_form.tilePixels, 3, 1),
                              PlaneRing(m_steps.empty() ? 1 : form.width, 3, 1),
                              PlaneRing(m_steps.empty() ? 1 : form.width, 1, 1)});
+}
+
+/// From pixels to pixels without a stop.
+bool PictureRun::IsTableAlone() const
+{
+    return m_form.table && m_steps.empty() && m_plan.IsEmpty();
+}
+
+/// Whether it costs less to run the first chain twice than to keep what it makes for as many rows
+/// as a spatial pass looks ahead: they are the greatest part of the memory.
+bool PictureRun::IsFirstChainQuick() const
+{
+    constexpr std::size_t mostStages = 1;
+    return m_plan.GetChains().front().GetStages().size() <= mostStages;
 }
 
 int PictureRun::GetLatency() const
@@ -86,7 +111,8 @@ int PictureRun::GetRowEnd(int band) const
     return std::min(m_form.height, (band + 1) * BandRows);
 }
 
-/// A pass that blurs the colours themselves has no use for the pixels.
+/// A pass that blurs the colours themselves has no use for the pixels; the first one may make them
+/// again.
 bool PictureRun::KeepsPixels(std::size_t pass) const
 {
     return pass < m_steps.size() && !m_steps[pass].pixels.IsEmpty();
@@ -104,14 +130,16 @@ void PictureRun::RunRow(std::size_t chain, int y, std::size_t worker)
         Step& before = m_steps[chain - 1];
         before.gaussian->Prepare(y, before.scratches[worker]);
     }
+    if (IsTableAlone())
+        return m_form.table->RunRow(m_source->Row(y), m_target->Row(y), m_form.width,
+                                    m_form.blendAmount);
     const bool isLast = chain == m_steps.size();
     PlaneRing& rows = KeepsPixels(chain) ? m_steps[chain].pixels : m_workers[worker].rows;
     const int row = KeepsPixels(chain) ? y : 0;
     for (int x = 0; x < m_form.width; x += m_form.tilePixels) {
         const int count = std::min(m_form.tilePixels, m_form.width - x);
         if (isLast) {
-            Tile tile = MakeTile(m_workers[worker].tile, 0, 0, count, y);
-            tile.x = x;
+            const Tile tile = GetLastTile(chain, x, count, y, worker);
             RunTile(chain, tile, worker);
             m_pixelStep.Store(tile, m_source->Row(y), m_target->Row(y));
         } else {
@@ -122,13 +150,31 @@ void PictureRun::RunRow(std::size_t chain, int y, std::size_t worker)
         FeedNext(chain, y, MakeTile(rows, row, 0, m_form.width, y), worker);
 }
 
+/// The last chain may work on the pixels that are kept for it: nobody reads them again.
+Tile PictureRun::GetLastTile(std::size_t chain, int x, int count, int y, std::size_t worker)
+{
+    if (chain > 0 && KeepsPixels(chain - 1))
+        return MakeTile(m_steps[chain - 1].pixels, y, x, count, y);
+    Tile tile = MakeTile(m_workers[worker].tile, 0, 0, count, y);
+    tile.x = x;
+    return tile;
+}
+
 void PictureRun::RunTile(std::size_t chain, const Tile& tile, std::size_t worker)
 {
     if (chain == 0)
-        m_pixelStep.Load(tile, m_source->Row(tile.y));
-    else
-        FillTile(chain, tile, worker);
+        return RunFirstChain(tile);
+    FillTile(chain, tile, worker);
     m_plan.GetChains()[chain].Run(tile);
+}
+
+void PictureRun::RunFirstChain(const Tile& tile)
+{
+    if (m_form.table)
+        m_form.table->Load(tile, m_source->Row(tile.y));
+    else
+        m_pixelStep.Load(tile, m_source->Row(tile.y));
+    m_plan.GetChains().front().Run(tile);
 }
 
 void PictureRun::FillTile(std::size_t chain, const Tile& tile, std::size_t worker)
@@ -137,12 +183,10 @@ void PictureRun::FillTile(std::size_t chain, const Tile& tile, std::size_t worke
     PlaneRing& blurred = m_workers[worker].blurred;
     float* const planes[] = {blurred.Row(0, 0), blurred.Row(0, 1), blurred.Row(0, 2)};
     step.gaussian->Read(tile.y, tile.x, tile.count, planes, step.scratches[worker]);
-    if (!step.pixels.IsEmpty()) {
-        const Tile pixels = MakeTile(step.pixels, tile.y, tile.x, tile.count, tile.y);
-        std::copy_n(pixels.red, tile.count, tile.red);
-        std::copy_n(pixels.green, tile.count, tile.green);
-        std::copy_n(pixels.blue, tile.count, tile.blue);
-    }
+    if (KeepsPixels(chain - 1))
+        TakePixels(step.pixels, tile);
+    else if (step.gaussian->GetPlaneCount() == 1)
+        RunFirstChain(tile);
     m_plan.GetPasses()[chain - 1]->Combine(tile, {{planes[0], planes[1], planes[2]}});
 }
 

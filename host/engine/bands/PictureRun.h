@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "engine/Blend.h"
 #include "engine/Isa.h"
 #include "engine/RenderPlan.h"
+#include "engine/bake/BakedRun.h"
 #include "engine/bands/BandGraph.h"
 #include "engine/bands/PlaneRing.h"
 #include "engine/bands/RowWindow.h"
@@ -14,17 +16,20 @@
 
 namespace LumetraHost {
 
-/// The size of a picture and how a run over it is divided. `threads` and `tilePixels` do not change
+/// The size of a picture and how it is drawn. `threads` and `tilePixels` do not change
 /// the pixels.
 struct PictureRunForm
 {
     int width = 0;
     int height = 0;
     Image::Depth depth = Image::Depth::Bits8;
-    double sourceWeight = 0; ///< 0 to 1
+    int blendAmount = FullEffect;
     Isa isa = Isa::Baseline;
     int threads = 1;
     int tilePixels = 2048;
+    /// Stands before the plan, whose first chain then begins with encoded colours. Pictures of 8
+    /// bits only. Null: none.
+    std::shared_ptr<const BakedRun> table;
 };
 
 /// A plan's way over one picture, as nodes of a band graph: from rows of pixels to rows of pixels,
@@ -68,14 +73,18 @@ private:
     {
         std::unique_ptr<GaussianBands> gaussian;
         std::vector<GaussianScratch> scratches; ///< per worker
-        PlaneRing pixels;                       ///< what the pass combines with the Gaussian
+        PlaneRing pixels; ///< what the pass combines with the Gaussian, where it is kept
     };
 
     int GetRowEnd(int band) const;
+    bool IsTableAlone() const;
+    bool IsFirstChainQuick() const;
     bool KeepsPixels(std::size_t pass) const;
     void RunBand(std::size_t chain, int band, int worker);
     void RunRow(std::size_t chain, int y, std::size_t worker);
+    Tile GetLastTile(std::size_t chain, int x, int count, int y, std::size_t worker);
     void RunTile(std::size_t chain, const Tile& tile, std::size_t worker);
+    void RunFirstChain(const Tile& tile);
     void FillTile(std::size_t chain, const Tile& tile, std::size_t worker);
     void FeedNext(std::size_t pass, int y, const Tile& row, std::size_t worker);
 

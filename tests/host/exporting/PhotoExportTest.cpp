@@ -80,6 +80,26 @@ Packages MakeLayers()
     return packages;
 }
 
+/// A run of colours that a table may stand for.
+Packages MakeColourRun()
+{
+    return {MakeSettings({MakeEffect("exposure", {{"stops", 0.3}}),
+                          MakeEffect("contrast", {{"amount", 20}}),
+                          MakeEffect("saturation", {{"amount", 25}})},
+                         40)};
+}
+
+/// The same before effects that no table can stand for.
+Packages MakeMixedRun()
+{
+    Packages packages = MakeColourRun();
+    auto& effects = packages.front().Effects();
+    effects.push_back(MakeEffect("clarity", {{"amount", 30}, {"radius", 1}}));
+    effects.push_back(MakeEffect("vignette", {{"amount", -1}}));
+    effects.push_back(MakeEffect("grain", {{"amount", 20}}));
+    return packages;
+}
+
 struct Converted
 {
     Bytes file;
@@ -94,8 +114,8 @@ Converted Convert(const Bytes& content, const Packages& packages, bool isStreame
     options.isStreamed = isStreamed;
     options.threads = threads;
     Converted result;
-    result.file = PhotoExport(pool).Convert(content, "in.jpg", format, "out", packages, options,
-                                            result.warnings);
+    result.file = PhotoExport(pool).Convert(content, "in.jpg", format, "out", ExportLook(packages),
+                                            options, result.warnings);
     return result;
 }
 
@@ -131,6 +151,16 @@ TEST_P(StreamedExports, doSoForSmallAndNarrowPictures)
         EXPECT_EQ(Convert(jpeg, MakeLayers(), true, GetParam()).file,
                   Convert(jpeg, MakeLayers(), false, 1).file)
             << width << " x " << height;
+    }
+}
+
+// Large enough for tables, which both ways take, for any number of threads.
+TEST_P(StreamedExports, doSoWithTables)
+{
+    const Bytes jpeg = MakeJpeg(1300, 801);
+    for (const Packages& packages : {MakeColourRun(), MakeMixedRun()}) {
+        const Bytes whole = Convert(jpeg, packages, false, 1, PhotoFormat::Png).file;
+        EXPECT_EQ(Convert(jpeg, packages, true, GetParam(), PhotoFormat::Png).file, whole);
     }
 }
 
@@ -188,8 +218,9 @@ TEST(PhotoExport, refusesATruncatedPhotoAndLeavesTheOldFile)
     LumetraTest::WriteFile(source, jpeg);
     LumetraTest::WriteFile(target, {1, 2, 3});
 
-    const std::string error =
-        ErrorOf([&] { PhotoExport().Run(source, target, MakeColours(), PhotoExport::Options()); });
+    const std::string error = ErrorOf([&] {
+        PhotoExport().Run(source, target, ExportLook(MakeColours()), PhotoExport::Options());
+    });
 
     EXPECT_THAT(error, AllOf(HasSubstr(source.toStdString()), HasSubstr("expected 300 rows")));
     EXPECT_EQ(LumetraTest::ReadFile(target), (Bytes{1, 2, 3}));
@@ -202,7 +233,7 @@ TEST(PhotoExport, writesIntoANewFolder)
     const QString target = folder.filePath(QStringLiteral("new/deep/out.png"));
     LumetraTest::WriteFile(source, MakeJpeg(20, 30));
 
-    const auto result = PhotoExport().Run(source, target, {}, PhotoExport::Options());
+    const auto result = PhotoExport().Run(source, target, ExportLook({}), PhotoExport::Options());
 
     EXPECT_TRUE(result.isWritten);
     EXPECT_THAT(result.warnings, IsEmpty());
@@ -221,7 +252,8 @@ TEST(PhotoExport, writesNothingWhenCancelled)
     options.cancel = &cancel;
     for (const bool isStreamed : {true, false}) {
         options.isStreamed = isStreamed;
-        EXPECT_FALSE(PhotoExport().Run(source, target, MakeColours(), options).isWritten);
+        EXPECT_FALSE(
+            PhotoExport().Run(source, target, ExportLook(MakeColours()), options).isWritten);
         EXPECT_FALSE(QFile::exists(target));
     }
 }
@@ -229,8 +261,8 @@ TEST(PhotoExport, writesNothingWhenCancelled)
 TEST(PhotoExport, namesTheTargetOfAnUnknownKind)
 {
     EXPECT_THAT(ErrorOf([] {
-                    PhotoExport().Run(QStringLiteral("in.jpg"), QStringLiteral("out.bmp"), {},
-                                      PhotoExport::Options());
+                    PhotoExport().Run(QStringLiteral("in.jpg"), QStringLiteral("out.bmp"),
+                                      ExportLook({}), PhotoExport::Options());
                 }),
                 StartsWith("out.bmp: expected a file name that ends in"));
 }

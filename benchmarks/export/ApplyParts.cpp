@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "ApplyParts.h"
+
+#include "Zorvik/Quindle/EffectSettingsImpl.h"
+#include "engine/Renderer.h"
+#include "engine/bake/BakedRun.h"
+#include "photo/PhotoReader.h"
+#include "photo/PhotoWriter.h"
+#include "storage/CheckedFileWriter.h"
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <ctime>
+#include <functional>
+#include <stdexcept>
+
+namespace LumetraBench {
+namespace {
+
+using namespace LumetraHost;
+using Zorvik::Quindle::EffectList;
+using Zorvik::Quindle::EffectPtr;
+
+constexpr int Runs = 5;
+
+constexpr char Catalogue[] = R"({
+  "format": "lumetra-catalogue", "version": 1,
+  "groups": [ { "name": "Bench", "items": [
+    { "name": "Bench Four", "id": "bench.four", "intensity": { "type": 0 },
+      "settings": { "effects": [
+        { "effect": { "id": "exposure", "stops": 0.4 } },
+        { "effect": { "id": "whiteBalance", "temperature": 7000 } },
+        { "effect": { "id": "contrast", "amount": 20 } },
+        { "effect": { "id": "saturation", "amount": 20 } } ] } } ] } ]
+})";
+
+EffectPtr MakeEffect(const char* id, const char* parameter, double value)
+{
+    const EffectPtr effect = Zorvik::Quindle::EffectSettingsImpl::Create(id);
+    effect->SetParameter(parameter, value);
+    return effect;
+}
+
+/// Those of the catalogue.
+EffectList MakeFour()
+{
+    return {MakeEffect("exposure", "stops", 0.4), MakeEffect("whiteBalance", "temperature", 7000),
+            MakeEffect("contrast", "amount", 20), MakeEffect("saturation", "amount", 20)};
+}
+
+double GetProcessorMilliseconds()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return 1e3 * double(time.tv_sec) + 1e-6 * double(time.tv_nsec);
+}
+
+/// The best of several runs: others use the machine too.
+double Measure(const std::function<void()>& step)
+{
+    double best = 0;
+    for (int i = 0; i < Runs; ++i) {
+        const double begin = GetProcessorMilliseconds();
+        step();
+        const double taken = GetProcessorMilliseconds() - begin;
+        best = i == 0 ? taken : std::min(best, taken);
+    }
+    return best;
+}
+
+} // namespace
+
+void WriteFourEffectCatalogue(const QString& path)
+{
+    CheckedFileWriter::Write(path, reinterpret_cast<const std::uint8_t*>(Catalogue),
+                             sizeof Catalogue - 1);
+}
+
+void MeasureApplyParts(const QString& source, const QString& target)
+{
+    const Bytes content = PhotoReader::ReadContent(source);
+    const std::string name = source.toStdString();
+    Photo photo;
+    const double decode = Measure([&] { photo = PhotoReader::Decode(content, name); });
+    const Image before = photo.image;
+    ThreadPool alone(0);
+    const Renderer renderer(alone);
+    Image drawn = before.Clone();
+    const double exact =
+        Measure([&] { drawn = renderer.Render(before, MakeFour(), 1, {}, std::move(drawn)); });
+    const auto table = BakedRun::Make(MakeFour(), BakedRun::ExportPoints, GetDefaultIsa(), alone);
+    if (!table)
+        throw std::runtime_error("the chain of four effects has no table");
+    const double tabled = Measure([&] { table->Run(before, drawn, 1, alone); });
+    const double copy = Measure([&] {
+        for (int y = 0; y < before.GetHeight(); ++y)
+            std::memcpy(drawn.Row(y), before.Row(y),
+                        std::size_t{Image::Channels} * std::size_t(before.GetWidth()));
+    });
+    photo.image = drawn;
+    const double encode = Measure([&] { PhotoWriter::Encode(photo, PhotoFormat::Jpeg, {}, name); });
+    const double megapixels = 1e-6 * before.GetWidth() * before.GetHeight();
+    const QJsonObject parts{
+        {QStringLiteral("megapixels"), megapixels}, {QStringLiteral("decodeMs"), decode},
+        {QStringLiteral("chainMs"), tabled},        {QStringLiteral("exactChainMs"), exact},
+        {QStringLiteral("encodeMs"), encode},       {QStringLiteral("memcpyMs"), copy}};
+    const QByteArray text = QJsonDocument(parts).toJson();
+    CheckedFileWriter::Write(target, reinterpret_cast<const std::uint8_t*>(text.constData()),
+                             std::size_t(text.size()));
+}
+
+void PrintApplyParts(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    const QJsonObject parts = QJsonDocument::fromJson(file.readAll()).object();
+    const auto get = [&parts](const char* key) { return parts[QLatin1String(key)].toDouble(); };
+    const double megapixels = get("megapixels");
+    const double copy = get("memcpyMs");
+    const double all = get("decodeMs") + get("chainMs") + get("encodeMs");
+    std::printf("four effects on %.1f megapixels, processor time of one core:\n", megapixels);
+    for (const char* const part : {"decode", "chain", "encode", "exactChain", "memcpy"}) {
+        const double time = get((std::string(part) + "Ms").c_str());
+        std::printf("  %-12s %7.1f ms %9.1f MP/s %6.1f memcpy", part, time, 1e3 * megapixels / time,
+                    time / copy);
+        const bool isPart = std::strlen(part) == 6 || std::strcmp(part, "chain") == 0;
+        if (isPart && std::strcmp(part, "memcpy") != 0)
+            std::printf(" %5.1f %%", 100 * time / all);
+        std::printf("\n");
+    }
+}
+
+} // namespace LumetraBench

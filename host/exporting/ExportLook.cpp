@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "exporting/ExportLook.h"
+
+#include "engine/Blend.h"
+#include "engine/EffectKinds.h"
+#include "engine/RenderPlan.h"
+
+#include <algorithm>
+
+namespace LumetraHost {
+namespace {
+
+using Zorvik::Quindle::EffectList;
+using Zorvik::Quindle::EffectPtr;
+using Zorvik::Quindle::EffectsSettings;
+
+/// A single stage is about as quick as a table, and exact.
+constexpr std::size_t FewestStages = 2;
+
+bool IsOfColourOnly(const EffectPtr& effect)
+{
+    const EffectKind* const kind = effect ? EffectKinds::Find(effect->GetEffectID()) : nullptr;
+    return !kind || kind->reach == EffectReach::ColourOnly;
+}
+
+bool IsLong(const EffectList& colours)
+{
+    const RenderPlan plan(colours, {GetDefaultIsa(), PictureArea::Whole(1, 1)});
+    return plan.GetChains().front().GetStages().size() >= FewestStages;
+}
+
+} // namespace
+
+ExportLook::ExportLook(const std::vector<EffectsSettings>& packages, Precision precision)
+    : m_precision(precision)
+{
+    for (const EffectsSettings& settings : packages)
+        if (ClampBlendAmount(settings.GetBlendAmount()) != SourceOnly)
+            m_packages.push_back(Divide(settings));
+}
+
+ExportLook::Package ExportLook::Divide(const EffectsSettings& settings)
+{
+    const EffectList& effects = settings.Effects();
+    const auto end = std::find_if_not(effects.begin(), effects.end(), IsOfColourOnly);
+    Package package;
+    package.colours.assign(effects.begin(), end);
+    package.others.assign(end, effects.end());
+    package.blendAmount = ClampBlendAmount(settings.GetBlendAmount());
+    return package;
+}
+
+void ExportLook::MakeTable(Package& package, ThreadPool& pool, const CancelToken* cancel)
+{
+    if (IsLong(package.colours))
+        package.table =
+            BakedRun::Make(package.colours, BakedRun::ExportPoints, GetDefaultIsa(), pool, cancel);
+    package.isTableKnown = package.table || !(cancel && cancel->IsCancelled());
+}
+
+ExportLook::Layer ExportLook::MakeLayer(const Package& package, bool isTabled)
+{
+    Layer layer;
+    layer.blendAmount = package.blendAmount;
+    if (isTabled)
+        layer.table = package.table;
+    if (!layer.table)
+        layer.effects = package.colours;
+    layer.effects.insert(layer.effects.end(), package.others.begin(), package.others.end());
+    return layer;
+}
+
+std::vector<ExportLook::Layer> ExportLook::GetLayers(int width, int height, bool is8Bit,
+                                                     ThreadPool& pool,
+                                                     const CancelToken* cancel) const
+{
+    const bool isTabled = m_precision == Precision::Tables && is8Bit &&
+                          static_cast<long long>(width) * height >= SmallestTabledPixels;
+    const std::lock_guard lock(m_mutex);
+    std::vector<Layer> layers;
+    for (Package& package : m_packages) {
+        if (isTabled && !package.isTableKnown)
+            MakeTable(package, pool, cancel);
+        layers.push_back(MakeLayer(package, isTabled));
+    }
+    return layers;
+}
+
+} // namespace LumetraHost

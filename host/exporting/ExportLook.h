@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/CancelToken.h"
+#include "engine/ThreadPool.h"
+#include "engine/bake/BakedRun.h"
+
+#include "Zorvik/Quindle/EffectsSettings.h"
+
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace LumetraHost {
+
+/// Packages of effects made ready for any number of photos, each of which is drawn on the picture
+/// below it. Where a package begins with several effects of colour alone they become a table (see
+/// BakedRun), made by the first large 8-bit photo that asks for it and shared by all others.
+/// Usable from several threads; nobody may change the effects while it is in use.
+class ExportLook
+{
+public:
+    enum class Precision
+    {
+        Tables, ///< within a step of 8 bits of the exact drawing, where it is quicker
+        Exact
+    };
+
+    /// Smaller pictures are drawn before a table is made.
+    static constexpr long long SmallestTabledPixels = 1000000;
+
+    /// One package as it is drawn.
+    struct Layer
+    {
+        std::shared_ptr<const BakedRun> table; ///< stands before the effects, or null
+        Zorvik::Quindle::EffectList effects;
+        int blendAmount = 1;
+    };
+
+    /// Keeps the effects of `packages`, not copies of them.
+    explicit ExportLook(const std::vector<Zorvik::Quindle::EffectsSettings>& packages,
+                        Precision precision = Precision::Tables);
+
+    /// The packages that may change a picture, lowest first. Threads that ask while a table is made
+    /// wait for it. When it is cancelled, layers come without tables that are not there yet.
+    std::vector<Layer> GetLayers(int width, int height, bool is8Bit, ThreadPool& pool,
+                                 const CancelToken* cancel) const;
+
+private:
+    /// A package, and its table as soon as somebody has asked for it.
+    struct Package
+    {
+        Zorvik::Quindle::EffectList colours; ///< those that a table may stand for, at the beginning
+        Zorvik::Quindle::EffectList others;
+        int blendAmount = 1;
+        bool isTableKnown = false;
+        std::shared_ptr<const BakedRun> table;
+    };
+
+    static Package Divide(const Zorvik::Quindle::EffectsSettings& settings);
+    static void MakeTable(Package& package, ThreadPool& pool, const CancelToken* cancel);
+    static Layer MakeLayer(const Package& package, bool isTabled);
+
+    const Precision m_precision;
+    mutable std::mutex m_mutex;
+    mutable std::vector<Package> m_packages;
+};
+
+} // namespace LumetraHost
