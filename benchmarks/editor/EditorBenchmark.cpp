@@ -4,6 +4,7 @@
 #include "WatchedApplication.h"
 
 #include "canvas/CanvasFeed.h"
+#include "drawer/AsyncPreviews.h"
 #include "edit/Editor.h"
 #include "photo/PhotoWriter.h"
 #include "plugins/PluginFolders.h"
@@ -73,13 +74,26 @@ void Wait(int milliseconds)
     loop.exec();
 }
 
-void Open(LumetraEditor::Editor& editor, LumetraEditor::EditorWindow& window, const QString& path)
+void Open(LumetraEditor::Editor& editor, LumetraEditor::EditorWindow& window, const char* name,
+          const QString& path)
 {
+    QElapsedTimer clock;
+    qint64 photo = 0, thumbnail = 0; // nanoseconds
+    const QObject here;
+    QObject::connect(&editor, &LumetraEditor::Editor::photoChanged, &here,
+                     [&] { photo = clock.nsecsElapsed(); });
+    QObject::connect(&editor.GetPreviews(), &LumetraHost::AsyncPreviews::previewReady, &here, [&] {
+        if (thumbnail == 0)
+            thumbnail = clock.nsecsElapsed();
+    });
+    clock.start();
     window.OpenPhotos({path});
     while (editor.IsOpening())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     window.GetFeed().GetLiveView().WaitForFrame();
     Wait(1000); // until the thumbnails in sight are there
+    std::printf("open    %-14s photo after %4.0f ms, first thumbnail %4.0f ms later, %5.0f MB\n",
+                name, photo / 1e6, (thumbnail - photo) / 1e6, Memory("VmRSS"));
 }
 
 void ClickFirstLook(LumetraEditor::EditorWindow& window)
@@ -157,8 +171,7 @@ int main(int argc, char** argv)
                   {"24 megapixels", 6000, 4000},
                   {"100 megapixels", 12240, 8160}};
     for (const auto& photo : photos) {
-        Open(editor, window, WritePhoto(folder, photo.width, photo.height));
-        std::printf("open    %-14s %5.0f MB\n", photo.name, Memory("VmRSS"));
+        Open(editor, window, photo.name, WritePhoto(folder, photo.width, photo.height));
         ClickFirstLook(window);
         Drag(application, window, photo.name);
         std::printf("edited  %-14s %5.0f MB, at most so far %5.0f MB\n", photo.name,

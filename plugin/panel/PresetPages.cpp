@@ -10,11 +10,11 @@
 #include "widgets/CustomToolBox.h"
 #include "widgets/CustomToolBoxButton.h"
 
-#include <QCoreApplication>
 #include <QEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QLocale>
+#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -251,17 +251,11 @@ void PresetPages::FocusOn(PresetGrid& grid, bool isLast)
     ensureWidgetVisible(&grid, 0, 0);
 }
 
-/// A page that has only just been opened, or has grown, has no place yet: the layouts around it and
-/// the scrolled content would hear of it later.
-void PresetPages::LayOut(PresetGrid& grid)
+void PresetPages::ScrollTo(const PresetGrid& grid, const QModelIndex& preset)
 {
-    for (QWidget* around = grid.parentWidget(); around != viewport();
-         around = around->parentWidget())
-        if (around->layout()) {
-            around->layout()->activate();
-            around->updateGeometry();
-        }
-    QCoreApplication::sendPostedEvents(widget(), QEvent::LayoutRequest);
+    const QRect cell = grid.visualRect(grid.GetPresets().FromPreset(preset));
+    const QPoint centre = grid.mapTo(widget(), cell.center());
+    ensureVisible(centre.x(), centre.y(), cell.width() / 2, cell.height() / 2);
 }
 
 void PresetPages::Reveal(const QModelIndex& preset)
@@ -273,10 +267,11 @@ void PresetPages::Reveal(const QModelIndex& preset)
     ShowPage(page);
     PresetGrid& grid = *m_grids[page];
     grid.SetCurrentPreset(preset);
-    LayOut(grid);
-    const QRect cell = grid.visualRect(grid.GetPresets().FromPreset(preset));
-    const QPoint centre = grid.mapTo(widget(), cell.center());
-    ensureVisible(centre.x(), centre.y(), cell.width() / 2, cell.height() / 2);
+    // The page has no place yet when it has only just been opened, or has grown.
+    QTimer::singleShot(0, this, [this, page, row = QPersistentModelIndex(preset)] {
+        if (row.isValid())
+            ScrollTo(*m_grids[page], row);
+    });
 }
 
 void PresetPages::FocusFirst()

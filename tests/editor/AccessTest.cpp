@@ -9,11 +9,14 @@
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSet>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 
 using namespace LumetraTest;
@@ -35,6 +38,41 @@ protected:
                widget.objectName().toStdString() + "\"";
     }
 
+    /// What takes the keyboard with the Tab key now.
+    static std::vector<QWidget*> FocusableIn(const QWidget& root)
+    {
+        std::vector<QWidget*> found;
+        for (QWidget* const widget : root.findChildren<QWidget*>())
+            if ((widget->focusPolicy() & Qt::TabFocus) && widget->isVisible() &&
+                widget->isEnabled() && !widget->focusProxy() &&
+                !qobject_cast<QAbstractSpinBox*>(widget->parentWidget())) // its box speaks for it
+                found.push_back(widget);
+        return found;
+    }
+
+    /// How many widgets have been looked at.
+    static int ExpectNames(const QWidget& root)
+    {
+        const auto widgets = FocusableIn(root);
+        for (QWidget* const widget : widgets)
+            EXPECT_FALSE(SpokenName(*widget).isEmpty()) << Describe(*widget);
+        return static_cast<int>(widgets.size());
+    }
+
+    /// All that the window says: titles, texts, tool tips and spoken names.
+    QStringList AllTexts() const
+    {
+        QStringList texts;
+        for (const QObject* const object : window->findChildren<QObject*>())
+            for (const char* const property :
+                 {"windowTitle", "title", "text", "toolTip", "accessibleName", "placeholderText"})
+                if (const QVariant text = object->property(property); text.isValid())
+                    texts.append(
+                        QStringLiteral("%1 %2: %3")
+                            .arg(object->objectName(), QLatin1String(property), text.toString()));
+        return texts;
+    }
+
     static QString SpokenName(QWidget& widget)
     {
         QAccessibleInterface* const face = QAccessible::queryAccessibleInterface(&widget);
@@ -46,33 +84,47 @@ protected:
 
 TEST_F(AccessTest, everyWidgetThatTakesTheFocusHasAName)
 {
-    int looked = 0;
-    for (QWidget* const widget : window->findChildren<QWidget*>()) {
-        if (!(widget->focusPolicy() & Qt::TabFocus) || !widget->isVisible() ||
-            qobject_cast<QAbstractSpinBox*>(widget->parentWidget())) // the box speaks for its field
-            continue;
-        ++looked;
-        EXPECT_FALSE(SpokenName(*widget).isEmpty()) << Describe(*widget);
-    }
-    EXPECT_GT(looked, 15);
+    EXPECT_GT(ExpectNames(*window), 15);
+    ClickLook(QStringLiteral("Fresh")); // with extra sliders
+    Find<QLineEdit>("searchField")->setText(QStringLiteral("e"));
+    Open(WriteFile("notes.jpg", "no photo")); // with a message
+    EXPECT_GT(ExpectNames(*window), 25);
+    FindAction("closePhoto")->trigger(); // with the start page
+    EXPECT_GT(ExpectNames(*window), 15);
 }
 
-TEST_F(AccessTest, theTabKeyReachesCanvasToolsAndPanel)
+TEST_F(AccessTest, everyWidgetOfADialogThatTakesTheFocusHasAName)
+{
+    ClickLook(QStringLiteral("Candlelight"));
+    for (const char* const action : {"exportPhoto", "shortcuts", "about", "savePreset"}) {
+        SCOPED_TRACE(action);
+        int looked = 0;
+        QTimer::singleShot(0, window.get(), [&] {
+            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            looked = ExpectNames(*dialog);
+            dialog->reject();
+        });
+        FindAction(action)->trigger();
+        EXPECT_GE(looked, 1);
+    }
+}
+
+TEST_F(AccessTest, theTabKeyReachesEverythingThatTakesTheFocus)
 {
     ClickLook(QStringLiteral("Candlelight")); // there is something to tune
-    QSet<QString> reached;
-    QWidget* widget = &window->GetCanvas();
-    widget->setFocus();
-    for (int i = 0; i < 200; ++i) {
+    QSet<const QWidget*> reached;
+    QWidget* const start = &window->GetCanvas();
+    start->setFocus();
+    do {
+        reached.insert(QApplication::focusWidget());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        reached.insert(QApplication::focusWidget()->objectName());
-        if (QApplication::focusWidget() == widget)
-            break;
-    }
+    } while (!reached.contains(QApplication::focusWidget()));
 
-    for (const char* const name :
-         {"photoCanvas", "compare", "searchField", "intensitySlider", "applyButton"})
-        EXPECT_TRUE(reached.contains(QLatin1String(name))) << name;
+    EXPECT_EQ(QApplication::focusWidget(), start);
+    for (const QWidget* const widget : FocusableIn(*window))
+        EXPECT_TRUE(reached.contains(widget)) << Describe(*widget);
+    EXPECT_GT(reached.size(), 15);
 }
 
 TEST_F(AccessTest, noTwoCommandsShareAKey)
@@ -113,6 +165,28 @@ TEST_F(AccessTest, speaksGerman)
     QApplication::processEvents();
 
     EXPECT_EQ(FindAction("exportPhoto")->text(), QStringLiteral("&Export…"));
+}
+
+TEST_F(AccessTest, saysTheSameWhetherItStartedInALanguageOrChangedToIt)
+{
+    const QStringList english = AllTexts();
+    FindAction("german")->trigger();
+    QApplication::processEvents();
+    const QStringList changed = AllTexts();
+    EXPECT_NE(changed, english);
+    FindAction("english")->trigger();
+    QApplication::processEvents();
+    EXPECT_EQ(AllTexts(), english);
+
+    window->UseLanguage(QStringLiteral("de"));
+    window.reset();
+    window = std::make_unique<LumetraEditor::EditorWindow>(*editor);
+    window->show();
+    LoadPresetsPanel();
+    Open(Path("lake.png"));
+    EXPECT_EQ(AllTexts().join(QLatin1Char('\n')).toStdString(),
+              changed.join(QLatin1Char('\n')).toStdString());
+    window->UseLanguage(QStringLiteral("en"));
 }
 
 TEST_F(AccessTest, changesItsTheme)

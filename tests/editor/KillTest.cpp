@@ -3,9 +3,15 @@
 
 #include "edit/EditStateFormat.h"
 #include "storage/JsonDocument.h"
+#include "window/MessageBar.h"
 
 #include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QListView>
 #include <QProcess>
 
 using namespace LumetraTest;
@@ -49,6 +55,36 @@ protected:
         return files;
     }
 
+    /// The names of the user's presets in a store.
+    static QStringList NamesIn(const QString& store)
+    {
+        QFile file(store);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << store.toStdString();
+        const QJsonObject user = QJsonDocument::fromJson(file.readAll())
+                                     .object()[QStringLiteral("UserPresets")]
+                                     .toObject();
+        QStringList names;
+        for (const QJsonValue& item : user[QStringLiteral("items")].toArray())
+            names.append(item.toObject()[QStringLiteral("name")].toString());
+        return names;
+    }
+
+    /// The names of all looks that the editor shows with the data of a killed one.
+    static QStringList LooksOfEditorWith(const QString& store)
+    {
+        const QString data = QFileInfo(store).dir().absoluteFilePath(QStringLiteral(".."));
+        qputenv("XDG_DATA_HOME", QFile::encodeName(QDir::cleanPath(data)));
+        LumetraEditor::Editor editor;
+        LumetraEditor::EditorWindow window(editor);
+        window.LoadPanels({QStringLiteral(LUMETRA_MODULES)});
+        EXPECT_EQ(window.GetMessages().GetText(), QString());
+        QStringList names;
+        for (const auto* const list : window.findChildren<QListView*>())
+            for (int row = 0; list->model() && row < list->model()->rowCount(); ++row)
+                names.append(list->model()->index(row, 0).data().toString());
+        return names;
+    }
+
     QByteArray ReadSidecars() const
     {
         QByteArray all;
@@ -63,7 +99,7 @@ protected:
 
 } // namespace
 
-TEST_F(KillTest, aKilledEditorLeavesWholeFiles)
+TEST_F(KillTest, aKilledEditorLeavesWholeFilesAndItsPresetsAreShownAgain)
 {
     for (int seed = 1; seed <= 4; ++seed)
         RunAndKill(seed, 3 * seed);
@@ -74,6 +110,14 @@ TEST_F(KillTest, aKilledEditorLeavesWholeFiles)
         EXPECT_NO_THROW(
             LumetraEditor::EditStateFormat::FromDocument(LumetraHost::JsonDocument::Read(path)))
             << path.toStdString();
-    for (const QString& path : FindFiles("presets.json"))
+    int presets = 0;
+    for (const QString& path : FindFiles("presets.json")) {
         EXPECT_NO_THROW(LumetraHost::JsonDocument::Read(path)) << path.toStdString();
+        const QStringList looks = LooksOfEditorWith(path);
+        for (const QString& name : NamesIn(path)) {
+            EXPECT_TRUE(looks.contains(name)) << name.toStdString();
+            ++presets;
+        }
+    }
+    EXPECT_GT(presets, 0);
 }

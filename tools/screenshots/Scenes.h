@@ -16,6 +16,7 @@ struct Scene
 {
     QString name;
     std::function<QImage(EditorOnStage& stage)> play;
+    const char* inDocs = ""; ///< which of its pictures the documents show: theme-language@scale
 };
 
 /// Each is played on a stage of its own.

@@ -30,6 +30,9 @@ void DescribeCommand(QCommandLineParser& parser)
                       QStringLiteral("folder"), QStringLiteral("docs/images")});
     parser.addOption(
         {QStringLiteral("scene"), QStringLiteral("Only this scene."), QStringLiteral("name")});
+    parser.addOption({QStringLiteral("docs"),
+                      QStringLiteral("Only the pictures that the documents show, made smaller by "
+                                     "pngquant, which must be installed.")});
     parser.addOption({QStringLiteral("scale"), QStringLiteral("Only this scale, 1 or 2."),
                       QStringLiteral("scale")});
 }
@@ -51,19 +54,26 @@ bool SaveScale(const QString& scale)
     return process.exitStatus() == QProcess::NormalExit && process.exitCode() == Done;
 }
 
-bool SaveScene(const Scene& scene, const QDir& folder, const QString& scale, PaletteKind kind,
-               const QString& language)
+/// To 256 colours; a photo is hardly seen to have fewer, and takes a third of the bytes.
+bool MakeSmall(const QString& path)
+{
+    const int exitCode =
+        QProcess::execute(QStringLiteral("pngquant"),
+                          {QStringLiteral("--quality=80-98"), QStringLiteral("--speed=1"),
+                           QStringLiteral("--force"), QStringLiteral("--output"), path, path});
+    if (exitCode != 0)
+        std::fprintf(stderr,
+                     "%s: expected pngquant to make the picture smaller; it ended with %d\n",
+                     qPrintable(path), exitCode);
+    return exitCode == 0;
+}
+
+bool SaveScene(const Scene& scene, const QString& path, PaletteKind kind, const QString& language)
 {
     EditorOnStage stage(kind, language);
-    const QString name =
-        QStringLiteral("editor-%1-%2-%3@%4x.png")
-            .arg(scene.name,
-                 kind == PaletteKind::Dark ? QStringLiteral("dark") : QStringLiteral("light"),
-                 language, scale);
-    if (scene.play(stage).convertToFormat(QImage::Format_RGB32).save(folder.filePath(name)))
+    if (scene.play(stage).convertToFormat(QImage::Format_RGB32).save(path))
         return true;
-    std::fprintf(stderr, "%s: expected to be able to write the picture here\n",
-                 qPrintable(folder.filePath(name)));
+    std::fprintf(stderr, "%s: expected to be able to write the picture here\n", qPrintable(path));
     return false;
 }
 
@@ -73,13 +83,24 @@ int SaveScenes(const QCommandLineParser& parser)
     folder.mkpath(QStringLiteral("."));
     const QString wanted = parser.value(QStringLiteral("scene"));
     const QString scale = parser.value(QStringLiteral("scale"));
+    const bool isForDocs = parser.isSet(QStringLiteral("docs"));
     for (const Scene& scene : AllScenes()) {
         if (!wanted.isEmpty() && scene.name != wanted)
             continue;
         for (const auto kind : {PaletteKind::Dark, PaletteKind::Light})
-            for (const char* const language : {"en", "de"})
-                if (!SaveScene(scene, folder, scale, kind, QLatin1String(language)))
+            for (const char* const language : {"en", "de"}) {
+                const QString look =
+                    QStringLiteral("%1-%2@%3x")
+                        .arg(QLatin1String(kind == PaletteKind::Dark ? "dark" : "light"),
+                             QLatin1String(language), scale);
+                if (isForDocs && look != QLatin1String(scene.inDocs))
+                    continue;
+                const QString path =
+                    folder.filePath(QStringLiteral("editor-%1-%2.png").arg(scene.name, look));
+                if (!SaveScene(scene, path, kind, QLatin1String(language)) ||
+                    (isForDocs && !MakeSmall(path)))
                     return Failed;
+            }
     }
     return Done;
 }

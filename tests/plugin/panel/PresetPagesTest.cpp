@@ -291,6 +291,7 @@ TEST_F(PresetPagesTest, aNewPresetIsScrolledIntoSight)
     Click("Bright");
 
     TriggerAndType("savePreset", QStringLiteral("Mine"));
+    QApplication::processEvents();
 
     PresetGrid& grid = Grid(UserPage);
     const QRect cell = grid.visualRect(grid.GetPresets().FromPreset(Named("Mine")));
