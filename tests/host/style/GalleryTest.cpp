@@ -105,8 +105,10 @@ TEST_F(Gallery, secondScaleIsTwiceAsLargeAndNotMerelyEnlarged)
         const QImage once = Picture(scene, "dark-de", 1);
         const QImage twice = Picture(scene, "dark-de", 2);
 
-        // Texts are measured in whole pixels, and so are a little smaller at scale 2.
-        EXPECT_NEAR(twice.width(), once.width() * 2, 12);
+        // Lines of text are measured in whole pixels, and so are a little lower at scale 2. An
+        // alert wraps its text by the screen's width, which then has half as many units.
+        if (qstrcmp(scene, "alert") != 0)
+            EXPECT_EQ(twice.width(), once.width() * 2);
         EXPECT_NEAR(twice.height(), once.height() * 2, 12);
         EXPECT_NE(twice, once.scaled(twice.size()));
     }
