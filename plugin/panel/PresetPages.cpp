@@ -251,7 +251,7 @@ void PresetPages::FocusOn(PresetGrid& grid, bool isLast)
     ensureWidgetVisible(&grid, 0, 0);
 }
 
-void PresetPages::ScrollTo(const PresetGrid& grid, const QModelIndex& preset)
+void PresetPages::ScrollTo(PresetGrid& grid, const QModelIndex& preset)
 {
     const QRect cell = grid.visualRect(grid.GetPresets().FromPreset(preset));
     const QPoint centre = grid.mapTo(widget(), cell.center());

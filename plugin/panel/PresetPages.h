@@ -65,7 +65,7 @@ private:
     void ShowPage(int page);
     QString MakeHint() const;
     static QString MakeUserHint();
-    void ScrollTo(const PresetGrid& grid, const QModelIndex& preset);
+    void ScrollTo(PresetGrid& grid, const QModelIndex& preset);
     void KeepGutter();
     void ShowTexts();
     void ShowPageTexts(int page);
