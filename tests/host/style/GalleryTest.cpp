@@ -107,8 +107,9 @@ TEST_F(Gallery, secondScaleIsTwiceAsLargeAndNotMerelyEnlarged)
 
         // Lines of text are measured in whole pixels, and so are a little lower at scale 2. An
         // alert wraps its text by the screen's width, which then has half as many units.
-        if (qstrcmp(scene, "alert") != 0)
+        if (qstrcmp(scene, "alert") != 0) {
             EXPECT_EQ(twice.width(), once.width() * 2);
+        }
         EXPECT_NEAR(twice.height(), once.height() * 2, 12);
         EXPECT_NE(twice, once.scaled(twice.size()));
     }
