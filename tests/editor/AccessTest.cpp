@@ -59,17 +59,21 @@ protected:
         return static_cast<int>(widgets.size());
     }
 
-    /// All that the window says: titles, texts, tool tips and spoken names.
+    /// All that the window says at the moment: titles, texts, tool tips and spoken names.
     QStringList AllTexts() const
     {
         QStringList texts;
-        for (const QObject* const object : window->findChildren<QObject*>())
+        for (const QObject* const object : window->findChildren<QObject*>()) {
+            const auto* const widget = qobject_cast<const QWidget*>(object);
+            if (widget && !widget->isVisible() && !qobject_cast<const QMenu*>(widget))
+                continue;
             for (const char* const property :
                  {"windowTitle", "title", "text", "toolTip", "accessibleName", "placeholderText"})
                 if (const QVariant text = object->property(property); text.isValid())
                     texts.append(
                         QStringLiteral("%1 %2: %3")
                             .arg(object->objectName(), QLatin1String(property), text.toString()));
+        }
         return texts;
     }
 
