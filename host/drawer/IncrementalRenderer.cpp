@@ -28,17 +28,25 @@ Tile GetTileOfThread()
     return {planes->values[0], planes->values[1], planes->values[2]};
 }
 
-bool AreMerged(const Stage& first, const Stage& second)
+bool IsOfChannels(const Stage& stage)
 {
+    return stage.GetChannelWork() != ChannelWork::Mixed;
+}
+
+/// Whether a chain makes, or may make, one stage of them.
+bool AreMerged(const Stage& first, const Stage& second, Image::Depth depth)
+{
+    if (depth == Image::Depth::Bits8 && IsOfChannels(first) && IsOfChannels(second))
+        return true;
     return first.GetMatrix() && second.GetMatrix() &&
            first.GetColourSpace() == second.GetColourSpace();
 }
 
 /// The last place up to `wish` that no merged stage lies across.
-std::size_t FindSeam(const std::vector<StagePtr>& stages, std::size_t wish)
+std::size_t FindSeam(const std::vector<StagePtr>& stages, std::size_t wish, Image::Depth depth)
 {
     std::size_t seam = std::min(wish, stages.size());
-    while (seam > 0 && seam < stages.size() && AreMerged(*stages[seam - 1], *stages[seam]))
+    while (seam > 0 && seam < stages.size() && AreMerged(*stages[seam - 1], *stages[seam], depth))
         --seam;
     return seam;
 }
@@ -70,10 +78,11 @@ bool AreSameAreas(const std::optional<PictureArea>& first, const std::optional<P
 struct IncrementalRenderer::Chain
 {
     Chain(const std::vector<StagePtr>& stages, std::size_t keptCount,
-          std::optional<ColourSpace> keptSpace, std::size_t wantedCount, Isa isa)
-        : kept(keptCount), wanted(wantedCount), wantedSpace(GetSpaceAt(stages, wantedCount)),
-          before(Slice(stages, kept, wanted), isa, keptSpace, wantedSpace),
-          after(Slice(stages, wanted, stages.size()), isa, wantedSpace),
+          std::optional<ColourSpace> keptSpace, std::size_t wantedCount, Isa isa,
+          Image::Depth depth)
+        : kept(keptCount), wanted(wantedCount), wantedSpace(GetSpaceAt(stages, wantedCount, depth)),
+          before(Slice(stages, kept, wanted), isa, depth, keptSpace, wantedSpace),
+          after(Slice(stages, wanted, stages.size()), isa, depth, wantedSpace),
           isKeptAgain(wanted > kept || keptSpace != wantedSpace)
     {
     }
@@ -86,10 +95,15 @@ struct IncrementalRenderer::Chain
                 begin + static_cast<std::ptrdiff_t>(end)};
     }
 
-    /// The space that the stage behind so many wants; behind the last one, its own.
-    static ColourSpace GetSpaceAt(const std::vector<StagePtr>& stages, std::size_t count)
+    /// The space behind so many stages in which nothing is cut through that is one stage in the
+    /// whole chain: a conversion belongs to the stage that takes each channel alone.
+    static ColourSpace GetSpaceAt(const std::vector<StagePtr>& stages, std::size_t count,
+                                  Image::Depth depth)
     {
-        return stages[std::min(count, stages.size() - 1)]->GetColourSpace();
+        if (count == stages.size())
+            return StageChain::ChooseLastSpace(stages, depth, true);
+        const bool isConvertedLater = depth == Image::Depth::Bits8 && IsOfChannels(*stages[count]);
+        return stages[isConvertedLater ? count - 1 : count]->GetColourSpace();
     }
 
     std::size_t kept;
@@ -132,14 +146,17 @@ Image IncrementalRenderer::Render(const Image& source,
                           effects.Effects().begin() + static_cast<std::ptrdiff_t>(firstOther));
     const bool isNew = m_effects.empty();
     m_effects = effects.Effects();
-    const RenderPlan plan(effects.Effects(), {isa, area});
+    const StageContext context{isa, area, source.GetDepth()};
+    const RenderPlan plan(effects.Effects(), context);
     const bool isPlain = isNew || source.IsNull() || !plan.GetPasses().empty() ||
                          ClampBlendAmount(effects.GetBlendAmount()) == SourceOnly ||
                          PlanarFrame::CountBytes(width, height) > LargestCache;
     const auto& stages = plan.GetFirstStages();
     const std::size_t wanted =
-        isPlain ? 0 : FindSeam(stages, RenderPlan(same, {isa, area}).GetFirstStages().size());
-    if (!CanStartFrom(stages, wanted))
+        isPlain ? 0
+                : FindSeam(stages, RenderPlan(same, context).GetFirstStages().size(),
+                           source.GetDepth());
+    if (!CanStartFrom(stages, wanted, source.GetDepth()))
         m_kept.count = 0;
     if (wanted == 0)
         return m_renderer.Render(source, effects, options, std::move(recycled));
@@ -147,21 +164,22 @@ Image IncrementalRenderer::Render(const Image& source,
     m_skippedStages = m_kept.count;
     Image target = MakeTarget(source, std::move(recycled));
     const auto keptSpace = m_kept.count > 0 ? std::optional(m_kept.space) : std::nullopt;
-    const Chain chain(stages, m_kept.count, keptSpace, wanted, isa);
+    const Chain chain(stages, m_kept.count, keptSpace, wanted, isa, source.GetDepth());
     if (!Run(chain, source, target, GetSourceWeight(effects.GetBlendAmount()), options))
         return {};
     return target;
 }
 
 /// Whether no merged stage and no conversion would come out differently.
-bool IncrementalRenderer::CanStartFrom(const std::vector<StagePtr>& stages,
-                                       std::size_t wanted) const
+bool IncrementalRenderer::CanStartFrom(const std::vector<StagePtr>& stages, std::size_t wanted,
+                                       Image::Depth depth) const
 {
     const std::size_t count = m_kept.count;
-    if (count == 0 || count > wanted || FindSeam(stages, count) != count)
+    if (count == 0 || count > wanted || FindSeam(stages, count, depth) != count)
         return false;
-    return m_kept.space == stages[count - 1]->GetColourSpace() ||
-           m_kept.space == Chain::GetSpaceAt(stages, count);
+    if (m_kept.space == Chain::GetSpaceAt(stages, count, depth))
+        return true;
+    return depth != Image::Depth::Bits8 && m_kept.space == stages[count - 1]->GetColourSpace();
 }
 
 std::size_t IncrementalRenderer::FindFirstOther(const EffectList& effects) const
@@ -174,8 +192,8 @@ std::size_t IncrementalRenderer::FindFirstOther(const EffectList& effects) const
 bool IncrementalRenderer::Run(const Chain& chain, const Image& source, Image& target,
                               double sourceWeight, const RenderOptions& options)
 {
-    const PixelStep step(source.GetDepth(), LimitToSupported(options.isa),
-                         chain.before.GetFirstSpace(), chain.after.GetLastSpace(), sourceWeight);
+    const PixelStep step(source.GetDepth(), LimitToSupported(options.isa), chain.before,
+                         chain.after.GetLastSpace(), sourceWeight);
     const int width = source.GetWidth();
     const int height = source.GetHeight();
     const int tilePixels =

@@ -57,7 +57,8 @@ private:
     };
 
     std::size_t FindFirstOther(const Zorvik::Quindle::EffectList& effects) const;
-    bool CanStartFrom(const std::vector<StagePtr>& stages, std::size_t wanted) const;
+    bool CanStartFrom(const std::vector<StagePtr>& stages, std::size_t wanted,
+                      Image::Depth depth) const;
     bool Run(const Chain& chain, const Image& source, Image& target, double sourceWeight,
              const RenderOptions& options);
 

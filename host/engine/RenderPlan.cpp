@@ -9,6 +9,7 @@ namespace LumetraHost {
 
 RenderPlan::RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageContext& context,
                        std::optional<ColourSpace> first)
+    : m_isa(context.isa), m_depth(context.depth), m_first(first)
 {
     m_stages.emplace_back();
     for (const auto& effect : effects) {
@@ -22,19 +23,21 @@ RenderPlan::RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageCo
             m_stages.back().push_back(std::move(stage));
         }
     }
-    MakeChains(context.isa, first);
 }
 
-void RenderPlan::MakeChains(Isa isa, std::optional<ColourSpace> first)
+std::vector<StageChain> RenderPlan::MakeChains() const
 {
+    std::vector<StageChain> chains;
+    std::optional<ColourSpace> first = m_first;
     for (std::size_t i = 0; i < m_stages.size(); ++i) {
         std::optional<ColourSpace> last;
         if (i > 0)
             first = m_passes[i - 1]->GetColourSpace();
         if (i < m_passes.size())
             last = m_passes[i]->GetColourSpace();
-        m_chains.emplace_back(m_stages[i], isa, first, last);
+        chains.emplace_back(m_stages[i], m_isa, m_depth, first, last);
     }
+    return chains;
 }
 
 bool RenderPlan::IsEmpty() const

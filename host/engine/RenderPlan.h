@@ -24,17 +24,18 @@ public:
     /// Nothing to draw.
     bool IsEmpty() const;
     const std::vector<SpatialPassPtr>& GetPasses() const { return m_passes; }
-    /// One more than passes: chain i comes before pass i, the last one behind all.
-    const std::vector<StageChain>& GetChains() const { return m_chains; }
+    /// One more than passes: chain i comes before pass i, the last one behind all. They are made by
+    /// each call, which takes as long as drawing some ten thousand pixels.
+    std::vector<StageChain> MakeChains() const;
     /// The stages as the effects gave them, of plans without spatial passes.
     const std::vector<StagePtr>& GetFirstStages() const { return m_stages.front(); }
 
 private:
-    void MakeChains(Isa isa, std::optional<ColourSpace> first);
-
+    Isa m_isa;
+    Image::Depth m_depth;
+    std::optional<ColourSpace> m_first;
     std::vector<SpatialPassPtr> m_passes;
     std::vector<std::vector<StagePtr>> m_stages;
-    std::vector<StageChain> m_chains;
 };
 
 } // namespace LumetraHost

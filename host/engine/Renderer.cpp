@@ -33,8 +33,8 @@ bool RunPlan(const RenderPlan& plan, const Image& source, Image& target, int ble
 {
     const Isa isa = LimitToSupported(options.isa);
     if (plan.GetPasses().empty())
-        return Segment(plan.GetFirstStages(),
-                       {isa, options.threads, options.tilePixels, options.cancel})
+        return Segment(plan.GetFirstStages(), {isa, source.GetDepth(), options.threads,
+                                               options.tilePixels, options.cancel})
             .Run(source, target, GetSourceWeight(blendAmount), pool);
     PictureRunForm form;
     form.width = source.GetWidth();
@@ -82,7 +82,7 @@ Image Renderer::Render(const Image& source, const EffectList& effects, int blend
         return source;
     const auto area =
         options.area.value_or(PictureArea::Whole(source.GetWidth(), source.GetHeight()));
-    const RenderPlan plan(effects, {LimitToSupported(options.isa), area});
+    const RenderPlan plan(effects, {LimitToSupported(options.isa), area, source.GetDepth()});
     if (plan.IsEmpty())
         return source;
     Image target = MakeTarget(source, std::move(recycled));

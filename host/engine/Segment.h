@@ -17,8 +17,9 @@ class PixelStep;
 struct SegmentOptions
 {
     Isa isa = Isa::Baseline;
-    int threads = 0;       ///< below 1: all of the pool
-    int tilePixels = 2048; ///< 64 to 16384
+    Image::Depth depth = Image::Depth::Bits16; ///< of the pictures: how exact the stages have to be
+    int threads = 0;                           ///< below 1: all of the pool
+    int tilePixels = 2048;                     ///< 64 to 16384
     const CancelToken* cancel = nullptr;
 };
 

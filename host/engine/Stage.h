@@ -6,6 +6,8 @@
 #include "engine/PictureArea.h"
 #include "engine/Tile.h"
 
+#include "photo/Image.h"
+
 #include <memory>
 #include <optional>
 
@@ -18,11 +20,20 @@ enum class ColourSpace
     Encoded
 };
 
-/// What a stage is made for.
+/// What a stage does to a channel. All but the first look at nothing but that channel's value.
+enum class ChannelWork
+{
+    Mixed, ///< depends on other channels or on the place
+    Light, ///< a product and a sum or so
+    Heavy  ///< worth a table
+};
+
+/// What stages are made for.
 struct StageContext
 {
     Isa isa = Isa::Baseline;
     PictureArea area;
+    Image::Depth depth = Image::Depth::Bits16; ///< of the pictures: how exact chains have to be
 };
 
 /// One effect, ready to run over tiles: its numbers are worked out, its kernel is chosen. Stages
@@ -39,6 +50,7 @@ public:
     virtual void Run(const Tile& tile) const = 0;
     /// The space in which the stage expects and leaves the tile.
     virtual ColourSpace GetColourSpace() const { return ColourSpace::Linear; }
+    virtual ChannelWork GetChannelWork() const { return ChannelWork::Mixed; }
     /// The matrix when the stage is nothing but one: neighbours in the same space are multiplied
     /// into a single stage.
     virtual std::optional<ColourMatrix> GetMatrix() const { return std::nullopt; }

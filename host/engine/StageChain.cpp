@@ -1,12 +1,30 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/StageChain.h"
 
+#include "engine/curvetable/CurveTableStage.h"
 #include "engine/matrix/MatrixStage.h"
 #include "engine/srgb/SrgbStage.h"
 
-namespace LumetraHost {
+#include <algorithm>
+#include <iterator>
+#include <utility>
 
-StageChain::StageChain(const std::vector<StagePtr>& stages, Isa isa,
+namespace LumetraHost {
+namespace {
+
+bool IsOfChannels(const StagePtr& stage)
+{
+    return stage->GetChannelWork() != ChannelWork::Mixed;
+}
+
+bool IsHeavy(const StagePtr& stage)
+{
+    return stage->GetChannelWork() == ChannelWork::Heavy;
+}
+
+} // namespace
+
+StageChain::StageChain(const std::vector<StagePtr>& stages, Isa isa, Image::Depth depth,
                        std::optional<ColourSpace> first, std::optional<ColourSpace> last)
 {
     for (const StagePtr& stage : stages)
@@ -16,9 +34,33 @@ StageChain::StageChain(const std::vector<StagePtr>& stages, Isa isa,
         m_lastSpace = last.value_or(m_firstSpace);
     } else {
         m_firstSpace = first.value_or(m_stages.front()->GetColourSpace());
-        m_lastSpace = last.value_or(m_stages.back()->GetColourSpace());
+        m_lastSpace = last.value_or(ChooseLastSpace(m_stages, depth, !first));
     }
     AddConversions(isa);
+    if (depth != Image::Depth::Bits8)
+        return;
+    if (!first)
+        TakeLoadingStages();
+    FuseChannels(isa);
+}
+
+// What has to become a table anyway can encode as well.
+ColourSpace StageChain::ChooseLastSpace(const std::vector<StagePtr>& stages, Image::Depth depth,
+                                        bool fromPixels)
+{
+    const ColourSpace space = stages.back()->GetColourSpace();
+    if (depth != Image::Depth::Bits8)
+        return space;
+    const auto mixed = std::find_if_not(stages.rbegin(), stages.rend(), IsOfChannels);
+    const auto begin = mixed.base();
+    if (begin == stages.end())
+        return space;
+    const bool isAll = begin == stages.begin();
+    const bool isConverted =
+        !isAll && (*std::prev(begin))->GetColourSpace() != (*begin)->GetColourSpace();
+    const bool isTable =
+        (isAll && fromPixels) || isConverted || std::any_of(begin, stages.end(), IsHeavy);
+    return isTable ? ColourSpace::Encoded : space;
 }
 
 void StageChain::AddMerged(const StagePtr& stage, Isa isa)
@@ -47,6 +89,35 @@ void StageChain::AddConversions(Isa isa)
         stages.push_back(stage);
     }
     convert(m_lastSpace);
+    m_stages = std::move(stages);
+}
+
+void StageChain::TakeLoadingStages()
+{
+    const auto end = std::find_if_not(m_stages.begin(), m_stages.end(), IsOfChannels);
+    m_loading.assign(m_stages.begin(), end);
+    m_stages.erase(m_stages.begin(), end);
+}
+
+void StageChain::FuseChannels(Isa isa)
+{
+    std::vector<StagePtr> stages;
+    for (auto next = m_stages.begin(); next != m_stages.end();) {
+        const auto end = std::find_if_not(next, m_stages.end(), IsOfChannels);
+        const bool isLast = end == m_stages.end();
+        const std::vector<StagePtr> run(next, end);
+        StagePtr table;
+        if (std::any_of(run.begin(), run.end(), IsHeavy))
+            table =
+                CurveTableStage::Make(run, isLast ? m_lastSpace : (*end)->GetColourSpace(), isa);
+        if (table)
+            stages.push_back(table);
+        else
+            stages.insert(stages.end(), run.begin(), run.end());
+        if (!isLast)
+            stages.push_back(*end);
+        next = isLast ? end : std::next(end);
+    }
     m_stages = std::move(stages);
 }
 

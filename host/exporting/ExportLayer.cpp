@@ -24,7 +24,7 @@ std::optional<ColourSpace> GetFirstSpace(const ExportLook::Layer& layer)
 
 ExportLayer::ExportLayer(const ExportLook::Layer& layer, const PictureRunForm& form)
     : m_hasTable(layer.table != nullptr),
-      m_plan(layer.effects, {form.isa, PictureArea::Whole(form.width, form.height)},
+      m_plan(layer.effects, {form.isa, PictureArea::Whole(form.width, form.height), form.depth},
              GetFirstSpace(layer)),
       m_run(m_plan, With(layer, form))
 {

@@ -26,7 +26,7 @@ bool IsOfColourOnly(const EffectPtr& effect)
 bool IsLong(const EffectList& colours)
 {
     const RenderPlan plan(colours, {GetDefaultIsa(), PictureArea::Whole(1, 1)});
-    return plan.GetChains().front().GetStages().size() >= FewestStages;
+    return plan.MakeChains().front().GetStages().size() >= FewestStages;
 }
 
 } // namespace

@@ -34,9 +34,10 @@ void TakePixels(PlaneRing& pixels, const Tile& target)
 } // namespace
 
 PictureRun::PictureRun(const RenderPlan& plan, const PictureRunForm& form)
-    : m_plan(plan), m_form(form), m_bands((form.height + BandRows - 1) / BandRows),
-      m_pixelStep(form.depth, form.isa, plan.GetChains().front().GetFirstSpace(),
-                  plan.GetChains().back().GetLastSpace(), GetSourceWeight(form.blendAmount)),
+    : m_plan(plan), m_chains(plan.MakeChains()), m_form(form),
+      m_bands((form.height + BandRows - 1) / BandRows),
+      m_pixelStep(form.depth, form.isa, m_chains.front(), m_chains.back().GetLastSpace(),
+                  GetSourceWeight(form.blendAmount)),
       m_luma(SelectKernel<LumaKernel>(form.isa))
 {
     m_form.threads = std::max(1, form.threads);
@@ -71,7 +72,7 @@ bool PictureRun::IsTableAlone() const
 bool PictureRun::IsFirstChainQuick() const
 {
     constexpr std::size_t mostStages = 1;
-    return m_plan.GetChains().front().GetStages().size() <= mostStages;
+    return m_chains.front().GetStages().size() <= mostStages;
 }
 
 int PictureRun::GetLatency() const
@@ -165,7 +166,7 @@ void PictureRun::RunTile(std::size_t chain, const Tile& tile, std::size_t worker
     if (chain == 0)
         return RunFirstChain(tile);
     FillTile(chain, tile, worker);
-    m_plan.GetChains()[chain].Run(tile);
+    m_chains[chain].Run(tile);
 }
 
 void PictureRun::RunFirstChain(const Tile& tile)
@@ -174,7 +175,7 @@ void PictureRun::RunFirstChain(const Tile& tile)
         m_form.table->Load(tile, m_source->Row(tile.y));
     else
         m_pixelStep.Load(tile, m_source->Row(tile.y));
-    m_plan.GetChains().front().Run(tile);
+    m_chains.front().Run(tile);
 }
 
 void PictureRun::FillTile(std::size_t chain, const Tile& tile, std::size_t worker)

@@ -89,6 +89,7 @@ private:
     void FeedNext(std::size_t pass, int y, const Tile& row, std::size_t worker);
 
     const RenderPlan& m_plan;
+    const std::vector<StageChain> m_chains;
     PictureRunForm m_form;
     int m_bands;
     PixelStep m_pixelStep;

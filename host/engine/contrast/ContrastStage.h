@@ -13,6 +13,7 @@ public:
     ContrastStage(const ContrastParameters& parameters, const StageContext& context);
 
     void Run(const Tile& tile) const override;
+    ChannelWork GetChannelWork() const override { return ChannelWork::Heavy; }
 
 private:
     float m_exponent;

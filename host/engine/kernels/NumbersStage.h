@@ -12,18 +12,21 @@ class NumbersStage : public Stage
 public:
     using Kernel = void (*)(const Tile&, const Numbers&);
 
-    NumbersStage(ColourSpace space, const Numbers& numbers, Kernel kernel)
-        : m_space(space), m_numbers(numbers), m_kernel(kernel)
+    NumbersStage(ColourSpace space, const Numbers& numbers, Kernel kernel,
+                 ChannelWork work = ChannelWork::Mixed)
+        : m_space(space), m_numbers(numbers), m_kernel(kernel), m_work(work)
     {
     }
 
     void Run(const Tile& tile) const override { m_kernel(tile, m_numbers); }
     ColourSpace GetColourSpace() const override { return m_space; }
+    ChannelWork GetChannelWork() const override { return m_work; }
 
 private:
     ColourSpace m_space;
     Numbers m_numbers;
     Kernel m_kernel;
+    ChannelWork m_work;
 };
 
 } // namespace LumetraHost

@@ -23,15 +23,23 @@ LiftGammaGainNumbers GetNumbers(const LiftGammaGainParameters& parameters)
     return numbers;
 }
 
+ChannelWork GetWork(const LiftGammaGainNumbers& numbers)
+{
+    if (numbers.saturation != 1.0f)
+        return ChannelWork::Mixed;
+    return numbers.hasPower ? ChannelWork::Heavy : ChannelWork::Light;
+}
+
 StagePtr CreateLiftGammaGainStage(const Zorvik::Quindle::IEffectSettings& settings,
                                   const StageContext& context)
 {
     const auto parameters = LiftGammaGainParameters::Read(settings);
     if (parameters.IsIdentity())
         return nullptr;
+    const LiftGammaGainNumbers numbers = GetNumbers(parameters);
     return std::make_shared<NumbersStage<LiftGammaGainNumbers>>(
-        ColourSpace::Encoded, GetNumbers(parameters),
-        SelectKernel<LiftGammaGainKernel>(context.isa));
+        ColourSpace::Encoded, numbers, SelectKernel<LiftGammaGainKernel>(context.isa),
+        GetWork(numbers));
 }
 
 } // namespace

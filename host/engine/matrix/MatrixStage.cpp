@@ -27,4 +27,9 @@ void MatrixStage::Run(const Tile& tile) const
     m_kernel(tile, m_coefficients.data());
 }
 
+ChannelWork MatrixStage::GetChannelWork() const
+{
+    return m_matrix.IsDiagonal() ? ChannelWork::Light : ChannelWork::Mixed;
+}
+
 } // namespace LumetraHost

@@ -15,6 +15,7 @@ public:
 
     void Run(const Tile& tile) const override;
     ColourSpace GetColourSpace() const override { return m_space; }
+    ChannelWork GetChannelWork() const override;
     std::optional<ColourMatrix> GetMatrix() const override { return m_matrix; }
 
 private:

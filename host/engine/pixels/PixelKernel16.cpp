@@ -58,8 +58,12 @@ LUMETRA_KERNEL_INLINE void PackBlended(const Tile& tile, const PackedPixel16* so
 } // namespace
 
 template <Isa isa>
-void LoadKernel16<isa>::Run(const Tile& tile, const std::uint8_t* source, const float* table)
+void LoadKernel16<isa>::Run(const Tile& tile, const std::uint8_t* source,
+                            const float* const* tables)
 {
+    const float* const redTable = tables[0];
+    const float* const greenTable = tables[1];
+    const float* const blueTable = tables[2];
     const auto* values = reinterpret_cast<const std::uint16_t*>(source);
     float* __restrict red = tile.red;
     float* __restrict green = tile.green;
@@ -67,9 +71,9 @@ void LoadKernel16<isa>::Run(const Tile& tile, const std::uint8_t* source, const 
     const int count = tile.count;
     LUMETRA_KERNEL_INDEPENDENT
     for (int i = 0; i < count; ++i) {
-        red[i] = table[values[4 * i]];
-        green[i] = table[values[4 * i + 1]];
-        blue[i] = table[values[4 * i + 2]];
+        red[i] = redTable[values[4 * i]];
+        green[i] = greenTable[values[4 * i + 1]];
+        blue[i] = blueTable[values[4 * i + 2]];
     }
 }
 

@@ -24,6 +24,11 @@ LUMETRA_KERNEL_INLINE std::uint32_t Round(float value)
     return static_cast<std::uint32_t>(static_cast<std::int32_t>(value + 0.5f));
 }
 
+LUMETRA_KERNEL_INLINE float Scale(std::uint32_t value)
+{
+    return static_cast<float>(static_cast<std::int32_t>(value & 0xFF)) * (1.0f / 255.0f);
+}
+
 LUMETRA_KERNEL_INLINE void Pack(const Tile& tile, const PackedPixel8* source, PackedPixel8* target)
 {
     const float* __restrict red = tile.red;
@@ -56,17 +61,37 @@ LUMETRA_KERNEL_INLINE void PackBlended(const Tile& tile, const PackedPixel8* sou
 } // namespace
 
 template <Isa isa>
-void LoadKernel8<isa>::Run(const Tile& tile, const std::uint8_t* source, const float* table)
+void LoadKernel8<isa>::Run(const Tile& tile, const std::uint8_t* source, const float* const* tables)
 {
+    const float* const redTable = tables[0];
+    const float* const greenTable = tables[1];
+    const float* const blueTable = tables[2];
     float* __restrict red = tile.red;
     float* __restrict green = tile.green;
     float* __restrict blue = tile.blue;
     const int count = tile.count;
     LUMETRA_KERNEL_INDEPENDENT
     for (int i = 0; i < count; ++i) {
-        red[i] = table[source[4 * i]];
-        green[i] = table[source[4 * i + 1]];
-        blue[i] = table[source[4 * i + 2]];
+        red[i] = redTable[source[4 * i]];
+        green[i] = greenTable[source[4 * i + 1]];
+        blue[i] = blueTable[source[4 * i + 2]];
+    }
+}
+
+template <Isa isa>
+void LoadUnitKernel8<isa>::Run(const Tile& tile, const std::uint8_t* source, const float* const*)
+{
+    const auto* pixels = reinterpret_cast<const PackedPixel8*>(source);
+    float* __restrict red = tile.red;
+    float* __restrict green = tile.green;
+    float* __restrict blue = tile.blue;
+    const int count = tile.count;
+    LUMETRA_KERNEL_INDEPENDENT
+    for (int i = 0; i < count; ++i) {
+        const std::uint32_t pixel = pixels[i];
+        red[i] = Scale(pixel >> Red);
+        green[i] = Scale(pixel >> Green);
+        blue[i] = Scale(pixel >> Blue);
     }
 }
 
@@ -98,6 +123,7 @@ void BlendKernel8<isa>::Run(const std::uint8_t* source, const std::uint8_t* effe
 }
 
 template struct LoadKernel8<KernelIsa>;
+template struct LoadUnitKernel8<KernelIsa>;
 template struct StoreKernel8<KernelIsa>;
 template struct BlendKernel8<KernelIsa>;
 

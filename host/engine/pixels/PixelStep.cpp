@@ -28,20 +28,40 @@ const float* GetLoadTable(bool is16, ColourSpace space)
 
 } // namespace
 
-PixelStep::PixelStep(Image::Depth depth, Isa isa, ColourSpace first, ColourSpace last,
+PixelStep::PixelStep(Image::Depth depth, Isa isa, const StageChain& first, ColourSpace last,
                      double sourceWeight)
 {
     const bool is16 = depth == Image::Depth::Bits16;
     m_bytesPerPixel = is16 ? 8 : 4;
-    m_table = GetLoadTable(is16, first);
+    const float* const values = GetLoadTable(is16, first.GetFirstSpace());
+    m_tables = {values, values, values};
     m_load = is16 ? SelectKernel<LoadKernel16>(isa) : SelectKernel<LoadKernel8>(isa);
+    if (!first.GetLoadingStages().empty()) {
+        m_ownTables = MakeTables(first, values);
+        m_tables = {(*m_ownTables)[0].data(), (*m_ownTables)[1].data(), (*m_ownTables)[2].data()};
+    } else if (!is16 && first.GetFirstSpace() == ColourSpace::Encoded) {
+        m_load = SelectKernel<LoadUnitKernel8>(isa);
+    }
     m_store = is16 ? SelectKernel<StoreKernel16>(isa) : SelectKernel<StoreKernel8>(isa);
     m_storing = {last == ColourSpace::Linear, static_cast<float>(sourceWeight)};
 }
 
+std::shared_ptr<const PixelStep::Tables> PixelStep::MakeTables(const StageChain& chain,
+                                                               const float* values)
+{
+    constexpr int Entries = 256;
+    const auto tables = std::make_shared<Tables>();
+    for (std::vector<float>& table : *tables)
+        table.assign(values, values + Entries);
+    const Tile tile{(*tables)[0].data(), (*tables)[1].data(), (*tables)[2].data(), Entries};
+    for (const StagePtr& stage : chain.GetLoadingStages())
+        stage->Run(tile);
+    return tables;
+}
+
 void PixelStep::Load(const Tile& tile, const std::uint8_t* row) const
 {
-    m_load(tile, row + GetOffset(tile), m_table);
+    m_load(tile, row + GetOffset(tile), m_tables.data());
 }
 
 void PixelStep::Store(const Tile& tile, const std::uint8_t* sourceRow,

@@ -2,10 +2,14 @@
 #pragma once
 
 #include "engine/Isa.h"
-#include "engine/Stage.h"
+#include "engine/StageChain.h"
 #include "engine/pixels/PixelKernel.h"
 
 #include "photo/Image.h"
+
+#include <array>
+#include <memory>
+#include <vector>
 
 namespace LumetraHost {
 
@@ -14,9 +18,9 @@ namespace LumetraHost {
 class PixelStep
 {
 public:
-    /// `first`: the space of the tiles that are loaded. `last`: of those that are stored.
-    /// `sourceWeight`: 0 to 1.
-    PixelStep(Image::Depth depth, Isa isa, ColourSpace first, ColourSpace last,
+    /// `first`: the chain whose tiles are loaded, with what it leaves to that. `last`: the space of
+    /// the tiles that are stored. `sourceWeight`: 0 to 1.
+    PixelStep(Image::Depth depth, Isa isa, const StageChain& first, ColourSpace last,
               double sourceWeight);
 
     /// `row` begins with the picture's first column; the tile's own pixels are read.
@@ -28,8 +32,13 @@ public:
 private:
     std::size_t GetOffset(const Tile& tile) const;
 
+    using Tables = std::array<std::vector<float>, 3>;
+
+    static std::shared_ptr<const Tables> MakeTables(const StageChain& chain, const float* values);
+
     std::size_t m_bytesPerPixel;
-    const float* m_table;
+    std::shared_ptr<const Tables> m_ownTables; ///< null: those that all share
+    std::array<const float*, 3> m_tables;
     decltype(&LoadKernel8<Isa::Baseline>::Run) m_load;
     decltype(&StoreKernel8<Isa::Baseline>::Run) m_store;
     StoreParameters m_storing;

@@ -15,6 +15,7 @@ public:
 
     void Run(const Tile& tile) const override;
     ColourSpace GetColourSpace() const override;
+    ChannelWork GetChannelWork() const override { return ChannelWork::Heavy; }
 
 private:
     ColourSpace m_target;

@@ -44,7 +44,8 @@ StagePtr CreateToneCurveStage(const Zorvik::Quindle::IEffectSettings& settings,
     for (std::size_t i = 0; i < 3; ++i)
         numbers.channels[i] = GetNumbers(parameters.channels[i]);
     return std::make_shared<NumbersStage<ToneCurvesNumbers>>(
-        ColourSpace::Encoded, numbers, SelectKernel<ToneCurveKernel>(context.isa));
+        ColourSpace::Encoded, numbers, SelectKernel<ToneCurveKernel>(context.isa),
+        ChannelWork::Heavy);
 }
 
 } // namespace

@@ -36,6 +36,10 @@ protected:
     {
         return MakeEffect("contrast", {{"amount", amount}});
     }
+    static EffectPtr Vibrance(double amount)
+    {
+        return MakeEffect("vibrance", {{"amount", amount}});
+    }
     static EffectPtr Saturation(double amount)
     {
         return MakeEffect("saturation", {{"amount", amount}});
@@ -60,19 +64,19 @@ INSTANTIATE_TEST_SUITE_P(Depths, Incremental,
 TEST_P(Incremental, startsAtTheEffectThatChanges)
 {
     const EffectPtr first = Exposure(0.4);
-    const EffectPtr second = Contrast(20);
+    const EffectPtr second = Vibrance(20);
     EXPECT_EQ(Render({first, second, Slope(1.1), Vignette(-1)}), 0u);
     EXPECT_EQ(Render({first, second, Slope(1.2), Vignette(-1)}), 0u);
     EXPECT_EQ(Render({first, second, Slope(1.3), Vignette(-1)}), 2u);
     EXPECT_EQ(Render({first, second, Slope(0.7), Vignette(-1)}, 90), 2u);
     // Equal settings need not be the same object.
-    EXPECT_EQ(Render({Exposure(0.4), Contrast(20), Slope(0.9), Vignette(-1)}), 2u);
+    EXPECT_EQ(Render({Exposure(0.4), Vibrance(20), Slope(0.9), Vignette(-1)}), 2u);
 }
 
 TEST_P(Incremental, goesOnFromWhereItWasWhenALaterEffectChanges)
 {
     const auto make = [](double slope, double vignette) {
-        return EffectList{Exposure(0.4), Contrast(20), Slope(slope), Vignette(vignette)};
+        return EffectList{Exposure(0.4), Vibrance(20), Slope(slope), Vignette(vignette)};
     };
     Render(make(1.1, -1));
     Render(make(1.2, -1));
@@ -85,7 +89,7 @@ TEST_P(Incremental, goesOnFromWhereItWasWhenALaterEffectChanges)
 TEST_P(Incremental, startsAgainWhenAnEarlierEffectChanges)
 {
     const auto make = [](double stops, double slope) {
-        return EffectList{Exposure(stops), Contrast(20), Slope(slope)};
+        return EffectList{Exposure(stops), Vibrance(20), Slope(slope)};
     };
     Render(make(0.4, 1));
     Render(make(0.4, 1.1));
@@ -97,21 +101,21 @@ TEST_P(Incremental, startsAgainWhenAnEarlierEffectChanges)
 TEST_P(Incremental, splitsNoMatricesThatAreOne)
 {
     const auto make = [](double saturation) {
-        return EffectList{Contrast(20), Exposure(0.4), Saturation(saturation), Slope(1.1)};
+        return EffectList{Vibrance(20), Exposure(0.4), Saturation(saturation), Slope(1.1)};
     };
     Render(make(1));
     Render(make(2));
     EXPECT_EQ(Render(make(3)), 1u);
     // Without the effect between, the pictures around it meet.
-    EXPECT_EQ(Render({Exposure(0.4), Contrast(30), Saturation(10)}), 0u);
-    Render({Exposure(0.4), Contrast(31), Saturation(10)});
-    EXPECT_EQ(Render({Exposure(0.4), Contrast(0), Saturation(10)}), 0u);
-    Render({Exposure(0.4), Contrast(31), Saturation(10)});
+    EXPECT_EQ(Render({Exposure(0.4), Vibrance(30), Saturation(10)}), 0u);
+    Render({Exposure(0.4), Vibrance(31), Saturation(10)});
+    EXPECT_EQ(Render({Exposure(0.4), Vibrance(0), Saturation(10)}), 0u);
+    Render({Exposure(0.4), Vibrance(31), Saturation(10)});
 }
 
 TEST_P(Incremental, startsAgainWithAnotherPictureOrArea)
 {
-    const auto make = [](double slope) { return EffectList{Contrast(20), Slope(slope)}; };
+    const auto make = [](double slope) { return EffectList{Vibrance(20), Slope(slope)}; };
     Render(make(1.1));
     Render(make(1.2));
     m_source = MakeRandomPicture(333, 70, GetParam(), 6);
@@ -125,7 +129,7 @@ TEST_P(Incremental, startsAgainWithAnotherPictureOrArea)
 TEST_P(Incremental, rendersSpatialEffectsFromTheBeginning)
 {
     const auto make = [](double slope) {
-        return EffectList{Contrast(20), MakeEffect("clarity", {{"amount", 40}}), Slope(slope)};
+        return EffectList{Vibrance(20), MakeEffect("clarity", {{"amount", 40}}), Slope(slope)};
     };
     for (const double slope : {1.1, 1.2, 1.3})
         EXPECT_EQ(Render(make(slope)), 0u);
@@ -133,7 +137,7 @@ TEST_P(Incremental, rendersSpatialEffectsFromTheBeginning)
 
 TEST_P(Incremental, keepsNothingOfACancelledRendering)
 {
-    const auto make = [](double slope) { return EffectList{Contrast(20), Slope(slope)}; };
+    const auto make = [](double slope) { return EffectList{Vibrance(20), Slope(slope)}; };
     Render(make(1.1));
     CancelToken cancel;
     cancel.Cancel();
@@ -144,6 +148,17 @@ TEST_P(Incremental, keepsNothingOfACancelledRendering)
     EXPECT_EQ(Render(make(1.4)), 1u);
     EXPECT_TRUE(m_incremental.Render(m_source, MakeSettings(make(1.5)), options, {}).IsNull());
     EXPECT_EQ(Render(make(1.6)), 1u);
+}
+
+// Of 8 bits, contrast, the conversion and slope are drawn from one table.
+TEST_P(Incremental, splitsNoStagesThatTakeEachChannelAlone)
+{
+    const auto make = [](double slope) {
+        return EffectList{Vibrance(20), Contrast(20), Slope(slope), Vibrance(30)};
+    };
+    Render(make(1.1));
+    Render(make(1.2));
+    EXPECT_EQ(Render(make(1.3)), GetParam() == Image::Depth::Bits8 ? 1u : 2u);
 }
 
 TEST_P(Incremental, isRightWhateverChanges)
