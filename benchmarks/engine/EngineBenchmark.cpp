@@ -76,6 +76,21 @@ void Register(const std::string& name, int threads, std::function<void(benchmark
         registered->UseRealTime();
 }
 
+void RegisterProcess(const std::string& name, int threads,
+                     std::function<void(benchmark::State&)> run)
+{
+    auto* const registered = benchmark::RegisterBenchmark(name.c_str(), std::move(run));
+    registered->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+    if (threads > 1)
+        registered->UseRealTime();
+}
+
+void CountPixels(benchmark::State& state)
+{
+    state.counters["pixels/s"] = benchmark::Counter(
+        double(Width) * Height * double(state.iterations()), benchmark::Counter::kIsRate);
+}
+
 namespace {
 
 EffectPtr MakeTable()
@@ -113,9 +128,7 @@ double MeasureCopySeconds(Image::Depth depth)
 
 void CountPixels(benchmark::State& state, double copySeconds)
 {
-    const double pixels = double(Width) * Height;
-    state.counters["pixels/s"] =
-        benchmark::Counter(pixels * double(state.iterations()), benchmark::Counter::kIsRate);
+    CountPixels(state);
     state.counters["per_copy"] =
         benchmark::Counter(copySeconds * double(state.iterations()),
                            benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
@@ -213,6 +226,12 @@ int main(int argc, char** argv)
 {
     LumetraBench::RegisterAll();
     LumetraBench::RegisterPeers();
+#ifdef LUMETRA_VIPS_PEER
+    LumetraBench::RegisterVips();
+#endif
+#ifdef LUMETRA_GEGL_PEER
+    LumetraBench::RegisterGegl();
+#endif
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;

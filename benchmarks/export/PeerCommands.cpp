@@ -64,8 +64,8 @@ std::vector<std::string> ToWords(const QString& line)
 QString MagickLine()
 {
     return QStringLiteral("convert {in} -colorspace RGB -evaluate multiply %1 -color-matrix %2 "
-                          "-evaluate pow %3 -evaluate multiply %4 -color-matrix %5 "
-                          "-colorspace sRGB -channel R -evaluate multiply 1.05 -channel B "
+                          "-evaluate pow %3 -evaluate multiply %4 -colorspace sRGB "
+                          "-color-matrix %5 -channel R -evaluate multiply 1.05 -channel B "
                           "-evaluate add 2% -channel G -evaluate pow 0.95 +channel "
                           "-sampling-factor 1x1 -quality 92 {out}")
         .arg(Number(Gain), Numbers(MakeWhiteBalance()), Number(Exponent), Number(ContrastFactor),
@@ -76,7 +76,7 @@ QString GraphicsMagickLine()
 {
     return QStringLiteral("gm convert {in} -operator All Pow 2.2 -operator All Multiply %1 "
                           "-recolor %2 -operator All Pow %3 -operator All Multiply %4 "
-                          "-recolor %5 -operator All Pow 0.4545 -operator Red Multiply 1.05 "
+                          "-operator All Pow 0.4545 -recolor %5 -operator Red Multiply 1.05 "
                           "-operator Blue Add 2% -operator Green Pow 0.95 "
                           "-sampling-factor 1x1 -quality 92 {out}")
         .arg(Number(Gain), Numbers(MakeWhiteBalance()), Number(Exponent), Number(ContrastFactor),
@@ -86,7 +86,7 @@ QString GraphicsMagickLine()
 QString GmicLine()
 {
     return QStringLiteral("gmic {in} -srgb2rgb -div 255 -mul %1 -mix_rgb %2 -max 0 -pow %3 -mul %4 "
-                          "-mix_rgb %5 -cut 0,1 -mul 255 -rgb2srgb -div 255 -split c "
+                          "-cut 0,1 -mul 255 -rgb2srgb -div 255 -mix_rgb %5 -split c "
                           "-mul[0] 1.05 -add[2] 0.02 -pow[1] 0.95 -append c -mul 255 -cut 0,255 "
                           "-round -output {out},92")
         .arg(Number(Gain), Numbers(MakeWhiteBalance()), Number(Exponent), Number(ContrastFactor),

@@ -39,8 +39,8 @@ static int run(char **words)
            vips_recomb(step[2], &step[3], balance, NULL) ||
            vips_math2_const1(step[3], &step[4], VIPS_OPERATION_MATH2_POW, exponent, NULL) ||
            vips_linear1(step[4], &step[5], factor, 0, NULL) ||
-           vips_recomb(step[5], &step[6], saturation, NULL) ||
-           vips_colourspace(step[6], &step[7], VIPS_INTERPRETATION_sRGB, NULL) ||
+           vips_colourspace(step[5], &step[6], VIPS_INTERPRETATION_sRGB, NULL) ||
+           vips_recomb(step[6], &step[7], saturation, NULL) ||
            vips_linear(step[7], &step[8], slope, offset, 3, NULL) ||
            vips_linear(step[8], &step[9], down, none, 3, NULL) ||
            vips_math2_const(step[9], &step[10], VIPS_OPERATION_MATH2_POW, power, 3, NULL) ||

@@ -97,8 +97,8 @@ Ocio::GroupTransformRcPtr MakeGroup(const GradingChain& chain)
     group->appendTransform(exposure);
     group->appendTransform(MakeWhiteBalance(chain));
     group->appendTransform(contrast);
-    group->appendTransform(MakeSaturation(chain));
     group->appendTransform(MakeCurve(Ocio::TRANSFORM_DIR_INVERSE));
+    group->appendTransform(MakeSaturation(chain));
     group->appendTransform(MakeCdl(chain));
     return group;
 }

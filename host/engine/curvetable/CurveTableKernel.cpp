@@ -3,6 +3,10 @@
 
 #include "engine/kernels/KernelMath.h"
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 namespace LumetraHost {
 namespace {
 
@@ -12,19 +16,66 @@ using Grid = CurveGrid;
 constexpr float LargestPlace = 8.0f;
 constexpr float LargestValue = 4.0f;
 
-LUMETRA_KERNEL_INLINE void RunPlane(float* __restrict plane, const float* __restrict table,
-                                    int count)
+constexpr int BlockSize = 256;
+
+/// Limits the values, and finds the index of what each one's piece adds.
+LUMETRA_KERNEL_INLINE void FindPieces(float* __restrict values, std::int32_t* __restrict indexes,
+                                      int count)
 {
     constexpr std::int32_t first = (Grid::LowBits - 1) >> Grid::Shift;
     // The last float of the last piece.
     const float largest = FloatFromBits(Grid::HighBits - 1);
-    LUMETRA_KERNEL_INDEPENDENT
     for (int i = 0; i < count; ++i) {
-        const float value = Clamp(plane[i], -largest, largest);
+        const float value = Clamp(values[i], -largest, largest);
         const std::int32_t bits = BitsFromFloat(value);
         const std::int32_t size = Larger(bits & 0x7FFFFFFF, Grid::LowBits - 1);
-        const std::int32_t piece = (size >> Grid::Shift) - first + (bits >> 31 & Grid::Pieces);
-        plane[i] = table[2 * piece] + table[2 * piece + 1] * value;
+        values[i] = value;
+        indexes[i] = 2 * ((size >> Grid::Shift) - first + (bits >> 31 & Grid::Pieces));
+    }
+}
+
+#ifdef __SSE2__
+
+// What a piece adds and multiplies is loaded as one: compilers gather them one by one.
+LUMETRA_KERNEL_INLINE __m128 LoadTwoPieces(const float* table, const std::int32_t* indexes)
+{
+    const __m128i low = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(table + indexes[0]));
+    return _mm_loadh_pi(_mm_castsi128_ps(low), reinterpret_cast<const __m64*>(table + indexes[1]));
+}
+
+LUMETRA_KERNEL_INLINE int DrawFours(float* values, const std::int32_t* indexes, const float* table,
+                                    int count)
+{
+    int i = 0;
+    for (; i + 4 <= count; i += 4) {
+        const __m128 low = LoadTwoPieces(table, indexes + i);
+        const __m128 high = LoadTwoPieces(table, indexes + i + 2);
+        const __m128 added = _mm_shuffle_ps(low, high, _MM_SHUFFLE(2, 0, 2, 0));
+        const __m128 slope = _mm_shuffle_ps(low, high, _MM_SHUFFLE(3, 1, 3, 1));
+        const __m128 value = _mm_loadu_ps(values + i);
+        _mm_storeu_ps(values + i, _mm_add_ps(added, _mm_mul_ps(slope, value)));
+    }
+    return i;
+}
+
+#else
+
+LUMETRA_KERNEL_INLINE int DrawFours(float*, const std::int32_t*, const float*, int)
+{
+    return 0;
+}
+
+#endif
+
+LUMETRA_KERNEL_INLINE void RunPlane(float* plane, const float* table, int count)
+{
+    alignas(64) std::int32_t indexes[BlockSize];
+    for (int x = 0; x < count; x += BlockSize) {
+        float* const values = plane + x;
+        const int pixels = Smaller(BlockSize, count - x);
+        FindPieces(values, indexes, pixels);
+        for (int i = DrawFours(values, indexes, table, pixels); i < pixels; ++i)
+            values[i] = table[indexes[i]] + table[indexes[i] + 1] * values[i];
     }
 }
 

@@ -13,7 +13,7 @@ StagePtr CreateSaturationStage(const Zorvik::Quindle::IEffectSettings& settings,
     const auto parameters = SaturationParameters::Read(settings);
     if (parameters.IsIdentity())
         return nullptr;
-    return std::make_shared<MatrixStage>(parameters.GetMatrix(), ColourSpace::Linear, context.isa);
+    return std::make_shared<MatrixStage>(parameters.GetMatrix(), ColourSpace::Encoded, context.isa);
 }
 
 } // namespace

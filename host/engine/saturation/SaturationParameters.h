@@ -10,10 +10,11 @@
 
 namespace LumetraHost {
 
-/// Saturation: every colour moves away from the grey of its own luminance, or towards it:
-/// c = luma + s * (c - luma) with s = 1 + amount / 100 and the weights of Rec. 709, in linear
-/// light, where the luminance stays what it was. Source: ASC CDL 1.2, its saturation step (which
-/// leaves the space to the user).
+/// Saturation: every colour moves away from the grey of its own luma, or towards it:
+/// c = luma + s * (c - luma) with s = 1 + amount / 100 and the weights of Rec. 709, on encoded
+/// values, where the luma stays what it was. Sources: W3C Filter Effects 1, feColorMatrix of type
+/// saturate with sRGB as the space of filters; ASC CDL 1.2, its saturation step (which leaves the
+/// space to the user).
 struct SaturationParameters
 {
     static constexpr char EffectId[] = "saturation";

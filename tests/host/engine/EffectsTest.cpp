@@ -3,6 +3,7 @@
 #include "host/engine/TestPictures.h"
 
 #include "engine/Renderer.h"
+#include "engine/srgb/Srgb.h"
 
 #include <gtest/gtest.h>
 
@@ -27,11 +28,13 @@ Colour Expose(const Colour& c, double stops)
     return {c[0] * std::exp2(stops), c[1] * std::exp2(stops), c[2] * std::exp2(stops)};
 }
 
-Colour Saturate(const Colour& c, double amount)
+Colour Saturate(const Colour& linear, double amount)
 {
     const double s = 1 + amount / 100;
+    const Colour c = {LinearToSrgb(linear[0]), LinearToSrgb(linear[1]), LinearToSrgb(linear[2])};
     const double luma = Luma(c);
-    return {luma + s * (c[0] - luma), luma + s * (c[1] - luma), luma + s * (c[2] - luma)};
+    const auto move = [=](double v) { return SrgbToLinear(luma + s * (v - luma)); };
+    return {move(c[0]), move(c[1]), move(c[2])};
 }
 
 Colour Contrast(const Colour& c, double amount)
@@ -67,7 +70,7 @@ TEST(ContrastEffect, leavesMiddleGreyAndBlack)
     EXPECT_NEAR(GetChannel(result, 1, 0, 1), 30235, 1);
 }
 
-TEST(SaturationEffect, movesColoursFromTheirOwnLuminance)
+TEST(SaturationEffect, movesColoursFromTheirOwnLuma)
 {
     for (const double amount : {-100.0, -30.0, 25.0, 100.0})
         ExpectFormula(MakeSettings({MakeEffect("saturation", {{"amount", amount}})}),

@@ -73,7 +73,7 @@ ReferenceFormula Contrast(const IEffectSettings& effect, int, int)
 ReferenceFormula Saturation(const IEffectSettings& effect, int, int)
 {
     const double amount = effect.GetParameter("amount");
-    return [=](const Colour& c, int, int) { return MixWithLuma(c, 1 + amount / 100); };
+    return OnEncoded([=](const Colour& c, int, int) { return MixWithLuma(c, 1 + amount / 100); });
 }
 
 ReferenceFormula Vibrance(const IEffectSettings& effect, int, int)
