@@ -40,6 +40,10 @@ protected:
     {
         return MakeEffect("vibrance", {{"amount", amount}});
     }
+    static EffectPtr Mixer(double green)
+    {
+        return MakeEffect("channelMixer", {{"rg", green / 100}});
+    }
     static EffectPtr Saturation(double amount)
     {
         return MakeEffect("saturation", {{"amount", amount}});
@@ -100,17 +104,17 @@ TEST_P(Incremental, startsAgainWhenAnEarlierEffectChanges)
 
 TEST_P(Incremental, splitsNoMatricesThatAreOne)
 {
-    const auto make = [](double saturation) {
-        return EffectList{Vibrance(20), Exposure(0.4), Saturation(saturation), Slope(1.1)};
+    const auto make = [](double green) {
+        return EffectList{Vibrance(20), Exposure(0.4), Mixer(green), Slope(1.1)};
     };
     Render(make(1));
     Render(make(2));
     EXPECT_EQ(Render(make(3)), 1u);
     // Without the effect between, the pictures around it meet.
-    EXPECT_EQ(Render({Exposure(0.4), Vibrance(30), Saturation(10)}), 0u);
-    Render({Exposure(0.4), Vibrance(31), Saturation(10)});
-    EXPECT_EQ(Render({Exposure(0.4), Vibrance(0), Saturation(10)}), 0u);
-    Render({Exposure(0.4), Vibrance(31), Saturation(10)});
+    EXPECT_EQ(Render({Exposure(0.4), Vibrance(30), Mixer(10)}), 0u);
+    Render({Exposure(0.4), Vibrance(31), Mixer(10)});
+    EXPECT_EQ(Render({Exposure(0.4), Vibrance(0), Mixer(10)}), 0u);
+    Render({Exposure(0.4), Vibrance(31), Mixer(10)});
 }
 
 TEST_P(Incremental, startsAgainWithAnotherPictureOrArea)
