@@ -28,17 +28,7 @@ Zorvik::Quindle::EffectList MakeGradingChain();
 /// Runs on one thread count processor time, on more real time.
 void Register(const std::string& name, int threads, std::function<void(benchmark::State&)> run);
 
-/// The same for what uses threads of its own: processor time of all of them.
-void RegisterProcess(const std::string& name, int threads,
-                     std::function<void(benchmark::State&)> run);
-/// Counts the pixels of a run over the whole photo in every iteration.
-void CountPixels(benchmark::State& state);
-
-/// OpenColorIO and OpenCV on the same picture.
+/// OpenColorIO and OpenCV on the same picture, one thread.
 void RegisterPeers();
-/// The grading chain in memory with libvips, the same formulas in float.
-void RegisterVips();
-/// The same with GEGL's own operations of similar names and amounts.
-void RegisterGegl();
 
 } // namespace LumetraBench

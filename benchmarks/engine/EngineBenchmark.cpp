@@ -76,21 +76,6 @@ void Register(const std::string& name, int threads, std::function<void(benchmark
         registered->UseRealTime();
 }
 
-void RegisterProcess(const std::string& name, int threads,
-                     std::function<void(benchmark::State&)> run)
-{
-    auto* const registered = benchmark::RegisterBenchmark(name.c_str(), std::move(run));
-    registered->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
-    if (threads > 1)
-        registered->UseRealTime();
-}
-
-void CountPixels(benchmark::State& state)
-{
-    state.counters["pixels/s"] = benchmark::Counter(
-        double(Width) * Height * double(state.iterations()), benchmark::Counter::kIsRate);
-}
-
 namespace {
 
 EffectPtr MakeTable()
@@ -128,7 +113,9 @@ double MeasureCopySeconds(Image::Depth depth)
 
 void CountPixels(benchmark::State& state, double copySeconds)
 {
-    CountPixels(state);
+    const double pixels = double(Width) * Height;
+    state.counters["pixels/s"] =
+        benchmark::Counter(pixels * double(state.iterations()), benchmark::Counter::kIsRate);
     state.counters["per_copy"] =
         benchmark::Counter(copySeconds * double(state.iterations()),
                            benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
@@ -226,12 +213,6 @@ int main(int argc, char** argv)
 {
     LumetraBench::RegisterAll();
     LumetraBench::RegisterPeers();
-#ifdef LUMETRA_VIPS_PEER
-    LumetraBench::RegisterVips();
-#endif
-#ifdef LUMETRA_GEGL_PEER
-    LumetraBench::RegisterGegl();
-#endif
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
