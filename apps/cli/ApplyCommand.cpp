@@ -66,10 +66,11 @@ PhotoBatch MakeBatch(const QCommandLineParser& parser)
     return PhotoBatch(jobs, options, precision);
 }
 
-/// The look of a LUT file joins the user's presets for this run; nothing is saved.
+/// The look of a LUT file joins the user's presets for this run; nothing is saved. It keeps its
+/// name even when the user has imported it before: outputs are named after it.
 PresetRow AddLutPreset(LumetraPlugin::PresetSession& session, const QString& file)
 {
-    const auto added = LumetraPlugin::LutImport::AddTo(session, file);
+    const auto added = LumetraPlugin::LutImport::AddTo(session, file, {});
     if (added.size() != 1)
         throw UsageError(QStringLiteral("--preset: expected a file with one look, found %1 in "
                                         "\"%2\"; \"import\" makes a preset of each")

@@ -81,8 +81,13 @@ bool LutImport::IsLutName(const QString& path, bool withPictures)
 
 std::vector<QModelIndex> LutImport::AddTo(PresetCollection& collection, const QString& path)
 {
+    return AddTo(collection, path, collection.GetModel().GetUserPresetNames());
+}
+
+std::vector<QModelIndex> LutImport::AddTo(PresetCollection& collection, const QString& path,
+                                          QStringList taken)
+{
     PresetModel& model = collection.GetModel();
-    QStringList taken = model.GetUserPresetNames();
     std::vector<PresetModel::PresetPtr> presets;
     for (const LutLook& look : LumetraHost::LutReader::Read(path)) {
         taken.append(PresetNames::MakeFree(NameOf(look), taken));

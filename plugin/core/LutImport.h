@@ -3,6 +3,7 @@
 
 #include <QModelIndex>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -23,6 +24,9 @@ public:
     /// name, shortened and numbered where one of the user's presets has it already. Exception with
     /// file and place when the file cannot be used; nothing is added then.
     static std::vector<QModelIndex> AddTo(PresetCollection& collection, const QString& path);
+    /// The same with other names than the user's to keep clear of, for presets that are not saved.
+    static std::vector<QModelIndex> AddTo(PresetCollection& collection, const QString& path,
+                                          QStringList taken);
 };
 
 } // namespace LumetraPlugin

@@ -140,6 +140,8 @@ TEST_F(CliTest, importsLutFilesAsPresetsOfTheUser)
         return ReadFile(output);
     };
     EXPECT_EQ(apply("swap", "stored.png"), apply("swap.cube", "direct.png"));
+    apply("swap.cube", "{name}-{preset}.png");
+    EXPECT_TRUE(Exists("photo-swap.png")) << "named after the file, whatever was imported before";
 }
 
 TEST_F(CliTest, importsUnderAGivenName)
