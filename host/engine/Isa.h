@@ -8,7 +8,8 @@ namespace LumetraHost {
 
 /// Instruction sets that the pixel kernels are compiled for. V3 and V4 are the levels of the
 /// x86-64 psABI (AVX2 and AVX-512). Those two use fused multiply-add, which rounds once less: of a
-/// million values of 8 bits some ten differ from the baseline's, by one step; of 16 bits a thousand.
+/// million values of 8 bits some ten differ from the baseline's, by one step; of 16 bits a
+/// thousand.
 enum class Isa
 {
     Baseline,

@@ -248,6 +248,7 @@ void EditorWindow::LoadPanels(const QStringList& folders)
 {
     PluginLoader loader;
     loader.LoadFolders(folders);
+    UseLanguage(m_settings.GetLanguage()); // libraries that came with them have texts too
     for (const LoadedPlugin& plugin : loader.GetPlugins())
         AddPanel(plugin);
     for (const QString& report : loader.GetReports())

@@ -4,6 +4,7 @@
 #include "style/StyleSheet.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QToolTip>
@@ -30,12 +31,20 @@ struct German
         if (!qt.load(QStringLiteral("qtbase_de"),
                      QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
             qInfo("Qt's German texts are not installed.");
-        const bool isComplete =
-            library.load(
-                QStringLiteral(":/LumetraPresetsUtil/translations/lumetrapresetsutil_de.qm")) &&
+        const bool isThere =
             editor.load(QStringLiteral(":/lumetra/editor/translations/lumetra-editor_de.qm"));
-        Q_ASSERT(isComplete);
-        Q_UNUSED(isComplete)
+        Q_ASSERT(isThere);
+        Q_UNUSED(isThere)
+        LoadLibrary();
+    }
+
+    /// The presets library comes with the first panel that uses it.
+    void LoadLibrary()
+    {
+        const QString file =
+            QStringLiteral(":/LumetraPresetsUtil/translations/lumetrapresetsutil_de.qm");
+        if (library.isEmpty() && QFile::exists(file))
+            library.load(file);
     }
 };
 
@@ -59,6 +68,7 @@ void UseLanguage(const QString& language)
         return;
     if (!german)
         german = std::make_unique<German>();
+    german->LoadLibrary();
     for (QTranslator* translator : {&german->qt, &german->library, &german->editor}) {
         QCoreApplication::removeTranslator(translator);
         if (isGerman && !translator->isEmpty())
