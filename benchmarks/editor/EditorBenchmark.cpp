@@ -83,7 +83,7 @@ void Open(LumetraEditor::Editor& editor, LumetraEditor::EditorWindow& window, co
     QObject::connect(&editor, &LumetraEditor::Editor::photoChanged, &here,
                      [&] { photo = clock.nsecsElapsed(); });
     QObject::connect(&editor.GetPreviews(), &LumetraHost::AsyncPreviews::previewReady, &here, [&] {
-        if (thumbnail == 0)
+        if (photo != 0 && thumbnail == 0) // not one of the photo before
             thumbnail = clock.nsecsElapsed();
     });
     clock.start();
