@@ -183,7 +183,8 @@ TEST(JsonScanner, refusesWhatTheParserRefuses)
 TEST(JsonScanner, agreesWithTheParserOnEveryTextWithOneByteExchangedOrLeftOut)
 {
     const std::string good = everything;
-    const std::string bytes("\"\\{}[]:, \n\t0159-+.eEutfnaD\x80\xBF\xC3\xE2\xED\xF0\x1F\x7F\0", 37);
+    constexpr char all[] = "\"\\{}[]:, \n\t0159-+.eEutfnaD\x80\xBF\xC3\xE2\xED\xF0\x1F\x7F\0";
+    const std::string bytes(all, sizeof(all) - 1);
     for (std::size_t i = 0; i < good.size(); ++i) {
         std::string shorter = good;
         shorter.erase(i, 1);
