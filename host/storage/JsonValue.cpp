@@ -20,33 +20,6 @@ const char* JsonValue::GetKindName() const
     return names[content.index()];
 }
 
-std::shared_ptr<JsonObject> JsonObject::Make(std::vector<Member>& members)
-{
-    auto object = std::make_shared<JsonObject>();
-    object->m_members = TakeAll(members);
-    if (object->m_members.size() >= indexedFrom)
-        object->BuildIndex();
-    return object->HasUniqueKeys() ? object : nullptr;
-}
-
-bool JsonObject::HasUniqueKeys() const
-{
-    if (m_index)
-        return m_index->size() == m_members.size();
-    for (std::size_t i = 1; i < m_members.size(); ++i)
-        for (std::size_t earlier = 0; earlier < i; ++earlier)
-            if (m_members[earlier].first == m_members[i].first)
-                return false;
-    return true;
-}
-
-void JsonObject::BuildIndex()
-{
-    m_index = std::make_unique<Index>();
-    for (std::size_t i = 0; i < m_members.size(); ++i)
-        m_index->emplace(m_members[i].first, i);
-}
-
 std::size_t JsonObject::IndexOf(std::string_view key) const
 {
     if (m_index) {
@@ -93,10 +66,13 @@ void JsonObject::AppendNew(std::string key, JsonValue value)
     if (m_members.empty())
         m_members.reserve(expectedMembers);
     m_members.emplace_back(std::move(key), std::move(value));
-    if (m_index)
+    if (m_index) {
         m_index->emplace(m_members.back().first, m_members.size() - 1);
-    else if (m_members.size() == indexedFrom)
-        BuildIndex();
+    } else if (m_members.size() == indexedFrom) {
+        m_index = std::make_unique<Index>();
+        for (std::size_t i = 0; i < indexedFrom; ++i)
+            m_index->emplace(m_members[i].first, i);
+    }
 }
 
 } // namespace LumetraHost

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -56,27 +55,11 @@ struct JsonArray
     std::vector<JsonValue> elements;
 };
 
-/// Moves the entries out into a list that is no longer than they are, and leaves `entries` empty.
-template <class T>
-std::vector<T> TakeAll(std::vector<T>& entries)
-{
-    constexpr std::size_t large = 1024; // held twice for a moment, it would cost too much memory
-    if (entries.size() >= large)
-        return std::exchange(entries, {});
-    std::vector<T> taken(std::make_move_iterator(entries.begin()),
-                         std::make_move_iterator(entries.end()));
-    entries.clear();
-    return taken;
-}
-
 /// The members of a JSON object in their order. Keys are unique.
 class JsonObject
 {
 public:
     using Member = std::pair<std::string, JsonValue>;
-
-    /// An object of these members, which are moved out; null when a key occurs twice.
-    static std::shared_ptr<JsonObject> Make(std::vector<Member>& members);
 
     /// Null when there is no such key; good until the next Set().
     const JsonValue* Find(std::string_view key) const;
@@ -95,8 +78,6 @@ private:
     using Index = std::unordered_map<std::string, std::size_t>;
 
     std::size_t IndexOf(std::string_view key) const;
-    void BuildIndex();
-    bool HasUniqueKeys() const;
 
     std::vector<Member> m_members;
     std::unique_ptr<Index> m_index; // of large objects only

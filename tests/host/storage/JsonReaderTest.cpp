@@ -202,6 +202,19 @@ TEST(JsonReader, readsLargeObjectsWithoutQuadraticCost)
     EXPECT_EQ(root->GetMembers()[77].first, "key77");
 }
 
+TEST(JsonReader, refusesAKeyThatOccursTwiceInALargeObject)
+{
+    for (const int members : {15, 16, 17, 2000}) {
+        std::string text = "{";
+        for (int i = 0; i < members; ++i)
+            text += "\"key" + std::to_string(i) + "\": 0,";
+        text += "\n\"key7\": 1}";
+
+        EXPECT_EQ(ErrorOf(text),
+                  "a.json:2:1: expected each key once, found \"key7\" again (first on line 1)");
+    }
+}
+
 TEST(JsonReader, skipsAByteOrderMark)
 {
     const auto root = JsonReader::Read("\xEF\xBB\xBF{\"a\": 1}", "a.json");
