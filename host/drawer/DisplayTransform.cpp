@@ -7,11 +7,13 @@
 
 #include "Zorvik/Exception.h"
 
+#include <QImage>
+
 #include <boost/current_function.hpp>
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
-#include <vector>
 
 #include <lcms2.h>
 
@@ -52,26 +54,6 @@ Profile Open(const QByteArray& bytes, const std::string& origin)
     if (kind != cmsSigDisplayClass && kind != cmsSigColorSpaceClass)
         Refuse(origin, "one of another kind of device");
     return profile;
-}
-
-void Unpremultiply(const std::uint8_t* from, std::uint8_t* to, int pixels)
-{
-    for (int i = 0; i < pixels; ++i, from += Image::Channels, to += Image::Channels) {
-        const int alpha = from[3];
-        for (int channel = 0; channel < 3; ++channel)
-            to[channel] = alpha == 0 ? std::uint8_t{0}
-                                     : static_cast<std::uint8_t>(std::min(
-                                           255, (from[channel] * 255 + alpha / 2) / alpha));
-        to[3] = from[3];
-    }
-}
-
-void Premultiply(std::uint8_t* row, int pixels)
-{
-    for (std::uint8_t* pixel = row; pixel != row + Image::Channels * pixels;
-         pixel += Image::Channels)
-        for (int channel = 0; channel < 3; ++channel)
-            pixel[channel] = static_cast<std::uint8_t>((pixel[channel] * pixel[3] + 127) / 255);
 }
 
 } // namespace
@@ -139,14 +121,18 @@ void DisplayTransform::ApplyPremultiplied(const std::uint8_t* source, std::size_
                                           std::uint8_t* target, std::size_t targetStride, int width,
                                           int height) const
 {
-    std::vector<std::uint8_t> straight(static_cast<std::size_t>(width) * Image::Channels);
-    for (int y = 0; y < height; ++y) {
-        const auto row = static_cast<std::size_t>(y);
-        Unpremultiply(source + row * sourceStride, straight.data(), width);
-        cmsDoTransform(m_transforms->bits8.get(), straight.data(), target + row * targetStride,
-                       static_cast<cmsUInt32Number>(width));
-        Premultiply(target + row * targetStride, width);
-    }
+    // lcms2 itself gets premultiplied bytes wrong (seen with 2.14).
+    const QImage premultiplied(source, width, height, static_cast<int>(sourceStride),
+                               QImage::Format_RGBA8888_Premultiplied);
+    QImage pixels = premultiplied.convertToFormat(QImage::Format_RGBA8888);
+    const auto stride = static_cast<cmsUInt32Number>(pixels.bytesPerLine());
+    cmsDoTransformLineStride(m_transforms->bits8.get(), pixels.constBits(), pixels.bits(),
+                             static_cast<cmsUInt32Number>(width),
+                             static_cast<cmsUInt32Number>(height), stride, stride, 0, 0);
+    pixels = std::move(pixels).convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    for (int y = 0; y < height; ++y)
+        std::memcpy(target + static_cast<std::size_t>(y) * targetStride, pixels.constScanLine(y),
+                    static_cast<std::size_t>(width) * Image::Channels);
 }
 
 } // namespace LumetraHost
