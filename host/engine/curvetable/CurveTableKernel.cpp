@@ -18,19 +18,18 @@ constexpr float LargestValue = 4.0f;
 
 constexpr int BlockSize = 256;
 
-/// Limits the values, and finds the index of what each one's piece adds.
+/// Limits the sizes of the values to the last float of the last piece, and finds the index of each
+/// one's piece.
 LUMETRA_KERNEL_INLINE void FindPieces(float* __restrict values, std::int32_t* __restrict indexes,
                                       int count)
 {
     constexpr std::int32_t first = (Grid::LowBits - 1) >> Grid::Shift;
-    // The last float of the last piece.
-    const float largest = FloatFromBits(Grid::HighBits - 1);
     for (int i = 0; i < count; ++i) {
-        const float value = Clamp(values[i], -largest, largest);
-        const std::int32_t bits = BitsFromFloat(value);
-        const std::int32_t size = Larger(bits & 0x7FFFFFFF, Grid::LowBits - 1);
-        values[i] = value;
-        indexes[i] = 2 * ((size >> Grid::Shift) - first + (bits >> 31 & Grid::Pieces));
+        const std::int32_t bits = BitsFromFloat(values[i]);
+        const std::int32_t size = Smaller(bits & SizeMask, Grid::HighBits - 1);
+        values[i] = FloatFromBits(size | (bits & ~SizeMask));
+        indexes[i] =
+            (Larger(size, Grid::LowBits - 1) >> Grid::Shift) - first + (bits >> 31 & Grid::Pieces);
     }
 }
 
@@ -39,8 +38,10 @@ LUMETRA_KERNEL_INLINE void FindPieces(float* __restrict values, std::int32_t* __
 // What a piece adds and multiplies is loaded as one: compilers gather them one by one.
 LUMETRA_KERNEL_INLINE __m128 LoadTwoPieces(const float* table, const std::int32_t* indexes)
 {
-    const __m128i low = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(table + indexes[0]));
-    return _mm_loadh_pi(_mm_castsi128_ps(low), reinterpret_cast<const __m64*>(table + indexes[1]));
+    const float* const first = table + 2 * indexes[0];
+    const float* const second = table + 2 * indexes[1];
+    const __m128i low = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(first));
+    return _mm_loadh_pi(_mm_castsi128_ps(low), reinterpret_cast<const __m64*>(second));
 }
 
 LUMETRA_KERNEL_INLINE int DrawFours(float* values, const std::int32_t* indexes, const float* table,
@@ -75,7 +76,7 @@ LUMETRA_KERNEL_INLINE void RunPlane(float* plane, const float* table, int count)
         const int pixels = Smaller(BlockSize, count - x);
         FindPieces(values, indexes, pixels);
         for (int i = DrawFours(values, indexes, table, pixels); i < pixels; ++i)
-            values[i] = table[indexes[i]] + table[indexes[i] + 1] * values[i];
+            values[i] = table[2 * indexes[i]] + table[2 * indexes[i] + 1] * values[i];
     }
 }
 

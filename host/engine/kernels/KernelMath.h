@@ -64,9 +64,12 @@ LUMETRA_KERNEL_INLINE float ClampPositive(float value, float low, float high)
         Smaller(Larger(BitsFromFloat(value), BitsFromFloat(low)), BitsFromFloat(high)));
 }
 
+/// The bits of a float but its sign.
+constexpr std::int32_t SizeMask = 0x7FFFFFFF;
+
 LUMETRA_KERNEL_INLINE float GetSize(float value)
 {
-    return FloatFromBits(BitsFromFloat(value) & 0x7FFFFFFF);
+    return FloatFromBits(BitsFromFloat(value) & SizeMask);
 }
 
 LUMETRA_KERNEL_INLINE float Min(float first, float second)
@@ -88,8 +91,7 @@ LUMETRA_KERNEL_INLINE float Clamp(float value, float low, float high)
 /// The positive `size` with the sign of `sign`.
 LUMETRA_KERNEL_INLINE float WithSignOf(float size, float sign)
 {
-    constexpr std::int32_t SignBit = -0x7FFFFFFF - 1;
-    return FloatFromBits(BitsFromFloat(size) | (BitsFromFloat(sign) & SignBit));
+    return FloatFromBits(BitsFromFloat(size) | (BitsFromFloat(sign) & ~SizeMask));
 }
 
 /// The binary logarithm of a positive normal number, error below 3e-9 + rounding.

@@ -4,7 +4,7 @@
 #include "engine/Tile.h"
 #include "engine/kernels/KernelMath.h"
 
-// Only for kernel sources: brings a tile to 0..1, encoded, before it is rounded to integers.
+// Only for kernel sources: encodes a tile before it becomes integers.
 namespace LumetraHost {
 namespace {
 
@@ -42,9 +42,8 @@ LUMETRA_KERNEL_INLINE float EncodeUnit(float linear)
         p = p * u + 1.275734166f;
         p = p * u + 0.4180422513f;
     }
-    const float encoded = linear <= 0.0031308f ? linear * 12.92f : p;
-    // The polynomial may end an ulp above 1, which would round to 65536.
-    return FloatFromBits(Smaller(BitsFromFloat(encoded), BitsFromFloat(1.0f)));
+    // May end an ulp above 1, which packing limits.
+    return linear <= 0.0031308f ? linear * 12.92f : p;
 }
 
 template <EncodePrecision precision>
@@ -54,24 +53,12 @@ LUMETRA_KERNEL_INLINE void EncodePlaneForStore(float* __restrict plane, int coun
         plane[i] = EncodeUnit<precision>(ClampPositive(plane[i], 0.0f, 1.0f));
 }
 
-LUMETRA_KERNEL_INLINE void ClampPlaneForStore(float* __restrict plane, int count)
-{
-    for (int i = 0; i < count; ++i)
-        plane[i] = ClampPositive(plane[i], 0.0f, 1.0f);
-}
-
 template <EncodePrecision precision>
-LUMETRA_KERNEL_INLINE void EncodeForStore(const Tile& tile, bool isLinear)
+LUMETRA_KERNEL_INLINE void EncodeForStore(const Tile& tile)
 {
-    if (isLinear) {
-        EncodePlaneForStore<precision>(tile.red, tile.count);
-        EncodePlaneForStore<precision>(tile.green, tile.count);
-        EncodePlaneForStore<precision>(tile.blue, tile.count);
-    } else {
-        ClampPlaneForStore(tile.red, tile.count);
-        ClampPlaneForStore(tile.green, tile.count);
-        ClampPlaneForStore(tile.blue, tile.count);
-    }
+    EncodePlaneForStore<precision>(tile.red, tile.count);
+    EncodePlaneForStore<precision>(tile.green, tile.count);
+    EncodePlaneForStore<precision>(tile.blue, tile.count);
 }
 
 } // namespace

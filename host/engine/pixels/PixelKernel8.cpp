@@ -3,6 +3,7 @@
 
 #include "engine/kernels/KernelMath.h"
 #include "engine/pixels/EncodeForStore.h"
+#include "engine/pixels/PackTile.h"
 #include "engine/pixels/PackedPixel.h"
 
 namespace LumetraHost {
@@ -11,51 +12,10 @@ namespace {
 constexpr int Red = GetChannelShift(0, 8);
 constexpr int Green = GetChannelShift(1, 8);
 constexpr int Blue = GetChannelShift(2, 8);
-constexpr std::uint32_t AlphaMask = 0xFFu << GetChannelShift(3, 8);
-
-/// Values of 0..255, not rounded yet.
-LUMETRA_KERNEL_INLINE float Mix(float effect, std::uint32_t source, float weight)
-{
-    return effect + weight * (static_cast<float>(static_cast<std::int32_t>(source)) - effect);
-}
-
-LUMETRA_KERNEL_INLINE std::uint32_t Round(float value)
-{
-    return static_cast<std::uint32_t>(static_cast<std::int32_t>(value + 0.5f));
-}
 
 LUMETRA_KERNEL_INLINE float Scale(std::uint32_t value)
 {
     return static_cast<float>(static_cast<std::int32_t>(value & 0xFF)) * (1.0f / 255.0f);
-}
-
-LUMETRA_KERNEL_INLINE void Pack(const Tile& tile, const PackedPixel8* source, PackedPixel8* target)
-{
-    const float* __restrict red = tile.red;
-    const float* __restrict green = tile.green;
-    const float* __restrict blue = tile.blue;
-    const int count = tile.count;
-    LUMETRA_KERNEL_INDEPENDENT
-    for (int i = 0; i < count; ++i)
-        target[i] = (source[i] & AlphaMask) | Round(red[i] * 255.0f) << Red |
-                    Round(green[i] * 255.0f) << Green | Round(blue[i] * 255.0f) << Blue;
-}
-
-LUMETRA_KERNEL_INLINE void PackBlended(const Tile& tile, const PackedPixel8* source,
-                                       PackedPixel8* target, float weight)
-{
-    const float* __restrict red = tile.red;
-    const float* __restrict green = tile.green;
-    const float* __restrict blue = tile.blue;
-    const int count = tile.count;
-    LUMETRA_KERNEL_INDEPENDENT
-    for (int i = 0; i < count; ++i) {
-        const std::uint32_t s = source[i];
-        const float r = Mix(red[i] * 255.0f, s >> Red & 0xFF, weight);
-        const float g = Mix(green[i] * 255.0f, s >> Green & 0xFF, weight);
-        const float b = Mix(blue[i] * 255.0f, s >> Blue & 0xFF, weight);
-        target[i] = (s & AlphaMask) | Round(r) << Red | Round(g) << Green | Round(b) << Blue;
-    }
 }
 
 } // namespace
@@ -99,13 +59,9 @@ template <Isa isa>
 void StoreKernel8<isa>::Run(const Tile& tile, const std::uint8_t* source, std::uint8_t* target,
                             const StoreParameters& parameters)
 {
-    const auto* packedSource = reinterpret_cast<const PackedPixel8*>(source);
-    auto* packedTarget = reinterpret_cast<PackedPixel8*>(target);
-    EncodeForStore<EncodePrecision::Bits8>(tile, parameters.isLinear);
-    if (parameters.sourceWeight == 0.0f)
-        Pack(tile, packedSource, packedTarget);
-    else
-        PackBlended(tile, packedSource, packedTarget, parameters.sourceWeight);
+    if (parameters.isLinear)
+        EncodeForStore<EncodePrecision::Bits8>(tile);
+    PackTile<PackedPixel8>(tile, source, target, parameters.sourceWeight);
 }
 
 template <Isa isa>
