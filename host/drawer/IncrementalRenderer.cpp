@@ -42,11 +42,20 @@ bool AreMerged(const Stage& first, const Stage& second, Image::Depth depth)
            first.GetColourSpace() == second.GetColourSpace();
 }
 
-/// The last place up to `wish` that no merged stage lies across.
+/// Whether a chain makes, or may make, one step of the two stages before and behind that place, or
+/// of the last one and of storing it.
+bool IsInsideStep(const std::vector<StagePtr>& stages, std::size_t place, Image::Depth depth)
+{
+    const Stage& before = *stages[place - 1];
+    return place == stages.size() ? depth == Image::Depth::Bits8 && IsOfChannels(before)
+                                  : AreMerged(before, *stages[place], depth);
+}
+
+/// The last place up to `wish` that no such step lies across.
 std::size_t FindSeam(const std::vector<StagePtr>& stages, std::size_t wish, Image::Depth depth)
 {
     std::size_t seam = std::min(wish, stages.size());
-    while (seam > 0 && seam < stages.size() && AreMerged(*stages[seam - 1], *stages[seam], depth))
+    while (seam > 0 && IsInsideStep(stages, seam, depth))
         --seam;
     return seam;
 }
@@ -79,10 +88,10 @@ struct IncrementalRenderer::Chain
 {
     Chain(const std::vector<StagePtr>& stages, std::size_t keptCount,
           std::optional<ColourSpace> keptSpace, std::size_t wantedCount, Isa isa,
-          Image::Depth depth)
+          Image::Depth depth, ChainEnd end)
         : kept(keptCount), wanted(wantedCount), wantedSpace(GetSpaceAt(stages, wantedCount, depth)),
           before(Slice(stages, kept, wanted), isa, depth, keptSpace, wantedSpace),
-          after(Slice(stages, wanted, stages.size()), isa, depth, wantedSpace),
+          after(Slice(stages, wanted, stages.size()), isa, depth, wantedSpace, {}, end),
           isKeptAgain(wanted > kept || keptSpace != wantedSpace)
     {
     }
@@ -164,8 +173,10 @@ Image IncrementalRenderer::Render(const Image& source,
     m_skippedStages = m_kept.count;
     Image target = MakeTarget(source, std::move(recycled));
     const auto keptSpace = m_kept.count > 0 ? std::optional(m_kept.space) : std::nullopt;
-    const Chain chain(stages, m_kept.count, keptSpace, wanted, isa, source.GetDepth());
-    if (!Run(chain, source, target, GetSourceWeight(effects.GetBlendAmount()), options))
+    const double sourceWeight = GetSourceWeight(effects.GetBlendAmount());
+    const Chain chain(stages, m_kept.count, keptSpace, wanted, isa, source.GetDepth(),
+                      PixelStep::GetEnd(sourceWeight));
+    if (!Run(chain, source, target, sourceWeight, options))
         return {};
     return target;
 }
@@ -193,7 +204,7 @@ bool IncrementalRenderer::Run(const Chain& chain, const Image& source, Image& ta
                               double sourceWeight, const RenderOptions& options)
 {
     const PixelStep step(source.GetDepth(), LimitToSupported(options.isa), chain.before,
-                         chain.after.GetLastSpace(), sourceWeight);
+                         chain.after, sourceWeight);
     const int width = source.GetWidth();
     const int height = source.GetHeight();
     const int tilePixels =

@@ -25,7 +25,7 @@ RenderPlan::RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageCo
     }
 }
 
-std::vector<StageChain> RenderPlan::MakeChains() const
+std::vector<StageChain> RenderPlan::MakeChains(ChainEnd end) const
 {
     std::vector<StageChain> chains;
     std::optional<ColourSpace> first = m_first;
@@ -35,7 +35,9 @@ std::vector<StageChain> RenderPlan::MakeChains() const
             first = m_passes[i - 1]->GetColourSpace();
         if (i < m_passes.size())
             last = m_passes[i]->GetColourSpace();
-        chains.emplace_back(m_stages[i], m_isa, m_depth, first, last);
+        const bool isLast = i == m_passes.size();
+        chains.emplace_back(m_stages[i], m_isa, m_depth, first, last,
+                            isLast ? end : ChainEnd::Tiles);
     }
     return chains;
 }

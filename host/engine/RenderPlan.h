@@ -25,8 +25,8 @@ public:
     bool IsEmpty() const;
     const std::vector<SpatialPassPtr>& GetPasses() const { return m_passes; }
     /// One more than passes: chain i comes before pass i, the last one behind all. They are made by
-    /// each call, which takes as long as drawing some ten thousand pixels.
-    std::vector<StageChain> MakeChains() const;
+    /// each call, which takes as long as drawing some ten thousand pixels. `end`: of the last one.
+    std::vector<StageChain> MakeChains(ChainEnd end = ChainEnd::Tiles) const;
     /// The stages as the effects gave them, of plans without spatial passes.
     const std::vector<StagePtr>& GetFirstStages() const { return m_stages.front(); }
 

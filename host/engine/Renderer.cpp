@@ -33,9 +33,10 @@ bool RunPlan(const RenderPlan& plan, const Image& source, Image& target, int ble
 {
     const Isa isa = LimitToSupported(options.isa);
     if (plan.GetPasses().empty())
-        return Segment(plan.GetFirstStages(), {isa, source.GetDepth(), options.threads,
-                                               options.tilePixels, options.cancel})
-            .Run(source, target, GetSourceWeight(blendAmount), pool);
+        return Segment(plan.GetFirstStages(),
+                       {isa, source.GetDepth(), options.threads, options.tilePixels,
+                        GetSourceWeight(blendAmount), options.cancel})
+            .Run(source, target, pool);
     PictureRunForm form;
     form.width = source.GetWidth();
     form.height = source.GetHeight();

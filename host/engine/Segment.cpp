@@ -24,15 +24,16 @@ TilePlanes& GetPlanesOfThread()
 } // namespace
 
 Segment::Segment(const std::vector<StagePtr>& stages, const SegmentOptions& options)
-    : m_options(options), m_chain(stages, options.isa, options.depth)
+    : m_options(options),
+      m_chain(stages, options.isa, options.depth, {}, {}, PixelStep::GetEnd(options.sourceWeight))
 {
     m_options.tilePixels = std::clamp(options.tilePixels, SmallestTile, LargestTile);
 }
 
-bool Segment::Run(const Image& source, Image& target, double sourceWeight, ThreadPool& pool) const
+bool Segment::Run(const Image& source, Image& target, ThreadPool& pool) const
 {
-    const PixelStep step(source.GetDepth(), m_options.isa, m_chain, m_chain.GetLastSpace(),
-                         sourceWeight);
+    const PixelStep step(source.GetDepth(), m_options.isa, m_chain, m_chain,
+                         m_options.sourceWeight);
     const CancelToken* const cancel = m_options.cancel;
     const int height = source.GetHeight();
     const int bands = (height + BandRows - 1) / BandRows;

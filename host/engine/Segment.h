@@ -13,13 +13,14 @@ namespace LumetraHost {
 
 class PixelStep;
 
-/// How a segment's work is divided. Nothing here but the instruction set changes the pixels.
+/// How a segment's work is divided. Threads and tiles do not change the pixels.
 struct SegmentOptions
 {
     Isa isa = Isa::Baseline;
     Image::Depth depth = Image::Depth::Bits16; ///< of the pictures: how exact the stages have to be
     int threads = 0;                           ///< below 1: all of the pool
     int tilePixels = 2048;                     ///< 64 to 16384
+    double sourceWeight = 0;                   ///< of the source in the result, 0 to 1
     const CancelToken* cancel = nullptr;
 };
 
@@ -36,10 +37,10 @@ public:
     /// Neighbouring matrices become one; conversions are put where the spaces of neighbours differ.
     Segment(const std::vector<StagePtr>& stages, const SegmentOptions& options);
 
-    /// `target` has the size and depth of `source` and may be the same picture. `sourceWeight`:
-    /// 0 to 1. Bands of rows are spread over the pool's threads. False when it was cancelled, and
-    /// the target then holds anything.
-    bool Run(const Image& source, Image& target, double sourceWeight, ThreadPool& pool) const;
+    /// `target` has the size and depth of `source` and may be the same picture. Bands of rows are
+    /// spread over the pool's threads. False when it was cancelled, and the target then holds
+    /// anything.
+    bool Run(const Image& source, Image& target, ThreadPool& pool) const;
 
     /// After merging and with the conversions.
     const std::vector<StagePtr>& GetStages() const { return m_chain.GetStages(); }

@@ -25,7 +25,8 @@ bool IsHeavy(const StagePtr& stage)
 } // namespace
 
 StageChain::StageChain(const std::vector<StagePtr>& stages, Isa isa, Image::Depth depth,
-                       std::optional<ColourSpace> first, std::optional<ColourSpace> last)
+                       std::optional<ColourSpace> first, std::optional<ColourSpace> last,
+                       ChainEnd end)
 {
     for (const StagePtr& stage : stages)
         AddMerged(stage, isa);
@@ -41,6 +42,8 @@ StageChain::StageChain(const std::vector<StagePtr>& stages, Isa isa, Image::Dept
         return;
     if (!first)
         TakeLoadingStages();
+    if (end == ChainEnd::Pixels)
+        TakeStoringStages(isa);
     FuseChannels(isa);
 }
 
@@ -97,6 +100,19 @@ void StageChain::TakeLoadingStages()
     const auto end = std::find_if_not(m_stages.begin(), m_stages.end(), IsOfChannels);
     m_loading.assign(m_stages.begin(), end);
     m_stages.erase(m_stages.begin(), end);
+}
+
+void StageChain::TakeStoringStages(Isa isa)
+{
+    const auto begin = std::find_if_not(m_stages.rbegin(), m_stages.rend(), IsOfChannels).base();
+    const ColourSpace space =
+        begin == m_stages.begin() ? m_firstSpace : (*std::prev(begin))->GetColourSpace();
+    if (space != ColourSpace::Encoded || m_lastSpace != ColourSpace::Encoded ||
+        std::none_of(begin, m_stages.end(), IsHeavy))
+        return;
+    m_storeTable = StoreTable::Make({begin, m_stages.end()}, isa);
+    if (m_storeTable)
+        m_stages.erase(begin, m_stages.end());
 }
 
 void StageChain::FuseChannels(Isa isa)

@@ -133,8 +133,8 @@ BakedRun::BakedRun(const std::vector<StagePtr>& stages, Isa isa, int points)
     : m_isa(isa), m_points(points), m_cube(BakedCube::CountValues(points)),
       m_chain(stages, isa, Image::Depth::Bits8),
       m_encodedChain(stages, isa, Image::Depth::Bits8, ColourSpace::Encoded, ColourSpace::Encoded),
-      m_pixelStep(Image::Depth::Bits8, isa, m_chain, m_chain.GetLastSpace(), 0),
-      m_encodedStep(Image::Depth::Bits8, isa, m_encodedChain, ColourSpace::Encoded, 0)
+      m_pixelStep(Image::Depth::Bits8, isa, m_chain, m_chain, 0),
+      m_encodedStep(Image::Depth::Bits8, isa, m_encodedChain, m_encodedChain, 0)
 {
 }
 

@@ -34,9 +34,9 @@ void TakePixels(PlaneRing& pixels, const Tile& target)
 } // namespace
 
 PictureRun::PictureRun(const RenderPlan& plan, const PictureRunForm& form)
-    : m_plan(plan), m_chains(plan.MakeChains()), m_form(form),
-      m_bands((form.height + BandRows - 1) / BandRows),
-      m_pixelStep(form.depth, form.isa, m_chains.front(), m_chains.back().GetLastSpace(),
+    : m_plan(plan), m_chains(plan.MakeChains(PixelStep::GetEnd(GetSourceWeight(form.blendAmount)))),
+      m_form(form), m_bands((form.height + BandRows - 1) / BandRows),
+      m_pixelStep(form.depth, form.isa, m_chains.front(), m_chains.back(),
                   GetSourceWeight(form.blendAmount)),
       m_luma(SelectKernel<LumaKernel>(form.isa))
 {

@@ -28,8 +28,9 @@ const float* GetLoadTable(bool is16, ColourSpace space)
 
 } // namespace
 
-PixelStep::PixelStep(Image::Depth depth, Isa isa, const StageChain& first, ColourSpace last,
+PixelStep::PixelStep(Image::Depth depth, Isa isa, const StageChain& first, const StageChain& last,
                      double sourceWeight)
+    : m_storeTable(last.GetStoreTable())
 {
     const bool is16 = depth == Image::Depth::Bits16;
     m_bytesPerPixel = is16 ? 8 : 4;
@@ -43,7 +44,13 @@ PixelStep::PixelStep(Image::Depth depth, Isa isa, const StageChain& first, Colou
         m_load = SelectKernel<LoadUnitKernel8>(isa);
     }
     m_store = is16 ? SelectKernel<StoreKernel16>(isa) : SelectKernel<StoreKernel8>(isa);
-    m_storing = {last == ColourSpace::Linear, static_cast<float>(sourceWeight)};
+    m_storing = {last.GetLastSpace() == ColourSpace::Linear, static_cast<float>(sourceWeight)};
+}
+
+// Blended, colours are rounded once only.
+ChainEnd PixelStep::GetEnd(double sourceWeight)
+{
+    return sourceWeight == 0 ? ChainEnd::Pixels : ChainEnd::Tiles;
 }
 
 std::shared_ptr<const PixelStep::Tables> PixelStep::MakeTables(const StageChain& chain,
@@ -67,7 +74,12 @@ void PixelStep::Load(const Tile& tile, const std::uint8_t* row) const
 void PixelStep::Store(const Tile& tile, const std::uint8_t* sourceRow,
                       std::uint8_t* targetRow) const
 {
-    m_store(tile, sourceRow + GetOffset(tile), targetRow + GetOffset(tile), m_storing);
+    const std::uint8_t* const source = sourceRow + GetOffset(tile);
+    std::uint8_t* const target = targetRow + GetOffset(tile);
+    if (m_storeTable)
+        m_storeTable->Store(tile, source, target);
+    else
+        m_store(tile, source, target, m_storing);
 }
 
 std::size_t PixelStep::GetOffset(const Tile& tile) const

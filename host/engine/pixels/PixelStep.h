@@ -18,10 +18,13 @@ namespace LumetraHost {
 class PixelStep
 {
 public:
-    /// `first`: the chain whose tiles are loaded, with what it leaves to that. `last`: the space of
-    /// the tiles that are stored. `sourceWeight`: 0 to 1.
-    PixelStep(Image::Depth depth, Isa isa, const StageChain& first, ColourSpace last,
+    /// The chains whose tiles are loaded and stored, with what they leave to that. `sourceWeight`:
+    /// 0 to 1; 0 when `last` has a table to be stored with.
+    PixelStep(Image::Depth depth, Isa isa, const StageChain& first, const StageChain& last,
               double sourceWeight);
+
+    /// For a picture that is blended with such a weight, by this step.
+    static ChainEnd GetEnd(double sourceWeight);
 
     /// `row` begins with the picture's first column; the tile's own pixels are read.
     void Load(const Tile& tile, const std::uint8_t* row) const;
@@ -41,6 +44,7 @@ private:
     std::array<const float*, 3> m_tables;
     decltype(&LoadKernel8<Isa::Baseline>::Run) m_load;
     decltype(&StoreKernel8<Isa::Baseline>::Run) m_store;
+    std::shared_ptr<const StoreTable> m_storeTable; ///< null: m_store does it
     StoreParameters m_storing;
 };
 

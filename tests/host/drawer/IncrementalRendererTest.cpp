@@ -165,6 +165,17 @@ TEST_P(Incremental, splitsNoStagesThatTakeEachChannelAlone)
     EXPECT_EQ(Render(make(1.3)), GetParam() == Image::Depth::Bits8 ? 1u : 2u);
 }
 
+// Of 8 bits, the slope is drawn while pixels are stored, unless they are blended.
+TEST_P(Incremental, splitsNoStageFromTheStoringOfItsPixels)
+{
+    const EffectList effects = {Vibrance(20), Saturation(10), Slope(1.1)};
+    Render({Vibrance(20), Saturation(10), Slope(1.2)});
+    Render(effects, 90);
+    Render(effects, 91);
+    for (const int amount : {1, 90, 91, 1})
+        EXPECT_EQ(Render(effects, amount), GetParam() == Image::Depth::Bits8 ? 2u : 3u) << amount;
+}
+
 TEST_P(Incremental, isRightWhateverChanges)
 {
     std::mt19937 random(7);

@@ -71,7 +71,7 @@ TEST(Segment, worksInEncodedSpaceWhereStagesAskForIt)
             Image target = source.Clone();
             const Segment segment(stages, MakeOptions());
 
-            ASSERT_TRUE(segment.Run(source, target, 0, pool));
+            ASSERT_TRUE(segment.Run(source, target, pool));
 
             double largest = 0;
             for (int x = 0; x < 200; ++x) {
@@ -129,7 +129,7 @@ TEST(Srgb, survivesDecodingAndEncodingOfEveryValue)
             options.isa = isa;
             Image target = Image::Allocate(levels, 1, depth);
             ThreadPool pool(0);
-            Segment({}, options).Run(source, target, 0, pool);
+            Segment({}, options).Run(source, target, pool);
             EXPECT_TRUE(HaveSamePixels(source, target)) << levels << " " << GetIsaName(isa);
         }
     }
