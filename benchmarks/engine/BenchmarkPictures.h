@@ -3,32 +3,20 @@
 
 #include "photo/Image.h"
 
-#include "Zorvik/Quindle/EffectsSettings.h"
-
-#include <benchmark/benchmark.h>
-
-#include <functional>
-#include <string>
-#include <utility>
-#include <vector>
-
 namespace LumetraBench {
 
-constexpr int Width = 6000;
-constexpr int Height = 4000;
+/// Before the first GetPhoto(): how large the photo is, in millions of pixels; 12 without it.
+void SetMegapixels(double megapixels);
 
-/// 24 megapixels of noise, the same every time.
+/// Something like a photo: soft gradients with fine grain, opaque, few values at the ends of the
+/// range. The same every time; both depths show the same.
 const LumetraHost::Image& GetPhoto(LumetraHost::Image::Depth depth);
 
-Zorvik::Quindle::EffectPtr MakeEffect(const char* id,
-                                      std::vector<std::pair<const char*, double>> parameters);
-/// Exposure, white balance, contrast, saturation, lift-gamma-gain: what the peers can do too.
-Zorvik::Quindle::EffectList MakeGradingChain();
+/// A radius as the effects have it, in pixels of the photo.
+double GetPixels(double percentOfDiagonal);
 
-/// Runs on one thread count processor time, on more real time.
-void Register(const std::string& name, int threads, std::function<void(benchmark::State&)> run);
-
-/// OpenColorIO and OpenCV on the same picture, one thread.
-void RegisterPeers();
+/// The peak signal-to-noise ratio of two pictures of one size and depth, colours only, in decibels;
+/// 200 when they are equal.
+double GetPsnr(const LumetraHost::Image& first, const LumetraHost::Image& second);
 
 } // namespace LumetraBench

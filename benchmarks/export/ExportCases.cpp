@@ -3,15 +3,13 @@
 
 #include "ApplyParts.h"
 #include "PipelinedCodec.h"
+#include "Thumbnails.h"
 
 #include "Zorvik/Quindle/EffectSettingsImpl.h"
 #include "engine/EffectKinds.h"
-#include "engine/Renderer.h"
-#include "engine/Resize.h"
+#include "engine/ThreadPool.h"
 #include "exporting/PhotoExport.h"
-#include "photo/PhotoReader.h"
 
-#include <algorithm>
 #include <atomic>
 #include <functional>
 #include <future>
@@ -25,7 +23,6 @@ using namespace LumetraHost;
 using Zorvik::Quindle::EffectPtr;
 using Zorvik::Quindle::EffectsSettings;
 
-constexpr int ThumbnailSide = 256;
 constexpr int Thumbnails = 60;
 
 EffectPtr MakeEffect(const char* id, const std::map<std::string, double>& parameters)
@@ -49,6 +46,15 @@ EffectsSettings MakeColours(double stops)
                    {{"slopeRed", 1.05}, {"offsetBlue", 0.02}, {"powerGreen", 0.95}}),
     };
     return settings;
+}
+
+/// Of the thumbnails: no two are the same.
+std::vector<EffectsSettings> GetLooks()
+{
+    std::vector<EffectsSettings> looks;
+    for (int i = 0; i < Thumbnails; ++i)
+        looks.push_back(MakeColours(0.02 * i));
+    return looks;
 }
 
 EffectsSettings MakeNeighbours()
@@ -93,22 +99,6 @@ void ExportEach(const QStringList& files, const ExportLook& look)
         thread.get();
 }
 
-/// A thumbnail to a thread, as a panel does it.
-void MakeThumbnails(const QStringList& files)
-{
-    const Image photo =
-        PhotoReader::DecodeReduced(PhotoReader::ReadContent(files[0]), "photo", ThumbnailSide)
-            .image;
-    const double scale = double(ThumbnailSide) / std::max(photo.GetWidth(), photo.GetHeight());
-    const Image small =
-        Resize(photo, {0, 0, photo.GetWidth(), photo.GetHeight()}, int(photo.GetWidth() * scale),
-               int(photo.GetHeight() * scale), ResizeQuality::Fine);
-    ThreadPool alone(0);
-    const Renderer renderer(alone);
-    ThreadPool::GetShared().ForEach(Thumbnails, 0,
-                                    [&](int i) { renderer.Render(small, MakeColours(0.02 * i)); });
-}
-
 void RunCodecEach(const QStringList& files)
 {
     for (int i = 0; i + 1 < files.size(); i += 2)
@@ -126,7 +116,9 @@ bool RunCase(const std::string& name, const QStringList& files)
         {"codec", [&] { RunPipelinedCodec(files[0], files[1]); }},
         {"codec-each", [&] { RunCodecEach(files); }},
         {"decode-eighth", [&] { RunReducedDecode(files[0], ThumbnailSide); }},
-        {"thumbnails", [&] { MakeThumbnails(files); }},
+        {"thumbnails", [&] { MakeThumbnails(files, GetLooks()); }},
+        {"thumbnails-ocio", [&] { MakeOcioThumbnails(files, GetLooks()); }},
+        {"thumbnails-ocio-whole", [&] { MakeWholeOcioThumbnails(files, GetLooks()); }},
         {"exact", [&] { Export(files, ExportLook({colours}, ExportLook::Precision::Exact)); }},
         {"colour", [&] { Export(files, ExportLook({colours})); }},
         {"colour-each", [&] { ExportEach(files, ExportLook({colours})); }},

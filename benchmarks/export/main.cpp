@@ -26,6 +26,7 @@ using namespace LumetraBench;
 
 constexpr int Photos = 20;
 constexpr int PeerRuns = 2;
+constexpr char OwnThumbnails[] = "thumbnails-60";
 
 QString OwnPath()
 {
@@ -81,7 +82,7 @@ std::vector<Measured> MakeOwnLines(const Files& files)
     return {
         MakeOwn("idle", "idle", {}),
         MakeOwn("decode-eighth", "decode-eighth", {photo}),
-        MakeOwn("thumbnails-60", "thumbnails", {photo}, "decode-eighth", 1.3),
+        MakeOwn(OwnThumbnails, "thumbnails", {photo}, "decode-eighth", 1.3),
         MakeOwn("codec", "codec", {photo, files.Get("codec.jpg")}),
         MakeOwn("five-colour", "colour", {photo, files.Get("colour.jpg")}, "codec", 1.3),
         MakeOwn("five-colour-exact", "exact", {photo, files.Get("exact.jpg")}, "codec", 2.0),
@@ -157,8 +158,29 @@ void AddLibvips(std::vector<Measured>& lines, const Measured& libvips, const Fil
     lines.push_back(each);
 }
 
+/// A library that draws what our thumbnails show.
+Measured MakeThumbnailPeer(const std::string& name, const std::string& caseName, const Files& files,
+                           const std::string& remark)
+{
+    Measured line = MakeOwn(name, caseName, {files.GetPhoto()}, OwnThumbnails);
+    line.group = "peer";
+    line.remark = remark;
+    line.atLeast = 15;
+    return line;
+}
+
+void AddThumbnailPeers(std::vector<Measured>& lines, const Files& files)
+{
+    lines.push_back(MakeThumbnailPeer("ocio-thumbnails-60", "thumbnails-ocio", files,
+                                      "OpenColorIO on our small picture, read and scaled alike"));
+    lines.push_back(MakeThumbnailPeer("ocio-whole-photo-60", "thumbnails-ocio-whole", files,
+                                      "OpenColorIO on the whole photo, each look scaled then"));
+    lines.back().mostRuns = 1;
+}
+
 void AddPeers(std::vector<Measured>& lines, const Files& files)
 {
+    AddThumbnailPeers(lines, files);
     for (const Peer& peer : MakePeers(files.GetPhoto(), files.GetFolder())) {
         lines.push_back(MakePeer(peer));
         if (peer.name == "libvips")
@@ -190,6 +212,22 @@ void MeasureDistances(std::vector<Measured>& lines, const Files& files)
     for (Measured& line : lines)
         if (line.name == "five-colour" && line.IsDone())
             line.psnr = MeasurePsnr(exact, files.Get("colour.jpg"));
+}
+
+/// In runs of their own, which store some of the looks.
+void MeasureThumbnails(std::vector<Measured>& lines, const Files& files)
+{
+    const QString ours = files.Get("looks-ours.png");
+    const QString theirs = files.Get("looks-theirs.png");
+    for (Measured& line : lines) {
+        const bool isOurs = line.name == OwnThumbnails;
+        if ((!isOurs && line.reference != OwnThumbnails) || !line.IsDone())
+            continue;
+        std::vector<std::string> words = line.words;
+        words.push_back((isOurs ? ours : theirs).toStdString());
+        if (RunChild(words).isDone && !isOurs)
+            line.psnr = MeasurePsnr(ours, theirs);
+    }
 }
 
 double GetLoad()
@@ -245,6 +283,7 @@ int RunBenchmark(const QCommandLineParser& parser)
     std::printf("load before: %.2f\n", GetLoad());
     RunAll(lines, isQuick ? 1 : parser.value(QStringLiteral("repetitions")).toInt());
     MeasureDistances(lines, files);
+    MeasureThumbnails(lines, files);
 
     const ExportReport report(lines);
     report.Print();

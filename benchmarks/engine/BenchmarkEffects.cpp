@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "BenchmarkEffects.h"
+
+#include "engine/EffectKinds.h"
+#include "engine/Renderer.h"
+#include "engine/lut3d/Lut3dSettings.h"
+
+#include "Zorvik/Quindle/EffectSettingsImpl.h"
+
+#include <cmath>
+#include <stdexcept>
+#include <utility>
+
+namespace LumetraBench {
+namespace {
+
+using namespace LumetraHost;
+using Zorvik::Quindle::EffectList;
+using Zorvik::Quindle::EffectPtr;
+
+EffectPtr MakeEffect(const char* id, const std::vector<std::pair<const char*, double>>& parameters)
+{
+    const EffectPtr effect = Zorvik::Quindle::EffectSettingsImpl::Create(id);
+    for (const auto& [name, value] : parameters)
+        effect->SetParameter(name, value);
+    return effect;
+}
+
+/// A cube of 33 points that changes every colour a little: channels run into each other.
+EffectPtr MakeCube()
+{
+    auto cube = LookUpTable::MakeIdentity(LookUpTable::Kind::Cube, 33, {0, 0, 0}, {1, 1, 1});
+    for (std::size_t i = 0; i < cube.values.size(); i += LookUpTable::Stride) {
+        const float red = cube.values[i];
+        cube.values[i] = 0.9f * std::pow(red, 0.9f) + 0.1f * cube.values[i + 1];
+        cube.values[i + 2] = 0.95f * cube.values[i + 2] + 0.05f * red;
+    }
+    return Lut3dSettings::Create(nullptr, &cube);
+}
+
+std::vector<EffectPtr> MakeEffects()
+{
+    RegisterEffects();
+    return {
+        MakeEffect("exposure", {{"stops", 0.4}}),
+        MakeEffect("whiteBalance", {{"temperature", 7000}}),
+        MakeEffect("contrast", {{"amount", 20}}),
+        MakeEffect("saturation", {{"amount", 20}}),
+        MakeEffect("liftGammaGain",
+                   {{"slopeRed", 1.05}, {"offsetBlue", 0.02}, {"powerGreen", 0.95}}),
+        MakeEffect("toneRegions", {{"shadows", 30}}),
+        MakeEffect("toneCurve", {{"points", 3}, {"x1", 50}, {"y1", 60}, {"x2", 100}, {"y2", 100}}),
+        MakeEffect("vibrance", {{"amount", 20}}),
+        MakeEffect("channelMixer", {{"rr", 0.9}, {"rg", 0.1}}),
+        MakeEffect("blackAndWhite", {{"amount", 100}}),
+        MakeEffect("splitToning", {{"shadowHue", 220}, {"shadowSaturation", 30}}),
+        MakeEffect("vignette", {{"amount", -1}}),
+        MakeEffect("grain", {{"amount", 25}}),
+        MakeEffect("gaussianBlur", {{"radius", 0.05}}),
+        MakeEffect("sharpen", {{"amount", 80}}),
+        MakeEffect("clarity", {{"amount", 40}}),
+        MakeCube()};
+}
+
+std::vector<BenchmarkEffects> MakeBenchmarkEffects()
+{
+    constexpr std::size_t chainLength = 5;
+    const std::vector<EffectPtr> all = MakeEffects();
+    std::vector<BenchmarkEffects> made = {{Chain, {}}};
+    for (std::size_t i = 0; i < chainLength; ++i)
+        made.front().effects.push_back(all[i]);
+    for (const EffectPtr& effect : all)
+        made.push_back({effect->GetEffectID(), {effect}});
+    return made;
+}
+
+Image RenderRow(Image row, const EffectList& effects)
+{
+    return Renderer().Render(row, effects, 1);
+}
+
+} // namespace
+
+const std::vector<BenchmarkEffects>& GetBenchmarkEffects()
+{
+    static const std::vector<BenchmarkEffects> effects = MakeBenchmarkEffects();
+    return effects;
+}
+
+const EffectList& FindEffects(const std::string& name)
+{
+    for (const BenchmarkEffects& effects : GetBenchmarkEffects())
+        if (effects.name == name)
+            return effects.effects;
+    throw std::invalid_argument("expected the name of measured effects, found " + name);
+}
+
+const Zorvik::Quindle::IEffectSettings& FindEffect(const std::string& id)
+{
+    return **FindEffects(id).begin();
+}
+
+std::vector<std::uint8_t> MakeTable8(const EffectList& effects)
+{
+    Image row = Image::Allocate(256, 1, Image::Depth::Bits8);
+    for (int i = 0; i < Image::Channels * 256; ++i)
+        row.Row(0)[i] = static_cast<std::uint8_t>(i / Image::Channels);
+    const Image drawn = RenderRow(row, effects);
+    return {drawn.Row(0), drawn.Row(0) + Image::Channels * 256};
+}
+
+std::vector<std::uint16_t> MakeTable16(const EffectList& effects)
+{
+    Image row = Image::Allocate(65536, 1, Image::Depth::Bits16);
+    for (int i = 0; i < Image::Channels * 65536; ++i)
+        row.Row16(0)[i] = static_cast<std::uint16_t>(i / Image::Channels);
+    const Image drawn = RenderRow(row, effects);
+    return {drawn.Row16(0), drawn.Row16(0) + Image::Channels * 65536};
+}
+
+} // namespace LumetraBench

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "Measurement.h"
+
+#include "BenchmarkPictures.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstring>
+#include <ctime>
+#include <utility>
+
+namespace LumetraBench {
+namespace {
+
+using namespace LumetraHost;
+
+/// Seconds; those of the processor are summed over the process's threads.
+struct Seconds
+{
+    double real = 0;
+    double processor = 0;
+
+    /// What others disturb least: on two threads waiting counts too.
+    double Get(int threads) const { return threads > 1 ? real : processor; }
+};
+
+Seconds Now()
+{
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    const auto real = std::chrono::steady_clock::now().time_since_epoch();
+    return {std::chrono::duration<double>(real).count(),
+            double(time.tv_sec) + 1e-9 * double(time.tv_nsec)};
+}
+
+void AddTime(const std::function<void()>& step, Seconds& sum)
+{
+    const Seconds begin = Now();
+    step();
+    const Seconds end = Now();
+    sum.real += end.real - begin.real;
+    sum.processor += end.processor - begin.processor;
+}
+
+Drawing MakeCopy(Image::Depth depth)
+{
+    return MakeDrawing(depth, [depth](Image& target) {
+        const Image& photo = GetPhoto(depth);
+        std::memcpy(target.Row(0), photo.Row(0), photo.GetByteCount());
+        benchmark::ClobberMemory();
+    });
+}
+
+/// The best of some copies right before a measurement.
+double MeasureCopySeconds(Image::Depth depth)
+{
+    const Drawing copy = MakeCopy(depth);
+    double best = 1e9;
+    for (int round = 0; round < 3; ++round) {
+        Seconds taken;
+        AddTime(copy.draw, taken);
+        best = std::min(best, taken.processor);
+    }
+    return best;
+}
+
+void CountPixels(benchmark::State& state, const Task& task, const Seconds& taken)
+{
+    const Image& photo = GetPhoto(task.depth);
+    const double megapixels =
+        1e-6 * photo.GetWidth() * photo.GetHeight() * double(state.iterations());
+    state.counters["MP/s"] = megapixels / taken.Get(task.threads);
+    state.counters["MP/s/core"] = megapixels / taken.processor;
+}
+
+void RunAlone(benchmark::State& state, const Task& task, const Drawing& drawing)
+{
+    const double copy = MeasureCopySeconds(task.depth);
+    drawing.draw(); // what is made by the first drawing is not measured
+    Seconds taken;
+    for (auto iteration : state)
+        AddTime(drawing.draw, taken);
+    CountPixels(state, task, taken);
+    state.counters["per_copy"] = taken.processor / double(state.iterations()) / copy;
+}
+
+/// In turn, so that what disturbs the machine disturbs both; ours several times, because it is
+/// quicker as a rule.
+void RunBesideOurs(benchmark::State& state, const Task& task, const Drawing& peer)
+{
+    constexpr int ourRuns = 3;
+    const Drawing ours = MakeOurs(task, GetDefaultIsa());
+    ours.draw(); // what is made by the first drawing is not measured
+    peer.draw();
+    Seconds peerTaken;
+    Seconds oursTaken;
+    for (auto iteration : state) {
+        state.PauseTiming();
+        for (int run = 0; run < ourRuns; ++run)
+            AddTime(ours.draw, oursTaken);
+        state.ResumeTiming();
+        AddTime(peer.draw, peerTaken);
+    }
+    CountPixels(state, task, peerTaken);
+    state.counters["times_ours"] =
+        ourRuns * peerTaken.Get(task.threads) / oursTaken.Get(task.threads);
+    state.counters["PSNR"] = GetPsnr(ours.get(), peer.get());
+}
+
+void Register(const std::string& name, int threads, std::function<void(benchmark::State&)> run)
+{
+    const std::string fullName = name + "/threads:" + std::to_string(threads);
+    auto* const registered = benchmark::RegisterBenchmark(fullName.c_str(), std::move(run));
+    registered->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+    if (threads > 1)
+        registered->UseRealTime();
+}
+
+} // namespace
+
+void RegisterCopy(Image::Depth depth)
+{
+    const Task task{"copy", depth, 1};
+    Register(task.GetName(), 1,
+             [task](benchmark::State& state) { RunAlone(state, task, MakeCopy(task.depth)); });
+}
+
+void RegisterOurs(const Task& task, Isa isa)
+{
+    Register(task.GetName() + "/" + GetIsaName(isa), task.threads,
+             [=](benchmark::State& state) { RunAlone(state, task, MakeOurs(task, isa)); });
+}
+
+void RegisterPeer(const std::string& peer, const Task& task, const std::string& remark,
+                  std::function<Drawing(const Task&)> prepare)
+{
+    Register(peer + "_" + task.GetName(), task.threads,
+             [task, remark, prepare = std::move(prepare)](benchmark::State& state) {
+                 RunBesideOurs(state, task, prepare(task));
+                 state.SetLabel(remark);
+             });
+}
+
+} // namespace LumetraBench
