@@ -16,6 +16,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -50,6 +51,16 @@ void RegisterAll()
 #endif
 }
 
+/// std::invalid_argument for what is no sensible size.
+double ReadMegapixels(const std::string& text)
+{
+    char* end = nullptr;
+    const double megapixels = std::strtod(text.c_str(), &end);
+    if (text.empty() || *end != '\0' || !(megapixels >= 0.01 && megapixels <= 200))
+        throw std::invalid_argument("--megapixels: expected 0.01 to 200, found \"" + text + '"');
+    return megapixels;
+}
+
 /// Ours is taken, the others are left for Google Benchmark. Several hundred runs are to stay within
 /// some minutes: each is shorter than by default, unless the caller says how long it shall be.
 std::vector<std::string> ReadArguments(int argc, char** argv)
@@ -59,7 +70,7 @@ std::vector<std::string> ReadArguments(int argc, char** argv)
     for (int i = 1; i < argc; ++i) {
         const std::string argument = argv[i];
         if (argument.compare(0, megapixels.size(), megapixels) == 0)
-            SetMegapixels(std::strtod(argument.c_str() + megapixels.size(), nullptr));
+            SetMegapixels(ReadMegapixels(argument.substr(megapixels.size())));
         else
             others.push_back(argument);
     }
