@@ -30,6 +30,13 @@ constexpr Isa KernelIsa = Isa::LUMETRA_KERNEL_ISA;
 #define LUMETRA_KERNEL_INDEPENDENT _Pragma("GCC ivdep")
 #endif
 
+/// Before a loop of few instructions that cannot become vector code: four steps at a time.
+#ifdef __clang__
+#define LUMETRA_KERNEL_UNROLLED _Pragma("clang loop unroll_count(4)")
+#else
+#define LUMETRA_KERNEL_UNROLLED _Pragma("GCC unroll 4")
+#endif
+
 LUMETRA_KERNEL_INLINE float FloatFromBits(std::int32_t bits)
 {
     float value;

@@ -52,6 +52,7 @@ void StoreTableKernel<isa>::Run(const Tile& tile, const std::uint8_t* const* tab
         FindEntries(tile.red + x, red, count);
         FindEntries(tile.green + x, green, count);
         FindEntries(tile.blue + x, blue, count);
+        LUMETRA_KERNEL_UNROLLED
         for (int i = 0; i < count; ++i)
             packedTarget[x + i] = (packedSource[x + i] & AlphaMask) |
                                   PackedPixel8{redTable[red[i]]} << GetChannelShift(0, 8) |
