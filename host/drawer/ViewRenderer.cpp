@@ -3,29 +3,8 @@
 
 #include "engine/Resize.h"
 
-#include <limits>
-
 namespace LumetraHost {
 namespace {
-
-template <class Channel>
-bool IsOpaqueRow(const Channel* row, int pixels)
-{
-    Channel all = std::numeric_limits<Channel>::max();
-    for (int i = 0; i < pixels; ++i)
-        all &= row[Image::Channels * i + 3];
-    return all == std::numeric_limits<Channel>::max();
-}
-
-bool IsOpaquePicture(const Image& picture)
-{
-    const int width = picture.GetWidth();
-    for (int y = 0; y < picture.GetHeight(); ++y)
-        if (!(picture.GetDepth() == Image::Depth::Bits16 ? IsOpaqueRow(picture.Row16(y), width)
-                                                         : IsOpaqueRow(picture.Row(y), width)))
-            return false;
-    return true;
-}
 
 Image Scale(const Image& photo, const ViewGeometry& geometry)
 {
@@ -50,7 +29,7 @@ Image ViewRenderer::GetOriginal(const Image& photo, const ViewGeometry& geometry
     m_geometry = geometry;
     const bool isSeen = !photo.IsNull() && !geometry.part.isEmpty();
     const Image source = isSeen ? Scale(photo, geometry) : Image();
-    m_isOpaque = IsOpaquePicture(source);
+    m_isOpaque = source.IsOpaque();
     const QSize size(photo.GetWidth(), photo.GetHeight());
     m_layers.SetSource(source, isSeen ? std::optional(geometry.GetArea(size)) : std::nullopt);
     return source;

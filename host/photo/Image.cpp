@@ -6,6 +6,7 @@
 #include <boost/current_function.hpp>
 
 #include <cstring>
+#include <limits>
 #include <new>
 #include <string>
 
@@ -18,6 +19,16 @@ std::shared_ptr<std::uint8_t> AllocateBytes(std::size_t size)
 {
     auto* const bytes = static_cast<std::uint8_t*>(::operator new(size, Alignment));
     return {bytes, [](std::uint8_t* pixels) { ::operator delete(pixels, Alignment); }};
+}
+
+template <class Channel>
+bool IsOpaqueRow(const Channel* row, int pixels)
+{
+    constexpr Channel full = std::numeric_limits<Channel>::max();
+    Channel all = full;
+    for (int i = 0; i < pixels; ++i)
+        all &= row[Image::Channels * i + 3];
+    return all == full;
 }
 
 } // namespace
@@ -44,6 +55,15 @@ Image Image::AllocateUninitialised(int width, int height, Depth depth)
     image.m_stride = (row + RowAlignment - 1) / RowAlignment * RowAlignment;
     image.m_pixels = AllocateBytes(image.GetByteCount());
     return image;
+}
+
+bool Image::IsOpaque() const
+{
+    for (int y = 0; y < m_height; ++y)
+        if (!(m_depth == Depth::Bits16 ? IsOpaqueRow(Row16(y), m_width)
+                                       : IsOpaqueRow(Row(y), m_width)))
+            return false;
+    return true;
 }
 
 Image Image::Clone() const

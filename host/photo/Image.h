@@ -56,6 +56,9 @@ public:
     }
     std::uint16_t* Row16(int y) { return reinterpret_cast<std::uint16_t*>(Row(y)); }
 
+    /// True when no pixel lets anything shine through. Looks at all of them.
+    bool IsOpaque() const;
+
     /// A copy with pixels of its own.
     Image Clone() const;
 

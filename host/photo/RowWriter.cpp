@@ -15,20 +15,6 @@ const Value* TypedRow(const Image& image, int y)
 }
 
 template <class Value>
-bool AllOpaque(const Image& image)
-{
-    for (int y = 0; y < image.GetHeight(); ++y) {
-        const Value* const row = TypedRow<Value>(image, y);
-        Value lowest = std::numeric_limits<Value>::max();
-        for (int x = 0; x < image.GetWidth(); ++x)
-            lowest &= row[Image::Channels * x + ColorChannels];
-        if (lowest != std::numeric_limits<Value>::max())
-            return false;
-    }
-    return true;
-}
-
-template <class Value>
 void DropAlpha(const Image& image, int y, Value* target)
 {
     const Value* const row = TypedRow<Value>(image, y);
@@ -56,12 +42,6 @@ void FlattenOverWhite(const Image& image, int y, std::uint8_t* target)
 }
 
 } // namespace
-
-bool IsOpaque(const Image& image)
-{
-    return image.GetDepth() == Image::Depth::Bits16 ? AllOpaque<std::uint16_t>(image)
-                                                    : AllOpaque<std::uint8_t>(image);
-}
 
 void FlattenRow8(const Image& image, int y, std::uint8_t* target)
 {

@@ -5,9 +5,6 @@
 
 namespace LumetraHost {
 
-/// True when no pixel lets anything shine through.
-bool IsOpaque(const Image& image);
-
 /// Row `y` as 8-bit RGB over white: what a format without alpha and with 8 bits can hold. 16-bit
 /// values are rounded to the nearest. `target` takes 3 bytes per pixel.
 void FlattenRow8(const Image& image, int y, std::uint8_t* target);
