@@ -48,6 +48,7 @@ LUMETRA_KERNEL_INLINE int DrawFours(float* values, const std::int32_t* indexes, 
                                     int count)
 {
     int i = 0;
+    LUMETRA_KERNEL_UNROLLED
     for (; i + 4 <= count; i += 4) {
         const __m128 low = LoadTwoPieces(table, indexes + i);
         const __m128 high = LoadTwoPieces(table, indexes + i + 2);
