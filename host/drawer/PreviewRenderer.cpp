@@ -39,7 +39,7 @@ Zorvik::Proc::Frame PreviewRenderer::Render(const PictureRecipe& recipe,
     const int height = m_photo.GetHeight();
     const auto geometry = PreviewGeometry::Make(width, height, target, policies.crop, policies.fit);
     const bool isDraft = (policies.flags & FlagDraft) != 0;
-    auto& layers = GetScaledPhoto(geometry, isDraft ? ResizeQuality::Fast : ResizeQuality::Fine);
+    auto& layers = GetScaledPhoto(geometry, isDraft ? ResizeQuality::Fast : ResizeQuality::Screen);
 
     RenderOptions options;
     options.area = geometry.GetArea(width, height);

@@ -14,7 +14,7 @@ Image Scale(const Image& photo, const ViewGeometry& geometry)
         return photo;
     return Resize(photo, {part.x(), part.y(), part.width(), part.height()}, geometry.size.width(),
                   geometry.size.height(),
-                  geometry.isDraft ? ResizeQuality::Fast : ResizeQuality::Fine);
+                  geometry.isDraft ? ResizeQuality::Fast : ResizeQuality::Screen);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
 
+#include <algorithm>
 #include <limits>
 
 namespace LumetraHost {
@@ -71,6 +72,26 @@ void Unpremultiply(cv::Mat& floats, float white)
     }
 }
 
+/// A whole number that both sides can be divided by with at least two pixels left for each of the
+/// target, as large as possible; 1 when there is none.
+int FindWholeFactor(const cv::Size& source, const cv::Size& target)
+{
+    int factor = std::min(source.width / (2 * target.width), source.height / (2 * target.height));
+    while (factor > 1 && (source.width % factor != 0 || source.height % factor != 0))
+        --factor;
+    return std::max(factor, 1);
+}
+
+/// Averages of whole pixels are made several times as quick as those of their parts.
+void ResizeInTwoSteps(const cv::Mat& source, cv::Mat& target, int interpolation)
+{
+    const int factor = FindWholeFactor(source.size(), target.size());
+    cv::Mat smaller = source;
+    if (factor > 1)
+        cv::resize(source, smaller, source.size() / factor, 0, 0, cv::INTER_AREA);
+    cv::resize(smaller, target, target.size(), 0, 0, interpolation);
+}
+
 void ResizeTransparent(const cv::Mat& source, cv::Mat& target, int interpolation)
 {
     const float white = source.depth() == CV_16U ? 65535.0f : 255.0f;
@@ -94,10 +115,12 @@ Image Resize(const Image& source, const PixelRect& area, int width, int height,
     const int interpolation = ChooseInterpolation(area, width, height, quality);
     if (from.size() == to.size())
         from.copyTo(to);
-    else if (IsOpaque(from))
-        cv::resize(from, to, to.size(), 0, 0, interpolation);
-    else
+    else if (!IsOpaque(from))
         ResizeTransparent(from, to, interpolation);
+    else if (quality == ResizeQuality::Screen)
+        ResizeInTwoSteps(from, to, interpolation);
+    else
+        cv::resize(from, to, to.size(), 0, 0, interpolation);
     return result;
 }
 
