@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "BenchmarkEffects.h"
 
+#include "common/Effects.h"
 #include "engine/EffectKinds.h"
 #include "engine/Renderer.h"
 #include "engine/lut3d/Lut3dSettings.h"
-
-#include "Zorvik/Quindle/EffectSettingsImpl.h"
 
 #include <cmath>
 #include <stdexcept>
@@ -17,14 +16,6 @@ namespace {
 using namespace LumetraHost;
 using Zorvik::Quindle::EffectList;
 using Zorvik::Quindle::EffectPtr;
-
-EffectPtr MakeEffect(const char* id, const std::vector<std::pair<const char*, double>>& parameters)
-{
-    const EffectPtr effect = Zorvik::Quindle::EffectSettingsImpl::Create(id);
-    for (const auto& [name, value] : parameters)
-        effect->SetParameter(name, value);
-    return effect;
-}
 
 /// A cube of 33 points that changes every colour a little: channels run into each other.
 EffectPtr MakeCube()
@@ -40,36 +31,27 @@ EffectPtr MakeCube()
 
 std::vector<EffectPtr> MakeEffects()
 {
-    RegisterEffects();
-    return {
-        MakeEffect("exposure", {{"stops", 0.4}}),
-        MakeEffect("whiteBalance", {{"temperature", 7000}}),
-        MakeEffect("contrast", {{"amount", 20}}),
-        MakeEffect("saturation", {{"amount", 20}}),
-        MakeEffect("liftGammaGain",
-                   {{"slopeRed", 1.05}, {"offsetBlue", 0.02}, {"powerGreen", 0.95}}),
-        MakeEffect("toneRegions", {{"shadows", 30}}),
-        MakeEffect("toneCurve", {{"points", 3}, {"x1", 50}, {"y1", 60}, {"x2", 100}, {"y2", 100}}),
-        MakeEffect("vibrance", {{"amount", 20}}),
-        MakeEffect("channelMixer", {{"rr", 0.9}, {"rg", 0.1}}),
-        MakeEffect("blackAndWhite", {{"amount", 100}}),
-        MakeEffect("splitToning", {{"shadowHue", 220}, {"shadowSaturation", 30}}),
-        MakeEffect("vignette", {{"amount", -1}}),
-        MakeEffect("grain", {{"amount", 25}}),
-        MakeEffect("gaussianBlur", {{"radius", 0.05}}),
-        MakeEffect("sharpen", {{"amount", 80}}),
-        MakeEffect("clarity", {{"amount", 40}}),
-        MakeCube()};
+    const EffectList chain = MakeFiveColourEffects();
+    std::vector<EffectPtr> effects(chain.begin(), chain.end());
+    effects.insert(
+        effects.end(),
+        {MakeEffect("toneRegions", {{"shadows", 30}}),
+         MakeEffect("toneCurve", {{"points", 3}, {"x1", 50}, {"y1", 60}, {"x2", 100}, {"y2", 100}}),
+         MakeEffect("vibrance", {{"amount", 20}}),
+         MakeEffect("channelMixer", {{"rr", 0.9}, {"rg", 0.1}}),
+         MakeEffect("blackAndWhite", {{"amount", 100}}),
+         MakeEffect("splitToning", {{"shadowHue", 220}, {"shadowSaturation", 30}}),
+         MakeEffect("vignette", {{"amount", -1}}), MakeEffect("grain", {{"amount", 25}}),
+         MakeEffect("gaussianBlur", {{"radius", 0.05}}), MakeEffect("sharpen", {{"amount", 80}}),
+         MakeEffect("clarity", {{"amount", 40}}), MakeCube()});
+    return effects;
 }
 
 std::vector<BenchmarkEffects> MakeBenchmarkEffects()
 {
-    constexpr std::size_t chainLength = 5;
-    const std::vector<EffectPtr> all = MakeEffects();
-    std::vector<BenchmarkEffects> made = {{Chain, {}}};
-    for (std::size_t i = 0; i < chainLength; ++i)
-        made.front().effects.push_back(all[i]);
-    for (const EffectPtr& effect : all)
+    RegisterEffects();
+    std::vector<BenchmarkEffects> made = {{Chain, MakeFiveColourEffects()}};
+    for (const EffectPtr& effect : MakeEffects())
         made.push_back({effect->GetEffectID(), {effect}});
     return made;
 }

@@ -3,12 +3,13 @@
 
 #include "BenchmarkPictures.h"
 
+#include "common/Pictures.h"
+#include "common/Timing.h"
+
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstring>
-#include <ctime>
 #include <utility>
 
 namespace LumetraBench {
@@ -28,11 +29,8 @@ struct Seconds
 
 Seconds Now()
 {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    const auto real = std::chrono::steady_clock::now().time_since_epoch();
-    return {std::chrono::duration<double>(real).count(),
-            double(time.tv_sec) + 1e-9 * double(time.tv_nsec)};
+    return {1e-3 * GetMilliseconds(CLOCK_MONOTONIC),
+            1e-3 * GetMilliseconds(CLOCK_PROCESS_CPUTIME_ID)};
 }
 
 void AddTime(const std::function<void()>& step, Seconds& sum)

@@ -4,7 +4,9 @@
 #include "BenchmarkEffects.h"
 #include "BenchmarkPictures.h"
 #include "Measurement.h"
-#include "OcioEffects.h"
+
+#include "common/ForEachBand.h"
+#include "common/OcioEffects.h"
 
 #include <memory>
 

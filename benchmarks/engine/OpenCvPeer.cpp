@@ -5,6 +5,8 @@
 #include "BenchmarkPictures.h"
 #include "Measurement.h"
 
+#include "common/ForEachBand.h"
+#include "common/OpenCvImage.h"
 #include "engine/channelmixer/ChannelMixerParameters.h"
 #include "engine/gaussianblur/GaussianBlurParameters.h"
 #include "engine/saturation/SaturationParameters.h"
@@ -18,19 +20,6 @@ namespace {
 
 using namespace LumetraHost;
 
-cv::Mat Wrap(const Image& image, int firstRow, int rows)
-{
-    const int type = image.GetDepth() == Image::Depth::Bits16 ? CV_16UC4 : CV_8UC4;
-    // A matrix that is only read takes a writable pointer too.
-    return {rows, image.GetWidth(), type, const_cast<std::uint8_t*>(image.Row(firstRow)),
-            image.GetStride()};
-}
-
-cv::Mat Wrap(const Image& image)
-{
-    return Wrap(image, 0, image.GetHeight());
-}
-
 using Operation = std::function<void(const cv::Mat& from, cv::Mat& to, int firstRow)>;
 
 /// Bands of rows: most of its operations have no threads of their own.
@@ -40,8 +29,8 @@ Drawing DrawBands(const Task& task, const Operation& operation)
         cv::setNumThreads(1);
         const Image& photo = GetPhoto(task.depth);
         ForEachBand(photo.GetHeight(), task.threads, [&](int firstRow, int rows) {
-            cv::Mat to = Wrap(target, firstRow, rows);
-            operation(Wrap(photo, firstRow, rows), to, firstRow);
+            cv::Mat to = WrapRows(target, firstRow, rows);
+            operation(WrapRows(photo, firstRow, rows), to, firstRow);
         });
     });
 }
@@ -78,8 +67,8 @@ Drawing DrawBlend(const Task& task)
 {
     const Image& picture = GetBlendedPicture(task.depth);
     return DrawBands(task, [&picture](const cv::Mat& from, cv::Mat& to, int firstRow) {
-        cv::addWeighted(from, PhotoWeight, Wrap(picture, firstRow, from.rows), 1 - PhotoWeight, 0,
-                        to);
+        cv::addWeighted(from, PhotoWeight, WrapRows(picture, firstRow, from.rows), 1 - PhotoWeight,
+                        0, to);
     });
 }
 
@@ -108,8 +97,8 @@ Drawing DrawSharpen(const Task& task)
         cv::Mat sharpened = Wrap(target);
         Blur(photo, sharpened, sigma, task.threads);
         ForEachBand(photo.GetHeight(), task.threads, [&](int firstRow, int rows) {
-            cv::Mat band = Wrap(target, firstRow, rows);
-            cv::addWeighted(Wrap(photo, firstRow, rows), 1 + amount, band, -amount, 0, band);
+            cv::Mat band = WrapRows(target, firstRow, rows);
+            cv::addWeighted(WrapRows(photo, firstRow, rows), 1 + amount, band, -amount, 0, band);
         });
     });
 }

@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "photo/Image.h"
-
-#include <functional>
-
 namespace LumetraBench {
 
 /// Colour operations on 8 and 16 bits, bands of rows on the threads of our pool.
@@ -15,8 +11,5 @@ void RegisterOpenCv();
 void RegisterVips();
 /// Graphs in float between pictures of 8 bits.
 void RegisterGegl();
-
-/// For peers that leave threads to their caller: bands of rows of a picture of that height.
-void ForEachBand(int height, int threads, const std::function<void(int firstRow, int rows)>& run);
 
 } // namespace LumetraBench

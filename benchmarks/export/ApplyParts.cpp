@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "ApplyParts.h"
 
-#include "Zorvik/Quindle/EffectSettingsImpl.h"
+#include "common/Effects.h"
+#include "common/Timing.h"
 #include "engine/Renderer.h"
 #include "engine/bake/BakedRun.h"
 #include "photo/PhotoReader.h"
@@ -15,7 +16,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <ctime>
 #include <functional>
 #include <stdexcept>
 
@@ -24,7 +24,6 @@ namespace {
 
 using namespace LumetraHost;
 using Zorvik::Quindle::EffectList;
-using Zorvik::Quindle::EffectPtr;
 
 constexpr int Runs = 5;
 
@@ -39,25 +38,12 @@ constexpr char Catalogue[] = R"({
         { "effect": { "id": "saturation", "amount": 20 } } ] } } ] } ]
 })";
 
-EffectPtr MakeEffect(const char* id, const char* parameter, double value)
-{
-    const EffectPtr effect = Zorvik::Quindle::EffectSettingsImpl::Create(id);
-    effect->SetParameter(parameter, value);
-    return effect;
-}
-
-/// Those of the catalogue.
+/// Those of the catalogue: the five without lift-gamma-gain.
 EffectList MakeFour()
 {
-    return {MakeEffect("exposure", "stops", 0.4), MakeEffect("whiteBalance", "temperature", 7000),
-            MakeEffect("contrast", "amount", 20), MakeEffect("saturation", "amount", 20)};
-}
-
-double GetProcessorMilliseconds()
-{
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return 1e3 * double(time.tv_sec) + 1e-6 * double(time.tv_nsec);
+    EffectList effects = MakeFiveColourEffects();
+    effects.pop_back();
+    return effects;
 }
 
 /// The best of several runs: others use the machine too.
@@ -65,9 +51,9 @@ double Measure(const std::function<void()>& step)
 {
     double best = 0;
     for (int i = 0; i < Runs; ++i) {
-        const double begin = GetProcessorMilliseconds();
+        const double begin = GetMilliseconds(CLOCK_THREAD_CPUTIME_ID);
         step();
-        const double taken = GetProcessorMilliseconds() - begin;
+        const double taken = GetMilliseconds(CLOCK_THREAD_CPUTIME_ID) - begin;
         best = i == 0 ? taken : std::min(best, taken);
     }
     return best;

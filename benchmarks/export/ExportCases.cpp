@@ -5,7 +5,7 @@
 #include "PipelinedCodec.h"
 #include "Thumbnails.h"
 
-#include "Zorvik/Quindle/EffectSettingsImpl.h"
+#include "common/Effects.h"
 #include "engine/EffectKinds.h"
 #include "engine/ThreadPool.h"
 #include "exporting/PhotoExport.h"
@@ -25,26 +25,11 @@ using Zorvik::Quindle::EffectsSettings;
 
 constexpr int Thumbnails = 60;
 
-EffectPtr MakeEffect(const char* id, const std::map<std::string, double>& parameters)
-{
-    const EffectPtr effect = Zorvik::Quindle::EffectSettingsImpl::Create(id);
-    for (const auto& [name, value] : parameters)
-        effect->SetParameter(name, value);
-    return effect;
-}
-
 /// The chain that PeerCommands repeats.
 EffectsSettings MakeColours(double stops)
 {
     EffectsSettings settings(1);
-    settings.Effects() = {
-        MakeEffect("exposure", {{"stops", stops}}),
-        MakeEffect("whiteBalance", {{"temperature", 7000}}),
-        MakeEffect("contrast", {{"amount", 20}}),
-        MakeEffect("saturation", {{"amount", 20}}),
-        MakeEffect("liftGammaGain",
-                   {{"slopeRed", 1.05}, {"offsetBlue", 0.02}, {"powerGreen", 0.95}}),
-    };
+    settings.Effects() = MakeFiveColourEffects(stops);
     return settings;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "ExportReport.h"
 
+#include "common/Timing.h"
 #include "engine/Isa.h"
 
 #include <QFile>
@@ -11,20 +12,18 @@
 #include <algorithm>
 #include <cstdio>
 #include <thread>
+#include <utility>
 
 namespace LumetraBench {
 namespace {
 
 template <class Get>
-double GetMedian(const std::vector<ChildResult>& runs, const Get& get)
+double GetMedianOf(const std::vector<ChildResult>& runs, const Get& get)
 {
     std::vector<double> values;
     for (const ChildResult& run : runs)
         values.push_back(get(run));
-    if (values.empty())
-        return 0;
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
+    return GetMedian(std::move(values));
 }
 
 QString ToText(const std::string& text)
@@ -68,17 +67,17 @@ QJsonObject Describe(const Measured& line, std::optional<double> ratio)
 
 double Measured::GetMedianMilliseconds() const
 {
-    return GetMedian(runs, [](const ChildResult& run) { return run.milliseconds; });
+    return GetMedianOf(runs, [](const ChildResult& run) { return run.milliseconds; });
 }
 
 double Measured::GetMedianProcessor() const
 {
-    return GetMedian(runs, [](const ChildResult& run) { return run.processorMilliseconds; });
+    return GetMedianOf(runs, [](const ChildResult& run) { return run.processorMilliseconds; });
 }
 
 double Measured::GetPeak() const
 {
-    return GetMedian(runs, [](const ChildResult& run) { return run.peakMegabytes; });
+    return GetMedianOf(runs, [](const ChildResult& run) { return run.peakMegabytes; });
 }
 
 bool Measured::IsDone() const

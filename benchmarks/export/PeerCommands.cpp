@@ -2,6 +2,7 @@
 #include "PeerCommands.h"
 
 #include "engine/ColourMatrix.h"
+#include "engine/saturation/SaturationParameters.h"
 #include "engine/srgb/Srgb.h"
 #include "engine/whitebalance/WhiteBalanceParameters.h"
 
@@ -40,18 +41,14 @@ ColourMatrix MakeWhiteBalance()
 
 ColourMatrix MakeSaturation()
 {
-    constexpr double s = 1.2;
-    constexpr double luma[] = {LumetraHost::LumaRed, LumetraHost::LumaGreen, LumetraHost::LumaBlue};
-    ColourMatrix matrix;
-    for (std::size_t row = 0; row < 3; ++row)
-        for (std::size_t column = 0; column < 3; ++column)
-            matrix.rows[row][column] = (1 - s) * luma[column] + (row == column ? s : 0);
-    return matrix;
+    LumetraHost::SaturationParameters parameters;
+    parameters.amount = 20;
+    return parameters.GetMatrix();
 }
 
 const double Gain = std::exp2(0.4);
 const double Exponent = std::exp2(0.2);
-const double ContrastFactor = std::pow(0.18, 1 - Exponent);
+const double ContrastFactor = std::pow(LumetraHost::MiddleGrey, 1 - Exponent);
 
 std::vector<std::string> ToWords(const QString& line)
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "SamplePhotos.h"
 
+#include "common/Pictures.h"
 #include "photo/PhotoReader.h"
 #include "photo/PhotoWriter.h"
 #include "storage/CheckedFileWriter.h"
@@ -79,14 +80,7 @@ double MeasurePsnr(const QString& first, const QString& second)
         if (a.GetWidth() != b.GetWidth() || a.GetHeight() != b.GetHeight() ||
             a.GetDepth() != b.GetDepth() || a.GetDepth() != Image::Depth::Bits8)
             return 0;
-        double squares = 0;
-        for (int y = 0; y < a.GetHeight(); ++y)
-            for (int i = 0; i < 4 * a.GetWidth(); ++i) {
-                const double difference = double(a.Row(y)[i]) - double(b.Row(y)[i]);
-                squares += i % 4 == 3 ? 0 : difference * difference;
-            }
-        const double mean = squares / (3.0 * a.GetWidth() * a.GetHeight());
-        return mean == 0 ? 200 : 10 * std::log10(255.0 * 255.0 / mean);
+        return GetPsnr(a, b);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return 0;

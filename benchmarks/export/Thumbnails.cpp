@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "Thumbnails.h"
 
-#include "OcioEffects.h"
-
+#include "common/OcioEffects.h"
 #include "engine/Renderer.h"
 #include "engine/Resize.h"
 #include "photo/PhotoReader.h"

@@ -1,21 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "InterleavedRuns.h"
 
-#include <algorithm>
+#include "common/Timing.h"
+
 #include <stdexcept>
 #include <utility>
 
-#include <time.h>
-
 namespace LumetraBench {
 namespace {
-
-double GetMilliseconds(clockid_t clock)
-{
-    timespec time{};
-    clock_gettime(clock, &time);
-    return 1e3 * double(time.tv_sec) + 1e-6 * double(time.tv_nsec);
-}
 
 void MeasureOnce(InterleavedRuns::Run& run, bool isCounted)
 {
@@ -28,13 +20,6 @@ void MeasureOnce(InterleavedRuns::Run& run, bool isCounted)
         return;
     run.milliseconds[InterleavedRuns::RealTime].push_back(end - begin);
     run.milliseconds[InterleavedRuns::ProcessorTime].push_back(processorEnd - processorBegin);
-}
-
-double TakeMedian(std::vector<double> values)
-{
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
 }
 
 } // namespace
@@ -57,7 +42,7 @@ void InterleavedRuns::Measure(int rounds)
 
 double InterleavedRuns::GetMedian(const std::string& name, Clock clock) const
 {
-    return TakeMedian(Find(name).milliseconds[clock]);
+    return LumetraBench::GetMedian(Find(name).milliseconds[clock]);
 }
 
 double InterleavedRuns::GetRatio(const std::string& name, const std::string& reference,
@@ -68,7 +53,7 @@ double InterleavedRuns::GetRatio(const std::string& name, const std::string& ref
     std::vector<double> ratios;
     for (std::size_t i = 0; i < times.size(); ++i)
         ratios.push_back(times[i] / references[i]);
-    return TakeMedian(ratios);
+    return LumetraBench::GetMedian(ratios);
 }
 
 const InterleavedRuns::Run& InterleavedRuns::Find(const std::string& name) const

@@ -3,11 +3,14 @@
 // the frame once, and beside programs that do a similar job. All in one process, round by round.
 //
 //   bench_ticks [--rounds=N] [--json=FILE] [--megapixels=N]...
+#include "GradingChain.h"
 #include "InterleavedRuns.h"
 #include "Peers.h"
-#include "TickPictures.h"
 
 #include "EffectPresets/EffectPresetModel.h"
+#include "common/ForEachBand.h"
+#include "common/OcioEffects.h"
+#include "common/Pictures.h"
 #include "core/PresetSession.h"
 #include "drawer/LayerRenderer.h"
 #include "drawer/LiveView.h"
@@ -125,8 +128,9 @@ class Scene
 {
 public:
     Scene(int width, int height)
-        : m_photo(MakePhoto(width, height)), m_target(m_photo.Clone()), m_editor(m_photo),
-          m_ocio(m_chain)
+        : m_photo(MakePhoto(width, height, Image::Depth::Bits8)), m_target(m_photo.Clone()),
+          m_editor(m_photo),
+          m_ocio(m_chain.MakeEffects(), Image::Depth::Bits8, OcioEffects::Contrast::Adjustable)
     {
         m_effect = m_renderer.Render(m_photo, m_chain.MakeEffects(), FullEffect);
         m_blendLayers.SetSource(m_photo);
@@ -148,7 +152,7 @@ public:
     double GetOcioPsnr()
     {
         m_ocio.SetContrast(m_chain.contrast);
-        m_ocio.Run(m_photo, m_target);
+        DrawWithOcio();
         return GetPsnr(m_target, m_effect);
     }
 
@@ -204,7 +208,14 @@ private:
         m_runs.Add("slider tick, OpenColorIO", [this] {
             m_flip = !m_flip;
             m_ocio.SetContrast(m_chain.contrast + (m_flip ? 1 : 0));
-            m_ocio.Run(m_photo, m_target);
+            DrawWithOcio();
+        });
+    }
+
+    void DrawWithOcio()
+    {
+        ForEachBand(m_photo.GetHeight(), 2, [this](int firstRow, int rows) {
+            m_ocio.Draw(m_photo, m_target, firstRow, rows);
         });
     }
 
@@ -229,7 +240,7 @@ private:
             m_frame = m_renderer.Render(m_photo, effects, FullEffect, {}, std::move(m_frame));
         });
         AddTables();
-        m_runs.Add("chain, OpenColorIO", [this] { m_ocio.Run(m_photo, m_target); });
+        m_runs.Add("chain, OpenColorIO", [this] { DrawWithOcio(); });
         const Zorvik::Quindle::EffectList saturation = {effects[3]};
         RenderOptions one;
         one.threads = 1;
@@ -288,7 +299,7 @@ private:
     LayerRenderer m_sliderLayers{m_renderer, LayerUse::Interaction};
     Zorvik::Quindle::EffectList m_chainEffects;
     Editor m_editor;
-    OcioChain m_ocio;
+    OcioEffects m_ocio;
     std::shared_ptr<const BakedRun> m_baked;
     double m_bakedStrength = 1;
     int m_amount = Amount;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "Peers.h"
+#include "common/ForEachBand.h"
 
 #include "engine/ThreadPool.h"
 

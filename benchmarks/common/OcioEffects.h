@@ -16,10 +16,22 @@ namespace LumetraBench {
 class OcioEffects
 {
 public:
+    /// Whether SetContrast() can change the contrast effect, of which there is one then.
+    enum class Contrast
+    {
+        Fixed,
+        Adjustable
+    };
+
     /// std::invalid_argument for an effect that it does not have.
-    OcioEffects(const Zorvik::Quindle::EffectList& effects, LumetraHost::Image::Depth depth);
+    OcioEffects(const Zorvik::Quindle::EffectList& effects, LumetraHost::Image::Depth depth,
+                Contrast contrast = Contrast::Fixed);
     /// Encoded values, each channel by `transform`.
     OcioEffects(const OCIO_NAMESPACE::TransformRcPtr& transform, LumetraHost::Image::Depth depth);
+
+    /// The contrast effect's amount from the next drawing on. An exception of OpenColorIO when the
+    /// contrast is fixed or there is none.
+    void SetContrast(double amount);
 
     /// Rows of two pictures of the same size.
     void Draw(const LumetraHost::Image& source, LumetraHost::Image& target, int firstRow,
@@ -28,6 +40,9 @@ public:
     void Draw(const LumetraHost::Image& source, LumetraHost::Image& target) const;
 
 private:
+    OcioEffects(const OCIO_NAMESPACE::ConstConfigRcPtr& config,
+                const OCIO_NAMESPACE::TransformRcPtr& transform, LumetraHost::Image::Depth depth);
+
     OCIO_NAMESPACE::BitDepth m_depth;
     OCIO_NAMESPACE::ConstCPUProcessorRcPtr m_processor;
 };

@@ -1,17 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "photo/Image.h"
-
 #include "Zorvik/Quindle/EffectsSettings.h"
 
 namespace LumetraBench {
 
-/// Something like a photo: soft gradients with fine grain, opaque, 8 bits.
-LumetraHost::Image MakePhoto(int width, int height);
-
-/// Five effects of colour: exposure, white balance, contrast, saturation,
-/// lift-gamma-gain.
+/// Five effects of colour: exposure, white balance, contrast, saturation, lift-gamma-gain.
 struct GradingChain
 {
     double stops = 0.4;
@@ -27,8 +21,5 @@ struct GradingChain
     /// The same chain with less of every effect, 0 to 1.
     GradingChain GetWeaker(double strength) const;
 };
-
-/// The peak signal-to-noise ratio of two 8-bit pictures of one size, colours only, in decibels.
-double GetPsnr(const LumetraHost::Image& first, const LumetraHost::Image& second);
 
 } // namespace LumetraBench

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "OcioEffects.h"
+#include "common/OcioEffects.h"
 
 #include "engine/blackandwhite/BlackAndWhiteParameters.h"
 #include "engine/channelmixer/ChannelMixerParameters.h"
@@ -51,13 +51,21 @@ Ocio::TransformRcPtr MakeMatrix(const ColourMatrix& colours)
     return matrix;
 }
 
-Ocio::TransformRcPtr MakeExposureContrast(double stops, double exponent)
+Ocio::ExposureContrastTransformRcPtr MakeExposureContrast(double stops, double exponent)
 {
     const auto transform = Ocio::ExposureContrastTransform::Create();
     transform->setStyle(Ocio::EXPOSURE_CONTRAST_LINEAR);
     transform->setPivot(MiddleGrey);
     transform->setExposure(stops);
     transform->setContrast(exponent);
+    return transform;
+}
+
+Ocio::TransformRcPtr MakeContrast(const IEffectSettings& effect, OcioEffects::Contrast contrast)
+{
+    const auto transform = MakeExposureContrast(0, ContrastParameters::Read(effect).GetExponent());
+    if (contrast == OcioEffects::Contrast::Adjustable)
+        transform->makeContrastDynamic();
     return transform;
 }
 
@@ -99,13 +107,13 @@ Ocio::TransformRcPtr MakeCube(const IEffectSettings& effect)
     return transform;
 }
 
-Step MakeStep(const IEffectSettings& effect)
+Step MakeStep(const IEffectSettings& effect, OcioEffects::Contrast contrast)
 {
     const std::string& id = effect.GetEffectID();
     if (id == ExposureParameters::EffectId)
         return {MakeExposureContrast(ExposureParameters::Read(effect).stops, 1)};
     if (id == ContrastParameters::EffectId)
-        return {MakeExposureContrast(0, ContrastParameters::Read(effect).GetExponent())};
+        return {MakeContrast(effect, contrast)};
     if (id == WhiteBalanceParameters::EffectId)
         return {MakeMatrix(WhiteBalanceParameters::Read(effect).GetMatrix())};
     if (id == ChannelMixerParameters::EffectId)
@@ -121,15 +129,17 @@ Step MakeStep(const IEffectSettings& effect)
     throw std::invalid_argument("expected an effect that OpenColorIO has, found " + id);
 }
 
-/// One for all, as a program keeps it.
-const Ocio::ConstConfigRcPtr& GetConfig()
+/// One for all, as a program keeps it. A configuration keeps its processors, and with them what was
+/// set: what can be adjusted has one of its own.
+Ocio::ConstConfigRcPtr GetConfig(OcioEffects::Contrast contrast)
 {
-    static const Ocio::ConstConfigRcPtr config = Ocio::Config::CreateRaw();
-    return config;
+    static const Ocio::ConstConfigRcPtr shared = Ocio::Config::CreateRaw();
+    return contrast == OcioEffects::Contrast::Fixed ? shared : Ocio::Config::CreateRaw();
 }
 
 /// From encoded to encoded; neighbours in linear light are converted once.
-Ocio::GroupTransformRcPtr MakeGroup(const Zorvik::Quindle::EffectList& effects)
+Ocio::GroupTransformRcPtr MakeGroup(const Zorvik::Quindle::EffectList& effects,
+                                    OcioEffects::Contrast contrast)
 {
     const auto group = Ocio::GroupTransform::Create();
     bool isLinear = false;
@@ -140,7 +150,7 @@ Ocio::GroupTransformRcPtr MakeGroup(const Zorvik::Quindle::EffectList& effects)
         isLinear = toLinear;
     };
     for (const auto& effect : effects) {
-        const Step step = MakeStep(*effect);
+        const Step step = MakeStep(*effect, contrast);
         convert(step.isLinear);
         group->appendTransform(step.transform);
     }
@@ -150,16 +160,31 @@ Ocio::GroupTransformRcPtr MakeGroup(const Zorvik::Quindle::EffectList& effects)
 
 } // namespace
 
-OcioEffects::OcioEffects(const Zorvik::Quindle::EffectList& effects, Image::Depth depth)
-    : OcioEffects(MakeGroup(effects), depth)
+OcioEffects::OcioEffects(const Zorvik::Quindle::EffectList& effects, Image::Depth depth,
+                         Contrast contrast)
+    : OcioEffects(GetConfig(contrast), MakeGroup(effects, contrast), depth)
 {
 }
 
 OcioEffects::OcioEffects(const Ocio::TransformRcPtr& transform, Image::Depth depth)
+    : OcioEffects(GetConfig(Contrast::Fixed), transform, depth)
+{
+}
+
+OcioEffects::OcioEffects(const Ocio::ConstConfigRcPtr& config,
+                         const Ocio::TransformRcPtr& transform, Image::Depth depth)
     : m_depth(depth == Image::Depth::Bits16 ? Ocio::BIT_DEPTH_UINT16 : Ocio::BIT_DEPTH_UINT8),
-      m_processor(GetConfig()->getProcessor(transform)->getOptimizedCPUProcessor(
+      m_processor(config->getProcessor(transform)->getOptimizedCPUProcessor(
           m_depth, m_depth, Ocio::OPTIMIZATION_DEFAULT))
 {
+}
+
+void OcioEffects::SetContrast(double amount)
+{
+    ContrastParameters parameters;
+    parameters.amount = amount;
+    auto property = m_processor->getDynamicProperty(Ocio::DYNAMIC_PROPERTY_CONTRAST);
+    Ocio::DynamicPropertyValue::AsDouble(property)->setValue(parameters.GetExponent());
 }
 
 void OcioEffects::Draw(const Image& source, Image& target, int firstRow, int rows) const
