@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photo/RowEncoder.h"
 
-
 namespace LumetraHost {
 
 PictureForm DescribeForm(const Image& image)
