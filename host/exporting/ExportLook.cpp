@@ -14,8 +14,8 @@ using Zorvik::Quindle::EffectList;
 using Zorvik::Quindle::EffectPtr;
 using Zorvik::Quindle::EffectsSettings;
 
-/// A single stage is about as quick as a table, and exact.
-constexpr std::size_t FewestStages = 2;
+/// Fewer are quicker than a table, as a rule, and exact.
+constexpr std::size_t FewestStages = 4;
 
 bool IsOfColourOnly(const EffectPtr& effect)
 {
@@ -25,7 +25,8 @@ bool IsOfColourOnly(const EffectPtr& effect)
 
 bool IsLong(const EffectList& colours)
 {
-    const RenderPlan plan(colours, {GetDefaultIsa(), PictureArea::Whole(1, 1)});
+    const RenderPlan plan(colours,
+                          {GetDefaultIsa(), PictureArea::Whole(1, 1), Image::Depth::Bits8});
     return plan.MakeChains().front().GetStages().size() >= FewestStages;
 }
 

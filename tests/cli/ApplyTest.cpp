@@ -149,8 +149,10 @@ TEST_F(ApplyTest, drawsLargePhotosQuicklyOrExactly)
     WriteFile("long.json", R"({ "format": "lumetra-catalogue", "version": 1,
         "groups": [ { "name": "Long", "items": [ { "name": "Long", "id": "test.long",
             "intensity": { "type": 0 }, "settings": { "effects": [
+                { "effect": { "id": "whiteBalance", "temperature": 7000 } },
                 { "effect": { "id": "contrast", "amount": 30 } },
-                { "effect": { "id": "saturation", "amount": 30 } } ] } } ] } ] })");
+                { "effect": { "id": "saturation", "amount": 30 } },
+                { "effect": { "id": "contrast", "amount": -10 } } ] } } ] } ] })");
     const auto photo = WritePhoto("a.png", 1250, 900);
     const QStringList options = Words("a.png -p test.long --catalogue long.json");
 

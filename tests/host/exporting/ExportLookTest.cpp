@@ -24,8 +24,10 @@ constexpr int Side = 1000; ///< of the smallest picture that gets tables
 
 EffectList MakeColours()
 {
-    return {MakeEffect("exposure", {{"stops", 0.4}}), MakeEffect("contrast", {{"amount", 20}}),
-            MakeEffect("saturation", {{"amount", 30}})};
+    return {MakeEffect("exposure", {{"stops", 0.4}}),
+            MakeEffect("whiteBalance", {{"temperature", 7000}}),
+            MakeEffect("contrast", {{"amount", 20}}), MakeEffect("saturation", {{"amount", 30}}),
+            MakeEffect("liftGammaGain", {{"slopeRed", 1.05}, {"powerGreen", 0.95}})};
 }
 
 std::vector<ExportLook::Layer> GetLayers(const ExportLook& look, int side = Side,
@@ -84,8 +86,16 @@ TEST(ExportLook, leavesWhatFollowsTheColoursAsEffects)
     EXPECT_EQ(layers.front().effects.back()->GetEffectID(), "exposure");
 }
 
-TEST(ExportLook, makesNoTableOfASingleStage)
+// Neighbours that are drawn as one count as one.
+TEST(ExportLook, makesNoTableOfFewStages)
 {
+    EffectList shorter = MakeColours();
+    shorter.pop_back();
+    EXPECT_FALSE(HasTable(shorter));
+    EXPECT_FALSE(HasTable(
+        {MakeEffect("contrast", {{"amount", 10}}), MakeEffect("contrast", {{"amount", 20}}),
+         MakeEffect("contrast", {{"amount", 30}}), MakeEffect("contrast", {{"amount", 40}}),
+         MakeEffect("liftGammaGain", {{"powerGreen", 0.95}})}));
     EXPECT_FALSE(HasTable({MakeEffect("exposure", {{"stops", 1}})}));
     EXPECT_FALSE(HasTable({MakeEffect("exposure", {{"stops", 1}}),
                            MakeEffect("whiteBalance", {{"temperature", 7000}})}));

@@ -83,9 +83,10 @@ Packages MakeLayers()
 /// A run of colours that a table may stand for.
 Packages MakeColourRun()
 {
-    return {MakeSettings({MakeEffect("exposure", {{"stops", 0.3}}),
+    return {MakeSettings({MakeEffect("whiteBalance", {{"temperature", 7000}}),
                           MakeEffect("contrast", {{"amount", 20}}),
-                          MakeEffect("saturation", {{"amount", 25}})},
+                          MakeEffect("saturation", {{"amount", 25}}),
+                          MakeEffect("contrast", {{"amount", -10}})},
                          40)};
 }
 
@@ -159,6 +160,9 @@ TEST_P(StreamedExports, doSoWithTables)
 {
     const Bytes jpeg = MakeJpeg(1300, 801);
     for (const Packages& packages : {MakeColourRun(), MakeMixedRun()}) {
+        const auto layers =
+            ExportLook(packages).GetLayers(1300, 801, true, ThreadPool::GetShared(), nullptr);
+        ASSERT_TRUE(layers.front().table);
         const Bytes whole = Convert(jpeg, packages, false, 1, PhotoFormat::Png).file;
         EXPECT_EQ(Convert(jpeg, packages, true, GetParam(), PhotoFormat::Png).file, whole);
     }
