@@ -4,35 +4,28 @@
 #include "OutputTemplate.h"
 #include "UsageError.h"
 
+#include "storage/FileIdentity.h"
+
 #include <QFileInfo>
-#include <QMap>
-#include <QSet>
+
+#include <map>
+#include <set>
 
 namespace LumetraCli {
 namespace {
 
-/// One name for one file, also for a file that is yet to be written in an existing folder.
-QString Identity(const QString& path)
-{
-    const QFileInfo info(path);
-    const QString canonical = info.canonicalFilePath();
-    if (!canonical.isEmpty())
-        return canonical;
-    const QString folder = QFileInfo(info.absolutePath()).canonicalFilePath();
-    return folder.isEmpty() ? info.absoluteFilePath() : folder + QLatin1Char('/') + info.fileName();
-}
+using LumetraHost::FileIdentity;
 
 void RefuseSharedOutputs(const std::vector<PhotoJob>& jobs)
 {
-    QMap<QString, QString> photoOfOutput;
+    std::map<FileIdentity, QString> photoOfOutput;
     for (const PhotoJob& job : jobs) {
-        const QString output = Identity(job.output);
-        if (photoOfOutput.contains(output))
+        const auto [first, isNew] = photoOfOutput.emplace(FileIdentity::Of(job.output), job.photo);
+        if (!isNew)
             throw UsageError(
                 QStringLiteral("--output: expected an output of its own for each photo, found "
                                "\"%1\" for \"%2\" and \"%3\"")
-                    .arg(job.output, photoOfOutput.value(output), job.photo));
-        photoOfOutput.insert(output, job.photo);
+                    .arg(job.output, first->second, job.photo));
     }
 }
 
@@ -42,14 +35,14 @@ void Fail(PhotoJob& job, const QString& message)
     job.message = message;
 }
 
-void Decide(PhotoJob& job, const QSet<QString>& inputs, ExistingOutput existing)
+void Decide(PhotoJob& job, const std::set<FileIdentity>& inputs, ExistingOutput existing)
 {
     const QFileInfo photo(job.photo);
     if (!photo.exists())
         return Fail(job, QStringLiteral("%1: expected a photo, found no such file").arg(job.photo));
     if (photo.isDir())
         return Fail(job, QStringLiteral("%1: expected a photo, found a folder").arg(job.photo));
-    if (inputs.contains(Identity(job.output)))
+    if (inputs.count(FileIdentity::Of(job.output)) != 0)
         return Fail(
             job, QStringLiteral("%1: is one of the photos and is not overwritten").arg(job.output));
     if (!QFileInfo::exists(job.output))
@@ -70,13 +63,13 @@ std::vector<PhotoJob> OutputPlan::Make(const QStringList& photos, const OutputTe
                                        const QString& presetName, ExistingOutput existing)
 {
     std::vector<PhotoJob> jobs;
-    QSet<QString> inputs;
+    std::set<FileIdentity> inputs;
     for (const QString& photo : photos) {
         PhotoJob job;
         job.photo = photo;
         job.output = outputs.Expand(photo, presetName);
         jobs.push_back(job);
-        inputs.insert(Identity(photo));
+        inputs.insert(FileIdentity::Of(photo));
     }
     RefuseSharedOutputs(jobs);
     for (PhotoJob& job : jobs)

@@ -13,10 +13,10 @@
 #include "core/PresetSession.h"
 #include "photo/PhotoReader.h"
 #include "storage/CheckedFileWriter.h"
+#include "storage/FileIdentity.h"
 #include "workspace/WorkspaceController.h"
 
 #include <QBuffer>
-#include <QFileInfo>
 #include <QFontDatabase>
 
 #include <algorithm>
@@ -50,8 +50,7 @@ QString ReadPhotoName(const QCommandLineParser& parser)
 QString ReadOutput(const QCommandLineParser& parser, const QString& photo)
 {
     const QString output = OutputFile::GetName(parser);
-    const QString existing = QFileInfo(output).canonicalFilePath();
-    if (!existing.isEmpty() && existing == QFileInfo(photo).canonicalFilePath())
+    if (LumetraHost::FileIdentity::Of(output) == LumetraHost::FileIdentity::Of(photo))
         throw UsageError(QStringLiteral("--output: \"%1\" is the photo itself").arg(output));
     return OutputFile::Read(parser, QStringLiteral("png"), QStringLiteral("PNG"));
 }

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include <unistd.h>
+
 using LumetraHost::HaveSamePixels;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -251,6 +253,19 @@ TEST_F(ApplyTest, neverOverwritesAPhotoEvenThroughALink)
     EXPECT_EQ(other.code, 0);
     EXPECT_THAT(another.messages, HasSubstr(refusal));
     EXPECT_EQ(ReadFile("a.png"), before);
+}
+
+TEST_F(ApplyTest, neverOverwritesAPhotoUnderASecondName)
+{
+    WritePhoto("a.png");
+    ASSERT_EQ(::link(qPrintable(Path("a.png")), qPrintable(Path("hard.png"))), 0);
+    const QByteArray before = ReadFile("a.png");
+
+    const auto result = Apply(Words("a.png -p test.bright -o hard.png --overwrite"));
+
+    EXPECT_EQ(result.code, 1);
+    EXPECT_THAT(result.messages, HasSubstr(": is one of the photos and is not overwritten"));
+    EXPECT_EQ(ReadFile("hard.png"), before);
 }
 
 TEST_F(ApplyTest, refusesTwoPhotosForOneOutput)

@@ -4,6 +4,8 @@
 #include <QImage>
 #include <QSet>
 
+#include <unistd.h>
+
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -63,6 +65,17 @@ TEST_F(CliTest, refusesASheetThatCannotBe)
         EXPECT_THAT(result.messages, HasSubstr(message)) << line;
     }
     EXPECT_EQ(ReadFile("there.png"), "precious");
+}
+
+TEST_F(CliTest, refusesASheetOverThePhotoUnderASecondName)
+{
+    WritePhoto("a.png");
+    ASSERT_EQ(::link(qPrintable(Path("a.png")), qPrintable(Path("hard.png"))), 0);
+
+    const CliResult result = Run(Words("sheet a.png -o hard.png --overwrite"));
+
+    EXPECT_EQ(result.code, 2);
+    EXPECT_THAT(result.messages, HasSubstr("--output: \"hard.png\" is the photo itself"));
 }
 
 TEST_F(CliTest, refusesASheetOfAPhotoThatCannotBeRead)
