@@ -104,3 +104,24 @@ TEST_F(IntensityTest, growsWithoutTurningBack)
         }
     }
 }
+
+/// What was drawn without blending, such as edits from when some of these looks had a slider of
+/// their own, comes back as the whole look.
+TEST_F(IntensityTest, editsWithTheWholeLookComeBackAtTheHighest)
+{
+    const Image photo = LumetraTests::MakePhotoLikePicture(Image::Depth::Bits8);
+    auto& model = session.GetModel();
+    for (const QModelIndex& preset : PresetsWithIntensity()) {
+        const int highest = preset.data(Model::IntensityMaxRole).toInt();
+        const Image whole = DrawAt(preset, highest, photo);
+        const auto drawn = session.GetWorkspace().GetDrawer().GetOpenPackages();
+        ASSERT_EQ(drawn.size(), 1u) << NameOf(preset);
+
+        session.OpenPhoto(photo);
+        model.ActivatePreset(preset.data(Model::PresetIdRole).toString().toStdString(), drawn[0]);
+        EXPECT_EQ(preset.data(Model::IntensityRole).toInt(), highest) << NameOf(preset);
+        model.setData(preset, QVariant::fromValue(TuneSettingType::Apply), Model::TuneRole);
+        EXPECT_EQ(CountOtherRows(session.GetWorkspace().GetDrawer().Result(), whole), 0)
+            << NameOf(preset);
+    }
+}
