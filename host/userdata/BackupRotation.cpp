@@ -50,9 +50,9 @@ void BackupRotation::Add(const QByteArray& content) const
     CheckedFileWriter::Write(FileName(1), content);
 }
 
-QString BackupRotation::SetAside() const
+QString BackupRotation::SetAside(const QString& word) const
 {
-    const QString dated = m_path + QStringLiteral(".unreadable-") +
+    const QString dated = m_path + QLatin1Char('.') + word + QLatin1Char('-') +
                           QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
     QString name = dated;
     for (int attempt = 2; QFile::exists(name); ++attempt)

@@ -21,9 +21,9 @@ public:
     /// most the oldest copy is gone.
     void Add(const QByteArray& content) const;
 
-    /// Copies the file itself to "NAME.unreadable-DATE", under a name not yet taken, and returns
-    /// that name. Exception when the copy fails.
-    QString SetAside() const;
+    /// Copies the file itself to "NAME.WORD-DATE", under a name not yet taken, and returns that
+    /// name. `word` says why it is kept. Exception when the copy fails.
+    QString SetAside(const QString& word = QStringLiteral("unreadable")) const;
 
 private:
     QString FileName(int number) const;

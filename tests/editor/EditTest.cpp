@@ -244,6 +244,8 @@ TEST_F(EditTest, reportsAPanelsPartThatMakesNoSense)
 TEST_F(EditTest, saysOnceThatTheEditCannotBeKept)
 {
     ASSERT_TRUE(QDir().mkpath(Path("lake.png.lumetra.json"))); // a folder in its place
+    ASSERT_TRUE(QDir().mkpath(Path("data/lumetra")));
+    WriteFile("data/lumetra/edits", "a file in the folder's place");
     Slider()->setValue(10);
     editor->SaveEdit();
     WaitUntil([this] { return !GetMessage().isEmpty(); });

@@ -5,10 +5,12 @@
 
 #include "canvas/PhotoCanvas.h"
 #include "window/EditorActions.h"
+#include "window/Questions.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -22,6 +24,7 @@ namespace {
 
 const QString Look = QStringLiteral("Candlelight");
 const QString OtherLook = QStringLiteral("Fresh");
+const QString Sample = QStringLiteral("lake.jpg");
 const QString OwnLook = QStringLiteral("My Evening");
 
 // Without a photo
@@ -212,6 +215,40 @@ QImage PlayLeave(EditorOnStage& stage)
     return stage.GrabWithPopups([&stage] { stage.GetWindow().close(); });
 }
 
+/// The photo itself was chosen as the output.
+QImage PlayRefused(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(Look);
+    return WithDialog(stage, *stage.GetWindow().GetActions().exportPhoto, [] {
+        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        auto* const path = dialog->findChild<QLineEdit*>(QStringLiteral("exportPath"));
+        path->setText(path->text().replace(QFileInfo(path->text()).fileName(), Sample));
+        dialog->accept();
+    });
+}
+
+QImage PlayReplaced(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(Look);
+    return stage.GrabWithPopups(
+        [&stage] { LumetraEditor::AskToStartAnew(Sample, &stage.GetWindow()); });
+}
+
+QImage PlayLost(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(Look);
+    return stage.GrabWithPopups([&stage] {
+        LumetraEditor::AskToLoseEdit(
+            Sample,
+            QStringLiteral("/media/card/lake.jpg.lumetra.json: cannot be written: No "
+                           "space left on device (error 28)"),
+            &stage.GetWindow());
+    });
+}
+
 QImage PlayShortcuts(EditorOnStage& stage)
 {
     stage.OpenSample();
@@ -251,6 +288,9 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("taken"), PlayTaken},
         {QStringLiteral("delete"), PlayDelete},
         {QStringLiteral("leave"), PlayLeave, "dark-en@1x"},
+        {QStringLiteral("refused"), PlayRefused},
+        {QStringLiteral("replaced"), PlayReplaced},
+        {QStringLiteral("lost"), PlayLost},
         {QStringLiteral("shortcuts"), PlayShortcuts, "light-de@1x"},
         {QStringLiteral("about"), PlayAbout, "dark-en@1x"}};
     return scenes;

@@ -14,11 +14,13 @@ struct PhotoLoader::Job
     QString path;
     int number = 0;
     LumetraHost::Photo photo;
+    PhotoIdentity identity;
     QString error;
 
     void Read()
     {
         try {
+            identity = PhotoIdentity::Of(path);
             photo = LumetraHost::PhotoReader::Read(path);
         } catch (const std::bad_alloc&) {
             error = PhotoLoader::tr("%1: there is not enough memory for this photo").arg(path);
@@ -45,7 +47,7 @@ void PhotoLoader::Deliver(const Job& job)
         return;
     m_isLoading = false;
     if (job.error.isEmpty())
-        emit loaded(job.path, job.photo);
+        emit loaded(job.path, job.photo, job.identity);
     else
         emit failed(job.path, job.error);
 }

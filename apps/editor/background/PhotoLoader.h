@@ -2,6 +2,7 @@
 #pragma once
 
 #include "background/BackgroundThread.h"
+#include "edit/PhotoIdentity.h"
 
 #include "photo/Photo.h"
 
@@ -24,7 +25,9 @@ public:
     bool IsLoading() const { return m_isLoading; }
 
 signals:
-    void loaded(const QString& path, const LumetraHost::Photo& photo);
+    /// `identity` is that of the file before it was read.
+    void loaded(const QString& path, const LumetraHost::Photo& photo,
+                const LumetraEditor::PhotoIdentity& identity);
     /// `message` names the file and what was expected.
     void failed(const QString& path, const QString& message);
 

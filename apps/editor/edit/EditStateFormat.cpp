@@ -134,7 +134,7 @@ void CheckHeader(const ISerializer& root)
 
 } // namespace
 
-QByteArray EditStateFormat::ToText(const EditState& state)
+JsonDocument EditStateFormat::ToDocument(const EditState& state)
 {
     const JsonDocument document("sidecar");
     const auto root = document.GetRoot();
@@ -143,7 +143,12 @@ QByteArray EditStateFormat::ToText(const EditState& state)
     WritePackages(state.committed, *root);
     WriteRecords(state.records, *document.GetObject());
     WritePanels(state.panels, *document.GetObject());
-    return document.ToText();
+    return document;
+}
+
+QByteArray EditStateFormat::ToText(const EditState& state)
+{
+    return ToDocument(state).ToText();
 }
 
 EditState EditStateFormat::FromDocument(const JsonDocument& document)

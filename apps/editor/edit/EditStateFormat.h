@@ -20,9 +20,10 @@ public:
     static constexpr char FORMAT[] = "lumetra-sidecar";
     static constexpr int VERSION = 1;
 
+    static LumetraHost::JsonDocument ToDocument(const EditState& state);
     static QByteArray ToText(const EditState& state);
-    /// Zorvik::Exception, with file and place, for anything that ToText() would not have written;
-    /// members that it does not know are passed over.
+    /// Zorvik::Exception, with file and place, for anything that ToDocument() would not have
+    /// written; members that it does not know are passed over.
     static EditState FromDocument(const LumetraHost::JsonDocument& document);
 
     /// The packages alone, for comparing.

@@ -56,20 +56,28 @@ Editor::~Editor()
 
 // Photos
 
-void Editor::OpenPhoto(const QString& path)
+bool Editor::OpenPhoto(const QString& path)
 {
+    if (!MayLeavePhoto())
+        return false;
     LockDrawer(true);
     emit openingStarted(path);
     m_loader.Load(path);
+    return true;
 }
 
-void Editor::TakePhoto(const QString& path, const Photo& photo)
+void Editor::TakePhoto(const QString& path, const Photo& photo, const PhotoIdentity& identity)
 {
     LockDrawer(false);
-    SetPhoto(path, photo);
+    const bool isTaken = MayLeavePhoto(); // a step may have been undone meanwhile
+    if (isTaken)
+        SetPhoto(path, photo, identity);
     emit openingEnded();
+    if (!isTaken)
+        return;
     for (const std::string& warning : photo.warnings)
         ShowMessage(QString::fromStdString(warning));
+    SettleEditOfOtherPhoto();
 }
 
 /// What the readers found is English in all languages; the first line is not.
@@ -83,10 +91,20 @@ void Editor::RefusePhoto(const QString& path, const QString& problem)
 
 void Editor::ClosePhoto()
 {
-    SetPhoto(QString(), Photo());
+    if (MayLeavePhoto())
+        SetPhoto(QString(), Photo(), PhotoIdentity());
 }
 
-void Editor::SetPhoto(const QString& path, const Photo& photo)
+bool Editor::MayLeavePhoto()
+{
+    SaveEdit();
+    if (HasPhoto() && !m_sidecar.IsSafe() && !m_mayLoseEdit)
+        m_mayLoseEdit =
+            m_questions.mayLoseEdit && m_questions.mayLoseEdit(m_path, m_sidecar.GetProblem());
+    return !HasPhoto() || m_sidecar.IsSafe() || m_mayLoseEdit;
+}
+
+void Editor::SetPhoto(const QString& path, const Photo& photo, const PhotoIdentity& identity)
 {
     SaveEdit();
     m_undoStack.clear();
@@ -94,6 +112,7 @@ void Editor::SetPhoto(const QString& path, const Photo& photo)
     m_path = path;
     m_photo = photo;
     m_state = {};
+    m_mayLoseEdit = false;
     m_workspace->GetDrawer().SetPhoto(photo.image);
     m_isRestoring = true;
     for (const Panel& panel : m_panels)
@@ -101,15 +120,30 @@ void Editor::SetPhoto(const QString& path, const Photo& photo)
     m_isRestoring = false;
     emit photoChanged();
     if (HasPhoto())
-        OpenSidecar();
+        OpenSidecar(identity);
 }
 
-void Editor::OpenSidecar()
+void Editor::OpenSidecar(const PhotoIdentity& identity)
 {
-    const auto kept = m_sidecar.Open(m_path);
+    const auto kept = m_sidecar.Open(m_path, identity);
     if (kept)
         RestoreEdit(*kept);
     m_state = CaptureEdit(); // a panel may have had to leave something out
+}
+
+void Editor::SettleEditOfOtherPhoto()
+{
+    if (!m_sidecar.IsOfOtherPhoto() || !m_questions.shallStartAnew)
+        return;
+    const QString path = m_path;
+    const bool isAnew = m_questions.shallStartAnew(path);
+    if (path != m_path || !m_sidecar.IsOfOtherPhoto())
+        return;
+    if (!isAnew)
+        return KeepEdit(); // so that nobody is asked again
+    m_sidecar.StartAnew();
+    RestoreEdit(EditState());
+    m_state = CaptureEdit();
 }
 
 void Editor::SetDisplay(const std::shared_ptr<const LumetraHost::DisplayTransform>& display)
@@ -165,6 +199,7 @@ void Editor::DiscardUnsavedChanges()
 
 void Editor::KeepEdit()
 {
+    m_mayLoseEdit = false;
     m_sidecar.Write(m_state);
 }
 
@@ -177,6 +212,9 @@ void Editor::SaveEdit()
         m_state = std::move(state);
         KeepEdit();
     }
+    m_sidecar.Flush();
+    if (!m_sidecar.IsSafe()) // what was wrong with the disk may be over
+        m_sidecar.Write(m_state);
     m_sidecar.Flush();
 }
 

@@ -11,6 +11,7 @@
 #include <QObject>
 #include <QUndoStack>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -25,6 +26,16 @@ namespace LumetraEditor {
 
 struct LoadedPlugin;
 
+/// What only the user can decide. The window asks; an empty function stands for a user who says no.
+struct EditorQuestions
+{
+    /// The photo's file is another one than that which was edited. True gives the edit up, false
+    /// takes it for this file.
+    std::function<bool(const QString& photo)> shallStartAnew;
+    /// The photo is to be left and its edit could not be written. True lets it go.
+    std::function<bool(const QString& photo, const QString& problem)> mayLoseEdit;
+};
+
 /// The editor without its window: the open photo and its drawer, the panels, and the steps of the
 /// edit. There is one photo at a time; while another one is being read the drawer is locked.
 /// GUI thread only. Outlives the panels, which whoever shows them removes first.
@@ -36,10 +47,14 @@ public:
     explicit Editor(QObject* parent = nullptr);
     ~Editor() override;
 
+    void SetQuestions(const EditorQuestions& questions) { m_questions = questions; }
+
     /// Reads the photo beside the GUI thread. Ends with photoChanged(), or with a message and the
-    /// earlier photo as it was.
-    void OpenPhoto(const QString& path);
+    /// earlier photo as it was. False, and nothing happens, when the earlier one may not be left.
+    bool OpenPhoto(const QString& path);
     void ClosePhoto();
+    /// True when the edit is on the disk as it is at this moment, or the user does without.
+    bool MayLeavePhoto();
     bool IsOpening() const { return m_loader.IsLoading(); }
     bool HasPhoto() const { return !m_path.isEmpty(); }
     const LumetraHost::Photo& GetPhoto() const { return m_photo; }
@@ -111,11 +126,15 @@ private:
         std::unique_ptr<IEditorPanel> panel;
     };
 
-    void TakePhoto(const QString& path, const LumetraHost::Photo& photo);
+    void TakePhoto(const QString& path, const LumetraHost::Photo& photo,
+                   const PhotoIdentity& identity);
     void RefusePhoto(const QString& path, const QString& problem);
-    void SetPhoto(const QString& path, const LumetraHost::Photo& photo);
+    void SetPhoto(const QString& path, const LumetraHost::Photo& photo,
+                  const PhotoIdentity& identity);
     /// What the photo's sidecar tells, or the bare photo.
-    void OpenSidecar();
+    void OpenSidecar(const PhotoIdentity& identity);
+    /// Asks what is to become of an edit that was made for another file.
+    void SettleEditOfOtherPhoto();
     void RestoreEdit(const EditState& state);
     void KeepEdit();
     void RestorePackages(const std::vector<Zorvik::Quindle::EffectsSettings>& committed);
@@ -130,6 +149,8 @@ private:
     std::shared_ptr<const LumetraHost::DisplayTransform> m_display;
     EditState m_state; ///< after the last step
     bool m_isRestoring = false;
+    bool m_mayLoseEdit = false; ///< the user's word on m_state
+    EditorQuestions m_questions;
     Sidecar m_sidecar;
     QUndoStack m_undoStack;
 };

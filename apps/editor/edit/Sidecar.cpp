@@ -1,34 +1,86 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "edit/Sidecar.h"
 
-#include "edit/EditStateFormat.h"
+#include "edit/EditFile.h"
+#include "edit/EditSearch.h"
+#include "edit/KeptEdits.h"
 #include "storage/CheckedFileWriter.h"
 #include "userdata/BackupRotation.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <exception>
+#include <utility>
 
 namespace LumetraEditor {
+namespace {
+
+const QString Unreadable = QStringLiteral("unreadable");
+const QString Earlier = QStringLiteral("earlier");
+
+/// A file of an edit and what is to become of its content before it is written over.
+struct Target
+{
+    QString path;
+    QString setAsideAs; ///< a word for the name of the copy; empty: no copy
+
+    /// The name of the copy that was made, empty for none.
+    QString Write(const QByteArray& text)
+    {
+        QString copy;
+        if (!setAsideAs.isEmpty() && QFile::exists(path))
+            copy = LumetraHost::BackupRotation(path).SetAside(setAsideAs);
+        setAsideAs.clear();
+        LumetraHost::CheckedFileWriter::Write(path, text);
+        return copy;
+    }
+};
+
+} // namespace
+
+/// Where the edit of one photo is written. After Open() only the jobs change it, one by one.
+struct Sidecar::Place
+{
+    QString photo;
+    PhotoIdentity identity;
+    Target beside;
+    Target kept;
+    bool isKeptOurs = false; ///< the edit on the photo comes from the kept file, or is in it
+    LumetraHost::JsonValue::Object origin;
+};
 
 /// One state on its way to the disk.
 struct Sidecar::Job
 {
-    QString path;
-    EditState state;
-    std::shared_ptr<std::atomic<bool>> isUnreadable;
-    QString error;
-    QString keptAs;
+    std::shared_ptr<Place> place;
+    EditFile file;
+    QString besideError;
+    QString error; ///< of both places
+    QString setAside;
 
     void Write()
     {
         try {
-            if (isUnreadable->load())
-                keptAs = LumetraHost::BackupRotation(path).SetAside();
-            isUnreadable->store(false);
-            LumetraHost::CheckedFileWriter::Write(path, EditStateFormat::ToText(state));
+            setAside = place->beside.Write(file.ToText());
+            if (std::exchange(place->isKeptOurs, false))
+                QFile::remove(place->kept.path); // it has moved to the photo
         } catch (const std::exception& problem) {
-            error = QString::fromUtf8(problem.what());
+            besideError = QString::fromUtf8(problem.what());
+            WriteElsewhere();
+        }
+    }
+
+    void WriteElsewhere()
+    {
+        try {
+            file.photoPath = place->photo;
+            QDir().mkpath(KeptEdits::GetFolder());
+            setAside = place->kept.Write(file.ToText());
+            place->isKeptOurs = true;
+        } catch (const std::exception& problem) {
+            error = besideError + QLatin1Char('\n') + QString::fromUtf8(problem.what());
         }
     }
 };
@@ -37,7 +89,7 @@ Sidecar::Sidecar(QObject* parent) : QObject(parent) {}
 
 Sidecar::~Sidecar()
 {
-    Flush();
+    m_thread.WaitForJobs();
 }
 
 QString Sidecar::GetPath(const QString& photo)
@@ -45,55 +97,107 @@ QString Sidecar::GetPath(const QString& photo)
     return photo + QStringLiteral(".lumetra.json");
 }
 
-std::optional<EditState> Sidecar::Open(const QString& photo)
+std::optional<EditState> Sidecar::Open(const QString& photo, const PhotoIdentity& identity)
 {
     Flush();
-    m_path = GetPath(photo);
-    m_isSafe = true;
-    m_isUnreadable = std::make_shared<std::atomic<bool>>(false);
-    const QFileInfo file(m_path);
-    if (!file.exists() && !file.isSymLink())
+    const EditSearch search(photo, identity);
+    for (const QString& reason : search.GetProblems())
+        emit problem(tr("The edit of the photo cannot be read and is left alone: %1").arg(reason));
+    m_problem.clear();
+    m_place = std::make_shared<Place>();
+    m_place->photo = photo;
+    m_place->identity = identity;
+    const auto& found = search.GetFound();
+    const auto target = [&](const QString& path) {
+        const bool isSource = found && found->path == path;
+        return Target{path, isSource                                ? QString()
+                            : search.GetUnreadable().contains(path) ? Unreadable
+                                                                    : Earlier};
+    };
+    m_place->beside = target(GetPath(photo));
+    m_place->kept = target(KeptEdits::GetPath(photo, identity));
+    m_isOfOtherPhoto = found && found->isOfOtherPhoto;
+    if (!found)
         return std::nullopt;
-    try {
-        return EditStateFormat::FromDocument(LumetraHost::JsonDocument::Read(m_path));
-    } catch (const std::exception& error) {
-        m_isUnreadable->store(true);
-        emit problem(tr("The edit kept beside the photo cannot be read and is left alone: %1")
-                         .arg(QString::fromUtf8(error.what())));
-        return std::nullopt;
-    }
+    m_place->isKeptOurs = found->path == m_place->kept.path;
+    m_place->origin = found->edit.origin;
+    return found->edit.state;
+}
+
+void Sidecar::StartAnew()
+{
+    Flush();
+    m_isOfOtherPhoto = false;
+    m_place->beside.setAsideAs = Earlier;
+    m_place->kept.setAsideAs = Earlier;
+    m_place->isKeptOurs = false;
+    m_place->origin.reset();
 }
 
 void Sidecar::Write(const EditState& state)
 {
+    if (!m_place)
+        return;
+    m_isOfOtherPhoto = false;
     const int number = ++m_newest;
     const auto job = std::make_shared<Job>();
-    job->path = m_path;
-    job->state = state;
-    job->isUnreadable = m_isUnreadable;
+    job->place = m_place;
+    job->file = {state, m_place->identity, QString(), QDateTime::currentDateTimeUtc(),
+                 m_place->origin};
     m_thread.Run(
         [this, job, number] {
-            if (number == m_newest) // a newer one is already waiting otherwise
-                job->Write();
+            if (number != m_newest) // a newer one is already waiting
+                return;
+            job->Write();
+            const std::lock_guard lock(m_mutex);
+            m_done.push_back(job);
         },
-        [this, job] { Report(*job); });
+        [this] { ReportAll(); });
+}
+
+void Sidecar::ReportAll()
+{
+    std::vector<std::shared_ptr<const Job>> done;
+    {
+        const std::lock_guard lock(m_mutex);
+        done.swap(m_done);
+    }
+    for (const auto& job : done)
+        Report(*job);
 }
 
 void Sidecar::Report(const Job& job)
 {
-    if (job.path == m_path && m_isSafe != job.error.isEmpty()) {
-        m_isSafe = job.error.isEmpty();
-        if (!m_isSafe)
-            emit problem(tr("The edit cannot be kept beside the photo: %1").arg(job.error));
-    }
-    if (!job.keptAs.isEmpty())
-        emit problem(tr("The edit that could not be read is kept as %1")
-                         .arg(QFileInfo(job.keptAs).fileName()));
+    const bool isNews = IsSafe();
+    if (job.place == m_place)
+        m_problem = job.error;
+    if (!job.error.isEmpty() && isNews)
+        emit problem(
+            tr("The edit of “%1” cannot be kept.").arg(QFileInfo(job.place->photo).fileName()) +
+            QLatin1Char('\n') + job.error);
+    if (!job.besideError.isEmpty() && job.error.isEmpty())
+        ReportKeptElsewhere(job);
+    if (!job.setAside.isEmpty())
+        emit problem(tr("An earlier edit is kept as %1").arg(QFileInfo(job.setAside).fileName()));
+}
+
+/// Once for a folder: nothing is wrong with the other photos there.
+void Sidecar::ReportKeptElsewhere(const Job& job)
+{
+    const QString folder = QFileInfo(job.place->photo).absolutePath();
+    if (m_toldFolders.contains(folder))
+        return;
+    m_toldFolders.append(folder);
+    emit problem(tr("The edit of “%1” cannot be kept beside the photo. It is kept in %2.")
+                     .arg(QFileInfo(job.place->photo).fileName(),
+                          QDir::toNativeSeparators(KeptEdits::GetFolder())) +
+                 QLatin1Char('\n') + job.besideError);
 }
 
 void Sidecar::Flush()
 {
     m_thread.WaitForJobs();
+    ReportAll();
 }
 
 } // namespace LumetraEditor

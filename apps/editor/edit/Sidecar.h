@@ -3,19 +3,25 @@
 
 #include "background/BackgroundThread.h"
 #include "edit/EditState.h"
+#include "edit/PhotoIdentity.h"
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <atomic>
 #include <memory>
+#include <mutex>
 #include <optional>
+#include <vector>
 
 namespace LumetraEditor {
 
-/// Keeps the edit of a photo in a file beside it, "PHOTO.lumetra.json". Written beside the GUI
-/// thread, whole or not at all; of several states in a row the last one is written. A file that
-/// cannot be read is never lost: it is copied to a dated name before it is written over.
+/// Keeps the edit of a photo in a file beside it, "PHOTO.lumetra.json", or in the user's own folder
+/// (KeptEdits) while that file cannot be written. Written beside the GUI thread, whole or not at
+/// all; of several states in a row the last one is written. A file is never lost from which the
+/// edit on the photo does not come, because it cannot be read, is older or of another photo: it is
+/// copied to a dated name before it is written over.
 class Sidecar : public QObject
 {
     Q_OBJECT
@@ -27,28 +33,44 @@ public:
 
     static QString GetPath(const QString& photo);
 
-    /// From now on the sidecar of this photo: its edit, nothing when there is no file or, after
-    /// problem(), when it cannot be read. Waits until the earlier one is written.
-    std::optional<EditState> Open(const QString& photo);
+    /// From now on the sidecar of this photo: its edit, see EditSearch; nothing when there is none
+    /// or, after problem(), when it cannot be read. Waits until the earlier one is written.
+    std::optional<EditState> Open(const QString& photo, const PhotoIdentity& identity);
+    /// The edit that was found was made for another file under the photo's name. The first write
+    /// makes it an edit of this photo.
+    bool IsOfOtherPhoto() const { return m_isOfOtherPhoto; }
+    /// Gives up the edit that was found; its file stays as it is until the next write, and is set
+    /// aside then.
+    void StartAnew();
+
     /// For the photo opened last.
     void Write(const EditState& state);
-    /// Returns when everything is written.
+    /// Returns when everything is written and reported.
     void Flush();
-    /// False after a write has failed, until one succeeds or another photo is opened.
-    bool IsSafe() const { return m_isSafe; }
+    /// False after a write has failed at both places, until one succeeds or another photo is
+    /// opened.
+    bool IsSafe() const { return m_problem.isEmpty(); }
+    /// Why the edit is not safe.
+    QString GetProblem() const { return m_problem; }
 
 signals:
     /// A sentence with the file's name.
     void problem(const QString& message);
 
 private:
+    struct Place;
     struct Job;
 
+    void ReportAll();
     void Report(const Job& job);
+    void ReportKeptElsewhere(const Job& job);
 
-    QString m_path;
-    bool m_isSafe = true;
-    std::shared_ptr<std::atomic<bool>> m_isUnreadable; ///< the file of m_path
+    std::shared_ptr<Place> m_place; ///< of the photo opened last
+    bool m_isOfOtherPhoto = false;
+    QString m_problem;
+    QStringList m_toldFolders; ///< those of which the user knows that they cannot be written
+    std::mutex m_mutex;        ///< guards m_done
+    std::vector<std::shared_ptr<const Job>> m_done;
     std::atomic<int> m_newest{0};
     BackgroundThread m_thread;
 };

@@ -1,6 +1,5 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
-<!-- SPDX-License-Identifier: GPL-2.0-or-later -->
 <TS version="2.1" language="de_DE">
 <context>
     <name>LumetraEditor::AboutDialog</name>
@@ -148,14 +147,6 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
 <context>
     <name>LumetraEditor::EditorWindow</name>
     <message>
-        <source>The export was cancelled.</source>
-        <translation>Der Export wurde abgebrochen.</translation>
-    </message>
-    <message>
-        <source>Exported to %1</source>
-        <translation>Exportiert nach %1</translation>
-    </message>
-    <message>
         <source>Open Photos</source>
         <translation>Fotos öffnen</translation>
     </message>
@@ -218,6 +209,17 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
     <message>
         <source>Panels</source>
         <translation>Bedienfelder</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::ExportCommand</name>
+    <message>
+        <source>The export was cancelled.</source>
+        <translation>Der Export wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>Exported to %1</source>
+        <translation>Exportiert nach %1</translation>
     </message>
 </context>
 <context>
@@ -338,6 +340,52 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <source>“%1” exists. Replace it?</source>
         <translation>„%1“ gibt es schon. Ersetzen?</translation>
     </message>
+    <message>
+        <source>Choose another name.</source>
+        <translation>Wählen Sie einen anderen Namen.</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::ExportGuard</name>
+    <message>
+        <source>“%1” is a folder.</source>
+        <translation>„%1“ ist ein Ordner.</translation>
+    </message>
+    <message>
+        <source>“%1” is a link to a file that is not there.</source>
+        <translation>„%1“ ist ein Verweis auf eine Datei, die es nicht gibt.</translation>
+    </message>
+    <message>
+        <source>“%1” is not an ordinary file.</source>
+        <translation>„%1“ ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>“%1” is the edit of a photo.</source>
+        <translation>„%1“ ist die Bearbeitung eines Fotos.</translation>
+    </message>
+    <message>
+        <source>“%1” is in the folder where the program keeps presets and edits.</source>
+        <translation>„%1“ liegt in dem Ordner, in dem das Programm Presets und Bearbeitungen aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>“%1” is a photo with an edit of its own. An export does not replace it.</source>
+        <translation>„%1“ ist ein Foto mit einer eigenen Bearbeitung. Ein Export ersetzt es nicht.</translation>
+    </message>
+    <message>
+        <source>“%1” is the photo that is open. An export does not replace it.</source>
+        <translation>„%1“ ist das geöffnete Foto. Ein Export ersetzt es nicht.</translation>
+    </message>
+    <message>
+        <source>“%1” is one of the photos that were opened. An export does not replace it.</source>
+        <translation>„%1“ ist eines der geöffneten Fotos. Ein Export ersetzt es nicht.</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::ExportJob</name>
+    <message>
+        <source>“%1” has appeared meanwhile and is not replaced.</source>
+        <translation>„%1“ ist inzwischen entstanden und wird nicht ersetzt.</translation>
+    </message>
 </context>
 <context>
     <name>LumetraEditor::Exporter</name>
@@ -439,6 +487,24 @@ Discard takes it off.</source>
 Speichern hebt ihn für das nächste Mal auf,
 Verwerfen nimmt ihn herunter.</translation>
     </message>
+    <message>
+        <source>“%1” was replaced or changed by another program since it was edited.
+
+Start anew without the earlier edit?
+Its file is kept under another name.</source>
+        <translation>„%1“ wurde seit der Bearbeitung ersetzt oder von einem anderen Programm verändert.
+
+Ohne die frühere Bearbeitung neu beginnen?
+Ihre Datei bleibt unter einem anderen Namen erhalten.</translation>
+    </message>
+    <message>
+        <source>The edit of “%1” could not be kept, neither beside the photo nor in your own folder.
+
+Discard the edit and leave the photo?</source>
+        <translation>Die Bearbeitung von „%1“ ließ sich nicht speichern, weder neben dem Foto noch in Ihrem eigenen Ordner.
+
+Die Bearbeitung verwerfen und das Foto verlassen?</translation>
+    </message>
 </context>
 <context>
     <name>LumetraEditor::ShortcutsDialog</name>
@@ -510,16 +576,20 @@ Verwerfen nimmt ihn herunter.</translation>
 <context>
     <name>LumetraEditor::Sidecar</name>
     <message>
-        <source>The edit kept beside the photo cannot be read and is left alone: %1</source>
-        <translation>Die Bearbeitung neben dem Foto ist nicht lesbar und bleibt unangetastet: %1</translation>
+        <source>The edit of the photo cannot be read and is left alone: %1</source>
+        <translation>Die Bearbeitung des Fotos ist nicht lesbar und bleibt, wie sie ist: %1</translation>
     </message>
     <message>
-        <source>The edit cannot be kept beside the photo: %1</source>
-        <translation>Die Bearbeitung kann nicht neben dem Foto aufgehoben werden: %1</translation>
+        <source>The edit of “%1” cannot be kept.</source>
+        <translation>Die Bearbeitung von „%1“ lässt sich nicht speichern.</translation>
     </message>
     <message>
-        <source>The edit that could not be read is kept as %1</source>
-        <translation>Die unlesbare Bearbeitung ist aufgehoben als %1</translation>
+        <source>An earlier edit is kept as %1</source>
+        <translation>Eine frühere Bearbeitung bleibt als %1 erhalten</translation>
+    </message>
+    <message>
+        <source>The edit of “%1” cannot be kept beside the photo. It is kept in %2.</source>
+        <translation>Die Bearbeitung von „%1“ lässt sich nicht neben dem Foto speichern. Sie liegt in %2.</translation>
     </message>
 </context>
 <context>

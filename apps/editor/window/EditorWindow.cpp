@@ -208,6 +208,10 @@ void EditorWindow::ConnectEditor()
         ShowRecentPhotos();
         ShowPhoto();
     });
+    m_editor.SetQuestions({[this](const QString& photo) { return AskToStartAnew(photo, this); },
+                           [this](const QString& photo, const QString& problem) {
+                               return AskToLoseEdit(photo, problem, this);
+                           }});
     connect(&m_editor, &Editor::messageGiven, m_messages, &MessageBar::Show);
     connect(m_canvas, &PhotoCanvas::zoomChanged, this, &EditorWindow::ShowZoom);
     connect(m_feed, &CanvasFeed::frameShown, this, &EditorWindow::ShowHistogram);
@@ -461,7 +465,9 @@ bool EditorWindow::MayClose()
 {
     if (m_exporter->IsRunning() && !AskToStopExport(this))
         return false;
-    return !m_editor.HasPhoto() || !m_editor.HasUnsavedChanges() || AskToLeaveEdit(m_editor, this);
+    if (m_editor.HasPhoto() && m_editor.HasUnsavedChanges() && !AskToLeaveEdit(m_editor, this))
+        return false;
+    return m_editor.MayLeavePhoto();
 }
 
 void EditorWindow::closeEvent(QCloseEvent* event)
