@@ -291,18 +291,21 @@ void EditorWindow::AskForPhoto()
 
 void EditorWindow::OpenPhotos(const QStringList& paths)
 {
-    m_photos.clear();
-    for (const QString& path : paths)
-        m_photos.append(QFileInfo(path).absoluteFilePath());
-    if (!m_photos.isEmpty())
-        m_editor.OpenPhoto(m_photos.first());
+    PhotoList photos;
+    photos.Replace(paths);
+    if (photos.GetCurrent().isEmpty() || !m_editor.OpenPhoto(photos.GetCurrent()))
+        return;
+    m_photos = photos;
+    UpdateNeighbours();
 }
 
 void EditorWindow::OpenNeighbour(int step)
 {
-    const int place = m_photos.indexOf(m_editor.GetPhotoPath()) + step;
-    if (place >= 0 && place < m_photos.size())
-        m_editor.OpenPhoto(m_photos[place]);
+    const QString path = m_photos.GetNeighbour(step);
+    if (path.isEmpty() || !m_editor.OpenPhoto(path))
+        return;
+    m_photos.Step(step);
+    UpdateNeighbours();
 }
 
 void EditorWindow::TakeFiles(const QStringList& paths)
@@ -372,9 +375,8 @@ void EditorWindow::ShowPhoto()
 
 void EditorWindow::UpdateNeighbours()
 {
-    const int place = m_photos.indexOf(m_editor.GetPhotoPath());
-    m_actions->previousPhoto->setEnabled(place > 0);
-    m_actions->nextPhoto->setEnabled(place >= 0 && place + 1 < m_photos.size());
+    m_actions->previousPhoto->setEnabled(!m_photos.GetNeighbour(-1).isEmpty());
+    m_actions->nextPhoto->setEnabled(!m_photos.GetNeighbour(1).isEmpty());
 }
 
 void EditorWindow::ShowZoom(double zoom)

@@ -3,6 +3,7 @@
 
 #include "style/StyleColours.h"
 #include "window/EditorSettings.h"
+#include "window/PhotoList.h"
 
 #include <QMainWindow>
 
@@ -92,7 +93,7 @@ private:
 
     Editor& m_editor;
     EditorSettings m_settings;
-    QStringList m_photos; ///< those that can be stepped through
+    PhotoList m_photos;
     LumetraHost::PaletteKind m_palette = LumetraHost::PaletteKind::Dark;
 
     EditorActions* m_actions;

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QStringList>
+
+namespace LumetraEditor {
+
+/// The photos that the window steps through, and the place among them. The place is that of the
+/// photo asked for last, whether it can be read or not, so that no photo ends the stepping.
+class PhotoList
+{
+public:
+    /// Begins anew with the first of these photos. Paths are made absolute; a path that is given
+    /// twice is in the list once. Other names of one file stay, as each has an edit of its own.
+    void Replace(const QStringList& paths);
+
+    /// Absolute.
+    const QStringList& GetPaths() const { return m_paths; }
+    /// Empty while there are no photos.
+    QString GetCurrent() const { return m_paths.value(m_place); }
+    /// The photo `step` places further; empty beyond the ends.
+    QString GetNeighbour(int step) const { return m_paths.value(m_place + step); }
+    /// Nothing happens beyond the ends.
+    void Step(int step);
+
+private:
+    QStringList m_paths;
+    int m_place = 0;
+};
+
+} // namespace LumetraEditor
