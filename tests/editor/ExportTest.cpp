@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "EditorFixture.h"
+#include "ExportFixture.h"
 #include "ScriptedAlerts.h"
 
-#include "export/ExportDialog.h"
-#include "export/ExportJob.h"
-#include "export/Exporter.h"
 #include "photo/EditRecord.h"
-#include "photo/PhotoReader.h"
 #include "workspace/WorkspaceController.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -22,7 +17,6 @@
 #include <QPushButton>
 #include <QSlider>
 #include <QSpinBox>
-#include <QTimer>
 #include <QToolButton>
 
 #include <gmock/gmock.h>
@@ -35,62 +29,6 @@ using LumetraHost::Image;
 using LumetraHost::PhotoFormat;
 using LumetraHost::PhotoReader;
 using testing::HasSubstr;
-
-namespace {
-
-class ExportTest : public EditorTest
-{
-protected:
-    ExportTest()
-    {
-        LoadExamplePanel();
-        Open(WritePhoto("lake.png", 80, 60));
-        Find<QSlider>("exposureSlider")->setValue(10);
-        options.path = Path("out.png");
-        options.format = PhotoFormat::Png;
-    }
-
-    LumetraHost::Photo Export()
-    {
-        ExportJob job(editor->GetPhoto(), editor->GetPackages(), {}, options);
-        EXPECT_TRUE(job.Run([](int) {}));
-        return PhotoReader::Read(options.path);
-    }
-
-    /// Runs the command; `fill` works on the dialog, which has to be closed by it.
-    void StartByHand(const std::function<void(ExportDialog&)>& fill)
-    {
-        QTimer::singleShot(0, window.get(), [this, fill] {
-            auto* const dialog = window->findChild<ExportDialog*>();
-            ASSERT_NE(dialog, nullptr);
-            fill(*dialog);
-        });
-        FindAction("exportPhoto")->trigger();
-    }
-
-    void ExportByHand(const std::function<void(ExportDialog&)>& fill)
-    {
-        StartByHand(fill);
-        WaitForExport();
-    }
-
-    void WaitForExport()
-    {
-        WaitUntil([this] { return !window->GetExporter().IsRunning(); });
-    }
-
-    ExportOptions options;
-};
-
-template <class Widget>
-Widget* Part(ExportDialog& dialog, const char* name)
-{
-    auto* const widget = dialog.findChild<Widget*>(QLatin1String(name));
-    EXPECT_NE(widget, nullptr) << name;
-    return widget;
-}
-
-} // namespace
 
 TEST_F(ExportTest, writesWhatIsShown)
 {

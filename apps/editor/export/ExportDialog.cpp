@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "export/ExportDialog.h"
 
+#include "export/ExportGuard.h"
 #include "window/EditorSettings.h"
 
 #include "Zorvik/Lumetra/StyleProvider.h"
@@ -27,6 +28,7 @@ namespace LumetraEditor {
 namespace {
 
 using LumetraHost::PhotoFormat;
+using Zorvik::Util::AlertBox;
 
 const QString FormatKey = QStringLiteral("export/format");
 const QString QualityKey = QStringLiteral("export/quality");
@@ -65,9 +67,9 @@ QHBoxLayout* SideBySide(QWidget* wide, QWidget* narrow)
 } // namespace
 
 ExportDialog::ExportDialog(const QString& photo, const QSize& size, EditorSettings& settings,
-                           QWidget* parent)
-    : QDialog(parent), m_photo(photo), m_size(size), m_settings(settings), m_form(new QFormLayout),
-      m_format(Named(new QComboBox(this), "exportFormat")),
+                           const ExportGuard& guard, QWidget* parent)
+    : QDialog(parent), m_photo(photo), m_size(size), m_settings(settings), m_guard(guard),
+      m_form(new QFormLayout), m_format(Named(new QComboBox(this), "exportFormat")),
       m_quality(Named(new QSlider(Qt::Horizontal, this), "exportQuality")),
       m_qualityNumber(Named(new QSpinBox(this), "exportQualityNumber")),
       m_bits(Named(new QComboBox(this), "exportBits")),
@@ -199,6 +201,7 @@ ExportOptions ExportDialog::GetOptions() const
     options.bits = options.format == PhotoFormat::Jpeg ? 8 : m_bits->currentData().toInt();
     options.longestSide = m_sizeKind->currentData().toBool() ? m_longestSide->value() : 0;
     options.keepMetadata = m_metadata->isChecked();
+    options.mayReplace = m_mayReplace;
     options.embedProfile = m_profile->isChecked();
     return options;
 }
@@ -237,10 +240,25 @@ void ExportDialog::Browse()
         m_path->setText(path);
 }
 
+bool ExportDialog::IsRefused(const QString& path)
+{
+    const QString obstacle = m_guard.FindObstacle(path);
+    if (obstacle.isEmpty())
+        return false;
+    AlertBox box(AlertBox::Level::Warning, tr("Export Photo"),
+                 obstacle + QLatin1Char('\n') + tr("Choose another name."), QMessageBox::Ok, this,
+                 Qt::WindowFlags());
+    Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Ok}, QMessageBox::Ok);
+    box.Exec();
+    m_path->setFocus();
+    m_path->selectAll();
+    return true;
+}
+
 bool ExportDialog::MayReplace(const QString& path)
 {
-    using Zorvik::Util::AlertBox;
-    if (!QFileInfo::exists(path))
+    m_mayReplace = QFileInfo::exists(path);
+    if (!m_mayReplace)
         return true;
     AlertBox box(AlertBox::Level::Warning, tr("Export Photo"),
                  tr("“%1” exists. Replace it?").arg(QFileInfo(path).fileName()),
@@ -256,7 +274,8 @@ void ExportDialog::accept()
     if (LumetraHost::GetPhotoFormatOfName(path) != GetFormat()) {
         m_path->setText(path + QLatin1Char('.') + GetSuffix(GetFormat()));
     }
-    if (!MayReplace(m_path->text().trimmed()))
+    const QString output = m_path->text().trimmed();
+    if (IsRefused(output) || !MayReplace(output))
         return;
     Remember();
     QDialog::accept();

@@ -17,6 +17,7 @@ class QSpinBox;
 namespace LumetraEditor {
 
 class EditorSettings;
+class ExportGuard;
 
 /// Asks how the photo is to be exported, and where to. Starts with what was chosen the last time.
 class ExportDialog : public QDialog
@@ -24,14 +25,14 @@ class ExportDialog : public QDialog
     Q_OBJECT
 
 public:
-    /// `settings` is kept by reference. `size` is the photo's.
+    /// `settings` and `guard` are kept by reference. `size` is the photo's.
     ExportDialog(const QString& photo, const QSize& size, EditorSettings& settings,
-                 QWidget* parent = nullptr);
+                 const ExportGuard& guard, QWidget* parent = nullptr);
 
     ExportOptions GetOptions() const;
 
 public slots:
-    /// Asks before a file is written over.
+    /// Refuses what the guard protects, and asks before another file is written over.
     void accept() override;
 
 private:
@@ -43,11 +44,14 @@ private:
     void FormatChanged();
     void SizeChanged();
     void Browse();
+    bool IsRefused(const QString& path);
     bool MayReplace(const QString& path);
 
     QString m_photo;
     QSize m_size;
     EditorSettings& m_settings;
+    const ExportGuard& m_guard;
+    bool m_mayReplace = false; ///< the user's word on the file that is there
     QFormLayout* m_form;
     QComboBox* m_format;
     QSlider* m_quality;

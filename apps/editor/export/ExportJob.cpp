@@ -1,17 +1,23 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "export/ExportJob.h"
 
+#include "Zorvik/Exception.h"
 #include "engine/Renderer.h"
 #include "engine/Resize.h"
+#include "export/ExportGuard.h"
 #include "photo/ColorConversion.h"
 #include "photo/EditRecord.h"
 #include "photo/PhotoWriter.h"
 #include "storage/CheckedFileWriter.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
+
+#include <boost/current_function.hpp>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace LumetraEditor {
 namespace {
@@ -19,6 +25,11 @@ namespace {
 using LumetraHost::Image;
 using LumetraHost::PhotoFormat;
 using Zorvik::Quindle::EffectsSettings;
+
+struct Messages
+{
+    Q_DECLARE_TR_FUNCTIONS(LumetraEditor::ExportJob)
+};
 
 constexpr int RenderedPercent = 50, EncodedPercent = 95;
 
@@ -63,8 +74,9 @@ QString GetSuffix(PhotoFormat format)
 
 ExportJob::ExportJob(const LumetraHost::Photo& photo, const std::vector<EffectsSettings>& packages,
                      const std::vector<LumetraHost::EditRecord>& records,
-                     const ExportOptions& options)
-    : m_photo(photo), m_packages(packages), m_records(records), m_options(options)
+                     const ExportOptions& options, std::shared_ptr<const ExportGuard> guard)
+    : m_photo(photo), m_packages(packages), m_records(records), m_options(options),
+      m_guard(std::move(guard))
 {
 }
 
@@ -80,6 +92,7 @@ bool ExportJob::Run(const Progress& progress)
     if (m_cancel.IsCancelled() || !Encode(encoded))
         return false;
     progress(EncodedPercent);
+    CheckOutput();
     LumetraHost::CheckedFileWriter::Write(m_options.path, encoded.data(), encoded.size());
     progress(100);
     return true;
@@ -146,6 +159,18 @@ bool ExportJob::Encode(LumetraHost::Bytes& encoded) const
     encoded = LumetraHost::PhotoWriter::Encode(m_photo, m_options.format, options,
                                                m_options.path.toStdString());
     return !m_cancel.IsCancelled();
+}
+
+void ExportJob::CheckOutput() const
+{
+    const QFileInfo file(m_options.path);
+    QString obstacle = m_guard ? m_guard->FindObstacle(m_options.path) : QString();
+    if (obstacle.isEmpty() && !m_options.mayReplace && file.exists())
+        obstacle =
+            Messages::tr("“%1” has appeared meanwhile and is not replaced.").arg(file.fileName());
+    if (!obstacle.isEmpty())
+        throw Zorvik::Exception(obstacle.toStdString(), BOOST_CURRENT_FUNCTION, "editor/ExportJob",
+                                __LINE__);
 }
 
 } // namespace LumetraEditor

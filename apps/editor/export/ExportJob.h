@@ -11,9 +11,12 @@
 #include "Zorvik/Quindle/EffectsSettings.h"
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace LumetraEditor {
+
+class ExportGuard;
 
 /// One photo on its way into a file: rendered in full, resized, encoded, written. It holds copies
 /// of all that it needs, so that the edit can go on meanwhile. One thread runs it; any may cancel
@@ -25,9 +28,11 @@ public:
     using Progress = std::function<void(int percent)>;
 
     /// `packages` are drawn in this order, bottom first; `records` go into the metadata.
+    /// `guard` is asked right before the file is written; null: no file is guarded.
     ExportJob(const LumetraHost::Photo& photo,
               const std::vector<Zorvik::Quindle::EffectsSettings>& packages,
-              const std::vector<LumetraHost::EditRecord>& records, const ExportOptions& options);
+              const std::vector<LumetraHost::EditRecord>& records, const ExportOptions& options,
+              std::shared_ptr<const ExportGuard> guard = nullptr);
 
     /// False when it was cancelled; the file is then as it was. Zorvik::Exception naming the file
     /// when it fails.
@@ -41,11 +46,14 @@ private:
     void Resize();
     void PrepareMetadata();
     bool Encode(LumetraHost::Bytes& encoded) const;
+    /// Much may have happened since the output was chosen.
+    void CheckOutput() const;
 
     LumetraHost::Photo m_photo;
     std::vector<Zorvik::Quindle::EffectsSettings> m_packages;
     std::vector<LumetraHost::EditRecord> m_records;
     ExportOptions m_options;
+    std::shared_ptr<const ExportGuard> m_guard;
     LumetraHost::CancelToken m_cancel;
 };
 

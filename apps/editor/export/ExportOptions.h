@@ -16,6 +16,7 @@ struct ExportOptions
     int bits = 8;             ///< 8 or 16 per channel; JPEG always 8
     int longestSide = 0;      ///< pixels; 0: the photo's own size. A photo is never enlarged.
     bool keepMetadata = true; ///< EXIF, IPTC and XMP
+    bool mayReplace = true;   ///< false: a file that appears before the export ends stays
     bool embedProfile = true; ///< sRGB; without, programs take it for sRGB too
 };
 

@@ -5,8 +5,8 @@
 #include "canvas/CanvasFeed.h"
 #include "canvas/PhotoCanvas.h"
 #include "edit/Editor.h"
-#include "export/ExportDialog.h"
-#include "export/Exporter.h"
+#include "export/ExportCommand.h"
+#include "export/ExportGuard.h"
 #include "plugins/PluginLoader.h"
 #include "window/AboutDialog.h"
 #include "window/EditorActions.h"
@@ -61,7 +61,7 @@ EditorWindow::EditorWindow(Editor& editor)
       m_histogram(new HistogramWidget(m_side)), m_panels(new QTabWidget(m_side)),
       m_messages(new MessageBar(m_centre)), m_photoText(new QLabel(this)),
       m_zoomText(new QLabel(this)), m_progress(new QProgressBar(this)),
-      m_cancel(new QToolButton(this)), m_exporter(new Exporter(this)),
+      m_cancel(new QToolButton(this)), m_export(new ExportCommand(editor, m_settings, *this)),
       m_monitor(new MonitorColours(editor, *this))
 {
     setObjectName(QStringLiteral("editorWindow"));
@@ -168,7 +168,7 @@ void EditorWindow::ConnectActions()
     on(m_actions->open, [this] { AskForPhoto(); });
     on(m_actions->previousPhoto, [this] { OpenNeighbour(-1); });
     on(m_actions->nextPhoto, [this] { OpenNeighbour(1); });
-    on(m_actions->exportPhoto, [this] { ExportPhoto(); });
+    on(m_actions->exportPhoto, [this] { m_export->Ask(); });
     on(m_actions->closePhoto, [this] { m_editor.ClosePhoto(); });
     on(m_actions->quit, [this] { close(); });
     on(m_actions->fit, [this] { m_canvas->Fit(); });
@@ -219,19 +219,14 @@ void EditorWindow::ConnectEditor()
 
 void EditorWindow::ConnectExporter()
 {
-    connect(m_cancel, &QToolButton::clicked, m_exporter, &Exporter::Cancel);
-    connect(m_exporter, &Exporter::progressed, m_progress, &QProgressBar::setValue);
-    connect(m_exporter, &Exporter::failed, this, [this](const QString& message) {
-        EndExport();
+    Exporter& exporter = m_export->GetExporter();
+    connect(m_cancel, &QToolButton::clicked, &exporter, &Exporter::Cancel);
+    connect(&exporter, &Exporter::progressed, m_progress, &QProgressBar::setValue);
+    connect(m_export, &ExportCommand::started, this, &EditorWindow::ShowExport);
+    connect(m_export, &ExportCommand::ended, this, [this](const QString& message) {
+        m_cancel->hide();
+        ShowPhoto();
         m_messages->Show(message);
-    });
-    connect(m_exporter, &Exporter::cancelled, this, [this] {
-        EndExport();
-        m_messages->Show(tr("The export was cancelled."));
-    });
-    connect(m_exporter, &Exporter::finished, this, [this](const QString& path) {
-        EndExport();
-        m_messages->Show(tr("Exported to %1").arg(path));
     });
 }
 
@@ -296,6 +291,7 @@ void EditorWindow::OpenPhotos(const QStringList& paths)
     if (photos.GetCurrent().isEmpty() || !m_editor.OpenPhoto(photos.GetCurrent()))
         return;
     m_photos = photos;
+    m_export->GetGuard().AddPhotos(photos.GetPaths());
     UpdateNeighbours();
 }
 
@@ -329,15 +325,13 @@ void EditorWindow::ShowOpening(const QString& path)
 
 // Exporting
 
-void EditorWindow::ExportPhoto()
+Exporter& EditorWindow::GetExporter()
 {
-    const auto& image = m_editor.GetPhoto().image;
-    ExportDialog dialog(m_editor.GetPhotoPath(), {image.GetWidth(), image.GetHeight()}, m_settings,
-                        this);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    m_exporter->Start(std::make_shared<ExportJob>(m_editor.GetPhoto(), m_editor.GetPackages(),
-                                                  m_editor.GetRecords(), dialog.GetOptions()));
+    return m_export->GetExporter();
+}
+
+void EditorWindow::ShowExport()
+{
     m_actions->exportPhoto->setEnabled(false);
     m_progress->setRange(0, 100);
     m_progress->setValue(0);
@@ -346,21 +340,15 @@ void EditorWindow::ExportPhoto()
     m_cancel->show();
 }
 
-void EditorWindow::EndExport()
-{
-    m_cancel->hide();
-    ShowPhoto();
-}
-
 // What is shown of the photo
 
 void EditorWindow::ShowPhoto()
 {
     const bool hasPhoto = m_editor.HasPhoto();
-    m_progress->setVisible(m_exporter->IsRunning());
+    m_progress->setVisible(GetExporter().IsRunning());
     m_centre->setCurrentWidget(hasPhoto ? static_cast<QWidget*>(m_canvas) : m_start);
     m_actions->SetPhotoEnabled(hasPhoto);
-    m_actions->exportPhoto->setEnabled(hasPhoto && !m_exporter->IsRunning());
+    m_actions->exportPhoto->setEnabled(hasPhoto && !GetExporter().IsRunning());
     m_compare->setEnabled(hasPhoto);
     m_zoomText->setVisible(hasPhoto);
     setWindowFilePath(m_editor.GetPhotoPath());
@@ -465,7 +453,7 @@ void EditorWindow::changeEvent(QEvent* event)
 
 bool EditorWindow::MayClose()
 {
-    if (m_exporter->IsRunning() && !AskToStopExport(this))
+    if (GetExporter().IsRunning() && !AskToStopExport(this))
         return false;
     if (m_editor.HasPhoto() && m_editor.HasUnsavedChanges() && !AskToLeaveEdit(m_editor, this))
         return false;

@@ -22,6 +22,7 @@ namespace LumetraEditor {
 class CanvasFeed;
 class Editor;
 class EditorActions;
+class ExportCommand;
 class Exporter;
 class HistogramWidget;
 class IEditorPlugin;
@@ -56,7 +57,7 @@ public:
     void UsePalette(LumetraHost::PaletteKind kind);
     void UseLanguage(const QString& language);
 
-    Exporter& GetExporter() { return *m_exporter; }
+    Exporter& GetExporter();
     PhotoCanvas& GetCanvas() { return *m_canvas; }
     CanvasFeed& GetFeed() { return *m_feed; }
     EditorActions& GetActions() { return *m_actions; }
@@ -82,8 +83,7 @@ private:
     void ShowPhoto();
     void ShowZoom(double zoom);
     void ShowOpening(const QString& path);
-    void ExportPhoto();
-    void EndExport();
+    void ShowExport();
     void ShowRecentPhotos();
     void ShowHistogram();
     void ShowShortcuts();
@@ -113,7 +113,7 @@ private:
     QLabel* m_zoomText;
     QProgressBar* m_progress;
     QToolButton* m_cancel;
-    Exporter* m_exporter;
+    ExportCommand* m_export;
     MonitorColours* m_monitor;
 };
 

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "export/ExportGuard.h"
+
+#include "edit/KeptEdits.h"
+#include "edit/Sidecar.h"
+#include "storage/FileIdentity.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace LumetraEditor {
+namespace {
+
+using LumetraHost::FileIdentity;
+
+/// The path without links; as it is where there is no such file.
+QString WithoutLinks(const QString& path)
+{
+    const QString canonical = QFileInfo(path).canonicalFilePath();
+    return canonical.isEmpty() ? QFileInfo(path).absoluteFilePath() : canonical;
+}
+
+bool IsEditFile(const QString& path)
+{
+    static const QRegularExpression name(
+        QStringLiteral("\\.lumetra\\.json(\\.(unreadable|earlier)-[^/]*)?$"));
+    return name.match(path).hasMatch();
+}
+
+/// The folder of the user's presets, of their backups and of edits that are kept there.
+bool IsOwnFile(const QString& path)
+{
+    const QString folder = WithoutLinks(QFileInfo(KeptEdits::GetFolder()).path());
+    return path.startsWith(folder + QLatin1Char('/'));
+}
+
+bool HasEditUnderThisName(const QString& photo)
+{
+    const QFileInfo sidecar(Sidecar::GetPath(photo));
+    return sidecar.exists() || sidecar.isSymLink() || !KeptEdits::FindByPath(photo).isEmpty();
+}
+
+/// Photos in the file's folder that have an edit, where one of them may be the same file.
+bool HasEditUnderAnotherName(const QString& photo)
+{
+    const FileIdentity file = FileIdentity::Of(photo);
+    const QDir folder = QFileInfo(photo).dir();
+    const QStringList sidecars =
+        folder.entryList({Sidecar::GetPath(QStringLiteral("*"))}, QDir::Files);
+    const auto ending = Sidecar::GetPath(QString()).size();
+    return std::any_of(sidecars.begin(), sidecars.end(), [&](const QString& sidecar) {
+        return FileIdentity::Of(folder.filePath(sidecar.chopped(ending))) == file;
+    });
+}
+
+} // namespace
+
+void ExportGuard::AddPhotos(const QStringList& paths)
+{
+    const std::lock_guard lock(m_mutex);
+    m_photos.append(paths);
+    m_photos.removeDuplicates();
+}
+
+void ExportGuard::SetOpenPhoto(const QString& path)
+{
+    AddPhotos({path});
+    const std::lock_guard lock(m_mutex);
+    m_openPhoto = path;
+}
+
+QString ExportGuard::FindObstacle(const QString& output) const
+{
+    const QFileInfo file(output);
+    const QString name = file.fileName();
+    if (file.isDir())
+        return tr("“%1” is a folder.").arg(name);
+    if (file.isSymLink() && !file.exists())
+        return tr("“%1” is a link to a file that is not there.").arg(name);
+    if (file.exists() && !file.isFile())
+        return tr("“%1” is not an ordinary file.").arg(name);
+    const QString photo = FindPhoto(output);
+    if (!photo.isEmpty())
+        return photo;
+    const QString target = WithoutLinks(output);
+    if (IsEditFile(target))
+        return tr("“%1” is the edit of a photo.").arg(name);
+    if (IsOwnFile(target))
+        return tr("“%1” is in the folder where the program keeps presets and edits.").arg(name);
+    if (HasEditUnderThisName(file.absoluteFilePath()) || HasEditUnderThisName(target) ||
+        HasEditUnderAnotherName(target))
+        return tr("“%1” is a photo with an edit of its own. An export does not replace it.")
+            .arg(name);
+    return {};
+}
+
+QString ExportGuard::FindPhoto(const QString& output) const
+{
+    const FileIdentity file = FileIdentity::Of(output);
+    const auto isOutput = [&file](const QString& photo) { return FileIdentity::Of(photo) == file; };
+    const QString name = QFileInfo(output).fileName();
+    const std::lock_guard lock(m_mutex);
+    if (isOutput(m_openPhoto))
+        return tr("“%1” is the photo that is open. An export does not replace it.").arg(name);
+    if (std::any_of(m_photos.begin(), m_photos.end(), isOutput))
+        return tr("“%1” is one of the photos that were opened. An export does not replace it.")
+            .arg(name);
+    return {};
+}
+
+} // namespace LumetraEditor

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+#include <QStringList>
+
+#include <mutex>
+
+namespace LumetraEditor {
+
+/// Knows the files that no export may replace: the photos of this session, photos that have an edit
+/// of their own, and what the program keeps. Files are told apart by device and inode, so that
+/// links and other forms of a path change nothing. Any thread may ask; the answer is that of the
+/// moment, so it is asked for again right before a file is written.
+class ExportGuard
+{
+    Q_DECLARE_TR_FUNCTIONS(LumetraEditor::ExportGuard)
+
+public:
+    /// Photos that can be stepped to. They stay in the session when others follow them.
+    void AddPhotos(const QStringList& paths);
+    /// The photo that is shown; empty: none.
+    void SetOpenPhoto(const QString& path);
+
+    /// A sentence for the user that names the file and says why it cannot be written; empty when it
+    /// can be, as far as the guard knows.
+    QString FindObstacle(const QString& output) const;
+
+private:
+    QString FindPhoto(const QString& output) const;
+
+    mutable std::mutex m_mutex; ///< guards the rest
+    QStringList m_photos;
+    QString m_openPhoto;
+};
+
+} // namespace LumetraEditor
