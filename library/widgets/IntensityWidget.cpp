@@ -6,10 +6,23 @@
 
 #include <QEvent>
 #include <QToolTip>
+#include <QtDebug>
 
+#include <exception>
 #include <utility>
 
 namespace Zorvik::Lumetra::LumetraPresets {
+namespace {
+
+/// Warns once in a process: every step of a drag would fail for the same reason.
+void WarnOnce(const char* reason)
+{
+    static bool hasWarned = false;
+    if (!std::exchange(hasWarned, true))
+        qWarning("IntensityWidget: the preset did not take its intensity: %s", reason);
+}
+
+} // namespace
 
 IntensityWidget::IntensityWidget(QWidget* parent) : ClickSlider(parent)
 {
@@ -39,11 +52,22 @@ void IntensityWidget::OnIntensityStop()
     ShowIntensityToolTip();
 }
 
-/// Reaches nobody where the row is gone. What setData() returns says nothing here.
+/// Does nothing if the row is gone. The result of setData() is always false and is not looked at.
+/// Nothing may be thrown from here, because a Qt event is the caller; the row tells what it took.
 void IntensityWidget::Write(const QVariant& written, int role)
 {
-    if (auto* model = const_cast<QAbstractItemModel*>(index.model()))
+    auto* model = const_cast<QAbstractItemModel*>(index.model());
+    if (!model)
+        return;
+    try {
         model->setData(index, written, role);
+        return;
+    } catch (const std::exception& error) {
+        WarnOnce(error.what());
+    } catch (...) {
+        WarnOnce("an exception that is no std::exception");
+    }
+    UpdateInfo();
 }
 
 /// Range before value: the value must not be clamped to the range of the row before.

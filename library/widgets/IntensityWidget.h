@@ -12,6 +12,10 @@ namespace Zorvik::Lumetra::LumetraPresets {
 /// move is written into the row, which draws it live; the end of a drag, or of wheel or key steps,
 /// ends the change. Shows "Intensity: N" as a tool tip meanwhile.
 ///
+/// Nothing is thrown out of it: a write that the row refuses with an exception of any type (see
+/// EffectPresetModel::PresetRole) is caught, the first one in the process is warned about in Qt's
+/// log, and range and value are read from the row again.
+///
 /// It does not follow the model: the host binds it again when the row or its values change. The
 /// tool tip's distance in pixels below the widget's top is the dynamic property "tipYOffest".
 class LUMETRAPRESETSUTIL_EXPORT IntensityWidget : public ClickSlider
