@@ -95,6 +95,7 @@ CustomToolBox::Page CustomToolBox::MakePage(QWidget* widget, const QIcon& icon, 
     connect(page.button, SIGNAL(clicked()), this, SLOT(_q_buttonClicked()));
     page.button->setText(text);
     page.button->setIcon(icon);
+    page.titleLayout->addWidget(page.button);
     widget->setParent(this); // a layout without a parent would leave it a window
     widget->hide();
     return page;
@@ -110,9 +111,6 @@ void CustomToolBox::InsertPage(int index, const Page& page)
 
 void CustomToolBox::AddToLayout(const Page& page)
 {
-    page.titleLayout->addWidget(page.button);
-    if (page.titleWidget)
-        page.titleLayout->addWidget(page.titleWidget);
     layout->addLayout(page.titleLayout);
     layout->addWidget(page.widget);
 }
@@ -121,11 +119,8 @@ void CustomToolBox::AddToLayout(const Page& page)
 // depend on nothing more here than that the pages survive.
 void CustomToolBox::relayout()
 {
-    for (const Page& page : qAsConst(pageList)) {
+    for (const Page& page : qAsConst(pageList))
         layout->removeItem(page.titleLayout); // else deleted with the layout
-        while (const std::unique_ptr<QLayoutItem> item{page.titleLayout->takeAt(0)}) {
-        }
-    }
     delete layout;
     layout = WithoutMargins(new QVBoxLayout(this), 0);
     for (const Page& page : qAsConst(pageList))
@@ -173,13 +168,14 @@ void CustomToolBox::DropPages(const QObject* pageWidget)
     }
 }
 
+/// Title widgets stay the caller's, so they are hidden: the page's own and earlier ones of its row.
 void CustomToolBox::DeleteHeader(const Page& page)
 {
     layout->removeWidget(page.widget);
     layout->removeItem(page.titleLayout);
-    if (page.titleWidget) {
-        page.titleLayout->removeWidget(page.titleWidget);
-        page.titleWidget->hide();
+    while (const std::unique_ptr<QLayoutItem> item{page.titleLayout->takeAt(0)}) {
+        if (item->widget() && item->widget() != page.button)
+            item->widget()->hide();
     }
     delete page.titleLayout;
     delete page.button;

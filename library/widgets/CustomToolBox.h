@@ -38,8 +38,8 @@ public:
     /// of all opens, others start shut. Returns the page's index, -1 for a null widget.
     int insertItem(int index, QWidget* widget, const QString& text);
     int insertItem(int index, QWidget* widget, const QIcon& icon, const QString& text);
-    /// Removes the page; its widget is deleted in the event loop's next round, its title widget
-    /// stays a hidden child. If it was the current page, page 0 is opened.
+    /// Removes the page; its widget is deleted in the event loop's next round, the title widgets of
+    /// its row stay hidden children. If it was the current page, page 0 is opened.
     void removeItem(int index);
 
     int count() const;
@@ -63,7 +63,8 @@ public:
     void setItemToolTip(int index, const QString& toolTip);
 
     /// Puts `w`, which the box takes over, at the end of the page's header row. From the next
-    /// currentChanged() on it is enabled exactly while the page is open.
+    /// currentChanged() on it is enabled exactly while the page is open. An earlier one stays in
+    /// the row, and is no longer enabled or disabled with the page.
     void addWidgetTitleButton(QWidget* w, int index);
 
     /// Compatibility mode; opens and shuts nothing by itself.

@@ -82,6 +82,62 @@ TEST_F(CustomToolBoxLifetime, removedPagesTitleButtonStaysAsAHiddenChild)
     EXPECT_TRUE(title->isEnabled());
 }
 
+TEST_F(CustomToolBoxLifetime, removedPageHidesAnEarlierTitleButtonOfItsRowToo)
+{
+    AddPages("AB");
+    auto* earlier = new QPushButton;
+    auto* later = new QPushButton;
+    auto* other = new QPushButton;
+    m_box->addWidgetTitleButton(earlier, 1);
+    m_box->addWidgetTitleButton(later, 1);
+    m_box->addWidgetTitleButton(other, 0);
+    ShowBox();
+    ASSERT_TRUE(earlier->isVisible());
+
+    m_box->removeItem(1);
+
+    EXPECT_TRUE(earlier->isHidden());
+    EXPECT_TRUE(later->isHidden());
+    EXPECT_EQ(earlier->parentWidget(), m_box.get()) << "it stays the caller's";
+    EXPECT_TRUE(other->isVisible());
+}
+
+TEST_F(CustomToolBoxLifetime, deletedPageHidesTheTitleButtonsOfItsRebuiltRow)
+{
+    AddPages("AB");
+    auto* earlier = new QPushButton;
+    auto* later = new QPushButton;
+    auto* deleted = new QPushButton;
+    m_box->addWidgetTitleButton(earlier, 1);
+    m_box->addWidgetTitleButton(deleted, 1);
+    m_box->addWidgetTitleButton(later, 1);
+    {
+        const ExpectLog warning("already has a layout");
+        m_box->insertItem(0, new QLabel, QStringLiteral("N"));
+    }
+    ShowBox();
+    delete deleted;
+
+    delete m_box->widget(2);
+
+    EXPECT_TRUE(earlier->isHidden());
+    EXPECT_TRUE(later->isHidden());
+}
+
+TEST_F(CustomToolBoxLifetime, titleButtonThatMovedToAnotherRowStaysVisible)
+{
+    AddPages("AB");
+    auto* title = new QPushButton;
+    m_box->addWidgetTitleButton(title, 0);
+    m_box->addWidgetTitleButton(title, 1);
+    ShowBox();
+
+    m_box->removeItem(0);
+    EXPECT_TRUE(title->isVisible());
+    m_box->removeItem(0);
+    EXPECT_TRUE(title->isHidden());
+}
+
 TEST_F(CustomToolBoxLifetime, deletedTitleButtonIsForgotten)
 {
     AddPages("AB");
