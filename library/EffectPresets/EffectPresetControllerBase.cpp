@@ -179,7 +179,7 @@ void EffectPresetControllerBase::Serialize(const Brassel::SerializerPtr& node) c
 {
     EffectPresetControllerAbstract::Serialize(node);
     const auto intensity = node->CreateNode(Brassel::Settings::ConfigData::INTENSITY);
-    intensity->Set(SettingKeys::Type, static_cast<int>(GetIntensitySettingType()));
+    intensity->Set(SettingKeys::Type, static_cast<int>(Intensity().GetType()));
     intensity->WriteObject(Intensity().GetClassId(), Intensity());
 }
 

@@ -10,6 +10,7 @@
 using namespace LumetraTest;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using Zorvik::Lumetra::LumetraPresets::IntensitySettingType;
 
 namespace {
 
@@ -264,6 +265,29 @@ TEST_F(ControllerStoredFormTest, aPresetWithoutIntensityWritesTypeZero)
         EXPECT_EQ(node->GetNode("intensity")->Get("type", -1), 0);
         EXPECT_EQ(node->GetNode("intensity")->GetKeys().front(), "type");
     }
+}
+
+// A host may show a preset without its intensity; what is stored must still read back.
+TEST_F(ControllerStoredFormTest, writesTheTypeOfItsSettingWhateverTheControllerTells)
+{
+    /// A host's preset that hides its intensity.
+    class Hiding : public OpenController
+    {
+    public:
+        IntensitySettingType GetIntensitySettingType() const override
+        {
+            return IntensitySettingType::None;
+        }
+    };
+    const boost::intrusive_ptr<Hiding> preset(new Hiding);
+    preset->InitIntensity(Bench::Blending(80).ToSerializer());
+    const auto node = StoredNode{}.ToSerializer();
+    preset->Serialize(node);
+    EXPECT_EQ(node->GetNode("intensity")->Get("type", -1), 1);
+
+    const auto read = OpenController::Create();
+    read->InitIntensity(node->GetNode("intensity"));
+    EXPECT_EQ(read->GetIntensity(), 80);
 }
 
 TEST_F(ControllerStoredFormTest, passesTheSerializersRefusalOn)
