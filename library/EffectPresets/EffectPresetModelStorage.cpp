@@ -39,8 +39,11 @@ EffectPresetModel::GroupInfo& EffectPresetModel::GetCustomGroup()
 QStringList EffectPresetModel::GetUserPresetNames() const
 {
     QStringList names;
-    for (const ControllerPtr& controller : GetCustomGroup().items)
-        names.append(Util::Utf8ToQString(controller->GetName()));
+    const auto userGroup = static_cast<std::size_t>(&GetCustomGroup() - m_groups.data());
+    ForEachPreset([&](std::size_t group, const ControllerPtr& controller) {
+        if (group == userGroup)
+            names.append(Util::Utf8ToQString(controller->GetName()));
+    });
     return names;
 }
 
@@ -48,8 +51,11 @@ void EffectPresetModel::Serialize(const Brassel::SerializerPtr& node) const
 {
     const auto userPresets =
         node->CreateNode(PresetKeys::UserPresets)->CreateCollection(ConfigData::ITEMS);
-    for (const ControllerPtr& controller : GetCustomGroup().items)
-        static_cast<const ISerializable&>(*controller).Serialize(userPresets->AddElement());
+    const auto userGroup = static_cast<std::size_t>(&GetCustomGroup() - m_groups.data());
+    ForEachPreset([&](std::size_t group, const ControllerPtr& controller) {
+        if (group == userGroup)
+            static_cast<const ISerializable&>(*controller).Serialize(userPresets->AddElement());
+    });
 
     const auto favourites = node->CreateCollection(PresetKeys::Favourites);
     ForEachPreset([&](std::size_t group, const ControllerPtr& controller) {

@@ -6,6 +6,9 @@
 #include "Zorvik/Exception.h"
 #include "support/RecordingSerializer.h"
 
+#include <functional>
+#include <utility>
+
 using namespace LumetraTest;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -16,6 +19,56 @@ namespace {
 
 /// All roles that a user sees and that a store is to bring back.
 const std::vector<int> StoredRoles = {256, 257, 261, 262, 263, 269, 270, 271};
+
+/// A preset that acts while the model stores it or asks for its name.
+class ActingController : public RecordingController
+{
+public:
+    explicit ActingController(CallLog& log) : RecordingController(log, TestFactory::PackageName) {}
+
+    /// Called with the references that hold the preset at that moment.
+    std::function<void(unsigned references)> act;
+
+    const std::string& GetName() const override
+    {
+        Act();
+        return RecordingController::GetName();
+    }
+
+protected:
+    void Serialize(const Zorvik::Brassel::SerializerPtr& node) const override
+    {
+        Act();
+        RecordingController::Serialize(node);
+    }
+
+private:
+    /// Once: what it does may come back here.
+    void Act() const
+    {
+        if (act && !std::exchange(m_hasActed, true))
+            act(GetRefCount());
+    }
+
+    mutable bool m_hasActed = false;
+};
+
+class ActingFactory : public TestFactory
+{
+public:
+    explicit ActingFactory(CallLog& log) : TestFactory(log), m_log(log) {}
+
+    PresetBench::ControllerPtr CreateController(const std::string& /*kind*/) override
+    {
+        made.emplace_back(new ActingController(m_log));
+        return made.back();
+    }
+
+    std::vector<boost::intrusive_ptr<ActingController>> made;
+
+private:
+    CallLog& m_log;
+};
 
 class ModelStorageTest : public ModelFixture
 {
@@ -220,6 +273,45 @@ TEST_F(ModelStorageTest, withoutAnEditableGroupStoringThrowsAfterTheEmptyNode)
     }
     EXPECT_EQ(StoredText(*tree), "{UserPresets: {items: []}}");
     EXPECT_THROW(bench.model.GetUserPresetNames(), Zorvik::Exception);
+}
+
+// What a preset does while it is stored or asked may reach the host, which may drop the preset.
+TEST_F(ModelStorageTest, holdsEachPresetWhileItIsStoredOrNamed)
+{
+    for (const bool isStored : {true, false}) {
+        const auto acting = std::make_shared<ActingFactory>(log);
+        Model own(acting);
+        own.ParseAdditionalInfo(Zorvik::Brassel::ConstSerializerPtr(
+            StoredNode{{"items", StoredList{Preset("A", {})}}}.ToSerializer()));
+        unsigned seen = 0;
+        acting->made[0]->act = [&seen](unsigned references) { seen = references; };
+        if (isStored)
+            static_cast<const ISerializable&>(own).Serialize(StoredNode{}.ToSerializer());
+        else
+            own.GetUserPresetNames();
+        EXPECT_EQ(seen, 3U) << "the test, the row and the loop hold it";
+    }
+}
+
+TEST_F(ModelStorageTest, rowsThatAPresetRemovesWhileItIsStoredOrNamedAreNotVisited)
+{
+    for (const bool isStored : {true, false}) {
+        const auto acting = std::make_shared<ActingFactory>(log);
+        Model own(acting);
+        own.ParseAdditionalInfo(Zorvik::Brassel::ConstSerializerPtr(StoredNode{
+            {"items", StoredList{Preset("A", {}), Preset("B", {}),
+                                 Preset("C", {})}}}.ToSerializer()));
+        acting->made[0]->act = [&own](unsigned) {
+            own.removeRows(1, 2, own.index(0, 0, QModelIndex()));
+        };
+        const auto stored = StoredNode{}.ToSerializer();
+        if (isStored) {
+            static_cast<const ISerializable&>(own).Serialize(stored);
+            EXPECT_EQ(stored->GetNode("UserPresets")->GetCollection("items")->GetCount(), 1U);
+        } else {
+            EXPECT_EQ(own.GetUserPresetNames(), QStringList{QStringLiteral("A")});
+        }
+    }
 }
 
 TEST_F(ModelStorageTest, looksForTheUserGroupByItsFlagNotByItsName)
