@@ -14,7 +14,8 @@ namespace Zorvik::Lumetra::LumetraPresets {
 
 /// All of a preset that does not touch the photo: its data, stored form and statistics.
 /// ApplyInternal() and ResetInternal() are left to the derived class, GetPreviewImage() to the
-/// host's. The order of operations and fields is what plug-ins were built with: append only.
+/// host's. Exceptions are those that IEffectPresetController names; nothing is caught here. The
+/// order of operations and fields is what plug-ins were built with: append only.
 class LUMETRAPRESETSUTIL_EXPORT EffectPresetControllerAbstract
     : public virtual IEffectPresetController
 {

@@ -10,7 +10,10 @@ namespace Zorvik::Lumetra::LumetraPresets {
 /// A preset that changes the photo: it applies itself through the workspace's core drawer, draws
 /// intensity drags live through the drawer's painter, and refuses to apply while the drawer is
 /// locked. Host classes derive from it, supply GetPreviewImage() and name their statistics events.
-/// Drawer operations without a workspace throw the platform's Exception.
+/// Operations that draw (SetApplied() with notification, SaveChanges(), SetIntensity() when live,
+/// and IntensityChangeEnd() of a live change) throw the platform's Exception without a workspace or
+/// when it is gone, std::invalid_argument for an intensity slider whose effect the preset lacks,
+/// and what the host's drawer throws. Nothing is caught here.
 class LUMETRAPRESETSUTIL_EXPORT EffectPresetControllerBase : public QObject,
                                                              public EffectPresetControllerAbstract
 {
@@ -24,7 +27,7 @@ public:
     ~EffectPresetControllerBase() override;
 
     /// A changed value is drawn at once when `live`: the first starts a painting, which
-    /// IntensityChangeEnd() finishes.
+    /// IntensityChangeEnd() finishes. The value is stored also when drawing throws.
     void SetIntensity(int value, bool live) override;
     void IntensityChangeEnd() override;
     bool ApplySettingsOnProgress() const override;

@@ -36,28 +36,66 @@ class LUMETRAPRESETSUTIL_EXPORT EffectPresetModel
 public:
     /// What data() answers for a preset and what setData() does; on a group only the first three
     /// answer, with the meaning in brackets. The numbers are part of the contract.
+    ///
+    /// Reading throws nothing, the image apart. The model catches nothing, so setData() throws what
+    /// its preset does. A write that is said below to *draw* throws
+    /// - the platform's Exception when the workspace is gone or was never attached,
+    /// - std::invalid_argument when the preset's intensity is a slider and the preset lacks an
+    ///   effect that this slider drives,
+    /// - whatever the host's drawer throws.
+    /// A write that sends a usage event throws what the host's statistics throw. What was changed
+    /// before the exception stays changed, and the change is then not announced.
     enum PresetRole
     {
-        PresetNameRole = 256,   ///< QString [the group's name]; set: rename, no notification
-        PresetIdRole = 257,     ///< QString [bool: the group is editable]
-        AppliedRole = 258,      ///< bool [QString: store id]; set: switch on or off
-        SaveChangesRole = 259,  ///< set: make what is shown part of the photo
-        PreviewImageRole = 260, ///< QImage
-        IntensityRole = 261,    ///< int; set: draw live
-        IntensityMinRole = 262, ///< int
-        IntensityMaxRole = 263, ///< int
-        IntensitySettingTypeRole = 264,  ///< IntensitySettingType
-        TuneRole = 265,                  ///< set: a TuneSettingType
-        SettingsValuesRole = 266,        ///< SliderSetting::List; set: by position
-        DefaultSettingsValuesRole = 267, ///< SliderSetting::List
-        SaveAsUserPresetRole = 268,      ///< set: a copy under that name in the user's group
-        EditableRole = 269,              ///< bool: the preset's group is editable
-        FavouriteRole = 270,             ///< bool; set
-        PopularRole = 271,               ///< bool
-        ResetRole = 272,                 ///< set: sliders and intensity back to their defaults
-        AppStoreIdRole = 273,            ///< QString: store id of the preset's group
-        DownloadedResourceRole = 274,    ///< set: path of a downloaded resource
-        DownloadableRole = 275           ///< bool: a resource is yet to be downloaded
+        /// QString [the group's name]; set: rename, no notification. Throws nothing.
+        PresetNameRole = 256,
+        /// QString [bool: the group is editable]
+        PresetIdRole = 257,
+        /// bool [QString: store id]; set: switch on or off. Switching on draws, unless the drawer
+        /// is locked; switching off draws if the preset was on. The flag is set before, and before
+        /// switching on the other presets are switched off. Sends a usage event.
+        AppliedRole = 258,
+        /// set: make what is shown part of the photo. Always draws, and sends a usage event.
+        SaveChangesRole = 259,
+        /// QImage. Throws what the host's preset throws while it renders.
+        PreviewImageRole = 260,
+        /// int; set: draw live. Draws if the value differs and the preset has an intensity, also
+        /// while the drawer is locked; the value is taken before.
+        IntensityRole = 261,
+        /// int
+        IntensityMinRole = 262,
+        /// int
+        IntensityMaxRole = 263,
+        /// IntensitySettingType
+        IntensitySettingTypeRole = 264,
+        /// set: a TuneSettingType. ChangeEnd draws only if a live change is open, which stays open
+        /// after an exception; Apply is like switching on with AppliedRole.
+        TuneRole = 265,
+        /// SliderSetting::List; set: by position. Draws, like switching on with AppliedRole, only
+        /// if a value differs and the preset applies its sliders on progress.
+        SettingsValuesRole = 266,
+        /// SliderSetting::List
+        DefaultSettingsValuesRole = 267,
+        /// set: a copy under that name in the user's group. Throws what the host's factory throws,
+        /// and the platform's Exception "User preset group not found." without an editable group;
+        /// the copy is then lost.
+        SaveAsUserPresetRole = 268,
+        /// bool: the preset's group is editable
+        EditableRole = 269,
+        /// bool; set. Draws nothing, and sends a usage event.
+        FavouriteRole = 270,
+        /// bool
+        PopularRole = 271,
+        /// set: sliders and intensity back to their defaults. Draws, like switching on with
+        /// AppliedRole, only if a slider differed. Throws std::invalid_argument when the intensity
+        /// is a slider and the preset lacks the first effect that it drives.
+        ResetRole = 272,
+        /// QString: store id of the preset's group
+        AppStoreIdRole = 273,
+        /// set: path of a downloaded resource. Throws what the host's preset throws.
+        DownloadedResourceRole = 274,
+        /// bool: a resource is yet to be downloaded
+        DownloadableRole = 275
     };
 
     explicit EffectPresetModel(std::shared_ptr<IEffectPresetControllerFactory> controllerFactory);
@@ -74,12 +112,16 @@ public:
 
     // Activation and pending changes.
     /// Marks the presets of that id as applied with these effects, without drawing, and switches
-    /// all others off; an unknown id switches every preset off.
+    /// all others off; an unknown id switches every preset off. std::invalid_argument if the
+    /// preset's intensity slider drives an effect that `effects` lacks; the others are then still
+    /// on, and nothing is announced.
     void ActivatePreset(const std::string& id, const Quindle::EffectsSettings& effects);
     void ActivatePreset(const std::string& id, const Quindle::ConstEffectList& effects);
-    /// Keeps (`commit`) or takes off what the applied preset shows; nothing without one.
+    /// Keeps (`commit`) or takes off what the applied preset shows; nothing without one. Throws
+    /// like a write of SaveChangesRole or AppliedRole.
     void ApplyCurrentChanges(bool commit);
-    /// Puts every preset's values back and forgets every reset index. Draws nothing.
+    /// Puts every preset's values back and forgets every reset index. Draws nothing. Throws what
+    /// IEffectPresetController::ResetSettingsValues() throws; later presets then keep their values.
     void DiscardUserChanges();
     /// True exactly when a preset is applied, whether or not its values were edited.
     bool HasUnsavedChanges() const;
@@ -97,7 +139,7 @@ public:
     void Deserialize(const Brassel::ConstSerializerPtr& node) override;
 
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
-    /// Always false, also when the value was taken.
+    /// Always false, also when the value was taken. PresetRole tells which writes may throw.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
     /// Removes presets of the group `parent`, editable or not. False, and nothing removed, for
     /// groups and for a range that the group does not have.
