@@ -35,6 +35,15 @@ protected:
         return rest;
     }
 
+    /// The whole log, a line each, after an empty one.
+    std::string TakeText()
+    {
+        std::string text = "\n";
+        for (const std::string& line : log.Take())
+            text += line + "\n";
+        return text;
+    }
+
     /// What reached the host and the views.
     std::vector<std::string> TakeOutside() { return TakeWithout({"effect(", "preset("}); }
     std::vector<std::string> TakeCalls() { return TakeWithout({"effect("}); }

@@ -2,6 +2,7 @@
 #include "ModelFixture.h"
 
 #include "Settings/IntensitySettingType.h"
+#include "Zorvik/Exception.h"
 
 #include <QImage>
 
@@ -11,6 +12,22 @@ using testing::IsEmpty;
 using Zorvik::Lumetra::LumetraPresets::IntensitySettingType;
 
 namespace {
+
+/// Makes the indexes that a view may still hold after rows have gone.
+class IndexMaker : public PresetBench::Model
+{
+public:
+    using EffectPresetModel::EffectPresetModel;
+
+    /// Points at the group of `inside`, with another row.
+    QModelIndex WithRow(const QModelIndex& inside, int row) const
+    {
+        return createIndex(row, 0, inside.internalPointer());
+    }
+
+    /// Points at nothing, so that it reads as a group.
+    QModelIndex Nowhere(int row) const { return createIndex(row, 0, nullptr); }
+};
 
 /// What data() answers, and the changes that setData() makes without removing or saving presets.
 class ModelRolesTest : public ModelFixture
@@ -131,6 +148,72 @@ TEST_F(ModelRolesTest, staleIndexesOutOfRangeAnswerNothing)
     EXPECT_EQ(model.rowCount(stale), 0);
     EXPECT_FALSE(model.removeRows(0, 1, stale));
     EXPECT_THAT(log.Take(), IsEmpty());
+}
+
+TEST_F(ModelRolesTest, theRowBehindTheLastIsOutOfRange)
+{
+    IndexMaker own(factory);
+    const ModelSpy itsSpy(log, own);
+    own.ParseGroup(
+        "Film", StoredList{Preset("A", {Tone(1)}), Preset("B", {Tone(1)})}.ToCollection(), nullptr);
+    own.ParseGroup("Plain", StoredList{Preset("C", {Tone(1)})}.ToCollection(), nullptr);
+    log.Clear();
+    const QModelIndex inside = own.index(0, 0, own.index(0, 0, QModelIndex()));
+    ASSERT_EQ(own.data(own.WithRow(inside, 1), 256), QStringLiteral("B"));
+    ASSERT_EQ(own.data(own.Nowhere(1), 256), QStringLiteral("Plain"));
+    for (const QModelIndex& behind : {own.WithRow(inside, 2), own.Nowhere(2)}) {
+        for (int role = 256; role <= 275; ++role) {
+            EXPECT_FALSE(own.data(behind, role).isValid()) << role;
+            EXPECT_FALSE(own.setData(behind, true, role)) << role;
+        }
+        EXPECT_EQ(own.rowCount(behind), 0);
+    }
+    EXPECT_FALSE(own.index(0, 0, own.Nowhere(2)).isValid());
+    EXPECT_FALSE(own.removeRows(0, 1, own.Nowhere(2)));
+    EXPECT_FALSE(own.removeRows(2, 1, own.index(0, 0, QModelIndex())));
+    EXPECT_THAT(log.Take(), IsEmpty());
+}
+
+// Which writes draw, and so throw without a workspace; what was changed before stays changed.
+TEST_F(ModelRolesTest, writesThatDrawThrowWithoutAWorkspace)
+{
+    Set(At(0, 1), Model::AppliedRole, true);
+    Set(At(0, 1), Model::IntensityRole, 10);
+    workspace.reset();
+    log.Clear();
+    EXPECT_THROW(Set(At(0, 1), Model::TuneRole, 0), Zorvik::Exception);
+    EXPECT_THROW(Set(At(0, 1), Model::TuneRole, 0), Zorvik::Exception) << "the change stays open";
+    EXPECT_THROW(Set(At(0, 1), Model::AppliedRole, false), Zorvik::Exception);
+    EXPECT_FALSE(IsApplied(0, 1));
+    for (const auto& [role, value] : {std::pair<int, QVariant>(Model::AppliedRole, true),
+                                      {Model::SaveChangesRole, QVariant()},
+                                      {Model::IntensityRole, 50},
+                                      {Model::TuneRole, 1}})
+        EXPECT_THROW(Set(At(0, 0), role, value), Zorvik::Exception) << role;
+    EXPECT_TRUE(IsApplied(0, 0));
+    EXPECT_EQ(model.data(At(0, 0), Model::IntensityRole), 50);
+    EXPECT_THAT(log.GetLines("model."), IsEmpty()) << "and none is announced";
+}
+
+TEST_F(ModelRolesTest, otherWritesNeedNoWorkspace)
+{
+    workspace.reset();
+    auto sliders = Sliders(0, 1);
+    sliders.at(1).SetValue(90);
+    for (const auto& [role, value] :
+         {std::pair<int, QVariant>(Model::PresetNameRole, QStringLiteral("Renamed")),
+          {Model::AppliedRole, false},
+          {Model::IntensityRole, 50},
+          {Model::TuneRole, 0},
+          {Model::SettingsValuesRole, QVariant::fromValue(Sliders(0, 1))},
+          {Model::SaveAsUserPresetRole, QStringLiteral("Mine")},
+          {Model::FavouriteRole, true},
+          {Model::ResetRole, QVariant()},
+          {Model::DownloadedResourceRole, QStringLiteral("x.lut")},
+          {Model::SettingsValuesRole, QVariant::fromValue(sliders)}})
+        EXPECT_NO_THROW(Set(At(0, 1), role, value)) << role;
+    EXPECT_THROW(Set(At(0, 1), Model::ResetRole, QVariant()), Zorvik::Exception)
+        << "a slider differed, so the preset is applied";
 }
 
 TEST_F(ModelRolesTest, aGroupTakesNothing)

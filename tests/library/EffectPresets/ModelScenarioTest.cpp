@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Whole stories, told by everything that the host and the views see of them, in order.
+// Whole stories, compared with everything that the log has of them: what the presets are asked,
+// what goes into effects, what reaches the host, and what the views are told.
 #include "ModelFixture.h"
 
 #include "Zorvik/Brassel/ISerializer.h"
@@ -19,14 +20,27 @@ class ModelScenarioTest : public ModelFixture
 protected:
     ModelScenarioTest() { FillAndAttach(); }
 
+    /// A slider 0..100 of intensity kind that drives tone's gain and bias, and grain's amount.
+    static StoredNode ThreeVariables()
+    {
+        const auto variable = [](const char* effectID, const char* setting, double end) {
+            return StoredNode{
+                {"effectID", effectID}, {"setting", setting}, {"begin", 0.0}, {"end", end}};
+        };
+        const StoredList variables{variable("tone", "gain", 2.0), variable("grain", "amount", 1.0),
+                                   variable("tone", "bias", -1.0)};
+        return {{"type", 2},
+                {"sliderSetting",
+                 StoredNode{{"begin", 0.0}, {"end", 100.0}, {"variables", variables}}}};
+    }
+
+    static void LockDrawer(bool isLocked)
+    {
+        Zorvik::Util::ObjectsConnector::sendMessage(QStringLiteral("CORE_DRAWER_LOCK"), {isLocked});
+    }
+
     std::vector<std::string> Shown() { return workspace->GetDrawer().GetStack().GetShown(); }
 };
-
-std::string Event(const std::string& event, const std::string& group, const std::string& name)
-{
-    return "statistics.SendEvent(\"" + event + "\", {effectGroup: \"" + group +
-           "\", effectName: \"" + name + "\"})";
-}
 
 } // namespace
 
@@ -42,19 +56,39 @@ TEST_F(ModelScenarioTest, startUp)
                             "\"User presets\" | \"\" | - | - | -"));
 }
 
-TEST_F(ModelScenarioTest, clickingAPresetWhileAnotherIsApplied)
+TEST_F(ModelScenarioTest, clickingAPreset)
 {
-    Set(At(0, 1), Model::AppliedRole, true);
-    log.Clear();
     Set(At(0, 0), Model::AppliedRole, true);
-    EXPECT_THAT(log.Take(),
-                ElementsAre("preset(Soft).SetApplied(false, false)",
-                            "preset(Warm).SetApplied(true, true)",
-                            "effect(tone).SetParameter(\"bias\", 0.25)", "drawer.GetPackage(none)",
-                            "drawer.ApplyEffect([tone{gain: 1.5, bias: 0.25}] in Looks/Warm #0 "
-                            "blend 52, {})",
-                            Event("click", "Film", "Warm"), "model.dataChanged(0/0, 0/0, [258])"));
+    EXPECT_EQ(TakeText(), R"(
+preset(Warm).SetApplied(true, true)
+effect(tone).SetParameter("bias", 0.25)
+drawer.GetPackage(none)
+drawer.GetDefaultPackageIndex()
+drawer.ApplyEffect([tone{gain: 1.5, bias: 0.25}] in Looks/Warm #0 blend 52, {})
+statistics.SendEvent("click", {effectGroup: "Film", effectName: "Warm"})
+model.dataChanged(0/0, 0/0, [258])
+)");
+    Set(At(0, 1), Model::AppliedRole, true);
+    EXPECT_EQ(TakeText(), R"(
+preset(Warm).SetApplied(false, false)
+preset(Soft).SetApplied(true, true)
+effect(tone).SetParameter("bias", 0)
+effect(grain).SetParameter("amount", 0.5)
+drawer.GetPackage(none)
+effect(tone).SetParameter("gain", 1)
+drawer.ApplyEffect([tone{gain: 1, bias: 0}, grain{amount: 0.5}] in Looks/Soft #0 blend 1, {})
+statistics.SendEvent("click", {effectGroup: "Film", effectName: "Soft"})
+model.dataChanged(0/1, 0/1, [258])
+)") << "the open package is taken over";
     EXPECT_EQ(Shown().size(), 1U) << "presets of one panel replace each other";
+    Set(At(0, 1), Model::AppliedRole, false);
+    EXPECT_EQ(TakeText(), R"(
+preset(Soft).SetApplied(false, true)
+drawer.GetPackageIndex("Looks")
+reset.ResetPackage(0)
+statistics.SendEvent("reset", {effectGroup: "Film", effectName: "Soft"})
+model.dataChanged(0/1, 0/1, [258])
+)");
 }
 
 TEST_F(ModelScenarioTest, clickingTheAppliedPreset)
@@ -62,12 +96,13 @@ TEST_F(ModelScenarioTest, clickingTheAppliedPreset)
     Set(At(0, 0), Model::AppliedRole, true);
     log.Clear();
     Set(At(0, 0), Model::AppliedRole, true);
-    EXPECT_THAT(TakeOutside(),
-                ElementsAre("drawer.GetPackage(none)",
-                            "drawer.ApplyEffect([tone{gain: 1.5, bias: 0.25}] in Looks/Warm #0 "
-                            "blend 52, {})",
-                            Event("click", "Film", "Warm")))
-        << "applied anew, and no change is announced";
+    EXPECT_EQ(TakeText(), R"(
+preset(Warm).SetApplied(true, true)
+effect(tone).SetParameter("bias", 0.25)
+drawer.GetPackage(none)
+drawer.ApplyEffect([tone{gain: 1.5, bias: 0.25}] in Looks/Warm #0 blend 52, {})
+statistics.SendEvent("click", {effectGroup: "Film", effectName: "Warm"})
+)") << "applied anew, and no change is announced";
 }
 
 TEST_F(ModelScenarioTest, switchingOffLeavesTheOthersAlone)
@@ -75,7 +110,7 @@ TEST_F(ModelScenarioTest, switchingOffLeavesTheOthersAlone)
     Set(At(0, 0), Model::AppliedRole, true);
     log.Clear();
     Set(At(0, 1), Model::AppliedRole, false);
-    EXPECT_THAT(TakeCalls(), ElementsAre("preset(Soft).SetApplied(false, true)"));
+    EXPECT_THAT(log.Take(), ElementsAre("preset(Soft).SetApplied(false, true)"));
     EXPECT_TRUE(IsApplied(0, 0));
 }
 
@@ -86,33 +121,88 @@ TEST_F(ModelScenarioTest, draggingTheIntensityOfABlendingPreset)
     for (const int value : {70, 70, 60, 50})
         Set(At(0, 0), Model::IntensityRole, value);
     Set(At(0, 0), Model::TuneRole, 0);
-    EXPECT_THAT(TakeOutside(),
-                ElementsAre("painter.StartPainting(BlendSource Looks/Warm restoring alpha)",
-                            "painter.SetPositions(2147483647, 2147483647)",
-                            "painter.UpdatePainting([] in / #none blend 78, 0)",
-                            "painter.UpdatePainting([] in / #none blend 104, 0)",
-                            "painter.UpdatePainting([] in / #none blend 129, 0)",
-                            "painter.FinishPainting(2147483647, 2147483647, false)"));
+    EXPECT_EQ(TakeText(), R"(
+preset(Warm).SetIntensity(70, true)
+painter.StartPainting(BlendSource Looks/Warm restoring alpha)
+painter.SetPositions(2147483647, 2147483647)
+painter.UpdatePainting([] in / #none blend 78, 0)
+preset(Warm).SetIntensity(60, true)
+painter.UpdatePainting([] in / #none blend 104, 0)
+preset(Warm).SetIntensity(50, true)
+painter.UpdatePainting([] in / #none blend 129, 0)
+preset(Warm).IntensityChangeEnd()
+painter.FinishPainting(2147483647, 2147483647, false)
+)");
     EXPECT_THAT(Shown(), ElementsAre("[tone{gain: 1.5, bias: 0.25}] in Looks/Warm #0 blend 129"));
 }
 
-TEST_F(ModelScenarioTest, draggingTheIntensityOfASliderPreset)
+TEST_F(ModelScenarioTest, draggingASliderOfThreeVariables)
 {
-    Set(At(0, 1), Model::AppliedRole, true);
+    ParseGroup("Other", {Preset("Three", {Tone(1), Grain(0.5)}, ThreeVariables())});
+    Attach();
+    Set(At(3, 0), Model::AppliedRole, true);
+    log.Clear();
+    Set(At(3, 0), Model::IntensityRole, 75);
+    Set(At(3, 0), Model::IntensityRole, 75);
+    Set(At(3, 0), Model::IntensityRole, 20);
+    Set(At(3, 0), Model::TuneRole, QVariant::fromValue(TuneSettingType::ChangeEnd));
+    EXPECT_EQ(TakeText(), R"(
+preset(Three).SetIntensity(75, true)
+effect(tone).SetParameter("bias", 0)
+effect(grain).SetParameter("amount", 0.5)
+effect(tone).SetParameter("gain", 1.5)
+effect(grain).SetParameter("amount", 0.75)
+effect(tone).SetParameter("bias", -0.75)
+painter.StartPainting(OneInput Looks/Three restoring alpha)
+painter.SetPositions(2147483647, 2147483647)
+painter.UpdatePainting([grain{amount: 0.75}, tone{gain: 1.5, bias: -0.75}] in / #none blend 1, 0)
+preset(Three).SetIntensity(20, true)
+effect(tone).SetParameter("bias", 0)
+effect(grain).SetParameter("amount", 0.5)
+effect(tone).SetParameter("gain", 0.4)
+effect(grain).SetParameter("amount", 0.2)
+effect(tone).SetParameter("bias", -0.2)
+painter.UpdatePainting([grain{amount: 0.2}, tone{gain: 0.4, bias: -0.2}] in / #none blend 1, 0)
+preset(Three).IntensityChangeEnd()
+painter.FinishPainting(2147483647, 2147483647, false)
+)");
+    EXPECT_EQ(Shown(),
+              (std::vector<std::string>{
+                  "[tone{gain: 0.4, bias: -0.2}, grain{amount: 0.2}] in Looks/Three #0 blend 1"}));
+}
+
+TEST_F(ModelScenarioTest, draggingAfterAnExtraSliderWasTuned)
+{
+    auto sliders = Sliders(0, 1);
+    sliders.at(0).SetValue(40);
+    sliders.at(1).SetValue(90);
+    Set(At(0, 1), Model::SettingsValuesRole, QVariant::fromValue(sliders));
     log.Clear();
     Set(At(0, 1), Model::IntensityRole, 75);
-    Set(At(0, 1), Model::IntensityRole, 25);
-    Set(At(0, 1), Model::TuneRole, QVariant::fromValue(TuneSettingType::ChangeEnd));
-    EXPECT_THAT(TakeOutside(),
-                ElementsAre("painter.StartPainting(OneInput Looks/Soft restoring alpha)",
-                            "painter.SetPositions(2147483647, 2147483647)",
-                            "painter.UpdatePainting([tone{gain: 1.5, bias: 0}] in / #none blend 1, "
-                            "0)",
-                            "painter.UpdatePainting([tone{gain: 0.5, bias: 0}] in / #none blend 1, "
-                            "0)",
-                            "painter.FinishPainting(2147483647, 2147483647, false)"));
-    EXPECT_THAT(Shown(), ElementsAre("[tone{gain: 0.5, bias: 0}, grain{amount: 0.5}] in "
-                                     "Looks/Soft #0 blend 1"));
+    EXPECT_EQ(TakeText(), R"(
+preset(Soft).SetIntensity(75, true)
+effect(tone).SetParameter("bias", 0.4)
+effect(grain).SetParameter("amount", 0.9)
+effect(tone).SetParameter("gain", 1.5)
+painter.StartPainting(OneInput Looks/Soft restoring alpha)
+painter.SetPositions(2147483647, 2147483647)
+painter.UpdatePainting([tone{gain: 1.5, bias: 0.4}] in / #none blend 1, 0)
+)") << "with the tuned values, not the defaults";
+    Set(At(0, 1), Model::TuneRole, 0);
+    Set(At(0, 1), Model::AppliedRole, true);
+    EXPECT_EQ(TakeText(), R"(
+preset(Soft).IntensityChangeEnd()
+painter.FinishPainting(2147483647, 2147483647, false)
+preset(Soft).SetApplied(true, true)
+effect(tone).SetParameter("bias", 0.4)
+effect(grain).SetParameter("amount", 0.9)
+drawer.GetPackage(none)
+drawer.GetDefaultPackageIndex()
+effect(tone).SetParameter("gain", 1.5)
+drawer.ApplyEffect([tone{gain: 1.5, bias: 0.4}, grain{amount: 0.9}] in Looks/Soft #0 blend 1, {})
+statistics.SendEvent("click", {effectGroup: "Film", effectName: "Soft"})
+model.dataChanged(0/1, 0/1, [258])
+)");
 }
 
 // The wheel ends its steps like a release; a second end must do nothing.
@@ -123,21 +213,104 @@ TEST_F(ModelScenarioTest, endingAWheelChangeTwice)
     Set(At(0, 0), Model::TuneRole, 0);
     log.Clear();
     Set(At(0, 0), Model::TuneRole, 0);
-    EXPECT_THAT(TakeOutside(), IsEmpty());
+    EXPECT_THAT(log.Take(), ElementsAre("preset(Warm).IntensityChangeEnd()"));
 }
 
-TEST_F(ModelScenarioTest, draggingWhileTheDrawerIsLocked)
+TEST_F(ModelScenarioTest, tuningWhileAnotherPresetIsApplied)
 {
-    Zorvik::Util::ObjectsConnector::sendMessage(QStringLiteral("CORE_DRAWER_LOCK"), {true});
-    Set(At(0, 0), Model::AppliedRole, true);
-    EXPECT_THAT(TakeOutside(),
-                ElementsAre(Event("click", "Film", "Warm"), "model.dataChanged(0/0, 0/0, [258])"));
-    EXPECT_TRUE(IsApplied(0, 0));
-    EXPECT_THAT(Shown(), IsEmpty());
+    Set(At(0, 1), Model::AppliedRole, true);
+    log.Clear();
+    Set(At(0, 0), Model::TuneRole, QVariant::fromValue(TuneSettingType::Apply));
+    EXPECT_EQ(TakeText(), R"(
+preset(Soft).SetApplied(false, false)
+preset(Warm).SetApplied(true, true)
+effect(tone).SetParameter("bias", 0.25)
+drawer.GetPackage(none)
+drawer.ApplyEffect([tone{gain: 1.5, bias: 0.25}] in Looks/Warm #0 blend 52, {})
+statistics.SendEvent("click", {effectGroup: "Film", effectName: "Warm"})
+)");
+    Set(At(0, 0), Model::IntensityRole, 60);
+    Set(At(0, 0), Model::TuneRole, QVariant::fromValue(TuneSettingType::Apply));
+    EXPECT_EQ(TakeText(), R"(
+preset(Warm).SetIntensity(60, true)
+painter.StartPainting(BlendSource Looks/Warm restoring alpha)
+painter.SetPositions(2147483647, 2147483647)
+painter.UpdatePainting([] in / #none blend 104, 0)
+preset(Warm).SetApplied(true, true)
+effect(tone).SetParameter("bias", 0.25)
+drawer.GetPackage(none)
+drawer.ApplyEffect([tone{gain: 1.5, bias: 0.25}] in Looks/Warm #0 blend 104, {})
+statistics.SendEvent("click", {effectGroup: "Film", effectName: "Warm"})
+)") << "applying forgets the open painting";
+    Set(At(0, 0), Model::TuneRole, QVariant::fromValue(TuneSettingType::ChangeEnd));
+    EXPECT_EQ(TakeText(), R"(
+preset(Warm).IntensityChangeEnd()
+)");
+}
 
-    Zorvik::Util::ObjectsConnector::sendMessage(QStringLiteral("CORE_DRAWER_LOCK"), {false});
-    Set(At(0, 0), Model::TuneRole, 1);
-    EXPECT_EQ(Shown().size(), 1U);
+TEST_F(ModelScenarioTest, draggingAndResettingWhileTheDrawerIsLocked)
+{
+    LockDrawer(true);
+    Set(At(0, 1), Model::AppliedRole, true);
+    EXPECT_EQ(TakeText(), R"(
+preset(Soft).SetApplied(true, true)
+statistics.SendEvent("click", {effectGroup: "Film", effectName: "Soft"})
+model.dataChanged(0/1, 0/1, [258])
+)") << "nothing is drawn";
+    EXPECT_TRUE(IsApplied(0, 1));
+    Set(At(0, 1), Model::IntensityRole, 75);
+    Set(At(0, 1), Model::IntensityRole, 25);
+    Set(At(0, 1), Model::TuneRole, 0);
+    EXPECT_EQ(TakeText(), R"(
+preset(Soft).SetIntensity(75, true)
+effect(tone).SetParameter("bias", 0)
+effect(grain).SetParameter("amount", 0.5)
+effect(tone).SetParameter("gain", 1.5)
+painter.StartPainting(OneInput Looks/Soft restoring alpha)
+painter.SetPositions(2147483647, 2147483647)
+painter.UpdatePainting([tone{gain: 1.5, bias: 0}] in / #none blend 1, 0)
+preset(Soft).SetIntensity(25, true)
+effect(tone).SetParameter("bias", 0)
+effect(grain).SetParameter("amount", 0.5)
+effect(tone).SetParameter("gain", 0.5)
+painter.UpdatePainting([tone{gain: 0.5, bias: 0}] in / #none blend 1, 0)
+preset(Soft).IntensityChangeEnd()
+painter.FinishPainting(2147483647, 2147483647, false)
+)") << "live drawing does not look at the lock";
+    auto sliders = Sliders(0, 1);
+    sliders.at(1).SetValue(90);
+    Set(At(0, 1), Model::SettingsValuesRole, QVariant::fromValue(sliders));
+    Set(At(0, 1), Model::ResetRole, QVariant());
+    EXPECT_EQ(TakeText(), R"(
+preset(Soft).SetSettingsValues([tone=0, grain=90])
+preset(Soft).ResetSettingsValues()
+preset(Soft).SetSettingsValues([tone=0, grain=50])
+effect(tone).GetParameter("gain")
+preset(Soft).SetApplied(true, true)
+statistics.SendEvent("click", {effectGroup: "Film", effectName: "Soft"})
+model.dataChanged(0/1, 0/1, [])
+)");
+    Set(At(0, 1), Model::AppliedRole, false);
+    EXPECT_EQ(TakeText(), R"(
+preset(Soft).SetApplied(false, true)
+drawer.GetPackageIndex("Looks")
+statistics.SendEvent("reset", {effectGroup: "Film", effectName: "Soft"})
+model.dataChanged(0/1, 0/1, [258])
+)") << "switching off does not look at the lock either";
+    EXPECT_THAT(Shown(), IsEmpty());
+    LockDrawer(false);
+    Set(At(0, 1), Model::AppliedRole, true);
+    EXPECT_EQ(TakeText(), R"(
+preset(Soft).SetApplied(true, true)
+effect(tone).SetParameter("bias", 0)
+effect(grain).SetParameter("amount", 0.5)
+drawer.GetPackage(none)
+drawer.GetDefaultPackageIndex()
+effect(tone).SetParameter("gain", 0.5)
+drawer.ApplyEffect([tone{gain: 0.5, bias: 0}, grain{amount: 0.5}] in Looks/Soft #0 blend 1, {})
+statistics.SendEvent("click", {effectGroup: "Film", effectName: "Soft"})
+model.dataChanged(0/1, 0/1, [258])
+)") << "the intensity stays where it was dragged to";
 }
 
 TEST_F(ModelScenarioTest, committingThenLeaving)
@@ -145,14 +318,26 @@ TEST_F(ModelScenarioTest, committingThenLeaving)
     Set(At(0, 0), Model::AppliedRole, true);
     log.Clear();
     model.ApplyCurrentChanges(true);
+    EXPECT_EQ(TakeText(), R"(
+preset(Warm).SaveChanges()
+drawer.ApplyEffect(empty{id: "empty"}, {})
+statistics.SendEvent("apply", {effectGroup: "Film", effectName: "Warm"})
+)");
     Set(At(0, 0), Model::AppliedRole, false);
-    EXPECT_THAT(TakeOutside(),
-                ElementsAre("drawer.ApplyEffect(empty{id: \"empty\"}, {})",
-                            Event("apply", "Film", "Warm"), "drawer.GetPackageIndex(\"Looks\")",
-                            "model.dataChanged(0/0, 0/0, [258])"))
-        << "nothing is taken off and no reset is sent";
+    EXPECT_EQ(TakeText(), R"(
+preset(Warm).SetApplied(false, true)
+drawer.GetPackageIndex("Looks")
+model.dataChanged(0/0, 0/0, [258])
+)") << "nothing is taken off and no reset is sent";
     EXPECT_FALSE(model.HasUnsavedChanges());
     EXPECT_EQ(Shown().size(), 2U) << "the committed package and the empty effect";
+    model.SetWorkspaceController({});
+    EXPECT_EQ(TakeText(), R"(
+preset(Warm).SetWorkspaceController(none)
+preset(Soft).SetWorkspaceController(none)
+preset(Bare).SetWorkspaceController(none)
+model.dataChanged(-, -, [])
+)");
 }
 
 TEST_F(ModelScenarioTest, discardingAnEdit)
@@ -162,9 +347,23 @@ TEST_F(ModelScenarioTest, discardingAnEdit)
     log.Clear();
     model.ApplyCurrentChanges(false);
     model.DiscardUserChanges();
-    EXPECT_THAT(TakeOutside(),
-                ElementsAre("drawer.GetPackageIndex(\"Looks\")", "reset.ResetPackage(0)",
-                            Event("reset", "Film", "Warm"), "model.dataChanged(0/0, 0/0, [258])"));
+    EXPECT_EQ(TakeText(), R"(
+preset(Warm).SetApplied(false, true)
+drawer.GetPackageIndex("Looks")
+reset.ResetPackage(0)
+statistics.SendEvent("reset", {effectGroup: "Film", effectName: "Warm"})
+model.dataChanged(0/0, 0/0, [258])
+preset(Warm).ResetSettingsValues()
+preset(Warm).SetSettingsValues([tone=25])
+preset(Soft).ResetSettingsValues()
+preset(Soft).SetSettingsValues([tone=0, grain=50])
+effect(tone).GetParameter("gain")
+preset(Bare).ResetSettingsValues()
+preset(Bare).SetSettingsValues([tone=0])
+preset(Warm).SetResetIndex(none)
+preset(Soft).SetResetIndex(none)
+preset(Bare).SetResetIndex(none)
+)");
     EXPECT_THAT(Shown(), IsEmpty());
     EXPECT_EQ(model.data(At(0, 0), 261), 80);
 }
@@ -208,12 +407,21 @@ TEST_F(ModelScenarioTest, openingAnEditAgainAndChangingIt)
     Set(At(0, 0), Model::TuneRole, 0);
 
     // Then the drag continues on that package
-    EXPECT_THAT(TakeOutside(),
-                ElementsAre("model.dataChanged(-, -, [258])",
-                            "painter.StartPainting(BlendSource Looks/Warm restoring alpha)",
-                            "painter.SetPositions(2147483647, 2147483647)",
-                            "painter.UpdatePainting([] in / #none blend 1, 0)",
-                            "painter.FinishPainting(2147483647, 2147483647, false)"));
+    EXPECT_EQ(TakeText(), R"(
+preset(Warm).Load([tone{gain: 1.5, bias: 0}])
+effect(tone).GetParameter("bias")
+preset(Warm).SetIntensityFromEffectSettings([tone{gain: 1.5, bias: 0}] in Looks/ #4 blend 129)
+model.dataChanged(-, -, [258])
+preset(Warm).SetResetIndex(4)
+preset(Soft).SetResetIndex(4)
+preset(Bare).SetResetIndex(4)
+preset(Warm).SetIntensity(100, true)
+painter.StartPainting(BlendSource Looks/Warm restoring alpha)
+painter.SetPositions(2147483647, 2147483647)
+painter.UpdatePainting([] in / #none blend 1, 0)
+preset(Warm).IntensityChangeEnd()
+painter.FinishPainting(2147483647, 2147483647, false)
+)");
     EXPECT_THAT(Shown(), ElementsAre("[tone{gain: 1.5, bias: 0}] in Looks/ #4 blend 1"));
 }
 

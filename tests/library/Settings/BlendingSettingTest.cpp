@@ -122,6 +122,18 @@ TEST(BlendingSetting, readingMapsAnewAndLeavesTheSliderRange)
     EXPECT_EQ(setting.Value(), 1);
 }
 
+TEST(BlendingSetting, readsItsKeysInOrderWithItsOwnValuesAsDefaults)
+{
+    CallLog log;
+    auto setting = MakeSetting();
+    setting.SetValue(60);
+    setting.Deserialize(
+        RecordingSerializer::Wrap(log, StoredNode{{"begin", 10}, {"end", 200}}.ToSerializer()));
+    EXPECT_THAT(log.Take(),
+                ElementsAre("read test/value, default 60 -> 60", "read test/begin, default 1 -> 10",
+                            "read test/end, default 255 -> 200"));
+}
+
 TEST(BlendingSetting, readingSomeKeysKeepsTheOthers)
 {
     auto setting = Read({{"end", 101}});

@@ -110,6 +110,35 @@ TEST_F(IntensitySettingsFactoryTest, typeTwoIsAStrictSlider)
         << "named by its node";
 }
 
+TEST_F(IntensitySettingsFactoryTest, readsTheTypeAndThenOnlyTheNodeOfThatType)
+{
+    const StoredNode slider =
+        Stored(1, 9, {Variable("tone", "gain", 0.5, 2.0), Variable("grain", "amount", 0.0, 1.0)});
+    const StoredNode blending{{"value", 40}, {"begin", 2}, {"end", 200}};
+    Create({{"type", 1}, {"sliderSetting", slider}, {"blendSetting", blending}});
+    EXPECT_THAT(log.Take(), ElementsAre("read test/type, default 0 -> 1", "node test/blendSetting",
+                                        "read test/blendSetting/value, default 255 -> 40",
+                                        "read test/blendSetting/begin, default 1 -> 2",
+                                        "read test/blendSetting/end, default 255 -> 200"));
+    Create({{"type", 2}, {"sliderSetting", slider}, {"blendSetting", blending}});
+    const std::string first = "read test/sliderSetting/variables[0]/";
+    const std::string second = "read test/sliderSetting/variables[1]/";
+    const std::string none = "default \"sliderSetting\" -> ";
+    EXPECT_THAT(
+        log.Take(),
+        ElementsAre(
+            "read test/type, default 0 -> 2", "node test/sliderSetting",
+            "read test/sliderSetting/title, default \"\" -> \"Title\"",
+            "read test/sliderSetting/end, default 0 -> 9",
+            "read test/sliderSetting/begin, default 0 -> 1",
+            "collection test/sliderSetting/variables", "element test/sliderSetting/variables[0]",
+            first + "effectID, " + none + "\"tone\"", first + "setting, default \"\" -> \"gain\"",
+            first + "end, default 0 -> 2", first + "begin, default 0 -> 0.5",
+            "element test/sliderSetting/variables[1]", second + "effectID, " + none + "\"grain\"",
+            second + "setting, default \"\" -> \"amount\"", second + "end, default 0 -> 1",
+            second + "begin, default 0 -> 0"));
+}
+
 TEST_F(IntensitySettingsFactoryTest, aBrokenSliderThrows)
 {
     EXPECT_THROW(

@@ -47,9 +47,10 @@ TEST_F(SliderSettingStoredFormTest, readsItsKeysWithTheirDefaults)
         log, StoredNode("tone", {{"variables", StoredList{StoredNode{{"setting", "gain"}}}}})
                  .ToSerializer());
     slider.Deserialize(node);
-    EXPECT_THAT(log.GetLines("read "),
+    EXPECT_THAT(log.Take(),
                 ElementsAre("read test/title, default \"\" -> \"\"",
                             "read test/end, default 0 -> 0", "read test/begin, default 0 -> 0",
+                            "collection test/variables", "element test/variables[0]",
                             "read test/variables[0]/effectID, default \"tone\" -> \"tone\"",
                             "read test/variables[0]/setting, default \"\" -> \"gain\"",
                             "read test/variables[0]/end, default 0 -> 0",
