@@ -3,6 +3,7 @@
 
 #include "Zorvik/Brassel/ISerializer.h"
 #include "Zorvik/Exception.h"
+#include "storage/JsonException.h"
 #include "storage/JsonReader.h"
 #include "storage/JsonSerializer.h"
 #include "storage/JsonWriter.h"
@@ -22,7 +23,13 @@ namespace {
                             "storage/JsonDocument", line);
 }
 
-QByteArray ReadAll(const QString& fileName)
+std::string TooLarge(qint64 largest, qint64 size)
+{
+    return "expected at most " + std::to_string(largest / 1024 / 1024) + " MB, found " +
+           std::to_string(size) + " bytes";
+}
+
+QByteArray ReadAll(const QString& fileName, qint64 largest)
 {
     const QFileInfo info(fileName);
     if (info.exists() && !info.isFile())
@@ -31,14 +38,11 @@ QByteArray ReadAll(const QString& fileName)
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
         Fail(fileName, "cannot be read: " + file.errorString().toStdString(), __LINE__);
-    QByteArray text = file.read(JsonDocument::MAX_FILE_SIZE + 1);
+    QByteArray text = file.read(largest + 1);
     if (file.error() != QFileDevice::NoError)
         Fail(fileName, "cannot be read: " + file.errorString().toStdString(), __LINE__);
-    if (text.size() > JsonDocument::MAX_FILE_SIZE)
-        Fail(fileName,
-             "expected at most " + std::to_string(JsonDocument::MAX_FILE_SIZE / 1024 / 1024) +
-                 " MB, found " + std::to_string(info.size()) + " bytes",
-             __LINE__);
+    if (text.size() > largest)
+        Fail(fileName, TooLarge(largest, info.size()), __LINE__);
     return text;
 }
 
@@ -54,9 +58,9 @@ JsonDocument::JsonDocument(const JsonValue::Object& object, const std::string& n
 {
 }
 
-JsonDocument JsonDocument::Read(const QString& fileName)
+JsonDocument JsonDocument::Read(const QString& fileName, qint64 largest)
 {
-    return Parse(ReadAll(fileName), fileName.toStdString());
+    return Parse(ReadAll(fileName, largest), fileName.toStdString());
 }
 
 JsonDocument JsonDocument::Parse(const QByteArray& text, const std::string& name)
@@ -77,12 +81,29 @@ const JsonValue::Object& JsonDocument::GetObject() const
 
 Zorvik::Brassel::SerializerPtr JsonDocument::GetRoot() const
 {
-    return JsonSerializer::Create(m_object, m_name);
+    return JsonSerializer::Create(m_object, m_name, m_contents);
+}
+
+void JsonDocument::SetContents(const std::shared_ptr<const ContentFolder>& contents)
+{
+    m_contents = contents;
 }
 
 QByteArray JsonDocument::ToText() const
 {
     return QByteArray::fromStdString(JsonWriter::Write(*m_object));
+}
+
+JsonDocument JsonDocument::CheckReadable(const QByteArray& text, const QString& fileName)
+{
+    const std::string unwritten = "; it could not be read again, so nothing was written";
+    if (text.size() > MAX_FILE_SIZE)
+        Fail(fileName, TooLarge(MAX_FILE_SIZE, text.size()) + unwritten, __LINE__);
+    try {
+        return Parse(text, fileName.toStdString());
+    } catch (const JsonException& error) {
+        Fail(fileName, error.GetMessage() + unwritten, __LINE__);
+    }
 }
 
 } // namespace LumetraHost

@@ -34,6 +34,10 @@ struct Location
     std::shared_ptr<const IJsonLocation> top; // of the uppermost alone
 
     std::string GetFile() const { return above ? above->GetFile() : top->GetFile(); }
+    std::shared_ptr<const ContentFolder> GetContents() const
+    {
+        return above ? above->GetContents() : top->GetContents();
+    }
     std::string GetPath() const
     {
         if (!above)
@@ -49,14 +53,20 @@ struct Location
 class FixedLocation : public IJsonLocation
 {
 public:
-    FixedLocation(const std::string& file, const std::string& path) : m_file(file), m_path(path) {}
+    FixedLocation(const std::string& file, const std::string& path,
+                  const std::shared_ptr<const ContentFolder>& contents)
+        : m_file(file), m_path(path), m_contents(contents)
+    {
+    }
 
     std::string GetFile() const override { return m_file; }
     std::string GetFullPath() const override { return m_path; }
+    std::shared_ptr<const ContentFolder> GetContents() const override { return m_contents; }
 
 private:
     std::string m_file;
     std::string m_path;
+    std::shared_ptr<const ContentFolder> m_contents;
 };
 
 [[noreturn]] void Fail(const Location& location, const JsonValue* value, const std::string& message,
@@ -106,6 +116,7 @@ public:
 
     std::string GetName() const override { return m_location.name; }
     std::string GetPath() const override { return m_location.GetPath(); }
+    std::shared_ptr<const ContentFolder> GetContents() const { return m_location.GetContents(); }
     std::vector<std::string> GetKeys() const override;
     Kind GetKind(const std::string& key) const override;
 
@@ -361,15 +372,19 @@ CollectionPtr JsonNode::CreateCollection(const std::string& key)
 
 } // namespace
 
-SerializerPtr JsonSerializer::Create(const JsonValue::Object& object, const std::string& fileName)
+SerializerPtr JsonSerializer::Create(const JsonValue::Object& object, const std::string& fileName,
+                                     const std::shared_ptr<const ContentFolder>& contents)
 {
-    return Create(object, std::make_shared<FixedLocation>(fileName, fileName), std::string());
+    return Create(object, std::make_shared<FixedLocation>(fileName, fileName, contents),
+                  std::string());
 }
 
 SerializerPtr JsonSerializer::Create(const JsonValue::Object& object, const std::string& fileName,
-                                     const std::string& path, const std::string& name)
+                                     const std::string& path, const std::string& name,
+                                     const std::shared_ptr<const ContentFolder>& contents)
 {
-    return Create(object, std::make_shared<FixedLocation>(fileName, fileName + "/" + path), name);
+    return Create(object,
+                  std::make_shared<FixedLocation>(fileName, fileName + "/" + path, contents), name);
 }
 
 SerializerPtr JsonSerializer::Create(const JsonValue::Object& object,
@@ -377,6 +392,12 @@ SerializerPtr JsonSerializer::Create(const JsonValue::Object& object,
                                      const std::string& name)
 {
     return new JsonNode(object, Location{name, Location::NONE, nullptr, nullptr, location});
+}
+
+std::shared_ptr<const ContentFolder> JsonSerializer::FindContents(const ISerializer& node)
+{
+    const auto* json = dynamic_cast<const JsonNode*>(&node);
+    return json ? json->GetContents() : nullptr;
 }
 
 } // namespace LumetraHost

@@ -10,6 +10,7 @@
 
 namespace LumetraHost {
 
+class ContentFolder;
 class IJsonLocation;
 
 /// A serializer over a JSON object.
@@ -23,16 +24,23 @@ class JsonSerializer
 {
 public:
     /// Wraps `object` without copying. `fileName` begins every path and stands in the places.
-    static Zorvik::Brassel::SerializerPtr Create(const JsonValue::Object& object,
-                                                 const std::string& fileName);
+    /// `contents` holds what the file names by its hash; null when it has to be whole by itself.
+    static Zorvik::Brassel::SerializerPtr
+    Create(const JsonValue::Object& object, const std::string& fileName,
+           const std::shared_ptr<const ContentFolder>& contents = nullptr);
     /// The same for a node inside a file: `path` leads there, without the file's name.
-    static Zorvik::Brassel::SerializerPtr Create(const JsonValue::Object& object,
-                                                 const std::string& fileName,
-                                                 const std::string& path, const std::string& name);
+    static Zorvik::Brassel::SerializerPtr
+    Create(const JsonValue::Object& object, const std::string& fileName, const std::string& path,
+           const std::string& name, const std::shared_ptr<const ContentFolder>& contents = nullptr);
     /// The same for a node whose place is worked out only when it is asked for.
     static Zorvik::Brassel::SerializerPtr
     Create(const JsonValue::Object& object, const std::shared_ptr<const IJsonLocation>& location,
            const std::string& name);
+
+    /// The contents of the file that `node` belongs to; null when it has none, or is no node of
+    /// this kind.
+    static std::shared_ptr<const ContentFolder>
+    FindContents(const Zorvik::Brassel::ISerializer& node);
 };
 
 } // namespace LumetraHost

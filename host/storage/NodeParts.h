@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "Zorvik/Brassel/ISerializer.h"
+
+#include <string>
+#include <vector>
+
+namespace LumetraHost {
+
+/// The node without some of its keys, to be read only: as if nothing stood under them. It keeps
+/// the places that the node's own errors name.
+Zorvik::Brassel::ConstSerializerPtr HideKeys(const Zorvik::Brassel::ConstSerializerPtr& node,
+                                             const std::vector<std::string>& keys);
+
+/// Writes everything that stands in `from` into `to`. Exception when `to` refuses it.
+void CopyNode(const Zorvik::Brassel::ISerializer& from, Zorvik::Brassel::ISerializer& to);
+
+} // namespace LumetraHost
