@@ -23,19 +23,20 @@ std::optional<double> GetValue(const IEffectSettings& effect, const std::string&
     return effect.GetParameter(name);
 }
 
-/// Tables are shared by clones, so that they need not be compared entry by entry.
-bool ShareTables(const IEffectSettings& first, const IEffectSettings& second)
-{
-    const auto* const a = dynamic_cast<const Lut3dSettings*>(&first);
-    const auto* const b = dynamic_cast<const Lut3dSettings*>(&second);
-    return a && b && a->GetCurve() == b->GetCurve() && a->GetCube() == b->GetCube();
-}
-
 std::string GetStoredForm(const IEffectSettings& effect)
 {
     const auto object = std::make_shared<JsonObject>();
     effect.Serialize(JsonSerializer::Create(object, "effect"));
     return JsonWriter::Write(*object);
+}
+
+/// What the stored form has beside numbers. Tables are known by their content's hash, so that they
+/// need not be written out, nor even read.
+bool HaveSameContent(const IEffectSettings& first, const IEffectSettings& second)
+{
+    const auto* const a = dynamic_cast<const Lut3dSettings*>(&first);
+    const auto* const b = dynamic_cast<const Lut3dSettings*>(&second);
+    return a && b ? a->HasSameTables(*b) : GetStoredForm(first) == GetStoredForm(second);
 }
 
 } // namespace
@@ -54,9 +55,7 @@ bool AreSameEffects(const EffectPtr& first, const EffectPtr& second)
         std::all_of(parameters.begin(), parameters.end(), [&](const EffectParameter& parameter) {
             return GetValue(*first, parameter.name) == GetValue(*second, parameter.name);
         });
-    if (!haveSameNumbers || !kind->descriptor.create || ShareTables(*first, *second))
-        return haveSameNumbers;
-    return GetStoredForm(*first) == GetStoredForm(*second);
+    return haveSameNumbers && (!kind->descriptor.create || HaveSameContent(*first, *second));
 }
 
 bool DrawTheSame(const Zorvik::Quindle::EffectsSettings& first,

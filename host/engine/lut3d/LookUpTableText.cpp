@@ -3,7 +3,6 @@
 
 #include "Zorvik/Exception.h"
 
-#include <QByteArray>
 #include <QtEndian>
 
 #include <boost/current_function.hpp>
@@ -23,7 +22,6 @@ constexpr char KeySize[] = "size";
 constexpr char KeyFormat[] = "format";
 constexpr char KeyLow[] = "low";
 constexpr char KeyHigh[] = "high";
-constexpr char KeyData[] = "data";
 constexpr const char* KeyMinimum[3] = {"minRed", "minGreen", "minBlue"};
 constexpr const char* KeyMaximum[3] = {"maxRed", "maxGreen", "maxBlue"};
 constexpr char FormatInteger[] = "uint16";
@@ -89,7 +87,7 @@ int ReadSize(const ConstSerializerPtr& node, LookUpTable::Kind kind)
     return size;
 }
 
-void ReadDomain(const ConstSerializerPtr& node, LookUpTable& table)
+void ReadDomain(const ConstSerializerPtr& node, LookUpTableForm& table)
 {
     for (std::size_t c = 0; c < 3; ++c) {
         table.minimum[c] = node->Get(KeyMinimum[c], 0.0);
@@ -112,11 +110,12 @@ bool ReadIsFloat(const ConstSerializerPtr& node)
 }
 
 // The length of the text is compared before it is decoded.
-QByteArray ReadData(const ConstSerializerPtr& node, std::size_t size)
+QByteArray ReadBase64(const ConstSerializerPtr& node, std::size_t size)
 {
-    const std::string text = node->Get(KeyData, "");
+    const char* const key = LookUpTableText::KeyData;
+    const std::string text = node->Get(key, "");
     if (text.size() != (size + 2) / 3 * 4)
-        Fail(node, KeyData,
+        Fail(node, key,
              "expected " + std::to_string((size + 2) / 3 * 4) + " characters of base64, found " +
                  std::to_string(text.size()),
              __LINE__);
@@ -124,7 +123,7 @@ QByteArray ReadData(const ConstSerializerPtr& node, std::size_t size)
         QByteArray::fromRawData(text.data(), static_cast<int>(text.size())),
         QByteArray::Base64Encoding | QByteArray::AbortOnBase64DecodingErrors);
     if (!decoded || static_cast<std::size_t>(decoded.decoded.size()) != size)
-        Fail(node, KeyData, "expected base64, found something else", __LINE__);
+        Fail(node, key, "expected base64, found something else", __LINE__);
     return decoded.decoded;
 }
 
@@ -169,29 +168,73 @@ void LookUpTableText::Write(const LookUpTable& table, const SerializerPtr& node)
 
 LookUpTable LookUpTableText::Read(const ConstSerializerPtr& node, LookUpTable::Kind kind)
 {
-    LookUpTable table;
-    table.kind = kind;
-    table.size = ReadSize(node, kind);
-    ReadDomain(node, table);
-    const bool isFloat = ReadIsFloat(node);
+    const LookUpTableForm form = ReadForm(node, kind);
+    return Decode(form, ReadData(node, form));
+}
+
+LookUpTableForm LookUpTableText::ReadForm(const ConstSerializerPtr& node, LookUpTable::Kind kind)
+{
+    LookUpTableForm form;
+    form.kind = kind;
+    form.size = ReadSize(node, kind);
+    ReadDomain(node, form);
+    form.isFloat = ReadIsFloat(node);
     const Range range = ReadRange(node);
-    const QByteArray bytes = ReadData(node, table.GetCount() * 3 * (isFloat ? 4 : 2));
-    table.values.resize(LookUpTable::Stride * table.GetCount());
-    if (isFloat)
-        Unpack<float>(
-            bytes, [](float value) { return value; }, table);
-    else
-        Unpack<quint16>(
-            bytes,
-            [&](quint16 value) {
-                return static_cast<float>(range.low + value / Steps * (range.high - range.low));
-            },
-            table);
-    const auto isFinite = [](float value) { return std::isfinite(value); };
-    if (!std::all_of(table.values.begin(), table.values.end(), isFinite))
+    form.low = range.low;
+    form.high = range.high;
+    return form;
+}
+
+QByteArray LookUpTableText::ReadData(const ConstSerializerPtr& node, const LookUpTableForm& form)
+{
+    QByteArray data = ReadBase64(node, form.GetByteCount());
+    if (!AreNumbers(form, data))
         Fail(node, KeyData, "expected finite numbers, found infinity or \"not a number\"",
              __LINE__);
+    return data;
+}
+
+LookUpTable LookUpTableText::Decode(const LookUpTableForm& form, const QByteArray& data)
+{
+    LookUpTable table;
+    table.kind = form.kind;
+    table.size = form.size;
+    table.minimum = form.minimum;
+    table.maximum = form.maximum;
+    table.values.resize(LookUpTable::Stride * table.GetCount());
+    if (form.isFloat)
+        Unpack<float>(
+            data, [](float value) { return value; }, table);
+    else
+        Unpack<quint16>(
+            data,
+            [&](quint16 value) {
+                return static_cast<float>(form.low + value / Steps * (form.high - form.low));
+            },
+            table);
     return table;
+}
+
+bool LookUpTableText::AreNumbers(const LookUpTableForm& form, const QByteArray& data)
+{
+    if (!form.isFloat)
+        return true;
+    for (int at = 0; at < data.size(); at += static_cast<int>(sizeof(float)))
+        if (!std::isfinite(qFromLittleEndian<float>(data.constData() + at)))
+            return false;
+    return true;
+}
+
+std::size_t LookUpTableForm::GetByteCount() const
+{
+    return LookUpTable::GetCount(kind, size) * 3 * (isFloat ? sizeof(float) : sizeof(quint16));
+}
+
+bool LookUpTableForm::operator==(const LookUpTableForm& other) const
+{
+    return kind == other.kind && size == other.size && minimum == other.minimum &&
+           maximum == other.maximum && isFloat == other.isFloat && low == other.low &&
+           high == other.high;
 }
 
 } // namespace LumetraHost

@@ -14,7 +14,7 @@ StagePtr CreateLut3dStage(const Zorvik::Quindle::IEffectSettings& settings,
 {
     const auto parameters = Lut3dParameters::Read(settings);
     const auto* const tables = dynamic_cast<const Lut3dSettings*>(&settings);
-    if (parameters.strength == 0 || !tables || (!tables->GetCurve() && !tables->GetCube()))
+    if (parameters.strength == 0 || !tables || !tables->HasTables())
         return nullptr;
     return std::make_shared<Lut3dStage>(tables->GetCurve(), tables->GetCube(),
                                         parameters.strength / 100, context.isa);

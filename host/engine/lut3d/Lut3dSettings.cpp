@@ -3,6 +3,8 @@
 
 #include "engine/lut3d/LookUpTableText.h"
 #include "engine/lut3d/Lut3dParameters.h"
+#include "engine/lut3d/StoredTable.h"
+#include "storage/NodeParts.h"
 
 #include "Zorvik/Brassel/SerializerProperty.h"
 
@@ -12,11 +14,15 @@ namespace {
 using Zorvik::Brassel::ConstSerializerPtr;
 using Zorvik::Quindle::EffectPtr;
 
-LookUpTablePtr ReadTable(const ConstSerializerPtr& node, const char* key, LookUpTable::Kind kind)
+StoredTablePtr ReadTable(const ConstSerializerPtr& node, const char* key, LookUpTable::Kind kind)
 {
     const ConstSerializerPtr table = node->GetNode(key);
-    return table ? std::make_shared<const LookUpTable>(LookUpTableText::Read(table, kind))
-                 : nullptr;
+    return table ? StoredTable::Read(table, kind) : nullptr;
+}
+
+bool AreSame(const StoredTablePtr& first, const StoredTablePtr& second)
+{
+    return first && second ? first->IsSameAs(*second) : first == second;
 }
 
 } // namespace
@@ -51,13 +57,44 @@ void Lut3dSettings::Deserialize(const ConstSerializerPtr& node)
 {
     if (!node)
         return;
-    const LookUpTablePtr curve = ReadTable(node, KeyCurve, LookUpTable::Kind::Curve);
-    const LookUpTablePtr cube = ReadTable(node, KeyCube, LookUpTable::Kind::Cube);
-    EffectSettingsImpl::Deserialize(node);
+    const StoredTablePtr curve = ReadTable(node, KeyCurve, LookUpTable::Kind::Curve);
+    const StoredTablePtr cube = ReadTable(node, KeyCube, LookUpTable::Kind::Cube);
+    // The base class would copy the numbers, and copy them again with every clone.
+    EffectSettingsImpl::Deserialize(HideKeys(node, {KeyCurve, KeyCube}));
     if (curve)
         m_curve = curve;
     if (cube)
         m_cube = cube;
+}
+
+void Lut3dSettings::Serialize(const Zorvik::Brassel::SerializerPtr& node) const
+{
+    EffectSettingsImpl::Serialize(node);
+    if (m_curve)
+        m_curve->Write(node->CreateNode(KeyCurve));
+    if (m_cube)
+        m_cube->Write(node->CreateNode(KeyCube));
+}
+
+LookUpTablePtr Lut3dSettings::GetCurve() const
+{
+    return m_curve ? m_curve->GetTable() : nullptr;
+}
+
+LookUpTablePtr Lut3dSettings::GetCube() const
+{
+    return m_cube ? m_cube->GetTable() : nullptr;
+}
+
+bool Lut3dSettings::HasSameTables(const Lut3dSettings& other) const
+{
+    return AreSame(m_curve, other.m_curve) && AreSame(m_cube, other.m_cube);
+}
+
+std::string Lut3dSettings::FindProblem(ContentCheck check) const
+{
+    const std::string problem = m_curve ? m_curve->FindProblem(check) : std::string();
+    return problem.empty() && m_cube ? m_cube->FindProblem(check) : problem;
 }
 
 } // namespace LumetraHost

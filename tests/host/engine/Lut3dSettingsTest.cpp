@@ -3,10 +3,14 @@
 
 #include "engine/EffectKinds.h"
 #include "engine/lut3d/LookUpTableText.h"
+#include "storage/ContentFolder.h"
 #include "storage/JsonDocument.h"
 
 #include "Zorvik/Brassel/SerializerProperty.h"
 #include "Zorvik/Exception.h"
+
+#include <QFile>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -149,6 +153,130 @@ TEST(Lut3dSettings, staysAsItWasWhenReadingFails)
     EXPECT_THROW(static_cast<ISerializable&>(*effect).Deserialize(node), Zorvik::Exception);
     EXPECT_EQ(effect->GetParameter("strength"), 100);
     EXPECT_EQ(AsTables(effect).GetCurve(), before);
+}
+
+/// A document beside whose file tables are kept.
+class Lut3dSettingsInFiles : public testing::Test
+{
+protected:
+    Lut3dSettingsInFiles()
+        : contents(std::make_shared<const ContentFolder>(folder.filePath(QStringLiteral("tables"))))
+    {
+        RegisterEffects();
+        contents->Add(Bytes());
+    }
+
+    static QByteArray Bytes() { return QByteArray::fromBase64(SmallCube.c_str()); }
+    static std::string Name() { return ContentFolder::NameOf(Bytes()); }
+    QString File() const
+    {
+        return contents->GetPath() + QLatin1Char('/') + QString::fromStdString(Name());
+    }
+
+    JsonDocument Document(const std::string& name) const
+    {
+        auto document = JsonDocument::Parse(
+            QByteArray::fromStdString(
+                R"({"id": "lut3d", "cube": {"size": 2, "note": "x", "sha256": ")" + name + "\"}}"),
+            "store.json");
+        document.SetContents(contents);
+        return document;
+    }
+
+    static EffectPtr ReadFrom(const JsonDocument& document)
+    {
+        const EffectPtr effect = Lut3dSettings::Create();
+        static_cast<ISerializable&>(*effect).Deserialize(document.GetRoot());
+        return effect;
+    }
+
+    static QByteArray Written(const EffectPtr& effect,
+                              const std::shared_ptr<const ContentFolder>& target)
+    {
+        JsonDocument document("written.json");
+        document.SetContents(target);
+        static_cast<const ISerializable&>(*effect).Serialize(document.GetRoot());
+        return document.ToText();
+    }
+
+    QTemporaryDir folder;
+    std::shared_ptr<const ContentFolder> contents;
+};
+
+TEST_F(Lut3dSettingsInFiles, readsTheFileWhenTheTableIsWantedAndOnce)
+{
+    const EffectPtr effect = ReadFrom(Document(Name()));
+    const EffectPtr clone = effect->Clone();
+    EXPECT_EQ(AsTables(clone).GetCube()->values[4], 1.0f);
+    ASSERT_TRUE(QFile::remove(File()));
+    EXPECT_EQ(AsTables(effect).GetCube(), AsTables(clone).GetCube());
+    EXPECT_EQ(AsTables(effect).FindProblem(ContentCheck::Content), "");
+}
+
+TEST_F(Lut3dSettingsInFiles, writesTheNameThereAndTheNumbersElsewhere)
+{
+    const EffectPtr effect = ReadFrom(Document(Name()));
+    const QByteArray named = Written(effect, contents);
+    EXPECT_TRUE(named.contains(Name().c_str()) && named.contains("\"note\""));
+    EXPECT_FALSE(named.contains("\"data\""));
+
+    const auto other = std::make_shared<const ContentFolder>(folder.filePath(QStringLiteral("x")));
+    for (const auto& target : {std::shared_ptr<const ContentFolder>(), other}) {
+        const QByteArray whole = Written(effect, target);
+        EXPECT_TRUE(whole.contains(SmallCube.c_str()) && whole.contains("\"note\""));
+        EXPECT_FALSE(whole.contains("\"sha256\""));
+    }
+}
+
+TEST_F(Lut3dSettingsInFiles, writesTheNameOfAMissingFileAndTheNumbersOnceTheyAreInMemory)
+{
+    const EffectPtr effect = ReadFrom(Document(Name()));
+    const EffectPtr drawn = ReadFrom(Document(Name()));
+    ASSERT_TRUE(AsTables(drawn).GetCube());
+    ASSERT_TRUE(QFile::remove(File()));
+    EXPECT_TRUE(Written(effect, contents).contains(Name().c_str()));
+    EXPECT_TRUE(Written(drawn, contents).contains(SmallCube.c_str()));
+    EXPECT_THROW(Written(effect, nullptr), Zorvik::Exception);
+}
+
+TEST_F(Lut3dSettingsInFiles, triesAgainWhenTheFileComesBack)
+{
+    ASSERT_TRUE(QFile::remove(File()));
+    const EffectPtr effect = ReadFrom(Document(Name()));
+    try {
+        AsTables(effect).GetCube();
+        ADD_FAILURE() << "expected an exception";
+    } catch (const Zorvik::Exception& error) {
+        EXPECT_EQ(error.GetDescription(), "store.json/cube: " + File().toStdString() +
+                                              ": expected a file of 48 bytes, found none");
+    }
+    EXPECT_NE(AsTables(effect).FindProblem(ContentCheck::Presence), "");
+    contents->Add(Bytes());
+    EXPECT_TRUE(AsTables(effect).GetCube());
+}
+
+TEST_F(Lut3dSettingsInFiles, refusesNamesThatAreNoneAndNamesWithoutAFolder)
+{
+    EXPECT_THROW(ReadFrom(Document("../../etc/passwd")), Zorvik::Exception);
+    JsonDocument alone = Document(Name());
+    alone.SetContents(nullptr);
+    try {
+        ReadFrom(alone);
+        ADD_FAILURE() << "expected an exception";
+    } catch (const Zorvik::Exception& error) {
+        EXPECT_EQ(error.GetDescription().rfind("store.json/cube: expected \"data\"", 0), 0u)
+            << error.GetDescription();
+    }
+}
+
+TEST_F(Lut3dSettingsInFiles, areTheSameAsThoseThatHoldTheirNumbers)
+{
+    const auto whole = JsonDocument::Parse(
+        QByteArray::fromStdString(R"({"id": "lut3d", "cube": {"size": 2, "data": ")" + SmallCube +
+                                  "\"}}"),
+        "whole.json");
+    ASSERT_TRUE(QFile::remove(File()));
+    EXPECT_TRUE(AsTables(ReadFrom(whole)).HasSameTables(AsTables(ReadFrom(Document(Name())))));
 }
 
 TEST(LookUpTableText, keepsSixteenBitsOrWholeFloats)
