@@ -78,6 +78,8 @@ std::unique_ptr<PresetSession> CatalogueOptions::Load(const QCommandLineParser& 
     for (const QString& problem : problems)
         console.ReportPlace(problem);
     Report(*session, console);
+    if (parser.isSet(StoreOption()) && !session->GetStore())
+        return nullptr;
     for (const QString& file : named)
         if (unusable.contains(file))
             return nullptr;

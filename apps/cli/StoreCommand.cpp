@@ -36,7 +36,8 @@ ExitCode StoreCommand::Execute(const QCommandLineParser& parser, Console& consol
 ExitCode StoreCommand::Save(LumetraPlugin::PresetSession& session, Console& console)
 {
     try {
-        session.GetStore()->Save(session.GetModel());
+        for (const std::string& report : session.GetStore()->Save(session.GetModel()))
+            console.ReportPlace(QString::fromStdString(report));
         return ExitCode::Done;
     } catch (const Zorvik::Exception& error) {
         console.ReportPlace(QString::fromUtf8(error.what()));

@@ -32,6 +32,7 @@ struct CheckedNode::State : IJsonLocation
     std::string GetFile() const override;
     std::string GetPath() const;
     std::string GetFullPath() const override;
+    std::shared_ptr<const ContentFolder> GetContents() const override;
 
     std::shared_ptr<const State> parent; // null at the top
     const Top* top = nullptr;            // of the file, which the parents keep
@@ -48,8 +49,9 @@ struct CheckedNode::State : IJsonLocation
 /// The file's uppermost node, with what concerns the file as a whole.
 struct CheckedNode::Top : State
 {
-    Top(const JsonValue::Object& content, const std::string& fileName, CatalogueReports& target)
-        : root(content), file(fileName), reports(target)
+    Top(const JsonValue::Object& content, const std::string& fileName, CatalogueReports& target,
+        const std::shared_ptr<const ContentFolder>& folder)
+        : root(content), file(fileName), reports(target), contents(folder)
     {
         object = &root;
         top = this;
@@ -58,6 +60,7 @@ struct CheckedNode::Top : State
     JsonValue::Object root;
     std::string file;
     CatalogueReports& reports;
+    std::shared_ptr<const ContentFolder> contents;
 };
 
 std::string CheckedNode::State::GetFile() const
@@ -83,9 +86,15 @@ std::string CheckedNode::State::GetFullPath() const
     return GetFile() + "/" + GetPath();
 }
 
+std::shared_ptr<const ContentFolder> CheckedNode::State::GetContents() const
+{
+    return top->contents;
+}
+
 CheckedNode::CheckedNode(const JsonValue::Object& object, const std::string& file,
-                         CatalogueReports& reports)
-    : m_state(std::make_shared<const Top>(object, file, reports))
+                         CatalogueReports& reports,
+                         const std::shared_ptr<const ContentFolder>& contents)
+    : m_state(std::make_shared<const Top>(object, file, reports, contents))
 {
 }
 

@@ -14,6 +14,8 @@
 
 namespace LumetraHost {
 
+class ContentFolder;
+
 /// A node of a catalogue file while it is checked. Reads of a present value that does not fit add
 /// an error to the reports and give nothing; so does a missing one, without an error.
 /// A handle: copies are the same node, which keeps the file's values alive. The values must not
@@ -21,9 +23,10 @@ namespace LumetraHost {
 class CheckedNode
 {
 public:
-    /// The top of a file.
-    CheckedNode(const JsonValue::Object& object, const std::string& file,
-                CatalogueReports& reports);
+    /// The top of a file. `contents` holds what the file names by its hash; null when it has to be
+    /// whole by itself.
+    CheckedNode(const JsonValue::Object& object, const std::string& file, CatalogueReports& reports,
+                const std::shared_ptr<const ContentFolder>& contents = nullptr);
 
     /// The key in the parent, or the name of the element; empty for an element without one.
     const std::string& GetName() const;

@@ -2,10 +2,14 @@
 #include "catalogue/EffectsChecker.h"
 
 #include "Zorvik/Brassel/ISerializer.h"
+#include "Zorvik/Exception.h"
 #include "Zorvik/Quindle/EffectRegistry.h"
 #include "catalogue/CheckedNode.h"
 #include "catalogue/NearestName.h"
+#include "engine/IStoredElsewhere.h"
 #include "storage/JsonWriter.h"
+
+#include <boost/current_function.hpp>
 
 #include <algorithm>
 
@@ -90,6 +94,12 @@ void LetRead(const CheckedNode& effect)
         const auto node = effect.GetSerializer();
         const auto settings = IEffectSettings::CreateEffectSettings(node);
         static_cast<Zorvik::Brassel::ISerializable&>(*settings).Deserialize(node);
+        const auto* elsewhere = dynamic_cast<const IStoredElsewhere*>(settings.get());
+        const std::string problem =
+            elsewhere ? elsewhere->FindProblem(ContentCheck::Content) : std::string();
+        if (!problem.empty())
+            effect.Error(Zorvik::Exception(problem, BOOST_CURRENT_FUNCTION,
+                                           "catalogue/EffectsChecker", __LINE__));
     } catch (const std::exception& error) {
         effect.Error(error);
     }

@@ -75,7 +75,10 @@ void UserStoreChecker::Check(const JsonDocument& document,
                              const std::set<std::string>& controllerKinds,
                              CatalogueReports& reports)
 {
-    const CheckedNode root(document.GetObject(), document.GetName(), reports);
+    const QString file = QString::fromStdString(document.GetName());
+    const CheckedNode root(
+        document.GetObject(), document.GetName(), reports,
+        std::make_shared<const ContentFolder>(UserDataFile::FindContentFolder(file)));
     CheckHeader(root);
     const bool hasHolder = root.Has(PresetsKey); // without one the presets stand in the file itself
     root.NoteUnknownKeys(

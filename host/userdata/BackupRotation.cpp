@@ -6,16 +6,20 @@
 
 #include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
 
 #include <boost/current_function.hpp>
 
 namespace LumetraHost {
 namespace {
 
+constexpr char OldFormSuffix[] = ".version-1";
+
 QByteArray ReadAll(const QString& name)
 {
     QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const bool isPlain = QFileInfo(name).isFile(); // a pipe would keep us waiting
+    return isPlain && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace
@@ -62,6 +66,24 @@ QString BackupRotation::SetAside(const QString& word) const
             (m_path + QStringLiteral(": expected to copy it to ") + name).toStdString(),
             BOOST_CURRENT_FUNCTION, "userdata/BackupRotation", __LINE__);
     return name;
+}
+
+void BackupRotation::KeepOldForm(const QString& file) const
+{
+    const QByteArray content = ReadAll(file);
+    const QString first = m_path + QLatin1String(OldFormSuffix);
+    QString name = first;
+    for (int attempt = 2; QFile::exists(name); ++attempt) {
+        if (ReadAll(name) == content)
+            return;
+        name = first + QStringLiteral("-%1").arg(attempt);
+    }
+    CheckedFileWriter::Write(name, content);
+}
+
+bool BackupRotation::IsOldForm(const QString& fileName)
+{
+    return fileName.contains(QLatin1String(OldFormSuffix));
 }
 
 } // namespace LumetraHost

@@ -25,6 +25,13 @@ public:
     /// name. `word` says why it is kept. Exception when the copy fails.
     QString SetAside(const QString& word = QStringLiteral("unreadable")) const;
 
+    /// Copies `file`, which is the file itself or one of its backups, to "NAME.version-1", where it
+    /// stays: the form that older programs write. Under a number when another file has that name;
+    /// not again when it is there. Exception when the copy fails.
+    void KeepOldForm(const QString& file) const;
+    /// True for the names that KeepOldForm() gives.
+    static bool IsOldForm(const QString& fileName);
+
 private:
     QString FileName(int number) const;
 

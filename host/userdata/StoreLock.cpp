@@ -11,6 +11,13 @@
 
 #include <boost/current_function.hpp>
 
+#include <cerrno>
+#include <cstring>
+#include <string>
+
+#include <fcntl.h>
+#include <unistd.h>
+
 namespace LumetraHost {
 namespace {
 
@@ -39,14 +46,47 @@ bool IsAbandoned(const QLockFile& lock, const QString& name)
     return !lock.getLockInfo(&pid, &host, &application) || host != QSysInfo::machineHostName();
 }
 
-QString Holder(const QLockFile& lock, const QString& name)
+/// Why the system refuses a lock file of that name; QLockFile tells no more than "cannot".
+std::string ReasonAgainst(const QString& name)
+{
+    if (QFileInfo(name).isDir())
+        return "a folder has that name";
+    const QByteArray file = QFile::encodeName(name);
+    const int handle = ::open(file.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
+    const int error = errno;
+    if (handle < 0)
+        return std::strerror(error);
+    ::close(handle);
+    ::unlink(file.constData());
+    return "the system gave no reason";
+}
+
+[[noreturn]] void Fail(const QString& path, const std::string& problem)
+{
+    throw Zorvik::Exception(path.toStdString() + ": cannot be locked for writing: " + problem,
+                            BOOST_CURRENT_FUNCTION, "userdata/StoreLock", __LINE__);
+}
+
+[[noreturn]] void FailToMake(const QString& path)
+{
+    const QString name = LockName(path);
+    Fail(path,
+         "making its lock file \"" + name.toStdString() + "\" failed: " + ReasonAgainst(name));
+}
+
+[[noreturn]] void FailToWait(const QLockFile& lock, const QString& path)
 {
     qint64 pid = 0;
     QString host;
     QString application;
-    if (!lock.getLockInfo(&pid, &host, &application))
-        return QStringLiteral("its lock file \"%1\" cannot be made").arg(name);
-    return QStringLiteral("%1 (process %2 on %3) holds it").arg(application).arg(pid).arg(host);
+    const bool isKnown = lock.getLockInfo(&pid, &host, &application);
+    const QString holder =
+        isKnown ? QStringLiteral("%1 (process %2 on %3)").arg(application).arg(pid).arg(host)
+                : QStringLiteral("another program");
+    Fail(path, QStringLiteral("%1 has held its lock file \"%2\" for %3 seconds")
+                   .arg(holder, LockName(path))
+                   .arg(WaitMilliseconds / 1000)
+                   .toStdString());
 }
 
 } // namespace
@@ -58,12 +98,10 @@ StoreLock::StoreLock(const QString& path) : m_lock(LockName(path))
     waited.start();
     while (!m_lock.tryLock(TryMilliseconds)) {
         const bool isHeld = m_lock.error() == QLockFile::LockFailedError;
-        if (!isHeld || waited.elapsed() > WaitMilliseconds)
-            throw Zorvik::Exception((path +
-                                     QStringLiteral(": expected to lock it for writing, but ") +
-                                     Holder(m_lock, LockName(path)))
-                                        .toStdString(),
-                                    BOOST_CURRENT_FUNCTION, "userdata/StoreLock", __LINE__);
+        if (!isHeld || QFileInfo(LockName(path)).isDir())
+            FailToMake(path);
+        if (waited.elapsed() > WaitMilliseconds)
+            FailToWait(m_lock, path);
         if (IsAbandoned(m_lock, LockName(path)))
             QFile::remove(LockName(path));
     }

@@ -12,7 +12,8 @@ namespace LumetraHost {
 class StoreLock
 {
 public:
-    /// Waits up to ten seconds. Exception that names the file and, where known, who holds it.
+    /// Waits up to ten seconds. Exception that names the file and the lock file, and says who holds
+    /// it, as far as known, or why it cannot be made.
     explicit StoreLock(const QString& path);
 
 private:

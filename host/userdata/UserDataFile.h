@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "storage/ContentFolder.h"
 #include "storage/JsonDocument.h"
 #include "userdata/BackupRotation.h"
 
 #include <QString>
 
 #include <functional>
+#include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -16,42 +19,71 @@ namespace LumetraHost {
 /// The one JSON file that holds the user's presets and favourites, safe against a stop at any
 /// instant, against damage and against other programs that write it too.
 ///
-/// A file that cannot be understood is copied to a dated name and replaced by the newest good
-/// backup. A file of a newer major version can be read but not written. It knows nothing of what
-/// the presets mean.
+/// Reading writes nothing. A damaged file is read from its newest good backup; the next change
+/// copies the damaged one to a dated name and takes its place. A file that is none of ours and has
+/// no good backup is refused and left alone. A file of a newer major version can be read but not
+/// written; one of an older version takes the new form with the first change, and a copy in the old
+/// form stays beside it for good. What is too large for the text stands in a folder "NAME.tables"
+/// beside it, whose files the text names. The class knows nothing of what the presets mean.
 class UserDataFile
 {
 public:
     static constexpr char FORMAT[] = "lumetra-user-presets";
-    static constexpr int MAJOR_VERSION = 1;
+    static constexpr int MAJOR_VERSION = 2;
+    /// Files of the first version held everything themselves, and grew beyond what is read
+    /// otherwise.
+    static constexpr qint64 LARGEST_OLD_FILE = 1024 * 1024 * 1024;
 
-    /// The folder is made when something is first written.
+    using Edit = std::function<bool(JsonObject& current)>;
+    /// Contents by their names.
+    using Contents = std::map<std::string, QByteArray>;
+
+    /// The folder is made when something is first written. Of a link the file that it leads to is
+    /// used, so that lock and backups are the same under every name.
     explicit UserDataFile(const QString& path);
 
-    /// The file's content now; an empty document when there is no file. Exception when it exists
-    /// and cannot be read at all (no permission, a folder); the file is then left alone.
+    /// The file's content now, or that of its newest good backup when the file is missing or
+    /// damaged; an empty document when there is neither file nor backup, or a file of 0 bytes
+    /// alone. Exception when the file cannot be read at all (no permission, a folder, a pipe, a
+    /// link to nothing), and when it is none of ours and has no good backup.
     JsonDocument Read();
 
     /// Under the lock: reads the file again, lets `edit` change it and, when `edit` says that it
     /// did, writes it and a backup. Returns the content that the file has afterwards. Exception,
-    /// and the file as it was, when anything fails or the file is of a newer major version.
-    JsonDocument Update(const std::function<bool(JsonObject& current)>& edit);
+    /// and the file as it was, when Read() would throw, when it cannot be locked or written, or is
+    /// of a newer major version. A backup that fails is only reported.
+    JsonDocument Update(const Edit& edit);
+    /// The same; of `contents`, which `edit` may fill, those that the new text names are written
+    /// before it. Contents that nobody names any more are removed after it.
+    JsonDocument Update(const Edit& edit, const Contents& contents);
+
+    /// The folder that belongs to the file at `path`.
+    static QString FindContentFolder(const QString& path);
+    const ContentFolderPtr& GetContents() const { return m_contents; }
 
     /// True when the content last read is of a newer major version.
     bool IsReadOnly() const;
-    /// What had to be repaired since the object was made, a sentence each.
+    /// What was wrong during the last Read() or Update(), a sentence each.
     const std::vector<std::string>& GetReports() const;
     const QString& GetPath() const;
 
 private:
-    JsonDocument ReadOrRestore();
-    JsonDocument Restore(const std::string& reason);
+    struct Found;
+
+    Found Find();
+    Found FindBackup(const std::string& reason);
     JsonDocument ReadChecked(const QString& path) const;
+    JsonDocument Replace(const Found& found, const Contents& contents);
     std::optional<JsonDocument> ReadBackup(const QString& path);
+    void SetDamagedAside();
+    void AddBackup(const QByteArray& text);
+    void Collect();
     void RemoveOldTemporaryFiles() const;
 
     QString m_path;
     BackupRotation m_backups;
+    ContentFolderPtr m_contents;
+    std::set<std::string> m_named; // in all texts that this object has seen: an undo may need them
     std::vector<std::string> m_reports;
     bool m_isReadOnly = false;
 };

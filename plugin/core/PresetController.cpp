@@ -78,6 +78,19 @@ void PresetController::InitIntensity(const Zorvik::Brassel::ConstSerializerPtr& 
     m_startIntensity = GetIntensity();
 }
 
+std::string PresetController::FindProblem(LumetraHost::ContentCheck check) const
+{
+    for (const EffectsSettings* settings : {&m_effectSettings, &m_previewEffectSettings})
+        for (const auto& effect : settings->EffectsConst()) {
+            const auto* elsewhere =
+                dynamic_cast<const LumetraHost::IStoredElsewhere*>(effect.get());
+            const std::string problem = elsewhere ? elsewhere->FindProblem(check) : std::string();
+            if (!problem.empty())
+                return problem;
+        }
+    return {};
+}
+
 EffectsSettings PresetController::MakeSettings()
 {
     EffectsSettings shared(1);
@@ -128,7 +141,7 @@ void PresetController::BringIntensityIntoPreview()
 QImage PresetController::GetPreviewImage()
 {
     const auto workspace = GetWorkspaceController(false);
-    if (!workspace)
+    if (!workspace || !FindProblem(LumetraHost::ContentCheck::Presence).empty())
         return QImage();
     const PreviewPolicies policies = GetPreviewPolicies();
     if (!m_previews->render) {

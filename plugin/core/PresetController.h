@@ -5,6 +5,7 @@
 #include "Settings/SliderSetting.h"
 
 #include "Zorvik/Proc/Frame.h"
+#include "engine/IStoredElsewhere.h"
 
 #include <QSize>
 
@@ -73,6 +74,11 @@ public:
     /// empty for a preset that brings its effects along.
     const std::string& GetResource() const { return m_resource; }
 
+    /// Empty when the files that the preset's effects need, such as look-up tables beside the
+    /// user's presets, are there; else a sentence that names the first that is not and what was
+    /// expected. A preset with a problem cannot be drawn. A resource that is yet to come is none.
+    std::string FindProblem(LumetraHost::ContentCheck check) const;
+
     void InitDefaultSettings(
         const std::vector<Zorvik::Lumetra::LumetraPresets::SliderSetting>& sliders) override;
     void InitIntensity(const Zorvik::Brassel::ConstSerializerPtr& node) override;
@@ -84,7 +90,8 @@ public:
     /// True: a moved slider shows at once.
     bool ApplySettingsOnProgress() const override;
     /// The preset on the open photo at its current intensity, from PreviewOptions::render; without
-    /// that rendered anew by the drawer at each call. A null picture without a photo.
+    /// that rendered anew by the drawer at each call. A null picture without a photo, and while a
+    /// file that the preset needs is missing.
     QImage GetPreviewImage() override;
 
 protected:

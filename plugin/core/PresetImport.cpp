@@ -8,6 +8,7 @@
 #include "core/PresetCollection.h"
 #include "core/PresetControllerFactory.h"
 #include "core/PresetNames.h"
+#include "core/UserPresetStore.h"
 #include "storage/JsonDocument.h"
 
 #include <boost/current_function.hpp>
@@ -17,7 +18,6 @@ namespace {
 
 using LumetraHost::CatalogueParser;
 using LumetraHost::CatalogueReport;
-using LumetraHost::CatalogueReports;
 using LumetraHost::JsonDocument;
 using LumetraHost::UserStoreChecker;
 using PresetPtr = PresetModel::PresetPtr;
@@ -37,15 +37,21 @@ QStringList ErrorsOf(const std::vector<CatalogueReport>& reports, const std::str
     return errors;
 }
 
-/// The presets of the groups from `first` on whose effects are there.
-std::vector<PresetPtr> CollectPresets(const PresetModel& model, int first)
+/// The presets of the groups from `first` on whose effects are there, with their tables.
+std::vector<PresetPtr> CollectPresets(const PresetModel& model, int first, const QString& path,
+                                      QStringList& problems)
 {
     std::vector<PresetPtr> presets;
     for (int g = first; g < model.rowCount(); ++g) {
         const QModelIndex group = model.index(g, 0);
         for (int i = 0; i < model.rowCount(group); ++i) {
             const PresetPtr preset = model.GetPreset(model.index(i, 0, group));
-            if (!preset->IsDownloadable())
+            const std::string problem = preset->FindProblem(LumetraHost::ContentCheck::Content);
+            if (!problem.empty())
+                problems.append(QStringLiteral("%1: \"%2\" cannot be used: %3")
+                                    .arg(path, QString::fromStdString(preset->GetName()),
+                                         QString::fromStdString(problem)));
+            else if (!preset->IsDownloadable())
                 presets.push_back(preset);
         }
     }
@@ -60,22 +66,19 @@ std::vector<PresetPtr> ReadJson(PresetCollection& collection, const QString& pat
     CatalogueParser parser(PresetControllerFactory::GetKinds());
     for (const QString& file : collection.GetCatalogueFiles())
         parser.AddFile(file);
-    const bool isStore = UserStoreChecker::IsStore(document);
-    if (isStore) {
-        CatalogueReports reports;
-        UserStoreChecker::Check(document, PresetControllerFactory::GetKinds(), reports);
-        problems = ErrorsOf(reports.GetAll(), document.GetName());
+    PresetModel model(collection.GetSharedFactory());
+    if (UserStoreChecker::IsStore(document)) {
+        UserPresetStore store(path, collection.GetSharedFactory());
+        parser.Parse(model, store.Load());
+        for (const std::string& report : store.GetReports())
+            problems.append(QString::fromStdString(report));
     } else {
         parser.AddDocument(document);
+        parser.Parse(model, nullptr);
     }
-    if (isStore && !problems.isEmpty())
-        Fail(problems.takeFirst().toStdString(), BOOST_CURRENT_FUNCTION, __LINE__);
-
-    PresetModel model(collection.GetSharedFactory());
-    parser.Parse(model,
-                 isStore ? Zorvik::Brassel::ConstSerializerPtr(document.GetRoot()) : nullptr);
     problems += ErrorsOf(parser.GetReports(), document.GetName());
-    const auto presets = CollectPresets(model, collection.GetModel().rowCount() - 1);
+    const auto presets =
+        CollectPresets(model, collection.GetModel().rowCount() - 1, path, problems);
     if (presets.empty())
         Fail(problems.isEmpty() ? path.toStdString() + ": expected at least one preset, found none"
                                 : problems.takeFirst().toStdString(),

@@ -5,11 +5,14 @@
 #include "EffectPresets/IEffectPresetControllerFactory.h"
 #include "Zorvik/Brassel/ISerializer.h"
 #include "Zorvik/Brassel/SettingsKeys.h"
+#include "core/StoreTables.h"
 #include "storage/JsonException.h"
 #include "storage/JsonSerializer.h"
 #include "userdata/UserDataMerge.h"
 
 #include <QStandardPaths>
+
+#include <algorithm>
 
 namespace LumetraPlugin {
 namespace {
@@ -84,11 +87,9 @@ bool UserPresetStore::IsReadOnly() const
     return m_file.IsReadOnly();
 }
 
-std::vector<std::string> UserPresetStore::GetReports() const
+const std::vector<std::string>& UserPresetStore::GetReports() const
 {
-    std::vector<std::string> reports = m_file.GetReports();
-    reports.insert(reports.end(), m_reports.begin(), m_reports.end());
-    return reports;
+    return m_reports;
 }
 
 /// Lets a controller read the entry as the model will: one that throws would take all the others
@@ -106,7 +107,8 @@ bool UserPresetStore::TryPreset(const JsonValue& element, std::size_t index,
     if (!object)
         return refuse(std::string("expected node, found ") + element.GetKindName());
     try {
-        const auto node = JsonSerializer::Create(*object, m_seen.GetName(), path, {});
+        const auto node =
+            JsonSerializer::Create(*object, m_seen.GetName(), path, {}, m_file.GetContents());
         const auto controller = m_factory->CreateController(node->Get(ConfigData::CONTROLLER, ""));
         static_cast<Zorvik::Brassel::ISerializable&>(*controller).Deserialize(node);
         controller->InitIntensity(node->GetNode(ConfigData::INTENSITY));
@@ -165,35 +167,53 @@ JsonValue::Array UserPresetStore::CollectMarks(const JsonDocument& document)
 
 Zorvik::Brassel::ConstSerializerPtr UserPresetStore::Load()
 {
-    m_reports.clear();
     m_seen = m_file.Read();
+    m_reports = m_file.GetReports();
 
     const auto holder = std::make_shared<JsonObject>();
     holder->Set(ConfigData::ITEMS, MakeValue(CollectPresets(m_seen)));
     const auto usable = std::make_shared<JsonObject>();
     usable->Set(UserPresetsKey, MakeValue(holder));
     usable->Set(FavouritesKey, MakeValue(CollectMarks(m_seen)));
-    return JsonSerializer::Create(usable, m_seen.GetName());
+    return JsonSerializer::Create(usable, m_seen.GetName(), m_file.GetContents());
+}
+
+/// Tables that this store keeps already are written by their names.
+JsonDocument UserPresetStore::Write(const EffectPresetModel& model) const
+{
+    JsonDocument state(m_seen.GetName());
+    state.SetContents(m_file.GetContents());
+    model.Serialize(state.GetRoot());
+    return state;
 }
 
 void UserPresetStore::Remember(const EffectPresetModel& model)
 {
-    JsonDocument state(m_seen.GetName());
-    model.Serialize(state.GetRoot());
-    m_remembered = state;
+    m_remembered = Write(model);
 }
 
-void UserPresetStore::Save(const EffectPresetModel& model)
+std::vector<std::string> UserPresetStore::Save(const EffectPresetModel& model)
 {
-    JsonDocument state(m_seen.GetName());
-    model.Serialize(state.GetRoot());
+    const JsonDocument state = Write(model);
     const LumetraHost::UserDataMerge merge(
         [this](const JsonValue& element) { return TryPreset(element, 0, nullptr); });
-    m_seen = m_file.Update([&](JsonObject& current) {
+    // A table and the name of its file are the same to the merge once all have the same form.
+    StoreTables tables;
+    for (const JsonDocument& document : {m_remembered, state, m_seen})
+        tables.TakeOut(*document.GetObject());
+    const auto edit = [&](JsonObject& current) {
+        tables.TakeOut(current);
         return merge.Apply(*m_remembered.GetObject(), *state.GetObject(), *m_seen.GetObject(),
                            current);
-    });
+    };
+    m_seen = m_file.Update(edit, tables.GetContents());
     m_remembered = state;
+
+    std::vector<std::string> news;
+    for (const std::string& report : m_file.GetReports())
+        if (std::find(m_reports.begin(), m_reports.end(), report) == m_reports.end())
+            news.push_back(report);
+    return news;
 }
 
 } // namespace LumetraPlugin

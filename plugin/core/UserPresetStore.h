@@ -21,7 +21,8 @@ namespace LumetraPlugin {
 /// made through the model: a rename, for one, sends no signal. What Save() writes is the difference
 /// to what was last remembered or saved, carried over to the file as it is then; the model does not
 /// learn of other programs' presets until the next start. The file shows the model at that moment,
-/// an intensity that has been dragged included.
+/// an intensity that has been dragged included. Look-up tables stand in files beside it, which are
+/// read when a preset that needs one is drawn.
 class UserPresetStore
 {
 public:
@@ -34,21 +35,24 @@ public:
     /// "lumetra/presets.json" in the user's data folder.
     static QString GetDefaultPath();
 
-    /// What the model can read of the file: usable presets and marks, the rest reported. Exception
-    /// when the file exists and cannot be read at all.
+    /// What the model can read of the file: usable presets and marks, the rest reported. It writes
+    /// nothing. Exception when the file exists and cannot be read at all, or is none of ours.
     Zorvik::Brassel::ConstSerializerPtr Load();
     /// Notes what `model` holds now, so that Save() knows what has changed since.
     void Remember(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model);
-    /// Writes what has changed in `model`. Exception when that fails; nothing is lost then, and
-    /// the next Save() tries again.
-    void Save(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model);
+    /// Writes what has changed in `model`. Returns what was repaired on the way, and what could not
+    /// be done beside it, such as a backup: a sentence each. Exception when the presets are not
+    /// saved; nothing is lost then, and the next Save() tries again.
+    std::vector<std::string> Save(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model);
 
     /// True when the file comes from a newer program: Save() will fail.
     bool IsReadOnly() const;
-    /// What was repaired or left aside, a sentence each with file and place.
-    std::vector<std::string> GetReports() const;
+    /// What Load() took from a backup or left aside, a sentence each with file and place.
+    const std::vector<std::string>& GetReports() const;
 
 private:
+    LumetraHost::JsonDocument
+    Write(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model) const;
     bool TryPreset(const LumetraHost::JsonValue& element, std::size_t index,
                    std::vector<std::string>* reports) const;
     LumetraHost::JsonValue::Array CollectPresets(const LumetraHost::JsonDocument& document);

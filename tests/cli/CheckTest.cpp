@@ -102,7 +102,7 @@ TEST_F(CliTest, knowsAStoreOfTheFirstVersionByItsMembers)
 
 TEST_F(CliTest, sortsTheRemarksOfCataloguesAndStoresByFile)
 {
-    WriteFile("own.json", R"({"format": "lumetra-user-presets", "a": 1, "version": 2})");
+    WriteFile("own.json", R"({"format": "lumetra-user-presets", "a": 1, "version": 3})");
     WriteFile("note.json", R"({"format": "lumetra-catalogue", "version": 1, "author": "x"})");
 
     const CliResult result = RunPlain({QStringLiteral("check"), QStringLiteral("note.json"),
@@ -112,7 +112,7 @@ TEST_F(CliTest, sortsTheRemarksOfCataloguesAndStoresByFile)
     EXPECT_EQ(result.output,
               "note.json:1:57: note: author: this key is not used\n"
               "own.json:1:41: note: a: this key is not used\n"
-              "own.json:1:55: warning: version: expected version 1, found a newer one: it can be "
+              "own.json:1:55: warning: version: expected version 2, found a newer one: it can be "
               "read but not changed\n"
               "none.json: error: cannot be read: No such file or directory\n");
 }

@@ -2,6 +2,7 @@
 #include "CliTest.h"
 
 #include <QDir>
+#include <QFile>
 
 #include <algorithm>
 #include <cmath>
@@ -251,4 +252,45 @@ TEST_F(CliTest, checksTheTablesThatPresetsBringAlong)
     EXPECT_EQ(result.output,
               "tables.json:3:24: error: groups[0]/items[0]/settings/effects[0]/effect/cube/data: "
               "expected 64 characters of base64, found 4\n");
+}
+
+TEST_F(CliTest, checksTheTablesBesideAStore)
+{
+    WriteFile("swap.cube", SwappingCube());
+    ASSERT_EQ(Run(WithStore({Text("import"), Text("swap.cube")})).code, 0);
+    const CliResult good = RunPlain({Text("check"), Text("presets.json")});
+    EXPECT_EQ(good.code, 0) << good.output;
+
+    const QDir tables(Path("presets.json.tables"));
+    ASSERT_EQ(tables.entryList(QDir::Files).size(), 1);
+    const QString table = tables.filePath(tables.entryList(QDir::Files).front());
+    QFile file(table);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray(48, 'x'));
+    file.close();
+    const CliResult damaged = RunPlain({Text("check"), Text("presets.json")});
+    EXPECT_EQ(damaged.code, 1);
+    EXPECT_THAT(damaged.output, HasSubstr("error: UserPresets/items[0]/effects[0]/effect/cube"));
+    EXPECT_THAT(damaged.output, HasSubstr("found a damaged one"));
+
+    ASSERT_TRUE(QFile::remove(table));
+    const CliResult missing = RunPlain({Text("check"), Text("presets.json")});
+    EXPECT_EQ(missing.code, 1);
+    EXPECT_THAT(missing.output, HasSubstr("expected a file of 48 bytes, found none"));
+    EXPECT_THAT(Run(WithStore({Text("list"), Text("--user")})).output, HasSubstr("swap"));
+}
+
+TEST_F(CliTest, appliesATableFromBesideAStore)
+{
+    WritePhoto("photo.png");
+    WriteFile("swap.cube", SwappingCube());
+    ASSERT_EQ(Run(WithStore({Text("import"), Text("swap.cube")})).code, 0);
+    const auto apply = [this](const char* preset, const char* output) {
+        return Run(WithStore({Text("apply"), Text("photo.png"), Text("--preset"), Text(preset),
+                              Text("-o"), Text(output)}))
+            .code;
+    };
+    EXPECT_EQ(apply("swap", "stored.png"), 0);
+    EXPECT_EQ(apply("swap.cube", "file.png"), 0);
+    EXPECT_EQ(ReadFile("stored.png"), ReadFile("file.png"));
 }

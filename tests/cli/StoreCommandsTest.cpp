@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "CliTest.h"
 
+#include <QDir>
+
 using testing::HasSubstr;
 using testing::Not;
 
@@ -152,4 +154,69 @@ TEST_F(CliTest, changesNothingWhenTheStoreIsOfANewerProgram)
     EXPECT_EQ(result.code, 1);
     EXPECT_THAT(result.messages, HasSubstr("found a newer one; nothing was written"));
     EXPECT_EQ(ReadFile("presets.json"), newer);
+}
+
+namespace {
+
+/// Every command that reads a store, with arguments that would do.
+QList<QStringList> CommandsWithAStore()
+{
+    const QString grey = QStringLiteral("Test Grey");
+    return {{QStringLiteral("list")},
+            {QStringLiteral("apply"), QStringLiteral("photo.png"), QStringLiteral("--preset"), grey,
+             QStringLiteral("-o"), QStringLiteral("out.png")},
+            {QStringLiteral("sheet"), QStringLiteral("photo.png"), QStringLiteral("-o"),
+             QStringLiteral("sheet.png")},
+            {QStringLiteral("export-lut"), QStringLiteral("--preset"), grey, QStringLiteral("-o"),
+             QStringLiteral("out.cube")},
+            {QStringLiteral("save"), grey, Mine()},
+            {QStringLiteral("rename"), grey, Mine()},
+            {QStringLiteral("remove"), grey},
+            {QStringLiteral("favourite"), grey}};
+}
+
+} // namespace
+
+TEST_F(CliTest, leavesAloneWhateverIsNamedAsAStoreWithoutBeingOne)
+{
+    WritePhoto("photo.png");
+    WriteFile("others.json", R"({"format": "lumetra-catalogue", "version": 1, "items": []})");
+    WriteFile("notes.json", R"({"items": ["milk"]})");
+    for (const char* store : {"photo.png", "others.json", "notes.json"}) {
+        const QByteArray before = ReadFile(store);
+        for (QStringList arguments : CommandsWithAStore()) {
+            SCOPED_TRACE(arguments.join(QLatin1Char(' ')).toStdString() + " --store " + store);
+            const CliResult result =
+                Run(arguments << QStringLiteral("--store") << QString::fromLatin1(store));
+            EXPECT_EQ(result.code, 1);
+            EXPECT_THAT(result.messages, HasSubstr(store));
+            EXPECT_THAT(result.messages, HasSubstr("expected a file of your own presets"));
+            EXPECT_EQ(ReadFile(store), before);
+        }
+    }
+    for (const char* made : {"out.png", "sheet.png", "out.cube", "photo.png.lock"})
+        EXPECT_FALSE(Exists(made)) << made;
+}
+
+TEST_F(CliTest, savesToANewStoreAndReadsOneThatIsEmpty)
+{
+    WriteFile("presets.json", "");
+    EXPECT_EQ(Run(WithStore({QStringLiteral("list")})).code, 0);
+    EXPECT_EQ(ReadFile("presets.json"), "");
+    EXPECT_EQ(Run(WithStore({QStringLiteral("save"), QStringLiteral("Test Grey"), Mine()})).code,
+              0);
+    EXPECT_THAT(Run(WithStore({QStringLiteral("list"), QStringLiteral("--user")})).output,
+                HasSubstr("Mine"));
+}
+
+TEST_F(CliTest, succeedsWithAWarningWhenOnlyTheBackupFails)
+{
+    for (int i = 1; i <= 5; ++i)
+        ASSERT_TRUE(
+            QDir(folder.path()).mkpath(QStringLiteral("presets.json.backup-%1/full").arg(i)));
+    const CliResult saved =
+        Run(WithStore({QStringLiteral("save"), QStringLiteral("Test Grey"), Mine()}));
+    EXPECT_EQ(saved.code, 0);
+    EXPECT_EQ(saved.output, "saved \"Mine\" from \"Test Grey\"\n");
+    EXPECT_THAT(saved.messages, HasSubstr("the presets were saved, but not a backup of them"));
 }

@@ -7,11 +7,14 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QMap>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 #include <thread>
+
+#include <sys/stat.h>
 
 namespace LumetraHost {
 namespace {
@@ -34,6 +37,15 @@ protected:
         QFile file(name);
         EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(name);
         return file.readAll();
+    }
+
+    /// The plain files of the folder.
+    QMap<QString, QByteArray> Contents() const
+    {
+        QMap<QString, QByteArray> contents;
+        for (const QString& name : Files())
+            contents.insert(name, ReadFile(QFileInfo(Path()).dir().filePath(name)));
+        return contents;
     }
 
     QStringList Files() const { return QFileInfo(Path()).dir().entryList(QDir::Files, QDir::Name); }
@@ -69,7 +81,7 @@ TEST_F(UserDataFileTest, makesItsFolderAndWritesFormatVersionAndABackup)
     const auto document = UserDataFile(Path()).Read();
     EXPECT_TRUE(Has(document, "a"));
     EXPECT_EQ(*document.GetObject()->Find("format")->As<std::string>(), UserDataFile::FORMAT);
-    EXPECT_EQ(document.GetObject()->Find("version")->As<JsonNumber>()->value, 1);
+    EXPECT_EQ(document.GetObject()->Find("version")->As<JsonNumber>()->value, 2);
     EXPECT_EQ(ReadFile(Path() + QStringLiteral(".backup-1")), ReadFile(Path()));
 }
 
@@ -123,19 +135,157 @@ TEST_F(UserDataFileTest, setsADamagedFileAsideAndTakesTheNewestGoodBackup)
     WriteFile(Path() + QStringLiteral(".backup-1"), QByteArray());
 
     UserDataFile file(Path());
-    const auto document = file.Read();
+    const auto document = file.Update(SetMember("c"));
 
     EXPECT_TRUE(Has(document, "a"));
     EXPECT_FALSE(Has(document, "b")) << "backup 1 is damaged too";
     const QStringList aside = Files().filter(QStringLiteral("unreadable"));
     ASSERT_EQ(aside.size(), 1);
     EXPECT_EQ(ReadFile(QFileInfo(Path()).dir().filePath(aside.first())), "{\"UserPresets\": ");
-    ASSERT_EQ(file.GetReports().size(), 2u);
-    const std::string& report = file.GetReports().back();
+    ASSERT_EQ(file.GetReports().size(), 3u);
+    const std::string& report = file.GetReports()[1];
     EXPECT_NE(report.find("presets.json:1:"), std::string::npos) << report;
     EXPECT_NE(report.find("backup-2"), std::string::npos) << report;
+    EXPECT_NE(file.GetReports()[2].find(aside.first().toStdString()), std::string::npos);
     EXPECT_NE(ReadFile(Path()), good);
+    UserDataFile later(Path());
+    const auto repaired = later.Read();
+    EXPECT_TRUE(Has(repaired, "a") && Has(repaired, "c"));
+    EXPECT_TRUE(later.GetReports().empty());
+}
+
+TEST_F(UserDataFileTest, readsADamagedFileFromItsBackupAndTouchesNothing)
+{
+    UserDataFile(Path()).Update(SetMember("a"));
+    for (const QByteArray& damaged : {QByteArray("{\"UserPresets\": "), QByteArray()}) {
+        WriteFile(Path(), damaged);
+        const QMap<QString, QByteArray> before = Contents();
+        UserDataFile file(Path());
+        EXPECT_TRUE(Has(file.Read(), "a"));
+        EXPECT_EQ(file.GetReports().size(), 1u);
+        EXPECT_EQ(Contents(), before);
+    }
+}
+
+/// None of them is a file of presets, and none may cost its owner a byte.
+TEST_F(UserDataFileTest, refusesFilesThatAreNotItsOwnAndLeavesThemAlone)
+{
+    for (const QByteArray& foreign :
+         {QByteArray("\xff\xd8\xff\xe0\0\x10JFIF", 10), QByteArray("no json"), QByteArray("\n"),
+          QByteArray("[1, 2]"), QByteArray(R"({"format": "lumetra-catalogue", "version": 1})"),
+          QByteArray(R"({"format": "lumetra-catalogue", "items": [{"name": "A"}]})"),
+          QByteArray(R"({"format": 7, "UserPresets": {"items": []}})"),
+          QByteArray(R"({"items": [{"name": "A"}]})"), QByteArray(R"({"window": "wide"})"),
+          QByteArray(R"({"UserPresets": {"items": [)")}) {
+        SCOPED_TRACE(foreign.constData());
+        WriteFile(Path(), foreign);
+        UserDataFile file(Path());
+        for (const bool isWriting : {false, true})
+            try {
+                isWriting ? file.Update(SetMember("a")) : file.Read();
+                ADD_FAILURE() << "expected an exception";
+            } catch (const Zorvik::Exception& error) {
+                const std::string text = error.what();
+                EXPECT_NE(text.find("presets.json"), std::string::npos) << text;
+                EXPECT_NE(text.find("expected a file of your own presets"), std::string::npos)
+                    << text;
+            }
+        EXPECT_EQ(ReadFile(Path()), foreign);
+        EXPECT_EQ(Files(), QStringList(QStringLiteral("presets.json")));
+    }
+}
+
+TEST_F(UserDataFileTest, refusesWhatIsNoPlainFile)
+{
+    QDir().mkpath(QFileInfo(Path()).absolutePath());
+    ASSERT_EQ(::mkfifo(QFile::encodeName(Path()).constData(), 0600), 0);
+    EXPECT_THROW(UserDataFile(Path()).Read(), Zorvik::Exception);
+    EXPECT_THROW(UserDataFile(Path()).Update(SetMember("a")), Zorvik::Exception);
+    EXPECT_THROW(UserDataFile(QStringLiteral("/dev/null")).Read(), Zorvik::Exception);
+    struct stat status;
+    ASSERT_EQ(::stat(QFile::encodeName(Path()).constData(), &status), 0);
+    EXPECT_TRUE(S_ISFIFO(status.st_mode));
+}
+
+TEST_F(UserDataFileTest, refusesALinkToNothingAndMakesNoTarget)
+{
+    QDir().mkpath(QFileInfo(Path()).absolutePath());
+    const QString target = m_folder.filePath(QStringLiteral("disk/presets.json"));
+    ASSERT_TRUE(QFile::link(target, Path()));
+    EXPECT_THROW(UserDataFile(Path()).Read(), Zorvik::Exception);
+    EXPECT_THROW(UserDataFile(Path()).Update(SetMember("a")), Zorvik::Exception);
+    EXPECT_FALSE(QFileInfo(target).dir().exists());
+}
+
+TEST_F(UserDataFileTest, keepsBackupsBesideTheFileThatALinkLeadsTo)
+{
+    UserDataFile(Path()).Update(SetMember("a"));
+    const QString link = m_folder.filePath(QStringLiteral("link.json"));
+    ASSERT_TRUE(QFile::link(Path(), link));
+    UserDataFile(link).Update(SetMember("b"));
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_TRUE(Has(UserDataFile(Path()).Read(), "b"));
+    EXPECT_EQ(Files().filter(QStringLiteral("backup")).size(), 2);
+}
+
+TEST_F(UserDataFileTest, startsEmptyInAFileOfNoBytes)
+{
+    WriteFile(Path(), QByteArray());
+    UserDataFile file(Path());
+    EXPECT_TRUE(file.Read().GetObject()->GetMembers().empty());
+    EXPECT_EQ(QFileInfo(Path()).size(), 0);
+    file.Update(SetMember("a"));
     EXPECT_TRUE(Has(UserDataFile(Path()).Read(), "a"));
+    EXPECT_TRUE(file.GetReports().empty());
+    EXPECT_TRUE(Files().filter(QStringLiteral("unreadable")).isEmpty());
+}
+
+TEST_F(UserDataFileTest, savesAndReportsWhenOnlyTheBackupFails)
+{
+    UserDataFile(Path()).Update(SetMember("a"));
+    const QString backup = Path() + QStringLiteral(".backup-%1");
+    for (int i = 1; i <= BackupRotation::COUNT; ++i) {
+        QFile::remove(backup.arg(i));
+        ASSERT_TRUE(QDir().mkpath(backup.arg(i) + QStringLiteral("/full")));
+    }
+    UserDataFile file(Path());
+    EXPECT_TRUE(Has(file.Update(SetMember("b")), "b"));
+    EXPECT_TRUE(Has(UserDataFile(Path()).Read(), "b"));
+    ASSERT_EQ(file.GetReports().size(), 1u);
+    EXPECT_NE(file.GetReports()[0].find("the presets were saved, but not a backup of them"),
+              std::string::npos)
+        << file.GetReports()[0];
+    EXPECT_NE(file.GetReports()[0].find("backup-"), std::string::npos);
+}
+
+TEST_F(UserDataFileTest, saysWhyItsLockCannotBeMade)
+{
+    UserDataFile(Path()).Update(SetMember("a"));
+    const QByteArray before = ReadFile(Path());
+    ASSERT_TRUE(QDir().mkpath(Path() + QStringLiteral(".lock")));
+    try {
+        UserDataFile(Path()).Update(SetMember("b"));
+        ADD_FAILURE() << "expected an exception";
+    } catch (const Zorvik::Exception& error) {
+        const std::string expected =
+            Path().toStdString() + ": cannot be locked for writing: making its lock file \"" +
+            Path().toStdString() + ".lock\" failed: a folder has that name";
+        EXPECT_EQ(error.GetDescription(), expected);
+    }
+    EXPECT_EQ(ReadFile(Path()), before);
+}
+
+/// /proc is a folder in which nobody can make a file.
+TEST_F(UserDataFileTest, tellsTheSystemsReasonAgainstALock)
+{
+    try {
+        StoreLock lock(QStringLiteral("/proc/presets.json"));
+        ADD_FAILURE() << "expected an exception";
+    } catch (const Zorvik::Exception& error) {
+        EXPECT_EQ(error.GetDescription(),
+                  "/proc/presets.json: cannot be locked for writing: making its lock file "
+                  "\"/proc/presets.json.lock\" failed: No such file or directory");
+    }
 }
 
 TEST_F(UserDataFileTest, takesAnOlderBackupWhenTheNewestCannotBeReadAtAll)
@@ -157,15 +307,6 @@ TEST_F(UserDataFileTest, takesAnOlderBackupWhenTheNewestCannotBeReadAtAll)
         << refused;
 }
 
-TEST_F(UserDataFileTest, startsEmptyButKeepsADamagedFileWithoutBackups)
-{
-    WriteFile(Path(), "no json");
-    UserDataFile file(Path());
-    EXPECT_FALSE(Has(file.Read(), "UserPresets"));
-    EXPECT_EQ(Files().filter(QStringLiteral("unreadable")).size(), 1);
-    EXPECT_EQ(file.GetReports().size(), 1u);
-}
-
 TEST_F(UserDataFileTest, takesAMissingFileFromItsBackup)
 {
     UserDataFile(Path()).Update(SetMember("a"));
@@ -173,22 +314,15 @@ TEST_F(UserDataFileTest, takesAMissingFileFromItsBackup)
     UserDataFile file(Path());
     EXPECT_TRUE(Has(file.Read(), "a"));
     EXPECT_EQ(file.GetReports().size(), 1u);
-    EXPECT_TRUE(QFile::exists(Path()));
-}
-
-TEST_F(UserDataFileTest, refusesAFileOfAnotherFormatWithoutLosingIt)
-{
-    WriteFile(Path(), R"({"format": "lumetra-catalogue"})");
-    UserDataFile file(Path());
-    file.Update(SetMember("a"));
-    ASSERT_EQ(file.GetReports().size(), 1u);
-    EXPECT_NE(file.GetReports()[0].find("lumetra-user-presets"), std::string::npos);
-    EXPECT_EQ(Files().filter(QStringLiteral("unreadable")).size(), 1);
+    EXPECT_FALSE(QFile::exists(Path())) << "reading writes nothing";
+    file.Update(SetMember("b"));
+    const auto document = UserDataFile(Path()).Read();
+    EXPECT_TRUE(Has(document, "a") && Has(document, "b"));
 }
 
 TEST_F(UserDataFileTest, readsButDoesNotWriteANewerMajorVersion)
 {
-    const QByteArray newer = R"({"format": "lumetra-user-presets", "version": 2, "a": 1})";
+    const QByteArray newer = R"({"format": "lumetra-user-presets", "version": 3, "a": 1})";
     WriteFile(Path(), newer);
     UserDataFile file(Path());
     EXPECT_TRUE(Has(file.Read(), "a"));
@@ -199,9 +333,9 @@ TEST_F(UserDataFileTest, readsButDoesNotWriteANewerMajorVersion)
 
 TEST_F(UserDataFileTest, keepsTheVersionOfANewerMinorOne)
 {
-    WriteFile(Path(), R"({"format": "lumetra-user-presets", "version": 1.7, "future": {"x": []}})");
+    WriteFile(Path(), R"({"format": "lumetra-user-presets", "version": 2.7, "future": {"x": []}})");
     const auto document = UserDataFile(Path()).Update(SetMember("a"));
-    EXPECT_EQ(document.GetObject()->Find("version")->As<JsonNumber>()->text, "1.7");
+    EXPECT_EQ(document.GetObject()->Find("version")->As<JsonNumber>()->text, "2.7");
     EXPECT_TRUE(Has(document, "future"));
 }
 
@@ -245,6 +379,69 @@ TEST_F(UserDataFileTest, takesOverALockThatAKilledProgramLeftBehind)
         file.close();
         EXPECT_NO_THROW(StoreLock{Path()});
     }
+}
+
+TEST_F(UserDataFileTest, writesNothingThatItCouldNotReadAgain)
+{
+    UserDataFile(Path()).Update(SetMember("a"));
+    const QMap<QString, QByteArray> before = Contents();
+    const auto setTooMuch = [](JsonObject& object) {
+        object.Set("b",
+                   JsonValue(JsonValue::Content(std::string(JsonDocument::MAX_FILE_SIZE, 'x'))));
+        return true;
+    };
+    try {
+        UserDataFile(Path()).Update(setTooMuch, {{ContentFolder::NameOf("abc"), "abc"}});
+        ADD_FAILURE() << "expected an exception";
+    } catch (const Zorvik::Exception& error) {
+        const std::string text = error.GetDescription();
+        EXPECT_NE(text.find("presets.json: expected at most 64 MB"), std::string::npos) << text;
+        EXPECT_NE(text.find("nothing was written"), std::string::npos) << text;
+    }
+    EXPECT_EQ(Contents(), before);
+}
+
+TEST_F(UserDataFileTest, takesAFileOfTheFirstVersionOverAndKeepsACopyForGood)
+{
+    const QByteArray old = R"({"format": "lumetra-user-presets", "version": 1.7, "future": {}})";
+    WriteFile(Path(), old);
+    EXPECT_TRUE(Has(UserDataFile(Path()).Read(), "future"));
+    EXPECT_EQ(ReadFile(Path()), old);
+    for (int i = 0; i < 7; ++i)
+        UserDataFile(Path()).Update(SetMember("a" + std::to_string(i)));
+    const auto document = UserDataFile(Path()).Read();
+    EXPECT_EQ(document.GetObject()->Find("version")->As<JsonNumber>()->value, 2);
+    EXPECT_TRUE(Has(document, "future"));
+    EXPECT_EQ(ReadFile(Path() + QStringLiteral(".version-1")), old);
+    EXPECT_EQ(Files().filter(QStringLiteral("version-1")).size(), 1);
+}
+
+TEST_F(UserDataFileTest, writesTheContentsThatItsTextNames)
+{
+    const std::string name = ContentFolder::NameOf("abc");
+    UserDataFile file(Path());
+    file.Update(
+        [&name](JsonObject& object) {
+            object.Set("table", JsonValue(JsonValue::Content(name)));
+            return true;
+        },
+        {{name, "abc"}, {ContentFolder::NameOf("unused"), "unused"}});
+    EXPECT_EQ(file.GetContents()->FindAll(), std::set<std::string>{name});
+}
+
+TEST_F(UserDataFileTest, leavesTheFileAsItWasWhenContentsCannotBeWritten)
+{
+    UserDataFile(Path()).Update(SetMember("a"));
+    const QMap<QString, QByteArray> before = Contents();
+    WriteFile(Path() + QStringLiteral(".tables"), "no folder");
+    const std::string name = ContentFolder::NameOf("abc");
+    const auto setName = [&name](JsonObject& object) {
+        object.Set("table", JsonValue(JsonValue::Content(name)));
+        return true;
+    };
+    EXPECT_THROW(UserDataFile(Path()).Update(setName, {{name, "abc"}}), Zorvik::Exception);
+    ASSERT_TRUE(QFile::remove(Path() + QStringLiteral(".tables")));
+    EXPECT_EQ(Contents(), before);
 }
 
 TEST_F(UserDataFileTest, losesNoEditOfManyWritersAtOnce)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // store-editor FILE PREFIX COUNT: saves COUNT presets named PREFIX0, PREFIX1, … one by one, as a
-// program does while its user works. The tests run two at once, and stop one at every step.
+// program does while its user works; every twentieth has a look-up table. The tests run two at
+// once, and stop one at every step.
 #include "StoreFixture.h"
 
 #include <QCoreApplication>
@@ -16,7 +17,10 @@ int main(int argc, char** argv)
     try {
         LumetraTest::StoreProgram program(arguments[1]);
         for (int i = 0; i < arguments[3].toInt(); ++i)
-            program.SaveAs(arguments[2] + QString::number(i));
+            if (i % 20 == 0)
+                program.SaveTable(arguments[2] + QString::number(i), 3, i);
+            else
+                program.SaveAs(arguments[2] + QString::number(i));
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return 1;

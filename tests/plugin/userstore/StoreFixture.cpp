@@ -2,7 +2,10 @@
 #include "StoreFixture.h"
 
 #include "Zorvik/Brassel/ISerializer.h"
+#include "Zorvik/Brassel/SerializerProperty.h"
 #include "Zorvik/Quindle/EffectRegistry.h"
+#include "engine/EffectKinds.h"
+#include "engine/lut3d/Lut3dSettings.h"
 #include "storage/JsonDocument.h"
 
 namespace LumetraTest {
@@ -24,10 +27,23 @@ constexpr char Catalogue[] = R"({
         "variables": [{"effectID": "tone", "setting": "gain", "begin": 0, "end": 2}]}}},
     {"name": "Plain", "id": "looks.plain"}]})";
 
+LumetraHost::LookUpTable MakeCube(int size, int seed)
+{
+    using LumetraHost::LookUpTable;
+    LookUpTable cube =
+        LookUpTable::MakeIdentity(LookUpTable::Kind::Cube, size, {0, 0, 0}, {1, 1, 1});
+    for (std::size_t i = 0; i < cube.values.size(); ++i)
+        if (i % LookUpTable::Stride != 3)
+            cube.values[i] =
+                static_cast<float>((i * 31 + static_cast<std::size_t>(seed)) % 65536) / 65535;
+    return cube;
+}
+
 } // namespace
 
 void RegisterTone()
 {
+    LumetraHost::RegisterEffects();
     Zorvik::Quindle::EffectRegistry::Register({"tone", {{"gain", 0, 2, 1, ""}}, nullptr});
 }
 
@@ -36,7 +52,7 @@ StoreProgram::StoreProgram(const QString& path)
       m_store(path, m_factory)
 {
     RegisterTone();
-    m_model = std::make_unique<EffectPresetModel>(m_factory);
+    m_model = std::make_unique<LumetraPlugin::PresetModel>(m_factory);
     const auto catalogue = LumetraHost::JsonDocument::Parse(Catalogue, "catalogue.json");
     const Zorvik::Brassel::ConstSerializerPtr root = catalogue.GetRoot();
     m_model->ParseAdditionalInfo(root->GetCollection("sliders"));
@@ -56,6 +72,49 @@ void StoreProgram::SaveAs(const QString& name)
 {
     m_model->setData(Preset(0, 0), name, EffectPresetModel::SaveAsUserPresetRole);
     Save();
+}
+
+void StoreProgram::AddTable(const QString& name, int size, int seed)
+{
+    using Zorvik::Quindle::IEffectSettings;
+    const auto node = Zorvik::Brassel::SerializerProperty::Create(
+        std::make_shared<Zorvik::Core::Property>("preset"));
+    node->Set("name", name.toStdString());
+    node->Set("id", name.toStdString());
+    const auto cube = MakeCube(size, seed);
+    const auto effect = LumetraHost::Lut3dSettings::Create(nullptr, &cube);
+    node->CreateCollection(IEffectSettings::EFFECTS)
+        ->AddElement()
+        ->WriteObject(IEffectSettings::EFFECT, *effect);
+    const LumetraPlugin::PresetModel::PresetPtr preset(
+        dynamic_cast<LumetraPlugin::PresetController*>(m_factory->CreateController({}).get()));
+    static_cast<Zorvik::Brassel::ISerializable&>(*preset).Deserialize(node);
+    preset->InitIntensity(nullptr);
+    m_model->AddUserPreset(preset);
+}
+
+void StoreProgram::SaveTable(const QString& name, int size, int seed)
+{
+    AddTable(name, size, seed);
+    Save();
+}
+
+LumetraPlugin::PresetModel::PresetPtr StoreProgram::Find(const QString& name) const
+{
+    const QModelIndex group = m_model->GetUserGroup();
+    for (int i = 0; i < m_model->rowCount(group); ++i) {
+        const auto preset = m_model->GetPreset(m_model->index(i, 0, group));
+        if (preset->GetName() == name.toStdString())
+            return preset;
+    }
+    return nullptr;
+}
+
+QByteArray StoreProgram::WholeText() const
+{
+    const LumetraHost::JsonDocument document("whole");
+    m_model->Serialize(document.GetRoot());
+    return document.ToText();
 }
 
 } // namespace LumetraTest

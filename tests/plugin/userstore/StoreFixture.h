@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "EffectPresets/EffectPresetModel.h"
 #include "core/PresetControllerFactory.h"
+#include "core/PresetModel.h"
 #include "core/UserPresetStore.h"
 
 #include <memory>
@@ -20,20 +20,28 @@ public:
     explicit StoreProgram(const QString& path);
     ~StoreProgram();
 
-    Zorvik::Lumetra::LumetraPresets::EffectPresetModel& Model() { return *m_model; }
+    LumetraPlugin::PresetModel& Model() { return *m_model; }
     LumetraPlugin::UserPresetStore& Store() { return m_store; }
 
     /// Saves the first preset of "Looks" under `name`, and the store.
     void SaveAs(const QString& name);
+    /// Adds a preset with a cube of `size` points, whose numbers depend on `seed`, and saves the
+    /// store.
+    void SaveTable(const QString& name, int size, int seed);
+    void AddTable(const QString& name, int size, int seed);
     void Save() { m_store.Save(*m_model); }
 
     QModelIndex Preset(int group, int row) const;
     /// The user's presets, in order.
     QStringList Names() const { return m_model->GetUserPresetNames(); }
+    /// The user's preset of that name; null when there is none.
+    LumetraPlugin::PresetModel::PresetPtr Find(const QString& name) const;
+    /// The user's presets' stored form with all tables in it, for comparison.
+    QByteArray WholeText() const;
 
 private:
     std::shared_ptr<LumetraPlugin::PresetControllerFactory> m_factory;
-    std::unique_ptr<Zorvik::Lumetra::LumetraPresets::EffectPresetModel> m_model;
+    std::unique_ptr<LumetraPlugin::PresetModel> m_model;
     LumetraPlugin::UserPresetStore m_store;
 };
 

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -28,6 +29,8 @@ protected:
     QTemporaryDir m_folder;
 };
 
+constexpr int TablePoints = 3;
+
 /// What the forked program does. It must never return into the test, whose clean-up would remove
 /// the folder.
 [[noreturn]] void SaveAndExit(const QString& path, const QString& name)
@@ -36,7 +39,9 @@ protected:
     raise(SIGSTOP);
     int exitCode = 0;
     try {
-        StoreProgram(path).SaveAs(name);
+        StoreProgram program(path);
+        program.AddTable(name + QStringLiteral(" with a table"), TablePoints, 7);
+        program.SaveAs(name);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "saving failed: %s\n", error.what());
         exitCode = 1;
@@ -68,6 +73,12 @@ bool SaveAndKillAfter(const QString& path, const QString& name, int calls)
     return true;
 }
 
+void ExpectAllTables(const StoreProgram& program)
+{
+    for (const QString& name : program.Names())
+        EXPECT_EQ(program.Find(name)->FindProblem(LumetraHost::ContentCheck::Content), "");
+}
+
 void CopyFiles(const QString& from, const QString& to)
 {
     for (const QString& name : QDir(from).entryList(QDir::Files))
@@ -77,7 +88,7 @@ void CopyFiles(const QString& from, const QString& to)
 TEST_F(StoreSafetyTest, losesNothingWhereverASaveIsKilled)
 {
     StoreProgram(Path()).SaveAs(QStringLiteral("Kept"));
-    StoreProgram(Path()).SaveAs(QStringLiteral("Kept too"));
+    StoreProgram(Path()).SaveTable(QStringLiteral("Kept too"), TablePoints, 1);
     int call = 1;
     bool isKilled = true;
     for (; isKilled; ++call) {
@@ -86,14 +97,33 @@ TEST_F(StoreSafetyTest, losesNothingWhereverASaveIsKilled)
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("presets.json"));
         CopyFiles(m_folder.path(), folder.path());
+        ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("presets.json.tables")));
+        CopyFiles(Path() + QStringLiteral(".tables"), path + QStringLiteral(".tables"));
 
         isKilled = SaveAndKillAfter(path, QStringLiteral("Killed"), call);
 
-        QStringList names = StoreProgram(path).Names();
+        StoreProgram later(path);
+        QStringList names = later.Names();
         ASSERT_EQ(names.filter(QStringLiteral("Kept")).size(), 2);
         const bool isSaved = names.removeAll(QStringLiteral("Killed")) == 1;
+        ASSERT_EQ(names.removeAll(QStringLiteral("Killed with a table")), isSaved ? 1 : 0);
         ASSERT_EQ(names.size(), 2);
         ASSERT_TRUE(isSaved || isKilled) << "a save that ends is there";
+        ExpectAllTables(later);
+        later.SaveAs(QStringLiteral("After"));
+        ExpectAllTables(StoreProgram(path));
+        // What a killed writer left behind names its tables until it is removed.
+        const bool isTextLeft =
+            !QDir(folder.path())
+                 .entryList({QStringLiteral("presets.json.??????")}, QDir::Files)
+                 .isEmpty();
+        if (isTextLeft)
+            continue;
+        const QDir tables(path + QStringLiteral(".tables"));
+        ASSERT_EQ(
+            tables.entryList().filter(QRegularExpression(QStringLiteral("^[0-9a-f]{64}$"))).size(),
+            isSaved ? 2 : 1)
+            << "what nobody names is collected";
     }
     EXPECT_GT(call, 50);
     RecordProperty("kills", call);
@@ -118,6 +148,7 @@ TEST_F(StoreSafetyTest, keepsAllEditsOfTwoProgramsAtWork)
     QStringList unique = names.filter(QStringLiteral("two-"));
     unique.removeDuplicates();
     EXPECT_EQ(unique.size(), Edits);
+    ExpectAllTables(StoreProgram(Path()));
 }
 
 } // namespace

@@ -187,7 +187,7 @@ TEST_F(UserPresetStoreTest, loadsTheGoodEntriesReportsTheBadAndWritesThemBack)
 TEST_F(UserPresetStoreTest, readsButDoesNotWriteTheFileOfANewerProgram)
 {
     const QByteArray newer =
-        R"({"format": "lumetra-user-presets", "version": 2, "items": [{"name": "A"}]})";
+        R"({"format": "lumetra-user-presets", "version": 3, "items": [{"name": "A"}]})";
     Write(newer);
     StoreProgram program(Path());
     EXPECT_TRUE(program.Store().IsReadOnly());
