@@ -139,16 +139,22 @@ QStringList AppliedEdit::Restore(const QJsonObject& edit)
     EffectsSettings settings(1);
     Draw(edit, settings, reports);
     const QModelIndex preset = model.FindId(id);
-    if (preset.isValid()) {
+    const std::string problem =
+        preset.isValid() ? model.GetPreset(preset)->FindProblem(LumetraHost::ContentCheck::Content)
+                         : std::string();
+    if (preset.isValid() && problem.empty()) {
         RestoreValues(id, edit, reports);
         return reports;
     }
-    model.ActivatePreset(id.toStdString(), settings);
+    model.ActivatePreset(preset.isValid() ? std::string() : id.toStdString(), settings);
     const QString name = edit.value(NameKey()).toString(id);
     m_stray = Stray{name, edit};
     reports.append(
-        tr("The look \"%1\" is no longer among the presets. The photo keeps it as it was.")
-            .arg(name));
+        preset.isValid()
+            ? tr("The look \"%1\" cannot be changed: %2. The photo keeps it as it was.")
+                  .arg(name, QString::fromStdString(problem))
+            : tr("The look \"%1\" is no longer among the presets. The photo keeps it as it was.")
+                  .arg(name));
     return reports;
 }
 

@@ -37,7 +37,8 @@ public:
     /// not be used.
     QStringList Restore(const QJsonObject& edit);
 
-    /// The name of a look that is on the photo and that no catalogue has any more; else empty.
+    /// The name of a look that is on the photo though no catalogue has it any more, or a file that
+    /// its preset needs is missing; else empty.
     QString GetStrayName() const;
     /// Takes such a look off.
     void DropStray();

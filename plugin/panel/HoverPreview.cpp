@@ -37,7 +37,8 @@ void HoverPreview::End()
 void HoverPreview::Show()
 {
     const auto preset = m_presets.GetPreset(m_pointed);
-    if (!preset || preset->IsApplied() || preset->IsDownloadable())
+    if (!preset || preset->IsApplied() || preset->IsDownloadable() ||
+        !preset->FindProblem(LumetraHost::ContentCheck::Content).empty())
         return End();
     const auto settings = preset->MakeSettings();
     m_isShown = true;

@@ -60,11 +60,18 @@ void PresetCommands::SendPresetChanged()
         {applied.data(PresetModel::PresetIdRole).toString(), NameOf(applied)});
 }
 
-/// Gets the effects of a preset that has none yet. False, and said, when they are not to be had.
+/// Gets the effects of a preset that has none yet, and the tables that they need. False, and said,
+/// when they are not to be had.
 bool PresetCommands::Fetch(const QModelIndex& preset)
 {
-    if (!preset.data(PresetModel::DownloadableRole).toBool())
-        return true;
+    if (!preset.data(PresetModel::DownloadableRole).toBool()) {
+        const std::string problem =
+            GetModel().GetPreset(preset)->FindProblem(LumetraHost::ContentCheck::Content);
+        if (!problem.empty())
+            Tell(tr("\"%1\" cannot be used: %2")
+                     .arg(NameOf(preset), QString::fromStdString(problem)));
+        return problem.empty();
+    }
     const QString path = PresetResource::Find(GetModel(), preset, m_resourceFolders);
     if (path.isEmpty()) {
         Tell(tr("\"%1\" needs the file \"%2\", expected in the folder \"%3\".")
@@ -218,7 +225,8 @@ void PresetCommands::Save()
         return;
     }
     try {
-        m_presets.GetStore()->Save(GetModel());
+        for (const std::string& report : m_presets.GetStore()->Save(GetModel()))
+            Tell(QString::fromStdString(report));
     } catch (const Zorvik::Exception& error) {
         Tell(tr("Your presets could not be saved: %1").arg(QString::fromUtf8(error.what())));
     }

@@ -3,6 +3,7 @@
 
 #include "core/PresetModel.h"
 #include "panel/PanelIcons.h"
+#include "panel/PresetPageModel.h"
 
 #include <QApplication>
 #include <QListView>
@@ -174,6 +175,8 @@ void PresetDelegate::PaintMarks(QPainter& painter, const QRect& cell,
                        BadgeSize);
     if (index.data(PresetModel::DownloadableRole).toBool())
         PaintBadge(painter, bottom, QStringLiteral("download"), Qt::white);
+    else if (!index.data(PresetPageModel::ProblemRole).toString().isEmpty())
+        PaintBadge(painter, bottom, QStringLiteral("clear"), QColor(255, 150, 90));
     else if (index.data(PresetModel::AppliedRole).toBool())
         PaintBadge(painter, bottom, QStringLiteral("check"), Qt::white);
 }

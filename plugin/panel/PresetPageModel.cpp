@@ -90,13 +90,21 @@ QVariant PresetPageModel::data(const QModelIndex& row, int role) const
         return m_thumbnails.Get(preset);
     case Qt::ToolTipRole:
         return EffectTexts::GetToolTip(*m_presets.GetPreset(preset));
+    case ProblemRole:
+        return FindProblem(preset);
     default:
         return role >= Qt::UserRole ? preset.data(role) : QVariant();
     }
 }
 
+QString PresetPageModel::FindProblem(const QModelIndex& preset) const
+{
+    return QString::fromStdString(
+        m_presets.GetPreset(preset)->FindProblem(LumetraHost::ContentCheck::Presence));
+}
+
 /// What the marks on the picture say, for those who do not see them.
-QString PresetPageModel::DescribeMarks(const QModelIndex& preset)
+QString PresetPageModel::DescribeMarks(const QModelIndex& preset) const
 {
     QStringList marks;
     if (preset.data(PresetModel::AppliedRole).toBool())
@@ -107,6 +115,8 @@ QString PresetPageModel::DescribeMarks(const QModelIndex& preset)
         marks.append(tr("popular"));
     if (preset.data(PresetModel::DownloadableRole).toBool())
         marks.append(tr("yet to be downloaded"));
+    if (!FindProblem(preset).isEmpty())
+        marks.append(tr("a file that it needs is missing"));
     return marks.join(QStringLiteral(", "));
 }
 

@@ -23,6 +23,10 @@ class PresetPageModel : public QAbstractListModel
     Q_OBJECT
 
 public:
+    /// A text: the file that the preset needs and does not find, and what was expected of it; empty
+    /// for a preset that can be drawn.
+    static constexpr int ProblemRole = Qt::UserRole - 1;
+
     /// All are kept by reference.
     PresetPageModel(PresetModel& presets, int group, const PresetFilter& filter,
                     ThumbnailCache& thumbnails);
@@ -44,7 +48,8 @@ signals:
     void refreshed();
 
 private:
-    static QString DescribeMarks(const QModelIndex& preset);
+    QString DescribeMarks(const QModelIndex& preset) const;
+    QString FindProblem(const QModelIndex& preset) const;
     std::vector<int> FindRows() const;
     void OnThumbnailChanged(const QString& key);
 

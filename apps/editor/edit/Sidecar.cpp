@@ -5,6 +5,7 @@
 #include "edit/EditSearch.h"
 #include "edit/KeptEdits.h"
 #include "storage/CheckedFileWriter.h"
+#include "storage/JsonDocument.h"
 #include "userdata/BackupRotation.h"
 
 #include <QDir>
@@ -29,6 +30,7 @@ struct Target
     /// The name of the copy that was made, empty for none.
     QString Write(const QByteArray& text)
     {
+        LumetraHost::JsonDocument::CheckReadable(text, path);
         QString copy;
         if (!setAsideAs.isEmpty() && QFile::exists(path))
             copy = LumetraHost::BackupRotation(path).SetAside(setAsideAs);

@@ -9,6 +9,10 @@
         <translation>Die Bearbeitung nennt kein Preset; es wird nichts angewendet.</translation>
     </message>
     <message>
+        <source>The look &quot;%1&quot; cannot be changed: %2. The photo keeps it as it was.</source>
+        <translation>Der Look „%1“ kann nicht geändert werden: %2. Das Foto behält ihn, wie er war.</translation>
+    </message>
+    <message>
         <source>The look &quot;%1&quot; is no longer among the presets. The photo keeps it as it was.</source>
         <translation>Der Look „%1“ ist nicht mehr unter den Presets. Das Foto behält ihn, wie er war.</translation>
     </message>
@@ -194,6 +198,10 @@
         <translation>Öffnen Sie zuerst ein Foto.</translation>
     </message>
     <message>
+        <source>&quot;%1&quot; cannot be used: %2</source>
+        <translation>„%1“ kann nicht verwendet werden: %2</translation>
+    </message>
+    <message>
         <source>&quot;%1&quot; needs the file &quot;%2&quot;, expected in the folder &quot;%3&quot;.</source>
         <translation>„%1“ braucht die Datei „%2“, erwartet im Ordner „%3“.</translation>
     </message>
@@ -291,6 +299,10 @@
     <message>
         <source>yet to be downloaded</source>
         <translation>noch zu laden</translation>
+    </message>
+    <message>
+        <source>a file that it needs is missing</source>
+        <translation>eine Datei, die es braucht, fehlt</translation>
     </message>
 </context>
 <context>

@@ -3,9 +3,12 @@
 
 #include "PanelFixture.h"
 #include "core/PresetCollection.h"
+#include "panel/PresetGrid.h"
+#include "panel/PresetPageModel.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
 #include <QDropEvent>
 #include <QFile>
 #include <QFileDialog>
@@ -186,4 +189,94 @@ TEST_F(ImportTest, refusesToExportWhatIsNotColourAlone)
 
     ASSERT_EQ(editor.messages.size(), 1);
     EXPECT_TRUE(editor.messages.front().contains(QStringLiteral("Vignette")));
+}
+
+namespace {
+
+/// The folder with the tables of the store at `path`.
+QDir TablesOf(const QString& path)
+{
+    return QDir(path + QStringLiteral(".tables"));
+}
+
+} // namespace
+
+TEST_F(ImportTest, aDroppedTableStandsBesideTheStore)
+{
+    Drop({Write("swap.cube", Swap)});
+    EXPECT_EQ(TablesOf(files.store).entryList(QDir::Files).size(), 1);
+    EXPECT_FALSE(StoreText().contains(QStringLiteral("data")));
+}
+
+TEST_F(ImportTest, anEditWithATableNeedsNoTableFile)
+{
+    Drop({Write("swap.cube", Swap)});
+    Restart();
+    Click("swap");
+    const auto picture = editor.GetResult();
+    const QJsonObject edit = panel->SaveEdit();
+    Find<QAbstractButton>("discardButton").click();
+    ASSERT_TRUE(TablesOf(files.store).removeRecursively());
+    Restart();
+
+    panel->RestoreEdit(edit);
+
+    EXPECT_TRUE(HaveSamePixels(editor.GetResult(), picture));
+    EXPECT_EQ(panel->SaveEdit(), edit);
+}
+
+TEST_F(ImportTest, aPresetWithoutItsTableIsMarkedAndNotApplied)
+{
+    Drop({Write("swap.cube", Swap)});
+    ASSERT_TRUE(TablesOf(files.store).removeRecursively());
+    Restart();
+    EXPECT_EQ(Shown(UserPage), QStringList{QStringLiteral("swap")});
+    const QModelIndex row = Grid(UserPage).GetPresets().index(0);
+    EXPECT_TRUE(row.data(Qt::AccessibleDescriptionRole)
+                    .toString()
+                    .contains(QStringLiteral("a file that it needs is missing")));
+    editor.messages.clear();
+
+    Click("swap");
+
+    EXPECT_FALSE(IsApplied("swap"));
+    EXPECT_TRUE(HaveSamePixels(editor.GetResult(), photo));
+    ASSERT_EQ(editor.messages.size(), 1);
+    EXPECT_TRUE(editor.messages.front().contains(QStringLiteral("expected a file of 48 bytes")))
+        << editor.messages.front().toStdString();
+    EXPECT_TRUE(StoreText().contains(QStringLiteral("sha256")));
+}
+
+TEST_F(ImportTest, takesTheOthersOfAStoreThatWasCopiedWithoutItsTables)
+{
+    Drop({Write("others.json", Others), Write("swap.cube", Swap)});
+    const QString copy = folder.filePath(QStringLiteral("copy.json"));
+    ASSERT_TRUE(QFile::copy(files.store, copy));
+    editor.messages.clear();
+
+    Drop({copy});
+
+    EXPECT_EQ(Shown(UserPage), (QStringList{QStringLiteral("Dusk"), QStringLiteral("swap"),
+                                            QStringLiteral("Dusk 2")}));
+    ASSERT_EQ(editor.messages.size(), 2);
+    EXPECT_TRUE(editor.messages[0].contains(QStringLiteral("\"swap\" cannot be used")));
+}
+
+TEST_F(ImportTest, takesTablesFromBesideAnotherUsersPresets)
+{
+    Drop({Write("swap.cube", Swap)});
+    const QString copy = folder.filePath(QStringLiteral("copy.json"));
+    ASSERT_TRUE(QFile::rename(files.store, copy));
+    ASSERT_TRUE(QDir().rename(TablesOf(files.store).path(), TablesOf(copy).path()));
+    for (int i = 1; i <= 5; ++i)
+        QFile::remove(files.store + QStringLiteral(".backup-%1").arg(i));
+    Restart();
+    ASSERT_EQ(Shown(UserPage), QStringList());
+
+    Drop({copy});
+    ASSERT_TRUE(TablesOf(copy).removeRecursively());
+    Restart();
+
+    Click("swap");
+    EXPECT_EQ(editor.GetResult().Row(0)[0], photo.Row(0)[2]);
 }
