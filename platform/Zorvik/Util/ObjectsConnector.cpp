@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 
 namespace Zorvik::Util {
 namespace {
@@ -113,9 +114,17 @@ void ObjectsConnector::sendMessage(const QString& channel, const QVariantList& a
     entry.hasLastMessage = true;
     // A copy: slots may register receivers and open channels while we deliver.
     const QVector<Registration> registrations = entry.registrations;
-    for (const Registration& registration : registrations)
-        if (registration.receiver)
-            Deliver(channel, registration, arguments);
+    std::exception_ptr failure;
+    for (const Registration& registration : registrations) {
+        try {
+            if (registration.receiver)
+                Deliver(channel, registration, arguments);
+        } catch (...) {
+            failure = failure ? failure : std::current_exception();
+        }
+    }
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
 } // namespace Zorvik::Util

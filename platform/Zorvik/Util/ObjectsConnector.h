@@ -24,6 +24,7 @@ public:
 
     /// Calls the channel's slots directly, in order of registration, each with as many of the
     /// arguments as it takes. A receiver registered during a delivery waits for the next message.
+    /// One that throws stops no other: the first exception leaves when all have been called.
     static void sendMessage(const QString& channel, const QVariantList& arguments);
 };
 

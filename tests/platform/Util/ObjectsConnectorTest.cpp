@@ -219,3 +219,16 @@ TEST_F(ObjectsConnectorTest, theDrawerLockChannelHasItsName)
     EXPECT_EQ(Zorvik::Lumetra::LumetraInt::IObjectsConnectorID::CORE_DRAWER_LOCK,
               QStringLiteral("CORE_DRAWER_LOCK"));
 }
+
+TEST_F(ObjectsConnectorTest, aReceiverThatThrowsStopsNoOther)
+{
+    BusReceiver first("first", log);
+    BusReceiver second("second", log);
+    first.SetReaction([] { throw 42; });
+    Register(first, "1OnFlag(bool)");
+    Register(second, "1OnFlag(bool)");
+
+    EXPECT_THROW(Send({true}), int);
+
+    EXPECT_THAT(log, ElementsAre("first flag true", "second flag true"));
+}
