@@ -54,6 +54,9 @@ std::unique_ptr<QMessageBox> MessageBoxAlertBackend::MakeMessageBox(const AlertB
                                                     box.buttons, box.parent, box.flags);
     messageBox->setTextFormat(Qt::PlainText); // names may hold anything
 
+    if (box.buttons == (QMessageBox::Yes | QMessageBox::Cancel) && !box.title.isEmpty())
+        messageBox->button(QMessageBox::Yes)->setText(box.title);
+
     const EditorStyle::AlertStyle look = m_style->TakeAlertStyle(box);
     if (look.defaultButton != QMessageBox::NoButton)
         messageBox->setDefaultButton(look.defaultButton);

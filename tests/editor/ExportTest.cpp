@@ -272,7 +272,7 @@ TEST_F(ExportTest, givesANameItsEnding)
 TEST_F(ExportTest, asksBeforeItStopsAnExport)
 {
     StartByHand([](ExportDialog& dialog) { Part<QPushButton>(dialog, "exportButton")->click(); });
-    const ScriptedAlerts alerts({QMessageBox::No});
+    const ScriptedAlerts alerts({QMessageBox::Cancel});
 
     EXPECT_FALSE(window->close());
     WaitForExport();

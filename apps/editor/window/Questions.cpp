@@ -23,11 +23,11 @@ struct Questions
 
 bool AskToStopExport(QWidget* parent)
 {
-    AlertBox box(AlertBox::Level::Warning, QStringLiteral("Lumetra"),
+    AlertBox box(AlertBox::Level::Warning, Questions::tr("Quit"),
                  Questions::tr("The export has not finished. Quit all the same?"),
-                 QMessageBox::Yes | QMessageBox::No, parent, Qt::WindowFlags());
-    Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::No}, QMessageBox::No);
-    return box.Exec() != QMessageBox::No;
+                 QMessageBox::Yes | QMessageBox::Cancel, parent, Qt::WindowFlags());
+    Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Cancel}, QMessageBox::Cancel);
+    return box.Exec() != QMessageBox::Cancel;
 }
 
 bool AskToLeaveEdit(Editor& editor, QWidget* parent)

@@ -98,6 +98,39 @@ TEST_F(AlertBackend, untitledAlertBearsTheApplicationsName)
               QStringLiteral("Lumetra"));
 }
 
+TEST_F(AlertBackend, yesBesideCancelBearsTheTitle)
+{
+    const QString verb = QStringLiteral("Delete");
+    const auto question =
+        m_backend->MakeMessageBox(MakeAlert(verb, QMessageBox::Yes | QMessageBox::Cancel));
+    const auto plain =
+        m_backend->MakeMessageBox(MakeAlert(verb, QMessageBox::Yes | QMessageBox::No));
+    const auto untitled =
+        m_backend->MakeMessageBox(MakeAlert({}, QMessageBox::Yes | QMessageBox::Cancel));
+
+    EXPECT_EQ(question->button(QMessageBox::Yes)->text(), verb);
+    EXPECT_EQ(question->windowTitle(), verb);
+    EXPECT_NE(plain->button(QMessageBox::Yes)->text(), verb);
+    EXPECT_EQ(untitled->button(QMessageBox::Yes)->text(), plain->button(QMessageBox::Yes)->text());
+}
+
+TEST_F(AlertBackend, enterDoesWhatLooksDefaultAndEscCancels)
+{
+    const StyledApplication styled(PaletteKind::Dark);
+    for (const int key : {Qt::Key_Return, Qt::Key_Escape}) {
+        AlertBox alert =
+            MakeAlert(QStringLiteral("Delete"), QMessageBox::Yes | QMessageBox::Cancel);
+        Zorvik::Lumetra::StyleAlertBox(alert, {QMessageBox::Cancel}, QMessageBox::Cancel);
+        QTimer::singleShot(0, qApp, [key] {
+            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            EXPECT_TRUE(box->defaultButton()->property("accent").toBool());
+            QTest::keyClick(box, static_cast<Qt::Key>(key));
+        });
+        EXPECT_EQ(alert.Exec(), QMessageBox::Cancel);
+    }
+}
+
 TEST_F(AlertBackend, stylingChoosesDefaultAndAccentButtons)
 {
     AlertBox alert = MakeAlert({}, QMessageBox::Yes | QMessageBox::No);
