@@ -39,6 +39,22 @@ const std::map<std::string, const char*>& KnownNames()
     return names;
 }
 
+/// The units of parameters. Signs are the same in all languages and stand here too, so that a unit
+/// that is missing is noticed.
+const std::map<std::string, const char*>& KnownUnits()
+{
+    static const std::map<std::string, const char*> units = {
+        {"stops", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "stops")},
+        {"points", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "points")},
+        {"8-bit steps", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "8-bit steps")},
+        {"% of the diagonal", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "% of the diagonal")},
+        {"%", "%"},
+        {"‰", "‰"},
+        {"K", "K"},
+        {"°", "°"}};
+    return units;
+}
+
 /// Only to be found by the translator's tool.
 [[maybe_unused]] constexpr const char* ShippedTitles[] = {
     QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Temperature"),
@@ -67,7 +83,7 @@ QString ValueText(const ConstEffectPtr& effect, const std::vector<EffectParamete
     const double value = effect->GetParameter(moved.front().name);
     const QString number = QLocale().toString(value, 'g', 3);
     const bool isSigned = moved.front().minimum < 0 && value > 0;
-    const QString unit = QString::fromStdString(moved.front().unit);
+    const QString unit = EffectTexts::GetUnit(moved.front().unit);
     return QLatin1Char(' ') + (isSigned ? QStringLiteral("+") : QString()) + number +
            (unit.isEmpty() ? QString() : QLatin1Char(' ') + unit);
 }
@@ -103,6 +119,12 @@ QString EffectTexts::GetEffectName(const std::string& effectID)
 {
     const auto known = KnownNames().find(effectID);
     return known == KnownNames().end() ? QString::fromStdString(effectID) : tr(known->second);
+}
+
+QString EffectTexts::GetUnit(const std::string& unit)
+{
+    const auto known = KnownUnits().find(unit);
+    return known == KnownUnits().end() ? QString::fromStdString(unit) : tr(known->second);
 }
 
 QString EffectTexts::Translate(const std::string& title)

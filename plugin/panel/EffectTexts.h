@@ -15,6 +15,9 @@ class EffectTexts
 public:
     /// "White balance"; the id itself for an effect that this program does not know by name.
     static QString GetEffectName(const std::string& effectID);
+    /// The unit of an effect's parameter in the user's language; one that this program does not
+    /// know as it is.
+    static QString GetUnit(const std::string& unit);
     /// A group's name or a slider's title: those of the shipped catalogue in the user's language,
     /// all others as they are.
     static QString Translate(const std::string& title);
