@@ -184,9 +184,23 @@ void AppliedEdit::DropStray()
     if (!m_stray)
         return;
     m_stray.reset();
+    ResetPackage();
+}
+
+void AppliedEdit::ResetPackage()
+{
     const unsigned index = m_workspace->GetCoreDrawer().GetPackageIndex(m_presets.GetPackageName());
     if (index != NoIndex)
         m_workspace->GetResetReceiver().ResetPackage(Zorvik::Quindle::ResetSettings(index));
+}
+
+/// A preset that failed while it was applied says that it is, though nothing of it was drawn.
+void AppliedEdit::GoBackTo(const QJsonObject& edit)
+{
+    if (const auto applied = m_presets.GetModel().GetPreset(m_presets.GetModel().FindApplied()))
+        applied->SetApplied(false, false);
+    ResetPackage();
+    Restore(edit);
 }
 
 } // namespace LumetraPlugin

@@ -37,6 +37,9 @@ public:
     /// not be used.
     QStringList Restore(const QJsonObject& edit);
 
+    /// Takes off what the panel has on the photo, however that came there, and restores `edit`.
+    void GoBackTo(const QJsonObject& edit);
+
     /// The name of a look that is on the photo though no catalogue has it any more, or a file that
     /// its preset needs is missing; else empty.
     QString GetStrayName() const;
@@ -52,6 +55,7 @@ private:
         QJsonObject edit;
     };
 
+    void ResetPackage();
     void Draw(const QJsonObject& edit, Zorvik::Quindle::EffectsSettings& settings,
               QStringList& reports);
     void RestoreValues(const QString& id, const QJsonObject& edit, QStringList& reports);

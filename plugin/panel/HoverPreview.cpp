@@ -7,11 +7,11 @@
 namespace LumetraPlugin {
 
 HoverPreview::HoverPreview(PresetModel& presets, LumetraEditor::IEditor& editor)
-    : m_presets(presets), m_editor(editor)
+    : m_presets(presets), m_editor(editor), m_guard(editor)
 {
     m_delay.setSingleShot(true);
     m_delay.setInterval(DELAY);
-    connect(&m_delay, &QTimer::timeout, this, &HoverPreview::Show);
+    connect(&m_delay, &QTimer::timeout, this, [this] { m_guard.Run([this] { Show(); }); });
 }
 
 /// From one look to the next there is no photo in between, which would flicker.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "panel/PanelGuard.h"
+
 #include <QObject>
 #include <QPersistentModelIndex>
 #include <QTimer>
@@ -35,6 +37,7 @@ private:
 
     PresetModel& m_presets;
     LumetraEditor::IEditor& m_editor;
+    PanelGuard m_guard;
     QPersistentModelIndex m_pointed;
     QTimer m_delay;
     bool m_isShown = false;

@@ -31,7 +31,8 @@ QString NameOf(const QModelIndex& preset)
 
 PresetCommands::PresetCommands(PresetCollection& presets, AppliedEdit& edit, RecentPresets& recent,
                                LumetraEditor::IEditor& editor, QWidget& window)
-    : m_presets(presets), m_edit(edit), m_recent(recent), m_editor(editor), m_window(window)
+    : m_presets(presets), m_edit(edit), m_recent(recent), m_editor(editor), m_guard(editor),
+      m_window(window)
 {
 }
 
@@ -45,6 +46,31 @@ PresetModel& PresetCommands::GetModel()
 QModelIndex PresetCommands::GetApplied() const
 {
     return m_presets.GetModel().FindApplied();
+}
+
+void PresetCommands::Try(const std::function<void()>& work)
+{
+    if (m_guard.Run(work))
+        return;
+    GoBack();
+    emit appliedChanged();
+    emit valuesChanged();
+    emit presetsChanged();
+}
+
+/// Only as far as the photo is concerned. Where that fails too, as without a workspace, there is no
+/// photo to go back to, and the user has been told already.
+void PresetCommands::GoBack()
+{
+    try {
+        if (m_edit.Save() == m_lastStep)
+            return;
+    } catch (...) { // what is applied cannot be drawn
+    }
+    try {
+        m_edit.GoBackTo(m_lastStep);
+    } catch (...) {
+    }
 }
 
 void PresetCommands::Tell(const QString& text)
@@ -93,6 +119,11 @@ bool PresetCommands::Fetch(const QModelIndex& preset)
 
 void PresetCommands::Apply(const QModelIndex& preset, bool isFinished)
 {
+    Try([&] { ApplyOn(preset, isFinished); });
+}
+
+void PresetCommands::ApplyOn(const QModelIndex& preset, bool isFinished)
+{
     if (m_editor.GetPhotoPath().isEmpty())
         return Tell(tr("Open a photo first."));
     if (!GetModel().GetPreset(preset) || !Fetch(preset))
@@ -117,76 +148,94 @@ void PresetCommands::ApplyId(const QString& id)
 
 void PresetCommands::SetIntensity(int value)
 {
-    const QModelIndex preset = GetApplied();
-    GetModel().setData(preset, value, PresetModel::IntensityRole);
-    GetModel().setData(preset, QVariant::fromValue(TuneSettingType::ChangeEnd),
-                       PresetModel::TuneRole);
-    emit lookChanged(preset);
-    emit valuesChanged();
-    FinishStep(tr("Intensity of \"%1\"").arg(NameOf(preset)));
+    Try([&] {
+        const QModelIndex preset = GetApplied();
+        GetModel().setData(preset, value, PresetModel::IntensityRole);
+        GetModel().setData(preset, QVariant::fromValue(TuneSettingType::ChangeEnd),
+                           PresetModel::TuneRole);
+        emit lookChanged(preset);
+        emit valuesChanged();
+        FinishStep(tr("Intensity of \"%1\"").arg(NameOf(preset)));
+    });
 }
 
 void PresetCommands::ResetIntensity()
 {
-    if (const auto preset = GetModel().GetPreset(GetApplied()))
-        SetIntensity(preset->GetStartIntensity());
+    Try([&] {
+        if (const auto preset = GetModel().GetPreset(GetApplied()))
+            SetIntensity(preset->GetStartIntensity());
+    });
 }
 
 void PresetCommands::SetSlider(int position, int value)
 {
-    const QModelIndex preset = GetApplied();
-    auto sliders = preset.data(PresetModel::SettingsValuesRole).value<SliderSetting::List>();
-    if (position < 0 || position >= static_cast<int>(sliders.size()))
-        return;
-    sliders[position].SetValue(value);
-    GetModel().setData(preset, QVariant::fromValue(sliders), PresetModel::SettingsValuesRole);
+    Try([&] {
+        const QModelIndex preset = GetApplied();
+        auto sliders = preset.data(PresetModel::SettingsValuesRole).value<SliderSetting::List>();
+        if (position < 0 || position >= static_cast<int>(sliders.size()))
+            return;
+        sliders[position].SetValue(value);
+        GetModel().setData(preset, QVariant::fromValue(sliders), PresetModel::SettingsValuesRole);
+    });
 }
 
 void PresetCommands::ResetSlider(int position)
 {
-    const QModelIndex preset = GetApplied();
-    const auto defaults =
-        preset.data(PresetModel::DefaultSettingsValuesRole).value<SliderSetting::List>();
-    if (position < 0 || position >= static_cast<int>(defaults.size()))
-        return;
-    SetSlider(position, defaults[position].Value());
-    emit lookChanged(preset);
-    emit valuesChanged();
-    FinishStep(tr("Reset \"%1\"").arg(EffectTexts::Translate(defaults[position].Title())));
+    Try([&] {
+        const QModelIndex preset = GetApplied();
+        const auto defaults =
+            preset.data(PresetModel::DefaultSettingsValuesRole).value<SliderSetting::List>();
+        if (position < 0 || position >= static_cast<int>(defaults.size()))
+            return;
+        SetSlider(position, defaults[position].Value());
+        emit lookChanged(preset);
+        emit valuesChanged();
+        FinishStep(tr("Reset \"%1\"").arg(EffectTexts::Translate(defaults[position].Title())));
+    });
 }
 
 /// The role puts values back and draws only where a slider had been moved; so the intensity that
 /// moves effects goes back by itself, and the preset is applied again.
 void PresetCommands::Reset()
 {
-    const QModelIndex preset = GetApplied();
-    if (!preset.isValid())
-        return;
-    GetModel().setData(preset, QVariant(), PresetModel::ResetRole);
-    m_presets.PutIntensityBack(preset);
-    GetModel().setData(preset, QVariant::fromValue(TuneSettingType::Apply), PresetModel::TuneRole);
-    emit lookChanged(preset);
-    emit valuesChanged();
-    FinishStep(tr("Reset \"%1\"").arg(NameOf(preset)));
+    Try([&] {
+        const QModelIndex preset = GetApplied();
+        if (!preset.isValid())
+            return;
+        GetModel().setData(preset, QVariant(), PresetModel::ResetRole);
+        m_presets.PutIntensityBack(preset);
+        GetModel().setData(preset, QVariant::fromValue(TuneSettingType::Apply),
+                           PresetModel::TuneRole);
+        emit lookChanged(preset);
+        emit valuesChanged();
+        FinishStep(tr("Reset \"%1\"").arg(NameOf(preset)));
+    });
 }
 
 /// After the commit there is nothing left to take off, so switching the preset off is silent.
 void PresetCommands::Commit()
 {
-    const QModelIndex preset = GetApplied();
-    if (!preset.isValid())
-        return;
-    const QString name = NameOf(preset);
-    GetModel().ApplyCurrentChanges(true);
-    GetModel().setData(preset, false, PresetModel::AppliedRole);
-    emit photoChanged();
-    emit appliedChanged();
-    SendPresetChanged();
-    m_lastStep = m_edit.Save();
-    m_editor.NoteEdit(tr("Apply \"%1\"").arg(name));
+    Try([&] {
+        const QModelIndex preset = GetApplied();
+        if (!preset.isValid())
+            return;
+        const QString name = NameOf(preset);
+        GetModel().ApplyCurrentChanges(true);
+        GetModel().setData(preset, false, PresetModel::AppliedRole);
+        emit photoChanged();
+        emit appliedChanged();
+        SendPresetChanged();
+        m_lastStep = m_edit.Save();
+        m_editor.NoteEdit(tr("Apply \"%1\"").arg(name));
+    });
 }
 
 void PresetCommands::Discard()
+{
+    Try([this] { TakeOff(); });
+}
+
+void PresetCommands::TakeOff()
 {
     m_edit.DropStray();
     m_presets.DiscardChanges();
@@ -198,11 +247,13 @@ void PresetCommands::Discard()
 
 void PresetCommands::FinishStep(const QString& text)
 {
-    const QJsonObject step = m_edit.Save();
-    if (step == m_lastStep)
-        return;
-    m_lastStep = step;
-    m_editor.NoteEdit(text);
+    Try([&] {
+        const QJsonObject step = m_edit.Save();
+        if (step == m_lastStep)
+            return;
+        m_lastStep = step;
+        m_editor.NoteEdit(text);
+    });
 }
 
 void PresetCommands::FinishApplyStep()
@@ -212,9 +263,11 @@ void PresetCommands::FinishApplyStep()
 
 void PresetCommands::RememberEdit()
 {
-    m_lastStep = m_edit.Save();
-    emit appliedChanged();
-    SendPresetChanged();
+    Try([&] {
+        m_lastStep = m_edit.Save();
+        emit appliedChanged();
+        SendPresetChanged();
+    });
 }
 
 /// What cannot be saved now is tried again with the next change.
@@ -234,11 +287,13 @@ void PresetCommands::Save()
 
 void PresetCommands::SetFavourite(const QModelIndex& preset, bool isFavourite)
 {
-    if (!GetModel().GetPreset(preset))
-        return;
-    GetModel().setData(preset, isFavourite, PresetModel::FavouriteRole);
-    Save();
-    emit presetsChanged();
+    Try([&] {
+        if (!GetModel().GetPreset(preset))
+            return;
+        GetModel().setData(preset, isFavourite, PresetModel::FavouriteRole);
+        Save();
+        emit presetsChanged();
+    });
 }
 
 bool PresetCommands::IsUsers(const QModelIndex& preset) const
@@ -248,48 +303,59 @@ bool PresetCommands::IsUsers(const QModelIndex& preset) const
 
 void PresetCommands::SaveAs(const QModelIndex& preset)
 {
-    if (!GetModel().GetPreset(preset) || !Fetch(preset))
-        return;
-    const QPersistentModelIndex source = preset;
-    const QString name = AskName(preset, true);
-    if (name.isEmpty() || !source.isValid())
-        return;
-    GetModel().setData(source, name, PresetModel::SaveAsUserPresetRole);
-    Save();
-    emit presetsChanged();
-    const QModelIndex group = GetModel().GetUserGroup();
-    emit presetAdded(GetModel().index(GetModel().rowCount(group) - 1, 0, group));
+    Try([&] {
+        if (!GetModel().GetPreset(preset) || !Fetch(preset))
+            return;
+        const QPersistentModelIndex source = preset;
+        const QString name = AskName(preset, true);
+        if (name.isEmpty() || !source.isValid())
+            return;
+        GetModel().setData(source, name, PresetModel::SaveAsUserPresetRole);
+        Save();
+        emit presetsChanged();
+        const QModelIndex group = GetModel().GetUserGroup();
+        emit presetAdded(GetModel().index(GetModel().rowCount(group) - 1, 0, group));
+    });
 }
 
 void PresetCommands::Rename(const QModelIndex& preset)
 {
-    if (!IsUsers(preset))
-        return;
-    const QPersistentModelIndex renamed = preset;
-    const QString name = AskName(preset, false);
-    if (name.isEmpty() || !renamed.isValid())
-        return;
-    GetModel().setData(renamed, name, PresetModel::PresetNameRole);
-    Save();
-    emit presetsChanged();
-    emit appliedChanged(); // the name may be shown there
+    Try([&] {
+        if (!IsUsers(preset))
+            return;
+        const QPersistentModelIndex renamed = preset;
+        const QString name = AskName(preset, false);
+        if (name.isEmpty() || !renamed.isValid())
+            return;
+        GetModel().setData(renamed, name, PresetModel::PresetNameRole);
+        Save();
+        emit presetsChanged();
+        emit appliedChanged(); // the name may be shown there
+    });
 }
 
+/// A look that is on the photo goes with its preset: nothing would be left to change it by.
 void PresetCommands::TakeAway(const PresetModel::PresetPtr& preset)
 {
-    const QModelIndex index = GetModel().FindPreset(*preset);
-    if (!index.isValid())
-        return;
-    GetModel().removeRows(index.row(), 1, index.parent());
-    Save();
-    emit presetsChanged();
+    Try([&] {
+        if (preset->IsApplied())
+            TakeOff();
+        const QModelIndex index = GetModel().FindPreset(*preset);
+        if (!index.isValid())
+            return;
+        GetModel().removeRows(index.row(), 1, index.parent());
+        Save();
+        emit presetsChanged();
+    });
 }
 
 void PresetCommands::PutBack(const PresetModel::PresetPtr& preset, int row)
 {
-    GetModel().InsertPreset(row, GetModel().GetUserGroup(), preset);
-    Save();
-    emit presetsChanged();
+    Try([&] {
+        GetModel().InsertPreset(row, GetModel().GetUserGroup(), preset);
+        Save();
+        emit presetsChanged();
+    });
 }
 
 } // namespace LumetraPlugin

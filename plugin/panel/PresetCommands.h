@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/PresetModel.h"
+#include "panel/PanelGuard.h"
 
 #include <QJsonObject>
 #include <QObject>
@@ -18,7 +19,8 @@ class RecentPresets;
 
 /// What the user can do to presets: each through the model's roles, with what belongs to it - the
 /// user's file is saved, the editor keeps the finished step, the panel's views are told. Indexes
-/// are those of the preset model; invalid ones do nothing.
+/// are those of the preset model; invalid ones do nothing. No command throws: one that fails tells
+/// the user why, the photo is as after the last finished step, and the views read everything again.
 class PresetCommands : public QObject
 {
     Q_OBJECT
@@ -90,6 +92,11 @@ signals:
     void presetAdded(const QModelIndex& preset);
 
 private:
+    void Try(const std::function<void()>& work);
+    void GoBack();
+    void ApplyOn(const QModelIndex& preset, bool isFinished);
+    void TakeOff();
+    void ExportLook(const QModelIndex& preset);
     void Save();
     void Tell(const QString& text);
     QString AskName(const QModelIndex& preset, bool isNew);
@@ -101,6 +108,7 @@ private:
     AppliedEdit& m_edit;
     RecentPresets& m_recent;
     LumetraEditor::IEditor& m_editor;
+    PanelGuard m_guard;
     QWidget& m_window;
     QStringList m_resourceFolders;
     QJsonObject m_lastStep;

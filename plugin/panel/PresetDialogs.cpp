@@ -49,10 +49,11 @@ QString PresetCommands::AskName(const QModelIndex& preset, bool isNew)
 
 bool PresetCommands::AskRemoval(const QString& name)
 {
-    AlertBox box(AlertBox::Level::Warning, QString(), tr("Delete the preset \"%1\"?").arg(name),
+    // The editor's alerts name their Yes after the title where Cancel stands beside it.
+    AlertBox box(AlertBox::Level::Warning, tr("Delete"), tr("Delete the preset \"%1\"?").arg(name),
                  QMessageBox::Yes | QMessageBox::Cancel, &m_window,
                  Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);
-    Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Yes}, QMessageBox::Cancel);
+    Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Cancel}, QMessageBox::Cancel);
     return box.Exec() == QMessageBox::Yes;
 }
 
@@ -64,8 +65,6 @@ void PresetCommands::Remove(const QModelIndex& preset)
     const QString name = preset.data(PresetModel::PresetNameRole).toString();
     if (!AskRemoval(name))
         return;
-    if (removed->IsApplied())
-        Discard(); // else its look would stay on the photo with nothing to change it by
     const int row = GetModel().FindPreset(*removed).row();
     m_editor.PushUndo(new RemoveCommand(*this, removed, row, tr("Delete \"%1\"").arg(name)));
 }
@@ -110,6 +109,11 @@ void PresetCommands::Import(const QStringList& paths)
 
 /// Only what changes colours alone fits into a table.
 void PresetCommands::Export(const QModelIndex& preset)
+{
+    Try([&] { ExportLook(preset); });
+}
+
+void PresetCommands::ExportLook(const QModelIndex& preset)
 {
     const auto look = GetModel().GetPreset(preset);
     if (!look || !Fetch(preset))

@@ -1,6 +1,5 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
-<!-- SPDX-License-Identifier: GPL-2.0-or-later -->
 <TS version="2.1" language="de_DE">
 <context>
     <name>LumetraPlugin::AppliedEdit</name>
@@ -135,6 +134,22 @@
         <source>Sliders: %1</source>
         <translation>Regler: %1</translation>
     </message>
+    <message>
+        <source>stops</source>
+        <translation>Blenden</translation>
+    </message>
+    <message>
+        <source>points</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>8-bit steps</source>
+        <translation>8-Bit-Stufen</translation>
+    </message>
+    <message>
+        <source>% of the diagonal</source>
+        <translation>% der Diagonale</translation>
+    </message>
 </context>
 <context>
     <name>LumetraPlugin::FilterBar</name>
@@ -189,6 +204,13 @@
     <message>
         <source>Empty the search</source>
         <translation>Suche leeren</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraPlugin::PanelGuard</name>
+    <message>
+        <source>This did not work, and nothing says why.</source>
+        <translation>Das hat nicht geklappt; ein Grund ist nicht bekannt.</translation>
     </message>
 </context>
 <context>
@@ -280,6 +302,10 @@
     <message>
         <source>Wrote &quot;%1&quot;.</source>
         <translation>„%1“ geschrieben.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
     </message>
 </context>
 <context>

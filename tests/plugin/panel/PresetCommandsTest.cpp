@@ -24,10 +24,12 @@ public:
     explicit ScriptedAlerts(QMessageBox::StandardButton answer) : m_answer(answer) {}
 
     QStringList texts;
+    QStringList titles;
 
     QMessageBox::StandardButton Exec(AlertBox& box) override
     {
         texts.append(box.text);
+        titles.append(box.title);
         return m_answer;
     }
 
@@ -119,6 +121,7 @@ TEST_F(PresetCommandsTest, deletingAsksAndCanBeUndone)
     const auto alerts = Answer(QMessageBox::Yes);
     Trigger("removePreset");
     EXPECT_EQ(alerts->texts.front(), QStringLiteral("Delete the preset \"One\"?"));
+    EXPECT_EQ(alerts->titles.front(), QStringLiteral("Delete")); // which the button bears too
     EXPECT_EQ(Shown(UserPage), QStringList{QStringLiteral("Two")});
     EXPECT_FALSE(StoreText().contains(QStringLiteral("\"One\"")));
 

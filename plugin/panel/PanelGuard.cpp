@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "panel/PanelGuard.h"
+
+#include "LumetraEditor/IEditor.h"
+
+#include <QScopedValueRollback>
+
+#include <exception>
+
+namespace LumetraPlugin {
+
+bool PanelGuard::Run(const std::function<void()>& work)
+{
+    if (m_isRunning) {
+        work();
+        return true;
+    }
+    const QScopedValueRollback<bool> running(m_isRunning, true);
+    return Catch(work);
+}
+
+bool PanelGuard::Catch(const std::function<void()>& work)
+{
+    try {
+        work();
+        return true;
+    } catch (const std::exception& error) {
+        // What follows the first line is a call stack.
+        m_editor.ShowMessage(QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0));
+    } catch (...) {
+        m_editor.ShowMessage(tr("This did not work, and nothing says why."));
+    }
+    return false;
+}
+
+} // namespace LumetraPlugin

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QCoreApplication>
+
+#include <functional>
+
+namespace LumetraEditor {
+class IEditor;
+}
+
+namespace LumetraPlugin {
+
+/// Where the panel stops exceptions: those of the preset model and of its controllers, which catch
+/// nothing themselves, must not leave an event of a widget.
+class PanelGuard
+{
+    Q_DECLARE_TR_FUNCTIONS(LumetraPlugin::PanelGuard)
+
+public:
+    /// `editor` is kept by reference.
+    explicit PanelGuard(LumetraEditor::IEditor& editor) : m_editor(editor) {}
+
+    /// False when `work` has thrown: the first line of the error is then shown to the user. Of
+    /// calls within each other the outermost catches, so that `work` stops as a whole.
+    bool Run(const std::function<void()>& work);
+
+private:
+    bool Catch(const std::function<void()>& work);
+
+    LumetraEditor::IEditor& m_editor;
+    bool m_isRunning = false;
+};
+
+} // namespace LumetraPlugin
