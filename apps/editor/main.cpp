@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "edit/Editor.h"
+#include "plugins/GuardedApplication.h"
 #include "plugins/PluginFolders.h"
 #include "style/EditorStyle.h"
 #include "style/MessageBoxAlertBackend.h"
 #include "window/EditorWindow.h"
 
-#include <QApplication>
 #include <QCommandLineParser>
 
 #include <optional>
@@ -54,7 +54,7 @@ int main(int argc, char** argv)
 {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication application(argc, argv);
+    LumetraEditor::GuardedApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("lumetra-editor"));
     QCoreApplication::setApplicationVersion(QStringLiteral(LUMETRA_VERSION));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Lumetra"));

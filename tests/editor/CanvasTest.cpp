@@ -3,7 +3,6 @@
 
 #include "canvas/CanvasFeed.h"
 #include "canvas/PhotoCanvas.h"
-#include "window/HistogramWidget.h"
 
 #include <QAction>
 #include <QApplication>
@@ -232,18 +231,4 @@ TEST_F(CanvasTest, movesTheLineOfTheSplitView)
     QTest::keyClick(&Canvas(), Qt::Key_Right, Qt::AltModifier);
 
     EXPECT_NEAR(Canvas().GetSplitPosition(), 0.27, 0.01);
-}
-
-TEST_F(CanvasTest, drawsAHistogramOfWhatIsShown)
-{
-    OpenLarge();
-    Grab();
-    const auto before = Find<LumetraEditor::HistogramWidget>("histogram")->GetHistogram();
-    EXPECT_GT(before.GetTallestInner(), 0U);
-
-    MakeLighter(20);
-    Grab();
-
-    const auto after = Find<LumetraEditor::HistogramWidget>("histogram")->GetHistogram();
-    EXPECT_GT(after.channels[0][255], before.channels[0][255]);
 }

@@ -307,7 +307,8 @@ TEST(EditStateFormat, readsWhatItWrites)
     package.Effects().push_back(effect);
     state.committed.push_back(package);
     state.records.push_back({"Soft Skin", 70});
-    state.panels[QStringLiteral("looks")] = {{QStringLiteral("preset"), QStringLiteral("ä")}};
+    state.panels[QStringLiteral("looks")] =
+        QJsonObject{{QStringLiteral("preset"), QStringLiteral("ä")}};
 
     const QByteArray text = EditStateFormat::ToText(state);
     const EditState read = EditStateFormat::FromDocument(JsonDocument::Parse(text, "test"));

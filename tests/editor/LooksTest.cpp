@@ -274,6 +274,60 @@ TEST_F(LooksTest, aUsersLookIsRenamedAndDeletedAndBroughtBack)
     EXPECT_TRUE(HasLook(QStringLiteral("My Night")));
 }
 
+TEST_F(LooksTest, deletingTheLookOnThePhotoIsOneStep)
+{
+    const QString name = QStringLiteral("My Evening");
+    ClickLook(Look);
+    PressKey(*ExtraSlider(), Qt::Key_PageUp);
+    ASSERT_TRUE(NameBy("savePreset", name));
+    ClickLook(name);
+    PressKey(*Intensity(), Qt::Key_PageDown);
+    const QImage edited = GetPicture();
+    const int intensity = Intensity()->value();
+    const int steps = editor->GetUndoStack().count();
+    {
+        const ScriptedAlerts alerts({QMessageBox::Yes});
+        FindAction("removePreset")->trigger();
+    }
+    EXPECT_FALSE(HasLook(name));
+    EXPECT_EQ(GetPicture(), original);
+    EXPECT_EQ(editor->GetUndoStack().count(), steps + 1);
+
+    for (int round = 0; round < 2; ++round) {
+        FindAction("undo")->trigger();
+        EXPECT_TRUE(HasLook(name));
+        EXPECT_EQ(GetAppliedName(), name);
+        EXPECT_EQ(Intensity()->value(), intensity);
+        EXPECT_EQ(GetPicture(), edited);
+        FindAction("redo")->trigger();
+        EXPECT_FALSE(HasLook(name));
+        EXPECT_EQ(GetPicture(), original);
+    }
+    FindAction("undo")->trigger();
+    FindAction("undo")->trigger(); // the intensity's step before
+    EXPECT_EQ(GetAppliedName(), name);
+    EXPECT_NE(Intensity()->value(), intensity);
+}
+
+TEST_F(LooksTest, undoingADeletionIsKeptBesideThePhoto)
+{
+    const QString name = QStringLiteral("My Evening");
+    ClickLook(Look);
+    ASSERT_TRUE(NameBy("savePreset", name));
+    ClickLook(name);
+    {
+        const ScriptedAlerts alerts({QMessageBox::Yes});
+        FindAction("removePreset")->trigger();
+    }
+    editor->SaveEdit();
+    EXPECT_FALSE(ReadFile("lake.png.lumetra.json").contains("My Evening"));
+
+    FindAction("undo")->trigger();
+
+    editor->SaveEdit();
+    EXPECT_TRUE(ReadFile("lake.png.lumetra.json").contains("My Evening"));
+}
+
 TEST_F(LooksTest, favouritesAreFound)
 {
     ClickLook(Look);

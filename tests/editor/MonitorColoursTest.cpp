@@ -7,6 +7,7 @@
 #include "drawer/AsyncPreviews.h"
 #include "export/ExportJob.h"
 #include "photo/PhotoReader.h"
+#include "window/HistogramFeed.h"
 #include "window/HistogramWidget.h"
 #include "window/MonitorColours.h"
 
@@ -113,10 +114,14 @@ TEST_F(MonitorColoursTest, doNotReachTheExport)
 TEST_F(MonitorColoursTest, doNotReachTheHistogram)
 {
     const auto& histogram = *Find<LumetraEditor::HistogramWidget>("histogram");
+    auto& view = window->GetHistogramFeed().GetLiveView();
+    view.WaitForFrame();
     const auto before = histogram.GetHistogram();
+    ASSERT_GT(before.GetTallestInner(), 0U);
 
     window->UseMonitorProfile(WriteMonitor());
     GetPicture();
+    view.WaitForFrame();
 
     EXPECT_EQ(histogram.GetHistogram().channels, before.channels);
 }

@@ -4,12 +4,14 @@
 
 #include "canvas/PhotoCanvas.h"
 #include "window/EditorActions.h"
+#include "window/EditorSettings.h"
 #include "window/MessageBar.h"
 #include "window/StartPage.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QFile>
 #include <QFileDialog>
 #include <QLabel>
 #include <QMouseEvent>
@@ -184,6 +186,22 @@ TEST_F(WindowTest, tellsItsVersionAndLicence)
 
     EXPECT_EQ(version, QStringLiteral("Version 1.2.3"));
     EXPECT_THAT(text.toStdString(), HasSubstr("GNU General Public License"));
+}
+
+TEST_F(WindowTest, theManualNamesTheFileOfTheSettings)
+{
+    FindAction("light")->trigger();
+    window.reset(); // written
+    const QString file = LumetraEditor::EditorSettings().GetFileName();
+    ASSERT_TRUE(QFile::exists(file)) << file.toStdString();
+    QFile manual(QStringLiteral(LUMETRA_DOCS "/editor.md"));
+    ASSERT_TRUE(manual.open(QIODevice::ReadOnly));
+
+    const QByteArray text = manual.readAll();
+
+    const QByteArray name = (file.section(QLatin1Char('/'), -2)).toUtf8(); // with its folder
+    EXPECT_TRUE(text.contains('`' + name + '`')) << name.toStdString();
+    EXPECT_FALSE(text.contains("lumetra-editor.conf"));
 }
 
 TEST_F(WindowTest, everyKeyReachesItsCommand)

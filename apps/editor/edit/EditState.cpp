@@ -19,7 +19,7 @@ const QString IntensityKey = QStringLiteral("intensity");
 bool EditState::IsEmpty() const
 {
     return committed.empty() && std::all_of(panels.begin(), panels.end(), [](const auto& panel) {
-               return panel.second.isEmpty();
+               return panel.second.IsEmpty();
            });
 }
 
@@ -28,10 +28,12 @@ LumetraHost::EditRecord EditState::MakeRecord(const Zorvik::Quindle::EffectsSett
     const std::string& preset = package.Package().GetPresetName();
     // The source weighs (b - 1) / 254.
     const int share = static_cast<int>(std::lround((255 - package.GetBlendAmount()) / 2.54));
-    for (const auto& [id, edit] : panels)
+    for (const auto& [id, part] : panels) {
+        const QJsonObject& edit = part.GetObject();
         if (!preset.empty() && edit.value(PresetKey).toString().toStdString() == preset)
             return {edit.value(NameKey).toString(QString::fromStdString(preset)).toStdString(),
                     edit.value(IntensityKey).toInt(share)};
+    }
     return {preset, share};
 }
 

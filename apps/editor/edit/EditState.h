@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "edit/PanelEdit.h"
 #include "photo/EditRecord.h"
 
 #include "Zorvik/Quindle/EffectsSettings.h"
 
-#include <QJsonObject>
 #include <QString>
 
 #include <map>
@@ -18,7 +18,7 @@ struct EditState
 {
     std::vector<Zorvik::Quindle::EffectsSettings> committed; ///< bottom first
     std::vector<LumetraHost::EditRecord> records; ///< of `committed`, for the user to read
-    std::map<QString, QJsonObject> panels;        ///< by module; of missing ones too
+    std::map<QString, PanelEdit> panels;          ///< by module; of missing ones too
 
     bool IsEmpty() const;
     /// What a user is told of a package: what the panel says that has drawn it, else what can be

@@ -2,10 +2,7 @@
 #include "edit/EditStateFormat.h"
 
 #include "Zorvik/Exception.h"
-#include "storage/JsonReader.h"
-#include "storage/JsonWriter.h"
-
-#include <QJsonDocument>
+#include "storage/JsonValue.h"
 
 #include <boost/current_function.hpp>
 
@@ -14,9 +11,7 @@ namespace {
 
 using LumetraHost::JsonDocument;
 using LumetraHost::JsonObject;
-using LumetraHost::JsonReader;
 using LumetraHost::JsonValue;
-using LumetraHost::JsonWriter;
 using Zorvik::Brassel::ISerializer;
 using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
@@ -81,24 +76,11 @@ void WriteRecords(const std::vector<LumetraHost::EditRecord>& records, JsonObjec
     }
 }
 
-/// Panels speak the JSON of Qt.
-JsonValue ToJsonValue(const QJsonObject& object)
-{
-    const QByteArray text = QJsonDocument(object).toJson(QJsonDocument::Compact);
-    return JsonValue(JsonReader::Read({text.constData(), static_cast<std::size_t>(text.size())},
-                                      "a panel's edit"));
-}
-
-QJsonObject FromJsonObject(const JsonObject& object)
-{
-    return QJsonDocument::fromJson(QByteArray::fromStdString(JsonWriter::Write(object))).object();
-}
-
-void WritePanels(const std::map<QString, QJsonObject>& panels, JsonObject& root)
+void WritePanels(const std::map<QString, PanelEdit>& panels, JsonObject& root)
 {
     const auto members = std::make_shared<JsonObject>();
     for (const auto& [id, edit] : panels)
-        members->Set(id.toStdString(), ToJsonValue(edit));
+        members->Set(id.toStdString(), edit.ToJson());
     root.Set(PanelsKey, JsonValue(members));
 }
 
@@ -115,7 +97,7 @@ void ReadPanels(const JsonDocument& document, EditState& state)
         const auto* const edit = value.As<JsonValue::Object>();
         if (!edit)
             Refuse(place + "/" + id, std::string("node, found ") + value.GetKindName());
-        state.panels[QString::fromStdString(id)] = FromJsonObject(**edit);
+        state.panels[QString::fromStdString(id)] = PanelEdit(*edit);
     }
 }
 

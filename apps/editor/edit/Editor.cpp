@@ -2,9 +2,10 @@
 #include "edit/Editor.h"
 
 #include "drawer/AsyncPreviews.h"
+#include "edit/CommandStep.h"
 #include "edit/EditStep.h"
 #include "engine/EffectKinds.h"
-#include "plugins/PluginLoader.h"
+#include "plugins/GuardedApplication.h"
 #include "workspace/WorkspaceController.h"
 
 #include "Zorvik/Lumetra/IObjectsConnectorID.h"
@@ -13,9 +14,7 @@
 #include "Zorvik/Util/ObjectsConnector.h"
 
 #include <QFileInfo>
-
-#include <algorithm>
-#include <exception>
+#include <QScopedValueRollback>
 
 namespace LumetraEditor {
 namespace {
@@ -24,12 +23,6 @@ using LumetraHost::AsyncPreviews;
 using LumetraHost::Photo;
 using LumetraHost::WorkspaceController;
 using Zorvik::Quindle::EffectsSettings;
-
-void LockDrawer(bool isLocked)
-{
-    Zorvik::Util::ObjectsConnector::sendMessage(
-        Zorvik::Lumetra::LumetraInt::IObjectsConnectorID::CORE_DRAWER_LOCK, {isLocked});
-}
 
 } // namespace
 
@@ -40,10 +33,10 @@ Editor::Editor(QObject* parent)
     LumetraHost::RegisterEffects();
     connect(&m_loader, &PhotoLoader::loaded, this, &Editor::TakePhoto);
     connect(&m_loader, &PhotoLoader::failed, this, &Editor::RefusePhoto);
-    connect(m_previews.get(), &AsyncPreviews::previewReady, this, [this](const QString& key) {
-        for (const Panel& panel : m_panels)
-            panel.panel->PreviewReady(key);
-    });
+    connect(m_previews.get(), &AsyncPreviews::previewReady, this,
+            [this](const QString& key) { m_panels.PreviewReady(key); });
+    if (auto* const application = qobject_cast<GuardedApplication*>(QCoreApplication::instance()))
+        connect(application, &GuardedApplication::eventFailed, this, &Editor::TakeFailure);
     connect(&m_sidecar, &Sidecar::problem, this, &Editor::messageGiven);
     m_workspace->GetDrawer().AddObserver(this);
 }
@@ -55,6 +48,18 @@ Editor::~Editor()
 }
 
 // Photos
+
+/// Modules listen too.
+void Editor::LockDrawer(bool isLocked)
+{
+    const CallDepth depth;
+    try {
+        Zorvik::Util::ObjectsConnector::sendMessage(
+            Zorvik::Lumetra::LumetraInt::IObjectsConnectorID::CORE_DRAWER_LOCK, {isLocked});
+    } catch (...) {
+        TakeFailure(nullptr, Failure::Describe());
+    }
+}
 
 bool Editor::OpenPhoto(const QString& path)
 {
@@ -114,10 +119,10 @@ void Editor::SetPhoto(const QString& path, const Photo& photo, const PhotoIdenti
     m_state = {};
     m_mayLoseEdit = false;
     m_workspace->GetDrawer().SetPhoto(photo.image);
-    m_isRestoring = true;
-    for (const Panel& panel : m_panels)
-        panel.panel->PhotoChanged();
-    m_isRestoring = false;
+    {
+        const QScopedValueRollback<bool> restoring(m_isRestoring, true);
+        m_panels.PhotoChanged();
+    }
     emit photoChanged();
     if (HasPhoto())
         OpenSidecar(identity);
@@ -152,44 +157,51 @@ void Editor::SetDisplay(const std::shared_ptr<const LumetraHost::DisplayTransfor
         return;
     m_display = display;
     m_workspace->SetDisplay(display);
-    for (const Panel& panel : m_panels)
-        panel.panel->PreviewReady(QString());
+    m_panels.PreviewReady(QString());
     emit displayChanged();
 }
 
 // Panels
 
-QWidget* Editor::AddPanel(const LoadedPlugin& plugin)
+GuardedPanel* Editor::AddPanel(const LoadedPlugin& plugin)
 {
-    try {
-        Panel panel{plugin.id, plugin.root->CreatePanel(*this)};
-        QWidget* const widget = panel.panel->GetWidget();
-        m_panels.push_back(std::move(panel));
-        m_state = CaptureEdit();
-        return widget;
-    } catch (const std::exception& error) {
-        ShowMessage(tr("The panel \"%1\" cannot be used: %2")
-                        .arg(plugin.id, QString::fromUtf8(error.what())));
-        return nullptr;
+    GuardedPanel& panel = m_panels.Add(plugin, *this);
+    connect(&panel, &GuardedPanel::failed, this, &Editor::ShowNotice);
+    connect(&panel, &GuardedPanel::noticeGiven, this, &Editor::ShowNotice);
+    panel.Create();
+    // A panel that comes when the photo is already there finds its part of the edit.
+    if (const auto part = m_state.panels.find(plugin.id); part != m_state.panels.end()) {
+        const QScopedValueRollback<bool> restoring(m_isRestoring, true);
+        panel.RestoreEdit(part->second.GetObject());
     }
+    m_state = CaptureEdit();
+    return panel.IsUsable() ? &panel : nullptr;
 }
 
 void Editor::RemovePanels()
 {
     m_undoStack.clear();
-    m_panels.clear();
+    m_panels.Clear();
+}
+
+void Editor::TakeFailure(QObject* receiver, const QString& reason)
+{
+    if (GuardedPanel* const panel = receiver ? m_panels.FindOwner(receiver) : nullptr)
+        panel->PutOutOfUse(reason);
+    else
+        ShowNotice(tr("Something has gone wrong: %1").arg(reason));
 }
 
 bool Editor::HasUnsavedChanges() const
 {
-    return std::any_of(m_panels.begin(), m_panels.end(),
-                       [](const Panel& panel) { return panel.panel->HasUnsavedChanges(); });
+    return m_panels.HasUnsavedChanges();
 }
 
+/// Parts of panels that are missing or out of use stay: nobody sees what they would take off.
 void Editor::DiscardUnsavedChanges()
 {
     EditState state = CaptureEdit();
-    state.panels.clear();
+    m_panels.Forget(state);
     RestoreEdit(state);
     m_state = CaptureEdit();
     KeepEdit();
@@ -236,9 +248,8 @@ EditState Editor::CaptureEdit() const
         state.records.push_back(i < m_state.records.size()
                                     ? m_state.records[i]
                                     : m_state.MakeRecord(state.committed[i]));
-    state.panels = m_state.panels; // those of modules that are missing today stay
-    for (const Panel& panel : m_panels)
-        state.panels[panel.id] = panel.panel->SaveEdit();
+    state.panels = m_state.panels; // those of modules that are missing or out of use stay
+    m_panels.Save(state);
     return state;
 }
 
@@ -261,15 +272,17 @@ void Editor::RestorePackages(const std::vector<EffectsSettings>& committed)
 
 void Editor::RestoreEdit(const EditState& state)
 {
-    m_isRestoring = true;
+    const QScopedValueRollback<bool> restoring(m_isRestoring, true);
     ShowOnPhoto(nullptr);
-    RestorePackages(state.committed);
-    for (const Panel& panel : m_panels) {
-        const auto found = state.panels.find(panel.id);
-        panel.panel->RestoreEdit(found == state.panels.end() ? QJsonObject() : found->second);
-    }
-    m_isRestoring = false;
     m_state = state;
+    RestorePackages(state.committed);
+    m_panels.Restore(state);
+}
+
+void Editor::RestoreStep(const EditState& state)
+{
+    RestoreEdit(state);
+    KeepEdit();
 }
 
 void Editor::NoteEdit(const QString& text)
@@ -279,10 +292,7 @@ void Editor::NoteEdit(const QString& text)
     EditState after = CaptureEdit();
     if (after == m_state)
         return;
-    const auto restore = [this](const EditState& state) {
-        RestoreEdit(state);
-        KeepEdit();
-    };
+    const auto restore = [this](const EditState& state) { RestoreStep(state); };
     m_undoStack.push(new EditStep(text, m_state, after, restore));
     m_state = std::move(after);
     KeepEdit();
@@ -290,7 +300,18 @@ void Editor::NoteEdit(const QString& text)
 
 void Editor::PushUndo(QUndoCommand* command)
 {
-    m_undoStack.push(command);
+    const auto run = [this](const std::function<void()>& part) { return RunCommand(part); };
+    const auto restore = [this](const EditState& state) { RestoreStep(state); };
+    m_undoStack.push(
+        new CommandStep(std::unique_ptr<QUndoCommand>(command), m_state, run, restore));
+}
+
+/// What the command does to the edit belongs to its own step.
+EditState Editor::RunCommand(const std::function<void()>& command)
+{
+    const QScopedValueRollback<bool> restoring(m_isRestoring, true);
+    command();
+    return HasPhoto() ? CaptureEdit() : m_state;
 }
 
 std::vector<LumetraHost::EditRecord> Editor::GetRecords() const
@@ -345,6 +366,11 @@ void Editor::FrameChanged()
 void Editor::ShowMessage(const QString& text)
 {
     emit messageGiven(text);
+}
+
+void Editor::ShowNotice(const QString& text)
+{
+    emit noticeGiven(text);
 }
 
 } // namespace LumetraEditor

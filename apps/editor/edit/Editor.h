@@ -2,11 +2,11 @@
 #pragma once
 
 #include "LumetraEditor/IEditor.h"
-#include "LumetraEditor/IEditorPlugin.h"
 #include "background/PhotoLoader.h"
 #include "drawer/IDrawerObserver.h"
 #include "edit/EditState.h"
 #include "edit/Sidecar.h"
+#include "plugins/Panels.h"
 
 #include <QObject>
 #include <QUndoStack>
@@ -23,8 +23,6 @@ class WorkspaceController;
 } // namespace LumetraHost
 
 namespace LumetraEditor {
-
-struct LoadedPlugin;
 
 /// What only the user can decide. The window asks; an empty function stands for a user who says no.
 struct EditorQuestions
@@ -77,9 +75,9 @@ public:
         return m_display;
     }
 
-    /// Makes the module's panel and returns its widget, which the caller places. Null, and a
-    /// message, when the module fails.
-    QWidget* AddPanel(const LoadedPlugin& plugin);
+    /// Makes the module's panel, whose widget the caller places. Null, and a message, when the
+    /// module fails. The panel lives until RemovePanels(), also one that fails later.
+    GuardedPanel* AddPanel(const LoadedPlugin& plugin);
     /// Before their widgets go.
     void RemovePanels();
     /// Some panel shows what has not been applied for good.
@@ -105,6 +103,8 @@ public:
     void NoteEdit(const QString& text) override;
     void PushUndo(QUndoCommand* command) override;
     void ShowMessage(const QString& text) override;
+    /// A message about the program and no photo: it stays when another photo comes.
+    void ShowNotice(const QString& text);
 
 signals:
     void openingStarted(const QString& path);
@@ -115,16 +115,11 @@ signals:
     void shownOnTopChanged();
     void displayChanged();
     void messageGiven(const QString& text);
+    void noticeGiven(const QString& text);
 
 private:
     void FrameChanged() override;
     void CommittedPhotoChanged() override {}
-
-    struct Panel
-    {
-        QString id;
-        std::unique_ptr<IEditorPanel> panel;
-    };
 
     void TakePhoto(const QString& path, const LumetraHost::Photo& photo,
                    const PhotoIdentity& identity);
@@ -136,6 +131,11 @@ private:
     /// Asks what is to become of an edit that was made for another file.
     void SettleEditOfOtherPhoto();
     void RestoreEdit(const EditState& state);
+    void RestoreStep(const EditState& state);
+    EditState RunCommand(const std::function<void()>& command);
+    /// An event handler has thrown: that of a panel's object, or anybody's.
+    void TakeFailure(QObject* receiver, const QString& reason);
+    void LockDrawer(bool isLocked);
     void KeepEdit();
     void RestorePackages(const std::vector<Zorvik::Quindle::EffectsSettings>& committed);
 
@@ -144,7 +144,7 @@ private:
     PhotoLoader m_loader;
     QString m_path;
     LumetraHost::Photo m_photo;
-    std::vector<Panel> m_panels;
+    Panels m_panels;
     std::optional<Zorvik::Quindle::EffectsSettings> m_shownOnTop;
     std::shared_ptr<const LumetraHost::DisplayTransform> m_display;
     EditState m_state; ///< after the last step

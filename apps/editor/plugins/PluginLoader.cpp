@@ -2,6 +2,7 @@
 #include "plugins/PluginLoader.h"
 
 #include "LumetraEditor/IEditorPlugin.h"
+#include "plugins/Failure.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -73,13 +74,16 @@ void PluginLoader::LoadModule(const QString& path)
         report(mismatch);
         return;
     }
-    auto* const root = qobject_cast<IEditorPlugin*>(loader.instance());
-    if (root)
-        m_plugins.push_back({id, root});
-    else
-        report(tr("it cannot be loaded: %1")
-                   .arg(loader.isLoaded() ? tr("its root object is of another kind")
-                                          : loader.errorString()));
+    try {
+        if (auto* const root = qobject_cast<IEditorPlugin*>(loader.instance()))
+            m_plugins.push_back({id, root});
+        else
+            report(tr("it cannot be loaded: %1")
+                       .arg(loader.isLoaded() ? tr("its root object is of another kind")
+                                              : loader.errorString()));
+    } catch (...) {
+        report(tr("it cannot be loaded: %1").arg(Failure::Describe()));
+    }
 }
 
 } // namespace LumetraEditor

@@ -25,12 +25,12 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
 <context>
     <name>LumetraEditor::Editor</name>
     <message>
-        <source>The panel &quot;%1&quot; cannot be used: %2</source>
-        <translation>Das Bedienfeld „%1“ kann nicht verwendet werden: %2</translation>
-    </message>
-    <message>
         <source>“%1” cannot be opened.</source>
         <translation>„%1“ lässt sich nicht öffnen.</translation>
+    </message>
+    <message>
+        <source>Something has gone wrong: %1</source>
+        <translation>Etwas ist schiefgegangen: %1</translation>
     </message>
 </context>
 <context>
@@ -395,6 +395,38 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
     </message>
 </context>
 <context>
+    <name>LumetraEditor::Failure</name>
+    <message>
+        <source>it gives no reason</source>
+        <translation>es nennt keinen Grund</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::GuardedPanel</name>
+    <message>
+        <source>it makes no panel</source>
+        <translation>es erzeugt kein Bedienfeld</translation>
+    </message>
+    <message>
+        <source>its panel has no widget</source>
+        <translation>sein Bedienfeld ist leer</translation>
+    </message>
+    <message>
+        <source>it has deleted its own widget</source>
+        <translation>es hat seine eigene Oberfläche gelöscht</translation>
+    </message>
+    <message>
+        <source>The panel &quot;%1&quot; cannot be used: %2</source>
+        <translation>Das Bedienfeld „%1“ kann nicht verwendet werden: %2</translation>
+    </message>
+    <message>
+        <source>The panel &quot;%1&quot; has failed and is out of use until the next start: %2
+Its part of the edit is kept as it was.</source>
+        <translation>Das Bedienfeld „%1“ ist ausgefallen und bis zum nächsten Start außer Betrieb: %2
+Sein Teil der Bearbeitung bleibt erhalten, wie er war.</translation>
+    </message>
+</context>
+<context>
     <name>LumetraEditor::HistogramWidget</name>
     <message>
         <source>Histogram</source>
@@ -411,6 +443,10 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <source>Close the message</source>
         <translation>Meldung schließen</translation>
     </message>
+    <message>
+        <source>Close this to see %1 more.</source>
+        <translation>Nach dem Schließen folgen %1 weitere.</translation>
+    </message>
 </context>
 <context>
     <name>LumetraEditor::MonitorColours</name>
@@ -421,6 +457,13 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
     <message>
         <source>The monitor&apos;s profile cannot be used: %1</source>
         <translation>Das Profil des Monitors kann nicht verwendet werden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::PanelKeys</name>
+    <message>
+        <source>Keys of the panel &quot;%1&quot; are taken already: %2</source>
+        <translation>Tasten des Bedienfelds „%1“ sind schon vergeben: %2</translation>
     </message>
 </context>
 <context>
@@ -505,6 +548,10 @@ Discard the edit and leave the photo?</source>
 
 Die Bearbeitung verwerfen und das Foto verlassen?</translation>
     </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
 </context>
 <context>
     <name>LumetraEditor::ShortcutsDialog</name>
@@ -523,10 +570,6 @@ Die Bearbeitung verwerfen und das Foto verlassen?</translation>
     <message>
         <source>Arrow keys</source>
         <translation>Pfeiltasten</translation>
-    </message>
-    <message>
-        <source>+, -, 0 (fit), 1 (actual size)</source>
-        <translation>+, -, 0 (anpassen), 1 (Originalgröße)</translation>
     </message>
     <message>
         <source>Alt+Left, Alt+Right</source>
@@ -553,16 +596,8 @@ Die Bearbeitung verwerfen und das Foto verlassen?</translation>
         <translation>Original sehen</translation>
     </message>
     <message>
-        <source>Space or \ held</source>
-        <translation>Leertaste oder \ halten</translation>
-    </message>
-    <message>
         <source>Move</source>
         <translation>Verschieben</translation>
-    </message>
-    <message>
-        <source>Zoom</source>
-        <translation>Zoom</translation>
     </message>
     <message>
         <source>Move the line of the split view</source>
@@ -571,6 +606,22 @@ Die Bearbeitung verwerfen und das Foto verlassen?</translation>
     <message>
         <source>%1 to %2</source>
         <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>A field in which text is typed keeps the keys that type and edit it.</source>
+        <translation>Ein Textfeld behält die Tasten, mit denen man darin schreibt und ändert.</translation>
+    </message>
+    <message>
+        <source>\ held</source>
+        <translation>\ gedrückt halten</translation>
+    </message>
+    <message>
+        <source>Zoom in, out, fit, actual size</source>
+        <translation>Vergrößern, verkleinern, anpassen, Originalgröße</translation>
+    </message>
+    <message>
+        <source>Space held</source>
+        <translation>Leertaste gedrückt halten</translation>
     </message>
 </context>
 <context>

@@ -8,7 +8,7 @@
 
 namespace LumetraEditor {
 
-/// What the editor remembers of the user's ways: "lumetra/lumetra-editor.conf" in the user's
+/// What the editor remembers of the user's ways: "lumetra/lumetra-editor.ini" in the user's
 /// configuration folder.
 class EditorSettings
 {
@@ -16,6 +16,9 @@ public:
     static constexpr int MostRecentPhotos = 10;
 
     EditorSettings();
+
+    /// The file, with its path.
+    QString GetFileName() const { return m_settings.fileName(); }
 
     LumetraHost::PaletteKind GetPalette() const;
     void SetPalette(LumetraHost::PaletteKind kind);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "window/EditorWindow.h"
 
-#include "LumetraEditor/IEditorPlugin.h"
 #include "canvas/CanvasFeed.h"
 #include "canvas/PhotoCanvas.h"
 #include "edit/Editor.h"
@@ -11,10 +10,14 @@
 #include "window/AboutDialog.h"
 #include "window/EditorActions.h"
 #include "window/FileDrop.h"
+#include "window/HistogramFeed.h"
 #include "window/HistogramWidget.h"
 #include "window/Icons.h"
 #include "window/MessageBar.h"
 #include "window/MonitorColours.h"
+#include "window/PanelKeys.h"
+#include "window/PanelTabs.h"
+#include "window/PhotoKeys.h"
 #include "window/PhotoText.h"
 #include "window/Questions.h"
 #include "window/ShortcutsDialog.h"
@@ -33,8 +36,6 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
-#include <QTabBar>
-#include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -58,7 +59,9 @@ EditorWindow::EditorWindow(Editor& editor)
       m_splitter(new QSplitter(this)), m_centre(new QStackedWidget(m_splitter)),
       m_start(new StartPage(m_centre)), m_canvas(new PhotoCanvas(m_centre)),
       m_feed(new CanvasFeed(editor, *m_canvas, this)), m_side(new QWidget(m_splitter)),
-      m_histogram(new HistogramWidget(m_side)), m_panels(new QTabWidget(m_side)),
+      m_histogram(new HistogramWidget(m_side)),
+      m_histogramFeed(new HistogramFeed(editor, *m_histogram)), m_panels(new PanelTabs(m_side)),
+      m_panelKeys(new PanelKeys(*this, [this](QWidget& panel) { RevealPanel(panel); })),
       m_messages(new MessageBar(m_centre)), m_photoText(new QLabel(this)),
       m_zoomText(new QLabel(this)), m_progress(new QProgressBar(this)),
       m_cancel(new QToolButton(this)), m_export(new ExportCommand(editor, m_settings, *this)),
@@ -128,10 +131,6 @@ void EditorWindow::BuildCentre()
     frame->setContentsMargins(16, 16, 16, 8);
     frame->addWidget(m_histogram);
     column->addLayout(frame);
-    m_panels->setObjectName(QStringLiteral("panels"));
-    m_panels->setDocumentMode(true);
-    m_panels->setTabBarAutoHide(true);
-    m_panels->setFocusPolicy(Qt::NoFocus); // it would pass the focus on to a hidden tab bar
     column->addWidget(m_panels, 1);
 
     m_splitter->setStretchFactor(0, 1);
@@ -204,7 +203,7 @@ void EditorWindow::ConnectEditor()
     connect(&m_editor, &Editor::photoChanged, this, [this] {
         if (m_editor.HasPhoto())
             m_settings.AddRecentPhoto(m_editor.GetPhotoPath());
-        m_messages->Clear();
+        m_messages->ClearPhoto();
         ShowRecentPhotos();
         ShowPhoto();
     });
@@ -212,9 +211,15 @@ void EditorWindow::ConnectEditor()
                            [this](const QString& photo, const QString& problem) {
                                return AskToLoseEdit(photo, problem, this);
                            }});
-    connect(&m_editor, &Editor::messageGiven, m_messages, &MessageBar::Show);
+    connect(&m_editor, &Editor::messageGiven, m_messages, [this](const QString& message) {
+        m_messages->Show(message, MessageBar::About::Photo);
+    });
+    connect(&m_editor, &Editor::noticeGiven, m_messages, [this](const QString& message) {
+        m_messages->Show(message, MessageBar::About::Program);
+    });
+    connect(m_panelKeys, &PanelKeys::keysTaken, &m_editor, &Editor::ShowNotice);
     connect(m_canvas, &PhotoCanvas::zoomChanged, this, &EditorWindow::ShowZoom);
-    connect(m_feed, &CanvasFeed::frameShown, this, &EditorWindow::ShowHistogram);
+    new PhotoKeys(*this, *m_canvas); // belongs to the window
 }
 
 void EditorWindow::ConnectExporter()
@@ -251,7 +256,7 @@ void EditorWindow::LoadPanels(const QStringList& folders)
     for (const LoadedPlugin& plugin : loader.GetPlugins())
         AddPanel(plugin);
     for (const QString& report : loader.GetReports())
-        m_messages->Show(report);
+        m_editor.ShowNotice(report);
 }
 
 void EditorWindow::UseMonitorProfile(const QString& choice)
@@ -261,11 +266,20 @@ void EditorWindow::UseMonitorProfile(const QString& choice)
 
 void EditorWindow::AddPanel(const LoadedPlugin& plugin)
 {
-    QWidget* const widget = m_editor.AddPanel(plugin);
-    if (!widget)
+    GuardedPanel* const panel = m_editor.AddPanel(plugin);
+    if (!panel)
         return;
-    m_panels->addTab(widget, plugin.root->GetTitle());
-    m_plugins.push_back(plugin.root);
+    m_panels->AddPanel(*panel);
+    if (QWidget* const widget = panel->GetWidget())
+        m_panelKeys->Take(*widget, panel->GetTitle());
+    connect(panel, &GuardedPanel::putOutOfUse, m_panelKeys, &PanelKeys::Release);
+}
+
+void EditorWindow::RevealPanel(QWidget& panel)
+{
+    m_actions->sidePanel->setChecked(true);
+    m_side->show();
+    m_panels->setCurrentWidget(&panel);
 }
 
 // Photos
@@ -356,8 +370,6 @@ void EditorWindow::ShowPhoto()
                             : QStringLiteral("Lumetra"));
     m_photoText->setText(hasPhoto ? DescribePhoto(m_editor.GetPhotoPath(), m_editor.GetPhoto())
                                   : QString());
-    if (!hasPhoto)
-        m_histogram->SetHistogram({});
     UpdateNeighbours();
 }
 
@@ -370,12 +382,6 @@ void EditorWindow::UpdateNeighbours()
 void EditorWindow::ShowZoom(double zoom)
 {
     m_zoomText->setText(tr("%1 %").arg(zoom * 100, 0, 'f', zoom < 0.1 ? 1 : 0));
-}
-
-void EditorWindow::ShowHistogram()
-{
-    if (m_histogram->isVisible())
-        m_histogram->SetHistogram(Histogram::Of(m_feed->GetLiveView().GetFrame().picture));
 }
 
 void EditorWindow::ShowRecentPhotos()
@@ -426,8 +432,7 @@ void EditorWindow::Translate()
     m_side->setAccessibleName(tr("Side Panel"));
     m_panels->setAccessibleName(tr("Panels"));
     m_canvas->setAccessibleName(PhotoCanvas::tr("Photo"));
-    for (std::size_t i = 0; i < m_plugins.size(); ++i)
-        m_panels->setTabText(static_cast<int>(i), m_plugins[i]->GetTitle());
+    m_panels->UpdateTitles();
     ShowZoom(m_canvas->GetView().GetZoom());
     ShowPhoto();
 }
@@ -435,8 +440,8 @@ void EditorWindow::Translate()
 void EditorWindow::ShowShortcuts()
 {
     ShortcutsDialog dialog(*m_actions, this);
-    for (int i = 0; i < m_panels->count(); ++i)
-        dialog.AddPanel(m_panels->tabText(i), *m_panels->widget(i));
+    for (const GuardedPanel* const panel : m_panels->GetPanels())
+        dialog.AddPanel(panel->GetTitle(), *panel->GetWidget());
     dialog.exec();
 }
 

@@ -7,13 +7,10 @@
 
 #include <QMainWindow>
 
-#include <vector>
-
 class QLabel;
 class QProgressBar;
 class QSplitter;
 class QStackedWidget;
-class QTabWidget;
 class QToolBar;
 class QToolButton;
 
@@ -24,10 +21,12 @@ class Editor;
 class EditorActions;
 class ExportCommand;
 class Exporter;
+class HistogramFeed;
 class HistogramWidget;
-class IEditorPlugin;
 class MessageBar;
 class MonitorColours;
+class PanelKeys;
+class PanelTabs;
 class PhotoCanvas;
 class StartPage;
 struct LoadedPlugin;
@@ -61,6 +60,7 @@ public:
     PhotoCanvas& GetCanvas() { return *m_canvas; }
     CanvasFeed& GetFeed() { return *m_feed; }
     EditorActions& GetActions() { return *m_actions; }
+    HistogramFeed& GetHistogramFeed() { return *m_histogramFeed; }
     MessageBar& GetMessages() { return *m_messages; }
 
 protected:
@@ -85,8 +85,8 @@ private:
     void ShowOpening(const QString& path);
     void ShowExport();
     void ShowRecentPhotos();
-    void ShowHistogram();
     void ShowShortcuts();
+    void RevealPanel(QWidget& panel);
     void UpdateNeighbours();
     void Translate();
     bool MayClose();
@@ -106,8 +106,9 @@ private:
     CanvasFeed* m_feed;
     QWidget* m_side;
     HistogramWidget* m_histogram;
-    QTabWidget* m_panels;
-    std::vector<const IEditorPlugin*> m_plugins; ///< in the order of the tabs
+    HistogramFeed* m_histogramFeed;
+    PanelTabs* m_panels;
+    PanelKeys* m_panelKeys;
     MessageBar* m_messages;
     QLabel* m_photoText;
     QLabel* m_zoomText;

@@ -34,20 +34,50 @@ MessageBar::MessageBar(QWidget* parent)
     layout->addWidget(m_label, 1);
     layout->addWidget(m_close, 0, Qt::AlignTop);
 
-    connect(m_close, &QToolButton::clicked, this, &MessageBar::Clear);
+    connect(m_close, &QToolButton::clicked, this, &MessageBar::Close);
     parent->installEventFilter(this);
     Translate();
     hide();
 }
 
-void MessageBar::Show(const QString& message)
+void MessageBar::Show(const QString& message, About about)
 {
-    m_messages.removeAll(message);
-    m_messages.append(message);
-    while (m_messages.size() > MostMessages)
-        m_messages.removeFirst();
+    m_messages.erase(std::remove_if(m_messages.begin(), m_messages.end(),
+                                    [&](const Message& one) { return one.text == message; }),
+                     m_messages.end());
+    m_messages.push_back({message, about});
+    DropOldOnes();
+    Update();
+}
+
+/// Of what is about a photo only so much is kept as fits.
+void MessageBar::DropOldOnes()
+{
+    const auto isOfPhoto = [](const Message& one) { return one.about == About::Photo; };
+    if (std::count_if(m_messages.begin(), m_messages.end(), isOfPhoto) > MostMessages)
+        m_messages.erase(std::find_if(m_messages.begin(), m_messages.end(), isOfPhoto));
+}
+
+void MessageBar::Close()
+{
+    m_messages.resize(CountWaiting());
+    Update();
+}
+
+void MessageBar::ClearPhoto()
+{
+    m_messages.erase(std::remove_if(m_messages.begin(), m_messages.end(),
+                                    [](const Message& one) { return one.about == About::Photo; }),
+                     m_messages.end());
+    Update();
+}
+
+void MessageBar::Update()
+{
     m_label->setText(GetText());
     setAccessibleName(GetText());
+    if (m_messages.empty())
+        return hide();
     show();
     Place();
     raise();
@@ -55,16 +85,19 @@ void MessageBar::Show(const QString& message)
     QAccessible::updateAccessibility(&event);
 }
 
-void MessageBar::Clear()
+std::size_t MessageBar::CountWaiting() const
 {
-    m_messages.clear();
-    m_label->clear();
-    hide();
+    return m_messages.size() - std::min<std::size_t>(m_messages.size(), MostMessages);
 }
 
 QString MessageBar::GetText() const
 {
-    return m_messages.join(QLatin1Char('\n'));
+    QStringList lines;
+    for (std::size_t i = CountWaiting(); i < m_messages.size(); ++i)
+        lines.append(m_messages[i].text);
+    if (CountWaiting() > 0)
+        lines.append(tr("Close this to see %1 more.").arg(CountWaiting()));
+    return lines.join(QLatin1Char('\n'));
 }
 
 void MessageBar::Place()
@@ -104,7 +137,7 @@ void MessageBar::changeEvent(QEvent* event)
 void MessageBar::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape)
-        Clear();
+        Close();
     else
         QFrame::keyPressEvent(event);
 }

@@ -2,7 +2,8 @@
 #pragma once
 
 #include <QFrame>
-#include <QStringList>
+
+#include <vector>
 
 class QLabel;
 class QToolButton;
@@ -10,16 +11,27 @@ class QToolButton;
 namespace LumetraEditor {
 
 /// Tells the user something without stopping him: a strip over the lower edge of its parent, which
-/// stays until it is closed. What comes while a message stands is added to it.
+/// stays until it is closed. What comes while a message stands is added to it; when there are more
+/// than fit, the newest are seen, and the earlier ones when these have been closed.
 class MessageBar : public QFrame
 {
     Q_OBJECT
 
 public:
+    /// What a message is about, and so how long it is of interest.
+    enum class About
+    {
+        Photo,  ///< until another photo comes
+        Program ///< until the user has closed it
+    };
+
     explicit MessageBar(QWidget* parent);
 
-    void Show(const QString& message);
-    void Clear();
+    void Show(const QString& message, About about = About::Photo);
+    /// The user has read what stands there. What was waiting takes its place.
+    void Close();
+    /// Another photo has come.
+    void ClearPhoto();
     /// What stands there now, one line per message.
     QString GetText() const;
 
@@ -31,10 +43,19 @@ protected:
 private:
     static constexpr int MostMessages = 4;
 
+    struct Message
+    {
+        QString text;
+        About about;
+    };
+
+    std::size_t CountWaiting() const;
+    void DropOldOnes();
+    void Update();
     void Place();
     void Translate();
 
-    QStringList m_messages;
+    std::vector<Message> m_messages; ///< the newest last
     QLabel* m_label;
     QToolButton* m_close;
 };

@@ -51,7 +51,7 @@ void MonitorColours::Follow()
     QFile file(m_choice);
     if (file.open(QIODevice::ReadOnly))
         return Show(file.readAll(), m_choice);
-    m_editor.ShowMessage(
+    m_editor.ShowNotice(
         tr("The monitor's profile \"%1\" cannot be read: %2").arg(m_choice, file.errorString()));
     Show({}, {});
 }
@@ -68,7 +68,7 @@ void MonitorColours::Show(const QByteArray& icc, const QString& origin)
     } catch (const std::exception& error) {
         // What follows the first line is a call stack.
         const QString text = QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0);
-        m_editor.ShowMessage(tr("The monitor's profile cannot be used: %1").arg(text));
+        m_editor.ShowNotice(tr("The monitor's profile cannot be used: %1").arg(text));
     }
     m_editor.SetDisplay(display);
 }

@@ -7,6 +7,7 @@
 #include <QDialogButtonBox>
 #include <QHash>
 #include <QHeaderView>
+#include <QLabel>
 #include <QShortcut>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -34,6 +35,10 @@ ShortcutsDialog::ShortcutsDialog(const EditorActions& actions, QWidget* parent)
     column->setContentsMargins(16, 16, 16, 16);
     column->setSpacing(16);
     column->addWidget(m_list);
+    auto* const note = new QLabel(
+        tr("A field in which text is typed keeps the keys that type and edit it."), this);
+    note->setWordWrap(true);
+    column->addWidget(note);
     column->addWidget(buttons);
     resize(600, 640);
 }
@@ -67,16 +72,17 @@ void ShortcutsDialog::AddCommands(const EditorActions& actions)
     AddSection(tr("Window"));
     for (const QAction* const action : actions.GetKeyed())
         AddRow(action->text(), action->shortcuts());
+    AddRow(tr("See the original"), tr("\\ held"));
+    AddRow(tr("Zoom in, out, fit, actual size"), QStringLiteral("+, -, 0, 1"));
+    AddRow(tr("Move the line of the split view"), tr("Alt+Left, Alt+Right"));
     AddRow(tr("Close a message that has the focus"), tr("Esc"));
 }
 
 void ShortcutsDialog::AddPhotoKeys()
 {
     AddSection(tr("Photo, while it has the focus"));
-    AddRow(tr("See the original"), tr("Space or \\ held"));
+    AddRow(tr("See the original"), tr("Space held"));
     AddRow(tr("Move"), tr("Arrow keys"));
-    AddRow(tr("Zoom"), tr("+, -, 0 (fit), 1 (actual size)"));
-    AddRow(tr("Move the line of the split view"), tr("Alt+Left, Alt+Right"));
 }
 
 void ShortcutsDialog::AddPanel(const QString& title, const QWidget& panel)

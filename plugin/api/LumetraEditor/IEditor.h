@@ -42,7 +42,8 @@ public:
     /// panel's SaveEdit() and keeps the step for undo. `text` names it for the menu.
     virtual void NoteEdit(const QString& text) = 0;
     /// For steps that are no part of the edit, such as a deleted preset. Takes ownership; redo()
-    /// is called at once.
+    /// is called at once. What redo() changes of the edit belongs to the same step: NoteEdit() does
+    /// nothing during it, and after undo() and a later redo() the editor restores the edit itself.
     virtual void PushUndo(QUndoCommand* command) = 0;
     /// Shows a message to the user without stopping him.
     virtual void ShowMessage(const QString& text) = 0;

@@ -13,7 +13,8 @@ namespace LumetraEditor {
 
 class IEditor;
 
-/// A panel beside the photo. Owned by the editor, which deletes it before its widget.
+/// A panel beside the photo. Owned by the editor, which deletes it before its widget. An exception
+/// out of any operation, whatever its type is, puts the panel out of use until the next start.
 class IEditorPanel
 {
 public:
@@ -49,7 +50,8 @@ public:
 
     /// The panel's title, in the user's language.
     virtual QString GetTitle() const = 0;
-    /// `editor` outlives the panel. Exception when the panel cannot work at all.
+    /// `editor` outlives the panel. Exception when the panel cannot work at all; null counts as
+    /// one.
     virtual std::unique_ptr<IEditorPanel> CreatePanel(IEditor& editor) = 0;
 };
 

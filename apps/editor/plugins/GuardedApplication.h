@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QApplication>
+
+namespace LumetraEditor {
+
+/// The application of a program that runs modules: an exception that leaves an event handler is
+/// reported and does not end the program, whatever its type is.
+class GuardedApplication : public QApplication
+{
+    Q_OBJECT
+
+public:
+    GuardedApplication(int& argc, char** argv);
+
+    bool notify(QObject* receiver, QEvent* event) override;
+
+signals:
+    /// On the GUI thread. `receiver` had the event and may be gone by now: it is for comparing, not
+    /// for following. Null for an object of another thread.
+    void eventFailed(QObject* receiver, const QString& reason);
+
+private:
+    bool Deliver(QObject* receiver, QEvent* event);
+    void Report(QObject* receiver, const QString& reason);
+};
+
+} // namespace LumetraEditor

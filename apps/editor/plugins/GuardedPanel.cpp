@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "plugins/GuardedPanel.h"
+
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+namespace LumetraEditor {
+
+GuardedPanel::GuardedPanel(const LoadedPlugin& plugin, IEditor& editor)
+    : m_plugin(plugin), m_editor(editor)
+{
+}
+
+GuardedPanel::~GuardedPanel()
+{
+    m_isUsable = false;
+    if (m_parts.widget)
+        m_parts.widget->disconnect(this);
+    // The widget of a panel in use is the window's.
+    m_parts.widget.clear();
+    m_parts.Delete();
+    delete m_retired;
+}
+
+// Calls into the module
+
+void GuardedPanel::Create()
+{
+    Guard([this] {
+        m_parts.panel = m_plugin.root->CreatePanel(*this);
+        if (!m_parts.panel)
+            return PutOutOfUse(tr("it makes no panel"));
+        TakeWidget(m_parts.panel->GetWidget());
+    });
+    UpdateTitle();
+    m_isMade = true;
+}
+
+void GuardedPanel::TakeWidget(QWidget* widget)
+{
+    if (!widget)
+        return PutOutOfUse(tr("its panel has no widget"));
+    m_parts.widget = widget;
+    connect(widget, &QObject::destroyed, this,
+            [this] { PutOutOfUse(tr("it has deleted its own widget")); });
+}
+
+void GuardedPanel::UpdateTitle()
+{
+    Guard([this] { m_title = m_plugin.root->GetTitle().trimmed(); });
+}
+
+void GuardedPanel::PhotoChanged()
+{
+    GuardPanel([](IEditorPanel& panel) { panel.PhotoChanged(); });
+}
+
+void GuardedPanel::PreviewReady(const QString& key)
+{
+    GuardPanel([&key](IEditorPanel& panel) { panel.PreviewReady(key); });
+}
+
+std::optional<QJsonObject> GuardedPanel::SaveEdit()
+{
+    std::optional<QJsonObject> edit;
+    const QScopedValueRollback<bool> saving(m_isSaving, true);
+    GuardPanel([&edit](const IEditorPanel& panel) { edit = panel.SaveEdit(); });
+    return m_isUsable ? edit : std::nullopt;
+}
+
+void GuardedPanel::RestoreEdit(const QJsonObject& edit)
+{
+    GuardPanel([&edit](IEditorPanel& panel) { panel.RestoreEdit(edit); });
+}
+
+bool GuardedPanel::HasUnsavedChanges()
+{
+    bool hasChanges = false;
+    GuardPanel([&](const IEditorPanel& panel) { hasChanges = panel.HasUnsavedChanges(); });
+    return m_isUsable && hasChanges;
+}
+
+// The end of a panel
+
+bool GuardedPanel::Owns(const QObject* object) const
+{
+    return m_parts.Own(object) || (m_retired && m_retired->GetParts().Own(object));
+}
+
+QString GuardedPanel::MakeMessage(const QString& reason) const
+{
+    if (!m_isMade)
+        return tr("The panel \"%1\" cannot be used: %2").arg(GetTitle(), reason);
+    return tr("The panel \"%1\" has failed and is out of use until the next start: %2\n"
+              "Its part of the edit is kept as it was.")
+        .arg(GetTitle(), reason);
+}
+
+void GuardedPanel::PutOutOfUse(const QString& reason)
+{
+    if (!m_isUsable)
+        return;
+    m_isUsable = false;
+    QWidget* const widget = m_parts.widget;
+    if (widget) {
+        widget->disconnect(this);
+        widget->hide();
+    }
+    m_editor.ShowOnPhoto(nullptr);
+    emit putOutOfUse(widget);
+    m_retired = new RetiredPanel(std::move(m_parts));
+    emit failed(MakeMessage(reason));
+}
+
+// What the module asks for
+
+std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> GuardedPanel::GetWorkspace()
+{
+    return m_editor.GetWorkspace();
+}
+
+QString GuardedPanel::GetPhotoPath() const
+{
+    return m_editor.GetPhotoPath();
+}
+
+void GuardedPanel::ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings)
+{
+    if (m_isUsable)
+        m_editor.ShowOnPhoto(settings);
+}
+
+Zorvik::Proc::Frame GuardedPanel::RequestPreview(const QString& key,
+                                                 const Zorvik::Proc::FrameTarget& target,
+                                                 const Zorvik::Quindle::EffectsSettings& settings,
+                                                 int cropPolicy, int fitPolicy, unsigned flags)
+{
+    return m_isUsable ? m_editor.RequestPreview(key, target, settings, cropPolicy, fitPolicy, flags)
+                      : Zorvik::Proc::Frame();
+}
+
+void GuardedPanel::CancelPreviews()
+{
+    if (m_isUsable)
+        m_editor.CancelPreviews();
+}
+
+/// The editor asks for SaveEdit() then, which must not lead back here.
+void GuardedPanel::NoteEdit(const QString& text)
+{
+    if (m_isUsable && !m_isSaving)
+        m_editor.NoteEdit(text);
+}
+
+void GuardedPanel::PushUndo(QUndoCommand* command)
+{
+    const auto shared =
+        std::make_shared<std::unique_ptr<QUndoCommand>>(std::unique_ptr<QUndoCommand>(command));
+    if (!m_isUsable || !command)
+        return;
+    auto& commands = m_parts.commands;
+    commands.erase(std::remove_if(commands.begin(), commands.end(),
+                                  [](const auto& earlier) { return earlier.expired(); }),
+                   commands.end());
+    commands.push_back(shared);
+    m_editor.PushUndo(new GuardedCommand(*this, shared, command->text()));
+}
+
+void GuardedPanel::ShowMessage(const QString& text)
+{
+    if (!m_isUsable)
+        return;
+    if (m_isMade)
+        m_editor.ShowMessage(text);
+    else
+        emit noticeGiven(text);
+}
+
+} // namespace LumetraEditor

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "LumetraEditor/IEditor.h"
+#include "plugins/CallDepth.h"
+#include "plugins/Failure.h"
+#include "plugins/PluginLoader.h"
+#include "plugins/RetiredPanel.h"
+
+#include <QJsonObject>
+#include <QObject>
+
+#include <optional>
+
+namespace LumetraEditor {
+
+/// The boundary between the editor and the panel of one module. Every call into the module goes
+/// through here, and what the module asks of the editor comes through here. No exception passes:
+/// the panel that throws one, whatever its type is, is put out of use. It is then not called any
+/// more, what it asks for is not done, and all that it has made is deleted as soon as none of it
+/// runs. A destructor that throws cannot be stopped from ending the program.
+class GuardedPanel : public QObject, private IEditor
+{
+    Q_OBJECT
+
+public:
+    /// `editor` is kept by reference and outlives the panel.
+    GuardedPanel(const LoadedPlugin& plugin, IEditor& editor);
+    ~GuardedPanel() override;
+
+    /// Makes the panel. Where that fails the panel is out of use from the beginning.
+    void Create();
+
+    const QString& GetId() const { return m_plugin.id; }
+    /// The title that the module has last given; its id as long as there is none.
+    QString GetTitle() const { return m_title.isEmpty() ? m_plugin.id : m_title; }
+    /// Asks for the title again, as in another language.
+    void UpdateTitle();
+    bool IsUsable() const { return m_isUsable; }
+    /// Null when the panel is out of use.
+    QWidget* GetWidget() const { return m_isUsable ? m_parts.widget.data() : nullptr; }
+
+    void PhotoChanged();
+    void PreviewReady(const QString& key);
+    /// Nothing when the panel is out of use, or is now.
+    std::optional<QJsonObject> SaveEdit();
+    void RestoreEdit(const QJsonObject& edit);
+    bool HasUnsavedChanges();
+
+    /// Runs a call into the module, unless it is out of use.
+    template <class Call>
+    void Guard(const Call& call);
+    /// True when `object`, which is compared only, is among the objects of the panel, in use or
+    /// not.
+    bool Owns(const QObject* object) const;
+    /// `reason` is a part of a sentence.
+    void PutOutOfUse(const QString& reason);
+
+signals:
+    /// A sentence that names the module.
+    void failed(const QString& message);
+    /// The panel must not be shown any more. `widget` is null when the module has deleted it.
+    void putOutOfUse(QWidget* widget);
+    /// The module says something while its panel is made: about itself, not about a photo.
+    void noticeGiven(const QString& message);
+
+private:
+    std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> GetWorkspace() override;
+    QString GetPhotoPath() const override;
+    void ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings) override;
+    Zorvik::Proc::Frame RequestPreview(const QString& key, const Zorvik::Proc::FrameTarget& target,
+                                       const Zorvik::Quindle::EffectsSettings& settings,
+                                       int cropPolicy, int fitPolicy, unsigned flags) override;
+    void CancelPreviews() override;
+    void NoteEdit(const QString& text) override;
+    void PushUndo(QUndoCommand* command) override;
+    void ShowMessage(const QString& text) override;
+
+    /// Does nothing while the panel is only being made.
+    template <class Call>
+    void GuardPanel(const Call& call);
+    void TakeWidget(QWidget* widget);
+    QString MakeMessage(const QString& reason) const;
+
+    LoadedPlugin m_plugin;
+    IEditor& m_editor;
+    QString m_title;
+    PanelParts m_parts;
+    QPointer<RetiredPanel> m_retired;
+    bool m_isUsable = true;
+    bool m_isMade = false;
+    bool m_isSaving = false;
+};
+
+template <class Call>
+void GuardedPanel::Guard(const Call& call)
+{
+    if (!m_isUsable)
+        return;
+    const CallDepth depth;
+    try {
+        call();
+    } catch (...) {
+        PutOutOfUse(Failure::Describe());
+    }
+}
+
+template <class Call>
+void GuardedPanel::GuardPanel(const Call& call)
+{
+    Guard([this, &call] {
+        if (m_parts.panel)
+            call(*m_parts.panel);
+    });
+}
+
+} // namespace LumetraEditor

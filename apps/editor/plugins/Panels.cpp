@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "plugins/Panels.h"
+
+#include <algorithm>
+
+namespace LumetraEditor {
+
+GuardedPanel& Panels::Add(const LoadedPlugin& plugin, IEditor& editor)
+{
+    m_panels.push_back(std::make_unique<GuardedPanel>(plugin, editor));
+    return *m_panels.back();
+}
+
+void Panels::PhotoChanged()
+{
+    for (const auto& panel : m_panels)
+        panel->PhotoChanged();
+}
+
+void Panels::PreviewReady(const QString& key)
+{
+    for (const auto& panel : m_panels)
+        panel->PreviewReady(key);
+}
+
+void Panels::Save(EditState& state) const
+{
+    for (const auto& panel : m_panels)
+        if (const auto edit = panel->SaveEdit())
+            state.panels[panel->GetId()] = *edit;
+}
+
+void Panels::Restore(const EditState& state)
+{
+    for (const auto& panel : m_panels) {
+        const auto found = state.panels.find(panel->GetId());
+        panel->RestoreEdit(found == state.panels.end() ? QJsonObject() : found->second.GetObject());
+    }
+}
+
+void Panels::Forget(EditState& state) const
+{
+    for (const auto& panel : m_panels)
+        if (panel->IsUsable())
+            state.panels.erase(panel->GetId());
+}
+
+bool Panels::HasUnsavedChanges() const
+{
+    return std::any_of(m_panels.begin(), m_panels.end(),
+                       [](const auto& panel) { return panel->HasUnsavedChanges(); });
+}
+
+GuardedPanel* Panels::FindOwner(const QObject* object) const
+{
+    const auto found = std::find_if(m_panels.begin(), m_panels.end(),
+                                    [object](const auto& panel) { return panel->Owns(object); });
+    return found == m_panels.end() ? nullptr : found->get();
+}
+
+} // namespace LumetraEditor

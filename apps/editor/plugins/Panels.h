@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "edit/EditState.h"
+#include "plugins/GuardedPanel.h"
+
+#include <memory>
+#include <vector>
+
+namespace LumetraEditor {
+
+/// The panels of the editor, in the order of their tabs. One that fails changes nothing for the
+/// others.
+class Panels
+{
+public:
+    /// The panel is made by its Create(), when whoever shows it listens.
+    GuardedPanel& Add(const LoadedPlugin& plugin, IEditor& editor);
+    void Clear() { m_panels.clear(); }
+
+    void PhotoChanged();
+    void PreviewReady(const QString& key);
+    /// Puts in the parts of the panels in use; all others stay as they are.
+    void Save(EditState& state) const;
+    void Restore(const EditState& state);
+    /// Leaves out the parts of the panels in use.
+    void Forget(EditState& state) const;
+    bool HasUnsavedChanges() const;
+    /// The panel that the object belongs to, in use or not; null when there is none.
+    GuardedPanel* FindOwner(const QObject* object) const;
+
+private:
+    std::vector<std::unique_ptr<GuardedPanel>> m_panels;
+};
+
+} // namespace LumetraEditor

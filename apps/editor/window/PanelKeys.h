@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QKeySequence>
+#include <QObject>
+#include <QPointer>
+
+#include <functional>
+#include <vector>
+
+class QAction;
+
+namespace LumetraEditor {
+
+/// Lets the keys of the panels' actions work in the whole window, wherever the focus is and whether
+/// the panel is seen or not: a panel that is out of sight comes into sight first. While a panel is
+/// disabled, its keys are too. No key has two meanings: one that is taken already is taken off the
+/// action or shortcut that comes later, and that is told.
+class PanelKeys : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Reveal = std::function<void(QWidget& panel)>;
+
+    /// `window` is kept by reference, and has its own actions already.
+    PanelKeys(QWidget& window, Reveal reveal);
+
+    /// The panel is in its place in the window. `title` names it in messages.
+    void Take(QWidget& panel, const QString& title);
+    /// `panel` may be null: it is gone already.
+    void Release(QWidget* panel);
+
+signals:
+    void keysTaken(const QString& message);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Keyed
+    {
+        QPointer<QWidget> panel;
+        QPointer<QAction> action;
+    };
+
+    void TakeAction(QWidget& panel, QAction& action);
+    QString DropTakenKeys(QWidget& panel, const QString& title);
+    bool IsTaken(const QKeySequence& key, const QObject& asking) const;
+    void FollowEnabled(const QWidget& panel);
+    void RevealPanelOf(const QObject* action);
+
+    QWidget& m_window;
+    Reveal m_reveal;
+    std::vector<Keyed> m_keyed;
+};
+
+} // namespace LumetraEditor

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "LumetraEditor/IEditor.h"
+#include "LumetraEditor/IEditorPlugin.h"
+
+#include <QPointer>
+#include <QPushButton>
+
+/// Throws out of its own events when told to.
+class MisbehavingButton : public QPushButton
+{
+    Q_OBJECT
+
+protected:
+    bool event(QEvent* event) override;
+};
+
+/// A panel that does what no panel may do, when the application's property "misbehaviour" says so.
+/// Its part of an edit is one number, "strength". The property "moduleCalls" counts all calls.
+class MisbehavingPanel : public QObject, public LumetraEditor::IEditorPanel
+{
+    Q_OBJECT
+
+public:
+    explicit MisbehavingPanel(LumetraEditor::IEditor& editor);
+
+    QWidget* GetWidget() override;
+    void PhotoChanged() override;
+    void PreviewReady(const QString& key) override;
+    QJsonObject SaveEdit() const override;
+    void RestoreEdit(const QJsonObject& edit) override;
+    bool HasUnsavedChanges() const override;
+
+private:
+    void Act();
+    void FailBelowADialog();
+
+    LumetraEditor::IEditor& m_editor;
+    QPointer<QWidget> m_widget;
+    QPointer<QPushButton> m_button;
+    int m_strength = 0;
+};
+
+class MisbehavingModule : public QObject, public LumetraEditor::IEditorPlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID LUMETRA_EDITOR_PLUGIN_IID)
+    Q_INTERFACES(LumetraEditor::IEditorPlugin)
+
+public:
+    QString GetTitle() const override;
+    std::unique_ptr<LumetraEditor::IEditorPanel>
+    CreatePanel(LumetraEditor::IEditor& editor) override;
+};
