@@ -170,7 +170,7 @@ TEST_F(ExportTest, reportsAFolderThatIsNotThere)
 TEST_F(ExportTest, asksBeforeAFileIsReplaced)
 {
     WriteFile("lake_edited.jpg", "precious");
-    const ScriptedAlerts alerts({QMessageBox::No, QMessageBox::Yes});
+    const ScriptedAlerts alerts({QMessageBox::Cancel, QMessageBox::Yes});
 
     ExportByHand([this](ExportDialog& dialog) {
         Part<QPushButton>(dialog, "exportButton")->click();
@@ -180,6 +180,7 @@ TEST_F(ExportTest, asksBeforeAFileIsReplaced)
     });
 
     EXPECT_NE(ReadFile("lake_edited.jpg"), "precious");
+    EXPECT_EQ(alerts.GetTitles().first(), QStringLiteral("Replace")); // and so says the button
 }
 
 TEST_F(ExportTest, remembersTheOptions)
@@ -275,6 +276,7 @@ TEST_F(ExportTest, asksBeforeItStopsAnExport)
     const ScriptedAlerts alerts({QMessageBox::Cancel});
 
     EXPECT_FALSE(window->close());
+    EXPECT_EQ(alerts.GetTitles().first(), QStringLiteral("Quit")); // and so says the button
     WaitForExport();
 
     EXPECT_TRUE(QFile::exists(Path("lake_edited.jpg")));

@@ -35,6 +35,7 @@ public:
     ScriptedAlerts& operator=(const ScriptedAlerts&) = delete;
 
     const QStringList& GetTexts() const { return m_backend->texts; }
+    const QStringList& GetTitles() const { return m_backend->titles; }
 
 private:
     struct Backend : Zorvik::Util::IAlertBackend
@@ -42,6 +43,7 @@ private:
         QMessageBox::StandardButton Exec(Zorvik::Util::AlertBox& box) override
         {
             texts.append(box.text);
+            titles.append(box.title);
             if (answers.empty()) {
                 ADD_FAILURE() << "unexpected question: " << box.text.toStdString();
                 return QMessageBox::Cancel;
@@ -53,7 +55,7 @@ private:
         }
 
         Answers answers;
-        QStringList texts;
+        QStringList texts, titles;
     };
 
     std::shared_ptr<Backend> m_backend;

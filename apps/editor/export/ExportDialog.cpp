@@ -260,10 +260,10 @@ bool ExportDialog::MayReplace(const QString& path)
     m_mayReplace = QFileInfo::exists(path);
     if (!m_mayReplace)
         return true;
-    AlertBox box(AlertBox::Level::Warning, tr("Export Photo"),
+    AlertBox box(AlertBox::Level::Warning, tr("Replace"),
                  tr("“%1” exists. Replace it?").arg(QFileInfo(path).fileName()),
-                 QMessageBox::Yes | QMessageBox::No, this, Qt::WindowFlags());
-    Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Yes}, QMessageBox::No);
+                 QMessageBox::Yes | QMessageBox::Cancel, this, Qt::WindowFlags());
+    Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Cancel}, QMessageBox::Cancel);
     return box.Exec() == QMessageBox::Yes;
 }
 

@@ -344,6 +344,10 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <source>Choose another name.</source>
         <translation>Wählen Sie einen anderen Namen.</translation>
     </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
 </context>
 <context>
     <name>LumetraEditor::ExportGuard</name>
