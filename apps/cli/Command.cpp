@@ -32,7 +32,7 @@ ExitCode Command::Run(const QStringList& arguments, Console& console) const
         if (!parser.parse(arguments))
             throw UsageError(parser.errorText());
         if (parser.isSet(help)) {
-            console.Print(Help(parser, GetName()).toUtf8());
+            console.PrintText(Help(parser, GetName()));
             return ExitCode::Done;
         }
         return Execute(parser, console);

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "Console.h"
 
+#include "catalogue/VisibleText.h"
+
+#include <QStringList>
+
+#include <algorithm>
 #include <cstdio>
 
 #include <unistd.h>
@@ -8,23 +13,42 @@
 namespace LumetraCli {
 namespace {
 
+using LumetraHost::VisibleText;
+
 constexpr char ClearLine[] = "\r\033[K";
+
+QString MakeVisibleLines(const QString& text)
+{
+    QStringList lines = text.split(QLatin1Char('\n'));
+    std::transform(lines.begin(), lines.end(), lines.begin(), &VisibleText::Make);
+    return lines.join(QLatin1Char('\n'));
+}
 
 } // namespace
 
 Console::Console() : m_isTerminal(isatty(STDERR_FILENO) == 1) {}
 
-void Console::Print(const QByteArray& data)
+void Console::Write(const QByteArray& data)
 {
     ClearProgress();
     const auto size = static_cast<std::size_t>(data.size());
-    if (std::fwrite(data.constData(), 1, size, stdout) != size)
+    if (std::fwrite(data.constData(), 1, size, stdout) != size || std::fflush(stdout) != 0)
         m_isBroken = true;
 }
 
 void Console::PrintLine(const QString& line)
 {
-    Print(line.toUtf8() + '\n');
+    Write(VisibleText::Make(line).toUtf8() + '\n');
+}
+
+void Console::PrintText(const QString& text)
+{
+    Write(MakeVisibleLines(text).toUtf8());
+}
+
+void Console::PrintJson(const QByteArray& json)
+{
+    Write(VisibleText::MakeJson(json));
 }
 
 void Console::WriteError(const QByteArray& text)
@@ -40,16 +64,23 @@ void Console::Report(const QString& message)
 void Console::ReportPlace(const QString& message)
 {
     ClearProgress();
-    WriteError(message.toUtf8() + '\n');
+    WriteError(VisibleText::Make(message).toUtf8() + '\n');
+}
+
+void Console::ReportText(const QString& text)
+{
+    ClearProgress();
+    WriteError(MakeVisibleLines(text).toUtf8());
 }
 
 void Console::ShowProgress(int done, int total, const QString& what)
 {
     if (!m_isTerminal)
         return;
-    WriteError(ClearLine + QStringLiteral("[%1/%2] %3")
-                               .arg(QString::number(done), QString::number(total), what)
-                               .toUtf8());
+    WriteError(ClearLine +
+               QStringLiteral("[%1/%2] %3")
+                   .arg(QString::number(done), QString::number(total), VisibleText::Make(what))
+                   .toUtf8());
     m_hasProgress = true;
 }
 

@@ -5,20 +5,25 @@
 
 namespace LumetraCli {
 
-/// The program's two outputs: data on stdout, messages and progress on stderr, all UTF-8. Progress
-/// is shown on a terminal only.
+/// The program's two outputs: data on stdout, messages and progress on stderr, all UTF-8. Each
+/// line reaches its output at once, so that a reader of a pipe, and whoever ends the program, sees
+/// what was done. Control characters, which names from files may have, are written out (\x1b).
+/// Progress is shown on a terminal only.
 class Console
 {
 public:
     Console();
 
-    /// Data, as it is.
-    void Print(const QByteArray& data);
     void PrintLine(const QString& line);
+    /// Several lines, such as a help text.
+    void PrintText(const QString& text);
+    void PrintJson(const QByteArray& json);
     /// A message of the program, on a line of its own.
     void Report(const QString& message);
     /// A message that begins with its own place ("file:line:column: …").
     void ReportPlace(const QString& message);
+    /// Several lines, such as a help text.
+    void ReportText(const QString& text);
     /// Shows how far a longer task is, in place of the progress before.
     void ShowProgress(int done, int total, const QString& what);
     void ClearProgress();
@@ -27,6 +32,7 @@ public:
     bool Finish();
 
 private:
+    void Write(const QByteArray& data);
     void WriteError(const QByteArray& text);
 
     bool m_isTerminal;

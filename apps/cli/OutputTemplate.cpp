@@ -2,12 +2,15 @@
 #include "OutputTemplate.h"
 
 #include "UsageError.h"
+#include "catalogue/VisibleText.h"
 #include "photo/PhotoFormat.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QMap>
 #include <QRegularExpression>
+
+#include <algorithm>
 
 namespace LumetraCli {
 namespace {
@@ -51,9 +54,12 @@ void RefuseLoneBraces(const QString& text)
 /// What no common file system or shell stumbles over; empty names get a word.
 QString FileNamePart(const QString& text)
 {
-    static const QRegularExpression unfit(QStringLiteral("[\\x00-\\x1f\\x7f/\\\\:*?\"<>|]"));
+    const auto isUnfit = [](QChar character) {
+        return QStringLiteral("/\\:*?\"<>|").contains(character) ||
+               LumetraHost::VisibleText::IsControl(character);
+    };
     QString name = text.trimmed();
-    name.replace(unfit, QStringLiteral("_"));
+    std::replace_if(name.begin(), name.end(), isUnfit, QLatin1Char('_'));
     while (name.startsWith(QLatin1Char('.')))
         name.replace(0, 1, QLatin1Char('_'));
     return name.isEmpty() ? QStringLiteral("preset") : name;

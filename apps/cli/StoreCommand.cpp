@@ -75,10 +75,9 @@ QString StoreCommand::NewName(const Zorvik::Lumetra::LumetraPresets::EffectPrese
                               const QString& name)
 {
     const QString trimmed = name.trimmed();
-    if (trimmed.isEmpty() || trimmed.size() > PresetNames::LONGEST)
-        throw UsageError(
-            QStringLiteral("NAME: expected 1 to %1 characters, found %2")
-                .arg(QString::number(PresetNames::LONGEST), QString::number(trimmed.size())));
+    const QString fault = PresetNames::FindFault(name);
+    if (!fault.isEmpty())
+        throw UsageError(QStringLiteral("NAME: ") + fault);
     if (model.GetUserPresetNames().contains(trimmed))
         throw UsageError(
             QStringLiteral("NAME: expected a new name, found \"%1\", which one of your presets has")

@@ -20,7 +20,8 @@ class StoreCommand : public Command
 public:
     /// Saves to the session's store; reports what is wrong.
     static ExitCode Save(LumetraPlugin::PresetSession& session, Console& console);
-    /// `name` as a user's preset may be called: trimmed, 1 to 50 characters, not yet taken.
+    /// `name` as a user's preset may be called: trimmed, 1 to 50 characters without control
+    /// characters, not yet taken.
     /// UsageError.
     static QString NewName(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model,
                            const QString& name);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "Commands.h"
 #include "Console.h"
+#include "Zorvik/Exception.h"
 #include "catalogue/NearestName.h"
 
 #include <QFile>
@@ -48,7 +49,7 @@ ExitCode Run(const QStringList& arguments, Console& console)
     if (const Command* command = FindCommand(first))
         return command->Run(arguments, console);
     if (first == QLatin1String("-h") || first == QLatin1String("--help")) {
-        console.Print(Usage().toUtf8());
+        console.PrintText(Usage());
         return ExitCode::Done;
     }
     if (first == QLatin1String("-v") || first == QLatin1String("--version")) {
@@ -57,7 +58,7 @@ ExitCode Run(const QStringList& arguments, Console& console)
     }
     if (!first.isEmpty())
         return RefuseCommand(first, console);
-    console.ReportPlace(Usage());
+    console.ReportText(Usage());
     return ExitCode::Usage;
 }
 
@@ -95,8 +96,11 @@ int main(int argc, char** argv)
     ExitCode code = ExitCode::SomeFailed;
     try {
         code = Run(QCoreApplication::arguments(), console);
-    } catch (const std::exception& error) {
+    } catch (const Zorvik::Exception& error) {
         console.Report(QString::fromUtf8(error.what()));
+    } catch (const std::exception& error) {
+        // What follows the first line is a call stack.
+        console.Report(QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0));
     }
     if (!console.Finish()) {
         console.Report(QStringLiteral("the output could not be written"));

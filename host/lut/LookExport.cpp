@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "lut/LookExport.h"
 
+#include "catalogue/VisibleText.h"
 #include "engine/EffectKinds.h"
 #include "engine/Renderer.h"
 
@@ -69,7 +70,7 @@ void TakeColours(const Image& picture, LookUpTable& table)
 // A title stands in quotes, on one line.
 QByteArray CleanTitle(const QString& title)
 {
-    QByteArray text = title.simplified().toUtf8();
+    QByteArray text = VisibleText::WithoutControls(title).simplified().toUtf8();
     text.replace('"', '\'');
     return text;
 }

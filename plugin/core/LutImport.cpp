@@ -6,6 +6,7 @@
 #include "Zorvik/Brassel/ISerializer.h"
 #include "Zorvik/Brassel/SerializerProperty.h"
 #include "Zorvik/Brassel/SettingsKeys.h"
+#include "catalogue/VisibleText.h"
 #include "core/PresetCollection.h"
 #include "core/PresetControllerFactory.h"
 #include "core/PresetNames.h"
@@ -33,7 +34,8 @@ constexpr char KeyId[] = "id";
 /// Some looks have none.
 QString NameOf(const LutLook& look)
 {
-    const QString name = QString::fromStdString(look.name).trimmed();
+    const QString name =
+        LumetraHost::VisibleText::WithoutControls(QString::fromStdString(look.name)).trimmed();
     return name.isEmpty() ? QStringLiteral("LUT") : name;
 }
 

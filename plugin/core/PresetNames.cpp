@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "core/PresetNames.h"
 
+#include "catalogue/VisibleText.h"
+
 namespace LumetraPlugin {
 namespace {
+
+using LumetraHost::VisibleText;
 
 /// At most `length` characters; a pair of surrogates is kept or left out whole.
 QString Shortened(const QString& name, int length)
@@ -15,9 +19,21 @@ QString Shortened(const QString& name, int length)
 
 } // namespace
 
+QString PresetNames::FindFault(const QString& name)
+{
+    const QString trimmed = name.trimmed();
+    if (trimmed.isEmpty() || trimmed.size() > LONGEST)
+        return QStringLiteral("expected 1 to %1 characters, found %2")
+            .arg(QString::number(LONGEST), QString::number(trimmed.size()));
+    if (VisibleText::HasControls(trimmed))
+        return QStringLiteral("expected a name without control characters, found \"%1\"")
+            .arg(VisibleText::Make(trimmed));
+    return {};
+}
+
 QString PresetNames::MakeFree(const QString& name, const QStringList& taken)
 {
-    const QString start = Shortened(name.trimmed(), LONGEST);
+    const QString start = Shortened(VisibleText::WithoutControls(name).trimmed(), LONGEST);
     QString candidate = start;
     for (int number = 2; taken.contains(candidate); ++number) {
         const QString suffix = QStringLiteral(" %1").arg(number);

@@ -1,9 +1,31 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "CliTest.h"
 
+#include <QProcess>
+
+#include <sys/socket.h>
+#include <unistd.h>
+
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
+
+namespace {
+
+/// A process whose stdout is an open file of this one.
+class ProcessWithOutput : public QProcess
+{
+public:
+    explicit ProcessWithOutput(int output) : m_output(output) {}
+
+protected:
+    void setupChildProcess() override { ::dup2(m_output, STDOUT_FILENO); }
+
+private:
+    int m_output;
+};
+
+} // namespace
 
 TEST_F(CliTest, showsHelpAndVersionOnTheOutput)
 {
@@ -39,4 +61,30 @@ TEST_F(CliTest, refusesUnknownOptionsAndMissingValues)
     EXPECT_THAT(unknown.messages, HasSubstr("\"lumetra-presets list --help\" tells more"));
 
     EXPECT_EQ(RunPlain(Words("apply a.png --preset")).code, 2);
+}
+
+// On a socket of packets the reader gets what each write() wrote.
+TEST_F(CliTest, printsEachLineAtOnce)
+{
+    int ends[2];
+    ASSERT_EQ(::socketpair(AF_UNIX, SOCK_SEQPACKET, 0, ends), 0);
+    ProcessWithOutput process(ends[1]);
+    process.setWorkingDirectory(folder.path());
+    process.start(QStringLiteral(LUMETRA_PRESETS_PROGRAM),
+                  Words("list --only-named --catalogue looks.json --store presets.json"));
+    ASSERT_TRUE(process.waitForFinished(-1));
+    ::close(ends[1]);
+
+    int lines = 0;
+    char packet[10'000];
+    for (ssize_t size = ::recv(ends[0], packet, sizeof packet, 0); size > 0;
+         size = ::recv(ends[0], packet, sizeof packet, 0)) {
+        const QByteArray line(packet, static_cast<int>(size));
+        EXPECT_EQ(line.count('\n'), 1) << line.toStdString();
+        EXPECT_TRUE(line.endsWith('\n')) << line.toStdString();
+        ++lines;
+    }
+    EXPECT_EQ(lines, 8);
+    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+    ::close(ends[0]);
 }

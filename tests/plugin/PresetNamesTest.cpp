@@ -32,3 +32,13 @@ TEST(PresetNames, cutsNoCharacterInHalf)
     const QString name = QString(PresetNames::LONGEST - 1, QLatin1Char('x')) + face;
     EXPECT_EQ(PresetNames::MakeFree(name, {}), QString(PresetNames::LONGEST - 1, QLatin1Char('x')));
 }
+
+TEST(PresetNames, haveNoControlCharacters)
+{
+    EXPECT_EQ(PresetNames::FindFault(QStringLiteral(" Soft Light ")), QString());
+    EXPECT_EQ(PresetNames::FindFault(QStringLiteral("a\x1b[1m")),
+              QStringLiteral("expected a name without control characters, found \"a\\x1b[1m\""));
+    EXPECT_EQ(PresetNames::FindFault(QStringLiteral("  ")),
+              QStringLiteral("expected 1 to 50 characters, found 0"));
+    EXPECT_EQ(PresetNames::MakeFree(QStringLiteral("a\x1b[1m\n"), {}), QStringLiteral("a [1m"));
+}
