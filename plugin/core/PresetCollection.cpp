@@ -88,13 +88,16 @@ void PresetCollection::PutValuesBack()
     }
 }
 
-/// An intensity that moves effects is not put back by a reset: its drag has changed the effects
-/// that it would be read from.
+/// A reset alone does not always put the intensity back: one that moves effects would be read from
+/// the effects that its drag has changed, and one of few mixtures has positions that are read back
+/// as their neighbours. Only what is on the photo is drawn.
 void PresetCollection::PutIntensityBack(const QModelIndex& index)
 {
     const auto preset = m_model->GetPreset(index);
     if (!preset || preset->GetIntensity() == preset->GetStartIntensity())
         return;
+    if (!preset->IsApplied() || !preset->GetWorkspaceController(false))
+        return preset->PutIntensityBack();
     m_model->setData(index, preset->GetStartIntensity(), PresetModel::IntensityRole);
     m_model->setData(index, QVariant::fromValue(TuneSettingType::ChangeEnd), PresetModel::TuneRole);
 }

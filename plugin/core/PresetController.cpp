@@ -1,18 +1,23 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "core/PresetController.h"
 
+#include "Settings/IntensitySettingsFactory.h"
 #include "Zorvik/Brassel/ISerializer.h"
+#include "Zorvik/Exception.h"
 #include "Zorvik/Lumetra/IWorkspaceController.h"
 #include "Zorvik/Util/ImageUtils.h"
 #include "core/PresetResource.h"
 
 #include <QImage>
 
+#include <boost/current_function.hpp>
+
 #include <algorithm>
 
 namespace LumetraPlugin {
 namespace {
 
+using Zorvik::Lumetra::LumetraPresets::IntensitySettingsFactory;
 using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
@@ -61,11 +66,26 @@ void PresetController::SetDownloadedResource(const std::string& resource)
 {
     if (!IsDownloadable())
         return;
+    const EffectsSettings before = m_effectSettings;
+    const EffectsSettings previewBefore = m_previewEffectSettings;
     m_effectSettings = PresetResource::Read(QString::fromStdString(resource));
     m_previewEffectSettings.SetEffectsConst(m_effectSettings.EffectsConst());
     m_hasResource = true;
-    InitDefaultSettings(m_laterSliders);
-    InitIntensity(m_laterIntensity);
+    try {
+        InitDefaultSettings(m_laterSliders);
+        InitIntensity(m_laterIntensity);
+    } catch (const std::exception& error) {
+        m_effectSettings = before;
+        m_previewEffectSettings = previewBefore;
+        m_hasResource = false;
+        m_intensitySetting.reset();
+        m_settings.clear();
+        m_defaultSettings.clear();
+        // What follows the first line is a call stack.
+        const std::string message = error.what();
+        throw Zorvik::Exception(resource + ": " + message.substr(0, message.find('\n')),
+                                BOOST_CURRENT_FUNCTION, "core/PresetController", __LINE__);
+    }
 }
 
 void PresetController::InitIntensity(const Zorvik::Brassel::ConstSerializerPtr& node)
@@ -74,7 +94,9 @@ void PresetController::InitIntensity(const Zorvik::Brassel::ConstSerializerPtr& 
         m_laterIntensity = node;
         return;
     }
+    CheckIntensityEffects(node);
     EffectPresetControllerBase::InitIntensity(node);
+    LimitIntensity();
     m_startIntensity = GetIntensity();
 }
 
@@ -89,6 +111,39 @@ std::string PresetController::FindProblem(LumetraHost::ContentCheck check) const
                 return problem;
         }
     return {};
+}
+
+/// The library looks for the first one only; the others would be missed when the preset is applied.
+void PresetController::CheckIntensityEffects(const Zorvik::Brassel::ConstSerializerPtr& node) const
+{
+    const auto intensity = IntensitySettingsFactory().Create(node);
+    const auto* slider = dynamic_cast<const SliderSetting*>(intensity.get());
+    if (!slider)
+        return;
+    const auto& effects = m_effectSettings.Effects();
+    for (const std::string& effectID : slider->GetEffectIDs())
+        if (!IEffectSettings::Find(effects, effectID))
+            throw Zorvik::Exception("expected the effect \"" + effectID +
+                                        "\", which the intensity slider drives, found none in the "
+                                        "preset",
+                                    BOOST_CURRENT_FUNCTION, "core/PresetController", __LINE__);
+}
+
+/// The library takes a stored intensity as it stands, also out of its range.
+void PresetController::LimitIntensity()
+{
+    const auto [lowest, highest] = std::minmax({IntensityMin(), IntensityMax()});
+    const int limited = std::clamp(GetIntensity(), lowest, highest);
+    if (limited == GetIntensity())
+        return;
+    Intensity().SetValue(limited);
+    Intensity().SaveValue(m_effectSettings);
+}
+
+void PresetController::PutIntensityBack()
+{
+    Intensity().SetValue(m_startIntensity);
+    Intensity().SaveValue(m_effectSettings);
 }
 
 EffectsSettings PresetController::MakeSettings()

@@ -67,8 +67,12 @@ public:
     PreviewPolicies GetPreviewPolicies() const;
     /// Tells its picture from those of other presets: group and id.
     std::string GetPreviewKey() const;
-    /// The intensity that the preset came with, which a reset goes back to.
+    /// The intensity that the preset came with, which a reset goes back to. Within its range: a
+    /// stored one that is not has been moved to the nearest end.
     int GetStartIntensity() const { return m_startIntensity; }
+    /// Puts the intensity back to where it started, in the value and in the effects. Draws nothing
+    /// and needs no workspace.
+    void PutIntensityBack();
 
     /// The file, inside the folder of the group's store id, that the preset's effects come from;
     /// empty for a preset that brings its effects along.
@@ -81,6 +85,7 @@ public:
 
     void InitDefaultSettings(
         const std::vector<Zorvik::Lumetra::LumetraPresets::SliderSetting>& sliders) override;
+    /// Exception for an intensity that moves effects which the preset has not.
     void InitIntensity(const Zorvik::Brassel::ConstSerializerPtr& node) override;
     /// True until the resource has been handed over.
     bool IsDownloadable() const override;
@@ -103,6 +108,8 @@ protected:
     std::string GetStatisticEventNameFavoriteRemove() const override;
 
 private:
+    void CheckIntensityEffects(const Zorvik::Brassel::ConstSerializerPtr& node) const;
+    void LimitIntensity();
     void BringIntensityIntoPreview();
 
     int m_startIntensity = 0;

@@ -75,3 +75,29 @@ TEST_F(CliTest, listsWhatIsGoodInACatalogueWithErrors)
                 HasSubstr("odd.json:3:63: error: groups[0]/items[0]/effects[0]/effect/id: expected "
                           "a known effect, found \"exposre\", did you mean \"exposure\"?"));
 }
+
+TEST_F(CliTest, goesOnWithAnIntensityOutOfItsRange)
+{
+    WriteFile("odd.json", R"({"format": "lumetra-catalogue", "version": 1, "groups": [
+        {"name": "Odd", "items": [{"name": "Odd One", "id": "odd",
+            "intensity": {"type": 1, "blendSetting": {"value": 300, "begin": 0, "end": 400}},
+            "effects": [{"effect": {"id": "exposure", "stops": 1}}]}]}]})");
+    WritePhoto("a.png");
+    const QStringList options = Words("--catalogue odd.json --store presets.json");
+
+    const CliResult listed = Run(Words("list") + options);
+    EXPECT_EQ(listed.code, 0);
+    EXPECT_THAT(listed.output, HasSubstr("  Odd One  [odd]  intensity 100 (1 to 100), blending\n"));
+    EXPECT_THAT(
+        listed.messages,
+        HasSubstr("odd.json:3:64: warning: groups[0]/items[0]/intensity/blendSetting/value: "
+                  "expected a number from 1 to 100, found 300\n"));
+    for (const char* line :
+         {"apply a.png -p test.bright -o bright.png", "apply a.png -p odd -o odd.png",
+          "sheet a.png -o sheet.png", "save test.grey Mine", "save odd Yours",
+          "export-lut -p odd -o odd.cube", "apply a.png -p Yours -o yours.png"}) {
+        const CliResult result = Run(Words(line) + options);
+        EXPECT_EQ(result.code, 0) << line << '\n' << result.messages;
+    }
+    EXPECT_EQ(ReadFile("odd.png"), ReadFile("yours.png"));
+}

@@ -9,6 +9,8 @@
 #include "support/RecordingWorkspace.h"
 #include "support/RegisteredEffects.h"
 
+#include <QTemporaryFile>
+
 #include <gmock/gmock.h>
 
 using namespace LumetraPlugin;
@@ -138,6 +140,50 @@ TEST_F(PresetControllerTest, previewsAListThatLacksTheSlidersEffect)
 
     EXPECT_NO_THROW(Preset(1).data(EffectPresetModel::PreviewImageRole));
     EXPECT_EQ(log.GetLines("drawer.RenderPreview").size(), 1U);
+}
+
+TEST_F(PresetControllerTest, staysWithoutEffectsWhenItsResourceDoesNotFit)
+{
+    effects.Add({"other", {{"gain", 0, 2, 1, ""}}, {}});
+    const auto node = JsonDocument::Parse(R"({"name": "Later", "resource": "later.json",
+        "intensity": {"type": 2, "sliderSetting": {"end": 100, "variables":
+            [{"effectID": "tone", "setting": "gain", "end": 2}]}}})",
+                                          "test.json")
+                          .GetRoot();
+    const auto controller = factory->CreateController("");
+    static_cast<Zorvik::Brassel::ISerializable&>(*controller).Deserialize(node);
+    controller->InitIntensity(node->GetNode("intensity"));
+    QTemporaryFile resource;
+    const auto handOver = [&](const char* content) {
+        ASSERT_TRUE(resource.open() && resource.resize(0));
+        resource.write(content);
+        resource.close();
+        controller->SetDownloadedResource(resource.fileName().toStdString());
+    };
+
+    EXPECT_THROW(handOver(R"({"effects": [{"effect": {"id": "other"}}]})"), Zorvik::Exception);
+    EXPECT_TRUE(controller->IsDownloadable());
+    EXPECT_TRUE(controller->GetEffectInfo(false).empty());
+
+    handOver(R"({"effects": [{"effect": {"id": "tone", "gain": 1}}]})");
+    EXPECT_FALSE(controller->IsDownloadable());
+    EXPECT_EQ(controller->GetIntensity(), 50);
+}
+
+TEST_F(PresetControllerTest, needsEveryEffectThatItsIntensityMoves)
+{
+    effects.Add({"other", {{"gain", 0, 2, 1, ""}}, {}});
+    const auto node = JsonDocument::Parse(R"({"name": "Half",
+        "effects": [{"effect": {"id": "tone"}}],
+        "intensity": {"type": 2, "sliderSetting": {"end": 100, "variables":
+            [{"effectID": "tone", "setting": "gain", "end": 2},
+             {"effectID": "other", "setting": "gain", "end": 2}]}}})",
+                                          "test.json")
+                          .GetRoot();
+    const auto controller = factory->CreateController("");
+    static_cast<Zorvik::Brassel::ISerializable&>(*controller).Deserialize(node);
+
+    EXPECT_THROW(controller->InitIntensity(node->GetNode("intensity")), Zorvik::Exception);
 }
 
 TEST_F(PresetControllerTest, isCopiedAsWhatItIs)

@@ -173,7 +173,7 @@ TEST_F(UserPresetStoreTest, loadsTheGoodEntriesReportsTheBadAndWritesThemBack)
     EXPECT_NE(reports[1].find("presets.json:5:5: UserPresets/items[2]: expected node"),
               std::string::npos)
         << reports[1];
-    EXPECT_NE(reports[2].find("can't be obtained from effects list!"), std::string::npos)
+    EXPECT_NE(reports[2].find("which the intensity slider drives, found none"), std::string::npos)
         << reports[2];
     EXPECT_NE(reports[3].find("presets.json:9:58: Favourites[1]"), std::string::npos) << reports[3];
 
