@@ -55,10 +55,9 @@ void ApplyReport::Add(const PhotoJob& job, const std::vector<std::string>& warni
     for (const std::string& warning : warnings)
         m_console.Report(
             QStringLiteral("%1: warning: %2").arg(job.photo, QString::fromStdString(warning)));
-    if (job.state == PhotoJob::State::Failed) {
-        m_hasFailures = true;
+    m_hasFailures = m_hasFailures || job.state == PhotoJob::State::Failed;
+    if (!job.message.isEmpty())
         m_console.Report(job.message);
-    }
     if (m_isJson)
         AddJson(job, warnings);
     else if (job.state == PhotoJob::State::Written || job.state == PhotoJob::State::Planned)
@@ -69,7 +68,7 @@ void ApplyReport::Add(const PhotoJob& job, const std::vector<std::string>& warni
 ExitCode ApplyReport::Finish()
 {
     if (m_isJson)
-        m_console.Print(m_document.ToText());
+        m_console.PrintJson(m_document.ToText());
     return m_hasFailures ? ExitCode::SomeFailed : ExitCode::Done;
 }
 

@@ -17,14 +17,14 @@ struct PhotoJob
     {
         Planned,
         Written,
-        Skipped, ///< the output was there and is kept
+        Skipped, ///< the output was there and is kept, or the photo was named before
         Failed
     };
 
     QString photo;  ///< as the user named it
     QString output; ///< absolute
     State state = State::Planned;
-    QString message; ///< of a failure
+    QString message; ///< of a failure, and of a photo that was named before
 };
 
 /// What to do with an output that is there already.
@@ -40,8 +40,9 @@ class OutputPlan
 {
 public:
     /// A job per photo, in their order. A photo's output that exists fails or is skipped, unless it
-    /// may be overwritten; no input is ever overwritten. UsageError when two photos would be
-    /// written to one file, or a photo is named twice.
+    /// may be overwritten; no input is ever overwritten. Photos that would be written to one file
+    /// all fail, the others are not touched by that. A photo that is named again, whether by
+    /// another path or through a link, is skipped when it would be written to the same file.
     static std::vector<PhotoJob> Make(const QStringList& photos, const OutputTemplate& outputs,
                                       const QString& presetName, ExistingOutput existing);
 };
