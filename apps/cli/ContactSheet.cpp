@@ -16,6 +16,7 @@ constexpr int LabelPixels = 13;
 constexpr int HeadingPixels = 18;
 constexpr QRgb Background = qRgb(0x26, 0x27, 0x2b);
 constexpr QRgb LabelColour = qRgb(0xd8, 0xd9, 0xdc);
+constexpr QRgb GapColour = qRgb(0x8c, 0x8e, 0x94);
 constexpr QRgb HeadingColour = qRgb(0xff, 0xff, 0xff);
 
 QFont FontOf(int pixels, bool isBold)
@@ -33,6 +34,15 @@ void DrawText(QPainter& painter, const QRect& area, const QString& text, const Q
     painter.setPen(QColor(colour));
     const QString fitting = QFontMetrics(font).elidedText(text, Qt::ElideRight, area.width());
     painter.drawText(area, alignment | Qt::AlignVCenter | Qt::TextSingleLine, fitting);
+}
+
+/// The place of a picture that there is not.
+void DrawGap(QPainter& painter, const QRect& area)
+{
+    painter.setPen(QColor(GapColour));
+    painter.drawRect(area.adjusted(0, 0, -1, -1));
+    DrawText(painter, area, QStringLiteral("no picture"), FontOf(LabelPixels, false), GapColour,
+             Qt::AlignHCenter);
 }
 
 } // namespace
@@ -61,6 +71,8 @@ void ContactSheet::DrawTile(QPainter& painter, const Tile& tile, const QPoint& c
     const QPoint offset((m_tile.width() - picture.width()) / 2,
                         (m_tile.height() - picture.height()) / 2);
     painter.drawImage(corner + offset, picture);
+    if (picture.isNull())
+        DrawGap(painter, QRect(corner, m_tile));
     const QRect label(corner + QPoint(0, m_tile.height()), QSize(m_tile.width(), LabelHeight));
     DrawText(painter, label, tile.label, FontOf(LabelPixels, false), LabelColour, Qt::AlignHCenter);
 }

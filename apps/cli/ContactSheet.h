@@ -17,7 +17,7 @@ public:
     struct Tile
     {
         QString label;
-        QImage picture;
+        QImage picture; ///< null: the tile says that there is none
     };
 
     struct Section

@@ -54,6 +54,8 @@ QString Line(const PresetRow& row)
         line += QStringLiteral("  popular");
     if (row.isFavourite)
         line += QStringLiteral("  favourite");
+    if (!row.problem.isEmpty())
+        line += QStringLiteral("  not usable: ") + row.problem;
     return line;
 }
 
@@ -94,6 +96,9 @@ void WritePreset(ISerializer& node, const PresetRow& row)
     node.Set("id", row.id.toStdString());
     node.Set("popular", row.isPopular);
     node.Set("favourite", row.isFavourite);
+    node.Set("usable", row.problem.isEmpty());
+    if (!row.problem.isEmpty())
+        node.Set("problem", row.problem.toStdString());
     const auto intensity = node.CreateNode("intensity");
     intensity->Set("kind", row.GetIntensityKind().toStdString());
     if (row.HasIntensity()) {
@@ -121,7 +126,7 @@ void PrintJson(const QAbstractItemModel& model, const std::vector<PresetRow>& ro
         for (; row != rows.end() && row->index.parent() == index; ++row)
             WritePreset(*presets->AddElement(), *row);
     }
-    console.Print(document.ToText());
+    console.PrintJson(document.ToText());
 }
 
 } // namespace

@@ -18,7 +18,7 @@ public:
 
     /// UsageError unless --preset was given once.
     static QString ReadPreset(const QCommandLineParser& parser);
-    /// The preset with the values that were given. UsageError: see PresetUse.
+    /// The preset with the values that were given. UsageError and Exception: see PresetUse.
     static PresetUse MakeUse(const QCommandLineParser& parser, const PresetRow& preset);
 };
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "PresetRows.h"
 
-#include "EffectPresets/EffectPresetModel.h"
 #include "UsageError.h"
 #include "catalogue/NearestName.h"
-
-#include <QAbstractItemModel>
+#include "core/CatalogueLocations.h"
+#include "core/PresetModel.h"
+#include "core/PresetResource.h"
 
 #include <algorithm>
 #include <functional>
@@ -14,7 +14,8 @@
 namespace LumetraCli {
 namespace {
 
-using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
+using LumetraPlugin::PresetModel;
+using LumetraPlugin::PresetResource;
 using Zorvik::Lumetra::LumetraPresets::IntensitySettingType;
 using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 using Rows = std::vector<PresetRow>;
@@ -24,17 +25,17 @@ PresetRow ReadRow(const QModelIndex& index, const QString& group)
     PresetRow row;
     row.index = index;
     row.group = group;
-    row.name = index.data(EffectPresetModel::PresetNameRole).toString();
-    row.id = index.data(EffectPresetModel::PresetIdRole).toString();
+    row.name = index.data(PresetModel::PresetNameRole).toString();
+    row.id = index.data(PresetModel::PresetIdRole).toString();
     row.intensityType =
-        index.data(EffectPresetModel::IntensitySettingTypeRole).value<IntensitySettingType>();
-    row.intensity = index.data(EffectPresetModel::IntensityRole).toInt();
-    row.intensityMinimum = index.data(EffectPresetModel::IntensityMinRole).toInt();
-    row.intensityMaximum = index.data(EffectPresetModel::IntensityMaxRole).toInt();
-    row.isPopular = index.data(EffectPresetModel::PopularRole).toBool();
-    row.isUsers = index.data(EffectPresetModel::EditableRole).toBool();
-    row.isFavourite = index.data(EffectPresetModel::FavouriteRole).toBool();
-    row.sliders = index.data(EffectPresetModel::SettingsValuesRole).value<SliderSetting::List>();
+        index.data(PresetModel::IntensitySettingTypeRole).value<IntensitySettingType>();
+    row.intensity = index.data(PresetModel::IntensityRole).toInt();
+    row.intensityMinimum = index.data(PresetModel::IntensityMinRole).toInt();
+    row.intensityMaximum = index.data(PresetModel::IntensityMaxRole).toInt();
+    row.isPopular = index.data(PresetModel::PopularRole).toBool();
+    row.isUsers = index.data(PresetModel::EditableRole).toBool();
+    row.isFavourite = index.data(PresetModel::FavouriteRole).toBool();
+    row.sliders = index.data(PresetModel::SettingsValuesRole).value<SliderSetting::List>();
     return row;
 }
 
@@ -43,6 +44,18 @@ Rows Select(const Rows& rows, const std::function<bool(const PresetRow&)>& fits)
     Rows result;
     std::copy_if(rows.begin(), rows.end(), std::back_inserter(result), fits);
     return result;
+}
+
+Rows FindAll(const Rows& rows, const QString& nameOrId)
+{
+    Rows matches = Select(rows, [&](const PresetRow& row) { return row.id == nameOrId; });
+    if (matches.empty())
+        matches = Select(rows, [&](const PresetRow& row) { return row.name == nameOrId; });
+    if (matches.empty())
+        matches = Select(rows, [&](const PresetRow& row) {
+            return row.name.compare(nameOrId, Qt::CaseInsensitive) == 0;
+        });
+    return matches;
 }
 
 [[noreturn]] void RefuseUnknown(const Rows& rows, const QString& nameOrId, const QString& argument)
@@ -87,28 +100,32 @@ QString PresetRow::GetIntensityKind() const
     }
 }
 
-std::vector<PresetRow> PresetRows::Read(const QAbstractItemModel& model)
+std::vector<PresetRow> PresetRows::Read(PresetModel& model)
 {
+    const QStringList folders = LumetraPlugin::CatalogueLocations::GetResourceFolders();
     Rows rows;
     for (int g = 0; g < model.rowCount(); ++g) {
         const QModelIndex group = model.index(g, 0);
-        const QString name = group.data(EffectPresetModel::PresetNameRole).toString();
-        for (int i = 0; i < model.rowCount(group); ++i)
-            rows.push_back(ReadRow(model.index(i, 0, group), name));
+        const QString name = group.data(PresetModel::PresetNameRole).toString();
+        for (int i = 0; i < model.rowCount(group); ++i) {
+            const QModelIndex preset = model.index(i, 0, group);
+            const QString problem = PresetResource::FindFault(model, preset, folders);
+            rows.push_back(ReadRow(preset, name));
+            rows.back().problem = problem;
+        }
     }
     return rows;
+}
+
+bool PresetRows::Has(const std::vector<PresetRow>& rows, const QString& nameOrId)
+{
+    return !FindAll(rows, nameOrId).empty();
 }
 
 PresetRow PresetRows::Find(const std::vector<PresetRow>& rows, const QString& nameOrId,
                            const QString& argument)
 {
-    Rows matches = Select(rows, [&](const PresetRow& row) { return row.id == nameOrId; });
-    if (matches.empty())
-        matches = Select(rows, [&](const PresetRow& row) { return row.name == nameOrId; });
-    if (matches.empty())
-        matches = Select(rows, [&](const PresetRow& row) {
-            return row.name.compare(nameOrId, Qt::CaseInsensitive) == 0;
-        });
+    const Rows matches = FindAll(rows, nameOrId);
     if (matches.empty())
         RefuseUnknown(rows, nameOrId, argument);
     if (matches.size() > 1)

@@ -9,7 +9,9 @@
 
 #include <vector>
 
-class QAbstractItemModel;
+namespace LumetraPlugin {
+class PresetModel;
+}
 
 namespace LumetraCli {
 
@@ -27,6 +29,7 @@ struct PresetRow
     bool isPopular = false;
     bool isFavourite = false;
     bool isUsers = false; ///< stands in the user's group
+    QString problem;      ///< why it has no effects to draw; empty when it has
     Zorvik::Lumetra::LumetraPresets::SliderSetting::List sliders;
 
     bool HasIntensity() const;
@@ -34,12 +37,14 @@ struct PresetRow
     QString GetIntensityKind() const;
 };
 
-/// The presets of a model, read through its roles.
+/// The presets of a model, read through its roles. Resources that are there are handed over.
 class PresetRows
 {
 public:
-    static std::vector<PresetRow> Read(const QAbstractItemModel& model);
+    static std::vector<PresetRow> Read(LumetraPlugin::PresetModel& model);
 
+    /// True when Find() would find one or several.
+    static bool Has(const std::vector<PresetRow>& rows, const QString& nameOrId);
     /// The preset of that id; else the one of that name, upper and lower case alike when none is
     /// written just so. UsageError, which begins with the `argument` it came from, for an unknown
     /// name, with the nearest one, and for one that several presets have, with their ids.

@@ -4,9 +4,12 @@
 #include "EffectPresets/EffectPresetModel.h"
 #include "Settings/TuneSettingType.h"
 #include "UsageError.h"
+#include "Zorvik/Exception.h"
 #include "catalogue/NearestName.h"
 #include "core/PresetSession.h"
 #include "workspace/WorkspaceController.h"
+
+#include <boost/current_function.hpp>
 
 namespace LumetraCli {
 namespace {
@@ -57,6 +60,10 @@ bool IsNamed(const SliderSetting& slider, const QString& name)
 PresetUse::PresetUse(const PresetRow& preset, const QString& intensity, const QStringList& settings)
     : m_preset(preset)
 {
+    if (!preset.problem.isEmpty())
+        throw Zorvik::Exception(
+            QStringLiteral("\"%1\": %2").arg(preset.name, preset.problem).toStdString(),
+            BOOST_CURRENT_FUNCTION, "PresetUse", __LINE__);
     if (!intensity.isNull())
         SetIntensity(intensity);
     for (const QString& setting : settings)

@@ -24,8 +24,9 @@ namespace LumetraCli {
 class PresetUse
 {
 public:
-    /// `intensity` empty: the preset's own. `settings`: texts "slider=value". UsageError for an
-    /// intensity out of the preset's range, an unknown slider and a value out of its range.
+    /// `intensity` empty: the preset's own. `settings`: texts "slider=value". Exception for a
+    /// preset that has no effects to draw. UsageError for an intensity out of the preset's range,
+    /// an unknown slider and a value out of its range.
     PresetUse(const PresetRow& preset, const QString& intensity, const QStringList& settings);
 
     const PresetRow& GetPreset() const { return m_preset; }

@@ -76,16 +76,36 @@ Sections MakeSections(const std::vector<PresetRow>& rows)
     return sections;
 }
 
-void RenderPreviews(const std::vector<PresetRow>& rows, Sections& sections, Console& console)
+/// Nothing, or why there is no picture.
+QString RenderPreview(const PresetRow& row, QImage& picture)
 {
+    if (!row.problem.isEmpty())
+        return row.problem;
+    try {
+        picture = row.index.data(EffectPresetModel::PreviewImageRole).value<QImage>();
+        return picture.isNull() ? QStringLiteral("expected a picture, found none") : QString();
+    } catch (const std::exception& error) {
+        // What follows the first line is a call stack.
+        return QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0);
+    }
+}
+
+/// Presets that cannot be drawn keep their places without a picture, and are reported.
+ExitCode RenderPreviews(const std::vector<PresetRow>& rows, Sections& sections, Console& console)
+{
+    ExitCode code = ExitCode::Done;
     std::size_t done = 0;
     for (ContactSheet::Section& section : sections)
         for (ContactSheet::Tile& tile : section.tiles) {
-            const QModelIndex& preset = rows[done].index;
-            tile.picture = preset.data(EffectPresetModel::PreviewImageRole).value<QImage>();
+            const QString problem = RenderPreview(rows[done], tile.picture);
+            if (!problem.isEmpty()) {
+                console.Report(QStringLiteral("\"%1\": %2").arg(tile.label, problem));
+                code = ExitCode::SomeFailed;
+            }
             console.ShowProgress(static_cast<int>(++done), static_cast<int>(rows.size()),
                                  tile.label);
         }
+    return code;
 }
 
 QByteArray EncodePng(const QImage& picture)
@@ -154,10 +174,10 @@ ExitCode SheetCommand::Execute(const QCommandLineParser& parser, Console& consol
     Sections sections = MakeSections(rows);
     const ContactSheet sheet(tileSize, columns);
     RefuseTooLarge(sheet.GetSize(sections));
-    RenderPreviews(rows, sections, console);
+    const ExitCode code = RenderPreviews(rows, sections, console);
     LumetraHost::CheckedFileWriter::Write(output, EncodePng(sheet.Draw(sections)));
     console.PrintLine(output);
-    return ExitCode::Done;
+    return code;
 }
 
 } // namespace LumetraCli

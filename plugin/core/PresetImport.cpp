@@ -37,7 +37,8 @@ QStringList ErrorsOf(const std::vector<CatalogueReport>& reports, const std::str
     return errors;
 }
 
-/// The presets of the groups from `first` on whose effects are there, with their tables.
+/// The presets of the groups from `first` on whose effects are there, with their tables; a sentence
+/// for each other one.
 std::vector<PresetPtr> CollectPresets(const PresetModel& model, int first, const QString& path,
                                       QStringList& problems)
 {
@@ -53,6 +54,11 @@ std::vector<PresetPtr> CollectPresets(const PresetModel& model, int first, const
                                          QString::fromStdString(problem)));
             else if (!preset->IsDownloadable())
                 presets.push_back(preset);
+            else
+                problems.append(QStringLiteral("%1: \"%2\": expected its effects, found only the "
+                                               "name of a resource, \"%3\"")
+                                    .arg(path, QString::fromStdString(preset->GetName()),
+                                         QString::fromStdString(preset->GetResource())));
         }
     }
     return presets;

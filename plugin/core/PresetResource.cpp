@@ -35,6 +35,17 @@ void Check(const JsonDocument& document)
                                     __LINE__);
 }
 
+/// What is wrong with the file; empty when the preset has its effects now.
+QString HandOver(PresetModel& model, const QModelIndex& preset, const QString& path)
+{
+    try {
+        model.setData(preset, path, PresetModel::DownloadedResourceRole);
+        return {};
+    } catch (const std::exception& error) {
+        return QString::fromUtf8(error.what());
+    }
+}
+
 } // namespace
 
 EffectsSettings PresetResource::Read(const QString& path)
@@ -79,6 +90,23 @@ QString PresetResource::Find(const PresetModel& model, const QModelIndex& preset
     return {};
 }
 
+QString PresetResource::FindFault(PresetModel& model, const QModelIndex& preset,
+                                  const QStringList& folders)
+{
+    if (!preset.data(PresetModel::DownloadableRole).toBool())
+        return {};
+    const QString place = GetPlace(model, preset);
+    if (place.isEmpty())
+        return QStringLiteral(
+                   "expected a \"resource\" inside the folder of resources, found \"%1\"")
+            .arg(QString::fromStdString(model.GetPreset(preset)->GetResource()));
+    const QString path = Find(model, preset, folders);
+    if (path.isEmpty())
+        return QStringLiteral("expected its effects in the file \"%1\" below \"%2\", found none")
+            .arg(place, folders.value(0));
+    return HandOver(model, preset, path);
+}
+
 QStringList PresetResource::FetchAll(PresetModel& model, const QStringList& folders)
 {
     QStringList problems;
@@ -87,13 +115,9 @@ QStringList PresetResource::FetchAll(PresetModel& model, const QStringList& fold
         for (int i = 0; i < model.rowCount(group); ++i) {
             const QModelIndex preset = model.index(i, 0, group);
             const QString path = Find(model, preset, folders);
-            try {
-                if (!path.isEmpty())
-                    model.setData(preset, path, PresetModel::DownloadedResourceRole);
-            } catch (const std::exception& error) {
-                // What follows the first line is a call stack.
-                problems.append(QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0));
-            }
+            const QString problem = path.isEmpty() ? path : HandOver(model, preset, path);
+            if (!problem.isEmpty())
+                problems.append(problem);
         }
     }
     return problems;

@@ -29,6 +29,10 @@ public:
     /// The file in the first of the folders that has it; empty when none has.
     static QString Find(const PresetModel& model, const QModelIndex& preset,
                         const QStringList& folders);
+    /// Why a preset has no effects yet: its file is missing, with the place where it is expected,
+    /// or cannot be used. Tries to hand it over. Empty for a preset that has its effects.
+    static QString FindFault(PresetModel& model, const QModelIndex& preset,
+                             const QStringList& folders);
     /// Hands over all resources that are there; a sentence for each that cannot be used.
     static QStringList FetchAll(PresetModel& model, const QStringList& folders);
 };
