@@ -81,12 +81,33 @@ PresetRow AddLutPreset(LumetraPlugin::PresetSession& session, const QString& fil
     return PresetRows::Find(PresetRows::Read(session.GetModel()), id);
 }
 
+/// A name of no preset that looks like that of a file, or is one that is no LUT file.
+void RefuseFile(const QString& preset)
+{
+    const QFileInfo file(preset);
+    if (LumetraPlugin::LutImport::IsLutName(preset, true) && !file.exists())
+        throw UsageError(QStringLiteral("--preset: expected the name or id of a preset or a LUT "
+                                        "file, found \"%1\", which is neither: there is no such "
+                                        "file")
+                             .arg(preset));
+    if (file.exists())
+        throw UsageError(
+            QStringLiteral("--preset: expected the name or id of a preset or a LUT "
+                           "file (.cube, .3dl, .clf, .cc, .ccc, .cdl, .png, .tif), "
+                           "found the %1 \"%2\"")
+                .arg(file.isDir() ? QStringLiteral("folder") : QStringLiteral("file"), preset));
+}
+
 /// Nothing, and reported, when it is a LUT file that cannot be used.
 std::optional<PresetRow> FindPreset(LumetraPlugin::PresetSession& session, const QString& preset,
                                     Console& console)
 {
-    if (!LumetraPlugin::LutImport::IsLutName(preset, true) || !QFileInfo(preset).isFile())
-        return PresetRows::Find(PresetRows::Read(session.GetModel()), preset);
+    if (!LumetraPlugin::LutImport::IsLutName(preset, true) || !QFileInfo::exists(preset)) {
+        const auto rows = PresetRows::Read(session.GetModel());
+        if (!PresetRows::Has(rows, preset))
+            RefuseFile(preset);
+        return PresetRows::Find(rows, preset);
+    }
     try {
         return AddLutPreset(session, preset);
     } catch (const Zorvik::Exception& error) {
@@ -127,7 +148,8 @@ void ApplyCommand::AddOptions(QCommandLineParser& parser) const
     parser.addOptions({
         {{QStringLiteral("o"), OutputOption},
          QStringLiteral("Where to write; {folder}, {name} and {ext} are the photo's, {preset} is "
-                        "the preset's name. Default: %1")
+                        "the preset's name. Photos that would share one file are left out. "
+                        "Default: %1")
              .arg(QLatin1String(DefaultOutput)),
          QStringLiteral("template"),
          QLatin1String(DefaultOutput)},

@@ -36,6 +36,11 @@ QString OutputFile::Read(const QCommandLineParser& parser, const QString& suffix
         throw UsageError(
             QStringLiteral("--output: expected a file to write, found the folder \"%1\"")
                 .arg(output));
+    if (info.exists() && !info.isFile())
+        throw UsageError(
+            QStringLiteral("--output: expected a file to write, found a pipe, a socket or a device "
+                           "named \"%1\"")
+                .arg(output));
     if (info.exists() && !parser.isSet(OverwriteOption))
         throw UsageError(
             QStringLiteral("--output: \"%1\" exists; --overwrite replaces it").arg(output));

@@ -15,6 +15,16 @@
 namespace LumetraHost {
 namespace {
 
+/// A pipe could keep the reader waiting for ever.
+void RefuseNoPlainFile(const QString& path)
+{
+    const QFileInfo info(path);
+    if (info.isDir())
+        FailInLut(path, 0, "expected a file, found a folder");
+    if (info.exists() && !info.isFile())
+        FailInLut(path, 0, "expected a plain file, found a pipe, a socket or a device");
+}
+
 QByteArray ReadContent(const QString& path)
 {
     QFile file(path);
@@ -27,6 +37,8 @@ QByteArray ReadContent(const QString& path)
     const QByteArray content = file.readAll();
     if (file.error() != QFileDevice::NoError)
         FailInLut(path, 0, "cannot be read: " + file.errorString().toStdString());
+    if (content.isEmpty())
+        FailInLut(path, 0, "expected a table, found an empty file");
     if (content.contains('\0'))
         FailInLut(path, 0, "expected text, found binary data");
     return content;
@@ -45,6 +57,7 @@ LutFormat GetFormat(const QString& path)
 LutLooks LutReader::Read(const QString& path)
 {
     const LutFormat format = GetFormat(path);
+    RefuseNoPlainFile(path);
     const std::string name = QFileInfo(path).completeBaseName().toStdString();
     switch (format) {
     case LutFormat::Hald: {
@@ -52,10 +65,10 @@ LutLooks LutReader::Read(const QString& path)
         return {{name, Lut3dSettings::Create(nullptr, &cube)}};
     }
     case LutFormat::Cdl:
-        XmlTableCheck::Check(path, ReadContent(path));
+        XmlTableCheck::CheckCdl(path, ReadContent(path));
         return OcioLutReader::ReadDecisionLists(path, name);
     case LutFormat::Clf:
-        XmlTableCheck::Check(path, ReadContent(path));
+        XmlTableCheck::CheckClf(path, ReadContent(path));
         break;
     case LutFormat::Cube:
         TextTableCheck::CheckCube(path, ReadContent(path));

@@ -11,6 +11,7 @@
 #include <OpenColorIO/OpenColorIO.h>
 
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <cmath>
@@ -35,10 +36,17 @@ struct FreshCache
     ~FreshCache() { Ocio::ClearAllCaches(); }
 };
 
-std::string GetFirstLine(const char* text)
+/// The message of OpenColorIO about a file as a whole is a general one; at its end stands what the
+/// format of the file's extension had to say, often with the line.
+[[noreturn]] void FailAsOcio(const QString& path, const std::exception& error)
 {
-    const std::string whole = text;
-    return whole.substr(0, whole.find('\n'));
+    static const QRegularExpression inner(
+        QStringLiteral("failed with: (?:At line (\\d+): )?(.+)$"));
+    const QString text = QString::fromUtf8(error.what()).simplified();
+    const auto match = inner.match(text);
+    const QString reason = match.hasMatch() ? match.captured(2) : text;
+    FailInLut(path, match.captured(1).toLongLong(),
+              "expected a file that can be read: " + reason.toStdString());
 }
 
 Transforms GetSteps(const std::string& file)
@@ -219,7 +227,7 @@ EffectPtr OcioLutReader::ReadTable(const QString& path)
         throw;
     } catch (const std::exception& error) {
         // OpenColorIO lets exceptions of the libraries beneath it through.
-        FailInLut(path, 0, GetFirstLine(error.what()));
+        FailAsOcio(path, error);
     }
 }
 
@@ -239,7 +247,7 @@ LutLooks OcioLutReader::ReadDecisionLists(const QString& path, const std::string
     } catch (const Zorvik::Exception&) {
         throw;
     } catch (const std::exception& error) {
-        FailInLut(path, 0, GetFirstLine(error.what()));
+        FailAsOcio(path, error);
     }
     if (looks.empty())
         FailInLut(path, 0, "expected at least one colour correction, found none");

@@ -16,6 +16,9 @@ namespace {
 
 using Words = QList<QByteArray>;
 
+constexpr char ByteOrderMark[] = "\xef\xbb\xbf";
+constexpr int LongestQuote = 40;
+
 /// One line of a file, without comment and outer spaces.
 struct Line
 {
@@ -104,7 +107,9 @@ public:
             FailInLut(path, 0, "expected LUT_3D_SIZE or LUT_1D_SIZE, found none");
         for (std::size_t i = 0; i < 3; ++i)
             if (m_minimum[i] >= m_maximum[i])
-                FailInLut(path, m_domainLine, "expected DOMAIN_MAX above DOMAIN_MIN");
+                FailInLut(path, m_domainLine,
+                          "expected DOMAIN_MAX above DOMAIN_MIN, found " + Text(m_maximum[i]) +
+                              " and " + Text(m_minimum[i]));
         if (m_rows < m_expected)
             FailInLut(path, lastLine,
                       "expected " + std::to_string(m_expected) + " rows of numbers, found " +
@@ -116,14 +121,25 @@ private:
     {
         const QByteArray& keyword = line.words[0];
         if (keyword == "LUT_3D_SIZE")
-            m_expected += LookUpTable::GetCount(LookUpTable::Kind::Cube,
-                                                ReadSize(line, LookUpTable::LargestCube));
+            ReadTableSize(line, LookUpTable::Kind::Cube, m_hasCube);
         else if (keyword == "LUT_1D_SIZE")
-            m_expected += static_cast<std::size_t>(ReadSize(line, LookUpTable::LargestCurve));
+            ReadTableSize(line, LookUpTable::Kind::Curve, m_hasCurve);
         else if (keyword == "DOMAIN_MIN" || keyword == "DOMAIN_MAX")
             ReadDomain(line, keyword == "DOMAIN_MIN" ? m_minimum : m_maximum);
         else if (keyword == "LUT_1D_INPUT_RANGE" || keyword == "LUT_3D_INPUT_RANGE")
             CheckRange(line);
+    }
+
+    void ReadTableSize(const Line& line, LookUpTable::Kind kind, bool& isKnown)
+    {
+        const std::string keyword = line.words[0].toStdString();
+        if (m_rows > 0)
+            line.Fail("expected every size before the first row, found " + keyword);
+        if (isKnown)
+            line.Fail("expected one " + keyword + ", found a second");
+        isKnown = true;
+        m_expected +=
+            LookUpTable::GetCount(kind, ReadSize(line, LookUpTable::GetLargestSize(kind)));
     }
 
     void ReadDomain(const Line& line, std::array<double, 3>& limit)
@@ -145,18 +161,32 @@ private:
     void VisitRow(const Line& line)
     {
         if (m_expected == 0)
-            line.Fail("expected LUT_3D_SIZE or LUT_1D_SIZE before the first row");
+            line.Fail("expected LUT_3D_SIZE or LUT_1D_SIZE before the first row, found \"" +
+                      line.words.join(' ').left(LongestQuote).toStdString() + "\"");
         CheckNumbers(line, 0, 3);
         if (++m_rows > m_expected)
             line.Fail("expected " + std::to_string(m_expected) + " rows of numbers, found more");
     }
+
+    static std::string Text(double number) { return QByteArray::number(number).toStdString(); }
 
     std::array<double, 3> m_minimum = {0, 0, 0};
     std::array<double, 3> m_maximum = {1, 1, 1};
     qint64 m_domainLine = 0;
     std::size_t m_expected = 0;
     std::size_t m_rows = 0;
+    bool m_hasCube = false;
+    bool m_hasCurve = false;
 };
+
+/// OpenColorIO takes neither for what it is.
+void CheckLines(const QString& path, const QByteArray& content)
+{
+    if (content.startsWith(ByteOrderMark))
+        FailInLut(path, 1, "expected text without a byte order mark, found one at the beginning");
+    if (content.contains('\r') && !content.contains('\n'))
+        FailInLut(path, 1, "expected lines that end in a line feed, found carriage returns alone");
+}
 
 std::size_t GetCubeRoot(std::size_t rows)
 {
@@ -167,6 +197,7 @@ std::size_t GetCubeRoot(std::size_t rows)
 
 void TextTableCheck::CheckCube(const QString& path, const QByteArray& content)
 {
+    CheckLines(path, content);
     CubeState state;
     const qint64 last =
         ForEachLine(path, content, [&state](const Line& line) { state.Visit(line); });
@@ -176,6 +207,7 @@ void TextTableCheck::CheckCube(const QString& path, const QByteArray& content)
 // A row of more than three numbers is the list of positions along the axes; it comes first.
 void TextTableCheck::CheckThreeDl(const QString& path, const QByteArray& content)
 {
+    CheckLines(path, content);
     std::size_t positions = 0, rows = 0;
     const auto largest = static_cast<std::size_t>(LookUpTable::LargestCube);
     const qint64 last = ForEachLine(path, content, [&](const Line& line) {

@@ -5,6 +5,7 @@
 #include "lut/LutError.h"
 
 #include <QSet>
+#include <QStringList>
 #include <QVector>
 #include <QXmlStreamReader>
 
@@ -30,10 +31,26 @@ const QSet<QString>& GetNumberElements()
     return names;
 }
 
+std::string Quote(const QString& name)
+{
+    return "<" + name.toStdString() + ">";
+}
+
+/// An element whose end is yet to come.
+struct OpenElement
+{
+    QString name;
+    qint64 line;
+    QSet<QString> children;
+};
+
 class Checker
 {
 public:
-    Checker(const QString& path, const QByteArray& content) : m_path(path), m_reader(content) {}
+    Checker(const QString& path, const QByteArray& content, const QStringList& roots)
+        : m_path(path), m_reader(content), m_roots(roots)
+    {
+    }
 
     void Run()
     {
@@ -44,7 +61,7 @@ public:
             if (token == QXmlStreamReader::StartElement)
                 VisitElement();
             else if (token == QXmlStreamReader::EndElement)
-                --m_depth;
+                LeaveElement();
         }
         if (m_reader.hasError())
             Fail(m_reader.lineNumber(),
@@ -59,18 +76,90 @@ private:
 
     void VisitElement()
     {
-        if (++m_depth > DeepestNesting)
-            Fail(m_reader.lineNumber(), "expected nesting of at most 64 levels");
         const QString name = m_reader.name().toString();
-        if (!GetNumberElements().contains(name))
-            return;
-        const std::size_t expected = name == QLatin1String("Array") ? ReadArrayCount() : 0;
         const qint64 line = m_reader.lineNumber();
-        const std::size_t found = CountNumbers(m_reader.readElementText(), line);
-        --m_depth;
+        if (m_open.size() >= DeepestNesting)
+            Fail(line, "expected nesting of at most 64 levels");
+        if (m_open.isEmpty())
+            CheckRoot(name);
+        else
+            m_open.last().children.insert(name);
+        if (name == QLatin1String("ColorCorrection"))
+            TakeId();
+        if (GetNumberElements().contains(name))
+            return VisitNumbers(name, line);
+        m_open.append({name, line, {}});
+    }
+
+    void VisitNumbers(const QString& name, qint64 line)
+    {
+        const std::size_t expected = GetExpectedCount(name);
+        const QString text = m_reader.readElementText();
+        const std::size_t found = CountNumbers(name, text, line);
         if (expected != 0 && found != expected)
-            Fail(line, "expected " + std::to_string(expected) + " numbers in the array, found " +
-                           std::to_string(found));
+            Fail(line, "expected " + std::to_string(expected) + " numbers in " + Quote(name) +
+                           ", found " + std::to_string(found));
+    }
+
+    void CheckRoot(const QString& name) const
+    {
+        if (m_roots.contains(name))
+            return;
+        std::string expected;
+        for (const QString& root : m_roots)
+            expected += (expected.empty() ? "" : " or ") + Quote(root);
+        Fail(m_reader.lineNumber(), "expected " + expected + ", found " + Quote(name));
+    }
+
+    void TakeId()
+    {
+        const QString id = m_reader.attributes().value(QLatin1String("id")).toString();
+        if (!id.isEmpty() && m_ids.contains(id))
+            Fail(m_reader.lineNumber(),
+                 "expected an id of its own, found \"" + id.toStdString() + "\" again");
+        m_ids.insert(id);
+    }
+
+    void LeaveElement()
+    {
+        const OpenElement element = m_open.takeLast();
+        if (element.name == QLatin1String("SOPNode"))
+            for (const char* part : {"Slope", "Offset", "Power"})
+                Require(element, QLatin1String(part));
+        if (element.name == QLatin1String("LUT1D") || element.name == QLatin1String("LUT3D") ||
+            element.name == QLatin1String("Matrix"))
+            Require(element, QLatin1String("Array"));
+        if (element.name == QLatin1String("ProcessList"))
+            RequireSteps(element);
+    }
+
+    void Require(const OpenElement& element, const QString& child) const
+    {
+        if (!element.children.contains(child))
+            Fail(element.line,
+                 "expected " + Quote(child) + " in " + Quote(element.name) + ", found none");
+    }
+
+    void RequireSteps(const OpenElement& element) const
+    {
+        static const QSet<QString> remarks = {
+            QStringLiteral("Description"), QStringLiteral("InputDescriptor"),
+            QStringLiteral("OutputDescriptor"), QStringLiteral("Info")};
+        if ((element.children - remarks).isEmpty())
+            Fail(element.line,
+                 "expected at least one step in " + Quote(element.name) + ", found none");
+    }
+
+    /// 0 for any.
+    std::size_t GetExpectedCount(const QString& name) const
+    {
+        if (name == QLatin1String("Array"))
+            return ReadArrayCount();
+        if (name == QLatin1String("Saturation"))
+            return 1;
+        const bool isTriple = name == QLatin1String("Slope") || name == QLatin1String("Offset") ||
+                              name == QLatin1String("Power");
+        return isTriple ? 3 : 0;
     }
 
     std::size_t ReadArrayCount() const
@@ -89,13 +178,13 @@ private:
     }
 
     /// `line` is that of the text's beginning.
-    std::size_t CountNumbers(const QString& text, qint64 line) const
+    std::size_t CountNumbers(const QString& name, const QString& text, qint64 line) const
     {
         std::size_t count = 0;
         for (const QStringRef& row : text.splitRef(QLatin1Char('\n'))) {
             for (const QStringRef& word : row.split(QLatin1Char(' '), Qt::SkipEmptyParts))
                 if (!word.trimmed().isEmpty()) {
-                    CheckNumber(word.trimmed(), line);
+                    CheckSign(name, CheckNumber(word.trimmed(), line), line);
                     ++count;
                 }
             ++line;
@@ -103,8 +192,21 @@ private:
         return count;
     }
 
-    void CheckNumber(const QStringRef& word, qint64 line) const
+    /// Decision lists have no negative slopes and saturations, and powers above 0.
+    void CheckSign(const QString& name, double number, qint64 line) const
     {
+        const bool isPower = name == QLatin1String("Power");
+        const bool isSigned =
+            !isPower && name != QLatin1String("Slope") && name != QLatin1String("Saturation");
+        if (isSigned || number > 0 || (number == 0 && !isPower))
+            return;
+        Fail(line, std::string("expected numbers ") + (isPower ? "above" : "from") + " 0 in " +
+                       Quote(name) + ", found " + QByteArray::number(number).toStdString());
+    }
+
+    double CheckNumber(const QStringRef& word, qint64 line) const
+    {
+        double last = 0;
         for (const QStringRef& part : word.split(QLatin1Char('@'))) { // pairs of an IndexMap
             bool isNumber = false;
             const double number = part.toDouble(&isNumber);
@@ -112,19 +214,31 @@ private:
                 std::abs(number) > static_cast<double>(std::numeric_limits<float>::max()))
                 Fail(line,
                      "expected a finite number, found \"" + word.toString().toStdString() + "\"");
+            last = number;
         }
+        return last;
     }
 
     const QString& m_path;
     QXmlStreamReader m_reader;
-    int m_depth = 0;
+    QStringList m_roots;
+    QVector<OpenElement> m_open;
+    QSet<QString> m_ids;
 };
 
 } // namespace
 
-void XmlTableCheck::Check(const QString& path, const QByteArray& content)
+void XmlTableCheck::CheckClf(const QString& path, const QByteArray& content)
 {
-    Checker(path, content).Run();
+    Checker(path, content, {QStringLiteral("ProcessList")}).Run();
+}
+
+void XmlTableCheck::CheckCdl(const QString& path, const QByteArray& content)
+{
+    Checker(path, content,
+            {QStringLiteral("ColorCorrection"), QStringLiteral("ColorCorrectionCollection"),
+             QStringLiteral("ColorDecisionList")})
+        .Run();
 }
 
 } // namespace LumetraHost

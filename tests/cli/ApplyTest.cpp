@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include <sys/stat.h>
+
 #include <unistd.h>
 
 using LumetraHost::HaveSamePixels;
@@ -268,17 +270,142 @@ TEST_F(ApplyTest, neverOverwritesAPhotoUnderASecondName)
     EXPECT_EQ(ReadFile("hard.png"), before);
 }
 
-TEST_F(ApplyTest, refusesTwoPhotosForOneOutput)
+TEST_F(ApplyTest, refusesOnlyThePhotosThatShareAnOutput)
 {
+    WritePhoto("IMG_1.png");
+    WritePhoto("IMG_1.jpg");
+    WritePhoto("IMG_2.png");
+    const std::string output = Path("out/IMG_1.jpg").toStdString();
+    const QStringList options = Words("-p test.bright -o out/{name}.jpg");
+
+    const CliResult result = Apply(Words("IMG_1.png IMG_2.png IMG_1.jpg") + options);
+
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.output, Path("out/IMG_2.jpg").toStdString() + "\n");
+    EXPECT_EQ(result.messages,
+              "lumetra-presets: IMG_1.png: expected an output of its own, found \"" + output +
+                  "\", which is that of \"IMG_1.jpg\" too\n"
+                  "lumetra-presets: IMG_1.jpg: expected an output of its own, found \"" +
+                  output + "\", which is that of \"IMG_1.png\" too\n");
+    EXPECT_EQ(QDir(Path("out")).entryList(QDir::Files), QStringList{QStringLiteral("IMG_2.jpg")});
+}
+
+TEST_F(ApplyTest, refusesPhotosOfOneNameInSeveralFolders)
+{
+    for (const char* name : {"d1/a.png", "d2/a.png", "d3/a.png", "d1/b.png", "d2/c.png"})
+        WritePhoto(name);
+    const QStringList photos = Words("d1/a.png d1/b.png d2/a.png d2/c.png d3/a.png");
+
+    const CliResult planned =
+        Apply(photos + Words("-p test.bright -o out/{name}.png --dry-run --json"));
+    const CliResult done = Apply(photos + Words("-p test.bright -o out/{name}.png"));
+
+    EXPECT_EQ(planned.code, 1);
+    const auto results =
+        LumetraHost::JsonDocument::Parse(QByteArray::fromStdString(planned.output), "apply")
+            .GetRoot()
+            ->GetCollection("results");
+    for (const std::size_t i : {0U, 2U, 4U}) {
+        EXPECT_EQ(results->GetElement(i)->Get("state", ""), "failed");
+        EXPECT_THAT(results->GetElement(i)->Get("message", ""), HasSubstr(" and 1 more too"));
+    }
+    EXPECT_EQ(results->GetElement(1)->Get("state", ""), "planned");
+    EXPECT_EQ(done.code, 1);
+    EXPECT_EQ(QDir(Path("out")).entryList(QDir::Files),
+              (QStringList{QStringLiteral("b.png"), QStringLiteral("c.png")}));
+}
+
+TEST_F(ApplyTest, refusesSharedOutputsHoweverTheyAreNamed)
+{
+    WritePhoto("a.png");
     WritePhoto("b.png");
-    ExpectUsageError(Words("b.png -p test.bright -o out.png"),
-                     "--output: expected an output of its own for each photo, found \"" +
-                         Path("out.png").toStdString() + "\" for \"a.png\" and \"b.png\"");
-    ExpectUsageError(Words("./a.png -p test.bright"),
-                     "--output: expected an output of its own for each photo, found \"" +
-                         Path("a_Test Bright.png").toStdString() +
-                         "\" for \"a.png\" and "
-                         "\"./a.png\"");
+    WriteFile("out.png", "precious");
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("real")));
+    ASSERT_TRUE(QFile::link(Path("real"), Path("link")));
+    for (const char* option : {"--overwrite", "--skip", ""}) {
+        const CliResult result =
+            Apply(Words("a.png b.png -p test.grey -o out.png") + Words(option));
+        EXPECT_EQ(result.code, 1) << option;
+        EXPECT_THAT(result.messages, HasSubstr("a.png: expected an output of its own")) << option;
+        EXPECT_THAT(result.messages, HasSubstr("b.png: expected an output of its own")) << option;
+        EXPECT_EQ(ReadFile("out.png"), "precious");
+    }
+    WritePhoto("real/c.png");
+    WritePhoto("d/c.png");
+    ASSERT_TRUE(QFile::link(Path("real"), Path("d/real")));
+    const CliResult linked =
+        Apply(Words("real/c.png d/c.png -p test.grey -o {folder}/real/../{name}-x.png --dry-run"));
+    EXPECT_EQ(linked.code, 0) << linked.messages;
+}
+
+TEST_F(ApplyTest, doesAPhotoOnceThatIsNamedTwice)
+{
+    WritePhoto("a.png");
+    WritePhoto("b.png");
+    ASSERT_TRUE(QFile::link(Path("a.png"), Path("link.png")));
+
+    const CliResult result = Apply(Words("a.png ./a.png b.png a.png -p test.bright"));
+
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.output, Path("a_Test Bright.png").toStdString() + "\n" +
+                                 Path("b_Test Bright.png").toStdString() + "\n");
+    EXPECT_EQ(result.messages,
+              "lumetra-presets: ./a.png: is the photo \"a.png\" again, which is done once\n"
+              "lumetra-presets: a.png: is the photo \"a.png\" again, which is done once\n");
+    EXPECT_THAT(Apply(Words("a.png link.png -p test.grey -o once.png")).messages,
+                HasSubstr("link.png: is the photo \"a.png\" again, which is done once"));
+    EXPECT_TRUE(Exists("once.png"));
+    const CliResult both = Apply(Words("a.png link.png -p test.grey -o both/{name}.png"));
+    EXPECT_EQ(both.code, 0) << both.messages;
+    EXPECT_TRUE(Exists("both/a.png") && Exists("both/link.png")) << "another output for each";
+}
+
+TEST_F(ApplyTest, aPhotoThatIsNotThereTakesNoOutput)
+{
+    WritePhoto("d1/a.png");
+
+    const CliResult result =
+        Apply(Words("d1/a.png d2/a.png -p test.bright -o out/{name}.{ext} --json"));
+
+    EXPECT_EQ(result.code, 1);
+    EXPECT_TRUE(Exists("out/a.png"));
+    EXPECT_EQ(result.messages, "lumetra-presets: d2/a.png: expected a photo, found no such file\n");
+}
+
+TEST_F(ApplyTest, refusesWhatIsNoPlainFileAtOnce)
+{
+    WritePhoto("a.png");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(Path("pipe.png")).constData(), 0600), 0);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(Path("pipe.cube")).constData(), 0600), 0);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(Path("out.png")).constData(), 0600), 0);
+
+    const CliResult photo = Apply(Words("pipe.png a.png -p test.bright"));
+    EXPECT_EQ(photo.code, 1);
+    EXPECT_EQ(photo.messages, "lumetra-presets: pipe.png: expected a photo, found no plain file\n");
+    EXPECT_TRUE(Exists("a_Test Bright.png"));
+
+    const CliResult lut = Apply(Words("a.png -p pipe.cube -o lut.png"));
+    EXPECT_EQ(lut.code, 1);
+    EXPECT_EQ(lut.messages,
+              "pipe.cube: expected a plain file, found a pipe, a socket or a device\n");
+
+    const CliResult output = Apply(Words("a.png -p test.bright -o out.png --overwrite"));
+    EXPECT_EQ(output.code, 1);
+    EXPECT_THAT(output.messages, HasSubstr("out.png: expected a file to write, found no plain"));
+}
+
+TEST_F(ApplyTest, saysThatALutFileIsMissingOrNone)
+{
+    WriteFile("look.txt", "LUT_3D_SIZE 2\n");
+    ExpectUsageError(Words("-p missing.cube"),
+                     "--preset: expected the name or id of a preset or a LUT file, found "
+                     "\"missing.cube\", which is neither: there is no such file");
+    ExpectUsageError(Words("-p look.txt"),
+                     "--preset: expected the name or id of a preset or a LUT file (.cube, .3dl, "
+                     ".clf, .cc, .ccc, .cdl, .png, .tif), found the file \"look.txt\"");
+    ExpectUsageError(Words("-p ."),
+                     "--preset: expected the name or id of a preset or a LUT file (.cube, .3dl, "
+                     ".clf, .cc, .ccc, .cdl, .png, .tif), found the folder \".\"");
 }
 
 TEST_F(ApplyTest, planOnlyInADryRun)

@@ -5,7 +5,11 @@
 #include "engine/lut3d/Lut3dSettings.h"
 #include "lut/LutReader.h"
 
+#include <QFile>
+
 #include <gmock/gmock.h>
+
+#include <sys/stat.h>
 
 namespace LumetraHost {
 namespace {
@@ -110,8 +114,9 @@ TEST_F(LutFiles, refuseBadCubesWithTheLine)
     EXPECT_EQ(ErrorOf("a.cube", "LUT_3D_SIZE 2\n0 0 x\n"),
               "a.cube:2: expected a number, found \"x\"");
     EXPECT_EQ(ErrorOf("a.cube", "LUT_3D_SIZE 2\n0 0\n"), "a.cube:2: expected 3 numbers, found 2");
-    EXPECT_EQ(ErrorOf("a.cube", "0 0 0\n"),
-              "a.cube:1: expected LUT_3D_SIZE or LUT_1D_SIZE before the first row");
+    EXPECT_EQ(
+        ErrorOf("a.cube", "0 0 0\n"),
+        "a.cube:1: expected LUT_3D_SIZE or LUT_1D_SIZE before the first row, found \"0 0 0\"");
     EXPECT_EQ(ErrorOf("a.cube", "TITLE \"empty\"\n"),
               "a.cube: expected LUT_3D_SIZE or LUT_1D_SIZE, found none");
     EXPECT_EQ(ErrorOf("a.cube", "LUT_3D_SIZE 2\nLUT_3D_INPUT_RANGE 1 0\n"),
@@ -121,7 +126,16 @@ TEST_F(LutFiles, refuseBadCubesWithTheLine)
     EXPECT_EQ(ErrorOf("a.cube", QByteArray("LUT\0D", 5)),
               "a.cube: expected text, found binary data");
     EXPECT_EQ(ErrorOf("a.cube", "LUT_3D_SIZE 2\nDOMAIN_MAX 0 1 1\n" + Small),
-              "a.cube:2: expected DOMAIN_MAX above DOMAIN_MIN");
+              "a.cube:2: expected DOMAIN_MAX above DOMAIN_MIN, found 0 and 0");
+    EXPECT_EQ(ErrorOf("a.cube", ""), "a.cube: expected a table, found an empty file");
+    EXPECT_EQ(ErrorOf("a.cube", "LUT_3D_SIZE 2\nLUT_3D_SIZE 2\n" + Small),
+              "a.cube:2: expected one LUT_3D_SIZE, found a second");
+    EXPECT_EQ(ErrorOf("a.cube", "LUT_3D_SIZE 2\n" + Small + "LUT_1D_SIZE 2\n0 0 0\n1 1 1\n"),
+              "a.cube:10: expected every size before the first row, found LUT_1D_SIZE");
+    EXPECT_EQ(ErrorOf("a.cube", "\xef\xbb\xbfLUT_3D_SIZE 2\n" + Small),
+              "a.cube:1: expected text without a byte order mark, found one at the beginning");
+    EXPECT_EQ(ErrorOf("a.cube", "LUT_1D_SIZE 2\r0 0 0\r1 1 1\r"),
+              "a.cube:1: expected lines that end in a line feed, found carriage returns alone");
 }
 
 TEST_F(LutFiles, refuseBadThreeDlWithTheLine)
@@ -147,11 +161,48 @@ TEST_F(LutFiles, refuseBadXmlWithTheLine)
         "a.clf:2: expected an array of at most 6440067 numbers, found \"dim\" \"4000 4000 4000 "
         "3\"");
     EXPECT_EQ(ErrorOf("a.clf", head + "<LUT1D><Array dim=\"2 3\">\n0 0 0\n1 1</Array></LUT1D>"),
-              "a.clf:2: expected 6 numbers in the array, found 5");
+              "a.clf:2: expected 6 numbers in <Array>, found 5");
     EXPECT_EQ(ErrorOf("a.clf", head + "<LUT1D><Array dim=\"2 3\">\n0 0 0\n1 NaN 1</Array></LUT1D>"),
               "a.clf:4: expected a finite number, found \"NaN\"");
-    EXPECT_THAT(ErrorOf("a.clf", "<Something/>"), HasSubstr("a.clf: "));
-    EXPECT_THAT(ErrorOf("a.cdl", "<Something/>"), HasSubstr("a.cdl: "));
+    EXPECT_EQ(ErrorOf("a.clf", "\n<Something/>"),
+              "a.clf:2: expected <ProcessList>, found <Something>");
+    EXPECT_EQ(ErrorOf("a.cdl", "<Something/>"),
+              "a.cdl:1: expected <ColorCorrection> or <ColorCorrectionCollection> or "
+              "<ColorDecisionList>, found <Something>");
+    EXPECT_EQ(ErrorOf("a.clf", head + "<Description>x</Description></ProcessList>"),
+              "a.clf:1: expected at least one step in <ProcessList>, found none");
+    EXPECT_EQ(ErrorOf("a.clf", head + "<LUT1D/></ProcessList>"),
+              "a.clf:2: expected <Array> in <LUT1D>, found none");
+    EXPECT_THAT(ErrorOf("a.clf", "<ProcessList id=\"a\" compCLFversion=\"99\"><Matrix "
+                                 "inBitDepth=\"32f\" outBitDepth=\"32f\"><Array dim=\"3 3\">1 0 0 "
+                                 "0 1 0 0 0 1</Array></Matrix></ProcessList>"),
+                HasSubstr("a.clf:1: expected a file that can be read: Unsupported"));
+    EXPECT_EQ(ErrorOf("a.cc", ""), "a.cc: expected a table, found an empty file");
+}
+
+TEST_F(LutFiles, refuseBadDecisionListsWithTheLine)
+{
+    const auto withPart = [](const char* part, const char* numbers) {
+        QByteArray text = "<ColorCorrection id=\"x\">\n<SOPNode>\n";
+        for (const char* name : {"Slope", "Offset", "Power"})
+            text += QByteArray("<") + name + ">" + (qstrcmp(name, part) == 0 ? numbers : "1 1 1") +
+                    "</" + name + ">\n";
+        return text + "</SOPNode>\n</ColorCorrection>";
+    };
+    EXPECT_EQ(ErrorOf("a.cc", withPart("Slope", "1 1")),
+              "a.cc:3: expected 3 numbers in <Slope>, found 2");
+    EXPECT_EQ(ErrorOf("a.cc", withPart("Offset", "1 1 1 1")),
+              "a.cc:4: expected 3 numbers in <Offset>, found 4");
+    EXPECT_EQ(ErrorOf("a.cc", withPart("Slope", "1 -1 1")),
+              "a.cc:3: expected numbers from 0 in <Slope>, found -1");
+    EXPECT_EQ(ErrorOf("a.cc", withPart("Power", "1 1 0")),
+              "a.cc:5: expected numbers above 0 in <Power>, found 0");
+    EXPECT_EQ(ErrorOf("a.cc", "<ColorCorrection>\n<SOPNode><Offset>0 0 0</Offset><Power>1 1 "
+                              "1</Power></SOPNode></ColorCorrection>"),
+              "a.cc:2: expected <Slope> in <SOPNode>, found none");
+    EXPECT_EQ(ErrorOf("a.ccc", "<ColorCorrectionCollection>\n" + Correction("x", "1 1 1") + "\n" +
+                                   Correction("x", "1 1 2") + "</ColorCorrectionCollection>"),
+              "a.ccc:3: expected an id of its own, found \"x\" again");
     EXPECT_EQ(ErrorOf("a.cc", Correction("x", "11 1 1")),
               "a.cc: correction \"x\": expected a slopeRed from 0 to 10, found 11");
     EXPECT_EQ(ErrorOf("a.cc", Correction("x", "1 inf 1")),
@@ -163,6 +214,9 @@ TEST_F(LutFiles, refuseWhatIsNoLut)
     EXPECT_EQ(ErrorOf("look.txt", "x"),
               "look.txt: expected a name that ends in .cube, .3dl, .clf, .cc, .ccc, .cdl, .png or "
               ".tif");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(Path("pipe.cube")).constData(), 0600), 0);
+    EXPECT_EQ(ErrorOf(Path("pipe.cube")),
+              "pipe.cube: expected a plain file, found a pipe, a socket or a device");
     EXPECT_EQ(ErrorOf(Path("none.cube")), "none.cube: cannot be read: No such file or directory");
 }
 
