@@ -7,12 +7,18 @@
 #include "Zorvik/Exception.h"
 #include "catalogue/CatalogueParser.h"
 #include "catalogue/UserStoreChecker.h"
+#include "core/CatalogueLocations.h"
 #include "core/LutImport.h"
 #include "core/PresetControllerFactory.h"
 #include "core/PresetSession.h"
 #include "lut/LutReader.h"
+#include "storage/FileIdentity.h"
 
+#include <QFileInfo>
 #include <QRegularExpression>
+
+#include <algorithm>
+#include <set>
 
 namespace LumetraCli {
 namespace {
@@ -20,6 +26,7 @@ namespace {
 using LumetraHost::CatalogueParser;
 using LumetraHost::CatalogueReport;
 using LumetraHost::CatalogueReports;
+using LumetraHost::FileIdentity;
 using LumetraHost::JsonDocument;
 using LumetraHost::UserStoreChecker;
 using LumetraPlugin::PresetControllerFactory;
@@ -38,19 +45,38 @@ void TakeFile(const QString& file, CatalogueParser& catalogues, CatalogueReports
     }
 }
 
+/// The catalogues that are read whatever is named: their ids are taken and their sliders offered.
+/// One that a checked file would replace, by its name, is left out.
+void TakeOthers(const QStringList& files, CatalogueParser& catalogues)
+{
+    std::set<FileIdentity> checked;
+    std::set<QString> names;
+    for (const QString& file : files) {
+        checked.insert(FileIdentity::Of(file));
+        names.insert(QFileInfo(file).fileName());
+    }
+    for (const QString& file : LumetraPlugin::CatalogueLocations::FindFiles())
+        if (checked.count(FileIdentity::Of(file)) == 0 &&
+            names.count(QFileInfo(file).fileName()) == 0)
+            catalogues.AddFile(file);
+}
+
 bool CheckJson(const QStringList& files, Console& console)
 {
     LumetraPlugin::PresetSession session("lumetra.check");
     CatalogueParser catalogues(PresetControllerFactory::GetKinds());
     CatalogueReports reports;
     std::vector<std::string> names;
+    if (!files.isEmpty())
+        TakeOthers(files, catalogues);
     for (const QString& file : files) {
         names.push_back(file.toStdString());
         TakeFile(file, catalogues, reports);
     }
     catalogues.Parse(session.GetModel(), nullptr);
     for (const CatalogueReport& report : catalogues.GetReports())
-        reports.Add(report);
+        if (std::find(names.begin(), names.end(), report.place.file) != names.end())
+            reports.Add(report);
     reports.Sort(names);
     for (const CatalogueReport& report : reports.GetAll())
         console.PrintLine(QString::fromStdString(report.ToText()));
@@ -94,7 +120,8 @@ void CheckCommand::AddOptions(QCommandLineParser& parser) const
 {
     parser.addPositionalArgument(
         QStringLiteral("FILE"),
-        QStringLiteral("Catalogues, taken together, files of your own presets and LUT files."),
+        QStringLiteral("Catalogues, taken together with the installed ones, files of your own "
+                       "presets and LUT files."),
         QStringLiteral("FILE..."));
 }
 

@@ -128,10 +128,10 @@ std::vector<CheckedNode> CatalogueParser::CollectSliders()
     return sliders;
 }
 
-void CatalogueParser::ParseSliders(Target& target)
+void CatalogueParser::ParseSliders(Target& target, const std::vector<CheckedNode>& sliders)
 {
-    ReadElements(CollectSliders(), nullptr, [&target](const ConstCollectionPtr& sliders) {
-        target.ParseAdditionalInfo(sliders);
+    ReadElements(sliders, nullptr, [&target](const ConstCollectionPtr& list) {
+        target.ParseAdditionalInfo(list);
     });
 }
 
@@ -155,8 +155,12 @@ void CatalogueParser::ParseUserData(Target& target, const ConstSerializerPtr& us
 
 void CatalogueParser::Parse(Target& target, const ConstSerializerPtr& userData)
 {
-    ParseSliders(target);
-    GroupChecker checker(m_controllerKinds);
+    const std::vector<CheckedNode> sliders = CollectSliders();
+    ParseSliders(target, sliders);
+    std::vector<SliderParameters> parameters;
+    for (const CheckedNode& slider : sliders)
+        parameters.push_back(IntensityChecker::ReadParameters(slider));
+    GroupChecker checker(m_controllerKinds, std::move(parameters));
     for (const JsonDocument& document : m_documents) {
         const CheckedNode root(document.GetObject(), document.GetName(), m_reports);
         for (const CheckedNode& node : root.Elements(GroupsKey))

@@ -52,7 +52,7 @@ private:
     bool CheckHeader(const CheckedNode& root) const;
     std::vector<CheckedNode> CollectSliders();
     void AddSlider(std::vector<CheckedNode>& sliders, const CheckedNode& slider);
-    void ParseSliders(Target& target);
+    void ParseSliders(Target& target, const std::vector<CheckedNode>& sliders);
     void ParseGroup(Target& target, const CheckedGroup& group);
     void ParseUserData(Target& target, const Zorvik::Brassel::ConstSerializerPtr& userData);
 

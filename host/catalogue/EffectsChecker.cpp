@@ -7,11 +7,14 @@
 #include "catalogue/CheckedNode.h"
 #include "catalogue/NearestName.h"
 #include "engine/IStoredElsewhere.h"
+#include "engine/lut3d/Lut3dParameters.h"
+#include "engine/lut3d/Lut3dSettings.h"
 #include "storage/JsonWriter.h"
 
 #include <boost/current_function.hpp>
 
 #include <algorithm>
+#include <limits>
 
 namespace LumetraHost {
 namespace {
@@ -20,6 +23,8 @@ using Zorvik::Quindle::EffectDescriptor;
 using Zorvik::Quindle::EffectParameter;
 using Zorvik::Quindle::EffectRegistry;
 using Zorvik::Quindle::IEffectSettings;
+
+constexpr char FileKey[] = "file";
 
 std::vector<std::string> ParameterNames(const EffectDescriptor& descriptor)
 {
@@ -58,13 +63,13 @@ const EffectParameter* FindParameter(const EffectDescriptor& descriptor, const s
     return found == all.end() ? nullptr : &*found;
 }
 
-void CheckRange(const CheckedNode& effect, const EffectParameter& parameter, double value)
+void WarnUnlessWithin(const CheckedNode& node, const std::string& key,
+                      const EffectParameter& parameter, double value)
 {
     if (value < parameter.minimum || value > parameter.maximum)
-        effect.WarningAt(parameter.name, "expected a number from " +
-                                             JsonWriter::NumberText(parameter.minimum) + " to " +
-                                             JsonWriter::NumberText(parameter.maximum) +
-                                             ", found " + JsonWriter::NumberText(value));
+        node.WarningAt(key, "expected a number from " + JsonWriter::NumberText(parameter.minimum) +
+                                " to " + JsonWriter::NumberText(parameter.maximum) + ", found " +
+                                JsonWriter::NumberText(value));
 }
 
 /// True when there is nothing but the id and numbers in their places.
@@ -77,7 +82,7 @@ bool CheckKeys(const CheckedNode& effect, const EffectDescriptor& descriptor)
         const EffectParameter* const parameter = FindParameter(descriptor, key);
         const auto* const number = value.As<JsonNumber>();
         if (parameter && number)
-            CheckRange(effect, *parameter, number->value);
+            WarnUnlessWithin(effect, key, *parameter, number->value);
         else if (parameter)
             effect.Number(key);
         else if (number)
@@ -85,6 +90,19 @@ bool CheckKeys(const CheckedNode& effect, const EffectDescriptor& descriptor)
         isPlain = isPlain && parameter && number;
     }
     return isPlain;
+}
+
+/// A table stands in the preset itself: the name of a file would be nothing but a name as soon as
+/// the catalogue is copied, and is not read.
+void CheckTables(const CheckedNode& effect)
+{
+    if (effect.Has(FileKey))
+        effect.ErrorAt(FileKey, "expected the table itself, as \"" +
+                                    std::string(Lut3dSettings::KeyCurve) + "\" or \"" +
+                                    Lut3dSettings::KeyCube + "\", found the name of a file");
+    else if (!effect.Has(Lut3dSettings::KeyCurve) && !effect.Has(Lut3dSettings::KeyCube))
+        effect.Warning("expected a table, \"" + std::string(Lut3dSettings::KeyCurve) + "\" or \"" +
+                       Lut3dSettings::KeyCube + "\", found none: the effect changes nothing");
 }
 
 /// Effects with more than numbers know best what they can read.
@@ -120,10 +138,20 @@ std::string CheckEffect(const CheckedNode& effect)
     }
     const std::size_t errorCount = effect.GetReports().GetErrorCount();
     const bool isPlain = CheckKeys(effect, *descriptor);
+    if (*effectID == Lut3dParameters::EffectId)
+        CheckTables(effect);
     const bool readsMore = descriptor->create || !isPlain; // than what has just been checked
     if (readsMore && effect.GetReports().GetErrorCount() == errorCount)
         LetRead(effect);
     return *effectID;
+}
+
+void AddID(std::set<std::string>& ids, const CheckedNode& effect, const std::string& effectID)
+{
+    if (!ids.insert(effectID).second && !effectID.empty())
+        effect.WarningAt(IEffectSettings::KEY_EFFECT_ID,
+                         "expected each effect once, found \"" + effectID +
+                             "\" again: sliders move the first one only");
 }
 
 } // namespace
@@ -136,7 +164,7 @@ std::set<std::string> EffectsChecker::Check(const CheckedNode& holder)
     for (const CheckedNode& element : elements) {
         element.NoteUnknownKeys({IEffectSettings::EFFECT});
         if (const auto effect = element.Node(IEffectSettings::EFFECT))
-            ids.insert(CheckEffect(*effect));
+            AddID(ids, *effect, CheckEffect(*effect));
         else if (!element.Has(IEffectSettings::EFFECT))
             element.Error("expected a node \"effect\", found none");
     }
@@ -153,6 +181,22 @@ void EffectsChecker::CheckParameter(const CheckedNode& node, const std::string& 
         node.ErrorAt(key, UnknownEffect(effectID));
     else if (!FindParameter(*descriptor, parameter))
         node.ErrorAt(key, UnknownParameter(*descriptor, parameter));
+}
+
+void EffectsChecker::CheckRange(const CheckedNode& node, const std::string& key,
+                                const std::string& effectID, const std::string& parameter)
+{
+    const auto descriptor = EffectRegistry::Find(effectID);
+    const auto* const found = descriptor ? FindParameter(*descriptor, parameter) : nullptr;
+    if (const auto value = node.Number(key); value && found)
+        WarnUnlessWithin(node, key, *found, *value);
+}
+
+double EffectsChecker::GetWidth(const std::string& effectID, const std::string& parameter)
+{
+    const auto descriptor = EffectRegistry::Find(effectID);
+    const auto* const found = descriptor ? FindParameter(*descriptor, parameter) : nullptr;
+    return found ? found->maximum - found->minimum : std::numeric_limits<double>::infinity();
 }
 
 } // namespace LumetraHost

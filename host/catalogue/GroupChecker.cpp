@@ -6,6 +6,7 @@
 #include "catalogue/EffectsChecker.h"
 #include "catalogue/IntensityChecker.h"
 #include "catalogue/NearestName.h"
+#include "catalogue/VisibleText.h"
 
 namespace LumetraHost {
 namespace {
@@ -34,6 +35,17 @@ void CheckPlainKeys(const CheckedNode& item)
     item.Int(FitPolicyKey);
 }
 
+/// Such a name could do things to a terminal, and no preset can be saved under it.
+void WarnOfControls(const CheckedNode& node, const char* key)
+{
+    const JsonValue* value = node.GetObject().Find(key);
+    const auto* text = value ? value->As<std::string>() : nullptr;
+    const QString name = text ? QString::fromStdString(*text) : QString();
+    if (VisibleText::HasControls(name))
+        node.WarningAt(key, "expected a text without control characters, found \"" +
+                                VisibleText::Make(name).toStdString() + "\"");
+}
+
 std::set<std::string> CheckEffects(const CheckedNode& item)
 {
     if (const auto preview = item.Node(EffectInfo::TAG_SETTINGS_PREVIEW)) {
@@ -50,8 +62,9 @@ std::set<std::string> CheckEffects(const CheckedNode& item)
 
 } // namespace
 
-GroupChecker::GroupChecker(const std::set<std::string>& controllerKinds)
-    : m_controllerKinds(controllerKinds)
+GroupChecker::GroupChecker(const std::set<std::string>& controllerKinds,
+                           std::vector<SliderParameters> sliders)
+    : m_controllerKinds(controllerKinds), m_sliders(std::move(sliders))
 {
 }
 
@@ -64,6 +77,7 @@ std::optional<std::string> GroupChecker::CheckName(const CheckedNode& group)
         group.Error("expected the group's \"name\", found none");
         return std::nullopt;
     }
+    WarnOfControls(group, EffectInfo::KEY_NAME);
     if (name && !m_groupNames.insert(*name).second)
         group.WarningAt(EffectInfo::KEY_NAME,
                         "expected a name of its own, found \"" + *name + "\" again");
@@ -120,6 +134,8 @@ bool GroupChecker::CheckPreset(const CheckedNode& item,
     const auto name = item.Text(EffectInfo::KEY_NAME);
     if (name.value_or(std::string()).empty() && reports.GetErrorCount() == errorCount)
         item.Error("expected the preset's \"name\", found none");
+    WarnOfControls(item, EffectInfo::KEY_NAME);
+    WarnOfControls(item, IdKey);
     const auto id = item.Text(IdKey);
     if (id && id->empty())
         item.ErrorAt(IdKey, "expected an id that is not empty");
@@ -133,8 +149,10 @@ bool GroupChecker::CheckPreset(const CheckedNode& item,
     if (own)
         IntensityChecker::Check(*own);
     const auto& intensity = own ? own : groupIntensity;
-    if (intensity && hasEffects && reports.GetErrorCount() == errorCount)
+    if (intensity && hasEffects && reports.GetErrorCount() == errorCount) {
         IntensityChecker::CheckEffects(*intensity, item, effectIDs);
+        IntensityChecker::CheckSharing(*intensity, item, effectIDs, m_sliders);
+    }
     return reports.GetErrorCount() == errorCount;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "catalogue/CheckedNode.h"
+#include "catalogue/IntensityChecker.h"
 
 #include <optional>
 #include <set>
@@ -24,8 +25,10 @@ struct CheckedGroup
 class GroupChecker
 {
 public:
-    /// `controllerKinds`: the kinds of preset controller that can be made.
-    explicit GroupChecker(const std::set<std::string>& controllerKinds);
+    /// `controllerKinds`: the kinds of preset controller that can be made. `sliders`: the extra
+    /// sliders that presets offer.
+    explicit GroupChecker(const std::set<std::string>& controllerKinds,
+                          std::vector<SliderParameters> sliders = {});
 
     /// The group without the presets that have an error; nothing when the error is in its own name
     /// or settings.
@@ -43,6 +46,7 @@ private:
     bool TakeId(const CheckedNode& item);
 
     std::set<std::string> m_controllerKinds;
+    std::vector<SliderParameters> m_sliders;
     std::set<std::string> m_groupNames;
     std::unordered_map<std::string, CheckedNode> m_ids; // with the preset that has it
 };

@@ -3,6 +3,11 @@
 
 #include "catalogue/CheckedNode.h"
 #include "catalogue/EffectsChecker.h"
+#include "storage/JsonWriter.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace LumetraHost {
 namespace {
@@ -51,10 +56,60 @@ void WarnOfEqualEnds(const CheckedNode& node)
         node.Warning("expected different numbers as \"begin\" and \"end\"");
 }
 
+/// 0 for anything else, which is reported elsewhere.
+double GetNumber(const CheckedNode& node, const char* key)
+{
+    const JsonValue* value = node.GetObject().Find(key);
+    const auto* number = value ? value->As<JsonNumber>() : nullptr;
+    return number ? number->value : 0;
+}
+
+/// Always finite.
+double GetDistance(const CheckedNode& node)
+{
+    return std::min(std::abs(GetNumber(node, EndKey) - GetNumber(node, BeginKey)),
+                    std::numeric_limits<double>::max());
+}
+
+/// Sliders have whole positions, though their ends are stored like other numbers. True when the
+/// end is one of them, or missing.
+bool CheckEnd(const CheckedNode& slider, const char* key)
+{
+    const double end = GetNumber(slider, key);
+    if (end < std::numeric_limits<int>::min() || end > std::numeric_limits<int>::max()) {
+        slider.Int(key); // reports the range and what was found
+        return false;
+    }
+    if (end != std::trunc(end))
+        slider.WarningAt(key, "expected a whole number, found " + JsonWriter::NumberText(end));
+    return true;
+}
+
+void CheckEnds(const CheckedNode& slider)
+{
+    const bool isBeginGood = CheckEnd(slider, BeginKey);
+    const bool isEndGood = CheckEnd(slider, EndKey);
+    const double distance = GetDistance(slider);
+    if (isBeginGood && isEndGood && distance > std::numeric_limits<int>::max())
+        slider.ErrorAt(EndKey, "expected \"begin\" and \"end\" at most 2147483647 apart, found " +
+                                   JsonWriter::NumberText(distance));
+}
+
 std::string EffectOf(const CheckedNode& variable, const CheckedNode& slider)
 {
     return variable.Has(EffectIDKey) ? variable.Text(EffectIDKey).value_or(std::string())
                                      : slider.GetName();
+}
+
+/// A stored value moves to the nearest position of the slider: with steps wider than all values of
+/// the parameter, that could be any value at all.
+void CheckStep(const CheckedNode& variable, const CheckedNode& slider, double width)
+{
+    const double positions = GetDistance(slider);
+    if (positions > 0 && GetDistance(variable) / positions > width)
+        variable.Error("expected one step of the slider to move the parameter by at most " +
+                       JsonWriter::NumberText(width) + ", found " +
+                       JsonWriter::NumberText(GetDistance(variable) / positions));
 }
 
 void CheckVariable(const CheckedNode& variable, const CheckedNode& slider)
@@ -69,6 +124,9 @@ void CheckVariable(const CheckedNode& variable, const CheckedNode& slider)
     if (effectID.empty())
         return variable.Error("expected an \"effectID\", found none and no name of the slider");
     EffectsChecker::CheckParameter(variable, SettingKey, effectID, setting);
+    EffectsChecker::CheckRange(variable, BeginKey, effectID, setting);
+    EffectsChecker::CheckRange(variable, EndKey, effectID, setting);
+    CheckStep(variable, slider, EffectsChecker::GetWidth(effectID, setting));
 }
 
 /// The node of the intensity's own kind, or a remark that it is missing.
@@ -86,6 +144,7 @@ void IntensityChecker::CheckSlider(const CheckedNode& slider)
     slider.NoteUnknownKeys({TitleKey, BeginKey, EndKey, VariablesKey});
     slider.Text(TitleKey);
     WarnOfEqualEnds(slider);
+    CheckEnds(slider);
     const auto variables = slider.Elements(VariablesKey);
     for (const CheckedNode& variable : variables)
         CheckVariable(variable, slider);
@@ -124,6 +183,35 @@ void IntensityChecker::CheckEffects(const CheckedNode& intensity, const CheckedN
         if (effectIDs.count(effectID) == 0)
             item.Error("expected the effect \"" + effectID +
                        "\", which the intensity slider drives, found none in the preset");
+    }
+}
+
+SliderParameters IntensityChecker::ReadParameters(const CheckedNode& slider)
+{
+    SliderParameters result{slider.GetName(), {}};
+    for (const CheckedNode& variable : slider.Elements(VariablesKey))
+        result.parameters.emplace_back(EffectOf(variable, slider),
+                                       variable.Text(SettingKey).value_or(std::string()));
+    return result;
+}
+
+void IntensityChecker::CheckSharing(const CheckedNode& intensity, const CheckedNode& item,
+                                    const std::set<std::string>& effectIDs,
+                                    const std::vector<SliderParameters>& sliders)
+{
+    if (intensity.Int(TypeKey) != Slider || !intensity.Has(SliderKey))
+        return;
+    const auto moved = ReadParameters(*intensity.Node(SliderKey)).parameters;
+    for (const SliderParameters& slider : sliders) {
+        const auto& own = slider.parameters;
+        if (own.empty() || effectIDs.count(own.front().first) == 0)
+            continue;
+        for (const auto& parameter : moved)
+            if (std::find(own.begin(), own.end(), parameter) != own.end())
+                item.Warning("expected an intensity on parameters without an extra slider, found "
+                             "\"" +
+                             parameter.second + "\" of \"" + parameter.first + "\", which \"" +
+                             slider.name + "\" moves too: that slider does nothing");
     }
 }
 

@@ -3,10 +3,19 @@
 
 #include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace LumetraHost {
 
 class CheckedNode;
+
+/// What an extra slider moves. The first parameter's effect decides which presets offer it.
+struct SliderParameters
+{
+    std::string name;
+    std::vector<std::pair<std::string, std::string>> parameters; ///< effect and setting
+};
 
 /// Checks intensity settings and the default sliders, which share the slider's stored form.
 class IntensityChecker
@@ -20,9 +29,18 @@ public:
     static void CheckEffects(const CheckedNode& intensity, const CheckedNode& item,
                              const std::set<std::string>& effectIDs);
 
-    /// Checks a slider's title, range and variables; errors for variables without an existing
-    /// parameter, warnings for ranges of one value.
+    /// A warning for each parameter that the intensity moves and that an extra slider of the preset
+    /// moves too: such a slider does nothing.
+    static void CheckSharing(const CheckedNode& intensity, const CheckedNode& item,
+                             const std::set<std::string>& effectIDs,
+                             const std::vector<SliderParameters>& sliders);
+
+    /// Checks a slider's title, range and variables; errors for ends that are no whole numbers of
+    /// the program or too far apart and for variables without an existing parameter, warnings for
+    /// fractions and for ranges of one value.
     static void CheckSlider(const CheckedNode& slider);
+    /// The parameters of a slider without errors.
+    static SliderParameters ReadParameters(const CheckedNode& slider);
 };
 
 } // namespace LumetraHost

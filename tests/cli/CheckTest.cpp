@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "CliTest.h"
 
+#include <QDir>
+#include <QFile>
+
+#include <sys/stat.h>
+
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -115,4 +120,49 @@ TEST_F(CliTest, sortsTheRemarksOfCataloguesAndStoresByFile)
               "own.json:1:55: warning: version: expected version 2, found a newer one: it can be "
               "read but not changed\n"
               "none.json: error: cannot be read: No such file or directory\n");
+}
+
+TEST_F(CliTest, refusesWhatIsNoPlainFileAtOnce)
+{
+    for (const char* name : {"pipe.json", "pipe.cube", "pipe.cc", "pipe.png"})
+        ASSERT_EQ(::mkfifo(QFile::encodeName(Path(name)).constData(), 0600), 0);
+    for (const char* name : {"folder.json", "folder.cube", "folder.png"})
+        ASSERT_TRUE(QDir(folder.path()).mkdir(QLatin1String(name)));
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), Path("zero.cube")));
+
+    const auto expectRefusal = [this](const char* command, const char* name) {
+        const CliResult result = RunPlain(Words(command) + Words(name));
+        EXPECT_THAT(result.output + result.messages, HasSubstr(std::string(name) + ": "))
+            << command;
+        EXPECT_THAT(result.output + result.messages, HasSubstr("expected a plain file")) << command;
+        return result.code;
+    };
+    for (const char* name : {"pipe.cube", "pipe.cc", "pipe.png", "zero.cube"})
+        for (const char* command : {"check", "import"})
+            EXPECT_EQ(expectRefusal(command, name), 1) << command << name;
+    for (const char* command : {"check", "list --catalogue"})
+        EXPECT_EQ(expectRefusal(command, "pipe.json"), 1) << command;
+    expectRefusal("list --store", "pipe.json");
+    for (const char* name : {"folder.json", "folder.cube", "folder.png"})
+        EXPECT_EQ(RunPlain(Words("check") + Words(name)).output,
+                  std::string(name) + ": error: expected a file, found a folder\n");
+    EXPECT_EQ(RunPlain(Words("check /dev/null")).output,
+              "/dev/null: error: expected a plain file\n");
+}
+
+TEST_F(CliTest, checksIdsAgainstTheCataloguesThatAreReadAnyway)
+{
+    const char* const taken = R"({"format": "lumetra-catalogue", "version": 1, "groups": [
+        {"name": "My looks", "items": [{"name": "X", "id": "portrait.soft-light",
+            "effects": [{"effect": {"id": "exposure", "stops": 1}}]}]}]})";
+    WriteFile("mine.json", taken);
+    const std::string expected = "error: groups[0]/items[0]/id: expected an id of its own, found "
+                                 "\"portrait.soft-light\" again (first at ";
+
+    EXPECT_THAT(RunPlain(Words("check mine.json")).output, HasSubstr(expected));
+    EXPECT_THAT(RunPlain(Words("list --catalogue mine.json")).messages, HasSubstr(expected));
+    EXPECT_THAT(RunPlain({QStringLiteral("check"),
+                          QStringLiteral(LUMETRA_SOURCE_CATALOGUE "/presets.json")})
+                    .output,
+                IsEmpty());
 }

@@ -27,8 +27,8 @@ constexpr char Looks[] = R"({
         "settings": { "effects": [ { "effect": { "id": "saturation", "amount": -100 } } ] } },
       { "name": "Test Slide", "id": "test.slide",
         "intensity": { "type": 2, "sliderSetting": { "begin": 0, "end": 50, "variables":
-          [ { "effectID": "saturation", "setting": "amount", "begin": 0, "end": -100 } ] } },
-        "settings": { "effects": [ { "effect": { "id": "saturation", "amount": -50 } } ] } },
+          [ { "effectID": "liftGammaGain", "setting": "saturation", "begin": 1, "end": 0 } ] } },
+        "settings": { "effects": [ { "effect": { "id": "liftGammaGain", "saturation": 0.5 } } ] } },
       { "name": "Test Plain", "id": "test.plain", "intensity": { "type": 0 },
         "settings": { "effects": [ { "effect": { "id": "saturation", "amount": 50 } } ] } },
       { "name": "Test Twin", "id": "test.twin-1",

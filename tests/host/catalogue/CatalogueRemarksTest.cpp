@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// What a catalogue may say without being wrong JSON, and yet nobody means.
+#include "catalogue/CatalogueParser.h"
+
+#include "RecordingTarget.h"
+#include "Zorvik/Quindle/EffectRegistry.h"
+#include "engine/lut3d/Lut3dParameters.h"
+#include "engine/lut3d/Lut3dSettings.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+using namespace LumetraHost;
+using Zorvik::Quindle::EffectRegistry;
+using Lines = std::vector<std::string>;
+
+namespace {
+
+constexpr char Grey[] = R"({"effect": {"id": "saturation", "amount": -100}})";
+
+class CatalogueRemarks : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        EffectRegistry::Register({"saturation", {{"amount", -100, 100, 0, ""}}, {}});
+        EffectRegistry::Register({"contrast", {{"amount", -100, 100, 0, ""}}, {}});
+        EffectRegistry::Register({Lut3dParameters::EffectId, {{"strength", 0, 100, 100, ""}}, [] {
+                                      return Lut3dSettings::Create();
+                                  }});
+    }
+
+    void TearDown() override
+    {
+        for (const char* id : {"saturation", "contrast", Lut3dParameters::EffectId})
+            EffectRegistry::Unregister(id);
+    }
+
+    /// The reports on a catalogue of these members, without line and column.
+    Lines Check(const std::string& body)
+    {
+        CatalogueParser parser({"", "photo"});
+        parser.AddDocument(JsonDocument::Parse(
+            QByteArray::fromStdString(R"({"format": "lumetra-catalogue", "version": 1, )" + body +
+                                      "}"),
+            "a.json"));
+        target = {};
+        parser.Parse(target, nullptr);
+        Lines lines;
+        for (CatalogueReport report : parser.GetReports()) {
+            report.place.line = 0;
+            lines.push_back(report.ToText());
+        }
+        return lines;
+    }
+
+    Lines CheckEffects(const std::string& effects)
+    {
+        return Check(R"("groups": [{"name": "G", "items": [{"name": "x", "effects": [)" + effects +
+                     "]}]}]");
+    }
+
+    /// The first slider's members are `members`, its variable's `variable`; a good one follows.
+    Lines CheckSlider(const std::string& members, const std::string& variable)
+    {
+        return Check(R"("defaultSettings": {"saturation": {)" + members +
+                     R"(, "variables": [{"setting": "amount", )" + variable +
+                     R"(}]}, "contrast": {"end": 100, "variables": [{"setting": "amount",
+                        "end": 100}]}})");
+    }
+
+    RecordingTarget target;
+};
+
+} // namespace
+
+TEST_F(CatalogueRemarks, onSliderEndsThatAreNoPositions)
+{
+    const std::string good = R"("begin": 0, "end": 100)";
+    EXPECT_EQ(CheckSlider(R"("begin": 0, "end": 3e9)", good),
+              (Lines{"a.json: error: defaultSettings/saturation/end: expected a whole number from "
+                     "-2147483648 to 2147483647, found 3e9"}));
+    EXPECT_EQ(target.calls[0], "sliders: contrast");
+    EXPECT_EQ(
+        CheckSlider(R"("begin": -1e300, "end": 0)", good),
+        (Lines{"a.json: error: defaultSettings/saturation/begin: expected a whole number from "
+               "-2147483648 to 2147483647, found -1e300"}));
+    EXPECT_EQ(
+        CheckSlider(R"("begin": -2147483648, "end": 2147483647)", good),
+        (Lines{"a.json: error: defaultSettings/saturation/end: expected \"begin\" and \"end\" "
+               "at most 2147483647 apart, found 4294967295.0"}));
+    EXPECT_EQ(CheckSlider(R"("begin": 0, "end": 2147483647)", good), Lines{});
+    EXPECT_EQ(CheckSlider(R"("begin": 0, "end": 99.5)", good),
+              (Lines{"a.json: warning: defaultSettings/saturation/end: expected a whole number, "
+                     "found 99.5"}));
+    EXPECT_EQ(target.calls[0], "sliders: saturation contrast");
+}
+
+TEST_F(CatalogueRemarks, onSlidersThatLeaveTheRangeOfTheirParameter)
+{
+    EXPECT_EQ(CheckSlider(R"("end": 100)", R"("begin": -100, "end": 150)"),
+              (Lines{"a.json: warning: defaultSettings/saturation/variables[0]/end: expected a "
+                     "number from -100.0 to 100.0, found 150.0"}));
+    EXPECT_EQ(target.calls[0], "sliders: saturation contrast");
+    EXPECT_EQ(CheckSlider(R"("end": 100)", R"("begin": -100, "end": 39900)"),
+              (Lines{"a.json: error: defaultSettings/saturation/variables[0]: expected one step of "
+                     "the slider to move the parameter by at most 200.0, found 400.0",
+                     "a.json: warning: defaultSettings/saturation/variables[0]/end: expected a "
+                     "number from -100.0 to 100.0, found 39900.0"}));
+    EXPECT_EQ(target.calls[0], "sliders: contrast");
+    EXPECT_EQ(CheckSlider(R"("end": 1)", R"("begin": -100, "end": 100)"), Lines{});
+}
+
+TEST_F(CatalogueRemarks, onAnEffectThatStandsThereTwice)
+{
+    EXPECT_EQ(
+        CheckEffects(std::string(Grey) + ", " + Grey),
+        (Lines{"a.json: warning: groups[0]/items[0]/effects[1]/effect/id: expected each effect "
+               "once, found \"saturation\" again: sliders move the first one only"}));
+    EXPECT_EQ(target.calls[1], "group G: x");
+}
+
+TEST_F(CatalogueRemarks, onATableThatIsOnlyNamedOrMissing)
+{
+    EXPECT_EQ(CheckEffects(R"({"effect": {"id": "lut3d", "file": "film.cube"}})"),
+              (Lines{"a.json: error: groups[0]/items[0]/effects[0]/effect/file: expected the table "
+                     "itself, as \"curve\" or \"cube\", found the name of a file"}));
+    EXPECT_EQ(CheckEffects(R"({"effect": {"id": "lut3d", "strength": 50}})"),
+              (Lines{"a.json: warning: groups[0]/items[0]/effects[0]/effect: expected a table, "
+                     "\"curve\" or \"cube\", found none: the effect changes nothing"}));
+}
+
+TEST_F(CatalogueRemarks, onAnIntensityThatMovesWhatAnExtraSliderMoves)
+{
+    const std::string intensity =
+        R"("intensity": {"type": 2, "sliderSetting": {"end": 100, "variables": [{"effectID":
+           "saturation", "setting": "amount", "end": -100}]}})";
+    const auto check = [&](const std::string& slider, const std::string& group,
+                           const std::string& item) {
+        return Check(R"("defaultSettings": {"colour": {"end": 100, "variables": [{"effectID": ")" +
+                     slider + R"(", "setting": "amount", "end": 100}]}}, "groups": [{"name": "G",
+                        "settings": {)" +
+                     group + R"(}, "items": [{"name": "x", )" + item + R"("effects": [)" + Grey +
+                     "]}]}]");
+    };
+    const Lines expected{
+        "a.json: warning: groups[0]/items[0]: expected an intensity on parameters without an extra "
+        "slider, found \"amount\" of \"saturation\", which \"colour\" moves too: that slider does "
+        "nothing"};
+    EXPECT_EQ(check("saturation", "", intensity + ", "), expected);
+    EXPECT_EQ(check("saturation", intensity, ""), expected);
+    EXPECT_EQ(check("saturation", intensity, R"("intensity": {"type": 0}, )"), Lines{});
+    EXPECT_EQ(check("contrast", "", intensity + ", "), Lines{});
+}
+
+TEST_F(CatalogueRemarks, onNamesWithControlCharacters)
+{
+    EXPECT_EQ(Check(R"("groups": [{"name": "G\n", "items": [{"name": "x\u001b[1m", "id": "\u009b",
+                    "effects": [)" +
+                    std::string(Grey) + "]}]}]"),
+              (Lines{"a.json: warning: groups[0]/name: expected a text without control characters, "
+                     "found \"G\\n\"",
+                     "a.json: warning: groups[0]/items[0]/name: expected a text without control "
+                     "characters, found \"x\\x1b[1m\"",
+                     "a.json: warning: groups[0]/items[0]/id: expected a text without control "
+                     "characters, found \"\\x9b\""}));
+}
