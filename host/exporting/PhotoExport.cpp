@@ -3,6 +3,7 @@
 
 #include "exporting/ExportLayer.h"
 #include "exporting/StreamedExport.h"
+#include "photo/PhotoLimits.h"
 #include "photo/PhotoReader.h"
 #include "storage/CheckedFileWriter.h"
 
@@ -13,6 +14,8 @@
 
 #include <boost/current_function.hpp>
 
+#include <algorithm>
+#include <new>
 #include <utility>
 
 namespace LumetraHost {
@@ -70,19 +73,24 @@ PhotoExport::Result PhotoExport::Run(const QString& source, const QString& targe
     const PhotoFormat format = PhotoWriter::GetFormatOf(target);
     const std::string sourceName = source.toStdString();
     Result result;
-    const Bytes encoded = Convert(PhotoReader::ReadContent(source), sourceName, format,
-                                  target.toStdString(), look, options, result.warnings);
-    result.isWritten = !encoded.empty();
-    if (result.isWritten) {
-        MakeFolder(target);
-        CheckedFileWriter::Write(target, encoded.data(), encoded.size());
+    try {
+        const Bytes encoded = Convert(PhotoReader::ReadContent(source), sourceName, format,
+                                      target.toStdString(), look, options, result.warnings);
+        result.isWritten = !encoded.empty();
+        if (result.isWritten) {
+            MakeFolder(target);
+            CheckedFileWriter::Write(target, encoded.data(), encoded.size());
+        }
+    } catch (const std::bad_alloc&) {
+        throw Zorvik::Exception(sourceName + ": " + PhotoLimits::OutOfMemory,
+                                BOOST_CURRENT_FUNCTION, "exporting/PhotoExport", __LINE__);
     }
     return result;
 }
 
 Bytes PhotoExport::Convert(const Bytes& source, const std::string& sourceName, PhotoFormat format,
                            const std::string& targetName, const ExportLook& look,
-                           const Options& options, std::vector<std::string>& warnings) const
+                           const Options& options, Warnings& warnings) const
 {
     if (options.isStreamed) {
         if (auto streamed = StreamedExport::Open(source, sourceName))
@@ -90,10 +98,11 @@ Bytes PhotoExport::Convert(const Bytes& source, const std::string& sourceName, P
     }
     Photo photo = PhotoReader::Decode(source, sourceName);
     warnings = photo.warnings;
+    warnings.insert(warnings.end(), photo.reductions.begin(), photo.reductions.end());
     photo.image = Draw(std::move(photo.image), look, *m_pool, options);
     if (photo.image.IsNull())
         return {};
-    return PhotoWriter::Encode(photo, format, options.writing, targetName);
+    return PhotoWriter::Encode(photo, format, options.writing, targetName, &warnings);
 }
 
 } // namespace LumetraHost

@@ -5,11 +5,11 @@
 #include "engine/ThreadPool.h"
 #include "exporting/ExportLook.h"
 #include "photo/PhotoWriter.h"
+#include "photo/Warnings.h"
 
 #include <QString>
 
 #include <string>
-#include <vector>
 
 namespace LumetraHost {
 
@@ -30,20 +30,23 @@ public:
 
     struct Result
     {
-        bool isWritten = false;            ///< false when it was cancelled
-        std::vector<std::string> warnings; ///< see Photo
+        bool isWritten = false; ///< false when it was cancelled
+        /// What of the photo is not in the file: damage, reductions (see Photo) and blocks that the
+        /// format does not hold.
+        Warnings warnings;
     };
 
     /// `pool` is kept by reference.
     explicit PhotoExport(ThreadPool& pool = ThreadPool::GetShared()) : m_pool(&pool) {}
 
     /// Creates or replaces the file at `target`, whose extension says the format, and its folder.
-    /// Zorvik::Exception as from PhotoReader and PhotoWriter; the old file is then untouched.
+    /// Zorvik::Exception as from PhotoReader and PhotoWriter, and naming the photo when there is
+    /// not enough memory; the old file is then untouched.
     Result Run(const QString& source, const QString& target, const ExportLook& look,
                const Options& options) const;
 
     /// The file in memory; empty when it was cancelled. `sourceName` and `targetName` begin the
-    /// texts of exceptions.
+    /// texts of exceptions. std::bad_alloc.
     Bytes Convert(const Bytes& source, const std::string& sourceName, PhotoFormat format,
                   const std::string& targetName, const ExportLook& look, const Options& options,
                   std::vector<std::string>& warnings) const;

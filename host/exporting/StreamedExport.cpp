@@ -135,18 +135,17 @@ std::unique_ptr<StreamedExport> StreamedExport::Open(const Bytes& content, const
     auto read = MetadataReader::Read(content, {}, streamed->m_warnings);
     const QByteArray profile = reader.GetProfile();
     const bool isOtherSpace = profile.isEmpty() && read.adobeRgb;
-    if (read.orientation > 1 || isOtherSpace ||
+    if (read.orientation > 1 || isOtherSpace || reader.IsProfileDamaged() ||
         !ColorConversion::IsSrgb(reader.GetMeaning(), profile))
         return nullptr;
     read.metadata.iccProfile = profile;
-    streamed->m_metadata = MetadataWriter::NormaliseOrDrop(
-        read.metadata, reader.GetWidth(), reader.GetHeight(), name, streamed->m_warnings);
+    streamed->m_metadata = MetadataWriter::Normalise(read.metadata, reader.GetWidth(),
+                                                     reader.GetHeight(), streamed->m_warnings);
     return streamed;
 }
 
 Bytes StreamedExport::Run(const ExportLook& look, PhotoFormat format, const std::string& targetName,
-                          const PhotoExport::Options& options, ThreadPool& pool,
-                          std::vector<std::string>& warnings)
+                          const PhotoExport::Options& options, ThreadPool& pool, Warnings& warnings)
 {
     warnings = m_warnings;
     PictureRunForm form;
@@ -160,7 +159,7 @@ Bytes StreamedExport::Run(const ExportLook& look, PhotoFormat format, const std:
         stream.AddLayer(layer);
     const PictureForm picture{form.width, form.height, form.depth, true};
     const auto encoder =
-        PhotoWriter::Start(picture, m_metadata, format, options.writing, targetName);
+        PhotoWriter::Start(picture, m_metadata, format, options.writing, targetName, &warnings);
     return stream.Run(*encoder, pool, options.cancel) ? encoder->Finish() : Bytes();
 }
 

@@ -6,7 +6,6 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace LumetraHost {
 
@@ -21,15 +20,14 @@ public:
 
     /// As PhotoExport::Convert().
     Bytes Run(const ExportLook& look, PhotoFormat format, const std::string& targetName,
-              const PhotoExport::Options& options, ThreadPool& pool,
-              std::vector<std::string>& warnings);
+              const PhotoExport::Options& options, ThreadPool& pool, Warnings& warnings);
 
 private:
     StreamedExport(const Bytes& content, const std::string& name) : m_reader(content, name) {}
 
     JpegRowReader m_reader;
     PhotoMetadata m_metadata;
-    std::vector<std::string> m_warnings;
+    Warnings m_warnings;
 };
 
 } // namespace LumetraHost

@@ -41,6 +41,10 @@ constexpr cmsUInt32Number Flags = cmsFLAGS_BLACKPOINTCOMPENSATION | cmsFLAGS_NOC
 constexpr int ProbeSteps = 9;
 constexpr int ColorChannels = 3;
 
+constexpr char UnusableProfile[] =
+    "the embedded colour profile is damaged or belongs to another kind of picture; the colours are "
+    "taken as they are";
+
 [[noreturn]] void Fail(const std::string& text)
 {
     throw Zorvik::Exception("colour conversion: " + text, BOOST_CURRENT_FUNCTION,
@@ -286,11 +290,20 @@ bool IsCmyk(PixelMeaning meaning)
     return meaning == PixelMeaning::Cmyk || meaning == PixelMeaning::CmykInverted;
 }
 
+/// The profile's own description; in quotes, or a word where it has none.
+std::string DescribeProfile(const Profile& profile)
+{
+    char text[80] = "";
+    cmsGetProfileInfoASCII(profile.get(), cmsInfoDescription, "en", "US", text, sizeof text);
+    return *text ? '"' + std::string(text) + '"' : std::string("its own profile");
+}
+
 /// A picture without a usable profile.
 QByteArray ConvertPlain(DecodedPhoto& photo)
 {
     if (!IsCmyk(photo.meaning))
         return {};
+    Warn(photo.reductions, "its inks (CMYK) are converted to sRGB");
     const bool inverted = photo.meaning == PixelMeaning::CmykInverted;
     if (photo.pixels.GetDepth() == Image::Depth::Bits16)
         ConvertPlainInks<std::uint16_t>(photo.pixels, inverted);
@@ -301,8 +314,10 @@ QByteArray ConvertPlain(DecodedPhoto& photo)
 
 } // namespace
 
-QByteArray ColorConversion::ToSrgb(DecodedPhoto& photo, std::vector<std::string>& warnings)
+QByteArray ColorConversion::ToSrgb(DecodedPhoto& photo, Warnings& warnings)
 {
+    if (photo.isProfileDamaged)
+        Warn(warnings, UnusableProfile);
     if (photo.iccProfile.isEmpty())
         return ConvertPlain(photo);
     const bool deep = photo.pixels.GetDepth() == Image::Depth::Bits16;
@@ -312,12 +327,13 @@ QByteArray ColorConversion::ToSrgb(DecodedPhoto& photo, std::vector<std::string>
     if (layout != 0 && ActsAsSrgb(profile))
         return photo.iccProfile;
     if (!ConvertColors(photo.pixels, profile, layout)) {
-        warnings.push_back("the embedded colour profile is damaged or belongs to another kind of "
-                           "picture; the colours are taken as they are");
+        Warn(warnings, UnusableProfile);
         return ConvertPlain(photo);
     }
     if (IsCmyk(photo.meaning))
         MakeOpaque(photo.pixels);
+    Warn(photo.reductions, "its colours are converted from " + DescribeProfile(profile) +
+                               " to sRGB; those that sRGB does not have are clipped");
     return GetSrgbProfile();
 }
 

@@ -3,9 +3,6 @@
 
 #include "photo/DecodedPhoto.h"
 
-#include <string>
-#include <vector>
-
 namespace LumetraHost {
 
 /// Brings decoded pictures to sRGB, relative colorimetric with black point compensation. Grey and
@@ -17,8 +14,9 @@ public:
     /// Converts the picture's pixels in place and returns the profile that they have afterwards:
     /// the picture's own where that is sRGB within one 8-bit step (the pixels are then untouched),
     /// an sRGB profile after a conversion, nothing when there was none. A profile that is damaged
-    /// or belongs to another kind of picture is left out with a warning.
-    static QByteArray ToSrgb(DecodedPhoto& photo, std::vector<std::string>& warnings);
+    /// or belongs to another kind of picture is left out with a warning. The photo's reductions
+    /// tell of a conversion: colours that sRGB does not have become the nearest on its border.
+    static QByteArray ToSrgb(DecodedPhoto& photo, Warnings& warnings);
 
     /// True when ToSrgb() would leave the pixels and the profile of a picture as they are, without
     /// a warning.

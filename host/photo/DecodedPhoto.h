@@ -2,6 +2,7 @@
 #pragma once
 
 #include "photo/Image.h"
+#include "photo/Warnings.h"
 
 #include <QByteArray>
 
@@ -23,12 +24,15 @@ struct DecodedPhoto
     Image pixels;
     PixelMeaning meaning = PixelMeaning::Rgb;
     QByteArray iccProfile;
-    QByteArray exif; ///< only of formats whose EXIF block the codec itself delivers
-    QByteArray xmp;  ///< as `exif`
+    bool isProfileDamaged = false; ///< there is a profile, of which parts are missing
+    QByteArray exif;               ///< only of formats whose EXIF block the codec itself delivers
+    QByteArray xmp;                ///< as `exif`
     /// The blocks above are all that there is: the file is not looked through for others.
     bool hasOwnMetadata = false;
     int orientation = 0;    ///< 1..8 where the codec itself delivers it, else 0
     bool isUpright = false; ///< the codec has turned the picture, whatever the EXIF block says
+    Warnings warnings;      ///< see Photo
+    Warnings reductions;    ///< see Photo
 };
 
 } // namespace LumetraHost

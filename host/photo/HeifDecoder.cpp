@@ -10,6 +10,8 @@
 
 #include <cstring>
 #include <memory>
+#include <new>
+#include <string>
 #include <vector>
 
 #include <libheif/heif.h>
@@ -53,6 +55,8 @@ void Decoding::Check(const heif_error& error) const
 {
     if (error.code == heif_error_Ok)
         return;
+    if (error.code == heif_error_Memory_allocation_error)
+        throw std::bad_alloc();
     std::string text = ": the HEIF data cannot be read: ";
     if (error.code == heif_error_Unsupported_filetype ||
         error.code == heif_error_Unsupported_feature)
@@ -163,6 +167,10 @@ DecodedPhoto Decoding::Run(const Bytes& content)
     photo.xmp = ReadBlock("mime", "application/rdf+xml");
     photo.hasOwnMetadata = true;
     photo.isUpright = true;
+    const int count = heif_context_get_number_of_top_level_images(m_context.get());
+    if (count > 1)
+        Warn(photo.reductions,
+             "it has " + std::to_string(count) + " pictures; only the main one is read");
     return photo;
 }
 

@@ -11,6 +11,7 @@ DecodedPhoto ReadAll(JpegRowReader& reader)
     DecodedPhoto photo;
     photo.meaning = reader.GetMeaning();
     photo.iccProfile = reader.GetProfile();
+    photo.isProfileDamaged = reader.IsProfileDamaged();
     photo.pixels =
         Image::AllocateUninitialised(reader.GetWidth(), reader.GetHeight(), Image::Depth::Bits8);
     reader.Read(photo.pixels, 0, reader.GetHeight());

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photo/JpegEncoder.h"
 
-#include "photo/MetadataWriter.h"
+#include "photo/JpegMetadata.h"
 #include "photo/RowWriter.h"
 
 #include "Zorvik/Exception.h"
@@ -20,6 +20,9 @@ namespace {
 /// A photo seldom takes more than this many bytes per pixel. Memory that is not written to costs
 /// nothing, while growing would copy.
 constexpr std::size_t UsualBytesPerPixel = 1;
+
+/// 255 segments, each of which begins with 14 bytes that say so.
+constexpr int LargestProfile = 255 * (JpegSegment::LargestContent - 14);
 
 struct ErrorState
 {
@@ -84,7 +87,7 @@ public:
     Compression(const PictureForm& form, const std::string& name);
     ~Compression() override { jpeg_destroy_compress(&m_info); }
 
-    void Begin(int quality, const PhotoMetadata& metadata);
+    void Begin(int quality, const PhotoMetadata& metadata, Warnings& warnings);
 
     void Write(const Image& rows, int first, int count) override;
     Bytes Finish() override;
@@ -94,7 +97,8 @@ private:
     void Guard(const Step& step);
 
     void Configure(int quality);
-    void WriteMetadata(const PhotoMetadata& metadata);
+    void WriteSegments(const std::vector<JpegSegment>& segments);
+    void WriteProfile(const QByteArray& profile, Warnings& warnings);
 
     const PictureForm m_form;
     const std::string m_name;
@@ -149,26 +153,37 @@ void Compression::Configure(int quality)
     });
 }
 
-void Compression::WriteMetadata(const PhotoMetadata& metadata)
+void Compression::WriteSegments(const std::vector<JpegSegment>& segments)
 {
-    const auto blocks = MetadataWriter::MakeJpegBlocks(metadata, m_name);
-    Guard([this, &blocks, &metadata] {
-        for (const MetadataWriter::JpegBlock& block : blocks)
-            jpeg_write_marker(&m_info, block.marker,
-                              reinterpret_cast<const JOCTET*>(block.content.constData()),
-                              static_cast<unsigned int>(block.content.size()));
-        if (!metadata.iccProfile.isEmpty())
-            jpeg_write_icc_profile(&m_info,
-                                   reinterpret_cast<const JOCTET*>(metadata.iccProfile.constData()),
-                                   static_cast<unsigned int>(metadata.iccProfile.size()));
+    Guard([this, &segments] {
+        for (const JpegSegment& segment : segments)
+            jpeg_write_marker(&m_info, segment.marker,
+                              reinterpret_cast<const JOCTET*>(segment.content.constData()),
+                              static_cast<unsigned int>(segment.content.size()));
     });
 }
 
-void Compression::Begin(int quality, const PhotoMetadata& metadata)
+void Compression::WriteProfile(const QByteArray& profile, Warnings& warnings)
 {
+    if (profile.size() > LargestProfile)
+        Warn(warnings, "the colour profile is larger than a JPEG file can hold, which is " +
+                           std::to_string(LargestProfile) + " bytes; it is left out");
+    if (profile.isEmpty() || profile.size() > LargestProfile)
+        return;
+    Guard([this, &profile] {
+        jpeg_write_icc_profile(&m_info, reinterpret_cast<const JOCTET*>(profile.constData()),
+                               static_cast<unsigned int>(profile.size()));
+    });
+}
+
+void Compression::Begin(int quality, const PhotoMetadata& metadata, Warnings& warnings)
+{
+    if (!m_form.isOpaque)
+        Warn(warnings, "JPEG holds no transparency: the picture is laid over white");
     Configure(quality);
     Guard([this] { jpeg_start_compress(&m_info, TRUE); });
-    WriteMetadata(metadata);
+    WriteSegments(JpegMetadata::Make(metadata, warnings));
+    WriteProfile(metadata.iccProfile, warnings);
 }
 
 void Compression::Write(const Image& rows, int first, int count)
@@ -195,10 +210,10 @@ Bytes Compression::Finish()
 
 std::unique_ptr<RowEncoder> JpegEncoder::Start(const PictureForm& form, int quality,
                                                const PhotoMetadata& metadata,
-                                               const std::string& name)
+                                               const std::string& name, Warnings& warnings)
 {
     auto compression = std::make_unique<Compression>(form, name);
-    compression->Begin(quality, metadata);
+    compression->Begin(quality, metadata, warnings);
     return compression;
 }
 

@@ -3,6 +3,7 @@
 
 #include "photo/PhotoMetadata.h"
 #include "photo/RowEncoder.h"
+#include "photo/Warnings.h"
 
 #include <memory>
 #include <string>
@@ -20,10 +21,10 @@ public:
     static constexpr int FullColorQuality = 90;
 
     /// Begins a file with all its metadata. `quality` 1..100, `name` begins the text of every
-    /// Zorvik::Exception, which is thrown for a metadata block above 64 kB too.
+    /// Zorvik::Exception; `warnings` tells what the format cannot hold of alpha and metadata.
     static std::unique_ptr<RowEncoder> Start(const PictureForm& form, int quality,
-                                             const PhotoMetadata& metadata,
-                                             const std::string& name);
+                                             const PhotoMetadata& metadata, const std::string& name,
+                                             Warnings& warnings);
 };
 
 } // namespace LumetraHost

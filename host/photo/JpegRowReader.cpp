@@ -11,6 +11,8 @@
 #include <csetjmp>
 #include <cstdio>
 #include <cstdlib>
+#include <new>
+#include <string_view>
 
 #include <jpeglib.h>
 
@@ -94,11 +96,13 @@ public:
     const jpeg_decompress_struct& GetInfo() const { return m_info; }
     PixelMeaning GetMeaning() const { return m_meaning; }
     QByteArray ReadProfile();
+    bool HasProfileSegment() const;
 
 private:
     template <class Step>
     void Guard(const Step& step);
     [[noreturn]] void Throw() const;
+    std::string DescribeEnd() const;
     void ChooseOutput();
     void Start();
 
@@ -133,16 +137,29 @@ void JpegRowReader::Decompression::Throw() const
     // The library has limits of its own, and says them in its own words.
     if (m_error.code == JERR_IMAGE_TOO_BIG || m_error.code == JERR_EMPTY_IMAGE)
         PhotoLimits::Check(m_name, m_info.image_width, m_info.image_height);
-    std::string text = m_name + ": ";
-    if (MeansTruncated(m_error.code)) {
-        text += "the file ends before its picture does: expected ";
-        text += m_info.image_height > 0 ? std::to_string(m_info.image_height) + " rows, found " +
-                                              std::to_string(m_info.output_scanline)
-                                        : std::string("a JPEG header");
-    } else {
-        text += std::string("the JPEG data cannot be read: ") + m_error.text;
-    }
-    throw Zorvik::Exception(text, BOOST_CURRENT_FUNCTION, "photo/JpegRowReader", __LINE__);
+    if (m_error.code == JERR_OUT_OF_MEMORY)
+        throw std::bad_alloc();
+    const std::string text = MeansTruncated(m_error.code)
+                                 ? "the file ends before its picture does: " + DescribeEnd()
+                                 : std::string("the JPEG data cannot be read: ") + m_error.text;
+    throw Zorvik::Exception(m_name + ": " + text, BOOST_CURRENT_FUNCTION, "photo/JpegRowReader",
+                            __LINE__);
+}
+
+/// What is missing at the end of the file. The scans of progressive files hold all rows each, and
+/// are read before the first row comes out.
+std::string JpegRowReader::Decompression::DescribeEnd() const
+{
+    if (m_info.image_height == 0 || m_info.input_scan_number == 0)
+        return "expected a JPEG header";
+    if (m_info.output_scanline == m_info.output_height && m_isStarted)
+        return "all " + std::to_string(m_info.output_height) +
+               " rows are there, but the end marker is missing";
+    if (!m_isStarted)
+        return "expected the end marker, found the end in scan " +
+               std::to_string(m_info.input_scan_number);
+    return "expected " + std::to_string(m_info.output_height) + " rows, found " +
+           std::to_string(m_info.output_scanline);
 }
 
 void JpegRowReader::Decompression::ReadHeader()
@@ -186,11 +203,22 @@ QByteArray JpegRowReader::Decompression::ReadProfile()
 {
     JOCTET* data = nullptr;
     unsigned int size = 0;
-    if (!jpeg_read_icc_profile(&m_info, &data, &size))
-        return {};
+    Guard([&, this] { jpeg_read_icc_profile(&m_info, &data, &size); });
     const QByteArray profile(reinterpret_cast<const char*>(data), static_cast<int>(size));
     std::free(data);
     return profile;
+}
+
+bool JpegRowReader::Decompression::HasProfileSegment() const
+{
+    const std::string_view prefix("ICC_PROFILE\0", 12);
+    for (const auto* marker = m_info.marker_list; marker; marker = marker->next) {
+        const std::string_view content(reinterpret_cast<const char*>(marker->data),
+                                       marker->data_length);
+        if (marker->marker == JPEG_APP0 + 2 && content.substr(0, prefix.size()) == prefix)
+            return true;
+    }
+    return false;
 }
 
 void JpegRowReader::Decompression::Start()
@@ -252,6 +280,11 @@ PixelMeaning JpegRowReader::GetMeaning() const
 QByteArray JpegRowReader::GetProfile() const
 {
     return m_decompression->ReadProfile();
+}
+
+bool JpegRowReader::IsProfileDamaged() const
+{
+    return m_decompression->HasProfileSegment() && m_decompression->ReadProfile().isEmpty();
 }
 
 bool JpegRowReader::IsSequential() const

@@ -27,7 +27,9 @@ public:
     int GetWidth() const;
     int GetHeight() const;
     PixelMeaning GetMeaning() const;
+    /// Empty when there is none, or none whose parts are all there.
     QByteArray GetProfile() const;
+    bool IsProfileDamaged() const;
     bool IsSequential() const;
 
     /// The next `count` rows into those of `rows` from its row `first` on, with 8 bits and the

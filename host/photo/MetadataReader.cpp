@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photo/MetadataReader.h"
 
+#include "photo/JpegMetadata.h"
 #include "photo/MetadataTags.h"
 
-#include <exception>
+#include <string>
+#include <vector>
 
 namespace LumetraHost {
 namespace {
@@ -28,84 +30,111 @@ bool SaysAdobeRgb(const Exiv2::ExifData& tags)
     return space != tags.end() && space->count() == 1 && space->toLong() == AdobeRgbColorSpace;
 }
 
-/// Runs one block's reading; a block that cannot be read is told of and left out.
-template <class Reading>
-void Try(const std::string& block, std::vector<std::string>& warnings, const Reading& reading)
+std::string Unreadable(const std::string& block)
 {
-    try {
-        reading();
-    } catch (const std::exception& error) {
-        warnings.push_back("the " + block + " cannot be read and are left out: " + error.what());
-    }
+    return "the " + block + " cannot be read and are left out";
 }
 
-void ReadExif(Exiv2::ExifData tags, Exiv2::ByteOrder order, MetadataReader::Result& result,
-              std::vector<std::string>& warnings)
+void ReadExif(Exiv2::ExifData tags, Exiv2::ByteOrder order, MetadataReader::Result& result)
 {
     result.orientation = GetOrientation(tags);
     result.adobeRgb = SaysAdobeRgb(tags);
     MetadataTags::RemoveStorageTags(tags);
     Exiv2::ExifThumb(tags).erase();
     result.metadata.exif = MetadataTags::EncodeExif(tags, order);
-
-    // The encoder drops the largest fields of a block that would not fit a JPEG file.
-    Exiv2::ExifData kept;
-    if (!result.metadata.exif.isEmpty())
-        MetadataTags::DecodeExif(result.metadata.exif, kept);
-    if (kept.count() < tags.count())
-        warnings.push_back(std::to_string(tags.count() - kept.count()) +
-                           " EXIF fields are too large and are left out");
 }
 
-void ReadExifBlock(const QByteArray& exif, MetadataReader::Result& result,
-                   std::vector<std::string>& warnings)
+void ReadExifBlock(const QByteArray& exif, MetadataReader::Result& result, Warnings& warnings)
 {
-    Try("EXIF data", warnings, [&] {
+    TryOrWarn(warnings, Unreadable("EXIF data"), [&] {
         Exiv2::ExifData tags;
         const Exiv2::ByteOrder order = MetadataTags::DecodeExif(exif, tags);
-        ReadExif(tags, order, result, warnings);
+        ReadExif(tags, order, result);
     });
 }
 
-/// As it stands in the file; of formats that deliver the properties alone, a packet made of them.
+/// The bytes of a tag's value; empty when there is no such tag.
+QByteArray GetTagBytes(Exiv2::Image& file, const char* key)
+{
+    const Exiv2::ExifData& tags = file.exifData();
+    const auto tag = tags.findKey(Exiv2::ExifKey(key));
+    if (tag == tags.end())
+        return {};
+    std::vector<Exiv2::byte> bytes(static_cast<std::size_t>(tag->size()));
+    tag->copy(bytes.data(), file.byteOrder());
+    return QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<int>(bytes.size()));
+}
+
+/// The packet as it stands in the file; from formats that deliver the properties alone, a packet
+/// made of them. TIFF files may fill theirs up with zeros.
 QByteArray GetXmpPacket(Exiv2::Image& file)
 {
+    QByteArray packet = GetTagBytes(file, "Exif.Image.XMLPacket");
+    while (packet.endsWith('\0'))
+        packet.chop(1);
+    if (!packet.isEmpty())
+        return packet;
     file.writeXmpFromPacket(true);
-    const QByteArray packet = QByteArray::fromStdString(file.xmpPacket());
+    packet = QByteArray::fromStdString(file.xmpPacket());
     if (!packet.isEmpty())
         return packet;
     file.writeXmpFromPacket(false);
     return QByteArray::fromStdString(file.xmpPacket());
 }
 
-void ReadFile(const Bytes& content, bool withExif, std::vector<std::string>& warnings,
+/// The metadata library drops damaged records without a word.
+QByteArray GetIptc(Exiv2::Image& file)
+{
+    if (file.iptcData().empty())
+        MetadataTags::DecodeIptc(GetTagBytes(file, "Exif.Image.IPTCNAA"));
+    return MetadataTags::EncodeIptc(file.iptcData());
+}
+
+void ReadFile(const Bytes& content, bool withExif, Warnings& warnings,
               MetadataReader::Result& result)
 {
     const auto file = Exiv2::ImageFactory::open(content.data(), static_cast<long>(content.size()));
     file->readMetadata();
     if (withExif)
-        Try("EXIF data", warnings,
-            [&] { ReadExif(file->exifData(), file->byteOrder(), result, warnings); });
-    Try("IPTC data", warnings,
-        [&] { result.metadata.iptc = MetadataTags::EncodeIptc(file->iptcData()); });
+        TryOrWarn(warnings, Unreadable("EXIF data"),
+                  [&] { ReadExif(file->exifData(), file->byteOrder(), result); });
+    TryOrWarn(warnings, Unreadable("IPTC data"), [&] { result.metadata.iptc = GetIptc(*file); });
     result.metadata.xmp = GetXmpPacket(*file);
+}
+
+/// Block by block, since the metadata library reads no extended XMP and is silent about damage.
+MetadataReader::Result ReadJpeg(const Bytes& content, Warnings& warnings)
+{
+    MetadataReader::Result result;
+    const PhotoMetadata stored = JpegMetadata::Read(content, warnings);
+    result.metadata.xmp = stored.xmp;
+    result.metadata.xmpExtension = stored.xmpExtension;
+    if (!stored.exif.isEmpty())
+        ReadExifBlock(stored.exif, result, warnings);
+    TryOrWarn(warnings, Unreadable("IPTC data"), [&] {
+        result.metadata.iptc = MetadataTags::EncodeIptc(MetadataTags::DecodeIptc(stored.iptc));
+    });
+    return result;
 }
 
 } // namespace
 
 MetadataReader::Result MetadataReader::Read(const Bytes& content, const QByteArray& exif,
-                                            std::vector<std::string>& warnings)
+                                            Warnings& warnings)
 {
     MetadataTags::Initialise();
+    if (DetectPhotoFormat(content) == PhotoFormat::Jpeg)
+        return ReadJpeg(content, warnings);
     Result result;
-    Try("metadata", warnings, [&] { ReadFile(content, exif.isEmpty(), warnings, result); });
+    TryOrWarn(warnings, Unreadable("metadata"),
+              [&] { ReadFile(content, exif.isEmpty(), warnings, result); });
     if (!exif.isEmpty())
         ReadExifBlock(exif, result, warnings);
     return result;
 }
 
 MetadataReader::Result MetadataReader::ReadBlocks(const QByteArray& exif, const QByteArray& xmp,
-                                                  std::vector<std::string>& warnings)
+                                                  Warnings& warnings)
 {
     MetadataTags::Initialise();
     Result result;

@@ -3,14 +3,13 @@
 
 #include "photo/PhotoFormat.h"
 #include "photo/PhotoMetadata.h"
-
-#include <string>
-#include <vector>
+#include "photo/Warnings.h"
 
 namespace LumetraHost {
 
-/// The EXIF, XMP and IPTC blocks of a photo file. Tags that describe how the file stores its pixels
-/// are left out, since they would be wrong anywhere else. Extended XMP is not read.
+/// The EXIF, XMP and IPTC blocks of a photo file, each by itself: one that is damaged costs none of
+/// the others. Tags that describe how the file stores its pixels are left out, since they would be
+/// wrong anywhere else. XMP packets come as they are, whether they can be decoded or not.
 class MetadataReader
 {
 public:
@@ -23,12 +22,10 @@ public:
 
     /// `exif` is the block that the codec delivered; when empty, the file's own is looked for.
     /// Damaged blocks are left out with a warning.
-    static Result Read(const Bytes& content, const QByteArray& exif,
-                       std::vector<std::string>& warnings);
+    static Result Read(const Bytes& content, const QByteArray& exif, Warnings& warnings);
 
     /// Of formats whose codec delivers all blocks that there are.
-    static Result ReadBlocks(const QByteArray& exif, const QByteArray& xmp,
-                             std::vector<std::string>& warnings);
+    static Result ReadBlocks(const QByteArray& exif, const QByteArray& xmp, Warnings& warnings);
 };
 
 } // namespace LumetraHost

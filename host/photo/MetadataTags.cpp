@@ -85,6 +85,37 @@ const Exiv2::byte* Data(const QByteArray& block)
     return reinterpret_cast<const Exiv2::byte*>(block.constData());
 }
 
+/// The usual encoder makes blocks for a segment of a JPEG file: it drops fields from larger ones.
+/// Far below that limit it drops nothing.
+constexpr long SmallestLargeExif = 32'000; // bytes
+
+constexpr int MostNamedFields = 3; // in a warning
+
+/// Bytes of all values.
+long MeasureTags(const Exiv2::ExifData& tags)
+{
+    long size = 0;
+    for (const auto& tag : tags)
+        size += tag.size();
+    return size;
+}
+
+QByteArray EncodeLargeExif(const Exiv2::ExifData& tags, Exiv2::ByteOrder order)
+{
+    Exiv2::MemIo io;
+    Exiv2::TiffParser::encode(io, nullptr, 0, order, tags, Exiv2::IptcData(), Exiv2::XmpData());
+    if (io.open() != 0)
+        throw Exiv2::Error(Exiv2::kerErrorMessage, "the EXIF block cannot be read back");
+    return ToByteArray(io.mmap(), static_cast<std::size_t>(io.size()));
+}
+
+Exiv2::ExifData::iterator FindLargest(Exiv2::ExifData& tags)
+{
+    return std::max_element(tags.begin(), tags.end(), [](const auto& first, const auto& second) {
+        return first.size() < second.size();
+    });
+}
+
 bool SetIfPresent(Exiv2::ExifData& tags, const char* key, std::uint32_t value)
 {
     const auto tag = tags.findKey(Exiv2::ExifKey(key));
@@ -138,15 +169,50 @@ QByteArray MetadataTags::EncodeExif(const Exiv2::ExifData& tags, Exiv2::ByteOrde
 {
     if (tags.empty())
         return {};
+    if (order == Exiv2::invalidByteOrder)
+        order = Exiv2::littleEndian;
+    if (MeasureTags(tags) > SmallestLargeExif)
+        return EncodeLargeExif(tags, order);
     Exiv2::Blob blob;
-    Exiv2::ExifParser::encode(blob, order == Exiv2::invalidByteOrder ? Exiv2::littleEndian : order,
-                              tags);
+    Exiv2::ExifParser::encode(blob, order, tags);
     return ToByteArray(blob.data(), blob.size());
+}
+
+QByteArray MetadataTags::ShrinkExif(const QByteArray& block, int largest, const std::string& target,
+                                    Warnings& warnings)
+{
+    Exiv2::ExifData tags;
+    const Exiv2::ByteOrder order = DecodeExif(block, tags);
+    std::string removed;
+    int count = 0;
+    QByteArray shrunk = block;
+    while (shrunk.size() > largest) {
+        // What stands between the tags takes space as well, so the sizes are only a beginning.
+        auto excess = static_cast<long>(shrunk.size()) - largest;
+        while (excess > 0 && !tags.empty()) {
+            const auto tag = FindLargest(tags);
+            excess -= tag->size();
+            if (++count <= MostNamedFields)
+                removed += (count > 1 ? ", " : "") + tag->key() + " (" +
+                           std::to_string(tag->size()) + " bytes)";
+            tags.erase(tag);
+        }
+        shrunk = EncodeExif(tags, order);
+    }
+    if (count > MostNamedFields)
+        removed += " and " + std::to_string(count - MostNamedFields) + " more";
+    Warn(warnings, "the EXIF data are larger than " + target + " can hold, which is " +
+                       std::to_string(largest) + " bytes; left out: " + removed);
+    return shrunk;
 }
 
 Exiv2::ByteOrder MetadataTags::DecodeExif(const QByteArray& block, Exiv2::ExifData& tags)
 {
-    return Exiv2::ExifParser::decode(tags, Data(block), static_cast<std::uint32_t>(block.size()));
+    const Exiv2::ByteOrder order =
+        Exiv2::ExifParser::decode(tags, Data(block), static_cast<std::uint32_t>(block.size()));
+    if (order == Exiv2::invalidByteOrder)
+        throw Exiv2::Error(Exiv2::kerErrorMessage, "the EXIF block is damaged");
+    return order;
 }
 
 QByteArray MetadataTags::EncodeIptc(const Exiv2::IptcData& records)
@@ -189,13 +255,16 @@ void MetadataTags::Normalise(Exiv2::ExifData& tags, int width, int height)
         interoperability->setValue("R98");
 }
 
-QByteArray MetadataTags::NormaliseXmp(const QByteArray& packet, int width, int height)
+QByteArray MetadataTags::NormaliseXmp(const QByteArray& packet, int width, int height,
+                                      Warnings& warnings)
 {
     if (packet.isEmpty())
         return packet;
     Exiv2::XmpData properties;
-    if (Exiv2::XmpParser::decode(properties, packet.toStdString()))
-        throw Exiv2::Error(Exiv2::kerErrorMessage, "the XMP packet is damaged");
+    if (Exiv2::XmpParser::decode(properties, packet.toStdString())) {
+        Warn(warnings, "the XMP packet cannot be decoded and is carried over as it is");
+        return packet;
+    }
     bool changed = RemoveThumbnails(properties);
     changed = SetIfPresent(properties, "Xmp.tiff.Orientation", 1) || changed;
     changed = SetIfPresent(properties, "Xmp.tiff.ImageWidth", width) || changed;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "photo/PhotoMetadata.h"
+#include "photo/Warnings.h"
 
 #include <exiv2/exif.hpp>
 #include <exiv2/image.hpp>
@@ -17,7 +18,16 @@ public:
     /// Prepares the library once per process; before any other use of it, from any thread.
     static void Initialise();
 
+    /// For PNG and TIFF, whose files cannot hold a second packet.
+    static constexpr char ExtensionIsLost[] =
+        "the extension of the XMP packet cannot be joined with the packet and is left out";
+
+    /// All tags, however large they are.
     static QByteArray EncodeExif(const Exiv2::ExifData& tags, Exiv2::ByteOrder order);
+    /// Without its largest fields, so that it takes at most `largest` bytes; the warning names them
+    /// and `target`, which has no space for more. Empty when nothing is left.
+    static QByteArray ShrinkExif(const QByteArray& block, int largest, const std::string& target,
+                                 Warnings& warnings);
     /// Returns the byte order that the block is written in.
     static Exiv2::ByteOrder DecodeExif(const QByteArray& block, Exiv2::ExifData& tags);
     static QByteArray EncodeIptc(const Exiv2::IptcData& records);
@@ -29,8 +39,10 @@ public:
     /// Makes the metadata those of an upright sRGB picture of this size: orientation 1, size
     /// updated, thumbnails gone. Tags that are not there are not added.
     static void Normalise(Exiv2::ExifData& tags, int width, int height);
-    /// The same for an XMP packet; returned byte for byte when nothing had to be changed.
-    static QByteArray NormaliseXmp(const QByteArray& packet, int width, int height);
+    /// The same for an XMP packet; returned byte for byte when nothing had to be changed, or with a
+    /// warning when it cannot be decoded.
+    static QByteArray NormaliseXmp(const QByteArray& packet, int width, int height,
+                                   Warnings& warnings);
 };
 
 } // namespace LumetraHost

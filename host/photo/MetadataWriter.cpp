@@ -1,30 +1,17 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photo/MetadataWriter.h"
 
+#include "photo/ExtendedXmp.h"
 #include "photo/MetadataTags.h"
 
-#include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
-
-#include <exception>
+#include <string>
+#include <utility>
 
 #include <exiv2/error.hpp>
 #include <zlib.h>
 
 namespace LumetraHost {
 namespace {
-
-template <class Work>
-auto Run(const std::string& name, const Work& work)
-{
-    try {
-        return work();
-    } catch (const std::exception& error) {
-        throw Zorvik::Exception(name + ": the metadata cannot be written: " + error.what(),
-                                BOOST_CURRENT_FUNCTION, "photo/MetadataWriter", __LINE__);
-    }
-}
 
 std::optional<MetadataWriter::Resolution> ReadResolution(const Exiv2::ExifData& tags)
 {
@@ -41,11 +28,12 @@ std::optional<MetadataWriter::Resolution> ReadResolution(const Exiv2::ExifData& 
     return resolution;
 }
 
-Bytes WriteBlocks(const Bytes& encoded, bool withExif, const PhotoMetadata& metadata)
+/// Adds the blocks that are not empty to those of the file.
+Bytes WriteBlocks(const Bytes& encoded, const PhotoMetadata& metadata)
 {
     const auto file = Exiv2::ImageFactory::open(encoded.data(), static_cast<long>(encoded.size()));
     file->readMetadata();
-    if (withExif) {
+    if (!metadata.exif.isEmpty()) {
         Exiv2::ExifData tags;
         file->setByteOrder(MetadataTags::DecodeExif(metadata.exif, tags));
         // Beside the tags that a TIFF file needs for its pixels.
@@ -55,7 +43,11 @@ Bytes WriteBlocks(const Bytes& encoded, bool withExif, const PhotoMetadata& meta
     if (!metadata.iptc.isEmpty())
         file->setIptcData(MetadataTags::DecodeIptc(metadata.iptc));
     if (!metadata.xmp.isEmpty()) {
-        file->setXmpPacket(metadata.xmp.toStdString());
+        // Each format looks at another copy of the packet. The setter would decode it, which not
+        // all packets allow.
+        file->xmpData().setPacket(metadata.xmp.toStdString());
+        file->xmpData().usePacket(true);
+        file->xmpPacket() = metadata.xmp.toStdString();
         file->writeXmpFromPacket(true);
     }
     file->writeMetadata();
@@ -67,33 +59,22 @@ Bytes WriteBlocks(const Bytes& encoded, bool withExif, const PhotoMetadata& meta
     return Bytes(data, data + io.size());
 }
 
-/// A JPEG file as far as the metadata library looks: the start, the JFIF segment, one of another
-/// kind and an empty scan.
-Bytes MakeCarrier()
+/// One block after the other, so that one that fails costs none of the others. XMP is the last,
+/// because a packet that cannot be decoded would not survive another pass.
+Bytes WriteEach(Bytes encoded, const PhotoMetadata& metadata, Warnings& warnings)
 {
-    return {0xFF, 0xD8, 0xFF, 0xE0, 0x00, 0x10, 'J',  'F',  'I',  'F',  0x00, 0x01, 0x01,
-            0x00, 0x00, 0x01, 0x00, 0x01, 0x00, 0x00, 0xFF, 0xDB, 0x00, 0x03, 0x00, 0xFF,
-            0xDA, 0x00, 0x08, 0x01, 0x01, 0x00, 0x00, 0x3F, 0x00, 0xFF, 0xD9};
-}
-
-/// The application segments before the picture, without that of JFIF.
-std::vector<MetadataWriter::JpegBlock> FindBlocks(const Bytes& jpeg)
-{
-    constexpr int firstApplication = 0xE0;
-    constexpr int lastApplication = 0xEF;
-    std::vector<MetadataWriter::JpegBlock> blocks;
-    std::size_t position = 2;
-    while (position + 4 <= jpeg.size()) {
-        const int marker = jpeg[position + 1];
-        if (marker < firstApplication || marker > lastApplication)
-            break;
-        const std::size_t size = jpeg[position + 2] * 256u + jpeg[position + 3];
-        const auto* const content = reinterpret_cast<const char*>(jpeg.data() + position + 4);
-        if (marker != firstApplication)
-            blocks.push_back({marker, QByteArray(content, static_cast<int>(size) - 2)});
-        position += 2 + size;
-    }
-    return blocks;
+    const auto add = [&](const char* name, QByteArray PhotoMetadata::*block) {
+        PhotoMetadata one;
+        one.*block = metadata.*block;
+        if (!one.IsEmpty())
+            TryOrWarn(warnings,
+                      std::string("the ") + name + " data cannot be written and are left out",
+                      [&] { encoded = WriteBlocks(encoded, one); });
+    };
+    add("EXIF", &PhotoMetadata::exif);
+    add("IPTC", &PhotoMetadata::iptc);
+    add("XMP", &PhotoMetadata::xmp);
+    return encoded;
 }
 
 void AppendBigEndian(Bytes& bytes, std::uint32_t value)
@@ -117,75 +98,82 @@ void InsertExifChunk(Bytes& png, const QByteArray& exif)
     png.insert(png.begin() + headerEnd, chunk.begin(), chunk.end());
 }
 
+/// Thumbnails are large, so that they often stand in the extension. They are removed from a packet
+/// that holds both parts.
+PhotoMetadata WithoutHiddenThumbnails(const PhotoMetadata& metadata)
+{
+    PhotoMetadata result = metadata;
+    if (!metadata.xmpExtension.contains("Thumbnails"))
+        return result;
+    if (const auto merged = ExtendedXmp{metadata.xmp, metadata.xmpExtension}.Merge()) {
+        result.xmp = *merged;
+        result.xmpExtension.clear();
+    }
+    return result;
+}
+
+/// As one packet.
+QByteArray JoinXmp(const PhotoMetadata& metadata, Warnings& warnings)
+{
+    const auto merged = ExtendedXmp{metadata.xmp, metadata.xmpExtension}.Merge();
+    if (!merged)
+        Warn(warnings, MetadataTags::ExtensionIsLost);
+    return merged.value_or(metadata.xmp);
+}
+
 } // namespace
 
 PhotoMetadata MetadataWriter::Normalise(const PhotoMetadata& metadata, int width, int height,
-                                        const std::string& name)
+                                        Warnings& warnings)
 {
     MetadataTags::Initialise();
-    return Run(name, [&] {
-        PhotoMetadata result = metadata;
-        if (!metadata.exif.isEmpty()) {
+    PhotoMetadata result = WithoutHiddenThumbnails(metadata);
+    result.exif.clear();
+    if (!metadata.exif.isEmpty())
+        TryOrWarn(warnings, "the EXIF data cannot be adapted and are left out", [&] {
             Exiv2::ExifData tags;
             const Exiv2::ByteOrder order = MetadataTags::DecodeExif(metadata.exif, tags);
             MetadataTags::Normalise(tags, width, height);
             result.exif = MetadataTags::EncodeExif(tags, order);
-        }
-        result.xmp = MetadataTags::NormaliseXmp(metadata.xmp, width, height);
-        return result;
+        });
+    TryOrWarn(warnings, "the XMP packet cannot be adapted and is carried over as it is", [&] {
+        result.xmp = MetadataTags::NormaliseXmp(result.xmp, width, height, warnings);
     });
-}
-
-PhotoMetadata MetadataWriter::NormaliseOrDrop(const PhotoMetadata& metadata, int width, int height,
-                                              const std::string& name,
-                                              std::vector<std::string>& warnings)
-{
-    try {
-        return Normalise(metadata, width, height, name);
-    } catch (const Zorvik::Exception& error) {
-        warnings.push_back(error.GetDescription() + "; EXIF and XMP are left out");
-    }
-    PhotoMetadata result = metadata;
-    result.exif.clear();
-    result.xmp.clear();
     return result;
 }
 
 std::optional<MetadataWriter::Resolution>
-MetadataWriter::GetResolution(const PhotoMetadata& metadata, const std::string& name)
+MetadataWriter::GetResolution(const PhotoMetadata& metadata)
 {
     if (metadata.exif.isEmpty())
         return std::nullopt;
     MetadataTags::Initialise();
-    return Run(name, [&] {
-        Exiv2::ExifData tags;
-        MetadataTags::DecodeExif(metadata.exif, tags);
-        return ReadResolution(tags);
-    });
-}
-
-std::vector<MetadataWriter::JpegBlock> MetadataWriter::MakeJpegBlocks(const PhotoMetadata& metadata,
-                                                                      const std::string& name)
-{
-    if (metadata.exif.isEmpty() && metadata.xmp.isEmpty() && metadata.iptc.isEmpty())
-        return {};
-    return FindBlocks(Embed(MakeCarrier(), PhotoFormat::Jpeg, metadata, name));
+    Exiv2::ExifData tags;
+    MetadataTags::DecodeExif(metadata.exif, tags);
+    return ReadResolution(tags);
 }
 
 Bytes MetadataWriter::Embed(Bytes encoded, PhotoFormat format, const PhotoMetadata& metadata,
-                            const std::string& name)
+                            Warnings& warnings)
 {
     MetadataTags::Initialise();
-    return Run(name, [&] {
-        // The metadata library would hide the block in a text chunk that few programs read.
-        const bool ownExif = format == PhotoFormat::Png;
-        const bool hasExif = !metadata.exif.isEmpty();
-        if (!metadata.xmp.isEmpty() || !metadata.iptc.isEmpty() || (hasExif && !ownExif))
-            encoded = WriteBlocks(encoded, hasExif && !ownExif, metadata);
-        if (hasExif && ownExif)
-            InsertExifChunk(encoded, metadata.exif);
-        return std::move(encoded);
-    });
+    PhotoMetadata blocks;
+    blocks.iptc = metadata.iptc;
+    blocks.xmp = JoinXmp(metadata, warnings);
+    // The metadata library would hide the block in a text chunk that few programs read.
+    const bool ownExif = format == PhotoFormat::Png;
+    if (!ownExif)
+        blocks.exif = metadata.exif;
+    if (!blocks.IsEmpty()) {
+        try {
+            encoded = WriteBlocks(encoded, blocks);
+        } catch (const Exiv2::AnyError&) {
+            encoded = WriteEach(std::move(encoded), blocks, warnings);
+        }
+    }
+    if (ownExif && !metadata.exif.isEmpty())
+        InsertExifChunk(encoded, metadata.exif);
+    return encoded;
 }
 
 } // namespace LumetraHost

@@ -3,26 +3,21 @@
 
 #include "photo/PhotoFormat.h"
 #include "photo/PhotoMetadata.h"
+#include "photo/Warnings.h"
 
 #include <optional>
-#include <string>
-#include <vector>
 
 namespace LumetraHost {
 
-/// Puts the EXIF, XMP and IPTC blocks into an encoded photo.
+/// Puts the EXIF, XMP and IPTC blocks into an encoded photo. A block that cannot be written costs
+/// neither the others nor the picture: it is left out with a warning.
 class MetadataWriter
 {
 public:
     /// The blocks as they have to be for an upright sRGB picture of this size: orientation 1, size
-    /// updated, thumbnails gone. `name` begins the text of every Zorvik::Exception.
+    /// updated, thumbnails gone. An XMP packet that cannot be decoded stays as it is.
     static PhotoMetadata Normalise(const PhotoMetadata& metadata, int width, int height,
-                                   const std::string& name);
-
-    /// The same; EXIF and XMP in which that cannot be said are left out with a warning.
-    static PhotoMetadata NormaliseOrDrop(const PhotoMetadata& metadata, int width, int height,
-                                         const std::string& name,
-                                         std::vector<std::string>& warnings);
+                                   Warnings& warnings);
 
     /// Pixels per length on paper.
     struct Resolution
@@ -31,25 +26,12 @@ public:
         double y = 0;
         bool perCentimetre = false; ///< else per inch
     };
-    /// What the EXIF block says of it; nothing where it says nothing. Errors as above.
-    static std::optional<Resolution> GetResolution(const PhotoMetadata& metadata,
-                                                   const std::string& name);
+    /// What a normalised EXIF block says of it; nothing where it says nothing.
+    static std::optional<Resolution> GetResolution(const PhotoMetadata& metadata);
 
-    /// A segment of a JPEG file.
-    struct JpegBlock
-    {
-        int marker = 0; ///< 0xE1 for APP1, ...
-        QByteArray content;
-    };
-    /// The segments that stand for the EXIF, XMP and IPTC blocks in a JPEG file, in their order.
-    /// Zorvik::Exception when one does not fit (64 kB for each).
-    static std::vector<JpegBlock> MakeJpegBlocks(const PhotoMetadata& metadata,
-                                                 const std::string& name);
-
-    /// Returns `encoded`, which has no such blocks yet, with the blocks in it.
-    /// Zorvik::Exception when a block does not fit the format (JPEG: 64 kB for each).
+    /// Returns `encoded`, a PNG or TIFF file which has no such blocks yet, with the blocks in it.
     static Bytes Embed(Bytes encoded, PhotoFormat format, const PhotoMetadata& metadata,
-                       const std::string& name);
+                       Warnings& warnings);
 };
 
 } // namespace LumetraHost

@@ -3,9 +3,7 @@
 
 #include "photo/Image.h"
 #include "photo/PhotoMetadata.h"
-
-#include <string>
-#include <vector>
+#include "photo/Warnings.h"
 
 namespace LumetraHost {
 
@@ -14,9 +12,11 @@ struct Photo
 {
     Image image;
     PhotoMetadata metadata;
-    /// What could not be read although the pixels are good, a sentence each: damaged metadata, a
-    /// colour profile that does not fit.
-    std::vector<std::string> warnings;
+    /// Damage that costs no pixels: metadata and colour profiles that cannot be used.
+    Warnings warnings;
+    /// Sound parts of the file that the picture does not hold: further pages, colours outside sRGB.
+    /// They matter when the photo is written again.
+    Warnings reductions;
 };
 
 } // namespace LumetraHost

@@ -3,7 +3,11 @@
 
 #include "photo/RawDecoder.h"
 
+#include "Zorvik/Exception.h"
+
 #include <QFileInfo>
+
+#include <boost/current_function.hpp>
 
 #include <algorithm>
 #include <string>
@@ -56,6 +60,19 @@ std::optional<PhotoFormat> DetectPhotoFormat(const Bytes& content)
             return PhotoFormat::Tiff;
     }
     return std::nullopt;
+}
+
+PhotoFormat RequirePhotoFormat(const Bytes& content, const std::string& name)
+{
+    const auto format = DetectPhotoFormat(content);
+    if (format)
+        return *format;
+    const std::string expected = "expected a JPEG, PNG, TIFF, WebP, HEIC or raw picture";
+    throw Zorvik::Exception(name + ": " +
+                                (content.empty()
+                                     ? "the file is empty: " + expected
+                                     : expected + ", found " + DescribeOtherContent(content)),
+                            BOOST_CURRENT_FUNCTION, "photo/PhotoFormat", __LINE__);
 }
 
 std::string DescribeOtherContent(const Bytes& content)

@@ -9,14 +9,18 @@ namespace LumetraHost {
 /// share the bytes. An empty block is one that the file does not have.
 struct PhotoMetadata
 {
-    QByteArray exif;       ///< a TIFF structure, without the "Exif\0\0" in front
-    QByteArray xmp;        ///< an XMP packet, UTF-8
+    QByteArray exif; ///< a TIFF structure, without the "Exif\0\0" in front
+    QByteArray xmp;  ///< an XMP packet, UTF-8
+    /// A second packet with properties that the first had no space for; only of JPEG files. The
+    /// first names it, see ExtendedXmp.
+    QByteArray xmpExtension;
     QByteArray iptc;       ///< IPTC-IIM records
     QByteArray iccProfile; ///< of the pixels as they are in memory
 
     bool IsEmpty() const
     {
-        return exif.isEmpty() && xmp.isEmpty() && iptc.isEmpty() && iccProfile.isEmpty();
+        return exif.isEmpty() && xmp.isEmpty() && xmpExtension.isEmpty() && iptc.isEmpty() &&
+               iccProfile.isEmpty();
     }
 };
 

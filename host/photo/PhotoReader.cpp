@@ -7,6 +7,8 @@
 #include "photo/JpegDecoder.h"
 #include "photo/MetadataReader.h"
 #include "photo/MetadataWriter.h"
+#include "photo/PhotoFile.h"
+#include "photo/PhotoHead.h"
 #include "photo/PhotoLimits.h"
 #include "photo/PngDecoder.h"
 #include "photo/RawDecoder.h"
@@ -15,18 +17,14 @@
 
 #include "Zorvik/Exception.h"
 
-#include <QFile>
-#include <QFileInfo>
-
 #include <boost/current_function.hpp>
 
 #include <algorithm>
-#include <optional>
+#include <new>
+#include <utility>
 
 namespace LumetraHost {
 namespace {
-
-constexpr char KnownFormats[] = "a JPEG, PNG, TIFF, WebP, HEIC or raw picture";
 
 [[noreturn]] void Fail(const std::string& name, const std::string& text)
 {
@@ -45,13 +43,7 @@ RawDecoder::Size ChooseRawSize(int smallestSide)
 /// `smallestSide` 0: at full size.
 DecodedPhoto DecodePixels(const Bytes& content, const std::string& name, int smallestSide)
 {
-    if (content.empty())
-        Fail(name, "the file is empty: expected " + std::string(KnownFormats));
-    const std::optional<PhotoFormat> format = DetectPhotoFormat(content);
-    if (!format)
-        Fail(name,
-             "expected " + std::string(KnownFormats) + ", found " + DescribeOtherContent(content));
-    switch (*format) {
+    switch (RequirePhotoFormat(content, name)) {
     case PhotoFormat::Jpeg:
         return smallestSide > 0 ? JpegDecoder::DecodeScaled(content, name, smallestSide)
                                 : JpegDecoder::Decode(content, name);
@@ -77,19 +69,21 @@ void AddImpliedProfile(DecodedPhoto& decoded, const MetadataReader::Result& meta
         decoded.iccProfile = ColorConversion::GetAdobeRgbProfile();
 }
 
-Photo Finish(DecodedPhoto decoded, const Bytes& content, const std::string& name)
+Photo Finish(DecodedPhoto decoded, const Bytes& content)
 {
     Photo photo;
+    photo.warnings = std::move(decoded.warnings);
     MetadataReader::Result read =
         decoded.hasOwnMetadata
             ? MetadataReader::ReadBlocks(decoded.exif, decoded.xmp, photo.warnings)
             : MetadataReader::Read(content, decoded.exif, photo.warnings);
     AddImpliedProfile(decoded, read);
     read.metadata.iccProfile = ColorConversion::ToSrgb(decoded, photo.warnings);
+    photo.reductions = std::move(decoded.reductions);
     const int orientation = read.orientation != 0 ? read.orientation : decoded.orientation;
     photo.image = TurnUpright(decoded.pixels, decoded.isUpright ? 1 : orientation);
-    photo.metadata = MetadataWriter::NormaliseOrDrop(read.metadata, photo.image.GetWidth(),
-                                                     photo.image.GetHeight(), name, photo.warnings);
+    photo.metadata = MetadataWriter::Normalise(read.metadata, photo.image.GetWidth(),
+                                               photo.image.GetHeight(), photo.warnings);
     return photo;
 }
 
@@ -97,39 +91,29 @@ Photo Finish(DecodedPhoto decoded, const Bytes& content, const std::string& name
 
 Photo PhotoReader::Read(const QString& path)
 {
-    return Decode(ReadContent(path), path.toStdString());
+    const std::string name = path.toStdString();
+    try {
+        return Decode(ReadContent(path), name);
+    } catch (const std::bad_alloc&) {
+        Fail(name, PhotoLimits::OutOfMemory);
+    }
 }
 
 Photo PhotoReader::Decode(const Bytes& content, const std::string& name)
 {
-    return Finish(DecodePixels(content, name, 0), content, name);
+    return Finish(DecodePixels(content, name, 0), content);
 }
 
 Photo PhotoReader::DecodeReduced(const Bytes& content, const std::string& name, int smallestSide)
 {
-    return Finish(DecodePixels(content, name, std::max(1, smallestSide)), content, name);
+    return Finish(DecodePixels(content, name, std::max(1, smallestSide)), content);
 }
 
 Bytes PhotoReader::ReadContent(const QString& path)
 {
-    const std::string name = path.toStdString();
-    const QFileInfo info(path);
-    if (!info.exists())
-        Fail(name, "there is no such file");
-    if (info.isDir())
-        Fail(name, "expected a photo, found a folder");
-    if (!info.isFile())
-        Fail(name, "expected a regular file, found a device or a pipe");
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        Fail(name, "the file cannot be opened: " + file.errorString().toStdString());
-    const qint64 size = file.size();
-    if (static_cast<std::uint64_t>(size) > PhotoLimits::LargestFile)
-        Fail(name, "expected a file of at most 4 GB, found " + std::to_string(size) + " bytes");
-    Bytes content(static_cast<std::size_t>(size));
-    if (file.read(reinterpret_cast<char*>(content.data()), size) != size)
-        Fail(name, "the file cannot be read: " + file.errorString().toStdString());
-    return content;
+    PhotoFile file(path);
+    PhotoLimits::CheckFile(path.toStdString(), PhotoHead::Read(file), file.GetSize());
+    return file.ReadAll();
 }
 
 } // namespace LumetraHost

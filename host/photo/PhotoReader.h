@@ -13,21 +13,23 @@ namespace LumetraHost {
 /// Opens photos: JPEG, PNG, TIFF, WebP, HEIC, AVIF and cameras' raw files, known by their content,
 /// whatever their names say. 8 and 16 bits are kept, the EXIF orientation is applied, other colour
 /// spaces than sRGB are converted. A photo is read whole or not at all; only its metadata may be
-/// left out, with a warning. Of files with several pictures the first is read. Usable from any
-/// thread.
+/// left out, with a warning. Of files with several pictures the first is read, which the photo's
+/// reductions tell. Usable from any thread.
 class PhotoReader
 {
 public:
-    /// Zorvik::Exception naming the file, what is wrong with it and what was expected.
+    /// Zorvik::Exception naming the file, what is wrong with it and what was expected, also when
+    /// there is not enough memory.
     static Photo Read(const QString& path);
-    /// The same for a file in memory; `name` stands for it in errors.
+    /// The same for a file in memory; `name` stands for it in errors. std::bad_alloc.
     static Photo Decode(const Bytes& content, const std::string& name);
     /// A smaller picture for previews and thumbnails, at a fraction of the cost where the format
     /// allows it: its longer side has at least `smallestSide` pixels where the photo has them, and
     /// may be as large as the photo.
     static Photo DecodeReduced(const Bytes& content, const std::string& name, int smallestSide);
 
-    /// The bytes of a photo file. Zorvik::Exception when it is no file, too large or unreadable.
+    /// The bytes of a photo file. Zorvik::Exception when it is no file, no photo, too large,
+    /// unreadable or changing. The beginning is looked at before the rest is read.
     static Bytes ReadContent(const QString& path);
 };
 

@@ -29,8 +29,8 @@ class EmbeddingEncoder : public RowEncoder
 {
 public:
     EmbeddingEncoder(std::unique_ptr<RowEncoder> pixels, PhotoFormat format,
-                     const PhotoMetadata& metadata, const std::string& name)
-        : m_pixels(std::move(pixels)), m_format(format), m_metadata(metadata), m_name(name)
+                     const PhotoMetadata& metadata, Warnings* warnings)
+        : m_pixels(std::move(pixels)), m_format(format), m_metadata(metadata), m_warnings(warnings)
     {
     }
 
@@ -41,22 +41,34 @@ public:
 
     Bytes Finish() override
     {
-        return MetadataWriter::Embed(m_pixels->Finish(), m_format, m_metadata, m_name);
+        Warnings unheard;
+        return MetadataWriter::Embed(m_pixels->Finish(), m_format, m_metadata,
+                                     m_warnings ? *m_warnings : unheard);
     }
 
 private:
     std::unique_ptr<RowEncoder> m_pixels;
     PhotoFormat m_format;
     PhotoMetadata m_metadata;
-    std::string m_name;
+    Warnings* m_warnings;
 };
 
 std::unique_ptr<RowEncoder> StartPixels(const PictureForm& form, const PhotoMetadata& metadata,
-                                        PhotoFormat format, const std::string& name)
+                                        PhotoFormat format, const std::string& name,
+                                        Warnings& warnings)
 {
     if (format == PhotoFormat::Png)
-        return PngEncoder::Start(form, metadata.iccProfile, name);
+        return PngEncoder::Start(form, metadata.iccProfile, name, warnings);
     return TiffEncoder::Start(form, metadata, name);
+}
+
+void CheckOptions(const PictureForm& form, const PhotoWriter::Options& options,
+                  const std::string& name)
+{
+    if (options.quality < 1 || options.quality > 100)
+        Fail(name, "expected a quality from 1 to 100, found " + std::to_string(options.quality));
+    PhotoLimits::Check(name, static_cast<std::uint64_t>(form.width),
+                       static_cast<std::uint64_t>(form.height));
 }
 
 } // namespace
@@ -78,24 +90,25 @@ void PhotoWriter::Write(const QString& path, const Photo& photo, const Options& 
 
 std::unique_ptr<RowEncoder> PhotoWriter::Start(const PictureForm& form,
                                                const PhotoMetadata& metadata, PhotoFormat format,
-                                               const Options& options, const std::string& name)
+                                               const Options& options, const std::string& name,
+                                               Warnings* warnings)
 {
-    if (options.quality < 1 || options.quality > 100)
-        Fail(name, "expected a quality from 1 to 100, found " + std::to_string(options.quality));
-    PhotoLimits::Check(name, static_cast<std::uint64_t>(form.width),
-                       static_cast<std::uint64_t>(form.height));
+    CheckOptions(form, options, name);
+    Warnings unheard;
+    Warnings& heard = warnings ? *warnings : unheard;
     const PhotoMetadata upright =
-        MetadataWriter::Normalise(metadata, form.width, form.height, name);
+        MetadataWriter::Normalise(metadata, form.width, form.height, heard);
     if (format == PhotoFormat::Jpeg)
-        return JpegEncoder::Start(form, options.quality, upright, name);
-    return std::make_unique<EmbeddingEncoder>(StartPixels(form, upright, format, name), format,
-                                              upright, name);
+        return JpegEncoder::Start(form, options.quality, upright, name, heard);
+    return std::make_unique<EmbeddingEncoder>(StartPixels(form, upright, format, name, heard),
+                                              format, upright, warnings);
 }
 
 Bytes PhotoWriter::Encode(const Photo& photo, PhotoFormat format, const Options& options,
-                          const std::string& name)
+                          const std::string& name, Warnings* warnings)
 {
-    const auto encoder = Start(DescribeForm(photo.image), photo.metadata, format, options, name);
+    const auto encoder =
+        Start(DescribeForm(photo.image), photo.metadata, format, options, name, warnings);
     encoder->Write(photo.image, 0, photo.image.GetHeight());
     return encoder->Finish();
 }

@@ -19,14 +19,17 @@ namespace LumetraHost {
 class PhotoWriter
 {
 public:
+    /// The same for every photo, whatever its own quality was.
+    static constexpr int DefaultQuality = 92;
+
     struct Options
     {
-        int quality = 92; ///< 1..100, for JPEG alone
+        int quality = DefaultQuality; ///< 1..100, for JPEG alone
     };
 
     /// Replaces or creates the file in the format of its extension. Zorvik::Exception naming the
-    /// file and the reason: an unknown extension, a quality out of range, a picture or a metadata
-    /// block that the format cannot hold, a full disk. The old file is then untouched.
+    /// file and the reason: an unknown extension, a quality out of range, a picture that the format
+    /// cannot hold, a full disk. The old file is then untouched.
     static void Write(const QString& path, const Photo& photo, const Options& options);
     static void Write(const QString& path, const Photo& photo) { Write(path, photo, Options()); }
 
@@ -34,14 +37,16 @@ public:
     static PhotoFormat GetFormatOf(const QString& path);
 
     /// Begins a file in memory whose rows come later: the same file as Encode() makes. `metadata`
-    /// are those of an upright picture.
+    /// are those of an upright picture. `warnings` may grow until the encoder has finished and
+    /// outlives it; null where nobody asks for them.
     static std::unique_ptr<RowEncoder> Start(const PictureForm& form, const PhotoMetadata& metadata,
                                              PhotoFormat format, const Options& options,
-                                             const std::string& name);
+                                             const std::string& name, Warnings* warnings = nullptr);
 
-    /// The encoded file in memory; `name` stands for it in errors.
+    /// The encoded file in memory; `name` stands for it in errors. `warnings`, unless null, tells
+    /// of transparency, metadata blocks and profiles that the format cannot hold.
     static Bytes Encode(const Photo& photo, PhotoFormat format, const Options& options,
-                        const std::string& name);
+                        const std::string& name, Warnings* warnings = nullptr);
 };
 
 } // namespace LumetraHost

@@ -11,6 +11,7 @@
 
 #include <csetjmp>
 #include <cstring>
+#include <string>
 #include <vector>
 
 #include <png.h>
@@ -49,6 +50,7 @@ private:
     void ReadRows(Image& pixels);
     QByteArray GetProfile();
     QByteArray GetExif();
+    quint32 CountFrames() const;
 
     const Bytes& m_content;
     const std::string& m_name;
@@ -162,6 +164,22 @@ QByteArray Decoding::GetExif()
     return QByteArray(reinterpret_cast<const char*>(data), static_cast<int>(size));
 }
 
+/// As the chunk says that animations have in front of the pixels, which the library does not know.
+quint32 Decoding::CountFrames() const
+{
+    std::size_t position = HeaderEnd;
+    while (position + 12 <= m_content.size()) {
+        const auto* const chunk = m_content.data() + position;
+        const std::size_t size = qFromBigEndian<quint32>(chunk);
+        if (std::memcmp(chunk + 4, "acTL", 4) == 0 && size >= 4)
+            return qFromBigEndian<quint32>(chunk + 8);
+        if (std::memcmp(chunk + 4, "IDAT", 4) == 0)
+            break;
+        position += 12 + size;
+    }
+    return 0;
+}
+
 DecodedPhoto Decoding::Run()
 {
     CheckSize();
@@ -177,6 +195,10 @@ DecodedPhoto Decoding::Run()
     ReadRows(photo.pixels);
     photo.iccProfile = GetProfile();
     photo.exif = GetExif();
+    const quint32 frames = CountFrames();
+    if (frames > 1)
+        Warn(photo.reductions, "it is an animation of " + std::to_string(frames) +
+                                   " frames; only its still picture is read");
     return photo;
 }
 

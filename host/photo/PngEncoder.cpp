@@ -173,10 +173,19 @@ Bytes Encoding::Finish()
 } // namespace
 
 std::unique_ptr<RowEncoder> PngEncoder::Start(const PictureForm& form, const QByteArray& iccProfile,
-                                              const std::string& name)
+                                              const std::string& name, Warnings& warnings)
 {
     auto encoding = std::make_unique<Encoding>(form, name);
-    encoding->Begin(iccProfile);
+    try {
+        encoding->Begin(iccProfile);
+        return encoding;
+    } catch (const Zorvik::Exception&) {
+        if (iccProfile.isEmpty())
+            throw;
+    }
+    encoding = std::make_unique<Encoding>(form, name); // one that threw is of no use any more
+    encoding->Begin({});
+    Warn(warnings, "PNG does not take this colour profile; it is left out");
     return encoding;
 }
 

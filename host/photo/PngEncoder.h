@@ -2,6 +2,7 @@
 #pragma once
 
 #include "photo/RowEncoder.h"
+#include "photo/Warnings.h"
 
 #include <QByteArray>
 
@@ -15,9 +16,10 @@ namespace LumetraHost {
 class PngEncoder
 {
 public:
-    /// `name` begins the text of every Zorvik::Exception.
+    /// `name` begins the text of every Zorvik::Exception. A profile that the format does not take
+    /// is left out with a warning.
     static std::unique_ptr<RowEncoder> Start(const PictureForm& form, const QByteArray& iccProfile,
-                                             const std::string& name);
+                                             const std::string& name, Warnings& warnings);
 };
 
 } // namespace LumetraHost

@@ -9,7 +9,9 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 #include <optional>
+#include <string>
 
 #include <libraw/libraw.h>
 
@@ -114,26 +116,57 @@ public:
     DecodedPhoto Run(const Bytes& content, RawDecoder::Size size);
 
 private:
+    static void OnDataError(void* development, const char* file, int offset);
+
     void Check(int code) const;
+    [[noreturn]] void Throw(const std::string& text) const;
     void CheckSize() const;
+    void CheckData(DecodedPhoto& photo) const;
     void Configure(RawDecoder::Size size);
     Image ReadPixels() const;
     int GetOrientation() const;
 
     const std::string& m_name;
     std::unique_ptr<LibRaw> m_raw; // some 200 kB
+    bool m_isTruncated = false;
+    std::optional<int> m_damage; // the first damaged byte
 };
+
+/// The library goes on with what it has. Before the end of the file it names a place.
+void Development::OnDataError(void* development, const char*, int offset)
+{
+    auto* const self = static_cast<Development*>(development);
+    if (offset < 0)
+        self->m_isTruncated = true;
+    else if (!self->m_damage)
+        self->m_damage = offset;
+}
 
 void Development::Check(int code) const
 {
     if (code == LIBRAW_SUCCESS)
         return;
-    std::string text = ": the raw file cannot be developed: ";
+    if (code == LIBRAW_UNSUFFICIENT_MEMORY)
+        throw std::bad_alloc();
+    if (code == LIBRAW_IO_ERROR || m_isTruncated)
+        Throw("the file ends before its picture does: expected the rest of the raw data");
     if (code == LIBRAW_FILE_UNSUPPORTED)
-        text = ": expected the raw file of a camera that is known here; a DNG made of it may "
-               "help: ";
-    throw Zorvik::Exception(m_name + text + LibRaw::strerror(code), BOOST_CURRENT_FUNCTION,
-                            "photo/RawDecoder", __LINE__);
+        Throw("expected the raw file of a camera that is known here; a DNG made of it may help");
+    Throw(std::string("the raw file cannot be developed: ") + LibRaw::strerror(code));
+}
+
+void Development::Throw(const std::string& text) const
+{
+    throw Zorvik::Exception(m_name + ": " + text, BOOST_CURRENT_FUNCTION, "photo/RawDecoder",
+                            __LINE__);
+}
+
+void Development::CheckData(DecodedPhoto& photo) const
+{
+    if (m_isTruncated)
+        Check(LIBRAW_IO_ERROR);
+    if (m_damage)
+        Warn(photo.warnings, "its raw data are damaged near byte " + std::to_string(*m_damage));
 }
 
 void Development::CheckSize() const
@@ -196,6 +229,7 @@ int Development::GetOrientation() const
 
 DecodedPhoto Development::Run(const Bytes& content, RawDecoder::Size size)
 {
+    m_raw->set_dataerror_handler(OnDataError, this);
     // The library does not write to it.
     Check(m_raw->open_buffer(const_cast<std::uint8_t*>(content.data()), content.size()));
     CheckSize();
@@ -203,6 +237,7 @@ DecodedPhoto Development::Run(const Bytes& content, RawDecoder::Size size)
     photo.orientation = GetOrientation();
     Configure(size);
     Check(m_raw->unpack());
+    CheckData(photo);
     Check(m_raw->dcraw_process());
     photo.pixels = ReadPixels();
     return photo;

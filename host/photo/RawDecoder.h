@@ -10,7 +10,7 @@ namespace LumetraHost {
 
 /// Develops the raw files of cameras: white balance as shot, sRGB with 16 bits, no automatic
 /// brightening, so that the same file always gives the same picture. Which cameras are known is the
-/// raw library's matter.
+/// raw library's matter. Truncated files are refused; damage inside the data is told of.
 class RawDecoder
 {
 public:

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include <tiffio.h>
@@ -15,6 +16,47 @@ namespace LumetraHost {
 namespace {
 
 constexpr std::uint64_t LargestTile = 1 << 28; // samples
+/// A damaged file may chain them for long.
+constexpr int MostDirectories = 1000;
+
+/// Empty for whole numbers from 0, and for what is not said.
+std::string DescribeSampleFormat(std::uint16_t format)
+{
+    switch (format) {
+    case SAMPLEFORMAT_INT:
+        return "whole numbers with a sign";
+    case SAMPLEFORMAT_IEEEFP:
+        return "floating-point numbers";
+    case SAMPLEFORMAT_COMPLEXINT:
+    case SAMPLEFORMAT_COMPLEXIEEEFP:
+        return "complex numbers";
+    default:
+        return {};
+    }
+}
+
+std::string DescribePhotometric(std::uint16_t photometric)
+{
+    switch (photometric) {
+    case PHOTOMETRIC_PALETTE:
+        return "a palette";
+    case PHOTOMETRIC_MASK:
+        return "a mask";
+    case PHOTOMETRIC_SEPARATED:
+        return "inks other than CMYK";
+    case PHOTOMETRIC_YCBCR:
+        return "YCbCr";
+    case PHOTOMETRIC_CIELAB:
+    case PHOTOMETRIC_ICCLAB:
+    case PHOTOMETRIC_ITULAB:
+        return "L*a*b*";
+    case PHOTOMETRIC_LOGL:
+    case PHOTOMETRIC_LOGLUV:
+        return "LogLuv";
+    default:
+        return "colours of kind " + std::to_string(photometric);
+    }
+}
 
 class Decoding
 {
@@ -36,6 +78,7 @@ private:
     void ReadStrips(Image& pixels, const TiffSamples& samples);
     void ReadTiles(Image& pixels, const TiffSamples& samples);
     Image ReadConverted();
+    int CountPages();
 
     std::uint16_t GetShort(std::uint32_t tag) const;
 
@@ -65,11 +108,10 @@ void Decoding::ReadDescription()
     m_sampleCount = GetShort(TIFFTAG_SAMPLESPERPIXEL);
     m_photometric = GetShort(TIFFTAG_PHOTOMETRIC);
     m_separatePlanes = GetShort(TIFFTAG_PLANARCONFIG) == PLANARCONFIG_SEPARATE;
-    const std::uint16_t format = GetShort(TIFFTAG_SAMPLEFORMAT);
-    if (m_bits > 16 || format == SAMPLEFORMAT_IEEEFP || format == SAMPLEFORMAT_INT)
-        m_stream.Throw("expected whole numbers from 0 of at most 16 bits per channel, found " +
-                       std::to_string(m_bits) + " bits of " +
-                       (format == SAMPLEFORMAT_IEEEFP ? "floating-point" : "other") + " kind");
+    const std::string kind = DescribeSampleFormat(GetShort(TIFFTAG_SAMPLEFORMAT));
+    if (!kind.empty() || (m_bits > 8 && m_bits != 16))
+        m_stream.Throw("expected whole numbers from 0 of 1 to 8 or of 16 bits per channel, found " +
+                       std::to_string(m_bits) + " bits" + (kind.empty() ? "" : " of ") + kind);
 }
 
 PixelMeaning Decoding::GetMeaning() const
@@ -197,8 +239,9 @@ void Decoding::ReadTiles(Image& pixels, const TiffSamples& samples)
 Image Decoding::ReadConverted()
 {
     if (m_bits > 8)
-        m_stream.Throw("expected grey, RGB or CMYK for 16 bits per channel, found colour kind " +
-                       std::to_string(m_photometric));
+        m_stream.Throw("expected grey, RGB or CMYK with 16 bits per channel, found " +
+                       DescribePhotometric(m_photometric) + " with " +
+                       std::to_string(m_sampleCount) + " channels");
     // Turning is ours; the library would mirror, but not turn.
     TIFFSetField(m_stream.Get(), TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
     // Not zeroed: a small file that claims a large picture must not take the memory for it.
@@ -206,7 +249,7 @@ Image Decoding::ReadConverted()
         new std::uint32_t[static_cast<std::size_t>(m_width) * m_height]);
     if (!TIFFReadRGBAImageOriented(m_stream.Get(), m_width, m_height, raster.get(),
                                    ORIENTATION_TOPLEFT, 1))
-        m_stream.Throw("the picture cannot be read");
+        m_stream.Throw("the TIFF data cannot be read");
     Image pixels = Image::AllocateUninitialised(static_cast<int>(m_width),
                                                 static_cast<int>(m_height), Image::Depth::Bits8);
     for (std::uint32_t y = 0; y < m_height; ++y) {
@@ -223,6 +266,19 @@ Image Decoding::ReadConverted()
     return pixels;
 }
 
+/// Smaller copies of a page and masks are no pages of their own. Ends at a damaged directory.
+int Decoding::CountPages()
+{
+    int pages = 1;
+    for (int i = 1; i < MostDirectories && TIFFReadDirectory(m_stream.Get()) == 1; ++i) {
+        std::uint32_t kind = 0;
+        TIFFGetField(m_stream.Get(), TIFFTAG_SUBFILETYPE, &kind);
+        if ((kind & (FILETYPE_REDUCEDIMAGE | FILETYPE_MASK)) == 0)
+            ++pages;
+    }
+    return pages;
+}
+
 DecodedPhoto Decoding::Run()
 {
     ReadDescription();
@@ -234,6 +290,10 @@ DecodedPhoto Decoding::Run()
     if (TIFFGetField(m_stream.Get(), TIFFTAG_ICCPROFILE, &size, &profile))
         photo.iccProfile = QByteArray(static_cast<const char*>(profile), static_cast<int>(size));
     photo.pixels = HasPlainSamples() ? ReadPlainSamples() : ReadConverted();
+    const int pages = CountPages();
+    if (pages > 1)
+        Warn(photo.reductions,
+             "it has " + std::to_string(pages) + " pages; only the first is read");
     return photo;
 }
 

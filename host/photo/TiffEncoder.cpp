@@ -98,7 +98,7 @@ Encoding::Encoding(const PictureForm& form, const PhotoMetadata& metadata, const
       m_strip(m_layout.rowSize * static_cast<std::size_t>(m_layout.rowsPerStrip))
 {
     WriteTags(m_stream.Get(), form, m_layout, metadata.iccProfile);
-    WriteResolution(m_stream.Get(), MetadataWriter::GetResolution(metadata, name));
+    WriteResolution(m_stream.Get(), MetadataWriter::GetResolution(metadata));
 }
 
 void Encoding::Write(const Image& rows, int first, int count)
