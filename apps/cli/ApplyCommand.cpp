@@ -5,6 +5,7 @@
 #include "CatalogueOptions.h"
 #include "Console.h"
 #include "EffectPresets/EffectPresetModel.h"
+#include "MemoryBudget.h"
 #include "OutputTemplate.h"
 #include "PhotoBatch.h"
 #include "PresetOptions.h"
@@ -12,6 +13,7 @@
 #include "Zorvik/Exception.h"
 #include "core/LutImport.h"
 #include "core/PresetSession.h"
+#include "photo/JpegEncoder.h"
 
 #include <QFileInfo>
 #include <QThread>
@@ -24,6 +26,7 @@ namespace {
 
 constexpr char DefaultOutput[] = "{folder}/{name}_{preset}.{ext}";
 constexpr int MaximumJobs = 64;
+constexpr int MaximumMegabytes = 1'000'000;
 
 const QString OutputOption = QStringLiteral("output");
 const QString QualityOption = QStringLiteral("quality");
@@ -32,6 +35,7 @@ const QString SkipOption = QStringLiteral("skip");
 const QString DryRunOption = QStringLiteral("dry-run");
 const QString JsonOption = QStringLiteral("json");
 const QString JobsOption = QStringLiteral("jobs");
+const QString MemoryOption = QStringLiteral("memory");
 const QString ExactOption = QStringLiteral("exact");
 
 QStringList ReadPhotos(const QCommandLineParser& parser)
@@ -53,17 +57,27 @@ ExistingOutput ReadExisting(const QCommandLineParser& parser)
     return isSkip ? ExistingOutput::Skip : ExistingOutput::Refuse;
 }
 
+/// Bytes.
+std::uint64_t ReadMemory(const QCommandLineParser& parser)
+{
+    if (!parser.isSet(MemoryOption))
+        return MemoryBudget::GetDefault();
+    return static_cast<std::uint64_t>(ReadNumber(parser, MemoryOption, 1, MaximumMegabytes)) << 20;
+}
+
 PhotoBatch MakeBatch(const QCommandLineParser& parser)
 {
     LumetraHost::PhotoWriter::Options options;
     if (parser.isSet(QualityOption))
         options.quality = ReadNumber(parser, QualityOption, 1, 100);
-    const int jobs = parser.isSet(JobsOption)
-                         ? ReadNumber(parser, JobsOption, 1, MaximumJobs)
-                         : std::clamp(QThread::idealThreadCount(), 1, MaximumJobs);
+    PhotoBatch::Limits limits;
+    limits.parallel = parser.isSet(JobsOption)
+                          ? ReadNumber(parser, JobsOption, 1, MaximumJobs)
+                          : std::clamp(QThread::idealThreadCount(), 1, MaximumJobs);
+    limits.memory = ReadMemory(parser);
     const auto precision = parser.isSet(ExactOption) ? LumetraHost::ExportLook::Precision::Exact
                                                      : LumetraHost::ExportLook::Precision::Tables;
-    return PhotoBatch(jobs, options, precision);
+    return PhotoBatch(limits, options, precision);
 }
 
 /// The look of a LUT file joins the user's presets for this run; nothing is saved. It keeps its
@@ -153,13 +167,26 @@ void ApplyCommand::AddOptions(QCommandLineParser& parser) const
              .arg(QLatin1String(DefaultOutput)),
          QStringLiteral("template"),
          QLatin1String(DefaultOutput)},
-        {QualityOption, QStringLiteral("JPEG quality, 1 to 100."), QStringLiteral("number")},
+        {QualityOption,
+         QStringLiteral("JPEG quality, 1 to 100, whatever the photo's own is. From %1 on, colours "
+                        "keep their full resolution; below, a quarter of it. Default: %2")
+             .arg(LumetraHost::JpegEncoder::FullColorQuality)
+             .arg(LumetraHost::PhotoWriter::DefaultQuality),
+         QStringLiteral("number")},
         {OverwriteOption, QStringLiteral("Replaces existing files, but never a photo itself.")},
         {SkipOption, QStringLiteral("Leaves out photos whose output exists.")},
         {DryRunOption, QStringLiteral("Only says what would be written.")},
         {JsonOption, QStringLiteral("Writes JSON.")},
         {{QStringLiteral("j"), JobsOption},
-         QStringLiteral("How many photos to work on at the same time."),
+         QStringLiteral("How many photos to work on at the same time, 1 to %1, as far as --memory "
+                        "allows. Default: the number of processor cores")
+             .arg(MaximumJobs),
+         QStringLiteral("number")},
+        {MemoryOption,
+         QStringLiteral("How much memory they may take together, in MB, by an estimate from their "
+                        "sizes; a photo that needs more is worked on alone. Default: half of the "
+                        "machine's memory, here %1")
+             .arg(MemoryBudget::GetDefault() >> 20),
          QStringLiteral("number")},
         {ExactOption,
          QStringLiteral("Draws every pixel by the effects' formulas. Without it, colours "

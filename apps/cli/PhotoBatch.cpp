@@ -1,19 +1,25 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "PhotoBatch.h"
 
+#include "MemoryBudget.h"
+#include "exporting/ExportMemory.h"
 #include "exporting/PhotoExport.h"
+#include "photo/PhotoLimits.h"
 
 #include <algorithm>
 #include <atomic>
 #include <exception>
 #include <future>
+#include <new>
 
 namespace LumetraCli {
 namespace {
 
 using LumetraHost::ExportLook;
+using LumetraHost::ExportMemory;
 using LumetraHost::PhotoExport;
 using LumetraHost::ThreadPool;
+using LumetraHost::Warnings;
 using Zorvik::Quindle::EffectsSettings;
 
 /// The threads of one batch, each of which takes the next job that nobody has begun.
@@ -21,23 +27,24 @@ class Workers
 {
 public:
     Workers(std::vector<PhotoJob>& jobs, const ExportLook& look,
-            const PhotoExport::Options& options)
-        : m_jobs(jobs), m_look(look), m_options(options), m_warnings(jobs.size()),
+            const PhotoExport::Options& options, std::uint64_t memory)
+        : m_jobs(jobs), m_look(look), m_options(options), m_memory(memory), m_warnings(jobs.size()),
           m_done(jobs.size())
     {
     }
 
     void Work();
     /// Waits for a job and returns what was noticed in its photo.
-    const std::vector<std::string>& WaitFor(std::size_t job);
+    const Warnings& WaitFor(std::size_t job);
 
 private:
-    void Carry(PhotoJob& job, std::vector<std::string>& warnings) const;
+    void Carry(PhotoJob& job, Warnings& warnings);
 
     std::vector<PhotoJob>& m_jobs;
     const ExportLook& m_look;
     const PhotoExport::Options m_options;
-    std::vector<std::vector<std::string>> m_warnings;
+    MemoryBudget m_memory;
+    std::vector<Warnings> m_warnings;
     std::vector<std::promise<void>> m_done;
     std::atomic<std::size_t> m_next{0};
 };
@@ -51,18 +58,23 @@ void Workers::Work()
     }
 }
 
-void Workers::Carry(PhotoJob& job, std::vector<std::string>& warnings) const
+void Workers::Carry(PhotoJob& job, Warnings& warnings)
 {
     try {
+        const MemoryBudget::Share share(m_memory, ExportMemory::Estimate(job.photo));
         warnings = PhotoExport().Run(job.photo, job.output, m_look, m_options).warnings;
         job.state = PhotoJob::State::Written;
+    } catch (const std::bad_alloc&) {
+        job.state = PhotoJob::State::Failed;
+        job.message = QStringLiteral("%1: %2").arg(
+            job.photo, QLatin1String(LumetraHost::PhotoLimits::OutOfMemory));
     } catch (const std::exception& error) {
         job.state = PhotoJob::State::Failed;
         job.message = QString::fromUtf8(error.what());
     }
 }
 
-const std::vector<std::string>& Workers::WaitFor(std::size_t job)
+const Warnings& Workers::WaitFor(std::size_t job)
 {
     m_done[job].get_future().wait();
     return m_warnings[job];
@@ -70,26 +82,26 @@ const std::vector<std::string>& Workers::WaitFor(std::size_t job)
 
 } // namespace
 
-PhotoBatch::PhotoBatch(int parallel, const LumetraHost::PhotoWriter::Options& options,
+PhotoBatch::PhotoBatch(const Limits& limits, const LumetraHost::PhotoWriter::Options& options,
                        ExportLook::Precision precision)
-    : m_parallel(parallel), m_options(options), m_precision(precision)
+    : m_limits(limits), m_options(options), m_precision(precision)
 {
 }
 
 void PhotoBatch::Run(std::vector<PhotoJob>& jobs, const std::vector<EffectsSettings>& packages,
                      const Ended& ended) const
 {
-    const int count = std::min(m_parallel, static_cast<int>(jobs.size()));
+    const int count = std::min(m_limits.parallel, static_cast<int>(jobs.size()));
     PhotoExport::Options options;
     options.writing = m_options;
     options.threads = std::max(1, ThreadPool::GetShared().GetThreadCount() / std::max(1, count));
     const ExportLook look(packages, m_precision);
-    Workers workers(jobs, look, options);
+    Workers workers(jobs, look, options, m_limits.memory);
     std::vector<std::future<void>> threads; // wait for their threads when they go
     for (int i = 0; i < count; ++i)
         threads.push_back(std::async(std::launch::async, &Workers::Work, &workers));
     for (std::size_t i = 0; i < jobs.size(); ++i) {
-        const std::vector<std::string>& warnings = workers.WaitFor(i);
+        const Warnings& warnings = workers.WaitFor(i);
         ended(jobs[i], warnings);
     }
 }

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+
+namespace LumetraCli {
+
+/// Memory that several threads share by what they say to need. Who finds too little of it waits for
+/// the others, in the order in which they came; who needs more than there is gets all of it, alone.
+/// Usable from several threads.
+class MemoryBudget
+{
+public:
+    /// A part of the budget, given back when it goes.
+    class Share
+    {
+    public:
+        /// Waits until `bytes` are free, or all of the budget.
+        Share(MemoryBudget& budget, std::uint64_t bytes);
+        Share(const Share&) = delete;
+        Share& operator=(const Share&) = delete;
+        ~Share();
+
+    private:
+        MemoryBudget& m_budget;
+        const std::uint64_t m_bytes;
+    };
+
+    explicit MemoryBudget(std::uint64_t bytes) : m_total(bytes), m_free(bytes) {}
+
+    /// Half of the machine's memory, in bytes.
+    static std::uint64_t GetDefault();
+
+private:
+    const std::uint64_t m_total;
+    std::mutex m_turn; ///< held by the one who is next
+    std::mutex m_mutex;
+    std::condition_variable m_given;
+    std::uint64_t m_free;
+};
+
+} // namespace LumetraCli

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "exporting/ExportMemory.h"
+
+#include "photo/PhotoFile.h"
+#include "photo/PhotoHead.h"
+#include "photo/PhotoLimits.h"
+
+#include "Zorvik/Exception.h"
+
+#include <algorithm>
+
+namespace LumetraHost {
+namespace {
+
+/// The decoded picture, the drawn one and the encoded file with its metadata, which takes another
+/// copy.
+constexpr std::uint64_t BytesPerPixel8 = 12;
+/// Twice as much, which raw files take too while they are developed.
+constexpr std::uint64_t BytesPerPixel16 = 24;
+/// The tables of the look, the codecs' own buffers.
+constexpr std::uint64_t BytesPerPhoto = 16 << 20;
+/// Compressed files hold seldom less than a byte of a pixel, which is all that is known of files
+/// that do not say their size in front.
+constexpr std::uint64_t PixelsPerByte = 1;
+
+std::uint64_t CountPixels(const PhotoHead& head, std::uint64_t fileSize)
+{
+    const std::uint64_t pixels =
+        head.width != 0 ? head.width * head.height : PixelsPerByte * fileSize;
+    return std::min(pixels, PhotoLimits::LargestArea);
+}
+
+} // namespace
+
+std::uint64_t ExportMemory::Estimate(const QString& photo)
+{
+    try {
+        PhotoFile file(photo);
+        const PhotoHead head = PhotoHead::Read(file);
+        return file.GetSize() + BytesPerPhoto +
+               (head.is16Bit ? BytesPerPixel16 : BytesPerPixel8) *
+                   CountPixels(head, file.GetSize());
+    } catch (const Zorvik::Exception&) {
+        return 0;
+    }
+}
+
+} // namespace LumetraHost
