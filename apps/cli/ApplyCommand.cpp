@@ -5,7 +5,6 @@
 #include "CatalogueOptions.h"
 #include "Console.h"
 #include "EffectPresets/EffectPresetModel.h"
-#include "MemoryBudget.h"
 #include "OutputTemplate.h"
 #include "PhotoBatch.h"
 #include "PresetOptions.h"
@@ -13,6 +12,7 @@
 #include "Zorvik/Exception.h"
 #include "core/LutImport.h"
 #include "core/PresetSession.h"
+#include "exporting/MemoryBudget.h"
 #include "photo/JpegEncoder.h"
 
 #include <QFileInfo>
@@ -61,7 +61,7 @@ ExistingOutput ReadExisting(const QCommandLineParser& parser)
 std::uint64_t ReadMemory(const QCommandLineParser& parser)
 {
     if (!parser.isSet(MemoryOption))
-        return MemoryBudget::GetDefault();
+        return LumetraHost::MemoryBudget::GetDefault();
     return static_cast<std::uint64_t>(ReadNumber(parser, MemoryOption, 1, MaximumMegabytes)) << 20;
 }
 
@@ -186,7 +186,7 @@ void ApplyCommand::AddOptions(QCommandLineParser& parser) const
          QStringLiteral("How much memory they may take together, in MB, by an estimate from their "
                         "sizes; a photo that needs more is worked on alone. Default: half of the "
                         "machine's memory, here %1")
-             .arg(MemoryBudget::GetDefault() >> 20),
+             .arg(LumetraHost::MemoryBudget::GetDefault() >> 20),
          QStringLiteral("number")},
         {ExactOption,
          QStringLiteral("Draws every pixel by the effects' formulas. Without it, colours "

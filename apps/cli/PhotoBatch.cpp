@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "PhotoBatch.h"
 
-#include "MemoryBudget.h"
 #include "exporting/ExportMemory.h"
+#include "exporting/MemoryBudget.h"
 #include "exporting/PhotoExport.h"
 #include "photo/PhotoLimits.h"
 
@@ -17,6 +17,7 @@ namespace {
 
 using LumetraHost::ExportLook;
 using LumetraHost::ExportMemory;
+using LumetraHost::MemoryBudget;
 using LumetraHost::PhotoExport;
 using LumetraHost::ThreadPool;
 using LumetraHost::Warnings;

@@ -148,6 +148,29 @@ TEST_F(ApplyTest, writesTheSameWhateverTheNumberOfJobs)
     EXPECT_LT(many.output.find("/a.png"), many.output.find("/e.png"));
 }
 
+TEST_F(ApplyTest, worksOnPhotosAloneThatNeedMoreMemoryThanThereIs)
+{
+    QStringList photos;
+    for (const char* name : {"a.png", "b.png", "c.png", "d.png"}) {
+        WritePhoto(name);
+        photos.append(QLatin1String(name));
+    }
+
+    const auto result = Apply(photos + Words("-p test.grey --jobs 4 --memory 1 -o out/{name}.png"));
+
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(std::count(result.output.begin(), result.output.end(), '\n'), 4);
+}
+
+TEST_F(ApplyTest, statesItsMemoryAndQualityInTheHelp)
+{
+    const auto result = Run(Words("apply --help"));
+
+    EXPECT_THAT(result.output, HasSubstr("--memory"));
+    EXPECT_THAT(result.output, testing::ContainsRegex("half of the[ \n]+machine's memory"));
+    EXPECT_THAT(result.output, HasSubstr("Default: 92"));
+}
+
 TEST_F(ApplyTest, drawsLargePhotosQuicklyOrExactly)
 {
     WriteFile("long.json", R"({ "format": "lumetra-catalogue", "version": 1,
@@ -485,6 +508,8 @@ TEST_F(ApplyTest, refusesOptionsThatCannotBe)
                      "--quality: expected a whole number from 1 to 100, found \"0\"");
     ExpectUsageError(Words("-p test.grey --jobs many"),
                      "--jobs: expected a whole number from 1 to 64, found \"many\"");
+    ExpectUsageError(Words("-p test.grey --memory 0"),
+                     "--memory: expected a whole number from 1 to 1000000, found \"0\"");
     ExpectUsageError(Words("-p test.grey --overwrite --skip"),
                      "expected --overwrite or --skip, found both");
     ExpectUsageError(Words("-p test.grey -o {nmae}.png"),

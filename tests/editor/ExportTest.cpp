@@ -104,6 +104,23 @@ TEST_F(ExportTest, recordsThePresetsInXmp)
     EXPECT_EQ(records[0].intensity, 50);
 }
 
+TEST_F(ExportTest, keepsAnXmpPacketThatTakesNoRecord)
+{
+    const QByteArray packet = "<x:xmpmeta";
+    auto source = editor->GetPhoto();
+    source.metadata.xmp = packet;
+    source.reductions = {"it has 3 pages; only the first is read"};
+    ExportJob job(source, editor->GetPackages(), {{"Look", 50}}, options);
+    ASSERT_TRUE(job.Run([](int) {}));
+
+    EXPECT_EQ(PhotoReader::Read(options.path).metadata.xmp, packet);
+    EXPECT_THAT(job.GetWarnings(),
+                testing::ElementsAre(
+                    "it has 3 pages; only the first is read",
+                    "the looks are not recorded in the metadata: XMP packet: it is damaged",
+                    "the XMP packet cannot be decoded and is carried over as it is"));
+}
+
 TEST_F(ExportTest, leavesMetadataAndProfileOutWhenToldTo)
 {
     options.keepMetadata = false;

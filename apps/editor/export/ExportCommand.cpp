@@ -19,7 +19,10 @@ ExportCommand::ExportCommand(Editor& editor, EditorSettings& settings, QWidget& 
     connect(&m_exporter, &Exporter::cancelled, this,
             [this] { emit ended(tr("The export was cancelled.")); });
     connect(&m_exporter, &Exporter::finished, this,
-            [this](const QString& path) { emit ended(tr("Exported to %1").arg(path)); });
+            [this](const QString& path, const QStringList& warnings) {
+                const QString exported = tr("Exported to %1").arg(path);
+                emit ended((QStringList(exported) + warnings).join(QLatin1Char('\n')));
+            });
 }
 
 void ExportCommand::Ask()

@@ -83,6 +83,7 @@ ExportJob::ExportJob(const LumetraHost::Photo& photo, const std::vector<EffectsS
 bool ExportJob::Run(const Progress& progress)
 {
     progress(0);
+    m_warnings = m_photo.reductions; // what damage there is was told when it was opened
     if (!RenderPackages(progress))
         return false;
     Resize();
@@ -143,21 +144,29 @@ void ExportJob::PrepareMetadata()
                           : metadata.iccProfile.isEmpty()
                               ? LumetraHost::ColorConversion::GetSrgbProfile()
                               : metadata.iccProfile;
-    if (!m_options.keepMetadata)
-        return;
-    metadata.xmp = LumetraHost::EditRecords::Add(
-        metadata.xmp, m_records,
-        (QStringLiteral("Lumetra ") + QCoreApplication::applicationVersion())
-            .trimmed()
-            .toStdString());
+    if (m_options.keepMetadata)
+        RecordPresets();
 }
 
-bool ExportJob::Encode(LumetraHost::Bytes& encoded) const
+/// A packet that cannot be decoded takes no record; it goes on as it is.
+void ExportJob::RecordPresets()
+{
+    auto& packet = m_photo.metadata.xmp;
+    LumetraHost::TryOrWarn(m_warnings, "the looks are not recorded in the metadata", [&] {
+        packet = LumetraHost::EditRecords::Add(
+            packet, m_records,
+            (QStringLiteral("Lumetra ") + QCoreApplication::applicationVersion())
+                .trimmed()
+                .toStdString());
+    });
+}
+
+bool ExportJob::Encode(LumetraHost::Bytes& encoded)
 {
     LumetraHost::PhotoWriter::Options options;
     options.quality = m_options.quality;
     encoded = LumetraHost::PhotoWriter::Encode(m_photo, m_options.format, options,
-                                               m_options.path.toStdString());
+                                               m_options.path.toStdString(), &m_warnings);
     return !m_cancel.IsCancelled();
 }
 

@@ -39,13 +39,17 @@ public:
     bool Run(const Progress& progress);
     void Cancel() { m_cancel.Cancel(); }
 
+    /// What of the photo is not in the file, once it is written; see PhotoExport::Result.
+    const LumetraHost::Warnings& GetWarnings() const { return m_warnings; }
+
     const ExportOptions& GetOptions() const { return m_options; }
 
 private:
     bool RenderPackages(const Progress& progress);
     void Resize();
     void PrepareMetadata();
-    bool Encode(LumetraHost::Bytes& encoded) const;
+    void RecordPresets();
+    bool Encode(LumetraHost::Bytes& encoded);
     /// Much may have happened since the output was chosen.
     void CheckOutput() const;
 
@@ -55,6 +59,7 @@ private:
     ExportOptions m_options;
     std::shared_ptr<const ExportGuard> m_guard;
     LumetraHost::CancelToken m_cancel;
+    LumetraHost::Warnings m_warnings;
 };
 
 } // namespace LumetraEditor

@@ -48,11 +48,14 @@ void Exporter::Cancel()
 void Exporter::End(const Outcome& outcome)
 {
     const QString path = m_job->GetOptions().path;
+    QStringList warnings;
+    for (const std::string& warning : m_job->GetWarnings())
+        warnings.append(QString::fromStdString(warning));
     m_job.reset();
     if (!outcome.error.isEmpty())
         emit failed(outcome.error);
     else if (outcome.isWritten)
-        emit finished(path);
+        emit finished(path, warnings);
     else
         emit cancelled();
 }

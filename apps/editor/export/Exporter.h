@@ -5,6 +5,7 @@
 #include "export/ExportJob.h"
 
 #include <QObject>
+#include <QStringList>
 
 #include <memory>
 
@@ -29,7 +30,8 @@ public slots:
 
 signals:
     void progressed(int percent);
-    void finished(const QString& path);
+    /// `warnings` tell, in English, what of the photo is not in the file.
+    void finished(const QString& path, const QStringList& warnings);
     /// `message` names the file.
     void failed(const QString& message);
     void cancelled();

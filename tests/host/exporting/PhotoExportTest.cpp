@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "exporting/PhotoExport.h"
+#include "exporting/ExportMemory.h"
 #include "exporting/StreamedExport.h"
 
 #include "host/engine/TestPictures.h"
+#include "host/photo/MetadataSamples.h"
 #include "host/photo/PhotoSamples.h"
 
 #include "engine/Renderer.h"
@@ -10,10 +12,13 @@
 #include "photo/MetadataTags.h"
 #include "photo/PhotoReader.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
+
+#include <sys/resource.h>
 
 #include <exiv2/exiv2.hpp>
 
@@ -21,6 +26,7 @@ using namespace LumetraHost;
 using LumetraTest::ErrorOf;
 using LumetraTest::MakePattern;
 using testing::AllOf;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
@@ -210,6 +216,79 @@ TEST(PhotoExport, turnsAndConvertsWhatCannotBeStreamed)
     }
     const Bytes result = Convert(turned, MakeColours(), true, 2).file;
     EXPECT_EQ(PhotoReader::Decode(result, "out.jpg").image.GetWidth(), 40);
+}
+
+TEST(PhotoExport, keepsOddAndExtendedXmpBothWays)
+{
+    const QByteArray odd = LumetraTest::MakeOddXmp();
+    const QByteArray extension =
+        LumetraTest::MakeXmp({}, "<my:a>" + LumetraTest::MakeText(90'000) + "</my:a>");
+    const QByteArray guid = QCryptographicHash::hash(extension, QCryptographicHash::Md5).toHex();
+    const QByteArray main = LumetraTest::MakeXmp("xmpNote:HasExtendedXMP=\"" + guid + "\"");
+    const Bytes plain = MakeJpeg(64, 48);
+    const Bytes photos[] = {
+        LumetraTest::AddSegment(plain, 0xE1,
+                                QByteArray("http://ns.adobe.com/xap/1.0/\0", 29) + odd),
+        LumetraTest::AddExtendedXmp(plain, main, extension, guid, 50'000)};
+    for (const Bytes& photo : photos)
+        for (const auto format : {PhotoFormat::Jpeg, PhotoFormat::Png, PhotoFormat::Tiff}) {
+            ASSERT_TRUE(CanStream(photo));
+            const Converted streamed = Convert(photo, MakeColours(), true, 2, format);
+            const Converted whole = Convert(photo, MakeColours(), false, 1, format);
+            EXPECT_EQ(streamed.file, whole.file);
+            EXPECT_EQ(streamed.warnings, whole.warnings);
+        }
+    const Bytes file = Convert(photos[1], MakeColours(), true, 2).file;
+    EXPECT_EQ(PhotoReader::Decode(file, "out").metadata.xmpExtension, extension);
+}
+
+TEST(PhotoExport, tellsWhatThePhotoLosesOnTheWay)
+{
+    const Bytes wide = MakeJpeg(60, 40, ColorConversion::GetAdobeRgbProfile());
+    Photo transparent;
+    transparent.image = MakePattern(60, 40, Image::Depth::Bits8, LumetraTest::Alpha::Varying);
+    const Bytes png = PhotoWriter::Encode(transparent, PhotoFormat::Png, {}, "in.png");
+
+    EXPECT_THAT(Convert(wide, {}, true, 1).warnings,
+                ElementsAre(HasSubstr("its colours are converted from ")));
+    EXPECT_THAT(Convert(png, {}, true, 1).warnings,
+                ElementsAre(HasSubstr("JPEG holds no transparency")));
+    EXPECT_THAT(Convert(png, {}, true, 1, PhotoFormat::Png).warnings, IsEmpty());
+}
+
+TEST(PhotoExport, namesThePhotoThatDoesNotFitIntoMemory)
+{
+    const QTemporaryDir folder;
+    const QString source = folder.filePath(QStringLiteral("in.jpg"));
+    LumetraTest::WriteFile(source, MakeJpeg(3000, 2000));
+    struct rlimit before;
+    ASSERT_EQ(getrlimit(RLIMIT_AS, &before), 0);
+    const struct rlimit little = {1, before.rlim_max}; // no more than there is already
+    PhotoExport::Options options;
+    options.isStreamed = false;
+    options.threads = 1;
+    ASSERT_EQ(setrlimit(RLIMIT_AS, &little), 0);
+
+    const std::string error = ErrorOf([&] {
+        PhotoExport().Run(source, folder.filePath(QStringLiteral("out.png")), ExportLook({}),
+                          options);
+    });
+
+    ASSERT_EQ(setrlimit(RLIMIT_AS, &before), 0);
+    EXPECT_EQ(error, source.toStdString() + ": there is not enough memory for this photo");
+}
+
+TEST(ExportMemory, growsWithThePhoto)
+{
+    const QTemporaryDir folder;
+    const QString small = folder.filePath(QStringLiteral("small.jpg"));
+    const QString large = folder.filePath(QStringLiteral("large.jpg"));
+    LumetraTest::WriteFile(small, MakeJpeg(100, 100));
+    LumetraTest::WriteFile(large, MakeJpeg(1100, 1000));
+
+    // At least the decoded picture and a copy of it.
+    EXPECT_GT(ExportMemory::Estimate(large) - ExportMemory::Estimate(small), 8'000'000u);
+    EXPECT_EQ(ExportMemory::Estimate(folder.filePath(QStringLiteral("none.jpg"))), 0u);
 }
 
 TEST(PhotoExport, refusesATruncatedPhotoAndLeavesTheOldFile)

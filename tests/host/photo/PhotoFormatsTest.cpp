@@ -192,6 +192,15 @@ TEST(Raw, isRefusedWhenItsHeaderClaimsTooMuch)
     EXPECT_THAT(ErrorOfDecoding(dng), AllOf(HasSubstr("photo: "), HasSubstr("500 megapixels")));
 }
 
+TEST(Raw, truncatedFilesAreRefused)
+{
+    constexpr double light[] = {0.2, 0.2, 0.2};
+    Bytes dng = MakeDng(64, 48, light, 1);
+    SetDngSize(dng, 64, 480); // ten times the data that there are
+
+    EXPECT_THAT(ErrorOfDecoding(dng), HasSubstr("photo: the file ends before its picture does"));
+}
+
 TEST(Raw, ofAnUnknownKindIsRefusedWithAWayOut)
 {
     Bytes raf(200, 0);
@@ -219,6 +228,25 @@ TEST(OtherFormats, areNamedInTheRefusal)
     EXPECT_THAT(refusal("hello"), HasSubstr("found other content"));
 }
 
+TEST(OtherFormats, framesOfAnimationsAreTold)
+{
+    Photo photo;
+    photo.image = MakePattern(8, 8, Image::Depth::Bits8);
+    Bytes png = PhotoWriter::Encode(photo, PhotoFormat::Png, {}, "animation");
+    Bytes chunk = ToBytes(QByteArray("\0\0\0\x08"
+                                     "acTL"
+                                     "\0\0\0\x05\0\0\0\0",
+                                     16));
+    const std::uint32_t crc = Crc(chunk, 4, 16);
+    for (int shift = 24; shift >= 0; shift -= 8)
+        chunk.push_back(static_cast<std::uint8_t>(crc >> shift));
+    png.insert(png.begin() + 33, chunk.begin(), chunk.end());
+
+    EXPECT_THAT(PhotoReader::Decode(png, "animation.png").reductions,
+                testing::ElementsAre("it is an animation of 5 frames; only its still picture is "
+                                     "read"));
+}
+
 TEST(DisplayP3, isConvertedWithinAStepOfTheFormula)
 {
     Photo photo;
@@ -229,8 +257,13 @@ TEST(DisplayP3, isConvertedWithinAStepOfTheFormula)
     photo.metadata.iccProfile = ColorConversion::GetDisplayP3Profile();
     const Bytes png = PhotoWriter::Encode(photo, PhotoFormat::Png, {}, "p3.png");
 
-    const Image converted = PhotoReader::Decode(png, "p3.png").image;
+    const Photo read = PhotoReader::Decode(png, "p3.png");
+    const Image& converted = read.image;
 
+    EXPECT_THAT(read.reductions,
+                testing::ElementsAre(
+                    AllOf(HasSubstr("its colours are converted from "), HasSubstr(" to sRGB"))));
+    EXPECT_THAT(read.warnings, IsEmpty());
     const double matrix[3][3] = {{1.2249402, -0.2249402, 0.0},
                                  {-0.0420570, 1.0420570, 0.0},
                                  {-0.0196376, -0.0786360, 1.0982736}};

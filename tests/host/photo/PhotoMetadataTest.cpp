@@ -10,9 +10,11 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <map>
 
 #include <exiv2/exiv2.hpp>
+#include <lcms2.h>
 
 using namespace LumetraHost;
 using namespace LumetraTest;
@@ -128,6 +130,22 @@ Tags OnlyThumbnail(const Tags& tags)
             found.insert(tag);
     }
     return found;
+}
+
+/// An sRGB profile with a long text in it.
+QByteArray MakeLongSrgbProfile(int size)
+{
+    void* const profile = cmsCreate_sRGBProfile();
+    cmsMLU* const text = cmsMLUalloc(nullptr, 1);
+    cmsMLUsetASCII(text, "en", "US", QByteArray(size, 'x').constData());
+    cmsWriteTag(profile, cmsSigCopyrightTag, text);
+    cmsMLUfree(text);
+    cmsUInt32Number length = 0;
+    cmsSaveProfileToMem(profile, nullptr, &length);
+    QByteArray bytes(static_cast<int>(length), '\0');
+    cmsSaveProfileToMem(profile, bytes.data(), &length);
+    cmsCloseProfile(profile);
+    return bytes;
 }
 
 std::string NameOf(PhotoFormat format)
@@ -280,27 +298,6 @@ TEST_P(PhotoMetadataTest, newSizeIsWritten)
 INSTANTIATE_TEST_SUITE_P(Formats, PhotoMetadataTest, testing::ValuesIn(Formats),
                          [](const auto& test) { return NameOf(test.param); });
 
-TEST(PhotoMetadata, untouchedXmpPacketIsKeptByteForByte)
-{
-    const QByteArray packet("<?xpacket begin=\"\" id=\"W5M0MpCehiHzreSzNTczkc9d\"?>"
-                            "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><rdf:RDF "
-                            "xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">"
-                            "<rdf:Description rdf:about=\"\" xmlns:my=\"http://example.org/my/\" "
-                            "my:note=\"kept  as it is\"/></rdf:RDF></x:xmpmeta>"
-                            "<?xpacket end=\"w\"?>");
-    Photo photo;
-    photo.image = MakeGradient(8, 8);
-    photo.metadata.xmp = packet;
-
-    for (const PhotoFormat format : {PhotoFormat::Jpeg, PhotoFormat::Png}) {
-        const Bytes written = PhotoWriter::Encode(photo, format, {}, "written");
-        EXPECT_EQ(PhotoReader::Decode(written, "written").metadata.xmp, packet) << NameOf(format);
-    }
-    // In TIFF files the packet is made anew of the same properties.
-    EXPECT_THAT(DescribeTags(PhotoWriter::Encode(photo, PhotoFormat::Tiff, {}, "written")),
-                Contains(Pair("Xmp.my.note", "kept  as it is")));
-}
-
 TEST(PhotoMetadata, damagedExifIsLeftOutWithAWarning)
 {
     Photo photo;
@@ -336,18 +333,47 @@ TEST(PhotoMetadata, adobeRgbThatOnlyTheExifBlockTellsOfIsConverted)
     EXPECT_THAT(tags, Contains(Pair("Exif.Iop.InteroperabilityIndex", "R98")));
 }
 
-TEST(PhotoMetadata, blockThatJpegCannotHoldIsAnError)
+TEST(PhotoMetadata, longProfileIsKeptInSeveralSegments)
 {
     Photo photo;
-    photo.image = MakeGradient(8, 8);
-    photo.metadata.xmp = "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><rdf:RDF "
-                         "xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">"
-                         "<rdf:Description rdf:about=\"\" xmlns:my=\"http://example.org/my/\" "
-                         "my:note=\"" +
-                         QByteArray(70'000, 'x') + "\"/></rdf:RDF></x:xmpmeta>";
+    photo.image = MakeGradient(48, 32);
+    photo.metadata.iccProfile = MakeLongSrgbProfile(200'000);
 
-    EXPECT_THAT(ErrorOf([&] { PhotoWriter::Encode(photo, PhotoFormat::Jpeg, {}, "big.jpg"); }),
-                HasSubstr("big.jpg: the metadata cannot be written"));
-    EXPECT_EQ(ErrorOf([&] { PhotoWriter::Encode(photo, PhotoFormat::Tiff, {}, "big.tif"); }),
-              "no error");
+    for (const PhotoFormat format : Formats) {
+        const Bytes written = PhotoWriter::Encode(photo, format, {}, "written");
+        EXPECT_EQ(PhotoReader::Decode(written, "written").metadata.iccProfile,
+                  photo.metadata.iccProfile)
+            << NameOf(format);
+    }
+}
+
+TEST(PhotoMetadata, profileOfWhichASegmentIsMissingIsTold)
+{
+    Photo photo;
+    photo.image = MakeGradient(48, 32);
+    photo.metadata.iccProfile = MakeLongSrgbProfile(200'000);
+    Bytes jpeg = PhotoWriter::Encode(photo, PhotoFormat::Jpeg, {}, "written");
+    const std::string first("ICC_PROFILE\0\1", 13);
+    const auto found = std::search(jpeg.begin(), jpeg.end(), first.begin(), first.end());
+    ASSERT_NE(found, jpeg.end());
+    *found = 'X';
+
+    const Photo read = PhotoReader::Decode(jpeg, "damaged");
+
+    EXPECT_THAT(read.warnings,
+                testing::ElementsAre(HasSubstr("the embedded colour profile is damaged")));
+}
+
+TEST(PhotoMetadata, profileThatPngDoesNotTakeCostsItselfAlone)
+{
+    Photo photo;
+    photo.image = MakeGradient(48, 32);
+    photo.metadata.iccProfile = "no profile";
+    Warnings warnings;
+
+    const Bytes png = PhotoWriter::Encode(photo, PhotoFormat::Png, {}, "written", &warnings);
+
+    EXPECT_THAT(warnings,
+                testing::ElementsAre("PNG does not take this colour profile; it is left out"));
+    EXPECT_TRUE(HaveSamePixels(PhotoReader::Decode(png, "written").image, photo.image));
 }

@@ -300,6 +300,36 @@ TEST(PhotoReader, truncatedJpegIsToldByRows)
                 AllOf(HasSubstr("the file ends before its picture does"), HasSubstr("48 rows")));
 }
 
+TEST(PhotoReader, jpegWhoseEndMarkerIsGoneIsToldByWhatIsMissing)
+{
+    Bytes jpeg = EncodePattern(PhotoFormat::Jpeg);
+    std::fill(jpeg.end() - 2, jpeg.end(), std::uint8_t{0}); // as an interrupted copy leaves it
+    jpeg.resize(jpeg.size() + 16);
+
+    EXPECT_EQ(ErrorOfDecoding(jpeg), "photo: the file ends before its picture does: all 48 rows "
+                                     "are there, but the end marker is missing");
+}
+
+TEST(PhotoReader, truncatedJpegIsToldByTheRowsThatWereAskedFor)
+{
+    Photo photo;
+    photo.image = MakePattern(800, 800, Image::Depth::Bits8);
+    Bytes jpeg = PhotoWriter::Encode(photo, PhotoFormat::Jpeg, {}, "large");
+    jpeg.resize(jpeg.size() / 2);
+
+    EXPECT_THAT(ErrorOf([&] { PhotoReader::DecodeReduced(jpeg, "photo", 100); }),
+                HasSubstr("expected 100 rows, found "));
+}
+
+TEST(PhotoReader, truncatedProgressiveJpegIsToldByItsScan)
+{
+    Bytes jpeg = MakeGrayJpeg();
+    jpeg.resize(jpeg.size() - 8);
+
+    EXPECT_THAT(ErrorOfDecoding(jpeg),
+                HasSubstr("expected the end marker, found the end in scan "));
+}
+
 TEST(PhotoReader, truncatedPngIsTold)
 {
     Bytes png = EncodePattern(PhotoFormat::Png);

@@ -223,3 +223,18 @@ TEST_F(PhotoRoundTripTest, severalThreadsReadAndWriteAtOnce)
     for (const Image& result : results)
         EXPECT_TRUE(HaveSamePixels(result, image));
 }
+
+TEST(PhotoWriter, transparencyThatJpegDoesNotHoldIsTold)
+{
+    Photo photo;
+    photo.image = MakePattern(20, 10, Image::Depth::Bits8, Alpha::Varying);
+    Warnings ofJpeg;
+    Warnings ofPng;
+
+    PhotoWriter::Encode(photo, PhotoFormat::Jpeg, {}, "a.jpg", &ofJpeg);
+    PhotoWriter::Encode(photo, PhotoFormat::Png, {}, "a.png", &ofPng);
+
+    EXPECT_THAT(ofJpeg,
+                testing::ElementsAre("JPEG holds no transparency: the picture is laid over white"));
+    EXPECT_THAT(ofPng, testing::IsEmpty());
+}

@@ -63,6 +63,23 @@ struct TiffDecoderTest : testing::Test
         return ReadFile(folder.filePath(QStringLiteral("a.tif")));
     }
 
+    /// Pages of these kinds, all of whose values are the page's number.
+    Bytes MakePages(const std::vector<int>& kinds) const
+    {
+        const QByteArray path = QFile::encodeName(folder.filePath(QStringLiteral("a.tif")));
+        TIFF* const tiff = TIFFOpen(path.constData(), "w");
+        for (std::size_t page = 0; page < kinds.size(); ++page) {
+            WriteTags(tiff, Layout());
+            TIFFSetField(tiff, TIFFTAG_SUBFILETYPE, kinds[page]);
+            std::vector<std::uint8_t> row(9, static_cast<std::uint8_t>(page));
+            for (std::uint32_t y = 0; y < 2; ++y)
+                TIFFWriteScanline(tiff, row.data(), y, 0);
+            TIFFWriteDirectory(tiff);
+        }
+        TIFFClose(tiff);
+        return ReadFile(folder.filePath(QStringLiteral("a.tif")));
+    }
+
     static void WriteTags(TIFF* tiff, const Layout& layout)
     {
         TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, layout.width);
@@ -262,5 +279,52 @@ TEST_F(TiffDecoderTest, floatingPointSamplesAreRefused)
     EXPECT_THAT(ErrorOf([&] {
                     TiffDecoder::Decode(Make(layout, {row, row}), "a.tif");
                 }),
-                HasSubstr("a.tif: expected whole numbers from 0 of at most 16 bits per channel"));
+                HasSubstr("a.tif: expected whole numbers from 0 of 1 to 8 or of 16 bits per "
+                          "channel, found 16 bits of floating-point numbers"));
+}
+
+TEST_F(TiffDecoderTest, bitsThatAreNotReadAreNamed)
+{
+    Layout layout;
+    layout.bits = 12;
+    layout.samples = 1;
+    layout.photometric = PHOTOMETRIC_MINISBLACK;
+    const std::vector<std::uint16_t> row(6);
+
+    EXPECT_EQ(ErrorOf([&] {
+                  TiffDecoder::Decode(Make(layout, {row, row}), "a.tif");
+              }),
+              "a.tif: expected whole numbers from 0 of 1 to 8 or of 16 bits per channel, found 12 "
+              "bits");
+}
+
+TEST_F(TiffDecoderTest, coloursThatAreNotReadWith16BitsAreNamed)
+{
+    Layout layout;
+    layout.bits = 16;
+    layout.photometric = PHOTOMETRIC_CIELAB;
+    const std::vector<std::uint16_t> row(9);
+
+    EXPECT_EQ(ErrorOf([&] {
+                  TiffDecoder::Decode(Make(layout, {row, row}), "a.tif");
+              }),
+              "a.tif: expected grey, RGB or CMYK with 16 bits per channel, found L*a*b* with 3 "
+              "channels");
+}
+
+TEST_F(TiffDecoderTest, furtherPagesAreTold)
+{
+    const Bytes file = MakePages({0, FILETYPE_PAGE, FILETYPE_REDUCEDIMAGE, FILETYPE_PAGE});
+
+    const Photo photo = PhotoReader::Decode(file, "a.tif");
+
+    EXPECT_EQ(DescribeRed(photo.image), "3x2: 0 0 0 0 0 0");
+    EXPECT_THAT(photo.reductions, testing::ElementsAre("it has 3 pages; only the first is read"));
+}
+
+TEST_F(TiffDecoderTest, smallerCopiesAreNoPages)
+{
+    const Bytes file = MakePages({0, FILETYPE_REDUCEDIMAGE, FILETYPE_MASK});
+
+    EXPECT_THAT(PhotoReader::Decode(file, "a.tif").reductions, testing::IsEmpty());
 }

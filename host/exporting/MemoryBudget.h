@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <mutex>
 
-namespace LumetraCli {
+namespace LumetraHost {
 
 /// Memory that several threads share by what they say to need. Who finds too little of it waits for
 /// the others, in the order in which they came; who needs more than there is gets all of it, alone.
@@ -41,4 +41,4 @@ private:
     std::uint64_t m_free;
 };
 
-} // namespace LumetraCli
+} // namespace LumetraHost

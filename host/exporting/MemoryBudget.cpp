@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "MemoryBudget.h"
+#include "exporting/MemoryBudget.h"
 
 #include <algorithm>
 
 #include <unistd.h>
 
-namespace LumetraCli {
+namespace LumetraHost {
 
 MemoryBudget::Share::Share(MemoryBudget& budget, std::uint64_t bytes)
     : m_budget(budget), m_bytes(std::min(bytes, budget.m_total))
@@ -36,4 +36,4 @@ std::uint64_t MemoryBudget::GetDefault()
     return static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(pageSize) / 2;
 }
 
-} // namespace LumetraCli
+} // namespace LumetraHost
