@@ -3,23 +3,11 @@
 
 #include "LumetraEditor/IEditor.h"
 
-#include <QScopedValueRollback>
-
 #include <exception>
 
 namespace LumetraPlugin {
 
 bool PanelGuard::Run(const std::function<void()>& work)
-{
-    if (m_isRunning) {
-        work();
-        return true;
-    }
-    const QScopedValueRollback<bool> running(m_isRunning, true);
-    return Catch(work);
-}
-
-bool PanelGuard::Catch(const std::function<void()>& work)
 {
     try {
         work();

@@ -22,14 +22,11 @@ public:
     explicit PanelGuard(LumetraEditor::IEditor& editor) : m_editor(editor) {}
 
     /// False when `work` has thrown: the first line of the error is then shown to the user. Of
-    /// calls within each other the outermost catches, so that `work` stops as a whole.
+    /// calls within each other the innermost catches, since a dialog may be open between them.
     bool Run(const std::function<void()>& work);
 
 private:
-    bool Catch(const std::function<void()>& work);
-
     LumetraEditor::IEditor& m_editor;
-    bool m_isRunning = false;
 };
 
 } // namespace LumetraPlugin

@@ -263,11 +263,9 @@ void PresetCommands::FinishApplyStep()
 
 void PresetCommands::RememberEdit()
 {
-    Try([&] {
-        m_lastStep = m_edit.Save();
-        emit appliedChanged();
-        SendPresetChanged();
-    });
+    m_lastStep = m_edit.Save();
+    emit appliedChanged();
+    SendPresetChanged();
 }
 
 /// What cannot be saved now is tried again with the next change.
