@@ -38,7 +38,11 @@ void PhotoLoader::Load(const QString& path)
     const auto job = std::make_shared<Job>();
     job->path = path;
     job->number = ++m_newest;
-    m_thread.Run([job] { job->Read(); }, [this, job] { Deliver(*job); });
+    const auto work = [this, job] {
+        if (job->number == m_newest)
+            job->Read();
+    };
+    m_thread.Run(work, [this, job] { Deliver(*job); });
 }
 
 void PhotoLoader::Deliver(const Job& job)

@@ -9,10 +9,12 @@
 #include <QObject>
 #include <QString>
 
+#include <atomic>
+
 namespace LumetraEditor {
 
 /// Reads photo files beside the GUI thread. What was asked for last counts: an earlier photo that
-/// is still being read is never delivered.
+/// is still being read is never delivered, and one that waits is not read.
 class PhotoLoader : public QObject
 {
     Q_OBJECT
@@ -36,7 +38,7 @@ private:
 
     void Deliver(const Job& job);
 
-    int m_newest = 0;
+    std::atomic<int> m_newest{0};
     bool m_isLoading = false;
     BackgroundThread m_thread;
 };
