@@ -274,7 +274,7 @@ TEST_F(KeptEditsTest, asksBeforeAPhotoIsLeftWhoseEditIsNowhere)
     EXPECT_FALSE(editor->IsOpening());
     EXPECT_EQ(editor->GetPhotoPath(), Path("lake.png"));
     EXPECT_EQ(Slider()->value(), 10);
-    EXPECT_THAT(alerts.GetTexts().first().toStdString(), HasSubstr("lake.png"));
+    EXPECT_THAT(alerts.GetTexts().join(QString()).toStdString(), HasSubstr("lake.png"));
 }
 
 TEST_F(KeptEditsTest, asksBeforeTheNextPhoto)

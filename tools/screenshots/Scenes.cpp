@@ -5,11 +5,13 @@
 
 #include "canvas/PhotoCanvas.h"
 #include "window/EditorActions.h"
+#include "window/MessageBar.h"
 #include "window/Questions.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QDir>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QMenu>
@@ -228,6 +230,17 @@ QImage PlayRefused(EditorOnStage& stage)
     });
 }
 
+/// A folder is in the way of the file beside the photo, as on a medium that cannot be written.
+QImage PlayKept(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    QDir().mkpath(stage.GetWindow().windowFilePath() + QStringLiteral(".lumetra.json"));
+    stage.ClickLook(Look);
+    while (stage.GetWindow().GetMessages().GetText().isEmpty())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return stage.Grab();
+}
+
 QImage PlayReplaced(EditorOnStage& stage)
 {
     stage.OpenSample();
@@ -289,6 +302,7 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("delete"), PlayDelete},
         {QStringLiteral("leave"), PlayLeave, "dark-en@1x"},
         {QStringLiteral("refused"), PlayRefused},
+        {QStringLiteral("kept"), PlayKept},
         {QStringLiteral("replaced"), PlayReplaced},
         {QStringLiteral("lost"), PlayLost},
         {QStringLiteral("shortcuts"), PlayShortcuts, "light-de@1x"},
