@@ -51,9 +51,11 @@ QString Resolve(const QString& path)
     return file.isSymLink() && file.exists() ? file.canonicalFilePath() : path;
 }
 
-/// Making the target would put presets where the user's disk is not there at the moment.
-void RefuseLinkToNothing(const QString& path)
+/// Making the target of a link would put presets where the user's disk is not there at the moment.
+void RefuseUnusable(const QString& path)
 {
+    if (path.isEmpty())
+        Fail("expected the name of a file of your own presets, found an empty text", __LINE__);
     const QFileInfo file(path);
     if (file.isSymLink() && !file.exists())
         Fail((path + QStringLiteral(": expected a file, found a link to \"%1\", which is not there")
@@ -154,7 +156,7 @@ JsonDocument UserDataFile::Read()
 UserDataFile::Found UserDataFile::Find()
 {
     m_reports.clear();
-    RefuseLinkToNothing(m_path);
+    RefuseUnusable(m_path);
     const QFileInfo file(m_path);
     Found found{JsonDocument(m_path.toStdString())};
     if (!file.exists() || (file.isFile() && file.size() == 0)) {
@@ -209,7 +211,7 @@ JsonDocument UserDataFile::Update(const Edit& edit)
 
 JsonDocument UserDataFile::Update(const Edit& edit, const Contents& contents)
 {
-    RefuseLinkToNothing(m_path);
+    RefuseUnusable(m_path);
     MakeFolder(m_path);
     const StoreLock lock(m_path);
     RemoveOldTemporaryFiles();
@@ -284,7 +286,8 @@ void UserDataFile::RemoveOldTemporaryFiles() const
     const QDateTime limit = QDateTime::currentDateTime().addSecs(-60 * TemporaryFileMinutes);
     const QFileInfoList candidates =
         file.dir().entryInfoList({file.fileName() + QStringLiteral(".??????"),
-                                  file.fileName() + QStringLiteral(".backup-?.??????")},
+                                  file.fileName() + QStringLiteral(".backup-?.??????"),
+                                  file.fileName() + QStringLiteral(".version-1*.??????")},
                                  QDir::Files);
     for (const QFileInfo& candidate : candidates)
         if (candidate.lastModified() < limit)

@@ -202,6 +202,8 @@ TEST_F(UserDataFileTest, refusesWhatIsNoPlainFile)
     EXPECT_THROW(UserDataFile(Path()).Read(), Zorvik::Exception);
     EXPECT_THROW(UserDataFile(Path()).Update(SetMember("a")), Zorvik::Exception);
     EXPECT_THROW(UserDataFile(QStringLiteral("/dev/null")).Read(), Zorvik::Exception);
+    EXPECT_THROW(UserDataFile(QString()).Read(), Zorvik::Exception);
+    EXPECT_THROW(UserDataFile(QString()).Update(SetMember("a")), Zorvik::Exception);
     struct stat status;
     ASSERT_EQ(::stat(QFile::encodeName(Path()).constData(), &status), 0);
     EXPECT_TRUE(S_ISFIFO(status.st_mode));
