@@ -4,6 +4,7 @@
 #include "canvas/CanvasFeed.h"
 #include "drawer/AsyncPreviews.h"
 #include "plugins/PluginFolders.h"
+#include "window/HistogramFeed.h"
 
 #include <QAction>
 #include <QApplication>
@@ -201,6 +202,7 @@ void EditorOnStage::Settle()
         m_editor->GetPreviews().WaitForAll();
         if (m_editor->HasPhoto())
             m_window->GetFeed().GetLiveView().WaitForFrame();
+        m_window->GetHistogramFeed().GetLiveView().WaitForFrame();
     }
 }
 

@@ -9,6 +9,7 @@
 #include "drawer/LayerRenderer.h"
 #include "photo/PhotoWriter.h"
 #include "plugins/PluginLoader.h"
+#include "window/HistogramFeed.h"
 #include "workspace/WorkspaceController.h"
 
 #include <QAction>
@@ -264,6 +265,7 @@ void StressRun::Settle()
     do {
         for (int i = 0; i < 3; ++i) {
             view.WaitForFrame();
+            m_window->GetHistogramFeed().GetLiveView().WaitForFrame();
             m_editor->GetPreviews().WaitForAll();
             QApplication::processEvents();
         }
