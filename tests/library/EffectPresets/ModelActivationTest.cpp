@@ -166,6 +166,15 @@ TEST_F(ModelActivationTest, notCommittingSwitchesThePresetOff)
     EXPECT_FALSE(model.HasUnsavedChanges());
 }
 
+TEST_F(ModelActivationTest, notCommittingFindsAPresetBehindOtherGroups)
+{
+    Set(At(1, 0), Model::AppliedRole, true);
+    log.Clear();
+    model.ApplyCurrentChanges(false);
+    EXPECT_THAT(log.GetLines("model."), ElementsAre("model.dataChanged(1/0, 1/0, [258])"));
+    EXPECT_FALSE(IsApplied(1, 0));
+}
+
 TEST_F(ModelActivationTest, withoutAnAppliedPresetThereIsNothingToCommit)
 {
     model.ApplyCurrentChanges(true);

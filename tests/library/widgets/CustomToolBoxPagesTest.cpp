@@ -29,8 +29,8 @@ protected:
     }
 };
 
-/// Counts how often widgets called "title" are polished again.
-class PolishCounter : public QProxyStyle
+/// Logs how widgets called "title" are polished again, with their enabled state at that moment.
+class PolishLogger : public QProxyStyle
 {
 public:
     using QProxyStyle::polish;
@@ -39,26 +39,32 @@ public:
     void polish(QWidget* widget) override
     {
         if (widget->objectName() == QLatin1String("title"))
-            m_log += QStringLiteral("polish ");
+            Log(QStringLiteral("polish"), *widget);
         QProxyStyle::polish(widget);
     }
 
     void unpolish(QWidget* widget) override
     {
         if (widget->objectName() == QLatin1String("title"))
-            m_log += QStringLiteral("unpolish ");
+            Log(QStringLiteral("unpolish"), *widget);
         QProxyStyle::unpolish(widget);
     }
 
     std::string TakeLog()
     {
-        const std::string log = m_log.trimmed().toStdString();
+        const std::string log = m_log.join(QStringLiteral(", ")).toStdString();
         m_log.clear();
         return log;
     }
 
 private:
-    QString m_log;
+    void Log(const QString& call, const QWidget& widget)
+    {
+        m_log +=
+            call + (widget.isEnabled() ? QStringLiteral(" enabled") : QStringLiteral(" disabled"));
+    }
+
+    QStringList m_log;
 };
 
 TEST_F(CustomToolBoxPages, emptyBoxHasNothingCurrent)
@@ -255,7 +261,7 @@ TEST_F(CustomToolBoxPages, laterTitleButtonReplacesTheEarlierOneButLeavesItInThe
 
 TEST_F(CustomToolBoxPages, titleButtonIsPolishedAgainAfterEveryChange)
 {
-    PolishCounter style;
+    PolishLogger style;
     AddPages("AB");
     auto* title = new QPushButton;
     title->setObjectName(QStringLiteral("title"));
@@ -263,9 +269,13 @@ TEST_F(CustomToolBoxPages, titleButtonIsPolishedAgainAfterEveryChange)
     m_box->addWidgetTitleButton(title, 0);
     style.TakeLog();
 
+    m_box->setCurrentIndex(0);
+    EXPECT_EQ(style.TakeLog(), "unpolish disabled, polish disabled") << "its new state is known";
+    m_box->setCurrentIndex(0);
+    EXPECT_EQ(style.TakeLog(), "unpolish enabled, polish enabled");
     m_box->setCurrentIndex(1);
-
-    EXPECT_EQ(style.TakeLog(), "unpolish polish");
+    EXPECT_EQ(style.TakeLog(), "unpolish enabled, polish enabled")
+        << "also when another page opens";
     delete title;
 }
 

@@ -151,6 +151,11 @@ TEST_F(CustomToolBoxSignals, currentWidgetIsAlwaysOpenedAndNeverShut)
     m_box->setCurrentWidget(m_box->widget(1));
     EXPECT_EQ(TakeLog(), "");
     EXPECT_EQ(Pages(), "A+ B+*");
+
+    m_box->setCurrentIndex(0);
+    TakeLog();
+    m_box->setCurrentWidget(m_box->widget(0));
+    EXPECT_EQ(TakeLog(), "current 0, expanded 0 open") << "and no warning for the first page";
 }
 
 TEST_F(CustomToolBoxSignals, foreignCurrentWidgetIsWarnedAboutOnceAndIgnored)
