@@ -6,6 +6,8 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
 
 #include <unistd.h>
@@ -26,14 +28,21 @@ QString MakeVisibleLines(const QString& text)
 
 } // namespace
 
-Console::Console() : m_isTerminal(isatty(STDERR_FILENO) == 1) {}
+Console::Console() : m_isTerminal(isatty(STDERR_FILENO) == 1)
+{
+    std::signal(SIGPIPE, SIG_IGN); // writing reports it
+}
 
 void Console::Write(const QByteArray& data)
 {
     ClearProgress();
+    if (m_isReaderGone)
+        return;
     const auto size = static_cast<std::size_t>(data.size());
-    if (std::fwrite(data.constData(), 1, size, stdout) != size || std::fflush(stdout) != 0)
-        m_isBroken = true;
+    if (std::fwrite(data.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0)
+        return;
+    m_isBroken = true;
+    m_isReaderGone = errno == EPIPE;
 }
 
 void Console::PrintLine(const QString& line)
@@ -94,7 +103,7 @@ void Console::ClearProgress()
 bool Console::Finish()
 {
     ClearProgress();
-    return std::fflush(stdout) == 0 && !m_isBroken;
+    return !m_isBroken;
 }
 
 } // namespace LumetraCli

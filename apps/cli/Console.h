@@ -28,8 +28,11 @@ public:
     void ShowProgress(int done, int total, const QString& what);
     void ClearProgress();
 
-    /// Flushes stdout. False when something could not be written there.
+    /// Ends the progress. False when something could not be written to stdout.
     bool Finish();
+    /// True when whoever read stdout has gone. What is printed then is dropped, so that a batch is
+    /// carried out to its end all the same.
+    bool IsReaderGone() const { return m_isReaderGone; }
 
 private:
     void Write(const QByteArray& data);
@@ -38,6 +41,7 @@ private:
     bool m_isTerminal;
     bool m_hasProgress = false;
     bool m_isBroken = false;
+    bool m_isReaderGone = false;
 };
 
 } // namespace LumetraCli

@@ -103,7 +103,8 @@ int main(int argc, char** argv)
         console.Report(QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0));
     }
     if (!console.Finish()) {
-        console.Report(QStringLiteral("the output could not be written"));
+        if (!console.IsReaderGone())
+            console.Report(QStringLiteral("the output could not be written"));
         code = ExitCode::SomeFailed;
     }
     return static_cast<int>(code);

@@ -88,3 +88,28 @@ TEST_F(CliTest, printsEachLineAtOnce)
     EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
     ::close(ends[0]);
 }
+
+TEST_F(CliTest, carriesABatchOutThoughNobodyReadsItsOutput)
+{
+    QStringList photos;
+    for (const char* name : {"a.png", "b.png", "c.png"}) {
+        WritePhoto(name);
+        photos.append(QLatin1String(name));
+    }
+    int ends[2];
+    ASSERT_EQ(::pipe(ends), 0);
+    ::close(ends[0]);
+    ProcessWithOutput process(ends[1]);
+    process.setWorkingDirectory(folder.path());
+    process.start(
+        QStringLiteral(LUMETRA_PRESETS_PROGRAM),
+        Words("apply -p test.bright -o out/{name}.png --only-named --catalogue looks.json "
+              "--store presets.json --jobs 1") +
+            photos);
+    ASSERT_TRUE(process.waitForFinished(-1));
+    ::close(ends[1]);
+
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 1);
+    EXPECT_TRUE(Exists("out/a.png") && Exists("out/b.png") && Exists("out/c.png"));
+}
