@@ -14,11 +14,17 @@
 namespace LumetraCli {
 namespace {
 
+using LumetraHost::ContentCheck;
 using LumetraPlugin::PresetModel;
 using LumetraPlugin::PresetResource;
 using Zorvik::Lumetra::LumetraPresets::IntensitySettingType;
 using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 using Rows = std::vector<PresetRow>;
+
+QString FindContentProblem(const PresetModel& model, const QModelIndex& preset, ContentCheck check)
+{
+    return QString::fromStdString(model.GetPreset(preset)->FindProblem(check));
+}
 
 PresetRow ReadRow(const QModelIndex& index, const QString& group)
 {
@@ -109,12 +115,21 @@ std::vector<PresetRow> PresetRows::Read(PresetModel& model)
         const QString name = group.data(PresetModel::PresetNameRole).toString();
         for (int i = 0; i < model.rowCount(group); ++i) {
             const QModelIndex preset = model.index(i, 0, group);
-            const QString problem = PresetResource::FindFault(model, preset, folders);
+            const QString fault = PresetResource::FindFault(model, preset, folders);
             rows.push_back(ReadRow(preset, name));
-            rows.back().problem = problem;
+            rows.back().problem =
+                fault.isEmpty() ? FindContentProblem(model, preset, ContentCheck::Presence) : fault;
         }
     }
     return rows;
+}
+
+QString PresetRows::FindProblem(const PresetRow& row)
+{
+    const auto* model = dynamic_cast<const PresetModel*>(row.index.model());
+    if (!row.problem.isEmpty() || !model)
+        return row.problem;
+    return FindContentProblem(*model, row.index, ContentCheck::Content);
 }
 
 bool PresetRows::Has(const std::vector<PresetRow>& rows, const QString& nameOrId)

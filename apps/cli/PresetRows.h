@@ -29,7 +29,7 @@ struct PresetRow
     bool isPopular = false;
     bool isFavourite = false;
     bool isUsers = false; ///< stands in the user's group
-    QString problem;      ///< why it has no effects to draw; empty when it has
+    QString problem;      ///< a file that it needs and that is missing; empty when all are there
     Zorvik::Lumetra::LumetraPresets::SliderSetting::List sliders;
 
     bool HasIntensity() const;
@@ -42,6 +42,10 @@ class PresetRows
 {
 public:
     static std::vector<PresetRow> Read(LumetraPlugin::PresetModel& model);
+
+    /// Why the preset cannot be drawn: its `problem`, or a file that it needs and that is damaged.
+    /// Empty when it can. Reads the files.
+    static QString FindProblem(const PresetRow& row);
 
     /// True when Find() would find one or several.
     static bool Has(const std::vector<PresetRow>& rows, const QString& nameOrId);

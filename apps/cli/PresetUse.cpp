@@ -60,9 +60,10 @@ bool IsNamed(const SliderSetting& slider, const QString& name)
 PresetUse::PresetUse(const PresetRow& preset, const QString& intensity, const QStringList& settings)
     : m_preset(preset)
 {
-    if (!preset.problem.isEmpty())
+    const QString problem = PresetRows::FindProblem(preset);
+    if (!problem.isEmpty())
         throw Zorvik::Exception(
-            QStringLiteral("\"%1\": %2").arg(preset.name, preset.problem).toStdString(),
+            QStringLiteral("\"%1\": %2").arg(preset.name, problem).toStdString(),
             BOOST_CURRENT_FUNCTION, "PresetUse", __LINE__);
     if (!intensity.isNull())
         SetIntensity(intensity);

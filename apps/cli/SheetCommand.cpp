@@ -79,9 +79,10 @@ Sections MakeSections(const std::vector<PresetRow>& rows)
 /// Nothing, or why there is no picture.
 QString RenderPreview(const PresetRow& row, QImage& picture)
 {
-    if (!row.problem.isEmpty())
-        return row.problem;
     try {
+        const QString problem = PresetRows::FindProblem(row);
+        if (!problem.isEmpty())
+            return problem;
         picture = row.index.data(EffectPresetModel::PreviewImageRole).value<QImage>();
         return picture.isNull() ? QStringLiteral("expected a picture, found none") : QString();
     } catch (const std::exception& error) {

@@ -294,3 +294,40 @@ TEST_F(CliTest, appliesATableFromBesideAStore)
     EXPECT_EQ(apply("swap.cube", "file.png"), 0);
     EXPECT_EQ(ReadFile("stored.png"), ReadFile("file.png"));
 }
+
+TEST_F(CliTest, saysWhichTableOfAnOwnPresetIsMissingOrDamaged)
+{
+    WritePhoto("photo.png");
+    WriteFile("swap.cube", SwappingCube());
+    ASSERT_EQ(Run(WithStore({Text("import"), Text("swap.cube")})).code, 0);
+    const QDir tables(Path("presets.json.tables"));
+    const QString table = tables.filePath(tables.entryList(QDir::Files).value(0));
+    const QByteArray before = ReadFile("presets.json");
+    const auto expectRefusals = [&](const std::string& message) {
+        for (const char* line : {"apply photo.png -p swap -o out.png", "save swap Mine",
+                                 "export-lut -p swap -o out.cube"}) {
+            const CliResult result = Run(WithStore(Words(line)));
+            EXPECT_EQ(result.code, 1) << line;
+            EXPECT_THAT(result.messages, HasSubstr("lumetra-presets: \"swap\": ")) << line;
+            EXPECT_THAT(result.messages, HasSubstr(message)) << line;
+        }
+        const CliResult sheet = Run(WithStore(Words("sheet photo.png -o sheet.png --overwrite")));
+        EXPECT_EQ(sheet.code, 1);
+        EXPECT_THAT(sheet.messages, HasSubstr("lumetra-presets: \"swap\": "));
+        EXPECT_FALSE(Exists("out.png") || Exists("out.cube"));
+        EXPECT_EQ(ReadFile("presets.json"), before);
+    };
+
+    QFile file(table);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray(48, 'x'));
+    file.close();
+    expectRefusals("damaged");
+
+    ASSERT_TRUE(file.remove());
+    expectRefusals("found none");
+    EXPECT_THAT(Run(WithStore(Words("list --user"))).output, HasSubstr("  not usable: "));
+    EXPECT_EQ(Run(WithStore(Words("favourite swap"))).code, 0);
+    EXPECT_EQ(Run(WithStore(Words("rename swap Swapped"))).code, 0);
+    EXPECT_EQ(Run(WithStore(Words("remove Swapped"))).code, 0);
+}
