@@ -134,8 +134,12 @@ void PresetController::LimitIntensity()
 {
     const auto [lowest, highest] = std::minmax({IntensityMin(), IntensityMax()});
     const int limited = std::clamp(GetIntensity(), lowest, highest);
+    m_intensityRemark.clear();
     if (limited == GetIntensity())
         return;
+    m_intensityRemark = "expected an intensity from " + std::to_string(lowest) + " to " +
+                        std::to_string(highest) + ", found " + std::to_string(GetIntensity()) +
+                        ": it starts at " + std::to_string(limited);
     Intensity().SetValue(limited);
     Intensity().SaveValue(m_effectSettings);
 }

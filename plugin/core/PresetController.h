@@ -70,6 +70,8 @@ public:
     /// The intensity that the preset came with, which a reset goes back to. Within its range: a
     /// stored one that is not has been moved to the nearest end.
     int GetStartIntensity() const { return m_startIntensity; }
+    /// "expected …, found …" when the stored intensity was out of its range; else empty.
+    const std::string& GetIntensityRemark() const { return m_intensityRemark; }
     /// Puts the intensity back to where it started, in the value and in the effects. Draws nothing
     /// and needs no workspace.
     void PutIntensityBack();
@@ -113,6 +115,7 @@ private:
     void BringIntensityIntoPreview();
 
     int m_startIntensity = 0;
+    std::string m_intensityRemark;
     std::string m_resource;
     bool m_hasResource = false;
     // What was given while there were no effects yet.

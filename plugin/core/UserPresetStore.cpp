@@ -5,6 +5,7 @@
 #include "EffectPresets/IEffectPresetControllerFactory.h"
 #include "Zorvik/Brassel/ISerializer.h"
 #include "Zorvik/Brassel/SettingsKeys.h"
+#include "core/PresetController.h"
 #include "core/StoreTables.h"
 #include "storage/JsonException.h"
 #include "storage/JsonSerializer.h"
@@ -112,6 +113,10 @@ bool UserPresetStore::TryPreset(const JsonValue& element, std::size_t index,
         const auto controller = m_factory->CreateController(node->Get(ConfigData::CONTROLLER, ""));
         static_cast<Zorvik::Brassel::ISerializable&>(*controller).Deserialize(node);
         controller->InitIntensity(node->GetNode(ConfigData::INTENSITY));
+        const auto* preset = dynamic_cast<const PresetController*>(controller.get());
+        if (reports && preset && !preset->GetIntensityRemark().empty())
+            reports->push_back(
+                Report(m_seen, element, path + "/intensity", preset->GetIntensityRemark()));
         return true;
     } catch (const LumetraHost::JsonException& error) {
         if (reports)

@@ -311,6 +311,32 @@ TEST_F(SingleValueTest, isWarnedOfWhereTheIntensityIsOutOfItsRange)
         }
 }
 
+TEST_F(SingleValueTest, isWarnedOfAmongTheUsersPresetsToo)
+{
+    const auto getProblems = [this](const char* mark, const char* value) {
+        QStringList problems;
+        PresetSession session(PresetSession::PACKAGE_NAME);
+        const Case given = Case().Set(mark, value);
+        session.LoadWithStore({}, WriteFile("presets.json", MakeStore(given.presets)), problems);
+        return problems;
+    };
+    EXPECT_EQ(getProblems("value", "80"), QStringList());
+    for (const auto& [mark, value, text] :
+         {std::make_tuple("value", "300",
+                          "expected an intensity from 1 to 100, found 300: it starts "
+                          "at 100"),
+          std::make_tuple("amount", "100",
+                          "expected an intensity from 0 to 50, found -50: it starts "
+                          "at 0")}) {
+        const QStringList problems = getProblems(mark, value);
+        ASSERT_EQ(problems.size(), 1) << mark;
+        EXPECT_TRUE(problems[0].contains(QRegularExpression(
+            QStringLiteral("presets\\.json:\\d+:\\d+: UserPresets/items\\[\\d\\]/intensity: %1$")
+                .arg(QLatin1String(text)))))
+            << problems[0].toStdString();
+    }
+}
+
 TEST_F(SingleValueTest, startsAtTheNearestEndOfItsIntensity)
 {
     const auto getIntensity = [this](const char* mark, const char* value, const char* id) {
