@@ -192,6 +192,21 @@ void EffectsChecker::CheckRange(const CheckedNode& node, const std::string& key,
         WarnUnlessWithin(node, key, *found, *value);
 }
 
+std::optional<double> EffectsChecker::FindValue(const CheckedNode& holder,
+                                                const std::string& effectID,
+                                                const std::string& parameter)
+{
+    const auto descriptor = EffectRegistry::Find(effectID);
+    const auto* const found = descriptor ? FindParameter(*descriptor, parameter) : nullptr;
+    if (!found)
+        return std::nullopt;
+    for (const CheckedNode& element : holder.Elements(IEffectSettings::EFFECTS))
+        if (const auto effect = element.Node(IEffectSettings::EFFECT))
+            if (effect->Text(IEffectSettings::KEY_EFFECT_ID) == effectID)
+                return effect->Number(parameter).value_or(found->defaultValue);
+    return std::nullopt;
+}
+
 double EffectsChecker::GetWidth(const std::string& effectID, const std::string& parameter)
 {
     const auto descriptor = EffectRegistry::Find(effectID);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <optional>
 #include <set>
 #include <string>
 
@@ -26,6 +27,10 @@ public:
     /// is such a parameter.
     static void CheckRange(const CheckedNode& node, const std::string& key,
                            const std::string& effectID, const std::string& parameter);
+    /// The number that the first such effect in `holder` begins with: the stored one, else the
+    /// default. Nothing without such an effect or parameter.
+    static std::optional<double> FindValue(const CheckedNode& holder, const std::string& effectID,
+                                           const std::string& parameter);
     /// The largest value less the smallest one; infinite without such a parameter.
     static double GetWidth(const std::string& effectID, const std::string& parameter);
 };

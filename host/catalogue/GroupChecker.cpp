@@ -8,6 +8,8 @@
 #include "catalogue/NearestName.h"
 #include "catalogue/VisibleText.h"
 
+#include <QDir>
+
 namespace LumetraHost {
 namespace {
 
@@ -44,6 +46,16 @@ void WarnOfControls(const CheckedNode& node, const char* key)
     if (VisibleText::HasControls(name))
         node.WarningAt(key, "expected a text without control characters, found \"" +
                                 VisibleText::Make(name).toStdString() + "\"");
+}
+
+/// Resources are looked for inside their folder and nowhere else.
+void WarnOfPlace(const CheckedNode& item, const std::string& resource)
+{
+    const QString place = QDir::cleanPath(QString::fromStdString(resource));
+    if (!QDir::isRelativePath(place) || place.startsWith(QLatin1String("..")))
+        item.WarningAt(ResourceKey, "expected a file inside the group's folder of resources, found "
+                                    "\"" +
+                                        resource + "\"");
 }
 
 std::set<std::string> CheckEffects(const CheckedNode& item)
@@ -143,6 +155,8 @@ bool GroupChecker::CheckPreset(const CheckedNode& item,
     // A preset with a resource gets its effects from there, later.
     const auto resource = item.Text(ResourceKey);
     const bool hasEffects = !resource || resource->empty();
+    if (!hasEffects)
+        WarnOfPlace(item, *resource);
     const std::set<std::string> effectIDs =
         hasEffects ? CheckEffects(item) : std::set<std::string>();
     const auto own = item.Node(ConfigData::INTENSITY);
@@ -151,6 +165,8 @@ bool GroupChecker::CheckPreset(const CheckedNode& item,
     const auto& intensity = own ? own : groupIntensity;
     if (intensity && hasEffects && reports.GetErrorCount() == errorCount) {
         IntensityChecker::CheckEffects(*intensity, item, effectIDs);
+        IntensityChecker::CheckStart(*intensity, item,
+                                     item.Node(EffectInfo::TAG_SETTINGS).value_or(item));
         IntensityChecker::CheckSharing(*intensity, item, effectIDs, m_sliders);
     }
     return reports.GetErrorCount() == errorCount;

@@ -195,6 +195,30 @@ SliderParameters IntensityChecker::ReadParameters(const CheckedNode& slider)
     return result;
 }
 
+void IntensityChecker::CheckStart(const CheckedNode& intensity, const CheckedNode& item,
+                                  const CheckedNode& effects)
+{
+    if (intensity.Int(TypeKey) != Slider || !intensity.Has(SliderKey))
+        return;
+    const auto slider = intensity.Node(SliderKey);
+    const auto variables = slider->Elements(VariablesKey);
+    if (variables.empty() || GetDistance(*slider) == 0)
+        return;
+    const auto parameter = ReadParameters(*slider).parameters.front();
+    const double begin = GetNumber(variables.front(), BeginKey);
+    const double end = GetNumber(variables.front(), EndKey);
+    const double halfStep = GetDistance(variables.front()) / GetDistance(*slider) / 2;
+    const auto value = EffectsChecker::FindValue(effects, parameter.first, parameter.second);
+    if (!value || begin == end ||
+        (*value >= std::min(begin, end) - halfStep && *value <= std::max(begin, end) + halfStep))
+        return;
+    item.Warning("expected \"" + parameter.second + "\" of \"" + parameter.first + "\" from " +
+                 JsonWriter::NumberText(std::min(begin, end)) + " to " +
+                 JsonWriter::NumberText(std::max(begin, end)) +
+                 ", where the intensity slider moves it, found " + JsonWriter::NumberText(*value) +
+                 ": the slider starts at its end");
+}
+
 void IntensityChecker::CheckSharing(const CheckedNode& intensity, const CheckedNode& item,
                                     const std::set<std::string>& effectIDs,
                                     const std::vector<SliderParameters>& sliders)

@@ -29,6 +29,11 @@ public:
     static void CheckEffects(const CheckedNode& intensity, const CheckedNode& item,
                              const std::set<std::string>& effectIDs);
 
+    /// A warning unless the first parameter that the intensity moves begins at a position of the
+    /// slider: it is moved to the nearer end. `effects` holds the preset's effects.
+    static void CheckStart(const CheckedNode& intensity, const CheckedNode& item,
+                           const CheckedNode& effects);
+
     /// A warning for each parameter that the intensity moves and that an extra slider of the preset
     /// moves too: such a slider does nothing.
     static void CheckSharing(const CheckedNode& intensity, const CheckedNode& item,

@@ -56,8 +56,8 @@ LutFormat GetFormat(const QString& path)
 
 LutLooks LutReader::Read(const QString& path)
 {
-    const LutFormat format = GetFormat(path);
     RefuseNoPlainFile(path);
+    const LutFormat format = GetFormat(path);
     const std::string name = QFileInfo(path).completeBaseName().toStdString();
     switch (format) {
     case LutFormat::Hald: {

@@ -155,6 +155,38 @@ TEST_F(CatalogueRemarks, onAnIntensityThatMovesWhatAnExtraSliderMoves)
     EXPECT_EQ(check("contrast", "", intensity + ", "), Lines{});
 }
 
+TEST_F(CatalogueRemarks, onAnIntensityThatBeginsOutsideItsSlider)
+{
+    const auto check = [this](const char* amount) {
+        return Check(std::string(R"("groups": [{"name": "G", "items": [{"name": "x",
+            "intensity": {"type": 2, "sliderSetting": {"end": 50, "variables": [{"effectID":
+                "saturation", "setting": "amount", "end": -50}]}},
+            "settings": {"effects": [{"effect": {"id": "saturation", "amount": )") +
+                     amount + "}}]}}]}]");
+    };
+    for (const char* amount : {"0", "-50", "-25", "-50.4", "0.4"})
+        EXPECT_EQ(check(amount), Lines{}) << amount;
+    EXPECT_EQ(check("-51"),
+              (Lines{"a.json: warning: groups[0]/items[0]: expected \"amount\" of \"saturation\" "
+                     "from -50.0 to 0.0, where the intensity slider moves it, found -51.0: the "
+                     "slider starts at its end"}));
+    EXPECT_EQ(check("20").size(), 1U);
+}
+
+TEST_F(CatalogueRemarks, onAResourceOutsideItsFolder)
+{
+    const auto check = [this](const char* resource) {
+        return Check(
+            std::string(R"("groups": [{"name": "G", "items": [{"name": "x", "resource": ")") +
+            resource + R"("}]}])");
+    };
+    EXPECT_EQ(check("film/x.json"), Lines{});
+    EXPECT_EQ(check("../x.json"),
+              (Lines{"a.json: warning: groups[0]/items[0]/resource: expected a file inside the "
+                     "group's folder of resources, found \"../x.json\""}));
+    EXPECT_EQ(check("/etc/passwd").size(), 1U);
+}
+
 TEST_F(CatalogueRemarks, onNamesWithControlCharacters)
 {
     EXPECT_EQ(Check(R"("groups": [{"name": "G\n", "items": [{"name": "x\u001b[1m", "id": "\u009b",
