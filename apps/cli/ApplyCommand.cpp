@@ -95,7 +95,8 @@ PresetRow AddLutPreset(LumetraPlugin::PresetSession& session, const QString& fil
     return PresetRows::Find(PresetRows::Read(session.GetModel()), id);
 }
 
-/// A name of no preset that looks like that of a file, or is one that is no LUT file.
+/// Refuses a name that no preset has when it is, or looks like, the name of a file: the file is
+/// missing or no LUT file.
 void RefuseFile(const QString& preset)
 {
     const QFileInfo file(preset);

@@ -36,7 +36,7 @@ void DrawText(QPainter& painter, const QRect& area, const QString& text, const Q
     painter.drawText(area, alignment | Qt::AlignVCenter | Qt::TextSingleLine, fitting);
 }
 
-/// The place of a picture that there is not.
+/// Draws a frame that says that the picture is missing.
 void DrawGap(QPainter& painter, const QRect& area)
 {
     painter.setPen(QColor(GapColour));

@@ -24,7 +24,7 @@ void Fail(PhotoJob& job, const QString& message)
     job.message = message;
 }
 
-/// The path, or the nearest folder above it that is there.
+/// Returns the path itself when it exists, else the nearest folder above it that does.
 QString FindExisting(const QString& path)
 {
     QFileInfo info(path);
@@ -33,7 +33,7 @@ QString FindExisting(const QString& path)
     return info.absoluteFilePath();
 }
 
-/// File systems on which two names that differ only in their case are one file.
+/// True on file systems where two names that differ only in their case are one file.
 bool IgnoresCase(const QString& path)
 {
     static const std::set<QByteArray> types = {"vfat", "msdos", "exfat",  "cifs",
@@ -50,7 +50,7 @@ FileIdentity GetOutputKey(const QString& output)
     return FileIdentity::Of(QDir(info.absolutePath()).filePath(info.fileName().toCaseFolded()));
 }
 
-/// Photos that cannot be read by their kind of file. They keep no other photo from its output.
+/// Refuses what cannot be a photo. It keeps no other photo from its output.
 void CheckPhoto(PhotoJob& job)
 {
     const QFileInfo photo(job.photo);

@@ -76,7 +76,7 @@ Sections MakeSections(const std::vector<PresetRow>& rows)
     return sections;
 }
 
-/// Nothing, or why there is no picture.
+/// Returns why there is no picture; nothing when there is one.
 QString RenderPreview(const PresetRow& row, QImage& picture)
 {
     try {

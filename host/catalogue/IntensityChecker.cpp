@@ -56,7 +56,7 @@ void WarnOfEqualEnds(const CheckedNode& node)
         node.Warning("expected different numbers as \"begin\" and \"end\"");
 }
 
-/// 0 for anything else, which is reported elsewhere.
+/// Reads a number without a report; anything else is 0.
 double GetNumber(const CheckedNode& node, const char* key)
 {
     const JsonValue* value = node.GetObject().Find(key);
@@ -64,7 +64,7 @@ double GetNumber(const CheckedNode& node, const char* key)
     return number ? number->value : 0;
 }
 
-/// Always finite.
+/// Returns how far "begin" and "end" are apart; always finite.
 double GetDistance(const CheckedNode& node)
 {
     return std::min(std::abs(GetNumber(node, EndKey) - GetNumber(node, BeginKey)),
