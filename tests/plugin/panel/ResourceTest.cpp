@@ -50,7 +50,9 @@ TEST_F(ResourceTest, marksPresetsWhoseEffectsAreYetToCome)
 {
     EXPECT_TRUE(IsDownloadable("Silver"));
     EXPECT_FALSE(IsDownloadable("Bright"));
-    EXPECT_TRUE(panel->GetPresets().GetReports().empty());
+    const auto& reports = panel->GetPresets().GetReports();
+    ASSERT_EQ(reports.size(), 1u); // of the one whose resource leads out of the folder
+    EXPECT_NE(reports.front().ToText().find("../../thief.json"), std::string::npos);
     const auto titles =
         panel->GetWidget()->findChildren<QToolButton*>(QStringLiteral("sectionTitleButton"));
     EXPECT_FALSE(titles.at(2)->icon().isNull());
