@@ -68,6 +68,8 @@ protected:
         messages.clear();
         QObject::connect(editor.get(), &LumetraEditor::Editor::messageGiven,
                          [this](const QString& text) { messages.append(text); });
+        QObject::connect(editor.get(), &LumetraEditor::Editor::noticeGiven,
+                         [this](const QString& text) { messages.append(text); });
         LoadExamplePanel();
         Open(Path(name));
     }
@@ -168,6 +170,16 @@ TEST_F(KeptEditsTest, saysItOnceForAFolder)
         said += message.contains(GetFolder()) ? 1 : 0;
     EXPECT_EQ(said, 1);
     EXPECT_EQ(KeptFiles().size(), 2);
+}
+
+TEST_F(KeptEditsTest, goesOnSayingItWhenAnotherPhotoIsOpened)
+{
+    Block("lake.png.lumetra.json");
+    Slider()->setValue(10);
+
+    Open(WritePhoto("other.png", 30, 20));
+
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr(GetFolder().toStdString()));
 }
 
 TEST_F(KeptEditsTest, findsTheEditWhenThePhotoIsAtAnotherPlace)

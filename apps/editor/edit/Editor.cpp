@@ -38,6 +38,7 @@ Editor::Editor(QObject* parent)
     if (auto* const application = qobject_cast<GuardedApplication*>(QCoreApplication::instance()))
         connect(application, &GuardedApplication::eventFailed, this, &Editor::TakeFailure);
     connect(&m_sidecar, &Sidecar::problem, this, &Editor::messageGiven);
+    connect(&m_sidecar, &Sidecar::notice, this, &Editor::noticeGiven);
     m_workspace->GetDrawer().AddObserver(this);
 }
 

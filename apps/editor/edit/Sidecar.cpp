@@ -180,7 +180,7 @@ void Sidecar::Report(const Job& job)
     if (!job.besideError.isEmpty() && job.error.isEmpty())
         ReportKeptElsewhere(job);
     if (!job.setAside.isEmpty())
-        emit problem(tr("An earlier edit is kept as %1").arg(QFileInfo(job.setAside).fileName()));
+        emit notice(tr("An earlier edit is kept as %1").arg(QFileInfo(job.setAside).fileName()));
 }
 
 /// Once for a folder: nothing is wrong with the other photos there.
@@ -190,10 +190,10 @@ void Sidecar::ReportKeptElsewhere(const Job& job)
     if (m_toldFolders.contains(folder))
         return;
     m_toldFolders.append(folder);
-    emit problem(tr("The edit of “%1” cannot be kept beside the photo. It is kept in %2.")
-                     .arg(QFileInfo(job.place->photo).fileName(),
-                          QDir::toNativeSeparators(KeptEdits::GetFolder())) +
-                 QLatin1Char('\n') + job.besideError);
+    emit notice(tr("The edit of “%1” cannot be kept beside the photo. It is kept in %2.")
+                    .arg(QFileInfo(job.place->photo).fileName(),
+                         QDir::toNativeSeparators(KeptEdits::GetFolder())) +
+                QLatin1Char('\n') + job.besideError);
 }
 
 void Sidecar::Flush()

@@ -56,6 +56,8 @@ public:
 signals:
     /// A sentence with the file's name.
     void problem(const QString& message);
+    /// The same about files elsewhere, which counts for other photos too.
+    void notice(const QString& message);
 
 private:
     struct Place;
