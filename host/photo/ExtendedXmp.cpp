@@ -6,6 +6,7 @@
 #include <QCryptographicHash>
 
 #include <algorithm>
+#include <cctype>
 #include <map>
 #include <set>
 #include <string>
@@ -108,6 +109,52 @@ std::optional<ExtendedXmp> Move(const Exiv2::XmpData& properties,
     return ExtendedXmp{*main, *extension};
 }
 
+/// Nothing for a packet that cannot be decoded and encoded again.
+std::optional<ExtendedXmp> MoveLargest(const QByteArray& packet)
+{
+    Exiv2::XmpData properties;
+    if (!Decode(packet, properties))
+        return std::nullopt;
+    const auto compact = Encode(properties, 0); // packets may be filled up with blanks
+    if (!compact)
+        return std::nullopt;
+    auto excess = compact->size() - ExtendedXmp::LargestMain;
+    if (excess <= 0)
+        return ExtendedXmp{*compact, {}};
+    // What stands between the properties takes space as well, so the sizes are only a beginning.
+    std::set<std::string> moved;
+    for (const Root& root : MeasureRoots(properties)) {
+        moved.insert(root.key);
+        excess -= static_cast<int>(root.size);
+        if (excess > 0)
+            continue;
+        if (const auto divided = Move(properties, moved))
+            return divided;
+    }
+    return std::nullopt;
+}
+
+std::optional<QByteArray> Join(const QByteArray& main, const QByteArray& extension)
+{
+    Exiv2::XmpData properties;
+    Exiv2::XmpData others;
+    if (!Decode(main, properties))
+        return std::nullopt;
+    const auto note = properties.findKey(Exiv2::XmpKey(NoteKey));
+    if (note != properties.end())
+        properties.erase(note);
+    if (properties.empty())
+        return extension;
+    if (!Decode(extension, others))
+        return std::nullopt;
+    std::set<std::string> known;
+    for (const auto& property : properties)
+        known.insert(GetRoot(property.key()));
+    for (const auto& property : Select(others, known, false))
+        properties.add(property);
+    return Encode(properties, 0);
+}
+
 } // namespace
 
 QByteArray ExtendedXmp::FindGuid(const QByteArray& main)
@@ -128,19 +175,11 @@ QByteArray ExtendedXmp::FindGuid(const QByteArray& main)
 
 ExtendedXmp ExtendedXmp::Divide(const QByteArray& packet)
 {
-    Exiv2::XmpData properties;
-    if (!Decode(packet, properties))
-        return MoveWhole(packet);
-    // What stands between the properties takes space as well, so the sizes are only a beginning.
-    auto excess = packet.size() - LargestMain;
-    std::set<std::string> moved;
-    for (const Root& root : MeasureRoots(properties)) {
-        moved.insert(root.key);
-        excess -= static_cast<int>(root.size);
-        if (excess > 0)
-            continue;
-        if (const auto divided = Move(properties, moved))
+    try {
+        if (const auto divided = MoveLargest(packet))
             return *divided;
+    } catch (const Exiv2::AnyError&) {
+        // The toolkit reads more than it writes. The packet needs neither as a whole.
     }
     return MoveWhole(packet);
 }
@@ -149,23 +188,11 @@ std::optional<QByteArray> ExtendedXmp::Merge() const
 {
     if (extension.isEmpty())
         return main;
-    Exiv2::XmpData properties;
-    Exiv2::XmpData others;
-    if (!Decode(main, properties))
+    try {
+        return Join(main, extension);
+    } catch (const Exiv2::AnyError&) {
         return std::nullopt;
-    const auto note = properties.findKey(Exiv2::XmpKey(NoteKey));
-    if (note != properties.end())
-        properties.erase(note);
-    if (properties.empty())
-        return extension;
-    if (!Decode(extension, others))
-        return std::nullopt;
-    std::set<std::string> known;
-    for (const auto& property : properties)
-        known.insert(GetRoot(property.key()));
-    for (const auto& property : Select(others, known, false))
-        properties.add(property);
-    return Encode(properties, 0);
+    }
 }
 
 } // namespace LumetraHost

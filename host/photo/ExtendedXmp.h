@@ -21,7 +21,8 @@ struct ExtendedXmp
     static QByteArray FindGuid(const QByteArray& main);
 
     /// Divides a packet so that its main part fits a segment: the largest properties go into the
-    /// extension. A packet that cannot be decoded becomes the extension as it is.
+    /// extension, or none where it is long by blanks alone. A packet that cannot be decoded becomes
+    /// the extension as it is.
     static ExtendedXmp Divide(const QByteArray& packet);
 
     /// One packet with the properties of both parts, in the bytes of a part where that holds all of

@@ -162,6 +162,8 @@ void MetadataTags::Initialise()
         // Its remarks about harmless oddities would go to the standard error stream.
         Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute);
         Exiv2::XmpParser::initialize(LockXmp, &xmpMutex);
+        // Main packets name their extension in it; the library does not know it by itself.
+        Exiv2::XmpProperties::registerNs("http://ns.adobe.com/xmp/note/", "xmpNote");
     });
 }
 

@@ -224,7 +224,7 @@ TEST(PhotoExport, keepsOddAndExtendedXmpBothWays)
     const QByteArray extension =
         LumetraTest::MakeXmp({}, "<my:a>" + LumetraTest::MakeText(90'000) + "</my:a>");
     const QByteArray guid = QCryptographicHash::hash(extension, QCryptographicHash::Md5).toHex();
-    const QByteArray main = LumetraTest::MakeXmp("xmpNote:HasExtendedXMP=\"" + guid + "\"");
+    const QByteArray main = LumetraTest::MakeXmp(LumetraTest::NameExtension(guid));
     const Bytes plain = MakeJpeg(64, 48);
     const Bytes photos[] = {
         LumetraTest::AddSegment(plain, 0xE1,
@@ -267,6 +267,7 @@ TEST(PhotoExport, namesThePhotoThatDoesNotFitIntoMemory)
     PhotoExport::Options options;
     options.isStreamed = false;
     options.threads = 1;
+    LumetraHost::ThreadPool::GetShared(); // its threads need memory of their own
     ASSERT_EQ(setrlimit(RLIMIT_AS, &little), 0);
 
     const std::string error = ErrorOf([&] {

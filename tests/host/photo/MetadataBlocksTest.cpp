@@ -101,7 +101,7 @@ struct Extended
 {
     QByteArray extension = MakeXmp({}, "<my:depth>" + MakeText(150'000) + "</my:depth>");
     QByteArray guid = GetGuid(extension);
-    QByteArray main = MakeXmp("my:note=\"kept  as it is\" xmpNote:HasExtendedXMP=\"" + guid + "\"");
+    QByteArray main = MakeXmp("my:note=\"kept  as it is\" " + NameExtension(guid));
     Bytes file = AddExtendedXmp(EncodePlain(), main, extension, guid, 40'000);
 };
 
@@ -246,6 +246,16 @@ TEST(MetadataBlocks, longXmpBecomesExtendedXmpInJpeg)
               DescribeXmp(packet));
 }
 
+TEST(MetadataBlocks, xmpThatIsLongByBlanksAloneStaysOnePacketInJpeg)
+{
+    const QByteArray packet = MakeXmp("xmp:Rating=\"4\"", QByteArray(100'000, ' '));
+
+    const PhotoMetadata metadata = WriteAs(MakePhoto(packet), PhotoFormat::Jpeg).photo.metadata;
+
+    EXPECT_THAT(DescribeXmp(metadata.xmp), ElementsAre(Pair("Xmp.xmp.Rating", "4")));
+    EXPECT_TRUE(metadata.xmpExtension.isEmpty());
+}
+
 TEST(MetadataBlocks, everySegmentOfLongXmpFitsAndIsNumbered)
 {
     const Written written = WriteAs(
@@ -281,7 +291,7 @@ TEST(MetadataBlocks, thumbnailsInAnExtensionAreDropped)
                     "<my:image>" +
                         MakeText(80'000) +
                         "</my:image></rdf:li></rdf:Alt></xmp:Thumbnails><my:rest>r</my:rest>");
-    const QByteArray main = MakeXmp("xmpNote:HasExtendedXMP=\"" + GetGuid(extension) + "\"");
+    const QByteArray main = MakeXmp(NameExtension(GetGuid(extension)));
     const Bytes jpeg = AddExtendedXmp(EncodePlain(), main, extension, GetGuid(extension), 60'000);
 
     const PhotoMetadata metadata = PhotoReader::Decode(jpeg, "in").metadata;

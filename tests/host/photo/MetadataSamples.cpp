@@ -16,9 +16,15 @@ QByteArray MakeXmp(const QByteArray& attributes, const QByteArray& elements)
            "xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\"><rdf:Description "
            "rdf:about=\"\" xmlns:xmp=\"http://ns.adobe.com/xap/1.0/\" "
            "xmlns:dc=\"http://purl.org/dc/elements/1.1/\" "
-           "xmlns:xmpNote=\"http://ns.adobe.com/xmp/note/\" xmlns:my=\"http://example.org/my/\" " +
+           "xmlns:my=\"http://example.org/my/\" " +
            attributes + ">" + elements +
            "</rdf:Description></rdf:RDF></x:xmpmeta><?xpacket end=\"w\"?>";
+}
+
+QByteArray NameExtension(const QByteArray& guid)
+{
+    return "xmlns:xmpNote=\"http://ns.adobe.com/xmp/note/\" xmpNote:HasExtendedXMP=\"" + guid +
+           "\"";
 }
 
 QByteArray MakeOddXmp()

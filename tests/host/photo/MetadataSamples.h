@@ -10,9 +10,11 @@
 
 namespace LumetraTest {
 
-/// An XMP packet with these attributes or elements of one description, of namespaces "xmp", "dc",
-/// "my" and "xmpNote".
+/// An XMP packet with these attributes or elements of one description, of namespaces "xmp", "dc"
+/// and "my".
 QByteArray MakeXmp(const QByteArray& attributes, const QByteArray& elements = {});
+/// The attribute by which a packet names its extension.
+QByteArray NameExtension(const QByteArray& guid);
 /// One that XML readers take and the XMP toolkit does not: a property is there twice.
 QByteArray MakeOddXmp();
 /// Letters of no repeating pattern.
