@@ -4,6 +4,7 @@
 #include "Zorvik/Exception.h"
 #include "Zorvik/Lumetra/StyleProvider.h"
 #include "Zorvik/Util/AlertBox.h"
+#include "catalogue/VisibleText.h"
 #include "core/PresetCollection.h"
 #include "core/PresetImport.h"
 #include "core/PresetNames.h"
@@ -24,8 +25,18 @@ namespace {
 constexpr int CubeSize = 33; // points along each axis
 
 using LumetraHost::LookExport;
+using LumetraHost::VisibleText;
 using Zorvik::Lumetra::LumetraPresets::NewPresetDialog;
 using Zorvik::Util::AlertBox;
+
+/// Turns control characters into spaces as soon as they are pasted: no name of a preset has them.
+void KeepFreeOfControls(QLineEdit& edit)
+{
+    QObject::connect(&edit, &QLineEdit::textChanged, &edit, [&edit](const QString& text) {
+        if (VisibleText::HasControls(text))
+            edit.setText(VisibleText::WithoutControls(text));
+    });
+}
 
 } // namespace
 
@@ -38,6 +49,7 @@ QString PresetCommands::AskName(const QModelIndex& preset, bool isNew)
                            &m_window);
     auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("lineEdit"));
     edit->setAccessibleName(tr("Name of the preset"));
+    KeepFreeOfControls(*edit);
     if (isNew)
         edit->setText(PresetNames::MakeFree(old, taken));
     else

@@ -67,6 +67,13 @@ protected:
 
 } // namespace
 
+TEST_F(PresetCommandsTest, controlCharactersDoNotGetIntoANewName)
+{
+    SaveBrightAs("Evil\x1b[31m\tred");
+
+    EXPECT_EQ(UserNames(), QStringList{QStringLiteral("Evil [31m red")});
+}
+
 TEST_F(PresetCommandsTest, saveAsAppendsToTheUsersPageAndTheStore)
 {
     Click("Bright");
