@@ -154,6 +154,38 @@ TEST_F(ControllerStateTest, everySettingOfTheFavouriteMarkSendsItsEvent)
     EXPECT_FALSE(preset->IsFavourite());
 }
 
+// The host may ask the preset while it handles an event, or throw.
+TEST_F(ControllerStateTest, eventsAreSentWhenTheStateHasChanged)
+{
+    /// Notes its state at each event.
+    class Noting : public OpenController
+    {
+    public:
+        std::vector<std::string> notes;
+
+    protected:
+        void TrackEvent(const std::string& eventName) const override
+        {
+            const_cast<Noting*>(this)->notes.push_back(eventName + (m_applied ? " applied" : "") +
+                                                       (m_committed ? " committed" : "") +
+                                                       (m_favourite ? " favourite" : ""));
+        }
+    };
+    const boost::intrusive_ptr<Noting> preset(new Noting);
+    preset->SetWorkspaceController(workspace);
+    preset->SetApplied(true, true);
+    preset->SetApplied(false, true);
+    preset->SetApplied(true, true);
+    preset->SaveChanges();
+    preset->SetApplied(true, true);
+    preset->SetFavourite(true);
+    preset->SetFavourite(false);
+    EXPECT_THAT(preset->notes,
+                ElementsAre("click applied", "reset", "click applied", "apply applied committed",
+                            "click applied committed", "favourite add applied favourite",
+                            "favourite remove applied"));
+}
+
 TEST_F(ControllerStateTest, unnamedEventsAreNotSent)
 {
     const auto preset = BuildAttached(Warm());
@@ -277,6 +309,35 @@ TEST_F(ControllerStateTest, diesWithItsLastReferenceWithoutTouchingTheWorkspace)
     EXPECT_THAT(log.Take(), IsEmpty());
     LockDrawer(true);
     LockDrawer(false);
+}
+
+TEST_F(ControllerStateTest, aPresetThatDrawsNothingCountsItsReferencesToo)
+{
+    /// A preset without the drawing part of the library.
+    class Bare : public Zorvik::Lumetra::LumetraPresets::EffectPresetControllerAbstract
+    {
+    public:
+        explicit Bare(bool& isDead) : m_isDead(isDead) {}
+        ~Bare() override { m_isDead = true; }
+        QImage GetPreviewImage() override { return QImage(); }
+
+    protected:
+        void ApplyInternal() override {}
+        void ResetInternal() override {}
+
+    private:
+        bool& m_isDead;
+    };
+    bool isDead = false;
+    Bare* raw = new Bare(isDead);
+    EXPECT_EQ(raw->GetRefCount(), 0U);
+    EXPECT_EQ(raw->AddRef(), 1U);
+    EXPECT_EQ(raw->AddRef(), 2U);
+    EXPECT_EQ(raw->GetRefCount(), 2U);
+    EXPECT_EQ(raw->Release(), 1U);
+    EXPECT_FALSE(isDead);
+    EXPECT_EQ(raw->Release(), 0U);
+    EXPECT_TRUE(isDead);
 }
 
 TEST_F(ControllerStateTest, theLibrariesOwnEventNamesAreEmpty)
