@@ -44,10 +44,10 @@ StyleColours DarkColours()
     colours.field = 0x17181a;
     colours.header = 0x303238;
     colours.headerHover = 0x3e414a;
-    colours.headerPressed = 0x292b30;
+    colours.headerPressed = 0x4d515c;
     colours.button = 0x3d4048;
     colours.buttonHover = 0x4a4e58;
-    colours.buttonPressed = 0x33363c;
+    colours.buttonPressed = 0x5a5f6b;
     colours.selection = 0x2c4766;
     colours.border = 0x43464e;
     colours.fieldBorder = 0x747985;
@@ -88,6 +88,9 @@ QPalette EditorPalette(PaletteKind kind)
     palette.setColor(QPalette::Base, colours.field);
     palette.setColor(QPalette::AlternateBase, colours.window);
     palette.setColor(QPalette::PlaceholderText, colours.mutedText);
+    palette.setColor(QPalette::Midlight, colours.buttonHover);
+    palette.setColor(QPalette::Dark, colours.buttonPressed);
+    palette.setColor(QPalette::Mid, colours.fieldBorder);
     palette.setColor(QPalette::Highlight, colours.accent);
     palette.setColor(QPalette::HighlightedText, colours.accentText);
     palette.setColor(QPalette::Link, colours.accent);

@@ -19,6 +19,7 @@ constexpr int NameGap = 4;
 constexpr int MarkSize = 16;
 constexpr int BadgeSize = 24;
 constexpr int PlaceholderSize = 32;
+constexpr double DisabledOpacity = 0.4; // of marks, which are light on dark in every palette
 
 QRect InnerRect(const QRect& cell)
 {
@@ -162,6 +163,7 @@ void PresetDelegate::PaintFrame(QPainter& painter, const QRect& place,
 void PresetDelegate::PaintMarks(QPainter& painter, const QRect& cell,
                                 const QStyleOptionViewItem& option, const QModelIndex& index)
 {
+    painter.setOpacity(option.state.testFlag(QStyle::State_Enabled) ? 1 : DisabledOpacity);
     const bool isFavourite = index.data(PresetModel::FavouriteRole).toBool();
     if (isFavourite || option.state.testFlag(QStyle::State_MouseOver))
         PaintBadge(painter, GetStarRect(cell),
@@ -179,6 +181,7 @@ void PresetDelegate::PaintMarks(QPainter& painter, const QRect& cell,
         PaintBadge(painter, bottom, QStringLiteral("clear"), QColor(255, 150, 90));
     else if (index.data(PresetModel::AppliedRole).toBool())
         PaintBadge(painter, bottom, QStringLiteral("check"), Qt::white);
+    painter.setOpacity(1);
 }
 
 void PresetDelegate::PaintName(QPainter& painter, const QRect& cell,

@@ -3,10 +3,12 @@
 #include "widgets/CustomToolBox.h"
 #include "widgets/CustomToolBoxButton.h"
 
+#include "Contrast.h"
 #include "StyledApplication.h"
 
 #include <QLabel>
 #include <QTest>
+#include <QToolButton>
 
 #include <gtest/gtest.h>
 
@@ -16,6 +18,7 @@ namespace {
 using namespace Zorvik::Lumetra::LumetraPresets;
 using LumetraHost::ColoursOf;
 using LumetraHost::PaletteKind;
+using LumetraHost::StyleColours;
 
 class SectionHeaderLook : public testing::TestWithParam<PaletteKind>
 {
@@ -40,6 +43,30 @@ protected:
     QColor Background(int page) const
     {
         return Look(page).pixelColor(Header(page).width() - 4, Header(page).height() / 2);
+    }
+
+    /// Of the section's name, right of the chevron.
+    double NameContrast(int page) const
+    {
+        const QRect place = Header(page).rect().adjusted(28, 2, -4, -4);
+        return DrawnContrast(Look(page), place);
+    }
+
+    QToolButton& AddTitleButton(int page, const QString& text)
+    {
+        auto* const button = new QToolButton;
+        button->setObjectName(QStringLiteral("sectionTitleButton"));
+        button->setText(text);
+        m_box.addWidgetTitleButton(button, page);
+        button->show();
+        QCoreApplication::processEvents();
+        return *button;
+    }
+
+    void Press(int page)
+    {
+        QTest::mousePress(m_box.windowHandle(), Qt::LeftButton, {},
+                          Header(page).geometry().center());
     }
 
     StyledApplication m_styled{GetParam()};
@@ -95,6 +122,55 @@ TEST_P(SectionHeaderLook, disabledSectionIsMuted)
 
     EXPECT_NE(Look(1), enabled);
     EXPECT_EQ(Background(1), ColoursOf(GetParam()).header);
+}
+
+TEST_P(SectionHeaderLook, nameIsReadableInEveryState)
+{
+    EXPECT_GE(NameContrast(1), 4.5) << "at rest";
+    QCursor::setPos(Header(1).mapToGlobal(Header(1).rect().center()));
+    QCoreApplication::processEvents();
+    EXPECT_GE(NameContrast(1), 4.5) << "under the pointer";
+    Press(1);
+    EXPECT_GE(NameContrast(1), 4.5) << "held down";
+    QTest::mouseRelease(m_box.windowHandle(), Qt::LeftButton, {}, Header(1).geometry().center());
+
+    m_box.setItemEnabled(1, false);
+
+    EXPECT_LE(NameContrast(1), 3.5) << "disabled";
+    EXPECT_GE(NameContrast(1), 2.0) << "disabled";
+}
+
+TEST_P(SectionHeaderLook, pressedHeaderStandsOutFromItsNeighboursAndThePage)
+{
+    Press(1);
+
+    const StyleColours& colours = ColoursOf(GetParam());
+    EXPECT_GE(Contrast(Background(1), Background(0)), 1.25);
+    EXPECT_GE(Contrast(Background(1), colours.panel), 1.25);
+    QTest::mouseRelease(m_box.windowHandle(), Qt::LeftButton, {}, Header(1).geometry().center());
+}
+
+TEST_P(SectionHeaderLook, titleButtonLeavesTheRowAsHighAsTheOthers)
+{
+    const int height = Header(1).height();
+
+    const QToolButton& add = AddTitleButton(1, QStringLiteral("+"));
+
+    EXPECT_EQ(Header(1).height(), height);
+    EXPECT_EQ(add.height(), height);
+    EXPECT_EQ(Header(0).height(), height);
+}
+
+TEST_P(SectionHeaderLook, titleButtonWithAnIconLeavesTheRowAsHighAsTheOthers)
+{
+    const int height = Header(1).height();
+    QToolButton& count = AddTitleButton(1, QStringLiteral("12"));
+    count.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    count.setIcon(QIcon(QStringLiteral(":/lumetra/style/images/light/check.svg")));
+    QCoreApplication::processEvents();
+
+    EXPECT_EQ(Header(1).height(), height);
+    EXPECT_EQ(count.height(), height);
 }
 
 INSTANTIATE_TEST_SUITE_P(Palettes, SectionHeaderLook,

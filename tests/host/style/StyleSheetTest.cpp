@@ -3,6 +3,7 @@
 
 #include "style/EditorStyle.h"
 
+#include "Contrast.h"
 #include "StyledApplication.h"
 
 #include <QFile>
@@ -12,31 +13,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 namespace LumetraTest {
 namespace {
 
 using LumetraHost::ColoursOf;
 using LumetraHost::PaletteKind;
 using LumetraHost::StyleColours;
-
-/// Relative luminance as in WCAG 2.1.
-double Luminance(const QColor& colour)
-{
-    const auto linear = [](double encoded) {
-        return encoded <= 0.03928 ? encoded / 12.92 : std::pow((encoded + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-double Contrast(const QColor& a, const QColor& b)
-{
-    const double lighter = std::max(Luminance(a), Luminance(b));
-    const double darker = std::min(Luminance(a), Luminance(b));
-    return (lighter + 0.05) / (darker + 0.05);
-}
 
 class StyleSheetTest : public testing::TestWithParam<PaletteKind>
 {
@@ -93,6 +75,8 @@ TEST_P(StyleSheetTest, textIsReadable)
                                                        {c.accentText, c.accent},
                                                        {c.accentText, c.accentHover},
                                                        {c.accentText, c.accentPressed},
+                                                       {c.accent, c.panel},
+                                                       {c.accent, c.window},
                                                        {c.toolTipText, c.toolTip}};
     for (const auto& [text, background] : pairs)
         EXPECT_GE(Contrast(text, background), 4.5)
@@ -107,7 +91,43 @@ TEST_P(StyleSheetTest, controlsAndFocusStandOut)
     EXPECT_GE(Contrast(c.accent, c.groove), 2.0);
     EXPECT_GE(Contrast(c.fieldBorder, c.panel), 3.0);
     EXPECT_GE(Contrast(c.fieldBorder, c.field), 3.0);
-    EXPECT_GE(Contrast(c.disabledText, c.panel), 2.0) << "still legible";
+    EXPECT_GE(Contrast(c.toolTipText, c.toolTip), 3.0);
+    for (const QColor& background : {c.panel, c.window, c.field, c.header, c.button})
+        EXPECT_GE(Contrast(c.disabledText, background), 2.0)
+            << "still legible on " << background.name().toStdString();
+}
+
+/// What is held down is told from what is only pointed at, from what rests, and from the panel.
+TEST_P(StyleSheetTest, statesOfControlsAreToldApart)
+{
+    const StyleColours& c = Colours();
+    struct Control
+    {
+        const char* name;
+        QColor rest, hover, pressed;
+    };
+    for (const Control& control : {Control{"header", c.header, c.headerHover, c.headerPressed},
+                                   Control{"button", c.button, c.buttonHover, c.buttonPressed},
+                                   Control{"accent", c.accent, c.accentHover, c.accentPressed}}) {
+        EXPECT_GE(Contrast(control.rest, control.hover), 1.1) << control.name;
+        EXPECT_GE(Contrast(control.hover, control.pressed), 1.1) << control.name;
+        EXPECT_GE(Contrast(control.rest, control.pressed), 1.25) << control.name;
+        for (const QColor& state : {control.rest, control.hover, control.pressed})
+            EXPECT_GE(Contrast(state, c.panel), 1.15) << control.name;
+    }
+}
+
+/// A host's own palette roles stand for the same, so that panels need not know the editor's style.
+TEST_P(StyleSheetTest, paletteHasTheStatesToo)
+{
+    const QPalette palette = LumetraHost::EditorPalette(GetParam());
+    const QColor text = palette.color(QPalette::ButtonText);
+
+    EXPECT_GE(Contrast(palette.color(QPalette::Mid), palette.color(QPalette::Base)), 3.0);
+    EXPECT_GE(Contrast(palette.color(QPalette::Button), palette.color(QPalette::Midlight)), 1.1);
+    EXPECT_GE(Contrast(palette.color(QPalette::Button), palette.color(QPalette::Dark)), 1.25);
+    EXPECT_GE(Contrast(text, palette.color(QPalette::Midlight)), 4.5);
+    EXPECT_GE(Contrast(text, palette.color(QPalette::Dark)), 4.5);
 }
 
 INSTANTIATE_TEST_SUITE_P(Palettes, StyleSheetTest,
