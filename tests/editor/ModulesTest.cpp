@@ -225,6 +225,20 @@ TEST_F(ModulesTest, aPanelIsNotDeletedBelowItsOwnDialog)
     ExpectOutOfUse();
 }
 
+TEST_F(ModulesTest, whatAFailedPanelWasOfferedGoesToTheNext)
+{
+    window->LoadPanels({Folder("misbehaving-module"), QStringLiteral(LUMETRA_MODULES)});
+    const QString table = WriteFile("look.cube", "LUT_3D_SIZE 2\n"
+                                                 "0 0 0\n1 0 0\n0 1 0\n1 1 0\n"
+                                                 "0 0 1\n1 0 1\n0 1 1\n1 1 1\n");
+    Misbehave("drag");
+
+    window->TakeFiles({table});
+
+    EXPECT_EQ(CountTabs(), 1);
+    EXPECT_TRUE(HasLook(QStringLiteral("look")));
+}
+
 TEST_F(ModulesTest, aPanelMayNoteAStepWhileItSaves)
 {
     Load();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "window/FileDrop.h"
 
+#include "plugins/CallDepth.h"
+
 #include <QApplication>
 #include <QDropEvent>
 #include <QFileInfo>
@@ -34,8 +36,11 @@ bool DropOnPanel(const QTabWidget& panels, const QStringList& paths)
     for (const QString& path : paths)
         urls.append(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()));
     data.setUrls(urls);
-    for (int i = 0; i < panels.count(); ++i) {
-        QWidget* const panel = panels.widget(i);
+    QWidgetList offered; // one that fails loses its tab meanwhile
+    for (int i = 0; i < panels.count(); ++i)
+        offered.append(panels.widget(i));
+    const CallDepth depth; // and its widget stays as long
+    for (QWidget* const panel : offered) {
         if (!panel->acceptDrops() || !panel->isEnabled())
             continue;
         const QPoint middle = panel->rect().center();

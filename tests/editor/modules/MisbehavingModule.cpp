@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QDragEnterEvent>
 #include <QPointer>
 #include <QTimer>
 #include <QUndoCommand>
@@ -56,8 +57,19 @@ bool MisbehavingButton::event(QEvent* event)
     return QPushButton::event(event);
 }
 
+MisbehavingWidget::MisbehavingWidget()
+{
+    setAcceptDrops(true);
+}
+
+void MisbehavingWidget::dragEnterEvent(QDragEnterEvent* event)
+{
+    Enter("drag");
+    event->ignore();
+}
+
 MisbehavingPanel::MisbehavingPanel(LumetraEditor::IEditor& editor)
-    : m_editor(editor), m_widget(new QWidget), m_button(new MisbehavingButton)
+    : m_editor(editor), m_widget(new MisbehavingWidget), m_button(new MisbehavingButton)
 {
     m_button->setObjectName(QStringLiteral("misbehave"));
     (new QVBoxLayout(m_widget))->addWidget(m_button);

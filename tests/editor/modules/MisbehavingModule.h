@@ -16,6 +16,18 @@ protected:
     bool event(QEvent* event) override;
 };
 
+/// Wants what is dropped, and throws when told to.
+class MisbehavingWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    MisbehavingWidget();
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+};
+
 /// A panel that does what no panel may do, when the application's property "misbehaviour" says so.
 /// Its part of an edit is one number, "strength". The property "moduleCalls" counts all calls.
 class MisbehavingPanel : public QObject, public LumetraEditor::IEditorPanel
