@@ -130,9 +130,8 @@ std::vector<CheckedNode> CatalogueParser::CollectSliders()
 
 void CatalogueParser::ParseSliders(Target& target, const std::vector<CheckedNode>& sliders)
 {
-    ReadElements(sliders, nullptr, [&target](const ConstCollectionPtr& list) {
-        target.ParseAdditionalInfo(list);
-    });
+    ReadElements(sliders, nullptr,
+                 [&target](const ConstCollectionPtr& list) { target.ParseAdditionalInfo(list); });
 }
 
 void CatalogueParser::ParseGroup(Target& target, const CheckedGroup& group)
