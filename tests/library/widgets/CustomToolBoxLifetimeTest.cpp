@@ -202,6 +202,21 @@ TEST_F(CustomToolBoxLifetime, pageWidgetThatItsOwnerTookBackStillRemovesItsPage)
     EXPECT_EQ(Pages(), "A+*");
 }
 
+TEST_F(CustomToolBoxLifetime, removalTakesAWidgetFromAnOwnerWhoTookItBack)
+{
+    AddPages("AB");
+    QWidget owner;
+    const QPointer<QWidget> taken = m_box->widget(1);
+    taken->setParent(&owner);
+
+    m_box->removeItem(1);
+    ASSERT_FALSE(taken.isNull());
+    EXPECT_EQ(taken->parentWidget(), m_box.get());
+
+    RunDeferredDeletions();
+    EXPECT_TRUE(taken.isNull());
+}
+
 TEST_F(CustomToolBoxLifetime, boxDeletedBeforeAPageThatItsOwnerTookBack)
 {
     AddPages("AB");

@@ -299,6 +299,18 @@ TEST_F(NewPresetDialogTest, percentSignsInANameReachTheAlertAsTheyAre)
         QLatin1String("'Name \"50%1\" already exists, choose another one.'")));
 }
 
+// Save does not lead here, but a host may accept the dialog itself.
+TEST_F(NewPresetDialogTest, anEmptyTakenNameReachesTheAlertUnpadded)
+{
+    MakeShown({QString()});
+
+    m_dialog->accept();
+
+    ASSERT_FALSE(m_alerts->log.isEmpty());
+    EXPECT_TRUE(m_alerts->log.last().contains(
+        QLatin1String("'Name \"\" already exists, choose another one.'")));
+}
+
 TEST_F(NewPresetDialogTest, renamingStartsWithSaveDisabled)
 {
     Make({QStringLiteral("Foo")}, NewPresetDialog::Rename);
