@@ -307,7 +307,7 @@ void Editor::PushUndo(QUndoCommand* command)
         new CommandStep(std::unique_ptr<QUndoCommand>(command), m_state, run, restore));
 }
 
-/// What the command does to the edit belongs to its own step.
+/// Changes that the command makes to the edit belong to its own step.
 EditState Editor::RunCommand(const std::function<void()>& command)
 {
     const QScopedValueRollback<bool> restoring(m_isRestoring, true);

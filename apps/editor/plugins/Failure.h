@@ -5,7 +5,7 @@
 
 namespace LumetraEditor {
 
-/// What went wrong in somebody else's code, in words for the user.
+/// Says what went wrong in somebody else's code, in words for the user.
 class Failure
 {
     Q_DECLARE_TR_FUNCTIONS(LumetraEditor::Failure)

@@ -50,7 +50,7 @@ void MessageBar::Show(const QString& message, About about)
     Update();
 }
 
-/// Of what is about a photo only so much is kept as fits.
+/// Messages about a photo are kept only as far as they fit.
 void MessageBar::DropOldOnes()
 {
     const auto isOfPhoto = [](const Message& one) { return one.about == About::Photo; };

@@ -18,7 +18,7 @@ class MessageBar : public QFrame
     Q_OBJECT
 
 public:
-    /// What a message is about, and so how long it is of interest.
+    /// Subject of a message, which says how long it is of interest.
     enum class About
     {
         Photo,  ///< until another photo comes
