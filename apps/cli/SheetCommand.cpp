@@ -86,7 +86,7 @@ QString RenderPreview(const PresetRow& row, QImage& picture)
         picture = row.index.data(EffectPresetModel::PreviewImageRole).value<QImage>();
         return picture.isNull() ? QStringLiteral("expected a picture, found none") : QString();
     } catch (const std::exception& error) {
-        // What follows the first line is a call stack.
+        // A call stack follows the first line.
         return QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0);
     }
 }

@@ -99,7 +99,7 @@ int main(int argc, char** argv)
     } catch (const Zorvik::Exception& error) {
         console.Report(QString::fromUtf8(error.what()));
     } catch (const std::exception& error) {
-        // What follows the first line is a call stack.
+        // A call stack follows the first line.
         console.Report(QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0));
     }
     if (!console.Finish()) {

@@ -31,8 +31,8 @@ public:
     struct Result
     {
         bool isWritten = false; ///< false when it was cancelled
-        /// What of the photo is not in the file: damage, reductions (see Photo) and blocks that the
-        /// format does not hold.
+        /// Tells what of the photo the file lacks: damage, reductions (see Photo) and blocks that
+        /// the format does not hold.
         Warnings warnings;
     };
 

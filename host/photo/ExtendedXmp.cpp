@@ -121,7 +121,7 @@ std::optional<ExtendedXmp> MoveLargest(const QByteArray& packet)
     auto excess = compact->size() - ExtendedXmp::LargestMain;
     if (excess <= 0)
         return ExtendedXmp{*compact, {}};
-    // What stands between the properties takes space as well, so the sizes are only a beginning.
+    // Text between the properties takes space as well, so the sizes are only a beginning.
     std::set<std::string> moved;
     for (const Root& root : MeasureRoots(properties)) {
         moved.insert(root.key);

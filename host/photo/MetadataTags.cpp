@@ -189,7 +189,7 @@ QByteArray MetadataTags::ShrinkExif(const QByteArray& block, int largest, const 
     int count = 0;
     QByteArray shrunk = block;
     while (shrunk.size() > largest) {
-        // What stands between the tags takes space as well, so the sizes are only a beginning.
+        // Bytes between the tags take space as well, so the sizes are only a beginning.
         auto excess = static_cast<long>(shrunk.size()) - largest;
         while (excess > 0 && !tags.empty()) {
             const auto tag = FindLargest(tags);

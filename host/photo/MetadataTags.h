@@ -39,7 +39,7 @@ public:
     /// Makes the metadata those of an upright sRGB picture of this size: orientation 1, size
     /// updated, thumbnails gone. Tags that are not there are not added.
     static void Normalise(Exiv2::ExifData& tags, int width, int height);
-    /// The same for an XMP packet; returned byte for byte when nothing had to be changed, or with a
+    /// Does so for an XMP packet; returned byte for byte when nothing had to be changed, or with a
     /// warning when it cannot be decoded.
     static QByteArray NormaliseXmp(const QByteArray& packet, int width, int height,
                                    Warnings& warnings);

@@ -112,7 +112,7 @@ PhotoMetadata WithoutHiddenThumbnails(const PhotoMetadata& metadata)
     return result;
 }
 
-/// As one packet.
+/// Makes one packet of both parts.
 QByteArray JoinXmp(const PhotoMetadata& metadata, Warnings& warnings)
 {
     const auto merged = ExtendedXmp{metadata.xmp, metadata.xmpExtension}.Merge();

@@ -81,7 +81,7 @@ void PresetController::SetDownloadedResource(const std::string& resource)
         m_intensitySetting.reset();
         m_settings.clear();
         m_defaultSettings.clear();
-        // What follows the first line is a call stack.
+        // A call stack follows the first line.
         const std::string message = error.what();
         throw Zorvik::Exception(resource + ": " + message.substr(0, message.find('\n')),
                                 BOOST_CURRENT_FUNCTION, "core/PresetController", __LINE__);

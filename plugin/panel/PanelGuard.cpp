@@ -13,7 +13,7 @@ bool PanelGuard::Run(const std::function<void()>& work)
         work();
         return true;
     } catch (const std::exception& error) {
-        // What follows the first line is a call stack.
+        // A call stack follows the first line.
         m_editor.ShowMessage(QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0));
     } catch (...) {
         m_editor.ShowMessage(tr("This did not work, and nothing says why."));

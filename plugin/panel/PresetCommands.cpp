@@ -108,7 +108,7 @@ bool PresetCommands::Fetch(const QModelIndex& preset)
     try {
         GetModel().setData(preset, path, PresetModel::DownloadedResourceRole);
     } catch (const std::exception& error) {
-        // What follows the first line is a call stack.
+        // A call stack follows the first line.
         Tell(QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0));
         return false;
     }

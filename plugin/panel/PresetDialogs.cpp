@@ -106,7 +106,7 @@ void PresetCommands::Import(const QStringList& paths)
             for (const QString& problem : problems)
                 Tell(problem);
         } catch (const std::exception& error) {
-            // What follows the first line is a call stack.
+            // A call stack follows the first line.
             Tell(QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0));
         }
     }

@@ -65,7 +65,7 @@ std::vector<EditSearch::Found> EditSearch::ReadAll(const QStringList& paths)
 
 void EditSearch::Choose(std::vector<Found> edits, bool areOfOtherPhoto)
 {
-    // Of two equally old ones the first is taken, which is the one beside the photo.
+    // The first of two equally old edits is taken: the one beside the photo.
     const auto newest =
         std::max_element(edits.begin(), edits.end(), [](const Found& first, const Found& second) {
             return first.edit.saved < second.edit.saved;

@@ -56,7 +56,7 @@ public:
 signals:
     /// A sentence with the file's name.
     void problem(const QString& message);
-    /// The same about files elsewhere, which counts for other photos too.
+    /// A sentence about files elsewhere, which counts for other photos too.
     void notice(const QString& message);
 
 private:

@@ -39,7 +39,7 @@ public:
     bool Run(const Progress& progress);
     void Cancel() { m_cancel.Cancel(); }
 
-    /// What of the photo is not in the file, once it is written; see PhotoExport::Result.
+    /// Tells, once the file is written, what of the photo it lacks; see PhotoExport::Result.
     const LumetraHost::Warnings& GetWarnings() const { return m_warnings; }
 
     const ExportOptions& GetOptions() const { return m_options; }

@@ -113,7 +113,7 @@ void GuardedPanel::PutOutOfUse(const QString& reason)
     emit failed(MakeMessage(reason));
 }
 
-// What the module asks for
+// Requests of the module to the editor
 
 std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> GuardedPanel::GetWorkspace()
 {

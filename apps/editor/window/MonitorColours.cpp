@@ -66,7 +66,7 @@ void MonitorColours::Show(const QByteArray& icc, const QString& origin)
         if (!icc.isEmpty())
             display = DisplayTransform::Make(icc, origin.toStdString());
     } catch (const std::exception& error) {
-        // What follows the first line is a call stack.
+        // A call stack follows the first line.
         const QString text = QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0);
         m_editor.ShowNotice(tr("The monitor's profile cannot be used: %1").arg(text));
     }
