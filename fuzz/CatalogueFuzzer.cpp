@@ -4,7 +4,7 @@
 #include "EffectPresets/EffectPresetModel.h"
 #include "catalogue/CatalogueParser.h"
 #include "core/PresetControllerFactory.h"
-#include "engine/EffectKinds.h"
+#include "engine/effects/EffectKinds.h"
 #include "storage/JsonException.h"
 
 #include <cstdint>

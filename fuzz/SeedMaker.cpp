@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Makes the seeds of the fuzz targets out of the tree's own files: fuzz_seeds CATALOGUE PHOTO
 // FOLDER writes FOLDER/json, catalogue, store and photo with a few small files each.
-#include "engine/Resize.h"
+#include "image/Resize.h"
 #include "photo/PhotoReader.h"
 #include "photo/PhotoWriter.h"
 #include "storage/JsonDocument.h"

@@ -6,7 +6,7 @@
 #include "catalogue/UserStoreChecker.h"
 #include "core/PresetControllerFactory.h"
 #include "core/UserPresetStore.h"
-#include "engine/EffectKinds.h"
+#include "engine/effects/EffectKinds.h"
 #include "storage/JsonException.h"
 
 #include <QDir>

@@ -13,7 +13,7 @@
 #include "core/LutImport.h"
 #include "core/PresetSession.h"
 #include "exporting/MemoryBudget.h"
-#include "photo/JpegEncoder.h"
+#include "photo/jpeg/JpegEncoder.h"
 
 #include <QFileInfo>
 #include <QThread>

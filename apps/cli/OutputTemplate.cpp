@@ -3,7 +3,7 @@
 
 #include "UsageError.h"
 #include "catalogue/VisibleText.h"
-#include "photo/PhotoFormat.h"
+#include "photo/file/PhotoFormat.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -4,7 +4,7 @@
 #include "exporting/ExportMemory.h"
 #include "exporting/MemoryBudget.h"
 #include "exporting/PhotoExport.h"
-#include "photo/PhotoLimits.h"
+#include "photo/file/PhotoLimits.h"
 
 #include <algorithm>
 #include <atomic>

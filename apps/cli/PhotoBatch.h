@@ -5,7 +5,7 @@
 #include "Zorvik/Quindle/EffectsSettings.h"
 #include "exporting/ExportLook.h"
 #include "photo/PhotoWriter.h"
-#include "photo/Warnings.h"
+#include "photo/file/Warnings.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "edit/Editor.h"
 #include "plugins/GuardedApplication.h"
 #include "plugins/PluginFolders.h"
+#include "session/Editor.h"
 #include "style/EditorStyle.h"
 #include "style/MessageBoxAlertBackend.h"
 #include "window/EditorWindow.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "common/ForEachBand.h"
 
-#include "engine/ThreadPool.h"
+#include "threads/ThreadPool.h"
 
 #include <algorithm>
 

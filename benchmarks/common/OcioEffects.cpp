@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "common/OcioEffects.h"
 
-#include "engine/blackandwhite/BlackAndWhiteParameters.h"
-#include "engine/channelmixer/ChannelMixerParameters.h"
-#include "engine/contrast/ContrastParameters.h"
-#include "engine/exposure/ExposureParameters.h"
-#include "engine/liftgammagain/LiftGammaGainParameters.h"
-#include "engine/lut3d/Lut3dParameters.h"
-#include "engine/lut3d/Lut3dSettings.h"
-#include "engine/saturation/SaturationParameters.h"
-#include "engine/srgb/Srgb.h"
-#include "engine/whitebalance/WhiteBalanceParameters.h"
+#include "engine/base/Srgb.h"
+#include "engine/effects/blackandwhite/BlackAndWhiteParameters.h"
+#include "engine/effects/channelmixer/ChannelMixerParameters.h"
+#include "engine/effects/contrast/ContrastParameters.h"
+#include "engine/effects/exposure/ExposureParameters.h"
+#include "engine/effects/liftgammagain/LiftGammaGainParameters.h"
+#include "engine/effects/lut3d/Lut3dParameters.h"
+#include "engine/effects/lut3d/Lut3dSettings.h"
+#include "engine/effects/saturation/SaturationParameters.h"
+#include "engine/effects/whitebalance/WhiteBalanceParameters.h"
 
 #include <stdexcept>
 #include <string>

@@ -4,10 +4,10 @@
 #include "WatchedApplication.h"
 
 #include "canvas/CanvasFeed.h"
-#include "drawer/AsyncPreviews.h"
-#include "edit/Editor.h"
+#include "drawer/previews/AsyncPreviews.h"
 #include "photo/PhotoWriter.h"
 #include "plugins/PluginFolders.h"
+#include "session/Editor.h"
 #include "window/EditorWindow.h"
 
 #include <QApplication>

@@ -2,9 +2,9 @@
 #include "BenchmarkEffects.h"
 
 #include "common/Effects.h"
-#include "engine/EffectKinds.h"
-#include "engine/Renderer.h"
-#include "engine/lut3d/Lut3dSettings.h"
+#include "engine/effects/EffectKinds.h"
+#include "engine/effects/lut3d/Lut3dSettings.h"
+#include "engine/run/Renderer.h"
 
 #include <cmath>
 #include <stdexcept>

@@ -4,8 +4,8 @@
 #include "BenchmarkEffects.h"
 #include "BenchmarkPictures.h"
 
-#include "engine/Blend.h"
-#include "engine/Renderer.h"
+#include "engine/run/Blend.h"
+#include "engine/run/Renderer.h"
 
 #include <memory>
 #include <utility>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "engine/Isa.h"
-#include "photo/Image.h"
+#include "engine/base/Isa.h"
+#include "image/Image.h"
 
 #include <functional>
 #include <string>

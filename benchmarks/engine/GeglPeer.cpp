@@ -5,16 +5,16 @@
 #include "BenchmarkPictures.h"
 #include "Measurement.h"
 
-#include "engine/blackandwhite/BlackAndWhiteParameters.h"
-#include "engine/channelmixer/ChannelMixerParameters.h"
-#include "engine/contrast/ContrastParameters.h"
-#include "engine/exposure/ExposureParameters.h"
-#include "engine/gaussianblur/GaussianBlurParameters.h"
-#include "engine/liftgammagain/LiftGammaGainParameters.h"
-#include "engine/saturation/SaturationParameters.h"
-#include "engine/sharpen/SharpenParameters.h"
-#include "engine/srgb/Srgb.h"
-#include "engine/whitebalance/WhiteBalanceParameters.h"
+#include "engine/base/Srgb.h"
+#include "engine/effects/blackandwhite/BlackAndWhiteParameters.h"
+#include "engine/effects/channelmixer/ChannelMixerParameters.h"
+#include "engine/effects/contrast/ContrastParameters.h"
+#include "engine/effects/exposure/ExposureParameters.h"
+#include "engine/effects/gaussianblur/GaussianBlurParameters.h"
+#include "engine/effects/liftgammagain/LiftGammaGainParameters.h"
+#include "engine/effects/saturation/SaturationParameters.h"
+#include "engine/effects/sharpen/SharpenParameters.h"
+#include "engine/effects/whitebalance/WhiteBalanceParameters.h"
 
 #include <gegl.h>
 

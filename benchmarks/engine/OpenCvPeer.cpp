@@ -7,10 +7,10 @@
 
 #include "common/ForEachBand.h"
 #include "common/OpenCvImage.h"
-#include "engine/channelmixer/ChannelMixerParameters.h"
-#include "engine/gaussianblur/GaussianBlurParameters.h"
-#include "engine/saturation/SaturationParameters.h"
-#include "engine/sharpen/SharpenParameters.h"
+#include "engine/effects/channelmixer/ChannelMixerParameters.h"
+#include "engine/effects/gaussianblur/GaussianBlurParameters.h"
+#include "engine/effects/saturation/SaturationParameters.h"
+#include "engine/effects/sharpen/SharpenParameters.h"
 
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>

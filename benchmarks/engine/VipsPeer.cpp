@@ -6,15 +6,15 @@
 #include "Measurement.h"
 #include "VipsPipeline.h"
 
-#include "engine/channelmixer/ChannelMixerParameters.h"
-#include "engine/contrast/ContrastParameters.h"
-#include "engine/exposure/ExposureParameters.h"
-#include "engine/gaussianblur/GaussianBlurParameters.h"
-#include "engine/liftgammagain/LiftGammaGainParameters.h"
-#include "engine/saturation/SaturationParameters.h"
-#include "engine/sharpen/SharpenParameters.h"
-#include "engine/srgb/Srgb.h"
-#include "engine/whitebalance/WhiteBalanceParameters.h"
+#include "engine/base/Srgb.h"
+#include "engine/effects/channelmixer/ChannelMixerParameters.h"
+#include "engine/effects/contrast/ContrastParameters.h"
+#include "engine/effects/exposure/ExposureParameters.h"
+#include "engine/effects/gaussianblur/GaussianBlurParameters.h"
+#include "engine/effects/liftgammagain/LiftGammaGainParameters.h"
+#include "engine/effects/saturation/SaturationParameters.h"
+#include "engine/effects/sharpen/SharpenParameters.h"
+#include "engine/effects/whitebalance/WhiteBalanceParameters.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "engine/ColourMatrix.h"
+#include "engine/base/ColourMatrix.h"
 
 #include <vips/vips.h>
 

@@ -3,8 +3,8 @@
 
 #include "common/Effects.h"
 #include "common/Timing.h"
-#include "engine/Renderer.h"
-#include "engine/bake/BakedRun.h"
+#include "engine/run/BakedRun.h"
+#include "engine/run/Renderer.h"
 #include "photo/PhotoReader.h"
 #include "photo/PhotoWriter.h"
 #include "storage/CheckedFileWriter.h"

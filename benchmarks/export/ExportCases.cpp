@@ -6,9 +6,9 @@
 #include "Thumbnails.h"
 
 #include "common/Effects.h"
-#include "engine/EffectKinds.h"
-#include "engine/ThreadPool.h"
+#include "engine/effects/EffectKinds.h"
 #include "exporting/PhotoExport.h"
+#include "threads/ThreadPool.h"
 
 #include <atomic>
 #include <functional>

@@ -2,7 +2,7 @@
 #include "ExportReport.h"
 
 #include "common/Timing.h"
-#include "engine/Isa.h"
+#include "engine/base/Isa.h"
 
 #include <QFile>
 #include <QJsonArray>

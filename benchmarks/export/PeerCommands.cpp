@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "PeerCommands.h"
 
-#include "engine/ColourMatrix.h"
-#include "engine/saturation/SaturationParameters.h"
-#include "engine/srgb/Srgb.h"
-#include "engine/whitebalance/WhiteBalanceParameters.h"
+#include "engine/base/ColourMatrix.h"
+#include "engine/base/Srgb.h"
+#include "engine/effects/saturation/SaturationParameters.h"
+#include "engine/effects/whitebalance/WhiteBalanceParameters.h"
 
 #include <QCoreApplication>
 #include <QFile>

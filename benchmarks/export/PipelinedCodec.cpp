@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "PipelinedCodec.h"
 
-#include "photo/JpegDecoder.h"
-#include "photo/JpegRowReader.h"
 #include "photo/PhotoReader.h"
 #include "photo/PhotoWriter.h"
+#include "photo/jpeg/JpegDecoder.h"
+#include "photo/jpeg/JpegRowReader.h"
 #include "storage/CheckedFileWriter.h"
 
 #include <algorithm>

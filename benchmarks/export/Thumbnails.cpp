@@ -2,8 +2,8 @@
 #include "Thumbnails.h"
 
 #include "common/OcioEffects.h"
-#include "engine/Renderer.h"
-#include "engine/Resize.h"
+#include "engine/run/Renderer.h"
+#include "image/Resize.h"
 #include "photo/PhotoReader.h"
 #include "photo/PhotoWriter.h"
 

@@ -2,7 +2,7 @@
 #include "GradingChain.h"
 
 #include "common/Effects.h"
-#include "engine/EffectKinds.h"
+#include "engine/effects/EffectKinds.h"
 
 #include <string>
 #include <utility>

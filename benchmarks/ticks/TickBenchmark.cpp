@@ -12,11 +12,11 @@
 #include "common/OcioEffects.h"
 #include "common/Pictures.h"
 #include "core/PresetSession.h"
-#include "drawer/LayerRenderer.h"
-#include "drawer/LiveView.h"
-#include "engine/Blend.h"
-#include "engine/ThreadPool.h"
-#include "engine/bake/BakedRun.h"
+#include "drawer/render/LayerRenderer.h"
+#include "drawer/view/LiveView.h"
+#include "engine/run/BakedRun.h"
+#include "engine/run/Blend.h"
+#include "threads/ThreadPool.h"
 #include "workspace/WorkspaceController.h"
 
 #include <QFile>

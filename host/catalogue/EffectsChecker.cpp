@@ -6,9 +6,9 @@
 #include "Zorvik/Quindle/EffectRegistry.h"
 #include "catalogue/CheckedNode.h"
 #include "catalogue/NearestName.h"
-#include "engine/IStoredElsewhere.h"
-#include "engine/lut3d/Lut3dParameters.h"
-#include "engine/lut3d/Lut3dSettings.h"
+#include "engine/base/IStoredElsewhere.h"
+#include "engine/effects/lut3d/Lut3dParameters.h"
+#include "engine/effects/lut3d/Lut3dSettings.h"
 #include "storage/JsonWriter.h"
 
 #include <boost/current_function.hpp>

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "drawer/IDrawerObserver.h"
-#include "drawer/LayerRenderer.h"
-#include "drawer/PackageStack.h"
-#include "drawer/Painter.h"
-#include "drawer/PictureRecipe.h"
-#include "drawer/PreviewRenderer.h"
+#include "drawer/render/LayerRenderer.h"
+#include "drawer/render/PreviewRenderer.h"
+#include "drawer/stack/IDrawerObserver.h"
+#include "drawer/stack/PackageStack.h"
+#include "drawer/stack/Painter.h"
+#include "drawer/stack/PictureRecipe.h"
 
-#include "engine/Renderer.h"
+#include "engine/run/Renderer.h"
 
-#include "photo/Image.h"
+#include "image/Image.h"
 
 #include "Zorvik/Quindle/IQuindleDrawer.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "engine/RenderPlan.h"
-#include "engine/bands/PictureRun.h"
+#include "engine/run/PictureRun.h"
+#include "engine/run/RenderPlan.h"
 #include "exporting/ExportLook.h"
 
 namespace LumetraHost {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "exporting/ExportLook.h"
 
-#include "engine/Blend.h"
-#include "engine/EffectKinds.h"
-#include "engine/RenderPlan.h"
+#include "engine/effects/EffectKinds.h"
+#include "engine/run/Blend.h"
+#include "engine/run/RenderPlan.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "engine/CancelToken.h"
-#include "engine/ThreadPool.h"
-#include "engine/bake/BakedRun.h"
+#include "engine/run/BakedRun.h"
+#include "threads/CancelToken.h"
+#include "threads/ThreadPool.h"
 
 #include "Zorvik/Quindle/EffectsSettings.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "exporting/ExportMemory.h"
 
-#include "photo/PhotoFile.h"
-#include "photo/PhotoHead.h"
-#include "photo/PhotoLimits.h"
+#include "photo/file/PhotoFile.h"
+#include "photo/file/PhotoHead.h"
+#include "photo/file/PhotoLimits.h"
 
 #include "Zorvik/Exception.h"
 

@@ -3,8 +3,8 @@
 
 #include "exporting/ExportLayer.h"
 #include "exporting/StreamedExport.h"
-#include "photo/PhotoLimits.h"
 #include "photo/PhotoReader.h"
+#include "photo/file/PhotoLimits.h"
 #include "storage/CheckedFileWriter.h"
 
 #include "Zorvik/Exception.h"

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "engine/CancelToken.h"
-#include "engine/ThreadPool.h"
 #include "exporting/ExportLook.h"
 #include "photo/PhotoWriter.h"
-#include "photo/Warnings.h"
+#include "photo/file/Warnings.h"
+#include "threads/CancelToken.h"
+#include "threads/ThreadPool.h"
 
 #include <QString>
 

@@ -2,9 +2,9 @@
 #include "exporting/StreamedExport.h"
 
 #include "exporting/ExportLayer.h"
-#include "photo/ColorConversion.h"
-#include "photo/MetadataReader.h"
-#include "photo/MetadataWriter.h"
+#include "photo/colour/ColorConversion.h"
+#include "photo/metadata/MetadataReader.h"
+#include "photo/metadata/MetadataWriter.h"
 
 #include <algorithm>
 #include <deque>

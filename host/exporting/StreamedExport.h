@@ -2,7 +2,7 @@
 #pragma once
 
 #include "exporting/PhotoExport.h"
-#include "photo/JpegRowReader.h"
+#include "photo/jpeg/JpegRowReader.h"
 
 #include <memory>
 #include <string>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "lut/HaldReader.h"
 
-#include "engine/lut3d/Lut3dStage.h"
+#include "engine/effects/lut3d/Lut3dStage.h"
 #include "lut/LutError.h"
 #include "lut/OcioLutReader.h"
 #include "photo/PhotoReader.h"

@@ -2,8 +2,8 @@
 #include "lut/LookExport.h"
 
 #include "catalogue/VisibleText.h"
-#include "engine/EffectKinds.h"
-#include "engine/Renderer.h"
+#include "engine/effects/EffectKinds.h"
+#include "engine/run/Renderer.h"
 
 #include "Zorvik/Exception.h"
 #include "Zorvik/Proc/SettingsEffectEmpty.h"

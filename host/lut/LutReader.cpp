@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "lut/LutReader.h"
 
-#include "engine/lut3d/Lut3dSettings.h"
+#include "engine/effects/lut3d/Lut3dSettings.h"
 #include "lut/HaldReader.h"
 #include "lut/LutError.h"
 #include "lut/LutFormat.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "lut/OcioLutReader.h"
 
-#include "engine/liftgammagain/LiftGammaGainParameters.h"
-#include "engine/lut3d/Lut3dSettings.h"
+#include "engine/effects/liftgammagain/LiftGammaGainParameters.h"
+#include "engine/effects/lut3d/Lut3dSettings.h"
 #include "lut/LutError.h"
 
 #include "Zorvik/Exception.h"

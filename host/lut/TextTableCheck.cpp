@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "lut/TextTableCheck.h"
 
-#include "engine/lut3d/LookUpTable.h"
+#include "engine/effects/lut3d/LookUpTable.h"
 #include "lut/LutError.h"
 
 #include <QList>

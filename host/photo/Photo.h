@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "photo/Image.h"
-#include "photo/PhotoMetadata.h"
-#include "photo/Warnings.h"
+#include "image/Image.h"
+#include "photo/file/Warnings.h"
+#include "photo/metadata/PhotoMetadata.h"
 
 namespace LumetraHost {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "photo/Photo.h"
-#include "photo/PhotoFormat.h"
+#include "photo/file/PhotoFormat.h"
 
 #include <QString>
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photo/PhotoWriter.h"
 
-#include "photo/JpegEncoder.h"
-#include "photo/MetadataWriter.h"
-#include "photo/PhotoLimits.h"
-#include "photo/PngEncoder.h"
-#include "photo/TiffEncoder.h"
+#include "photo/file/PhotoLimits.h"
+#include "photo/formats/PngEncoder.h"
+#include "photo/jpeg/JpegEncoder.h"
+#include "photo/metadata/MetadataWriter.h"
+#include "photo/tiff/TiffEncoder.h"
 #include "storage/CheckedFileWriter.h"
 
 #include "Zorvik/Exception.h"

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "photo/Photo.h"
-#include "photo/PhotoFormat.h"
-#include "photo/RowEncoder.h"
+#include "photo/file/PhotoFormat.h"
+#include "photo/file/RowEncoder.h"
 
 #include <QString>
 

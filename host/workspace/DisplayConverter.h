@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "drawer/DisplayTransform.h"
+#include "drawer/view/DisplayTransform.h"
 
 #include "Zorvik/Util/ImageUtils.h"
 

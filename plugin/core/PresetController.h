@@ -5,7 +5,7 @@
 #include "Settings/SliderSetting.h"
 
 #include "Zorvik/Proc/Frame.h"
-#include "engine/IStoredElsewhere.h"
+#include "engine/base/IStoredElsewhere.h"
 
 #include <QSize>
 

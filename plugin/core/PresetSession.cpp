@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "core/PresetSession.h"
 
-#include "engine/EffectKinds.h"
+#include "engine/effects/EffectKinds.h"
 #include "workspace/WorkspaceController.h"
 
 namespace LumetraPlugin {

@@ -4,7 +4,7 @@
 #include "EffectPresets/EffectPresetModel.h"
 #include "core/PresetSession.h"
 #include "drawer/Drawer.h"
-#include "photo/Image.h"
+#include "image/Image.h"
 #include "workspace/WorkspaceController.h"
 
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 #include "CatalogueFixture.h"
 #include "PictureChange.h"
 #include "SkinChart.h"
-#include "engine/Resize.h"
+#include "image/Resize.h"
 #include "photo/PhotoReader.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "PictureChange.h"
 
-#include "photo/Image.h"
+#include "image/Image.h"
 
 #include <algorithm>
 #include <cstdlib>

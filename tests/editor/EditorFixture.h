@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "edit/Editor.h"
 #include "photo/Photo.h"
+#include "session/Editor.h"
 #include "window/EditorWindow.h"
 
 #include <QImage>

@@ -2,7 +2,7 @@
 #include "CatalogueSchema.h"
 
 #include "Zorvik/Quindle/EffectRegistry.h"
-#include "engine/EffectKinds.h"
+#include "engine/effects/EffectKinds.h"
 #include "storage/JsonDocument.h"
 
 #include <QString>

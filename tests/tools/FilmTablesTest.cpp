@@ -3,7 +3,7 @@
 
 #include "Zorvik/Brassel/ISerializer.h"
 #include "Zorvik/Exception.h"
-#include "engine/lut3d/LookUpTableText.h"
+#include "engine/effects/lut3d/LookUpTableText.h"
 #include "storage/JsonDocument.h"
 
 #include <QString>

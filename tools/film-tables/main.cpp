@@ -2,7 +2,7 @@
 #include "FilmTables.h"
 
 #include "Zorvik/Brassel/ISerializer.h"
-#include "engine/lut3d/LookUpTableText.h"
+#include "engine/effects/lut3d/LookUpTableText.h"
 #include "storage/JsonDocument.h"
 
 #include <exception>

@@ -2,9 +2,9 @@
 #include "EditorOnStage.h"
 
 #include "canvas/CanvasFeed.h"
-#include "drawer/AsyncPreviews.h"
+#include "drawer/previews/AsyncPreviews.h"
+#include "histogram/HistogramFeed.h"
 #include "plugins/PluginFolders.h"
-#include "window/HistogramFeed.h"
 
 #include <QAction>
 #include <QApplication>

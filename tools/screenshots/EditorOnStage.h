@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "edit/Editor.h"
+#include "session/Editor.h"
 #include "style/StyleColours.h"
 #include "window/EditorWindow.h"
 

@@ -3,8 +3,8 @@
 
 #include "EditorOnStage.h"
 
+#include "actions/EditorActions.h"
 #include "canvas/PhotoCanvas.h"
-#include "window/EditorActions.h"
 #include "window/MessageBar.h"
 #include "window/Questions.h"
 

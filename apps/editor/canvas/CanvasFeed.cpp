@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "canvas/CanvasFeed.h"
 
-#include "edit/Editor.h"
+#include "session/Editor.h"
 #include "workspace/WorkspaceController.h"
 
 namespace LumetraEditor {

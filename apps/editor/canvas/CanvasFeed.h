@@ -3,7 +3,7 @@
 
 #include "canvas/PhotoCanvas.h"
 
-#include "drawer/LiveView.h"
+#include "drawer/view/LiveView.h"
 
 #include <QObject>
 

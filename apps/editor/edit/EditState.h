@@ -2,7 +2,7 @@
 #pragma once
 
 #include "edit/PanelEdit.h"
-#include "photo/EditRecord.h"
+#include "photo/metadata/EditRecord.h"
 
 #include "Zorvik/Quindle/EffectsSettings.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "export/ExportCommand.h"
 
-#include "edit/Editor.h"
 #include "export/ExportDialog.h"
 #include "export/ExportGuard.h"
+#include "session/Editor.h"
 
 #include <QWidget>
 

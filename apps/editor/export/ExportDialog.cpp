@@ -2,7 +2,7 @@
 #include "export/ExportDialog.h"
 
 #include "export/ExportGuard.h"
-#include "window/EditorSettings.h"
+#include "settings/EditorSettings.h"
 
 #include "Zorvik/Lumetra/StyleProvider.h"
 #include "Zorvik/Util/AlertBox.h"

@@ -2,12 +2,12 @@
 #include "export/ExportJob.h"
 
 #include "Zorvik/Exception.h"
-#include "engine/Renderer.h"
-#include "engine/Resize.h"
+#include "engine/run/Renderer.h"
 #include "export/ExportGuard.h"
-#include "photo/ColorConversion.h"
-#include "photo/EditRecord.h"
+#include "image/Resize.h"
 #include "photo/PhotoWriter.h"
+#include "photo/colour/ColorConversion.h"
+#include "photo/metadata/EditRecord.h"
 #include "storage/CheckedFileWriter.h"
 
 #include <QCoreApplication>

@@ -3,10 +3,10 @@
 
 #include "export/ExportOptions.h"
 
-#include "engine/CancelToken.h"
-#include "photo/EditRecord.h"
 #include "photo/Photo.h"
-#include "photo/PhotoFormat.h"
+#include "photo/file/PhotoFormat.h"
+#include "photo/metadata/EditRecord.h"
+#include "threads/CancelToken.h"
 
 #include "Zorvik/Quindle/EffectsSettings.h"
 

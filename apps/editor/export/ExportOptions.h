@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "photo/PhotoFormat.h"
+#include "photo/file/PhotoFormat.h"
 
 #include <QString>
 

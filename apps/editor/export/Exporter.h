@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "background/BackgroundThread.h"
+#include "edit/BackgroundThread.h"
 #include "export/ExportJob.h"
 
 #include <QObject>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "window/AboutDialog.h"
 
-#include "window/Icons.h"
+#include "appearance/Icons.h"
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "settings/EditorSettings.h"
 #include "style/StyleColours.h"
-#include "window/EditorSettings.h"
 #include "window/PhotoList.h"
 
 #include <QMainWindow>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "window/Questions.h"
 
-#include "edit/Editor.h"
+#include "session/Editor.h"
 
 #include "Zorvik/Lumetra/StyleProvider.h"
 #include "Zorvik/Util/AlertBox.h"

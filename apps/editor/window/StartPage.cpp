@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "window/StartPage.h"
 
-#include "window/Icons.h"
+#include "appearance/Icons.h"
 
 #include <QEvent>
 #include <QFileInfo>

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "engine/Isa.h"
-#include "engine/SpatialPass.h"
-#include "engine/bands/BandGraph.h"
-#include "engine/bands/PlaneRing.h"
+#include "engine/base/Isa.h"
 #include "engine/gaussian/GaussianAxis.h"
 #include "engine/gaussian/GaussianKernel.h"
 #include "engine/gaussian/GaussianScratch.h"
+#include "engine/gaussian/PlaneRing.h"
+#include "engine/stages/SpatialPass.h"
+#include "threads/BandGraph.h"
 
 #include <vector>
 

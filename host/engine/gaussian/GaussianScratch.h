@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "engine/bands/PlaneRing.h"
+#include "engine/gaussian/PlaneRing.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "engine/Isa.h"
+#include "engine/base/Isa.h"
 
 #include <cstdint>
 #include <cstring>

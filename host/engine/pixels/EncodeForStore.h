@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "engine/Tile.h"
+#include "engine/base/Tile.h"
 #include "engine/kernels/KernelMath.h"
 
 // Only for kernel sources: encodes a tile before it becomes integers.

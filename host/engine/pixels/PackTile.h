@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "engine/Tile.h"
+#include "engine/base/Tile.h"
 #include "engine/kernels/KernelMath.h"
-#include "engine/pixels/PackedPixel.h"
+#include "engine/kernels/PackedPixel.h"
 
 // Only for kernel sources: encoded tiles become pixels of 8 or 16 bits per channel.
 namespace LumetraHost {

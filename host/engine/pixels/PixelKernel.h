@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "engine/Isa.h"
-#include "engine/Tile.h"
+#include "engine/base/Isa.h"
+#include "engine/base/Tile.h"
 
 #include <cstdint>
 

@@ -2,9 +2,9 @@
 #include "engine/pixels/PixelKernel.h"
 
 #include "engine/kernels/KernelMath.h"
+#include "engine/kernels/PackedPixel.h"
 #include "engine/pixels/EncodeForStore.h"
 #include "engine/pixels/PackTile.h"
-#include "engine/pixels/PackedPixel.h"
 
 namespace LumetraHost {
 namespace {

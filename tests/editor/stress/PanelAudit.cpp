@@ -2,8 +2,7 @@
 #include "PanelAudit.h"
 
 #include "core/PresetCollection.h"
-#include "drawer/SameEffects.h"
-#include "edit/Editor.h"
+#include "drawer/stack/SameEffects.h"
 #include "panel/EffectTexts.h"
 #include "panel/PresetDelegate.h"
 #include "panel/PresetGrid.h"
@@ -11,6 +10,7 @@
 #include "panel/PresetsPanel.h"
 #include "panel/PresetsWidget.h"
 #include "panel/RecentPresets.h"
+#include "session/Editor.h"
 #include "widgets/CustomToolBox.h"
 #include "widgets/CustomToolBoxButton.h"
 #include "workspace/WorkspaceController.h"

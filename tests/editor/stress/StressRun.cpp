@@ -5,11 +5,11 @@
 
 #include "canvas/CanvasFeed.h"
 #include "canvas/PhotoCanvas.h"
-#include "drawer/AsyncPreviews.h"
-#include "drawer/LayerRenderer.h"
+#include "drawer/previews/AsyncPreviews.h"
+#include "drawer/render/LayerRenderer.h"
+#include "histogram/HistogramFeed.h"
 #include "photo/PhotoWriter.h"
 #include "plugins/PluginLoader.h"
-#include "window/HistogramFeed.h"
 #include "workspace/WorkspaceController.h"
 
 #include <QAction>

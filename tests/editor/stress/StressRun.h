@@ -3,7 +3,7 @@
 
 #include "PanelInReach.h"
 
-#include "edit/Editor.h"
+#include "session/Editor.h"
 #include "window/EditorWindow.h"
 
 #include <QStringList>

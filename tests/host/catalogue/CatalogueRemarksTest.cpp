@@ -4,8 +4,8 @@
 
 #include "RecordingTarget.h"
 #include "Zorvik/Quindle/EffectRegistry.h"
-#include "engine/lut3d/Lut3dParameters.h"
-#include "engine/lut3d/Lut3dSettings.h"
+#include "engine/effects/lut3d/Lut3dParameters.h"
+#include "engine/effects/lut3d/Lut3dSettings.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "drawer/LiveViewOptions.h"
+#include "drawer/view/LiveViewOptions.h"
 
-#include "engine/CancelToken.h"
+#include "threads/CancelToken.h"
 
 #include <condition_variable>
 #include <functional>

@@ -3,8 +3,8 @@
 
 #include "host/engine/TestPictures.h"
 
-#include "engine/srgb/Srgb.h"
-#include "engine/whitebalance/WhiteBalanceParameters.h"
+#include "engine/base/Srgb.h"
+#include "engine/effects/whitebalance/WhiteBalanceParameters.h"
 
 #include <algorithm>
 #include <cmath>

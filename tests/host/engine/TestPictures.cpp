@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "host/engine/TestPictures.h"
 
-#include "engine/EffectKinds.h"
+#include "engine/effects/EffectKinds.h"
 
 #include "Zorvik/Quindle/EffectSettingsImpl.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "photo/Image.h"
+#include "image/Image.h"
 
 #include "Zorvik/Quindle/EffectsSettings.h"
 

@@ -4,14 +4,14 @@
 #include "exporting/StreamedExport.h"
 
 #include "host/engine/TestPictures.h"
-#include "host/photo/MetadataSamples.h"
 #include "host/photo/PhotoSamples.h"
+#include "host/photo/metadata/MetadataSamples.h"
 #include "support/AddressSanitizer.h"
 
-#include "engine/Renderer.h"
-#include "photo/ColorConversion.h"
-#include "photo/MetadataTags.h"
+#include "engine/run/Renderer.h"
 #include "photo/PhotoReader.h"
+#include "photo/colour/ColorConversion.h"
+#include "photo/metadata/MetadataTags.h"
 
 #include <QCryptographicHash>
 #include <QDir>

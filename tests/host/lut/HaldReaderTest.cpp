@@ -2,9 +2,9 @@
 #include "host/engine/TestPictures.h"
 #include "host/lut/LutFiles.h"
 
-#include "engine/EffectKinds.h"
-#include "engine/Renderer.h"
-#include "engine/lut3d/Lut3dSettings.h"
+#include "engine/effects/EffectKinds.h"
+#include "engine/effects/lut3d/Lut3dSettings.h"
+#include "engine/run/Renderer.h"
 #include "lut/LutReader.h"
 #include "photo/PhotoReader.h"
 #include "photo/PhotoWriter.h"

@@ -2,8 +2,8 @@
 #include "host/engine/TestPictures.h"
 #include "host/lut/LutFiles.h"
 
-#include "engine/EffectKinds.h"
-#include "engine/Renderer.h"
+#include "engine/effects/EffectKinds.h"
+#include "engine/run/Renderer.h"
 #include "lut/LookExport.h"
 #include "lut/LutReader.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "host/lut/LutFiles.h"
 
-#include "engine/EffectKinds.h"
+#include "engine/effects/EffectKinds.h"
 #include "lut/LutReader.h"
 
 #include "Zorvik/Exception.h"

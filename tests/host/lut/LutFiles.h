@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "engine/lut3d/LookUpTable.h"
+#include "engine/effects/lut3d/LookUpTable.h"
 
 #include <QTemporaryDir>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "host/lut/LutFiles.h"
 
-#include "engine/EffectKinds.h"
-#include "engine/lut3d/Lut3dSettings.h"
+#include "engine/effects/EffectKinds.h"
+#include "engine/effects/lut3d/Lut3dSettings.h"
 #include "lut/LutReader.h"
 
 #include <QFile>

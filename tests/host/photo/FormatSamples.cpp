@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "FormatSamples.h"
 
-#include "photo/ColorConversion.h"
+#include "photo/colour/ColorConversion.h"
 
 #include <QtEndian>
 

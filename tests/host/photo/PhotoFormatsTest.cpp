@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "photo/ColorConversion.h"
-#include "photo/ImageOrientation.h"
-#include "photo/MetadataTags.h"
+#include "image/ImageOrientation.h"
 #include "photo/PhotoReader.h"
 #include "photo/PhotoWriter.h"
+#include "photo/colour/ColorConversion.h"
+#include "photo/metadata/MetadataTags.h"
 
 #include "FormatSamples.h"
 #include "PhotoSamples.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "photo/Image.h"
-#include "photo/PhotoFormat.h"
+#include "image/Image.h"
+#include "photo/file/PhotoFormat.h"
 
 #include "Zorvik/Exception.h"
 

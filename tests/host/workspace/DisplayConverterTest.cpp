@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "workspace/DisplayConverter.h"
 
-#include "host/drawer/DisplaySamples.h"
+#include "host/drawer/view/DisplaySamples.h"
 
 #include "Zorvik/Proc/Frame.h"
 

@@ -2,7 +2,7 @@
 #include "panel/EffectTexts.h"
 
 #include "Zorvik/Quindle/EffectRegistry.h"
-#include "engine/EffectKinds.h"
+#include "engine/effects/EffectKinds.h"
 #include "panel/PanelTranslation.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "LumetraEditor/IEditorPlugin.h"
 #include "TestEditor.h"
-#include "photo/Image.h"
+#include "image/Image.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -3,8 +3,8 @@
 
 #include "TestEditor.h"
 #include "core/PresetModel.h"
+#include "image/Image.h"
 #include "panel/PresetsPanel.h"
-#include "photo/Image.h"
 
 #include <QTemporaryDir>
 #include <QWidget>

@@ -2,11 +2,11 @@
 #include "panel/ThumbnailCache.h"
 
 #include "PanelFixture.h"
+#include "image/Image.h"
 #include "panel/HoverPreview.h"
 #include "panel/PresetDelegate.h"
 #include "panel/PresetGrid.h"
 #include "panel/PresetPages.h"
-#include "photo/Image.h"
 #include "workspace/WorkspaceController.h"
 
 #include <QAbstractButton>

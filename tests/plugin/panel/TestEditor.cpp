@@ -2,8 +2,8 @@
 #include "TestEditor.h"
 
 #include "LumetraEditor/IEditorPlugin.h"
-#include "engine/EffectKinds.h"
-#include "photo/Image.h"
+#include "engine/effects/EffectKinds.h"
+#include "image/Image.h"
 #include "workspace/WorkspaceController.h"
 
 namespace LumetraTest {

@@ -4,8 +4,8 @@
 #include "Zorvik/Brassel/ISerializer.h"
 #include "Zorvik/Brassel/SerializerProperty.h"
 #include "Zorvik/Quindle/EffectRegistry.h"
-#include "engine/EffectKinds.h"
-#include "engine/lut3d/Lut3dSettings.h"
+#include "engine/effects/EffectKinds.h"
+#include "engine/effects/lut3d/Lut3dSettings.h"
 #include "storage/JsonDocument.h"
 
 namespace LumetraTest {

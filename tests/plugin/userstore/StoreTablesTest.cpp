@@ -4,7 +4,7 @@
 #include "StoreFixture.h"
 
 #include "Zorvik/Exception.h"
-#include "engine/lut3d/Lut3dSettings.h"
+#include "engine/effects/lut3d/Lut3dSettings.h"
 #include "storage/JsonDocument.h"
 #include "userdata/ContentCollector.h"
 

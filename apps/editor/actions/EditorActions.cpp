@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "actions/EditorActions.h"
+
+#include "appearance/Icons.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QMenu>
+#include <QMenuBar>
+#include <QUndoStack>
+
+namespace LumetraEditor {
+
+EditorActions::EditorActions(QWidget& window, QUndoStack& undoStack)
+    : QObject(&window), recent(new QMenu(&window)), m_window(window), m_undoStack(undoStack),
+      m_palettes(new QActionGroup(this)), m_languages(new QActionGroup(this)),
+      m_file(new QMenu(&window)), m_edit(new QMenu(&window)), m_view(new QMenu(&window)),
+      m_palette(new QMenu(&window)), m_language(new QMenu(&window)), m_help(new QMenu(&window))
+{
+    open = Add("open", {Qt::CTRL + Qt::Key_O});
+    previousPhoto = Add("previousPhoto", {Qt::CTRL + Qt::Key_PageUp});
+    nextPhoto = Add("nextPhoto", {Qt::CTRL + Qt::Key_PageDown});
+    exportPhoto = Add("exportPhoto", {Qt::CTRL + Qt::Key_E});
+    closePhoto = Add("closePhoto", {Qt::CTRL + Qt::Key_W});
+    quit = Add("quit", {Qt::CTRL + Qt::Key_Q});
+    undo = Add("undo", {Qt::CTRL + Qt::Key_Z});
+    redo = Add("redo", {Qt::CTRL + Qt::SHIFT + Qt::Key_Z, Qt::CTRL + Qt::Key_Y});
+    fit = Add("fit", {Qt::CTRL + Qt::Key_0});
+    actualSize = Add("actualSize", {Qt::CTRL + Qt::Key_1});
+    zoomIn = Add("zoomIn", {Qt::CTRL + Qt::Key_Plus, Qt::CTRL + Qt::Key_Equal});
+    zoomOut = Add("zoomOut", {Qt::CTRL + Qt::Key_Minus});
+    split = Add("split", {Qt::CTRL + Qt::Key_B});
+    sidePanel = Add("sidePanel", {Qt::Key_F9});
+    fullScreen = Add("fullScreen", {Qt::Key_F11});
+    shortcuts = Add("shortcuts", {Qt::Key_F1});
+    clearRecent = Add("clearRecent");
+    dark = Add("dark");
+    light = Add("light");
+    english = Add("english");
+    german = Add("german");
+    about = Add("about");
+    for (QAction* const action : {split, sidePanel, fullScreen, dark, light, english, german})
+        action->setCheckable(true);
+    for (QAction* const action : {dark, light})
+        m_palettes->addAction(action);
+    for (QAction* const action : {english, german})
+        m_languages->addAction(action);
+    ConnectUndo();
+    Translate();
+}
+
+void EditorActions::ConnectUndo()
+{
+    connect(undo, &QAction::triggered, &m_undoStack, &QUndoStack::undo);
+    connect(redo, &QAction::triggered, &m_undoStack, &QUndoStack::redo);
+    for (const auto changed : {&QUndoStack::undoTextChanged, &QUndoStack::redoTextChanged})
+        connect(&m_undoStack, changed, this, &EditorActions::ShowSteps);
+    for (const auto changed : {&QUndoStack::canUndoChanged, &QUndoStack::canRedoChanged})
+        connect(&m_undoStack, changed, this, &EditorActions::ShowSteps);
+}
+
+void EditorActions::ShowSteps()
+{
+    undo->setEnabled(m_undoStack.canUndo());
+    redo->setEnabled(m_undoStack.canRedo());
+    SetText(undo, tr("&Undo %1").arg(m_undoStack.undoText()).trimmed());
+    SetText(redo, tr("&Redo %1").arg(m_undoStack.redoText()).trimmed());
+}
+
+QAction* EditorActions::Add(const char* name, const QList<QKeySequence>& keys)
+{
+    auto* const action = new QAction(this);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcuts(keys);
+    m_window.addAction(action); // keys also work where the menu bar is hidden
+    m_all.push_back(action);
+    return action;
+}
+
+void EditorActions::FillMenuBar(QMenuBar& bar)
+{
+    m_file->addAction(open);
+    m_file->addMenu(recent);
+    m_file->addSeparator();
+    m_file->addActions({previousPhoto, nextPhoto});
+    m_file->addSeparator();
+    m_file->addActions({exportPhoto, closePhoto});
+    m_file->addSeparator();
+    m_file->addAction(quit);
+    m_edit->addActions({undo, redo});
+    m_view->addActions({fit, actualSize, zoomIn, zoomOut});
+    m_view->addSeparator();
+    m_view->addActions({split, sidePanel, fullScreen});
+    m_view->addSeparator();
+    m_palette->addActions({dark, light});
+    m_language->addActions({english, german});
+    m_view->addMenu(m_palette);
+    m_view->addMenu(m_language);
+    m_help->addActions({shortcuts, about});
+    for (QMenu* const menu : {m_file, m_edit, m_view, m_help})
+        bar.addMenu(menu);
+}
+
+/// The tool tip of a tool button names the key too.
+void EditorActions::SetText(QAction* action, const QString& text)
+{
+    action->setText(text);
+    QString plain = text;
+    plain.remove(QLatin1Char('&')).remove(QStringLiteral("…"));
+    const QString key = action->shortcut().toString(QKeySequence::NativeText);
+    action->setToolTip(key.isEmpty() ? plain : QStringLiteral("%1 (%2)").arg(plain, key));
+}
+
+void EditorActions::Translate()
+{
+    m_file->setTitle(tr("&File"));
+    m_edit->setTitle(tr("&Edit"));
+    m_view->setTitle(tr("&View"));
+    m_palette->setTitle(tr("&Theme"));
+    m_language->setTitle(tr("&Language"));
+    m_help->setTitle(tr("&Help"));
+    recent->setTitle(tr("Open &Recent"));
+    SetText(open, tr("&Open…"));
+    SetText(clearRecent, tr("&Clear List"));
+    SetText(previousPhoto, tr("&Previous Photo"));
+    SetText(nextPhoto, tr("&Next Photo"));
+    SetText(exportPhoto, tr("&Export…"));
+    SetText(closePhoto, tr("&Close Photo"));
+    SetText(quit, tr("&Quit"));
+    ShowSteps();
+    SetText(fit, tr("&Fit to Window"));
+    SetText(actualSize, tr("&Actual Size"));
+    SetText(zoomIn, tr("Zoom &In"));
+    SetText(zoomOut, tr("Zoom &Out"));
+    SetText(split, tr("&Before and After"));
+    SetText(sidePanel, tr("&Side Panel"));
+    SetText(fullScreen, tr("F&ull Screen"));
+    SetText(dark, tr("&Dark"));
+    SetText(light, tr("&Light"));
+    // Languages in their own words, so that one finds back.
+    SetText(english, QStringLiteral("&English"));
+    SetText(german, QStringLiteral("&Deutsch"));
+    SetText(shortcuts, tr("&Keyboard Shortcuts"));
+    SetText(about, tr("&About Lumetra"));
+}
+
+void EditorActions::SetIcons(LumetraHost::PaletteKind kind)
+{
+    const std::pair<QAction*, const char*> icons[] = {
+        {open, "open"},      {previousPhoto, "previous"},
+        {nextPhoto, "next"}, {undo, "undo"},
+        {redo, "redo"},      {exportPhoto, "export"},
+        {fit, "fit"},        {actualSize, "actual-size"},
+        {zoomIn, "zoom-in"}, {zoomOut, "zoom-out"},
+        {split, "split"},    {sidePanel, "panel"}};
+    for (const auto& [action, name] : icons)
+        action->setIcon(MakeIcon(QLatin1String(name), kind));
+}
+
+void EditorActions::SetPhotoEnabled(bool enabled)
+{
+    for (QAction* const action : {exportPhoto, closePhoto, fit, actualSize, zoomIn, zoomOut, split})
+        action->setEnabled(enabled);
+}
+
+std::vector<QAction*> EditorActions::GetKeyed() const
+{
+    std::vector<QAction*> keyed;
+    for (QAction* const action : m_all)
+        if (!action->shortcut().isEmpty())
+            keyed.push_back(action);
+    return keyed;
+}
+
+} // namespace LumetraEditor

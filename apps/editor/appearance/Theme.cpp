@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "appearance/Theme.h"
+
+#include "style/StyleSheet.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QToolTip>
+#include <QTranslator>
+
+#include <memory>
+
+static void RegisterTranslations()
+{
+    Q_INIT_RESOURCE(LumetraEditorTranslations);
+}
+
+namespace LumetraEditor {
+namespace {
+
+struct German
+{
+    QTranslator qt, library, editor;
+
+    German()
+    {
+        RegisterTranslations();
+        // Without Qt's own catalogue its few texts stay English.
+        if (!qt.load(QStringLiteral("qtbase_de"),
+                     QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
+            qInfo("Qt's German texts are not installed.");
+        const bool isThere =
+            editor.load(QStringLiteral(":/lumetra/editor/translations/lumetra-editor_de.qm"));
+        Q_ASSERT(isThere);
+        Q_UNUSED(isThere)
+        LoadLibrary();
+    }
+
+    /// The presets library comes with the first panel that uses it.
+    void LoadLibrary()
+    {
+        const QString file =
+            QStringLiteral(":/LumetraPresetsUtil/translations/lumetrapresetsutil_de.qm");
+        if (library.isEmpty() && QFile::exists(file))
+            library.load(file);
+    }
+};
+
+} // namespace
+
+void UseTheme(LumetraHost::PaletteKind kind)
+{
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setPalette(LumetraHost::EditorPalette(kind));
+    QToolTip::setPalette(LumetraHost::EditorPalette(kind));
+    qApp->setStyleSheet(LumetraHost::StyleSheet(kind));
+}
+
+void UseLanguage(const QString& language)
+{
+    const bool isGerman = language == QLatin1String("de");
+    // First: who hears of a changed translator asks for the locale.
+    QLocale::setDefault(isGerman ? QLocale(QLocale::German) : QLocale(QLocale::English));
+    static std::unique_ptr<German> german;
+    if (!german && !isGerman)
+        return;
+    if (!german)
+        german = std::make_unique<German>();
+    german->LoadLibrary();
+    for (QTranslator* translator : {&german->qt, &german->library, &german->editor}) {
+        QCoreApplication::removeTranslator(translator);
+        if (isGerman && !translator->isEmpty())
+            QCoreApplication::installTranslator(translator);
+    }
+}
+
+} // namespace LumetraEditor

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "histogram/HistogramWidget.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace LumetraEditor {
+namespace {
+
+/// Square roots, so that small amounts show; the tallest inner value is full height, for clipped
+/// ends would flatten the rest.
+QPainterPath OutlineOf(const Histogram::Counts& counts, std::uint32_t tallest, const QRectF& area)
+{
+    QPainterPath path(area.bottomLeft());
+    for (int value = 0; value < Histogram::Values; ++value) {
+        const double share = std::sqrt(static_cast<double>(counts[value]) / tallest);
+        path.lineTo(area.left() + area.width() * value / (Histogram::Values - 1),
+                    area.bottom() - area.height() * std::min(1.0, share));
+    }
+    path.lineTo(area.bottomRight());
+    return path;
+}
+
+} // namespace
+
+HistogramWidget::HistogramWidget(QWidget* parent) : QWidget(parent)
+{
+    setObjectName(QStringLiteral("histogram"));
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    Translate();
+}
+
+void HistogramWidget::SetHistogram(const Histogram& histogram)
+{
+    m_histogram = histogram;
+    update();
+}
+
+void HistogramWidget::Translate()
+{
+    setAccessibleName(tr("Histogram"));
+    setToolTip(tr("Shadows at the left, highlights at the right"));
+}
+
+void HistogramWidget::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        Translate();
+}
+
+void HistogramWidget::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette().color(QPalette::Base));
+    painter.drawRoundedRect(rect(), 4, 4);
+    const std::uint32_t tallest = m_histogram.GetTallestInner();
+    if (tallest == 0)
+        return;
+    const bool isDark = palette().color(QPalette::Base).lightness() < 128;
+    painter.setCompositionMode(isDark ? QPainter::CompositionMode_Screen
+                                      : QPainter::CompositionMode_Multiply);
+    const QRectF area = QRectF(rect()).adjusted(8, 8, -8, -8);
+    const QColor dark[] = {0x8c3f45, 0x347a48, 0x3a5c9e};
+    const QColor light[] = {0xf4bdbf, 0xbfe6c9, 0xbfd1f5};
+    for (int channel = 0; channel < Histogram::Channels; ++channel) {
+        painter.setBrush(isDark ? dark[channel] : light[channel]);
+        painter.drawPath(OutlineOf(m_histogram.channels[channel], tallest, area));
+    }
+}
+
+} // namespace LumetraEditor

@@ -1,0 +1,377 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "session/Editor.h"
+
+#include "drawer/previews/AsyncPreviews.h"
+#include "engine/effects/EffectKinds.h"
+#include "plugins/GuardedApplication.h"
+#include "session/CommandStep.h"
+#include "session/EditStep.h"
+#include "workspace/WorkspaceController.h"
+
+#include "Zorvik/Lumetra/IObjectsConnectorID.h"
+#include "Zorvik/Proc/SettingsEffectEmpty.h"
+#include "Zorvik/Quindle/EffectSettingsImpl.h"
+#include "Zorvik/Util/ObjectsConnector.h"
+
+#include <QFileInfo>
+#include <QScopedValueRollback>
+
+namespace LumetraEditor {
+namespace {
+
+using LumetraHost::AsyncPreviews;
+using LumetraHost::Photo;
+using LumetraHost::WorkspaceController;
+using Zorvik::Quindle::EffectsSettings;
+
+} // namespace
+
+Editor::Editor(QObject* parent)
+    : QObject(parent), m_workspace(std::make_shared<WorkspaceController>()),
+      m_previews(std::make_unique<AsyncPreviews>(m_workspace->GetDrawer()))
+{
+    LumetraHost::RegisterEffects();
+    connect(&m_loader, &PhotoLoader::loaded, this, &Editor::TakePhoto);
+    connect(&m_loader, &PhotoLoader::failed, this, &Editor::RefusePhoto);
+    connect(m_previews.get(), &AsyncPreviews::previewReady, this,
+            [this](const QString& key) { m_panels.PreviewReady(key); });
+    if (auto* const application = qobject_cast<GuardedApplication*>(QCoreApplication::instance()))
+        connect(application, &GuardedApplication::eventFailed, this, &Editor::TakeFailure);
+    connect(&m_sidecar, &Sidecar::problem, this, &Editor::messageGiven);
+    connect(&m_sidecar, &Sidecar::notice, this, &Editor::noticeGiven);
+    m_workspace->GetDrawer().AddObserver(this);
+}
+
+Editor::~Editor()
+{
+    m_undoStack.disconnect();
+    m_workspace->GetDrawer().RemoveObserver(this);
+}
+
+// Photos
+
+/// Modules listen too.
+void Editor::LockDrawer(bool isLocked)
+{
+    const CallDepth depth;
+    try {
+        Zorvik::Util::ObjectsConnector::sendMessage(
+            Zorvik::Lumetra::LumetraInt::IObjectsConnectorID::CORE_DRAWER_LOCK, {isLocked});
+    } catch (...) {
+        TakeFailure(nullptr, Failure::Describe());
+    }
+}
+
+bool Editor::OpenPhoto(const QString& path)
+{
+    if (!MayLeavePhoto())
+        return false;
+    LockDrawer(true);
+    emit openingStarted(path);
+    m_loader.Load(path);
+    return true;
+}
+
+void Editor::TakePhoto(const QString& path, const Photo& photo, const PhotoIdentity& identity)
+{
+    LockDrawer(false);
+    const bool isTaken = MayLeavePhoto(); // a step may have been undone meanwhile
+    if (isTaken)
+        SetPhoto(path, photo, identity);
+    emit openingEnded();
+    if (!isTaken)
+        return;
+    for (const std::string& warning : photo.warnings)
+        ShowMessage(QString::fromStdString(warning));
+    SettleEditOfOtherPhoto();
+}
+
+/// What the readers found is English in all languages; the first line is not.
+void Editor::RefusePhoto(const QString& path, const QString& problem)
+{
+    LockDrawer(false);
+    emit openingEnded();
+    ShowMessage(tr("“%1” cannot be opened.").arg(QFileInfo(path).fileName()) + QLatin1Char('\n') +
+                problem);
+}
+
+void Editor::ClosePhoto()
+{
+    if (MayLeavePhoto())
+        SetPhoto(QString(), Photo(), PhotoIdentity());
+}
+
+bool Editor::MayLeavePhoto()
+{
+    SaveEdit();
+    if (HasPhoto() && !m_sidecar.IsSafe() && !m_mayLoseEdit)
+        m_mayLoseEdit =
+            m_questions.mayLoseEdit && m_questions.mayLoseEdit(m_path, m_sidecar.GetProblem());
+    return !HasPhoto() || m_sidecar.IsSafe() || m_mayLoseEdit;
+}
+
+void Editor::SetPhoto(const QString& path, const Photo& photo, const PhotoIdentity& identity)
+{
+    SaveEdit();
+    m_undoStack.clear();
+    ShowOnPhoto(nullptr);
+    m_path = path;
+    m_photo = photo;
+    m_state = {};
+    m_mayLoseEdit = false;
+    m_workspace->GetDrawer().SetPhoto(photo.image);
+    {
+        const QScopedValueRollback<bool> restoring(m_isRestoring, true);
+        m_panels.PhotoChanged();
+    }
+    emit photoChanged();
+    if (HasPhoto())
+        OpenSidecar(identity);
+}
+
+void Editor::OpenSidecar(const PhotoIdentity& identity)
+{
+    const auto kept = m_sidecar.Open(m_path, identity);
+    if (kept)
+        RestoreEdit(*kept);
+    m_state = CaptureEdit(); // a panel may have had to leave something out
+}
+
+void Editor::SettleEditOfOtherPhoto()
+{
+    if (!m_sidecar.IsOfOtherPhoto() || !m_questions.shallStartAnew)
+        return;
+    const QString path = m_path;
+    const bool isAnew = m_questions.shallStartAnew(path);
+    if (path != m_path || !m_sidecar.IsOfOtherPhoto())
+        return;
+    if (!isAnew)
+        return KeepEdit(); // so that nobody is asked again
+    m_sidecar.StartAnew();
+    RestoreEdit(EditState());
+    m_state = CaptureEdit();
+}
+
+void Editor::SetDisplay(const std::shared_ptr<const LumetraHost::DisplayTransform>& display)
+{
+    if (display == m_display)
+        return;
+    m_display = display;
+    m_workspace->SetDisplay(display);
+    m_panels.PreviewReady(QString());
+    emit displayChanged();
+}
+
+// Panels
+
+GuardedPanel* Editor::AddPanel(const LoadedPlugin& plugin)
+{
+    GuardedPanel& panel = m_panels.Add(plugin, *this);
+    connect(&panel, &GuardedPanel::failed, this, &Editor::ShowNotice);
+    connect(&panel, &GuardedPanel::noticeGiven, this, &Editor::ShowNotice);
+    panel.Create();
+    // A panel that comes when the photo is already there finds its part of the edit.
+    if (const auto part = m_state.panels.find(plugin.id); part != m_state.panels.end()) {
+        const QScopedValueRollback<bool> restoring(m_isRestoring, true);
+        panel.RestoreEdit(part->second.GetObject());
+    }
+    m_state = CaptureEdit();
+    return panel.IsUsable() ? &panel : nullptr;
+}
+
+void Editor::RemovePanels()
+{
+    m_undoStack.clear();
+    m_panels.Clear();
+}
+
+void Editor::TakeFailure(QObject* receiver, const QString& reason)
+{
+    if (GuardedPanel* const panel = receiver ? m_panels.FindOwner(receiver) : nullptr)
+        panel->PutOutOfUse(reason);
+    else
+        ShowNotice(tr("Something has gone wrong: %1").arg(reason));
+}
+
+bool Editor::HasUnsavedChanges() const
+{
+    return m_panels.HasUnsavedChanges();
+}
+
+/// Parts of panels that are missing or out of use stay: nobody sees what they would take off.
+void Editor::DiscardUnsavedChanges()
+{
+    EditState state = CaptureEdit();
+    m_panels.Forget(state);
+    RestoreEdit(state);
+    m_state = CaptureEdit();
+    KeepEdit();
+}
+
+// The edit
+
+void Editor::KeepEdit()
+{
+    m_mayLoseEdit = false;
+    m_sidecar.Write(m_state);
+}
+
+void Editor::SaveEdit()
+{
+    if (!HasPhoto())
+        return;
+    EditState state = CaptureEdit();
+    if (!(state == m_state)) { // such as a drag that has not ended
+        m_state = std::move(state);
+        KeepEdit();
+    }
+    m_sidecar.Flush();
+    if (!m_sidecar.IsSafe()) // what was wrong with the disk may be over
+        m_sidecar.Write(m_state);
+    m_sidecar.Flush();
+}
+
+std::vector<EffectsSettings> Editor::GetPackages() const
+{
+    const auto& drawer = m_workspace->GetDrawer();
+    std::vector<EffectsSettings> packages = drawer.GetCommittedPackages();
+    for (EffectsSettings& package : drawer.GetOpenPackages())
+        packages.push_back(std::move(package));
+    return packages;
+}
+
+EditState Editor::CaptureEdit() const
+{
+    EditState state;
+    state.committed = m_workspace->GetDrawer().GetCommittedPackages();
+    // A package that is committed now was the panel's open one after the last step.
+    for (std::size_t i = 0; i < state.committed.size(); ++i)
+        state.records.push_back(i < m_state.records.size()
+                                    ? m_state.records[i]
+                                    : m_state.MakeRecord(state.committed[i]));
+    state.panels = m_state.panels; // those of modules that are missing or out of use stay
+    m_panels.Save(state);
+    return state;
+}
+
+void Editor::RestorePackages(const std::vector<EffectsSettings>& committed)
+{
+    auto& drawer = m_workspace->GetDrawer();
+    if (HaveSamePackages(committed, drawer.GetCommittedPackages())) {
+        for (const EffectsSettings& package : drawer.GetOpenPackages())
+            drawer.ResetPackage(package.Package().GetIndex());
+        return;
+    }
+    const auto empty =
+        Zorvik::Quindle::EffectSettingsImpl::Create(Zorvik::Proc::SettingsEffectEmpty());
+    drawer.SetPhoto(m_photo.image);
+    for (const EffectsSettings& package : committed) {
+        drawer.ApplyEffect(package, {});
+        drawer.ApplyEffect(Zorvik::Quindle::ConstEffectPtr(empty), {});
+    }
+}
+
+void Editor::RestoreEdit(const EditState& state)
+{
+    const QScopedValueRollback<bool> restoring(m_isRestoring, true);
+    ShowOnPhoto(nullptr);
+    m_state = state;
+    RestorePackages(state.committed);
+    m_panels.Restore(state);
+}
+
+void Editor::RestoreStep(const EditState& state)
+{
+    RestoreEdit(state);
+    KeepEdit();
+}
+
+void Editor::NoteEdit(const QString& text)
+{
+    if (m_isRestoring || !HasPhoto())
+        return;
+    EditState after = CaptureEdit();
+    if (after == m_state)
+        return;
+    const auto restore = [this](const EditState& state) { RestoreStep(state); };
+    m_undoStack.push(new EditStep(text, m_state, after, restore));
+    m_state = std::move(after);
+    KeepEdit();
+}
+
+void Editor::PushUndo(QUndoCommand* command)
+{
+    const auto run = [this](const std::function<void()>& part) { return RunCommand(part); };
+    const auto restore = [this](const EditState& state) { RestoreStep(state); };
+    m_undoStack.push(
+        new CommandStep(std::unique_ptr<QUndoCommand>(command), m_state, run, restore));
+}
+
+/// Changes that the command makes to the edit belong to its own step.
+EditState Editor::RunCommand(const std::function<void()>& command)
+{
+    const QScopedValueRollback<bool> restoring(m_isRestoring, true);
+    command();
+    return HasPhoto() ? CaptureEdit() : m_state;
+}
+
+std::vector<LumetraHost::EditRecord> Editor::GetRecords() const
+{
+    EditState state = CaptureEdit();
+    for (const EffectsSettings& package : m_workspace->GetDrawer().GetOpenPackages())
+        state.records.push_back(state.MakeRecord(package));
+    std::vector<LumetraHost::EditRecord> records;
+    for (const LumetraHost::EditRecord& record : state.records)
+        if (!record.preset.empty())
+            records.push_back(record);
+    return records;
+}
+
+// Services for panels
+
+std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> Editor::GetWorkspace()
+{
+    return m_workspace;
+}
+
+void Editor::ShowOnPhoto(const EffectsSettings* settings)
+{
+    if (!settings && !m_shownOnTop)
+        return;
+    if (settings)
+        m_shownOnTop = *settings;
+    else
+        m_shownOnTop.reset();
+    emit shownOnTopChanged();
+}
+
+Zorvik::Proc::Frame Editor::RequestPreview(const QString& key,
+                                           const Zorvik::Proc::FrameTarget& target,
+                                           const EffectsSettings& settings, int cropPolicy,
+                                           int fitPolicy, unsigned flags)
+{
+    return m_previews->Request(key, target, settings, {cropPolicy, fitPolicy, flags});
+}
+
+void Editor::CancelPreviews()
+{
+    m_previews->CancelAll();
+}
+
+/// Who edits wants to see the edit, wherever the pointer rests.
+void Editor::FrameChanged()
+{
+    ShowOnPhoto(nullptr);
+}
+
+void Editor::ShowMessage(const QString& text)
+{
+    emit messageGiven(text);
+}
+
+void Editor::ShowNotice(const QString& text)
+{
+    emit noticeGiven(text);
+}
+
+} // namespace LumetraEditor

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "LumetraEditor/IEditor.h"
+#include "drawer/stack/IDrawerObserver.h"
+#include "edit/EditState.h"
+#include "edit/Sidecar.h"
+#include "plugins/Panels.h"
+#include "session/PhotoLoader.h"
+
+#include <QObject>
+#include <QUndoStack>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace LumetraHost {
+class AsyncPreviews;
+class DisplayTransform;
+class WorkspaceController;
+} // namespace LumetraHost
+
+namespace LumetraEditor {
+
+/// What only the user can decide. The window asks; an empty function stands for a user who says no.
+struct EditorQuestions
+{
+    /// The photo's file is another one than that which was edited. True gives the edit up, false
+    /// takes it for this file.
+    std::function<bool(const QString& photo)> shallStartAnew;
+    /// The photo is to be left and its edit could not be written. True lets it go.
+    std::function<bool(const QString& photo, const QString& problem)> mayLoseEdit;
+};
+
+/// The editor without its window: the open photo and its drawer, the panels, and the steps of the
+/// edit. There is one photo at a time; while another one is being read the drawer is locked.
+/// GUI thread only. Outlives the panels, which whoever shows them removes first.
+class Editor : public QObject, public IEditor, private LumetraHost::IDrawerObserver
+{
+    Q_OBJECT
+
+public:
+    explicit Editor(QObject* parent = nullptr);
+    ~Editor() override;
+
+    void SetQuestions(const EditorQuestions& questions) { m_questions = questions; }
+
+    /// Reads the photo beside the GUI thread. Ends with photoChanged(), or with a message and the
+    /// earlier photo as it was. False, and nothing happens, when the earlier one may not be left.
+    bool OpenPhoto(const QString& path);
+    void ClosePhoto();
+    /// True when the edit is on the disk as it is at this moment, or the user does without.
+    bool MayLeavePhoto();
+    bool IsOpening() const { return m_loader.IsLoading(); }
+    bool HasPhoto() const { return !m_path.isEmpty(); }
+    const LumetraHost::Photo& GetPhoto() const { return m_photo; }
+
+    LumetraHost::WorkspaceController& GetHost() { return *m_workspace; }
+    /// For those who wait for a panel's previews.
+    LumetraHost::AsyncPreviews& GetPreviews() { return *m_previews; }
+    QUndoStack& GetUndoStack() { return m_undoStack; }
+    /// What a panel shows on the photo without having applied it; the next edit takes it away.
+    const std::optional<Zorvik::Quindle::EffectsSettings>& GetShownOnTop() const
+    {
+        return m_shownOnTop;
+    }
+
+    /// The colours of the monitor, for everything that is shown; null: sRGB. Nothing that is saved
+    /// or exported depends on them.
+    void SetDisplay(const std::shared_ptr<const LumetraHost::DisplayTransform>& display);
+    const std::shared_ptr<const LumetraHost::DisplayTransform>& GetDisplay() const
+    {
+        return m_display;
+    }
+
+    /// Makes the module's panel, whose widget the caller places. Null, and a message, when the
+    /// module fails. The panel lives until RemovePanels(), also one that fails later.
+    GuardedPanel* AddPanel(const LoadedPlugin& plugin);
+    /// Before their widgets go.
+    void RemovePanels();
+    /// Some panel shows what has not been applied for good.
+    bool HasUnsavedChanges() const;
+    /// Takes off what the panels show and have not applied for good.
+    void DiscardUnsavedChanges();
+    /// Returns when the edit as it is at this moment is on the disk.
+    void SaveEdit();
+    /// All packages on the photo, bottom first.
+    std::vector<Zorvik::Quindle::EffectsSettings> GetPackages() const;
+    /// What can be told of those that are presets.
+    std::vector<LumetraHost::EditRecord> GetRecords() const;
+    /// The edit as it is at this moment.
+    EditState CaptureEdit() const;
+
+    std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> GetWorkspace() override;
+    QString GetPhotoPath() const override { return m_path; }
+    void ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings) override;
+    Zorvik::Proc::Frame RequestPreview(const QString& key, const Zorvik::Proc::FrameTarget& target,
+                                       const Zorvik::Quindle::EffectsSettings& settings,
+                                       int cropPolicy, int fitPolicy, unsigned flags) override;
+    void CancelPreviews() override;
+    void NoteEdit(const QString& text) override;
+    void PushUndo(QUndoCommand* command) override;
+    void ShowMessage(const QString& text) override;
+    /// A message about the program and no photo: it stays when another photo comes.
+    void ShowNotice(const QString& text);
+
+signals:
+    void openingStarted(const QString& path);
+    /// Whether it succeeded or not.
+    void openingEnded();
+    /// Another photo, or none.
+    void photoChanged();
+    void shownOnTopChanged();
+    void displayChanged();
+    void messageGiven(const QString& text);
+    void noticeGiven(const QString& text);
+
+private:
+    void FrameChanged() override;
+    void CommittedPhotoChanged() override {}
+
+    void TakePhoto(const QString& path, const LumetraHost::Photo& photo,
+                   const PhotoIdentity& identity);
+    void RefusePhoto(const QString& path, const QString& problem);
+    void SetPhoto(const QString& path, const LumetraHost::Photo& photo,
+                  const PhotoIdentity& identity);
+    /// What the photo's sidecar tells, or the bare photo.
+    void OpenSidecar(const PhotoIdentity& identity);
+    /// Asks what is to become of an edit that was made for another file.
+    void SettleEditOfOtherPhoto();
+    void RestoreEdit(const EditState& state);
+    void RestoreStep(const EditState& state);
+    EditState RunCommand(const std::function<void()>& command);
+    /// An event handler has thrown: that of a panel's object, or anybody's.
+    void TakeFailure(QObject* receiver, const QString& reason);
+    void LockDrawer(bool isLocked);
+    void KeepEdit();
+    void RestorePackages(const std::vector<Zorvik::Quindle::EffectsSettings>& committed);
+
+    std::shared_ptr<LumetraHost::WorkspaceController> m_workspace;
+    std::unique_ptr<LumetraHost::AsyncPreviews> m_previews;
+    PhotoLoader m_loader;
+    QString m_path;
+    LumetraHost::Photo m_photo;
+    Panels m_panels;
+    std::optional<Zorvik::Quindle::EffectsSettings> m_shownOnTop;
+    std::shared_ptr<const LumetraHost::DisplayTransform> m_display;
+    EditState m_state; ///< after the last step
+    bool m_isRestoring = false;
+    bool m_mayLoseEdit = false; ///< the user's word on m_state
+    EditorQuestions m_questions;
+    Sidecar m_sidecar;
+    QUndoStack m_undoStack;
+};
+
+} // namespace LumetraEditor

@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "drawer/render/LayerRenderer.h"
+
+#include "engine/run/BakedRun.h"
+#include "engine/run/Blend.h"
+
+#include <algorithm>
+
+namespace LumetraHost {
+namespace {
+
+/// The frame on the screen, the one on its way there, and the ones being rendered.
+constexpr std::size_t InteractionSpares = 4;
+
+bool IsFullEffect(const Layer& layer)
+{
+    return layer.paintedBlend.value_or(layer.settings->GetBlendAmount()) == FullEffect;
+}
+
+} // namespace
+
+LayerRenderer::LayerRenderer(const Renderer& renderer, LayerUse use)
+    : m_renderer(renderer), m_use(use), m_incremental(renderer),
+      m_spares(use == LayerUse::Interaction ? InteractionSpares : 1)
+{
+}
+
+void LayerRenderer::SetSource(const Image& source, const std::optional<PictureArea>& area)
+{
+    m_source = source;
+    m_area = area;
+    m_outputs.clear();
+    m_fullEffect = {};
+    m_incremental.Clear();
+    m_spares.Clear();
+}
+
+Image LayerRenderer::Render(const std::vector<Layer>& layers, std::size_t count,
+                            const CancelToken* cancel)
+{
+    if (m_source.IsNull())
+        return {};
+    MatchOutputs(layers, count);
+    std::size_t next = std::min(count, m_outputs.size());
+    while (next > 0 && m_outputs[next - 1].picture.IsNull())
+        --next;
+    Image picture = next == 0 ? m_source : m_outputs[next - 1].picture;
+    m_outputs.resize(std::max(m_outputs.size(), count));
+    for (; next < count && !picture.IsNull(); ++next) {
+        picture = RenderLayer(next, layers[next], picture, cancel);
+        if (!picture.IsNull())
+            m_outputs[next] = {layers[next], picture};
+    }
+    DropUnused(count);
+    return picture;
+}
+
+Image LayerRenderer::RenderBaked(const std::vector<Layer>& layers, const CancelToken* cancel)
+{
+    if (m_source.IsNull() || m_source.GetDepth() != Image::Depth::Bits8)
+        return {};
+    std::size_t next = 0;
+    Image picture = m_source;
+    const std::size_t end = std::min(m_outputs.size(), layers.size());
+    for (std::size_t i = 0; i < end && m_outputs[i].layer == layers[i]; ++i)
+        if (!m_outputs[i].picture.IsNull()) {
+            picture = m_outputs[i].picture;
+            next = i + 1;
+        }
+    for (; next < layers.size() && !picture.IsNull(); ++next)
+        picture = BakeLayer(layers[next], picture, cancel);
+    return picture;
+}
+
+Image LayerRenderer::BakeLayer(const Layer& layer, const Image& below, const CancelToken* cancel)
+{
+    ThreadPool& pool = ThreadPool::GetShared();
+    const auto& settings = *layer.settings;
+    const auto baked =
+        BakedRun::Make(settings.Effects(), BakedRun::DragPoints, GetDefaultIsa(), pool, cancel);
+    if (!baked)
+        return {};
+    Image target = TakeSpare();
+    if (target.IsNull())
+        target =
+            Image::AllocateUninitialised(below.GetWidth(), below.GetHeight(), below.GetDepth());
+    const int amount = layer.paintedBlend.value_or(settings.GetBlendAmount());
+    if (!baked->Run(below, target, amount, pool, cancel))
+        return {};
+    m_spares.Remember(target);
+    return target;
+}
+
+void LayerRenderer::MatchOutputs(const std::vector<Layer>& layers, std::size_t count)
+{
+    std::size_t same = 0;
+    const std::size_t end = std::min(m_outputs.size(), layers.size());
+    while (same < end && m_outputs[same].layer == layers[same])
+        ++same;
+    // What lies above the wanted layers may still be of use to the next call.
+    if (same >= count && same < layers.size())
+        return;
+    MatchFullEffect(layers, same);
+    if (same < layers.size())
+        m_changed = same;
+    if (same < m_outputs.size())
+        m_outputs.resize(same);
+}
+
+void LayerRenderer::MatchFullEffect(const std::vector<Layer>& layers, std::size_t firstOther)
+{
+    const bool isThere = firstOther < layers.size();
+    const auto isOf = [&](const SharedSettings& settings) {
+        return isThere && layers[firstOther].settings == settings;
+    };
+    const bool isOther = m_fullEffect.position == firstOther && !isOf(m_fullEffect.settings);
+    if (m_fullEffect.position > firstOther || isOther)
+        m_fullEffect = {};
+    // A package that was shown with its full effect need not be drawn again when its blend is.
+    if (firstOther < m_outputs.size() && isThere && layers[firstOther].paintedBlend) {
+        const Output& output = m_outputs[firstOther];
+        if (!output.picture.IsNull() && isOf(output.layer.settings) && IsFullEffect(output.layer))
+            m_fullEffect = {firstOther, output.layer.settings, output.picture};
+    }
+}
+
+Image LayerRenderer::RenderLayer(std::size_t position, const Layer& layer, const Image& below,
+                                 const CancelToken* cancel)
+{
+    RenderOptions options;
+    options.area = m_area;
+    options.cancel = cancel;
+    ++m_drawnLayers;
+    const Image picture = layer.paintedBlend
+                              ? RenderBlend(position, layer, below, options)
+                              : RenderSettings(position, *layer.settings, below, options);
+    if (!picture.SharesPixelsWith(m_source))
+        m_spares.Remember(picture);
+    return picture;
+}
+
+Image LayerRenderer::RenderSettings(std::size_t position,
+                                    const Zorvik::Quindle::EffectsSettings& settings,
+                                    const Image& below, const RenderOptions& options)
+{
+    if (m_use == LayerUse::Interaction && position == m_changed)
+        return m_incremental.Render(below, settings, options, TakeSpare());
+    return m_renderer.Render(below, settings, options, TakeSpare());
+}
+
+Image LayerRenderer::RenderBlend(std::size_t position, const Layer& layer, const Image& below,
+                                 const RenderOptions& options)
+{
+    const bool isKept =
+        m_fullEffect.position == position && m_fullEffect.settings == layer.settings;
+    if (!isKept || m_fullEffect.picture.IsNull()) {
+        const auto& effects = layer.settings->Effects();
+        m_fullEffect = {position, layer.settings,
+                        m_renderer.Render(below, effects, LumetraHost::FullEffect, options)};
+    }
+    if (m_fullEffect.picture.IsNull())
+        return {};
+    return m_renderer.Interpolate(below, m_fullEffect.picture, *layer.paintedBlend, options,
+                                  TakeSpare());
+}
+
+Image LayerRenderer::TakeSpare()
+{
+    return m_spares.Take(m_source.GetWidth(), m_source.GetHeight(), m_source.GetDepth());
+}
+
+void LayerRenderer::DropUnused(std::size_t count)
+{
+    for (std::size_t i = 0; i < m_outputs.size(); ++i) {
+        const bool isNearTop = i + 2 >= m_outputs.size();
+        if (!isNearTop && i + 1 != count && i + 1 != m_changed)
+            m_outputs[i].picture = Image();
+    }
+}
+
+} // namespace LumetraHost

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "drawer/render/IncrementalRenderer.h"
+#include "drawer/stack/PictureRecipe.h"
+#include "image/ImagePool.h"
+
+#include "engine/run/Renderer.h"
+#include "image/PictureArea.h"
+#include "threads/CancelToken.h"
+
+#include "image/Image.h"
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+namespace LumetraHost {
+
+/// For whom layers are drawn.
+enum class LayerUse
+{
+    Once,       ///< little memory is kept
+    Interaction ///< the layer that changes is drawn quickly, and memory is used again
+};
+
+/// Draws the layers of a recipe on one source picture and keeps what the next call can use again:
+/// the result, the picture below the topmost layer, the one below the layer that was changed last,
+/// and while a blend is dragged that layer's finished full effect. For interaction also the
+/// changing layer's picture in front of its first effect that differs (see IncrementalRenderer).
+/// One thread only.
+///
+/// Every layer rounds once: the picture above a layer has the depth of the source.
+class LayerRenderer
+{
+public:
+    /// `renderer` is kept by reference.
+    explicit LayerRenderer(const Renderer& renderer, LayerUse use = LayerUse::Once);
+
+    /// Null: all results are null. `area`: where the source lies in the photo; empty: it is all
+    /// of it.
+    void SetSource(const Image& source, const std::optional<PictureArea>& area = std::nullopt);
+    const Image& GetSource() const { return m_source; }
+
+    /// The source with the first `count` of the layers on it. Null without a source, and when it
+    /// was cancelled; what was finished by then is kept.
+    Image Render(const std::vector<Layer>& layers, std::size_t count,
+                 const CancelToken* cancel = nullptr);
+
+    /// A quick picture of all the layers that is not exact: those that were not drawn yet come from
+    /// tables (see BakedRun). Null when one of them cannot be made a table of, and when it was
+    /// cancelled. Keeps nothing.
+    Image RenderBaked(const std::vector<Layer>& layers, const CancelToken* cancel = nullptr);
+
+    /// How the changing layer is drawn; for interaction.
+    const IncrementalRenderer& GetIncremental() const { return m_incremental; }
+    /// How many layers have been drawn since the beginning; blends of finished pictures too.
+    std::size_t GetDrawnLayerCount() const { return m_drawnLayers; }
+
+private:
+    struct Output
+    {
+        Layer layer;
+        Image picture; ///< with this layer and all below; null: not kept
+    };
+
+    struct FullEffect
+    {
+        std::size_t position = 0;
+        SharedSettings settings;
+        Image picture; ///< null: not kept
+    };
+
+    void MatchOutputs(const std::vector<Layer>& layers, std::size_t count);
+    void MatchFullEffect(const std::vector<Layer>& layers, std::size_t firstOther);
+    Image RenderLayer(std::size_t position, const Layer& layer, const Image& below,
+                      const CancelToken* cancel);
+    Image RenderSettings(std::size_t position, const Zorvik::Quindle::EffectsSettings& settings,
+                         const Image& below, const RenderOptions& options);
+    Image RenderBlend(std::size_t position, const Layer& layer, const Image& below,
+                      const RenderOptions& options);
+    Image BakeLayer(const Layer& layer, const Image& below, const CancelToken* cancel);
+    Image TakeSpare();
+    void DropUnused(std::size_t count);
+
+    const Renderer& m_renderer;
+    LayerUse m_use;
+    IncrementalRenderer m_incremental;
+    Image m_source;
+    std::optional<PictureArea> m_area;
+    std::vector<Output> m_outputs;
+    std::size_t m_changed = 0; ///< the layer that was changed last
+    FullEffect m_fullEffect;
+    ImagePool m_spares;
+    std::size_t m_drawnLayers = 0;
+};
+
+} // namespace LumetraHost

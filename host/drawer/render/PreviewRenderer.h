@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "drawer/render/LayerRenderer.h"
+#include "drawer/render/PreviewGeometry.h"
+#include "drawer/stack/PictureRecipe.h"
+
+#include "engine/run/Renderer.h"
+
+#include "image/Image.h"
+
+#include "Zorvik/Proc/Frame.h"
+#include "Zorvik/Quindle/EffectsSettings.h"
+
+#include <list>
+
+namespace LumetraHost {
+
+/// See IQuindleDrawer::RenderPreview.
+struct PreviewPolicies
+{
+    int crop = 1;
+    int fit = 0;
+    unsigned flags = 0;
+};
+
+/// Renders small pictures of one photo with various effects. Keeps the last few scaled photos, so
+/// that a grid of previews scales only once. One thread only.
+class PreviewRenderer
+{
+public:
+    /// `renderer` is kept by reference. `threads`: that a preview is rendered on; 0: all.
+    explicit PreviewRenderer(const Renderer& renderer, int threads = 0);
+
+    /// The photo with all layers of the recipe, and `effects` on top. Null without a photo and when
+    /// it was cancelled. Rgba8Premultiplied for a photo of 8 bits, RgbaFloatPremultiplied for one
+    /// of 16.
+    Zorvik::Proc::Frame Render(const PictureRecipe& recipe, const Zorvik::Proc::FrameTarget& target,
+                               const Zorvik::Quindle::EffectsSettings& effects,
+                               const PreviewPolicies& policies,
+                               const CancelToken* cancel = nullptr);
+
+private:
+    static constexpr unsigned FlagDraft = 1;
+    static constexpr std::size_t KeptScales = 4;
+
+    struct ScaledPhoto
+    {
+        PreviewGeometry geometry;
+        ResizeQuality quality;
+        LayerRenderer layers; ///< with the scaled photo as its source
+    };
+
+    LayerRenderer& GetScaledPhoto(const PreviewGeometry& geometry, ResizeQuality quality);
+
+    const Renderer& m_renderer;
+    int m_threads;
+    Image m_photo;
+    std::list<ScaledPhoto> m_scaled; ///< the one used last first
+};
+
+} // namespace LumetraHost

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "drawer/stack/IDrawerObserver.h"
+#include "drawer/view/LiveViewOptions.h"
+#include "drawer/view/ViewFrame.h"
+
+#include "image/Image.h"
+
+#include "Zorvik/Quindle/EffectsSettings.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+namespace LumetraHost {
+
+class DisplayTransform;
+class Drawer;
+class ViewWorker;
+struct ViewResult;
+
+/// Shows what a drawer shows, on a canvas: the visible part of the photo, as many pixels as the
+/// screen has there, rendered on a thread of its own. The thread that owns the view and the drawer
+/// never renders; it takes cheap snapshots.
+///
+/// The newest state wins: what is superseded is cancelled and not shown, except that two
+/// cancellations in a row always have a frame between them. Where a full frame would be late a
+/// reduced one comes first. The last frame is the same whatever came before it.
+class LiveView : public QObject, private IDrawerObserver
+{
+    Q_OBJECT
+
+public:
+    /// `drawer` is kept by reference and outlives the view.
+    explicit LiveView(Drawer& drawer, QObject* parent = nullptr);
+    LiveView(Drawer& drawer, const LiveViewOptions& options, QObject* parent = nullptr);
+    ~LiveView() override;
+
+    /// Nothing is rendered before the first call.
+    void SetView(const ViewRequest& request);
+    const ViewRequest& GetView() const { return m_request; }
+
+    /// Shows the photo as it would be with these settings applied, replacing the open package that
+    /// they would replace, without applying them; empty: as it is.
+    void SetShownOnTop(std::optional<Zorvik::Quindle::EffectsSettings> settings);
+    /// Frames are shown in these colours; null: in sRGB.
+    void SetDisplay(const std::shared_ptr<const DisplayTransform>& display);
+    /// Whether GetShownOriginal() is asked for.
+    void SetNeedsOriginal(bool needsOriginal);
+    /// Shows the untouched photo.
+    void SetShowsOriginal(bool showsOriginal);
+
+    /// The frame that was announced last; null before the first one.
+    const ViewFrame& GetFrame() const { return m_frame; }
+    /// The untouched photo in the part and size of that frame.
+    Image GetOriginal() const { return m_original; }
+    /// The same in the display's colours. With a display it is null until it has been needed; the
+    /// frame that is announced then has it.
+    Image GetShownOriginal() const { return m_shownOriginal; }
+
+    /// True when the announced frame is the full one of the present state.
+    bool IsUpToDate() const;
+    /// Blocks until that frame is there and announces it. For commands and tests; throws what the
+    /// rendering threw.
+    void WaitForFrame();
+
+signals:
+    /// On the view's own thread.
+    void frameReady(const LumetraHost::ViewFrame& frame);
+    /// There is no frame of the present state.
+    void renderingFailed(const QString& reason);
+
+private:
+    void FrameChanged() override;
+    void CommittedPhotoChanged() override;
+    void StartRendering();
+    void Deliver();
+    void Announce(const ViewResult& result);
+
+    Drawer& m_drawer;
+    ViewRequest m_request;
+    std::optional<Zorvik::Quindle::EffectsSettings> m_shownOnTop;
+    bool m_showsOriginal = false;
+    bool m_needsOriginal = false;
+    std::shared_ptr<const DisplayTransform> m_display;
+    quint64 m_serial = 0; ///< of the present state
+    Image m_photo;        ///< of the last job
+    quint64 m_doneSerial = 0;
+    ViewFrame m_frame;
+    Image m_original;
+    Image m_shownOriginal;
+    std::unique_ptr<ViewWorker> m_worker;
+};
+
+} // namespace LumetraHost

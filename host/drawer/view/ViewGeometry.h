@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "drawer/view/ViewFrame.h"
+
+#include "image/PictureArea.h"
+
+#include <QRect>
+#include <QSize>
+
+namespace LumetraHost {
+
+/// Which whole pixels of the photo a view shows, and with how many pixels it is rendered.
+struct ViewGeometry
+{
+    QRect part;           ///< of the photo; empty when nothing of it is to be seen
+    QSize size;           ///< of the rendered picture
+    bool isDraft = false; ///< scaled quickly
+
+    static ViewGeometry Make(const QSize& photo, const ViewRequest& request);
+
+    /// With 1/2^halvings of the pixels in each direction, at least one.
+    ViewGeometry GetReduced(int halvings) const;
+    /// With so many more rendered pixels on every side, where the photo has them.
+    ViewGeometry GetEnlarged(int border, const QSize& photo) const;
+    PictureArea GetArea(const QSize& photo) const;
+    double GetPixelCount() const { return double(size.width()) * size.height(); }
+};
+
+inline bool operator==(const ViewGeometry& first, const ViewGeometry& second)
+{
+    return first.part == second.part && first.size == second.size &&
+           first.isDraft == second.isDraft;
+}
+
+} // namespace LumetraHost

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/base/EffectReach.h"
+#include "engine/stages/SpatialPass.h"
+#include "engine/stages/Stage.h"
+
+#include "Zorvik/Quindle/EffectRegistry.h"
+#include "Zorvik/Quindle/IEffectSettings.h"
+
+#include <functional>
+
+namespace LumetraHost {
+
+/// One kind of effect as the engine knows it: how it is described to the platform, and how
+/// settings become something that can be drawn: a stage, or for a spatial effect a pass. Every
+/// effect's defaults change nothing.
+struct EffectKind
+{
+    Zorvik::Quindle::EffectDescriptor descriptor;
+    /// Null when the settings change nothing, and for every spatial effect. Parameters out of range
+    /// are clamped; those that the settings do not have, and NaN, count as the default.
+    std::function<StagePtr(const Zorvik::Quindle::IEffectSettings&, const StageContext&)>
+        createStage;
+    EffectReach reach = EffectReach::ColourOnly;
+    /// The same for spatial effects; empty for all others.
+    std::function<SpatialPassPtr(const Zorvik::Quindle::IEffectSettings&, const StageContext&)>
+        createPass = {};
+};
+
+} // namespace LumetraHost

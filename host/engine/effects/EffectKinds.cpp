@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "engine/effects/EffectKinds.h"
+
+#include "engine/effects/blackandwhite/BlackAndWhiteEffect.h"
+#include "engine/effects/channelmixer/ChannelMixerEffect.h"
+#include "engine/effects/clarity/ClarityEffect.h"
+#include "engine/effects/contrast/ContrastEffect.h"
+#include "engine/effects/exposure/ExposureEffect.h"
+#include "engine/effects/gaussianblur/GaussianBlurEffect.h"
+#include "engine/effects/grain/GrainEffect.h"
+#include "engine/effects/liftgammagain/LiftGammaGainEffect.h"
+#include "engine/effects/lut3d/Lut3dEffect.h"
+#include "engine/effects/saturation/SaturationEffect.h"
+#include "engine/effects/sharpen/SharpenEffect.h"
+#include "engine/effects/splittoning/SplitToningEffect.h"
+#include "engine/effects/tonecurve/ToneCurveEffect.h"
+#include "engine/effects/toneregions/ToneRegionsEffect.h"
+#include "engine/effects/vibrance/VibranceEffect.h"
+#include "engine/effects/vignette/VignetteEffect.h"
+#include "engine/effects/whitebalance/WhiteBalanceEffect.h"
+
+#include <algorithm>
+
+namespace LumetraHost {
+
+const EffectKind* EffectKinds::Find(const std::string& effectID)
+{
+    const auto& kinds = GetAll();
+    const auto found = std::find_if(kinds.begin(), kinds.end(), [&](const EffectKind& kind) {
+        return kind.descriptor.effectID == effectID;
+    });
+    return found == kinds.end() ? nullptr : &*found;
+}
+
+const std::vector<EffectKind>& EffectKinds::GetAll()
+{
+    static const std::vector<EffectKind> kinds = {
+        MakeExposureKind(),    MakeWhiteBalanceKind(),  MakeContrastKind(),
+        MakeToneRegionsKind(), MakeToneCurveKind(),     MakeSaturationKind(),
+        MakeVibranceKind(),    MakeChannelMixerKind(),  MakeBlackAndWhiteKind(),
+        MakeSplitToningKind(), MakeLiftGammaGainKind(), MakeLut3dKind(),
+        MakeVignetteKind(),    MakeGrainKind(),         MakeGaussianBlurKind(),
+        MakeSharpenKind(),     MakeClarityKind(),
+    };
+    return kinds;
+}
+
+void RegisterEffects()
+{
+    for (const EffectKind& kind : EffectKinds::GetAll())
+        Zorvik::Quindle::EffectRegistry::Register(kind.descriptor);
+}
+
+} // namespace LumetraHost

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "engine/effects/clarity/ClarityKernel.h"
+
+#include "engine/kernels/KernelMath.h"
+
+namespace LumetraHost {
+
+template <Isa isa>
+void ClarityKernel<isa>::Run(const Tile& tile, const float* blurredLuma, float amount)
+{
+    float* __restrict red = tile.red;
+    float* __restrict green = tile.green;
+    float* __restrict blue = tile.blue;
+    const float* __restrict blurred = blurredLuma;
+    const int count = tile.count;
+    LUMETRA_KERNEL_INDEPENDENT
+    for (int i = 0; i < count; ++i) {
+        const float luma = 0.2126f * red[i] + 0.7152f * green[i] + 0.0722f * blue[i];
+        const float difference = luma - blurred[i];
+        const float base = ClampPositive(blurred[i], 0.0f, 1.0f);
+        const float weight = 4.0f * base * (1.0f - base);
+        const float change = amount * weight * difference / (1.0f + 2.0f * GetSize(difference));
+        red[i] += change;
+        green[i] += change;
+        blue[i] += change;
+    }
+}
+
+template struct ClarityKernel<KernelIsa>;
+
+} // namespace LumetraHost

@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/effects/EffectKind.h"
+
+namespace LumetraHost {
+
+/// See GaussianBlurParameters for what the effect does.
+EffectKind MakeGaussianBlurKind();
+
+} // namespace LumetraHost

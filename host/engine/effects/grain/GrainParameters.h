@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "image/PictureArea.h"
+
+#include "Zorvik/Quindle/EffectRegistry.h"
+#include "Zorvik/Quindle/IEffectSettings.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace LumetraHost {
+
+/// Film grain: noise that is the same for red, green and blue is added to encoded values,
+/// c = c + amount / 1000 * 2 sqrt(Y (1 - Y)) * n, with the luma Y of Rec. 709 limited to 0..1 and n
+/// of mean 0 and standard deviation 1. So amount 100 gives middle tones a deviation of 0.1 and
+/// leaves black and white clean. n mixes two layers of lattice noise (random values at the corners
+/// of square cells, between them Hermite's 3t^2 - 2t^3): one with cells of `size`, one with cells
+/// of half of it, the second weighing `roughness`. Both lattices are turned against the picture, so
+/// that no rows show.
+///
+/// The noise depends on the position in the whole picture alone, and cells are measured by the
+/// picture's diagonal: parts, tiles and previews at any scale show the same grain. A layer whose
+/// cells are smaller than a rendered pixel is weakened as the mean of the cells in that pixel is.
+///
+/// Sources: the deviation sqrt(u (1 - u)) of a grain model's coverage, A. Newson, J. Delon, B.
+/// Galerne, "A Stochastic Film Grain Model for Resolution-Independent Rendering", Computer Graphics
+/// Forum 36 (2017); lattice noise, Ebert et al., Texturing and Modeling; the hash, lowbias32 of C.
+/// Wellons, "Prospecting for Hash Functions" (2018).
+struct GrainParameters
+{
+    static constexpr char EffectId[] = "grain";
+
+    double amount = 0;     ///< 0 to 100 per cent
+    double size = 0.6;     ///< of a cell, 0.2 to 5 thousandths of the picture's diagonal
+    double roughness = 50; ///< 0 (soft) to 100 (fine and sharp) per cent
+    int seed = 0;          ///< 0 to 65535: another number, another grain
+
+    static const std::vector<Zorvik::Quindle::EffectParameter>& Describe();
+    /// Clamped to the described ranges.
+    static GrainParameters Read(const Zorvik::Quindle::IEffectSettings& settings);
+
+    bool IsIdentity() const { return amount == 0; }
+};
+
+/// One layer of noise for one picture. The rendered pixel (x, y) lies at (u + x * ux + y * uy,
+/// v + x * vx + y * vy) of the lattice, which is positive.
+struct GrainLayer
+{
+    double u = 0;
+    double ux = 0;
+    double uy = 0;
+    double v = 0;
+    double vx = 0;
+    double vy = 0;
+    double strength = 0; ///< of lattice values from -1 to 1
+    std::uint32_t key = 0;
+};
+
+/// Both layers worked out for one picture.
+struct GrainGeometry
+{
+    GrainLayer layers[2];
+
+    static GrainGeometry Make(const GrainParameters& parameters, const PictureArea& area);
+};
+
+} // namespace LumetraHost

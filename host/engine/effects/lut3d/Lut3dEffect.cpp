@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "engine/effects/lut3d/Lut3dEffect.h"
+
+#include "engine/effects/lut3d/Lut3dParameters.h"
+#include "engine/effects/lut3d/Lut3dSettings.h"
+#include "engine/effects/lut3d/Lut3dStage.h"
+
+namespace LumetraHost {
+namespace {
+
+// An effect of that id that was made before the engine was registered has no tables.
+StagePtr CreateLut3dStage(const Zorvik::Quindle::IEffectSettings& settings,
+                          const StageContext& context)
+{
+    const auto parameters = Lut3dParameters::Read(settings);
+    const auto* const tables = dynamic_cast<const Lut3dSettings*>(&settings);
+    if (parameters.strength == 0 || !tables || !tables->HasTables())
+        return nullptr;
+    return std::make_shared<Lut3dStage>(tables->GetCurve(), tables->GetCube(),
+                                        parameters.strength / 100, context.isa);
+}
+
+Zorvik::Quindle::EffectPtr CreateSettings()
+{
+    return Lut3dSettings::Create();
+}
+
+} // namespace
+
+EffectKind MakeLut3dKind()
+{
+    return {{Lut3dParameters::EffectId, Lut3dParameters::Describe(), CreateSettings},
+            CreateLut3dStage};
+}
+
+} // namespace LumetraHost

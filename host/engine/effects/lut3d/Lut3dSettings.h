@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/base/IStoredElsewhere.h"
+#include "engine/effects/lut3d/LookUpTable.h"
+
+#include "Zorvik/Quindle/EffectSettingsImpl.h"
+
+namespace LumetraHost {
+
+class StoredTable;
+
+/// The settings of the effect "lut3d": the number "strength" and, in the stored form beside it, the
+/// nodes "curve" and "cube" (see LookUpTableText), both optional. What else the stored form has is
+/// kept. The tables are immutable and shared by all clones; those in files are read when they are
+/// first wanted. The stored form is whole, except in the file beside which a table is kept.
+class Lut3dSettings : public Zorvik::Quindle::EffectSettingsImpl, public IStoredElsewhere
+{
+public:
+    static constexpr char KeyCurve[] = "curve";
+    static constexpr char KeyCube[] = "cube";
+
+    /// Without tables. The effect must be registered.
+    static Zorvik::Quindle::EffectPtr Create();
+    /// With these tables, null for none, as they come back from their stored form.
+    static Zorvik::Quindle::EffectPtr Create(const LookUpTable* curve, const LookUpTable* cube);
+
+    /// Null when there is none. Zorvik::Exception that names the file when it cannot be read.
+    LookUpTablePtr GetCurve() const;
+    LookUpTablePtr GetCube() const;
+    bool HasTables() const { return m_curve || m_cube; }
+    /// True when both have tables that draw the same, or none. Reads no file.
+    bool HasSameTables(const Lut3dSettings& other) const;
+
+    Zorvik::Quindle::EffectPtr Clone() const override;
+    /// Zorvik::Exception for a table that cannot be read; nothing is changed then.
+    void Deserialize(const Zorvik::Brassel::ConstSerializerPtr& node) override;
+    /// Zorvik::Exception for a table that has to be written and whose file cannot be read.
+    void Serialize(const Zorvik::Brassel::SerializerPtr& node) const override;
+    std::string FindProblem(ContentCheck check) const override;
+
+private:
+    Lut3dSettings();
+    Lut3dSettings(const Lut3dSettings& other) = default;
+
+    std::shared_ptr<const StoredTable> m_curve;
+    std::shared_ptr<const StoredTable> m_cube;
+};
+
+} // namespace LumetraHost

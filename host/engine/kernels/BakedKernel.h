@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/base/Isa.h"
+#include "engine/base/Tile.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace LumetraHost {
+
+/// A cube of encoded colours over the encoded colours of 8-bit pixels.
+struct BakedCube
+{
+    static constexpr int CoarsePoints = 33; ///< entries along each axis: these
+    static constexpr int FinePoints = 65;   ///< or these
+    static constexpr int One = 16384;       ///< an entry's value for white
+    static constexpr int Stride = 4;        ///< values of one entry: red, green, blue, mark
+    static constexpr int Mark = 3; ///< 1: the cell that begins here is not to be used, else 0
+    static constexpr int MostPixels = 256; ///< of one call
+
+    static constexpr std::size_t CountValues(int points)
+    {
+        const auto size = static_cast<std::size_t>(points);
+        return size * size * size * Stride;
+    }
+};
+
+/// Pixels in cells that are not to be used.
+struct BakedRest
+{
+    int count;
+    std::int32_t positions[BakedCube::MostPixels];
+};
+
+/// Interleaved RGBA of 8 bits through a cube, interpolated in tetrahedra (see Lut3dParameters for
+/// the source), rounded to the nearest value and limited; alpha is the source's. `cube`: values
+/// with red running fastest, `points` along each axis, 33 or 65. `target` is another row. Integers
+/// only, so that all instruction sets agree. Pixels in marked cells get a colour too, and are told
+/// in `rest`.
+template <Isa isa>
+struct BakedKernel8
+{
+    static void Run(const std::int16_t* cube, int points, const std::uint8_t* source,
+                    std::uint8_t* target, int pixels, BakedRest& rest);
+};
+
+/// The same into a tile, neither rounded nor limited: steps of 1 / BakedCube::One and finer.
+template <Isa isa>
+struct BakedLoadKernel8
+{
+    static void Run(const std::int16_t* cube, int points, const std::uint8_t* source,
+                    const Tile& tile, BakedRest& rest);
+};
+
+} // namespace LumetraHost

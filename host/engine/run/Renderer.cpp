@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "engine/run/Renderer.h"
+
+#include "engine/effects/EffectKinds.h"
+#include "engine/run/Blend.h"
+#include "engine/run/PictureRun.h"
+#include "engine/run/RenderPlan.h"
+#include "engine/run/Segment.h"
+
+#include "Zorvik/Exception.h"
+#include "Zorvik/Proc/SettingsEffectEmpty.h"
+
+#include <boost/current_function.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace LumetraHost {
+namespace {
+
+using Zorvik::Quindle::EffectList;
+using Zorvik::Quindle::EffectPtr;
+
+int CountThreads(int wish, const ThreadPool& pool)
+{
+    return wish < 1 ? pool.GetThreadCount() : std::min(wish, pool.GetThreadCount());
+}
+
+/// False when it was cancelled.
+bool RunPlan(const RenderPlan& plan, const Image& source, Image& target, int blendAmount,
+             const RenderOptions& options, ThreadPool& pool)
+{
+    const Isa isa = LimitToSupported(options.isa);
+    if (plan.GetPasses().empty())
+        return Segment(plan.GetFirstStages(),
+                       {isa, source.GetDepth(), options.threads, options.tilePixels,
+                        GetSourceWeight(blendAmount), options.cancel})
+            .Run(source, target, pool);
+    PictureRunForm form;
+    form.width = source.GetWidth();
+    form.height = source.GetHeight();
+    form.depth = source.GetDepth();
+    form.blendAmount = blendAmount;
+    form.isa = isa;
+    form.threads = CountThreads(options.threads, pool);
+    form.tilePixels = options.tilePixels;
+    PictureRun run(plan, form);
+    BandGraph graph(run.GetBandCount());
+    Image shared = source; // only read
+    run.AddTo(graph, RowWindow(shared), RowWindow(target), -1);
+    return graph.Run(pool, form.threads, options.cancel);
+}
+
+bool HaveSameForm(const Image& first, const Image& second)
+{
+    return first.GetWidth() == second.GetWidth() && first.GetHeight() == second.GetHeight() &&
+           first.GetDepth() == second.GetDepth();
+}
+
+Image MakeTarget(const Image& source, Image recycled)
+{
+    if (HaveSameForm(source, recycled) && recycled.IsSoleOwner())
+        return recycled;
+    return Image::AllocateUninitialised(source.GetWidth(), source.GetHeight(), source.GetDepth());
+}
+
+} // namespace
+
+Renderer::Renderer(ThreadPool& pool) : m_pool(&pool) {}
+
+Image Renderer::Render(const Image& source, const Zorvik::Quindle::EffectsSettings& effects,
+                       const RenderOptions& options, Image recycled) const
+{
+    return Render(source, effects.Effects(), effects.GetBlendAmount(), options,
+                  std::move(recycled));
+}
+
+Image Renderer::Render(const Image& source, const EffectList& effects, int blendAmount,
+                       const RenderOptions& options, Image recycled) const
+{
+    if (source.IsNull() || ClampBlendAmount(blendAmount) == SourceOnly)
+        return source;
+    const auto area =
+        options.area.value_or(PictureArea::Whole(source.GetWidth(), source.GetHeight()));
+    const RenderPlan plan(effects, {LimitToSupported(options.isa), area, source.GetDepth()});
+    if (plan.IsEmpty())
+        return source;
+    Image target = MakeTarget(source, std::move(recycled));
+    if (!RunPlan(plan, source, target, blendAmount, options, *m_pool))
+        return {};
+    return target;
+}
+
+Image Renderer::Interpolate(const Image& source, const Image& effect, int blendAmount,
+                            const RenderOptions& options, Image recycled) const
+{
+    if (!HaveSameForm(source, effect))
+        throw Zorvik::Exception("blend of two pictures: expected the same size and depth",
+                                BOOST_CURRENT_FUNCTION, "engine/Renderer", __LINE__);
+    if (ClampBlendAmount(blendAmount) == SourceOnly || source.SharesPixelsWith(effect))
+        return source;
+    if (ClampBlendAmount(blendAmount) == FullEffect)
+        return effect;
+    Image target = MakeTarget(source, std::move(recycled));
+    Blend(source, effect, blendAmount, target, LimitToSupported(options.isa), options.threads,
+          *m_pool);
+    return target;
+}
+
+std::vector<std::string> Renderer::FindUnknownEffects(const EffectList& effects)
+{
+    std::vector<std::string> unknown;
+    for (const EffectPtr& effect : effects) {
+        if (!effect || effect->GetEffectID() == Zorvik::Proc::SettingsEffectEmpty::EFFECT_ID ||
+            EffectKinds::Find(effect->GetEffectID()))
+            continue;
+        if (std::find(unknown.begin(), unknown.end(), effect->GetEffectID()) == unknown.end())
+            unknown.push_back(effect->GetEffectID());
+    }
+    return unknown;
+}
+
+int Renderer::FindHalo(const EffectList& effects, const PictureArea& area)
+{
+    // Four standard deviations, and a cell of the wide ones on top (see GaussianAxis).
+    constexpr double reach = 4.3;
+    const RenderPlan plan(effects, {Isa::Baseline, area});
+    int halo = 0;
+    for (const SpatialPassPtr& pass : plan.GetPasses()) {
+        const GaussianShape shape = pass->GetShape();
+        halo += static_cast<int>(std::ceil(reach * std::max(shape.sigmaX, shape.sigmaY))) + 1;
+    }
+    return halo;
+}
+
+} // namespace LumetraHost

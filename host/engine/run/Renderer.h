@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/base/Isa.h"
+#include "image/PictureArea.h"
+#include "threads/CancelToken.h"
+#include "threads/ThreadPool.h"
+
+#include "image/Image.h"
+
+#include "Zorvik/Quindle/EffectsSettings.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace LumetraHost {
+
+/// How a picture is rendered. Threads and tile size do not change the pixels; for the instruction
+/// set see Isa.
+struct RenderOptions
+{
+    int threads = 0;           ///< below 1: all of the pool
+    Isa isa = GetDefaultIsa(); ///< limited to what the processor supports
+    int tilePixels = 2048;     ///< 64 to 16384
+    /// Where the picture lies; empty: it is the whole one. Spatial effects take the mirror image
+    /// for what lies outside of the pixels that they are given, see FindHalo().
+    std::optional<PictureArea> area;
+    const CancelToken* cancel = nullptr; ///< may stop the rendering from another thread
+};
+
+/// Draws a list of effects on a picture. Holds nothing but the pool, so that several threads may
+/// use one renderer. Effects are read while rendering: nobody may change them meanwhile.
+///
+/// The picture keeps its size, depth and alpha. Effects run in order, unclamped in between; effects
+/// that change nothing and effects that the engine does not know are left out. The result is
+/// blended with the source, whose weight is (b - 1) / 254, and rounded once: it is within half a
+/// step plus 0.02 (8 bits) or 0.1 (16 bits) of the exact formulas for moderate settings; for what
+/// wide Gaussians add to it see GaussianAxis. With b = 255, or nothing to draw, the result is the
+/// source itself.
+class Renderer
+{
+public:
+    /// `pool` is kept by reference.
+    explicit Renderer(ThreadPool& pool = ThreadPool::GetShared());
+
+    /// The rendered picture; null for a null source and when it was cancelled. `recycled` may be a
+    /// picture that is needed no more: when it has the right size and no other owner, its memory
+    /// is used again, which spares the system from clearing fresh pages.
+    Image Render(const Image& source, const Zorvik::Quindle::EffectsSettings& effects,
+                 const RenderOptions& options = {}, Image recycled = {}) const;
+
+    /// The same with the blend amount given, not that of the effects.
+    Image Render(const Image& source, const Zorvik::Quindle::EffectList& effects, int blendAmount,
+                 const RenderOptions& options = {}, Image recycled = {}) const;
+
+    /// The blend of two finished pictures of the same size and depth, see Blend().
+    Image Interpolate(const Image& source, const Image& effect, int blendAmount,
+                      const RenderOptions& options = {}, Image recycled = {}) const;
+
+    /// The ids of the effects that cannot be drawn, each once, in order. The empty effect can.
+    static std::vector<std::string> FindUnknownEffects(const Zorvik::Quindle::EffectList& effects);
+
+    /// How many rendered pixels on each side the effects look away from a pixel, at the scale of
+    /// `area`: a part that is rendered with that much around it is as it is in the whole picture,
+    /// within the error of the Gaussians. 0 without spatial effects.
+    static int FindHalo(const Zorvik::Quindle::EffectList& effects, const PictureArea& area);
+
+private:
+    ThreadPool* m_pool;
+};
+
+} // namespace LumetraHost

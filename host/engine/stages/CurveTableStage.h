@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/stages/Stage.h"
+
+#include <array>
+#include <memory>
+#include <vector>
+
+namespace LumetraHost {
+
+/// Neighbouring stages that take each channel alone, as one function for each channel, drawn from a
+/// table of straight pieces: one look-up instead of powers and logarithms, however many stages
+/// there are. For pictures of 8 bits: not exact enough for 16.
+///
+/// Made only where the pieces follow the stages within Tolerance.
+class CurveTableStage : public Stage
+{
+public:
+    /// In steps of 8 bits, of what the run itself gives.
+    static constexpr float Tolerance = 0.02f;
+
+    /// `stages`: each but Mixed, with the conversions between them. `end`: the space in which the
+    /// last one leaves colours. Null where they bend too much for the pieces.
+    static std::shared_ptr<const CurveTableStage> Make(const std::vector<StagePtr>& stages,
+                                                       ColourSpace end, Isa isa);
+
+    void Run(const Tile& tile) const override;
+    ColourSpace GetColourSpace() const override { return m_space; }
+    ChannelWork GetChannelWork() const override { return ChannelWork::Heavy; }
+
+private:
+    CurveTableStage(ColourSpace space, Isa isa);
+
+    ColourSpace m_space;
+    void (*m_kernel)(const Tile&, const float* const*);
+    std::vector<float> m_values;
+    std::array<const float*, 3> m_tables{}; ///< channels that are alike share one
+};
+
+} // namespace LumetraHost

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "engine/stages/Stage.h"
+#include "engine/stages/StoreTable.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace LumetraHost {
+
+/// Where the tiles of a chain go: to other stages or passes, or straight to pixels that are not
+/// blended with others.
+enum class ChainEnd
+{
+    Tiles,
+    Pixels
+};
+
+/// Stages that follow each other without anything in between. Neighbouring matrices become one;
+/// conversions are put where the spaces of neighbours differ. For pictures of 8 bits neighbours
+/// that take each channel alone become one table (see CurveTableStage); a chain that begins with
+/// pixels leaves those at its beginning to the tables that pixels are loaded with, and one that
+/// ends with pixels those at its end to the table that they are stored with. Immutable.
+class StageChain
+{
+public:
+    /// `first` and `last`: the space in which tiles come and have to leave. First empty: tiles come
+    /// from pixels, as the stages like it, or as the other end says. Last empty: as
+    /// ChooseLastSpace() says.
+    StageChain(const std::vector<StagePtr>& stages, Isa isa, Image::Depth depth,
+               std::optional<ColourSpace> first = {}, std::optional<ColourSpace> last = {},
+               ChainEnd end = ChainEnd::Tiles);
+
+    /// The space in which stages leave a picture of that depth when nothing else is asked for.
+    static ColourSpace ChooseLastSpace(const std::vector<StagePtr>& stages, Image::Depth depth,
+                                       bool fromPixels);
+
+    ColourSpace GetFirstSpace() const { return m_firstSpace; }
+    ColourSpace GetLastSpace() const { return m_lastSpace; }
+    void Run(const Tile& tile) const;
+
+    /// The stages that are applied to the tables that pixels are loaded with, in GetFirstSpace(),
+    /// and not by Run().
+    const std::vector<StagePtr>& GetLoadingStages() const { return m_loading; }
+    /// What stores the tiles that Run() leaves, in encoded colours; null: they are stored as they
+    /// are.
+    const std::shared_ptr<const StoreTable>& GetStoreTable() const { return m_storeTable; }
+    /// After merging and with the conversions.
+    const std::vector<StagePtr>& GetStages() const { return m_stages; }
+
+private:
+    void AddMerged(const StagePtr& stage, Isa isa);
+    void AddConversions(Isa isa);
+    void TakeLoadingStages();
+    void TakeStoringStages(Isa isa);
+    void FuseChannels(Isa isa);
+
+    std::vector<StagePtr> m_loading;
+    std::vector<StagePtr> m_stages;
+    std::shared_ptr<const StoreTable> m_storeTable;
+    ColourSpace m_firstSpace = ColourSpace::Linear;
+    ColourSpace m_lastSpace = ColourSpace::Linear;
+};
+
+} // namespace LumetraHost

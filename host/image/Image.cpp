@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "image/Image.h"
+
+#include "Zorvik/Exception.h"
+
+#include <boost/current_function.hpp>
+
+#include <cstring>
+#include <limits>
+#include <new>
+#include <string>
+
+namespace LumetraHost {
+namespace {
+
+constexpr std::align_val_t Alignment{Image::RowAlignment};
+
+std::shared_ptr<std::uint8_t> AllocateBytes(std::size_t size)
+{
+    auto* const bytes = static_cast<std::uint8_t*>(::operator new(size, Alignment));
+    return {bytes, [](std::uint8_t* pixels) { ::operator delete(pixels, Alignment); }};
+}
+
+template <class Channel>
+bool IsOpaqueRow(const Channel* row, int pixels)
+{
+    constexpr Channel full = std::numeric_limits<Channel>::max();
+    Channel all = full;
+    for (int i = 0; i < pixels; ++i)
+        all &= row[Image::Channels * i + 3];
+    return all == full;
+}
+
+} // namespace
+
+Image Image::Allocate(int width, int height, Depth depth)
+{
+    Image image = AllocateUninitialised(width, height, depth);
+    std::memset(image.m_pixels.get(), 0, image.GetByteCount());
+    return image;
+}
+
+Image Image::AllocateUninitialised(int width, int height, Depth depth)
+{
+    if (width < 1 || height < 1 || width > MaximumSide || height > MaximumSide)
+        throw Zorvik::Exception("picture of " + std::to_string(width) + " x " +
+                                    std::to_string(height) + " pixels: expected 1 to " +
+                                    std::to_string(MaximumSide) + " on each side",
+                                BOOST_CURRENT_FUNCTION, "photo/Image", __LINE__);
+    Image image;
+    image.m_width = width;
+    image.m_height = height;
+    image.m_depth = depth;
+    const std::size_t row = static_cast<std::size_t>(width) * image.GetBytesPerPixel();
+    image.m_stride = (row + RowAlignment - 1) / RowAlignment * RowAlignment;
+    image.m_pixels = AllocateBytes(image.GetByteCount());
+    return image;
+}
+
+bool Image::IsOpaque() const
+{
+    for (int y = 0; y < m_height; ++y)
+        if (!(m_depth == Depth::Bits16 ? IsOpaqueRow(Row16(y), m_width)
+                                       : IsOpaqueRow(Row(y), m_width)))
+            return false;
+    return true;
+}
+
+Image Image::Clone() const
+{
+    if (IsNull())
+        return {};
+    Image copy = AllocateUninitialised(m_width, m_height, m_depth);
+    std::memcpy(copy.m_pixels.get(), m_pixels.get(), GetByteCount());
+    return copy;
+}
+
+bool HaveSamePixels(const Image& first, const Image& second)
+{
+    if (first.GetWidth() != second.GetWidth() || first.GetHeight() != second.GetHeight() ||
+        first.GetDepth() != second.GetDepth())
+        return false;
+    const auto row = static_cast<std::size_t>(first.GetWidth()) * first.GetBytesPerPixel();
+    for (int y = 0; y < first.GetHeight(); ++y)
+        if (std::memcmp(first.Row(y), second.Row(y), row) != 0)
+            return false;
+    return true;
+}
+
+} // namespace LumetraHost

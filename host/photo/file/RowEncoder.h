@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "image/Image.h"
+#include "photo/file/PhotoFormat.h"
+
+namespace LumetraHost {
+
+/// What an encoder has to know of a picture before its first row.
+struct PictureForm
+{
+    int width = 0;
+    int height = 0;
+    Image::Depth depth = Image::Depth::Bits8;
+    bool isOpaque = true; ///< no pixel lets anything shine through
+};
+
+/// The form of a picture in memory; looks at its alpha.
+PictureForm DescribeForm(const Image& image);
+
+/// Encodes one picture, whose rows come from top to bottom. An encoder that threw is of no use any
+/// more. One thread at a time.
+class RowEncoder
+{
+public:
+    RowEncoder() = default;
+    RowEncoder(const RowEncoder&) = delete;
+    RowEncoder& operator=(const RowEncoder&) = delete;
+    virtual ~RowEncoder() = default;
+
+    /// The next `count` rows are those of `rows` from its row `first` on. Width and depth are those
+    /// of the form. Zorvik::Exception when they cannot be encoded.
+    virtual void Write(const Image& rows, int first, int count) = 0;
+    /// The encoded picture, once, after the last row.
+    virtual Bytes Finish() = 0;
+};
+
+} // namespace LumetraHost

@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "photo/formats/RawDecoder.h"
+
+#include "photo/file/PhotoLimits.h"
+
+#include "Zorvik/Exception.h"
+
+#include <boost/current_function.hpp>
+
+#include <algorithm>
+#include <memory>
+#include <new>
+#include <optional>
+#include <string>
+
+#include <libraw/libraw.h>
+
+namespace LumetraHost {
+namespace {
+
+bool HasAt(const Bytes& content, std::size_t position, const std::string& magic)
+{
+    return content.size() >= position + magic.size() &&
+           std::equal(magic.begin(), magic.end(),
+                      content.begin() + static_cast<std::ptrdiff_t>(position),
+                      [](char a, std::uint8_t b) { return static_cast<std::uint8_t>(a) == b; });
+}
+
+bool HasRawMagic(const Bytes& content)
+{
+    struct Magic
+    {
+        std::size_t position;
+        const char* text;
+    };
+    constexpr Magic magics[] = {
+        {0, "FUJIFILMCCD-RAW"}, {0, "IIRO"},    {0, "IIRS"}, {0, "IIU"}, {0, "MMOR"}, {0, "FOVb"},
+        {6, "HEAPCCDR"},        {4, "ftypcrx "}};
+    const bool isCr2 = HasAt(content, 0, std::string("II*\0", 4)) && HasAt(content, 8, "CR");
+    return isCr2 || HasAt(content, 0, std::string("\0MRM", 4)) ||
+           std::any_of(std::begin(magics), std::end(magics), [&](const Magic& magic) {
+               return HasAt(content, magic.position, magic.text);
+           });
+}
+
+/// The first directory of a file that is built like TIFF.
+class Directory
+{
+public:
+    explicit Directory(const Bytes& content) : m_content(content), m_isBig(content[0] == 'M')
+    {
+        m_position = Get(4, 4);
+        m_count = Get(m_position, 2);
+    }
+
+    /// The value of a tag, or its offset where it has several.
+    std::optional<std::uint32_t> Find(std::uint32_t tag) const
+    {
+        for (std::uint32_t i = 0; i < m_count; ++i) {
+            const std::uint64_t entry = m_position + 2 + std::uint64_t{12} * i;
+            if (Get(entry, 2) == tag)
+                return Get(entry + 8, Get(entry + 2, 2) == ShortType ? 2 : 4);
+        }
+        return std::nullopt;
+    }
+
+private:
+    static constexpr std::uint32_t ShortType = 3;
+
+    /// 0 beyond the end.
+    std::uint32_t Get(std::uint64_t position, int size) const
+    {
+        if (position + static_cast<std::uint64_t>(size) > m_content.size())
+            return 0;
+        std::uint32_t value = 0;
+        for (int i = 0; i < size; ++i) {
+            const int shift = 8 * (m_isBig ? size - 1 - i : i);
+            value |= std::uint32_t{m_content[position + static_cast<std::uint64_t>(i)]} << shift;
+        }
+        return value;
+    }
+
+    const Bytes& m_content;
+    bool m_isBig;
+    std::uint64_t m_position = 0;
+    std::uint32_t m_count = 0;
+};
+
+bool IsRawDirectory(const Bytes& content)
+{
+    const bool isTiff =
+        HasAt(content, 0, std::string("II*\0", 4)) || HasAt(content, 0, std::string("MM\0*", 4));
+    if (!isTiff || content.size() < 8)
+        return false;
+    constexpr std::uint32_t newSubfileType = 0xFE;
+    constexpr std::uint32_t photometric = 0x106;
+    constexpr std::uint32_t subDirectories = 0x14A;
+    constexpr std::uint32_t dngVersion = 0xC612;
+    constexpr std::uint32_t colourFilterArray = 32803;
+    constexpr std::uint32_t linearRaw = 34892;
+    const Directory directory(content);
+    const auto kind = directory.Find(photometric);
+    // Cameras put a small picture first and the sensor's data into a directory below it.
+    const bool isPreview = directory.Find(newSubfileType).value_or(0) & 1;
+    return directory.Find(dngVersion) || kind == colourFilterArray || kind == linearRaw ||
+           (isPreview && directory.Find(subDirectories));
+}
+
+class Development
+{
+public:
+    explicit Development(const std::string& name) : m_name(name), m_raw(std::make_unique<LibRaw>())
+    {
+    }
+
+    DecodedPhoto Run(const Bytes& content, RawDecoder::Size size);
+
+private:
+    static void OnDataError(void* development, const char* file, int offset);
+
+    void Check(int code) const;
+    [[noreturn]] void Throw(const std::string& text) const;
+    void CheckSize() const;
+    void CheckData(DecodedPhoto& photo) const;
+    void Configure(RawDecoder::Size size);
+    Image ReadPixels() const;
+    int GetOrientation() const;
+
+    const std::string& m_name;
+    std::unique_ptr<LibRaw> m_raw; // some 200 kB
+    bool m_isTruncated = false;
+    std::optional<int> m_damage; // the first damaged byte
+};
+
+/// The library goes on with what it has. Before the end of the file it names a place.
+void Development::OnDataError(void* development, const char*, int offset)
+{
+    auto* const self = static_cast<Development*>(development);
+    if (offset < 0)
+        self->m_isTruncated = true;
+    else if (!self->m_damage)
+        self->m_damage = offset;
+}
+
+void Development::Check(int code) const
+{
+    if (code == LIBRAW_SUCCESS)
+        return;
+    if (code == LIBRAW_UNSUFFICIENT_MEMORY)
+        throw std::bad_alloc();
+    if (code == LIBRAW_IO_ERROR || m_isTruncated)
+        Throw("the file ends before its picture does: expected the rest of the raw data");
+    if (code == LIBRAW_FILE_UNSUPPORTED)
+        Throw("expected the raw file of a camera that is known here; a DNG made of it may help");
+    Throw(std::string("the raw file cannot be developed: ") + LibRaw::strerror(code));
+}
+
+void Development::Throw(const std::string& text) const
+{
+    throw Zorvik::Exception(m_name + ": " + text, BOOST_CURRENT_FUNCTION, "photo/RawDecoder",
+                            __LINE__);
+}
+
+void Development::CheckData(DecodedPhoto& photo) const
+{
+    if (m_isTruncated)
+        Check(LIBRAW_IO_ERROR);
+    if (m_damage)
+        Warn(photo.warnings, "its raw data are damaged near byte " + std::to_string(*m_damage));
+}
+
+void Development::CheckSize() const
+{
+    const auto& sizes = m_raw->imgdata.sizes;
+    PhotoLimits::Check(m_name, sizes.raw_width, sizes.raw_height);
+    PhotoLimits::Check(m_name, sizes.width, sizes.height);
+}
+
+void Development::Configure(RawDecoder::Size size)
+{
+    libraw_output_params_t& parameters = m_raw->imgdata.params;
+    parameters.use_camera_wb = 1;
+    parameters.output_bps = 16;
+    parameters.output_color = 1; // sRGB
+    parameters.gamm[0] = 1 / 2.4;
+    parameters.gamm[1] = 12.92;
+    parameters.no_auto_bright = 1;
+    parameters.user_flip = 0; // turning is ours
+    parameters.half_size = size == RawDecoder::Size::Half ? 1 : 0;
+}
+
+Image Development::ReadPixels() const
+{
+    int code = LIBRAW_SUCCESS;
+    const std::unique_ptr<libraw_processed_image_t, void (*)(libraw_processed_image_t*)> developed(
+        m_raw->dcraw_make_mem_image(&code), LibRaw::dcraw_clear_mem);
+    Check(code);
+    Image pixels =
+        Image::AllocateUninitialised(developed->width, developed->height, Image::Depth::Bits16);
+    const auto* source = reinterpret_cast<const std::uint16_t*>(developed->data);
+    const bool isGrey = developed->colors == 1;
+    for (int y = 0; y < pixels.GetHeight(); ++y) {
+        std::uint16_t* target = pixels.Row16(y);
+        for (int x = 0; x < pixels.GetWidth(); ++x, target += Image::Channels) {
+            target[0] = source[0];
+            target[1] = source[isGrey ? 0 : 1];
+            target[2] = source[isGrey ? 0 : 2];
+            target[3] = 0xFFFF;
+            source += developed->colors;
+        }
+    }
+    return pixels;
+}
+
+/// The library counts as dcraw does.
+int Development::GetOrientation() const
+{
+    switch (m_raw->imgdata.sizes.flip) {
+    case 3:
+        return 3;
+    case 5:
+        return 8;
+    case 6:
+        return 6;
+    default:
+        return 1;
+    }
+}
+
+DecodedPhoto Development::Run(const Bytes& content, RawDecoder::Size size)
+{
+    m_raw->set_dataerror_handler(OnDataError, this);
+    // The library does not write to it.
+    Check(m_raw->open_buffer(const_cast<std::uint8_t*>(content.data()), content.size()));
+    CheckSize();
+    DecodedPhoto photo;
+    photo.orientation = GetOrientation();
+    Configure(size);
+    Check(m_raw->unpack());
+    CheckData(photo);
+    Check(m_raw->dcraw_process());
+    photo.pixels = ReadPixels();
+    return photo;
+}
+
+} // namespace
+
+bool RawDecoder::IsRaw(const Bytes& content)
+{
+    return HasRawMagic(content) || IsRawDirectory(content);
+}
+
+DecodedPhoto RawDecoder::Decode(const Bytes& content, const std::string& name, Size size)
+{
+    return Development(name).Run(content, size);
+}
+
+} // namespace LumetraHost

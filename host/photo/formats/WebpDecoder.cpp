@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "photo/formats/WebpDecoder.h"
+
+#include "photo/file/PhotoLimits.h"
+
+#include "Zorvik/Exception.h"
+
+#include <boost/current_function.hpp>
+
+#include <memory>
+
+#include <webp/decode.h>
+#include <webp/demux.h>
+
+namespace LumetraHost {
+namespace {
+
+[[noreturn]] void Fail(const std::string& name, const std::string& text)
+{
+    throw Zorvik::Exception(name + ": " + text, BOOST_CURRENT_FUNCTION, "photo/WebpDecoder",
+                            __LINE__);
+}
+
+void CheckHeader(const Bytes& content, const std::string& name)
+{
+    WebPBitstreamFeatures features;
+    const VP8StatusCode status = WebPGetFeatures(content.data(), content.size(), &features);
+    if (status == VP8_STATUS_NOT_ENOUGH_DATA)
+        Fail(name, "the file ends before its picture does: expected a WebP header");
+    if (status != VP8_STATUS_OK)
+        Fail(name, "the WebP data cannot be read: the header is damaged");
+    PhotoLimits::Check(name, static_cast<std::uint64_t>(features.width),
+                       static_cast<std::uint64_t>(features.height));
+    if (features.has_animation)
+        Fail(name, "expected a still picture, found a WebP animation");
+}
+
+using Demuxer = std::unique_ptr<WebPDemuxer, void (*)(WebPDemuxer*)>;
+
+QByteArray GetChunk(const WebPDemuxer* demuxer, const char* kind)
+{
+    WebPChunkIterator chunk;
+    if (!demuxer || !WebPDemuxGetChunk(demuxer, kind, 1, &chunk))
+        return {};
+    const QByteArray bytes(reinterpret_cast<const char*>(chunk.chunk.bytes),
+                           static_cast<int>(chunk.chunk.size));
+    WebPDemuxReleaseChunkIterator(&chunk);
+    return bytes;
+}
+
+/// Some programs put in front what stands before the block in a JPEG file.
+QByteArray WithoutJpegPrefix(const QByteArray& exif)
+{
+    const QByteArray prefix("Exif\0\0", 6);
+    return exif.startsWith(prefix) ? exif.mid(prefix.size()) : exif;
+}
+
+Image ReadPixels(const Bytes& content, const std::string& name)
+{
+    int width = 0;
+    int height = 0;
+    WebPGetInfo(content.data(), content.size(), &width, &height);
+    Image pixels = Image::AllocateUninitialised(width, height, Image::Depth::Bits8);
+    if (!WebPDecodeRGBAInto(content.data(), content.size(), pixels.Row(0), pixels.GetByteCount(),
+                            static_cast<int>(pixels.GetStride())))
+        Fail(name, "the WebP data cannot be read; the file may be truncated");
+    return pixels;
+}
+
+} // namespace
+
+DecodedPhoto WebpDecoder::Decode(const Bytes& content, const std::string& name)
+{
+    CheckHeader(content, name);
+    const WebPData data{content.data(), content.size()};
+    const Demuxer demuxer(WebPDemux(&data), WebPDemuxDelete);
+    DecodedPhoto photo;
+    photo.pixels = ReadPixels(content, name);
+    photo.iccProfile = GetChunk(demuxer.get(), "ICCP");
+    photo.exif = WithoutJpegPrefix(GetChunk(demuxer.get(), "EXIF"));
+    photo.xmp = GetChunk(demuxer.get(), "XMP ");
+    photo.hasOwnMetadata = true;
+    return photo;
+}
+
+} // namespace LumetraHost

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "photo/jpeg/JpegDecoder.h"
+
+#include "photo/jpeg/JpegRowReader.h"
+
+namespace LumetraHost {
+namespace {
+
+DecodedPhoto ReadAll(JpegRowReader& reader)
+{
+    DecodedPhoto photo;
+    photo.meaning = reader.GetMeaning();
+    photo.iccProfile = reader.GetProfile();
+    photo.isProfileDamaged = reader.IsProfileDamaged();
+    photo.pixels =
+        Image::AllocateUninitialised(reader.GetWidth(), reader.GetHeight(), Image::Depth::Bits8);
+    reader.Read(photo.pixels, 0, reader.GetHeight());
+    return photo;
+}
+
+} // namespace
+
+DecodedPhoto JpegDecoder::Decode(const Bytes& content, const std::string& name)
+{
+    JpegRowReader reader(content, name);
+    return ReadAll(reader);
+}
+
+DecodedPhoto JpegDecoder::DecodeScaled(const Bytes& content, const std::string& name,
+                                       int smallestSide)
+{
+    JpegRowReader reader(content, name);
+    reader.ScaleDown(smallestSide);
+    return ReadAll(reader);
+}
+
+} // namespace LumetraHost

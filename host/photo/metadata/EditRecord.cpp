@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "photo/metadata/EditRecord.h"
+
+#include "photo/metadata/MetadataTags.h"
+
+#include "Zorvik/Exception.h"
+
+#include <boost/current_function.hpp>
+
+#include <mutex>
+
+#include <exiv2/exiv2.hpp>
+
+namespace LumetraHost {
+namespace {
+
+constexpr char ListKey[] = "Xmp.lumetra.Presets";
+
+void Initialise()
+{
+    static std::once_flag once;
+    MetadataTags::Initialise();
+    std::call_once(once,
+                   [] { Exiv2::XmpProperties::registerNs(EditRecords::NAMESPACE, "lumetra"); });
+}
+
+[[noreturn]] void Fail(const std::string& text)
+{
+    throw Zorvik::Exception("XMP packet: " + text, BOOST_CURRENT_FUNCTION, "photo/EditRecord",
+                            __LINE__);
+}
+
+Exiv2::XmpData Decode(const QByteArray& packet)
+{
+    Initialise();
+    Exiv2::XmpData properties;
+    if (!packet.isEmpty() && Exiv2::XmpParser::decode(properties, packet.toStdString()) != 0)
+        Fail("it is damaged");
+    return properties;
+}
+
+std::string MemberKey(std::size_t place, const char* member)
+{
+    return ListKey + ("[" + std::to_string(place) + "]/lumetra:") + member;
+}
+
+std::size_t Count(const Exiv2::XmpData& properties)
+{
+    std::size_t count = 0;
+    while (properties.findKey(Exiv2::XmpKey(MemberKey(count + 1, "Name"))) != properties.end())
+        ++count;
+    return count;
+}
+
+void AddAll(Exiv2::XmpData& properties, const std::vector<EditRecord>& records)
+{
+    std::size_t place = Count(properties);
+    if (place == 0 && !records.empty()) {
+        Exiv2::XmpTextValue list;
+        list.setXmpArrayType(Exiv2::XmpValue::xaSeq);
+        properties.add(Exiv2::XmpKey(ListKey), &list);
+    }
+    for (const EditRecord& record : records) {
+        ++place;
+        properties[MemberKey(place, "Name")] = record.preset;
+        properties[MemberKey(place, "Intensity")] = std::to_string(record.intensity);
+    }
+}
+
+} // namespace
+
+QByteArray EditRecords::Add(const QByteArray& packet, const std::vector<EditRecord>& records,
+                            const std::string& creatorTool)
+{
+    Exiv2::XmpData properties = Decode(packet);
+    try {
+        AddAll(properties, records);
+        properties["Xmp.xmp.CreatorTool"] = creatorTool;
+        std::string text;
+        if (Exiv2::XmpParser::encode(text, properties) != 0)
+            Fail("it cannot be written");
+        return QByteArray::fromStdString(text);
+    } catch (const Exiv2::AnyError& error) {
+        Fail(error.what());
+    }
+}
+
+std::vector<EditRecord> EditRecords::Read(const QByteArray& packet)
+{
+    const Exiv2::XmpData properties = Decode(packet);
+    std::vector<EditRecord> records;
+    for (std::size_t place = 1; place <= Count(properties); ++place) {
+        const auto name = properties.findKey(Exiv2::XmpKey(MemberKey(place, "Name")));
+        const auto intensity = properties.findKey(Exiv2::XmpKey(MemberKey(place, "Intensity")));
+        records.push_back({name->toString(), intensity == properties.end()
+                                                 ? 100
+                                                 : static_cast<int>(intensity->toLong())});
+    }
+    return records;
+}
+
+} // namespace LumetraHost

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "photo/file/RowEncoder.h"
+#include "photo/metadata/PhotoMetadata.h"
+
+#include <memory>
+#include <string>
+
+namespace LumetraHost {
+
+/// Encodes TIFF with the picture's own depth, with straight alpha where the picture is not opaque,
+/// compressed without loss (deflate after a horizontal predictor). Of the metadata it writes the
+/// colour profile and the resolution, which belong to the picture's own directory. Files above 4 GB
+/// are refused, as the format ends there.
+class TiffEncoder
+{
+public:
+    /// `name` begins the text of every Zorvik::Exception.
+    static std::unique_ptr<RowEncoder> Start(const PictureForm& form, const PhotoMetadata& metadata,
+                                             const std::string& name);
+};
+
+} // namespace LumetraHost

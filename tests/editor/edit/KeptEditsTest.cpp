@@ -1,0 +1,349 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "editor/EditorFixture.h"
+#include "editor/ScriptedAlerts.h"
+
+#include "edit/EditFile.h"
+#include "edit/KeptEdits.h"
+#include "edit/PhotoIdentity.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QSlider>
+
+#include <gmock/gmock.h>
+
+#include <sys/mount.h>
+
+using namespace LumetraTest;
+using LumetraEditor::EditFile;
+using LumetraEditor::PhotoIdentity;
+using LumetraEditor::KeptEdits::GetFolder;
+using testing::HasSubstr;
+
+namespace {
+
+/// A file system of its own, where that is allowed.
+class Medium
+{
+public:
+    explicit Medium(const QString& folder) : m_folder(QFile::encodeName(folder))
+    {
+        EXPECT_TRUE(QDir().mkpath(folder));
+        m_isMounted = mount("tmpfs", m_folder.constData(), "tmpfs", 0, "size=1m") == 0;
+    }
+    ~Medium()
+    {
+        if (m_isMounted)
+            umount2(m_folder.constData(), MNT_DETACH);
+    }
+    Medium(const Medium&) = delete;
+    Medium& operator=(const Medium&) = delete;
+
+    bool Protect() const
+    {
+        return mount("tmpfs", m_folder.constData(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr) == 0;
+    }
+
+private:
+    QByteArray m_folder;
+    bool m_isMounted = false;
+};
+
+class KeptEditsTest : public EditorTest
+{
+protected:
+    KeptEditsTest()
+    {
+        WritePhoto("lake.png", 80, 60);
+        StartAgain();
+    }
+
+    QSlider* Slider() const { return Find<QSlider>("exposureSlider"); }
+
+    /// Another run of the program, in which `name` is opened.
+    void StartAgain(const char* name = "lake.png")
+    {
+        Restart();
+        messages.clear();
+        QObject::connect(editor.get(), &LumetraEditor::Editor::messageGiven,
+                         [this](const QString& text) { messages.append(text); });
+        QObject::connect(editor.get(), &LumetraEditor::Editor::noticeGiven,
+                         [this](const QString& text) { messages.append(text); });
+        LoadExamplePanel();
+        Open(Path(name));
+    }
+
+    /// Nothing can be written beside the photo: permissions would not stop root.
+    void Block(const char* sidecar) const { ASSERT_TRUE(QDir().mkpath(Path(sidecar))); }
+    void Unblock(const char* sidecar) const { ASSERT_TRUE(QDir().rmdir(Path(sidecar))); }
+    /// Neither can the user's own folder.
+    void BlockOwnFolder() const
+    {
+        ASSERT_TRUE(QDir().mkpath(Path("data/lumetra")));
+        WriteFile("data/lumetra/edits", "not a folder");
+    }
+
+    void Step(int value)
+    {
+        Slider()->setValue(value);
+        editor->SaveEdit();
+    }
+
+    static QStringList KeptFiles() { return QDir(GetFolder()).entryList(QDir::Files); }
+    QString KeptFile() const
+    {
+        const auto identity = PhotoIdentity::Of(Path("lake.png"));
+        return LumetraEditor::KeptEdits::GetPath(Path("lake.png"), identity);
+    }
+    /// An edit of "lake.png" that was written at `time`.
+    QByteArray EditText(int value, const QDateTime& time) const
+    {
+        EditFile file;
+        file.state.panels[QStringLiteral("exposure-panel")] =
+            QJsonObject{{QStringLiteral("tenthsOfStops"), value}};
+        file.photo = PhotoIdentity::Of(Path("lake.png"));
+        file.saved = time;
+        return file.ToText();
+    }
+    void WriteKept(int value, const QDateTime& time) const
+    {
+        ASSERT_TRUE(QDir().mkpath(GetFolder()));
+        QFile file(KeptFile());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(EditText(value, time));
+    }
+
+    QStringList messages;
+};
+
+const QDateTime Monday(QDate(2026, 6, 1), QTime(12, 0), Qt::UTC);
+const QDateTime Tuesday(QDate(2026, 6, 2), QTime(12, 0), Qt::UTC);
+
+} // namespace
+
+TEST_F(KeptEditsTest, keepsTheEditOfAPhotoOnAReadOnlyMedium)
+{
+    const Medium medium(Path("card"));
+    WritePhoto("card/lake.png", 70, 50);
+    if (!medium.Protect())
+        GTEST_SKIP() << "nothing can be mounted here";
+    StartAgain("card/lake.png");
+
+    Step(10);
+    EXPECT_THAT(messages.join(QString()).toStdString(), HasSubstr("lake.png"));
+    EXPECT_THAT(messages.join(QString()).toStdString(), HasSubstr(GetFolder().toStdString()));
+    Open(Path("lake.png"));
+    EXPECT_EQ(Slider()->value(), 0) << "it is another photo";
+    StartAgain("card/lake.png");
+
+    EXPECT_EQ(Slider()->value(), 10);
+    EXPECT_EQ(QDir(Path("card")).entryList(QDir::Files), QStringList{QStringLiteral("lake.png")});
+}
+
+TEST_F(KeptEditsTest, bringsAKeptEditBack)
+{
+    Block("lake.png.lumetra.json");
+
+    Step(10);
+    StartAgain();
+
+    EXPECT_EQ(Slider()->value(), 10);
+    EXPECT_EQ(KeptFiles().size(), 1);
+    EXPECT_EQ(EditFile::Read(KeptFile()).photoPath, Path("lake.png"));
+}
+
+TEST_F(KeptEditsTest, saysItOnceForAFolder)
+{
+    WritePhoto("other.png", 30, 20);
+    Block("lake.png.lumetra.json");
+    Block("other.png.lumetra.json");
+
+    Step(1);
+    Step(2);
+    Step(3);
+    Open(Path("other.png"));
+    Step(4);
+
+    int said = 0;
+    for (const QString& message : messages)
+        said += message.contains(GetFolder()) ? 1 : 0;
+    EXPECT_EQ(said, 1);
+    EXPECT_EQ(KeptFiles().size(), 2);
+}
+
+TEST_F(KeptEditsTest, goesOnSayingItWhenAnotherPhotoIsOpened)
+{
+    Block("lake.png.lumetra.json");
+    Slider()->setValue(10);
+
+    Open(WritePhoto("other.png", 30, 20));
+
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr(GetFolder().toStdString()));
+}
+
+TEST_F(KeptEditsTest, findsTheEditWhenThePhotoIsAtAnotherPlace)
+{
+    Block("lake.png.lumetra.json");
+    Step(10);
+    ASSERT_TRUE(QDir().mkpath(Path("elsewhere")));
+    ASSERT_TRUE(QFile::copy(Path("lake.png"), Path("elsewhere/copy.png")));
+
+    StartAgain("elsewhere/copy.png");
+    EXPECT_EQ(Slider()->value(), 10);
+    Step(11);
+
+    EXPECT_TRUE(QFile::exists(Path("elsewhere/copy.png.lumetra.json")));
+    StartAgain();
+    EXPECT_EQ(Slider()->value(), 10) << "each has an edit of its own now";
+}
+
+TEST_F(KeptEditsTest, givesNoPhotoTheEditOfAnotherOne)
+{
+    Block("lake.png.lumetra.json");
+    Step(10);
+    WritePhoto("other.png", 30, 20);
+
+    StartAgain("other.png");
+
+    EXPECT_EQ(Slider()->value(), 0);
+}
+
+TEST_F(KeptEditsTest, asksWhenAnotherPhotoHasThePathOfAKeptEdit)
+{
+    Block("lake.png.lumetra.json");
+    Step(10);
+    editor->ClosePhoto();
+    WritePhoto("lake.png", 90, 60);
+    const ScriptedAlerts alerts({QMessageBox::Yes});
+
+    StartAgain();
+    EXPECT_EQ(Slider()->value(), 0);
+    Step(5);
+
+    EXPECT_EQ(KeptFiles().size(), 2) << "the earlier photo may come back";
+}
+
+TEST_F(KeptEditsTest, movesTheEditToThePhotoWhenThatCanBeWrittenAgain)
+{
+    Block("lake.png.lumetra.json");
+    Step(10);
+    Unblock("lake.png.lumetra.json");
+
+    Step(11);
+
+    EXPECT_THAT(ReadFile("lake.png.lumetra.json").toStdString(),
+                HasSubstr("\"tenthsOfStops\": 11"));
+    EXPECT_EQ(KeptFiles(), QStringList());
+}
+
+TEST_F(KeptEditsTest, takesTheNewerOfTwoEdits)
+{
+    editor->ClosePhoto();
+    WriteFile("lake.png.lumetra.json", EditText(3, Monday));
+    WriteKept(4, Tuesday);
+    StartAgain();
+    EXPECT_EQ(Slider()->value(), 4);
+    editor->ClosePhoto();
+
+    WriteFile("lake.png.lumetra.json", EditText(3, Tuesday));
+    WriteKept(4, Monday);
+    StartAgain();
+
+    EXPECT_EQ(Slider()->value(), 3);
+}
+
+TEST_F(KeptEditsTest, setsTheOlderOfTwoEditsAside)
+{
+    editor->ClosePhoto();
+    const QByteArray older = EditText(3, Monday);
+    WriteFile("lake.png.lumetra.json", older);
+    WriteKept(4, Tuesday);
+    StartAgain();
+
+    Step(5);
+
+    const QStringList copies =
+        QDir(Path(".")).entryList({QStringLiteral("lake.png.lumetra.json.earlier-*")});
+    ASSERT_EQ(copies.size(), 1);
+    EXPECT_EQ(ReadFile(qPrintable(copies.first())), older);
+    EXPECT_THAT(ReadFile("lake.png.lumetra.json").toStdString(), HasSubstr("\"tenthsOfStops\": 5"));
+}
+
+TEST_F(KeptEditsTest, asksBeforeAPhotoIsLeftWhoseEditIsNowhere)
+{
+    const QString other = WritePhoto("other.png", 30, 20);
+    Block("lake.png.lumetra.json");
+    BlockOwnFolder();
+    Step(10);
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr("cannot be kept"));
+    const ScriptedAlerts alerts({QMessageBox::Cancel, QMessageBox::Cancel});
+
+    window->OpenPhotos({other});
+    EXPECT_FALSE(editor->IsOpening());
+    window->TakeFiles({other});
+
+    EXPECT_FALSE(editor->IsOpening());
+    EXPECT_EQ(editor->GetPhotoPath(), Path("lake.png"));
+    EXPECT_EQ(Slider()->value(), 10);
+    EXPECT_THAT(alerts.GetTexts().join(QString()).toStdString(), HasSubstr("lake.png"));
+}
+
+TEST_F(KeptEditsTest, asksBeforeTheNextPhoto)
+{
+    window->OpenPhotos({Path("lake.png"), WritePhoto("other.png", 30, 20)});
+    WaitUntil([this] { return !editor->IsOpening(); });
+    Block("lake.png.lumetra.json");
+    BlockOwnFolder();
+    Slider()->setValue(10);
+    const ScriptedAlerts alerts({QMessageBox::Cancel, QMessageBox::Discard});
+
+    FindAction("nextPhoto")->trigger();
+    EXPECT_EQ(editor->GetPhotoPath(), Path("lake.png"));
+    ASSERT_TRUE(FindAction("nextPhoto")->isEnabled()) << "the place is still that of the photo";
+    FindAction("nextPhoto")->trigger();
+    WaitUntil([this] { return !editor->IsOpening(); });
+
+    EXPECT_EQ(editor->GetPhotoPath(), Path("other.png"));
+}
+
+TEST_F(KeptEditsTest, asksBeforeThePhotoOrTheWindowIsClosed)
+{
+    Block("lake.png.lumetra.json");
+    BlockOwnFolder();
+    Slider()->setValue(10);
+    const ScriptedAlerts alerts({QMessageBox::Cancel, QMessageBox::Save, QMessageBox::Cancel,
+                                 QMessageBox::Save, QMessageBox::Discard});
+
+    FindAction("closePhoto")->trigger();
+    EXPECT_TRUE(editor->HasPhoto());
+    EXPECT_FALSE(window->close());
+
+    EXPECT_TRUE(window->close());
+}
+
+TEST_F(KeptEditsTest, triesOnceMoreBeforeItAsks)
+{
+    Block("lake.png.lumetra.json");
+    BlockOwnFolder();
+    Step(10);
+    Unblock("lake.png.lumetra.json");
+    const ScriptedAlerts alerts({});
+
+    FindAction("closePhoto")->trigger();
+
+    EXPECT_FALSE(editor->HasPhoto());
+    EXPECT_THAT(ReadFile("lake.png.lumetra.json").toStdString(),
+                HasSubstr("\"tenthsOfStops\": 10"));
+}
+
+TEST_F(KeptEditsTest, asksNothingWhereNothingWasEdited)
+{
+    Block("lake.png.lumetra.json");
+    BlockOwnFolder();
+    const ScriptedAlerts alerts({});
+
+    FindAction("closePhoto")->trigger();
+
+    EXPECT_FALSE(editor->HasPhoto());
+}

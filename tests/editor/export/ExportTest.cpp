@@ -1,0 +1,300 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "ExportFixture.h"
+#include "editor/ScriptedAlerts.h"
+
+#include "photo/metadata/EditRecord.h"
+#include "workspace/WorkspaceController.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSlider>
+#include <QSpinBox>
+#include <QToolButton>
+
+#include <gmock/gmock.h>
+
+using namespace LumetraTest;
+using LumetraEditor::ExportDialog;
+using LumetraEditor::ExportJob;
+using LumetraEditor::ExportOptions;
+using LumetraHost::Image;
+using LumetraHost::PhotoFormat;
+using LumetraHost::PhotoReader;
+using testing::HasSubstr;
+
+TEST_F(ExportTest, writesWhatIsShown)
+{
+    const auto photo = Export();
+
+    EXPECT_TRUE(HaveSamePixels(photo.image, editor->GetHost().GetDrawer().Result()));
+}
+
+TEST_F(ExportTest, keepsTheFinerStepsOfSixteenBits)
+{
+    options.bits = 16;
+    const auto photo = Export();
+
+    ASSERT_EQ(photo.image.GetDepth(), Image::Depth::Bits16);
+    const Image shown = editor->GetHost().GetDrawer().Result();
+    bool isFiner = false;
+    for (int x = 0; x < 80; ++x) {
+        const int fine = photo.image.Row16(30)[4 * x];
+        EXPECT_NEAR(fine / 257.0, shown.Row(30)[4 * x], 0.51 + 0.02);
+        isFiner = isFiner || fine % 257 != 0;
+    }
+    EXPECT_TRUE(isFiner);
+}
+
+TEST_F(ExportTest, limitsTheLongestSide)
+{
+    options.longestSide = 40;
+    const auto photo = Export();
+
+    EXPECT_EQ(photo.image.GetWidth(), 40);
+    EXPECT_EQ(photo.image.GetHeight(), 30);
+}
+
+TEST_F(ExportTest, neverEnlarges)
+{
+    options.longestSide = 4000;
+
+    EXPECT_EQ(Export().image.GetWidth(), 80);
+}
+
+TEST_F(ExportTest, writesSmallerFilesAtLowerQuality)
+{
+    options.format = PhotoFormat::Jpeg;
+    options.path = Path("high.jpg");
+    options.quality = 95;
+    Export();
+    options.path = Path("low.jpg");
+    options.quality = 20;
+    Export();
+
+    EXPECT_LT(ReadFile("low.jpg").size(), ReadFile("high.jpg").size());
+}
+
+TEST_F(ExportTest, writesTiffOfSixteenBits)
+{
+    options.format = PhotoFormat::Tiff;
+    options.path = Path("out.tif");
+    options.bits = 16;
+
+    EXPECT_EQ(Export().image.GetDepth(), Image::Depth::Bits16);
+}
+
+TEST_F(ExportTest, recordsThePresetsInXmp)
+{
+    ExportJob job(editor->GetPhoto(), editor->GetPackages(), {{"Golden <Hour>", 50}}, options);
+    ASSERT_TRUE(job.Run([](int) {}));
+
+    const auto xmp = PhotoReader::Read(options.path).metadata.xmp;
+
+    const auto records = LumetraHost::EditRecords::Read(xmp);
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_EQ(records[0].preset, "Golden <Hour>");
+    EXPECT_EQ(records[0].intensity, 50);
+}
+
+TEST_F(ExportTest, keepsAnXmpPacketThatTakesNoRecord)
+{
+    const QByteArray packet = "<x:xmpmeta";
+    auto source = editor->GetPhoto();
+    source.metadata.xmp = packet;
+    source.reductions = {"it has 3 pages; only the first is read"};
+    ExportJob job(source, editor->GetPackages(), {{"Look", 50}}, options);
+    ASSERT_TRUE(job.Run([](int) {}));
+
+    EXPECT_EQ(PhotoReader::Read(options.path).metadata.xmp, packet);
+    EXPECT_THAT(job.GetWarnings(),
+                testing::ElementsAre(
+                    "it has 3 pages; only the first is read",
+                    "the looks are not recorded in the metadata: XMP packet: it is damaged",
+                    "the XMP packet cannot be decoded and is carried over as it is"));
+}
+
+TEST_F(ExportTest, leavesMetadataAndProfileOutWhenToldTo)
+{
+    options.keepMetadata = false;
+    options.embedProfile = false;
+
+    EXPECT_TRUE(Export().metadata.IsEmpty());
+}
+
+TEST_F(ExportTest, embedsTheProfile)
+{
+    EXPECT_FALSE(Export().metadata.iccProfile.isEmpty());
+}
+
+TEST_F(ExportTest, leavesNothingWhenCancelled)
+{
+    ExportJob job(editor->GetPhoto(), editor->GetPackages(), {}, options);
+
+    job.Cancel();
+
+    EXPECT_FALSE(job.Run([](int) {}));
+    EXPECT_FALSE(QFile::exists(options.path));
+}
+
+TEST_F(ExportTest, exportsThroughTheDialog)
+{
+    StartByHand([this](ExportDialog& dialog) {
+        EXPECT_EQ(Part<QLineEdit>(dialog, "exportPath")->text(), Path("lake_edited.jpg"));
+        Part<QComboBox>(dialog, "exportFormat")->setCurrentIndex(1);
+        EXPECT_EQ(Part<QLineEdit>(dialog, "exportPath")->text(), Path("lake_edited.png"));
+        Part<QPushButton>(dialog, "exportButton")->click();
+    });
+    EXPECT_TRUE(Find<QProgressBar>("progress")->isVisible());
+    EXPECT_FALSE(FindAction("exportPhoto")->isEnabled());
+    WaitForExport();
+
+    EXPECT_TRUE(QFile::exists(Path("lake_edited.png")));
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr("lake_edited.png"));
+    EXPECT_FALSE(Find<QProgressBar>("progress")->isVisible());
+    EXPECT_TRUE(FindAction("exportPhoto")->isEnabled());
+}
+
+TEST_F(ExportTest, cancelsByItsButton)
+{
+    StartByHand([](ExportDialog& dialog) { Part<QPushButton>(dialog, "exportButton")->click(); });
+    Find<QToolButton>("cancelExport")->click();
+    WaitForExport();
+
+    // A small photo may be written before the button is pressed; then it is there as a whole.
+    const bool isWritten = QFile::exists(Path("lake_edited.jpg"));
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr(isWritten ? "Exported" : "cancelled"));
+    EXPECT_FALSE(Find<QToolButton>("cancelExport")->isVisible());
+}
+
+TEST_F(ExportTest, reportsAFolderThatIsNotThere)
+{
+    ExportByHand([this](ExportDialog& dialog) {
+        Part<QLineEdit>(dialog, "exportPath")->setText(Path("missing/out.jpg"));
+        Part<QPushButton>(dialog, "exportButton")->click();
+    });
+
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr("missing/out.jpg"));
+}
+
+TEST_F(ExportTest, asksBeforeAFileIsReplaced)
+{
+    WriteFile("lake_edited.jpg", "precious");
+    const ScriptedAlerts alerts({QMessageBox::Cancel, QMessageBox::Yes});
+
+    ExportByHand([this](ExportDialog& dialog) {
+        Part<QPushButton>(dialog, "exportButton")->click();
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_EQ(ReadFile("lake_edited.jpg"), "precious");
+        Part<QPushButton>(dialog, "exportButton")->click();
+    });
+
+    EXPECT_NE(ReadFile("lake_edited.jpg"), "precious");
+    EXPECT_EQ(alerts.GetTitles().first(), QStringLiteral("Replace")); // and so says the button
+}
+
+TEST_F(ExportTest, remembersTheOptions)
+{
+    ExportByHand([](ExportDialog& dialog) {
+        Part<QComboBox>(dialog, "exportFormat")->setCurrentIndex(2);
+        Part<QComboBox>(dialog, "exportBits")->setCurrentIndex(1);
+        Part<QComboBox>(dialog, "exportSize")->setCurrentIndex(1);
+        Part<QSpinBox>(dialog, "exportLongestSide")->setValue(44);
+        EXPECT_EQ(Part<QLabel>(dialog, "exportResultSize")->text(),
+                  QStringLiteral("44 × 33 pixels"));
+        Part<QCheckBox>(dialog, "exportMetadata")->setChecked(false);
+        Part<QCheckBox>(dialog, "exportProfile")->setChecked(false);
+        Part<QPushButton>(dialog, "exportButton")->click();
+    });
+    EXPECT_TRUE(QFile::exists(Path("lake_edited.tif")));
+
+    ExportByHand([](ExportDialog& dialog) {
+        const ExportOptions again = dialog.GetOptions();
+        EXPECT_EQ(again.format, PhotoFormat::Tiff);
+        EXPECT_EQ(again.bits, 16);
+        EXPECT_EQ(again.longestSide, 44);
+        EXPECT_FALSE(again.keepMetadata);
+        EXPECT_FALSE(again.embedProfile);
+        dialog.reject();
+    });
+}
+
+TEST_F(ExportTest, offersQualityForJpegAndDepthForTheOthers)
+{
+    ExportByHand([](ExportDialog& dialog) {
+        EXPECT_TRUE(Part<QSlider>(dialog, "exportQuality")->isEnabled());
+        EXPECT_FALSE(Part<QComboBox>(dialog, "exportBits")->isEnabled());
+        Part<QSlider>(dialog, "exportQuality")->setValue(33);
+        EXPECT_EQ(Part<QSpinBox>(dialog, "exportQualityNumber")->value(), 33);
+        EXPECT_EQ(dialog.GetOptions().quality, 33);
+        Part<QComboBox>(dialog, "exportFormat")->setCurrentIndex(1);
+        EXPECT_FALSE(Part<QSlider>(dialog, "exportQuality")->isEnabled());
+        EXPECT_TRUE(Part<QComboBox>(dialog, "exportBits")->isEnabled());
+        dialog.reject();
+    });
+}
+
+TEST_F(ExportTest, theQualitysNumberMovesItsSlider)
+{
+    ExportByHand([](ExportDialog& dialog) {
+        Part<QSpinBox>(dialog, "exportQualityNumber")->setValue(61);
+        EXPECT_EQ(Part<QSlider>(dialog, "exportQuality")->value(), 61);
+        EXPECT_EQ(dialog.GetOptions().quality, 61);
+        dialog.reject();
+    });
+}
+
+TEST_F(ExportTest, writesNothingWhenTheDialogIsLeft)
+{
+    StartByHand([](ExportDialog& dialog) {
+        Part<QDialogButtonBox>(dialog, "exportButtons")->button(QDialogButtonBox::Cancel)->click();
+        EXPECT_FALSE(dialog.isVisible());
+    });
+
+    EXPECT_FALSE(window->GetExporter().IsRunning());
+    EXPECT_FALSE(QFile::exists(Path("lake_edited.jpg")));
+}
+
+TEST_F(ExportTest, takesTheNameThatIsChosenInTheFileDialog)
+{
+    ExportByHand([this](ExportDialog& dialog) {
+        QTimer::singleShot(0, &dialog, [this] {
+            auto* const files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(files, nullptr);
+            files->selectFile(Path("chosen.jpg"));
+            QMetaObject::invokeMethod(files, "accept");
+        });
+        Part<QPushButton>(dialog, "exportBrowse")->click();
+        EXPECT_EQ(Part<QLineEdit>(dialog, "exportPath")->text(), Path("chosen.jpg"));
+        dialog.reject();
+    });
+}
+
+TEST_F(ExportTest, givesANameItsEnding)
+{
+    ExportByHand([this](ExportDialog& dialog) {
+        Part<QLineEdit>(dialog, "exportPath")->setText(Path("picture"));
+        Part<QPushButton>(dialog, "exportButton")->click();
+    });
+
+    EXPECT_TRUE(QFile::exists(Path("picture.jpg")));
+}
+
+TEST_F(ExportTest, asksBeforeItStopsAnExport)
+{
+    StartByHand([](ExportDialog& dialog) { Part<QPushButton>(dialog, "exportButton")->click(); });
+    const ScriptedAlerts alerts({QMessageBox::Cancel});
+
+    EXPECT_FALSE(window->close());
+    EXPECT_EQ(alerts.GetTitles().first(), QStringLiteral("Quit")); // and so says the button
+    WaitForExport();
+
+    EXPECT_TRUE(QFile::exists(Path("lake_edited.jpg")));
+}

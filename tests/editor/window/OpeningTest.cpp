@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "editor/EditorFixture.h"
+
+#include "actions/EditorActions.h"
+#include "canvas/PhotoCanvas.h"
+#include "window/MessageBar.h"
+#include "window/StartPage.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDropEvent>
+#include <QFile>
+#include <QLabel>
+#include <QMenu>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QTimer>
+#include <QToolButton>
+#include <QUrl>
+
+#include <gmock/gmock.h>
+
+using namespace LumetraTest;
+using testing::HasSubstr;
+
+namespace {
+
+class OpeningTest : public EditorTest
+{
+protected:
+    /// `path` is refused with a message that holds `expected`, and another photo stays open.
+    void ExpectRefused(const QString& path, const char* expected)
+    {
+        const QString good = WritePhoto("good.png", 40, 30);
+        Open(good);
+        const QSize size = window->GetCanvas().GetView().GetPhotoSize();
+
+        Drop({path});
+
+        EXPECT_THAT(GetMessage().toStdString(), HasSubstr(expected));
+        EXPECT_TRUE(window->GetMessages().isVisible());
+        EXPECT_EQ(editor->GetPhotoPath(), good);
+        EXPECT_EQ(window->GetCanvas().GetView().GetPhotoSize(), size);
+        EXPECT_FALSE(Find<QProgressBar>("progress")->isVisible());
+    }
+
+    void Drop(const QStringList& paths)
+    {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString& path : paths)
+            urls.append(QUrl::fromLocalFile(path));
+        data.setUrls(urls);
+        QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(window.get(), &enter);
+        ASSERT_TRUE(enter.isAccepted());
+        QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(window.get(), &drop);
+        WaitUntil([this] { return !editor->IsOpening(); });
+    }
+};
+
+} // namespace
+
+TEST_F(OpeningTest, startsWithoutAPhoto)
+{
+    EXPECT_TRUE(Find<LumetraEditor::StartPage>("startPage")->isVisible());
+    EXPECT_FALSE(window->GetCanvas().isVisible());
+    EXPECT_FALSE(FindAction("exportPhoto")->isEnabled());
+    EXPECT_FALSE(FindAction("fit")->isEnabled());
+}
+
+TEST_F(OpeningTest, showsThePhotoAndWhatItIs)
+{
+    Open(WritePhoto("lake.png", 400, 300));
+
+    EXPECT_TRUE(window->GetCanvas().isVisible());
+    EXPECT_EQ(window->GetCanvas().GetView().GetPhotoSize(), QSize(400, 300));
+    EXPECT_THAT(Find<QLabel>("photoText")->text().toStdString(), HasSubstr("400 × 300"));
+    EXPECT_THAT(Find<QLabel>("photoText")->text().toStdString(), HasSubstr("8 bits"));
+    EXPECT_EQ(Find<QLabel>("zoomText")->text(), QStringLiteral("100 %"));
+    EXPECT_THAT(window->windowTitle().toStdString(), HasSubstr("lake.png"));
+    EXPECT_TRUE(FindAction("exportPhoto")->isEnabled());
+}
+
+TEST_F(OpeningTest, staysAliveWhileAPhotoIsRead)
+{
+    window->OpenPhotos({WritePhoto("lake.png", 400, 300)});
+    bool hasTicked = false;
+    QTimer::singleShot(0, [&hasTicked] { hasTicked = true; });
+
+    // The photo is read on another thread; here the loop goes round first.
+    EXPECT_TRUE(editor->IsOpening());
+    EXPECT_TRUE(Find<QProgressBar>("progress")->isVisible());
+    WaitUntil([this] { return !editor->IsOpening(); });
+
+    EXPECT_TRUE(hasTicked);
+    EXPECT_FALSE(Find<QProgressBar>("progress")->isVisible());
+}
+
+TEST_F(OpeningTest, showsThePhotoAskedForLast)
+{
+    const QString first = WritePhoto("first.png", 50, 40);
+    const QString second = WritePhoto("second.png", 60, 40);
+    int changes = 0;
+    QObject::connect(editor.get(), &LumetraEditor::Editor::photoChanged, [&] { ++changes; });
+
+    window->OpenPhotos({first});
+    window->OpenPhotos({second});
+    WaitUntil([this] { return !editor->IsOpening(); });
+
+    EXPECT_EQ(editor->GetPhotoPath(), second);
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(OpeningTest, opensAPhotoOfOnePixel)
+{
+    Open(WritePhoto("dot.png", 1, 1));
+
+    EXPECT_EQ(window->GetCanvas().GetView().GetPhotoSize(), QSize(1, 1));
+    window->GetCanvas().ZoomIn();
+    window->GetCanvas().repaint();
+    EXPECT_DOUBLE_EQ(window->GetCanvas().GetView().GetZoom(), 1.5);
+}
+
+TEST_F(OpeningTest, refusesTextThatIsCalledAPhoto)
+{
+    ExpectRefused(WriteFile("notes.jpg", "Dear diary"), "notes.jpg");
+}
+
+TEST_F(OpeningTest, refusesATruncatedPhoto)
+{
+    ExpectRefused(WriteTruncatedPhoto("half.jpg"), "half.jpg");
+}
+
+TEST_F(OpeningTest, refusesAHeaderThatPromisesTooMuch)
+{
+    WritePhoto("bomb.png", 8, 8);
+    QByteArray bomb = ReadFile("bomb.png");
+    bomb.replace(16, 8, QByteArray::fromHex("0000753000007530")); // 30,000 x 30,000 in IHDR
+
+    ExpectRefused(WriteFile("bomb.png", bomb), "bomb.png");
+}
+
+TEST_F(OpeningTest, refusesAFolder)
+{
+    ExpectRefused(Path("."), "expected");
+}
+
+TEST_F(OpeningTest, refusesAFileThatCannotBeRead)
+{
+    // Reading there fails for everybody; permissions would not stop root.
+    ASSERT_TRUE(QFile::link(QStringLiteral("/proc/self/mem"), Path("locked.jpg")));
+
+    ExpectRefused(Path("locked.jpg"), "locked.jpg");
+}
+
+TEST_F(OpeningTest, refusesAMissingFile)
+{
+    ExpectRefused(Path("gone.jpg"), "gone.jpg");
+}
+
+TEST_F(OpeningTest, refusesAnEmptyFile)
+{
+    ExpectRefused(WriteFile("empty.jpg", ""), "empty.jpg");
+}
+
+TEST_F(OpeningTest, opensADroppedPhoto)
+{
+    const QString path = WritePhoto("lake.png", 40, 30);
+
+    Drop({path});
+
+    EXPECT_EQ(editor->GetPhotoPath(), path);
+}
+
+TEST_F(OpeningTest, saysThatNobodyTakesATable)
+{
+    Drop({WriteFile("look.cube", "garbage")});
+
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr("look.cube"));
+    EXPECT_FALSE(editor->HasPhoto());
+}
+
+TEST_F(OpeningTest, stepsThroughSeveralPhotos)
+{
+    const QString first = WritePhoto("first.png", 50, 40);
+    const QString second = WritePhoto("second.png", 60, 40);
+    window->OpenPhotos({first, second});
+    WaitUntil([this] { return !editor->IsOpening(); });
+    EXPECT_FALSE(FindAction("previousPhoto")->isEnabled());
+
+    FindAction("nextPhoto")->trigger();
+    WaitUntil([this] { return !editor->IsOpening(); });
+
+    EXPECT_EQ(editor->GetPhotoPath(), second);
+    EXPECT_FALSE(FindAction("nextPhoto")->isEnabled());
+    FindAction("previousPhoto")->trigger();
+    WaitUntil([this] { return !editor->IsOpening(); });
+    EXPECT_EQ(editor->GetPhotoPath(), first);
+}
+
+TEST_F(OpeningTest, offersRecentPhotosNewestFirst)
+{
+    const QString first = WritePhoto("first.png", 50, 40);
+    const QString second = WritePhoto("second.png", 60, 40);
+    Open(first);
+    Open(second);
+    Open(WriteFile("notes.jpg", "no photo"));
+
+    const auto actions = window->GetActions().recent->actions();
+    ASSERT_GE(actions.size(), 2);
+    EXPECT_EQ(actions[0]->text(), second);
+    EXPECT_EQ(actions[1]->text(), first);
+    actions[1]->trigger();
+    WaitUntil([this] { return !editor->IsOpening(); });
+    EXPECT_EQ(editor->GetPhotoPath(), first);
+}
+
+TEST_F(OpeningTest, forgetsRecentPhotos)
+{
+    Open(WritePhoto("first.png", 50, 40));
+
+    FindAction("clearRecent")->trigger();
+
+    EXPECT_FALSE(window->GetActions().recent->isEnabled());
+}
+
+TEST_F(OpeningTest, closesThePhoto)
+{
+    Open(WritePhoto("first.png", 50, 40));
+
+    FindAction("closePhoto")->trigger();
+
+    EXPECT_FALSE(editor->HasPhoto());
+    EXPECT_TRUE(Find<LumetraEditor::StartPage>("startPage")->isVisible());
+}
+
+TEST_F(OpeningTest, closesAMessageByItsButton)
+{
+    Open(WriteFile("notes.jpg", "no photo"));
+    ASSERT_TRUE(window->GetMessages().isVisible());
+
+    Find<QToolButton>("messageClose")->click();
+
+    EXPECT_FALSE(window->GetMessages().isVisible());
+    EXPECT_TRUE(GetMessage().isEmpty());
+}

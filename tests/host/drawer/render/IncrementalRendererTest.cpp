@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "host/engine/TestPictures.h"
+
+#include "drawer/render/IncrementalRenderer.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace LumetraHost {
+namespace {
+
+using Zorvik::Quindle::EffectList;
+using Zorvik::Quindle::EffectPtr;
+
+class Incremental : public testing::TestWithParam<Image::Depth>
+{
+protected:
+    /// Renders, compares with rendering from the beginning, and returns how many stages were left
+    /// out.
+    std::size_t Render(const EffectList& effects, int blendAmount = 1)
+    {
+        return Render(MakeSettings(effects, blendAmount), {});
+    }
+
+    std::size_t Render(const Zorvik::Quindle::EffectsSettings& settings,
+                       const RenderOptions& options)
+    {
+        const Image picture = m_incremental.Render(m_source, settings, options, {});
+        EXPECT_TRUE(HaveSamePixels(picture, m_renderer.Render(m_source, settings, options)));
+        return m_incremental.GetSkippedStageCount();
+    }
+
+    static EffectPtr Exposure(double stops) { return MakeEffect("exposure", {{"stops", stops}}); }
+    static EffectPtr Contrast(double amount)
+    {
+        return MakeEffect("contrast", {{"amount", amount}});
+    }
+    static EffectPtr Vibrance(double amount)
+    {
+        return MakeEffect("vibrance", {{"amount", amount}});
+    }
+    static EffectPtr Mixer(double green)
+    {
+        return MakeEffect("channelMixer", {{"rg", green / 100}});
+    }
+    static EffectPtr Saturation(double amount)
+    {
+        return MakeEffect("saturation", {{"amount", amount}});
+    }
+    static EffectPtr Slope(double slope)
+    {
+        return MakeEffect("liftGammaGain", {{"slopeRed", slope}});
+    }
+    static EffectPtr Vignette(double amount)
+    {
+        return MakeEffect("vignette", {{"amount", amount}});
+    }
+
+    const Renderer m_renderer;
+    IncrementalRenderer m_incremental{m_renderer};
+    Image m_source = MakeRandomPicture(333, 70, GetParam(), 5);
+};
+
+INSTANTIATE_TEST_SUITE_P(Depths, Incremental,
+                         testing::Values(Image::Depth::Bits8, Image::Depth::Bits16));
+
+TEST_P(Incremental, startsAtTheEffectThatChanges)
+{
+    const EffectPtr first = Exposure(0.4);
+    const EffectPtr second = Vibrance(20);
+    EXPECT_EQ(Render({first, second, Slope(1.1), Vignette(-1)}), 0u);
+    EXPECT_EQ(Render({first, second, Slope(1.2), Vignette(-1)}), 0u);
+    EXPECT_EQ(Render({first, second, Slope(1.3), Vignette(-1)}), 2u);
+    EXPECT_EQ(Render({first, second, Slope(0.7), Vignette(-1)}, 90), 2u);
+    // Equal settings need not be the same object.
+    EXPECT_EQ(Render({Exposure(0.4), Vibrance(20), Slope(0.9), Vignette(-1)}), 2u);
+}
+
+TEST_P(Incremental, goesOnFromWhereItWasWhenALaterEffectChanges)
+{
+    const auto make = [](double slope, double vignette) {
+        return EffectList{Exposure(0.4), Vibrance(20), Slope(slope), Vignette(vignette)};
+    };
+    Render(make(1.1, -1));
+    Render(make(1.2, -1));
+    EXPECT_EQ(Render(make(1.2, -2)), 2u);
+    EXPECT_EQ(Render(make(1.2, -1.5)), 3u);
+    EXPECT_EQ(Render(make(1.2, -1.5), 40), 3u);
+    EXPECT_EQ(Render(make(1.2, -1.5), 50), 4u);
+}
+
+TEST_P(Incremental, startsAgainWhenAnEarlierEffectChanges)
+{
+    const auto make = [](double stops, double slope) {
+        return EffectList{Exposure(stops), Vibrance(20), Slope(slope)};
+    };
+    Render(make(0.4, 1));
+    Render(make(0.4, 1.1));
+    EXPECT_EQ(Render(make(0.5, 1.1)), 0u);
+    EXPECT_EQ(Render(make(0.5, 1.2)), 0u);
+    EXPECT_EQ(Render(make(0.5, 1.3)), 2u);
+}
+
+TEST_P(Incremental, splitsNoMatricesThatAreOne)
+{
+    const auto make = [](double green) {
+        return EffectList{Vibrance(20), Exposure(0.4), Mixer(green), Slope(1.1)};
+    };
+    Render(make(1));
+    Render(make(2));
+    EXPECT_EQ(Render(make(3)), 1u);
+    // Without the effect between, the pictures around it meet.
+    EXPECT_EQ(Render({Exposure(0.4), Vibrance(30), Mixer(10)}), 0u);
+    Render({Exposure(0.4), Vibrance(31), Mixer(10)});
+    EXPECT_EQ(Render({Exposure(0.4), Vibrance(0), Mixer(10)}), 0u);
+    Render({Exposure(0.4), Vibrance(31), Mixer(10)});
+}
+
+TEST_P(Incremental, startsAgainWithAnotherPictureOrArea)
+{
+    const auto make = [](double slope) { return EffectList{Vibrance(20), Slope(slope)}; };
+    Render(make(1.1));
+    Render(make(1.2));
+    m_source = MakeRandomPicture(333, 70, GetParam(), 6);
+    EXPECT_EQ(Render(make(1.3)), 0u);
+    EXPECT_EQ(Render(make(1.4)), 0u);
+    RenderOptions options;
+    options.area = PictureArea::Whole(1000, 500);
+    EXPECT_EQ(Render(MakeSettings(make(1.5)), options), 0u);
+}
+
+TEST_P(Incremental, rendersSpatialEffectsFromTheBeginning)
+{
+    const auto make = [](double slope) {
+        return EffectList{Vibrance(20), MakeEffect("clarity", {{"amount", 40}}), Slope(slope)};
+    };
+    for (const double slope : {1.1, 1.2, 1.3})
+        EXPECT_EQ(Render(make(slope)), 0u);
+}
+
+TEST_P(Incremental, keepsNothingOfACancelledRendering)
+{
+    const auto make = [](double slope) { return EffectList{Vibrance(20), Slope(slope)}; };
+    Render(make(1.1));
+    CancelToken cancel;
+    cancel.Cancel();
+    RenderOptions options;
+    options.cancel = &cancel;
+    EXPECT_TRUE(m_incremental.Render(m_source, MakeSettings(make(1.2)), options, {}).IsNull());
+    EXPECT_EQ(Render(make(1.3)), 0u);
+    EXPECT_EQ(Render(make(1.4)), 1u);
+    EXPECT_TRUE(m_incremental.Render(m_source, MakeSettings(make(1.5)), options, {}).IsNull());
+    EXPECT_EQ(Render(make(1.6)), 1u);
+}
+
+// Of 8 bits, contrast, the conversion and slope are drawn from one table.
+TEST_P(Incremental, splitsNoStagesThatTakeEachChannelAlone)
+{
+    const auto make = [](double slope) {
+        return EffectList{Vibrance(20), Contrast(20), Slope(slope), Vibrance(30)};
+    };
+    Render(make(1.1));
+    Render(make(1.2));
+    EXPECT_EQ(Render(make(1.3)), GetParam() == Image::Depth::Bits8 ? 1u : 2u);
+}
+
+// Of 8 bits, the slope is drawn while pixels are stored, unless they are blended.
+TEST_P(Incremental, splitsNoStageFromTheStoringOfItsPixels)
+{
+    const EffectList effects = {Vibrance(20), Saturation(10), Slope(1.1)};
+    Render({Vibrance(20), Saturation(10), Slope(1.2)});
+    Render(effects, 90);
+    Render(effects, 91);
+    for (const int amount : {1, 90, 91, 1})
+        EXPECT_EQ(Render(effects, amount), GetParam() == Image::Depth::Bits8 ? 2u : 3u) << amount;
+}
+
+TEST_P(Incremental, isRightWhateverChanges)
+{
+    std::mt19937 random(7);
+    const auto draw = [&random](double scale) {
+        return random() % 4 == 0 ? 0.0 : scale * (double(random() % 200) / 100 - 1);
+    };
+    double values[7] = {0.3, 20, 10, 5, -1, 0.1, 1};
+    for (int round = 0; round < 100; ++round) {
+        const std::size_t which = random() % 7;
+        const double scales[] = {1, 50, 50, 50, 3, 0.2, 0};
+        values[which] = which == 6 ? double(1 + random() % 255) : draw(scales[which]);
+        Render({Exposure(values[0]), Contrast(values[1]), Slope(1 + values[5]),
+                Saturation(values[2]), MakeEffect("vibrance", {{"amount", values[3]}}),
+                Vignette(values[4])},
+               static_cast<int>(values[6]));
+    }
+}
+
+} // namespace
+} // namespace LumetraHost

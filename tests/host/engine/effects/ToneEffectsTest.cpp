@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "host/engine/ReferenceEffects.h"
+#include "host/engine/TestPictures.h"
+
+#include "engine/base/Srgb.h"
+#include "engine/run/Renderer.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace LumetraHost {
+namespace {
+
+Image MakeGreyRamp()
+{
+    Image ramp = Image::Allocate(4096, 1, Image::Depth::Bits16);
+    for (int x = 0; x < 4096; ++x)
+        for (int c = 0; c < 4; ++c)
+            ramp.Row16(0)[4 * x + c] = static_cast<std::uint16_t>(c == 3 ? 65535 : x * 16);
+    return ramp;
+}
+
+int CountFalls(const Image& ramp)
+{
+    int falls = 0;
+    for (int x = 1; x < ramp.GetWidth(); ++x)
+        falls += GetChannel(ramp, x, 0, 0) < GetChannel(ramp, x - 1, 0, 0);
+    return falls;
+}
+
+TEST(ToneRegionsEffect, multipliesLightByTheGainOfItsRegion)
+{
+    ExpectReference(MakeEffect("toneRegions", {{"shadows", 60}, {"highlights", -40}}));
+    ExpectReference(MakeEffect("toneRegions", {{"blacks", -100}, {"whites", 100}}));
+    ExpectReference(MakeEffect("toneRegions", {{"midtones", 35}}));
+    ExpectReference(MakeEffect(
+        "toneRegions",
+        {{"blacks", 20}, {"shadows", -15}, {"midtones", 5}, {"highlights", 30}, {"whites", -25}}));
+}
+
+TEST(ToneRegionsEffect, movesEachRegionByItsStops)
+{
+    const auto encode = [](double stops) {
+        return std::lround(65535 * LinearToSrgb(std::exp2(stops)));
+    };
+    Image grey = Image::Allocate(1, 1, Image::Depth::Bits16);
+    std::fill_n(grey.Row16(0), 3, static_cast<std::uint16_t>(encode(-5)));
+
+    const Image result =
+        Renderer().Render(grey, MakeSettings({MakeEffect("toneRegions", {{"shadows", 100}})}));
+
+    EXPECT_NEAR(GetChannel(result, 0, 0, 0), encode(-3.5), 2);
+}
+
+TEST(ToneRegionsEffect, neverTurnsTheOrderOfTones)
+{
+    for (const double a : {-100.0, 100.0})
+        for (const double b : {-100.0, 100.0}) {
+            const auto effect = MakeEffect("toneRegions", {{"blacks", a},
+                                                           {"shadows", b},
+                                                           {"midtones", -a},
+                                                           {"highlights", -b},
+                                                           {"whites", a}});
+            const Image result = Renderer().Render(MakeGreyRamp(), MakeSettings({effect}));
+            EXPECT_EQ(CountFalls(result), 0) << a << ", " << b;
+            EXPECT_EQ(GetChannel(result, 0, 0, 0), 0u);
+        }
+}
+
+TEST(ToneCurveEffect, goesThroughItsPoints)
+{
+    ExpectReference(
+        MakeEffect("toneCurve", {{"points", 3}, {"x1", 50}, {"y1", 62}, {"x2", 100}, {"y2", 100}}));
+    ExpectReference(MakeEffect("toneCurve", {{"points", 8},
+                                             {"x0", 0},
+                                             {"y0", 6},
+                                             {"x1", 12},
+                                             {"y1", 10},
+                                             {"x2", 30},
+                                             {"y2", 22},
+                                             {"x3", 45},
+                                             {"y3", 45},
+                                             {"x4", 55},
+                                             {"y4", 61},
+                                             {"x5", 70},
+                                             {"y5", 80},
+                                             {"x6", 90},
+                                             {"y6", 93},
+                                             {"x7", 100},
+                                             {"y7", 97}}));
+}
+
+TEST(ToneCurveEffect, bendsSingleChannelsAfterTheMaster)
+{
+    ExpectReference(MakeEffect("toneCurve", {{"points", 2},
+                                             {"x0", 10},
+                                             {"x1", 90},
+                                             {"y1", 100},
+                                             {"redPoints", 3},
+                                             {"redX1", 40},
+                                             {"redY1", 46},
+                                             {"redX2", 100},
+                                             {"redY2", 100},
+                                             {"bluePoints", 2},
+                                             {"blueY0", 12},
+                                             {"blueX1", 100},
+                                             {"blueY1", 88}}));
+}
+
+TEST(ToneCurveEffect, takesPointsInAnyOrderAndTheLastOfTheSamePlace)
+{
+    const Image source = MakeRandomPicture(100, 20, Image::Depth::Bits16, 4);
+    const auto sorted =
+        MakeEffect("toneCurve", {{"points", 3}, {"x1", 50}, {"y1", 60}, {"x2", 100}, {"y2", 100}});
+    const auto mixed = MakeEffect("toneCurve", {{"points", 4},
+                                                {"x0", 100},
+                                                {"y0", 100},
+                                                {"x1", 50},
+                                                {"y1", 20},
+                                                {"x2", 0},
+                                                {"y2", 0},
+                                                {"x3", 50},
+                                                {"y3", 60}});
+    EXPECT_TRUE(HaveSamePixels(Renderer().Render(source, MakeSettings({sorted})),
+                               Renderer().Render(source, MakeSettings({mixed}))));
+}
+
+TEST(ToneCurveEffect, doesNotSwingBeyondItsPoints)
+{
+    // A steep step between two levels, where a plain cubic spline would overshoot.
+    const auto effect = MakeEffect("toneCurve", {{"points", 6},
+                                                 {"x1", 40},
+                                                 {"y1", 20},
+                                                 {"x2", 45},
+                                                 {"y2", 20},
+                                                 {"x3", 50},
+                                                 {"y3", 80},
+                                                 {"x4", 60},
+                                                 {"y4", 80},
+                                                 {"x5", 100},
+                                                 {"y5", 100}});
+    const Image result = Renderer().Render(MakeGreyRamp(), MakeSettings({effect}));
+    EXPECT_EQ(CountFalls(result), 0);
+    for (int x = 1640; x < 1843; ++x)
+        EXPECT_NEAR(GetChannel(result, x, 0, 0), 13107, 1) << x;
+}
+
+TEST(ToneCurveEffect, changesNothingWithoutTwoPointsOrAlongTheDiagonal)
+{
+    const Image source = MakeRandomPicture(30, 20, Image::Depth::Bits8, 4);
+    for (const auto& effect :
+         {MakeEffect("toneCurve", {{"points", 1}, {"x0", 50}, {"y0", 80}}),
+          MakeEffect("toneCurve",
+                     {{"points", 3}, {"x1", 30}, {"y1", 30}, {"x2", 100}, {"y2", 100}})})
+        EXPECT_TRUE(Renderer().Render(source, MakeSettings({effect})).SharesPixelsWith(source));
+}
+
+} // namespace
+} // namespace LumetraHost

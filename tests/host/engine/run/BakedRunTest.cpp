@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "host/engine/TestPictures.h"
+
+#include "engine/run/BakedRun.h"
+#include "engine/run/Renderer.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <vector>
+
+namespace LumetraHost {
+namespace {
+
+using Zorvik::Quindle::EffectList;
+
+/// Encoded values in a few levels only.
+class PosteriseStage : public Stage
+{
+public:
+    explicit PosteriseStage(float levels) : m_levels(levels) {}
+
+    void Run(const Tile& tile) const override
+    {
+        for (float* const plane : {tile.red, tile.green, tile.blue})
+            for (int i = 0; i < tile.count; ++i)
+                plane[i] = std::floor(plane[i] * m_levels) / m_levels;
+    }
+    ColourSpace GetColourSpace() const override { return ColourSpace::Encoded; }
+
+private:
+    float m_levels;
+};
+
+/// Encoded values go up and down.
+class WaveStage : public Stage
+{
+public:
+    explicit WaveStage(float waves) : m_waves(waves) {}
+
+    void Run(const Tile& tile) const override
+    {
+        for (int i = 0; i < tile.count; ++i)
+            tile.green[i] += 0.1f * std::sin(6.2832f * m_waves * tile.green[i]);
+    }
+    ColourSpace GetColourSpace() const override { return ColourSpace::Encoded; }
+
+private:
+    float m_waves;
+};
+
+EffectList MakeChain()
+{
+    return {MakeEffect("exposure", {{"stops", 0.2}}), MakeEffect("contrast", {{"amount", 4}}),
+            MakeEffect("liftGammaGain",
+                       {{"slopeRed", 1.05}, {"offsetBlue", 0.01}, {"powerGreen", 1.03}})};
+}
+
+std::shared_ptr<const BakedRun> Bake(const EffectList& effects, int points = BakedRun::DragPoints)
+{
+    return BakedRun::Make(effects, points, GetDefaultIsa(), ThreadPool::GetShared());
+}
+
+bool IsRefused(const StagePtr& stage, int points = BakedRun::DragPoints)
+{
+    return !BakedRun::Make({stage}, points, GetDefaultIsa(), ThreadPool::GetShared());
+}
+
+Image DrawWith(const BakedRun& baked, const Image& source, int blendAmount = 1)
+{
+    Image target = Image::Allocate(source.GetWidth(), source.GetHeight(), source.GetDepth());
+    EXPECT_TRUE(baked.Run(source, target, blendAmount, ThreadPool::GetShared()));
+    return target;
+}
+
+/// The largest of all channels, in steps.
+int FindDifference(const Image& first, const Image& second)
+{
+    int largest = 0;
+    for (int y = 0; y < first.GetHeight(); ++y)
+        for (int x = 0; x < first.GetWidth(); ++x)
+            for (int channel = 0; channel < 4; ++channel)
+                largest = std::max(largest, std::abs(int(GetChannel(first, x, y, channel)) -
+                                                     int(GetChannel(second, x, y, channel))));
+    return largest;
+}
+
+TEST(BakedRun, isCloseToTheExactRun)
+{
+    const Image source = MakeRandomPicture(301, 100, Image::Depth::Bits8, 3);
+    const Image exact = Renderer().Render(source, MakeSettings(MakeChain()));
+    for (const int points : {BakedRun::DragPoints, BakedRun::ExportPoints}) {
+        const auto baked = Bake(MakeChain(), points);
+        ASSERT_TRUE(baked);
+        EXPECT_LE(FindDifference(DrawWith(*baked, source), exact), 1) << points;
+    }
+}
+
+/// Takes colours out of the range that the picture can hold, where the encoding bends sharply.
+EffectList MakeBendingChain()
+{
+    // More saturation by 60 per cent, on light.
+    return {MakeEffect("contrast", {{"amount", 15}}), MakeEffect("channelMixer", {{"rr", 1.4724},
+                                                                                  {"rg", -0.4291},
+                                                                                  {"rb", -0.0433},
+                                                                                  {"gr", -0.1276},
+                                                                                  {"gg", 1.1709},
+                                                                                  {"gb", -0.0433},
+                                                                                  {"br", -0.1276},
+                                                                                  {"bg", -0.4291},
+                                                                                  {"bb", 1.5567}})};
+}
+
+TEST(BakedRun, refusesWhatBendsInManyOfItsCells)
+{
+    EXPECT_FALSE(Bake(MakeBendingChain()));
+}
+
+TEST(BakedRun, staysWithinAStepWhereFewCellsBend)
+{
+    const auto baked = Bake(MakeBendingChain(), BakedRun::ExportPoints);
+    ASSERT_TRUE(baked);
+    const Image source = MakeRandomPicture(601, 500, Image::Depth::Bits8, 8);
+    const Image exact = Renderer().Render(source, MakeSettings(MakeBendingChain()));
+    EXPECT_LE(FindDifference(DrawWith(*baked, source), exact), 1);
+}
+
+TEST(BakedRun, mayDrawOnItsSource)
+{
+    const auto baked = Bake(MakeBendingChain(), BakedRun::ExportPoints);
+    ASSERT_TRUE(baked);
+    const Image source = MakeRandomPicture(601, 3, Image::Depth::Bits8, 9);
+    for (const int blendAmount : {1, 100}) {
+        Image picture = source.Clone();
+        for (int y = 0; y < picture.GetHeight(); ++y)
+            baked->RunRow(picture.Row(y), picture.Row(y), picture.GetWidth(), blendAmount);
+        EXPECT_TRUE(HaveSamePixels(picture, DrawWith(*baked, source, blendAmount))) << blendAmount;
+    }
+}
+
+TEST(BakedRun, loadsTilesOfWhatItDraws)
+{
+    const auto baked = Bake(MakeBendingChain(), BakedRun::ExportPoints);
+    ASSERT_TRUE(baked);
+    const Image source = MakeRandomPicture(601, 1, Image::Depth::Bits8, 10);
+    const Image drawn = DrawWith(*baked, source);
+    std::vector<float> planes[3];
+    for (auto& plane : planes)
+        plane.resize(500);
+    constexpr int left = 100;
+    baked->Load({planes[0].data(), planes[1].data(), planes[2].data(), 500, left, 0},
+                source.Row(0));
+    for (int x = 0; x < 500; ++x)
+        for (int channel = 0; channel < 3; ++channel) {
+            const float value = planes[channel][static_cast<std::size_t>(x)];
+            EXPECT_NEAR(255 * std::clamp(value, 0.0f, 1.0f),
+                        GetChannel(drawn, left + x, 0, channel), 0.51)
+                << x << ", channel " << channel;
+        }
+}
+
+TEST(BakedRun, isExactWhereNothingChanges)
+{
+    for (const int points : {BakedRun::DragPoints, BakedRun::ExportPoints}) {
+        const auto baked = Bake({}, points);
+        ASSERT_TRUE(baked);
+        const Image source = MakeRandomPicture(257, 64, Image::Depth::Bits8, 4);
+        EXPECT_TRUE(HaveSamePixels(DrawWith(*baked, source), source)) << points;
+    }
+}
+
+TEST(BakedRun, isAlmostTheSameForAllInstructionSets)
+{
+    const Image source = MakeRandomPicture(301, 40, Image::Depth::Bits8, 5);
+    Image first;
+    for (const Isa isa : GetSupportedIsas()) {
+        const auto baked =
+            BakedRun::Make(MakeChain(), BakedRun::DragPoints, isa, ThreadPool::GetShared());
+        ASSERT_TRUE(baked);
+        const Image drawn = DrawWith(*baked, source);
+        // An entry may be rounded the other way.
+        EXPECT_TRUE(first.IsNull() || FindDifference(first, drawn) <= 1) << GetIsaName(isa);
+        first = drawn;
+    }
+}
+
+TEST(BakedRun, isBlendedWithTheSource)
+{
+    const auto baked = Bake(MakeChain());
+    ASSERT_TRUE(baked);
+    const Image source = MakeRandomPicture(301, 40, Image::Depth::Bits8, 6);
+    const Image blended = DrawWith(*baked, source, 100);
+    EXPECT_TRUE(
+        HaveSamePixels(blended, Renderer().Interpolate(source, DrawWith(*baked, source), 100)));
+}
+
+TEST(BakedRun, refusesRunsThatJump)
+{
+    for (const float levels : {2.0f, 4.0f, 8.0f, 32.0f, 100.0f})
+        for (const int points : {BakedRun::DragPoints, BakedRun::ExportPoints})
+            EXPECT_TRUE(IsRefused(std::make_shared<PosteriseStage>(levels), points)) << levels;
+}
+
+TEST(BakedRun, refusesWhatATableOfItsSizeCannotFollow)
+{
+    EXPECT_TRUE(IsRefused(std::make_shared<WaveStage>(8.0f)));
+    EXPECT_FALSE(IsRefused(std::make_shared<WaveStage>(0.3f)));
+}
+
+TEST(BakedRun, refusesEffectsThatLookAtMoreThanTheColour)
+{
+    EXPECT_FALSE(Bake({MakeEffect("vignette", {{"amount", -0.01}})}));
+    EXPECT_FALSE(Bake({MakeEffect("grain", {{"amount", 1}})}));
+    EXPECT_FALSE(Bake({MakeEffect("clarity", {{"amount", 1}})}));
+    EXPECT_FALSE(Bake(
+        {MakeEffect("exposure", {{"stops", 0.1}}), MakeEffect("gaussianBlur", {{"radius", 0.1}})}));
+}
+
+TEST(BakedRun, isGivenUpWhenItIsCancelled)
+{
+    CancelToken cancel;
+    cancel.Cancel();
+    EXPECT_FALSE(BakedRun::Make(MakeChain(), BakedRun::DragPoints, GetDefaultIsa(),
+                                ThreadPool::GetShared(), &cancel));
+    const Image source = MakeRandomPicture(30, 30, Image::Depth::Bits8, 7);
+    Image target = source.Clone();
+    const auto baked = Bake(MakeChain());
+    ASSERT_TRUE(baked);
+    EXPECT_FALSE(baked->Run(source, target, 1, ThreadPool::GetShared(), &cancel));
+}
+
+} // namespace
+} // namespace LumetraHost

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "photo/metadata/EditRecord.h"
+
+#include "Zorvik/Exception.h"
+
+#include <gmock/gmock.h>
+
+using LumetraHost::EditRecord;
+using LumetraHost::EditRecords;
+using testing::HasSubstr;
+
+TEST(EditRecords, areReadAsTheyWereWritten)
+{
+    const QByteArray packet = EditRecords::Add({},
+                                               {{"Golden Hour", 80},
+                                                {"\xc3\x9c"
+                                                 "ber <all>",
+                                                 0}},
+                                               "Lumetra 1");
+
+    const auto records = EditRecords::Read(packet);
+
+    ASSERT_EQ(records.size(), 2U);
+    EXPECT_EQ(records[0].preset, "Golden Hour");
+    EXPECT_EQ(records[0].intensity, 80);
+    EXPECT_EQ(records[1].preset, "\xc3\x9c"
+                                 "ber <all>");
+    EXPECT_EQ(records[1].intensity, 0);
+    EXPECT_THAT(packet.toStdString(), HasSubstr("Lumetra 1"));
+}
+
+TEST(EditRecords, followThoseOfEarlierExports)
+{
+    const QByteArray first = EditRecords::Add({}, {{"First", 10}}, "Lumetra");
+
+    const auto records = EditRecords::Read(EditRecords::Add(first, {{"Second", 20}}, "Lumetra"));
+
+    ASSERT_EQ(records.size(), 2U);
+    EXPECT_EQ(records[0].preset, "First");
+    EXPECT_EQ(records[1].preset, "Second");
+}
+
+TEST(EditRecords, leaveOtherPropertiesAlone)
+{
+    const QByteArray packet = R"(<x:xmpmeta xmlns:x="adobe:ns:meta/">
+<rdf:RDF xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#"><rdf:Description rdf:about=""
+ xmlns:xmp="http://ns.adobe.com/xap/1.0/" xmp:Rating="4"/></rdf:RDF></x:xmpmeta>)";
+
+    const QByteArray added = EditRecords::Add(packet, {{"Look", 50}}, "Lumetra");
+
+    EXPECT_THAT(added.toStdString(), HasSubstr("xmp:Rating=\"4\""));
+    EXPECT_TRUE(EditRecords::Read(packet).empty());
+}
+
+TEST(EditRecords, refuseADamagedPacket)
+{
+    EXPECT_THROW(EditRecords::Read("<x:xmpmeta"), Zorvik::Exception);
+}
