@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photo/file/PhotoFormat.h"
 
-#include "photo/formats/RawDecoder.h"
+#include "photo/file/Magic.h"
+#include "photo/file/RawSignature.h"
 
 #include "Zorvik/Exception.h"
 
@@ -9,19 +10,10 @@
 
 #include <boost/current_function.hpp>
 
-#include <algorithm>
 #include <string>
 
 namespace LumetraHost {
 namespace {
-
-bool HasAt(const Bytes& content, std::size_t position, const std::string& magic)
-{
-    return content.size() >= position + magic.size() &&
-           std::equal(magic.begin(), magic.end(),
-                      content.begin() + static_cast<std::ptrdiff_t>(position),
-                      [](char a, std::uint8_t b) { return static_cast<std::uint8_t>(a) == b; });
-}
 
 bool BeginsWith(const Bytes& content, const std::string& magic)
 {
@@ -52,7 +44,7 @@ std::optional<PhotoFormat> DetectPhotoFormat(const Bytes& content)
         return PhotoFormat::Webp;
     if (IsHeif(content))
         return PhotoFormat::Heif;
-    if (RawDecoder::IsRaw(content)) // many are built like TIFF
+    if (IsRawPhoto(content)) // many are built like TIFF
         return PhotoFormat::Raw;
     // Classic and big TIFF, little and big endian.
     for (const char* magic : {"II*\0", "MM\0*", "II+\0", "MM\0+"}) {

@@ -20,10 +20,6 @@ public:
         Half ///< each 2 x 2 sensor cells make one pixel: no interpolation, four times as fast
     };
 
-    /// True for files whose first bytes announce a camera's raw format; looks into the directory of
-    /// those that are built like TIFF.
-    static bool IsRaw(const Bytes& content);
-
     /// `name` begins the text of every Zorvik::Exception.
     static DecodedPhoto Decode(const Bytes& content, const std::string& name, Size size);
 };
