@@ -82,7 +82,8 @@ void MeasureApplyParts(const QString& source, const QString& target)
     const auto table = BakedRun::Make(MakeFour(), BakedRun::ExportPoints, GetDefaultIsa(), alone);
     if (!table)
         throw std::runtime_error("the chain of four effects has no table");
-    const double tabled = Measure([&] { table->Run(before, drawn, 1, alone); });
+    const double tabled =
+        Measure([&] { drawn = renderer.Render(before, table, 1, {}, std::move(drawn)); });
     const double copy = Measure([&] {
         for (int y = 0; y < before.GetHeight(); ++y)
             std::memcpy(drawn.Row(y), before.Row(y),

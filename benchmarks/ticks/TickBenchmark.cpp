@@ -160,7 +160,7 @@ public:
     double GetBakedStrength() const { return m_bakedStrength; }
     double GetBakedPsnr()
     {
-        m_baked->Run(m_photo, m_target, FullEffect, ThreadPool::GetShared());
+        DrawTable(m_baked);
         const auto effects = m_chain.GetWeaker(m_bakedStrength).MakeEffects();
         return GetPsnr(m_target, m_renderer.Render(m_photo, effects, FullEffect));
     }
@@ -210,6 +210,11 @@ private:
             m_ocio.SetContrast(m_chain.contrast + (m_flip ? 1 : 0));
             DrawWithOcio();
         });
+    }
+
+    void DrawTable(const std::shared_ptr<const BakedRun>& table)
+    {
+        m_target = m_renderer.Render(m_photo, table, FullEffect, {}, std::move(m_target));
     }
 
     void DrawWithOcio()
@@ -262,11 +267,9 @@ private:
             throw std::runtime_error("no chain can be baked");
         const auto effects = m_chain.GetWeaker(m_bakedStrength).MakeEffects();
         m_runs.Add("chain, table made and drawn", [this, effects, &pool] {
-            BakedRun::Make(effects, BakedRun::DragPoints, GetDefaultIsa(), pool)
-                ->Run(m_photo, m_target, FullEffect, pool);
+            DrawTable(BakedRun::Make(effects, BakedRun::DragPoints, GetDefaultIsa(), pool));
         });
-        m_runs.Add("chain, table drawn",
-                   [this, &pool] { m_baked->Run(m_photo, m_target, FullEffect, pool); });
+        m_runs.Add("chain, table drawn", [this] { DrawTable(m_baked); });
     }
 
     void CheckBlend()

@@ -58,7 +58,7 @@ void Stream::AddLayer(const ExportLook::Layer& layer)
 
 int Stream::GetBandCount() const
 {
-    return (m_form.height + PictureRun::BandRows - 1) / PictureRun::BandRows;
+    return CountBands(m_form.height);
 }
 
 /// The rows that the layers from `nextLayer` on read: holds what the first that needs rows of its
@@ -69,21 +69,21 @@ Image& Stream::AddRing(std::size_t nextLayer)
         ++nextLayer;
     const int latency = nextLayer < m_layers.size() ? m_layers[nextLayer].GetRun().GetLatency() : 0;
     const int bands = std::min(latency + 2 + m_form.threads, GetBandCount());
-    m_rings.push_back(Image::AllocateUninitialised(m_form.width, bands * PictureRun::BandRows,
-                                                   Image::Depth::Bits8));
+    m_rings.push_back(
+        Image::AllocateUninitialised(m_form.width, bands * RowsPerBand, Image::Depth::Bits8));
     return m_rings.back();
 }
 
 Stream::BandRows Stream::GetRows(int band, const Image& ring) const
 {
-    const int y = band * PictureRun::BandRows;
-    return {y % ring.GetHeight(), std::min(PictureRun::BandRows, m_form.height - y)};
+    const int y = band * RowsPerBand;
+    return {y % ring.GetHeight(), std::min(RowsPerBand, m_form.height - y)};
 }
 
 /// A band takes the place of an older one in the ring when the reader is done with that.
 void Stream::ConnectRing(BandGraph& graph, int writer, int reader, const Image& ring)
 {
-    graph.Connect(writer, reader, ring.GetHeight() / PictureRun::BandRows);
+    graph.Connect(writer, reader, ring.GetHeight() / RowsPerBand);
 }
 
 /// From the node that fills the first ring to those of the last one.

@@ -75,6 +75,16 @@ Image Image::Clone() const
     return copy;
 }
 
+Image AllocateLike(const Image& form, Image recycled)
+{
+    const bool fits = recycled.GetWidth() == form.GetWidth() &&
+                      recycled.GetHeight() == form.GetHeight() &&
+                      recycled.GetDepth() == form.GetDepth();
+    if (fits && recycled.IsSoleOwner())
+        return recycled;
+    return Image::AllocateUninitialised(form.GetWidth(), form.GetHeight(), form.GetDepth());
+}
+
 bool HaveSamePixels(const Image& first, const Image& second)
 {
     if (first.GetWidth() != second.GetWidth() || first.GetHeight() != second.GetHeight() ||

@@ -78,6 +78,10 @@ private:
     std::shared_ptr<std::uint8_t> m_pixels;
 };
 
+/// A picture of the size and depth of `form`, its pixels being anything: `recycled` itself where it
+/// has that form and no other owner, which spares the system from clearing fresh pages.
+Image AllocateLike(const Image& form, Image recycled);
+
 /// True when size, depth and every channel are the same; padding is not looked at.
 bool HaveSamePixels(const Image& first, const Image& second);
 

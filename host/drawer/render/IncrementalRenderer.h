@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "drawer/render/PlanarFrame.h"
+#include "engine/run/PlanarFrame.h"
 
 #include "engine/run/Renderer.h"
 #include "engine/stages/Stage.h"
-#include "threads/ThreadPool.h"
 
 #include "image/Image.h"
 
@@ -16,6 +15,8 @@
 #include <vector>
 
 namespace LumetraHost {
+
+class RenderPlan;
 
 /// Renders a list of effects of which one is being changed: keeps the picture in front of the first
 /// effect that differs from the list before, as floats, so that the next change of that effect or
@@ -30,9 +31,8 @@ public:
     /// Bytes: enough for the largest screens.
     static constexpr std::size_t LargestCache = std::size_t{256} << 20;
 
-    /// `renderer` and `pool` are kept by reference.
-    explicit IncrementalRenderer(const Renderer& renderer,
-                                 ThreadPool& pool = ThreadPool::GetShared());
+    /// `renderer` is kept by reference.
+    explicit IncrementalRenderer(const Renderer& renderer);
 
     /// See Renderer::Render. The effects must not be changed afterwards.
     Image Render(const Image& source, const Zorvik::Quindle::EffectsSettings& effects,
@@ -41,13 +41,7 @@ public:
     /// Forgets and frees everything.
     void Clear();
 
-    /// How many stages the last call left out because their picture was kept; conversions between
-    /// colour spaces are not counted.
-    std::size_t GetSkippedStageCount() const { return m_skippedStages; }
-
 private:
-    struct Chain;
-
     /// The picture with the first `count` stages, in the space that the next one wants.
     struct Kept
     {
@@ -56,19 +50,16 @@ private:
         PlanarFrame frame;
     };
 
-    std::size_t FindFirstOther(const Zorvik::Quindle::EffectList& effects) const;
-    bool CanStartFrom(const std::vector<StagePtr>& stages, std::size_t wanted,
-                      Image::Depth depth) const;
-    bool Run(const Chain& chain, const Image& source, Image& target, double sourceWeight,
-             const RenderOptions& options);
+    Zorvik::Quindle::EffectList TakeSameEffects(const Zorvik::Quindle::EffectList& effects);
+    static bool CanKeep(const Image& source, const RenderPlan& plan, int blendAmount);
+    Image RenderFrom(const std::vector<StagePtr>& stages, std::size_t cut, const Image& source,
+                     int blendAmount, const RenderOptions& options, Image recycled);
 
     const Renderer& m_renderer;
-    ThreadPool& m_pool;
     Image m_source;
     std::optional<PictureArea> m_area;
     Zorvik::Quindle::EffectList m_effects;
     Kept m_kept;
-    std::size_t m_skippedStages = 0;
 };
 
 } // namespace LumetraHost

@@ -80,15 +80,12 @@ Image LayerRenderer::BakeLayer(const Layer& layer, const Image& below, const Can
         BakedRun::Make(settings.Effects(), BakedRun::DragPoints, GetDefaultIsa(), pool, cancel);
     if (!baked)
         return {};
-    Image target = TakeSpare();
-    if (target.IsNull())
-        target =
-            Image::AllocateUninitialised(below.GetWidth(), below.GetHeight(), below.GetDepth());
     const int amount = layer.paintedBlend.value_or(settings.GetBlendAmount());
-    if (!baked->Run(below, target, amount, pool, cancel))
-        return {};
-    m_spares.Remember(target);
-    return target;
+    RenderOptions options;
+    options.cancel = cancel;
+    const Image picture = m_renderer.Render(below, baked, amount, options, TakeSpare());
+    m_spares.Remember(picture);
+    return picture;
 }
 
 void LayerRenderer::MatchOutputs(const std::vector<Layer>& layers, std::size_t count)

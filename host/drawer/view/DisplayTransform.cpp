@@ -3,7 +3,7 @@
 
 #include "photo/colour/ColorConversion.h"
 
-#include "threads/ThreadPool.h"
+#include "threads/RowBands.h"
 
 #include "Zorvik/Exception.h"
 
@@ -32,8 +32,6 @@ struct DeleteTransform
 
 using Profile = std::unique_ptr<void, CloseProfile>;
 using Transform = std::unique_ptr<void, DeleteTransform>;
-
-constexpr int BandRows = 64;
 
 [[noreturn]] void Refuse(const std::string& origin, const std::string& found)
 {
@@ -105,12 +103,10 @@ Image DisplayTransform::Apply(const Image& picture, Image recycled) const
                         : Image::AllocateUninitialised(width, height, Image::Depth::Bits8);
     const auto& transform =
         picture.GetDepth() == Image::Depth::Bits16 ? m_transforms->bits16 : m_transforms->bits8;
-    ThreadPool::GetShared().ForEach((height + BandRows - 1) / BandRows, 0, [&](int band) {
-        const int first = band * BandRows;
-        const int rows = std::min(BandRows, height - first);
+    ForEachBand(ThreadPool::GetShared(), height, 0, nullptr, [&](int first, int end) {
         cmsDoTransformLineStride(transform.get(), picture.Row(first), target.Row(first),
                                  static_cast<cmsUInt32Number>(width),
-                                 static_cast<cmsUInt32Number>(rows),
+                                 static_cast<cmsUInt32Number>(end - first),
                                  static_cast<cmsUInt32Number>(picture.GetStride()),
                                  static_cast<cmsUInt32Number>(target.GetStride()), 0, 0);
     });

@@ -19,7 +19,6 @@
 namespace LumetraHost {
 namespace {
 
-constexpr int BandRows = 32;
 /// One row of tables or probes.
 constexpr int TileColours = BakedCube::MostPixels;
 /// Of the cells, that may bend: more are no gain.
@@ -180,20 +179,6 @@ bool BakedRun::Probe(ThreadPool& pool, const CancelToken* cancel) const
             isGood = false;
     });
     return isGood;
-}
-
-bool BakedRun::Run(const Image& source, Image& target, int blendAmount, ThreadPool& pool,
-                   const CancelToken* cancel) const
-{
-    const int width = source.GetWidth();
-    const int height = source.GetHeight();
-    const auto isCancelled = [cancel] { return cancel && cancel->IsCancelled(); };
-    pool.ForEach((height + BandRows - 1) / BandRows, 0, [&](int band) {
-        const int end = std::min(height, (band + 1) * BandRows);
-        for (int y = band * BandRows; y < end && !isCancelled(); ++y)
-            RunRow(source.Row(y), target.Row(y), width, blendAmount);
-    });
-    return !isCancelled();
 }
 
 void BakedRun::RunRow(const std::uint8_t* source, std::uint8_t* target, int pixels,

@@ -48,12 +48,8 @@ public:
                                                 Isa isa, ThreadPool& pool,
                                                 const CancelToken* cancel = nullptr);
 
-    /// The table on a picture of 8 bits, then the integer blend with it, see Blend(). `target` has
-    /// its size and depth and is another picture. False when it was cancelled, and the target then
-    /// holds anything.
-    bool Run(const Image& source, Image& target, int blendAmount, ThreadPool& pool,
-             const CancelToken* cancel = nullptr) const;
-    /// The same for `pixels` pixels of one row, on the calling thread. The rows may be the same.
+    /// The table on `pixels` pixels of one row of 8 bits, then the integer blend with them, see
+    /// Blend(). The rows may be the same. On the calling thread.
     void RunRow(const std::uint8_t* source, std::uint8_t* target, int pixels,
                 int blendAmount) const;
     /// From a row of 8 bits, which begins with the picture's first column, to the tile: encoded,

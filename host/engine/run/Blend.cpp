@@ -3,15 +3,11 @@
 
 #include "engine/kernels/KernelSelection.h"
 #include "engine/pixels/PixelKernel.h"
+#include "threads/RowBands.h"
 
 #include <algorithm>
 
 namespace LumetraHost {
-namespace {
-
-constexpr int BandRows = 32;
-
-} // namespace
 
 int ClampBlendAmount(int blendAmount)
 {
@@ -28,11 +24,9 @@ void Blend(const Image& source, const Image& effect, int blendAmount, Image& tar
 {
     const bool is16 = source.GetDepth() == Image::Depth::Bits16;
     const auto kernel = is16 ? SelectKernel<BlendKernel16>(isa) : SelectKernel<BlendKernel8>(isa);
-    const int height = source.GetHeight();
     const int amount = ClampBlendAmount(blendAmount);
-    pool.ForEach((height + BandRows - 1) / BandRows, threads, [&](int band) {
-        const int end = std::min(height, (band + 1) * BandRows);
-        for (int y = band * BandRows; y < end; ++y)
+    ForEachBand(pool, source.GetHeight(), threads, nullptr, [&](int first, int end) {
+        for (int y = first; y < end; ++y)
             kernel(source.Row(y), effect.Row(y), target.Row(y), source.GetWidth(), amount);
     });
 }

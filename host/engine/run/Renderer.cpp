@@ -5,7 +5,6 @@
 #include "engine/run/Blend.h"
 #include "engine/run/PictureRun.h"
 #include "engine/run/RenderPlan.h"
-#include "engine/run/Segment.h"
 
 #include "Zorvik/Exception.h"
 #include "Zorvik/Proc/SettingsEffectEmpty.h"
@@ -27,42 +26,32 @@ int CountThreads(int wish, const ThreadPool& pool)
     return wish < 1 ? pool.GetThreadCount() : std::min(wish, pool.GetThreadCount());
 }
 
-/// False when it was cancelled.
-bool RunPlan(const RenderPlan& plan, const Image& source, Image& target, int blendAmount,
-             const RenderOptions& options, ThreadPool& pool)
+PictureRunForm MakeForm(const Image& source, int blendAmount, const RenderOptions& options,
+                        const ThreadPool& pool)
 {
-    const Isa isa = LimitToSupported(options.isa);
-    if (plan.GetPasses().empty())
-        return Segment(plan.GetFirstStages(),
-                       {isa, source.GetDepth(), options.threads, options.tilePixels,
-                        GetSourceWeight(blendAmount), options.cancel})
-            .Run(source, target, pool);
     PictureRunForm form;
     form.width = source.GetWidth();
     form.height = source.GetHeight();
     form.depth = source.GetDepth();
     form.blendAmount = blendAmount;
-    form.isa = isa;
+    form.isa = LimitToSupported(options.isa);
     form.threads = CountThreads(options.threads, pool);
     form.tilePixels = options.tilePixels;
-    PictureRun run(plan, form);
-    BandGraph graph(run.GetBandCount());
-    Image shared = source; // only read
-    run.AddTo(graph, RowWindow(shared), RowWindow(target), -1);
-    return graph.Run(pool, form.threads, options.cancel);
+    return form;
+}
+
+/// Null when it was cancelled.
+Image Draw(PictureRun&& run, const Image& source, Image recycled, const CancelToken* cancel,
+           ThreadPool& pool)
+{
+    Image target = AllocateLike(source, std::move(recycled));
+    return run.Draw(source, target, pool, cancel) ? target : Image();
 }
 
 bool HaveSameForm(const Image& first, const Image& second)
 {
     return first.GetWidth() == second.GetWidth() && first.GetHeight() == second.GetHeight() &&
            first.GetDepth() == second.GetDepth();
-}
-
-Image MakeTarget(const Image& source, Image recycled)
-{
-    if (HaveSameForm(source, recycled) && recycled.IsSoleOwner())
-        return recycled;
-    return Image::AllocateUninitialised(source.GetWidth(), source.GetHeight(), source.GetDepth());
 }
 
 } // namespace
@@ -86,10 +75,25 @@ Image Renderer::Render(const Image& source, const EffectList& effects, int blend
     const RenderPlan plan(effects, {LimitToSupported(options.isa), area, source.GetDepth()});
     if (plan.IsEmpty())
         return source;
-    Image target = MakeTarget(source, std::move(recycled));
-    if (!RunPlan(plan, source, target, blendAmount, options, *m_pool))
-        return {};
-    return target;
+    return Draw(PictureRun(plan, MakeForm(source, blendAmount, options, *m_pool)), source,
+                std::move(recycled), options.cancel, *m_pool);
+}
+
+Image Renderer::Render(const Image& source, const CutChain& cut, int blendAmount,
+                       const RenderOptions& options, Image recycled) const
+{
+    return Draw(PictureRun(cut, MakeForm(source, blendAmount, options, *m_pool)), source,
+                std::move(recycled), options.cancel, *m_pool);
+}
+
+Image Renderer::Render(const Image& source, std::shared_ptr<const BakedRun> table, int blendAmount,
+                       const RenderOptions& options, Image recycled) const
+{
+    if (source.IsNull() || ClampBlendAmount(blendAmount) == SourceOnly)
+        return source;
+    PictureRunForm form = MakeForm(source, blendAmount, options, *m_pool);
+    form.table = std::move(table);
+    return Draw(PictureRun(form), source, std::move(recycled), options.cancel, *m_pool);
 }
 
 Image Renderer::Interpolate(const Image& source, const Image& effect, int blendAmount,
@@ -102,7 +106,7 @@ Image Renderer::Interpolate(const Image& source, const Image& effect, int blendA
         return source;
     if (ClampBlendAmount(blendAmount) == FullEffect)
         return effect;
-    Image target = MakeTarget(source, std::move(recycled));
+    Image target = AllocateLike(source, std::move(recycled));
     Blend(source, effect, blendAmount, target, LimitToSupported(options.isa), options.threads,
           *m_pool);
     return target;

@@ -10,11 +10,15 @@
 
 #include "Zorvik/Quindle/EffectsSettings.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace LumetraHost {
+
+class BakedRun;
+struct CutChain;
 
 /// How a picture is rendered. Threads and tile size do not change the pixels; for the instruction
 /// set see Isa.
@@ -45,13 +49,21 @@ public:
     explicit Renderer(ThreadPool& pool = ThreadPool::GetShared());
 
     /// The rendered picture; null for a null source and when it was cancelled. `recycled` may be a
-    /// picture that is needed no more: when it has the right size and no other owner, its memory
-    /// is used again, which spares the system from clearing fresh pages.
+    /// picture that is needed no more, see AllocateLike().
     Image Render(const Image& source, const Zorvik::Quindle::EffectsSettings& effects,
                  const RenderOptions& options = {}, Image recycled = {}) const;
 
     /// The same with the blend amount given, not that of the effects.
     Image Render(const Image& source, const Zorvik::Quindle::EffectList& effects, int blendAmount,
+                 const RenderOptions& options = {}, Image recycled = {}) const;
+
+    /// Draws the stages of a chain that is cut, and fills or uses its frame. Neither `source` is
+    /// null nor the blend amount 255: there is nothing to draw then.
+    Image Render(const Image& source, const CutChain& cut, int blendAmount,
+                 const RenderOptions& options = {}, Image recycled = {}) const;
+
+    /// Draws a table of colours on a picture of 8 bits and blends as Interpolate() does.
+    Image Render(const Image& source, std::shared_ptr<const BakedRun> table, int blendAmount,
                  const RenderOptions& options = {}, Image recycled = {}) const;
 
     /// The blend of two finished pictures of the same size and depth, see Blend().

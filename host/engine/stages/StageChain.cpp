@@ -22,6 +22,24 @@ bool IsHeavy(const StagePtr& stage)
     return stage->GetChannelWork() == ChannelWork::Heavy;
 }
 
+/// Whether a chain makes, or may make, one stage of the two.
+bool AreMerged(const StagePtr& first, const StagePtr& second, Image::Depth depth)
+{
+    if (depth == Image::Depth::Bits8 && IsOfChannels(first) && IsOfChannels(second))
+        return true;
+    return first->GetMatrix() && second->GetMatrix() &&
+           first->GetColourSpace() == second->GetColourSpace();
+}
+
+/// Whether a chain makes one step of the stages before and behind that place, or of the last stage
+/// and of storing its result.
+bool IsInsideStep(const std::vector<StagePtr>& stages, std::size_t place, Image::Depth depth)
+{
+    const StagePtr& before = stages[place - 1];
+    return place == stages.size() ? depth == Image::Depth::Bits8 && IsOfChannels(before)
+                                  : AreMerged(before, stages[place], depth);
+}
+
 } // namespace
 
 StageChain::StageChain(const std::vector<StagePtr>& stages, Isa isa, Image::Depth depth,
@@ -64,6 +82,35 @@ ColourSpace StageChain::ChooseLastSpace(const std::vector<StagePtr>& stages, Ima
     const bool isTable =
         (isAll && fromPixels) || isConverted || std::any_of(begin, stages.end(), IsHeavy);
     return isTable ? ColourSpace::Encoded : space;
+}
+
+std::size_t StageChain::FindCut(const std::vector<StagePtr>& stages, std::size_t wish,
+                                Image::Depth depth)
+{
+    std::size_t place = std::min(wish, stages.size());
+    while (place > 0 && IsInsideStep(stages, place, depth))
+        --place;
+    return place;
+}
+
+// With 8 bits a conversion becomes part of the table of the stage that takes each channel alone.
+ColourSpace StageChain::GetSpaceAtCut(const std::vector<StagePtr>& stages, std::size_t count,
+                                      Image::Depth depth)
+{
+    if (count == stages.size())
+        return ChooseLastSpace(stages, depth, true);
+    const bool isConvertedLater = depth == Image::Depth::Bits8 && IsOfChannels(stages[count]);
+    return stages[isConvertedLater ? count - 1 : count]->GetColourSpace();
+}
+
+// With 16 bits conversions are stages of their own, so that tiles may pass the cut before them too.
+bool StageChain::CanGoOnAt(const std::vector<StagePtr>& stages, std::size_t count,
+                           ColourSpace space, Image::Depth depth)
+{
+    if (FindCut(stages, count, depth) != count)
+        return false;
+    return space == GetSpaceAtCut(stages, count, depth) ||
+           (depth != Image::Depth::Bits8 && space == stages[count - 1]->GetColourSpace());
 }
 
 void StageChain::AddMerged(const StagePtr& stage, Isa isa)

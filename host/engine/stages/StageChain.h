@@ -4,6 +4,7 @@
 #include "engine/stages/Stage.h"
 #include "engine/stages/StoreTable.h"
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -36,6 +37,19 @@ public:
     /// The space in which stages leave a picture of that depth when nothing else is asked for.
     static ColourSpace ChooseLastSpace(const std::vector<StagePtr>& stages, Image::Depth depth,
                                        bool fromPixels);
+
+    /// The largest number of stages, up to `wish`, behind which a chain may be cut in two that give
+    /// the same values to the bit: no merged stage and no table of channels lies across the cut.
+    static std::size_t FindCut(const std::vector<StagePtr>& stages, std::size_t wish,
+                               Image::Depth depth);
+    /// The space in which tiles pass the cut behind the first `count` stages; `count` is at least 1
+    /// and a result of FindCut().
+    static ColourSpace GetSpaceAtCut(const std::vector<StagePtr>& stages, std::size_t count,
+                                     Image::Depth depth);
+    /// True when tiles that passed the first `count` stages of another such chain and are in
+    /// `space` may go on with the rest of these stages, to the bit. `count`: at least 1.
+    static bool CanGoOnAt(const std::vector<StagePtr>& stages, std::size_t count, ColourSpace space,
+                          Image::Depth depth);
 
     ColourSpace GetFirstSpace() const { return m_firstSpace; }
     ColourSpace GetLastSpace() const { return m_lastSpace; }

@@ -2,6 +2,7 @@
 #include "photo/colour/ColorConversion.h"
 
 #include "photo/colour/MatrixShaper.h"
+#include "threads/RowBands.h"
 
 #include "Zorvik/Exception.h"
 
@@ -10,11 +11,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <future>
+
 #include <limits>
 #include <memory>
 #include <optional>
-#include <thread>
 
 #include <lcms2.h>
 #include <lcms2_plugin.h>
@@ -214,22 +214,6 @@ bool ActsAsSrgb(const Profile& profile)
     return transform != nullptr;
 }
 
-/// Runs `work(first, last)` over bands of rows on every core.
-template <class Work>
-void ForBands(int height, const Work& work)
-{
-    const int count = std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, height);
-    std::vector<std::future<void>> bands;
-    for (int i = 1; i < count; ++i) {
-        const auto first = static_cast<int>(std::int64_t(height) * i / count);
-        const auto last = static_cast<int>(std::int64_t(height) * (i + 1) / count);
-        bands.push_back(std::async(std::launch::async, work, first, last));
-    }
-    work(0, height / count);
-    for (auto& band : bands)
-        band.get();
-}
-
 /// In place: source and target pixels have the same size, and what is no colour is left alone.
 /// False when the profile does not allow it.
 bool ConvertColors(Image& pixels, const Profile& profile, cmsUInt32Number layout)
@@ -238,15 +222,15 @@ bool ConvertColors(Image& pixels, const Profile& profile, cmsUInt32Number layout
         return false;
     const bool deep = pixels.GetDepth() == Image::Depth::Bits16;
     if (const auto shaper = MakeMatrixShaper(profile, deep)) {
-        ForBands(pixels.GetHeight(),
-                 [&](int first, int last) { shaper->Convert(pixels, first, last); });
+        ForEachBand(ThreadPool::GetShared(), pixels.GetHeight(), 0, nullptr,
+                    [&](int first, int end) { shaper->Convert(pixels, first, end); });
         return true;
     }
     const Transform transform = MakeTransform(profile, layout, deep);
     if (!transform)
         return false;
-    ForBands(pixels.GetHeight(), [&](int first, int last) {
-        for (int y = first; y < last; ++y)
+    ForEachBand(ThreadPool::GetShared(), pixels.GetHeight(), 0, nullptr, [&](int first, int end) {
+        for (int y = first; y < end; ++y)
             cmsDoTransform(transform.get(), pixels.Row(y), pixels.Row(y),
                            static_cast<cmsUInt32Number>(pixels.GetWidth()));
     });

@@ -68,11 +68,9 @@ bool IsRefused(const StagePtr& stage, int points = BakedRun::DragPoints)
     return !BakedRun::Make({stage}, points, GetDefaultIsa(), ThreadPool::GetShared());
 }
 
-Image DrawWith(const BakedRun& baked, const Image& source, int blendAmount = 1)
+Image DrawWith(std::shared_ptr<const BakedRun> baked, const Image& source, int blendAmount = 1)
 {
-    Image target = Image::Allocate(source.GetWidth(), source.GetHeight(), source.GetDepth());
-    EXPECT_TRUE(baked.Run(source, target, blendAmount, ThreadPool::GetShared()));
-    return target;
+    return Renderer().Render(source, std::move(baked), blendAmount);
 }
 
 /// The largest of all channels, in steps.
@@ -94,7 +92,7 @@ TEST(BakedRun, isCloseToTheExactRun)
     for (const int points : {BakedRun::DragPoints, BakedRun::ExportPoints}) {
         const auto baked = Bake(MakeChain(), points);
         ASSERT_TRUE(baked);
-        EXPECT_LE(FindDifference(DrawWith(*baked, source), exact), 1) << points;
+        EXPECT_LE(FindDifference(DrawWith(baked, source), exact), 1) << points;
     }
 }
 
@@ -124,7 +122,7 @@ TEST(BakedRun, staysWithinAStepWhereFewCellsBend)
     ASSERT_TRUE(baked);
     const Image source = MakeRandomPicture(601, 500, Image::Depth::Bits8, 8);
     const Image exact = Renderer().Render(source, MakeSettings(MakeBendingChain()));
-    EXPECT_LE(FindDifference(DrawWith(*baked, source), exact), 1);
+    EXPECT_LE(FindDifference(DrawWith(baked, source), exact), 1);
 }
 
 TEST(BakedRun, mayDrawOnItsSource)
@@ -136,7 +134,7 @@ TEST(BakedRun, mayDrawOnItsSource)
         Image picture = source.Clone();
         for (int y = 0; y < picture.GetHeight(); ++y)
             baked->RunRow(picture.Row(y), picture.Row(y), picture.GetWidth(), blendAmount);
-        EXPECT_TRUE(HaveSamePixels(picture, DrawWith(*baked, source, blendAmount))) << blendAmount;
+        EXPECT_TRUE(HaveSamePixels(picture, DrawWith(baked, source, blendAmount))) << blendAmount;
     }
 }
 
@@ -145,7 +143,7 @@ TEST(BakedRun, loadsTilesOfWhatItDraws)
     const auto baked = Bake(MakeBendingChain(), BakedRun::ExportPoints);
     ASSERT_TRUE(baked);
     const Image source = MakeRandomPicture(601, 1, Image::Depth::Bits8, 10);
-    const Image drawn = DrawWith(*baked, source);
+    const Image drawn = DrawWith(baked, source);
     std::vector<float> planes[3];
     for (auto& plane : planes)
         plane.resize(500);
@@ -167,7 +165,7 @@ TEST(BakedRun, isExactWhereNothingChanges)
         const auto baked = Bake({}, points);
         ASSERT_TRUE(baked);
         const Image source = MakeRandomPicture(257, 64, Image::Depth::Bits8, 4);
-        EXPECT_TRUE(HaveSamePixels(DrawWith(*baked, source), source)) << points;
+        EXPECT_TRUE(HaveSamePixels(DrawWith(baked, source), source)) << points;
     }
 }
 
@@ -179,7 +177,7 @@ TEST(BakedRun, isAlmostTheSameForAllInstructionSets)
         const auto baked =
             BakedRun::Make(MakeChain(), BakedRun::DragPoints, isa, ThreadPool::GetShared());
         ASSERT_TRUE(baked);
-        const Image drawn = DrawWith(*baked, source);
+        const Image drawn = DrawWith(baked, source);
         // An entry may be rounded the other way.
         EXPECT_TRUE(first.IsNull() || FindDifference(first, drawn) <= 1) << GetIsaName(isa);
         first = drawn;
@@ -191,9 +189,9 @@ TEST(BakedRun, isBlendedWithTheSource)
     const auto baked = Bake(MakeChain());
     ASSERT_TRUE(baked);
     const Image source = MakeRandomPicture(301, 40, Image::Depth::Bits8, 6);
-    const Image blended = DrawWith(*baked, source, 100);
+    const Image blended = DrawWith(baked, source, 100);
     EXPECT_TRUE(
-        HaveSamePixels(blended, Renderer().Interpolate(source, DrawWith(*baked, source), 100)));
+        HaveSamePixels(blended, Renderer().Interpolate(source, DrawWith(baked, source), 100)));
 }
 
 TEST(BakedRun, refusesRunsThatJump)
@@ -225,10 +223,11 @@ TEST(BakedRun, isGivenUpWhenItIsCancelled)
     EXPECT_FALSE(BakedRun::Make(MakeChain(), BakedRun::DragPoints, GetDefaultIsa(),
                                 ThreadPool::GetShared(), &cancel));
     const Image source = MakeRandomPicture(30, 30, Image::Depth::Bits8, 7);
-    Image target = source.Clone();
     const auto baked = Bake(MakeChain());
     ASSERT_TRUE(baked);
-    EXPECT_FALSE(baked->Run(source, target, 1, ThreadPool::GetShared(), &cancel));
+    RenderOptions options;
+    options.cancel = &cancel;
+    EXPECT_TRUE(Renderer().Render(source, baked, 1, options).IsNull());
 }
 
 } // namespace

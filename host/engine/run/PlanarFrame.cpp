@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "drawer/render/PlanarFrame.h"
+#include "engine/run/PlanarFrame.h"
 
 #include <cstring>
 #include <new>
