@@ -7,8 +7,8 @@
 
 namespace Zorvik {
 
-/// The caller's call stack as text, a line per frame. For error reports; costs tens of
-/// microseconds.
+/// Returns the caller's call stack as text with one line per frame. It is meant for error reports,
+/// since a call costs tens of microseconds.
 ZORVIKPLATFORM_EXPORT std::string GetCallStack();
 
 } // namespace Zorvik

@@ -7,8 +7,8 @@
 
 namespace Zorvik {
 
-/// The counter inside a counted object. It starts at 0, and so does the counter of a copy;
-/// assigning one object to another leaves both counts alone.
+/// The counter inside a counted object starts at 0, and so does the counter of a copy; assigning
+/// one object to another leaves both counts alone. The counting operations are safe on any thread.
 class ZORVIKPLATFORM_EXPORT RefCountImpl
 {
 public:
@@ -16,10 +16,11 @@ public:
     RefCountImpl(const RefCountImpl& other);
     RefCountImpl& operator=(const RefCountImpl& other);
 
-    /// Returns the new count.
+    /// Adds one and returns the new count.
     unsigned AddRefImpl() const;
-    /// Returns the new count. The owner deletes itself when it is 0.
+    /// Takes one away and returns the new count. The owner must delete itself when that is 0.
     unsigned ReleaseImpl() const;
+    /// Returns the current count, which another thread may already have changed.
     unsigned GetRefCountImpl() const;
 
 private:
