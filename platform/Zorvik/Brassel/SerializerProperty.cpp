@@ -22,7 +22,7 @@ using Core::Property;
     throw Exception(description, function, "Zorvik/Brassel/SerializerProperty", line);
 }
 
-/// The shortest text that reads back as the same number, whatever the locale.
+/// Returns the shortest text that reads back as `number`, in any locale.
 std::string NumberText(double number)
 {
     std::array<char, 32> text;
@@ -58,7 +58,8 @@ std::string Found(const Property::Value& value)
 class PropertyCollection : public RefCounted<ISerializerCollection>
 {
 public:
-    /// `key` is the list's entry in `owner`, looked up anew at each use.
+    /// `key` names the list's entry in `owner`. The entry is looked up anew at each use, because
+    /// others may replace it.
     PropertyCollection(const Property::Ptr& owner, const std::string& key, const std::string& path)
         : m_owner(owner), m_key(key), m_path(path)
     {
@@ -128,7 +129,7 @@ private:
              line);
     }
 
-    /// The value under `key` as T; null when absent, Exception when it is something else.
+    /// Returns the value under `key` as T, null when absent. Another kind of value is an Exception.
     template <class T>
     const T* Read(const std::string& key, const char* expected) const
     {

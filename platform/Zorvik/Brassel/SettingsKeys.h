@@ -3,7 +3,7 @@
 
 namespace Zorvik::Brassel::Settings {
 
-/// Keys of a group or preset in a catalogue.
+/// These are the keys of a group's settings and of a preset in a catalogue.
 struct ConfigData
 {
     static constexpr char APPSTOREID[] = "appStoreId";
@@ -13,7 +13,7 @@ struct ConfigData
     static constexpr char ITEMS[] = "items";
 };
 
-/// Keys of a stored preset and of a favourite mark.
+/// These are the keys of a stored preset and of a favourite mark.
 struct EffectInfo
 {
     static constexpr char KEY_GROUP[] = "group";
