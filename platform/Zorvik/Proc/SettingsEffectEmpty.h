@@ -3,7 +3,7 @@
 
 namespace Zorvik::Proc {
 
-/// The effect that changes nothing. Applying it commits what the drawer shows.
+/// Names the effect that changes nothing. Applying it commits what the drawer shows.
 struct SettingsEffectEmpty
 {
     static constexpr char EFFECT_ID[] = "empty";
