@@ -12,17 +12,23 @@
 
 namespace Zorvik::Quindle {
 
-/// The plain effect: an identifier and numbers. Whatever else it finds in its stored form it keeps
-/// and writes back, so that a preset which uses an effect of a missing plug-in survives a round
-/// trip. Of an effect that is not registered, every stored number is a parameter.
+/// The plain effect has an identifier and numbers. Whatever else it finds in its stored form it
+/// keeps and writes back, so that a preset which uses an effect of a missing plug-in survives a
+/// round trip. An effect that was not registered when it was made takes every stored number for a
+/// parameter.
 class ZORVIKPLATFORM_EXPORT EffectSettingsImpl : public RefCounted<IEffectSettings>
 {
 public:
-    /// The effect that changes nothing: id "empty", no parameters.
+    /// Makes the effect that changes nothing, with the id "empty" and no parameters. Applying it
+    /// through IQuindleDrawer::ApplyEffect() commits what is shown.
     static EffectPtr Create(const Proc::SettingsEffectEmpty& settings);
-    /// An effect with its registered parameters at their defaults; none for an unknown id.
+    /// Makes an effect with its registered parameters at their defaults. An unknown id gives an
+    /// effect without parameters.
     static EffectPtr Create(const std::string& effectID);
 
+    /// These are the operations of IEffectSettings. Clone() copies the kept extra values too.
+    /// Deserialize() does nothing for a null node; a known parameter that is no finite number there
+    /// is an Exception that names the place.
     const std::string& GetEffectID() const override;
     EffectPtr Clone() const override;
     bool HasParameter(const std::string& name) const override;
@@ -32,6 +38,7 @@ public:
     void Deserialize(const Brassel::ConstSerializerPtr& node) override;
 
 protected:
+    /// Looks `effectID` up in the EffectRegistry once, here; later changes there are not seen.
     explicit EffectSettingsImpl(const std::string& effectID);
     EffectSettingsImpl(const EffectSettingsImpl& other);
     ~EffectSettingsImpl() override;
@@ -43,7 +50,7 @@ private:
     std::string m_effectID;
     bool m_isRegistered;
     std::vector<std::pair<std::string, double>> m_parameters;
-    Core::Property::Ptr m_extras; // null until there are some: few effects have any
+    Core::Property::Ptr m_extras; // It is null until there are some, which few effects have.
 };
 
 } // namespace Zorvik::Quindle

@@ -15,33 +15,40 @@ using ConstEffectPtr = boost::intrusive_ptr<const IEffectSettings>;
 using EffectList = std::vector<EffectPtr>;
 using ConstEffectList = std::vector<ConstEffectPtr>;
 
-/// One image effect: an identifier and named numbers. Stored as "id" and, beside it, each
-/// parameter by its name. An effect that needs more than numbers is a class of the host.
+/// One image effect has an identifier and named numbers. Its stored form holds the identifier under
+/// "id" and, beside it, each parameter by its name. An effect that needs more than numbers is a
+/// class of the host. An effect is shared between lists by pointer, so whoever keeps one that
+/// others may change keeps a Clone().
 class ZORVIKPLATFORM_EXPORT IEffectSettings : public virtual IRefCountable,
                                               public virtual Brassel::ISerializable
 {
 public:
-    /// The list of a preset's effects; each element holds its effect under EFFECT.
+    /// The key of a preset's collection of effects; each element holds its effect under EFFECT.
     static constexpr char EFFECTS[] = "effects";
     static constexpr char EFFECT[] = "effect";
     static constexpr char KEY_EFFECT_ID[] = "id";
 
+    /// Names the kind of effect, by which the EffectRegistry knows it and Find() compares. Effects
+    /// of one kind in a list share it.
     virtual const std::string& GetEffectID() const = 0;
-    /// A deep copy.
+    /// Makes a deep copy of the same class, never null. A change of either leaves the other alone.
     virtual EffectPtr Clone() const = 0;
+    /// True when GetParameter() and SetParameter() know the name.
     virtual bool HasParameter(const std::string& name) const = 0;
-    /// Exception for a name that the effect does not have.
+    /// Returns the current value in the parameter's own unit. A name that the effect does not have
+    /// is an Exception.
     virtual double GetParameter(const std::string& name) const = 0;
-    /// Takes finite values as they are, without clamping, and ignores others. Exception for a name
-    /// that the effect does not have.
+    /// Takes finite values as they are, without clamping, and ignores others. A name that the
+    /// effect does not have is an Exception.
     virtual void SetParameter(const std::string& name, double value) = 0;
 
-    /// A new effect of the kind that `effectNode` names, at its defaults; the caller lets it read
-    /// itself. Never null: an unknown id or a null node gives a plain effect that keeps whatever
-    /// it reads.
+    /// Makes a new effect of the kind that `effectNode` names, with its defaults; the caller then
+    /// lets it read itself. The result is never null: an unknown id or a null node gives a plain
+    /// effect that keeps whatever it reads. An id that is no text is an Exception.
     static EffectPtr CreateEffectSettings(const Brassel::ConstSerializerPtr& effectNode);
 
-    /// The first effect with that identifier, or null.
+    /// Returns the first effect of the list with that identifier, or null. Null entries are passed
+    /// over.
     static EffectPtr Find(const EffectList& effects, const std::string& effectID);
     static ConstEffectPtr Find(const ConstEffectList& effects, const std::string& effectID);
 

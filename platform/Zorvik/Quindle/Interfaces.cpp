@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The interfaces' destructors: one place that emits their virtual tables and type information.
+// The interfaces' destructors stand here, in the one place that emits their virtual tables and type
+// information.
 #include "Zorvik/Quindle/IQuindleDrawer.h"
 #include "Zorvik/Quindle/IQuindleDrawerPainter.h"
 #include "Zorvik/Quindle/IStatisticsEventHandler.h"

@@ -3,12 +3,15 @@
 
 namespace Zorvik::Quindle {
 
-/// A request to take one package off the photo, by its index.
+/// Requests that one package be taken off the photo, by its index. A preset that is switched off
+/// hands it to IResetReceiver.
 class ResetSettings
 {
 public:
+    /// `packageIndex` is an index as IQuindleDrawer::GetPackageIndex() returns it.
     explicit ResetSettings(unsigned packageIndex) : m_index(packageIndex) {}
 
+    /// Returns the index of the package to be taken off; the package may be closed by then.
     unsigned GetIndex() const { return m_index; }
 
 private:

@@ -8,28 +8,33 @@
 
 namespace Zorvik::Quindle {
 
-/// How a live painting treats its updates, and which package of the drawer it shows.
+/// Tells a painter how a live painting treats its updates, and which package of the drawer it
+/// shows. Made by Create() of the two classes below, one for each painting.
 class ZORVIKPLATFORM_EXPORT SettingsPainterEffectsPackage : public virtual IRefCountable
 {
 public:
-    /// BlendSource: an update carries a blend amount. OneInput: it carries changed effects.
+    /// The kind says what the painter takes from an update.
     enum class Kind
     {
-        BlendSource,
-        OneInput
+        BlendSource, ///< An update carries a blend amount.
+        OneInput     ///< An update carries changed effects.
     };
 
+    /// Starts with empty names. Only the derived classes below call it.
     explicit SettingsPainterEffectsPackage(Kind kind);
 
+    /// Returns the kind, which never changes.
     Kind GetKind() const;
 
+    /// The package name says which open package of the drawer is painted.
     const std::string& GetPackageName() const;
     void SetPackageName(const std::string& name);
 
+    /// The preset name is the ID of the preset that is being dragged.
     const std::string& GetPresetName() const;
     void SetPresetName(const std::string& name);
 
-    /// True: the painting keeps the source's alpha. Starts false.
+    /// True asks the painting to keep the source's alpha. It starts as false; the library sets it.
     bool IsNeedRestoreAlpha() const;
     void SetIsNeedRestoreAlpha(bool restore);
 
@@ -43,22 +48,24 @@ private:
     bool m_isNeedRestoreAlpha = false;
 };
 
-/// A painting whose updates change the blend with the source.
+/// The updates of such a painting change the blend with the source.
 class ZORVIKPLATFORM_EXPORT SettingsPainterEffectsPackageBlendSource
     : public RefCounted<SettingsPainterEffectsPackage>
 {
 public:
+    /// Makes a new package of kind BlendSource, for the drag of a blending intensity.
     static boost::intrusive_ptr<SettingsPainterEffectsPackage> Create();
 
 private:
     SettingsPainterEffectsPackageBlendSource();
 };
 
-/// A painting whose updates change effects of the package.
+/// The updates of such a painting change effects of the package.
 class ZORVIKPLATFORM_EXPORT SettingsPainterEffectsPackageOneInput
     : public RefCounted<SettingsPainterEffectsPackage>
 {
 public:
+    /// Makes a new package of kind OneInput, for the drag of an intensity that drives effects.
     static boost::intrusive_ptr<SettingsPainterEffectsPackage> Create();
 
 private:
