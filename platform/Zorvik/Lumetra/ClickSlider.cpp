@@ -25,7 +25,7 @@ void ClickSlider::setGestureEndDelay(int milliseconds)
     m_gestureEndDelay = qMax(0, milliseconds);
 }
 
-/// `control` is a QStyle::SubControl of the slider.
+/// Returns the rectangle of `control`, a QStyle::SubControl of the slider.
 QRect ClickSlider::ControlRect(int control) const
 {
     QStyleOptionSlider option;
@@ -34,7 +34,7 @@ QRect ClickSlider::ControlRect(int control) const
                                    static_cast<QStyle::SubControl>(control), this);
 }
 
-/// The value with which the handle's centre comes nearest to `position`.
+/// Returns the value with which the handle's centre comes nearest to `position`.
 int ClickSlider::ValueAt(const QPoint& position) const
 {
     QStyleOptionSlider option;
@@ -85,7 +85,8 @@ void ClickSlider::keyPressEvent(QKeyEvent* event)
     ExtendGesture(before);
 }
 
-// Not in the handlers of these events, which derived classes may keep from reaching this one.
+// Gestures end here and not in the handlers of the single events, because a derived class may
+// override such a handler without passing the event on.
 bool ClickSlider::event(QEvent* event)
 {
     switch (event->type()) {
@@ -117,7 +118,7 @@ void ClickSlider::timerEvent(QTimerEvent* event)
         QSlider::timerEvent(event);
 }
 
-/// A step during a drag belongs to the drag.
+/// Does nothing during a drag, since a step then belongs to the drag.
 void ClickSlider::ExtendGesture(int valueBefore)
 {
     if (isSliderDown())
@@ -134,7 +135,8 @@ void ClickSlider::EndGesture()
     emit wheelFinished();
 }
 
-/// As if the button were released: without one, QSlider would keep the handle pressed.
+/// Ends a drag as if the button were released. Without a release QSlider would keep the handle
+/// pressed.
 void ClickSlider::EndDrag()
 {
     if (!isSliderDown())
@@ -142,7 +144,7 @@ void ClickSlider::EndDrag()
     QMouseEvent release(QEvent::MouseButtonRelease, ControlRect(QStyle::SC_SliderHandle).center(),
                         Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
     QSlider::mouseReleaseEvent(&release);
-    setSliderDown(false); // one that was put down by the program
+    setSliderDown(false); // A handle that the program put down ignores the release above.
 }
 
 } // namespace Zorvik::Lumetra

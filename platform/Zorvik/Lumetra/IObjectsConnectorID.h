@@ -7,10 +7,10 @@
 
 namespace Zorvik::Lumetra::LumetraInt {
 
-/// Channels of the message bus that the host speaks on.
+/// Names the channels of the message bus that the host speaks on.
 struct ZORVIKPLATFORM_EXPORT IObjectsConnectorID
 {
-    /// One bool: the core drawer is locked.
+    /// A message has one bool, true while the core drawer is locked: presets then apply nothing.
     inline static const QString CORE_DRAWER_LOCK = QStringLiteral("CORE_DRAWER_LOCK");
 };
 
