@@ -12,19 +12,23 @@ namespace Zorvik::Util {
 
 class AlertBox;
 
-/// Shows alerts: a window in an editor, a script in a test.
+/// Shows alerts: as a window in an editor, or by a script in a test. The host implements it and
+/// hands it to AlertBox::SetBackend().
 class ZORVIKPLATFORM_EXPORT IAlertBackend
 {
 public:
+    /// Shows `box` modally and returns the button that the user pressed, NoButton for none. It must
+    /// throw nothing, since Qt events call it.
     virtual QMessageBox::StandardButton Exec(AlertBox& box) = 0;
 
     virtual ~IAlertBackend();
 };
 
-/// A modal alert. What it looks like is the backend's affair.
+/// An alert box is modal. Its look is left to the backend.
 class ZORVIKPLATFORM_EXPORT AlertBox
 {
 public:
+    /// The level says how grave the matter is; backends show it as an icon.
     enum class Level
     {
         Information = 0,
@@ -32,6 +36,8 @@ public:
         Critical = 2
     };
 
+    /// Keeps its arguments for the backend and shows nothing yet. `titleText` may be empty;
+    /// `parentWidget` may be null, is not owned, and must live while Exec() runs.
     AlertBox(Level levelValue, const QString& titleText, const QString& bodyText,
              QMessageBox::StandardButtons buttonSet, QWidget* parentWidget,
              Qt::WindowFlags windowFlags);
@@ -40,7 +46,7 @@ public:
     /// and the answer is QMessageBox::NoButton.
     QMessageBox::StandardButton Exec();
 
-    /// Sets the backend of the whole process (null: none) and returns the earlier one.
+    /// Sets the backend of the whole process and returns the earlier one; null stands for none.
     static std::shared_ptr<IAlertBackend> SetBackend(std::shared_ptr<IAlertBackend> backend);
 
     const Level level;

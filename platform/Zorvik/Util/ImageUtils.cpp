@@ -17,7 +17,7 @@ QImage ImageUtils::FrameToImage(const Proc::Frame& frame, const IImageConverter&
     // The image keeps the buffer alive through a reference of its own, dropped with its last copy.
     using Pixels = decltype(display.pixels);
     auto* owner = new Pixels(display.pixels);
-    // The const overload: painting on the image detaches it instead of writing into the frame.
+    // Bytes that are const make painting on the image detach it instead of writing into the frame.
     const uchar* bytes = owner->get();
     return QImage(
         bytes, display.width, display.height, static_cast<int>(display.stride),

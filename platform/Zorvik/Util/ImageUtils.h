@@ -11,21 +11,24 @@ struct Frame;
 
 namespace Zorvik::Util {
 
-/// Converts rendered frames to what the display shows.
+/// Converts rendered frames for the display. The host implements it.
 class ZORVIKPLATFORM_EXPORT IImageConverter
 {
 public:
-    /// `frame` as Rgba8Premultiplied in display colours. A null frame stays null.
+    /// Returns `frame` as Rgba8Premultiplied in the display's colours and of the same size. The
+    /// result may share the pixels of `frame`, which are not written. A null frame stays null.
     virtual Proc::Frame ToDisplay(const Proc::Frame& frame) const = 0;
 
     virtual ~IImageConverter();
 };
 
+/// Makes Qt images of frames.
 class ZORVIKPLATFORM_EXPORT ImageUtils
 {
 public:
-    /// The converted frame as a QImage of Format_RGBA8888_Premultiplied that shares its buffer;
-    /// a null image for a null frame.
+    /// Returns the frame, converted by `converter`, as a QImage of Format_RGBA8888_Premultiplied.
+    /// The image shares the converted frame's buffer and keeps it alive; painting on the image
+    /// copies it first. A null frame gives a null image.
     static QImage FrameToImage(const Proc::Frame& frame, const IImageConverter& converter);
 };
 

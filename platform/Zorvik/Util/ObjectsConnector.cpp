@@ -28,7 +28,7 @@ constexpr int SweepBegin = 64;
 struct Channel
 {
     QVector<Registration> registrations;
-    int sweepAt = SweepBegin; // registrations at which the dead are looked for next
+    int sweepAt = SweepBegin; // At this many registrations the dead are looked for again.
     QVariantList lastMessage;
     bool hasLastMessage = false;
 };
@@ -46,7 +46,7 @@ QMetaMethod FindSlot(const QObject& receiver, const QString& slot)
     return receiver.metaObject()->method(receiver.metaObject()->indexOfMethod(signature));
 }
 
-/// Converts `arguments` to what `method` takes; false when one does not convert.
+/// Converts `arguments` to the types that `method` takes. False when one does not convert.
 bool ConvertArguments(const QMetaMethod& method, QVariantList& arguments)
 {
     for (int i = 0; i < method.parameterCount(); ++i) {
@@ -112,7 +112,7 @@ void ObjectsConnector::sendMessage(const QString& channel, const QVariantList& a
     DropDead(entry);
     entry.lastMessage = arguments;
     entry.hasLastMessage = true;
-    // A copy: slots may register receivers and open channels while we deliver.
+    // The loop runs over a copy, because slots may register receivers and open channels meanwhile.
     const QVector<Registration> registrations = entry.registrations;
     std::exception_ptr failure;
     for (const Registration& registration : registrations) {

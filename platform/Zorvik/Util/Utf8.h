@@ -9,7 +9,8 @@
 
 namespace Zorvik::Util {
 
-/// All bytes of `text`, NUL included. Invalid UTF-8 is converted as QString::fromUtf8() does it.
+/// Converts all bytes of `text`, NUL included. Invalid UTF-8 becomes what QString::fromUtf8() makes
+/// of it; nothing is thrown.
 ZORVIKPLATFORM_EXPORT QString Utf8ToQString(const std::string& text);
 
 } // namespace Zorvik::Util
