@@ -5,10 +5,13 @@
 
 namespace Zorvik::Lumetra::LumetraPresets {
 
-/// The intensity of a preset that has none: all values are 0, nothing is stored.
+/// Stands for the intensity of a preset that has none: all values are 0, nothing is changed or
+/// stored, and no operation throws.
 class IntensitySettingEmpty : public virtual IIntensitySetting
 {
 public:
+    /// These are the operations of IIntensitySetting, of type None. SetValue(), LoadValue() and
+    /// SaveValue() do nothing.
     std::unique_ptr<IIntensitySetting> Clone() const override;
     IntensitySettingType GetType() const override;
     int Min() const override;
@@ -18,6 +21,8 @@ public:
     void LoadValue(const Quindle::EffectsSettings& package) override;
     void SaveValue(Quindle::EffectsSettings& package) const override;
 
+    /// These are the operations of ISerializable. The class id is "intensityNone"; the other two do
+    /// nothing and accept null.
     const std::string& GetClassId() const override;
     void Serialize(const Brassel::SerializerPtr& node) const override;
     void Deserialize(const Brassel::ConstSerializerPtr& node) override;

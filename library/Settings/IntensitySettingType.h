@@ -5,12 +5,12 @@
 
 namespace Zorvik::Lumetra::LumetraPresets {
 
-/// How a preset's intensity acts. The numbers are stored under "type".
+/// Tells how a preset's intensity acts. The numbers are stored under "type".
 enum class IntensitySettingType : int
 {
-    None = 0,     ///< the preset has no intensity
-    Blending = 1, ///< the result is blended with the source
-    Slider = 2    ///< effect parameters follow the slider
+    None = 0,     ///< The preset has no intensity.
+    Blending = 1, ///< The preset's result is blended with the source.
+    Slider = 2    ///< Effect parameters follow the slider.
 };
 
 } // namespace Zorvik::Lumetra::LumetraPresets

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The interfaces' special members: one place that emits their virtual tables and type information.
+// The interfaces' special members stand here, in the one place that emits their virtual tables and
+// type information.
 #include "Settings/IIntensitySetting.h"
 #include "Settings/IIntensitySettingsFactory.h"
 

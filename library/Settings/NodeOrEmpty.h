@@ -6,7 +6,8 @@
 
 namespace Zorvik::Lumetra::LumetraPresets {
 
-/// `node`, or an empty one in its place when it is null, so that reading falls to the defaults.
+/// Returns `node`, or an empty one in its place when it is null, so that reading gives the
+/// defaults. The result is never null.
 inline Brassel::ConstSerializerPtr NodeOrEmpty(const Brassel::ConstSerializerPtr& node)
 {
     if (node)

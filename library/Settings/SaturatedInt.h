@@ -6,8 +6,8 @@
 
 namespace Zorvik::Lumetra::LumetraPresets {
 
-/// `number` truncated towards zero, held at the ends of int's range; NaN gives 0. A bare cast is
-/// undefined outside that range.
+/// Returns `number` truncated towards zero and held at the ends of int's range. NaN gives 0. A bare
+/// cast would be undefined outside that range.
 inline int SaturatedInt(double number)
 {
     if (std::isnan(number))

@@ -3,12 +3,12 @@
 
 namespace Zorvik::Lumetra::LumetraPresets {
 
-/// Keys of the intensity settings' stored forms.
+/// These are the keys of the intensity settings' stored forms.
 struct SettingKeys
 {
     static constexpr char Type[] = "type";
 
-    // Class identifiers, which name the node of each kind beside "type".
+    // The class identifiers name the node of each kind beside "type".
     static constexpr char IntensityNone[] = "intensityNone";
     static constexpr char BlendSetting[] = "blendSetting";
     static constexpr char SliderSetting[] = "sliderSetting";

@@ -24,7 +24,7 @@ namespace {
 {
     const std::string message = "Slider Setting(effectID: " + variable.effectID +
                                 ", parameter: " + variable.setting + ending;
-    // Not BOOST_THROW_EXCEPTION: that would record this machine's path of the source.
+    // BOOST_THROW_EXCEPTION would record this machine's path of the source.
     throw boost::enable_error_info(std::invalid_argument(message + "\n" + GetCallStack()))
         << boost::throw_function(function) << boost::throw_file("Settings/SliderSetting")
         << boost::throw_line(line);
@@ -64,7 +64,8 @@ std::set<std::string> SliderSetting::GetEffectIDs() const
     return ids;
 }
 
-/// Multiplied before divided: value 3 of 0..100 onto 0..0.1 is 0.0030000000000000005.
+/// The order of the steps decides the last digit, so the product comes before the quotient: value 3
+/// of 0..100 onto 0..0.1 is 0.0030000000000000005.
 double SliderSetting::ToParameter(const SliderVariable& variable) const
 {
     return (static_cast<double>(m_value) - m_min) * (variable.end - variable.begin) /

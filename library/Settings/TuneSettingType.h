@@ -5,11 +5,11 @@
 
 namespace Zorvik::Lumetra::LumetraPresets {
 
-/// What the model's TuneRole asks of a preset.
+/// A value of the model's TuneRole asks this of a preset.
 enum class TuneSettingType : int
 {
-    ChangeEnd = 0, ///< an interactive change of the intensity has ended
-    Apply = 1      ///< apply the preset
+    ChangeEnd = 0, ///< The preset ends an interactive change of its intensity.
+    Apply = 1      ///< The preset is applied.
 };
 
 } // namespace Zorvik::Lumetra::LumetraPresets
