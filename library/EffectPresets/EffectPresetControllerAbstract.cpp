@@ -93,7 +93,7 @@ void EffectPresetControllerAbstract::InitDefaultSettings(const std::vector<Slide
     ResetSettings();
 }
 
-/// A slider starts where the effects are; a blending setting imposes its start on the effects.
+/// A slider takes its start from the effects; a blending setting imposes its start on the effects.
 void EffectPresetControllerAbstract::InitIntensity(const Brassel::ConstSerializerPtr& node)
 {
     m_intensitySetting = IntensitySettingsFactory().Create(node);

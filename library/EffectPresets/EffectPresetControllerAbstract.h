@@ -12,23 +12,27 @@ class QSize;
 
 namespace Zorvik::Lumetra::LumetraPresets {
 
-/// All of a preset that does not touch the photo: its data, stored form and statistics.
+/// Implements whatever of a preset does not touch the photo: its data, stored form and statistics.
 /// ApplyInternal() and ResetInternal() are left to the derived class, GetPreviewImage() to the
-/// host's. Exceptions are those that IEffectPresetController names; nothing is caught here. The
-/// order of operations and fields is what plug-ins were built with: append only.
+/// host's. Exceptions are those that IEffectPresetController names; nothing is caught here.
+/// Plug-ins were built with the order of operations and fields, so new ones may only be appended.
 class LUMETRAPRESETSUTIL_EXPORT EffectPresetControllerAbstract
     : public virtual IEffectPresetController
 {
 public:
+    /// Starts without name, ID, effects and intensity; Deserialize() and the Init operations fill
+    /// it.
     EffectPresetControllerAbstract();
-    /// A new preset from an existing one: a fresh ID, the effects (cloned) and the *current*
-    /// slider values, which are also its defaults. Not applied, favourite or popular; without
-    /// group, image and workspace.
+    /// Makes a new preset from an existing one. It has the name, a fresh ID, clones of the effects
+    /// and of the intensity, and the *current* slider values, which are also its defaults. It is
+    /// not applied, favourite or popular, and has no group, image and workspace.
     EffectPresetControllerAbstract(const EffectPresetControllerAbstract& other);
     EffectPresetControllerAbstract& operator=(const EffectPresetControllerAbstract&) = delete;
     ~EffectPresetControllerAbstract() override;
 
-    /// Starts unapplied on the new workspace, with the default slider values.
+    /// These operations do what IEffectPresetController says. Some of it is decided here:
+    /// SetIntensity() ignores `live`, IntensityChangeEnd() and SetDownloadedResource() do nothing,
+    /// ApplySettingsOnProgress() is true and IsDownloadable() is false.
     void SetWorkspaceController(const std::weak_ptr<IWorkspaceController>& controller) override;
     void InitDefaultSettings(const std::vector<SliderSetting>& sliders) override;
     void InitIntensity(const Brassel::ConstSerializerPtr& node) override;
@@ -60,53 +64,74 @@ public:
     bool ResetSettingsValues() override;
     std::vector<SliderSetting> GetSettingsDefault() const override;
 
+    /// These are the counting operations of IRefCountable; Release() deletes the preset at 0.
     unsigned int AddRef() const override;
     unsigned int Release() const override;
     unsigned int GetRefCount() const override;
 
 protected:
+    /// Puts the preset's effects on the photo. SetApplied(true, true) calls it after setting the
+    /// flag; what it throws reaches that caller.
     virtual void ApplyInternal() = 0;
+    /// Takes the preset's effects off the photo. SetApplied(false, true) calls it for a preset that
+    /// was applied, after clearing the flag; what it throws reaches that caller.
     virtual void ResetInternal() = 0;
-    // An empty event name sends nothing.
+    /// These operations name the usage events of applying, saving, switching off and marking a
+    /// preset. A derived class overrides them; an empty name, as here, sends nothing.
     virtual std::string GetStatisticEventNameClick() const;
     virtual std::string GetStatisticEventNameApply() const;
     virtual std::string GetStatisticEventNameReset() const;
     virtual std::string GetStatisticEventNameFavoriteAdd() const;
     virtual std::string GetStatisticEventNameFavoriteRemove() const;
+    /// Returns the parameters of every event: here group and name, under the keys of
+    /// IStatisticsEventHandler.
     virtual std::map<std::string, std::string> GetStatisticParamList() const;
+    /// Sends an event to the workspace's statistics. Does nothing for an empty name or without a
+    /// workspace.
     virtual void TrackEvent(const std::string& eventName) const;
 
+    /// Writes name, ID, the popular mark and the effects with the default slider values in them,
+    /// which stay in the effects. The form has no image, preview policies and preview effects.
     void Serialize(const Brassel::SerializerPtr& node) const override;
+    /// Reads a preset of the catalogue or of the user's data; null counts as an empty node. A
+    /// missing ID is the name, missing settings are looked for in the node itself, and without
+    /// preview settings the preview shares the preset's effects. A value of the wrong kind is the
+    /// serializer's Exception, and the preset is then half read.
     void Deserialize(const Brassel::ConstSerializerPtr& node) override;
 
+    /// Returns the effects with the sliders' default or current values written into them, like
+    /// GetEffectInfo(), but as objects that the caller may change. They are the preset's own.
     Quindle::EffectList GetEffectInfoInternal(bool useDefaults) const;
+    /// Puts the sliders, but not the intensity, back to their defaults. Draws nothing.
     void ResetSettings();
-    /// The preview effects on the workspace's photo, `size` in pixels; null without a workspace.
+    /// Renders the preview effects on the workspace's photo, at most `size` pixels large, with the
+    /// preset's own policies; `flags` are those of IQuindleDrawer::RenderPreview(). The image is
+    /// null without a workspace or a photo. What the drawer and the converter throw passes.
     QImage GetImagePreviewInternal(const QSize& size, unsigned int flags) const;
 
-    /// The intensity setting, or one without effect before InitIntensity().
+    /// Returns the intensity setting, or one without effect before InitIntensity().
     IIntensitySetting& Intensity() const;
 
     RefCountImpl m_refCount;
     bool m_applied = false;
-    bool m_committed = false; ///< the applied look was kept: switching it off is no reset
+    bool m_committed = false; ///< SaveChanges() kept the look, so switching it off is no reset.
     bool m_favourite = false;
     bool m_popular = false;
-    bool m_groupEditable = false;
-    Quindle::EffectsSettings m_effectSettings;
-    Quindle::EffectsSettings m_previewEffectSettings;
+    bool m_groupEditable = false; ///< SetGroupInfo() sets it, for derived classes alone.
+    Quindle::EffectsSettings m_effectSettings;        ///< These effects are drawn and stored.
+    Quindle::EffectsSettings m_previewEffectSettings; ///< The thumbnail shows these effects.
     std::string m_name;
-    std::string m_image;
+    std::string m_image; ///< Deserialize() sets it, for derived classes alone.
     std::string m_group;
     std::string m_id;
-    int m_previewCropPolicy = 1;
+    int m_previewCropPolicy = 1; ///< The policies are those of IQuindleDrawer::RenderPreview().
     int m_previewFitPolicy = 0;
-    Proc::Color m_color;
-    bool m_colorFlag = false;
-    std::unique_ptr<IIntensitySetting> m_intensitySetting;
+    Proc::Color m_color;      ///< Deserialize() sets it, for derived classes alone.
+    bool m_colorFlag = false; ///< Nothing here sets or reads it.
+    std::unique_ptr<IIntensitySetting> m_intensitySetting; ///< It is null before InitIntensity().
     std::vector<SliderSetting> m_settings;
-    std::vector<SliderSetting> m_defaultSettings;
-    unsigned int m_resetIndex = 0xFFFFFFFF;
+    std::vector<SliderSetting> m_defaultSettings; ///< These are m_settings at their start values.
+    unsigned int m_resetIndex = 0xFFFFFFFF;       ///< The package to take next; all bits: none.
 };
 
 } // namespace Zorvik::Lumetra::LumetraPresets

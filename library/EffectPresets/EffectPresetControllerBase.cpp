@@ -52,7 +52,7 @@ EffectPresetControllerBase::EffectPresetControllerBase(const EffectPresetControl
     ListenToDrawerLock(this);
 }
 
-// The bus drops dead receivers itself.
+// The destructor unregisters nothing, because the bus drops dead receivers itself.
 EffectPresetControllerBase::~EffectPresetControllerBase() = default;
 
 void EffectPresetControllerBase::OnCoreDrawerLock(bool locked)
@@ -129,10 +129,11 @@ void EffectPresetControllerBase::SetIntensity(int value, bool live)
         DrawLive(update);
 }
 
-/// What the painter is sent for the current intensity; false when there is nothing to draw.
+/// Fills `update` with what the painter needs for the current intensity. False when there is
+/// nothing to draw.
 bool EffectPresetControllerBase::FillLiveUpdate(EffectsSettings& update) const
 {
-    // dynamic_cast: the settings derive virtually from their interface.
+    // The casts are dynamic, because the settings derive virtually from their interface.
     if (const auto* blending = dynamic_cast<const BlendingSetting*>(&Intensity())) {
         update.SetBlendAmount(blending->ValueToCore());
         return true;

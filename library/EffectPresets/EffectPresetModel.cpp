@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The model's roles: reading, changing and removing presets.
+// This part of the model answers the roles and changes and removes presets.
 #include "EffectPresets/EffectPresetModel.h"
 
 #include "EffectPresets/IEffectPresetControllerFactory.h"
@@ -9,7 +9,7 @@
 
 namespace Zorvik::Lumetra {
 
-// Exported by its declaration in the header.
+// Its declaration in the header exports this instantiation.
 template class GroupedSequentalModel<LumetraPresets::PresetGroupInfo,
                                      boost::intrusive_ptr<LumetraPresets::IEffectPresetController>>;
 
@@ -38,7 +38,7 @@ QVariant EffectPresetModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid())
         return QVariant();
-    // Each look for a parent walks all presets, so look once per level.
+    // Each search for a parent walks all presets, so there is one per level.
     const QModelIndex group = index.parent();
     const int groupRow = group.isValid() ? group.row() : index.row();
     if (groupRow < 0 || groupRow >= static_cast<int>(m_groups.size()))

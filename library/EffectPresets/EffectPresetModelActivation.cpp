@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// One applied preset at a time, pending changes, and the workspace.
+// This part of the model keeps one preset applied at a time, and does pending changes and the
+// workspace.
 #include "EffectPresets/EffectPresetModel.h"
 #include "Zorvik/Lumetra/IWorkspaceController.h"
 #include "Zorvik/Quindle/EffectsSettings.h"
@@ -20,7 +21,8 @@ void EffectPresetModel::DeactivatePresets(const ControllerPtr& keep)
     });
 }
 
-/// The last applied preset wins; `groupIndex` is left alone when there is none.
+/// Returns the applied preset, the last one if there are several. Without one the result is null,
+/// and `groupIndex` is left alone.
 EffectPresetModel::ControllerPtr EffectPresetModel::GetActivePreset(std::size_t& groupIndex) const
 {
     ControllerPtr active;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the host's configuration parser fills the model.
+// This part of the model is filled by the host's configuration parser.
 #include "EffectPresets/EffectPresetModel.h"
 #include "EffectPresets/IEffectPresetControllerFactory.h"
 #include "EffectPresets/PersistentPlace.h"
@@ -15,7 +15,8 @@ using Brassel::ConstSerializerPtr;
 using Brassel::Settings::ConfigData;
 using Brassel::Settings::EffectInfo;
 
-constexpr char UserGroupName[] = "User presets"; // favourites are stored under it: untranslated
+// Favourites are stored under this name, so it is never translated.
+constexpr char UserGroupName[] = "User presets";
 
 PresetGroupInfo ReadGroupInfo(const std::string& name, const Brassel::ISerializer& settings)
 {
@@ -62,8 +63,8 @@ void EffectPresetModel::ParseGroup(const std::string& groupName, const ConstColl
     RepointPersistentIndexes(places);
 }
 
-/// The order matters: the sliders take their values from the effects before a blending intensity
-/// writes into them.
+/// The order of the steps matters: the sliders take their values from the effects before a blending
+/// intensity writes into them.
 EffectPresetModel::ControllerPtr
 EffectPresetModel::CreateController(const ConstSerializerPtr& item, const PresetGroupInfo& group,
                                     const std::string& groupKind,
@@ -122,8 +123,8 @@ std::vector<EffectPresetModel::PersistentPlace> EffectPresetModel::CollectPersis
     return places;
 }
 
-/// Indexes point into the sequences, which a growing one leaves behind. No signal tells of it: the
-/// rows are the same.
+/// Indexes point into the lists, whose elements move in memory when a list grows. No signal is sent
+/// for it, because the rows are the same.
 void EffectPresetModel::RepointPersistentIndexes(const std::vector<PersistentPlace>& places)
 {
     for (const PersistentPlace& place : places) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The stored form of user presets and favourites.
+// This part of the model writes the stored form of user presets and favourites.
 #include "EffectPresets/EffectPresetModel.h"
 #include "EffectPresets/PresetKeys.h"
 #include "Zorvik/Brassel/ISerializer.h"
@@ -17,7 +17,7 @@ namespace {
 using Brassel::Settings::ConfigData;
 using Brassel::Settings::EffectInfo;
 
-constexpr int CustomGroupErrorLine = 462; // error reports are told apart by it: keep it
+constexpr int CustomGroupErrorLine = 462; // Error reports are told apart by it, so it must stay.
 
 } // namespace
 

@@ -8,8 +8,9 @@
 
 namespace Zorvik::Lumetra {
 
-/// A two-level item model: an ordered list of groups, each with an ordered list of items, in one
-/// column. The derived model supplies data() and fills the groups.
+/// A two-level item model has an ordered list of groups, each with an ordered list of items, in one
+/// column. The derived model supplies data() and fills the groups. No operation throws; whatever is
+/// out of range gives an invalid index or no rows.
 ///
 /// An index points at its group record or item slot inside these lists, so it means nothing once a
 /// list has grown or shrunk: keep a QPersistentModelIndex, or the item. Columns are not checked,
@@ -18,41 +19,47 @@ template <class Info, class Item>
 class GroupedSequentalModel : public QAbstractItemModel
 {
 public:
-    /// A group: its items and what is known of it.
+    /// Holds one group's items and the payload that the derived model knows the group by.
     struct GroupInfo
     {
         std::vector<Item> items;
         Info info;
     };
-    // Else the item lists, and with them all item slots, would be copied when the list of groups
-    // grows.
+    // A record that may throw while it is moved would be copied, with all its item slots, when the
+    // list of groups grows.
     static_assert(std::is_nothrow_move_constructible_v<GroupInfo>);
 
+    /// Makes a model without groups.
     explicit GroupedSequentalModel(QObject* parent = nullptr);
     ~GroupedSequentalModel() override;
 
     using QObject::parent;
 
-    /// Constant time.
+    /// Returns the index of a group, or of an item below a group's index in column 0, in constant
+    /// time. An item's index as parent is taken for that of the group in the same row.
     QModelIndex index(int row, int column,
                       const QModelIndex& parent = QModelIndex()) const override;
-    /// Linear in the number of items.
+    /// Returns the item's group in column 0, and an invalid index for a group or an index that
+    /// points at nothing in the lists. The search is linear in the number of items.
     QModelIndex parent(const QModelIndex& child) const override;
+    /// Returns the number of groups, the number of a group's items, or 0 below an item.
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
-    /// Always 1.
+    /// Returns 1 for every parent, items included.
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
 
 protected:
+    /// True for a valid index without a parent.
     bool IsGroupElement(const QModelIndex& index) const;
+    /// True for a valid index directly below a group.
     bool IsSingleElement(const QModelIndex& index) const;
-    /// The first slot that holds this very item; invalid for a null item and for one that no group
-    /// holds. Linear in the number of items.
+    /// Returns the first slot that holds this very item, and an invalid index for a null item or
+    /// one that no group holds. The search is linear in the number of items.
     QPersistentModelIndex indexForItem(const Item& item) const;
 
     std::vector<GroupInfo> m_groups;
 
 private:
-    /// Negative rows are out of range too.
+    /// True for a row from 0 to `count` - 1; negative rows are out of range too.
     static bool IsInRange(int row, std::size_t count)
     {
         return static_cast<quint64>(static_cast<qint64>(row)) < count;

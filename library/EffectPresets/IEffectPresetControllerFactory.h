@@ -11,16 +11,21 @@ namespace Zorvik::Lumetra::LumetraPresets {
 
 class IEffectPresetController;
 
-/// Makes preset controllers; implemented by the host, shared with the model. Never returns null.
+/// Makes preset controllers. The host implements it and shares it with the model. What it throws
+/// passes to the model's callers.
 class LUMETRAPRESETSUTIL_EXPORT IEffectPresetControllerFactory
 {
 public:
     virtual ~IEffectPresetControllerFactory();
 
-    /// `kind` is the catalogue's controller kind; "" asks for the host's default kind.
+    /// Makes an empty preset, which the model then fills; never null. `kind` is the catalogue's
+    /// controller kind; "" asks for the host's default kind. A kind that the host does not know is
+    /// an exception of its own choice.
     virtual boost::intrusive_ptr<IEffectPresetController>
     CreateController(const std::string& kind) = 0;
-    /// A new preset, with an ID of its own, that starts from the settings of `source`.
+    /// Makes a new preset, with an ID of its own, that starts from the settings of `source`; never
+    /// null. The model calls it to save a preset under a new name, then names the copy, attaches it
+    /// to the workspace and puts it into the user's group.
     virtual boost::intrusive_ptr<IEffectPresetController>
     CopyController(const boost::intrusive_ptr<IEffectPresetController>& source) = 0;
 

@@ -5,12 +5,12 @@
 
 namespace Zorvik::Lumetra::LumetraPresets {
 
-/// Where a persistent index stands, told by rows, so that it can be found again after the
-/// sequences have moved in memory. Private to the model.
+/// Tells by rows where a persistent index stands, so that the place can be found again after the
+/// lists have moved in memory. It is private to the model.
 struct EffectPresetModel::PersistentPlace
 {
     QModelIndex index;
-    int groupRow = -1; ///< -1: the index is a group itself
+    int groupRow = -1; ///< The row of the preset's group; -1 when the index is a group itself.
 };
 
 } // namespace Zorvik::Lumetra::LumetraPresets

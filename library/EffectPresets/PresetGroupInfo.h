@@ -5,12 +5,12 @@
 
 namespace Zorvik::Lumetra::LumetraPresets {
 
-/// What the model knows of a group of presets. A plain value.
+/// Describes a group of presets. It is a plain value.
 struct PresetGroupInfo
 {
-    bool editable = false;  ///< the user may rename, change and remove its presets
-    std::string name;       ///< UTF-8; favourites are stored under it
-    std::string appStoreId; ///< empty: no store sells it
+    bool editable = false;  ///< True when the user may rename, change and remove its presets.
+    std::string name;       ///< The name in UTF-8, under which favourites are stored.
+    std::string appStoreId; ///< The store's id of the content; empty when no store sells it.
 };
 
 } // namespace Zorvik::Lumetra::LumetraPresets

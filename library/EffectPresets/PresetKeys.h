@@ -3,7 +3,7 @@
 
 namespace Zorvik::Lumetra::LumetraPresets {
 
-/// Keys of a preset's stored form and of the user's stored data.
+/// These are the keys of a preset's stored form and of the user's stored data.
 struct PresetKeys
 {
     static constexpr char ID[] = "id";
@@ -14,7 +14,7 @@ struct PresetKeys
 
     static constexpr char UserPresets[] = "UserPresets";
     static constexpr char Favourites[] = "Favourites";
-    static constexpr char Favourite[] = "Favourite"; ///< reserved; nothing reads or writes it
+    static constexpr char Favourite[] = "Favourite"; ///< Nothing reads or writes this reserved key.
 };
 
 } // namespace Zorvik::Lumetra::LumetraPresets
