@@ -36,7 +36,7 @@ CustomToolBox::CustomToolBox(QWidget* parent, Qt::WindowFlags flags) : QFrame(pa
 
 CustomToolBox::~CustomToolBox()
 {
-    if (!layout->parent()) // one that relayout() made
+    if (!layout->parent()) // A layout made by relayout() belongs to nobody else.
         delete layout;
 }
 
@@ -70,7 +70,7 @@ int CustomToolBox::insertItem(int index, QWidget* widget, const QIcon& icon, con
     }
     page.button->show();
 
-    const QPointer<CustomToolBox> self(this); // a receiver of the signals may delete the box
+    const QPointer<CustomToolBox> self(this); // A receiver of the signals may delete the box.
     if (count() == 1)
         setCurrentIndex(0, true);
     if (self) {
@@ -80,8 +80,8 @@ int CustomToolBox::insertItem(int index, QWidget* widget, const QIcon& icon, con
     return index;
 }
 
-// The widget's end is watched through a connection by name: those, unlike connections to a member,
-// are no longer delivered once this object is being destroyed, pages and all.
+// The widget's end is watched through a connection by name. Unlike a connection to a member, it
+// delivers nothing more once this object is being destroyed with its pages.
 CustomToolBox::Page CustomToolBox::MakePage(QWidget* widget, const QIcon& icon, const QString& text)
 {
     connect(widget, SIGNAL(destroyed(QObject*)), this, SLOT(_q_widgetDestroyed(QObject*)));
@@ -96,7 +96,7 @@ CustomToolBox::Page CustomToolBox::MakePage(QWidget* widget, const QIcon& icon, 
     page.button->setText(text);
     page.button->setIcon(icon);
     page.titleLayout->addWidget(page.button);
-    widget->setParent(this); // a layout without a parent would leave it a window
+    widget->setParent(this); // A layout without a parent would leave the widget a window.
     widget->hide();
     return page;
 }
@@ -115,12 +115,12 @@ void CustomToolBox::AddToLayout(const Page& page)
     layout->addWidget(page.widget);
 }
 
-// The new layout is refused by the box, which has its outer one, and so lays nothing out. Panels
+// The box has its outer layout, so it refuses the new one, which then lays nothing out. Panels
 // depend on nothing more here than that the pages survive.
 void CustomToolBox::relayout()
 {
     for (const Page& page : qAsConst(pageList))
-        layout->removeItem(page.titleLayout); // else deleted with the layout
+        layout->removeItem(page.titleLayout); // A row left inside would be deleted with the layout.
     delete layout;
     layout = WithoutMargins(new QVBoxLayout(this), 0);
     for (const Page& page : qAsConst(pageList))
@@ -141,7 +141,8 @@ void CustomToolBox::removeItem(int index)
         itemRemoved(index);
 }
 
-// May run while `object` is being destroyed: it is compared, and otherwise only used as a QObject.
+// This may run while `object` is being destroyed, so `object` is compared and otherwise only used
+// as a QObject.
 void CustomToolBox::_q_widgetDestroyed(QObject* object)
 {
     ForgetTitleWidget(object);
@@ -168,7 +169,8 @@ void CustomToolBox::DropPages(const QObject* pageWidget)
     }
 }
 
-/// Title widgets stay the caller's, so they are hidden: the page's own and earlier ones of its row.
+/// Deletes the page's row and button. Title widgets stay the caller's, so the page's own and
+/// earlier ones of its row are only hidden.
 void CustomToolBox::DeleteHeader(const Page& page)
 {
     layout->removeWidget(page.widget);
@@ -238,7 +240,7 @@ void CustomToolBox::setItemEnabled(int index, bool enabled)
         setCurrentIndex(EnabledNeighbour(index), true);
 }
 
-/// Searched outwards; `index` itself where all others are disabled.
+/// Searches outwards for an enabled page. The result is `index` when all others are disabled.
 int CustomToolBox::EnabledNeighbour(int index) const
 {
     for (int step = 1; HasPage(index + step) || HasPage(index - step); ++step) {
@@ -354,7 +356,7 @@ void CustomToolBox::setCurrentIndex(int index, bool forceSelect)
     page.widget->setVisible(isOpen);
     updateTabs();
 
-    // From here on receivers may remove the page, or delete the box.
+    // The receivers of these signals may remove the page, or delete the box.
     const QPointer<CustomToolBox> self(this);
     emit currentChanged(index);
     if (self)

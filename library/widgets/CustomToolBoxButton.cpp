@@ -75,8 +75,8 @@ void CustomToolBoxButton::initStyleOption(QStyleOptionToolBox* option) const
     option->selectedPosition = PositionBeside(toolBox->currentIndex(), index);
 }
 
-// Either call may end with this button deleted: a receiver of the tool box's signals may remove
-// the page. Nothing may follow them.
+// Either call may end with this button deleted, because a receiver of the tool box's signals may
+// remove the page. Nothing may follow them.
 void CustomToolBoxButton::mouseReleaseEvent(QMouseEvent* event)
 {
     if (collapsable || !isChecked())

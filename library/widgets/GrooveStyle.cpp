@@ -10,8 +10,8 @@
 namespace Zorvik::Lumetra::LumetraPresets {
 namespace {
 
-// %1 object name, %2 background, %3 fill, %4 and %5 stops, %6 state. A comma is missing after the
-// third stop; style sheets accept that, and hosts compare the text.
+// The rules take %1 object name, %2 background, %3 fill, %4 and %5 stops, %6 state. A comma is
+// missing after the third stop; style sheets accept that, and hosts compare the text.
 constexpr char PositiveRule[] =
     "#%1::groove:horizontal:%6{ background:qlineargradient(x1:0, y1:0, x2:1, y2:0, stop:0 %2, "
     "stop:0.5 %2, stop:0.50001 %3 stop:%4 %3, stop:%5 %2, stop:1 %2); }";
@@ -22,7 +22,7 @@ constexpr char ZeroRule[] = "#%1::groove:horizontal:%6{ background: %2; }";
 
 const QLatin1Char Fill(' ');
 
-/// What all rules of one slider share: the template and its stops.
+/// Holds the template and its stops, which all rules of one slider share.
 struct GrooveShape
 {
     const char* rule = ZeroRule;
@@ -31,7 +31,7 @@ struct GrooveShape
     double secondStop = 0.0;
 };
 
-// The constants are slightly apart so that each change of colour is a hard edge.
+// The constants lie slightly apart, so that each change of colour is a hard edge.
 GrooveShape ShapeFor(int value, int maximum)
 {
     const double share = value / (2.0 * maximum);
@@ -42,7 +42,7 @@ GrooveShape ShapeFor(int value, int maximum)
     return {};
 }
 
-// One arg() after the other: each fills the lowest placeholder left.
+// Each arg() fills the lowest placeholder left, so they come one after the other.
 QString Rule(const GrooveShape& shape, const QString& name, const QString& background,
              const QString& fill, const QString& state)
 {

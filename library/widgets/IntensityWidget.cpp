@@ -14,7 +14,7 @@
 namespace Zorvik::Lumetra::LumetraPresets {
 namespace {
 
-/// Warns once in a process: every step of a drag would fail for the same reason.
+/// Warns once in a process, because every step of a drag would fail for the same reason.
 void WarnOnce(const char* reason)
 {
     static bool hasWarned = false;
@@ -70,7 +70,7 @@ void IntensityWidget::Write(const QVariant& written, int role)
     UpdateInfo();
 }
 
-/// Range before value: the value must not be clamped to the range of the row before.
+/// The range comes before the value, which must not be clamped to the range of the row before.
 void IntensityWidget::UpdateInfo()
 {
     const bool wereBlocked = blockSignals(true);
@@ -94,7 +94,7 @@ void IntensityWidget::ShowIntensityToolTip() const
 
 void IntensityWidget::changeEvent(QEvent* event)
 {
-    // Not the slider's, which would react to more than is wanted.
+    // QSlider's own handler would react to more than is wanted.
     QWidget::changeEvent(event); // NOLINT(bugprone-parent-virtual-call)
     if (event->type() == QEvent::LanguageChange) {
         UpdateInfo();

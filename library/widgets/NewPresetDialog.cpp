@@ -57,7 +57,7 @@ void NewPresetDialog::accept()
 
 void NewPresetDialog::AlertNameTaken(const QString& takenName)
 {
-    // The context of the form's texts, which tr() would not give.
+    // The text has the context of the form's texts, which tr() would not give.
     const QString text = QCoreApplication::translate(
                              "NewPresetDialog", "Name \"%1\" already exists, choose another one.")
                              .arg(takenName, 0, QLatin1Char(' '));
