@@ -16,36 +16,46 @@ class IWorkspaceController;
 
 namespace LumetraEditor {
 
-/// What the editor does for a panel. Outlives every panel; used on the GUI thread only.
+/// The editor serves its panels through this interface, which it implements and hands to
+/// IEditorPlugin::CreatePanel(). It outlives every panel and is used on the GUI thread only.
+/// Requests of a panel that has been put out of use are ignored.
 class IEditor
 {
 public:
-    /// The open photo's drawer and what belongs to it; the same object for all photos.
+    /// Returns the open photo's drawer and what belongs to it, never null. It is the same object
+    /// for all photos.
     virtual std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> GetWorkspace() = 0;
-    /// Empty when no photo is open.
+    /// Returns the path of the open photo, empty when none is open.
     virtual QString GetPhotoPath() const = 0;
 
-    /// Shows the settings on top of the photo without applying them; null: the photo as it is.
+    /// Shows the settings, which are copied, on top of the photo without applying them; null shows
+    /// the photo as it is. The next change of what the drawer shows ends it, too.
     virtual void ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings) = 0;
-    /// The settings on the committed photo, cut and scaled as IQuindleDrawer::RenderPreview does.
-    /// Returns what was rendered for the same key and arguments; otherwise a null frame, queues the
-    /// rendering on a worker, and calls the panel's PreviewReady() later. What was asked for last
-    /// is rendered first.
+    /// Returns a picture of the settings on the committed photo, cut and scaled as
+    /// IQuindleDrawer::RenderPreview() does, if it was rendered for the same key and arguments.
+    /// Otherwise returns a null frame, queues the rendering on a worker and calls PreviewReady()
+    /// later; the request made last is rendered first. All panels share the keys, so begin them
+    /// with a name of the panel's own. Without a photo the frame is null and nothing is queued. A
+    /// target below 1 x 1 pixels is the platform's Exception.
     virtual Zorvik::Proc::Frame RequestPreview(const QString& key,
                                                const Zorvik::Proc::FrameTarget& target,
                                                const Zorvik::Quindle::EffectsSettings& settings,
                                                int cropPolicy, int fitPolicy, unsigned flags) = 0;
-    /// Forgets the previews that are queued.
+    /// Forgets the previews that are queued, those of other panels included; PreviewReady() does
+    /// not come for them.
     virtual void CancelPreviews() = 0;
 
-    /// The user has finished one step of the edit (a drag ends as one): the editor reads the
-    /// panel's SaveEdit() and keeps the step for undo. `text` names it for the menu.
+    /// Tells that the user has finished one step of the edit; a drag is a step when it ends. The
+    /// editor reads the panel's SaveEdit() and keeps the step for undo. `text` names it for the
+    /// menu, in the user's language. Does nothing when the edit is what it was, while an edit is
+    /// being restored, and without a photo.
     virtual void NoteEdit(const QString& text) = 0;
-    /// For steps that are no part of the edit, such as a deleted preset. Takes ownership; redo()
-    /// is called at once. What redo() changes of the edit belongs to the same step: NoteEdit() does
-    /// nothing during it, and after undo() and a later redo() the editor restores the edit itself.
+    /// Keeps a step that is no part of the edit, such as a deleted preset, for undo. Takes
+    /// ownership of `command`, ignores null, and calls redo() at once. Changes that redo() makes to
+    /// the edit belong to the same step: NoteEdit() does nothing during it, and after undo() and a
+    /// later redo() the editor restores the edit itself.
     virtual void PushUndo(QUndoCommand* command) = 0;
-    /// Shows a message to the user without stopping him.
+    /// Shows a message to the user, in the user's language, without waiting for an answer.
     virtual void ShowMessage(const QString& text) = 0;
 
 protected:

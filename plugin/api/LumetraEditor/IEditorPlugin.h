@@ -13,45 +13,56 @@ namespace LumetraEditor {
 
 class IEditor;
 
-/// A panel beside the photo. Owned by the editor, which deletes it before its widget. An exception
-/// out of any operation, whatever its type is, puts the panel out of use until the next start.
+/// A panel stands beside the photo. A module implements it. The editor owns it, deletes it before
+/// its widget, and calls it on the GUI thread only. An exception out of any operation, whatever its
+/// type is, puts the panel out of use until the next start.
 class IEditorPanel
 {
 public:
     virtual ~IEditorPanel() = default;
 
-    /// Owned by the editor's window once it has been placed there.
+    /// Returns the panel's widget, always the same one. The editor's window owns it once it has
+    /// been placed there. Null, and a widget that is deleted by the panel, put the panel out of
+    /// use.
     virtual QWidget* GetWidget() = 0;
 
-    /// Another photo is open in the drawer, or none.
+    /// Tells that another photo is open in the drawer, or none. Nothing is applied then; an earlier
+    /// edit of the photo, if there is one, follows through RestoreEdit().
     virtual void PhotoChanged() = 0;
-    /// A preview that was asked for can be had now. An empty key: all of them have to be asked for
-    /// again, since the monitor's colours have changed.
+    /// Tells that a preview can be had now by the request that asked for it. Every panel hears of
+    /// every key, so pass over foreign ones. An empty key says that all previews have to be asked
+    /// for again, because the monitor's colours have changed.
     virtual void PreviewReady(const QString& key) = 0;
 
-    /// What the panel's part of the edit is now: enough for RestoreEdit() to bring it back, after a
-    /// restart too. Three members have a meaning to the editor and may be left out: "preset", the
-    /// preset name of the package that was drawn, and what an exported photo then tells of it:
-    /// "name" and "intensity", a whole number.
+    /// Returns the panel's part of the edit as it is now, with everything that RestoreEdit() needs
+    /// to bring it back, even after a restart. The editor calls it after every step and before it
+    /// leaves a photo. Three members have a meaning to the editor and may be left out: "preset" is
+    /// the preset name of the package that was drawn; "name", a text, and "intensity", a whole
+    /// number, are what an exported photo tells of it.
     virtual QJsonObject SaveEdit() const = 0;
-    /// Makes the edit what it was; the drawer has no open packages then. An empty object: nothing
-    /// is applied. Unknown and wrong members are left out and reported.
+    /// Makes the edit what it was when SaveEdit() returned `edit`; the drawer has no open packages
+    /// then. An empty object means that nothing is applied. Unknown and wrong members are left out
+    /// and reported by IEditor::ShowMessage().
     virtual void RestoreEdit(const QJsonObject& edit) = 0;
-    /// True when the user has changed something that he has neither committed nor saved.
+    /// True when the user has changed something and neither committed nor saved it. The editor asks
+    /// the user about such changes when its window is closed.
     virtual bool HasUnsavedChanges() const = 0;
 };
 
-/// The root object of a module in the editor's plug-in folder. The editor loads every module there
-/// whose interface version is its own.
+/// The root object of a module implements this interface. The editor loads every module in its
+/// plug-in folders whose interface version is its own.
 class IEditorPlugin
 {
 public:
     virtual ~IEditorPlugin() = default;
 
-    /// The panel's title, in the user's language.
+    /// Returns the panel's title in the user's language; it is asked for again when the language
+    /// changes. For an empty title the tab shows the module's id, its file name without "lib" and
+    /// extension.
     virtual QString GetTitle() const = 0;
-    /// `editor` outlives the panel. Exception when the panel cannot work at all; null counts as
-    /// one.
+    /// Makes the module's panel. The editor calls it once, when it starts; `editor` outlives the
+    /// panel. Throw an exception, whose text the user is shown, when the panel cannot work at all;
+    /// null counts as one.
     virtual std::unique_ptr<IEditorPanel> CreatePanel(IEditor& editor) = 0;
 };
 
