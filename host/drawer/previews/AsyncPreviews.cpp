@@ -37,7 +37,7 @@ Zorvik::Proc::Frame AsyncPreviews::Request(const QString& key,
     if (photo.IsNull())
         return {};
     // Here, where the caller hears of it.
-    PreviewGeometry::Make(photo.GetWidth(), photo.GetHeight(), target, policies.crop, policies.fit);
+    MakePreviewPart(photo.GetWidth(), photo.GetHeight(), target, policies.crop, policies.fit);
     const PreviewRequest request{
         target, std::make_shared<Zorvik::Quindle::EffectsSettings>(effects), policies};
     if (const auto* const entry = m_cache->Find(key, request)) {

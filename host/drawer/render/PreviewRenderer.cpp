@@ -4,20 +4,8 @@
 #include "image/FrameConversion.h"
 
 #include <algorithm>
-#include <tuple>
 
 namespace LumetraHost {
-namespace {
-
-bool AreSame(const PreviewGeometry& first, const PreviewGeometry& second)
-{
-    const auto tie = [](const PreviewGeometry& g) {
-        return std::tie(g.part.x, g.part.y, g.part.width, g.part.height, g.width, g.height);
-    };
-    return tie(first) == tie(second);
-}
-
-} // namespace
 
 PreviewRenderer::PreviewRenderer(const Renderer& renderer, int threads)
     : m_renderer(renderer), m_threads(threads)
@@ -31,43 +19,40 @@ Zorvik::Proc::Frame PreviewRenderer::Render(const PictureRecipe& recipe,
                                             const CancelToken* cancel)
 {
     if (!m_photo.SharesPixelsWith(recipe.photo))
-        m_scaled.clear();
+        m_parts.clear();
     m_photo = recipe.photo;
     if (m_photo.IsNull())
         return {};
     const int width = m_photo.GetWidth();
     const int height = m_photo.GetHeight();
-    const auto geometry = PreviewGeometry::Make(width, height, target, policies.crop, policies.fit);
-    const bool isDraft = (policies.flags & FlagDraft) != 0;
-    auto& layers = GetScaledPhoto(geometry, isDraft ? ResizeQuality::Fast : ResizeQuality::Screen);
+    auto part = MakePreviewPart(width, height, target, policies.crop, policies.fit);
+    if ((policies.flags & FlagDraft) != 0)
+        part.quality = ResizeQuality::Fast;
 
     RenderOptions options;
-    options.area = geometry.GetArea(width, height);
+    options.area = part.GetArea(width, height);
     options.cancel = cancel;
     options.threads = m_threads;
-    const Image committed = layers.Render(recipe.layers, recipe.layers.size(), cancel);
+    const Image committed = FindPart(part).Render(recipe, part, cancel);
     auto frame = ImageToFrame(m_renderer.Render(committed, effects, options));
     frame.pixelAspect = target.pixelAspect;
     return frame;
 }
 
-LayerRenderer& PreviewRenderer::GetScaledPhoto(const PreviewGeometry& geometry,
-                                               ResizeQuality quality)
+/// The renderer that keeps that part, else a new one.
+PartRenderer& PreviewRenderer::FindPart(const PhotoPart& part)
 {
-    const auto found = std::find_if(m_scaled.begin(), m_scaled.end(), [&](const ScaledPhoto& s) {
-        return AreSame(s.geometry, geometry) && s.quality == quality;
+    const auto found = std::find_if(m_parts.begin(), m_parts.end(), [&](const PartRenderer& kept) {
+        return kept.HasScaled(m_photo, part);
     });
-    if (found != m_scaled.end()) {
-        m_scaled.splice(m_scaled.begin(), m_scaled, found);
-        return m_scaled.front().layers;
+    if (found != m_parts.end()) {
+        m_parts.splice(m_parts.begin(), m_parts, found);
+        return m_parts.front();
     }
-    m_scaled.push_front({geometry, quality, LayerRenderer(m_renderer)});
-    m_scaled.front().layers.SetSource(
-        Resize(m_photo, geometry.part, geometry.width, geometry.height, quality),
-        geometry.GetArea(m_photo.GetWidth(), m_photo.GetHeight()));
-    if (m_scaled.size() > KeptScales)
-        m_scaled.pop_back();
-    return m_scaled.front().layers;
+    m_parts.emplace_front(m_renderer, LayerUse::Once);
+    if (m_parts.size() > KeptParts)
+        m_parts.pop_back();
+    return m_parts.front();
 }
 
 } // namespace LumetraHost

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "drawer/render/LayerRenderer.h"
-#include "drawer/render/PreviewGeometry.h"
+#include "drawer/render/PartRenderer.h"
+#include "drawer/render/PreviewPart.h"
 #include "drawer/stack/PictureRecipe.h"
 
 #include "engine/run/Renderer.h"
@@ -24,8 +24,8 @@ struct PreviewPolicies
     unsigned flags = 0;
 };
 
-/// Renders small pictures of one photo with various effects. Keeps the last few scaled photos, so
-/// that a grid of previews scales only once. One thread only.
+/// Renders small pictures of one photo with various effects. Keeps the last few scaled parts of the
+/// photo, so that a grid of previews scales only once. One thread only.
 class PreviewRenderer
 {
 public:
@@ -42,21 +42,14 @@ public:
 
 private:
     static constexpr unsigned FlagDraft = 1;
-    static constexpr std::size_t KeptScales = 4;
+    static constexpr std::size_t KeptParts = 4;
 
-    struct ScaledPhoto
-    {
-        PreviewGeometry geometry;
-        ResizeQuality quality;
-        LayerRenderer layers; ///< with the scaled photo as its source
-    };
-
-    LayerRenderer& GetScaledPhoto(const PreviewGeometry& geometry, ResizeQuality quality);
+    PartRenderer& FindPart(const PhotoPart& part);
 
     const Renderer& m_renderer;
     int m_threads;
     Image m_photo;
-    std::list<ScaledPhoto> m_scaled; ///< the one used last first
+    std::list<PartRenderer> m_parts; ///< the one used last first
 };
 
 } // namespace LumetraHost

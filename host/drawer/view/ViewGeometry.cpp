@@ -54,14 +54,12 @@ ViewGeometry ViewGeometry::GetEnlarged(int border, const QSize& photo) const
     return enlarged;
 }
 
-PictureArea ViewGeometry::GetArea(const QSize& photo) const
+PhotoPart ViewGeometry::GetPhotoPart() const
 {
-    PictureArea area = PictureArea::Whole(photo.width(), photo.height());
-    area.originX = part.x();
-    area.originY = part.y();
-    area.scaleX = double(part.width()) / size.width();
-    area.scaleY = double(part.height()) / size.height();
-    return area;
+    return {{part.x(), part.y(), part.width(), part.height()},
+            size.width(),
+            size.height(),
+            isDraft ? ResizeQuality::Fast : ResizeQuality::Screen};
 }
 
 } // namespace LumetraHost

@@ -3,7 +3,7 @@
 
 #include "drawer/view/ViewFrame.h"
 
-#include "image/PictureArea.h"
+#include "drawer/render/PhotoPart.h"
 
 #include <QRect>
 #include <QSize>
@@ -23,14 +23,8 @@ struct ViewGeometry
     ViewGeometry GetReduced(int halvings) const;
     /// With so many more rendered pixels on every side, where the photo has them.
     ViewGeometry GetEnlarged(int border, const QSize& photo) const;
-    PictureArea GetArea(const QSize& photo) const;
+    PhotoPart GetPhotoPart() const;
     double GetPixelCount() const { return double(size.width()) * size.height(); }
 };
-
-inline bool operator==(const ViewGeometry& first, const ViewGeometry& second)
-{
-    return first.part == second.part && first.size == second.size &&
-           first.isDraft == second.isDraft;
-}
 
 } // namespace LumetraHost

@@ -105,7 +105,8 @@ bool ViewWorker::RunPreview(const Queued& queued)
     if (m_options.onRendering)
         m_options.onRendering({job.serial, true, *queued.cancel});
     const ViewGeometry geometry = MakeGeometry(job, false);
-    const Image picture = m_full.RenderBaked(job.recipe, geometry, *queued.cancel);
+    const Image picture =
+        m_full.RenderBaked(job.recipe, geometry.GetPhotoPart(), queued.cancel.get());
     if (picture.IsNull() && !queued.cancel->IsCancelled())
         return RunStep(queued, true);
     return PostFrame(queued, picture, geometry, m_full, true);
@@ -116,7 +117,7 @@ bool ViewWorker::RunStep(const Queued& queued, bool isReduced)
     const ViewJob& job = queued.job;
     if (m_options.onRendering)
         m_options.onRendering({job.serial, isReduced, *queued.cancel});
-    ViewRenderer& renderer = isReduced ? m_reduced : m_full;
+    PartRenderer& renderer = isReduced ? m_reduced : m_full;
     const ViewGeometry geometry = MakeGeometry(job, isReduced);
     return PostFrame(queued, Render(queued, geometry, renderer), geometry, renderer, isReduced);
 }
@@ -145,12 +146,12 @@ Image ViewWorker::OriginalToDisplay(const ViewJob& job, const Image& original)
 }
 
 bool ViewWorker::PostFrame(const Queued& queued, const Image& picture, const ViewGeometry& geometry,
-                           ViewRenderer& renderer, bool isReduced)
+                           PartRenderer& renderer, bool isReduced)
 {
     const ViewJob& job = queued.job;
     ViewResult result;
     result.frame.picture = picture;
-    result.original = renderer.GetOriginal(job.recipe.photo, geometry);
+    result.original = renderer.GetOriginal(job.recipe.photo, geometry.GetPhotoPart());
     if (!queued.cancel->IsCancelled()) {
         result.frame.shown = ToDisplay(job, picture);
         result.shownOriginal = OriginalToDisplay(job, result.original);
@@ -162,16 +163,16 @@ bool ViewWorker::PostFrame(const Queued& queued, const Image& picture, const Vie
     return Post(queued, std::move(result));
 }
 
-Image ViewWorker::Render(const Queued& queued, const ViewGeometry& geometry, ViewRenderer& renderer)
+Image ViewWorker::Render(const Queued& queued, const ViewGeometry& geometry, PartRenderer& renderer)
 {
     const ViewJob& job = queued.job;
     const auto begin = Clock::now();
-    const bool wasScaled = renderer.HasScaled(job.recipe.photo, geometry);
-    const Image original = renderer.GetOriginal(job.recipe.photo, geometry);
+    const bool wasScaled = renderer.HasScaled(job.recipe.photo, geometry.GetPhotoPart());
+    const Image original = renderer.GetOriginal(job.recipe.photo, geometry.GetPhotoPart());
     const auto scaled = Clock::now();
     if (original.IsNull() || job.showsOriginal)
         return original;
-    const Image picture = renderer.Render(job.recipe, geometry, *queued.cancel);
+    const Image picture = renderer.Render(job.recipe, geometry.GetPhotoPart(), queued.cancel.get());
     if (&renderer == &m_full && !picture.IsNull()) {
         const double pixels = geometry.GetPixelCount();
         m_renderingTime = double((Clock::now() - scaled).count()) / pixels;
@@ -190,9 +191,10 @@ ViewGeometry ViewWorker::MakeGeometry(const ViewJob& job, bool isReduced) const
         isReduced ? job.geometry.GetReduced(ChooseHalvings(job)) : job.geometry;
     if (geometry.part.isEmpty() || geometry.part.size() == photo)
         return geometry;
+    const PictureArea area = geometry.GetPhotoPart().GetArea(photo.width(), photo.height());
     int halo = 0;
     for (const Layer& layer : job.recipe.layers)
-        halo += Renderer::FindHalo(layer.settings->Effects(), geometry.GetArea(photo));
+        halo += Renderer::FindHalo(layer.settings->Effects(), area);
     return geometry.GetEnlarged((halo + HaloStep - 1) / HaloStep * HaloStep, photo);
 }
 
@@ -201,7 +203,7 @@ int ViewWorker::ChooseHalvings(const ViewJob& job) const
 {
     const double perPixel =
         (job.showsOriginal ? 0 : m_renderingTime) +
-        (m_full.HasScaledPart(job.recipe.photo, job.geometry) ? 0 : m_scalingTime);
+        (m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart()) ? 0 : m_scalingTime);
     double expected = job.geometry.GetPixelCount() * perPixel;
     int halvings = 0;
     while (halvings < MostHalvings && expected > double(m_options.reducedBeyond.count())) {
@@ -215,7 +217,7 @@ int ViewWorker::ChooseHalvings(const ViewJob& job) const
 /// colours that it holds.
 bool ViewWorker::IsBakingQuick(const ViewJob& job) const
 {
-    if (job.showsOriginal || !m_full.HasScaledPart(job.recipe.photo, job.geometry))
+    if (job.showsOriginal || !m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart()))
         return false;
     const double expected =
         BakedColours * m_renderingTime + BakedDrawing * job.geometry.GetPixelCount();

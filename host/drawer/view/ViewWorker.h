@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "drawer/render/PartRenderer.h"
 #include "drawer/stack/PictureRecipe.h"
 #include "drawer/view/DisplayTransform.h"
 #include "drawer/view/LiveViewOptions.h"
 #include "drawer/view/ViewFrame.h"
 #include "drawer/view/ViewGeometry.h"
-#include "drawer/view/ViewRenderer.h"
 #include "image/ImagePool.h"
 
 #include "engine/run/Renderer.h"
@@ -91,8 +91,8 @@ private:
     Image ToDisplay(const ViewJob& job, const Image& picture);
     Image OriginalToDisplay(const ViewJob& job, const Image& original);
     bool PostFrame(const Queued& queued, const Image& picture, const ViewGeometry& geometry,
-                   ViewRenderer& renderer, bool isReduced);
-    Image Render(const Queued& queued, const ViewGeometry& geometry, ViewRenderer& renderer);
+                   PartRenderer& renderer, bool isReduced);
+    Image Render(const Queued& queued, const ViewGeometry& geometry, PartRenderer& renderer);
     bool IsBakingQuick(const ViewJob& job) const;
     ViewGeometry MakeGeometry(const ViewJob& job, bool isReduced) const;
     int ChooseHalvings(const ViewJob& job) const;
@@ -102,8 +102,8 @@ private:
     const LiveViewOptions m_options;
     const std::function<void()> m_frameIsThere;
     Renderer m_renderer;
-    ViewRenderer m_full{m_renderer};
-    ViewRenderer m_reduced{m_renderer};
+    PartRenderer m_full{m_renderer, LayerUse::Interaction};
+    PartRenderer m_reduced{m_renderer, LayerUse::Interaction};
     ImagePool m_displaySpares{DisplaySpares};
     DisplayedOriginal m_displayedOriginal;
     double m_scalingTime;   ///< nanoseconds per pixel of the view, as measured last

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "host/drawer/DrawerFixture.h"
 
-#include "drawer/render/PreviewGeometry.h"
+#include "drawer/render/PreviewPart.h"
 #include "image/FrameConversion.h"
 
 #include "Zorvik/Exception.h"
@@ -68,14 +68,13 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_P(PreviewSize, followsCropAndFit)
 {
     const SizeCase& p = GetParam();
-    const auto geometry =
-        PreviewGeometry::Make(p.photoWidth, p.photoHeight, p.target, p.crop, p.fit);
-    EXPECT_EQ(geometry.width, p.width);
-    EXPECT_EQ(geometry.height, p.height);
-    EXPECT_EQ(geometry.part.x, p.part.x);
-    EXPECT_EQ(geometry.part.y, p.part.y);
-    EXPECT_EQ(geometry.part.width, p.part.width);
-    EXPECT_EQ(geometry.part.height, p.part.height);
+    const PhotoPart preview = MakePreviewPart(p.photoWidth, p.photoHeight, p.target, p.crop, p.fit);
+    EXPECT_EQ(preview.width, p.width);
+    EXPECT_EQ(preview.height, p.height);
+    EXPECT_EQ(preview.part.x, p.part.x);
+    EXPECT_EQ(preview.part.y, p.part.y);
+    EXPECT_EQ(preview.part.width, p.part.width);
+    EXPECT_EQ(preview.part.height, p.part.height);
 }
 
 class Preview : public DrawerFixture

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "drawer/render/PreviewGeometry.h"
+#include "drawer/render/PreviewPart.h"
 
 #include "Zorvik/Exception.h"
 
@@ -25,14 +25,13 @@ void CheckTarget(const Zorvik::Proc::FrameTarget& target)
                                     std::to_string(target.height) + " pixels of aspect " +
                                     std::to_string(target.pixelAspect) +
                                     ": expected at least 1 x 1 and a positive aspect",
-                                BOOST_CURRENT_FUNCTION, "drawer/PreviewGeometry", __LINE__);
+                                BOOST_CURRENT_FUNCTION, "drawer/PreviewPart", __LINE__);
 }
 
 } // namespace
 
-PreviewGeometry PreviewGeometry::Make(int photoWidth, int photoHeight,
-                                      const Zorvik::Proc::FrameTarget& target, int cropPolicy,
-                                      int fitPolicy)
+PhotoPart MakePreviewPart(int photoWidth, int photoHeight, const Zorvik::Proc::FrameTarget& target,
+                          int cropPolicy, int fitPolicy)
 {
     CheckTarget(target);
     const double aspect = target.pixelAspect;
@@ -43,27 +42,17 @@ PreviewGeometry PreviewGeometry::Make(int photoWidth, int photoHeight,
     if (fitPolicy == 1)
         scale = std::min({scale, 1.0, aspect});
 
-    PreviewGeometry geometry;
-    geometry.width = RoundToPixels(photoWidth * scale / aspect, target.width);
-    geometry.height = RoundToPixels(photoHeight * scale, target.height);
-    geometry.part = {0, 0, photoWidth, photoHeight};
+    PhotoPart preview;
+    preview.width = RoundToPixels(photoWidth * scale / aspect, target.width);
+    preview.height = RoundToPixels(photoHeight * scale, target.height);
+    preview.part = {0, 0, photoWidth, photoHeight};
     if (cropPolicy != 0) {
-        geometry.part.width = RoundToPixels(target.width * aspect / scale, photoWidth);
-        geometry.part.height = RoundToPixels(target.height / scale, photoHeight);
-        geometry.part.x = (photoWidth - geometry.part.width) / 2;
-        geometry.part.y = (photoHeight - geometry.part.height) / 2;
+        preview.part.width = RoundToPixels(target.width * aspect / scale, photoWidth);
+        preview.part.height = RoundToPixels(target.height / scale, photoHeight);
+        preview.part.x = (photoWidth - preview.part.width) / 2;
+        preview.part.y = (photoHeight - preview.part.height) / 2;
     }
-    return geometry;
-}
-
-PictureArea PreviewGeometry::GetArea(int photoWidth, int photoHeight) const
-{
-    PictureArea area = PictureArea::Whole(photoWidth, photoHeight);
-    area.originX = part.x;
-    area.originY = part.y;
-    area.scaleX = double(part.width) / width;
-    area.scaleY = double(part.height) / height;
-    return area;
+    return preview;
 }
 
 } // namespace LumetraHost

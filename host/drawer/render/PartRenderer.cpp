@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "drawer/render/PartRenderer.h"
+
+#include "image/Resize.h"
+
+#include <optional>
+
+namespace LumetraHost {
+namespace {
+
+Image Scale(const Image& photo, const PhotoPart& part)
+{
+    const bool isWhole =
+        part.part.width == photo.GetWidth() && part.part.height == photo.GetHeight();
+    if (isWhole && part.width == photo.GetWidth() && part.height == photo.GetHeight())
+        return photo;
+    return Resize(photo, part.part, part.width, part.height, part.quality);
+}
+
+bool Contains(const PixelRect& outer, const PixelRect& inner)
+{
+    return inner.x >= outer.x && inner.y >= outer.y &&
+           inner.x + inner.width <= outer.x + outer.width &&
+           inner.y + inner.height <= outer.y + outer.height;
+}
+
+} // namespace
+
+PartRenderer::PartRenderer(const Renderer& renderer, LayerUse use) : m_layers(renderer, use) {}
+
+Image PartRenderer::GetOriginal(const Image& photo, const PhotoPart& part)
+{
+    if (HasScaled(photo, part))
+        return m_layers.GetSource();
+    m_photo = photo;
+    m_part = part;
+    const bool isSeen = !photo.IsNull() && !part.IsEmpty();
+    const Image source = isSeen ? Scale(photo, part) : Image();
+    m_isOpaque = source.IsOpaque();
+    m_layers.SetSource(source,
+                       isSeen ? std::optional(part.GetArea(photo.GetWidth(), photo.GetHeight()))
+                              : std::nullopt);
+    return source;
+}
+
+Image PartRenderer::Render(const PictureRecipe& recipe, const PhotoPart& part,
+                           const CancelToken* cancel)
+{
+    if (GetOriginal(recipe.photo, part).IsNull())
+        return {};
+    return m_layers.Render(recipe.layers, recipe.layers.size(), cancel);
+}
+
+Image PartRenderer::RenderBaked(const PictureRecipe& recipe, const PhotoPart& part,
+                                const CancelToken* cancel)
+{
+    if (GetOriginal(recipe.photo, part).IsNull())
+        return {};
+    return m_layers.RenderBaked(recipe.layers, cancel);
+}
+
+bool PartRenderer::HasScaled(const Image& photo, const PhotoPart& part) const
+{
+    return m_part == part && m_photo.SharesPixelsWith(photo);
+}
+
+bool PartRenderer::HasScaledAround(const Image& photo, const PhotoPart& part) const
+{
+    return m_photo.SharesPixelsWith(photo) && Contains(m_part.part, part.part) &&
+           m_part.width >= part.width;
+}
+
+} // namespace LumetraHost

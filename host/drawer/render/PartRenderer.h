@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "drawer/render/LayerRenderer.h"
+#include "drawer/render/PhotoPart.h"
+#include "drawer/stack/PictureRecipe.h"
+
+#include "engine/run/Renderer.h"
+#include "threads/CancelToken.h"
+
+#include "image/Image.h"
+
+namespace LumetraHost {
+
+/// Renders one part of a photo, on the screen or as a preview: the part is scaled once and kept,
+/// with what LayerRenderer keeps of the layers on it. One thread only.
+class PartRenderer
+{
+public:
+    /// `renderer` is kept by reference.
+    PartRenderer(const Renderer& renderer, LayerUse use);
+
+    /// The scaled part without any layer; null without a photo and for an empty part.
+    Image GetOriginal(const Image& photo, const PhotoPart& part);
+    /// The same with the recipe's layers; also null when it was cancelled. `cancel` may be null.
+    Image Render(const PictureRecipe& recipe, const PhotoPart& part, const CancelToken* cancel);
+
+    /// The same quickly and not exactly; null where that cannot be done, see
+    /// LayerRenderer::RenderBaked().
+    Image RenderBaked(const PictureRecipe& recipe, const PhotoPart& part,
+                      const CancelToken* cancel);
+
+    /// True when the part of the last call has no transparent pixels.
+    bool IsOpaque() const { return m_isOpaque; }
+    /// True when the part is kept.
+    bool HasScaled(const Image& photo, const PhotoPart& part) const;
+    /// True when a part is kept that contains this one in at least its size.
+    bool HasScaledAround(const Image& photo, const PhotoPart& part) const;
+
+private:
+    Image m_photo;
+    PhotoPart m_part;
+    bool m_isOpaque = true;
+    LayerRenderer m_layers;
+};
+
+} // namespace LumetraHost

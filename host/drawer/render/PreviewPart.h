@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "drawer/render/PhotoPart.h"
+
+#include "Zorvik/Proc/Frame.h"
+
+namespace LumetraHost {
+
+/// The part of the photo that a preview shows. Crop 0: the whole photo, inside the target; 1 (and
+/// all others): the centre of it, filling the target. Fit 0 (and all others): scaled up or down; 1:
+/// never enlarged. The photo has square pixels, the preview pixels of the target's aspect (width /
+/// height). Zorvik::Exception for a target without pixels or with an aspect that is not positive
+/// and finite.
+PhotoPart MakePreviewPart(int photoWidth, int photoHeight, const Zorvik::Proc::FrameTarget& target,
+                          int cropPolicy, int fitPolicy);
+
+} // namespace LumetraHost
