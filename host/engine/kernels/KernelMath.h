@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/base/Isa.h"
+#include "engine/kernels/KernelLoops.h"
 
 #include <cstdint>
 #include <cstring>
@@ -21,21 +22,6 @@ namespace LumetraHost {
 constexpr Isa KernelIsa = Isa::LUMETRA_KERNEL_ISA;
 
 #define LUMETRA_KERNEL_INLINE [[maybe_unused]] static inline __attribute__((always_inline))
-
-/// Before a loop whose steps do not read what other steps write: spares the vector code a test
-/// whether the arrays overlap, and with many arrays the compiler giving up.
-#ifdef __clang__
-#define LUMETRA_KERNEL_INDEPENDENT _Pragma("clang loop vectorize(assume_safety)")
-#else
-#define LUMETRA_KERNEL_INDEPENDENT _Pragma("GCC ivdep")
-#endif
-
-/// Before a loop of few instructions that cannot become vector code: four steps at a time.
-#ifdef __clang__
-#define LUMETRA_KERNEL_UNROLLED _Pragma("clang loop unroll_count(4)")
-#else
-#define LUMETRA_KERNEL_UNROLLED _Pragma("GCC unroll 4")
-#endif
 
 LUMETRA_KERNEL_INLINE float FloatFromBits(std::int32_t bits)
 {

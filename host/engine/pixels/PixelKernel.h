@@ -8,27 +8,12 @@
 
 namespace LumetraHost {
 
-/// Interleaved RGBA into a tile, each channel through its table (decoded, or whatever else the
-/// channel's value is to become). `source` is the row's first pixel of the tile; 8 bits per
-/// channel: 256 entries.
-template <Isa isa>
-struct LoadKernel8
-{
-    static void Run(const Tile& tile, const std::uint8_t* source, const float* const* tables);
-};
-
-/// The same, scaled to 0..1 without tables.
+/// Interleaved RGBA with 8 bits per channel into a tile, scaled to 0..1. `source` is the row's
+/// first pixel of the tile.
 template <Isa isa>
 struct LoadUnitKernel8
 {
-    static void Run(const Tile& tile, const std::uint8_t* source, const float* const* tables);
-};
-
-/// The same with 16 bits per channel: 65,536 entries.
-template <Isa isa>
-struct LoadKernel16
-{
-    static void Run(const Tile& tile, const std::uint8_t* source, const float* const* tables);
+    static void Run(const Tile& tile, const std::uint8_t* source);
 };
 
 /// How a tile becomes pixels.

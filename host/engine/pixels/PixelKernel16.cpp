@@ -7,26 +7,6 @@
 namespace LumetraHost {
 
 template <Isa isa>
-void LoadKernel16<isa>::Run(const Tile& tile, const std::uint8_t* source,
-                            const float* const* tables)
-{
-    const float* const redTable = tables[0];
-    const float* const greenTable = tables[1];
-    const float* const blueTable = tables[2];
-    const auto* values = reinterpret_cast<const std::uint16_t*>(source);
-    float* __restrict red = tile.red;
-    float* __restrict green = tile.green;
-    float* __restrict blue = tile.blue;
-    const int count = tile.count;
-    LUMETRA_KERNEL_INDEPENDENT
-    for (int i = 0; i < count; ++i) {
-        red[i] = redTable[values[4 * i]];
-        green[i] = greenTable[values[4 * i + 1]];
-        blue[i] = blueTable[values[4 * i + 2]];
-    }
-}
-
-template <Isa isa>
 void StoreKernel16<isa>::Run(const Tile& tile, const std::uint8_t* source, std::uint8_t* target,
                              const StoreParameters& parameters)
 {
@@ -49,7 +29,6 @@ void BlendKernel16<isa>::Run(const std::uint8_t* source, const std::uint8_t* eff
             (sourceValues[i] * sourceWeight + effectValues[i] * effectWeight + 127) / 254);
 }
 
-template struct LoadKernel16<KernelIsa>;
 template struct StoreKernel16<KernelIsa>;
 template struct BlendKernel16<KernelIsa>;
 

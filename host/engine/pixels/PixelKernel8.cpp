@@ -21,25 +21,7 @@ LUMETRA_KERNEL_INLINE float Scale(std::uint32_t value)
 } // namespace
 
 template <Isa isa>
-void LoadKernel8<isa>::Run(const Tile& tile, const std::uint8_t* source, const float* const* tables)
-{
-    const float* const redTable = tables[0];
-    const float* const greenTable = tables[1];
-    const float* const blueTable = tables[2];
-    float* __restrict red = tile.red;
-    float* __restrict green = tile.green;
-    float* __restrict blue = tile.blue;
-    const int count = tile.count;
-    LUMETRA_KERNEL_INDEPENDENT
-    for (int i = 0; i < count; ++i) {
-        red[i] = redTable[source[4 * i]];
-        green[i] = greenTable[source[4 * i + 1]];
-        blue[i] = blueTable[source[4 * i + 2]];
-    }
-}
-
-template <Isa isa>
-void LoadUnitKernel8<isa>::Run(const Tile& tile, const std::uint8_t* source, const float* const*)
+void LoadUnitKernel8<isa>::Run(const Tile& tile, const std::uint8_t* source)
 {
     const auto* pixels = reinterpret_cast<const PackedPixel8*>(source);
     float* __restrict red = tile.red;
@@ -78,7 +60,6 @@ void BlendKernel8<isa>::Run(const std::uint8_t* source, const std::uint8_t* effe
     }
 }
 
-template struct LoadKernel8<KernelIsa>;
 template struct LoadUnitKernel8<KernelIsa>;
 template struct StoreKernel8<KernelIsa>;
 template struct BlendKernel8<KernelIsa>;

@@ -36,12 +36,12 @@ PixelStep::PixelStep(Image::Depth depth, Isa isa, const StageChain& first, const
     m_bytesPerPixel = is16 ? 8 : 4;
     const float* const values = GetLoadTable(is16, first.GetFirstSpace());
     m_tables = {values, values, values};
-    m_load = is16 ? SelectKernel<LoadKernel16>(isa) : SelectKernel<LoadKernel8>(isa);
+    m_loadThroughTables = is16 ? LoadThroughTables16 : LoadThroughTables8;
     if (!first.GetLoadingStages().empty()) {
         m_ownTables = MakeTables(first, values);
         m_tables = {(*m_ownTables)[0].data(), (*m_ownTables)[1].data(), (*m_ownTables)[2].data()};
     } else if (!is16 && first.GetFirstSpace() == ColourSpace::Encoded) {
-        m_load = SelectKernel<LoadUnitKernel8>(isa);
+        m_loadUnit = SelectKernel<LoadUnitKernel8>(isa);
     }
     m_store = is16 ? SelectKernel<StoreKernel16>(isa) : SelectKernel<StoreKernel8>(isa);
     m_storing = {last.GetLastSpace() == ColourSpace::Linear, static_cast<float>(sourceWeight)};
@@ -68,7 +68,11 @@ std::shared_ptr<const PixelStep::Tables> PixelStep::MakeTables(const StageChain&
 
 void PixelStep::Load(const Tile& tile, const std::uint8_t* row) const
 {
-    m_load(tile, row + GetOffset(tile), m_tables.data());
+    const std::uint8_t* const source = row + GetOffset(tile);
+    if (m_loadUnit)
+        m_loadUnit(tile, source);
+    else
+        m_loadThroughTables(tile, source, m_tables.data());
 }
 
 void PixelStep::Store(const Tile& tile, const std::uint8_t* sourceRow,

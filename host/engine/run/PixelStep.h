@@ -3,6 +3,7 @@
 
 #include "engine/base/Isa.h"
 #include "engine/pixels/PixelKernel.h"
+#include "engine/pixels/TableLoad.h"
 #include "engine/stages/StageChain.h"
 
 #include "image/Image.h"
@@ -42,7 +43,8 @@ private:
     std::size_t m_bytesPerPixel;
     std::shared_ptr<const Tables> m_ownTables; ///< null: those that all share
     std::array<const float*, 3> m_tables;
-    decltype(&LoadKernel8<Isa::Baseline>::Run) m_load;
+    decltype(&LoadThroughTables8) m_loadThroughTables;
+    decltype(&LoadUnitKernel8<Isa::Baseline>::Run) m_loadUnit = nullptr; ///< null: through tables
     decltype(&StoreKernel8<Isa::Baseline>::Run) m_store;
     std::shared_ptr<const StoreTable> m_storeTable; ///< null: m_store does it
     StoreParameters m_storing;
