@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+namespace LumetraHost {
+
+/// Which source pixels along one axis a shrunk pixel averages, and how much of each. The pixels of
+/// the target divide the length of the source evenly; a source pixel that two of them share counts
+/// for each by the part that lies in it.
+class AreaAxis
+{
+public:
+    /// A source pixel's share in a target pixel.
+    struct Share
+    {
+        int source;
+        float weight; ///< the shares of a target pixel make 1
+    };
+
+    /// `target`: 1 to `source` pixels.
+    AreaAxis(int source, int target);
+
+    /// Source pixels of each target pixel where that is a whole number, else 0.
+    int GetWholeFactor() const { return m_wholeFactor; }
+
+    const Share* Begin(int target) const { return m_shares.data() + m_begins[Index(target)]; }
+    const Share* End(int target) const { return m_shares.data() + m_begins[Index(target) + 1]; }
+    /// First source pixel of a target pixel.
+    int GetFirst(int target) const { return Begin(target)->source; }
+    /// One behind its last source pixel.
+    int GetEnd(int target) const { return (End(target) - 1)->source + 1; }
+
+private:
+    static std::size_t Index(int target) { return static_cast<std::size_t>(target); }
+
+    void AddShares(int source, double begin, double length);
+
+    int m_wholeFactor = 0;
+    std::vector<Share> m_shares;
+    std::vector<std::size_t> m_begins; ///< of each target pixel in m_shares, and the end
+};
+
+} // namespace LumetraHost
