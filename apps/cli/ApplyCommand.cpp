@@ -8,28 +8,31 @@
 #include "OutputTemplate.h"
 #include "PhotoBatch.h"
 #include "PresetOptions.h"
+#include "RecipeOptions.h"
 #include "UsageError.h"
 #include "Zorvik/Exception.h"
 #include "core/LutImport.h"
 #include "core/PresetSession.h"
 #include "exporting/MemoryBudget.h"
-#include "photo/jpeg/JpegEncoder.h"
 
 #include <QFileInfo>
 #include <QThread>
 
 #include <algorithm>
+#include <memory>
 #include <optional>
 
 namespace LumetraCli {
 namespace {
+
+using LumetraHost::ExportLook;
+using LumetraHost::ExportRecipe;
 
 constexpr char DefaultOutput[] = "{folder}/{name}_{preset}.{ext}";
 constexpr int MaximumJobs = 64;
 constexpr int MaximumMegabytes = 1'000'000;
 
 const QString OutputOption = QStringLiteral("output");
-const QString QualityOption = QStringLiteral("quality");
 const QString OverwriteOption = QStringLiteral("overwrite");
 const QString SkipOption = QStringLiteral("skip");
 const QString DryRunOption = QStringLiteral("dry-run");
@@ -65,19 +68,19 @@ std::uint64_t ReadMemory(const QCommandLineParser& parser)
     return static_cast<std::uint64_t>(ReadNumber(parser, MemoryOption, 1, MaximumMegabytes)) << 20;
 }
 
-PhotoBatch MakeBatch(const QCommandLineParser& parser)
+PhotoBatch::Limits ReadLimits(const QCommandLineParser& parser)
 {
-    LumetraHost::PhotoWriter::Options options;
-    if (parser.isSet(QualityOption))
-        options.quality = ReadNumber(parser, QualityOption, 1, 100);
     PhotoBatch::Limits limits;
     limits.parallel = parser.isSet(JobsOption)
                           ? ReadNumber(parser, JobsOption, 1, MaximumJobs)
                           : std::clamp(QThread::idealThreadCount(), 1, MaximumJobs);
     limits.memory = ReadMemory(parser);
-    const auto precision = parser.isSet(ExactOption) ? LumetraHost::ExportLook::Precision::Exact
-                                                     : LumetraHost::ExportLook::Precision::Tables;
-    return PhotoBatch(limits, options, precision);
+    return limits;
+}
+
+ExportLook::Precision ReadPrecision(const QCommandLineParser& parser)
+{
+    return parser.isSet(ExactOption) ? ExportLook::Precision::Exact : ExportLook::Precision::Tables;
 }
 
 /// The look of a LUT file joins the user's presets for this run; nothing is saved. It keeps its
@@ -131,11 +134,13 @@ std::optional<PresetRow> FindPreset(LumetraPlugin::PresetSession& session, const
     }
 }
 
-void RunBatch(const PhotoBatch& batch, std::vector<PhotoJob>& jobs, const PresetUse& use,
-              LumetraPlugin::PresetSession& session, ApplyReport& report)
+/// Puts what the preset does into the recipe.
+void AddEdit(ExportRecipe& recipe, const PresetUse& use, LumetraPlugin::PresetSession& session,
+             ExportLook::Precision precision)
 {
-    batch.Run(jobs, use.MakePackages(session),
-              [&report](const PhotoJob& job, const auto& warnings) { report.Add(job, warnings); });
+    const auto packages = use.MakePackages(session);
+    recipe.look = std::make_shared<ExportLook>(packages, precision);
+    recipe.records = use.MakeRecords(packages);
 }
 
 } // namespace
@@ -168,12 +173,9 @@ void ApplyCommand::AddOptions(QCommandLineParser& parser) const
              .arg(QLatin1String(DefaultOutput)),
          QStringLiteral("template"),
          QLatin1String(DefaultOutput)},
-        {QualityOption,
-         QStringLiteral("JPEG quality, 1 to 100, whatever the photo's own is. From %1 on, colours "
-                        "keep their full resolution; below, a quarter of it. Default: %2")
-             .arg(LumetraHost::JpegEncoder::FullColorQuality)
-             .arg(LumetraHost::PhotoWriter::DefaultQuality),
-         QStringLiteral("number")},
+    });
+    RecipeOptions::Add(parser);
+    parser.addOptions({
         {OverwriteOption, QStringLiteral("Replaces existing files, but never a photo itself.")},
         {SkipOption, QStringLiteral("Leaves out photos whose output exists.")},
         {DryRunOption, QStringLiteral("Only says what would be written.")},
@@ -203,7 +205,8 @@ ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& consol
     const QString preset = PresetOptions::ReadPreset(parser);
     const OutputTemplate outputs(parser.value(OutputOption));
     const ExistingOutput existing = ReadExisting(parser);
-    const PhotoBatch batch = MakeBatch(parser);
+    const PhotoBatch batch(ReadLimits(parser));
+    ExportRecipe recipe = RecipeOptions::Read(parser);
 
     const auto session = CatalogueOptions::Load(parser, console);
     if (!session)
@@ -213,13 +216,17 @@ ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& consol
         return ExitCode::SomeFailed;
     const PresetUse use = PresetOptions::MakeUse(parser, *row);
     std::vector<PhotoJob> jobs = OutputPlan::Make(photos, outputs, use.GetPreset().name, existing);
+    RecipeOptions::Check(recipe, jobs);
 
     ApplyReport report(use, static_cast<int>(jobs.size()), parser.isSet(JsonOption), console);
     if (parser.isSet(DryRunOption)) {
         for (const PhotoJob& job : jobs)
             report.Add(job, {});
     } else {
-        RunBatch(batch, jobs, use, *session, report);
+        AddEdit(recipe, use, *session, ReadPrecision(parser));
+        batch.Run(jobs, recipe, [&report](const PhotoJob& job, const auto& warnings) {
+            report.Add(job, warnings);
+        });
     }
     return report.Finish();
 }

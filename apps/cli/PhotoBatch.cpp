@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "PhotoBatch.h"
 
+#include "exporting/Export.h"
 #include "exporting/ExportMemory.h"
 #include "exporting/MemoryBudget.h"
-#include "exporting/PhotoExport.h"
 #include "photo/file/PhotoLimits.h"
 
 #include <algorithm>
@@ -15,22 +15,23 @@
 namespace LumetraCli {
 namespace {
 
-using LumetraHost::ExportLook;
+using LumetraHost::Export;
+using LumetraHost::ExportControl;
 using LumetraHost::ExportMemory;
+using LumetraHost::ExportRecipe;
 using LumetraHost::MemoryBudget;
-using LumetraHost::PhotoExport;
+using LumetraHost::PhotoWriter;
 using LumetraHost::ThreadPool;
 using LumetraHost::Warnings;
-using Zorvik::Quindle::EffectsSettings;
 
 /// The threads of one batch, each of which takes the next job that nobody has begun.
 class Workers
 {
 public:
-    Workers(std::vector<PhotoJob>& jobs, const ExportLook& look,
-            const PhotoExport::Options& options, std::uint64_t memory)
-        : m_jobs(jobs), m_look(look), m_options(options), m_memory(memory), m_warnings(jobs.size()),
-          m_done(jobs.size())
+    Workers(std::vector<PhotoJob>& jobs, const ExportRecipe& recipe, const ExportControl& control,
+            std::uint64_t memory)
+        : m_jobs(jobs), m_recipe(recipe), m_control(control), m_memory(memory),
+          m_warnings(jobs.size()), m_done(jobs.size())
     {
     }
 
@@ -42,8 +43,8 @@ private:
     void Carry(PhotoJob& job, Warnings& warnings);
 
     std::vector<PhotoJob>& m_jobs;
-    const ExportLook& m_look;
-    const PhotoExport::Options m_options;
+    const ExportRecipe& m_recipe;
+    const ExportControl m_control;
     MemoryBudget m_memory;
     std::vector<Warnings> m_warnings;
     std::vector<std::promise<void>> m_done;
@@ -62,8 +63,13 @@ void Workers::Work()
 void Workers::Carry(PhotoJob& job, Warnings& warnings)
 {
     try {
-        const MemoryBudget::Share share(m_memory, ExportMemory::Estimate(job.photo));
-        warnings = PhotoExport().Run(job.photo, job.output, m_look, m_options).warnings;
+        ExportRecipe recipe = m_recipe;
+        recipe.format = PhotoWriter::GetFormatOf(job.output);
+        const MemoryBudget::Share share(m_memory, ExportMemory::Estimate(job.photo, recipe));
+        const auto result = Export().Run(job.photo, job.output, recipe, m_control);
+        for (const Warnings& noticed : {result.damage, result.losses})
+            for (const std::string& warning : noticed)
+                LumetraHost::Warn(warnings, warning);
         job.state = PhotoJob::State::Written;
     } catch (const std::bad_alloc&) {
         job.state = PhotoJob::State::Failed;
@@ -83,21 +89,13 @@ const Warnings& Workers::WaitFor(std::size_t job)
 
 } // namespace
 
-PhotoBatch::PhotoBatch(const Limits& limits, const LumetraHost::PhotoWriter::Options& options,
-                       ExportLook::Precision precision)
-    : m_limits(limits), m_options(options), m_precision(precision)
-{
-}
-
-void PhotoBatch::Run(std::vector<PhotoJob>& jobs, const std::vector<EffectsSettings>& packages,
+void PhotoBatch::Run(std::vector<PhotoJob>& jobs, const ExportRecipe& recipe,
                      const Ended& ended) const
 {
     const int count = std::min(m_limits.parallel, static_cast<int>(jobs.size()));
-    PhotoExport::Options options;
-    options.writing = m_options;
-    options.threads = std::max(1, ThreadPool::GetShared().GetThreadCount() / std::max(1, count));
-    const ExportLook look(packages, m_precision);
-    Workers workers(jobs, look, options, m_limits.memory);
+    ExportControl control;
+    control.threads = std::max(1, ThreadPool::GetShared().GetThreadCount() / std::max(1, count));
+    Workers workers(jobs, recipe, control, m_limits.memory);
     std::vector<std::future<void>> threads; // wait for their threads when they go
     for (int i = 0; i < count; ++i)
         threads.push_back(std::async(std::launch::async, &Workers::Work, &workers));

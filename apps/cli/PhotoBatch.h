@@ -2,9 +2,7 @@
 #pragma once
 
 #include "OutputPlan.h"
-#include "Zorvik/Quindle/EffectsSettings.h"
-#include "exporting/ExportLook.h"
-#include "photo/PhotoWriter.h"
+#include "exporting/ExportRecipe.h"
 #include "photo/file/Warnings.h"
 
 #include <cstdint>
@@ -13,8 +11,8 @@
 
 namespace LumetraCli {
 
-/// Puts effects on many photos, several of them at the same time: a photo then has a share of the
-/// threads, which costs less than dividing every photo's work, and all share the look's tables.
+/// Exports many photos by one recipe, several of them at the same time: a photo then has a share of
+/// the threads, which costs less than dividing every photo's work, and all share the look's tables.
 /// Photos wait while those in work take too much memory. One that fails does not stop the others.
 class PhotoBatch
 {
@@ -28,18 +26,15 @@ public:
         std::uint64_t memory = 0; ///< bytes that they may take together, by estimate
     };
 
-    PhotoBatch(const Limits& limits, const LumetraHost::PhotoWriter::Options& options,
-               LumetraHost::ExportLook::Precision precision);
+    explicit PhotoBatch(const Limits& limits) : m_limits(limits) {}
 
-    /// Carries out the planned ones of `jobs`. Nobody may change the effects meanwhile.
-    void Run(std::vector<PhotoJob>& jobs,
-             const std::vector<Zorvik::Quindle::EffectsSettings>& packages,
+    /// Carries out the planned ones of `jobs`, each in the format that its output's name asks for.
+    /// Nobody may change the effects of the recipe meanwhile.
+    void Run(std::vector<PhotoJob>& jobs, const LumetraHost::ExportRecipe& recipe,
              const Ended& ended) const;
 
 private:
     Limits m_limits;
-    LumetraHost::PhotoWriter::Options m_options;
-    LumetraHost::ExportLook::Precision m_precision;
 };
 
 } // namespace LumetraCli

@@ -128,6 +128,17 @@ PresetUse::MakePackages(LumetraPlugin::PresetSession& session) const
     return session.GetWorkspace().GetDrawer().GetCommittedPackages();
 }
 
+std::vector<LumetraHost::EditRecord>
+PresetUse::MakeRecords(const std::vector<Zorvik::Quindle::EffectsSettings>& packages) const
+{
+    std::vector<LumetraHost::EditRecord> records;
+    for (const auto& package : packages)
+        if (!package.Package().GetPresetName().empty())
+            records.push_back(
+                {m_preset.name.toStdString(), m_intensity.value_or(m_preset.intensity)});
+    return records;
+}
+
 Zorvik::Quindle::EffectsSettings PresetUse::GetLook(LumetraPlugin::PresetSession& session) const
 {
     session.OpenPhoto(LumetraHost::Image::Allocate(1, 1, LumetraHost::Image::Depth::Bits8));

@@ -3,6 +3,7 @@
 
 #include "PresetRows.h"
 #include "Zorvik/Quindle/EffectsSettings.h"
+#include "photo/metadata/EditRecord.h"
 
 #include <QString>
 #include <QStringList>
@@ -37,6 +38,10 @@ public:
     /// the preset on, move its sliders and its intensity, commit.
     std::vector<Zorvik::Quindle::EffectsSettings>
     MakePackages(LumetraPlugin::PresetSession& session) const;
+
+    /// What the metadata of a photo with these packages tell of them, as the editor records them.
+    std::vector<LumetraHost::EditRecord>
+    MakeRecords(const std::vector<Zorvik::Quindle::EffectsSettings>& packages) const;
 
     /// What the preset puts on a photo with these values: its effects and its blend amount.
     Zorvik::Quindle::EffectsSettings GetLook(LumetraPlugin::PresetSession& session) const;

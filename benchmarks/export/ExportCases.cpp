@@ -7,13 +7,16 @@
 
 #include "common/Effects.h"
 #include "engine/effects/EffectKinds.h"
-#include "exporting/PhotoExport.h"
+#include "exporting/Export.h"
+#include "photo/PhotoReader.h"
+#include "storage/CheckedFileWriter.h"
 #include "threads/ThreadPool.h"
 
 #include <atomic>
 #include <functional>
 #include <future>
 #include <map>
+#include <memory>
 #include <utility>
 
 namespace LumetraBench {
@@ -60,22 +63,36 @@ EffectsSettings MakeAll()
     return settings;
 }
 
-void Export(const QStringList& files, const ExportLook& look, bool isStreamed = true,
-            int threads = 0)
+ExportRecipe MakeRecipe(const EffectsSettings& settings,
+                        ExportLook::Precision precision = ExportLook::Precision::Tables)
 {
-    PhotoExport::Options options;
-    options.isStreamed = isStreamed;
-    options.threads = threads;
-    PhotoExport().Run(files[0], files[1], look, options);
+    ExportRecipe recipe;
+    recipe.look = std::make_shared<ExportLook>(std::vector{settings}, precision);
+    return recipe;
+}
+
+/// From file to file, decoded in bands.
+void ExportFile(const QStringList& files, const ExportRecipe& recipe, int threads = 0)
+{
+    ExportControl control;
+    control.threads = threads;
+    Export().Run(files[0], files[1], recipe, control);
+}
+
+/// Of a photo that is whole in memory, as the editor has it.
+void ExportWhole(const QStringList& files, const ExportRecipe& recipe)
+{
+    const auto result = Export().MakeFromPhoto(PhotoReader::Read(files[0]), recipe, "out");
+    CheckedFileWriter::Write(files[1], result.file.data(), result.file.size());
 }
 
 /// As lumetra-presets does it: a thread for each of several photos.
-void ExportEach(const QStringList& files, const ExportLook& look)
+void ExportEach(const QStringList& files, const ExportRecipe& recipe)
 {
     std::atomic<int> next{0};
     const auto work = [&] {
         for (int i = next++; 2 * i + 1 < files.size(); i = next++)
-            Export(files.mid(2 * i, 2), look, true, 1);
+            ExportFile(files.mid(2 * i, 2), recipe, 1);
     };
     std::vector<std::future<void>> threads;
     for (int i = 0; i < ThreadPool::GetShared().GetThreadCount(); ++i)
@@ -104,12 +121,12 @@ bool RunCase(const std::string& name, const QStringList& files)
         {"thumbnails", [&] { MakeThumbnails(files, GetLooks()); }},
         {"thumbnails-ocio", [&] { MakeOcioThumbnails(files, GetLooks()); }},
         {"thumbnails-ocio-whole", [&] { MakeWholeOcioThumbnails(files, GetLooks()); }},
-        {"exact", [&] { Export(files, ExportLook({colours}, ExportLook::Precision::Exact)); }},
-        {"colour", [&] { Export(files, ExportLook({colours})); }},
-        {"colour-each", [&] { ExportEach(files, ExportLook({colours})); }},
-        {"spatial", [&] { Export(files, ExportLook({MakeNeighbours()})); }},
-        {"all", [&] { Export(files, ExportLook({MakeAll()})); }},
-        {"whole", [&] { Export(files, ExportLook({colours}), false); }},
+        {"exact", [&] { ExportFile(files, MakeRecipe(colours, ExportLook::Precision::Exact)); }},
+        {"colour", [&] { ExportFile(files, MakeRecipe(colours)); }},
+        {"colour-each", [&] { ExportEach(files, MakeRecipe(colours)); }},
+        {"spatial", [&] { ExportFile(files, MakeRecipe(MakeNeighbours())); }},
+        {"all", [&] { ExportFile(files, MakeRecipe(MakeAll())); }},
+        {"whole", [&] { ExportWhole(files, MakeRecipe(colours)); }},
         {"apply-parts", [&] { MeasureApplyParts(files[0], files[1]); }}};
     const auto found = cases.find(name);
     if (found == cases.end())

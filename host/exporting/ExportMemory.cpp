@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "exporting/ExportMemory.h"
 
+#include "exporting/ExportRecipe.h"
 #include "photo/file/PhotoFile.h"
 #include "photo/file/PhotoHead.h"
 #include "photo/file/PhotoLimits.h"
@@ -12,10 +13,10 @@
 namespace LumetraHost {
 namespace {
 
-/// The decoded picture, the drawn one and the encoded file with its metadata, which takes another
-/// copy.
+/// The decoded picture, the one that is turned upright, and the encoded file with its metadata,
+/// which takes another copy.
 constexpr std::uint64_t BytesPerPixel8 = 12;
-/// Twice as much, which raw files take too while they are developed.
+/// Twice as much when either of the files has 16 bits. Raw files take it while they are developed.
 constexpr std::uint64_t BytesPerPixel16 = 24;
 /// The tables of the look, the codecs' own buffers.
 constexpr std::uint64_t BytesPerPhoto = 16 << 20;
@@ -32,14 +33,15 @@ std::uint64_t CountPixels(const PhotoHead& head, std::uint64_t fileSize)
 
 } // namespace
 
-std::uint64_t ExportMemory::Estimate(const QString& photo)
+std::uint64_t ExportMemory::Estimate(const QString& photo, const ExportRecipe& recipe)
 {
     try {
         PhotoFile file(photo);
         const PhotoHead head = PhotoHead::Read(file);
+        const bool is16Bit =
+            head.is16Bit || recipe.GetDepth(Image::Depth::Bits8) == Image::Depth::Bits16;
         return file.GetSize() + BytesPerPhoto +
-               (head.is16Bit ? BytesPerPixel16 : BytesPerPixel8) *
-                   CountPixels(head, file.GetSize());
+               (is16Bit ? BytesPerPixel16 : BytesPerPixel8) * CountPixels(head, file.GetSize());
     } catch (const Zorvik::Exception&) {
         return 0;
     }

@@ -27,6 +27,8 @@
 namespace LumetraEditor {
 namespace {
 
+using LumetraHost::ExportRecipe;
+using LumetraHost::Image;
 using LumetraHost::PhotoFormat;
 using Zorvik::Util::AlertBox;
 
@@ -37,7 +39,6 @@ const QString LimitedKey = QStringLiteral("export/limited");
 const QString LongestKey = QStringLiteral("export/longestSide");
 const QString MetadataKey = QStringLiteral("export/metadata");
 const QString ProfileKey = QStringLiteral("export/profile");
-constexpr int LargestSide = 65500;
 
 template <class Widget>
 Widget* Named(Widget* widget, const char* name)
@@ -119,7 +120,7 @@ void ExportDialog::BuildForm()
     m_bits->addItem(tr("16 bits per channel"), 16);
     m_sizeKind->addItem(tr("Original size"), false);
     m_sizeKind->addItem(tr("Limit the longest side"), true);
-    m_longestSide->setRange(1, LargestSide);
+    m_longestSide->setRange(1, ExportRecipe::LargestSide);
     m_longestSide->setSuffix(tr(" px"));
     m_resultSize->setProperty("muted", true);
     m_metadata->setText(tr("Keep the camera's data and record the presets"));
@@ -163,7 +164,7 @@ void ExportDialog::Restore()
 {
     m_format->setCurrentIndex(
         std::max(0, m_format->findData(m_settings.Get(FormatKey, 0).toInt())));
-    m_quality->setValue(m_settings.Get(QualityKey, ExportOptions().quality).toInt());
+    m_quality->setValue(m_settings.Get(QualityKey, ExportRecipe().quality).toInt());
     m_bits->setCurrentIndex(std::max(0, m_bits->findData(m_settings.Get(BitsKey, 8).toInt())));
     m_longestSide->setValue(m_settings.Get(LongestKey, 2048).toInt());
     m_sizeKind->setCurrentIndex(m_settings.Get(LimitedKey, false).toBool() ? 1 : 0);
@@ -196,13 +197,15 @@ ExportOptions ExportDialog::GetOptions() const
 {
     ExportOptions options;
     options.path = m_path->text().trimmed();
-    options.format = GetFormat();
-    options.quality = m_quality->value();
-    options.bits = options.format == PhotoFormat::Jpeg ? 8 : m_bits->currentData().toInt();
-    options.longestSide = m_sizeKind->currentData().toBool() ? m_longestSide->value() : 0;
-    options.keepMetadata = m_metadata->isChecked();
     options.mayReplace = m_mayReplace;
-    options.embedProfile = m_profile->isChecked();
+    ExportRecipe& recipe = options.recipe;
+    recipe.format = GetFormat();
+    recipe.quality = m_quality->value();
+    const bool is16Bit = recipe.format != PhotoFormat::Jpeg && m_bits->currentData().toInt() == 16;
+    recipe.depth = is16Bit ? Image::Depth::Bits16 : Image::Depth::Bits8;
+    recipe.longestSide = m_sizeKind->currentData().toBool() ? m_longestSide->value() : 0;
+    recipe.keepsMetadata = m_metadata->isChecked();
+    recipe.embedsProfile = m_profile->isChecked();
     return options;
 }
 
@@ -221,13 +224,9 @@ void ExportDialog::FormatChanged()
 
 void ExportDialog::SizeChanged()
 {
-    const bool isLimited = m_sizeKind->currentData().toBool();
-    m_longestSide->setEnabled(isLimited);
-    QSize size = m_size;
-    if (isLimited && std::max(size.width(), size.height()) > m_longestSide->value())
-        size.scale(m_longestSide->value(), m_longestSide->value(), Qt::KeepAspectRatio);
-    m_resultSize->setText(
-        tr("%1 × %2 pixels").arg(std::max(1, size.width())).arg(std::max(1, size.height())));
+    m_longestSide->setEnabled(m_sizeKind->currentData().toBool());
+    const auto size = GetOptions().recipe.GetSize(m_size.width(), m_size.height());
+    m_resultSize->setText(tr("%1 × %2 pixels").arg(size.width).arg(size.height));
 }
 
 void ExportDialog::Browse()

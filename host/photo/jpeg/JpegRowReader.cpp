@@ -287,11 +287,6 @@ bool JpegRowReader::IsProfileDamaged() const
     return m_decompression->HasProfileSegment() && m_decompression->ReadProfile().isEmpty();
 }
 
-bool JpegRowReader::IsSequential() const
-{
-    return !m_decompression->GetInfo().progressive_mode;
-}
-
 void JpegRowReader::Read(Image& rows, int first, int count)
 {
     m_decompression->ReadRows(rows, first, count);

@@ -30,7 +30,6 @@ public:
     /// Empty when there is none, or none whose parts are all there.
     QByteArray GetProfile() const;
     bool IsProfileDamaged() const;
-    bool IsSequential() const;
 
     /// The next `count` rows into those of `rows` from its row `first` on, with 8 bits and the
     /// picture's width. Together not more than the picture has.

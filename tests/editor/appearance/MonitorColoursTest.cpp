@@ -66,7 +66,7 @@ protected:
     {
         LumetraEditor::ExportOptions options;
         options.path = Path(name);
-        options.format = LumetraHost::PhotoFormat::Png;
+        options.recipe.format = LumetraHost::PhotoFormat::Png;
         LumetraEditor::ExportJob job(editor->GetPhoto(), editor->GetPackages(), {}, options);
         EXPECT_TRUE(job.Run([](int) {}));
         return LumetraHost::PhotoReader::Read(options.path).image;

@@ -35,7 +35,7 @@ protected:
         Open(WritePhoto("lake.png", 80, 60));
         Find<QSlider>("exposureSlider")->setValue(10);
         options.path = Path("out.png");
-        options.format = LumetraHost::PhotoFormat::Png;
+        options.recipe.format = LumetraHost::PhotoFormat::Png;
     }
 
     LumetraHost::Photo Export()

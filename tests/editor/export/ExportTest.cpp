@@ -39,7 +39,7 @@ TEST_F(ExportTest, writesWhatIsShown)
 
 TEST_F(ExportTest, keepsTheFinerStepsOfSixteenBits)
 {
-    options.bits = 16;
+    options.recipe.depth = LumetraHost::Image::Depth::Bits16;
     const auto photo = Export();
 
     ASSERT_EQ(photo.image.GetDepth(), Image::Depth::Bits16);
@@ -55,28 +55,51 @@ TEST_F(ExportTest, keepsTheFinerStepsOfSixteenBits)
 
 TEST_F(ExportTest, limitsTheLongestSide)
 {
-    options.longestSide = 40;
+    options.recipe.longestSide = 40;
     const auto photo = Export();
 
     EXPECT_EQ(photo.image.GetWidth(), 40);
     EXPECT_EQ(photo.image.GetHeight(), 30);
 }
 
+TEST_F(ExportTest, saysTheSizeThatTheFileGets)
+{
+    Open(WritePhoto("odd.png", 61, 97));
+    ExportByHand([](ExportDialog& dialog) {
+        Part<QComboBox>(dialog, "exportFormat")->setCurrentIndex(1);
+        Part<QComboBox>(dialog, "exportSize")->setCurrentIndex(1);
+        for (const int longest : {1, 10, 43, 60, 96, 97, 4000}) {
+            Part<QSpinBox>(dialog, "exportLongestSide")->setValue(longest);
+            const auto size = dialog.GetOptions().recipe.GetSize(61, 97);
+            EXPECT_EQ(Part<QLabel>(dialog, "exportResultSize")->text(),
+                      QStringLiteral("%1 × %2 pixels").arg(size.width).arg(size.height));
+        }
+        Part<QSpinBox>(dialog, "exportLongestSide")->setValue(60);
+        EXPECT_EQ(Part<QLabel>(dialog, "exportResultSize")->text(),
+                  QStringLiteral("38 × 60 pixels"));
+        Part<QPushButton>(dialog, "exportButton")->click();
+    });
+
+    const Image written = PhotoReader::Read(Path("odd_edited.png")).image;
+    EXPECT_EQ(written.GetWidth(), 38);
+    EXPECT_EQ(written.GetHeight(), 60);
+}
+
 TEST_F(ExportTest, neverEnlarges)
 {
-    options.longestSide = 4000;
+    options.recipe.longestSide = 4000;
 
     EXPECT_EQ(Export().image.GetWidth(), 80);
 }
 
 TEST_F(ExportTest, writesSmallerFilesAtLowerQuality)
 {
-    options.format = PhotoFormat::Jpeg;
+    options.recipe.format = PhotoFormat::Jpeg;
     options.path = Path("high.jpg");
-    options.quality = 95;
+    options.recipe.quality = 95;
     Export();
     options.path = Path("low.jpg");
-    options.quality = 20;
+    options.recipe.quality = 20;
     Export();
 
     EXPECT_LT(ReadFile("low.jpg").size(), ReadFile("high.jpg").size());
@@ -84,9 +107,9 @@ TEST_F(ExportTest, writesSmallerFilesAtLowerQuality)
 
 TEST_F(ExportTest, writesTiffOfSixteenBits)
 {
-    options.format = PhotoFormat::Tiff;
+    options.recipe.format = PhotoFormat::Tiff;
     options.path = Path("out.tif");
-    options.bits = 16;
+    options.recipe.depth = LumetraHost::Image::Depth::Bits16;
 
     EXPECT_EQ(Export().image.GetDepth(), Image::Depth::Bits16);
 }
@@ -123,8 +146,8 @@ TEST_F(ExportTest, keepsAnXmpPacketThatTakesNoRecord)
 
 TEST_F(ExportTest, leavesMetadataAndProfileOutWhenToldTo)
 {
-    options.keepMetadata = false;
-    options.embedProfile = false;
+    options.recipe.keepsMetadata = false;
+    options.recipe.embedsProfile = false;
 
     EXPECT_TRUE(Export().metadata.IsEmpty());
 }
@@ -217,10 +240,10 @@ TEST_F(ExportTest, remembersTheOptions)
 
     ExportByHand([](ExportDialog& dialog) {
         const ExportOptions again = dialog.GetOptions();
-        EXPECT_EQ(again.format, PhotoFormat::Tiff);
-        EXPECT_EQ(again.bits, 16);
-        EXPECT_EQ(again.longestSide, 44);
-        EXPECT_FALSE(again.keepMetadata);
+        EXPECT_EQ(again.recipe.format, PhotoFormat::Tiff);
+        EXPECT_EQ(again.recipe.depth, Image::Depth::Bits16);
+        EXPECT_EQ(again.recipe.longestSide, 44);
+        EXPECT_FALSE(again.recipe.keepsMetadata);
         EXPECT_FALSE(again.embedProfile);
         dialog.reject();
     });
@@ -233,7 +256,7 @@ TEST_F(ExportTest, offersQualityForJpegAndDepthForTheOthers)
         EXPECT_FALSE(Part<QComboBox>(dialog, "exportBits")->isEnabled());
         Part<QSlider>(dialog, "exportQuality")->setValue(33);
         EXPECT_EQ(Part<QSpinBox>(dialog, "exportQualityNumber")->value(), 33);
-        EXPECT_EQ(dialog.GetOptions().quality, 33);
+        EXPECT_EQ(dialog.GetOptions().recipe.quality, 33);
         Part<QComboBox>(dialog, "exportFormat")->setCurrentIndex(1);
         EXPECT_FALSE(Part<QSlider>(dialog, "exportQuality")->isEnabled());
         EXPECT_TRUE(Part<QComboBox>(dialog, "exportBits")->isEnabled());
@@ -246,7 +269,7 @@ TEST_F(ExportTest, theQualitysNumberMovesItsSlider)
     ExportByHand([](ExportDialog& dialog) {
         Part<QSpinBox>(dialog, "exportQualityNumber")->setValue(61);
         EXPECT_EQ(Part<QSlider>(dialog, "exportQuality")->value(), 61);
-        EXPECT_EQ(dialog.GetOptions().quality, 61);
+        EXPECT_EQ(dialog.GetOptions().recipe.quality, 61);
         dialog.reject();
     });
 }

@@ -3,7 +3,7 @@
 
 #include "host/engine/TestPictures.h"
 
-#include "exporting/PhotoExport.h"
+#include "exporting/Export.h"
 #include "photo/PhotoReader.h"
 
 #include <gtest/gtest.h>
@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <future>
+#include <memory>
 
 using namespace LumetraHost;
 using Zorvik::Quindle::EffectList;
@@ -41,13 +42,12 @@ bool HasTable(const EffectList& effects)
     return GetLayers(ExportLook({MakeSettings(effects)})).front().table != nullptr;
 }
 
-Image Export(const Bytes& photo, const ExportLook& look)
+Image Draw(const Photo& photo, const Packages& packages, ExportLook::Precision precision)
 {
-    std::vector<std::string> warnings;
-    const PhotoExport exporter;
-    return PhotoReader::Decode(
-               exporter.Convert(photo, "in.jpg", PhotoFormat::Png, "out.png", look, {}, warnings),
-               "out.png")
+    ExportRecipe recipe;
+    recipe.look = std::make_shared<ExportLook>(packages, precision);
+    recipe.format = PhotoFormat::Png;
+    return PhotoReader::Decode(Export().MakeFromPhoto(photo, recipe, "out.png").file, "out.png")
         .image;
 }
 
@@ -153,11 +153,10 @@ TEST(ExportLook, drawsWithinAStepOfTheExactPicture)
 {
     Photo photo;
     photo.image = MakeRandomPicture(Side, Side, Image::Depth::Bits8, 11);
-    const Bytes png = PhotoWriter::Encode(photo, PhotoFormat::Png, {}, "in.png");
     for (const int blendAmount : {1, 100}) {
         const Packages packages{MakeSettings(MakeColours(), blendAmount)};
-        const Image exact = Export(png, ExportLook(packages, ExportLook::Precision::Exact));
-        const Image tabled = Export(png, ExportLook(packages));
+        const Image exact = Draw(photo, packages, ExportLook::Precision::Exact);
+        const Image tabled = Draw(photo, packages, ExportLook::Precision::Tables);
         EXPECT_LE(FindLargestDifference(exact, tabled), 1) << blendAmount;
         EXPECT_GT(FindLargestDifference(photo.image, tabled), 10);
     }

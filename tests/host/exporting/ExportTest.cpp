@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "exporting/PhotoExport.h"
+#include "exporting/Export.h"
 #include "exporting/ExportMemory.h"
-#include "exporting/StreamedExport.h"
+#include "exporting/JpegRows.h"
 
 #include "host/engine/TestPictures.h"
 #include "host/photo/PhotoSamples.h"
@@ -9,15 +9,23 @@
 #include "support/AddressSanitizer.h"
 
 #include "engine/run/Renderer.h"
+#include "image/DepthConversion.h"
+#include "image/Resize.h"
 #include "photo/PhotoReader.h"
 #include "photo/colour/ColorConversion.h"
+#include "photo/metadata/EditRecord.h"
 #include "photo/metadata/MetadataTags.h"
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
 
 #include <sys/resource.h>
 
@@ -111,25 +119,49 @@ Packages MakeMixedRun()
 struct Converted
 {
     Bytes file;
-    std::vector<std::string> warnings;
+    Warnings warnings;
 };
 
-Converted Convert(const Bytes& content, const Packages& packages, bool isStreamed, int threads,
-                  PhotoFormat format = PhotoFormat::Jpeg)
+ExportRecipe MakeRecipe(const Packages& packages, PhotoFormat format = PhotoFormat::Jpeg)
+{
+    ExportRecipe recipe;
+    recipe.look = std::make_shared<ExportLook>(packages);
+    recipe.format = format;
+    return recipe;
+}
+
+Converted Join(const Export::Result& result)
+{
+    Converted converted{result.file, result.damage};
+    for (const std::string& loss : result.losses)
+        Warn(converted.warnings, loss);
+    return converted;
+}
+
+/// As the tool exports: from the bytes of the file.
+Converted Convert(const Bytes& content, const ExportRecipe& recipe, int threads = 2)
 {
     ThreadPool pool(3);
-    PhotoExport::Options options;
-    options.isStreamed = isStreamed;
-    options.threads = threads;
-    Converted result;
-    result.file = PhotoExport(pool).Convert(content, "in.jpg", format, "out", ExportLook(packages),
-                                            options, result.warnings);
-    return result;
+    ExportControl control;
+    control.threads = threads;
+    return Join(Export(pool).MakeFromFile(content, "in.jpg", recipe, "out", control));
+}
+
+Converted Convert(const Bytes& content, const Packages& packages, int threads = 2,
+                  PhotoFormat format = PhotoFormat::Jpeg)
+{
+    return Convert(content, MakeRecipe(packages, format), threads);
+}
+
+/// As the editor exports: the photo that was read before.
+Converted ConvertPhoto(const Bytes& content, const ExportRecipe& recipe)
+{
+    return Join(Export().MakeFromPhoto(PhotoReader::Decode(content, "in.jpg"), recipe, "out"));
 }
 
 bool CanStream(const Bytes& content)
 {
-    return StreamedExport::Open(content, "in.jpg") != nullptr;
+    return JpegRows::Open(content, "in.jpg") != nullptr;
 }
 
 class StreamedExports : public testing::TestWithParam<int>
@@ -144,8 +176,8 @@ TEST_P(StreamedExports, makeTheFileOfTheWholePicture)
     ASSERT_TRUE(CanStream(jpeg));
     for (const Packages& packages : {Packages(), MakeColours(), MakeNeighbours(), MakeLayers()})
         for (const auto format : {PhotoFormat::Jpeg, PhotoFormat::Png, PhotoFormat::Tiff}) {
-            const Converted streamed = Convert(jpeg, packages, true, GetParam(), format);
-            const Converted whole = Convert(jpeg, packages, false, 1, format);
+            const Converted streamed = Convert(jpeg, packages, GetParam(), format);
+            const Converted whole = ConvertPhoto(jpeg, MakeRecipe(packages, format));
             EXPECT_EQ(streamed.file, whole.file)
                 << packages.size() << " packages, format " << int(format);
             EXPECT_EQ(streamed.warnings, whole.warnings);
@@ -156,8 +188,8 @@ TEST_P(StreamedExports, doSoForSmallAndNarrowPictures)
 {
     for (const auto& [width, height] : {std::pair{1, 1}, {1, 300}, {300, 1}, {40, 33}, {64, 64}}) {
         const Bytes jpeg = MakeJpeg(width, height);
-        EXPECT_EQ(Convert(jpeg, MakeLayers(), true, GetParam()).file,
-                  Convert(jpeg, MakeLayers(), false, 1).file)
+        EXPECT_EQ(Convert(jpeg, MakeLayers(), GetParam()).file,
+                  ConvertPhoto(jpeg, MakeRecipe(MakeLayers())).file)
             << width << " x " << height;
     }
 }
@@ -170,32 +202,245 @@ TEST_P(StreamedExports, doSoWithTables)
         const auto layers =
             ExportLook(packages).GetLayers(1300, 801, true, ThreadPool::GetShared(), nullptr);
         ASSERT_TRUE(layers.front().table);
-        const Bytes whole = Convert(jpeg, packages, false, 1, PhotoFormat::Png).file;
-        EXPECT_EQ(Convert(jpeg, packages, true, GetParam(), PhotoFormat::Png).file, whole);
+        const ExportRecipe recipe = MakeRecipe(packages, PhotoFormat::Png);
+        EXPECT_EQ(Convert(jpeg, recipe, GetParam()).file, ConvertPhoto(jpeg, recipe).file);
     }
 }
 
-TEST(PhotoExport, drawsThePackagesOneOnTheOther)
+// Rounding, shrinking and layers that look at neighbours keep rows for each other.
+TEST_P(StreamedExports, doSoAtAnyDepthAndSize)
+{
+    const Bytes jpeg = MakeJpeg(309, 517);
+    for (const auto depth : {Image::Depth::Bits8, Image::Depth::Bits16})
+        for (const int longestSide : {0, 1, 100, 172, 500, 516, 600})
+            for (const Packages& packages : {Packages(), MakeLayers()}) {
+                ExportRecipe recipe = MakeRecipe(packages, PhotoFormat::Tiff);
+                recipe.depth = depth;
+                recipe.longestSide = longestSide;
+                EXPECT_EQ(Convert(jpeg, recipe, GetParam()).file, ConvertPhoto(jpeg, recipe).file)
+                    << longestSide << " pixels, depth " << int(depth);
+            }
+}
+
+/// What every export is to make: drawn at the larger of both depths, one package after the other,
+/// rounded to the depth of the file, then shrunk.
+Image MakeStepByStep(const Photo& photo, const Packages& packages, const ExportRecipe& recipe)
+{
+    Image image = photo.image;
+    const auto depth = recipe.GetDepth(image.GetDepth());
+    const auto convert = [&image](Image::Depth to) {
+        Image result = Image::Allocate(image.GetWidth(), image.GetHeight(), to);
+        CopyRows(image, 0, result, 0, image.GetHeight());
+        image = result;
+    };
+    if (depth == Image::Depth::Bits16)
+        convert(depth);
+    for (const EffectsSettings& package : packages)
+        image = Renderer().Render(image, package);
+    convert(depth);
+    const auto size = recipe.GetSize(image.GetWidth(), image.GetHeight());
+    return Resize(image, {0, 0, image.GetWidth(), image.GetHeight()}, size.width, size.height,
+                  ResizeQuality::Fine);
+}
+
+TEST(Export, drawsWithTheBitsOfTheFileRoundsOnceAndShrinksThen)
+{
+    for (const auto photoDepth : {Image::Depth::Bits8, Image::Depth::Bits16})
+        for (const auto alpha : {LumetraTest::Alpha::Opaque, LumetraTest::Alpha::Varying})
+            for (const auto depth : {Image::Depth::Bits8, Image::Depth::Bits16})
+                for (const int longestSide : {0, 80, 111}) {
+                    Photo photo;
+                    photo.image = MakePattern(160, 120, photoDepth, alpha);
+                    ExportRecipe recipe = MakeRecipe(MakeLayers(), PhotoFormat::Png);
+                    recipe.depth = depth;
+                    recipe.longestSide = longestSide;
+
+                    const Bytes png = Export().MakeFromPhoto(photo, recipe, "out").file;
+
+                    const Image expected = MakeStepByStep(photo, MakeLayers(), recipe);
+                    EXPECT_TRUE(HaveSamePixels(PhotoReader::Decode(png, "out.png").image, expected))
+                        << "from depth " << int(photoDepth) << " to " << int(depth) << ", "
+                        << longestSide << " pixels, alpha " << int(alpha);
+                }
+}
+
+TEST(Export, keepsTheBitsOfThePhotoWhenNoneAreAskedFor)
+{
+    Photo photo;
+    photo.image = MakePattern(40, 30, Image::Depth::Bits16);
+    const auto getDepth = [&photo](PhotoFormat format) {
+        const Bytes file = Export().MakeFromPhoto(photo, MakeRecipe({}, format), "out").file;
+        return PhotoReader::Decode(file, "out").image.GetDepth();
+    };
+    EXPECT_EQ(getDepth(PhotoFormat::Tiff), Image::Depth::Bits16);
+    EXPECT_EQ(getDepth(PhotoFormat::Jpeg), Image::Depth::Bits8);
+}
+
+// One pixel that lets a little through is lost among the others.
+TEST(Export, storesNoAlphaThatRoundingHasMadeOpaque)
+{
+    Photo photo;
+    photo.image = MakePattern(100, 100, Image::Depth::Bits8);
+    photo.image.Row(50)[4 * 50 + 3] = 254;
+    ExportRecipe recipe = MakeRecipe({}, PhotoFormat::Png);
+    recipe.longestSide = 10;
+    Photo opaque;
+    opaque.image = MakeStepByStep(photo, {}, recipe);
+    ASSERT_TRUE(opaque.image.IsOpaque());
+
+    EXPECT_EQ(Export().MakeFromPhoto(photo, recipe, "out").file,
+              Export().MakeFromPhoto(opaque, MakeRecipe({}, PhotoFormat::Png), "out").file);
+}
+
+TEST(Export, leavesThePhotoOfItsCallerAsItIs)
+{
+    Photo photo;
+    photo.image = MakePattern(64, 64, Image::Depth::Bits8);
+    const Image before = photo.image.Clone();
+
+    Export().MakeFromPhoto(photo, MakeRecipe(MakeLayers()), "out");
+
+    EXPECT_TRUE(HaveSamePixels(photo.image, before));
+}
+
+TEST(Export, refusesSixteenBitsInAJpeg)
+{
+    ExportRecipe recipe = MakeRecipe({});
+    recipe.depth = Image::Depth::Bits16;
+
+    EXPECT_THAT(ErrorOf([&] { Convert(MakeJpeg(8, 8), recipe); }),
+                StartsWith("out: expected 8 bits for a JPEG file, found 16"));
+}
+
+TEST(Export, tellsItsProgressUpwardsBothWays)
+{
+    const Bytes jpeg = MakeJpeg(200, 300);
+    const Photo photo = PhotoReader::Decode(jpeg, "in.jpg");
+    Photo transparent;
+    transparent.image = MakePattern(200, 300, Image::Depth::Bits8, LumetraTest::Alpha::Varying);
+    ExportRecipe recipe = MakeRecipe(MakeLayers(), PhotoFormat::Png);
+    recipe.longestSide = 250;
+    std::vector<int> told;
+    ExportControl control;
+    control.progress = [&told](int percent) { told.push_back(percent); };
+    const std::function<void()> exports[] = {
+        [&] { Export().MakeFromFile(jpeg, "in.jpg", recipe, "out", control); },
+        [&] { Export().MakeFromPhoto(photo, recipe, "out", control); },
+        [&] { Export().MakeFromPhoto(transparent, recipe, "out", control); }};
+    for (const auto& makeFile : exports) {
+        told.clear();
+        makeFile();
+        ASSERT_GE(told.size(), 10u);
+        EXPECT_EQ(told.front(), 0);
+        EXPECT_EQ(told.back(), 95);
+        EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+    }
+}
+
+TEST(Export, canBeCancelledOnTheWay)
+{
+    const Bytes jpeg = MakeJpeg(200, 300);
+    Photo transparent;
+    transparent.image = MakePattern(200, 300, Image::Depth::Bits8, LumetraTest::Alpha::Varying);
+    ExportRecipe recipe = MakeRecipe(MakeLayers(), PhotoFormat::Png);
+    recipe.longestSide = 250;
+    for (const int last : {0, 30, 70, 94}) {
+        CancelToken cancel;
+        ExportControl control;
+        control.cancel = &cancel;
+        control.progress = [&](int percent) {
+            if (percent >= last)
+                cancel.Cancel();
+        };
+        EXPECT_TRUE(Export().MakeFromFile(jpeg, "in.jpg", recipe, "out", control).file.empty());
+    }
+    for (const int last : {0, 30, 70, 94}) {
+        CancelToken cancel;
+        ExportControl control;
+        control.cancel = &cancel;
+        control.progress = [&](int percent) {
+            if (percent >= last)
+                cancel.Cancel();
+        };
+        EXPECT_TRUE(Export().MakeFromPhoto(transparent, recipe, "out", control).file.empty());
+    }
+}
+
+TEST(Export, recordsThePresetsAndTheProgram)
+{
+    const Bytes jpeg = AddTags(MakeJpeg(64, 48), 1);
+    ExportRecipe recipe = MakeRecipe(MakeColours());
+    recipe.records = {{"Soft <Light>", 40}};
+
+    const QByteArray xmp = PhotoReader::Decode(Convert(jpeg, recipe).file, "out").metadata.xmp;
+
+    const auto records = EditRecords::Read(xmp);
+    ASSERT_EQ(records.size(), 1u);
+    EXPECT_EQ(records[0].preset, "Soft <Light>");
+    EXPECT_EQ(records[0].intensity, 40);
+    EXPECT_TRUE(xmp.contains("CreatorTool"));
+    EXPECT_TRUE(xmp.contains("xmp:Rating"));
+}
+
+TEST(Export, leavesMetadataAndProfileOutWhenToldTo)
+{
+    const Bytes jpeg = AddTags(MakeJpeg(64, 48, ColorConversion::GetSrgbProfile()), 1);
+    ExportRecipe recipe = MakeRecipe(MakeColours());
+    recipe.records = {{"Soft Light", 40}};
+    recipe.keepsMetadata = false;
+
+    const PhotoMetadata bare = PhotoReader::Decode(Convert(jpeg, recipe).file, "out").metadata;
+    EXPECT_EQ(bare.iccProfile, ColorConversion::GetSrgbProfile());
+    EXPECT_TRUE(bare.exif.isEmpty() && bare.xmp.isEmpty() && bare.iptc.isEmpty());
+
+    recipe.embedsProfile = false;
+    EXPECT_TRUE(PhotoReader::Decode(Convert(jpeg, recipe).file, "out").metadata.IsEmpty());
+}
+
+TEST(Export, embedsTheProfileOfPhotosWithoutOne)
+{
+    const Bytes file = Convert(MakeJpeg(64, 48), Packages()).file;
+
+    EXPECT_EQ(PhotoReader::Decode(file, "out").metadata.iccProfile,
+              ColorConversion::GetSrgbProfile());
+}
+
+TEST(ExportRecipe, shrinksTheLongestSideAndNeverEnlarges)
+{
+    ExportRecipe recipe;
+    recipe.longestSide = 100;
+    const auto getSize = [&recipe](int width, int height) {
+        const auto size = recipe.GetSize(width, height);
+        return std::pair(size.width, size.height);
+    };
+    EXPECT_EQ(getSize(300, 200), std::pair(100, 67));
+    EXPECT_EQ(getSize(200, 300), std::pair(67, 100));
+    EXPECT_EQ(getSize(100, 40), std::pair(100, 40));
+    EXPECT_EQ(getSize(99, 40), std::pair(99, 40));
+    EXPECT_EQ(getSize(3000, 4), std::pair(100, 1));
+}
+
+TEST(Export, drawsThePackagesOneOnTheOther)
 {
     const Bytes jpeg = MakeJpeg(100, 80);
     Photo expected = PhotoReader::Decode(jpeg, "in.jpg");
     for (const EffectsSettings& package : MakeLayers())
         expected.image = Renderer().Render(expected.image, package);
 
-    const Bytes png = Convert(jpeg, MakeLayers(), true, 2, PhotoFormat::Png).file;
+    const Bytes png = Convert(jpeg, MakeLayers(), 2, PhotoFormat::Png).file;
 
     EXPECT_TRUE(HaveSamePixels(PhotoReader::Decode(png, "out.png").image, expected.image));
 }
 
-TEST(PhotoExport, keepsMetadataAndProfile)
+TEST(Export, keepsMetadataAndProfile)
 {
     const Bytes jpeg = AddTags(MakeJpeg(64, 48, ColorConversion::GetSrgbProfile()), 1);
     const Photo before = PhotoReader::Decode(jpeg, "in.jpg");
 
-    const Photo after = PhotoReader::Decode(Convert(jpeg, MakeColours(), true, 2).file, "out.jpg");
+    const Photo after = PhotoReader::Decode(Convert(jpeg, MakeColours()).file, "out.jpg");
 
     EXPECT_EQ(after.metadata.exif, before.metadata.exif);
-    EXPECT_EQ(after.metadata.xmp, before.metadata.xmp);
+    EXPECT_TRUE(after.metadata.xmp.contains("xmp:Rating"));
     EXPECT_EQ(after.metadata.iptc, before.metadata.iptc);
     EXPECT_EQ(after.metadata.iccProfile, ColorConversion::GetSrgbProfile());
     EXPECT_FALSE(after.metadata.exif.isEmpty());
@@ -203,7 +448,7 @@ TEST(PhotoExport, keepsMetadataAndProfile)
     EXPECT_FALSE(after.metadata.iptc.isEmpty());
 }
 
-TEST(PhotoExport, turnsAndConvertsWhatCannotBeStreamed)
+TEST(Export, turnsAndConvertsWhatCannotBeStreamed)
 {
     const Bytes turned = AddTags(MakeJpeg(60, 40), 6);
     const Bytes wide = MakeJpeg(60, 40, ColorConversion::GetAdobeRgbProfile());
@@ -212,14 +457,14 @@ TEST(PhotoExport, turnsAndConvertsWhatCannotBeStreamed)
     const Bytes png = PhotoWriter::Encode(transparent, PhotoFormat::Png, {}, "in.png");
     for (const Bytes& content : {turned, wide, png}) {
         EXPECT_FALSE(CanStream(content));
-        EXPECT_EQ(Convert(content, MakeColours(), true, 2).file,
-                  Convert(content, MakeColours(), false, 1).file);
+        EXPECT_EQ(Convert(content, MakeColours()).file,
+                  ConvertPhoto(content, MakeRecipe(MakeColours())).file);
     }
-    const Bytes result = Convert(turned, MakeColours(), true, 2).file;
+    const Bytes result = Convert(turned, MakeColours()).file;
     EXPECT_EQ(PhotoReader::Decode(result, "out.jpg").image.GetWidth(), 40);
 }
 
-TEST(PhotoExport, keepsOddAndExtendedXmpBothWays)
+TEST(Export, keepsOddAndExtendedXmpBothWays)
 {
     const QByteArray odd = LumetraTest::MakeOddXmp();
     const QByteArray extension =
@@ -234,49 +479,46 @@ TEST(PhotoExport, keepsOddAndExtendedXmpBothWays)
     for (const Bytes& photo : photos)
         for (const auto format : {PhotoFormat::Jpeg, PhotoFormat::Png, PhotoFormat::Tiff}) {
             ASSERT_TRUE(CanStream(photo));
-            const Converted streamed = Convert(photo, MakeColours(), true, 2, format);
-            const Converted whole = Convert(photo, MakeColours(), false, 1, format);
+            const Converted streamed = Convert(photo, MakeColours(), 2, format);
+            const Converted whole = ConvertPhoto(photo, MakeRecipe(MakeColours(), format));
             EXPECT_EQ(streamed.file, whole.file);
             EXPECT_EQ(streamed.warnings, whole.warnings);
         }
-    const Bytes file = Convert(photos[1], MakeColours(), true, 2).file;
+    const Bytes file = Convert(photos[1], MakeColours()).file;
     EXPECT_EQ(PhotoReader::Decode(file, "out").metadata.xmpExtension, extension);
 }
 
-TEST(PhotoExport, tellsWhatThePhotoLosesOnTheWay)
+TEST(Export, tellsWhatThePhotoLosesOnTheWay)
 {
     const Bytes wide = MakeJpeg(60, 40, ColorConversion::GetAdobeRgbProfile());
     Photo transparent;
     transparent.image = MakePattern(60, 40, Image::Depth::Bits8, LumetraTest::Alpha::Varying);
     const Bytes png = PhotoWriter::Encode(transparent, PhotoFormat::Png, {}, "in.png");
 
-    EXPECT_THAT(Convert(wide, {}, true, 1).warnings,
+    EXPECT_THAT(Convert(wide, Packages()).warnings,
                 ElementsAre(HasSubstr("its colours are converted from ")));
-    EXPECT_THAT(Convert(png, {}, true, 1).warnings,
+    EXPECT_THAT(Convert(png, Packages()).warnings,
                 ElementsAre(HasSubstr("JPEG holds no transparency")));
-    EXPECT_THAT(Convert(png, {}, true, 1, PhotoFormat::Png).warnings, IsEmpty());
+    EXPECT_THAT(Convert(png, Packages(), 1, PhotoFormat::Png).warnings, IsEmpty());
 }
 
-TEST(PhotoExport, namesThePhotoThatDoesNotFitIntoMemory)
+TEST(Export, namesThePhotoThatDoesNotFitIntoMemory)
 {
     if (LumetraTest::HasAddressSanitizer)
         GTEST_SKIP() << "the sanitizer needs more address space than any limit leaves";
     const QTemporaryDir folder;
     const QString source = folder.filePath(QStringLiteral("in.jpg"));
-    LumetraTest::WriteFile(source, MakeJpeg(3000, 2000));
+    LumetraTest::WriteFile(source, AddTags(MakeJpeg(3000, 2000), 6)); // read whole
     struct rlimit before;
     ASSERT_EQ(getrlimit(RLIMIT_AS, &before), 0);
     const struct rlimit little = {1, before.rlim_max}; // no more than there is already
-    PhotoExport::Options options;
-    options.isStreamed = false;
-    options.threads = 1;
+    ExportControl control;
+    control.threads = 1;
     LumetraHost::ThreadPool::GetShared(); // its threads need memory of their own
     ASSERT_EQ(setrlimit(RLIMIT_AS, &little), 0);
 
-    const std::string error = ErrorOf([&] {
-        PhotoExport().Run(source, folder.filePath(QStringLiteral("out.png")), ExportLook({}),
-                          options);
-    });
+    const std::string error = ErrorOf(
+        [&] { Export().Run(source, folder.filePath(QStringLiteral("out.jpg")), {}, control); });
 
     ASSERT_EQ(setrlimit(RLIMIT_AS, &before), 0);
     EXPECT_EQ(error, source.toStdString() + ": there is not enough memory for this photo");
@@ -290,12 +532,28 @@ TEST(ExportMemory, growsWithThePhoto)
     LumetraTest::WriteFile(small, MakeJpeg(100, 100));
     LumetraTest::WriteFile(large, MakeJpeg(1100, 1000));
 
-    // At least the decoded picture and a copy of it.
-    EXPECT_GT(ExportMemory::Estimate(large) - ExportMemory::Estimate(small), 8'000'000u);
-    EXPECT_EQ(ExportMemory::Estimate(folder.filePath(QStringLiteral("none.jpg"))), 0u);
+    const ExportRecipe recipe;
+    const std::uint64_t added =
+        ExportMemory::Estimate(large, recipe) - ExportMemory::Estimate(small, recipe);
+    EXPECT_GT(added, 8'000'000u); // at least the decoded picture and a copy of it
+    EXPECT_EQ(ExportMemory::Estimate(folder.filePath(QStringLiteral("none.jpg")), recipe), 0u);
 }
 
-TEST(PhotoExport, refusesATruncatedPhotoAndLeavesTheOldFile)
+TEST(ExportMemory, growsWithTheBitsOfTheFile)
+{
+    const QTemporaryDir folder;
+    const QString photo = folder.filePath(QStringLiteral("photo.jpg"));
+    LumetraTest::WriteFile(photo, MakeJpeg(1100, 1000));
+    ExportRecipe recipe = MakeRecipe({}, PhotoFormat::Tiff);
+    const std::uint64_t narrow = ExportMemory::Estimate(photo, recipe);
+
+    recipe.depth = Image::Depth::Bits16;
+
+    // The file, and the copy of it that takes the metadata, double.
+    EXPECT_GT(ExportMemory::Estimate(photo, recipe), narrow + 2 * 3 * 1'100'000u);
+}
+
+TEST(Export, refusesATruncatedPhotoAndLeavesTheOldFile)
 {
     const QTemporaryDir folder;
     Bytes jpeg = MakeJpeg(200, 300);
@@ -305,53 +563,41 @@ TEST(PhotoExport, refusesATruncatedPhotoAndLeavesTheOldFile)
     LumetraTest::WriteFile(source, jpeg);
     LumetraTest::WriteFile(target, {1, 2, 3});
 
-    const std::string error = ErrorOf([&] {
-        PhotoExport().Run(source, target, ExportLook(MakeColours()), PhotoExport::Options());
-    });
+    const std::string error =
+        ErrorOf([&] { Export().Run(source, target, MakeRecipe(MakeColours())); });
 
     EXPECT_THAT(error, AllOf(HasSubstr(source.toStdString()), HasSubstr("expected 300 rows")));
     EXPECT_EQ(LumetraTest::ReadFile(target), (Bytes{1, 2, 3}));
 }
 
-TEST(PhotoExport, writesIntoANewFolder)
+TEST(Export, writesIntoANewFolder)
 {
     const QTemporaryDir folder;
     const QString source = folder.filePath(QStringLiteral("in.jpg"));
     const QString target = folder.filePath(QStringLiteral("new/deep/out.png"));
     LumetraTest::WriteFile(source, MakeJpeg(20, 30));
 
-    const auto result = PhotoExport().Run(source, target, ExportLook({}), PhotoExport::Options());
+    const auto result = Export().Run(source, target, MakeRecipe({}, PhotoFormat::Png));
 
-    EXPECT_TRUE(result.isWritten);
-    EXPECT_THAT(result.warnings, IsEmpty());
+    EXPECT_EQ(result.file, LumetraTest::ReadFile(target));
+    EXPECT_THAT(Join(result).warnings, IsEmpty());
     EXPECT_EQ(PhotoReader::Read(target).image.GetHeight(), 30);
 }
 
-TEST(PhotoExport, writesNothingWhenCancelled)
+TEST(Export, writesNothingWhenCancelled)
 {
     const QTemporaryDir folder;
     const QString source = folder.filePath(QStringLiteral("in.jpg"));
-    const QString target = folder.filePath(QStringLiteral("out.jpg"));
-    LumetraTest::WriteFile(source, MakeJpeg(200, 300));
+    const QString target = folder.filePath(QStringLiteral("new/out.jpg"));
     CancelToken cancel;
     cancel.Cancel();
-    PhotoExport::Options options;
-    options.cancel = &cancel;
-    for (const bool isStreamed : {true, false}) {
-        options.isStreamed = isStreamed;
-        EXPECT_FALSE(
-            PhotoExport().Run(source, target, ExportLook(MakeColours()), options).isWritten);
-        EXPECT_FALSE(QFile::exists(target));
+    ExportControl control;
+    control.cancel = &cancel;
+    for (const int orientation : {1, 6}) {
+        LumetraTest::WriteFile(source, AddTags(MakeJpeg(200, 300), orientation));
+        EXPECT_TRUE(Export().Run(source, target, MakeRecipe(MakeColours()), control).file.empty());
+        EXPECT_FALSE(QFile::exists(QFileInfo(target).path()));
     }
-}
-
-TEST(PhotoExport, namesTheTargetOfAnUnknownKind)
-{
-    EXPECT_THAT(ErrorOf([] {
-                    PhotoExport().Run(QStringLiteral("in.jpg"), QStringLiteral("out.bmp"),
-                                      ExportLook({}), PhotoExport::Options());
-                }),
-                StartsWith("out.bmp: expected a file name that ends in"));
 }
 
 } // namespace

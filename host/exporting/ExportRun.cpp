@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "exporting/ExportRun.h"
+
+#include "exporting/ExportMetadata.h"
+#include "exporting/ExportStream.h"
+#include "exporting/PictureRows.h"
+#include "image/DepthConversion.h"
+#include "image/Resize.h"
+
+#include <algorithm>
+
+namespace LumetraHost {
+namespace {
+
+/// What is left for metadata and for writing the file.
+constexpr int EncodedPercent = 95;
+/// Where a picture is whole before it is encoded.
+constexpr int CollectedPercent = 60;
+
+Image::Depth GetLarger(Image::Depth first, Image::Depth second)
+{
+    return first == Image::Depth::Bits16 ? first : second;
+}
+
+bool HaveSameSize(const PictureForm& first, const PictureForm& second)
+{
+    return first.width == second.width && first.height == second.height;
+}
+
+/// Whether the alpha of the result can be told before it is there: what lets little through may
+/// become opaque when it is rounded or averaged.
+bool IsAlphaKnown(const PictureForm& source, const PictureForm& result)
+{
+    const bool isRounded =
+        source.depth == Image::Depth::Bits16 && result.depth == Image::Depth::Bits8;
+    return source.isOpaque || (!isRounded && HaveSameSize(source, result));
+}
+
+} // namespace
+
+ExportRun::ExportRun(const ExportRecipe& recipe, const std::string& targetName,
+                     const ExportControl& control, ThreadPool& pool, Warnings& losses)
+    : m_recipe(recipe), m_targetName(targetName), m_control(control), m_pool(pool),
+      m_losses(losses),
+      m_threads(control.threads < 1 ? pool.GetThreadCount()
+                                    : std::min(control.threads, pool.GetThreadCount()))
+{
+}
+
+void ExportRun::Report(int percent)
+{
+    if (m_control.progress && percent > m_reported)
+        m_control.progress(percent);
+    m_reported = std::max(m_reported, percent);
+}
+
+Bytes ExportRun::Run(RowSource& source, const PhotoMetadata& metadata)
+{
+    m_recipe.Check(m_targetName);
+    Report(0);
+    m_metadata = MakeExportMetadata(metadata, m_recipe, m_losses);
+    const PictureForm form = source.GetForm();
+    const auto size = m_recipe.GetSize(form.width, form.height);
+    const PictureForm result{size.width, size.height, m_recipe.GetDepth(form.depth), form.isOpaque};
+    if (IsAlphaKnown(form, result))
+        return Encode(source, result, false);
+    const Image picture = Collect(source, result);
+    if (picture.IsNull())
+        return {};
+    PictureRows rows(picture);
+    return Encode(rows, rows.GetForm(), true);
+}
+
+/// The whole picture as the file will hold it; null when it was cancelled.
+Image ExportRun::Collect(RowSource& source, const PictureForm& form)
+{
+    PictureForm drawn = source.GetForm();
+    drawn.depth = form.depth;
+    Image picture = Image::AllocateUninitialised(drawn.width, drawn.height, drawn.depth);
+    int y = 0;
+    const auto keep = [&picture, &y](const Image& rows, int first, int count) {
+        CopyRows(rows, first, picture, y, count);
+        y += count;
+    };
+    if (!Stream(source, drawn, false, {0, CollectedPercent}, keep))
+        return {};
+    if (HaveSameSize(drawn, form))
+        return picture;
+    return Resize(picture, {0, 0, drawn.width, drawn.height}, form.width, form.height,
+                  ResizeQuality::Fine);
+}
+
+Bytes ExportRun::Encode(RowSource& source, const PictureForm& form, bool isDrawn)
+{
+    PhotoWriter::Options options;
+    options.quality = m_recipe.quality;
+    const auto encoder =
+        PhotoWriter::Start(form, m_metadata, m_recipe.format, options, m_targetName, &m_losses);
+    const auto encode = [&encoder](const Image& rows, int first, int count) {
+        encoder->Write(rows, first, count);
+    };
+    if (!Stream(source, form, isDrawn, {isDrawn ? CollectedPercent : 0, EncodedPercent}, encode))
+        return {};
+    Bytes file = encoder->Finish();
+    return IsCancelled() ? Bytes() : file;
+}
+
+/// False when it was cancelled. `isDrawn`: the source has the effects already.
+bool ExportRun::Stream(RowSource& source, const PictureForm& form, bool isDrawn, Percent percent,
+                       const std::function<void(const Image&, int, int)>& write)
+{
+    const PictureForm from = source.GetForm();
+    const Image::Depth depth = GetLarger(from.depth, form.depth);
+    ExportStream stream(source, depth, m_threads);
+    if (!isDrawn && m_recipe.look)
+        for (const auto& layer : m_recipe.look->GetLayers(
+                 from.width, from.height, depth == Image::Depth::Bits8, m_pool, m_control.cancel))
+            stream.AddLayer(layer);
+    stream.RoundTo(form.depth);
+    stream.ShrinkTo(form.width, form.height);
+    int written = 0;
+    const auto writeAndReport = [&](const Image& rows, int first, int count) {
+        write(rows, first, count);
+        written += count;
+        Report(percent.from + (percent.to - percent.from) * written / form.height);
+    };
+    return stream.Run(writeAndReport, m_pool, m_control.cancel);
+}
+
+} // namespace LumetraHost

@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "exporting/ExportStream.h"
+
+#include "image/DepthConversion.h"
+
+#include <algorithm>
+
+namespace LumetraHost {
+namespace {
+
+PictureRunForm MakeForm(const PictureForm& picture, Image::Depth depth, int threads)
+{
+    PictureRunForm form;
+    form.width = picture.width;
+    form.height = picture.height;
+    form.depth = depth;
+    form.isa = GetDefaultIsa();
+    form.threads = threads;
+    return form;
+}
+
+} // namespace
+
+ExportStream::ExportStream(RowSource& source, Image::Depth drawingDepth, int threads)
+    : m_source(source), m_form(MakeForm(source.GetForm(), drawingDepth, threads)),
+      m_depth(drawingDepth), m_width(m_form.width)
+{
+}
+
+void ExportStream::AddLayer(const ExportLook::Layer& layer)
+{
+    m_layers.emplace_back(layer, m_form);
+    if (m_layers.back().ChangesNothing())
+        m_layers.pop_back();
+}
+
+void ExportStream::ShrinkTo(int width, int height)
+{
+    if (width == m_form.width && height == m_form.height)
+        return;
+    m_width = width;
+    m_shrink =
+        std::make_unique<ShrinkStep>(m_form.width, m_form.height, width, height, RowsPerBand);
+}
+
+int ExportStream::GetBandCount() const
+{
+    return CountBands(m_form.height);
+}
+
+/// Bands that are kept for the first step from `nextLayer` on that reads other rows than its own.
+int ExportStream::GetLatencyBehind(std::size_t nextLayer) const
+{
+    for (; nextLayer < m_layers.size(); ++nextLayer)
+        if (const PictureRun& run = m_layers[nextLayer].GetRun(); !run.CanDrawInPlace())
+            return run.GetLatency();
+    return m_depth == m_form.depth ? GetLatencyOfEnd() : 0;
+}
+
+/// Room for the bands that the reader looks back, and for each thread to work ahead.
+Image& ExportStream::AddRing(int width, int latency, Image::Depth depth)
+{
+    const int bands = std::min(latency + GetThreadsAhead(), GetBandCount());
+    m_rings.push_back(Image::AllocateUninitialised(width, bands * RowsPerBand, depth));
+    return m_rings.back();
+}
+
+ExportStream::BandRows ExportStream::GetRows(int band, const Image& ring) const
+{
+    const int y = band * RowsPerBand;
+    return {y % ring.GetHeight(), std::min(RowsPerBand, m_form.height - y)};
+}
+
+/// The reader needs finished rows, and new rows have to wait until it is done with the old ones.
+void ExportStream::ReadFrom(BandGraph& graph, const Ring& ring, int reader) const
+{
+    const int bands = ring.rows->GetHeight() / RowsPerBand;
+    graph.Connect(ring.last, reader, bands);
+    if (ring.filler != ring.last)
+        graph.Connect(ring.filler, reader, bands);
+}
+
+ExportStream::Ring ExportStream::AddSource(BandGraph& graph)
+{
+    Image& ring = AddRing(m_form.width, GetLatencyBehind(0), m_form.depth);
+    const auto read = [this, &ring](int band, int) {
+        const BandRows rows = GetRows(band, ring);
+        m_source.Read(band * RowsPerBand, rows.count, ring, rows.first);
+    };
+    const int node = graph.AddNode(read, m_source.IsInOrder());
+    return {&ring, node, node};
+}
+
+ExportStream::Ring ExportStream::AddLayers(BandGraph& graph, Ring ring)
+{
+    for (std::size_t i = 0; i < m_layers.size(); ++i) {
+        PictureRun& run = m_layers[i].GetRun();
+        if (run.CanDrawInPlace()) {
+            ring.last = run.AddTo(graph, RowWindow(*ring.rows), RowWindow(*ring.rows), ring.last);
+            continue;
+        }
+        Image& target = AddRing(m_form.width, GetLatencyBehind(i + 1), m_form.depth);
+        const int drawn = run.AddTo(graph, RowWindow(*ring.rows), RowWindow(target), ring.last);
+        if (ring.filler != ring.last)
+            graph.Connect(ring.filler, drawn, ring.rows->GetHeight() / RowsPerBand);
+        ring = {&target, drawn, drawn};
+    }
+    return ring;
+}
+
+ExportStream::Ring ExportStream::AddRounding(BandGraph& graph, const Ring& ring)
+{
+    if (m_depth == m_form.depth)
+        return ring;
+    Image& target = AddRing(m_form.width, GetLatencyOfEnd(), m_depth);
+    const Image& source = *ring.rows;
+    const auto round = [this, &source, &target](int band, int) {
+        const BandRows from = GetRows(band, source);
+        CopyRows(source, from.first, target, GetRows(band, target).first, from.count);
+    };
+    const int node = graph.AddNode(round);
+    ReadFrom(graph, ring, node);
+    return {&target, node, node};
+}
+
+ExportStream::Ring ExportStream::AddShrinking(BandGraph& graph, const Ring& ring)
+{
+    if (!m_shrink)
+        return ring;
+    Image& target = AddRing(m_width, 0, m_depth);
+    const Image& source = *ring.rows;
+    const auto shrink = [this, &source, &target](int band, int) {
+        for (int y = m_shrink->GetFirst(band); y < m_shrink->GetEnd(band); ++y)
+            m_shrink->GetAverage().Run(source, y, target, y % target.GetHeight());
+    };
+    const int node = graph.AddNode(shrink);
+    const int bands = source.GetHeight() / RowsPerBand;
+    graph.Connect(ring.last, node, m_shrink->GetReach(), bands);
+    if (ring.filler != ring.last)
+        graph.Connect(ring.filler, node, m_shrink->GetReach(), bands);
+    return {&target, node, node};
+}
+
+void ExportStream::AddEnd(BandGraph& graph, const Ring& ring, const WriteRows& write)
+{
+    const Image& rows = *ring.rows;
+    const auto writeBand = [this, &rows, &write](int band, int) {
+        if (!m_shrink) {
+            const BandRows own = GetRows(band, rows);
+            return write(rows, own.first, own.count);
+        }
+        // A band has any number of shrunk rows, which may begin again at the top of the ring.
+        for (int y = m_shrink->GetFirst(band); y < m_shrink->GetEnd(band); ++y)
+            write(rows, y % rows.GetHeight(), 1);
+    };
+    ReadFrom(graph, ring, graph.AddNode(writeBand, true));
+}
+
+bool ExportStream::Run(const WriteRows& write, ThreadPool& pool, const CancelToken* cancel)
+{
+    BandGraph graph(GetBandCount());
+    const Ring drawn = AddLayers(graph, AddSource(graph));
+    AddEnd(graph, AddShrinking(graph, AddRounding(graph, drawn)), write);
+    return graph.Run(pool, m_form.threads, cancel);
+}
+
+} // namespace LumetraHost

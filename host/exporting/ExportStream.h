@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "exporting/ExportLayer.h"
+#include "exporting/ExportLook.h"
+#include "exporting/RowSource.h"
+#include "exporting/ShrinkStep.h"
+
+#include <deque>
+#include <functional>
+#include <memory>
+
+namespace LumetraHost {
+
+/// A picture's way from its source through layers, rounding and shrinking to whoever takes its
+/// rows, as one band graph with a ring of rows between the steps: bands are read, drawn and written
+/// at the same time, and no more rows are kept than somebody still looks at. Used once.
+class ExportStream
+{
+public:
+    /// Takes the finished rows from top to bottom, one call at a time: those of `rows` from its row
+    /// `first` on.
+    using WriteRows = std::function<void(const Image& rows, int first, int count)>;
+
+    /// `source` is kept by reference. Layers draw at `drawingDepth`, which is not less than that of
+    /// the source. `threads`: at least 1; they do not change the pixels.
+    ExportStream(RowSource& source, Image::Depth drawingDepth, int threads);
+
+    void AddLayer(const ExportLook::Layer& layer);
+    /// Behind all layers; not more bits than they draw with.
+    void RoundTo(Image::Depth depth) { m_depth = depth; }
+    /// Behind the rounding; not more pixels than the source has. Opaque pictures only.
+    void ShrinkTo(int width, int height);
+
+    /// False when it was cancelled. What `write` throws comes out here.
+    bool Run(const WriteRows& write, ThreadPool& pool, const CancelToken* cancel);
+
+private:
+    /// A ring with the nodes that write it. Layers that need no rows around draw in place, one
+    /// after the other.
+    struct Ring
+    {
+        Image* rows;
+        int filler; ///< puts new rows in the place of old ones
+        int last;   ///< after which they are finished
+    };
+
+    struct BandRows
+    {
+        int first; ///< in the ring
+        int count;
+    };
+
+    int GetBandCount() const;
+    int GetThreadsAhead() const { return 2 + m_form.threads; }
+    int GetLatencyBehind(std::size_t nextLayer) const;
+    int GetLatencyOfEnd() const { return m_shrink ? m_shrink->GetLatency() : 0; }
+    BandRows GetRows(int band, const Image& ring) const;
+    Image& AddRing(int width, int latency, Image::Depth depth);
+    void ReadFrom(BandGraph& graph, const Ring& ring, int reader) const;
+
+    Ring AddSource(BandGraph& graph);
+    Ring AddLayers(BandGraph& graph, Ring ring);
+    Ring AddRounding(BandGraph& graph, const Ring& ring);
+    Ring AddShrinking(BandGraph& graph, const Ring& ring);
+    void AddEnd(BandGraph& graph, const Ring& ring, const WriteRows& write);
+
+    RowSource& m_source;
+    PictureRunForm m_form;
+    Image::Depth m_depth;
+    int m_width; ///< of the finished rows
+    std::unique_ptr<const ShrinkStep> m_shrink;
+    std::deque<ExportLayer> m_layers;
+    std::deque<Image> m_rings;
+};
+
+} // namespace LumetraHost
