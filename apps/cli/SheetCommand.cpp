@@ -12,6 +12,9 @@
 #include "core/PresetControllerFactory.h"
 #include "core/PresetSession.h"
 #include "photo/PhotoReader.h"
+#include "photo/file/PhotoFile.h"
+#include "photo/file/PhotoHead.h"
+#include "photo/file/PhotoLimits.h"
 #include "storage/CheckedFileWriter.h"
 #include "storage/FileIdentity.h"
 #include "workspace/WorkspaceController.h"
@@ -53,6 +56,21 @@ QString ReadOutput(const QCommandLineParser& parser, const QString& photo)
     if (LumetraHost::FileIdentity::Of(output) == LumetraHost::FileIdentity::Of(photo))
         throw UsageError(QStringLiteral("--output: \"%1\" is the photo itself").arg(output));
     return OutputFile::Read(parser, QStringLiteral("png"), QStringLiteral("PNG"));
+}
+
+/// The longer side that the photo has to keep: none of the previews, which are cropped where the
+/// photo is long, may be enlarged, and with twice the pixels they stay as sharp as from all of
+/// them.
+int GetSmallestSide(const QString& path, int tile)
+{
+    LumetraHost::PhotoFile file(path);
+    const auto head = LumetraHost::PhotoHead::Read(file);
+    const auto [shorter, longer] = std::minmax(head.width, head.height);
+    constexpr auto all = static_cast<double>(LumetraHost::PhotoLimits::LargestSide);
+    if (shorter == 0)
+        return static_cast<int>(all);
+    const double ratio = static_cast<double>(longer) / static_cast<double>(shorter);
+    return static_cast<int>(std::min(all, std::ceil(2 * tile * std::max(TallestTile, ratio))));
 }
 
 QSize TileSize(int width, const Image& photo)
@@ -167,7 +185,8 @@ ExitCode SheetCommand::Execute(const QCommandLineParser& parser, Console& consol
     if (QFontDatabase().families().isEmpty())
         console.Report(QStringLiteral("no font found: the sheet has no names"));
 
-    const Photo photo = LumetraHost::PhotoReader::Read(photoName);
+    const Photo photo =
+        LumetraHost::PhotoReader::ReadReduced(photoName, GetSmallestSide(photoName, tile));
     const QSize tileSize = TileSize(tile, photo.image);
     session->GetFactory().SetPreviewOptions({tileSize, false});
     session->OpenPhoto(photo.image);

@@ -28,8 +28,7 @@ Image Scale(const Image& photo)
 
 Image ReadSmall(const QString& path)
 {
-    return Scale(
-        PhotoReader::DecodeReduced(PhotoReader::ReadContent(path), "photo", ThumbnailSide).image);
+    return Scale(PhotoReader::ReadReduced(path, ThumbnailSide).image);
 }
 
 void StoreBelowEachOther(const std::vector<Image>& pictures, const QString& path)

@@ -87,16 +87,29 @@ Photo Finish(DecodedPhoto decoded, const Bytes& content)
     return photo;
 }
 
+template <class Decoding>
+Photo ReadFile(const QString& path, const Decoding& decode)
+{
+    const std::string name = path.toStdString();
+    try {
+        return decode(PhotoReader::ReadContent(path), name);
+    } catch (const std::bad_alloc&) {
+        Fail(name, PhotoLimits::OutOfMemory);
+    }
+}
+
 } // namespace
 
 Photo PhotoReader::Read(const QString& path)
 {
-    const std::string name = path.toStdString();
-    try {
-        return Decode(ReadContent(path), name);
-    } catch (const std::bad_alloc&) {
-        Fail(name, PhotoLimits::OutOfMemory);
-    }
+    return ReadFile(path, Decode);
+}
+
+Photo PhotoReader::ReadReduced(const QString& path, int smallestSide)
+{
+    return ReadFile(path, [smallestSide](const Bytes& content, const std::string& name) {
+        return DecodeReduced(content, name, smallestSide);
+    });
 }
 
 Photo PhotoReader::Decode(const Bytes& content, const std::string& name)

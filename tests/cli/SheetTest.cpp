@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "CliTest.h"
 
+#include "photo/PhotoReader.h"
+#include "photo/PhotoWriter.h"
+#include "photo/colour/ColorConversion.h"
+
 #include <QImage>
 #include <QSet>
+
+#include <cstdlib>
 
 #include <unistd.h>
 
@@ -20,7 +26,46 @@ int CountColours(const QImage& image, const QRect& area)
     return colours.size();
 }
 
+/// The mean of the channels' differences.
+double FindDifference(const QImage& first, const QImage& second)
+{
+    long long sum = 0;
+    for (int y = 0; y < first.height(); ++y)
+        for (int x = 0; x < first.width(); ++x) {
+            const QRgb a = first.pixel(x, y);
+            const QRgb b = second.pixel(x, y);
+            sum += std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) +
+                   std::abs(qBlue(a) - qBlue(b));
+        }
+    return double(sum) / (3.0 * first.width() * first.height());
+}
+
 } // namespace
+
+// A JPEG photo is decoded at an eighth, a PNG photo in full.
+TEST_F(CliTest, showsALargePhotoUprightInItsColoursAndSharp)
+{
+    LumetraHost::Photo photo;
+    photo.image = WritePhoto("base.png", 1600, 1000);
+    photo.metadata.iccProfile = LumetraHost::ColorConversion::GetAdobeRgbProfile();
+    LumetraHost::PhotoWriter::Write(Path("large.jpg"), photo);
+    // An EXIF block that says: to be turned clockwise.
+    const QByteArray exif("\xFF\xE1\0\x22"
+                          "Exif\0\0MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0\x06\0\0\0\0\0\0",
+                          36);
+    WriteFile("large.jpg", ReadFile("large.jpg").insert(2, exif));
+    LumetraHost::PhotoWriter::Write(Path("large.png"),
+                                    LumetraHost::PhotoReader::Read(Path("large.jpg")));
+    ASSERT_EQ(ReadPhoto("large.png").GetHeight(), 1600);
+
+    ASSERT_EQ(Run(Words("sheet large.jpg -o reduced.png --tile 60")).code, 0);
+    ASSERT_EQ(Run(Words("sheet large.png -o full.png --tile 60")).code, 0);
+
+    const QImage reduced(Path("reduced.png"));
+    const QImage full(Path("full.png"));
+    ASSERT_EQ(reduced.size(), full.size());
+    EXPECT_LT(FindDifference(reduced, full), 1);
+}
 
 TEST_F(CliTest, showsAllPresetsWithTheirNamesWithoutADisplay)
 {
