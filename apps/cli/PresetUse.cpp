@@ -131,11 +131,13 @@ PresetUse::MakePackages(LumetraPlugin::PresetSession& session) const
 std::vector<LumetraHost::EditRecord>
 PresetUse::MakeRecords(const std::vector<Zorvik::Quindle::EffectsSettings>& packages) const
 {
+    LumetraHost::EditRecord record;
+    record.preset = m_preset.name.toStdString();
+    record.intensity = GetIntensity().value_or(record.intensity); // all of it where there is none
     std::vector<LumetraHost::EditRecord> records;
     for (const auto& package : packages)
         if (!package.Package().GetPresetName().empty())
-            records.push_back(
-                {m_preset.name.toStdString(), m_intensity.value_or(m_preset.intensity)});
+            records.push_back(record);
     return records;
 }
 

@@ -18,6 +18,7 @@ namespace LumetraPlugin {
 namespace {
 
 using LumetraHost::JsonDocument;
+using Zorvik::Lumetra::LumetraPresets::IntensitySettingType;
 using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
@@ -88,6 +89,12 @@ QJsonArray SavePositions(const QModelIndex& preset)
     return positions;
 }
 
+bool HasIntensity(const QModelIndex& preset)
+{
+    return preset.data(PresetModel::IntensitySettingTypeRole).value<IntensitySettingType>() !=
+           IntensitySettingType::None;
+}
+
 } // namespace
 
 AppliedEdit::AppliedEdit(PresetCollection& presets,
@@ -104,12 +111,14 @@ QJsonObject AppliedEdit::Save() const
     if (!applied.isValid())
         return {};
     const EffectsSettings settings = m_presets.GetModel().GetPreset(applied)->MakeSettings();
-    return {{PresetKey(), applied.data(PresetModel::PresetIdRole).toString()},
-            {NameKey(), applied.data(PresetModel::PresetNameRole).toString()},
-            {BlendKey(), settings.GetBlendAmount()},
-            {EffectsKey(), SaveEffects(settings)},
-            {IntensityKey(), applied.data(PresetModel::IntensityRole).toInt()},
-            {SlidersKey(), SavePositions(applied)}};
+    QJsonObject edit{{PresetKey(), applied.data(PresetModel::PresetIdRole).toString()},
+                     {NameKey(), applied.data(PresetModel::PresetNameRole).toString()},
+                     {BlendKey(), settings.GetBlendAmount()},
+                     {EffectsKey(), SaveEffects(settings)},
+                     {SlidersKey(), SavePositions(applied)}};
+    if (HasIntensity(applied))
+        edit.insert(IntensityKey(), applied.data(PresetModel::IntensityRole).toInt());
+    return edit;
 }
 
 /// The package as it was, so that nothing depends on what the catalogue says today.

@@ -31,7 +31,8 @@ public:
                 std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> workspace);
 
     /// Empty when nothing is applied. Members: "preset", "name", "blend" (1 the full effect, 255
-    /// none), "effects" as in a catalogue, "intensity" and "sliders" (the positions in the panel).
+    /// none), "effects" as in a catalogue, "sliders" (the positions in the panel) and, of a preset
+    /// that has one, "intensity".
     QJsonObject Save() const;
     /// The inverse, on a photo without open packages. Returns a sentence for each member that could
     /// not be used.

@@ -120,6 +120,18 @@ TEST_F(ApplyRecipeTest, recordsThePresetWithItsIntensity)
                 HasSubstr("CreatorTool=\"Lumetra " LUMETRA_VERSION "\""));
 }
 
+TEST_F(ApplyRecipeTest, recordsAPresetWithoutIntensityAsAWhole)
+{
+    WritePhoto("a.png");
+
+    ASSERT_EQ(Apply("a.png -p test.plain -o b.jpg").code, 0);
+
+    const auto records = EditRecords::Read(ReadMetadata("b.jpg").xmp);
+    ASSERT_EQ(records.size(), 1u);
+    EXPECT_EQ(records[0].preset, "Test Plain");
+    EXPECT_EQ(records[0].intensity, 100);
+}
+
 TEST_F(ApplyRecipeTest, leavesTheMetadataOutWhenToldTo)
 {
     WritePhoto("a.png");

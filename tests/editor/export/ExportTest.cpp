@@ -244,7 +244,7 @@ TEST_F(ExportTest, remembersTheOptions)
         EXPECT_EQ(again.recipe.depth, Image::Depth::Bits16);
         EXPECT_EQ(again.recipe.longestSide, 44);
         EXPECT_FALSE(again.recipe.keepsMetadata);
-        EXPECT_FALSE(again.embedProfile);
+        EXPECT_FALSE(again.recipe.embedsProfile);
         dialog.reject();
     });
 }

@@ -5,6 +5,7 @@
 #include "photo/PhotoWriter.h"
 #include "photo/metadata/EditRecord.h"
 
+#include <QLineEdit>
 #include <QProcess>
 #include <QSlider>
 
@@ -14,6 +15,7 @@
 
 using namespace LumetraTest;
 using LumetraEditor::ExportJob;
+using LumetraEditor::ExportOptions;
 using LumetraHost::Image;
 using LumetraHost::Photo;
 using LumetraHost::PhotoFormat;
@@ -31,18 +33,22 @@ class SameExportTest : public EditorTest
 protected:
     static constexpr int Width = 1250;
     static constexpr int Height = 900;
+    static constexpr int Intensity = 60;
 
     SameExportTest() { LoadPresetsPanel(); }
 
-    void SetUp() override { QCoreApplication::setApplicationVersion(LUMETRA_VERSION); }
+    void SetUp() override
+    {
+        QCoreApplication::setApplicationVersion(QStringLiteral(LUMETRA_VERSION));
+    }
     void TearDown() override { QCoreApplication::setApplicationVersion({}); }
 
     QString WriteLarge(const char* name, Image::Depth depth = Image::Depth::Bits8) const
     {
-        const Photo photo = PhotoReader::Read(WritePhoto("base.png", Width, Height));
-        Photo converted = photo;
+        const Photo base = PhotoReader::Read(WritePhoto("base.png", Width, Height));
+        Photo converted = base;
         converted.image = Image::Allocate(Width, Height, depth);
-        CopyRows(photo.image, 0, converted.image, 0, Height);
+        CopyRows(base.image, 0, converted.image, 0, Height);
         const QString path = Path(name);
         PhotoWriter::Write(path, converted);
         return path;
@@ -59,103 +65,129 @@ protected:
         return WriteFile(name, ReadFile(name).insert(2, exif));
     }
 
-    QByteArray ExportByEditor(const QString& photo, ExportOptions options, const char* name)
+    /// Opens the photo and puts the look on it.
+    void Edit(const QString& file, const QString& preset = Look)
     {
+        photo = file;
+        look = preset;
         Open(photo);
-        ClickLook(Look);
-        Find<QSlider>("intensitySlider")->setValue(60);
+        Find<QLineEdit>("searchField")->setText(look);
+        ClickLook(look);
+        hasIntensity = look == Look;
+        if (hasIntensity)
+            Find<QSlider>("intensitySlider")->setValue(Intensity);
+    }
+
+    QByteArray ExportByEditor(ExportOptions options, const char* name) const
+    {
         options.path = Path(name);
         ExportJob job(editor->GetPhoto(), editor->GetPackages(), editor->GetRecords(), options);
         EXPECT_TRUE(job.Run([](int) {}));
         return ReadFile(name);
     }
 
-    QByteArray ExportByTool(const QString& photo, const QStringList& options, const char* name)
+    QByteArray ExportByTool(const QStringList& options, const char* name) const
     {
+        QStringList words{QStringLiteral("apply"),    photo,     QStringLiteral("--preset"), look,
+                          QStringLiteral("--output"), Path(name)};
+        if (hasIntensity)
+            words << QStringLiteral("--intensity") << QString::number(Intensity);
         QProcess tool;
-        tool.start(QStringLiteral(LUMETRA_PRESETS_PROGRAM),
-                   QStringList{QStringLiteral("apply"), photo, QStringLiteral("--preset"), Look,
-                               QStringLiteral("--intensity"), QStringLiteral("60"),
-                               QStringLiteral("--output"), Path(name)} +
-                       options);
+        tool.start(QStringLiteral(LUMETRA_PRESETS_PROGRAM), words + options);
         EXPECT_TRUE(tool.waitForFinished(-1));
         EXPECT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().toStdString();
         return ReadFile(name);
     }
 
-    using ExportOptions = LumetraEditor::ExportOptions;
-
-    /// Whatever the size.
-    void ExpectSame(const QString& photo, PhotoFormat format,
-                    std::optional<Image::Depth> depth = {})
+    /// At its own size, at another one and at a larger one, which is its own.
+    void ExpectSame(PhotoFormat format, std::optional<Image::Depth> depth = {}) const
     {
-        const QString suffix = LumetraEditor::GetSuffix(format);
         for (const int longestSide : {0, 700, 5000}) {
             ExportOptions options;
             options.recipe.format = format;
             options.recipe.depth = depth;
             options.recipe.longestSide = longestSide;
-            QStringList words;
+            QStringList words{QStringLiteral("--overwrite")};
             if (depth)
                 words << QStringLiteral("--depth")
-                      << (depth == Image::Depth::Bits16 ? QStringLiteral("16")
-                                                        : QStringLiteral("8"));
+                      << QString::number(depth == Image::Depth::Bits16 ? 16 : 8);
             if (longestSide > 0)
                 words << QStringLiteral("--size") << QString::number(longestSide);
-            words << QStringLiteral("--overwrite");
-            const std::string ofEditor = "editor." + suffix.toStdString();
-            const std::string ofTool = "tool." + suffix.toStdString();
-            const QByteArray first = ExportByEditor(photo, options, ofEditor.c_str());
-            const QByteArray second = ExportByTool(photo, words, ofTool.c_str());
-            EXPECT_FALSE(first.isEmpty());
-            EXPECT_TRUE(first == second) << photo.toStdString() << ", " << longestSide << " pixels";
+            const std::string suffix = LumetraEditor::GetSuffix(format).toStdString();
+            const QByteArray made = ExportByEditor(options, ("editor." + suffix).c_str());
+            EXPECT_FALSE(made.isEmpty());
+            EXPECT_TRUE(made == ExportByTool(words, ("tool." + suffix).c_str()))
+                << photo.toStdString() << ", " << longestSide << " pixels";
         }
-        const Photo made = PhotoReader::Read(Path(("tool." + suffix.toStdString()).c_str()));
-        const auto records = LumetraHost::EditRecords::Read(made.metadata.xmp);
-        ASSERT_EQ(records.size(), 1u);
-        EXPECT_EQ(records[0].preset, Look.toStdString());
-        EXPECT_EQ(records[0].intensity, 60);
     }
+
+    void ExpectRecord(const char* name, int intensity) const
+    {
+        const auto xmp = PhotoReader::Read(Path(name)).metadata.xmp;
+        const auto records = LumetraHost::EditRecords::Read(xmp);
+        ASSERT_EQ(records.size(), 1u);
+        EXPECT_EQ(records[0].preset, look.toStdString());
+        EXPECT_EQ(records[0].intensity, intensity);
+    }
+
+    QString photo;
+    QString look;
+    bool hasIntensity = false;
 };
 
 } // namespace
 
 TEST_F(SameExportTest, isMadeOfAJpegPhotoThatIsStreamed)
 {
-    ExpectSame(WriteLarge("photo.jpg"), PhotoFormat::Jpeg);
-    ExpectSame(WriteLarge("photo.jpg"), PhotoFormat::Tiff, Image::Depth::Bits16);
+    Edit(WriteLarge("photo.jpg"));
+
+    ExpectSame(PhotoFormat::Jpeg);
+    ExpectSame(PhotoFormat::Tiff, Image::Depth::Bits16);
+    ExpectRecord("editor.jpg", Intensity);
 }
 
 TEST_F(SameExportTest, isMadeOfAJpegPhotoThatIsTurned)
 {
-    const QString photo = WriteTurned("photo.jpg");
-    ASSERT_EQ(PhotoReader::Read(photo).image.GetHeight(), Width);
-    ExpectSame(photo, PhotoFormat::Jpeg);
+    Edit(WriteTurned("photo.jpg"));
+    ASSERT_EQ(editor->GetPhoto().image.GetHeight(), Width);
+
+    ExpectSame(PhotoFormat::Jpeg);
 }
 
 TEST_F(SameExportTest, isMadeOfAPngPhoto)
 {
-    ExpectSame(WriteLarge("photo.png"), PhotoFormat::Png);
+    Edit(WriteLarge("photo.png"));
+
+    ExpectSame(PhotoFormat::Png);
 }
 
 TEST_F(SameExportTest, isMadeOfATiffPhotoOf16Bits)
 {
-    const QString photo = WriteLarge("photo.tif", Image::Depth::Bits16);
-    ExpectSame(photo, PhotoFormat::Tiff);
-    ExpectSame(photo, PhotoFormat::Tiff, Image::Depth::Bits8);
-    ExpectSame(photo, PhotoFormat::Jpeg);
+    Edit(WriteLarge("photo.tif", Image::Depth::Bits16));
+    ASSERT_EQ(editor->GetPhoto().image.GetDepth(), Image::Depth::Bits16);
+
+    ExpectSame(PhotoFormat::Tiff);
+    ExpectSame(PhotoFormat::Tiff, Image::Depth::Bits8);
+    ExpectSame(PhotoFormat::Jpeg);
+}
+
+TEST_F(SameExportTest, isMadeOfALookWithoutIntensity)
+{
+    Edit(WriteLarge("photo.jpg"), QStringLiteral("Plain Grey"));
+
+    ExpectSame(PhotoFormat::Jpeg);
+    ExpectRecord("editor.jpg", 100);
 }
 
 TEST_F(SameExportTest, isMadeWithoutMetadata)
 {
+    Edit(WriteLarge("photo.jpg"));
     ExportOptions options;
     options.recipe.keepsMetadata = false;
-    const QString photo = WriteLarge("photo.jpg");
 
-    const QByteArray ofEditor = ExportByEditor(photo, options, "editor.jpg");
-    const QByteArray ofTool =
-        ExportByTool(photo, {QStringLiteral("--metadata"), QStringLiteral("none")}, "tool.jpg");
+    const QByteArray made = ExportByEditor(options, "editor.jpg");
 
-    EXPECT_TRUE(ofEditor == ofTool);
+    EXPECT_TRUE(made ==
+                ExportByTool({QStringLiteral("--metadata"), QStringLiteral("none")}, "tool.jpg"));
     EXPECT_TRUE(PhotoReader::Read(Path("tool.jpg")).metadata.xmp.isEmpty());
 }
