@@ -3,9 +3,9 @@
 // loaded, and what could not be understood lies beside it.
 #include "EffectPresets/EffectPresetModel.h"
 #include "catalogue/CatalogueParser.h"
-#include "catalogue/UserStoreChecker.h"
 #include "core/PresetControllerFactory.h"
-#include "core/UserPresetStore.h"
+#include "core/userstore/UserPresetStore.h"
+#include "core/userstore/UserStoreChecker.h"
 #include "engine/effects/EffectKinds.h"
 #include "storage/JsonException.h"
 
@@ -21,9 +21,9 @@
 using LumetraHost::CatalogueParser;
 using LumetraHost::CatalogueReports;
 using LumetraHost::JsonDocument;
-using LumetraHost::UserStoreChecker;
 using LumetraPlugin::PresetControllerFactory;
 using LumetraPlugin::UserPresetStore;
+using LumetraPlugin::UserStoreChecker;
 using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
 
 namespace {

@@ -6,7 +6,7 @@
 #include "core/PresetModel.h"
 #include "core/PresetResource.h"
 #include "core/PresetSession.h"
-#include "core/UserPresetStore.h"
+#include "core/userstore/UserPresetStore.h"
 
 namespace LumetraCli {
 namespace {

@@ -6,11 +6,11 @@
 #include "UsageError.h"
 #include "Zorvik/Exception.h"
 #include "catalogue/CatalogueParser.h"
-#include "catalogue/UserStoreChecker.h"
 #include "core/CatalogueLocations.h"
 #include "core/LutImport.h"
 #include "core/PresetControllerFactory.h"
 #include "core/PresetSession.h"
+#include "core/userstore/UserStoreChecker.h"
 #include "lut/LutReader.h"
 #include "storage/FileIdentity.h"
 
@@ -28,8 +28,8 @@ using LumetraHost::CatalogueReport;
 using LumetraHost::CatalogueReports;
 using LumetraHost::FileIdentity;
 using LumetraHost::JsonDocument;
-using LumetraHost::UserStoreChecker;
 using LumetraPlugin::PresetControllerFactory;
+using LumetraPlugin::UserStoreChecker;
 
 /// A store by itself; anything else is added to the catalogues.
 void TakeFile(const QString& file, CatalogueParser& catalogues, CatalogueReports& reports)

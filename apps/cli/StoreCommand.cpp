@@ -8,7 +8,7 @@
 #include "Zorvik/Exception.h"
 #include "core/PresetNames.h"
 #include "core/PresetSession.h"
-#include "core/UserPresetStore.h"
+#include "core/userstore/UserPresetStore.h"
 
 namespace LumetraCli {
 

@@ -6,7 +6,7 @@
 #include "catalogue/CatalogueParser.h"
 #include "core/PresetControllerFactory.h"
 #include "core/PresetModel.h"
-#include "core/UserPresetStore.h"
+#include "core/userstore/UserPresetStore.h"
 
 namespace LumetraPlugin {
 

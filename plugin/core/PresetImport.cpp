@@ -3,12 +3,12 @@
 
 #include "Zorvik/Exception.h"
 #include "catalogue/CatalogueParser.h"
-#include "catalogue/UserStoreChecker.h"
 #include "core/LutImport.h"
 #include "core/PresetCollection.h"
 #include "core/PresetControllerFactory.h"
 #include "core/PresetNames.h"
-#include "core/UserPresetStore.h"
+#include "core/userstore/UserPresetStore.h"
+#include "core/userstore/UserStoreChecker.h"
 #include "storage/JsonDocument.h"
 
 #include <boost/current_function.hpp>
@@ -19,7 +19,6 @@ namespace {
 using LumetraHost::CatalogueParser;
 using LumetraHost::CatalogueReport;
 using LumetraHost::JsonDocument;
-using LumetraHost::UserStoreChecker;
 using PresetPtr = PresetModel::PresetPtr;
 
 [[noreturn]] void Fail(const std::string& description, const char* function, int line)

@@ -8,7 +8,7 @@
 #include "Zorvik/Util/ObjectsConnector.h"
 #include "core/PresetCollection.h"
 #include "core/PresetResource.h"
-#include "core/UserPresetStore.h"
+#include "core/userstore/UserPresetStore.h"
 #include "panel/AppliedEdit.h"
 #include "panel/EffectTexts.h"
 #include "panel/RecentPresets.h"

@@ -8,7 +8,7 @@
 #include "core/CatalogueLocations.h"
 #include "core/PresetCollection.h"
 #include "core/PresetControllerFactory.h"
-#include "core/UserPresetStore.h"
+#include "core/userstore/UserPresetStore.h"
 #include "panel/AppliedEdit.h"
 #include "panel/HoverPreview.h"
 #include "panel/PresetCommands.h"

@@ -2,7 +2,7 @@
 #include "core/LutImport.h"
 
 #include "core/PresetSession.h"
-#include "core/UserPresetStore.h"
+#include "core/userstore/UserPresetStore.h"
 #include "image/Image.h"
 #include "workspace/WorkspaceController.h"
 

@@ -3,7 +3,7 @@
 // at most the preset or the slider that it stands in.
 #include "core/PresetModel.h"
 #include "core/PresetSession.h"
-#include "core/UserPresetStore.h"
+#include "core/userstore/UserPresetStore.h"
 #include "image/Image.h"
 #include "workspace/WorkspaceController.h"
 

@@ -2,7 +2,7 @@
 // Several hundred damaged stores: none crashes the program, none costs a good preset, and each is
 // reported with file, line and column, a wrong value with its path too.
 #include "StoreFixture.h"
-#include "catalogue/UserStoreChecker.h"
+#include "core/userstore/UserStoreChecker.h"
 #include "storage/JsonDocument.h"
 #include "storage/JsonException.h"
 
@@ -323,8 +323,8 @@ std::vector<std::string> CheckText(const QByteArray& content)
     using namespace LumetraHost;
     CatalogueReports reports;
     try {
-        UserStoreChecker::Check(JsonDocument::Parse(content, "presets.json"), {"", "photo"},
-                                reports);
+        LumetraPlugin::UserStoreChecker::Check(JsonDocument::Parse(content, "presets.json"),
+                                               {"", "photo"}, reports);
     } catch (const JsonException& error) {
         return {error.what()};
     }

@@ -3,7 +3,7 @@
 
 #include "core/PresetControllerFactory.h"
 #include "core/PresetModel.h"
-#include "core/UserPresetStore.h"
+#include "core/userstore/UserPresetStore.h"
 
 #include <memory>
 

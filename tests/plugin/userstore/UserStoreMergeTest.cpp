@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "userdata/UserDataMerge.h"
+#include "core/userstore/UserStoreMerge.h"
 #include "storage/JsonReader.h"
 #include "storage/JsonWriter.h"
 
@@ -7,8 +7,13 @@
 
 #include <string>
 
-namespace LumetraHost {
+namespace LumetraTest {
 namespace {
+
+using LumetraHost::JsonReader;
+using LumetraHost::JsonValue;
+using LumetraHost::JsonWriter;
+using LumetraPlugin::UserStoreMerge;
 
 JsonValue::Object Parse(const std::string& text)
 {
@@ -25,7 +30,7 @@ struct Case
     std::string seen = {};
 };
 
-class UserDataMergeTest : public testing::Test
+class UserStoreMergeTest : public testing::Test
 {
 protected:
     /// Compares what the merge makes of the file with `expected`.
@@ -33,7 +38,7 @@ protected:
     {
         const auto current = Parse(given.current);
         const auto seen = Parse(given.seen.empty() ? given.before : given.seen);
-        const UserDataMerge merge(
+        const UserStoreMerge merge(
             [](const JsonValue& e) { return !(*e.As<JsonValue::Object>())->Find("broken"); });
         EXPECT_EQ(merge.Apply(*Parse(given.before), *Parse(given.after), *seen, *current),
                   isChanged);
@@ -46,50 +51,50 @@ protected:
     }
 };
 
-TEST_F(UserDataMergeTest, withoutChangesLeavesTheFileAlone)
+TEST_F(UserStoreMergeTest, withoutChangesLeavesTheFileAlone)
 {
     const auto data = Presets(R"({"id": "a", "name": "A"})");
     ExpectMerged({data, data, data}, data, false);
 }
 
-TEST_F(UserDataMergeTest, appendsANewPresetToWhatAnotherProgramAppended)
+TEST_F(UserStoreMergeTest, appendsANewPresetToWhatAnotherProgramAppended)
 {
     ExpectMerged({Presets(R"({"id": "a"})"), Presets(R"({"id": "a"}, {"id": "mine"})"),
                   Presets(R"({"id": "a"}, {"id": "theirs"})")},
                  Presets(R"({"id": "a"}, {"id": "theirs"}, {"id": "mine"})"), true);
 }
 
-TEST_F(UserDataMergeTest, makesTheListInAnEmptyFile)
+TEST_F(UserStoreMergeTest, makesTheListInAnEmptyFile)
 {
     ExpectMerged({"{}", Presets(R"({"id": "mine"})"), "{}"}, Presets(R"({"id": "mine"})"), true);
 }
 
-TEST_F(UserDataMergeTest, removesWhatWasRemovedHere)
+TEST_F(UserStoreMergeTest, removesWhatWasRemovedHere)
 {
     ExpectMerged({Presets(R"({"id": "a"}, {"id": "b"})"), Presets(R"({"id": "b"})"),
                   Presets(R"({"id": "a"}, {"id": "b"}, {"id": "theirs"})")},
                  Presets(R"({"id": "b"}, {"id": "theirs"})"), true);
 }
 
-TEST_F(UserDataMergeTest, keepsAPresetThatWasRemovedHereButChangedByAnotherProgram)
+TEST_F(UserStoreMergeTest, keepsAPresetThatWasRemovedHereButChangedByAnotherProgram)
 {
     const auto current = Presets(R"({"id": "a", "name": "Renamed"})");
     ExpectMerged({Presets(R"({"id": "a", "name": "A"})"), Presets(""), current}, current, false);
 }
 
-TEST_F(UserDataMergeTest, doesNotResurrectWhatAnotherProgramRemoved)
+TEST_F(UserStoreMergeTest, doesNotResurrectWhatAnotherProgramRemoved)
 {
     const auto known = Presets(R"({"id": "a"}, {"id": "b"})");
     ExpectMerged({known, known, Presets(R"({"id": "b"})")}, Presets(R"({"id": "b"})"), false);
 }
 
-TEST_F(UserDataMergeTest, keepsAPresetThatWasChangedHereButRemovedByAnotherProgram)
+TEST_F(UserStoreMergeTest, keepsAPresetThatWasChangedHereButRemovedByAnotherProgram)
 {
     const auto after = Presets(R"({"id": "a", "name": "Renamed"})");
     ExpectMerged({Presets(R"({"id": "a", "name": "A"})"), after, Presets("")}, after, true);
 }
 
-TEST_F(UserDataMergeTest, joinsEditsOfDifferentMembersOfOnePreset)
+TEST_F(UserStoreMergeTest, joinsEditsOfDifferentMembersOfOnePreset)
 {
     ExpectMerged({Presets(R"({"id": "a", "name": "A", "popular": false})"),
                   Presets(R"({"id": "a", "name": "Mine", "popular": false})"),
@@ -97,7 +102,7 @@ TEST_F(UserDataMergeTest, joinsEditsOfDifferentMembersOfOnePreset)
                  Presets(R"({"id": "a", "name": "Mine", "popular": true})"), true);
 }
 
-TEST_F(UserDataMergeTest, keepsFieldsThatThisProgramDoesNotKnow)
+TEST_F(UserStoreMergeTest, keepsFieldsThatThisProgramDoesNotKnow)
 {
     ExpectMerged({Presets(R"({"id": "a", "name": "A"})"), Presets(R"({"id": "a", "name": "B"})"),
                   R"({"note": 12345678901234567890,
@@ -109,14 +114,14 @@ TEST_F(UserDataMergeTest, keepsFieldsThatThisProgramDoesNotKnow)
                  true);
 }
 
-TEST_F(UserDataMergeTest, keepsBadEntriesVerbatimAndInPlace)
+TEST_F(UserStoreMergeTest, keepsBadEntriesVerbatimAndInPlace)
 {
     ExpectMerged({Presets(R"({"id": "a"})"), Presets(""),
                   Presets(R"(7, {"id": "a", "broken": 1}, {"id": "a"}, "text")")},
                  Presets(R"(7, {"id": "a", "broken": 1}, "text")"), true);
 }
 
-TEST_F(UserDataMergeTest, tellsPresetsOfOneIdApartByTheirOrder)
+TEST_F(UserStoreMergeTest, tellsPresetsOfOneIdApartByTheirOrder)
 {
     ExpectMerged({Presets(R"({"id": "a", "name": "1"}, {"id": "a", "name": "2"})"),
                   Presets(R"({"id": "a", "name": "1"}, {"id": "a", "name": "two"})"),
@@ -124,7 +129,7 @@ TEST_F(UserDataMergeTest, tellsPresetsOfOneIdApartByTheirOrder)
                  Presets(R"({"id": "a", "name": "1"}, {"id": "a", "name": "two"})"), true);
 }
 
-TEST_F(UserDataMergeTest, knowsAPresetWithoutIdByItsName)
+TEST_F(UserStoreMergeTest, knowsAPresetWithoutIdByItsName)
 {
     ExpectMerged({Presets(R"({"name": "A", "popular": false})"),
                   Presets(R"({"id": "A", "name": "A", "popular": true})"),
@@ -132,14 +137,14 @@ TEST_F(UserDataMergeTest, knowsAPresetWithoutIdByItsName)
                  Presets(R"({"name": "A", "popular": true, "x": 1, "id": "A"})"), true);
 }
 
-TEST_F(UserDataMergeTest, writesIntoTheListAtTheTopWhereAFileHasItThere)
+TEST_F(UserStoreMergeTest, writesIntoTheListAtTheTopWhereAFileHasItThere)
 {
     ExpectMerged({R"({"items": [{"id": "a"}]})", Presets(R"({"id": "a"}, {"id": "b"})"),
                   R"({"items": [{"id": "a"}]})"},
                  R"({"items": [{"id": "a"}, {"id": "b"}]})", true);
 }
 
-TEST_F(UserDataMergeTest, movesAsideWhatStandsInThePlaceOfTheList)
+TEST_F(UserStoreMergeTest, movesAsideWhatStandsInThePlaceOfTheList)
 {
     ExpectMerged({"{}", Presets(R"({"id": "a"})"), R"({"UserPresets": "text"})"},
                  R"json({"UserPresets": {"items": [{"id": "a"}]},
@@ -147,7 +152,7 @@ TEST_F(UserDataMergeTest, movesAsideWhatStandsInThePlaceOfTheList)
                  true);
 }
 
-TEST_F(UserDataMergeTest, addsAndRemovesFavouriteMarksAmongThoseOfOthers)
+TEST_F(UserStoreMergeTest, addsAndRemovesFavouriteMarksAmongThoseOfOthers)
 {
     ExpectMerged(
         {R"({"Favourites": [{"group": "G", "id": "old"}]})",
@@ -156,23 +161,23 @@ TEST_F(UserDataMergeTest, addsAndRemovesFavouriteMarksAmongThoseOfOthers)
         R"({"Favourites": [{"group": "G", "id": "theirs"}, {"group": "G", "id": "new"}]})", true);
 }
 
-TEST_F(UserDataMergeTest, keepsMarksOfPresetsThatThisProgramDoesNotHave)
+TEST_F(UserStoreMergeTest, keepsMarksOfPresetsThatThisProgramDoesNotHave)
 {
     const auto current = R"({"Favourites": [{"group": "Missing catalogue", "id": "x"}, 3]})";
     ExpectMerged({"{}", "{}", current}, current, false);
 }
 
-TEST_F(UserDataMergeTest, doesNotDoubleAMarkThatAnotherProgramHasSetToo)
+TEST_F(UserStoreMergeTest, doesNotDoubleAMarkThatAnotherProgramHasSetToo)
 {
     const auto mark = R"({"Favourites": [{"group": "G", "id": "a"}]})";
     ExpectMerged({"{}", mark, mark}, mark, false);
 }
 
-TEST_F(UserDataMergeTest, comparesNumbersByValueAndMembersInAnyOrder)
+TEST_F(UserStoreMergeTest, comparesNumbersByValueAndMembersInAnyOrder)
 {
     const auto equal = [](const char* a, const char* b) {
-        return UserDataMerge::AreEqual(JsonValue(JsonValue::Content(Parse(a))),
-                                       JsonValue(JsonValue::Content(Parse(b))));
+        return UserStoreMerge::AreEqual(JsonValue(JsonValue::Content(Parse(a))),
+                                        JsonValue(JsonValue::Content(Parse(b))));
     };
     EXPECT_TRUE(equal(R"({"a": 1, "b": [true, null]})", R"({"b": [true, null], "a": 1.0})"));
     EXPECT_FALSE(equal(R"({"a": 1})", R"({"a": "1"})"));
@@ -182,4 +187,4 @@ TEST_F(UserDataMergeTest, comparesNumbersByValueAndMembersInAnyOrder)
 }
 
 } // namespace
-} // namespace LumetraHost
+} // namespace LumetraTest

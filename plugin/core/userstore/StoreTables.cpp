@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "core/StoreTables.h"
+#include "core/userstore/StoreTables.h"
 
 #include "Zorvik/Exception.h"
 #include "Zorvik/Quindle/IEffectSettings.h"

@@ -5,7 +5,7 @@
 
 #include <functional>
 
-namespace LumetraHost {
+namespace LumetraPlugin {
 
 /// A three-way merge of the user's presets and favourites: what this program changed since it last
 /// looked is carried over to what the file holds now.
@@ -15,30 +15,31 @@ namespace LumetraHost {
 /// programs and edits of other members survive. A preset removed here goes, unless another program
 /// has changed it meanwhile; one removed there stays removed, unless it was changed here. Elements
 /// that are not usable presets are left as they stand.
-class UserDataMerge
+class UserStoreMerge
 {
 public:
     /// Whether an element of the list of presets is a preset that this program could read.
-    using IsUsable = std::function<bool(const JsonValue& element)>;
+    using IsUsable = std::function<bool(const LumetraHost::JsonValue& element)>;
 
-    explicit UserDataMerge(IsUsable isUsable);
+    explicit UserStoreMerge(IsUsable isUsable);
 
     /// `before` and `after` are what this program knew and knows now, `seen` the file as it was
     /// then. Changes `current`, the file as it is now; returns whether there was anything to
     /// change.
-    bool Apply(const JsonObject& before, const JsonObject& after, const JsonObject& seen,
-               JsonObject& current) const;
+    bool Apply(const LumetraHost::JsonObject& before, const LumetraHost::JsonObject& after,
+               const LumetraHost::JsonObject& seen, LumetraHost::JsonObject& current) const;
 
     /// Equal content, whatever the order of members; places do not count.
-    static bool AreEqual(const JsonValue& a, const JsonValue& b);
+    static bool AreEqual(const LumetraHost::JsonValue& a, const LumetraHost::JsonValue& b);
 
 private:
-    bool MergePresets(const JsonObject& before, const JsonObject& after, const JsonObject& seen,
-                      JsonObject& current) const;
-    bool MergeFavourites(const JsonObject& before, const JsonObject& after,
-                         JsonObject& current) const;
+    bool MergePresets(const LumetraHost::JsonObject& before, const LumetraHost::JsonObject& after,
+                      const LumetraHost::JsonObject& seen, LumetraHost::JsonObject& current) const;
+    bool MergeFavourites(const LumetraHost::JsonObject& before,
+                         const LumetraHost::JsonObject& after,
+                         LumetraHost::JsonObject& current) const;
 
     IsUsable m_isUsable;
 };
 
-} // namespace LumetraHost
+} // namespace LumetraPlugin

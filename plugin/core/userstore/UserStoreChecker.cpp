@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "catalogue/UserStoreChecker.h"
+#include "core/userstore/UserStoreChecker.h"
 
 #include "Zorvik/Brassel/SettingsKeys.h"
 #include "catalogue/CheckedNode.h"
@@ -7,9 +7,17 @@
 #include "storage/JsonDocument.h"
 #include "userdata/UserDataFile.h"
 
-namespace LumetraHost {
+namespace LumetraPlugin {
 namespace {
 
+using LumetraHost::CatalogueReports;
+using LumetraHost::CheckedNode;
+using LumetraHost::ContentFolder;
+using LumetraHost::GroupChecker;
+using LumetraHost::JsonDocument;
+using LumetraHost::JsonObject;
+using LumetraHost::JsonValue;
+using LumetraHost::UserDataFile;
 using Zorvik::Brassel::Settings::ConfigData;
 
 constexpr char FormatKey[] = "format";
@@ -93,4 +101,4 @@ void UserStoreChecker::Check(const JsonDocument& document,
         CheckMark(mark);
 }
 
-} // namespace LumetraHost
+} // namespace LumetraPlugin

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "userdata/UserDataMerge.h"
+#include "core/userstore/UserStoreMerge.h"
 
 #include <algorithm>
 #include <map>
 #include <set>
 #include <string>
 
-namespace LumetraHost {
+namespace LumetraPlugin {
 namespace {
+
+using LumetraHost::JsonNumber;
+using LumetraHost::JsonObject;
+using LumetraHost::JsonValue;
 
 constexpr char UserPresetsKey[] = "UserPresets";
 constexpr char ItemsKey[] = "items";
@@ -116,7 +120,7 @@ std::set<Mark> CollectMarks(const JsonObject& data)
 
 bool IsEqualOrAbsent(const JsonValue* a, const JsonValue* b)
 {
-    return a && b ? UserDataMerge::AreEqual(*a, *b) : a == b;
+    return a && b ? UserStoreMerge::AreEqual(*a, *b) : a == b;
 }
 
 /// Writes the members that differ between `before` and `after` into `target`.
@@ -148,7 +152,7 @@ JsonObject& ObjectOf(const JsonValue& element)
 class PresetListMerge
 {
 public:
-    using IsUsable = UserDataMerge::IsUsable;
+    using IsUsable = UserStoreMerge::IsUsable;
 
     PresetListMerge(const JsonObject& before, const JsonObject& after, const JsonObject& seen,
                     const IsUsable& isUsable)
@@ -239,18 +243,18 @@ void PresetListMerge::AppendNew()
 
 } // namespace
 
-UserDataMerge::UserDataMerge(IsUsable isUsable) : m_isUsable(std::move(isUsable)) {}
+UserStoreMerge::UserStoreMerge(IsUsable isUsable) : m_isUsable(std::move(isUsable)) {}
 
-bool UserDataMerge::Apply(const JsonObject& before, const JsonObject& after, const JsonObject& seen,
-                          JsonObject& current) const
+bool UserStoreMerge::Apply(const JsonObject& before, const JsonObject& after,
+                           const JsonObject& seen, JsonObject& current) const
 {
     const bool arePresetsChanged = MergePresets(before, after, seen, current);
     const bool areMarksChanged = MergeFavourites(before, after, current);
     return arePresetsChanged || areMarksChanged;
 }
 
-bool UserDataMerge::MergePresets(const JsonObject& before, const JsonObject& after,
-                                 const JsonObject& seen, JsonObject& current) const
+bool UserStoreMerge::MergePresets(const JsonObject& before, const JsonObject& after,
+                                  const JsonObject& seen, JsonObject& current) const
 {
     const IsUsable isUsable = [this](const JsonValue& element) {
         return element.As<JsonValue::Object>() && m_isUsable(element);
@@ -258,8 +262,8 @@ bool UserDataMerge::MergePresets(const JsonObject& before, const JsonObject& aft
     return PresetListMerge(before, after, seen, isUsable).Run(current);
 }
 
-bool UserDataMerge::MergeFavourites(const JsonObject& before, const JsonObject& after,
-                                    JsonObject& current) const
+bool UserStoreMerge::MergeFavourites(const JsonObject& before, const JsonObject& after,
+                                     JsonObject& current) const
 {
     const std::set<Mark> was = CollectMarks(before);
     const std::set<Mark> is = CollectMarks(after);
@@ -292,7 +296,7 @@ bool UserDataMerge::MergeFavourites(const JsonObject& before, const JsonObject& 
     return isChanged;
 }
 
-bool UserDataMerge::AreEqual(const JsonValue& a, const JsonValue& b)
+bool UserStoreMerge::AreEqual(const JsonValue& a, const JsonValue& b)
 {
     if (a.content.index() != b.content.index())
         return false;
@@ -319,4 +323,4 @@ bool UserDataMerge::AreEqual(const JsonValue& a, const JsonValue& b)
     return true;
 }
 
-} // namespace LumetraHost
+} // namespace LumetraPlugin

@@ -7,9 +7,10 @@
 #include <string>
 
 namespace LumetraHost {
-
-class CheckedNode;
 class JsonDocument;
+} // namespace LumetraHost
+
+namespace LumetraPlugin {
 
 /// Checks files of the user's own presets and favourite marks, as catalogues are checked: each
 /// mistake with its place. It changes nothing and repairs nothing. The effects must be registered
@@ -19,11 +20,12 @@ class UserStoreChecker
 public:
     /// True when the file says by its "format" that it is one, or has no format and the members of
     /// one: the first version wrote none.
-    static bool IsStore(const JsonDocument& document);
+    static bool IsStore(const LumetraHost::JsonDocument& document);
 
     /// `controllerKinds`: the kinds of preset controller that can be made.
-    static void Check(const JsonDocument& document, const std::set<std::string>& controllerKinds,
-                      CatalogueReports& reports);
+    static void Check(const LumetraHost::JsonDocument& document,
+                      const std::set<std::string>& controllerKinds,
+                      LumetraHost::CatalogueReports& reports);
 };
 
-} // namespace LumetraHost
+} // namespace LumetraPlugin

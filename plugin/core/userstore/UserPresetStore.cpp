@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "core/UserPresetStore.h"
+#include "core/userstore/UserPresetStore.h"
 
 #include "EffectPresets/EffectPresetModel.h"
 #include "EffectPresets/IEffectPresetControllerFactory.h"
 #include "Zorvik/Brassel/ISerializer.h"
 #include "Zorvik/Brassel/SettingsKeys.h"
 #include "core/PresetController.h"
-#include "core/StoreTables.h"
+#include "core/userstore/StoreTables.h"
+#include "core/userstore/UserStoreMerge.h"
 #include "storage/JsonException.h"
 #include "storage/JsonSerializer.h"
-#include "userdata/UserDataMerge.h"
 
 #include <QStandardPaths>
 
@@ -200,7 +200,7 @@ void UserPresetStore::Remember(const EffectPresetModel& model)
 std::vector<std::string> UserPresetStore::Save(const EffectPresetModel& model)
 {
     const JsonDocument state = Write(model);
-    const LumetraHost::UserDataMerge merge(
+    const UserStoreMerge merge(
         [this](const JsonValue& element) { return TryPreset(element, 0, nullptr); });
     // A table and the name of its file are the same to the merge once all have the same form.
     StoreTables tables;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "catalogue/UserStoreChecker.h"
+#include "core/userstore/UserStoreChecker.h"
 
 #include "catalogue/CatalogueReport.h"
 #include "storage/JsonDocument.h"
@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 using namespace LumetraHost;
+using LumetraPlugin::UserStoreChecker;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
