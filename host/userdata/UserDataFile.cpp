@@ -17,18 +17,13 @@
 namespace LumetraHost {
 namespace {
 
-constexpr char FormatKey[] = "format";
-constexpr char VersionKey[] = "version";
-constexpr char PresetsKey[] = "UserPresets";
-constexpr char FavouritesKey[] = "Favourites";
-constexpr char ContentSuffix[] = ".tables";
 constexpr int FirstVersion = 1;
 constexpr int TemporaryFileMinutes = 10;
 
 /// The number before the point of "version"; files without one are of the first version.
 int MajorVersion(const JsonObject& object)
 {
-    const JsonValue* version = object.Find(VersionKey);
+    const JsonValue* version = object.Find(UserDataForm::KeyVersion);
     const JsonNumber* number = version ? version->As<JsonNumber>() : nullptr;
     return number ? static_cast<int>(std::min(std::max(number->value, 0.0), 1e6)) : FirstVersion;
 }
@@ -51,11 +46,12 @@ QString Resolve(const QString& path)
     return file.isSymLink() && file.exists() ? file.canonicalFilePath() : path;
 }
 
-/// Making the target of a link would put presets where the user's disk is not there at the moment.
-void RefuseUnusable(const QString& path)
+/// Making the target of a link would put the data where the user's disk is not there at the moment.
+void RefuseUnusable(const QString& path, const UserDataForm& form)
 {
     if (path.isEmpty())
-        Fail("expected the name of a file of your own presets, found an empty text", __LINE__);
+        Fail("expected the name of a file of your own " + form.noun + ", found an empty text",
+             __LINE__);
     const QFileInfo file(path);
     if (file.isSymLink() && !file.exists())
         Fail((path + QStringLiteral(": expected a file, found a link to \"%1\", which is not there")
@@ -64,15 +60,9 @@ void RefuseUnusable(const QString& path)
              __LINE__);
 }
 
-/// The first version wrote no format. An object without members holds nothing that could be lost.
-bool HasMembersOfStore(const JsonObject& object)
-{
-    return object.Find(PresetsKey) || object.Find(FavouritesKey) || object.GetMembers().empty();
-}
-
-/// True when both ends of the file do not speak against one of ours. It was the last thing that the
-/// first version wrote into a new file.
-bool NamesFormatAtAnEnd(const QString& path)
+/// True when the text of the format stands at one end of the file: a new file of the first version
+/// had it as its last member.
+bool NamesFormatAtAnEnd(const QString& path, const std::string& format)
 {
     constexpr qint64 EndSize = 4096;
     QFile file(path);
@@ -80,19 +70,20 @@ bool NamesFormatAtAnEnd(const QString& path)
         return false;
     const QByteArray begin = file.read(EndSize);
     const bool isEndThere = file.seek(std::max<qint64>(0, file.size() - EndSize));
-    return begin.contains(UserDataFile::FORMAT) ||
-           (isEndThere && file.read(EndSize).contains(UserDataFile::FORMAT));
+    return begin.contains(format.c_str()) ||
+           (isEndThere && file.read(EndSize).contains(format.c_str()));
 }
 
-[[noreturn]] void FailFormat(const QString& path, const JsonValue* format)
+[[noreturn]] void FailFormat(const QString& path, const std::string& expected,
+                             const JsonValue* format)
 {
     JsonPlace place{path.toStdString(), 0, 0};
     if (format) {
         place.line = format->line;
         place.column = format->column;
     }
-    const std::string message = std::string("expected \"format\" to be \"") + UserDataFile::FORMAT +
-                                "\"" + (format ? "" : ", found none");
+    const std::string message = std::string("expected \"") + UserDataForm::KeyFormat +
+                                "\" to be \"" + expected + "\"" + (format ? "" : ", found none");
     throw JsonException(place.ToText() + ": " + message, place, message, BOOST_CURRENT_FUNCTION,
                         __LINE__);
 }
@@ -107,15 +98,15 @@ struct UserDataFile::Found
     bool isDamaged = false; ///< the document is from a backup, and the file has to be set aside
 };
 
-UserDataFile::UserDataFile(const QString& path)
-    : m_path(Resolve(path)), m_backups(m_path),
-      m_contents(std::make_shared<const ContentFolder>(FindContentFolder(m_path)))
+UserDataFile::UserDataFile(const QString& path, const UserDataForm& form)
+    : m_path(Resolve(path)), m_form(form), m_backups(m_path),
+      m_contents(std::make_shared<const ContentFolder>(FindContentFolder(m_path, form)))
 {
 }
 
-QString UserDataFile::FindContentFolder(const QString& path)
+QString UserDataFile::FindContentFolder(const QString& path, const UserDataForm& form)
 {
-    return Resolve(path) + QLatin1String(ContentSuffix);
+    return Resolve(path) + form.contentSuffix;
 }
 
 bool UserDataFile::IsReadOnly() const
@@ -133,18 +124,21 @@ const QString& UserDataFile::GetPath() const
     return m_path;
 }
 
-JsonDocument UserDataFile::ReadChecked(const QString& path) const
+qint64 UserDataFile::FindSizeLimit(const QString& path) const
 {
     const bool isLarge = QFileInfo(path).size() > JsonDocument::MAX_FILE_SIZE;
-    const bool mayBeOld = isLarge && NamesFormatAtAnEnd(path);
-    JsonDocument document =
-        JsonDocument::Read(path, mayBeOld ? LARGEST_OLD_FILE : JsonDocument::MAX_FILE_SIZE);
+    const bool mayBeOld = isLarge && NamesFormatAtAnEnd(path, m_form.format);
+    return mayBeOld ? m_form.largestOldFile : JsonDocument::MAX_FILE_SIZE;
+}
+
+/// An object without members holds nothing that could be lost: it is taken as one of ours.
+JsonDocument UserDataFile::ReadChecked(const QString& path) const
+{
+    JsonDocument document = JsonDocument::Read(path, FindSizeLimit(path));
     document.SetContents(m_contents);
-    const JsonObject& object = *document.GetObject();
-    const JsonValue* format = object.Find(FormatKey);
-    const std::string* text = format ? format->As<std::string>() : nullptr;
-    if (format ? !text || *text != FORMAT : !HasMembersOfStore(object))
-        FailFormat(path, format);
+    const JsonObject& root = *document.GetObject();
+    if (!root.GetMembers().empty() && !m_form.IsOurs(root))
+        FailFormat(path, m_form.format, root.Find(UserDataForm::KeyFormat));
     return document;
 }
 
@@ -156,7 +150,7 @@ JsonDocument UserDataFile::Read()
 UserDataFile::Found UserDataFile::Find()
 {
     m_reports.clear();
-    RefuseUnusable(m_path);
+    RefuseUnusable(m_path, m_form);
     const QFileInfo file(m_path);
     Found found{JsonDocument(m_path.toStdString())};
     if (!file.exists() || (file.isFile() && file.size() == 0)) {
@@ -171,7 +165,7 @@ UserDataFile::Found UserDataFile::Find()
             found = FindBackup(error.what());
         }
     }
-    m_isReadOnly = MajorVersion(*found.document.GetObject()) > MAJOR_VERSION;
+    m_isReadOnly = MajorVersion(*found.document.GetObject()) > m_form.majorVersion;
     found.document.SetContents(m_contents);
     const auto names = ContentCollector::FindNames(*found.document.GetObject());
     m_named.insert(names.begin(), names.end());
@@ -193,14 +187,17 @@ UserDataFile::Found UserDataFile::FindBackup(const std::string& reason)
 {
     for (const QString& backup : m_backups.GetFiles())
         if (const auto document = ReadBackup(backup)) {
-            m_reports.push_back(reason + "; presets are taken from " + backup.toStdString());
+            m_reports.push_back(reason + "; " + m_form.noun + " are taken from " +
+                                backup.toStdString());
             return {*document, backup, true};
         }
     if (QFileInfo(m_path).size() > 0)
-        Fail(reason + "; expected a file of your own presets or a good backup of one beside it, so "
-                      "the file is left alone and nothing is saved",
+        Fail(reason + "; expected a file of your own " + m_form.noun +
+                 " or a good backup of one beside it, so the file is left alone and nothing is "
+                 "saved",
              __LINE__);
-    m_reports.push_back(reason + "; there is no good backup, so the list of presets starts empty");
+    m_reports.push_back(reason + "; there is no good backup, so the list of " + m_form.noun +
+                        " starts empty");
     return {JsonDocument(m_path.toStdString())};
 }
 
@@ -211,30 +208,30 @@ JsonDocument UserDataFile::Update(const Edit& edit)
 
 JsonDocument UserDataFile::Update(const Edit& edit, const Contents& contents)
 {
-    RefuseUnusable(m_path);
+    RefuseUnusable(m_path, m_form);
     MakeFolder(m_path);
     const StoreLock lock(m_path);
     RemoveOldTemporaryFiles();
 
     const Found found = Find();
     if (m_isReadOnly)
-        Fail(m_path.toStdString() + ": expected version " + std::to_string(MAJOR_VERSION) +
+        Fail(m_path.toStdString() + ": expected version " + std::to_string(m_form.majorVersion) +
                  ", found a newer one; nothing was written",
              __LINE__);
     JsonObject& object = *found.document.GetObject();
-    if (!object.Find(FormatKey))
-        found.document.GetRoot()->Set(FormatKey, FORMAT);
-    if (object.Find(VersionKey) == nullptr && found.source.isEmpty())
-        found.document.GetRoot()->Set(VersionKey, MAJOR_VERSION);
+    if (!object.Find(UserDataForm::KeyFormat))
+        found.document.GetRoot()->Set(UserDataForm::KeyFormat, m_form.format);
+    if (object.Find(UserDataForm::KeyVersion) == nullptr && found.source.isEmpty())
+        found.document.GetRoot()->Set(UserDataForm::KeyVersion, m_form.majorVersion);
     return edit(object) ? Replace(found, contents) : found.document;
 }
 
 /// In this order a stop at any instant leaves a text whose contents are all on the disk.
 JsonDocument UserDataFile::Replace(const Found& found, const Contents& contents)
 {
-    const bool isOld = MajorVersion(*found.document.GetObject()) < MAJOR_VERSION;
+    const bool isOld = MajorVersion(*found.document.GetObject()) < m_form.majorVersion;
     if (isOld)
-        found.document.GetRoot()->Set(VersionKey, MAJOR_VERSION);
+        found.document.GetRoot()->Set(UserDataForm::KeyVersion, m_form.majorVersion);
     const QByteArray text = found.document.ToText();
     JsonDocument written = JsonDocument::CheckReadable(text, m_path);
     written.SetContents(m_contents);
@@ -268,14 +265,14 @@ void UserDataFile::SetDamagedAside()
                             m_backups.SetAside().toStdString());
 }
 
-/// The presets themselves are safe by now.
+/// The data themselves are safe by now.
 void UserDataFile::AddBackup(const QByteArray& text)
 {
     try {
         m_backups.Add(text);
     } catch (const Zorvik::Exception& error) {
-        m_reports.push_back(m_path.toStdString() +
-                            ": the presets were saved, but not a backup of them: " + error.what());
+        m_reports.push_back(m_path.toStdString() + ": the " + m_form.noun +
+                            " were saved, but not a backup of them: " + error.what());
     }
 }
 

@@ -4,6 +4,7 @@
 #include "storage/ContentFolder.h"
 #include "storage/JsonDocument.h"
 #include "userdata/BackupRotation.h"
+#include "userdata/UserDataForm.h"
 
 #include <QString>
 
@@ -16,31 +17,26 @@
 
 namespace LumetraHost {
 
-/// The one JSON file that holds the user's presets and favourites, safe against a stop at any
-/// instant, against damage and against other programs that write it too.
+/// A JSON file that holds data of the user, safe against a stop at any instant, against damage and
+/// against other programs that write it too.
 ///
 /// Reading writes nothing. A damaged file is read from its newest good backup; the next change
 /// copies the damaged one to a dated name and takes its place. A file that is none of ours and has
 /// no good backup is refused and left alone. A file of a newer major version can be read but not
 /// written; one of an older version takes the new form with the first change, and a copy in the old
-/// form stays beside it for good. What is too large for the text stands in a folder "NAME.tables"
-/// beside it, whose files the text names. The class knows nothing of what the presets mean.
+/// form stays beside it for good. What is too large for the text stands in a folder beside it,
+/// whose files the text names. The class knows nothing of what the data mean; a UserDataForm tells
+/// it which files are its own.
 class UserDataFile
 {
 public:
-    static constexpr char FORMAT[] = "lumetra-user-presets";
-    static constexpr int MAJOR_VERSION = 2;
-    /// Files of the first version held everything themselves, and grew beyond what is read
-    /// otherwise.
-    static constexpr qint64 LARGEST_OLD_FILE = 1024 * 1024 * 1024;
-
     using Edit = std::function<bool(JsonObject& current)>;
     /// Contents by their names.
     using Contents = std::map<std::string, QByteArray>;
 
     /// The folder is made when something is first written. Of a link the file that it leads to is
     /// used, so that lock and backups are the same under every name.
-    explicit UserDataFile(const QString& path);
+    UserDataFile(const QString& path, const UserDataForm& form);
 
     /// The file's content now, or that of its newest good backup when the file is missing or
     /// damaged; an empty document when there is neither file nor backup, or a file of 0 bytes
@@ -58,7 +54,7 @@ public:
     JsonDocument Update(const Edit& edit, const Contents& contents);
 
     /// The folder that belongs to the file at `path`.
-    static QString FindContentFolder(const QString& path);
+    static QString FindContentFolder(const QString& path, const UserDataForm& form);
     const ContentFolderPtr& GetContents() const { return m_contents; }
 
     /// True when the content last read is of a newer major version.
@@ -72,6 +68,7 @@ private:
 
     Found Find();
     Found FindBackup(const std::string& reason);
+    qint64 FindSizeLimit(const QString& path) const;
     JsonDocument ReadChecked(const QString& path) const;
     JsonDocument Replace(const Found& found, const Contents& contents);
     std::optional<JsonDocument> ReadBackup(const QString& path);
@@ -81,6 +78,7 @@ private:
     void RemoveOldTemporaryFiles() const;
 
     QString m_path;
+    UserDataForm m_form;
     BackupRotation m_backups;
     ContentFolderPtr m_contents;
     std::set<std::string> m_named; // in all texts that this object has seen: an undo may need them

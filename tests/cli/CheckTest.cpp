@@ -8,6 +8,7 @@
 
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 TEST_F(CliTest, checksAGoodCatalogueSilently)
 {
@@ -103,6 +104,17 @@ TEST_F(CliTest, knowsAStoreOfTheFirstVersionByItsMembers)
                              "string\n"
                              "old.json:1:50: error: Favourites: expected collection, found "
                              "node\n");
+}
+
+TEST_F(CliTest, checksAListOfItemsOfUnknownOriginAsACatalogue)
+{
+    WriteFile("notes.json", R"({"items": ["milk"]})");
+
+    const CliResult result = RunPlain({QStringLiteral("check"), QStringLiteral("notes.json")});
+
+    EXPECT_EQ(result.code, 1);
+    EXPECT_THAT(result.output, StartsWith("notes.json"));
+    EXPECT_THAT(result.output, HasSubstr("lumetra-catalogue"));
 }
 
 TEST_F(CliTest, sortsTheRemarksOfCataloguesAndStoresByFile)

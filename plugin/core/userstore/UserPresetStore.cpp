@@ -7,6 +7,7 @@
 #include "Zorvik/Brassel/SettingsKeys.h"
 #include "core/PresetController.h"
 #include "core/userstore/StoreTables.h"
+#include "core/userstore/UserStoreFormat.h"
 #include "core/userstore/UserStoreMerge.h"
 #include "storage/JsonException.h"
 #include "storage/JsonSerializer.h"
@@ -23,13 +24,9 @@ using LumetraHost::JsonObject;
 using LumetraHost::JsonPlace;
 using LumetraHost::JsonSerializer;
 using LumetraHost::JsonValue;
+using Format = UserStoreFormat;
 using Zorvik::Brassel::Settings::ConfigData;
 using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
-
-constexpr char UserPresetsKey[] = "UserPresets";
-constexpr char FavouritesKey[] = "Favourites";
-constexpr char GroupKey[] = "group";
-constexpr char IdKey[] = "id";
 
 JsonValue MakeValue(JsonValue::Content content)
 {
@@ -70,8 +67,8 @@ JsonValue::Array FindList(const JsonDocument& document, const JsonObject& object
 UserPresetStore::UserPresetStore(
     const QString& path,
     std::shared_ptr<Zorvik::Lumetra::LumetraPresets::IEffectPresetControllerFactory> factory)
-    : m_file(path), m_factory(std::move(factory)), m_seen(path.toStdString()),
-      m_remembered(path.toStdString())
+    : m_file(path, UserStoreFormat::GetForm()), m_factory(std::move(factory)),
+      m_seen(path.toStdString()), m_remembered(path.toStdString())
 {
 }
 
@@ -98,7 +95,8 @@ const std::vector<std::string>& UserPresetStore::GetReports() const
 bool UserPresetStore::TryPreset(const JsonValue& element, std::size_t index,
                                 std::vector<std::string>* reports) const
 {
-    const std::string path = "UserPresets/items[" + std::to_string(index) + "]";
+    const std::string path =
+        std::string(Format::Presets) + "/" + Format::Items + "[" + std::to_string(index) + "]";
     const auto refuse = [&](const std::string& message) {
         if (reports)
             reports->push_back(Report(m_seen, element, path, message));
@@ -133,19 +131,19 @@ JsonValue::Array UserPresetStore::CollectPresets(const JsonDocument& document)
 {
     const auto presets = std::make_shared<LumetraHost::JsonArray>();
     const JsonObject* holder = document.GetObject().get();
-    std::string path = ConfigData::ITEMS;
-    if (const JsonValue* value = holder->Find(UserPresetsKey)) {
+    std::string path = Format::Items;
+    if (const JsonValue* value = holder->Find(Format::Presets)) {
         const auto* node = value->As<JsonValue::Object>();
         if (!node) {
             m_reports.push_back(
-                Report(document, *value, UserPresetsKey,
+                Report(document, *value, Format::Presets,
                        std::string("expected node, found ") + value->GetKindName()));
             return presets;
         }
         holder = node->get();
-        path = std::string(UserPresetsKey) + "/" + path;
+        path = std::string(Format::Presets) + "/" + path;
     }
-    const auto list = FindList(document, *holder, ConfigData::ITEMS, path, m_reports);
+    const auto list = FindList(document, *holder, Format::Items, path, m_reports);
     for (std::size_t i = 0; list && i < list->elements.size(); ++i)
         if (TryPreset(list->elements[i], i, &m_reports))
             presets->elements.push_back(list->elements[i]);
@@ -155,17 +153,17 @@ JsonValue::Array UserPresetStore::CollectPresets(const JsonDocument& document)
 JsonValue::Array UserPresetStore::CollectMarks(const JsonDocument& document)
 {
     const auto marks = std::make_shared<LumetraHost::JsonArray>();
-    const auto list =
-        FindList(document, *document.GetObject(), FavouritesKey, FavouritesKey, m_reports);
+    const auto list = FindList(document, *document.GetObject(), Format::Favourites,
+                               Format::Favourites, m_reports);
     for (std::size_t i = 0; list && i < list->elements.size(); ++i) {
         const JsonValue& element = list->elements[i];
         const auto* mark = element.As<JsonValue::Object>();
-        if (mark && IsTextOrAbsent(**mark, GroupKey) && IsTextOrAbsent(**mark, IdKey))
+        if (mark && IsTextOrAbsent(**mark, Format::Group) && IsTextOrAbsent(**mark, Format::ID))
             marks->elements.push_back(element);
         else
-            m_reports.push_back(Report(document, element,
-                                       std::string(FavouritesKey) + "[" + std::to_string(i) + "]",
-                                       "expected a node with the texts \"group\" and \"id\""));
+            m_reports.push_back(Report(
+                document, element, std::string(Format::Favourites) + "[" + std::to_string(i) + "]",
+                "expected a node with the texts \"group\" and \"id\""));
     }
     return marks;
 }
@@ -176,10 +174,10 @@ Zorvik::Brassel::ConstSerializerPtr UserPresetStore::Load()
     m_reports = m_file.GetReports();
 
     const auto holder = std::make_shared<JsonObject>();
-    holder->Set(ConfigData::ITEMS, MakeValue(CollectPresets(m_seen)));
+    holder->Set(Format::Items, MakeValue(CollectPresets(m_seen)));
     const auto usable = std::make_shared<JsonObject>();
-    usable->Set(UserPresetsKey, MakeValue(holder));
-    usable->Set(FavouritesKey, MakeValue(CollectMarks(m_seen)));
+    usable->Set(Format::Presets, MakeValue(holder));
+    usable->Set(Format::Favourites, MakeValue(CollectMarks(m_seen)));
     return JsonSerializer::Create(usable, m_seen.GetName(), m_file.GetContents());
 }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "core/userstore/UserStoreChecker.h"
 
-#include "Zorvik/Brassel/SettingsKeys.h"
 #include "catalogue/CheckedNode.h"
 #include "catalogue/GroupChecker.h"
+#include "core/userstore/UserStoreFormat.h"
 #include "storage/JsonDocument.h"
 #include "userdata/UserDataFile.h"
 
@@ -15,38 +15,32 @@ using LumetraHost::CheckedNode;
 using LumetraHost::ContentFolder;
 using LumetraHost::GroupChecker;
 using LumetraHost::JsonDocument;
-using LumetraHost::JsonObject;
 using LumetraHost::JsonValue;
 using LumetraHost::UserDataFile;
-using Zorvik::Brassel::Settings::ConfigData;
-
-constexpr char FormatKey[] = "format";
-constexpr char VersionKey[] = "version";
-constexpr char PresetsKey[] = "UserPresets";
-constexpr char MarksKey[] = "Favourites";
-constexpr char GroupKey[] = "group";
-constexpr char IdKey[] = "id";
+using LumetraHost::UserDataForm;
+using Format = UserStoreFormat;
 
 void CheckHeader(const CheckedNode& root)
 {
-    const auto format = root.Text(FormatKey);
-    if (format && *format != UserDataFile::FORMAT)
-        root.ErrorAt(FormatKey, "expected \"" + std::string(UserDataFile::FORMAT) + "\", found \"" +
-                                    *format + "\"");
-    const auto version = root.Number(VersionKey);
-    if (version && *version >= UserDataFile::MAJOR_VERSION + 1)
-        root.WarningAt(VersionKey, "expected version " +
-                                       std::to_string(UserDataFile::MAJOR_VERSION) +
-                                       ", found a newer one: it can be read but not changed");
+    const UserDataForm& form = Format::GetForm();
+    const auto format = root.Text(UserDataForm::KeyFormat);
+    if (format && *format != form.format)
+        root.ErrorAt(UserDataForm::KeyFormat,
+                     "expected \"" + form.format + "\", found \"" + *format + "\"");
+    const auto version = root.Number(UserDataForm::KeyVersion);
+    if (version && *version >= form.majorVersion + 1)
+        root.WarningAt(UserDataForm::KeyVersion,
+                       "expected version " + std::to_string(form.majorVersion) +
+                           ", found a newer one: it can be read but not changed");
 }
 
 void CheckMark(const CheckedNode& mark)
 {
-    mark.NoteUnknownKeys({GroupKey, IdKey});
-    mark.Text(GroupKey);
-    const auto id = mark.Text(IdKey);
-    if (!id && !mark.Has(IdKey))
-        mark.Warning("expected the \"id\" of a preset, found none");
+    mark.NoteUnknownKeys({Format::Group, Format::ID});
+    mark.Text(Format::Group);
+    const auto id = mark.Text(Format::ID);
+    if (!id && !mark.Has(Format::ID))
+        mark.Warning("expected the \"" + std::string(Format::ID) + "\" of a preset, found none");
 }
 
 /// Presets and marks are lists: the store writes no other form.
@@ -63,7 +57,7 @@ std::vector<CheckedNode> ListElements(const CheckedNode& holder, const char* key
 void CheckPresets(const CheckedNode& holder, const std::set<std::string>& controllerKinds)
 {
     const GroupChecker checker(controllerKinds);
-    for (const CheckedNode& preset : ListElements(holder, ConfigData::ITEMS))
+    for (const CheckedNode& preset : ListElements(holder, Format::Items))
         checker.CheckPreset(preset, std::nullopt);
 }
 
@@ -71,12 +65,7 @@ void CheckPresets(const CheckedNode& holder, const std::set<std::string>& contro
 
 bool UserStoreChecker::IsStore(const JsonDocument& document)
 {
-    const JsonObject& object = *document.GetObject();
-    if (const JsonValue* format = object.Find(FormatKey)) {
-        const auto* text = format->As<std::string>();
-        return text && *text == UserDataFile::FORMAT;
-    }
-    return object.Find(PresetsKey) || object.Find(MarksKey) || object.Find(ConfigData::ITEMS);
+    return Format::GetForm().IsOurs(*document.GetObject());
 }
 
 void UserStoreChecker::Check(const JsonDocument& document,
@@ -84,20 +73,21 @@ void UserStoreChecker::Check(const JsonDocument& document,
                              CatalogueReports& reports)
 {
     const QString file = QString::fromStdString(document.GetName());
-    const CheckedNode root(
-        document.GetObject(), document.GetName(), reports,
-        std::make_shared<const ContentFolder>(UserDataFile::FindContentFolder(file)));
+    const CheckedNode root(document.GetObject(), document.GetName(), reports,
+                           std::make_shared<const ContentFolder>(
+                               UserDataFile::FindContentFolder(file, Format::GetForm())));
     CheckHeader(root);
-    const bool hasHolder = root.Has(PresetsKey); // without one the presets stand in the file itself
-    root.NoteUnknownKeys(
-        {FormatKey, VersionKey, hasHolder ? PresetsKey : ConfigData::ITEMS, MarksKey});
+    const bool hasHolder =
+        root.Has(Format::Presets); // without one the presets stand in the file itself
+    root.NoteUnknownKeys({UserDataForm::KeyFormat, UserDataForm::KeyVersion,
+                          hasHolder ? Format::Presets : Format::Items, Format::Favourites});
     if (!hasHolder) {
         CheckPresets(root, controllerKinds);
-    } else if (const auto holder = root.Node(PresetsKey)) {
-        holder->NoteUnknownKeys({ConfigData::ITEMS});
+    } else if (const auto holder = root.Node(Format::Presets)) {
+        holder->NoteUnknownKeys({Format::Items});
         CheckPresets(*holder, controllerKinds);
     }
-    for (const CheckedNode& mark : ListElements(root, MarksKey))
+    for (const CheckedNode& mark : ListElements(root, Format::Favourites))
         CheckMark(mark);
 }
 

@@ -19,7 +19,8 @@ class UserStoreChecker
 {
 public:
     /// True when the file says by its "format" that it is one, or has no format and the members of
-    /// one: the first version wrote none.
+    /// one: the first version wrote none. UserPresetStore opens the same files, and beside them
+    /// only an object without members, which nobody would lose.
     static bool IsStore(const LumetraHost::JsonDocument& document);
 
     /// `controllerKinds`: the kinds of preset controller that can be made.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "core/userstore/UserStoreMerge.h"
 
+#include "core/userstore/UserStoreFormat.h"
+
 #include <algorithm>
 #include <map>
 #include <set>
@@ -12,13 +14,8 @@ namespace {
 using LumetraHost::JsonNumber;
 using LumetraHost::JsonObject;
 using LumetraHost::JsonValue;
+using Format = UserStoreFormat;
 
-constexpr char UserPresetsKey[] = "UserPresets";
-constexpr char ItemsKey[] = "items";
-constexpr char FavouritesKey[] = "Favourites";
-constexpr char IdKey[] = "id";
-constexpr char NameKey[] = "name";
-constexpr char GroupKey[] = "group";
 constexpr char UnreadableSuffix[] = " (unreadable)";
 
 using PresetKey = std::pair<std::string, int>; // id and position among presets of that id
@@ -43,10 +40,10 @@ T Member(const JsonObject& object, const char* key)
 /// The list of presets, in either of the two forms that are read; null when there is none.
 JsonValue::Array FindPresetList(const JsonObject& data)
 {
-    if (!data.Find(UserPresetsKey))
-        return Member<JsonValue::Array>(data, ItemsKey);
-    const auto holder = Member<JsonValue::Object>(data, UserPresetsKey);
-    return holder ? Member<JsonValue::Array>(*holder, ItemsKey) : nullptr;
+    if (!data.Find(Format::Presets))
+        return Member<JsonValue::Array>(data, Format::Items);
+    const auto holder = Member<JsonValue::Object>(data, Format::Presets);
+    return holder ? Member<JsonValue::Array>(*holder, Format::Items) : nullptr;
 }
 
 /// The same, made where it is missing. What stands in its place without being one moves to a key
@@ -71,8 +68,8 @@ JsonValue::Array RequirePresetList(JsonObject& data)
 {
     if (const auto list = FindPresetList(data))
         return list;
-    return RequireMember<JsonValue::Array>(*RequireMember<JsonValue::Object>(data, UserPresetsKey),
-                                           ItemsKey);
+    return RequireMember<JsonValue::Array>(*RequireMember<JsonValue::Object>(data, Format::Presets),
+                                           Format::Items);
 }
 
 /// Tells each element's key while walking a list from its begin.
@@ -82,7 +79,7 @@ public:
     PresetKey KeyOf(const JsonValue& element)
     {
         const JsonObject& object = **element.As<JsonValue::Object>();
-        const std::string id = Text(object, IdKey, Text(object, NameKey));
+        const std::string id = Text(object, Format::ID, Text(object, Format::Name));
         return {id, m_seen[id]++};
     }
 
@@ -111,10 +108,10 @@ Presets CollectWritten(const JsonObject& data)
 std::set<Mark> CollectMarks(const JsonObject& data)
 {
     std::set<Mark> marks;
-    if (const auto list = Member<JsonValue::Array>(data, FavouritesKey))
+    if (const auto list = Member<JsonValue::Array>(data, Format::Favourites))
         for (const JsonValue& element : list->elements)
             if (const auto* mark = element.As<JsonValue::Object>())
-                marks.emplace(Text(**mark, GroupKey), Text(**mark, IdKey));
+                marks.emplace(Text(**mark, Format::Group), Text(**mark, Format::ID));
     return marks;
 }
 
@@ -273,12 +270,12 @@ bool UserStoreMerge::MergeFavourites(const JsonObject& before, const JsonObject&
     for (const Mark& mark : was) {
         if (is.count(mark) || !present.count(mark))
             continue;
-        auto& elements = Member<JsonValue::Array>(current, FavouritesKey)->elements;
+        auto& elements = Member<JsonValue::Array>(current, Format::Favourites)->elements;
         elements.erase(std::remove_if(elements.begin(), elements.end(),
                                       [&mark](const JsonValue& element) {
                                           const auto* m = element.As<JsonValue::Object>();
-                                          return m && Mark(Text(**m, GroupKey), Text(**m, IdKey)) ==
-                                                          mark;
+                                          return m && Mark(Text(**m, Format::Group),
+                                                           Text(**m, Format::ID)) == mark;
                                       }),
                        elements.end());
         isChanged = true;
@@ -287,9 +284,9 @@ bool UserStoreMerge::MergeFavourites(const JsonObject& before, const JsonObject&
         if (was.count(mark) || present.count(mark))
             continue;
         const auto object = std::make_shared<JsonObject>();
-        object->Set(GroupKey, JsonValue(JsonValue::Content(mark.first)));
-        object->Set(IdKey, JsonValue(JsonValue::Content(mark.second)));
-        RequireMember<JsonValue::Array>(current, FavouritesKey)
+        object->Set(Format::Group, JsonValue(JsonValue::Content(mark.first)));
+        object->Set(Format::ID, JsonValue(JsonValue::Content(mark.second)));
+        RequireMember<JsonValue::Array>(current, Format::Favourites)
             ->elements.push_back(JsonValue(JsonValue::Content(object)));
         isChanged = true;
     }

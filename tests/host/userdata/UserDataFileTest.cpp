@@ -19,10 +19,24 @@
 namespace LumetraHost {
 namespace {
 
+/// Data that no program of ours has: the file is told all that it knows of them.
+const UserDataForm& Notes()
+{
+    static const UserDataForm form{
+        "test-notes",
+        2,
+        "notes",
+        QStringLiteral(".sheets"),
+        [](const JsonObject& root) { return root.Find("Notes") != nullptr; },
+        JsonDocument::MAX_FILE_SIZE,
+    };
+    return form;
+}
+
 class UserDataFileTest : public testing::Test
 {
 protected:
-    QString Path() const { return m_folder.filePath(QStringLiteral("data/presets.json")); }
+    QString Path() const { return m_folder.filePath(QStringLiteral("data/notes.json")); }
 
     static void WriteFile(const QString& name, const QByteArray& content)
     {
@@ -68,7 +82,7 @@ protected:
 
 TEST_F(UserDataFileTest, readsAnEmptyDocumentWithoutAFileAndMakesNone)
 {
-    UserDataFile file(Path());
+    UserDataFile file(Path(), Notes());
     EXPECT_TRUE(file.Read().GetObject()->GetMembers().empty());
     EXPECT_FALSE(QFile::exists(Path()));
     EXPECT_TRUE(file.GetReports().empty());
@@ -76,26 +90,26 @@ TEST_F(UserDataFileTest, readsAnEmptyDocumentWithoutAFileAndMakesNone)
 
 TEST_F(UserDataFileTest, makesItsFolderAndWritesFormatVersionAndABackup)
 {
-    UserDataFile(Path()).Update(SetMember("a"));
+    UserDataFile(Path(), Notes()).Update(SetMember("a"));
 
-    const auto document = UserDataFile(Path()).Read();
+    const auto document = UserDataFile(Path(), Notes()).Read();
     EXPECT_TRUE(Has(document, "a"));
-    EXPECT_EQ(*document.GetObject()->Find("format")->As<std::string>(), UserDataFile::FORMAT);
+    EXPECT_EQ(*document.GetObject()->Find("format")->As<std::string>(), Notes().format);
     EXPECT_EQ(document.GetObject()->Find("version")->As<JsonNumber>()->value, 2);
     EXPECT_EQ(ReadFile(Path() + QStringLiteral(".backup-1")), ReadFile(Path()));
 }
 
 TEST_F(UserDataFileTest, writesNothingWhenTheEditChangesNothing)
 {
-    UserDataFile(Path()).Update([](JsonObject&) { return false; });
+    UserDataFile(Path(), Notes()).Update([](JsonObject&) { return false; });
     EXPECT_FALSE(QFile::exists(Path()));
 }
 
 TEST_F(UserDataFileTest, leavesTheFileAsItWasWhenTheEditFails)
 {
-    UserDataFile(Path()).Update(SetMember("a"));
+    UserDataFile(Path(), Notes()).Update(SetMember("a"));
     const QByteArray before = ReadFile(Path());
-    EXPECT_THROW(UserDataFile(Path()).Update([](JsonObject& object) -> bool {
+    EXPECT_THROW(UserDataFile(Path(), Notes()).Update([](JsonObject& object) -> bool {
         object.Set("b", JsonValue());
         throw std::runtime_error("edit");
     }),
@@ -105,8 +119,8 @@ TEST_F(UserDataFileTest, leavesTheFileAsItWasWhenTheEditFails)
 
 TEST_F(UserDataFileTest, seesWhatAnotherProgramWroteSince)
 {
-    UserDataFile mine(Path());
-    UserDataFile theirs(Path());
+    UserDataFile mine(Path(), Notes());
+    UserDataFile theirs(Path(), Notes());
     mine.Update(SetMember("mine"));
     theirs.Update(SetMember("theirs"));
     const auto document = mine.Update(SetMember("again"));
@@ -115,7 +129,7 @@ TEST_F(UserDataFileTest, seesWhatAnotherProgramWroteSince)
 
 TEST_F(UserDataFileTest, keepsTheNewestFiveBackups)
 {
-    UserDataFile file(Path());
+    UserDataFile file(Path(), Notes());
     for (int i = 0; i < 8; ++i)
         file.Update(SetMember("edit" + std::to_string(i)));
 
@@ -128,27 +142,27 @@ TEST_F(UserDataFileTest, keepsTheNewestFiveBackups)
 
 TEST_F(UserDataFileTest, setsADamagedFileAsideAndTakesTheNewestGoodBackup)
 {
-    UserDataFile(Path()).Update(SetMember("a"));
-    UserDataFile(Path()).Update(SetMember("b"));
+    UserDataFile(Path(), Notes()).Update(SetMember("a"));
+    UserDataFile(Path(), Notes()).Update(SetMember("b"));
     const QByteArray good = ReadFile(Path());
-    WriteFile(Path(), "{\"UserPresets\": ");
+    WriteFile(Path(), "{\"Notes\": ");
     WriteFile(Path() + QStringLiteral(".backup-1"), QByteArray());
 
-    UserDataFile file(Path());
+    UserDataFile file(Path(), Notes());
     const auto document = file.Update(SetMember("c"));
 
     EXPECT_TRUE(Has(document, "a"));
     EXPECT_FALSE(Has(document, "b")) << "backup 1 is damaged too";
     const QStringList aside = Files().filter(QStringLiteral("unreadable"));
     ASSERT_EQ(aside.size(), 1);
-    EXPECT_EQ(ReadFile(QFileInfo(Path()).dir().filePath(aside.first())), "{\"UserPresets\": ");
+    EXPECT_EQ(ReadFile(QFileInfo(Path()).dir().filePath(aside.first())), "{\"Notes\": ");
     ASSERT_EQ(file.GetReports().size(), 3u);
     const std::string& report = file.GetReports()[1];
-    EXPECT_NE(report.find("presets.json:1:"), std::string::npos) << report;
+    EXPECT_NE(report.find("notes.json:1:"), std::string::npos) << report;
     EXPECT_NE(report.find("backup-2"), std::string::npos) << report;
     EXPECT_NE(file.GetReports()[2].find(aside.first().toStdString()), std::string::npos);
     EXPECT_NE(ReadFile(Path()), good);
-    UserDataFile later(Path());
+    UserDataFile later(Path(), Notes());
     const auto repaired = later.Read();
     EXPECT_TRUE(Has(repaired, "a") && Has(repaired, "c"));
     EXPECT_TRUE(later.GetReports().empty());
@@ -156,42 +170,42 @@ TEST_F(UserDataFileTest, setsADamagedFileAsideAndTakesTheNewestGoodBackup)
 
 TEST_F(UserDataFileTest, readsADamagedFileFromItsBackupAndTouchesNothing)
 {
-    UserDataFile(Path()).Update(SetMember("a"));
-    for (const QByteArray& damaged : {QByteArray("{\"UserPresets\": "), QByteArray()}) {
+    UserDataFile(Path(), Notes()).Update(SetMember("a"));
+    for (const QByteArray& damaged : {QByteArray("{\"Notes\": "), QByteArray()}) {
         WriteFile(Path(), damaged);
         const QMap<QString, QByteArray> before = Contents();
-        UserDataFile file(Path());
+        UserDataFile file(Path(), Notes());
         EXPECT_TRUE(Has(file.Read(), "a"));
         EXPECT_EQ(file.GetReports().size(), 1u);
         EXPECT_EQ(Contents(), before);
     }
 }
 
-/// None of them is a file of presets, and none may cost its owner a byte.
+/// None of them is a file of notes, and none may cost its owner a byte.
 TEST_F(UserDataFileTest, refusesFilesThatAreNotItsOwnAndLeavesThemAlone)
 {
     for (const QByteArray& foreign :
          {QByteArray("\xff\xd8\xff\xe0\0\x10JFIF", 10), QByteArray("no json"), QByteArray("\n"),
           QByteArray("[1, 2]"), QByteArray(R"({"format": "lumetra-catalogue", "version": 1})"),
           QByteArray(R"({"format": "lumetra-catalogue", "items": [{"name": "A"}]})"),
-          QByteArray(R"({"format": 7, "UserPresets": {"items": []}})"),
+          QByteArray(R"({"format": 7, "Notes": {"items": []}})"),
           QByteArray(R"({"items": [{"name": "A"}]})"), QByteArray(R"({"window": "wide"})"),
-          QByteArray(R"({"UserPresets": {"items": [)")}) {
+          QByteArray(R"({"Notes": {"items": [)")}) {
         SCOPED_TRACE(foreign.constData());
         WriteFile(Path(), foreign);
-        UserDataFile file(Path());
+        UserDataFile file(Path(), Notes());
         for (const bool isWriting : {false, true})
             try {
                 isWriting ? file.Update(SetMember("a")) : file.Read();
                 ADD_FAILURE() << "expected an exception";
             } catch (const Zorvik::Exception& error) {
                 const std::string text = error.what();
-                EXPECT_NE(text.find("presets.json"), std::string::npos) << text;
-                EXPECT_NE(text.find("expected a file of your own presets"), std::string::npos)
+                EXPECT_NE(text.find("notes.json"), std::string::npos) << text;
+                EXPECT_NE(text.find("expected a file of your own notes"), std::string::npos)
                     << text;
             }
         EXPECT_EQ(ReadFile(Path()), foreign);
-        EXPECT_EQ(Files(), QStringList(QStringLiteral("presets.json")));
+        EXPECT_EQ(Files(), QStringList(QStringLiteral("notes.json")));
     }
 }
 
@@ -199,11 +213,11 @@ TEST_F(UserDataFileTest, refusesWhatIsNoPlainFile)
 {
     QDir().mkpath(QFileInfo(Path()).absolutePath());
     ASSERT_EQ(::mkfifo(QFile::encodeName(Path()).constData(), 0600), 0);
-    EXPECT_THROW(UserDataFile(Path()).Read(), Zorvik::Exception);
-    EXPECT_THROW(UserDataFile(Path()).Update(SetMember("a")), Zorvik::Exception);
-    EXPECT_THROW(UserDataFile(QStringLiteral("/dev/null")).Read(), Zorvik::Exception);
-    EXPECT_THROW(UserDataFile(QString()).Read(), Zorvik::Exception);
-    EXPECT_THROW(UserDataFile(QString()).Update(SetMember("a")), Zorvik::Exception);
+    EXPECT_THROW(UserDataFile(Path(), Notes()).Read(), Zorvik::Exception);
+    EXPECT_THROW(UserDataFile(Path(), Notes()).Update(SetMember("a")), Zorvik::Exception);
+    EXPECT_THROW(UserDataFile(QStringLiteral("/dev/null"), Notes()).Read(), Zorvik::Exception);
+    EXPECT_THROW(UserDataFile(QString(), Notes()).Read(), Zorvik::Exception);
+    EXPECT_THROW(UserDataFile(QString(), Notes()).Update(SetMember("a")), Zorvik::Exception);
     struct stat status;
     ASSERT_EQ(::stat(QFile::encodeName(Path()).constData(), &status), 0);
     EXPECT_TRUE(S_ISFIFO(status.st_mode));
@@ -212,49 +226,49 @@ TEST_F(UserDataFileTest, refusesWhatIsNoPlainFile)
 TEST_F(UserDataFileTest, refusesALinkToNothingAndMakesNoTarget)
 {
     QDir().mkpath(QFileInfo(Path()).absolutePath());
-    const QString target = m_folder.filePath(QStringLiteral("disk/presets.json"));
+    const QString target = m_folder.filePath(QStringLiteral("disk/notes.json"));
     ASSERT_TRUE(QFile::link(target, Path()));
-    EXPECT_THROW(UserDataFile(Path()).Read(), Zorvik::Exception);
-    EXPECT_THROW(UserDataFile(Path()).Update(SetMember("a")), Zorvik::Exception);
+    EXPECT_THROW(UserDataFile(Path(), Notes()).Read(), Zorvik::Exception);
+    EXPECT_THROW(UserDataFile(Path(), Notes()).Update(SetMember("a")), Zorvik::Exception);
     EXPECT_FALSE(QFileInfo(target).dir().exists());
 }
 
 TEST_F(UserDataFileTest, keepsBackupsBesideTheFileThatALinkLeadsTo)
 {
-    UserDataFile(Path()).Update(SetMember("a"));
+    UserDataFile(Path(), Notes()).Update(SetMember("a"));
     const QString link = m_folder.filePath(QStringLiteral("link.json"));
     ASSERT_TRUE(QFile::link(Path(), link));
-    UserDataFile(link).Update(SetMember("b"));
+    UserDataFile(link, Notes()).Update(SetMember("b"));
     EXPECT_TRUE(QFileInfo(link).isSymLink());
-    EXPECT_TRUE(Has(UserDataFile(Path()).Read(), "b"));
+    EXPECT_TRUE(Has(UserDataFile(Path(), Notes()).Read(), "b"));
     EXPECT_EQ(Files().filter(QStringLiteral("backup")).size(), 2);
 }
 
 TEST_F(UserDataFileTest, startsEmptyInAFileOfNoBytes)
 {
     WriteFile(Path(), QByteArray());
-    UserDataFile file(Path());
+    UserDataFile file(Path(), Notes());
     EXPECT_TRUE(file.Read().GetObject()->GetMembers().empty());
     EXPECT_EQ(QFileInfo(Path()).size(), 0);
     file.Update(SetMember("a"));
-    EXPECT_TRUE(Has(UserDataFile(Path()).Read(), "a"));
+    EXPECT_TRUE(Has(UserDataFile(Path(), Notes()).Read(), "a"));
     EXPECT_TRUE(file.GetReports().empty());
     EXPECT_TRUE(Files().filter(QStringLiteral("unreadable")).isEmpty());
 }
 
 TEST_F(UserDataFileTest, savesAndReportsWhenOnlyTheBackupFails)
 {
-    UserDataFile(Path()).Update(SetMember("a"));
+    UserDataFile(Path(), Notes()).Update(SetMember("a"));
     const QString backup = Path() + QStringLiteral(".backup-%1");
     for (int i = 1; i <= BackupRotation::COUNT; ++i) {
         QFile::remove(backup.arg(i));
         ASSERT_TRUE(QDir().mkpath(backup.arg(i) + QStringLiteral("/full")));
     }
-    UserDataFile file(Path());
+    UserDataFile file(Path(), Notes());
     EXPECT_TRUE(Has(file.Update(SetMember("b")), "b"));
-    EXPECT_TRUE(Has(UserDataFile(Path()).Read(), "b"));
+    EXPECT_TRUE(Has(UserDataFile(Path(), Notes()).Read(), "b"));
     ASSERT_EQ(file.GetReports().size(), 1u);
-    EXPECT_NE(file.GetReports()[0].find("the presets were saved, but not a backup of them"),
+    EXPECT_NE(file.GetReports()[0].find("the notes were saved, but not a backup of them"),
               std::string::npos)
         << file.GetReports()[0];
     EXPECT_NE(file.GetReports()[0].find("backup-"), std::string::npos);
@@ -262,11 +276,11 @@ TEST_F(UserDataFileTest, savesAndReportsWhenOnlyTheBackupFails)
 
 TEST_F(UserDataFileTest, saysWhyItsLockCannotBeMade)
 {
-    UserDataFile(Path()).Update(SetMember("a"));
+    UserDataFile(Path(), Notes()).Update(SetMember("a"));
     const QByteArray before = ReadFile(Path());
     ASSERT_TRUE(QDir().mkpath(Path() + QStringLiteral(".lock")));
     try {
-        UserDataFile(Path()).Update(SetMember("b"));
+        UserDataFile(Path(), Notes()).Update(SetMember("b"));
         ADD_FAILURE() << "expected an exception";
     } catch (const Zorvik::Exception& error) {
         const std::string expected =
@@ -281,24 +295,24 @@ TEST_F(UserDataFileTest, saysWhyItsLockCannotBeMade)
 TEST_F(UserDataFileTest, tellsTheSystemsReasonAgainstALock)
 {
     try {
-        StoreLock lock(QStringLiteral("/proc/presets.json"));
+        StoreLock lock(QStringLiteral("/proc/notes.json"));
         ADD_FAILURE() << "expected an exception";
     } catch (const Zorvik::Exception& error) {
         EXPECT_EQ(error.GetDescription(),
-                  "/proc/presets.json: cannot be locked for writing: making its lock file "
-                  "\"/proc/presets.json.lock\" failed: No such file or directory");
+                  "/proc/notes.json: cannot be locked for writing: making its lock file "
+                  "\"/proc/notes.json.lock\" failed: No such file or directory");
     }
 }
 
 TEST_F(UserDataFileTest, takesAnOlderBackupWhenTheNewestCannotBeReadAtAll)
 {
-    UserDataFile(Path()).Update(SetMember("a"));
-    UserDataFile(Path()).Update(SetMember("b"));
+    UserDataFile(Path(), Notes()).Update(SetMember("a"));
+    UserDataFile(Path(), Notes()).Update(SetMember("b"));
     WriteFile(Path(), "no json");
     ASSERT_TRUE(QFile::remove(Path() + QStringLiteral(".backup-1")));
     ASSERT_TRUE(QDir().mkdir(Path() + QStringLiteral(".backup-1")));
 
-    UserDataFile file(Path());
+    UserDataFile file(Path(), Notes());
     const auto document = file.Read();
 
     EXPECT_TRUE(Has(document, "a"));
@@ -311,22 +325,22 @@ TEST_F(UserDataFileTest, takesAnOlderBackupWhenTheNewestCannotBeReadAtAll)
 
 TEST_F(UserDataFileTest, takesAMissingFileFromItsBackup)
 {
-    UserDataFile(Path()).Update(SetMember("a"));
+    UserDataFile(Path(), Notes()).Update(SetMember("a"));
     ASSERT_TRUE(QFile::remove(Path()));
-    UserDataFile file(Path());
+    UserDataFile file(Path(), Notes());
     EXPECT_TRUE(Has(file.Read(), "a"));
     EXPECT_EQ(file.GetReports().size(), 1u);
     EXPECT_FALSE(QFile::exists(Path())) << "reading writes nothing";
     file.Update(SetMember("b"));
-    const auto document = UserDataFile(Path()).Read();
+    const auto document = UserDataFile(Path(), Notes()).Read();
     EXPECT_TRUE(Has(document, "a") && Has(document, "b"));
 }
 
 TEST_F(UserDataFileTest, readsButDoesNotWriteANewerMajorVersion)
 {
-    const QByteArray newer = R"({"format": "lumetra-user-presets", "version": 3, "a": 1})";
+    const QByteArray newer = R"({"format": "test-notes", "version": 3, "a": 1})";
     WriteFile(Path(), newer);
-    UserDataFile file(Path());
+    UserDataFile file(Path(), Notes());
     EXPECT_TRUE(Has(file.Read(), "a"));
     EXPECT_TRUE(file.IsReadOnly());
     EXPECT_THROW(file.Update(SetMember("b")), Zorvik::Exception);
@@ -335,8 +349,8 @@ TEST_F(UserDataFileTest, readsButDoesNotWriteANewerMajorVersion)
 
 TEST_F(UserDataFileTest, keepsTheVersionOfANewerMinorOne)
 {
-    WriteFile(Path(), R"({"format": "lumetra-user-presets", "version": 2.7, "future": {"x": []}})");
-    const auto document = UserDataFile(Path()).Update(SetMember("a"));
+    WriteFile(Path(), R"({"format": "test-notes", "version": 2.7, "future": {"x": []}})");
+    const auto document = UserDataFile(Path(), Notes()).Update(SetMember("a"));
     EXPECT_EQ(document.GetObject()->Find("version")->As<JsonNumber>()->text, "2.7");
     EXPECT_TRUE(Has(document, "future"));
 }
@@ -344,14 +358,14 @@ TEST_F(UserDataFileTest, keepsTheVersionOfANewerMinorOne)
 TEST_F(UserDataFileTest, leavesAFolderInItsPlaceAlone)
 {
     QDir().mkpath(Path());
-    UserDataFile file(Path());
+    UserDataFile file(Path(), Notes());
     EXPECT_THROW(file.Read(), Zorvik::Exception);
     EXPECT_TRUE(QFileInfo(Path()).isDir());
 }
 
 TEST_F(UserDataFileTest, removesTemporaryFilesOfKilledWritersAfterTenMinutes)
 {
-    UserDataFile(Path()).Update(SetMember("a"));
+    UserDataFile(Path(), Notes()).Update(SetMember("a"));
     const QString old = Path() + QStringLiteral(".aB3xYz");
     const QString young = Path() + QStringLiteral(".cD4xYz");
     WriteFile(old, "x");
@@ -362,7 +376,7 @@ TEST_F(UserDataFileTest, removesTemporaryFilesOfKilledWritersAfterTenMinutes)
                                  QFileDevice::FileModificationTime));
     file.close();
 
-    UserDataFile(Path()).Update(SetMember("b"));
+    UserDataFile(Path(), Notes()).Update(SetMember("b"));
     EXPECT_FALSE(QFile::exists(old));
     EXPECT_TRUE(QFile::exists(young));
 }
@@ -385,7 +399,7 @@ TEST_F(UserDataFileTest, takesOverALockThatAKilledProgramLeftBehind)
 
 TEST_F(UserDataFileTest, writesNothingThatItCouldNotReadAgain)
 {
-    UserDataFile(Path()).Update(SetMember("a"));
+    UserDataFile(Path(), Notes()).Update(SetMember("a"));
     const QMap<QString, QByteArray> before = Contents();
     const auto setTooMuch = [](JsonObject& object) {
         object.Set("b",
@@ -393,11 +407,11 @@ TEST_F(UserDataFileTest, writesNothingThatItCouldNotReadAgain)
         return true;
     };
     try {
-        UserDataFile(Path()).Update(setTooMuch, {{ContentFolder::NameOf("abc"), "abc"}});
+        UserDataFile(Path(), Notes()).Update(setTooMuch, {{ContentFolder::NameOf("abc"), "abc"}});
         ADD_FAILURE() << "expected an exception";
     } catch (const Zorvik::Exception& error) {
         const std::string text = error.GetDescription();
-        EXPECT_NE(text.find("presets.json: expected at most 64 MB"), std::string::npos) << text;
+        EXPECT_NE(text.find("notes.json: expected at most 64 MB"), std::string::npos) << text;
         EXPECT_NE(text.find("nothing was written"), std::string::npos) << text;
     }
     EXPECT_EQ(Contents(), before);
@@ -405,13 +419,13 @@ TEST_F(UserDataFileTest, writesNothingThatItCouldNotReadAgain)
 
 TEST_F(UserDataFileTest, takesAFileOfTheFirstVersionOverAndKeepsACopyForGood)
 {
-    const QByteArray old = R"({"format": "lumetra-user-presets", "version": 1.7, "future": {}})";
+    const QByteArray old = R"({"format": "test-notes", "version": 1.7, "future": {}})";
     WriteFile(Path(), old);
-    EXPECT_TRUE(Has(UserDataFile(Path()).Read(), "future"));
+    EXPECT_TRUE(Has(UserDataFile(Path(), Notes()).Read(), "future"));
     EXPECT_EQ(ReadFile(Path()), old);
     for (int i = 0; i < 7; ++i)
-        UserDataFile(Path()).Update(SetMember("a" + std::to_string(i)));
-    const auto document = UserDataFile(Path()).Read();
+        UserDataFile(Path(), Notes()).Update(SetMember("a" + std::to_string(i)));
+    const auto document = UserDataFile(Path(), Notes()).Read();
     EXPECT_EQ(document.GetObject()->Find("version")->As<JsonNumber>()->value, 2);
     EXPECT_TRUE(Has(document, "future"));
     EXPECT_EQ(ReadFile(Path() + QStringLiteral(".version-1")), old);
@@ -421,7 +435,7 @@ TEST_F(UserDataFileTest, takesAFileOfTheFirstVersionOverAndKeepsACopyForGood)
 TEST_F(UserDataFileTest, writesTheContentsThatItsTextNames)
 {
     const std::string name = ContentFolder::NameOf("abc");
-    UserDataFile file(Path());
+    UserDataFile file(Path(), Notes());
     file.Update(
         [&name](JsonObject& object) {
             object.Set("table", JsonValue(JsonValue::Content(name)));
@@ -433,16 +447,16 @@ TEST_F(UserDataFileTest, writesTheContentsThatItsTextNames)
 
 TEST_F(UserDataFileTest, leavesTheFileAsItWasWhenContentsCannotBeWritten)
 {
-    UserDataFile(Path()).Update(SetMember("a"));
+    UserDataFile(Path(), Notes()).Update(SetMember("a"));
     const QMap<QString, QByteArray> before = Contents();
-    WriteFile(Path() + QStringLiteral(".tables"), "no folder");
+    WriteFile(Path() + QStringLiteral(".sheets"), "no folder");
     const std::string name = ContentFolder::NameOf("abc");
     const auto setName = [&name](JsonObject& object) {
         object.Set("table", JsonValue(JsonValue::Content(name)));
         return true;
     };
-    EXPECT_THROW(UserDataFile(Path()).Update(setName, {{name, "abc"}}), Zorvik::Exception);
-    ASSERT_TRUE(QFile::remove(Path() + QStringLiteral(".tables")));
+    EXPECT_THROW(UserDataFile(Path(), Notes()).Update(setName, {{name, "abc"}}), Zorvik::Exception);
+    ASSERT_TRUE(QFile::remove(Path() + QStringLiteral(".sheets")));
     EXPECT_EQ(Contents(), before);
 }
 
@@ -454,12 +468,12 @@ TEST_F(UserDataFileTest, losesNoEditOfManyWritersAtOnce)
     for (int w = 0; w < Writers; ++w)
         threads.emplace_back([this, w] {
             for (int i = 0; i < Edits; ++i)
-                UserDataFile(Path()).Update(
-                    SetMember("w" + std::to_string(w) + "-" + std::to_string(i)));
+                UserDataFile(Path(), Notes())
+                    .Update(SetMember("w" + std::to_string(w) + "-" + std::to_string(i)));
         });
     for (std::thread& thread : threads)
         thread.join();
-    const auto members = UserDataFile(Path()).Read().GetObject()->GetMembers().size();
+    const auto members = UserDataFile(Path(), Notes()).Read().GetObject()->GetMembers().size();
     EXPECT_EQ(members, Writers * Edits + 2u);
 }
 

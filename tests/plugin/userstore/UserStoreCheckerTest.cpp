@@ -2,12 +2,19 @@
 #include "core/userstore/UserStoreChecker.h"
 
 #include "catalogue/CatalogueReport.h"
+#include "core/PresetControllerFactory.h"
+#include "core/userstore/UserPresetStore.h"
 #include "storage/JsonDocument.h"
+
+#include <QFile>
+#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace LumetraHost;
+using LumetraPlugin::PresetControllerFactory;
+using LumetraPlugin::UserPresetStore;
 using LumetraPlugin::UserStoreChecker;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -36,9 +43,35 @@ TEST(UserStoreChecker, knowsAStoreByItsFormatOrByTheMembersOfOneWithoutAFormat)
     EXPECT_TRUE(UserStoreChecker::IsStore(Document(R"({"format": "lumetra-user-presets"})")));
     EXPECT_TRUE(UserStoreChecker::IsStore(Document(R"({"UserPresets": {}})")));
     EXPECT_TRUE(UserStoreChecker::IsStore(Document(R"({"Favourites": []})")));
-    EXPECT_TRUE(UserStoreChecker::IsStore(Document(R"({"items": []})")));
+    EXPECT_TRUE(
+        UserStoreChecker::IsStore(Document(R"({"format": "lumetra-user-presets", "items": []})")));
+    EXPECT_FALSE(UserStoreChecker::IsStore(Document(R"({"items": []})")));
     EXPECT_FALSE(UserStoreChecker::IsStore(Document(R"({"format": "else", "items": []})")));
+    EXPECT_FALSE(UserStoreChecker::IsStore(Document(R"({"format": 1, "UserPresets": {}})")));
     EXPECT_FALSE(UserStoreChecker::IsStore(Document(R"({"groups": []})")));
+}
+
+/// What is checked as a store can be opened as one, and the other way round.
+TEST(UserStoreChecker, takesTheFilesForStoresThatTheStoreOpens)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("own.json"));
+    for (const char* text :
+         {R"({"format": "lumetra-user-presets"})", R"({"format": "else", "UserPresets": {}})",
+          R"({"format": 1, "Favourites": []})", R"({"UserPresets": {"items": []}})",
+          R"({"Favourites": []})", R"({"items": [{"name": "A"}]})", R"({"window": "wide"})",
+          R"({"format": "lumetra-user-presets", "items": [{"name": "A"}]})"}) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) > 0);
+        file.close();
+        bool isOpened = true;
+        try {
+            UserPresetStore(path, std::make_shared<PresetControllerFactory>("test")).Load();
+        } catch (const Zorvik::Exception&) {
+            isOpened = false;
+        }
+        EXPECT_EQ(UserStoreChecker::IsStore(Document(text)), isOpened) << text;
+    }
 }
 
 TEST(UserStoreChecker, checksPresetsThatStandInTheFileItself)

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "storage/JsonDocument.h"
+
+#include <QString>
+
+#include <functional>
+#include <string>
+
+namespace LumetraHost {
+
+/// What a UserDataFile has to know of the data that it keeps. Whoever owns the data describes it
+/// here, once; the file itself knows no key of theirs.
+struct UserDataForm
+{
+    // Keys that every such file has at its root.
+    static constexpr char KeyFormat[] = "format";
+    static constexpr char KeyVersion[] = "version";
+
+    std::string format;    ///< the text under KeyFormat in every file of this form
+    int majorVersion = 1;  ///< is written; newer ones are read only, older ones taken over
+    std::string noun;      ///< plural that names the data in messages: "presets"
+    QString contentSuffix; ///< ending of the folder beside the file that holds large contents
+    /// True for the root of a file without KeyFormat that is of this form all the same. May be
+    /// empty: no such file is then.
+    std::function<bool(const JsonObject& root)> isMeantWithoutFormat;
+    /// Size limit, in bytes, for files that name the format; for those of older versions, which
+    /// held everything themselves.
+    qint64 largestOldFile = JsonDocument::MAX_FILE_SIZE;
+
+    /// True for the root of a file of this form.
+    bool IsOurs(const JsonObject& root) const;
+};
+
+} // namespace LumetraHost
