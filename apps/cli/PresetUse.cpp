@@ -17,6 +17,7 @@ namespace {
 using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
 using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 using Zorvik::Lumetra::LumetraPresets::TuneSettingType;
+using Zorvik::Quindle::EffectsSettings;
 
 int ReadValue(const QString& what, const QString& text, int minimum, int maximum)
 {
@@ -116,8 +117,7 @@ void PresetUse::Tune(EffectPresetModel& model) const
                   EffectPresetModel::TuneRole);
 }
 
-std::vector<Zorvik::Quindle::EffectsSettings>
-PresetUse::MakePackages(LumetraPlugin::PresetSession& session) const
+std::vector<EffectsSettings> PresetUse::MakePackages(LumetraPlugin::PresetSession& session) const
 {
     session.ClosePhoto(); // what is drawn does not depend on the photo
     EffectPresetModel& model = session.GetModel();
@@ -129,7 +129,7 @@ PresetUse::MakePackages(LumetraPlugin::PresetSession& session) const
 }
 
 std::vector<LumetraHost::EditRecord>
-PresetUse::MakeRecords(const std::vector<Zorvik::Quindle::EffectsSettings>& packages) const
+PresetUse::MakeRecords(const std::vector<EffectsSettings>& packages) const
 {
     LumetraHost::EditRecord record;
     record.preset = m_preset.name.toStdString();
@@ -141,7 +141,7 @@ PresetUse::MakeRecords(const std::vector<Zorvik::Quindle::EffectsSettings>& pack
     return records;
 }
 
-Zorvik::Quindle::EffectsSettings PresetUse::GetLook(LumetraPlugin::PresetSession& session) const
+EffectsSettings PresetUse::GetLook(LumetraPlugin::PresetSession& session) const
 {
     session.OpenPhoto(LumetraHost::Image::Allocate(1, 1, LumetraHost::Image::Depth::Bits8));
     EffectPresetModel& model = session.GetModel();
@@ -149,7 +149,7 @@ Zorvik::Quindle::EffectsSettings PresetUse::GetLook(LumetraPlugin::PresetSession
     Tune(model);
     const auto packages = session.GetWorkspace().GetDrawer().GetOpenPackages();
     session.ClosePhoto();
-    return packages.empty() ? Zorvik::Quindle::EffectsSettings(1) : packages.back();
+    return packages.empty() ? EffectsSettings(EffectsSettings::PhotoAlone) : packages.back();
 }
 
 void PresetUse::SaveAs(LumetraPlugin::PresetSession& session, const QString& name) const

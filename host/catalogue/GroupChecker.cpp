@@ -3,6 +3,7 @@
 
 #include "Zorvik/Brassel/SettingsKeys.h"
 #include "Zorvik/Quindle/IEffectSettings.h"
+#include "catalogue/CatalogueKeys.h"
 #include "catalogue/EffectsChecker.h"
 #include "catalogue/IntensityChecker.h"
 #include "catalogue/NearestName.h"
@@ -13,28 +14,22 @@
 namespace LumetraHost {
 namespace {
 
+using Keys = CatalogueKeys;
 using Zorvik::Brassel::Settings::ConfigData;
 using Zorvik::Brassel::Settings::EffectInfo;
 using Zorvik::Quindle::IEffectSettings;
 
-constexpr char IdKey[] = "id";
-constexpr char PopularKey[] = "popular";
-constexpr char ImageKey[] = "image";
-constexpr char CropPolicyKey[] = "previewCropPolicy";
-constexpr char FitPolicyKey[] = "previewFitPolicy";
-constexpr char ResourceKey[] = "resource";
-
 /// Reads everything that is not looked at further, only to see that it fits.
 void CheckPlainKeys(const CheckedNode& item)
 {
-    item.NoteUnknownKeys({EffectInfo::KEY_NAME, IdKey, PopularKey, ImageKey, CropPolicyKey,
-                          FitPolicyKey, EffectInfo::TAG_SETTINGS, EffectInfo::TAG_SETTINGS_PREVIEW,
-                          IEffectSettings::EFFECTS, ConfigData::INTENSITY, ConfigData::CONTROLLER,
-                          ResourceKey});
-    item.Bool(PopularKey);
-    item.Text(ImageKey);
-    item.Int(CropPolicyKey);
-    item.Int(FitPolicyKey);
+    item.NoteUnknownKeys({EffectInfo::KEY_NAME, Keys::Id, Keys::Popular, Keys::Image,
+                          Keys::CropPolicy, Keys::FitPolicy, EffectInfo::TAG_SETTINGS,
+                          EffectInfo::TAG_SETTINGS_PREVIEW, IEffectSettings::EFFECTS,
+                          ConfigData::INTENSITY, ConfigData::CONTROLLER, Keys::Resource});
+    item.Bool(Keys::Popular);
+    item.Text(Keys::Image);
+    item.Int(Keys::CropPolicy);
+    item.Int(Keys::FitPolicy);
 }
 
 /// Such a name could do things to a terminal, and no preset can be saved under it.
@@ -53,9 +48,9 @@ void WarnOfPlace(const CheckedNode& item, const std::string& resource)
 {
     const QString place = QDir::cleanPath(QString::fromStdString(resource));
     if (!QDir::isRelativePath(place) || place.startsWith(QLatin1String("..")))
-        item.WarningAt(ResourceKey, "expected a file inside the group's folder of resources, found "
-                                    "\"" +
-                                        resource + "\"");
+        item.WarningAt(Keys::Resource,
+                       "expected a file inside the group's folder of resources, found \"" +
+                           resource + "\"");
 }
 
 std::set<std::string> CheckEffects(const CheckedNode& item)
@@ -118,8 +113,8 @@ void GroupChecker::CheckSettings(const CheckedNode& settings) const
                            "expected false: an editable group takes the place of the user's "
                            "presets");
     if (const auto store = settings.Node(ConfigData::APPSTOREID)) {
-        store->NoteUnknownKeys({IdKey});
-        store->Text(IdKey);
+        store->NoteUnknownKeys({Keys::Id});
+        store->Text(Keys::Id);
     }
     CheckKind(settings);
     if (const auto intensity = settings.Node(ConfigData::INTENSITY))
@@ -129,11 +124,11 @@ void GroupChecker::CheckSettings(const CheckedNode& settings) const
 /// A preset without an id has its name for one.
 bool GroupChecker::TakeId(const CheckedNode& item)
 {
-    const std::string id = *item.Text(item.Has(IdKey) ? IdKey : EffectInfo::KEY_NAME);
+    const std::string id = *item.Text(item.Has(Keys::Id) ? Keys::Id : EffectInfo::KEY_NAME);
     const auto [earlier, isNew] = m_ids.emplace(id, item);
     if (!isNew)
-        item.ErrorAt(IdKey, "expected an id of its own, found \"" + id + "\" again (first at " +
-                                earlier->second.GetPlace().ToText() + ")");
+        item.ErrorAt(Keys::Id, "expected an id of its own, found \"" + id + "\" again (first at " +
+                                   earlier->second.GetPlace().ToText() + ")");
     return isNew;
 }
 
@@ -147,13 +142,13 @@ bool GroupChecker::CheckPreset(const CheckedNode& item,
     if (name.value_or(std::string()).empty() && reports.GetErrorCount() == errorCount)
         item.Error("expected the preset's \"name\", found none");
     WarnOfControls(item, EffectInfo::KEY_NAME);
-    WarnOfControls(item, IdKey);
-    const auto id = item.Text(IdKey);
+    WarnOfControls(item, Keys::Id);
+    const auto id = item.Text(Keys::Id);
     if (id && id->empty())
-        item.ErrorAt(IdKey, "expected an id that is not empty");
+        item.ErrorAt(Keys::Id, "expected an id that is not empty");
     CheckKind(item);
     // A preset with a resource gets its effects from there, later.
-    const auto resource = item.Text(ResourceKey);
+    const auto resource = item.Text(Keys::Resource);
     const bool hasEffects = !resource || resource->empty();
     if (!hasEffects)
         WarnOfPlace(item, *resource);

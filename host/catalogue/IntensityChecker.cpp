@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "catalogue/IntensityChecker.h"
 
+#include "Zorvik/Quindle/EffectsSettings.h"
+#include "catalogue/CatalogueKeys.h"
 #include "catalogue/CheckedNode.h"
 #include "catalogue/EffectsChecker.h"
 #include "storage/JsonWriter.h"
@@ -12,23 +14,14 @@
 namespace LumetraHost {
 namespace {
 
-constexpr char TypeKey[] = "type";
-constexpr char BlendKey[] = "blendSetting";
-constexpr char SliderKey[] = "sliderSetting";
-constexpr char TitleKey[] = "title";
-constexpr char BeginKey[] = "begin";
-constexpr char EndKey[] = "end";
-constexpr char ValueKey[] = "value";
-constexpr char VariablesKey[] = "variables";
-constexpr char EffectIDKey[] = "effectID";
-constexpr char SettingKey[] = "setting";
+using Keys = CatalogueKeys;
+using Zorvik::Quindle::EffectsSettings;
 
-enum Type
+bool IsSlider(const CheckedNode& intensity)
 {
-    NoIntensity = 0,
-    Blending = 1,
-    Slider = 2
-};
+    return intensity.Int(Keys::Type) == static_cast<int>(CatalogueIntensity::Slider) &&
+           intensity.Has(Keys::Slider);
+}
 
 void WarnUnlessWithin(const CheckedNode& node, const char* key, int minimum, int maximum)
 {
@@ -40,18 +33,18 @@ void WarnUnlessWithin(const CheckedNode& node, const char* key, int minimum, int
 
 void CheckBlending(const CheckedNode& blending)
 {
-    blending.NoteUnknownKeys({ValueKey, BeginKey, EndKey});
-    WarnUnlessWithin(blending, ValueKey, 1, 100);
-    WarnUnlessWithin(blending, BeginKey, 1, 255);
-    WarnUnlessWithin(blending, EndKey, 1, 255);
-    if (!blending.Has(ValueKey))
+    blending.NoteUnknownKeys({Keys::Value, Keys::Begin, Keys::End});
+    WarnUnlessWithin(blending, Keys::Value, 1, 100);
+    WarnUnlessWithin(blending, Keys::Begin, EffectsSettings::FullEffect, EffectsSettings::NoEffect);
+    WarnUnlessWithin(blending, Keys::End, EffectsSettings::FullEffect, EffectsSettings::NoEffect);
+    if (!blending.Has(Keys::Value))
         blending.Warning("expected a \"value\" from 1 to 100, found none");
 }
 
 void WarnOfEqualEnds(const CheckedNode& node)
 {
-    const double begin = node.Number(BeginKey).value_or(0);
-    const double end = node.Number(EndKey).value_or(0);
+    const double begin = node.Number(Keys::Begin).value_or(0);
+    const double end = node.Number(Keys::End).value_or(0);
     if (begin == end)
         node.Warning("expected different numbers as \"begin\" and \"end\"");
 }
@@ -67,7 +60,7 @@ double GetNumber(const CheckedNode& node, const char* key)
 /// Returns how far "begin" and "end" are apart; always finite.
 double GetDistance(const CheckedNode& node)
 {
-    return std::min(std::abs(GetNumber(node, EndKey) - GetNumber(node, BeginKey)),
+    return std::min(std::abs(GetNumber(node, Keys::End) - GetNumber(node, Keys::Begin)),
                     std::numeric_limits<double>::max());
 }
 
@@ -87,18 +80,19 @@ bool CheckEnd(const CheckedNode& slider, const char* key)
 
 void CheckEnds(const CheckedNode& slider)
 {
-    const bool isBeginGood = CheckEnd(slider, BeginKey);
-    const bool isEndGood = CheckEnd(slider, EndKey);
+    const bool isBeginGood = CheckEnd(slider, Keys::Begin);
+    const bool isEndGood = CheckEnd(slider, Keys::End);
     const double distance = GetDistance(slider);
     if (isBeginGood && isEndGood && distance > std::numeric_limits<int>::max())
-        slider.ErrorAt(EndKey, "expected \"begin\" and \"end\" at most 2147483647 apart, found " +
-                                   JsonWriter::NumberText(distance));
+        slider.ErrorAt(Keys::End,
+                       "expected \"begin\" and \"end\" at most 2147483647 apart, found " +
+                           JsonWriter::NumberText(distance));
 }
 
 std::string EffectOf(const CheckedNode& variable, const CheckedNode& slider)
 {
-    return variable.Has(EffectIDKey) ? variable.Text(EffectIDKey).value_or(std::string())
-                                     : slider.GetName();
+    return variable.Has(Keys::EffectId) ? variable.Text(Keys::EffectId).value_or(std::string())
+                                        : slider.GetName();
 }
 
 /// A stored value moves to the nearest position of the slider: with steps wider than all values of
@@ -114,18 +108,18 @@ void CheckStep(const CheckedNode& variable, const CheckedNode& slider, double wi
 
 void CheckVariable(const CheckedNode& variable, const CheckedNode& slider)
 {
-    variable.NoteUnknownKeys({EffectIDKey, SettingKey, BeginKey, EndKey});
+    variable.NoteUnknownKeys({Keys::EffectId, Keys::Setting, Keys::Begin, Keys::End});
     const std::size_t errorCount = variable.GetReports().GetErrorCount();
     const std::string effectID = EffectOf(variable, slider);
-    const std::string setting = variable.Text(SettingKey).value_or(std::string());
+    const std::string setting = variable.Text(Keys::Setting).value_or(std::string());
     WarnOfEqualEnds(variable);
     if (variable.GetReports().GetErrorCount() != errorCount)
         return;
     if (effectID.empty())
         return variable.Error("expected an \"effectID\", found none and no name of the slider");
-    EffectsChecker::CheckParameter(variable, SettingKey, effectID, setting);
-    EffectsChecker::CheckRange(variable, BeginKey, effectID, setting);
-    EffectsChecker::CheckRange(variable, EndKey, effectID, setting);
+    EffectsChecker::CheckParameter(variable, Keys::Setting, effectID, setting);
+    EffectsChecker::CheckRange(variable, Keys::Begin, effectID, setting);
+    EffectsChecker::CheckRange(variable, Keys::End, effectID, setting);
     CheckStep(variable, slider, EffectsChecker::GetWidth(effectID, setting));
 }
 
@@ -141,11 +135,11 @@ std::optional<CheckedNode> NodeOfKind(const CheckedNode& intensity, const char* 
 
 void IntensityChecker::CheckSlider(const CheckedNode& slider)
 {
-    slider.NoteUnknownKeys({TitleKey, BeginKey, EndKey, VariablesKey});
-    slider.Text(TitleKey);
+    slider.NoteUnknownKeys({Keys::Title, Keys::Begin, Keys::End, Keys::Variables});
+    slider.Text(Keys::Title);
     WarnOfEqualEnds(slider);
     CheckEnds(slider);
-    const auto variables = slider.Elements(VariablesKey);
+    const auto variables = slider.Elements(Keys::Variables);
     for (const CheckedNode& variable : variables)
         CheckVariable(variable, slider);
     if (variables.empty())
@@ -154,31 +148,33 @@ void IntensityChecker::CheckSlider(const CheckedNode& slider)
 
 void IntensityChecker::Check(const CheckedNode& intensity)
 {
-    intensity.NoteUnknownKeys({TypeKey, BlendKey, SliderKey, "intensityNone"});
-    const auto type = intensity.Int(TypeKey);
+    intensity.NoteUnknownKeys({Keys::Type, Keys::Blending, Keys::Slider, Keys::None});
+    const auto type = intensity.Int(Keys::Type);
     if (!type) {
-        if (!intensity.Has(TypeKey))
+        if (!intensity.Has(Keys::Type))
             intensity.Error("expected a \"type\" from 0 to 2, found none");
         return;
     }
-    if (*type == Blending) {
-        if (const auto blending = NodeOfKind(intensity, BlendKey))
+    const auto kind = static_cast<CatalogueIntensity>(*type);
+    if (kind == CatalogueIntensity::Blending) {
+        if (const auto blending = NodeOfKind(intensity, Keys::Blending))
             CheckBlending(*blending);
-    } else if (*type == Slider) {
-        if (const auto slider = NodeOfKind(intensity, SliderKey))
+    } else if (kind == CatalogueIntensity::Slider) {
+        if (const auto slider = NodeOfKind(intensity, Keys::Slider))
             CheckSlider(*slider);
-    } else if (*type != NoIntensity) {
-        intensity.ErrorAt(TypeKey, "expected a number from 0 to 2, found " + std::to_string(*type));
+    } else if (kind != CatalogueIntensity::None) {
+        intensity.ErrorAt(Keys::Type,
+                          "expected a number from 0 to 2, found " + std::to_string(*type));
     }
 }
 
 void IntensityChecker::CheckEffects(const CheckedNode& intensity, const CheckedNode& item,
                                     const std::set<std::string>& effectIDs)
 {
-    if (intensity.Int(TypeKey) != Slider || !intensity.Has(SliderKey))
+    if (!IsSlider(intensity))
         return;
-    const auto slider = intensity.Node(SliderKey);
-    for (const CheckedNode& variable : slider->Elements(VariablesKey)) {
+    const auto slider = intensity.Node(Keys::Slider);
+    for (const CheckedNode& variable : slider->Elements(Keys::Variables)) {
         const std::string effectID = EffectOf(variable, *slider);
         if (effectIDs.count(effectID) == 0)
             item.Error("expected the effect \"" + effectID +
@@ -189,24 +185,24 @@ void IntensityChecker::CheckEffects(const CheckedNode& intensity, const CheckedN
 SliderParameters IntensityChecker::ReadParameters(const CheckedNode& slider)
 {
     SliderParameters result{slider.GetName(), {}};
-    for (const CheckedNode& variable : slider.Elements(VariablesKey))
+    for (const CheckedNode& variable : slider.Elements(Keys::Variables))
         result.parameters.emplace_back(EffectOf(variable, slider),
-                                       variable.Text(SettingKey).value_or(std::string()));
+                                       variable.Text(Keys::Setting).value_or(std::string()));
     return result;
 }
 
 void IntensityChecker::CheckStart(const CheckedNode& intensity, const CheckedNode& item,
                                   const CheckedNode& effects)
 {
-    if (intensity.Int(TypeKey) != Slider || !intensity.Has(SliderKey))
+    if (!IsSlider(intensity))
         return;
-    const auto slider = intensity.Node(SliderKey);
-    const auto variables = slider->Elements(VariablesKey);
+    const auto slider = intensity.Node(Keys::Slider);
+    const auto variables = slider->Elements(Keys::Variables);
     if (variables.empty() || GetDistance(*slider) == 0)
         return;
     const auto parameter = ReadParameters(*slider).parameters.front();
-    const double begin = GetNumber(variables.front(), BeginKey);
-    const double end = GetNumber(variables.front(), EndKey);
+    const double begin = GetNumber(variables.front(), Keys::Begin);
+    const double end = GetNumber(variables.front(), Keys::End);
     const double halfStep = GetDistance(variables.front()) / GetDistance(*slider) / 2;
     const auto value = EffectsChecker::FindValue(effects, parameter.first, parameter.second);
     if (!value || begin == end ||
@@ -223,9 +219,9 @@ void IntensityChecker::CheckSharing(const CheckedNode& intensity, const CheckedN
                                     const std::set<std::string>& effectIDs,
                                     const std::vector<SliderParameters>& sliders)
 {
-    if (intensity.Int(TypeKey) != Slider || !intensity.Has(SliderKey))
+    if (!IsSlider(intensity))
         return;
-    const auto moved = ReadParameters(*intensity.Node(SliderKey)).parameters;
+    const auto moved = ReadParameters(*intensity.Node(Keys::Slider)).parameters;
     for (const SliderParameters& slider : sliders) {
         const auto& own = slider.parameters;
         if (own.empty() || effectIDs.count(own.front().first) == 0)

@@ -147,7 +147,7 @@ void Drawer::ApplyEffect(const Zorvik::Quindle::ConstEffectPtr& effect,
         m_committed.push_back(std::move(package));
     const bool isEmpty = effect->GetEffectID() == Zorvik::Proc::SettingsEffectEmpty::EFFECT_ID;
     if (!isEmpty) {
-        auto single = std::make_shared<EffectsSettings>(1);
+        auto single = std::make_shared<EffectsSettings>(EffectsSettings::PhotoAlone);
         single->Effects().push_back(effect->Clone());
         m_committed.push_back(std::move(single));
     }

@@ -24,9 +24,7 @@ namespace {
 using Brassel::Settings::EffectInfo;
 using Quindle::EffectsSettings;
 using Quindle::IEffectSettings;
-
-constexpr unsigned NoIndex = 0xFFFFFFFF;
-constexpr unsigned OneInput = 1;
+using Quindle::IQuindleDrawer;
 
 constexpr Proc::Color ReadColor(18, 33, 52, 255);
 
@@ -37,7 +35,7 @@ std::string NewID()
 
 EffectsSettings ReadEffects(const Brassel::ISerializer& node)
 {
-    EffectsSettings effects(OneInput);
+    EffectsSettings effects(EffectsSettings::PhotoAlone);
     const auto items = node.GetCollection(IEffectSettings::EFFECTS);
     for (std::size_t i = 0; items && i < items->GetCount(); ++i) {
         const auto item = items->GetElement(i);
@@ -52,7 +50,8 @@ EffectsSettings ReadEffects(const Brassel::ISerializer& node)
 } // namespace
 
 EffectPresetControllerAbstract::EffectPresetControllerAbstract()
-    : m_effectSettings(OneInput), m_previewEffectSettings(OneInput)
+    : m_effectSettings(EffectsSettings::PhotoAlone),
+      m_previewEffectSettings(EffectsSettings::PhotoAlone)
 {
 }
 
@@ -80,7 +79,7 @@ void EffectPresetControllerAbstract::SetWorkspaceController(
     IWorkspaceUser::SetWorkspaceController(controller);
     ResetSettings();
     m_applied = false;
-    m_resetIndex = NoIndex;
+    m_resetIndex = Quindle::EffectsSettingsPackage::NoIndex;
 }
 
 void EffectPresetControllerAbstract::InitDefaultSettings(const std::vector<SliderSetting>& sliders)
@@ -361,10 +360,10 @@ void EffectPresetControllerAbstract::Deserialize(const Brassel::ConstSerializerP
     m_id = node->Get(PresetKeys::ID, m_name);
     m_popular = node->Get(PresetKeys::Popular, false);
     m_image = node->Get(PresetKeys::Image, "");
-    m_effectSettings = EffectsSettings(OneInput);
-    m_previewEffectSettings = EffectsSettings(OneInput);
-    m_previewCropPolicy = node->Get(PresetKeys::PreviewCropPolicy, 1);
-    m_previewFitPolicy = node->Get(PresetKeys::PreviewFitPolicy, 0);
+    m_effectSettings = EffectsSettings(EffectsSettings::PhotoAlone);
+    m_previewEffectSettings = EffectsSettings(EffectsSettings::PhotoAlone);
+    m_previewCropPolicy = node->Get(PresetKeys::PreviewCropPolicy, IQuindleDrawer::CropToCentre);
+    m_previewFitPolicy = node->Get(PresetKeys::PreviewFitPolicy, IQuindleDrawer::FitByScaling);
     m_color = ReadColor;
 
     const auto settings = node->GetNode(EffectInfo::TAG_SETTINGS);

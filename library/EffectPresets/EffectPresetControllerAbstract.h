@@ -3,7 +3,7 @@
 
 #include "EffectPresets/IEffectPresetController.h"
 #include "Zorvik/Proc/Color.h"
-#include "Zorvik/Quindle/EffectsSettings.h"
+#include "Zorvik/Quindle/IQuindleDrawer.h"
 #include "Zorvik/RefCountImpl.h"
 
 #include <map>
@@ -124,14 +124,15 @@ protected:
     std::string m_image; ///< Deserialize() sets it, for derived classes alone.
     std::string m_group;
     std::string m_id;
-    int m_previewCropPolicy = 1; ///< The policies are those of IQuindleDrawer::RenderPreview().
-    int m_previewFitPolicy = 0;
+    int m_previewCropPolicy = Quindle::IQuindleDrawer::CropToCentre;
+    int m_previewFitPolicy = Quindle::IQuindleDrawer::FitByScaling;
     Proc::Color m_color;      ///< Deserialize() sets it, for derived classes alone.
     bool m_colorFlag = false; ///< Nothing here sets or reads it.
     std::unique_ptr<IIntensitySetting> m_intensitySetting; ///< It is null before InitIntensity().
     std::vector<SliderSetting> m_settings;
     std::vector<SliderSetting> m_defaultSettings; ///< These are m_settings at their start values.
-    unsigned int m_resetIndex = 0xFFFFFFFF;       ///< The package to take next; all bits: none.
+    unsigned int m_resetIndex =
+        Quindle::EffectsSettingsPackage::NoIndex; ///< The package to take next.
 };
 
 } // namespace Zorvik::Lumetra::LumetraPresets

@@ -20,7 +20,7 @@ using Quindle::EffectsSettings;
 using Quindle::IQuindleDrawerPainter;
 using Quindle::SettingsPainterEffectsPackage;
 
-constexpr unsigned NoIndex = 0xFFFFFFFF;
+constexpr unsigned NoIndex = Quindle::EffectsSettingsPackage::NoIndex;
 
 void ListenToDrawerLock(EffectPresetControllerBase* receiver)
 {
@@ -90,7 +90,7 @@ void EffectPresetControllerBase::ApplyInternal()
     const auto workspace = GetWorkspaceController(true);
     auto& drawer = workspace->GetCoreDrawer();
 
-    EffectsSettings effects(1);
+    EffectsSettings effects(EffectsSettings::PhotoAlone);
     effects.SetEffectsConst(GetEffectInfo(false));
     effects.SetWaitApply(m_waitApply);
 
@@ -120,7 +120,7 @@ void EffectPresetControllerBase::ResetInternal()
 
 void EffectPresetControllerBase::SetIntensity(int value, bool live)
 {
-    EffectsSettings update(1);
+    EffectsSettings update(EffectsSettings::PhotoAlone);
     const int before = Intensity().Value();
     EffectPresetControllerAbstract::SetIntensity(value, live);
     if (Intensity().Value() == before || !live)

@@ -7,12 +7,6 @@
 
 namespace Zorvik::Lumetra::LumetraPresets {
 
-namespace {
-
-constexpr unsigned int NoIndex = 0xFFFFFFFF;
-
-} // namespace
-
 void EffectPresetModel::DeactivatePresets(const ControllerPtr& keep)
 {
     ForEachPreset([&keep](std::size_t, const ControllerPtr& controller) {
@@ -53,7 +47,7 @@ void EffectPresetModel::ActivatePreset(const std::string& id,
 void EffectPresetModel::ActivatePreset(const std::string& id,
                                        const Quindle::ConstEffectList& effects)
 {
-    Quindle::EffectsSettings settings(1);
+    Quindle::EffectsSettings settings(Quindle::EffectsSettings::PhotoAlone);
     settings.SetEffectsConst(effects);
     ActivatePreset(id, settings);
 }
@@ -74,7 +68,7 @@ void EffectPresetModel::DiscardUserChanges()
 {
     ForEachPreset(
         [](std::size_t, const ControllerPtr& controller) { controller->ResetSettingsValues(); });
-    SetResetIndex(NoIndex);
+    SetResetIndex(Quindle::EffectsSettingsPackage::NoIndex);
 }
 
 bool EffectPresetModel::HasUnsavedChanges() const

@@ -6,11 +6,13 @@
 #include "Settings/SettingKeys.h"
 #include "Settings/SliderSetting.h"
 #include "Zorvik/Brassel/ISerializer.h"
+#include "Zorvik/Quindle/EffectsSettings.h"
 
 namespace Zorvik::Lumetra::LumetraPresets {
 namespace {
 
-constexpr std::pair<int, int> CoreBlendRange{1, 255};
+constexpr std::pair<int, int> CoreBlendRange{Quindle::EffectsSettings::FullEffect,
+                                             Quindle::EffectsSettings::NoEffect};
 constexpr std::pair<int, int> BlendSliderRange{1, 100};
 
 std::unique_ptr<IIntensitySetting> CreateOfType(int type)

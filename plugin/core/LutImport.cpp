@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "core/LutImport.h"
 
+#include "EffectPresets/PresetKeys.h"
 #include "Settings/IntensitySettingType.h"
 #include "Settings/SettingKeys.h"
 #include "Zorvik/Brassel/ISerializer.h"
@@ -26,10 +27,10 @@ using Zorvik::Brassel::SerializerPtr;
 using Zorvik::Brassel::Settings::ConfigData;
 using Zorvik::Brassel::Settings::EffectInfo;
 using Zorvik::Lumetra::LumetraPresets::IntensitySettingType;
+using Zorvik::Lumetra::LumetraPresets::PresetKeys;
 using Zorvik::Lumetra::LumetraPresets::SettingKeys;
+using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
-
-constexpr char KeyId[] = "id";
 
 /// Some looks have none.
 QString NameOf(const LutLook& look)
@@ -44,8 +45,8 @@ void WriteIntensity(const SerializerPtr& node)
     node->Set(SettingKeys::Type, static_cast<int>(IntensitySettingType::Blending));
     const SerializerPtr blending = node->CreateNode(SettingKeys::BlendSetting);
     blending->Set(SettingKeys::BlendValue, 100);
-    blending->Set(SettingKeys::BlendBegin, 1);
-    blending->Set(SettingKeys::BlendEnd, 255);
+    blending->Set(SettingKeys::BlendBegin, EffectsSettings::FullEffect);
+    blending->Set(SettingKeys::BlendEnd, EffectsSettings::NoEffect);
 }
 
 /// The preset in its stored form.
@@ -54,7 +55,7 @@ SerializerPtr MakeNode(const LutLook& look, const QString& name)
     const auto node =
         SerializerProperty::Create(std::make_shared<Zorvik::Core::Property>(name.toStdString()));
     node->Set(EffectInfo::KEY_NAME, name.toStdString());
-    node->Set(KeyId, QUuid::createUuid().toString().toStdString());
+    node->Set(PresetKeys::ID, QUuid::createUuid().toString().toStdString());
     node->CreateCollection(IEffectSettings::EFFECTS)
         ->AddElement()
         ->WriteObject(IEffectSettings::EFFECT, *look.effect);

@@ -5,7 +5,9 @@
 #include "Zorvik/Brassel/ISerializer.h"
 #include "Zorvik/Exception.h"
 #include "Zorvik/Lumetra/IWorkspaceController.h"
+#include "Zorvik/Quindle/IQuindleDrawer.h"
 #include "Zorvik/Util/ImageUtils.h"
+#include "catalogue/CatalogueKeys.h"
 #include "core/PresetResource.h"
 
 #include <QImage>
@@ -21,8 +23,6 @@ using Zorvik::Lumetra::LumetraPresets::IntensitySettingsFactory;
 using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
-
-constexpr unsigned DraftFlag = 1;
 
 } // namespace
 
@@ -45,7 +45,7 @@ boost::intrusive_ptr<PresetController> PresetController::Copy() const
 void PresetController::Deserialize(const Zorvik::Brassel::ConstSerializerPtr& node)
 {
     EffectPresetControllerBase::Deserialize(node);
-    m_resource = node->Get(PresetResource::KEY, "");
+    m_resource = node->Get(LumetraHost::CatalogueKeys::Resource, "");
     m_hasResource = false;
 }
 
@@ -152,7 +152,7 @@ void PresetController::PutIntensityBack()
 
 EffectsSettings PresetController::MakeSettings()
 {
-    EffectsSettings shared(1);
+    EffectsSettings shared(EffectsSettings::PhotoAlone);
     shared.SetEffectsConst(GetEffectInfo(false));
     EffectsSettings settings(shared); // a copy of the effects, before the intensity goes into them
     settings.Package().SetPackageName(m_packageName);
@@ -171,7 +171,8 @@ EffectsSettings PresetController::MakePreviewSettings()
 
 PreviewPolicies PresetController::GetPreviewPolicies() const
 {
-    return {m_previewCropPolicy, m_previewFitPolicy, m_previews->isDraft ? DraftFlag : 0};
+    return {m_previewCropPolicy, m_previewFitPolicy,
+            m_previews->isDraft ? Zorvik::Quindle::IQuindleDrawer::FlagDraft : 0};
 }
 
 std::string PresetController::GetPreviewKey() const

@@ -52,7 +52,7 @@ EffectsSettings PresetResource::Read(const QString& path)
 {
     const JsonDocument document = JsonDocument::Read(path);
     Check(document);
-    EffectsSettings settings(1);
+    EffectsSettings settings(EffectsSettings::PhotoAlone);
     const auto list = document.GetRoot()->GetCollection(IEffectSettings::EFFECTS);
     for (std::size_t i = 0; i < list->GetCount(); ++i) {
         const auto element = list->GetElement(i);

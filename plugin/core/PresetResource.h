@@ -16,9 +16,6 @@ class PresetModel;
 class PresetResource
 {
 public:
-    /// A preset's member that names its resource.
-    static constexpr char KEY[] = "resource";
-
     /// The effects in the file. Exception with file and place when it cannot be read, has no
     /// effects, or one that this program cannot draw.
     static Zorvik::Quindle::EffectsSettings Read(const QString& path);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "panel/AppliedEdit.h"
 
+#include "LumetraEditor/IEditorPlugin.h"
 #include "Zorvik/Brassel/ISerializerCollection.h"
 #include "Zorvik/Exception.h"
 #include "Zorvik/Lumetra/IWorkspaceController.h"
@@ -23,17 +24,15 @@ using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
 
-constexpr int FullEffect = 1;
-constexpr int NoEffect = 255;
-constexpr unsigned NoIndex = 0xFFFFFFFF;
+constexpr unsigned NoIndex = Zorvik::Quindle::EffectsSettingsPackage::NoIndex;
 
 QString PresetKey()
 {
-    return QStringLiteral("preset");
+    return QString::fromLatin1(LumetraEditor::IEditorPanel::EditPreset);
 }
 QString NameKey()
 {
-    return QStringLiteral("name");
+    return QString::fromLatin1(LumetraEditor::IEditorPanel::EditName);
 }
 QString BlendKey()
 {
@@ -45,7 +44,7 @@ QString EffectsKey()
 }
 QString IntensityKey()
 {
-    return QStringLiteral("intensity");
+    return QString::fromLatin1(LumetraEditor::IEditorPanel::EditIntensity);
 }
 QString SlidersKey()
 {
@@ -125,8 +124,9 @@ QJsonObject AppliedEdit::Save() const
 void AppliedEdit::Draw(const QJsonObject& edit, EffectsSettings& settings, QStringList& reports)
 {
     LoadEffects(edit, settings, reports);
-    const int blend = edit.value(BlendKey()).toInt(FullEffect);
-    settings.SetBlendAmount(std::clamp(blend, FullEffect, NoEffect));
+    const int blend = edit.value(BlendKey()).toInt(EffectsSettings::FullEffect);
+    settings.SetBlendAmount(
+        std::clamp(blend, EffectsSettings::FullEffect, EffectsSettings::NoEffect));
     settings.Package().SetPackageName(m_presets.GetPackageName());
     settings.Package().SetPresetName(edit.value(PresetKey()).toString().toStdString());
     m_workspace->GetCoreDrawer().ApplyEffect(settings, {});
@@ -142,10 +142,10 @@ QStringList AppliedEdit::Restore(const QJsonObject& edit)
     if (id.isEmpty()) {
         if (!edit.isEmpty())
             reports.append(tr("The edit names no preset; nothing is applied."));
-        model.ActivatePreset(std::string(), EffectsSettings(1));
+        model.ActivatePreset(std::string(), EffectsSettings(EffectsSettings::PhotoAlone));
         return reports;
     }
-    EffectsSettings settings(1);
+    EffectsSettings settings(EffectsSettings::PhotoAlone);
     Draw(edit, settings, reports);
     const QModelIndex preset = model.FindId(id);
     const std::string problem =
@@ -171,10 +171,10 @@ QStringList AppliedEdit::Restore(const QJsonObject& edit)
 void AppliedEdit::RestoreValues(const QString& id, const QJsonObject& edit, QStringList& reports)
 {
     PresetModel& model = m_presets.GetModel();
-    EffectsSettings settings(1);
+    EffectsSettings settings(EffectsSettings::PhotoAlone);
     QStringList unused; // told by Draw() before
     LoadEffects(edit, settings, unused);
-    settings.SetBlendAmount(edit.value(BlendKey()).toInt(FullEffect));
+    settings.SetBlendAmount(edit.value(BlendKey()).toInt(EffectsSettings::FullEffect));
     try {
         model.ActivatePreset(id.toStdString(), settings);
     } catch (const std::exception& error) {

@@ -31,7 +31,7 @@ class DrawerContract : public testing::Test
 {
 protected:
     using Settings = Zorvik::Quindle::EffectsSettings;
-    static constexpr unsigned NoIndex = 0xFFFFFFFF;
+    static constexpr unsigned NoIndex = Zorvik::Quindle::EffectsSettingsPackage::NoIndex;
     static constexpr int MaxPos = Zorvik::Quindle::IQuindleDrawerPainter::MAX_POS;
 
     Settings MakeSettings(double amount, const std::string& package, const std::string& preset,

@@ -15,7 +15,7 @@ namespace LumetraTest {
 class PackageStack
 {
 public:
-    static constexpr unsigned NoIndex = 0xFFFFFFFF;
+    static constexpr unsigned NoIndex = Zorvik::Quindle::EffectsSettingsPackage::NoIndex;
 
     /// The package of that index; NoIndex: the one applied last. Default-made when there is none.
     Zorvik::Quindle::EffectsSettingsPackage GetPackage(unsigned index) const;

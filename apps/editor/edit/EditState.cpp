@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "edit/EditState.h"
 
+#include "LumetraEditor/IEditorPlugin.h"
 #include "edit/EditStateFormat.h"
 
 #include <algorithm>
@@ -9,10 +10,19 @@
 namespace LumetraEditor {
 namespace {
 
+using Zorvik::Quindle::EffectsSettings;
+
 // Members of a panel's edit that have a meaning to the editor, see IEditorPanel::SaveEdit().
-const QString PresetKey = QStringLiteral("preset");
-const QString NameKey = QStringLiteral("name");
-const QString IntensityKey = QStringLiteral("intensity");
+const QString PresetKey = QString::fromLatin1(IEditorPanel::EditPreset);
+const QString NameKey = QString::fromLatin1(IEditorPanel::EditName);
+const QString IntensityKey = QString::fromLatin1(IEditorPanel::EditIntensity);
+
+/// How much of the full effect a blend amount leaves.
+int PercentOf(int blendAmount)
+{
+    constexpr double Range = EffectsSettings::NoEffect - EffectsSettings::FullEffect;
+    return static_cast<int>(std::lround(100 * (EffectsSettings::NoEffect - blendAmount) / Range));
+}
 
 } // namespace
 
@@ -23,11 +33,10 @@ bool EditState::IsEmpty() const
            });
 }
 
-LumetraHost::EditRecord EditState::MakeRecord(const Zorvik::Quindle::EffectsSettings& package) const
+LumetraHost::EditRecord EditState::MakeRecord(const EffectsSettings& package) const
 {
     const std::string& preset = package.Package().GetPresetName();
-    // The source weighs (b - 1) / 254.
-    const int share = static_cast<int>(std::lround((255 - package.GetBlendAmount()) / 2.54));
+    const int share = PercentOf(package.GetBlendAmount());
     for (const auto& [id, part] : panels) {
         const QJsonObject& edit = part.GetObject();
         if (!preset.empty() && edit.value(PresetKey).toString().toStdString() == preset)
@@ -37,8 +46,8 @@ LumetraHost::EditRecord EditState::MakeRecord(const Zorvik::Quindle::EffectsSett
     return {preset, share};
 }
 
-bool HaveSamePackages(const std::vector<Zorvik::Quindle::EffectsSettings>& first,
-                      const std::vector<Zorvik::Quindle::EffectsSettings>& second)
+bool HaveSamePackages(const std::vector<EffectsSettings>& first,
+                      const std::vector<EffectsSettings>& second)
 {
     return first.size() == second.size() &&
            EditStateFormat::PackagesText(first) == EditStateFormat::PackagesText(second);

@@ -19,8 +19,6 @@ using Zorvik::Quindle::IEffectSettings;
 constexpr char FormatKey[] = "format", VersionKey[] = "version", CommittedKey[] = "committed",
                PanelsKey[] = "panels", PackageKey[] = "package", PresetKey[] = "preset",
                BlendKey[] = "blend", NameKey[] = "name", IntensityKey[] = "intensity";
-constexpr int FullEffect = 1, NoEffect = 255;
-constexpr unsigned PhotoAlone = 1;
 
 [[noreturn]] void Refuse(const std::string& place, const std::string& expected)
 {
@@ -44,13 +42,14 @@ void WritePackages(const std::vector<EffectsSettings>& packages, ISerializer& ro
 
 EffectsSettings ReadPackage(const ISerializer& node)
 {
-    EffectsSettings package(PhotoAlone);
+    EffectsSettings package(EffectsSettings::PhotoAlone);
     package.Package().SetPackageName(node.Get(PackageKey, ""));
     package.Package().SetPresetName(node.Get(PresetKey, ""));
-    const int blend = node.Get(BlendKey, FullEffect);
-    if (blend < FullEffect || blend > NoEffect)
+    const int blend = node.Get(BlendKey, EffectsSettings::FullEffect);
+    if (blend < EffectsSettings::FullEffect || blend > EffectsSettings::NoEffect)
         Refuse(node.GetPath() + "/" + BlendKey,
-               "a number from 1 to 255, found " + std::to_string(blend));
+               "a number from " + std::to_string(EffectsSettings::FullEffect) + " to " +
+                   std::to_string(EffectsSettings::NoEffect) + ", found " + std::to_string(blend));
     package.SetBlendAmount(blend);
     const auto effects = node.GetCollection(IEffectSettings::EFFECTS);
     for (std::size_t i = 0; effects && i < effects->GetCount(); ++i) {

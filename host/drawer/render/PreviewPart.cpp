@@ -2,6 +2,7 @@
 #include "drawer/render/PreviewPart.h"
 
 #include "Zorvik/Exception.h"
+#include "Zorvik/Quindle/IQuindleDrawer.h"
 
 #include <boost/current_function.hpp>
 
@@ -11,6 +12,8 @@
 
 namespace LumetraHost {
 namespace {
+
+using Zorvik::Quindle::IQuindleDrawer;
 
 int RoundToPixels(double length, int largest)
 {
@@ -37,16 +40,17 @@ PhotoPart MakePreviewPart(int photoWidth, int photoHeight, const Zorvik::Proc::F
     const double aspect = target.pixelAspect;
     const double scaleX = target.width * aspect / photoWidth;
     const double scaleY = double(target.height) / photoHeight;
-    double scale = cropPolicy == 0 ? std::min(scaleX, scaleY) : std::max(scaleX, scaleY);
+    double scale = cropPolicy == IQuindleDrawer::CropNothing ? std::min(scaleX, scaleY)
+                                                             : std::max(scaleX, scaleY);
     // Neither direction may get more pixels than the photo has.
-    if (fitPolicy == 1)
+    if (fitPolicy == IQuindleDrawer::FitWithoutEnlarging)
         scale = std::min({scale, 1.0, aspect});
 
     PhotoPart preview;
     preview.width = RoundToPixels(photoWidth * scale / aspect, target.width);
     preview.height = RoundToPixels(photoHeight * scale, target.height);
     preview.part = {0, 0, photoWidth, photoHeight};
-    if (cropPolicy != 0) {
+    if (cropPolicy != IQuindleDrawer::CropNothing) {
         preview.part.width = RoundToPixels(target.width * aspect / scale, photoWidth);
         preview.part.height = RoundToPixels(target.height / scale, photoHeight);
         preview.part.x = (photoWidth - preview.part.width) / 2;

@@ -26,7 +26,7 @@ Zorvik::Proc::Frame PreviewRenderer::Render(const PictureRecipe& recipe,
     const int width = m_photo.GetWidth();
     const int height = m_photo.GetHeight();
     auto part = MakePreviewPart(width, height, target, policies.crop, policies.fit);
-    if ((policies.flags & FlagDraft) != 0)
+    if ((policies.flags & Zorvik::Quindle::IQuindleDrawer::FlagDraft) != 0)
         part.quality = ResizeQuality::Fast;
 
     RenderOptions options;

@@ -9,8 +9,7 @@
 
 #include "image/Image.h"
 
-#include "Zorvik/Proc/Frame.h"
-#include "Zorvik/Quindle/EffectsSettings.h"
+#include "Zorvik/Quindle/IQuindleDrawer.h"
 
 #include <list>
 
@@ -19,8 +18,8 @@ namespace LumetraHost {
 /// See IQuindleDrawer::RenderPreview.
 struct PreviewPolicies
 {
-    int crop = 1;
-    int fit = 0;
+    int crop = Zorvik::Quindle::IQuindleDrawer::CropToCentre;
+    int fit = Zorvik::Quindle::IQuindleDrawer::FitByScaling;
     unsigned flags = 0;
 };
 
@@ -41,7 +40,6 @@ public:
                                const CancelToken* cancel = nullptr);
 
 private:
-    static constexpr unsigned FlagDraft = 1;
     static constexpr std::size_t KeptParts = 4;
 
     PartRenderer& FindPart(const PhotoPart& part);

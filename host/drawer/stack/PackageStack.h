@@ -19,7 +19,7 @@ namespace LumetraHost {
 class PackageStack
 {
 public:
-    static constexpr unsigned NoIndex = 0xFFFFFFFF;
+    static constexpr unsigned NoIndex = Zorvik::Quindle::EffectsSettingsPackage::NoIndex;
 
     /// Replaces the package of the settings' index; if that is not there, the topmost one of the
     /// same name, which takes this index (without an index it keeps its own); else puts one on top

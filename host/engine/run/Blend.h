@@ -6,11 +6,13 @@
 
 #include "image/Image.h"
 
+#include "Zorvik/Quindle/EffectsSettings.h"
+
 namespace LumetraHost {
 
 /// Blend amounts: 1 is the full effect, 255 the source.
-constexpr int FullEffect = 1;
-constexpr int SourceOnly = 255;
+constexpr int FullEffect = Zorvik::Quindle::EffectsSettings::FullEffect;
+constexpr int SourceOnly = Zorvik::Quindle::EffectsSettings::NoEffect;
 
 /// `blendAmount` limited to 1..255.
 int ClampBlendAmount(int blendAmount);

@@ -11,8 +11,12 @@ namespace Zorvik::Quindle {
 class ZORVIKPLATFORM_EXPORT EffectsSettings
 {
 public:
-    /// Starts without effects, package and waiting, at blend amount 1. An `inputCount` of 1 says
-    /// that the photo is the only input; this system uses no other.
+    static constexpr unsigned PhotoAlone = 1; ///< input count
+    static constexpr int FullEffect = 1;      ///< blend amount
+    static constexpr int NoEffect = 255;      ///< blend amount
+
+    /// Starts without effects, package and waiting, at blend amount 1. This system uses no
+    /// other `inputCount` than PhotoAlone.
     explicit EffectsSettings(unsigned inputCount);
     EffectsSettings(const EffectsSettings& other);
     EffectsSettings(EffectsSettings&& other) noexcept;
@@ -51,7 +55,7 @@ private:
     unsigned m_inputCount;
     EffectList m_effects;
     EffectsSettingsPackage m_package;
-    int m_blendAmount = 1;
+    int m_blendAmount = FullEffect;
     bool m_waitApply = false;
 };
 

@@ -12,6 +12,8 @@ namespace Zorvik::Quindle {
 class ZORVIKPLATFORM_EXPORT EffectsSettingsPackage
 {
 public:
+    static constexpr unsigned NoIndex = 0xFFFFFFFF;
+
     /// The package name is the layer's own. All presets of one panel share it, so that applying one
     /// replaces another.
     const std::string& GetPackageName() const;
@@ -30,7 +32,7 @@ public:
 private:
     std::string m_packageName;
     std::string m_presetName;
-    unsigned m_index = 0xFFFFFFFF;
+    unsigned m_index = NoIndex;
 };
 
 } // namespace Zorvik::Quindle

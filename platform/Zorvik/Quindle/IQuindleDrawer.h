@@ -18,6 +18,11 @@ class IQuindleDrawerPainter;
 class ZORVIKPLATFORM_EXPORT IQuindleDrawer
 {
 public:
+    // The policies of RenderPreview() and its flag.
+    static constexpr int CropNothing = 0, CropToCentre = 1;
+    static constexpr int FitByScaling = 0, FitWithoutEnlarging = 1;
+    static constexpr unsigned FlagDraft = 1;
+
     /// Returns the open package of that index; 0xFFFFFFFF asks for the open package applied last.
     /// Where there is none, the result is default-made and has no index.
     virtual EffectsSettingsPackage GetPackage(unsigned index) const = 0;

@@ -34,11 +34,16 @@ public:
     /// for again, because the monitor's colours have changed.
     virtual void PreviewReady(const QString& key) = 0;
 
+    // Members of an edit that have a meaning to the editor.
+    static constexpr char EditPreset[] = "preset";
+    static constexpr char EditName[] = "name";
+    static constexpr char EditIntensity[] = "intensity";
+
     /// Returns the panel's part of the edit as it is now, with everything that RestoreEdit() needs
     /// to bring it back, even after a restart. The editor calls it after every step and before it
-    /// leaves a photo. Three members have a meaning to the editor and may be left out: "preset" is
-    /// the preset name of the package that was drawn; "name", a text, and "intensity", a whole
-    /// number, are what an exported photo tells of it.
+    /// leaves a photo. Three members have a meaning to the editor and may be left out: EditPreset
+    /// is the preset name of the package that was drawn; EditName, a text, and EditIntensity, a
+    /// whole number, are what an exported photo tells of it.
     virtual QJsonObject SaveEdit() const = 0;
     /// Makes the edit what it was when SaveEdit() returned `edit`; the drawer has no open packages
     /// then. An empty object means that nothing is applied. Unknown and wrong members are left out

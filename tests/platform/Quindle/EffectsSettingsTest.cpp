@@ -2,6 +2,7 @@
 #include "Zorvik/Quindle/EffectsSettings.h"
 
 #include "Zorvik/Quindle/EffectSettingsImpl.h"
+#include "Zorvik/Quindle/IQuindleDrawer.h"
 #include "Zorvik/Quindle/ResetSettings.h"
 #include "Zorvik/Quindle/SettingsPainterEffectsPackage.h"
 #include "support/CallLog.h"
@@ -137,4 +138,18 @@ TEST(ResetSettings, carriesItsIndex)
 {
     EXPECT_EQ(ResetSettings(7).GetIndex(), 7U);
     EXPECT_EQ(ResetSettings(0xFFFFFFFF).GetIndex(), 0xFFFFFFFF);
+}
+
+/// Presets and edits are stored with these numbers, and hosts are built with them.
+TEST(DrawerContractNumbers, stayAsTheyAre)
+{
+    EXPECT_EQ(EffectsSettingsPackage::NoIndex, 4294967295U);
+    EXPECT_EQ(EffectsSettings::PhotoAlone, 1U);
+    EXPECT_EQ(EffectsSettings::FullEffect, 1);
+    EXPECT_EQ(EffectsSettings::NoEffect, 255);
+    EXPECT_EQ(IQuindleDrawer::CropNothing, 0);
+    EXPECT_EQ(IQuindleDrawer::CropToCentre, 1);
+    EXPECT_EQ(IQuindleDrawer::FitByScaling, 0);
+    EXPECT_EQ(IQuindleDrawer::FitWithoutEnlarging, 1);
+    EXPECT_EQ(IQuindleDrawer::FlagDraft, 1U);
 }
