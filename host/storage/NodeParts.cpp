@@ -7,8 +7,6 @@
 #include <boost/current_function.hpp>
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 namespace LumetraHost {
 namespace {
@@ -92,57 +90,11 @@ private:
     std::vector<std::string> m_hidden;
 };
 
-/// Whole numbers stay whole.
-void CopyNumber(const ISerializer& from, const std::string& key, ISerializer& to)
-{
-    const double number = from.Get(key, 0.0);
-    const bool isWhole =
-        number == std::trunc(number) && std::abs(number) <= std::numeric_limits<int>::max();
-    if (isWhole)
-        to.Set(key, static_cast<int>(number));
-    else
-        to.Set(key, number);
-}
-
-void CopyCollection(const ISerializer& from, const std::string& key, ISerializer& to)
-{
-    const auto source = from.GetCollection(key);
-    const auto target = to.CreateCollection(key);
-    for (std::size_t i = 0; i < source->GetCount(); ++i) {
-        const auto element = source->GetElement(i);
-        CopyNode(*element, *target->AddElement(element->GetName()));
-    }
-}
-
-void CopyValue(const ISerializer& from, const std::string& key, ISerializer& to)
-{
-    switch (from.GetKind(key)) {
-    case ISerializer::Kind::Bool:
-        return to.Set(key, from.Get(key, false));
-    case ISerializer::Kind::Number:
-        return CopyNumber(from, key, to);
-    case ISerializer::Kind::Text:
-        return to.Set(key, from.Get(key, std::string()));
-    case ISerializer::Kind::Node:
-        return CopyNode(*from.GetNode(key), *to.CreateNode(key));
-    case ISerializer::Kind::Collection:
-        return CopyCollection(from, key, to);
-    case ISerializer::Kind::None:
-        return;
-    }
-}
-
 } // namespace
 
 ConstSerializerPtr HideKeys(const ConstSerializerPtr& node, const std::vector<std::string>& keys)
 {
     return new PartialNode(node, keys);
-}
-
-void CopyNode(const ISerializer& from, ISerializer& to)
-{
-    for (const std::string& key : from.GetKeys())
-        CopyValue(from, key, to);
 }
 
 } // namespace LumetraHost

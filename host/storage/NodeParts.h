@@ -13,7 +13,4 @@ namespace LumetraHost {
 Zorvik::Brassel::ConstSerializerPtr HideKeys(const Zorvik::Brassel::ConstSerializerPtr& node,
                                              const std::vector<std::string>& keys);
 
-/// Writes everything that stands in `from` into `to`. Exception when `to` refuses it.
-void CopyNode(const Zorvik::Brassel::ISerializer& from, Zorvik::Brassel::ISerializer& to);
-
 } // namespace LumetraHost

@@ -2,6 +2,7 @@
 #include "Zorvik/Quindle/EffectSettingsImpl.h"
 
 #include "Zorvik/Brassel/ISerializer.h"
+#include "Zorvik/Brassel/NodeCopy.h"
 #include "Zorvik/Brassel/SerializerProperty.h"
 #include "Zorvik/Exception.h"
 #include "Zorvik/Quindle/EffectRegistry.h"
@@ -10,63 +11,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace Zorvik::Quindle {
-namespace {
 
-using Brassel::ConstSerializerPtr;
 using Brassel::ISerializer;
+using Brassel::NodeCopy;
 using Brassel::SerializerPtr;
-
-void CopyEntry(const ISerializer& from, const std::string& key, ISerializer& to);
-
-void CopyAll(const ISerializer& from, ISerializer& to)
-{
-    for (const std::string& key : from.GetKeys())
-        CopyEntry(from, key, to);
-}
-
-void CopyNumber(const ISerializer& from, const std::string& key, ISerializer& to)
-{
-    const double number = from.Get(key, 0.0);
-    const bool isInt =
-        number == std::trunc(number) && std::abs(number) <= std::numeric_limits<int>::max();
-    if (isInt)
-        to.Set(key, static_cast<int>(number));
-    else
-        to.Set(key, number);
-}
-
-void CopyCollection(const ISerializer& from, const std::string& key, ISerializer& to)
-{
-    const auto source = from.GetCollection(key);
-    const auto target = to.CreateCollection(key);
-    for (std::size_t i = 0; i < source->GetCount(); ++i) {
-        const auto element = source->GetElement(i);
-        CopyAll(*element, *target->AddElement(element->GetName()));
-    }
-}
-
-void CopyEntry(const ISerializer& from, const std::string& key, ISerializer& to)
-{
-    switch (from.GetKind(key)) {
-    case ISerializer::Kind::Bool:
-        return to.Set(key, from.Get(key, false));
-    case ISerializer::Kind::Number:
-        return CopyNumber(from, key, to);
-    case ISerializer::Kind::Text:
-        return to.Set(key, from.Get(key, std::string()));
-    case ISerializer::Kind::Node:
-        return CopyAll(*from.GetNode(key), *to.CreateNode(key));
-    case ISerializer::Kind::Collection:
-        return CopyCollection(from, key, to);
-    case ISerializer::Kind::None:
-        return;
-    }
-}
-
-} // namespace
 
 EffectSettingsImpl::EffectSettingsImpl(const std::string& effectID)
     : m_effectID(effectID), m_isRegistered(false)
@@ -85,7 +35,7 @@ EffectSettingsImpl::EffectSettingsImpl(const EffectSettingsImpl& other)
       m_isRegistered(other.m_isRegistered), m_parameters(other.m_parameters)
 {
     if (other.m_extras)
-        CopyAll(*Brassel::SerializerProperty::Create(other.m_extras), *Extras());
+        NodeCopy::CopyAll(*Brassel::SerializerProperty::Create(other.m_extras), *Extras());
 }
 
 EffectSettingsImpl::~EffectSettingsImpl() = default;
@@ -153,7 +103,7 @@ void EffectSettingsImpl::Serialize(const Brassel::SerializerPtr& node) const
     for (const auto& [name, value] : m_parameters)
         node->Set(name, value);
     if (m_extras)
-        CopyAll(*Brassel::SerializerProperty::Create(m_extras), *node);
+        NodeCopy::CopyAll(*Brassel::SerializerProperty::Create(m_extras), *node);
 }
 
 void EffectSettingsImpl::Deserialize(const Brassel::ConstSerializerPtr& node)
@@ -168,7 +118,7 @@ void EffectSettingsImpl::Deserialize(const Brassel::ConstSerializerPtr& node)
         else if (!m_isRegistered && node->GetKind(key) == ISerializer::Kind::Number)
             m_parameters.emplace_back(key, node->Get(key, 0.0));
         else
-            CopyEntry(*node, key, *Extras());
+            NodeCopy::CopyEntry(*node, key, *Extras());
     }
     m_effectID = node->Get(KEY_EFFECT_ID, m_effectID);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/lut3d/StoredTable.h"
 
+#include "Zorvik/Brassel/NodeCopy.h"
 #include "Zorvik/Brassel/SerializerProperty.h"
 #include "Zorvik/Exception.h"
 #include "storage/ContentFolder.h"
@@ -13,6 +14,7 @@ namespace LumetraHost {
 namespace {
 
 using Zorvik::Brassel::ConstSerializerPtr;
+using Zorvik::Brassel::NodeCopy;
 using Zorvik::Brassel::SerializerProperty;
 using Zorvik::Brassel::SerializerPtr;
 
@@ -51,8 +53,8 @@ StoredTablePtr StoredTable::Read(const ConstSerializerPtr& node, LookUpTable::Ki
         table->m_data = LookUpTableText::ReadData(node, table->m_form);
     }
     table->m_description = std::make_shared<Zorvik::Core::Property>(std::string());
-    CopyNode(*HideKeys(node, {LookUpTableText::KeyName, LookUpTableText::KeyData}),
-             *SerializerProperty::Create(table->m_description));
+    NodeCopy::CopyAll(*HideKeys(node, {LookUpTableText::KeyName, LookUpTableText::KeyData}),
+                      *SerializerProperty::Create(table->m_description));
     return table;
 }
 
@@ -110,7 +112,7 @@ bool StoredTable::IsKeptIn(const ContentFolder& folder) const
 
 void StoredTable::Write(const SerializerPtr& node) const
 {
-    CopyNode(*SerializerProperty::Create(m_description), *node);
+    NodeCopy::CopyAll(*SerializerProperty::Create(m_description), *node);
     const auto folder = JsonSerializer::FindContents(*node);
     if (folder && IsKeptIn(*folder))
         node->Set(LookUpTableText::KeyName, GetName());
