@@ -16,6 +16,7 @@
 #include "photo/file/PhotoHead.h"
 #include "photo/file/PhotoLimits.h"
 #include "storage/CheckedFileWriter.h"
+#include "storage/ErrorText.h"
 #include "storage/FileIdentity.h"
 #include "workspace/WorkspaceController.h"
 
@@ -104,8 +105,7 @@ QString RenderPreview(const PresetRow& row, QImage& picture)
         picture = row.index.data(EffectPresetModel::PreviewImageRole).value<QImage>();
         return picture.isNull() ? QStringLiteral("expected a picture, found none") : QString();
     } catch (const std::exception& error) {
-        // A call stack follows the first line.
-        return QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0);
+        return LumetraHost::ErrorText::Show(error);
     }
 }
 

@@ -3,6 +3,7 @@
 #include "Console.h"
 #include "Zorvik/Exception.h"
 #include "catalogue/NearestName.h"
+#include "storage/ErrorText.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -99,8 +100,7 @@ int main(int argc, char** argv)
     } catch (const Zorvik::Exception& error) {
         console.Report(QString::fromUtf8(error.what()));
     } catch (const std::exception& error) {
-        // A call stack follows the first line.
-        console.Report(QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0));
+        console.Report(LumetraHost::ErrorText::Show(error));
     }
     if (!console.Finish()) {
         if (!console.IsReaderGone())

@@ -2,6 +2,7 @@
 #include "catalogue/CheckedNode.h"
 
 #include "Zorvik/Brassel/ISerializer.h"
+#include "storage/ErrorText.h"
 #include "storage/IJsonLocation.h"
 #include "storage/JsonSerializer.h"
 
@@ -15,12 +16,6 @@ namespace {
 std::string Mismatch(const std::string& expected, const JsonValue& value)
 {
     return "expected " + expected + ", found " + value.GetKindName();
-}
-
-/// The first line: some exceptions carry a call stack below it.
-std::string FirstLine(const std::string& text)
-{
-    return text.substr(0, text.find('\n'));
 }
 
 } // namespace
@@ -288,7 +283,7 @@ void CheckedNode::Error(const std::exception& exception) const
 {
     const auto* json = dynamic_cast<const JsonException*>(&exception);
     if (!json || json->GetPlace().line == 0)
-        return ErrorWithin(FirstLine(exception.what()));
+        return ErrorWithin(ErrorText::FirstLine(exception));
     std::string path = json->GetDescription();
     path.resize(path.size() - std::min(path.size(), json->GetMessage().size() + 2));
     path.erase(0, std::min(path.size(), m_state->GetFile().size() + 1));

@@ -21,14 +21,6 @@
 namespace LumetraHost {
 namespace {
 
-void MakeFolder(const QString& path)
-{
-    const QString folder = QFileInfo(path).absolutePath();
-    if (!QDir().mkpath(folder))
-        throw Zorvik::Exception(folder.toStdString() + ": the folder cannot be made",
-                                BOOST_CURRENT_FUNCTION, "exporting/Export", __LINE__);
-}
-
 } // namespace
 
 Export::Result Export::Run(const QString& source, const QString& target, const ExportRecipe& recipe,
@@ -40,7 +32,7 @@ Export::Result Export::Run(const QString& source, const QString& target, const E
         Result result = MakeFromFile(PhotoReader::ReadContent(source), name, recipe,
                                      target.toStdString(), control);
         if (!result.file.empty()) {
-            MakeFolder(target);
+            CheckedFileWriter::MakeFolder(QFileInfo(target).absolutePath());
             CheckedFileWriter::Write(target, result.file.data(), result.file.size());
             if (control.progress)
                 control.progress(100);

@@ -3,6 +3,7 @@
 
 #include "Zorvik/Exception.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
 
@@ -90,23 +91,41 @@ void Commit(QSaveFile& file)
         Fail(file, "putting the finished temporary file in its place", errno);
 }
 
-/// File systems without this operation, and folders that may be written but not listed, are left
-/// to the system's own pace.
-void SyncFolder(const QString& path)
+/// Brings the entry of a file or folder to the disk; returns the system's error. File systems
+/// without this operation, and folders that may be written but not listed, are left to the system's
+/// own pace.
+int SyncEntry(const QString& path)
 {
     const QString target = QFileInfo(path).canonicalFilePath();
     const QByteArray folder = QFile::encodeName(QFileInfo(target).absolutePath());
     const int handle = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (handle < 0)
-        return;
+        return 0;
     const int error = ::fsync(handle) == 0 ? 0 : errno;
     ::close(handle);
-    if (error != 0 && error != EINVAL && error != ENOTSUP)
+    return error == EINVAL || error == ENOTSUP ? 0 : error;
+}
+
+void SyncFolder(const QString& path)
+{
+    if (const int error = SyncEntry(path))
         Fail(path, "the new content is in place, but bringing the folder's entry to the disk",
              SystemReason(error));
 }
 
 } // namespace
+
+/// A folder whose entry is lost in a crash takes what was written into it along; a later write
+/// tells of a disk that is broken.
+void CheckedFileWriter::MakeFolder(const QString& path)
+{
+    if (QFileInfo(path).isDir())
+        return;
+    if (!QDir().mkpath(path))
+        throw Zorvik::Exception(path.toStdString() + ": expected to make this folder",
+                                BOOST_CURRENT_FUNCTION, "storage/CheckedFileWriter", __LINE__);
+    SyncEntry(path);
+}
 
 void CheckedFileWriter::Write(const QString& path, const QByteArray& content)
 {

@@ -19,6 +19,9 @@ public:
     /// Zorvik::Exception naming the file, the step that failed and the system's reason.
     static void Write(const QString& path, const QByteArray& content);
     static void Write(const QString& path, const void* content, std::size_t size);
+
+    /// Makes the folder at `path`, with all that it is in, unless it is there. Exception naming it.
+    static void MakeFolder(const QString& path);
 };
 
 } // namespace LumetraHost

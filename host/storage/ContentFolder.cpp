@@ -14,9 +14,6 @@
 
 #include <algorithm>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 namespace LumetraHost {
 namespace {
 
@@ -31,26 +28,6 @@ constexpr int TemporaryFileMinutes = 10;
 bool IsDigit(char c)
 {
     return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f');
-}
-
-/// Some file systems cannot do this; they are left to their own pace.
-void Sync(const QString& folder)
-{
-    const int handle =
-        ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0)
-        return;
-    ::fsync(handle);
-    ::close(handle);
-}
-
-void Make(const QString& path)
-{
-    if (QFileInfo(path).isDir())
-        return;
-    if (!QDir().mkpath(path))
-        Fail(path.toStdString() + ": expected to make this folder", __LINE__);
-    Sync(QFileInfo(path).absolutePath());
 }
 
 } // namespace
@@ -125,7 +102,7 @@ void ContentFolder::Add(const QByteArray& content) const
                          file.open(QIODevice::ReadOnly) && file.readAll() == content;
     file.close();
     if (!isThere) {
-        Make(m_path);
+        CheckedFileWriter::MakeFolder(m_path);
         CheckedFileWriter::Write(file.fileName(), content);
     }
     Remember(name);

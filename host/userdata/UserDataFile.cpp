@@ -33,13 +33,6 @@ int MajorVersion(const JsonObject& object)
     throw Zorvik::Exception(description, BOOST_CURRENT_FUNCTION, "userdata/UserDataFile", line);
 }
 
-void MakeFolder(const QString& path)
-{
-    const QString folder = QFileInfo(path).absolutePath();
-    if (!QDir().mkpath(folder))
-        Fail((folder + QStringLiteral(": expected to make this folder")).toStdString(), __LINE__);
-}
-
 QString Resolve(const QString& path)
 {
     const QFileInfo file(path);
@@ -209,7 +202,7 @@ JsonDocument UserDataFile::Update(const Edit& edit)
 JsonDocument UserDataFile::Update(const Edit& edit, const Contents& contents)
 {
     RefuseUnusable(m_path, m_form);
-    MakeFolder(m_path);
+    CheckedFileWriter::MakeFolder(QFileInfo(m_path).absolutePath());
     const StoreLock lock(m_path);
     RemoveOldTemporaryFiles();
 

@@ -9,6 +9,7 @@
 #include "Zorvik/Util/ImageUtils.h"
 #include "catalogue/CatalogueKeys.h"
 #include "core/PresetResource.h"
+#include "storage/ErrorText.h"
 
 #include <QImage>
 
@@ -81,9 +82,7 @@ void PresetController::SetDownloadedResource(const std::string& resource)
         m_intensitySetting.reset();
         m_settings.clear();
         m_defaultSettings.clear();
-        // A call stack follows the first line.
-        const std::string message = error.what();
-        throw Zorvik::Exception(resource + ": " + message.substr(0, message.find('\n')),
+        throw Zorvik::Exception(resource + ": " + LumetraHost::ErrorText::FirstLine(error),
                                 BOOST_CURRENT_FUNCTION, "core/PresetController", __LINE__);
     }
 }

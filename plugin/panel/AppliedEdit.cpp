@@ -8,6 +8,7 @@
 #include "Zorvik/Quindle/IQuindleDrawer.h"
 #include "Zorvik/Quindle/ResetSettings.h"
 #include "core/PresetCollection.h"
+#include "storage/ErrorText.h"
 #include "storage/JsonDocument.h"
 
 #include <QJsonArray>
@@ -178,8 +179,8 @@ void AppliedEdit::RestoreValues(const QString& id, const QJsonObject& edit, QStr
     try {
         model.ActivatePreset(id.toStdString(), settings);
     } catch (const std::exception& error) {
-        // A strict intensity without its effect. What follows the first line is a call stack.
-        reports.append(QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0));
+        // A strict intensity without its effect.
+        reports.append(LumetraHost::ErrorText::Show(error));
     }
 }
 

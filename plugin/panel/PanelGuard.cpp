@@ -2,6 +2,7 @@
 #include "panel/PanelGuard.h"
 
 #include "LumetraEditor/IEditor.h"
+#include "storage/ErrorText.h"
 
 #include <exception>
 
@@ -13,8 +14,7 @@ bool PanelGuard::Run(const std::function<void()>& work)
         work();
         return true;
     } catch (const std::exception& error) {
-        // A call stack follows the first line.
-        m_editor.ShowMessage(QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0));
+        m_editor.ShowMessage(LumetraHost::ErrorText::Show(error));
     } catch (...) {
         m_editor.ShowMessage(tr("This did not work, and nothing says why."));
     }

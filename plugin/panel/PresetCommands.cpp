@@ -12,6 +12,7 @@
 #include "panel/AppliedEdit.h"
 #include "panel/EffectTexts.h"
 #include "panel/RecentPresets.h"
+#include "storage/ErrorText.h"
 
 namespace LumetraPlugin {
 
@@ -108,8 +109,7 @@ bool PresetCommands::Fetch(const QModelIndex& preset)
     try {
         GetModel().setData(preset, path, PresetModel::DownloadedResourceRole);
     } catch (const std::exception& error) {
-        // A call stack follows the first line.
-        Tell(QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0));
+        Tell(LumetraHost::ErrorText::Show(error));
         return false;
     }
     emit lookChanged(preset);

@@ -13,6 +13,7 @@
 #include "panel/PresetCommands.h"
 #include "panel/RemoveCommand.h"
 #include "storage/CheckedFileWriter.h"
+#include "storage/ErrorText.h"
 #include "widgets/NewPresetDialog.h"
 
 #include <QFileDialog>
@@ -106,8 +107,7 @@ void PresetCommands::Import(const QStringList& paths)
             for (const QString& problem : problems)
                 Tell(problem);
         } catch (const std::exception& error) {
-            // A call stack follows the first line.
-            Tell(QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0));
+            Tell(LumetraHost::ErrorText::Show(error));
         }
     }
     if (count == 0)

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "appearance/MonitorColours.h"
 
-#include "appearance/SystemProfile.h"
 #include "drawer/view/DisplayTransform.h"
 #include "session/Editor.h"
+#include "storage/ErrorText.h"
+#include "appearance/SystemProfile.h"
 
 #include <QEvent>
 #include <QFile>
@@ -66,8 +67,7 @@ void MonitorColours::Show(const QByteArray& icc, const QString& origin)
         if (!icc.isEmpty())
             display = DisplayTransform::Make(icc, origin.toStdString());
     } catch (const std::exception& error) {
-        // A call stack follows the first line.
-        const QString text = QString::fromUtf8(error.what()).section(QLatin1Char('\n'), 0, 0);
+        const QString text = LumetraHost::ErrorText::Show(error);
         m_editor.ShowNotice(tr("The monitor's profile cannot be used: %1").arg(text));
     }
     m_editor.SetDisplay(display);

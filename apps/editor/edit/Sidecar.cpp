@@ -78,7 +78,7 @@ struct Sidecar::Job
     {
         try {
             file.photoPath = place->photo;
-            QDir().mkpath(KeptEdits::GetFolder());
+            LumetraHost::CheckedFileWriter::MakeFolder(KeptEdits::GetFolder());
             setAside = place->kept.Write(file.ToText());
             place->isKeptOurs = true;
         } catch (const std::exception& problem) {

@@ -9,6 +9,7 @@
 #include "core/userstore/StoreTables.h"
 #include "core/userstore/UserStoreFormat.h"
 #include "core/userstore/UserStoreMerge.h"
+#include "storage/ErrorText.h"
 #include "storage/JsonException.h"
 #include "storage/JsonSerializer.h"
 
@@ -121,9 +122,7 @@ bool UserPresetStore::TryPreset(const JsonValue& element, std::size_t index,
             reports->push_back(error.GetPlace().ToText() + ": " + error.what());
         return false;
     } catch (const std::exception& error) {
-        // Only the message: what follows the first line is a call stack.
-        const std::string text = error.what();
-        return refuse(text.substr(0, text.find('\n')));
+        return refuse(LumetraHost::ErrorText::FirstLine(error));
     }
 }
 

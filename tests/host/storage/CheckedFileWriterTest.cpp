@@ -277,3 +277,30 @@ TEST_F(CheckedFileWriterTest, writesNamesThatAreNotAscii)
 
     EXPECT_EQ(Read(named), "new");
 }
+
+TEST(CheckedFileWriter, makesAFolderWithAllThatItIsIn)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a/b/c"));
+
+    CheckedFileWriter::MakeFolder(path);
+    CheckedFileWriter::MakeFolder(path); // it is there
+
+    EXPECT_TRUE(QFileInfo(path).isDir());
+}
+
+TEST(CheckedFileWriter, namesTheFolderThatCannotBeMade)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("file"));
+    CheckedFileWriter::Write(file, "content");
+    for (const QString& path : {file, file + QStringLiteral("/below")})
+        try {
+            CheckedFileWriter::MakeFolder(path);
+            ADD_FAILURE() << "expected an exception";
+        } catch (const Zorvik::Exception& error) {
+            EXPECT_EQ(error.GetDescription(),
+                      path.toStdString() + ": expected to make this folder");
+        }
+    EXPECT_EQ(Read(file), "content");
+}
