@@ -153,8 +153,16 @@ void PresetCommands::SetIntensity(int value)
         GetModel().setData(preset, value, PresetModel::IntensityRole);
         GetModel().setData(preset, QVariant::fromValue(TuneSettingType::ChangeEnd),
                            PresetModel::TuneRole);
-        emit lookChanged(preset);
         emit valuesChanged();
+        FinishIntensity();
+    });
+}
+
+void PresetCommands::FinishIntensity()
+{
+    Try([this] {
+        const QModelIndex preset = GetApplied();
+        emit lookChanged(preset);
         FinishStep(tr("Intensity of \"%1\"").arg(NameOf(preset)));
     });
 }
@@ -191,6 +199,19 @@ void PresetCommands::ResetSlider(int position)
         emit lookChanged(preset);
         emit valuesChanged();
         FinishStep(tr("Reset \"%1\"").arg(EffectTexts::Translate(defaults[position].Title())));
+    });
+}
+
+void PresetCommands::FinishSlider(int position)
+{
+    Try([&] {
+        const QModelIndex preset = GetApplied();
+        const auto sliders =
+            preset.data(PresetModel::SettingsValuesRole).value<SliderSetting::List>();
+        if (position < 0 || position >= static_cast<int>(sliders.size()))
+            return;
+        emit lookChanged(preset);
+        FinishStep(EffectTexts::Translate(sliders[position].Title()));
     });
 }
 

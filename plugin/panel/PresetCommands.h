@@ -47,6 +47,9 @@ public:
     void ResetIntensity();
     void SetSlider(int position, int value);
     void ResetSlider(int position);
+    /// The user has let go of the control that has set the intensity, or a slider, in the model.
+    void FinishIntensity();
+    void FinishSlider(int position);
     /// All values of the applied preset back to where they started.
     void Reset();
     /// Makes the look part of the photo, so that the next one comes on top.

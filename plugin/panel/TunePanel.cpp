@@ -69,7 +69,7 @@ TunePanel::TunePanel(PresetCommands& commands, const AppliedEdit& edit, QWidget*
     m_sliderColumn->setSpacing(4);
     column->addLayout(m_sliderColumn);
     MakeButtons(*column);
-    connect(m_intensityRow, &SliderRow::finished, this, &TunePanel::OnIntensityFinished);
+    connect(m_intensityRow, &SliderRow::finished, &commands, &PresetCommands::FinishIntensity);
     connect(m_intensityRow, &SliderRow::typed, &commands, &PresetCommands::SetIntensity);
     connect(m_intensityRow, &SliderRow::resetRequested, &commands, &PresetCommands::ResetIntensity);
     connect(&commands, &PresetCommands::appliedChanged, this, &TunePanel::BindApplied);
@@ -123,15 +123,12 @@ SliderRow* TunePanel::MakeSlider(int position)
     row->GetSlider().setObjectName(QStringLiteral("extraSlider%1").arg(position));
     connect(&row->GetSlider(), &QSlider::valueChanged, this,
             [this, position](int value) { m_commands.SetSlider(position, value); });
-    connect(row, &SliderRow::typed, this, [row](int value) {
+    const auto finish = [this, position] { m_commands.FinishSlider(position); };
+    connect(row, &SliderRow::typed, this, [row, finish](int value) {
         row->GetSlider().setValue(value);
-        emit row->finished();
+        finish();
     });
-    connect(row, &SliderRow::finished, this, [this, position] {
-        const auto sliders = SlidersOf(m_preset);
-        if (position < static_cast<int>(sliders.size()))
-            OnSliderFinished(EffectTexts::Translate(sliders[position].Title()));
-    });
+    connect(row, &SliderRow::finished, this, finish);
     connect(row, &SliderRow::resetRequested, this,
             [this, position] { m_commands.ResetSlider(position); });
     return row;
@@ -212,20 +209,6 @@ void TunePanel::ShowIcons()
     m_favourite->setIcon(PanelIcons::GetIcon(
         isOn ? QStringLiteral("star-filled") : QStringLiteral("star"), palette()));
     m_reset->setIcon(PanelIcons::GetIcon(QStringLiteral("reset"), palette()));
-}
-
-/// The slider itself has ended the change in the model by now.
-void TunePanel::OnIntensityFinished()
-{
-    emit m_commands.lookChanged(m_preset);
-    m_commands.FinishStep(
-        tr("Intensity of \"%1\"").arg(m_preset.data(PresetModel::PresetNameRole).toString()));
-}
-
-void TunePanel::OnSliderFinished(const QString& title)
-{
-    emit m_commands.lookChanged(m_preset);
-    m_commands.FinishStep(title);
 }
 
 void TunePanel::changeEvent(QEvent* event)

@@ -44,8 +44,6 @@ private:
     void MakeButtons(QVBoxLayout& column);
     void MakeSliders();
     SliderRow* MakeSlider(int position);
-    void OnIntensityFinished();
-    void OnSliderFinished(const QString& title);
     void ShowNames();
     void ShowIcons();
 

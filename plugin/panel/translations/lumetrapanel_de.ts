@@ -485,9 +485,5 @@
         <source>Makes the look part of the photo, so that the next comes on top</source>
         <translation>Macht den Look zum Teil des Fotos; der nächste kommt darüber</translation>
     </message>
-    <message>
-        <source>Intensity of &quot;%1&quot;</source>
-        <translation>Intensität von „%1“</translation>
-    </message>
 </context>
 </TS>
