@@ -7,21 +7,28 @@
 #include "Zorvik/Exception.h"
 #include "Zorvik/Util/ObjectsConnector.h"
 #include "core/PresetCollection.h"
+#include "core/PresetImport.h"
 #include "core/PresetResource.h"
 #include "core/userstore/UserPresetStore.h"
+#include "lut/LookExport.h"
 #include "panel/AppliedEdit.h"
 #include "panel/EffectTexts.h"
 #include "panel/RecentPresets.h"
+#include "panel/RemoveCommand.h"
+#include "storage/CheckedFileWriter.h"
 #include "storage/ErrorText.h"
 
 namespace LumetraPlugin {
 
+using LumetraHost::LookExport;
 using Zorvik::Lumetra::LumetraPresets::IObjectsConnectorID;
 using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 using Zorvik::Lumetra::LumetraPresets::TuneSettingType;
 using Zorvik::Util::ObjectsConnector;
 
 namespace {
+
+constexpr int CubeSize = 33; // points along each axis
 
 QString NameOf(const QModelIndex& preset)
 {
@@ -33,7 +40,7 @@ QString NameOf(const QModelIndex& preset)
 PresetCommands::PresetCommands(PresetCollection& presets, AppliedEdit& edit, RecentPresets& recent,
                                LumetraEditor::IEditor& editor, QWidget& window)
     : m_presets(presets), m_edit(edit), m_recent(recent), m_editor(editor), m_guard(editor),
-      m_window(window)
+      m_dialogs(window)
 {
 }
 
@@ -326,7 +333,7 @@ void PresetCommands::SaveAs(const QModelIndex& preset)
         if (!GetModel().GetPreset(preset) || !Fetch(preset))
             return;
         const QPersistentModelIndex source = preset;
-        const QString name = AskName(preset, true);
+        const QString name = m_dialogs.AskNewName(NameOf(preset), GetModel().GetUserPresetNames());
         if (name.isEmpty() || !source.isValid())
             return;
         GetModel().setData(source, name, PresetModel::SaveAsUserPresetRole);
@@ -343,7 +350,8 @@ void PresetCommands::Rename(const QModelIndex& preset)
         if (!IsUsers(preset))
             return;
         const QPersistentModelIndex renamed = preset;
-        const QString name = AskName(preset, false);
+        const QString name =
+            m_dialogs.AskOtherName(NameOf(preset), GetModel().GetUserPresetNames());
         if (name.isEmpty() || !renamed.isValid())
             return;
         GetModel().setData(renamed, name, PresetModel::PresetNameRole);
@@ -351,6 +359,18 @@ void PresetCommands::Rename(const QModelIndex& preset)
         emit presetsChanged();
         emit appliedChanged(); // the name may be shown there
     });
+}
+
+void PresetCommands::Remove(const QModelIndex& preset)
+{
+    const auto removed = GetModel().GetPreset(preset);
+    if (!removed || !IsUsers(preset))
+        return;
+    const QString name = NameOf(preset);
+    if (!m_dialogs.AskRemoval(name))
+        return;
+    const int row = GetModel().FindPreset(*removed).row();
+    m_editor.PushUndo(new RemoveCommand(*this, removed, row, tr("Delete \"%1\"").arg(name)));
 }
 
 /// A look that is on the photo goes with its preset: nothing would be left to change it by.
@@ -375,6 +395,67 @@ void PresetCommands::PutBack(const PresetModel::PresetPtr& preset, int row)
         Save();
         emit presetsChanged();
     });
+}
+
+void PresetCommands::ImportByDialog()
+{
+    Import(m_dialogs.AskImports());
+}
+
+void PresetCommands::Import(const QStringList& paths)
+{
+    int count = 0;
+    QPersistentModelIndex last;
+    for (const QString& path : paths) {
+        try {
+            QStringList problems;
+            const auto added = PresetImport::AddTo(m_presets, path, problems);
+            count += static_cast<int>(added.size());
+            last = added.back();
+            for (const QString& problem : problems)
+                Tell(problem);
+        } catch (const std::exception& error) {
+            Tell(LumetraHost::ErrorText::Show(error));
+        }
+    }
+    if (count == 0)
+        return;
+    Save();
+    emit presetsChanged();
+    emit presetAdded(last);
+    Tell(count == 1 ? tr("Imported \"%1\".").arg(NameOf(last))
+                    : tr("Imported %1 looks.").arg(count));
+}
+
+/// Only what changes colours alone fits into a table.
+void PresetCommands::Export(const QModelIndex& preset)
+{
+    Try([&] { ExportLook(preset); });
+}
+
+void PresetCommands::ExportLook(const QModelIndex& preset)
+{
+    const auto look = GetModel().GetPreset(preset);
+    if (!look || !Fetch(preset))
+        return;
+    const QString name = NameOf(preset);
+    const auto settings = look->MakeSettings();
+    QStringList unfit;
+    for (const std::string& effectID : LookExport::FindUnfitEffects(settings))
+        unfit.append(EffectTexts::GetEffectName(effectID));
+    if (!unfit.isEmpty())
+        return Tell(tr("\"%1\" cannot become a .cube file, for it changes more than colours: %2")
+                        .arg(name, unfit.join(QStringLiteral(", "))));
+    const QString path = m_dialogs.AskExport(name);
+    if (path.isEmpty())
+        return;
+    try {
+        const auto table = LookExport::MakeTable(settings, CubeSize);
+        LumetraHost::CheckedFileWriter::Write(path, LookExport::ToCubeFile(table, name));
+        Tell(tr("Wrote \"%1\".").arg(path));
+    } catch (const Zorvik::Exception& error) {
+        Tell(QString::fromUtf8(error.what()));
+    }
 }
 
 } // namespace LumetraPlugin

@@ -3,6 +3,7 @@
 
 #include "core/PresetModel.h"
 #include "panel/PanelGuard.h"
+#include "panel/PresetDialogs.h"
 
 #include <QJsonObject>
 #include <QObject>
@@ -102,8 +103,6 @@ private:
     void ExportLook(const QModelIndex& preset);
     void Save();
     void Tell(const QString& text);
-    QString AskName(const QModelIndex& preset, bool isNew);
-    bool AskRemoval(const QString& name);
     void SendPresetChanged();
     bool Fetch(const QModelIndex& preset);
 
@@ -112,7 +111,7 @@ private:
     RecentPresets& m_recent;
     LumetraEditor::IEditor& m_editor;
     PanelGuard m_guard;
-    QWidget& m_window;
+    PresetDialogs m_dialogs;
     QStringList m_resourceFolders;
     QJsonObject m_lastStep;
 };

@@ -260,28 +260,8 @@
         <translation>Ihre Presets konnten nicht gespeichert werden: %1</translation>
     </message>
     <message>
-        <source>Name of the preset</source>
-        <translation>Name des Presets</translation>
-    </message>
-    <message>
-        <source>Delete the preset &quot;%1&quot;?</source>
-        <translation>Das Preset „%1“ löschen?</translation>
-    </message>
-    <message>
         <source>Delete &quot;%1&quot;</source>
         <translation>„%1“ löschen</translation>
-    </message>
-    <message>
-        <source>Import looks</source>
-        <translation>Looks importieren</translation>
-    </message>
-    <message>
-        <source>Looks (%1)</source>
-        <translation>Looks (%1)</translation>
-    </message>
-    <message>
-        <source>All files (%1)</source>
-        <translation>Alle Dateien (%1)</translation>
     </message>
     <message>
         <source>Imported &quot;%1&quot;.</source>
@@ -296,16 +276,39 @@
         <translation>Aus „%1“ kann keine .cube-Datei werden, denn der Look ändert mehr als Farben: %2</translation>
     </message>
     <message>
-        <source>Export &quot;%1&quot; as .cube</source>
-        <translation>„%1“ als .cube exportieren</translation>
-    </message>
-    <message>
         <source>Wrote &quot;%1&quot;.</source>
         <translation>„%1“ geschrieben.</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraPlugin::PresetDialogs</name>
+    <message>
+        <source>Name of the preset</source>
+        <translation>Name des Presets</translation>
     </message>
     <message>
         <source>Delete</source>
         <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Delete the preset &quot;%1&quot;?</source>
+        <translation>Das Preset „%1“ löschen?</translation>
+    </message>
+    <message>
+        <source>Import looks</source>
+        <translation>Looks importieren</translation>
+    </message>
+    <message>
+        <source>Looks (%1)</source>
+        <translation>Looks (%1)</translation>
+    </message>
+    <message>
+        <source>All files (%1)</source>
+        <translation>Alle Dateien (%1)</translation>
+    </message>
+    <message>
+        <source>Export &quot;%1&quot; as .cube</source>
+        <translation>„%1“ als .cube exportieren</translation>
     </message>
 </context>
 <context>
