@@ -13,12 +13,14 @@
 #include "panel/HoverPreview.h"
 #include "panel/PresetCommands.h"
 #include "panel/PresetDelegate.h"
+#include "panel/PresetsFrame.h"
 #include "panel/PresetsWidget.h"
 #include "panel/RecentPresets.h"
 #include "panel/ThumbnailCache.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLayout>
 
 namespace LumetraPlugin {
 
@@ -38,27 +40,28 @@ PresetsPanel::PresetsPanel(LumetraEditor::IEditor& editor, const PanelFiles& fil
     : m_editor(editor), m_presets(std::make_unique<PresetCollection>(PresetCollection::PACKAGE_NAME,
                                                                      editor.GetWorkspace())),
       m_edit(std::make_unique<AppliedEdit>(*m_presets, editor.GetWorkspace())),
-      m_recent(std::make_unique<RecentPresets>(files.recent)), m_widget(new PresetsWidget)
+      m_recent(std::make_unique<RecentPresets>(files.recent)), m_frame(new PresetsFrame)
 {
     Load(files);
     UseEditorsPreviews();
     m_thumbnails = std::make_unique<ThumbnailCache>(m_presets->GetModel());
     m_hover = std::make_unique<HoverPreview>(m_presets->GetModel(), editor);
-    m_commands =
-        std::make_unique<PresetCommands>(*m_presets, *m_edit, *m_recent, editor, *m_widget);
+    m_commands = std::make_unique<PresetCommands>(*m_presets, *m_edit, *m_recent, editor, *m_frame);
     m_commands->SetResourceFolders(files.resources);
     m_presets->StartPhoto();
-    m_widget->Fill(*m_commands, *m_edit, *m_recent, *m_thumbnails, *m_hover);
+    m_widget =
+        new PresetsWidget(*m_commands, *m_edit, *m_recent, *m_thumbnails, *m_hover, *m_frame);
+    m_frame->layout()->addWidget(m_widget);
+    connect(m_frame, &PresetsFrame::looksDropped, m_commands.get(), &PresetCommands::Import);
     ListenToBus();
 }
 
-/// The views look at the model, which ends here; the widget itself is the editor's.
+/// The views look at the model, which ends here; a frame that has been placed is the editor's.
 PresetsPanel::~PresetsPanel()
 {
-    if (m_widget)
-        m_widget->Clear();
-    if (m_widget && !m_widget->parent())
-        delete m_widget;
+    delete m_widget;
+    if (m_frame && !m_frame->parent())
+        delete m_frame;
 }
 
 void PresetsPanel::Load(const PanelFiles& files)
@@ -76,7 +79,7 @@ void PresetsPanel::Load(const PanelFiles& files)
 void PresetsPanel::UseEditorsPreviews()
 {
     PreviewOptions options;
-    options.size = PresetDelegate::PICTURE_SIZE * m_widget->devicePixelRatioF();
+    options.size = PresetDelegate::PICTURE_SIZE * m_frame->devicePixelRatioF();
     options.isDraft = false; // nobody waits for it
     options.render = [this](const std::string& key, const Zorvik::Proc::FrameTarget& target,
                             const Zorvik::Quindle::EffectsSettings& settings,
@@ -100,7 +103,7 @@ void PresetsPanel::ListenToBus()
 
 QWidget* PresetsPanel::GetWidget()
 {
-    return m_widget;
+    return m_frame;
 }
 
 void PresetsPanel::PhotoChanged()
@@ -148,8 +151,8 @@ void PresetsPanel::OnActivatePreset(const QString& id)
 void PresetsPanel::OnSettingsEnable(bool isEnabled)
 {
     m_hover->End();
-    if (m_widget)
-        m_widget->setEnabled(isEnabled);
+    if (m_frame)
+        m_frame->setEnabled(isEnabled);
 }
 
 void PresetsPanel::OnCoreDrawerLock(bool isLocked)

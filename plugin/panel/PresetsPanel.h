@@ -14,6 +14,7 @@ class AppliedEdit;
 class HoverPreview;
 class PresetCollection;
 class PresetCommands;
+class PresetsFrame;
 class PresetsWidget;
 class RecentPresets;
 class ThumbnailCache;
@@ -67,7 +68,8 @@ private:
     std::unique_ptr<ThumbnailCache> m_thumbnails;
     std::unique_ptr<HoverPreview> m_hover;
     std::unique_ptr<PresetCommands> m_commands;
-    QPointer<PresetsWidget> m_widget; // the editor's, once it has been placed
+    QPointer<PresetsFrame> m_frame; // the editor's, once it has been placed
+    QPointer<PresetsWidget> m_widget;
 };
 
 } // namespace LumetraPlugin

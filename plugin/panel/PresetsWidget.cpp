@@ -1,69 +1,38 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "panel/PresetsWidget.h"
 
-#include "core/PresetImport.h"
 #include "panel/FilterBar.h"
 #include "panel/HoverPreview.h"
-#include "panel/PanelIcons.h"
-#include "panel/PanelTranslation.h"
 #include "panel/PresetCommands.h"
 #include "panel/PresetPages.h"
 #include "panel/ThumbnailCache.h"
 #include "panel/TunePanel.h"
 
 #include <QAction>
-#include <QDragEnterEvent>
 #include <QEvent>
 #include <QMenu>
-#include <QMimeData>
 #include <QShortcut>
-#include <QUrl>
 #include <QVBoxLayout>
 
 namespace LumetraPlugin {
 namespace {
 
 constexpr int PagesWithKeys = 9;
-constexpr int SmallestWidth = 280;
-
-/// The files that hold looks, as far as their names tell.
-QStringList LooksOf(const QMimeData& data)
-{
-    QStringList paths;
-    for (const QUrl& url : data.urls())
-        if (url.isLocalFile() && PresetImport::IsImportable(url.toLocalFile()))
-            paths.append(url.toLocalFile());
-    return paths;
-}
 
 } // namespace
 
-PresetsWidget::PresetsWidget()
+PresetsWidget::PresetsWidget(PresetCommands& commands, const AppliedEdit& edit,
+                             const RecentPresets& recent, ThumbnailCache& thumbnails,
+                             HoverPreview& hover, QWidget& frame)
+    : QWidget(&frame), m_commands(commands), m_frame(frame), m_filter(recent),
+      m_bar(new FilterBar(this)), m_pages(new PresetPages(commands, m_filter, thumbnails, this))
 {
-    setObjectName(QStringLiteral("presetsPanel"));
-    setAttribute(Qt::WA_StyledBackground);
-    setMinimumWidth(SmallestWidth);
-    setAcceptDrops(true);
-    setStyleSheet(PanelIcons::ReadStyleSheet());
-}
-
-PresetsWidget::~PresetsWidget() = default;
-
-void PresetsWidget::Fill(PresetCommands& commands, const AppliedEdit& edit,
-                         const RecentPresets& recent, ThumbnailCache& thumbnails,
-                         HoverPreview& hover)
-{
-    m_commands = &commands;
-    m_filter = std::make_unique<PresetFilter>(recent);
-    auto* column = new QVBoxLayout(this);
+    auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    m_bar = new FilterBar(this);
-    m_pages = new PresetPages(commands, *m_filter, thumbnails, this);
-    m_tune = new TunePanel(commands, edit, this);
     column->addWidget(m_bar);
     column->addWidget(m_pages, 1);
-    column->addWidget(m_tune);
+    column->addWidget(new TunePanel(commands, edit, this));
     ConnectPages(hover);
     MakeActions();
     connect(&commands, &PresetCommands::presetsChanged, m_pages, &PresetPages::Refresh);
@@ -73,46 +42,36 @@ void PresetsWidget::Fill(PresetCommands& commands, const AppliedEdit& edit,
     connect(&commands, &PresetCommands::photoChanged, &thumbnails, &ThumbnailCache::MarkAllOld);
 }
 
-void PresetsWidget::Clear()
+/// The pages use the filter up to their end.
+PresetsWidget::~PresetsWidget()
 {
-    delete m_tune;
     delete m_pages;
-    delete m_bar;
-    m_tune = nullptr;
-    m_pages = nullptr;
-    m_bar = nullptr;
-    for (QAction* const action : actions())
-        delete action;
-    for (QShortcut* const shortcut : findChildren<QShortcut*>())
-        delete shortcut;
-    delete layout();
-    m_commands = nullptr;
 }
 
 void PresetsWidget::ConnectPages(HoverPreview& hover)
 {
     connect(m_bar, &FilterBar::textChanged, this, [this](const QString& text) {
-        m_filter->SetText(text);
+        m_filter.SetText(text);
         m_pages->FollowFilter();
     });
     connect(m_bar, &FilterBar::kindChosen, this, [this](PresetFilter::Kind kind) {
-        m_filter->SetKind(kind);
+        m_filter.SetKind(kind);
         m_pages->FollowFilter();
     });
-    connect(m_bar, &FilterBar::importRequested, m_commands, &PresetCommands::ImportByDialog);
+    connect(m_bar, &FilterBar::importRequested, &m_commands, &PresetCommands::ImportByDialog);
     connect(m_bar, &FilterBar::left, m_pages, &PresetPages::FocusFirst);
     connect(m_pages, &PresetPages::chosen, this, [this, &hover](const QModelIndex& preset) {
         hover.End();
-        m_commands->Apply(preset);
+        m_commands.Apply(preset);
     });
     connect(m_pages, &PresetPages::stepped, this, [this, &hover](const QModelIndex& preset) {
         hover.End();
-        m_commands->Apply(preset, false);
+        m_commands.Apply(preset, false);
     });
-    connect(m_pages, &PresetPages::stepsEnded, m_commands, &PresetCommands::FinishApplyStep);
+    connect(m_pages, &PresetPages::stepsEnded, &m_commands, &PresetCommands::FinishApplyStep);
     connect(m_pages, &PresetPages::starClicked, this, [this](const QModelIndex& preset) {
         const bool isFavourite = preset.data(PresetModel::FavouriteRole).toBool();
-        m_commands->SetFavourite(preset, !isFavourite);
+        m_commands.SetFavourite(preset, !isFavourite);
     });
     connect(m_pages, &PresetPages::pointed, &hover, &HoverPreview::Point);
     connect(m_pages, &PresetPages::menuRequested, this, &PresetsWidget::ShowMenu);
@@ -126,31 +85,31 @@ QAction* PresetsWidget::AddAction(const char* name, const QKeySequence& key,
     action->setShortcut(key);
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(action, &QAction::triggered, this, run);
-    addAction(action);
+    m_frame.addAction(action);
     return action;
 }
 
 void PresetsWidget::MakeActions()
 {
-    m_apply = AddAction("applyPreset", {}, [this] { m_commands->Apply(GetMeant()); });
+    m_apply = AddAction("applyPreset", {}, [this] { m_commands.Apply(GetMeant()); });
     m_favourite = AddAction("favouritePreset", Qt::CTRL + Qt::Key_D, [this] {
         const QModelIndex preset = GetMeant();
-        m_commands->SetFavourite(preset, !preset.data(PresetModel::FavouriteRole).toBool());
+        m_commands.SetFavourite(preset, !preset.data(PresetModel::FavouriteRole).toBool());
     });
     m_saveAs = AddAction("savePreset", Qt::CTRL + Qt::SHIFT + Qt::Key_S,
-                         [this] { m_commands->SaveAs(GetMeant()); });
-    m_rename = AddAction("renamePreset", Qt::Key_F2, [this] { m_commands->Rename(GetMeant()); });
+                         [this] { m_commands.SaveAs(GetMeant()); });
+    m_rename = AddAction("renamePreset", Qt::Key_F2, [this] { m_commands.Rename(GetMeant()); });
     m_remove =
-        AddAction("removePreset", QKeySequence::Delete, [this] { m_commands->Remove(GetMeant()); });
-    m_reset = AddAction("resetPreset", Qt::CTRL + Qt::Key_R, [this] { m_commands->Reset(); });
+        AddAction("removePreset", QKeySequence::Delete, [this] { m_commands.Remove(GetMeant()); });
+    m_reset = AddAction("resetPreset", Qt::CTRL + Qt::Key_R, [this] { m_commands.Reset(); });
     m_commit =
-        AddAction("commitPreset", Qt::CTRL + Qt::Key_Return, [this] { m_commands->Commit(); });
+        AddAction("commitPreset", Qt::CTRL + Qt::Key_Return, [this] { m_commands.Commit(); });
     m_discard =
-        AddAction("discardPreset", Qt::CTRL + Qt::Key_Backspace, [this] { m_commands->Discard(); });
+        AddAction("discardPreset", Qt::CTRL + Qt::Key_Backspace, [this] { m_commands.Discard(); });
     m_import =
-        AddAction("importPresets", Qt::CTRL + Qt::Key_I, [this] { m_commands->ImportByDialog(); });
+        AddAction("importPresets", Qt::CTRL + Qt::Key_I, [this] { m_commands.ImportByDialog(); });
     m_export = AddAction("exportPreset", Qt::CTRL + Qt::SHIFT + Qt::Key_E,
-                         [this] { m_commands->Export(GetMeant()); });
+                         [this] { m_commands.Export(GetMeant()); });
     m_search = AddAction("searchPresets", QKeySequence::Find, [this] { m_bar->FocusSearch(); });
     for (int page = 0; page < PagesWithKeys; ++page) {
         auto* shortcut = new QShortcut(QKeySequence(Qt::ALT + Qt::Key_1 + page), this);
@@ -172,7 +131,6 @@ void PresetsWidget::ShowActionTexts()
     m_search->setText(tr("Search looks"));
     m_import->setText(tr("Import looks…"));
     m_export->setText(tr("Export as .cube…"));
-    setAccessibleName(tr("Looks"));
     for (QShortcut* const shortcut : findChildren<QShortcut*>())
         shortcut->setWhatsThis(tr("Open or shut the group in that place")); // for lists of keys
 }
@@ -182,14 +140,14 @@ QModelIndex PresetsWidget::GetMeant() const
     if (m_menuPreset.isValid())
         return m_menuPreset;
     const QModelIndex current = m_pages->GetCurrentPreset();
-    return current.isValid() ? current : m_commands->GetApplied();
+    return current.isValid() ? current : m_commands.GetApplied();
 }
 
 void PresetsWidget::ShowMenu(const QModelIndex& preset, const QPoint& position)
 {
     m_menuPreset = preset;
     QMenu menu(this);
-    const bool isUsers = m_commands->IsUsers(preset);
+    const bool isUsers = m_commands.IsUsers(preset);
     m_favourite->setCheckable(true);
     m_favourite->setChecked(preset.data(PresetModel::FavouriteRole).toBool());
     menu.addAction(m_apply);
@@ -201,7 +159,7 @@ void PresetsWidget::ShowMenu(const QModelIndex& preset, const QPoint& position)
         menu.addAction(m_rename);
         menu.addAction(m_remove);
     }
-    if (preset == m_commands->GetApplied()) {
+    if (preset == m_commands.GetApplied()) {
         menu.addSeparator();
         menu.addAction(m_reset);
         menu.addAction(m_discard);
@@ -212,27 +170,11 @@ void PresetsWidget::ShowMenu(const QModelIndex& preset, const QPoint& position)
     m_menuPreset = QModelIndex();
 }
 
-void PresetsWidget::dragEnterEvent(QDragEnterEvent* event)
-{
-    if (m_commands && !LooksOf(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
-}
-
-void PresetsWidget::dropEvent(QDropEvent* event)
-{
-    if (!m_commands)
-        return;
-    event->acceptProposedAction();
-    m_commands->Import(LooksOf(*event->mimeData()));
-}
-
 void PresetsWidget::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() != QEvent::LanguageChange || !m_commands)
-        return;
-    PanelTranslation::Follow();
-    ShowActionTexts();
+    if (event->type() == QEvent::LanguageChange)
+        ShowActionTexts();
 }
 
 } // namespace LumetraPlugin

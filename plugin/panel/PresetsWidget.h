@@ -7,7 +7,6 @@
 #include <QWidget>
 
 #include <functional>
-#include <memory>
 
 class QAction;
 class QMenu;
@@ -25,30 +24,22 @@ class PresetCommands;
 class PresetPages;
 class RecentPresets;
 class ThumbnailCache;
-class TunePanel;
 
-/// All that is seen of the panel: filter, pages, and the controls of the applied look. Disabled
-/// while the bus says so.
+/// All that is seen of the panel: filter, pages, and the controls of the applied look. It looks at
+/// the presets and ends before them.
 class PresetsWidget : public QWidget
 {
     Q_OBJECT
 
 public:
-    PresetsWidget();
+    /// All are kept by reference. `frame` is the parent and gets the actions: an editor looks for
+    /// their keys on the widget that it has placed.
+    PresetsWidget(PresetCommands& commands, const AppliedEdit& edit, const RecentPresets& recent,
+                  ThumbnailCache& thumbnails, HoverPreview& hover, QWidget& frame);
     ~PresetsWidget() override;
-
-    /// Fills the panel. All are kept by reference and must outlive what Clear() removes.
-    void Fill(PresetCommands& commands, const AppliedEdit& edit, const RecentPresets& recent,
-              ThumbnailCache& thumbnails, HoverPreview& hover);
-    /// Removes everything that Fill() made.
-    void Clear();
-
-    PresetPages& GetPages() { return *m_pages; }
 
 protected:
     void changeEvent(QEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
 
 private:
     void ConnectPages(HoverPreview& hover);
@@ -60,11 +51,11 @@ private:
     /// one on the photo.
     QModelIndex GetMeant() const;
 
-    PresetCommands* m_commands = nullptr;
-    std::unique_ptr<PresetFilter> m_filter;
-    FilterBar* m_bar = nullptr;
-    PresetPages* m_pages = nullptr;
-    TunePanel* m_tune = nullptr;
+    PresetCommands& m_commands;
+    QWidget& m_frame;
+    PresetFilter m_filter;
+    FilterBar* m_bar;
+    PresetPages* m_pages;
     QPersistentModelIndex m_menuPreset;
     QAction* m_apply = nullptr;
     QAction* m_favourite = nullptr;

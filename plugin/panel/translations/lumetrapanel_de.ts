@@ -385,6 +385,13 @@
     </message>
 </context>
 <context>
+    <name>LumetraPlugin::PresetsFrame</name>
+    <message>
+        <source>Looks</source>
+        <translation>Looks</translation>
+    </message>
+</context>
+<context>
     <name>LumetraPlugin::PresetsWidget</name>
     <message>
         <source>Show on the photo</source>
@@ -429,10 +436,6 @@
     <message>
         <source>Export as .cube…</source>
         <translation>Als .cube exportieren …</translation>
-    </message>
-    <message>
-        <source>Looks</source>
-        <translation>Looks</translation>
     </message>
     <message>
         <source>Open or shut the group in that place</source>

@@ -5,6 +5,10 @@
 #include "workspace/WorkspaceController.h"
 
 #include <QAbstractButton>
+#include <QAction>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QPointer>
 
 using LumetraPlugin::PresetModel;
 using LumetraTest::PanelFixture;
@@ -85,4 +89,40 @@ TEST_F(PanelTest, appliesNothingWithoutAPhoto)
 
     EXPECT_FALSE(IsApplied("Bright"));
     EXPECT_EQ(editor.messages, QStringList{QStringLiteral("Open a photo first.")});
+}
+
+/// An editor ends the panel before the window in which it has placed the panel's widget.
+TEST_F(PanelTest, leavesAnEmptyWidgetInTheWindowThatHasPlacedIt)
+{
+    QWidget window;
+    const QPointer<QWidget> placed = panel->GetWidget();
+    placed->setParent(&window);
+    EXPECT_FALSE(placed->actions().isEmpty());
+
+    editor.SetPanel(nullptr);
+    panel.reset();
+
+    ASSERT_TRUE(placed);
+    EXPECT_TRUE(placed->findChildren<QWidget*>().isEmpty());
+    EXPECT_TRUE(placed->actions().isEmpty());
+    QEvent change(QEvent::LanguageChange);
+    QCoreApplication::sendEvent(placed, &change);
+}
+
+TEST_F(PanelTest, takesItsWidgetAlongWhereNobodyHasPlacedIt)
+{
+    const QPointer<QWidget> widget = panel->GetWidget();
+
+    editor.SetPanel(nullptr);
+    panel.reset();
+
+    EXPECT_FALSE(widget);
+}
+
+TEST_F(PanelTest, survivesThatItsWidgetGoesFirst)
+{
+    delete panel->GetWidget();
+
+    editor.SetPanel(nullptr);
+    panel.reset();
 }
