@@ -10,7 +10,6 @@
 
 #include "Zorvik/Exception.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 #include <boost/current_function.hpp>
@@ -19,9 +18,6 @@
 #include <utility>
 
 namespace LumetraHost {
-namespace {
-
-} // namespace
 
 Export::Result Export::Run(const QString& source, const QString& target, const ExportRecipe& recipe,
                            const ExportControl& control) const

@@ -23,6 +23,7 @@
 #include "window/PhotoText.h"
 #include "window/Questions.h"
 #include "window/StartPage.h"
+#include "workspace/WorkspaceController.h"
 
 #include <QAction>
 #include <QApplication>
@@ -48,6 +49,7 @@ using LumetraHost::PaletteKind;
 const QString GeometryKey = QStringLiteral("window/geometry");
 const QString SplitterKey = QStringLiteral("window/splitter");
 const QString MonitorProfileKey = QStringLiteral("monitorProfile");
+const QString StatisticsFileKey = QStringLiteral("statisticsFile");
 const QString FolderKey = QStringLiteral("folders/open");
 constexpr int SideWidth = 336;
 
@@ -242,6 +244,7 @@ void EditorWindow::RestoreWays()
     restoreGeometry(m_settings.Get(GeometryKey).toByteArray());
     m_splitter->restoreState(m_settings.Get(SplitterKey).toByteArray());
     m_monitor->Use(m_settings.Get(MonitorProfileKey).toString());
+    m_editor.GetHost().GetStatisticsLog().SetPath(m_settings.Get(StatisticsFileKey).toString());
     UsePalette(m_settings.GetPalette());
     UseLanguage(m_settings.GetLanguage());
     Translate(); // English needs no translator, so that nobody hears of it

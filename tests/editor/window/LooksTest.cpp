@@ -7,11 +7,13 @@
 #include "export/Exporter.h"
 #include "photo/PhotoReader.h"
 #include "photo/metadata/EditRecord.h"
+#include "settings/EditorSettings.h"
 #include "workspace/WorkspaceController.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -393,6 +395,21 @@ TEST_F(LooksTest, anExportRecordsTheLooks)
     EXPECT_EQ(records[0].intensity, intensity);
     EXPECT_EQ(records[1].preset, OtherLook.toStdString());
     EXPECT_EQ(records[1].intensity, Intensity()->value());
+}
+
+TEST_F(LooksTest, areNotedInAFileOnlyWhereTheSettingsNameOne)
+{
+    const QString file = Path("events.jsonl");
+    ClickLook(Look);
+    EXPECT_FALSE(QFile::exists(file));
+    LumetraEditor::EditorSettings().Set(QStringLiteral("statisticsFile"), file);
+
+    Restart();
+    LoadPresetsPanel();
+    Open(Path("lake.png"));
+    ClickLook(Look);
+
+    EXPECT_THAT(ReadFile("events.jsonl").toStdString(), HasSubstr(Look.toStdString()));
 }
 
 TEST_F(LooksTest, everythingIsAsItWasAfterARestart)
