@@ -16,6 +16,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 
 using LumetraHost::CatalogueParser;
@@ -82,16 +83,22 @@ void CheckUntouched(const QString& path, const QByteArray& text)
         std::abort();
 }
 
-/// Removes the first preset and saves: the others stay.
-void RemoveFirst(const QString& path)
+/// Removes the first preset and saves: the others stay. A file of a newer program stays whole.
+void RemoveFirst(const QString& path, const QByteArray& text)
 {
     Program program(path);
     const QModelIndex group = program.model.index(0, 0);
     const QStringList before = program.model.GetUserPresetNames();
-    if (program.store.IsReadOnly() || before.isEmpty())
+    if (before.isEmpty())
         return;
     program.model.removeRow(0, group);
-    program.store.Save(program.model);
+    try {
+        program.store.Save(program.model);
+    } catch (const Zorvik::Exception& error) {
+        if (std::strstr(error.what(), "found a newer one") == nullptr)
+            throw;
+        return CheckUntouched(path, text);
+    }
     if (Program(path).model.GetUserPresetNames() != before.mid(1))
         std::abort();
 }
@@ -123,6 +130,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         CheckUntouched(path, text);
         return 0;
     }
-    RemoveFirst(path);
+    RemoveFirst(path, text);
     return 0;
 }

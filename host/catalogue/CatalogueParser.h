@@ -44,7 +44,6 @@ public:
 
     /// Everything that was noticed, by file, line and column.
     const std::vector<CatalogueReport>& GetReports() const { return m_reports.GetAll(); }
-    bool HasErrors() const { return m_reports.GetErrorCount() > 0; }
 
 private:
     using Target = Zorvik::Brassel::Config::IParserConfigGroup;

@@ -20,9 +20,6 @@ public:
     /// Looks at the file system. An empty path is equal to empty paths only.
     static FileIdentity Of(const QString& path);
 
-    /// True when there was a file, or a folder.
-    bool Exists() const { return m_inode != 0 && m_name.isEmpty(); }
-
     friend bool operator==(const FileIdentity& first, const FileIdentity& second);
     /// An order for maps and sets, without a meaning of its own.
     friend bool operator<(const FileIdentity& first, const FileIdentity& second);

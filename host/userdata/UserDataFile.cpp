@@ -102,19 +102,9 @@ QString UserDataFile::FindContentFolder(const QString& path, const UserDataForm&
     return Resolve(path) + form.contentSuffix;
 }
 
-bool UserDataFile::IsReadOnly() const
-{
-    return m_isReadOnly;
-}
-
 const std::vector<std::string>& UserDataFile::GetReports() const
 {
     return m_reports;
-}
-
-const QString& UserDataFile::GetPath() const
-{
-    return m_path;
 }
 
 qint64 UserDataFile::FindSizeLimit(const QString& path) const
@@ -158,7 +148,6 @@ UserDataFile::Found UserDataFile::Find()
             found = FindBackup(error.what());
         }
     }
-    m_isReadOnly = MajorVersion(*found.document.GetObject()) > m_form.majorVersion;
     found.document.SetContents(m_contents);
     const auto names = ContentCollector::FindNames(*found.document.GetObject());
     m_named.insert(names.begin(), names.end());
@@ -194,11 +183,6 @@ UserDataFile::Found UserDataFile::FindBackup(const std::string& reason)
     return {JsonDocument(m_path.toStdString())};
 }
 
-JsonDocument UserDataFile::Update(const Edit& edit)
-{
-    return Update(edit, {});
-}
-
 JsonDocument UserDataFile::Update(const Edit& edit, const Contents& contents)
 {
     RefuseUnusable(m_path, m_form);
@@ -207,7 +191,7 @@ JsonDocument UserDataFile::Update(const Edit& edit, const Contents& contents)
     RemoveOldTemporaryFiles();
 
     const Found found = Find();
-    if (m_isReadOnly)
+    if (MajorVersion(*found.document.GetObject()) > m_form.majorVersion)
         Fail(m_path.toStdString() + ": expected version " + std::to_string(m_form.majorVersion) +
                  ", found a newer one; nothing was written",
              __LINE__);

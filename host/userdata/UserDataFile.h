@@ -48,20 +48,17 @@ public:
     /// did, writes it and a backup. Returns the content that the file has afterwards. Exception,
     /// and the file as it was, when Read() would throw, when it cannot be locked or written, or is
     /// of a newer major version. A backup that fails is only reported.
-    JsonDocument Update(const Edit& edit);
-    /// The same; of `contents`, which `edit` may fill, those that the new text names are written
-    /// before it. Contents that nobody names any more are removed after it.
-    JsonDocument Update(const Edit& edit, const Contents& contents);
+    ///
+    /// Of `contents`, which `edit` may fill, those that the new text names are written before it.
+    /// Contents that nobody names any more are removed after it.
+    JsonDocument Update(const Edit& edit, const Contents& contents = {});
 
     /// The folder that belongs to the file at `path`.
     static QString FindContentFolder(const QString& path, const UserDataForm& form);
     const ContentFolderPtr& GetContents() const { return m_contents; }
 
-    /// True when the content last read is of a newer major version.
-    bool IsReadOnly() const;
     /// What was wrong during the last Read() or Update(), a sentence each.
     const std::vector<std::string>& GetReports() const;
-    const QString& GetPath() const;
 
 private:
     struct Found;
@@ -83,7 +80,6 @@ private:
     ContentFolderPtr m_contents;
     std::set<std::string> m_named; // in all texts that this object has seen: an undo may need them
     std::vector<std::string> m_reports;
-    bool m_isReadOnly = false;
 };
 
 } // namespace LumetraHost

@@ -15,7 +15,6 @@ class StatisticsLog : public Zorvik::Quindle::IStatisticsEventHandler
 public:
     /// Appends to `path` from now on; empty: off.
     void SetPath(const QString& path);
-    const QString& GetPath() const { return m_path; }
 
     void SendEvent(const std::string& eventName,
                    const std::map<std::string, std::string>& parameters) override;

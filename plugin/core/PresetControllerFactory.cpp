@@ -31,11 +31,6 @@ const std::set<std::string>& PresetControllerFactory::GetKinds()
     return kinds;
 }
 
-const PreviewOptions& PresetControllerFactory::GetPreviewOptions() const
-{
-    return *m_previews;
-}
-
 void PresetControllerFactory::SetPreviewOptions(const PreviewOptions& options)
 {
     *m_previews = options;

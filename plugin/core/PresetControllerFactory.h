@@ -26,7 +26,6 @@ public:
     static const std::set<std::string>& GetKinds();
 
     /// Of all presets, also those made before.
-    const PreviewOptions& GetPreviewOptions() const;
     void SetPreviewOptions(const PreviewOptions& options);
 
     /// Exception for a kind that is none of GetKinds().

@@ -31,7 +31,6 @@ public:
     PresetPageModel(PresetModel& presets, int group, const PresetFilter& filter,
                     ThumbnailCache& thumbnails);
 
-    int GetGroupRow() const { return m_group; }
     QModelIndex GetGroup() const;
     QModelIndex ToPreset(const QModelIndex& row) const;
     /// Invalid for a preset of another group and for one that the filter holds back.

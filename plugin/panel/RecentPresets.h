@@ -18,7 +18,6 @@ public:
 
     void Add(const QString& id);
     bool Contains(const QString& id) const { return m_ids.contains(id); }
-    const QStringList& GetIds() const { return m_ids; }
 
 private:
     QString m_path;

@@ -99,11 +99,6 @@ QRectF ViewTransform::ToView(const QRectF& photo) const
     return {ToView(photo.topLeft()), ToView(photo.bottomRight())};
 }
 
-QRectF ViewTransform::GetPhotoRect() const
-{
-    return ToView(QRectF(QPointF(0, 0), QSizeF(m_photoSize)));
-}
-
 QRect ViewTransform::GetVisiblePart() const
 {
     if (!HasPhoto() || m_viewSize.isEmpty())

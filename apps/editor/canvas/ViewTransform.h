@@ -40,8 +40,6 @@ public:
     QPointF ToPhoto(const QPointF& view) const;
     QPointF ToView(const QPointF& photo) const;
     QRectF ToView(const QRectF& photo) const;
-    /// The whole photo in view coordinates.
-    QRectF GetPhotoRect() const;
     /// The photo pixels that are at least partly in view; empty without a photo.
     QRect GetVisiblePart() const;
     /// How many device pixels that part of the photo takes.

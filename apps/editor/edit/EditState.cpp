@@ -4,7 +4,6 @@
 #include "LumetraEditor/IEditorPlugin.h"
 #include "edit/EditStateFormat.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace LumetraEditor {
@@ -25,13 +24,6 @@ int PercentOf(int blendAmount)
 }
 
 } // namespace
-
-bool EditState::IsEmpty() const
-{
-    return committed.empty() && std::all_of(panels.begin(), panels.end(), [](const auto& panel) {
-               return panel.second.IsEmpty();
-           });
-}
 
 LumetraHost::EditRecord EditState::MakeRecord(const EffectsSettings& package) const
 {

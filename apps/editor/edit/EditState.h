@@ -20,7 +20,6 @@ struct EditState
     std::vector<LumetraHost::EditRecord> records; ///< of `committed`, for the user to read
     std::map<QString, PanelEdit> panels;          ///< by module; of missing ones too
 
-    bool IsEmpty() const;
     /// What a user is told of a package: what the panel says that has drawn it, else what can be
     /// seen of the package itself.
     LumetraHost::EditRecord MakeRecord(const Zorvik::Quindle::EffectsSettings& package) const;

@@ -127,11 +127,6 @@ JsonDocument EditStateFormat::ToDocument(const EditState& state)
     return document;
 }
 
-QByteArray EditStateFormat::ToText(const EditState& state)
-{
-    return ToDocument(state).ToText();
-}
-
 EditState EditStateFormat::FromDocument(const JsonDocument& document)
 {
     const auto root = document.GetRoot();

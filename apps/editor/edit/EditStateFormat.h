@@ -21,7 +21,6 @@ public:
     static constexpr int VERSION = 1;
 
     static LumetraHost::JsonDocument ToDocument(const EditState& state);
-    static QByteArray ToText(const EditState& state);
     /// Zorvik::Exception, with file and place, for anything that ToDocument() would not have
     /// written; members that it does not know are passed over.
     static EditState FromDocument(const LumetraHost::JsonDocument& document);

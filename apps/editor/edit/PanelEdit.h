@@ -19,7 +19,6 @@ public:
     explicit PanelEdit(const LumetraHost::JsonValue::Object& stored);
 
     const QJsonObject& GetObject() const { return m_object; }
-    bool IsEmpty() const { return m_object.isEmpty(); }
     LumetraHost::JsonValue ToJson() const;
 
 private:

@@ -81,11 +81,6 @@ QString UserPresetStore::GetDefaultPath()
            QStringLiteral("/lumetra/presets.json");
 }
 
-bool UserPresetStore::IsReadOnly() const
-{
-    return m_file.IsReadOnly();
-}
-
 const std::vector<std::string>& UserPresetStore::GetReports() const
 {
     return m_reports;

@@ -42,11 +42,10 @@ public:
     void Remember(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model);
     /// Writes what has changed in `model`. Returns what was repaired on the way, and what could not
     /// be done beside it, such as a backup: a sentence each. Exception when the presets are not
-    /// saved; nothing is lost then, and the next Save() tries again.
+    /// saved, as when the file comes from a newer program; nothing is lost then, and the next
+    /// Save() tries again.
     std::vector<std::string> Save(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model);
 
-    /// True when the file comes from a newer program: Save() will fail.
-    bool IsReadOnly() const;
     /// What Load() took from a backup or left aside, a sentence each with file and place.
     const std::vector<std::string>& GetReports() const;
 

@@ -310,14 +310,14 @@ TEST(EditStateFormat, readsWhatItWrites)
     state.panels[QStringLiteral("looks")] =
         QJsonObject{{QStringLiteral("preset"), QStringLiteral("ä")}};
 
-    const QByteArray text = EditStateFormat::ToText(state);
+    const QByteArray text = EditStateFormat::ToDocument(state).ToText();
     const EditState read = EditStateFormat::FromDocument(JsonDocument::Parse(text, "test"));
 
     EXPECT_TRUE(read == state);
     EXPECT_EQ(read.committed[0].GetBlendAmount(), 77);
     EXPECT_EQ(read.records[0].preset, "Soft Skin");
     EXPECT_EQ(read.committed[0].Package().GetPresetName(), "Soft \"Skin\"");
-    EXPECT_EQ(EditStateFormat::ToText(read), text);
+    EXPECT_EQ(EditStateFormat::ToDocument(read).ToText(), text);
 }
 
 TEST(EditStateFormat, namesThePlaceOfWhatIsWrong)
