@@ -2,15 +2,15 @@
 #include "common/OcioEffects.h"
 
 #include "engine/base/Srgb.h"
-#include "engine/effects/blackandwhite/BlackAndWhiteParameters.h"
-#include "engine/effects/channelmixer/ChannelMixerParameters.h"
-#include "engine/effects/contrast/ContrastParameters.h"
-#include "engine/effects/exposure/ExposureParameters.h"
-#include "engine/effects/liftgammagain/LiftGammaGainParameters.h"
-#include "engine/effects/lut3d/Lut3dParameters.h"
+#include "engine/effects/blackandwhite/BlackAndWhiteEffect.h"
+#include "engine/effects/channelmixer/ChannelMixerEffect.h"
+#include "engine/effects/contrast/ContrastEffect.h"
+#include "engine/effects/exposure/ExposureEffect.h"
+#include "engine/effects/liftgammagain/LiftGammaGainEffect.h"
+#include "engine/effects/lut3d/Lut3dEffect.h"
 #include "engine/effects/lut3d/Lut3dSettings.h"
-#include "engine/effects/saturation/SaturationParameters.h"
-#include "engine/effects/whitebalance/WhiteBalanceParameters.h"
+#include "engine/effects/saturation/SaturationEffect.h"
+#include "engine/effects/whitebalance/WhiteBalanceEffect.h"
 
 #include <stdexcept>
 #include <string>
@@ -63,7 +63,8 @@ Ocio::ExposureContrastTransformRcPtr MakeExposureContrast(double stops, double e
 
 Ocio::TransformRcPtr MakeContrast(const IEffectSettings& effect, OcioEffects::Contrast contrast)
 {
-    const auto transform = MakeExposureContrast(0, ContrastParameters::Read(effect).GetExponent());
+    const auto transform =
+        MakeExposureContrast(0, ReadParameters<ContrastParameters>(effect).GetExponent());
     if (contrast == OcioEffects::Contrast::Adjustable)
         transform->makeContrastDynamic();
     return transform;
@@ -79,17 +80,17 @@ Ocio::CDLTransformRcPtr MakeDecisions()
 Ocio::TransformRcPtr MakeSaturation(const IEffectSettings& effect)
 {
     const auto decisions = MakeDecisions();
-    decisions->setSat(1 + SaturationParameters::Read(effect).amount / 100);
+    decisions->setSat(1 + ReadParameters<SaturationParameters>(effect).amount / 100);
     return decisions;
 }
 
 Ocio::TransformRcPtr MakeLiftGammaGain(const IEffectSettings& effect)
 {
-    const auto parameters = LiftGammaGainParameters::Read(effect);
+    const auto parameters = ReadParameters<LiftGammaGainParameters>(effect);
     const auto decisions = MakeDecisions();
-    decisions->setSlope(parameters.slope.data());
-    decisions->setOffset(parameters.offset.data());
-    decisions->setPower(parameters.power.data());
+    decisions->setSlope(parameters.GetSlope().data());
+    decisions->setOffset(parameters.GetOffset().data());
+    decisions->setPower(parameters.GetPower().data());
     return decisions;
 }
 
@@ -111,15 +112,15 @@ Step MakeStep(const IEffectSettings& effect, OcioEffects::Contrast contrast)
 {
     const std::string& id = effect.GetEffectID();
     if (id == ExposureParameters::EffectId)
-        return {MakeExposureContrast(ExposureParameters::Read(effect).stops, 1)};
+        return {MakeExposureContrast(ReadParameters<ExposureParameters>(effect).stops, 1)};
     if (id == ContrastParameters::EffectId)
         return {MakeContrast(effect, contrast)};
     if (id == WhiteBalanceParameters::EffectId)
-        return {MakeMatrix(WhiteBalanceParameters::Read(effect).GetMatrix())};
+        return {MakeMatrix(ReadParameters<WhiteBalanceParameters>(effect).GetMatrix())};
     if (id == ChannelMixerParameters::EffectId)
-        return {MakeMatrix(ChannelMixerParameters::Read(effect).GetMatrix())};
+        return {MakeMatrix(ReadParameters<ChannelMixerParameters>(effect).GetMatrix())};
     if (id == BlackAndWhiteParameters::EffectId)
-        return {MakeMatrix(BlackAndWhiteParameters::Read(effect).GetMatrix())};
+        return {MakeMatrix(ReadParameters<BlackAndWhiteParameters>(effect).GetMatrix())};
     if (id == SaturationParameters::EffectId)
         return {MakeSaturation(effect), false};
     if (id == LiftGammaGainParameters::EffectId)

@@ -6,15 +6,15 @@
 #include "Measurement.h"
 
 #include "engine/base/Srgb.h"
-#include "engine/effects/blackandwhite/BlackAndWhiteParameters.h"
-#include "engine/effects/channelmixer/ChannelMixerParameters.h"
-#include "engine/effects/contrast/ContrastParameters.h"
-#include "engine/effects/exposure/ExposureParameters.h"
-#include "engine/effects/gaussianblur/GaussianBlurParameters.h"
-#include "engine/effects/liftgammagain/LiftGammaGainParameters.h"
-#include "engine/effects/saturation/SaturationParameters.h"
-#include "engine/effects/sharpen/SharpenParameters.h"
-#include "engine/effects/whitebalance/WhiteBalanceParameters.h"
+#include "engine/effects/blackandwhite/BlackAndWhiteEffect.h"
+#include "engine/effects/channelmixer/ChannelMixerEffect.h"
+#include "engine/effects/contrast/ContrastEffect.h"
+#include "engine/effects/exposure/ExposureEffect.h"
+#include "engine/effects/gaussianblur/GaussianBlurEffect.h"
+#include "engine/effects/liftgammagain/LiftGammaGainEffect.h"
+#include "engine/effects/saturation/SaturationEffect.h"
+#include "engine/effects/sharpen/SharpenEffect.h"
+#include "engine/effects/whitebalance/WhiteBalanceEffect.h"
 
 #include <gegl.h>
 
@@ -53,7 +53,8 @@ using Steps = void (*)(Graph& graph);
 
 void AddExposure(Graph& graph)
 {
-    graph.Add("gegl:exposure", "exposure", ExposureParameters::Read(FindEffect("exposure")).stops);
+    graph.Add("gegl:exposure", "exposure",
+              ReadParameters<ExposureParameters>(FindEffect("exposure")).stops);
 }
 
 void AddMatrix(Graph& graph, const ColourMatrix& matrix)
@@ -66,17 +67,20 @@ void AddMatrix(Graph& graph, const ColourMatrix& matrix)
 
 void AddWhiteBalance(Graph& graph)
 {
-    AddMatrix(graph, WhiteBalanceParameters::Read(FindEffect("whiteBalance")).GetMatrix());
+    AddMatrix(graph,
+              ReadParameters<WhiteBalanceParameters>(FindEffect("whiteBalance")).GetMatrix());
 }
 
 void AddMixer(Graph& graph)
 {
-    AddMatrix(graph, ChannelMixerParameters::Read(FindEffect("channelMixer")).GetMatrix());
+    AddMatrix(graph,
+              ReadParameters<ChannelMixerParameters>(FindEffect("channelMixer")).GetMatrix());
 }
 
 void AddContrast(Graph& graph)
 {
-    const double exponent = ContrastParameters::Read(FindEffect("contrast")).GetExponent();
+    const double exponent =
+        ReadParameters<ContrastParameters>(FindEffect("contrast")).GetExponent();
     graph.Add("gegl:gamma", "value", exponent);
     graph.Add("gegl:multiply", "value", std::pow(MiddleGrey, 1 - exponent));
 }
@@ -96,7 +100,7 @@ void GiveEncoded(Graph& graph)
 
 void AddEncodedSaturation(Graph& graph)
 {
-    AddMatrix(graph, SaturationParameters::Read(FindEffect("saturation")).GetMatrix());
+    AddMatrix(graph, ReadParameters<SaturationParameters>(FindEffect("saturation")).GetMatrix());
 }
 
 void AddSaturation(Graph& graph)
@@ -108,20 +112,21 @@ void AddSaturation(Graph& graph)
 
 void AddGrey(Graph& graph)
 {
-    const auto parameters = BlackAndWhiteParameters::Read(FindEffect("blackAndWhite"));
+    const auto parameters = ReadParameters<BlackAndWhiteParameters>(FindEffect("blackAndWhite"));
     graph.Add("gegl:mono-mixer", "red", parameters.red, "green", parameters.green, "blue",
               parameters.blue);
 }
 
 void AddBlur(Graph& graph)
 {
-    const double sigma = GetPixels(GaussianBlurParameters::Read(FindEffect("gaussianBlur")).radius);
+    const double sigma =
+        GetPixels(ReadParameters<GaussianBlurParameters>(FindEffect("gaussianBlur")).radius);
     graph.Add("gegl:gaussian-blur", "std-dev-x", sigma, "std-dev-y", sigma);
 }
 
 void AddSharpen(Graph& graph)
 {
-    const auto parameters = SharpenParameters::Read(FindEffect("sharpen"));
+    const auto parameters = ReadParameters<SharpenParameters>(FindEffect("sharpen"));
     graph.Add("gegl:unsharp-mask", "std-dev", GetPixels(parameters.radius), "scale",
               parameters.amount / 100);
 }
@@ -134,10 +139,10 @@ double GetMean(const std::array<double, 3>& values)
 /// It has no operation that adds and raises each channel by a number of its own.
 void AddEncodedLiftGammaGain(Graph& graph)
 {
-    const auto parameters = LiftGammaGainParameters::Read(FindEffect("liftGammaGain"));
-    graph.Add("gegl:multiply", "value", GetMean(parameters.slope));
-    graph.Add("gegl:add", "value", GetMean(parameters.offset));
-    graph.Add("gegl:gamma", "value", GetMean(parameters.power));
+    const auto parameters = ReadParameters<LiftGammaGainParameters>(FindEffect("liftGammaGain"));
+    graph.Add("gegl:multiply", "value", GetMean(parameters.GetSlope()));
+    graph.Add("gegl:add", "value", GetMean(parameters.GetOffset()));
+    graph.Add("gegl:gamma", "value", GetMean(parameters.GetPower()));
 }
 
 void AddChain(Graph& graph)

@@ -7,10 +7,10 @@
 
 #include "common/ForEachBand.h"
 #include "common/OpenCvImage.h"
-#include "engine/effects/channelmixer/ChannelMixerParameters.h"
-#include "engine/effects/gaussianblur/GaussianBlurParameters.h"
-#include "engine/effects/saturation/SaturationParameters.h"
-#include "engine/effects/sharpen/SharpenParameters.h"
+#include "engine/effects/channelmixer/ChannelMixerEffect.h"
+#include "engine/effects/gaussianblur/GaussianBlurEffect.h"
+#include "engine/effects/saturation/SaturationEffect.h"
+#include "engine/effects/sharpen/SharpenEffect.h"
 
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
@@ -55,12 +55,14 @@ Drawing DrawMatrix(const Task& task, const ColourMatrix& colours)
 
 Drawing DrawSaturation(const Task& task)
 {
-    return DrawMatrix(task, SaturationParameters::Read(FindEffect(task.effects)).GetMatrix());
+    return DrawMatrix(task,
+                      ReadParameters<SaturationParameters>(FindEffect(task.effects)).GetMatrix());
 }
 
 Drawing DrawMixer(const Task& task)
 {
-    return DrawMatrix(task, ChannelMixerParameters::Read(FindEffect(task.effects)).GetMatrix());
+    return DrawMatrix(task,
+                      ReadParameters<ChannelMixerParameters>(FindEffect(task.effects)).GetMatrix());
 }
 
 Drawing DrawBlend(const Task& task)
@@ -80,7 +82,8 @@ void Blur(const Image& photo, cv::Mat& target, double sigma, int threads)
 
 Drawing DrawBlur(const Task& task)
 {
-    const double sigma = GetPixels(GaussianBlurParameters::Read(FindEffect(task.effects)).radius);
+    const double sigma =
+        GetPixels(ReadParameters<GaussianBlurParameters>(FindEffect(task.effects)).radius);
     return MakeDrawing(task.depth, [task, sigma](Image& target) {
         cv::Mat blurred = Wrap(target);
         Blur(GetPhoto(task.depth), blurred, sigma, task.threads);
@@ -89,7 +92,7 @@ Drawing DrawBlur(const Task& task)
 
 Drawing DrawSharpen(const Task& task)
 {
-    const auto parameters = SharpenParameters::Read(FindEffect(task.effects));
+    const auto parameters = ReadParameters<SharpenParameters>(FindEffect(task.effects));
     const double sigma = GetPixels(parameters.radius);
     const double amount = parameters.amount / 100;
     return MakeDrawing(task.depth, [task, sigma, amount](Image& target) {

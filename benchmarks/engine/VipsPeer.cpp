@@ -7,14 +7,14 @@
 #include "VipsPipeline.h"
 
 #include "engine/base/Srgb.h"
-#include "engine/effects/channelmixer/ChannelMixerParameters.h"
-#include "engine/effects/contrast/ContrastParameters.h"
-#include "engine/effects/exposure/ExposureParameters.h"
-#include "engine/effects/gaussianblur/GaussianBlurParameters.h"
-#include "engine/effects/liftgammagain/LiftGammaGainParameters.h"
-#include "engine/effects/saturation/SaturationParameters.h"
-#include "engine/effects/sharpen/SharpenParameters.h"
-#include "engine/effects/whitebalance/WhiteBalanceParameters.h"
+#include "engine/effects/channelmixer/ChannelMixerEffect.h"
+#include "engine/effects/contrast/ContrastEffect.h"
+#include "engine/effects/exposure/ExposureEffect.h"
+#include "engine/effects/gaussianblur/GaussianBlurEffect.h"
+#include "engine/effects/liftgammagain/LiftGammaGainEffect.h"
+#include "engine/effects/saturation/SaturationEffect.h"
+#include "engine/effects/sharpen/SharpenEffect.h"
+#include "engine/effects/whitebalance/WhiteBalanceEffect.h"
 
 #include <algorithm>
 #include <cmath>
@@ -30,40 +30,43 @@ using Steps = void (*)(VipsPipeline& pipeline);
 
 void AddExposure(VipsPipeline& pipeline)
 {
-    pipeline.Scale(std::exp2(ExposureParameters::Read(FindEffect("exposure")).stops));
+    pipeline.Scale(std::exp2(ReadParameters<ExposureParameters>(FindEffect("exposure")).stops));
 }
 
 void AddWhiteBalance(VipsPipeline& pipeline)
 {
-    pipeline.Multiply(WhiteBalanceParameters::Read(FindEffect("whiteBalance")).GetMatrix());
+    pipeline.Multiply(
+        ReadParameters<WhiteBalanceParameters>(FindEffect("whiteBalance")).GetMatrix());
 }
 
 void AddContrast(VipsPipeline& pipeline)
 {
-    const double exponent = ContrastParameters::Read(FindEffect("contrast")).GetExponent();
+    const double exponent =
+        ReadParameters<ContrastParameters>(FindEffect("contrast")).GetExponent();
     pipeline.Power({exponent, exponent, exponent});
     pipeline.Scale(std::pow(MiddleGrey, 1 - exponent));
 }
 
 void AddMixer(VipsPipeline& pipeline)
 {
-    pipeline.Multiply(ChannelMixerParameters::Read(FindEffect("channelMixer")).GetMatrix());
+    pipeline.Multiply(
+        ReadParameters<ChannelMixerParameters>(FindEffect("channelMixer")).GetMatrix());
 }
 
 void AddSaturation(VipsPipeline& pipeline)
 {
-    pipeline.Multiply(SaturationParameters::Read(FindEffect("saturation")).GetMatrix());
+    pipeline.Multiply(ReadParameters<SaturationParameters>(FindEffect("saturation")).GetMatrix());
 }
 
 /// To whole numbers.
 void AddLiftGammaGain(VipsPipeline& pipeline)
 {
-    const auto parameters = LiftGammaGainParameters::Read(FindEffect("liftGammaGain"));
-    std::array<double, 3> slope = parameters.slope;
+    const auto parameters = ReadParameters<LiftGammaGainParameters>(FindEffect("liftGammaGain"));
+    std::array<double, 3> slope = parameters.GetSlope();
     for (double& value : slope)
         value /= 255;
-    pipeline.Scale(slope, parameters.offset);
-    pipeline.Power(parameters.power);
+    pipeline.Scale(slope, parameters.GetOffset());
+    pipeline.Power(parameters.GetPower());
     pipeline.Round(255);
 }
 
@@ -107,12 +110,13 @@ void AddCurve(VipsPipeline& pipeline)
 
 void AddBlur(VipsPipeline& pipeline)
 {
-    pipeline.Blur(GetPixels(GaussianBlurParameters::Read(FindEffect("gaussianBlur")).radius));
+    pipeline.Blur(
+        GetPixels(ReadParameters<GaussianBlurParameters>(FindEffect("gaussianBlur")).radius));
 }
 
 void AddSharpen(VipsPipeline& pipeline)
 {
-    const auto parameters = SharpenParameters::Read(FindEffect("sharpen"));
+    const auto parameters = ReadParameters<SharpenParameters>(FindEffect("sharpen"));
     pipeline.Sharpen(GetPixels(parameters.radius), parameters.amount / 100);
 }
 

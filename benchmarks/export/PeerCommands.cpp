@@ -3,8 +3,8 @@
 
 #include "engine/base/ColourMatrix.h"
 #include "engine/base/Srgb.h"
-#include "engine/effects/saturation/SaturationParameters.h"
-#include "engine/effects/whitebalance/WhiteBalanceParameters.h"
+#include "engine/effects/saturation/SaturationEffect.h"
+#include "engine/effects/whitebalance/WhiteBalanceEffect.h"
 
 #include <QCoreApplication>
 #include <QFile>

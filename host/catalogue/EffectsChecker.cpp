@@ -7,7 +7,7 @@
 #include "catalogue/CheckedNode.h"
 #include "catalogue/NearestName.h"
 #include "engine/base/IStoredElsewhere.h"
-#include "engine/effects/lut3d/Lut3dParameters.h"
+#include "engine/effects/lut3d/Lut3dEffect.h"
 #include "engine/effects/lut3d/Lut3dSettings.h"
 #include "storage/JsonWriter.h"
 

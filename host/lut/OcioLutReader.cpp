@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "lut/OcioLutReader.h"
 
-#include "engine/effects/liftgammagain/LiftGammaGainParameters.h"
+#include "engine/effects/liftgammagain/LiftGammaGainEffect.h"
 #include "engine/effects/lut3d/Lut3dSettings.h"
 #include "lut/LutError.h"
 
@@ -174,7 +174,7 @@ EffectPtr MakeTables(const QString& path, const Transforms& steps)
 
 void CheckRange(const QString& path, const std::string& id, const std::string& name, double value)
 {
-    for (const auto& parameter : LiftGammaGainParameters::Describe()) {
+    for (const auto& parameter : DescribeParameters<LiftGammaGainParameters>()) {
         if (parameter.name != name || (value >= parameter.minimum && value <= parameter.maximum))
             continue;
         FailInLut(path, 0,

@@ -16,7 +16,7 @@ ColourMatrix ColourMatrix::Diagonal(double red, double green, double blue)
 
 bool ColourMatrix::IsIdentity() const
 {
-    return *this == ColourMatrix();
+    return rows == ColourMatrix().rows;
 }
 
 bool ColourMatrix::IsDiagonal() const
@@ -63,16 +63,6 @@ ColourMatrix operator*(const ColourMatrix& first, const ColourMatrix& second)
                                  first.rows[i][1] * second.rows[1][j] +
                                  first.rows[i][2] * second.rows[2][j];
     return product;
-}
-
-bool operator==(const ColourMatrix& first, const ColourMatrix& second)
-{
-    return first.rows == second.rows;
-}
-
-bool operator!=(const ColourMatrix& first, const ColourMatrix& second)
-{
-    return !(first == second);
 }
 
 } // namespace LumetraHost

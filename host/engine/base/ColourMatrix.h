@@ -22,7 +22,5 @@ struct ColourMatrix
 
 /// The matrix that first does `second`, then `first`.
 ColourMatrix operator*(const ColourMatrix& first, const ColourMatrix& second);
-bool operator==(const ColourMatrix& first, const ColourMatrix& second);
-bool operator!=(const ColourMatrix& first, const ColourMatrix& second);
 
 } // namespace LumetraHost

@@ -12,18 +12,20 @@
 
 namespace LumetraHost {
 
-/// One kind of effect as the engine knows it: how it is described to the platform, and how
-/// settings become something that can be drawn: a stage, or for a spatial effect a pass. Every
-/// effect's defaults change nothing.
+/// One kind of effect as the engine knows it: how it is described to the platform, and how settings
+/// become something that can be drawn: a stage, or for a spatial effect a pass. Every effect's
+/// defaults change nothing.
 struct EffectKind
 {
     Zorvik::Quindle::EffectDescriptor descriptor;
+    /// The effect's name for the user in English; its translation has the context "Effects".
+    const char* title = "";
     /// Null when the settings change nothing, and for every spatial effect. Parameters out of range
     /// are clamped; those that the settings do not have, and NaN, count as the default.
     std::function<StagePtr(const Zorvik::Quindle::IEffectSettings&, const StageContext&)>
         createStage;
     EffectReach reach = EffectReach::ColourOnly;
-    /// The same for spatial effects; empty for all others.
+    /// Null when the settings change nothing. Only spatial effects have this function.
     std::function<SpatialPassPtr(const Zorvik::Quindle::IEffectSettings&, const StageContext&)>
         createPass = {};
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/gaussian/GaussianKernel.h"
 
+#include "engine/base/Srgb.h"
 #include "engine/kernels/KernelMath.h"
 
 namespace LumetraHost {
@@ -43,7 +44,8 @@ void LumaKernel<isa>::Run(const Tile& tile, float* luma)
     const int count = tile.count;
     LUMETRA_KERNEL_INDEPENDENT
     for (int i = 0; i < count; ++i)
-        luma[i] = 0.2126f * red[i] + 0.7152f * green[i] + 0.0722f * blue[i];
+        luma[i] = static_cast<float>(LumaRed) * red[i] + static_cast<float>(LumaGreen) * green[i] +
+                  static_cast<float>(LumaBlue) * blue[i];
 }
 
 template <Isa isa>

@@ -6,7 +6,7 @@
 
 namespace LumetraHost {
 
-/// luma = 0.2126 red + 0.7152 green + 0.0722 blue (Rec. 709), as many values as the tile has.
+/// Writes the luma of Rec. 709 of each pixel, as many values as the tile has.
 template <Isa isa>
 struct LumaKernel
 {

@@ -4,7 +4,7 @@
 #include "Zorvik/Exception.h"
 #include "Zorvik/Quindle/IEffectSettings.h"
 #include "engine/effects/lut3d/LookUpTableText.h"
-#include "engine/effects/lut3d/Lut3dParameters.h"
+#include "engine/effects/lut3d/Lut3dEffect.h"
 #include "engine/effects/lut3d/Lut3dSettings.h"
 #include "storage/ContentFolder.h"
 #include "storage/JsonSerializer.h"

@@ -4,7 +4,7 @@
 
 #include "RecordingTarget.h"
 #include "Zorvik/Quindle/EffectRegistry.h"
-#include "engine/effects/lut3d/Lut3dParameters.h"
+#include "engine/effects/lut3d/Lut3dEffect.h"
 #include "engine/effects/lut3d/Lut3dSettings.h"
 
 #include <gtest/gtest.h>

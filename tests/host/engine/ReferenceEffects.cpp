@@ -4,7 +4,7 @@
 #include "host/engine/TestPictures.h"
 
 #include "engine/base/Srgb.h"
-#include "engine/effects/whitebalance/WhiteBalanceParameters.h"
+#include "engine/effects/whitebalance/WhiteBalanceEffect.h"
 
 #include <algorithm>
 #include <cmath>
@@ -56,7 +56,7 @@ ReferenceFormula Exposure(const IEffectSettings& effect, int, int)
 
 ReferenceFormula WhiteBalance(const IEffectSettings& effect, int, int)
 {
-    const auto matrix = WhiteBalanceParameters::Read(effect).GetMatrix();
+    const auto matrix = ReadParameters<WhiteBalanceParameters>(effect).GetMatrix();
     return [=](const Colour& c, int, int) { return matrix.Transform(c); };
 }
 

@@ -1,27 +1,24 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/blackandwhite/BlackAndWhiteEffect.h"
 
-#include "engine/effects/blackandwhite/BlackAndWhiteParameters.h"
-#include "engine/stages/MatrixStage.h"
+#include "engine/effects/MakeKind.h"
 
 namespace LumetraHost {
-namespace {
 
-StagePtr CreateBlackAndWhiteStage(const Zorvik::Quindle::IEffectSettings& settings,
-                                  const StageContext& context)
+ColourMatrix BlackAndWhiteParameters::GetMatrix() const
 {
-    const auto parameters = BlackAndWhiteParameters::Read(settings);
-    if (parameters.IsIdentity())
-        return nullptr;
-    return std::make_shared<MatrixStage>(parameters.GetMatrix(), ColourSpace::Linear, context.isa);
+    const double grey = amount / 100;
+    const double r = grey * red;
+    const double g = grey * green;
+    const double b = grey * blue;
+    const double kept = 1 - grey;
+    return {{{{r + kept, g, b}, {r, g + kept, b}, {r, g, b + kept}}}};
 }
-
-} // namespace
 
 EffectKind MakeBlackAndWhiteKind()
 {
-    return {{BlackAndWhiteParameters::EffectId, BlackAndWhiteParameters::Describe(), {}},
-            CreateBlackAndWhiteStage};
+    return MakeMatrixKind<BlackAndWhiteParameters>(QT_TRANSLATE_NOOP("Effects", "Black and white"),
+                                                   ColourSpace::Linear);
 }
 
 } // namespace LumetraHost

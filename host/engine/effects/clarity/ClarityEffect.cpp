@@ -1,34 +1,27 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/clarity/ClarityEffect.h"
 
-#include "engine/effects/clarity/ClarityParameters.h"
-#include "engine/effects/clarity/ClarityPass.h"
+#include "engine/effects/MakeKind.h"
+#include "engine/effects/clarity/ClarityKernel.h"
+#include "engine/kernels/KernelSelection.h"
+#include "engine/stages/LumaPass.h"
+#include "engine/stages/RelativeRadius.h"
 
 namespace LumetraHost {
 namespace {
 
-StagePtr CreateNoStage(const Zorvik::Quindle::IEffectSettings&, const StageContext&)
+SpatialPassPtr CreatePass(const ClarityParameters& parameters, const StageContext& context)
 {
-    return nullptr;
-}
-
-SpatialPassPtr CreateClarityPass(const Zorvik::Quindle::IEffectSettings& settings,
-                                 const StageContext& context)
-{
-    const auto parameters = ClarityParameters::Read(settings);
-    if (parameters.IsIdentity())
-        return nullptr;
-    return std::make_shared<ClarityPass>(parameters, context);
+    return MakeLumaPass(SelectKernel<ClarityKernel>(context.isa),
+                        MakeRelativeShape(parameters.radius, context.area),
+                        static_cast<float>(parameters.amount / 100));
 }
 
 } // namespace
 
 EffectKind MakeClarityKind()
 {
-    return {{ClarityParameters::EffectId, ClarityParameters::Describe(), {}},
-            CreateNoStage,
-            EffectReach::Spatial,
-            CreateClarityPass};
+    return MakeSpatialKind(QT_TRANSLATE_NOOP("Effects", "Clarity"), CreatePass);
 }
 
 } // namespace LumetraHost

@@ -1,27 +1,22 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/exposure/ExposureEffect.h"
 
-#include "engine/effects/exposure/ExposureParameters.h"
-#include "engine/stages/MatrixStage.h"
+#include "engine/effects/MakeKind.h"
+
+#include <cmath>
 
 namespace LumetraHost {
-namespace {
 
-StagePtr CreateExposureStage(const Zorvik::Quindle::IEffectSettings& settings,
-                             const StageContext& context)
+ColourMatrix ExposureParameters::GetMatrix() const
 {
-    const auto parameters = ExposureParameters::Read(settings);
-    if (parameters.IsIdentity())
-        return nullptr;
-    return std::make_shared<MatrixStage>(parameters.GetMatrix(), ColourSpace::Linear, context.isa);
+    const double factor = std::exp2(stops);
+    return ColourMatrix::Diagonal(factor, factor, factor);
 }
-
-} // namespace
 
 EffectKind MakeExposureKind()
 {
-    return {{ExposureParameters::EffectId, ExposureParameters::Describe(), {}},
-            CreateExposureStage};
+    return MakeMatrixKind<ExposureParameters>(QT_TRANSLATE_NOOP("Effects", "Exposure"),
+                                              ColourSpace::Linear);
 }
 
 } // namespace LumetraHost

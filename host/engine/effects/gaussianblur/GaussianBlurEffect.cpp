@@ -1,34 +1,44 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/gaussianblur/GaussianBlurEffect.h"
 
-#include "engine/effects/gaussianblur/GaussianBlurParameters.h"
-#include "engine/effects/gaussianblur/GaussianBlurPass.h"
+#include "engine/effects/MakeKind.h"
+#include "engine/stages/RelativeRadius.h"
+
+#include <algorithm>
 
 namespace LumetraHost {
 namespace {
 
-StagePtr CreateNoStage(const Zorvik::Quindle::IEffectSettings&, const StageContext&)
+/// The pass puts the blurred picture in the place of the picture, in linear light.
+class GaussianBlurPass : public SpatialPass
 {
-    return nullptr;
-}
+public:
+    explicit GaussianBlurPass(const GaussianShape& shape) : m_shape(shape) {}
 
-SpatialPassPtr CreateGaussianBlurPass(const Zorvik::Quindle::IEffectSettings& settings,
-                                      const StageContext& context)
+    GaussianShape GetShape() const override { return m_shape; }
+    BlurredPlanes GetPlanes() const override { return BlurredPlanes::Colours; }
+    void Combine(const Tile& tile, const BlurredTile& blurred) const override
+    {
+        std::copy_n(blurred.planes[0], tile.count, tile.red);
+        std::copy_n(blurred.planes[1], tile.count, tile.green);
+        std::copy_n(blurred.planes[2], tile.count, tile.blue);
+    }
+    ColourSpace GetColourSpace() const override { return ColourSpace::Linear; }
+
+private:
+    GaussianShape m_shape;
+};
+
+SpatialPassPtr CreatePass(const GaussianBlurParameters& parameters, const StageContext& context)
 {
-    const auto parameters = GaussianBlurParameters::Read(settings);
-    if (parameters.IsIdentity())
-        return nullptr;
-    return std::make_shared<GaussianBlurPass>(parameters, context);
+    return std::make_shared<GaussianBlurPass>(MakeRelativeShape(parameters.radius, context.area));
 }
 
 } // namespace
 
 EffectKind MakeGaussianBlurKind()
 {
-    return {{GaussianBlurParameters::EffectId, GaussianBlurParameters::Describe(), {}},
-            CreateNoStage,
-            EffectReach::Spatial,
-            CreateGaussianBlurPass};
+    return MakeSpatialKind(QT_TRANSLATE_NOOP("Effects", "Blur"), CreatePass);
 }
 
 } // namespace LumetraHost

@@ -1,25 +1,28 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/liftgammagain/LiftGammaGainEffect.h"
 
+#include "engine/effects/MakeKind.h"
 #include "engine/effects/liftgammagain/LiftGammaGainKernel.h"
-#include "engine/effects/liftgammagain/LiftGammaGainParameters.h"
 #include "engine/kernels/KernelSelection.h"
-#include "engine/stages/NumbersStage.h"
+#include "engine/stages/KernelStage.h"
 
 namespace LumetraHost {
 namespace {
+
+constexpr LiftGammaGainParameters::Channels AllZero = {0, 0, 0};
+constexpr LiftGammaGainParameters::Channels AllOne = {1, 1, 1};
 
 LiftGammaGainNumbers GetNumbers(const LiftGammaGainParameters& parameters)
 {
     LiftGammaGainNumbers numbers;
     for (std::size_t i = 0; i < 3; ++i) {
-        numbers.slope[i] = static_cast<float>(parameters.slope[i]);
-        numbers.offset[i] = static_cast<float>(parameters.offset[i]);
-        numbers.power[i] = static_cast<float>(parameters.power[i]);
+        numbers.slope[i] = static_cast<float>(parameters.GetSlope()[i]);
+        numbers.offset[i] = static_cast<float>(parameters.GetOffset()[i]);
+        numbers.power[i] = static_cast<float>(parameters.GetPower()[i]);
     }
     numbers.saturation = static_cast<float>(parameters.saturation);
     numbers.hasPower = parameters.HasPower();
-    numbers.clamp = parameters.clamp;
+    numbers.clamp = parameters.Clamps();
     return numbers;
 }
 
@@ -30,24 +33,28 @@ ChannelWork GetWork(const LiftGammaGainNumbers& numbers)
     return numbers.hasPower ? ChannelWork::Heavy : ChannelWork::Light;
 }
 
-StagePtr CreateLiftGammaGainStage(const Zorvik::Quindle::IEffectSettings& settings,
-                                  const StageContext& context)
+StagePtr CreateStage(const LiftGammaGainParameters& parameters, const StageContext& context)
 {
-    const auto parameters = LiftGammaGainParameters::Read(settings);
-    if (parameters.IsIdentity())
-        return nullptr;
     const LiftGammaGainNumbers numbers = GetNumbers(parameters);
-    return std::make_shared<NumbersStage<LiftGammaGainNumbers>>(
-        ColourSpace::Encoded, numbers, SelectKernel<LiftGammaGainKernel>(context.isa),
-        GetWork(numbers));
+    return MakeKernelStage(SelectKernel<LiftGammaGainKernel>(context.isa), ColourSpace::Encoded,
+                           GetWork(numbers), numbers);
 }
 
 } // namespace
 
+bool LiftGammaGainParameters::IsIdentity() const
+{
+    return GetSlope() == AllOne && GetOffset() == AllZero && !HasPower() && saturation == 1;
+}
+
+bool LiftGammaGainParameters::HasPower() const
+{
+    return GetPower() != AllOne;
+}
+
 EffectKind MakeLiftGammaGainKind()
 {
-    return {{LiftGammaGainParameters::EffectId, LiftGammaGainParameters::Describe(), {}},
-            CreateLiftGammaGainStage};
+    return MakeKind(QT_TRANSLATE_NOOP("Effects", "Lift, gamma, gain"), CreateStage);
 }
 
 } // namespace LumetraHost

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/lut3d/Lut3dEffect.h"
 
-#include "engine/effects/lut3d/Lut3dParameters.h"
+#include "engine/effects/EffectKind.h"
 #include "engine/effects/lut3d/Lut3dSettings.h"
 #include "engine/effects/lut3d/Lut3dStage.h"
 
@@ -9,15 +9,14 @@ namespace LumetraHost {
 namespace {
 
 // An effect of that id that was made before the engine was registered has no tables.
-StagePtr CreateLut3dStage(const Zorvik::Quindle::IEffectSettings& settings,
-                          const StageContext& context)
+StagePtr CreateStage(const Zorvik::Quindle::IEffectSettings& settings, const StageContext& context)
 {
-    const auto parameters = Lut3dParameters::Read(settings);
+    const double strength = ReadParameters<Lut3dParameters>(settings).strength;
     const auto* const tables = dynamic_cast<const Lut3dSettings*>(&settings);
-    if (parameters.strength == 0 || !tables || !tables->HasTables())
+    if (strength == 0 || !tables || !tables->HasTables())
         return nullptr;
-    return std::make_shared<Lut3dStage>(tables->GetCurve(), tables->GetCube(),
-                                        parameters.strength / 100, context.isa);
+    return std::make_shared<Lut3dStage>(tables->GetCurve(), tables->GetCube(), strength / 100,
+                                        context.isa);
 }
 
 Zorvik::Quindle::EffectPtr CreateSettings()
@@ -29,8 +28,9 @@ Zorvik::Quindle::EffectPtr CreateSettings()
 
 EffectKind MakeLut3dKind()
 {
-    return {{Lut3dParameters::EffectId, Lut3dParameters::Describe(), CreateSettings},
-            CreateLut3dStage};
+    return {{Lut3dParameters::EffectId, DescribeParameters<Lut3dParameters>(), CreateSettings},
+            QT_TRANSLATE_NOOP("Effects", "Colour table"),
+            CreateStage};
 }
 
 } // namespace LumetraHost

@@ -2,7 +2,7 @@
 #include "engine/effects/lut3d/Lut3dSettings.h"
 
 #include "engine/effects/lut3d/LookUpTableText.h"
-#include "engine/effects/lut3d/Lut3dParameters.h"
+#include "engine/effects/lut3d/Lut3dEffect.h"
 #include "engine/effects/lut3d/StoredTable.h"
 #include "storage/NodeParts.h"
 

@@ -1,27 +1,24 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/saturation/SaturationEffect.h"
 
-#include "engine/effects/saturation/SaturationParameters.h"
-#include "engine/stages/MatrixStage.h"
+#include "engine/base/Srgb.h"
+#include "engine/effects/MakeKind.h"
 
 namespace LumetraHost {
-namespace {
 
-StagePtr CreateSaturationStage(const Zorvik::Quindle::IEffectSettings& settings,
-                               const StageContext& context)
+ColourMatrix SaturationParameters::GetMatrix() const
 {
-    const auto parameters = SaturationParameters::Read(settings);
-    if (parameters.IsIdentity())
-        return nullptr;
-    return std::make_shared<MatrixStage>(parameters.GetMatrix(), ColourSpace::Encoded, context.isa);
+    const double s = 1 + amount / 100;
+    const double red = (1 - s) * LumaRed;
+    const double green = (1 - s) * LumaGreen;
+    const double blue = (1 - s) * LumaBlue;
+    return {{{{red + s, green, blue}, {red, green + s, blue}, {red, green, blue + s}}}};
 }
-
-} // namespace
 
 EffectKind MakeSaturationKind()
 {
-    return {{SaturationParameters::EffectId, SaturationParameters::Describe(), {}},
-            CreateSaturationStage};
+    return MakeMatrixKind<SaturationParameters>(QT_TRANSLATE_NOOP("Effects", "Saturation"),
+                                                ColourSpace::Encoded);
 }
 
 } // namespace LumetraHost

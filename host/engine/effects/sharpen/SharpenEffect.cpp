@@ -1,34 +1,28 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/sharpen/SharpenEffect.h"
 
-#include "engine/effects/sharpen/SharpenParameters.h"
-#include "engine/effects/sharpen/SharpenPass.h"
+#include "engine/effects/MakeKind.h"
+#include "engine/effects/sharpen/SharpenKernel.h"
+#include "engine/kernels/KernelSelection.h"
+#include "engine/stages/LumaPass.h"
+#include "engine/stages/RelativeRadius.h"
 
 namespace LumetraHost {
 namespace {
 
-StagePtr CreateNoStage(const Zorvik::Quindle::IEffectSettings&, const StageContext&)
+SpatialPassPtr CreatePass(const SharpenParameters& parameters, const StageContext& context)
 {
-    return nullptr;
-}
-
-SpatialPassPtr CreateSharpenPass(const Zorvik::Quindle::IEffectSettings& settings,
-                                 const StageContext& context)
-{
-    const auto parameters = SharpenParameters::Read(settings);
-    if (parameters.IsIdentity())
-        return nullptr;
-    return std::make_shared<SharpenPass>(parameters, context);
+    return MakeLumaPass(SelectKernel<SharpenKernel>(context.isa),
+                        MakeRelativeShape(parameters.radius, context.area),
+                        static_cast<float>(parameters.amount / 100),
+                        static_cast<float>(parameters.threshold / 255));
 }
 
 } // namespace
 
 EffectKind MakeSharpenKind()
 {
-    return {{SharpenParameters::EffectId, SharpenParameters::Describe(), {}},
-            CreateNoStage,
-            EffectReach::Spatial,
-            CreateSharpenPass};
+    return MakeSpatialKind(QT_TRANSLATE_NOOP("Effects", "Sharpening"), CreatePass);
 }
 
 } // namespace LumetraHost

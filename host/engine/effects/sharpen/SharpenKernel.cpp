@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/sharpen/SharpenKernel.h"
 
+#include "engine/base/Srgb.h"
 #include "engine/kernels/KernelMath.h"
 
 namespace LumetraHost {
@@ -16,7 +17,9 @@ void SharpenKernel<isa>::Run(const Tile& tile, const float* blurredLuma, float a
     const int count = tile.count;
     LUMETRA_KERNEL_INDEPENDENT
     for (int i = 0; i < count; ++i) {
-        const float luma = 0.2126f * red[i] + 0.7152f * green[i] + 0.0722f * blue[i];
+        const float luma = static_cast<float>(LumaRed) * red[i] +
+                           static_cast<float>(LumaGreen) * green[i] +
+                           static_cast<float>(LumaBlue) * blue[i];
         const float difference = luma - blurred[i];
         const float size = GetSize(difference);
         const float beyond = size - ClampPositive(size, 0.0f, threshold);

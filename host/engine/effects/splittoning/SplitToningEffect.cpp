@@ -1,20 +1,35 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/splittoning/SplitToningEffect.h"
 
+#include "engine/base/Srgb.h"
+#include "engine/effects/MakeKind.h"
 #include "engine/effects/splittoning/SplitToningKernel.h"
-#include "engine/effects/splittoning/SplitToningParameters.h"
 #include "engine/kernels/KernelSelection.h"
-#include "engine/stages/NumbersStage.h"
+#include "engine/stages/KernelStage.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
 
 namespace LumetraHost {
 namespace {
 
+/// Red, green and blue of a tint; its luma is 0.
+std::array<double, 3> GetTint(double hue, double saturation)
+{
+    const double sector = hue / 60;
+    const double red = std::clamp(std::abs(sector - 3) - 1, 0.0, 1.0);
+    const double green = std::clamp(2 - std::abs(sector - 2), 0.0, 1.0);
+    const double blue = std::clamp(2 - std::abs(sector - 4), 0.0, 1.0);
+    const double luma = LumaRed * red + LumaGreen * green + LumaBlue * blue;
+    const double strength = saturation / 200;
+    return {strength * (red - luma), strength * (green - luma), strength * (blue - luma)};
+}
+
 SplitToningNumbers GetNumbers(const SplitToningParameters& parameters)
 {
-    const auto shadow =
-        SplitToningParameters::GetTint(parameters.shadowHue, parameters.shadowSaturation);
-    const auto highlight =
-        SplitToningParameters::GetTint(parameters.highlightHue, parameters.highlightSaturation);
+    const auto shadow = GetTint(parameters.shadowHue, parameters.shadowSaturation);
+    const auto highlight = GetTint(parameters.highlightHue, parameters.highlightSaturation);
     SplitToningNumbers numbers;
     for (std::size_t i = 0; i < 3; ++i) {
         numbers.shadow[i] = static_cast<float>(shadow[i]);
@@ -24,22 +39,17 @@ SplitToningNumbers GetNumbers(const SplitToningParameters& parameters)
     return numbers;
 }
 
-StagePtr CreateSplitToningStage(const Zorvik::Quindle::IEffectSettings& settings,
-                                const StageContext& context)
+StagePtr CreateStage(const SplitToningParameters& parameters, const StageContext& context)
 {
-    const auto parameters = SplitToningParameters::Read(settings);
-    if (parameters.IsIdentity())
-        return nullptr;
-    return std::make_shared<NumbersStage<SplitToningNumbers>>(
-        ColourSpace::Encoded, GetNumbers(parameters), SelectKernel<SplitToningKernel>(context.isa));
+    return MakeKernelStage(SelectKernel<SplitToningKernel>(context.isa), ColourSpace::Encoded,
+                           ChannelWork::Mixed, GetNumbers(parameters));
 }
 
 } // namespace
 
 EffectKind MakeSplitToningKind()
 {
-    return {{SplitToningParameters::EffectId, SplitToningParameters::Describe(), {}},
-            CreateSplitToningStage};
+    return MakeKind(QT_TRANSLATE_NOOP("Effects", "Split toning"), CreateStage);
 }
 
 } // namespace LumetraHost

@@ -1,31 +1,25 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/vibrance/VibranceEffect.h"
 
+#include "engine/effects/MakeKind.h"
 #include "engine/effects/vibrance/VibranceKernel.h"
-#include "engine/effects/vibrance/VibranceParameters.h"
 #include "engine/kernels/KernelSelection.h"
-#include "engine/stages/NumbersStage.h"
+#include "engine/stages/KernelStage.h"
 
 namespace LumetraHost {
 namespace {
 
-StagePtr CreateVibranceStage(const Zorvik::Quindle::IEffectSettings& settings,
-                             const StageContext& context)
+StagePtr CreateStage(const VibranceParameters& parameters, const StageContext& context)
 {
-    const auto parameters = VibranceParameters::Read(settings);
-    if (parameters.IsIdentity())
-        return nullptr;
-    return std::make_shared<NumbersStage<float>>(ColourSpace::Linear,
-                                                 static_cast<float>(parameters.amount / 100),
-                                                 SelectKernel<VibranceKernel>(context.isa));
+    return MakeKernelStage(SelectKernel<VibranceKernel>(context.isa), ColourSpace::Linear,
+                           ChannelWork::Mixed, static_cast<float>(parameters.amount / 100));
 }
 
 } // namespace
 
 EffectKind MakeVibranceKind()
 {
-    return {{VibranceParameters::EffectId, VibranceParameters::Describe(), {}},
-            CreateVibranceStage};
+    return MakeKind(QT_TRANSLATE_NOOP("Effects", "Vibrance"), CreateStage);
 }
 
 } // namespace LumetraHost

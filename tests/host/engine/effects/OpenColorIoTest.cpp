@@ -2,7 +2,7 @@
 #include "host/engine/TestPictures.h"
 
 #include "engine/base/Srgb.h"
-#include "engine/effects/whitebalance/WhiteBalanceParameters.h"
+#include "engine/effects/whitebalance/WhiteBalanceEffect.h"
 #include "engine/run/Renderer.h"
 
 #include <OpenColorIO/OpenColorIO.h>

@@ -2,7 +2,7 @@
 #include "host/engine/Reference.h"
 #include "host/engine/TestPictures.h"
 
-#include "engine/effects/whitebalance/WhiteBalanceParameters.h"
+#include "engine/effects/whitebalance/WhiteBalanceEffect.h"
 
 #include <gtest/gtest.h>
 
