@@ -3,11 +3,11 @@
 
 #include "Zorvik/Quindle/EffectRegistry.h"
 #include "core/PresetController.h"
+#include "engine/effects/EffectKinds.h"
 
 #include <QLocale>
 
 #include <algorithm>
-#include <map>
 
 namespace LumetraPlugin {
 namespace {
@@ -16,58 +16,17 @@ using Zorvik::Quindle::ConstEffectPtr;
 using Zorvik::Quindle::EffectParameter;
 using Zorvik::Quindle::EffectRegistry;
 
-const std::map<std::string, const char*>& KnownNames()
-{
-    static const std::map<std::string, const char*> names = {
-        {"exposure", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Exposure")},
-        {"whiteBalance", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "White balance")},
-        {"contrast", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Contrast")},
-        {"toneRegions", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Tones")},
-        {"saturation", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Saturation")},
-        {"vibrance", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Vibrance")},
-        {"toneCurve", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Tone curve")},
-        {"splitToning", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Split toning")},
-        {"channelMixer", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Channel mixer")},
-        {"blackAndWhite", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Black and white")},
-        {"liftGammaGain", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Lift, gamma, gain")},
-        {"lut3d", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Colour table")},
-        {"vignette", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Vignette")},
-        {"grain", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Grain")},
-        {"sharpen", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Sharpening")},
-        {"clarity", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Clarity")},
-        {"gaussianBlur", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Blur")}};
-    return names;
-}
+/// The context of the texts that the engine marks for translation, and of what stands beside them.
+constexpr char Context[] = "Effects";
 
-/// The units of parameters. Signs are the same in all languages and stand here too, so that a unit
-/// that is missing is noticed.
-const std::map<std::string, const char*>& KnownUnits()
-{
-    static const std::map<std::string, const char*> units = {
-        {"stops", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "stops")},
-        {"points", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "points")},
-        {"8-bit steps", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "8-bit steps")},
-        {"% of the diagonal", QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "% of the diagonal")},
-        {"%", "%"},
-        {"‰", "‰"},
-        {"K", "K"},
-        {"°", "°"}};
-    return units;
-}
-
-/// Only to be found by the translator's tool.
+/// These titles stand here only so that the translator's tool finds them.
 [[maybe_unused]] constexpr const char* ShippedTitles[] = {
-    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Temperature"),
-    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Tint"),
-    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Colour"),
-    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Portrait"),
-    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Landscape"),
-    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Black and White"),
-    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Warm Moods"),
-    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Cool Moods"),
-    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Faded"),
-    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Film"),
-    QT_TRANSLATE_NOOP("LumetraPlugin::EffectTexts", "Cinematic")};
+    QT_TRANSLATE_NOOP("Effects", "Temperature"), QT_TRANSLATE_NOOP("Effects", "Tint"),
+    QT_TRANSLATE_NOOP("Effects", "Colour"),      QT_TRANSLATE_NOOP("Effects", "Portrait"),
+    QT_TRANSLATE_NOOP("Effects", "Landscape"),   QT_TRANSLATE_NOOP("Effects", "Black and White"),
+    QT_TRANSLATE_NOOP("Effects", "Warm Moods"),  QT_TRANSLATE_NOOP("Effects", "Cool Moods"),
+    QT_TRANSLATE_NOOP("Effects", "Faded"),       QT_TRANSLATE_NOOP("Effects", "Film"),
+    QT_TRANSLATE_NOOP("Effects", "Cinematic")};
 
 bool IsMoved(const ConstEffectPtr& effect, const EffectParameter& parameter)
 {
@@ -83,7 +42,7 @@ QString ValueText(const ConstEffectPtr& effect, const std::vector<EffectParamete
     const double value = effect->GetParameter(moved.front().name);
     const QString number = QLocale().toString(value, 'g', 3);
     const bool isSigned = moved.front().minimum < 0 && value > 0;
-    const QString unit = EffectTexts::GetUnit(moved.front().unit);
+    const QString unit = EffectTexts::Translate(moved.front().unit);
     return QLatin1Char(' ') + (isSigned ? QStringLiteral("+") : QString()) + number +
            (unit.isEmpty() ? QString() : QLatin1Char(' ') + unit);
 }
@@ -117,19 +76,13 @@ QStringList SliderTitles(const PresetController& preset)
 
 QString EffectTexts::GetEffectName(const std::string& effectID)
 {
-    const auto known = KnownNames().find(effectID);
-    return known == KnownNames().end() ? QString::fromStdString(effectID) : tr(known->second);
+    const auto* const kind = LumetraHost::EffectKinds::Find(effectID);
+    return kind ? Translate(kind->title) : QString::fromStdString(effectID);
 }
 
-QString EffectTexts::GetUnit(const std::string& unit)
+QString EffectTexts::Translate(const std::string& text)
 {
-    const auto known = KnownUnits().find(unit);
-    return known == KnownUnits().end() ? QString::fromStdString(unit) : tr(known->second);
-}
-
-QString EffectTexts::Translate(const std::string& title)
-{
-    return tr(title.c_str());
+    return QCoreApplication::translate(Context, text.c_str());
 }
 
 QString EffectTexts::GetToolTip(PresetController& preset)

@@ -7,7 +7,7 @@ namespace LumetraPlugin {
 
 class PresetController;
 
-/// What a preset does, in words for the user.
+/// Words for the user about what a preset does.
 class EffectTexts
 {
     Q_DECLARE_TR_FUNCTIONS(LumetraPlugin::EffectTexts)
@@ -15,12 +15,9 @@ class EffectTexts
 public:
     /// "White balance"; the id itself for an effect that this program does not know by name.
     static QString GetEffectName(const std::string& effectID);
-    /// The unit of an effect's parameter in the user's language; one that this program does not
-    /// know as it is.
-    static QString GetUnit(const std::string& unit);
-    /// A group's name or a slider's title: those of the shipped catalogue in the user's language,
-    /// all others as they are.
-    static QString Translate(const std::string& title);
+    /// An effect's unit, a group's name or a slider's title: those of the engine and of the shipped
+    /// catalogue in the user's language, all others as they are.
+    static QString Translate(const std::string& text);
     /// The effects that change anything, in the order in which they are drawn, and the extra
     /// sliders; rich text.
     static QString GetToolTip(PresetController& preset);

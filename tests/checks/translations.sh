@@ -37,5 +37,5 @@ check() {
 
 check library/translations/lumetrapresetsutil_de.ts library
 check apps/editor/translations/lumetra-editor_de.ts apps/editor
-check plugin/panel/translations/lumetrapanel_de.ts -I plugin plugin/panel
+check plugin/panel/translations/lumetrapanel_de.ts -I plugin plugin/panel host/engine
 exit $failures

@@ -2,22 +2,7 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
-    <name>LumetraPlugin::AppliedEdit</name>
-    <message>
-        <source>The edit names no preset; nothing is applied.</source>
-        <translation>Die Bearbeitung nennt kein Preset; es wird nichts angewendet.</translation>
-    </message>
-    <message>
-        <source>The look &quot;%1&quot; cannot be changed: %2. The photo keeps it as it was.</source>
-        <translation>Der Look „%1“ kann nicht geändert werden: %2. Das Foto behält ihn, wie er war.</translation>
-    </message>
-    <message>
-        <source>The look &quot;%1&quot; is no longer among the presets. The photo keeps it as it was.</source>
-        <translation>Der Look „%1“ ist nicht mehr unter den Presets. Das Foto behält ihn, wie er war.</translation>
-    </message>
-</context>
-<context>
-    <name>LumetraPlugin::EffectTexts</name>
+    <name>Effects</name>
     <message>
         <source>Temperature</source>
         <translation>Temperatur</translation>
@@ -131,10 +116,6 @@
         <translation>Weichzeichnung</translation>
     </message>
     <message>
-        <source>Sliders: %1</source>
-        <translation>Regler: %1</translation>
-    </message>
-    <message>
         <source>stops</source>
         <translation>Blenden</translation>
     </message>
@@ -149,6 +130,28 @@
     <message>
         <source>% of the diagonal</source>
         <translation>% der Diagonale</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraPlugin::AppliedEdit</name>
+    <message>
+        <source>The edit names no preset; nothing is applied.</source>
+        <translation>Die Bearbeitung nennt kein Preset; es wird nichts angewendet.</translation>
+    </message>
+    <message>
+        <source>The look &quot;%1&quot; cannot be changed: %2. The photo keeps it as it was.</source>
+        <translation>Der Look „%1“ kann nicht geändert werden: %2. Das Foto behält ihn, wie er war.</translation>
+    </message>
+    <message>
+        <source>The look &quot;%1&quot; is no longer among the presets. The photo keeps it as it was.</source>
+        <translation>Der Look „%1“ ist nicht mehr unter den Presets. Das Foto behält ihn, wie er war.</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraPlugin::EffectTexts</name>
+    <message>
+        <source>Sliders: %1</source>
+        <translation>Regler: %1</translation>
     </message>
 </context>
 <context>

@@ -43,8 +43,7 @@ protected:
     {
         for (const QTranslator* const translator :
              QCoreApplication::instance()->findChildren<QTranslator*>())
-            if (!translator->translate("LumetraPlugin::EffectTexts", text.toUtf8().constData())
-                     .isEmpty())
+            if (!translator->translate("Effects", text.toUtf8().constData()).isEmpty())
                 return true;
         return false;
     }
@@ -83,10 +82,11 @@ TEST_F(EffectTextsTest, everyUnitIsASignOrGerman)
             ++words;
             EXPECT_TRUE(IsInCatalogue(QString::fromStdString(parameter.unit)))
                 << id << '/' << parameter.name << ": " << parameter.unit;
-            EXPECT_NE(EffectTexts::GetUnit(parameter.unit), QString::fromStdString(parameter.unit));
+            EXPECT_NE(EffectTexts::Translate(parameter.unit),
+                      QString::fromStdString(parameter.unit));
         }
     EXPECT_GT(words, 3);
-    EXPECT_EQ(EffectTexts::GetUnit("stops"), QStringLiteral("Blenden"));
+    EXPECT_EQ(EffectTexts::Translate("stops"), QStringLiteral("Blenden"));
 }
 
 TEST_F(EffectTextsTest, everyShippedTitleIsGerman)
