@@ -2,6 +2,7 @@
 #include "engine/effects/EffectKinds.h"
 
 #include "engine/run/Renderer.h"
+#include "host/engine/EffectExamples.h"
 #include "host/engine/TestPictures.h"
 #include "host/engine/TestTables.h"
 
@@ -26,31 +27,12 @@ std::vector<EffectPtr> MakeNeutralEffects()
     const auto cube = MakeRandomTable(LookUpTable::Kind::Cube, 9, 2);
     const EffectPtr tables = MakeLut3d(&curve, &cube);
     tables->SetParameter("strength", 0);
-    return {tables,
-            MakeEffect("exposure", {{"stops", 0}}),
-            MakeEffect("contrast", {{"amount", 0}}),
-            MakeEffect("toneRegions", {{"shadows", 0}, {"whites", 0}}),
-            MakeEffect("toneCurve", {{"points", 4},
-                                     {"x1", 25},
-                                     {"y1", 25},
-                                     {"x2", 60},
-                                     {"y2", 60},
-                                     {"x3", 100},
-                                     {"y3", 100}}),
-            MakeEffect("toneCurve", {{"greenPoints", 2}, {"greenX1", 100}, {"greenY1", 100}}),
-            MakeEffect("whiteBalance", {{"temperature", 6500}, {"tint", 0}}),
-            MakeEffect("saturation", {{"amount", 0}}),
-            MakeEffect("vibrance", {{"amount", 0}}),
-            MakeEffect("channelMixer", {{"rr", 1}, {"gb", 0}}),
-            MakeEffect("blackAndWhite", {{"amount", 0}, {"red", 1}, {"green", -1}}),
-            MakeEffect("splitToning", {{"shadowHue", 200}, {"highlightHue", 40}, {"balance", 50}}),
-            MakeEffect("liftGammaGain", {{"slopeRed", 1}, {"powerBlue", 1}, {"saturation", 1}}),
-            MakeEffect("vignette", {{"amount", 0}, {"size", 10}, {"roundness", 100}}),
-            MakeEffect("vignette", {{"amount", -3}, {"size", 100}, {"feather", 0}}),
-            MakeEffect("grain", {{"amount", 0}, {"size", 3}, {"seed", 9}}),
-            MakeEffect("gaussianBlur", {{"radius", 0}}),
-            MakeEffect("sharpen", {{"amount", 0}, {"radius", 0.2}, {"threshold", 5}}),
-            MakeEffect("clarity", {{"amount", 0}, {"radius", 3}})};
+    std::vector<EffectPtr> effects = {
+        tables, MakeEffect("toneCurve", {{"greenPoints", 2}, {"greenX1", 100}, {"greenY1", 100}}),
+        MakeEffect("vignette", {{"amount", -3}, {"size", 100}, {"feather", 0}})};
+    for (const EffectExample& example : MakeEffectExamples())
+        effects.push_back(example.neutral);
+    return effects;
 }
 
 void ExpectSamePixels(const Image& seen, const Image& expected, const std::string& place)

@@ -2,7 +2,7 @@
 // What every effect looks like, so that a change of its look does not go unseen. After an intended
 // one, write the pictures anew and look at them:
 //   LUMETRA_WRITE_GOLDEN=1 build/dev/bin/host-engine --gtest_filter='*GoldenPictures*'
-#include "host/engine/golden/GoldenPictures.h"
+#include "host/engine/EffectExamples.h"
 #include "host/engine/TestPictures.h"
 
 #include "engine/effects/EffectKinds.h"
@@ -14,13 +14,40 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <ostream>
 #include <set>
+#include <vector>
 
 namespace LumetraHost {
 namespace {
 
 // Steps of 8 bits: the mathematics library of another system may round another way.
 constexpr int Tolerance = 1;
+
+/// One picture of this folder: an effect at one strength on the photo of this folder. The name is
+/// the file's, without its ending.
+struct GoldenPicture
+{
+    std::string name;
+    Zorvik::Quindle::EffectPtr effect;
+};
+
+/// For readable names of tests.
+void PrintTo(const GoldenPicture& picture, std::ostream* stream)
+{
+    *stream << picture.name;
+}
+
+std::vector<GoldenPicture> MakeGoldenPictures()
+{
+    std::vector<GoldenPicture> pictures;
+    for (const EffectExample& example : MakeEffectExamples()) {
+        const std::string& effectID = example.gentle->GetEffectID();
+        pictures.push_back({effectID + "-gentle", example.gentle});
+        pictures.push_back({effectID + "-strong", example.strong});
+    }
+    return pictures;
+}
 
 QString GetPath(const std::string& name)
 {
