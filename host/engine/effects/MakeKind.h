@@ -26,17 +26,14 @@ EffectKind MakeKind(const char* title, StagePtr (*create)(const Parameters&, con
         {Parameters::EffectId, DescribeParameters<Parameters>(), {}}, title, createStage, reach};
 }
 
-/// The effect is a matrix, which Parameters::GetMatrix() gives, on colours of `space`.
-template <class Parameters>
-EffectKind MakeMatrixKind(const char* title, ColourSpace space)
+/// The effect is a matrix on colours of `space`: Parameters::GetMatrix().
+template <class Parameters, ColourSpace space>
+EffectKind MakeMatrixKind(const char* title)
 {
-    const auto createStage = [space](const auto& settings, const StageContext& context) {
-        const auto parameters = ReadParameters<Parameters>(settings);
-        return parameters.IsIdentity()
-                   ? StagePtr()
-                   : std::make_shared<MatrixStage>(parameters.GetMatrix(), space, context.isa);
-    };
-    return {{Parameters::EffectId, DescribeParameters<Parameters>(), {}}, title, createStage};
+    return MakeKind<Parameters>(
+        title, [](const Parameters& parameters, const StageContext& context) -> StagePtr {
+            return std::make_shared<MatrixStage>(parameters.GetMatrix(), space, context.isa);
+        });
 }
 
 /// The effect looks at neighbouring pixels.

@@ -17,8 +17,8 @@ ColourMatrix BlackAndWhiteParameters::GetMatrix() const
 
 EffectKind MakeBlackAndWhiteKind()
 {
-    return MakeMatrixKind<BlackAndWhiteParameters>(QT_TRANSLATE_NOOP("Effects", "Black and white"),
-                                                   ColourSpace::Linear);
+    return MakeMatrixKind<BlackAndWhiteParameters, ColourSpace::Linear>(
+        QT_TRANSLATE_NOOP("Effects", "Black and white"));
 }
 
 } // namespace LumetraHost

@@ -7,8 +7,8 @@ namespace LumetraHost {
 
 EffectKind MakeChannelMixerKind()
 {
-    return MakeMatrixKind<ChannelMixerParameters>(QT_TRANSLATE_NOOP("Effects", "Channel mixer"),
-                                                  ColourSpace::Linear);
+    return MakeMatrixKind<ChannelMixerParameters, ColourSpace::Linear>(
+        QT_TRANSLATE_NOOP("Effects", "Channel mixer"));
 }
 
 } // namespace LumetraHost

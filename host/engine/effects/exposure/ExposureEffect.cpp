@@ -15,8 +15,8 @@ ColourMatrix ExposureParameters::GetMatrix() const
 
 EffectKind MakeExposureKind()
 {
-    return MakeMatrixKind<ExposureParameters>(QT_TRANSLATE_NOOP("Effects", "Exposure"),
-                                              ColourSpace::Linear);
+    return MakeMatrixKind<ExposureParameters, ColourSpace::Linear>(
+        QT_TRANSLATE_NOOP("Effects", "Exposure"));
 }
 
 } // namespace LumetraHost

@@ -17,8 +17,8 @@ ColourMatrix SaturationParameters::GetMatrix() const
 
 EffectKind MakeSaturationKind()
 {
-    return MakeMatrixKind<SaturationParameters>(QT_TRANSLATE_NOOP("Effects", "Saturation"),
-                                                ColourSpace::Encoded);
+    return MakeMatrixKind<SaturationParameters, ColourSpace::Encoded>(
+        QT_TRANSLATE_NOOP("Effects", "Saturation"));
 }
 
 } // namespace LumetraHost

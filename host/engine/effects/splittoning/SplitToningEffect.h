@@ -8,18 +8,17 @@ namespace LumetraHost {
 struct EffectKind;
 
 /// Split toning: one hue goes into the shadows, another one into the highlights. On encoded values
-/// c = c + 4 Y (1 - Y) * ((1 - w) * shadowTint + w * highlightTint), with the luma
-/// Y limited to 0..1. A tint is saturation / 200 times the pure
-/// colour of its hue less that colour's own luma: the luma of the photo stays, and so do black and
-/// white. w rises by Hermite's 3t^2 - 2t^3 with t = Y - (0.5 - 0.4 * balance / 100) + 0.5 limited
-/// to 0..1.
+/// c = c + 4 Y (1 - Y) * ((1 - w) * shadowTint + w * highlightTint), with the luma Y limited to
+/// 0..1. A tint is saturation / 200 times the pure colour of its hue less that colour's own luma:
+/// the luma of the photo stays, and so do black and white. w rises by Hermite's 3t^2 - 2t^3 with
+/// t = Y - (0.5 - 0.4 * balance / 100) + 0.5 limited to 0..1.
 /// Sources: the pure colour of a hue, A. R. Smith, "Color Gamut Transform Pairs", SIGGRAPH 1978;
 /// the step, Ebert et al., Texturing and Modeling; the luma, Rec. 709.
 struct SplitToningParameters
 {
     static constexpr char EffectId[] = "splitToning";
 
-    double shadowHue = 0; ///< by 60 degrees: red, yellow, green, cyan, blue, magenta
+    double shadowHue = 0; ///< every 60 degrees: red, yellow, green, cyan, blue, magenta
     double shadowSaturation = 0;
     double highlightHue = 0;
     double highlightSaturation = 0;

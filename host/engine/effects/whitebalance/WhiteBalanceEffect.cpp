@@ -74,8 +74,8 @@ ColourMatrix WhiteBalanceParameters::GetMatrix() const
 
 EffectKind MakeWhiteBalanceKind()
 {
-    return MakeMatrixKind<WhiteBalanceParameters>(QT_TRANSLATE_NOOP("Effects", "White balance"),
-                                                  ColourSpace::Linear);
+    return MakeMatrixKind<WhiteBalanceParameters, ColourSpace::Linear>(
+        QT_TRANSLATE_NOOP("Effects", "White balance"));
 }
 
 } // namespace LumetraHost
