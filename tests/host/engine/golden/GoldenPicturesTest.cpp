@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What every effect looks like, so that a change of its look does not go unseen. After an intended
-// one, write the pictures anew and look at them:
+// The pictures keep what every effect looks like, so that a change of its look does not go unseen.
+// After an intended one, write the pictures anew and look at them:
 //   LUMETRA_WRITE_GOLDEN=1 build/dev/bin/host-engine --gtest_filter='*GoldenPictures*'
 #include "host/engine/EffectExamples.h"
 #include "host/engine/TestPictures.h"
@@ -21,18 +21,18 @@
 namespace LumetraHost {
 namespace {
 
-// Steps of 8 bits: the mathematics library of another system may round another way.
+// The mathematics library of another system may round another way, by one step of 8 bits.
 constexpr int Tolerance = 1;
 
-/// One picture of this folder: an effect at one strength on the photo of this folder. The name is
-/// the file's, without its ending.
+/// One picture of this folder shows an effect at one strength on the photo of this folder. The name
+/// is the file's, without its ending.
 struct GoldenPicture
 {
     std::string name;
     Zorvik::Quindle::EffectPtr effect;
 };
 
-/// For readable names of tests.
+/// Gives tests readable names.
 void PrintTo(const GoldenPicture& picture, std::ostream* stream)
 {
     *stream << picture.name;
@@ -54,7 +54,7 @@ QString GetPath(const std::string& name)
     return QStringLiteral(LUMETRA_GOLDEN_FOLDER "/%1.png").arg(QString::fromStdString(name));
 }
 
-/// The photo is a part of the sample photo made 240 pixels wide.
+/// The options say that the photo is a part of the sample photo made 240 pixels wide.
 RenderOptions MakeOptions()
 {
     RenderOptions options;
