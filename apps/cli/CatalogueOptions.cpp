@@ -67,7 +67,7 @@ std::unique_ptr<PresetSession> CatalogueOptions::Load(const QCommandLineParser& 
                                                       Console& console)
 {
     const QStringList named = parser.values(CatalogueOption());
-    auto session = std::make_unique<PresetSession>(PresetSession::PACKAGE_NAME);
+    auto session = std::make_unique<PresetSession>(PresetSession::PackageName);
     const QStringList others =
         parser.isSet(OnlyNamedOption()) ? QStringList() : CatalogueLocations::FindFiles();
     QStringList problems;

@@ -26,7 +26,7 @@ public:
         std::vector<Tile> tiles;
     };
 
-    static constexpr int MAX_SIDE = 32'000; ///< pixels
+    static constexpr int MaxSide = 32'000; ///< pixels
 
     /// Tiles are `tile` pixels, larger pictures are scaled down; `columns` of them stand side by
     /// side.

@@ -139,10 +139,10 @@ QByteArray EncodePng(const QImage& picture)
 
 void RefuseTooLarge(const QSize& size)
 {
-    if (size.width() > ContactSheet::MAX_SIDE || size.height() > ContactSheet::MAX_SIDE)
+    if (size.width() > ContactSheet::MaxSide || size.height() > ContactSheet::MaxSide)
         throw UsageError(QStringLiteral("--columns and --tile: expected a sheet of at most %1 "
                                         "pixels a side, found %2 x %3")
-                             .arg(ContactSheet::MAX_SIDE)
+                             .arg(ContactSheet::MaxSide)
                              .arg(size.width())
                              .arg(size.height()));
 }

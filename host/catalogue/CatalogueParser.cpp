@@ -37,7 +37,7 @@ bool ReadElements(std::vector<CheckedNode> nodes, const CheckedNode* holder, con
             return true;
         } catch (const std::exception& error) {
             const std::size_t last = list->GetLastRead();
-            if (last == ElementList::NONE) {
+            if (last == ElementList::NoIndex) {
                 if (holder)
                     holder->Error(error);
                 return false;
@@ -84,18 +84,18 @@ bool CatalogueParser::CheckHeader(const CheckedNode& root) const
 {
     const std::size_t errorCount = m_reports.GetErrorCount();
     const auto format = root.Text(FormatKey);
-    if (m_reports.GetErrorCount() == errorCount && format != std::string(FORMAT))
+    if (m_reports.GetErrorCount() == errorCount && format != std::string(FormatName))
         root.ErrorAt(FormatKey, "expected a catalogue, whose \"format\" is \"" +
-                                    std::string(FORMAT) + "\", found " +
+                                    std::string(FormatName) + "\", found " +
                                     (format ? "\"" + *format + "\"" : "none"));
     if (m_reports.GetErrorCount() != errorCount)
         return false;
     const auto version = root.Int(VersionKey);
-    if (version && *version > VERSION)
-        root.ErrorAt(VersionKey, "expected version " + std::to_string(VERSION) + ", found " +
+    if (version && *version > Version)
+        root.ErrorAt(VersionKey, "expected version " + std::to_string(Version) + ", found " +
                                      std::to_string(*version) + ": made for a newer program");
-    else if (m_reports.GetErrorCount() == errorCount && version != VERSION)
-        root.ErrorAt(VersionKey, "expected version " + std::to_string(VERSION) + ", found " +
+    else if (m_reports.GetErrorCount() == errorCount && version != Version)
+        root.ErrorAt(VersionKey, "expected version " + std::to_string(Version) + ", found " +
                                      (version ? std::to_string(*version) : "none"));
     root.NoteUnknownKeys({SchemaKey, FormatKey, VersionKey, SlidersKey, GroupsKey});
     return m_reports.GetErrorCount() == errorCount;

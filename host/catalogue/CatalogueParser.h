@@ -27,8 +27,8 @@ struct CheckedGroup;
 class CatalogueParser
 {
 public:
-    static constexpr char FORMAT[] = "lumetra-catalogue";
-    static constexpr int VERSION = 1;
+    static constexpr char FormatName[] = "lumetra-catalogue";
+    static constexpr int Version = 1;
 
     /// `controllerKinds`: the kinds of preset controller that the target's factory makes.
     explicit CatalogueParser(const std::set<std::string>& controllerKinds);

@@ -34,11 +34,11 @@ struct CheckedNode::State : IJsonLocation
     const JsonValue::Object* object = nullptr;
     const std::string* key = nullptr;     // in the parent
     const std::string* element = nullptr; // in the collection under that key, if it is an object,
-    std::size_t index = NONE;             // or an array
+    std::size_t index = NoIndex;          // or an array
     std::uint32_t line = 1;
     std::uint32_t column = 1;
 
-    static constexpr std::size_t NONE = ~std::size_t(0);
+    static constexpr std::size_t NoIndex = ~std::size_t(0);
 };
 
 /// The file's uppermost node, with what concerns the file as a whole.
@@ -71,7 +71,7 @@ std::string CheckedNode::State::GetPath() const
     path += (path.empty() ? "" : "/") + *key;
     if (element)
         path += "/" + *element;
-    if (index != NONE)
+    if (index != NoIndex)
         path += "[" + std::to_string(index) + "]";
     return path;
 }
@@ -100,7 +100,7 @@ const std::string& CheckedNode::GetName() const
     static const std::string none;
     if (m_state->element)
         return *m_state->element;
-    return m_state->key && m_state->index == State::NONE ? *m_state->key : none;
+    return m_state->key && m_state->index == State::NoIndex ? *m_state->key : none;
 }
 
 JsonPlace CheckedNode::GetPlace() const

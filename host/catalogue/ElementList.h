@@ -13,11 +13,11 @@ namespace LumetraHost {
 class ElementList : public Zorvik::RefCounted<Zorvik::Brassel::ISerializerCollection>
 {
 public:
-    static constexpr std::size_t NONE = ~std::size_t(0);
+    static constexpr std::size_t NoIndex = ~std::size_t(0);
 
     explicit ElementList(std::vector<Zorvik::Brassel::ConstSerializerPtr> elements);
 
-    /// NONE when no element was asked for.
+    /// NoIndex when no element was asked for.
     std::size_t GetLastRead() const { return m_lastRead; }
 
     std::size_t GetCount() const override { return m_elements.size(); }
@@ -27,7 +27,7 @@ public:
 
 private:
     std::vector<Zorvik::Brassel::ConstSerializerPtr> m_elements;
-    mutable std::size_t m_lastRead = NONE;
+    mutable std::size_t m_lastRead = NoIndex;
 };
 
 } // namespace LumetraHost

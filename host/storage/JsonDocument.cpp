@@ -97,8 +97,8 @@ QByteArray JsonDocument::ToText() const
 JsonDocument JsonDocument::CheckReadable(const QByteArray& text, const QString& fileName)
 {
     const std::string unwritten = "; it could not be read again, so nothing was written";
-    if (text.size() > MAX_FILE_SIZE)
-        Fail(fileName, TooLarge(MAX_FILE_SIZE, text.size()) + unwritten, __LINE__);
+    if (text.size() > MaxFileSize)
+        Fail(fileName, TooLarge(MaxFileSize, text.size()) + unwritten, __LINE__);
     try {
         return Parse(text, fileName.toStdString());
     } catch (const JsonException& error) {

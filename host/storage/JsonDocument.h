@@ -21,14 +21,14 @@ class ContentFolder;
 class JsonDocument
 {
 public:
-    static constexpr qint64 MAX_FILE_SIZE = 64 * 1024 * 1024;
+    static constexpr qint64 MaxFileSize = 64 * 1024 * 1024;
 
     /// An empty object. `name` stands for the file in messages.
     explicit JsonDocument(const std::string& name);
 
     /// Reads a file of at most `largest` bytes. Exception when it cannot be read;
     /// JsonException "file:line:column: …" when it is not what JsonReader reads.
-    static JsonDocument Read(const QString& fileName, qint64 largest = MAX_FILE_SIZE);
+    static JsonDocument Read(const QString& fileName, qint64 largest = MaxFileSize);
     /// The same from memory, of any size.
     static JsonDocument Parse(const QByteArray& text, const std::string& name);
 

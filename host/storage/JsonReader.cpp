@@ -174,8 +174,8 @@ bool TreeBuilder::Add(JsonValue value)
     MoveToToken();
     value.line = m_lines.line;
     value.column = m_lines.column;
-    if (++m_valueCount > JsonReader::MAX_VALUES)
-        return Refuse("expected at most " + std::to_string(JsonReader::MAX_VALUES) + " values");
+    if (++m_valueCount > JsonReader::MaxValues)
+        return Refuse("expected at most " + std::to_string(JsonReader::MaxValues) + " values");
     if (m_open.empty())
         root = std::move(value);
     else if (Level& level = m_open.back(); level.array)
@@ -202,9 +202,9 @@ bool TreeBuilder::start_array(std::size_t)
 
 bool TreeBuilder::Open(JsonValue value, Level level)
 {
-    if (m_open.size() == JsonReader::MAX_DEPTH) {
+    if (m_open.size() == JsonReader::MaxDepth) {
         MoveToToken();
-        return Refuse("expected nesting of at most " + std::to_string(JsonReader::MAX_DEPTH) +
+        return Refuse("expected nesting of at most " + std::to_string(JsonReader::MaxDepth) +
                       " levels");
     }
     if (!Add(std::move(value)))

@@ -16,8 +16,8 @@ namespace LumetraHost {
 class JsonReader
 {
 public:
-    static constexpr std::size_t MAX_DEPTH = 64;
-    static constexpr std::size_t MAX_VALUES = 4'000'000;
+    static constexpr std::size_t MaxDepth = 64;
+    static constexpr std::size_t MaxValues = 4'000'000;
 
     /// The object that `text` consists of. JsonException, "file:line:column: …", for anything
     /// else; `fileName` is only for the message.

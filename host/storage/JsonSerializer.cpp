@@ -27,8 +27,8 @@ using RefCountablePtr = boost::intrusive_ptr<const Zorvik::IRefCountable>;
 /// for errors.
 struct Location
 {
-    std::string name;         // key in the parent; of an element of an array empty
-    std::size_t index = NONE; // of an element of an array
+    std::string name;            // key in the parent; of an element of an array empty
+    std::size_t index = NoIndex; // of an element of an array
     const Location* above = nullptr;
     RefCountablePtr owner;                    // of `above`
     std::shared_ptr<const IJsonLocation> top; // of the uppermost alone
@@ -42,11 +42,11 @@ struct Location
     {
         if (!above)
             return top->GetFullPath();
-        const std::string step = index == NONE ? "/" + name : "[" + std::to_string(index) + "]";
+        const std::string step = index == NoIndex ? "/" + name : "[" + std::to_string(index) + "]";
         return above->GetPath() + step;
     }
 
-    static constexpr std::size_t NONE = ~std::size_t(0);
+    static constexpr std::size_t NoIndex = ~std::size_t(0);
 };
 
 /// For nodes whose path is known from the start.
@@ -142,7 +142,7 @@ private:
 
     Location Member(const std::string& key) const
     {
-        return {key, Location::NONE, &m_location, this, nullptr};
+        return {key, Location::NoIndex, &m_location, this, nullptr};
     }
 
     JsonValue::Object m_object;
@@ -173,7 +173,7 @@ private:
     Location Element(std::size_t index) const { return {{}, index, &m_location, this, nullptr}; }
     Location Element(const std::string& name) const
     {
-        return {name, Location::NONE, &m_location, this, nullptr};
+        return {name, Location::NoIndex, &m_location, this, nullptr};
     }
 
     JsonValue::Object m_owner;
@@ -391,7 +391,7 @@ SerializerPtr JsonSerializer::Create(const JsonValue::Object& object,
                                      const std::shared_ptr<const IJsonLocation>& location,
                                      const std::string& name)
 {
-    return new JsonNode(object, Location{name, Location::NONE, nullptr, nullptr, location});
+    return new JsonNode(object, Location{name, Location::NoIndex, nullptr, nullptr, location});
 }
 
 std::shared_ptr<const ContentFolder> JsonSerializer::FindContents(const ISerializer& node)

@@ -21,9 +21,9 @@ void NewLine(std::string& text, std::size_t depth)
 
 void RefuseDepth(std::size_t depth)
 {
-    if (depth >= JsonReader::MAX_DEPTH)
+    if (depth >= JsonReader::MaxDepth)
         throw Zorvik::Exception("expected nesting of at most " +
-                                    std::to_string(JsonReader::MAX_DEPTH) + " levels to write",
+                                    std::to_string(JsonReader::MaxDepth) + " levels to write",
                                 BOOST_CURRENT_FUNCTION, "storage/JsonWriter", __LINE__);
 }
 

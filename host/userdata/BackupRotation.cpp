@@ -34,7 +34,7 @@ QString BackupRotation::FileName(int number) const
 QStringList BackupRotation::GetFiles() const
 {
     QStringList files;
-    for (int number = 1; number <= COUNT; ++number)
+    for (int number = 1; number <= Count; ++number)
         if (QFile::exists(FileName(number)))
             files.append(FileName(number));
     return files;
@@ -46,7 +46,7 @@ void BackupRotation::Add(const QByteArray& content) const
         return;
     // A gap left by an earlier stop is filled first, so that no more than the oldest copy goes.
     int free = 1;
-    while (free < COUNT && QFile::exists(FileName(free)))
+    while (free < Count && QFile::exists(FileName(free)))
         ++free;
     QFile::remove(FileName(free));
     for (int number = free; number > 1; --number)

@@ -11,7 +11,7 @@ namespace LumetraHost {
 class BackupRotation
 {
 public:
-    static constexpr int COUNT = 5;
+    static constexpr int Count = 5;
 
     explicit BackupRotation(const QString& path);
 

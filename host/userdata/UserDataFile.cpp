@@ -109,9 +109,9 @@ const std::vector<std::string>& UserDataFile::GetReports() const
 
 qint64 UserDataFile::FindSizeLimit(const QString& path) const
 {
-    const bool isLarge = QFileInfo(path).size() > JsonDocument::MAX_FILE_SIZE;
+    const bool isLarge = QFileInfo(path).size() > JsonDocument::MaxFileSize;
     const bool mayBeOld = isLarge && NamesFormatAtAnEnd(path, m_form.format);
-    return mayBeOld ? m_form.largestOldFile : JsonDocument::MAX_FILE_SIZE;
+    return mayBeOld ? m_form.largestOldFile : JsonDocument::MaxFileSize;
 }
 
 /// An object without members holds nothing that could be lost: it is taken as one of ours.

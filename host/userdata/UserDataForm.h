@@ -27,7 +27,7 @@ struct UserDataForm
     std::function<bool(const JsonObject& root)> isMeantWithoutFormat;
     /// Size limit, in bytes, for files that name the format; for those of older versions, which
     /// held everything themselves.
-    qint64 largestOldFile = JsonDocument::MAX_FILE_SIZE;
+    qint64 largestOldFile = JsonDocument::MaxFileSize;
 
     /// True for the root of a file of this form.
     bool IsOurs(const JsonObject& root) const;

@@ -27,7 +27,7 @@ class PresetCollection
 {
 public:
     /// The drawer's package that this program's presets share.
-    static constexpr char PACKAGE_NAME[] = "lumetra.presets";
+    static constexpr char PackageName[] = "lumetra.presets";
 
     /// `packageName` names the drawer's package that all presets of the panel share. The workspace
     /// may be null: presets can then be looked at, but not applied.

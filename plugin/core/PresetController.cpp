@@ -215,27 +215,27 @@ QImage PresetController::GetPreviewImage()
 
 std::string PresetController::GetStatisticEventNameClick() const
 {
-    return EVENT_CLICK;
+    return EventClick;
 }
 
 std::string PresetController::GetStatisticEventNameApply() const
 {
-    return EVENT_APPLY;
+    return EventApply;
 }
 
 std::string PresetController::GetStatisticEventNameReset() const
 {
-    return EVENT_RESET;
+    return EventReset;
 }
 
 std::string PresetController::GetStatisticEventNameFavoriteAdd() const
 {
-    return EVENT_FAVOURITE_ADD;
+    return EventFavouriteAdd;
 }
 
 std::string PresetController::GetStatisticEventNameFavoriteRemove() const
 {
-    return EVENT_FAVOURITE_REMOVE;
+    return EventFavouriteRemove;
 }
 
 } // namespace LumetraPlugin

@@ -44,11 +44,11 @@ class PresetController : public Zorvik::Lumetra::LumetraPresets::EffectPresetCon
     Q_OBJECT
 
 public:
-    static constexpr char EVENT_CLICK[] = "presetClick";
-    static constexpr char EVENT_APPLY[] = "presetApply";
-    static constexpr char EVENT_RESET[] = "presetReset";
-    static constexpr char EVENT_FAVOURITE_ADD[] = "presetFavouriteAdd";
-    static constexpr char EVENT_FAVOURITE_REMOVE[] = "presetFavouriteRemove";
+    static constexpr char EventClick[] = "presetClick";
+    static constexpr char EventApply[] = "presetApply";
+    static constexpr char EventReset[] = "presetReset";
+    static constexpr char EventFavouriteAdd[] = "presetFavouriteAdd";
+    static constexpr char EventFavouriteRemove[] = "presetFavouriteRemove";
 
     /// `previews` must not be null.
     PresetController(const std::string& packageName,

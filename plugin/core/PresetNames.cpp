@@ -22,9 +22,9 @@ QString Shortened(const QString& name, int length)
 QString PresetNames::FindFault(const QString& name)
 {
     const QString trimmed = name.trimmed();
-    if (trimmed.isEmpty() || trimmed.size() > LONGEST)
+    if (trimmed.isEmpty() || trimmed.size() > MaxLength)
         return QStringLiteral("expected 1 to %1 characters, found %2")
-            .arg(QString::number(LONGEST), QString::number(trimmed.size()));
+            .arg(QString::number(MaxLength), QString::number(trimmed.size()));
     if (VisibleText::HasControls(trimmed))
         return QStringLiteral("expected a name without control characters, found \"%1\"")
             .arg(VisibleText::Make(trimmed));
@@ -33,11 +33,11 @@ QString PresetNames::FindFault(const QString& name)
 
 QString PresetNames::MakeFree(const QString& name, const QStringList& taken)
 {
-    const QString start = Shortened(VisibleText::WithoutControls(name).trimmed(), LONGEST);
+    const QString start = Shortened(VisibleText::WithoutControls(name).trimmed(), MaxLength);
     QString candidate = start;
     for (int number = 2; taken.contains(candidate); ++number) {
         const QString suffix = QStringLiteral(" %1").arg(number);
-        candidate = Shortened(start, LONGEST - suffix.size()) + suffix;
+        candidate = Shortened(start, MaxLength - suffix.size()) + suffix;
     }
     return candidate;
 }

@@ -11,7 +11,7 @@ class PresetNames
 {
 public:
     /// In characters as QString counts them.
-    static constexpr int LONGEST = 50;
+    static constexpr int MaxLength = 50;
 
     /// What is wrong with `name`, spaces around it aside, as "expected …, found …"; empty for a
     /// name that a preset may have. Whether another preset has it already is not looked at.

@@ -10,7 +10,7 @@ HoverPreview::HoverPreview(PresetModel& presets, LumetraEditor::IEditor& editor)
     : m_presets(presets), m_editor(editor), m_guard(editor)
 {
     m_delay.setSingleShot(true);
-    m_delay.setInterval(DELAY);
+    m_delay.setInterval(Delay);
     connect(&m_delay, &QTimer::timeout, this, [this] { m_guard.Run([this] { Show(); }); });
 }
 

@@ -22,7 +22,7 @@ class HoverPreview : public QObject
     Q_OBJECT
 
 public:
-    static constexpr int DELAY = 150; // milliseconds
+    static constexpr int Delay = 150; // milliseconds
 
     /// Both are kept by reference.
     HoverPreview(PresetModel& presets, LumetraEditor::IEditor& editor);

@@ -120,8 +120,8 @@ void PresetDelegate::PaintPicture(QPainter& painter, const QRect& place,
     painter.save();
     painter.setClipPath(shape);
     const auto picture = index.data(Qt::DecorationRole).value<QPixmap>();
-    const QSize asked = PICTURE_SIZE * (option.widget ? option.widget->devicePixelRatioF()
-                                                      : painter.device()->devicePixelRatioF());
+    const QSize asked = PictureSize * (option.widget ? option.widget->devicePixelRatioF()
+                                                     : painter.device()->devicePixelRatioF());
     if (picture.isNull()) {
         PaintPlaceholder(painter, place);
     } else if (picture.width() >= asked.width() && picture.height() >= asked.height()) {

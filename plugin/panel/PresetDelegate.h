@@ -14,7 +14,7 @@ class PresetDelegate : public QStyledItemDelegate
 public:
     /// What a picture is asked for in, logical pixels: the largest cell of the grid. A smaller one,
     /// of a preset that wants the whole photo seen or no pixel enlarged, stands in the middle.
-    static constexpr QSize PICTURE_SIZE{168, 112};
+    static constexpr QSize PictureSize{168, 112};
 
     using QStyledItemDelegate::QStyledItemDelegate;
 

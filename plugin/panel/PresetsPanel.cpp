@@ -37,7 +37,7 @@ PanelFiles PanelFiles::Find()
 }
 
 PresetsPanel::PresetsPanel(LumetraEditor::IEditor& editor, const PanelFiles& files)
-    : m_editor(editor), m_presets(std::make_unique<PresetCollection>(PresetCollection::PACKAGE_NAME,
+    : m_editor(editor), m_presets(std::make_unique<PresetCollection>(PresetCollection::PackageName,
                                                                      editor.GetWorkspace())),
       m_edit(std::make_unique<AppliedEdit>(*m_presets, editor.GetWorkspace())),
       m_recent(std::make_unique<RecentPresets>(files.recent)), m_frame(new PresetsFrame)
@@ -79,7 +79,7 @@ void PresetsPanel::Load(const PanelFiles& files)
 void PresetsPanel::UseEditorsPreviews()
 {
     PreviewOptions options;
-    options.size = PresetDelegate::PICTURE_SIZE * m_frame->devicePixelRatioF();
+    options.size = PresetDelegate::PictureSize * m_frame->devicePixelRatioF();
     options.isDraft = false; // nobody waits for it
     options.render = [this](const std::string& key, const Zorvik::Proc::FrameTarget& target,
                             const Zorvik::Quindle::EffectsSettings& settings,

@@ -16,7 +16,7 @@ QString Key()
 RecentPresets::RecentPresets(const QString& path) : m_path(path)
 {
     if (!path.isEmpty())
-        m_ids = QSettings(path, QSettings::IniFormat).value(Key()).toStringList().mid(0, MAXIMUM);
+        m_ids = QSettings(path, QSettings::IniFormat).value(Key()).toStringList().mid(0, MaxCount);
 }
 
 void RecentPresets::Add(const QString& id)
@@ -25,7 +25,7 @@ void RecentPresets::Add(const QString& id)
         return;
     m_ids.removeAll(id);
     m_ids.prepend(id);
-    m_ids = m_ids.mid(0, MAXIMUM);
+    m_ids = m_ids.mid(0, MaxCount);
     if (!m_path.isEmpty())
         QSettings(m_path, QSettings::IniFormat).setValue(Key(), m_ids);
 }

@@ -11,7 +11,7 @@ namespace LumetraPlugin {
 class RecentPresets
 {
 public:
-    static constexpr int MAXIMUM = 24;
+    static constexpr int MaxCount = 24;
 
     /// Reads what is kept at `path`; nothing there, or an empty path, is an empty list.
     explicit RecentPresets(const QString& path);

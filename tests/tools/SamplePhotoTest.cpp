@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 namespace {
 
 QImage Photo(int width, int height, std::uint32_t seed, int threads)
@@ -82,4 +82,4 @@ TEST(SamplePhoto, reachesFromTrueShadowsToHighlights)
 }
 
 } // namespace
-} // namespace lumetra::sample
+} // namespace LumetraSample

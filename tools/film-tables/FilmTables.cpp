@@ -132,7 +132,7 @@ LookUpTable FilmTables::Make(const std::string& name)
         throw Zorvik::Exception("expected the name of a table, found \"" + name + "\"",
                                 BOOST_CURRENT_FUNCTION, "film-tables/FilmTables", __LINE__);
     LookUpTable table =
-        LookUpTable::MakeIdentity(LookUpTable::Kind::Cube, SIZE, {0, 0, 0}, {1, 1, 1});
+        LookUpTable::MakeIdentity(LookUpTable::Kind::Cube, PointsPerAxis, {0, 0, 0}, {1, 1, 1});
     for (std::size_t i = 0; i < table.GetCount(); ++i) {
         float* const entry = table.values.data() + i * LookUpTable::Stride;
         const Color color = look->second({entry[0], entry[1], entry[2]});

@@ -14,7 +14,7 @@ class FilmTables
 {
 public:
     /// Entries along each axis. The formulas are smooth enough for so few.
-    static constexpr int SIZE = 9;
+    static constexpr int PointsPerAxis = 9;
 
     static std::vector<std::string> GetNames();
     /// Exception for a name that is none of GetNames().

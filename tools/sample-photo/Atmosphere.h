@@ -3,7 +3,7 @@
 
 #include "Vec3.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// Clear air about a round earth, lit by the sun. Owned by the sky, which bakes it into a map as
 /// each query integrates along the ray. No multiple scattering beyond a small constant share.
@@ -24,4 +24,4 @@ private:
     Vec3 m_sunDirection;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -4,27 +4,27 @@
 #include "Noise.h"
 #include "Sdf.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 // Two frames, both with the face towards +z and y up: p has its origin at the base, and q = p -
-// kHead with x made positive, in the middle of the skull.
+// Head with x made positive, in the middle of the skull.
 
 namespace {
 
-const Vec3 kHead{0.0f, 0.385f, 0.0f};
+const Vec3 Head{0.0f, 0.385f, 0.0f};
 
 Vec3 HeadFrame(const Vec3& p)
 {
-    return {std::abs(p.x), p.y - kHead.y, p.z - kHead.z};
+    return {std::abs(p.x), p.y - Head.y, p.z - Head.z};
 }
 
 // The cap sits lower at the back than over the forehead.
 Vec3 CapFrame(const Vec3& p)
 {
-    const Vec3 q = p - kHead - Vec3{0.0f, 0.030f, -0.016f};
-    constexpr float kTilt = 0.30f;
-    return {q.x, std::cos(kTilt) * q.y - std::sin(kTilt) * q.z,
-            std::sin(kTilt) * q.y + std::cos(kTilt) * q.z};
+    const Vec3 q = p - Head - Vec3{0.0f, 0.030f, -0.016f};
+    constexpr float Tilt = 0.30f;
+    return {q.x, std::cos(Tilt) * q.y - std::sin(Tilt) * q.z,
+            std::sin(Tilt) * q.y + std::cos(Tilt) * q.z};
 }
 
 Vec3 ScarfFrame(const Vec3& p)
@@ -82,12 +82,12 @@ float Bust::Relief(const Vec3& point) const
     switch (PartAt(p)) {
     case Part::Cap: {
         const Vec3 q = CapFrame(p);
-        const float rib = 68.0f * std::atan2(q.x, q.z) / (2.0f * kPi);
+        const float rib = 68.0f * std::atan2(q.x, q.z) / (2.0f * Pi);
         const float row = q.y / 0.0042f;
         const float side = rib - std::floor(rib) - 0.5f;
         // Each stitch is a V: rows climb away from the middle of the rib.
-        const float stitch = std::cos(2.0f * kPi * (row - 1.4f * std::abs(side)));
-        return 0.0011f * std::cos(2.0f * kPi * side) + 0.0005f * stitch +
+        const float stitch = std::cos(2.0f * Pi * (row - 1.4f * std::abs(side)));
+        return 0.0011f * std::cos(2.0f * Pi * side) + 0.0005f * stitch +
                0.0003f * Fbm(p * 900.0f, 2);
     }
     case Part::Scarf: {
@@ -98,8 +98,8 @@ float Bust::Relief(const Vec3& point) const
         return 0.00035f * weave + 0.0012f * Fbm(p * 70.0f, 3) + 0.0003f * Fbm(p * 800.0f, 2);
     }
     case Part::Jumper: {
-        const float column = std::sin(2.0f * kPi * (p.x + 0.35f * p.z) / 0.0058f);
-        const float row = std::sin(2.0f * kPi * p.y / 0.0040f + 1.6f * std::abs(column));
+        const float column = std::sin(2.0f * Pi * (p.x + 0.35f * p.z) / 0.0058f);
+        const float row = std::sin(2.0f * Pi * p.y / 0.0040f + 1.6f * std::abs(column));
         return 0.0004f * column + 0.0002f * row + 0.0003f * Fbm(p * 500.0f, 2);
     }
     case Part::Skin:
@@ -356,4 +356,4 @@ Material Bust::ScarfMaterial(const Vec3& p)
     return cloth;
 }
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

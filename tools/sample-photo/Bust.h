@@ -3,7 +3,7 @@
 
 #include "SceneObject.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// A mannequin's head and shoulders in the colour of skin, with a knitted cap, a red
 /// scarf and a dark jumper. The body is symmetric; lengths are those of a small adult.
@@ -50,4 +50,4 @@ private:
     float m_sine;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

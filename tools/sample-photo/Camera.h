@@ -3,7 +3,7 @@
 
 #include "Vec3.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// A camera with a thin lens, which stands in front of the parapet. A plain value.
 class Camera
@@ -29,4 +29,4 @@ private:
     float m_aspect;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -3,19 +3,19 @@
 
 #include "Noise.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 namespace {
 
-constexpr float kBottom = 1900.0f;
-constexpr float kTop = 2900.0f;
-constexpr float kExtinction = 0.011f;
-constexpr float kFarthest = 60e3f;
+constexpr float Bottom = 1900.0f;
+constexpr float Top = 2900.0f;
+constexpr float ExtinctionValue = 0.011f;
+constexpr float Farthest = 60e3f;
 
 float Phase(float cosine, float g)
 {
     const float base = 1.0f + g * g - 2.0f * g * cosine;
-    return (1.0f - g * g) / (4.0f * kPi * base * std::sqrt(base));
+    return (1.0f - g * g) / (4.0f * Pi * base * std::sqrt(base));
 }
 
 } // namespace
@@ -31,23 +31,23 @@ Clouds::Clouds(const Vec3& sunDirection, const Vec3& sunIrradiance, const Vec3& 
 // Front to back integration of emission and absorption (J. Kajiya, B. Von Herzen, 1984).
 Clouds::Veil Clouds::March(const Vec3& direction, float jitter) const
 {
-    constexpr int kSteps = 40;
+    constexpr int StepsValue = 40;
     Veil veil;
     if (direction.y < 0.02f) {
         return veil;
     }
-    const float from = kBottom / direction.y;
-    const float step = (std::min(kTop / direction.y, kFarthest) - from) / kSteps;
+    const float from = Bottom / direction.y;
+    const float step = (std::min(Top / direction.y, Farthest) - from) / StepsValue;
     const float cosine = Dot(direction, m_sunDirection);
     float weight = 0.0f;
-    for (int i = 0; i < kSteps && step > 0.0f && veil.transmittance > 0.01f; ++i) {
+    for (int i = 0; i < StepsValue && step > 0.0f && veil.transmittance > 0.01f; ++i) {
         const float t = from + step * (static_cast<float>(i) + jitter);
         const Vec3 point = direction * t;
         const float density = Density(point, 6);
         if (density <= 0.0f) {
             continue;
         }
-        const float kept = std::exp(-density * kExtinction * step);
+        const float kept = std::exp(-density * ExtinctionValue * step);
         const float share = veil.transmittance * (1.0f - kept);
         veil.radiance += Scattered(point, cosine) * share;
         veil.distance += share * t;
@@ -60,7 +60,7 @@ Clouds::Veil Clouds::March(const Vec3& direction, float jitter) const
 
 float Clouds::Density(const Vec3& point, int octaves) const
 {
-    const float height = (point.y - kBottom) / (kTop - kBottom);
+    const float height = (point.y - Bottom) / (Top - Bottom);
     if (height <= 0.0f || height >= 1.0f) {
         return 0.0f;
     }
@@ -80,7 +80,7 @@ float Clouds::DepthToSun(const Vec3& point) const
         p += m_sunDirection * step;
         depth += Density(p, 4) * step;
     }
-    return depth * kExtinction;
+    return depth * ExtinctionValue;
 }
 
 // Light that was scattered several times reaches deeper and more evenly: octaves of single
@@ -96,8 +96,8 @@ Vec3 Clouds::Scattered(const Vec3& point, float cosine) const
             Mix(Phase(cosine, 0.75f * roundness), Phase(cosine, -0.2f * roundness), 0.3f);
         sun += weight * phase * std::exp(-depth * weight);
     }
-    const float height = Saturate((point.y - kBottom) / (kTop - kBottom));
+    const float height = Saturate((point.y - Bottom) / (Top - Bottom));
     return m_sunIrradiance * sun + m_ambient * (0.55f + 0.45f * height);
 }
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

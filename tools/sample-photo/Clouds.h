@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// A layer of soft clouds as a volume of noise, lit by the sun and the sky above. Owned by the sky,
 /// which bakes it. The layer is flat, so it is of no use below the horizon.
@@ -37,4 +37,4 @@ private:
     Vec3 m_offset;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -4,14 +4,14 @@
 #include "Noise.h"
 #include "Sdf.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 namespace {
 
-constexpr float kHeight = 0.088f;
-constexpr float kRadius = 0.043f;
-constexpr float kThickness = 0.0021f;
-constexpr float kFill = 0.068f;
+constexpr float HeightValue = 0.088f;
+constexpr float Radius = 0.043f;
+constexpr float Thickness = 0.0021f;
+constexpr float Fill = 0.068f;
 
 float Outwards(const Vec3& p)
 {
@@ -21,7 +21,7 @@ float Outwards(const Vec3& p)
 float RadiusAt(float height)
 {
     const float low = SmoothStep(0.026f, -0.004f, height);
-    return kRadius * (0.97f + 0.06f * height / kHeight) - 0.016f * low * low;
+    return Radius * (0.97f + 0.06f * height / HeightValue) - 0.016f * low * low;
 }
 
 } // namespace
@@ -30,7 +30,8 @@ Cup::Cup(const Vec3& foot) : m_foot(foot) {}
 
 SceneObject::Bounds Cup::Box() const
 {
-    return {m_foot - Vec3{0.085f, 0.0f, 0.085f}, m_foot + Vec3{0.085f, kHeight + 0.006f, 0.085f}};
+    return {m_foot - Vec3{0.085f, 0.0f, 0.085f},
+            m_foot + Vec3{0.085f, HeightValue + 0.006f, 0.085f}};
 }
 
 float Cup::Distance(const Vec3& point) const
@@ -52,19 +53,20 @@ Material Cup::MaterialAt(const Vec3& point, const Vec3& normal) const
         return material;
     }
     const bool inside =
-        Outwards(p) < RadiusAt(p.y) - 0.6f * kThickness && p.x * normal.x + p.z * normal.z < 0.0f;
+        Outwards(p) < RadiusAt(p.y) - 0.6f * Thickness && p.x * normal.x + p.z * normal.z < 0.0f;
     const float pool = 1.0f + 0.35f * Fbm(p * 60.0f, 3);
     const Vec3 blue = Vec3{0.012f, 0.075f, 0.36f} * pool;
     const Vec3 white{0.78f, 0.76f, 0.72f};
-    const float rim = SmoothStep(kHeight - 0.0035f, kHeight - 0.0015f, p.y);
+    const float rim = SmoothStep(HeightValue - 0.0035f, HeightValue - 0.0015f, p.y);
     material.albedo = inside ? white : Mix(blue, white, 0.75f * rim);
     return material;
 }
 
 float Cup::Wall(const Vec3& p)
 {
-    const float shell = std::abs(Outwards(p) - RadiusAt(p.y)) - kThickness;
-    const float sides = SmoothIntersection(shell, std::max(p.y - kHeight, 0.002f - p.y), 0.003f);
+    const float shell = std::abs(Outwards(p) - RadiusAt(p.y)) - Thickness;
+    const float sides =
+        SmoothIntersection(shell, std::max(p.y - HeightValue, 0.002f - p.y), 0.003f);
     const float bottom = std::max(Outwards(p) - RadiusAt(p.y), std::abs(p.y - 0.005f) - 0.003f);
     return std::min(sides, bottom);
 }
@@ -72,7 +74,7 @@ float Cup::Wall(const Vec3& p)
 float Cup::Handle(const Vec3& p)
 {
     // The ring stands upright and points right and towards the camera.
-    const float along = 0.8f * p.x - 0.6f * p.z - kRadius - 0.006f;
+    const float along = 0.8f * p.x - 0.6f * p.z - Radius - 0.006f;
     const float aside = 0.6f * p.x + 0.8f * p.z;
     const Vec3 upright{along / 0.9f, aside * 0.8f, (p.y - 0.047f) / 1.12f};
     const float ring = RingDistance(upright, 0.0235f, 0.0052f);
@@ -81,7 +83,7 @@ float Cup::Handle(const Vec3& p)
 
 float Cup::Coffee(const Vec3& p)
 {
-    return std::max(Outwards(p) - RadiusAt(p.y), std::abs(p.y - 0.5f * kFill) - 0.5f * kFill);
+    return std::max(Outwards(p) - RadiusAt(p.y), std::abs(p.y - 0.5f * Fill) - 0.5f * Fill);
 }
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -3,7 +3,7 @@
 
 #include "SceneObject.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// A blue glazed cup with a white inside, a handle and coffee in it.
 class Cup final : public SceneObject
@@ -24,4 +24,4 @@ private:
     Vec3 m_foot;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

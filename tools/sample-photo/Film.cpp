@@ -5,17 +5,17 @@
 
 #include <QtGui/QColorSpace>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 namespace {
 
-constexpr float kExposure = 1.12f;
-constexpr float kContrast = 1.36f;
-constexpr float kWhite = 4.2f;
-constexpr float kMiddleGrey = 0.18f;
-constexpr float kGlowShare = 0.035f;
-constexpr float kGrain = 0.0042f;
-const Vec3 kWhiteBalance{0.95f, 1.0f, 1.13f};
+constexpr float Exposure = 1.12f;
+constexpr float Contrast = 1.36f;
+constexpr float White = 4.2f;
+constexpr float MiddleGrey = 0.18f;
+constexpr float GlowShare = 0.035f;
+constexpr float GrainValue = 0.0042f;
+const Vec3 WhiteBalance{0.95f, 1.0f, 1.13f};
 
 // Transfer function of IEC 61966-2-1.
 float EncodeSrgb(float linear)
@@ -63,7 +63,7 @@ QImage Film::Develop(const LightImage& light) const
                 halfWidth;
             // Natural vignetting falls with the fourth power of the cosine, here at 40 degrees.
             const float cosine = 1.0f / (1.0f + 0.13f * (u * u + v * v));
-            const Vec3 mixed = Mix(light.pixels[i], glow[i], kGlowShare) * (cosine * cosine);
+            const Vec3 mixed = Mix(light.pixels[i], glow[i], GlowShare) * (cosine * cosine);
             const Vec3 toned = Develop(mixed) + Grain(x, y);
             const float channels[3] = {toned.x, toned.y, toned.z};
             for (int c = 0; c < 3; ++c) {
@@ -93,21 +93,21 @@ std::vector<Vec3> Film::Glow(const LightImage& light)
 }
 
 // A film's density curve as a logistic function of the logarithm of exposure (Naka and Rushton,
-// 1966), scaled so that `kWhite` becomes 1 and middle grey keeps its value.
+// 1966), scaled so that `White` becomes 1 and middle grey keeps its value.
 float Film::Tone(float exposure)
 {
-    const auto power = [](float value) { return std::pow(std::max(value, 0.0f), kContrast); };
-    const float white = power(kWhite);
-    const float grey = power(kMiddleGrey);
-    // Solves (1 + k / white) * grey / (grey + k) = kMiddleGrey for k.
-    const float k = grey * (1.0f - kMiddleGrey) / (kMiddleGrey - grey / white);
+    const auto power = [](float value) { return std::pow(std::max(value, 0.0f), Contrast); };
+    const float white = power(White);
+    const float grey = power(MiddleGrey);
+    // Solves (1 + k / white) * grey / (grey + k) = MiddleGrey for k.
+    const float k = grey * (1.0f - MiddleGrey) / (MiddleGrey - grey / white);
     const float value = power(exposure);
     return (1.0f + k / white) * value / (value + k);
 }
 
 Vec3 Film::Develop(const Vec3& light)
 {
-    const Vec3 exposed = light * kWhiteBalance * kExposure;
+    const Vec3 exposed = light * WhiteBalance * Exposure;
     const Vec3 toned{Tone(exposed.x), Tone(exposed.y), Tone(exposed.z)};
     return {EncodeSrgb(Saturate(toned.x)), EncodeSrgb(Saturate(toned.y)),
             EncodeSrgb(Saturate(toned.z))};
@@ -125,7 +125,7 @@ Vec3 Film::Grain(int x, int y) const
     };
     const float common = 0.8f * value(3);
     return Vec3{common + 0.6f * value(0), common + 0.6f * value(1), common + 0.6f * value(2)} *
-           kGrain;
+           GrainValue;
 }
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// What lens, film and development make of scene light: glow, vignette, white balance, exposure,
 /// tone curve, grain and the coding of sRGB. Stateless but for its seed.
@@ -30,4 +30,4 @@ private:
     std::uint32_t m_seed;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -4,11 +4,11 @@
 #include "Noise.h"
 #include "Sdf.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 namespace {
 
-constexpr float kPetals = 13.0f;
+constexpr float PetalsValue = 13.0f;
 
 } // namespace
 
@@ -19,7 +19,7 @@ Flower::Flower(const Vec3& root, const Vec3& head, const Vec3& facing, float rad
       m_bend(Mix(root, head, 0.55f) + (Vec3{0, 1, 0} - facing) * (0.25f * Length(head - root))),
       m_radius(radius), m_turn(HashUnit(Hash(seed)) * 6.0f)
 {
-    const float angle = HashUnit(Hash(seed + 11)) * 2.0f * kPi;
+    const float angle = HashUnit(Hash(seed + 11)) * 2.0f * Pi;
     m_leafEnd =
         Mix(root, m_bend, 0.45f) + Vec3{std::cos(angle) * 0.045f, 0.035f, std::sin(angle) * 0.045f};
 }
@@ -82,7 +82,7 @@ float Flower::Relief(const Vec3& point) const
         return 0.0006f * GradientNoise(p * 26.0f);
     }
     const float angle = std::atan2(p.y, p.x);
-    return 0.00010f * std::sin(angle * kPetals * 5.0f) * SmoothStep(1.0f, 0.5f, out);
+    return 0.00010f * std::sin(angle * PetalsValue * 5.0f) * SmoothStep(1.0f, 0.5f, out);
 }
 
 // The blossom's own frame: z along its axis, lengths in radii.
@@ -94,13 +94,13 @@ Vec3 Flower::Local(const Vec3& point) const
 
 float Flower::Petals(const Vec3& p) const
 {
-    return std::min(Ring(p, m_turn, 0.02f), Ring(p, m_turn + kPi / kPetals, -0.05f));
+    return std::min(Ring(p, m_turn, 0.02f), Ring(p, m_turn + Pi / PetalsValue, -0.05f));
 }
 
 float Flower::Ring(const Vec3& p, float turn, float lift) const
 {
     const float angle = std::atan2(p.y, p.x) + turn;
-    const float sector = 2.0f * kPi / kPetals;
+    const float sector = 2.0f * Pi / PetalsValue;
     const float index = std::round(angle / sector);
     const float vary =
         HashUnit(Hash(static_cast<int>(index + 40.0f) % 13, static_cast<int>(turn * 50.0f), 3));
@@ -148,4 +148,4 @@ float Flower::Leaf(const Vec3& point) const
     return EllipsoidDistance(q, {0, 0, 0}, {0.5f * length, 0.010f, 0.0012f});
 }
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// One yellow daisy with its bent stem and a leaf.
 class Flower final : public SceneObject
@@ -40,4 +40,4 @@ private:
     float m_turn;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -4,7 +4,7 @@
 #include "Noise.h"
 #include "Sdf.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 Fruit::Fruit(Kind kind, const Vec3& center, float radius, float tilt)
     : m_kind(kind), m_center(center), m_radius(radius), m_tilt(tilt)
@@ -98,4 +98,4 @@ Material Fruit::OrangePeel(const Vec3& p) const
     return peel;
 }
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -3,7 +3,7 @@
 
 #include "SceneObject.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// An apple or an orange with its stalk or navel on top, a little tilted.
 class Fruit final : public SceneObject
@@ -36,4 +36,4 @@ private:
     float m_tilt;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

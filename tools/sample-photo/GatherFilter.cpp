@@ -3,15 +3,15 @@
 
 #include <cstddef>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 namespace {
 
 // The B3 spline of the wavelet, from its middle outwards.
-constexpr float kSpline[3] = {6.0f / 16.0f, 4.0f / 16.0f, 1.0f / 16.0f};
-constexpr float kNormalSpread = 0.25f;
-constexpr float kDepthPerPixel = 0.006f;
-constexpr float kLightSpread = 0.7f;
+constexpr float Spline[3] = {6.0f / 16.0f, 4.0f / 16.0f, 1.0f / 16.0f};
+constexpr float NormalSpread = 0.25f;
+constexpr float DepthPerPixel = 0.006f;
+constexpr float LightSpread = 0.7f;
 
 } // namespace
 
@@ -51,7 +51,7 @@ std::vector<Vec3> GatherFilter::Pass(const std::vector<PixelRecord>& records, in
                 const PixelRecord& other = records[index(std::clamp(x + dx * step, 0, width - 1),
                                                          std::clamp(y + dy * step, 0, height - 1))];
                 const float weight =
-                    kSpline[std::abs(dx)] * kSpline[std::abs(dy)] * Likeness(center, other, step);
+                    Spline[std::abs(dx)] * Spline[std::abs(dy)] * Likeness(center, other, step);
                 sum += other.gathered * weight;
                 total += weight;
             }
@@ -67,11 +67,11 @@ float GatherFilter::Likeness(const PixelRecord& a, const PixelRecord& b, int ste
         return 0.0f;
     }
     const Vec3 turn = a.normal - b.normal;
-    const float depth = std::abs(a.depth - b.depth) / (kDepthPerPixel * static_cast<float>(step));
+    const float depth = std::abs(a.depth - b.depth) / (DepthPerPixel * static_cast<float>(step));
     const float own = Luminance(a.gathered);
     const float other = Luminance(b.gathered);
-    const float light = std::abs(own - other) / (kLightSpread * (0.5f * (own + other) + 1e-4f));
-    return std::exp(-Dot(turn, turn) / kNormalSpread - depth - light * light);
+    const float light = std::abs(own - other) / (LightSpread * (0.5f * (own + other) + 1e-4f));
+    return std::exp(-Dot(turn, turn) / NormalSpread - depth - light * light);
 }
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// Removes the noise of light gathered from few bounced rays. It smooths that light alone, before
 /// it meets the colour of the surface, and so keeps texture, edges and sunlight sharp. Stateless.
@@ -25,4 +25,4 @@ private:
     static float Likeness(const PixelRecord& a, const PixelRecord& b, int step);
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -4,7 +4,7 @@
 #include "Sky.h"
 #include "Vec3.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// Everything that a ray meets beyond the still life: land, lake, haze and sky. Keeps a reference
 /// to the sky, which must outlive it. It neither shades nor lights the still life.
@@ -25,4 +25,4 @@ private:
     const Sky& m_sky;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

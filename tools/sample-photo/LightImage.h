@@ -5,7 +5,7 @@
 
 #include <vector>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// Scene light in rows from the top, `width` times `height` pixels.
 struct LightImage
@@ -15,4 +15,4 @@ struct LightImage
     std::vector<Vec3> pixels;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <utility>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 namespace {
 
@@ -15,9 +15,9 @@ float Fade(float t)
 }
 
 // The directions to the middles of a cube's edges, four of them twice to make it sixteen.
-const Vec3 kEdges[16] = {{1, 1, 0},  {-1, 1, 0},  {1, -1, 0}, {-1, -1, 0}, {1, 0, 1},  {-1, 0, 1},
-                         {1, 0, -1}, {-1, 0, -1}, {0, 1, 1},  {0, -1, 1},  {0, 1, -1}, {0, -1, -1},
-                         {1, 1, 0},  {-1, 1, 0},  {0, -1, 1}, {0, -1, -1}};
+const Vec3 Edges[16] = {{1, 1, 0},  {-1, 1, 0},  {1, -1, 0}, {-1, -1, 0}, {1, 0, 1},  {-1, 0, 1},
+                        {1, 0, -1}, {-1, 0, -1}, {0, 1, 1},  {0, -1, 1},  {0, 1, -1}, {0, -1, -1},
+                        {1, 1, 0},  {-1, 1, 0},  {0, -1, 1}, {0, -1, -1}};
 
 // The numbers 0 to 255 in random order, repeated.
 class Permutation
@@ -42,33 +42,32 @@ private:
     std::array<std::uint8_t, 256> m_order;
 };
 
-const Permutation kPermutation;
+const Permutation PermutationValue;
 
-// Values at lattice corners, repeated every `kPeriod` cells: a look-up is much faster than a hash,
+// Values at lattice corners, repeated every `Period` cells: a look-up is much faster than a hash,
 // and turned octaves hide the repetition.
-constexpr std::int32_t kPeriod = 128;
+constexpr std::int32_t Period = 128;
 
 class LatticeValues
 {
 public:
     LatticeValues()
     {
-        for (std::int32_t i = 0; i < kPeriod * kPeriod; ++i) {
-            m_values[static_cast<std::size_t>(i)] = HashUnit(Hash(i % kPeriod, i / kPeriod, 17));
+        for (std::int32_t i = 0; i < Period * Period; ++i) {
+            m_values[static_cast<std::size_t>(i)] = HashUnit(Hash(i % Period, i / Period, 17));
         }
     }
 
     float At(std::int32_t x, std::int32_t y) const
     {
-        return m_values[static_cast<std::size_t>((y & (kPeriod - 1)) * kPeriod +
-                                                 (x & (kPeriod - 1)))];
+        return m_values[static_cast<std::size_t>((y & (Period - 1)) * Period + (x & (Period - 1)))];
     }
 
 private:
-    std::array<float, static_cast<std::size_t>(kPeriod) * kPeriod> m_values;
+    std::array<float, static_cast<std::size_t>(Period) * Period> m_values;
 };
 
-const LatticeValues kLattice;
+const LatticeValues Lattice;
 
 } // namespace
 
@@ -79,15 +78,16 @@ float GradientNoise(const Vec3& p)
     const std::int32_t iz = Floor(p.z);
     const Vec3 f = p - Vec3{static_cast<float>(ix), static_cast<float>(iy), static_cast<float>(iz)};
     const float u = Fade(f.x);
-    const int columns[2] = {kPermutation.Next(0, ix), kPermutation.Next(0, ix + 1)};
+    const int columns[2] = {PermutationValue.Next(0, ix), PermutationValue.Next(0, ix + 1)};
     float rows[4];
     for (int i = 0; i < 4; ++i) {
         const int dy = i & 1;
         const int dz = i >> 1;
         const auto corner = [&](int dx) {
-            const int hash = kPermutation.Next(kPermutation.Next(columns[dx], iy + dy), iz + dz);
-            return Dot(kEdges[hash & 15], f - Vec3{static_cast<float>(dx), static_cast<float>(dy),
-                                                   static_cast<float>(dz)});
+            const int hash =
+                PermutationValue.Next(PermutationValue.Next(columns[dx], iy + dy), iz + dz);
+            return Dot(Edges[hash & 15], f - Vec3{static_cast<float>(dx), static_cast<float>(dy),
+                                                  static_cast<float>(dz)});
         };
         rows[i] = Mix(corner(0), corner(1), u);
     }
@@ -100,8 +100,8 @@ float ValueNoise(float x, float y)
     const std::int32_t ix = Floor(x);
     const std::int32_t iy = Floor(y);
     const float u = Fade(x - static_cast<float>(ix));
-    return Mix(Mix(kLattice.At(ix, iy), kLattice.At(ix + 1, iy), u),
-               Mix(kLattice.At(ix, iy + 1), kLattice.At(ix + 1, iy + 1), u),
+    return Mix(Mix(Lattice.At(ix, iy), Lattice.At(ix + 1, iy), u),
+               Mix(Lattice.At(ix, iy + 1), Lattice.At(ix + 1, iy + 1), u),
                Fade(y - static_cast<float>(iy)));
 }
 
@@ -166,4 +166,4 @@ CellPoint Cells(float x, float y)
     return nearest;
 }
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// Well mixed 32 bits of `value`: a multiply and shift finalizer with the constants that
 /// C. Wellons published as "lowbias32".
@@ -68,4 +68,4 @@ struct CellPoint
 };
 CellPoint Cells(float x, float y);
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -4,33 +4,33 @@
 #include "Noise.h"
 #include "Sdf.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 namespace {
 
-constexpr float kFarEdge = 0.40f;
-constexpr float kEdgeRadius = 0.016f;
-constexpr float kBlockLength = 0.92f;
-constexpr float kJointShift = 0.57f;
+constexpr float FarEdge = 0.40f;
+constexpr float EdgeRadius = 0.016f;
+constexpr float BlockLength = 0.92f;
+constexpr float JointShift = 0.57f;
 
 } // namespace
 
 SceneObject::Bounds Parapet::Box() const
 {
-    return {{-3.0f, -0.4f, -2.0f}, {3.0f, 0.001f, kFarEdge + 0.001f}};
+    return {{-3.0f, -0.4f, -2.0f}, {3.0f, 0.001f, FarEdge + 0.001f}};
 }
 
 float Parapet::Distance(const Vec3& point) const
 {
-    const float inwards = kFarEdge - point.z;
+    const float inwards = FarEdge - point.z;
     const float chipped = inwards < 0.06f ? 0.006f * Fbm(point.x * 9.0f, point.z * 9.0f + 3.0f, 3) *
                                                 SmoothStep(0.06f, 0.0f, inwards)
                                           : 0.0f;
-    const float up = point.y + kEdgeRadius;
-    const float out = point.z - kFarEdge + kEdgeRadius - chipped;
+    const float up = point.y + EdgeRadius;
+    const float out = point.z - FarEdge + EdgeRadius - chipped;
     const float corner = std::sqrt(std::max(up, 0.0f) * std::max(up, 0.0f) +
                                    std::max(out, 0.0f) * std::max(out, 0.0f));
-    const float box = corner + std::min(std::max(up, out), 0.0f) - kEdgeRadius;
+    const float box = corner + std::min(std::max(up, out), 0.0f) - EdgeRadius;
     return box + 0.011f * Joint(point);
 }
 
@@ -38,7 +38,7 @@ Material Parapet::MaterialAt(const Vec3& point, const Vec3& /*normal*/) const
 {
     const float broad = Fbm(point.x * 3.1f, point.z * 3.1f, 4);
     const float fine = Fbm(point.x * 42.0f, point.z * 42.0f, 6);
-    const float block = HashUnit(Hash(Floor((point.x + kJointShift) / kBlockLength), 4, 4));
+    const float block = HashUnit(Hash(Floor((point.x + JointShift) / BlockLength), 4, 4));
     Vec3 color = Mix({0.37f, 0.335f, 0.285f}, {0.27f, 0.26f, 0.245f}, 0.5f + 0.8f * broad);
     color = color * ((0.92f + 0.16f * block) * (1.0f + 0.75f * fine));
     const float speck = ValueNoise(point.x * 420.0f, point.z * 420.0f);
@@ -64,8 +64,8 @@ float Parapet::Relief(const Vec3& point) const
 // 1 in the middle of a joint between two blocks, 0 on the blocks.
 float Parapet::Joint(const Vec3& point)
 {
-    const float along = (point.x + kJointShift) / kBlockLength;
-    const float aside = (along - std::round(along)) * kBlockLength;
+    const float along = (point.x + JointShift) / BlockLength;
+    const float aside = (along - std::round(along)) * BlockLength;
     if (std::abs(aside) > 0.02f) {
         return 0.0f;
     }
@@ -73,4 +73,4 @@ float Parapet::Joint(const Vec3& point)
     return SmoothStep(0.009f, 0.003f, std::abs(aside + wobble));
 }
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

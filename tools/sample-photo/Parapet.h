@@ -3,7 +3,7 @@
 
 #include "SceneObject.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// The stone wall on whose top (the plane y = 0) the still life stands.
 class Parapet final : public SceneObject
@@ -18,4 +18,4 @@ private:
     static float Joint(const Vec3& point);
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

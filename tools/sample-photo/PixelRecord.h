@@ -3,7 +3,7 @@
 
 #include "Vec3.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// What the light paths of one pixel found, each as a mean over them.
 struct PixelRecord
@@ -19,4 +19,4 @@ struct PixelRecord
     float depth = 0.0f;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 namespace {
 
@@ -66,4 +66,4 @@ void PixelSampler::Shuffle(std::vector<Vec2>& pairs, std::uint32_t key) const
     }
 }
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

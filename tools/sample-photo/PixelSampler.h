@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// What a pair of random numbers decides about one light path.
 enum class Choice
@@ -47,4 +47,4 @@ private:
     std::array<std::vector<Vec2>, static_cast<std::size_t>(Choice::Count)> m_pairs;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

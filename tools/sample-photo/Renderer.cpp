@@ -5,14 +5,14 @@
 #include <thread>
 #include <utility>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 namespace {
 
-constexpr float kSunRadius = 0.009f; // about twice the real one, as through thin haze
-constexpr float kReach = 6.0f;
-constexpr int kFarStride = 2;
-constexpr float kBrightest = 24.0f;
+constexpr float SunRadius = 0.009f; // about twice the real one, as through thin haze
+constexpr float Reach = 6.0f;
+constexpr int FarStride = 2;
+constexpr float Brightest = 24.0f;
 
 // C. Schlick, "An Inexpensive BRDF Model for Physically-based Rendering", 1994.
 float Fresnel(float reflectance, float cosine)
@@ -22,8 +22,8 @@ float Fresnel(float reflectance, float cosine)
 
 Vec3 Clamped(const Vec3& light)
 {
-    return {std::min(light.x, kBrightest), std::min(light.y, kBrightest),
-            std::min(light.z, kBrightest)};
+    return {std::min(light.x, Brightest), std::min(light.y, Brightest),
+            std::min(light.z, Brightest)};
 }
 
 float Tent(float u)
@@ -83,10 +83,10 @@ PixelRecord Renderer::Follow(int column, int row, const PixelSampler& sampler) c
     for (int i = 0; i < m_settings.samples; ++i) {
         const Path path{sampler, i};
         const Camera::Ray ray = RayAt(column, row, path);
-        const StillLife::Hit hit = m_stillLife.Intersect(ray.origin, ray.direction, kReach);
+        const StillLife::Hit hit = m_stillLife.Intersect(ray.origin, ray.direction, Reach);
         if (hit.object != nullptr) {
             AddNear(sum, hit, ray, path);
-        } else if (passed++ % kFarStride == 0) {
+        } else if (passed++ % FarStride == 0) {
             far += m_landscape.Radiance(ray.origin, ray.direction, path.Pair(Choice::Wave));
             ++followed;
         }
@@ -131,10 +131,10 @@ Vec3 Renderer::SunLight(const Surface& surface, const Vec2& u) const
 {
     const Material& m = surface.material;
     const Vec3 center = m_sky.SunDirection();
-    const float radius = kSunRadius * std::sqrt(u.x);
+    const float radius = SunRadius * std::sqrt(u.x);
     const Vec3 side = Normalized(Cross({0, 1, 0}, center));
-    const Vec3 sun = Normalized(center + side * (radius * std::cos(2.0f * kPi * u.y)) +
-                                Cross(center, side) * (radius * std::sin(2.0f * kPi * u.y)));
+    const Vec3 sun = Normalized(center + side * (radius * std::cos(2.0f * Pi * u.y)) +
+                                Cross(center, side) * (radius * std::sin(2.0f * Pi * u.y)));
     const float cosine = Dot(surface.normal, sun);
     const auto wrapped = [cosine](float wrap) {
         const float value = std::max(0.0f, (cosine + wrap) / (1.0f + wrap));
@@ -149,10 +149,10 @@ Vec3 Renderer::SunLight(const Surface& surface, const Vec2& u) const
     const bool through = cosine < 0.0f && Luminance(m.translucency) > 0.0f;
     const float away = std::max(0.0006f, m.depth);
     const Vec3 start = surface.point + surface.normal * (through ? -0.004f : away);
-    if (m_stillLife.Blocked(start, sun, kReach)) {
+    if (m_stillLife.Blocked(start, sun, Reach)) {
         return {};
     }
-    return (diffuse * (1.0f / kPi) + shine) * m_sky.SunIrradiance();
+    return (diffuse * (1.0f / Pi) + shine) * m_sky.SunIrradiance();
 }
 
 // Microfacets with the GGX distribution (B. Walter et al., 2007) and Schlick's shadowing.
@@ -163,7 +163,7 @@ Vec3 Renderer::Highlight(const Surface& surface, const Vec3& sun) const
     const float alpha = std::max(m.roughness * m.roughness, 0.012f);
     const float nh = Saturate(Dot(surface.normal, half));
     const float base = nh * nh * (alpha * alpha - 1.0f) + 1.0f;
-    const float spread = alpha * alpha / (kPi * base * base);
+    const float spread = alpha * alpha / (Pi * base * base);
     const float k = 0.5f * alpha;
     const auto seen = [k](float cosine) { return 1.0f / (cosine * (1.0f - k) + k); };
     const float value = 0.25f * spread * Fresnel(m.reflectance, Dot(half, sun)) *
@@ -213,7 +213,7 @@ Vec3 Renderer::SecondaryRadiance(const Vec3& origin, const Vec3& direction, cons
     }
     Surface surface = SurfaceAt(hit, origin, direction, 0.001f);
     surface.material.reflectance = 0.0f;
-    const Vec3 ambient = m_sky.Irradiance(surface.normal) * (sharp ? 0.75f : 0.6f) * (1.0f / kPi);
+    const Vec3 ambient = m_sky.Irradiance(surface.normal) * (sharp ? 0.75f : 0.6f) * (1.0f / Pi);
     return SunLight(surface, u) + surface.material.albedo * ambient;
 }
 
@@ -228,4 +228,4 @@ Renderer::Surface Renderer::SurfaceAt(const StillLife::Hit& hit, const Vec3& ori
     return surface;
 }
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -11,7 +11,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// Renders the sample photo by following light backwards: sun and sky with one bounce in the still
 /// life, direct light only in the landscape. Owns the scene. The result depends on the settings
@@ -70,4 +70,4 @@ private:
     Camera m_camera;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -3,7 +3,7 @@
 
 #include "Vec3.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// How the matter at a point takes up and returns light.
 struct Material
@@ -47,4 +47,4 @@ public:
     virtual float Relief(const Vec3& point) const;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -3,7 +3,7 @@
 
 #include "Vec3.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 // Distances to simple bodies, negative inside, in metres (J. Hart, "Sphere Tracing", 1996, has the
 // method and the derivations of the exact ones).
@@ -59,4 +59,4 @@ inline float SmoothDifference(float body, float tool, float width)
     return SmoothIntersection(body, -tool, width);
 }
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// The light from above: sun, clear sky and clouds, baked into a map once, then read only and safe
 /// to share between threads. Owned by the renderer. The sun's disc itself is not in the map.
@@ -56,4 +56,4 @@ private:
     std::array<Vec3, 9> m_harmonics;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

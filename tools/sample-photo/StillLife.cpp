@@ -10,7 +10,7 @@
 
 #include <utility>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 StillLife::StillLife()
 {
@@ -109,4 +109,4 @@ float StillLife::March(const Entry& entry, const Vec3& origin, const Vec3& direc
     return -1.0f;
 }
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// The bodies on the parapet: builds and owns them and finds where rays meet them. It knows nothing
 /// of light. Read only once built.
@@ -46,4 +46,4 @@ private:
     std::vector<Entry> m_entries;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -3,17 +3,17 @@
 
 #include "Noise.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 namespace {
 
-constexpr float kLakeBed = -30.0f;
-constexpr float kMeadowEnd = 480.0f;
-constexpr float kHillsBegin = 900.0f;
-constexpr float kMountainsBegin = 3200.0f;
-constexpr float kHighest = 1900.0f;
-constexpr float kMeadowRelief = 6.0f;
-constexpr float kPixelAngle = 0.0006f;
+constexpr float LakeBed = -30.0f;
+constexpr float MeadowEnd = 480.0f;
+constexpr float HillsBegin = 900.0f;
+constexpr float MountainsBegin = 3200.0f;
+constexpr float Highest = 1900.0f;
+constexpr float MeadowRelief = 6.0f;
+constexpr float PixelAngle = 0.0006f;
 
 int Octaves(float largest, float detail, int most)
 {
@@ -25,14 +25,14 @@ int Octaves(float largest, float detail, int most)
 
 float Terrain::Height(float x, float z, float detail)
 {
-    if (z < kMeadowEnd) {
+    if (z < MeadowEnd) {
         return Meadow(x, z, detail);
     }
-    if (z < kHillsBegin) {
-        return kLakeBed;
+    if (z < HillsBegin) {
+        return LakeBed;
     }
     const float hills = Hills(x, z, detail);
-    return z < kMountainsBegin ? hills : std::max(hills, Mountains(x, z, detail));
+    return z < MountainsBegin ? hills : std::max(hills, Mountains(x, z, detail));
 }
 
 Vec3 Terrain::Normal(const Vec3& point, float detail)
@@ -55,7 +55,7 @@ float Terrain::Intersect(const Vec3& origin, const Vec3& direction, float limit)
     float above = 0.0f;
     for (int i = 0; i < 420 && t < limit; ++i) {
         const Vec3 p = origin + direction * t;
-        if (p.y > kHighest && direction.y > 0.0f) {
+        if (p.y > Highest && direction.y > 0.0f) {
             return -1.0f;
         }
         const float skip = EmptyAhead(p, direction);
@@ -64,10 +64,10 @@ float Terrain::Intersect(const Vec3& origin, const Vec3& direction, float limit)
             t += skip;
             continue;
         }
-        const float detail = std::max(kPixelAngle * t, 0.06f * above);
+        const float detail = std::max(PixelAngle * t, 0.06f * above);
         above = p.y - Height(p.x, p.z, detail);
-        if (above < 0.0f && detail > kPixelAngle * t) {
-            above = p.y - Height(p.x, p.z, kPixelAngle * t);
+        if (above < 0.0f && detail > PixelAngle * t) {
+            above = p.y - Height(p.x, p.z, PixelAngle * t);
         }
         if (above < 0.0f) {
             return Refined(origin, direction, previous, t);
@@ -80,7 +80,7 @@ float Terrain::Intersect(const Vec3& origin, const Vec3& direction, float limit)
 
 float Terrain::Refined(const Vec3& origin, const Vec3& direction, float above, float below)
 {
-    const float detail = kPixelAngle * below;
+    const float detail = PixelAngle * below;
     for (int i = 0; i < 8; ++i) {
         const float middle = 0.5f * (above + below);
         const Vec3 p = origin + direction * middle;
@@ -91,16 +91,16 @@ float Terrain::Refined(const Vec3& origin, const Vec3& direction, float above, f
 
 float Terrain::EmptyAhead(const Vec3& p, const Vec3& direction)
 {
-    if (p.z < kMeadowEnd) {
-        const float above = p.y - MeadowProfile(p.z) - kMeadowRelief;
+    if (p.z < MeadowEnd) {
+        const float above = p.y - MeadowProfile(p.z) - MeadowRelief;
         return above > 0.5f ? 0.8f * above : 0.0f;
     }
-    const bool overLake = p.z < kHillsBegin && p.y > kLakeBed;
+    const bool overLake = p.z < HillsBegin && p.y > LakeBed;
     if (overLake) {
-        const float ahead = direction.z > 0.0f ? kHillsBegin - p.z : kMeadowEnd - p.z;
+        const float ahead = direction.z > 0.0f ? HillsBegin - p.z : MeadowEnd - p.z;
         return std::abs(direction.z) > 0.02f ? ahead / direction.z + 0.5f : 10.0f;
     }
-    const float above = p.y - (p.z < kMountainsBegin ? 520.0f : kHighest);
+    const float above = p.y - (p.z < MountainsBegin ? 520.0f : Highest);
     return above > 5.0f ? 0.5f * above : 0.0f;
 }
 
@@ -114,7 +114,7 @@ float Terrain::Sunlit(const Vec3& point, const Vec3& sunDirection)
         const float above = p.y - Height(p.x, p.z, std::max(unit, 0.03f * t));
         light = std::min(light, 0.5f + 18.0f * above / t);
         t += std::max(unit + 0.08f * t, 0.5f * above);
-        if (p.y > kHighest || EmptyAhead(p, sunDirection) > 3.0f) {
+        if (p.y > Highest || EmptyAhead(p, sunDirection) > 3.0f) {
             break;
         }
     }
@@ -123,11 +123,11 @@ float Terrain::Sunlit(const Vec3& point, const Vec3& sunDirection)
 
 Vec3 Terrain::Albedo(const Vec3& point, const Vec3& normal, float detail)
 {
-    if (point.z < kMeadowEnd) {
+    if (point.z < MeadowEnd) {
         return MeadowAlbedo(point, normal, detail);
     }
     const bool hill =
-        point.z < kMountainsBegin || Hills(point.x, point.z, detail) >= point.y - 3.0f - detail;
+        point.z < MountainsBegin || Hills(point.x, point.z, detail) >= point.y - 3.0f - detail;
     return hill ? HillAlbedo(point) : MountainAlbedo(point, normal);
 }
 
@@ -159,7 +159,7 @@ float Terrain::Hills(float x, float z, float detail)
     const float rise = SmoothStep(shore - 60.0f, shore + 1500.0f, z);
     const float valley =
         0.30f + 0.70f * SmoothStep(150.0f, 1300.0f, std::abs(x + 0.10f * z + 60.0f));
-    float height = kLakeBed + 12.0f * SmoothStep(shore - 60.0f, shore + 60.0f, z);
+    float height = LakeBed + 12.0f * SmoothStep(shore - 60.0f, shore + 60.0f, z);
     const float form = Ridged(x * 0.00085f + 1.7f, z * 0.0007f + 0.4f, Octaves(1200.0f, detail, 6));
     height += rise * valley * (70.0f + 430.0f * form);
     const float forest = ForestShare(x, z);
@@ -171,11 +171,11 @@ float Terrain::Hills(float x, float z, float detail)
 
 float Terrain::Mountains(float x, float z, float detail)
 {
-    const float rise = SmoothStep(kMountainsBegin, 8200.0f, z);
+    const float rise = SmoothStep(MountainsBegin, 8200.0f, z);
     const float side = 0.42f + 0.58f * SmoothStep(-2600.0f, 2600.0f, x - 0.02f * z);
     const float form =
         Ridged(x * 0.00026f + 6.3f, z * 0.00026f + 2.9f, Octaves(4000.0f, detail, 9));
-    return kLakeBed + rise * side * (250.0f + 1750.0f * form);
+    return LakeBed + rise * side * (250.0f + 1750.0f * form);
 }
 
 float Terrain::ForestShare(float x, float z)
@@ -208,7 +208,7 @@ Vec3 Terrain::MeadowAlbedo(const Vec3& point, const Vec3& normal, float detail)
         SmoothStep(0.05f, 0.18f, Fbm(point.x * 0.03f + 9.0f, point.z * 0.024f + 2.0f, 3));
     const Vec3 leaf = Vec3{0.045f, 0.075f, 0.018f} * (1.0f + 1.1f * fine);
     color = Mix(color, leaf, point.z > 30.0f ? bushes : 0.0f);
-    const float wet = SmoothStep(kLakeLevel + 1.1f, kLakeLevel + 0.2f, point.y);
+    const float wet = SmoothStep(LakeLevel + 1.1f, LakeLevel + 0.2f, point.y);
     return Mix(color, rock * (0.7f + 0.5f * fine), wet);
 }
 
@@ -223,7 +223,7 @@ Vec3 Terrain::HillAlbedo(const Vec3& point)
     const Vec3 needles =
         Mix({0.035f, 0.058f, 0.022f}, {0.075f, 0.082f, 0.022f}, HashUnit(Hash(tree.id + 3))) * age;
     const Vec3 land = Mix(field, needles, SmoothStep(0.1f, 0.6f, forest));
-    const float beach = SmoothStep(kLakeLevel + 2.5f, kLakeLevel + 0.8f, point.y);
+    const float beach = SmoothStep(LakeLevel + 2.5f, LakeLevel + 0.8f, point.y);
     return Mix(land, {0.24f, 0.22f, 0.18f}, beach);
 }
 
@@ -238,4 +238,4 @@ Vec3 Terrain::MountainAlbedo(const Vec3& point, const Vec3& normal)
     return Mix(land, {0.86f, 0.88f, 0.92f}, snow);
 }
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

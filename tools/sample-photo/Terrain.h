@@ -3,15 +3,15 @@
 
 #include "Vec3.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// The land as heights over a plane: a meadow that falls to a lake, wooded hills on the far shore
 /// and snowy mountains behind. Stateless; the water itself belongs to the landscape.
 class Terrain
 {
 public:
-    static constexpr float kLakeLevel = -22.0f;
-    static constexpr float kFarthest = 15e3f;
+    static constexpr float LakeLevel = -22.0f;
+    static constexpr float Farthest = 15e3f;
 
     /// Height in metres. `detail` is the size in metres below which form may be left out.
     static float Height(float x, float z, float detail);
@@ -42,4 +42,4 @@ private:
     static Vec3 MountainAlbedo(const Vec3& point, const Vec3& normal);
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

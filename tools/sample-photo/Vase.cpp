@@ -4,11 +4,11 @@
 #include "Noise.h"
 #include "Sdf.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 namespace {
 
-constexpr float kHeight = 0.150f;
+constexpr float HeightValue = 0.150f;
 
 } // namespace
 
@@ -16,22 +16,22 @@ Vase::Vase(const Vec3& foot) : m_foot(foot) {}
 
 Vec3 Vase::Mouth() const
 {
-    return m_foot + Vec3{0, kHeight, 0};
+    return m_foot + Vec3{0, HeightValue, 0};
 }
 
 SceneObject::Bounds Vase::Box() const
 {
-    return {m_foot - Vec3{0.06f, 0.0f, 0.06f}, m_foot + Vec3{0.06f, kHeight + 0.005f, 0.06f}};
+    return {m_foot - Vec3{0.06f, 0.0f, 0.06f}, m_foot + Vec3{0.06f, HeightValue + 0.005f, 0.06f}};
 }
 
 float Vase::Distance(const Vec3& point) const
 {
     const Vec3 p = point - m_foot;
     const float belly = EllipsoidDistance(p, {0, 0.052f, 0}, {0.054f, 0.056f, 0.054f});
-    const float neck = RodDistance(p, {0, 0.09f, 0}, {0, kHeight - 0.004f, 0}, 0.017f, 0.021f);
-    const float lip = RingDistance(p - Vec3{0, kHeight - 0.004f, 0}, 0.023f, 0.004f);
+    const float neck = RodDistance(p, {0, 0.09f, 0}, {0, HeightValue - 0.004f, 0}, 0.017f, 0.021f);
+    const float lip = RingDistance(p - Vec3{0, HeightValue - 0.004f, 0}, 0.023f, 0.004f);
     float body = SmoothUnion(SmoothUnion(belly, neck, 0.045f), lip, 0.012f);
-    body = SmoothIntersection(body, std::max(p.y - kHeight, -p.y), 0.004f);
+    body = SmoothIntersection(body, std::max(p.y - HeightValue, -p.y), 0.004f);
     return 0.85f * SmoothDifference(
                        body, RodDistance(p, {0, 0.05f, 0}, {0, 0.2f, 0}, 0.018f, 0.018f), 0.004f);
 }
@@ -49,4 +49,4 @@ Material Vase::MaterialAt(const Vec3& point, const Vec3& /*normal*/) const
     return glaze;
 }
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

@@ -3,7 +3,7 @@
 
 #include "SceneObject.h"
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
 /// A white porcelain vase with two painted rings; the flowers in it are bodies of their own.
 class Vase final : public SceneObject
@@ -23,4 +23,4 @@ private:
     Vec3 m_foot;
 };
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

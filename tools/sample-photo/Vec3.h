@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <cmath>
 
-namespace lumetra::sample {
+namespace LumetraSample {
 
-constexpr float kPi = 3.14159265358979f;
+constexpr float Pi = 3.14159265358979f;
 
 /// Three floats: a point in metres (x right, y up, z away from the camera), a direction, or a
 /// linear colour with the primaries of sRGB. A plain value; it offers no checked access.
@@ -116,7 +116,7 @@ inline float Luminance(const Vec3& c)
 inline Vec3 CosineDirection(const Vec3& normal, const Vec2& u)
 {
     const float radius = std::sqrt(u.x);
-    const float angle = 2.0f * kPi * u.y;
+    const float angle = 2.0f * Pi * u.y;
     const Vec3 helper = std::abs(normal.y) < 0.9f ? Vec3{0, 1, 0} : Vec3{1, 0, 0};
     const Vec3 tangent = Normalized(Cross(helper, normal));
     const Vec3 bitangent = Cross(normal, tangent);
@@ -125,4 +125,4 @@ inline Vec3 CosineDirection(const Vec3& normal, const Vec2& u)
                       normal * std::sqrt(std::max(0.0f, 1.0f - u.x)));
 }
 
-} // namespace lumetra::sample
+} // namespace LumetraSample

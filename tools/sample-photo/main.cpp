@@ -10,12 +10,12 @@
 
 namespace {
 
-using lumetra::sample::Film;
-using lumetra::sample::Renderer;
+using LumetraSample::Film;
+using LumetraSample::Renderer;
 
-constexpr int kUsageError = 2;
-constexpr int kWriteError = 3;
-constexpr int kQuality = 92;
+constexpr int UsageError = 2;
+constexpr int WriteError = 3;
+constexpr int Quality = 92;
 
 void Complain(const QString& text)
 {
@@ -51,12 +51,12 @@ bool ReadSettings(const QCommandLineParser& parser, Renderer::Settings& settings
 int RenderTo(const QString& path, const Renderer::Settings& settings)
 {
     QImageWriter writer(path);
-    writer.setQuality(kQuality);
+    writer.setQuality(Quality);
     // Asked before the long work begins; it also finds an ending that no format has.
     if (!writer.canWrite() ||
         !writer.write(Film(settings.seed).Develop(Renderer(settings).Render()))) {
         Complain(QStringLiteral("cannot write \"%1\": %2").arg(path, writer.errorString()));
-        return kWriteError;
+        return WriteError;
     }
     return 0;
 }
@@ -90,10 +90,10 @@ int main(int argc, char** argv)
     if (parser.positionalArguments().size() != 1) {
         Complain(QStringLiteral("expected one file to write, got %1")
                      .arg(parser.positionalArguments().size()));
-        return kUsageError;
+        return UsageError;
     }
     if (!ReadSettings(parser, settings)) {
-        return kUsageError;
+        return UsageError;
     }
     return RenderTo(parser.positionalArguments().first(), settings);
 }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "appearance/MonitorColours.h"
 
+#include "appearance/SystemProfile.h"
 #include "drawer/view/DisplayTransform.h"
 #include "session/Editor.h"
 #include "storage/ErrorText.h"
-#include "appearance/SystemProfile.h"
 
 #include <QEvent>
 #include <QFile>
@@ -43,7 +43,7 @@ bool MonitorColours::eventFilter(QObject* watched, QEvent* event)
 
 void MonitorColours::Follow()
 {
-    if (m_choice == QLatin1String(SRGB))
+    if (m_choice == QLatin1String(Srgb))
         return Show({}, {});
     if (m_choice.isEmpty()) {
         const SystemProfile profile = SystemProfile::Of(*m_window.screen());

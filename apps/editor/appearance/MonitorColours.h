@@ -18,12 +18,12 @@ class MonitorColours : public QObject
 
 public:
     /// The choice of no profile at all.
-    static constexpr char SRGB[] = "srgb";
+    static constexpr char Srgb[] = "srgb";
 
     /// `editor` is kept by reference. Child of the window.
     MonitorColours(Editor& editor, QWidget& window);
 
-    /// The path of an ICC profile, SRGB, or empty: what the window system says.
+    /// The path of an ICC profile, Srgb, or empty: what the window system says.
     void Use(const QString& choice);
 
 protected:

@@ -143,9 +143,9 @@ QByteArray EditFile::ToText() const
     if (origin)
         CarryOverAll(*origin, root);
     const QByteArray text = document.ToText();
-    if (text.size() > JsonDocument::MAX_FILE_SIZE)
+    if (text.size() > JsonDocument::MaxFileSize)
         throw Zorvik::Exception("the edit: expected at most " +
-                                    std::to_string(JsonDocument::MAX_FILE_SIZE) + " bytes, found " +
+                                    std::to_string(JsonDocument::MaxFileSize) + " bytes, found " +
                                     std::to_string(text.size()),
                                 BOOST_CURRENT_FUNCTION, "editor/EditFile", __LINE__);
     return text;

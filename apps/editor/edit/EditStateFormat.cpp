@@ -103,13 +103,13 @@ void ReadPanels(const JsonDocument& document, EditState& state)
 void CheckHeader(const ISerializer& root)
 {
     const std::string format = root.Get(FormatKey, "");
-    if (format != EditStateFormat::FORMAT)
+    if (format != EditStateFormat::FormatName)
         Refuse(root.GetPath() + "/" + FormatKey,
-               std::string("\"") + EditStateFormat::FORMAT + "\", found \"" + format + "\"");
+               std::string("\"") + EditStateFormat::FormatName + "\", found \"" + format + "\"");
     const int version = root.Get(VersionKey, 0);
-    if (version < 1 || version > EditStateFormat::VERSION)
+    if (version < 1 || version > EditStateFormat::Version)
         Refuse(root.GetPath() + "/" + VersionKey, "a version up to " +
-                                                      std::to_string(EditStateFormat::VERSION) +
+                                                      std::to_string(EditStateFormat::Version) +
                                                       ", found " + std::to_string(version));
 }
 
@@ -119,8 +119,8 @@ JsonDocument EditStateFormat::ToDocument(const EditState& state)
 {
     const JsonDocument document("sidecar");
     const auto root = document.GetRoot();
-    root->Set(FormatKey, FORMAT);
-    root->Set(VersionKey, VERSION);
+    root->Set(FormatKey, FormatName);
+    root->Set(VersionKey, Version);
     WritePackages(state.committed, *root);
     WriteRecords(state.records, *document.GetObject());
     WritePanels(state.panels, *document.GetObject());

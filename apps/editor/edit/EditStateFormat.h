@@ -17,8 +17,8 @@ namespace LumetraEditor {
 class EditStateFormat
 {
 public:
-    static constexpr char FORMAT[] = "lumetra-sidecar";
-    static constexpr int VERSION = 1;
+    static constexpr char FormatName[] = "lumetra-sidecar";
+    static constexpr int Version = 1;
 
     static LumetraHost::JsonDocument ToDocument(const EditState& state);
     /// Zorvik::Exception, with file and place, for anything that ToDocument() would not have

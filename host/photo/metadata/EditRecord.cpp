@@ -21,7 +21,7 @@ void Initialise()
     static std::once_flag once;
     MetadataTags::Initialise();
     std::call_once(once,
-                   [] { Exiv2::XmpProperties::registerNs(EditRecords::NAMESPACE, "lumetra"); });
+                   [] { Exiv2::XmpProperties::registerNs(EditRecords::Namespace, "lumetra"); });
 }
 
 [[noreturn]] void Fail(const std::string& text)

@@ -20,7 +20,7 @@ struct EditRecord
 class EditRecords
 {
 public:
-    static constexpr char NAMESPACE[] = "https://lumetra.org/ns/edit/1.0/";
+    static constexpr char Namespace[] = "https://lumetra.org/ns/edit/1.0/";
 
     /// `packet` with the records added after those that it has; empty: a new packet. The other
     /// properties stay. Zorvik::Exception for a damaged packet, which then is left as it is.

@@ -84,7 +84,7 @@ TEST_F(MonitorColoursTest, areThoseOfTheCanvas)
     EXPECT_NE(GetPicture(), plain);
     ExpectShown(GetPicture(), plain);
 
-    window->UseMonitorProfile(QLatin1String(LumetraEditor::MonitorColours::SRGB));
+    window->UseMonitorProfile(QLatin1String(LumetraEditor::MonitorColours::Srgb));
     EXPECT_EQ(GetPicture(), plain);
 }
 

@@ -183,7 +183,7 @@ void PanelAudit::CompareThumbnail(PresetGrid& grid, int row, const QModelIndex& 
     auto& host = m_editor.GetHost();
     const auto controller = m_model.GetPreset(preset);
     const auto policies = controller->GetPreviewPolicies();
-    const QSize size = LumetraPlugin::PresetDelegate::PICTURE_SIZE * m_widget.devicePixelRatioF();
+    const QSize size = LumetraPlugin::PresetDelegate::PictureSize * m_widget.devicePixelRatioF();
     const auto frame = host.GetDrawer().RenderPreview({size.width(), size.height(), 1.0},
                                                       controller->MakePreviewSettings(),
                                                       policies.crop, policies.fit, policies.flags);

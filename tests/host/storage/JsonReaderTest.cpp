@@ -126,8 +126,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(JsonReader, acceptsNestingUpToItsLimit)
 {
-    EXPECT_NO_THROW(JsonReader::Read(Nested(JsonReader::MAX_DEPTH), "a.json"));
-    EXPECT_EQ(ErrorOf(Nested(JsonReader::MAX_DEPTH + 1)),
+    EXPECT_NO_THROW(JsonReader::Read(Nested(JsonReader::MaxDepth), "a.json"));
+    EXPECT_EQ(ErrorOf(Nested(JsonReader::MaxDepth + 1)),
               "a.json:1:69: expected nesting of at most 64 levels");
 }
 
@@ -152,7 +152,7 @@ TEST(JsonReader, refusesEveryTruncation)
 TEST(JsonReader, refusesMoreValuesThanItsLimit)
 {
     std::string text = "{\"a\":[0";
-    for (std::size_t i = 0; i < JsonReader::MAX_VALUES; ++i)
+    for (std::size_t i = 0; i < JsonReader::MaxValues; ++i)
         text += ",0";
 
     EXPECT_NE(ErrorOf(text + "]}").find("expected at most 4000000 values"), std::string::npos);
@@ -243,7 +243,7 @@ TEST(JsonDocument, refusesAFileOverItsLimit)
     const QTemporaryDir folder;
     QFile file(folder.filePath(QStringLiteral("large.json")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_TRUE(file.resize(JsonDocument::MAX_FILE_SIZE + 1));
+    ASSERT_TRUE(file.resize(JsonDocument::MaxFileSize + 1));
     file.close();
 
     try {

@@ -92,7 +92,7 @@ TEST(JsonWriter, refusesNestingThatCouldNotBeReadAgain)
 {
     const JsonDocument document("a.json");
     auto node = document.GetRoot();
-    for (std::size_t depth = 1; depth < JsonReader::MAX_DEPTH; ++depth)
+    for (std::size_t depth = 1; depth < JsonReader::MaxDepth; ++depth)
         node = node->CreateNode("a");
     EXPECT_NO_THROW(JsonDocument::Parse(document.ToText(), "a.json"));
 

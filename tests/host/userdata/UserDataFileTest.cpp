@@ -28,7 +28,7 @@ const UserDataForm& Notes()
         "notes",
         QStringLiteral(".sheets"),
         [](const JsonObject& root) { return root.Find("Notes") != nullptr; },
-        JsonDocument::MAX_FILE_SIZE,
+        JsonDocument::MaxFileSize,
     };
     return form;
 }
@@ -133,7 +133,7 @@ TEST_F(UserDataFileTest, keepsTheNewestFiveBackups)
     for (int i = 0; i < 8; ++i)
         file.Update(SetMember("edit" + std::to_string(i)));
 
-    EXPECT_EQ(Files().filter(QStringLiteral("backup")).size(), BackupRotation::COUNT);
+    EXPECT_EQ(Files().filter(QStringLiteral("backup")).size(), BackupRotation::Count);
     EXPECT_TRUE(ReadFile(Path() + QStringLiteral(".backup-1")).contains("edit7"));
     const QByteArray oldest = ReadFile(Path() + QStringLiteral(".backup-5"));
     EXPECT_TRUE(oldest.contains("edit3"));
@@ -260,7 +260,7 @@ TEST_F(UserDataFileTest, savesAndReportsWhenOnlyTheBackupFails)
 {
     UserDataFile(Path(), Notes()).Update(SetMember("a"));
     const QString backup = Path() + QStringLiteral(".backup-%1");
-    for (int i = 1; i <= BackupRotation::COUNT; ++i) {
+    for (int i = 1; i <= BackupRotation::Count; ++i) {
         QFile::remove(backup.arg(i));
         ASSERT_TRUE(QDir().mkpath(backup.arg(i) + QStringLiteral("/full")));
     }
@@ -401,8 +401,7 @@ TEST_F(UserDataFileTest, writesNothingThatItCouldNotReadAgain)
     UserDataFile(Path(), Notes()).Update(SetMember("a"));
     const QMap<QString, QByteArray> before = Contents();
     const auto setTooMuch = [](JsonObject& object) {
-        object.Set("b",
-                   JsonValue(JsonValue::Content(std::string(JsonDocument::MAX_FILE_SIZE, 'x'))));
+        object.Set("b", JsonValue(JsonValue::Content(std::string(JsonDocument::MaxFileSize, 'x'))));
         return true;
     };
     try {

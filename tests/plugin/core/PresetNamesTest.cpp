@@ -21,16 +21,17 @@ TEST(PresetNames, shortensANameSoThatItsNumberFits)
 {
     const QString longName(60, QLatin1Char('x'));
     const QString first = PresetNames::MakeFree(longName, {});
-    EXPECT_EQ(first, QString(PresetNames::LONGEST, QLatin1Char('x')));
+    EXPECT_EQ(first, QString(PresetNames::MaxLength, QLatin1Char('x')));
     const QString second = PresetNames::MakeFree(longName, {first});
-    EXPECT_EQ(second, QString(PresetNames::LONGEST - 2, QLatin1Char('x')) + QStringLiteral(" 2"));
+    EXPECT_EQ(second, QString(PresetNames::MaxLength - 2, QLatin1Char('x')) + QStringLiteral(" 2"));
 }
 
 TEST(PresetNames, cutsNoCharacterInHalf)
 {
     const QString face = QString::fromUtf8("\xF0\x9F\x98\x80");
-    const QString name = QString(PresetNames::LONGEST - 1, QLatin1Char('x')) + face;
-    EXPECT_EQ(PresetNames::MakeFree(name, {}), QString(PresetNames::LONGEST - 1, QLatin1Char('x')));
+    const QString name = QString(PresetNames::MaxLength - 1, QLatin1Char('x')) + face;
+    EXPECT_EQ(PresetNames::MakeFree(name, {}),
+              QString(PresetNames::MaxLength - 1, QLatin1Char('x')));
 }
 
 TEST(PresetNames, haveNoControlCharacters)

@@ -184,7 +184,7 @@ protected:
 
     std::unique_ptr<PresetSession> Load(const QByteArray& catalogue, const QByteArray& store) const
     {
-        auto session = std::make_unique<PresetSession>(PresetSession::PACKAGE_NAME);
+        auto session = std::make_unique<PresetSession>(PresetSession::PackageName);
         QStringList problems;
         session->LoadWithStore({WriteFile("looks.json", catalogue)},
                                WriteFile("presets.json", store), problems);
@@ -285,7 +285,7 @@ TEST_F(SingleValueTest, costsOnlyItselfAmongTheUsersPresets)
             ExpectTheOthersWork(*session);
             session->GetStore()->Save(session->GetModel());
             QStringList problems;
-            PresetSession again(PresetSession::PACKAGE_NAME);
+            PresetSession again(PresetSession::PackageName);
             again.LoadWithStore({}, folder.filePath(QStringLiteral("presets.json")), problems);
             EXPECT_TRUE(again.GetModel().GetUserPresetNames().contains(QStringLiteral("New")));
         } catch (const std::exception& error) {
@@ -315,7 +315,7 @@ TEST_F(SingleValueTest, isWarnedOfAmongTheUsersPresetsToo)
 {
     const auto getProblems = [this](const char* mark, const char* value) {
         QStringList problems;
-        PresetSession session(PresetSession::PACKAGE_NAME);
+        PresetSession session(PresetSession::PackageName);
         const Case given = Case().Set(mark, value);
         session.LoadWithStore({}, WriteFile("presets.json", MakeStore(given.presets)), problems);
         return problems;

@@ -391,7 +391,7 @@ TEST_F(MalformedStoreTest, leavesAHugeFileAlone)
 {
     Reset("{}");
     QFile file(Path());
-    ASSERT_TRUE(file.resize(LumetraHost::JsonDocument::MAX_FILE_SIZE + 1));
+    ASSERT_TRUE(file.resize(LumetraHost::JsonDocument::MaxFileSize + 1));
     try {
         StoreProgram program(Path());
         ADD_FAILURE() << "expected an exception";
@@ -400,7 +400,7 @@ TEST_F(MalformedStoreTest, leavesAHugeFileAlone)
                   std::string::npos)
             << error.what();
     }
-    EXPECT_EQ(file.size(), LumetraHost::JsonDocument::MAX_FILE_SIZE + 1);
+    EXPECT_EQ(file.size(), LumetraHost::JsonDocument::MaxFileSize + 1);
     EXPECT_TRUE(ContentsAside().isEmpty());
 }
 

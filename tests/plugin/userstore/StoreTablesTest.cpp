@@ -279,7 +279,7 @@ TEST_F(StoreTablesTest, ofManyPresetsAreSavedAndReadAgainAlsoFromAnOldStoreThatN
     EXPECT_EQ(StoreProgram(elsewhere).Names().size(), 31);
 
     const QByteArray old = OldForm(many);
-    ASSERT_GT(old.size(), LumetraHost::JsonDocument::MAX_FILE_SIZE);
+    ASSERT_GT(old.size(), LumetraHost::JsonDocument::MaxFileSize);
     Write(Path(), old);
     StoreProgram program(Path());
     ASSERT_EQ(program.Names().size(), 31);
