@@ -93,9 +93,10 @@ TEST_F(CliTest, goesOnWithAnIntensityOutOfItsRange)
         HasSubstr("odd.json:3:64: warning: groups[0]/items[0]/intensity/blendSetting/value: "
                   "expected a number from 1 to 100, found 300\n"));
     for (const char* line :
-         {"apply a.png -p test.bright -o bright.png", "apply a.png -p odd -o odd.png",
-          "sheet a.png -o sheet.png", "save test.grey Mine", "save odd Yours",
-          "export-lut -p odd -o odd.cube", "apply a.png -p Yours -o yours.png"}) {
+         {"apply a.png -p test.bright -o bright.png",
+          "apply a.png -p odd -o odd.png --metadata none", "sheet a.png -o sheet.png",
+          "save test.grey Mine", "save odd Yours", "export-lut -p odd -o odd.cube",
+          "apply a.png -p Yours -o yours.png --metadata none"}) {
         const CliResult result = Run(Words(line) + options);
         EXPECT_EQ(result.code, 0) << line << '\n' << result.messages;
     }

@@ -53,7 +53,8 @@ TEST_F(CliTest, appliesASavedPreset)
               0);
     const auto apply = [this](const QString& preset, const QString& output) {
         return Run(WithStore({QStringLiteral("apply"), QStringLiteral("photo.png"),
-                              QStringLiteral("--preset"), preset, QStringLiteral("-o"), output}))
+                              QStringLiteral("--preset"), preset, QStringLiteral("-o"), output,
+                              QStringLiteral("--metadata"), QStringLiteral("none")}))
             .code;
     };
     EXPECT_EQ(apply(Mine(), QStringLiteral("mine.png")), 0);

@@ -8,6 +8,8 @@
 #include <QLineEdit>
 #include <QProcess>
 #include <QSlider>
+#include <QSpinBox>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -75,7 +77,18 @@ protected:
         ClickLook(look);
         hasIntensity = look == Look;
         if (hasIntensity)
-            Find<QSlider>("intensitySlider")->setValue(Intensity);
+            TypeIntensity();
+    }
+
+    void TypeIntensity()
+    {
+        auto* const number =
+            Find<QSlider>("intensitySlider")->parentWidget()->findChild<QSpinBox*>();
+        ASSERT_NE(number, nullptr);
+        number->setFocus();
+        number->selectAll();
+        QTest::keyClicks(number, QString::number(Intensity));
+        QTest::keyClick(number, Qt::Key_Return);
     }
 
     QByteArray ExportByEditor(ExportOptions options, const char* name) const

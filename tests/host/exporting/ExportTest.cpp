@@ -1,22 +1,20 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "exporting/Export.h"
-#include "exporting/ExportMemory.h"
-#include "exporting/JpegRows.h"
+
+#include "ExportSamples.h"
 
 #include "host/engine/TestPictures.h"
 #include "host/photo/PhotoSamples.h"
-#include "host/photo/metadata/MetadataSamples.h"
 #include "support/AddressSanitizer.h"
 
 #include "engine/run/Renderer.h"
+#include "exporting/ExportMemory.h"
 #include "image/DepthConversion.h"
 #include "image/Resize.h"
 #include "photo/PhotoReader.h"
 #include "photo/colour/ColorConversion.h"
 #include "photo/metadata/EditRecord.h"
-#include "photo/metadata/MetadataTags.h"
 
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -25,15 +23,13 @@
 
 #include <algorithm>
 #include <functional>
-#include <memory>
+#include <utility>
+#include <vector>
 
 #include <sys/resource.h>
 
-#include <exiv2/exiv2.hpp>
-
 using namespace LumetraHost;
-using LumetraTest::ErrorOf;
-using LumetraTest::MakePattern;
+using namespace LumetraTest;
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -44,183 +40,6 @@ using Zorvik::Quindle::EffectsSettings;
 namespace {
 
 using Packages = std::vector<EffectsSettings>;
-
-Bytes MakeJpeg(int width, int height, const QByteArray& profile = {})
-{
-    Photo photo;
-    photo.image = MakePattern(width, height, Image::Depth::Bits8);
-    photo.metadata.iccProfile = profile;
-    return PhotoWriter::Encode(photo, PhotoFormat::Jpeg, {}, "sample");
-}
-
-Bytes AddTags(const Bytes& jpeg, int orientation)
-{
-    MetadataTags::Initialise();
-    const auto file = Exiv2::ImageFactory::open(jpeg.data(), static_cast<long>(jpeg.size()));
-    file->readMetadata();
-    file->exifData()["Exif.Image.Make"] = "Lumetra Works";
-    file->exifData()["Exif.Image.Orientation"] = static_cast<std::uint16_t>(orientation);
-    file->iptcData()["Iptc.Application2.City"] = "Berlin";
-    file->xmpData()["Xmp.xmp.Rating"] = "4";
-    file->writeMetadata();
-    file->io().open();
-    const Exiv2::byte* const data = file->io().mmap();
-    return Bytes(data, data + file->io().size());
-}
-
-Packages MakeColours()
-{
-    return {MakeSettings({MakeEffect("exposure", {{"stops", 0.4}}),
-                          MakeEffect("contrast", {{"amount", 20}}),
-                          MakeEffect("vignette", {{"amount", -1}})},
-                         60)};
-}
-
-Packages MakeNeighbours()
-{
-    return {MakeSettings({MakeEffect("exposure", {{"stops", 0.4}}),
-                          MakeEffect("clarity", {{"amount", 60}, {"radius", 3}}),
-                          MakeEffect("sharpen", {{"amount", 80}, {"radius", 0.2}}),
-                          MakeEffect("grain", {{"amount", 30}})},
-                         100)};
-}
-
-Packages MakeLayers()
-{
-    Packages packages = MakeColours();
-    packages.push_back(MakeSettings({MakeEffect("exposure", {})}));
-    packages.push_back(MakeNeighbours().front());
-    packages.push_back(MakeSettings({MakeEffect("saturation", {{"amount", -40}})}, 255));
-    packages.push_back(MakeSettings({MakeEffect("gaussianBlur", {{"radius", 2}})}, 200));
-    return packages;
-}
-
-/// A run of colours that a table may stand for.
-Packages MakeColourRun()
-{
-    return {MakeSettings({MakeEffect("whiteBalance", {{"temperature", 7000}}),
-                          MakeEffect("contrast", {{"amount", 20}}),
-                          MakeEffect("saturation", {{"amount", 25}}),
-                          MakeEffect("contrast", {{"amount", -10}})},
-                         40)};
-}
-
-/// The same before effects that no table can stand for.
-Packages MakeMixedRun()
-{
-    Packages packages = MakeColourRun();
-    auto& effects = packages.front().Effects();
-    effects.push_back(MakeEffect("clarity", {{"amount", 30}, {"radius", 1}}));
-    effects.push_back(MakeEffect("vignette", {{"amount", -1}}));
-    effects.push_back(MakeEffect("grain", {{"amount", 20}}));
-    return packages;
-}
-
-struct Converted
-{
-    Bytes file;
-    Warnings warnings;
-};
-
-ExportRecipe MakeRecipe(const Packages& packages, PhotoFormat format = PhotoFormat::Jpeg)
-{
-    ExportRecipe recipe;
-    recipe.look = std::make_shared<ExportLook>(packages);
-    recipe.format = format;
-    return recipe;
-}
-
-Converted Join(const Export::Result& result)
-{
-    Converted converted{result.file, result.damage};
-    for (const std::string& loss : result.losses)
-        Warn(converted.warnings, loss);
-    return converted;
-}
-
-/// As the tool exports: from the bytes of the file.
-Converted Convert(const Bytes& content, const ExportRecipe& recipe, int threads = 2)
-{
-    ThreadPool pool(3);
-    ExportControl control;
-    control.threads = threads;
-    return Join(Export(pool).MakeFromFile(content, "in.jpg", recipe, "out", control));
-}
-
-Converted Convert(const Bytes& content, const Packages& packages, int threads = 2,
-                  PhotoFormat format = PhotoFormat::Jpeg)
-{
-    return Convert(content, MakeRecipe(packages, format), threads);
-}
-
-/// As the editor exports: the photo that was read before.
-Converted ConvertPhoto(const Bytes& content, const ExportRecipe& recipe)
-{
-    return Join(Export().MakeFromPhoto(PhotoReader::Decode(content, "in.jpg"), recipe, "out"));
-}
-
-bool CanStream(const Bytes& content)
-{
-    return JpegRows::Open(content, "in.jpg") != nullptr;
-}
-
-class StreamedExports : public testing::TestWithParam<int>
-{
-};
-
-INSTANTIATE_TEST_SUITE_P(Threads, StreamedExports, testing::Values(1, 2, 4));
-
-TEST_P(StreamedExports, makeTheFileOfTheWholePicture)
-{
-    const Bytes jpeg = AddTags(MakeJpeg(309, 517, ColorConversion::GetSrgbProfile()), 1);
-    ASSERT_TRUE(CanStream(jpeg));
-    for (const Packages& packages : {Packages(), MakeColours(), MakeNeighbours(), MakeLayers()})
-        for (const auto format : {PhotoFormat::Jpeg, PhotoFormat::Png, PhotoFormat::Tiff}) {
-            const Converted streamed = Convert(jpeg, packages, GetParam(), format);
-            const Converted whole = ConvertPhoto(jpeg, MakeRecipe(packages, format));
-            EXPECT_EQ(streamed.file, whole.file)
-                << packages.size() << " packages, format " << int(format);
-            EXPECT_EQ(streamed.warnings, whole.warnings);
-        }
-}
-
-TEST_P(StreamedExports, doSoForSmallAndNarrowPictures)
-{
-    for (const auto& [width, height] : {std::pair{1, 1}, {1, 300}, {300, 1}, {40, 33}, {64, 64}}) {
-        const Bytes jpeg = MakeJpeg(width, height);
-        EXPECT_EQ(Convert(jpeg, MakeLayers(), GetParam()).file,
-                  ConvertPhoto(jpeg, MakeRecipe(MakeLayers())).file)
-            << width << " x " << height;
-    }
-}
-
-// Large enough for tables, which both ways take, for any number of threads.
-TEST_P(StreamedExports, doSoWithTables)
-{
-    const Bytes jpeg = MakeJpeg(1300, 801);
-    for (const Packages& packages : {MakeColourRun(), MakeMixedRun()}) {
-        const auto layers =
-            ExportLook(packages).GetLayers(1300, 801, true, ThreadPool::GetShared(), nullptr);
-        ASSERT_TRUE(layers.front().table);
-        const ExportRecipe recipe = MakeRecipe(packages, PhotoFormat::Png);
-        EXPECT_EQ(Convert(jpeg, recipe, GetParam()).file, ConvertPhoto(jpeg, recipe).file);
-    }
-}
-
-// Rounding, shrinking and layers that look at neighbours keep rows for each other.
-TEST_P(StreamedExports, doSoAtAnyDepthAndSize)
-{
-    const Bytes jpeg = MakeJpeg(309, 517);
-    for (const auto depth : {Image::Depth::Bits8, Image::Depth::Bits16})
-        for (const int longestSide : {0, 1, 100, 172, 500, 516, 600})
-            for (const Packages& packages : {Packages(), MakeLayers()}) {
-                ExportRecipe recipe = MakeRecipe(packages, PhotoFormat::Tiff);
-                recipe.depth = depth;
-                recipe.longestSide = longestSide;
-                EXPECT_EQ(Convert(jpeg, recipe, GetParam()).file, ConvertPhoto(jpeg, recipe).file)
-                    << longestSide << " pixels, depth " << int(depth);
-            }
-}
 
 /// What every export is to make: drawn at the larger of both depths, one package after the other,
 /// rounded to the depth of the file, then shrunk.
@@ -446,46 +265,6 @@ TEST(Export, keepsMetadataAndProfile)
     EXPECT_FALSE(after.metadata.exif.isEmpty());
     EXPECT_FALSE(after.metadata.xmp.isEmpty());
     EXPECT_FALSE(after.metadata.iptc.isEmpty());
-}
-
-TEST(Export, turnsAndConvertsWhatCannotBeStreamed)
-{
-    const Bytes turned = AddTags(MakeJpeg(60, 40), 6);
-    const Bytes wide = MakeJpeg(60, 40, ColorConversion::GetAdobeRgbProfile());
-    Photo transparent;
-    transparent.image = MakePattern(60, 40, Image::Depth::Bits16, LumetraTest::Alpha::Varying);
-    const Bytes png = PhotoWriter::Encode(transparent, PhotoFormat::Png, {}, "in.png");
-    for (const Bytes& content : {turned, wide, png}) {
-        EXPECT_FALSE(CanStream(content));
-        EXPECT_EQ(Convert(content, MakeColours()).file,
-                  ConvertPhoto(content, MakeRecipe(MakeColours())).file);
-    }
-    const Bytes result = Convert(turned, MakeColours()).file;
-    EXPECT_EQ(PhotoReader::Decode(result, "out.jpg").image.GetWidth(), 40);
-}
-
-TEST(Export, keepsOddAndExtendedXmpBothWays)
-{
-    const QByteArray odd = LumetraTest::MakeOddXmp();
-    const QByteArray extension =
-        LumetraTest::MakeXmp({}, "<my:a>" + LumetraTest::MakeText(90'000) + "</my:a>");
-    const QByteArray guid = QCryptographicHash::hash(extension, QCryptographicHash::Md5).toHex();
-    const QByteArray main = LumetraTest::MakeXmp(LumetraTest::NameExtension(guid));
-    const Bytes plain = MakeJpeg(64, 48);
-    const Bytes photos[] = {
-        LumetraTest::AddSegment(plain, 0xE1,
-                                QByteArray("http://ns.adobe.com/xap/1.0/\0", 29) + odd),
-        LumetraTest::AddExtendedXmp(plain, main, extension, guid, 50'000)};
-    for (const Bytes& photo : photos)
-        for (const auto format : {PhotoFormat::Jpeg, PhotoFormat::Png, PhotoFormat::Tiff}) {
-            ASSERT_TRUE(CanStream(photo));
-            const Converted streamed = Convert(photo, MakeColours(), 2, format);
-            const Converted whole = ConvertPhoto(photo, MakeRecipe(MakeColours(), format));
-            EXPECT_EQ(streamed.file, whole.file);
-            EXPECT_EQ(streamed.warnings, whole.warnings);
-        }
-    const Bytes file = Convert(photos[1], MakeColours()).file;
-    EXPECT_EQ(PhotoReader::Decode(file, "out").metadata.xmpExtension, extension);
 }
 
 TEST(Export, tellsWhatThePhotoLosesOnTheWay)
