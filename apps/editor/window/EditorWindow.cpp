@@ -23,6 +23,7 @@
 #include "window/PhotoText.h"
 #include "window/Questions.h"
 #include "window/StartPage.h"
+#include "window/WindowPlace.h"
 #include "workspace/WorkspaceController.h"
 
 #include <QAction>
@@ -240,8 +241,7 @@ void EditorWindow::ConnectExporter()
 void EditorWindow::RestoreWays()
 {
     m_actions->sidePanel->setChecked(true);
-    resize(1280, 800);
-    restoreGeometry(m_settings.Get(GeometryKey).toByteArray());
+    RestorePlace(*this, m_settings.Get(GeometryKey).toByteArray(), {1280, 800});
     m_splitter->restoreState(m_settings.Get(SplitterKey).toByteArray());
     m_monitor->Use(m_settings.Get(MonitorProfileKey).toString());
     m_editor.GetHost().GetStatisticsLog().SetPath(m_settings.Get(StatisticsFileKey).toString());
