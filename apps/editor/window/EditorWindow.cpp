@@ -5,6 +5,7 @@
 #include "actions/PanelKeys.h"
 #include "actions/PhotoKeys.h"
 #include "actions/ShortcutsDialog.h"
+#include "actions/TextKeys.h"
 #include "appearance/Icons.h"
 #include "appearance/MonitorColours.h"
 #include "appearance/Theme.h"
@@ -222,7 +223,8 @@ void EditorWindow::ConnectEditor()
     });
     connect(m_panelKeys, &PanelKeys::keysTaken, &m_editor, &Editor::ShowNotice);
     connect(m_canvas, &PhotoCanvas::zoomChanged, this, &EditorWindow::ShowZoom);
-    new PhotoKeys(*this, *m_canvas); // belongs to the window
+    new PhotoKeys(*this, *m_canvas); // these belong to the window
+    new TextKeys(*this);
 }
 
 void EditorWindow::ConnectExporter()

@@ -56,11 +56,11 @@ TEST_F(WindowPlaceTest, aStoredSizeFitsTheScreen)
 
 TEST_F(WindowPlaceTest, aStoredPlaceBesideTheScreenIsBroughtBack)
 {
-    window->setGeometry(GetScreen().right() - 100, GetScreen().bottom() - 100, 700, 600);
+    window->setGeometry(GetScreen().right() - 100, GetScreen().bottom() - 100, 700, 500);
     ASSERT_TRUE(window->close());
 
     StartUntouched();
 
     EXPECT_TRUE(GetScreen().contains(window->geometry()));
-    EXPECT_EQ(window->size(), QSize(700, 600));
+    EXPECT_EQ(window->size(), QSize(700, 500));
 }

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QObject>
+
+class QWidget;
+
+namespace LumetraEditor {
+
+/// Leaves the keys that edit text to the field that has the focus, whatever command of the window
+/// or of a panel has the same key. Qt's fields claim only some of the keys that they react to.
+class TextKeys : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `window` is kept by reference and is the parent.
+    explicit TextKeys(QWidget& window);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget& m_window;
+};
+
+} // namespace LumetraEditor
