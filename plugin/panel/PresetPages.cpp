@@ -114,6 +114,7 @@ void PresetPages::ConnectGrid(PresetGrid& grid)
     connect(&grid, &PresetGrid::starClicked, this, &PresetPages::starClicked);
     connect(&grid, &PresetGrid::pointed, this, &PresetPages::pointed);
     connect(&grid, &PresetGrid::menuRequested, this, &PresetPages::menuRequested);
+    connect(&grid, &PresetGrid::stepped, this, &PresetPages::ScrollLater);
     connect(&grid, &PresetGrid::stepped, this, &PresetPages::stepped);
     connect(&grid, &PresetGrid::stepsEnded, this, &PresetPages::stepsEnded);
     connect(&grid, &PresetGrid::steppedOut, this,
@@ -248,14 +249,30 @@ void PresetPages::FocusOn(PresetGrid& grid, bool isLast)
     const QModelIndex row = presets.index(isLast ? presets.rowCount() - 1 : 0);
     grid.SetCurrentPreset(presets.ToPreset(row));
     grid.setFocus(Qt::OtherFocusReason);
-    ensureWidgetVisible(&grid, 0, 0);
+    ScrollLater(grid.GetCurrentPreset());
 }
 
-void PresetPages::ScrollTo(PresetGrid& grid, const QModelIndex& preset)
+/// Scrolls as far as the preset's picture needs; that of the first row comes with the page's
+/// header.
+void PresetPages::ScrollTo(const QModelIndex& preset)
 {
+    const int page = preset.parent().row();
+    PresetGrid& grid = *m_grids[page];
     const QRect cell = grid.visualRect(grid.GetPresets().FromPreset(preset));
-    const QPoint centre = grid.mapTo(widget(), cell.center());
-    ensureVisible(centre.x(), centre.y(), cell.width() / 2, cell.height() / 2);
+    QRect wanted(grid.mapTo(widget(), cell.topLeft()), cell.size());
+    if (cell.top() < grid.gridSize().height())
+        wanted.setTop(m_headers[page]->mapTo(widget(), QPoint()).y());
+    const int middle = wanted.center().y();
+    ensureVisible(0, middle, 0, wanted.height() / 2 + 1);
+}
+
+/// A page that has only just been opened, or has grown, has no place yet.
+void PresetPages::ScrollLater(const QModelIndex& preset)
+{
+    QTimer::singleShot(0, this, [this, row = QPersistentModelIndex(preset)] {
+        if (row.isValid())
+            ScrollTo(row);
+    });
 }
 
 void PresetPages::Reveal(const QModelIndex& preset)
@@ -265,13 +282,8 @@ void PresetPages::Reveal(const QModelIndex& preset)
         return;
     SetOpen(page, true);
     ShowPage(page);
-    PresetGrid& grid = *m_grids[page];
-    grid.SetCurrentPreset(preset);
-    // The page has no place yet when it has only just been opened, or has grown.
-    QTimer::singleShot(0, this, [this, page, row = QPersistentModelIndex(preset)] {
-        if (row.isValid())
-            ScrollTo(*m_grids[page], row);
-    });
+    m_grids[page]->SetCurrentPreset(preset);
+    ScrollLater(preset);
 }
 
 void PresetPages::FocusFirst()
@@ -304,6 +316,18 @@ QModelIndex PresetPages::GetCurrentPreset() const
         if (grid == window()->focusWidget())
             return grid->GetCurrentPreset();
     return {};
+}
+
+/// The base class would put the middle of a long page into sight, and its preset out of it.
+bool PresetPages::focusNextPrevChild(bool next)
+{
+    if (!QWidget::focusNextPrevChild(next)) // NOLINT(bugprone-parent-virtual-call)
+        return false;
+    if (const QModelIndex preset = GetCurrentPreset(); preset.isValid())
+        ScrollLater(preset);
+    else if (QWidget* const focused = focusWidget())
+        ensureWidgetVisible(focused);
+    return true;
 }
 
 /// Pictures keep their places and sizes whether the scroll bar, which stands in the right gutter,

@@ -54,6 +54,7 @@ signals:
     void stepsEnded();
 
 protected:
+    bool focusNextPrevChild(bool next) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -65,7 +66,8 @@ private:
     void ShowPage(int page);
     QString MakeHint() const;
     static QString MakeUserHint();
-    void ScrollTo(PresetGrid& grid, const QModelIndex& preset);
+    void ScrollTo(const QModelIndex& preset);
+    void ScrollLater(const QModelIndex& preset);
     void KeepGutter();
     void ShowTexts();
     void ShowPageTexts(int page);

@@ -61,6 +61,36 @@ protected:
         Grid(Named(name).parent().row()).SetCurrentPreset(Named(name));
         Grid(Named(name).parent().row()).setFocus();
     }
+    /// Many looks in the user's group, and a panel that shows few of them at a time.
+    void MakeLongPage()
+    {
+        for (int i = 0; i < 24; ++i)
+            Model().setData(Named("Bright"), QStringLiteral("Own %1").arg(i),
+                            PresetModel::SaveAsUserPresetRole);
+        panel->GetWidget()->resize(320, 560);
+        Pages().Refresh();
+        QApplication::processEvents();
+    }
+    void PressPageKey(int page)
+    {
+        for (QShortcut* const shortcut : panel->GetWidget()->findChildren<QShortcut*>())
+            if (shortcut->key() == QKeySequence(Qt::ALT + Qt::Key_1 + page))
+                emit shortcut->activated();
+        QApplication::processEvents();
+    }
+    /// All of it, from its top to its bottom.
+    bool IsInSight(const QWidget& widget, const QRect& part)
+    {
+        QWidget& seen = *Pages().viewport();
+        const QRect there(widget.mapTo(&seen, part.topLeft()), part.size());
+        return there.top() >= 0 && there.bottom() < seen.height();
+    }
+    bool IsHeaderInSight(int page) { return IsInSight(Header(page), Header(page).rect()); }
+    bool IsLookInSight(const char* name)
+    {
+        PresetGrid& grid = Grid(Named(name).parent().row());
+        return IsInSight(grid, grid.visualRect(grid.GetPresets().FromPreset(Named(name))));
+    }
     void OpenPage(int page)
     {
         if (!Header(page).isSelected())
@@ -313,4 +343,58 @@ TEST_F(PresetPagesTest, picturesKeepTheirPlacesWithoutTheScrollBar)
     ASSERT_FALSE(Pages().verticalScrollBar()->isVisible());
     // The unstyled bar of a test may be a little wider than the gutter.
     EXPECT_NEAR(Grid(0).gridSize().width(), width, 1);
+}
+
+TEST_F(PresetPagesTest, aGroupThatAKeyOpensIsInSightFromItsHeaderOn)
+{
+    MakeLongPage();
+    PressPageKey(UserPage);
+    ASSERT_TRUE(IsSeen(UserPage));
+    EXPECT_TRUE(IsHeaderInSight(UserPage));
+    EXPECT_TRUE(IsLookInSight("Own 0"));
+
+    Pages().verticalScrollBar()->setValue(Pages().verticalScrollBar()->maximum());
+    PressPageKey(1);
+
+    EXPECT_TRUE(IsHeaderInSight(1));
+    EXPECT_TRUE(IsLookInSight("Warm"));
+}
+
+TEST_F(PresetPagesTest, theArrowKeysKeepTheirLookInSight)
+{
+    MakeLongPage();
+    OpenPage(UserPage);
+    Focus("Own 0");
+    for (int i = 0; i < 11; ++i) {
+        Press(Grid(UserPage), Qt::Key_Down);
+        QApplication::processEvents();
+        EXPECT_TRUE(IsLookInSight(
+            qPrintable(Grid(UserPage).GetCurrentPreset().data(PresetModel::PresetNameRole).toString())))
+            << i;
+    }
+
+    Focus("Own 0");
+    Press(Grid(UserPage), Qt::Key_Left); // to the last look of the page before
+    QApplication::processEvents();
+    EXPECT_TRUE(IsLookInSight("Hard"));
+    Press(Grid(0), Qt::Key_Right);
+    QApplication::processEvents();
+    EXPECT_TRUE(IsLookInSight("Own 0"));
+}
+
+TEST_F(PresetPagesTest, theTabKeyBringsTheLookOfALongPageIntoSight)
+{
+    MakeLongPage();
+    OpenPage(UserPage);
+    Focus("Own 0");
+    Grid(0).setFocus();
+    Grid(UserPage).SetCurrentPreset(Named("Own 0"));
+    Pages().verticalScrollBar()->setValue(0);
+
+    for (int tabs = 0; tabs < 20 && !Grid(UserPage).hasFocus(); ++tabs)
+        Press(*QApplication::focusWidget(), Qt::Key_Tab);
+    ASSERT_TRUE(Grid(UserPage).hasFocus());
+    QApplication::processEvents();
+
+    EXPECT_TRUE(IsLookInSight("Own 0"));
 }
