@@ -63,6 +63,12 @@ JsonDocument JsonDocument::Read(const QString& fileName, qint64 largest)
     return Parse(ReadAll(fileName, largest), fileName.toStdString());
 }
 
+JsonDocument JsonDocument::Read(const QString& fileName, QByteArray& text)
+{
+    text = ReadAll(fileName, MaxFileSize);
+    return Parse(text, fileName.toStdString());
+}
+
 JsonDocument JsonDocument::Parse(const QByteArray& text, const std::string& name)
 {
     const std::string_view bytes(text.constData(), static_cast<std::size_t>(text.size()));

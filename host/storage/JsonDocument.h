@@ -29,6 +29,8 @@ public:
     /// Reads a file of at most `largest` bytes. Exception when it cannot be read;
     /// JsonException "file:line:column: …" when it is not what JsonReader reads.
     static JsonDocument Read(const QString& fileName, qint64 largest = MaxFileSize);
+    /// The same, at most MaxFileSize; `text` gets the whole file.
+    static JsonDocument Read(const QString& fileName, QByteArray& text);
     /// The same from memory, of any size.
     static JsonDocument Parse(const QByteArray& text, const std::string& name);
 

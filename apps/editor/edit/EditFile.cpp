@@ -119,8 +119,8 @@ void CarryOverAll(const JsonObject& earlier, JsonObject& now)
 
 EditFile EditFile::Read(const QString& path)
 {
-    const auto document = JsonDocument::Read(path);
     EditFile file;
+    const auto document = JsonDocument::Read(path, file.text);
     file.state = EditStateFormat::FromDocument(document);
     file.origin = document.GetObject();
     if (const auto photo = FindValue<JsonValue::Object>(*file.origin, PhotoKey)) {

@@ -24,6 +24,7 @@ struct EditFile
     QDateTime saved;     ///< UTC; the file's time where the text does not say it
     /// The file as it was read, or null. Members that this version does not know are written again.
     LumetraHost::JsonValue::Object origin;
+    QByteArray text; ///< all of the file as it was read
 
     /// Zorvik::Exception, with file and place, for what is no edit.
     static EditFile Read(const QString& path);

@@ -13,7 +13,6 @@
 #include <QFileInfo>
 
 #include <exception>
-#include <utility>
 
 namespace LumetraEditor {
 namespace {
@@ -21,23 +20,45 @@ namespace {
 const QString Unreadable = QStringLiteral("unreadable");
 const QString Earlier = QStringLiteral("earlier");
 
-/// A file of an edit and what is to become of its content before it is written over.
+/// Null where that is no file, or cannot be read.
+QByteArray ReadAll(const QString& path)
+{
+    QFile file(path);
+    const bool isOpen = QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly);
+    return isOpen ? file.readAll() : QByteArray();
+}
+
+/// A file of an edit. Any program may write it at any time; what was read from it, written to it or
+/// copied here may be written over.
 struct Target
 {
     QString path;
-    QString setAsideAs; ///< a word for the name of the copy; empty: no copy
+    QByteArray safe;              ///< content that may be written over; null: none
+    QString setAsideAs = Earlier; ///< a word for the name of a copy of anything else
 
     /// The name of the copy that was made, empty for none.
     QString Write(const QByteArray& text)
     {
         LumetraHost::JsonDocument::CheckReadable(text, path);
         QString copy;
-        if (!setAsideAs.isEmpty() && QFile::exists(path))
+        if (QFileInfo(path).isFile() && !IsSafe()) {
             copy = LumetraHost::BackupRotation(path).SetAside(setAsideAs);
-        setAsideAs.clear();
+            safe = ReadAll(copy); // no second copy where the write fails
+        }
         LumetraHost::CheckedFileWriter::Write(path, text);
+        safe = text;
+        setAsideAs = Earlier;
         return copy;
     }
+
+    void RemoveSafe()
+    {
+        if (IsSafe())
+            QFile::remove(path);
+        safe.clear();
+    }
+
+    bool IsSafe() const { return !safe.isNull() && ReadAll(path) == safe; }
 };
 
 } // namespace
@@ -49,7 +70,6 @@ struct Sidecar::Place
     PhotoIdentity identity;
     Target beside;
     Target kept;
-    bool isKeptOurs = false; ///< the edit on the photo comes from the kept file, or is in it
     LumetraHost::JsonValue::Object origin;
 };
 
@@ -66,8 +86,7 @@ struct Sidecar::Job
     {
         try {
             setAside = place->beside.Write(file.ToText());
-            if (std::exchange(place->isKeptOurs, false))
-                QFile::remove(place->kept.path); // it has moved to the photo
+            place->kept.RemoveSafe(); // the edit has moved to the photo
         } catch (const std::exception& problem) {
             besideError = QString::fromUtf8(problem.what());
             WriteElsewhere();
@@ -80,7 +99,6 @@ struct Sidecar::Job
             file.photoPath = place->photo;
             LumetraHost::CheckedFileWriter::MakeFolder(KeptEdits::GetFolder());
             setAside = place->kept.Write(file.ToText());
-            place->isKeptOurs = true;
         } catch (const std::exception& problem) {
             error = besideError + QLatin1Char('\n') + QString::fromUtf8(problem.what());
         }
@@ -112,16 +130,14 @@ std::optional<EditState> Sidecar::Open(const QString& photo, const PhotoIdentity
     const auto& found = search.GetFound();
     const auto target = [&](const QString& path) {
         const bool isSource = found && found->path == path;
-        return Target{path, isSource                                ? QString()
-                            : search.GetUnreadable().contains(path) ? Unreadable
-                                                                    : Earlier};
+        return Target{path, isSource ? found->edit.text : QByteArray(),
+                      search.GetUnreadable().contains(path) ? Unreadable : Earlier};
     };
     m_place->beside = target(GetPath(photo));
     m_place->kept = target(KeptEdits::GetPath(photo, identity));
     m_isOfOtherPhoto = found && found->isOfOtherPhoto;
     if (!found)
         return std::nullopt;
-    m_place->isKeptOurs = found->path == m_place->kept.path;
     m_place->origin = found->edit.origin;
     return found->edit.state;
 }
@@ -130,9 +146,8 @@ void Sidecar::StartAnew()
 {
     Flush();
     m_isOfOtherPhoto = false;
-    m_place->beside.setAsideAs = Earlier;
-    m_place->kept.setAsideAs = Earlier;
-    m_place->isKeptOurs = false;
+    m_place->beside.safe.clear();
+    m_place->kept.safe.clear();
     m_place->origin.reset();
 }
 
@@ -145,7 +160,7 @@ void Sidecar::Write(const EditState& state)
     const auto job = std::make_shared<Job>();
     job->place = m_place;
     job->file = {state, m_place->identity, QString(), QDateTime::currentDateTimeUtc(),
-                 m_place->origin};
+                 m_place->origin, QByteArray()};
     m_thread.Run(
         [this, job, number] {
             if (number != m_newest) // a newer one is already waiting

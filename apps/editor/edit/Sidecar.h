@@ -20,8 +20,9 @@ namespace LumetraEditor {
 /// Keeps the edit of a photo in a file beside it, "PHOTO.lumetra.json", or in the user's own folder
 /// (KeptEdits) while that file cannot be written. Written beside the GUI thread, whole or not at
 /// all; of several states in a row the last one is written. A file is never lost from which the
-/// edit on the photo does not come, because it cannot be read, is older or of another photo: it is
-/// copied to a dated name before it is written over.
+/// edit on the photo does not come, because it cannot be read, is older, of another photo, or was
+/// written by another program since it was read or written here: it is copied to a dated name
+/// before it is written over.
 class Sidecar : public QObject
 {
     Q_OBJECT
