@@ -24,6 +24,7 @@ namespace {
 constexpr int WaitMilliseconds = 10'000;
 constexpr int TryMilliseconds = 200;
 constexpr int AbandonedMilliseconds = 2'000;
+constexpr int LockBytes = 64; // about as many as a lock file has
 // A living program on this machine is believed for longer: its disk may be slow.
 constexpr int LivingMilliseconds = 60'000;
 
@@ -56,9 +57,13 @@ std::string ReasonAgainst(const QString& name)
     const int error = errno;
     if (handle < 0)
         return std::strerror(error);
+    // A full disk may still have room for an empty file.
+    constexpr char content[LockBytes] = {};
+    const bool isWritten = ::write(handle, content, sizeof content) == LockBytes;
+    const int writeError = errno;
     ::close(handle);
     ::unlink(file.constData());
-    return "the system gave no reason";
+    return isWritten ? "the system gave no reason" : std::strerror(writeError);
 }
 
 [[noreturn]] void Fail(const QString& path, const std::string& problem)

@@ -12,8 +12,10 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <thread>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace LumetraHost {
@@ -32,6 +34,29 @@ const UserDataForm& Notes()
     };
     return form;
 }
+
+/// While it lives the system takes no byte into any file of this process.
+class NoFileContent
+{
+public:
+    NoFileContent() : m_earlierHandler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        ::getrlimit(RLIMIT_FSIZE, &m_earlier);
+        const rlimit none{0, m_earlier.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &none);
+    }
+    ~NoFileContent()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &m_earlier);
+        std::signal(SIGXFSZ, m_earlierHandler);
+    }
+    NoFileContent(const NoFileContent&) = delete;
+    NoFileContent& operator=(const NoFileContent&) = delete;
+
+private:
+    rlimit m_earlier = {};
+    void (*m_earlierHandler)(int);
+};
 
 class UserDataFileTest : public testing::Test
 {
@@ -302,6 +327,23 @@ TEST_F(UserDataFileTest, tellsTheSystemsReasonAgainstALock)
                   "/proc/notes.json: cannot be locked for writing: making its lock file "
                   "\"/proc/notes.json.lock\" failed: No such file or directory");
     }
+}
+
+/// Files can be made, and nothing written into them, as on a full disk.
+TEST_F(UserDataFileTest, tellsWhyALockFileCannotBeWritten)
+{
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(Path()).path()));
+    const NoFileContent full;
+    std::string message;
+    try {
+        StoreLock lock(Path());
+    } catch (const Zorvik::Exception& error) {
+        message = error.GetDescription();
+    }
+    EXPECT_EQ(message, Path().toStdString() +
+                           ": cannot be locked for writing: making its lock file \"" +
+                           Path().toStdString() + ".lock\" failed: File too large");
+    EXPECT_FALSE(QFileInfo::exists(Path() + QStringLiteral(".lock")));
 }
 
 TEST_F(UserDataFileTest, takesAnOlderBackupWhenTheNewestCannotBeReadAtAll)
