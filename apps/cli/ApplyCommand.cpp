@@ -176,7 +176,9 @@ void ApplyCommand::AddOptions(QCommandLineParser& parser) const
     });
     RecipeOptions::Add(parser);
     parser.addOptions({
-        {OverwriteOption, QStringLiteral("Replaces existing files, but never a photo itself.")},
+        {OverwriteOption,
+         QStringLiteral("Replaces existing files, but never a photo of the batch or "
+                        "one with an edit of its own.")},
         {SkipOption, QStringLiteral("Leaves out photos whose output exists.")},
         {DryRunOption, QStringLiteral("Only says what would be written.")},
         {JsonOption, QStringLiteral("Writes JSON.")},

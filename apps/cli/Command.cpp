@@ -43,6 +43,17 @@ ExitCode Command::Run(const QStringList& arguments, Console& console) const
     }
 }
 
+QStringList Command::Arguments(const QCommandLineParser& parser, int minimum, int maximum)
+{
+    const QStringList arguments = parser.positionalArguments().mid(1);
+    if (arguments.size() < minimum)
+        throw UsageError(QStringLiteral("expected %1 argument(s), found %2")
+                             .arg(QString::number(minimum), QString::number(arguments.size())));
+    if (arguments.size() > maximum)
+        throw UsageError(QStringLiteral("unexpected argument \"%1\"").arg(arguments[maximum]));
+    return arguments;
+}
+
 int ReadNumber(const QCommandLineParser& parser, const QString& option, int minimum, int maximum)
 {
     const QString text = parser.value(option);

@@ -28,6 +28,9 @@ protected:
     virtual void AddOptions(QCommandLineParser& parser) const = 0;
     /// Throws UsageError before anything was changed.
     virtual ExitCode Execute(const QCommandLineParser& parser, Console& console) const = 0;
+
+    /// The command's arguments. UsageError unless there are `minimum` to `maximum` of them.
+    static QStringList Arguments(const QCommandLineParser& parser, int minimum, int maximum);
 };
 
 /// A positive whole number given as `option`. UsageError for anything out of minimum..maximum.

@@ -21,13 +21,6 @@ constexpr int DefaultSize = 33;
 
 const QString SizeOption = QStringLiteral("size");
 
-void RefuseArguments(const QCommandLineParser& parser)
-{
-    const QStringList arguments = parser.positionalArguments().mid(1);
-    if (!arguments.isEmpty())
-        throw UsageError(QStringLiteral("unexpected argument \"%1\"").arg(arguments.first()));
-}
-
 } // namespace
 
 QString ExportLutCommand::GetName() const
@@ -52,7 +45,7 @@ void ExportLutCommand::AddOptions(QCommandLineParser& parser) const
 
 ExitCode ExportLutCommand::Execute(const QCommandLineParser& parser, Console& console) const
 {
-    RefuseArguments(parser);
+    Arguments(parser, 0, 0);
     const QString preset = PresetOptions::ReadPreset(parser);
     const int size =
         ReadNumber(parser, SizeOption, LookExport::SmallestSize, LookExport::LargestSize);

@@ -151,6 +151,7 @@ void ListCommand::AddOptions(QCommandLineParser& parser) const
 
 ExitCode ListCommand::Execute(const QCommandLineParser& parser, Console& console) const
 {
+    Arguments(parser, 0, 0);
     const auto session = CatalogueOptions::Load(parser, console);
     if (!session)
         return ExitCode::SomeFailed;

@@ -2,6 +2,7 @@
 #include "OutputFile.h"
 
 #include "UsageError.h"
+#include "userdata/EditPlaces.h"
 
 #include <QFileInfo>
 
@@ -40,6 +41,11 @@ QString OutputFile::Read(const QCommandLineParser& parser, const QString& suffix
         throw UsageError(
             QStringLiteral("--output: expected a file to write, found a pipe, a socket or a device "
                            "named \"%1\"")
+                .arg(output));
+    if (info.exists() && LumetraHost::EditPlaces::HasEdit(output))
+        throw UsageError(
+            QStringLiteral("--output: \"%1\" is a photo with an edit of its own and is "
+                           "not overwritten")
                 .arg(output));
     if (info.exists() && !parser.isSet(OverwriteOption))
         throw UsageError(

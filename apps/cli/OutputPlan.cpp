@@ -4,6 +4,7 @@
 #include "OutputTemplate.h"
 
 #include "storage/FileIdentity.h"
+#include "userdata/EditPlaces.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -125,6 +126,9 @@ void CheckOutput(PhotoJob& job, const std::set<FileIdentity>& inputs, ExistingOu
             QStringLiteral("%1: expected a file to write, found no plain file").arg(job.output));
     if (existing == ExistingOutput::Skip)
         job.state = PhotoJob::State::Skipped;
+    else if (LumetraHost::EditPlaces::HasEdit(job.output))
+        Fail(job, QStringLiteral("%1: is a photo with an edit of its own and is not overwritten")
+                      .arg(job.output));
     else if (existing == ExistingOutput::Refuse)
         Fail(job, QStringLiteral("%1: exists; --overwrite replaces it, --skip leaves it")
                       .arg(job.output));

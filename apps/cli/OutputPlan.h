@@ -40,9 +40,10 @@ class OutputPlan
 {
 public:
     /// A job per photo, in their order. A photo's output that exists fails or is skipped, unless it
-    /// may be overwritten; no input is ever overwritten. Photos that would be written to one file
-    /// all fail, the others are not touched by that. A photo that is named again, whether by
-    /// another path or through a link, is skipped when it would be written to the same file.
+    /// may be overwritten; no input is ever overwritten, and no photo with an edit of its own.
+    /// Photos that would be written to one file all fail, the others are not touched by that. A
+    /// photo that is named again, whether by another path or through a link, is skipped when it
+    /// would be written to the same file.
     static std::vector<PhotoJob> Make(const QStringList& photos, const OutputTemplate& outputs,
                                       const QString& presetName, ExistingOutput existing);
 };

@@ -45,17 +45,6 @@ ExitCode StoreCommand::Save(LumetraPlugin::PresetSession& session, Console& cons
     }
 }
 
-QStringList StoreCommand::Arguments(const QCommandLineParser& parser, int minimum, int maximum)
-{
-    const QStringList arguments = parser.positionalArguments().mid(1);
-    if (arguments.size() < minimum)
-        throw UsageError(QStringLiteral("expected %1 argument(s), found %2")
-                             .arg(QString::number(minimum), QString::number(arguments.size())));
-    if (arguments.size() > maximum)
-        throw UsageError(QStringLiteral("unexpected argument \"%1\"").arg(arguments[maximum]));
-    return arguments;
-}
-
 PresetRow StoreCommand::FindPreset(const Rows& rows, const QString& nameOrId)
 {
     return PresetRows::Find(rows, nameOrId, QStringLiteral("PRESET"));

@@ -38,8 +38,6 @@ protected:
     virtual QStringList Edit(const QCommandLineParser& parser,
                              LumetraPlugin::PresetSession& session, const Rows& rows) const = 0;
 
-    /// The command's arguments. UsageError unless there are `minimum` to `maximum` of them.
-    static QStringList Arguments(const QCommandLineParser& parser, int minimum, int maximum);
     /// Finds a preset among `rows` by name or id. UsageError.
     static PresetRow FindPreset(const Rows& rows, const QString& nameOrId);
     /// The same among the user's own presets; UsageError for one of a catalogue.

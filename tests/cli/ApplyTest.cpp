@@ -294,6 +294,33 @@ TEST_F(ApplyTest, neverOverwritesAPhotoUnderASecondName)
     EXPECT_EQ(ReadFile("hard.png"), before);
 }
 
+TEST_F(ApplyTest, neverOverwritesAPhotoThatHasAnEditOfItsOwn)
+{
+    WritePhoto("a.png");
+    WritePhoto("edited.png");
+    WriteFile("edited.png.lumetra.json", "{}");
+    ASSERT_TRUE(QFile::link(Path("edited.png"), Path("link.png")));
+    ASSERT_EQ(::link(qPrintable(Path("edited.png")), qPrintable(Path("hard.png"))), 0);
+    const QByteArray before = ReadFile("edited.png");
+
+    for (const char* const output : {"edited.png", "link.png", "hard.png"}) {
+        const QStringList options =
+            Words("a.png -p test.bright -o") + QStringList{QLatin1String(output)};
+        for (const QStringList& more : {Words("--overwrite"), Words("--overwrite --dry-run")}) {
+            const CliResult refused = Apply(options + more);
+            EXPECT_EQ(refused.code, 1) << output;
+            EXPECT_EQ(refused.messages,
+                      "lumetra-presets: " + Path(output).toStdString() +
+                          ": is a photo with an edit of its own and is not overwritten\n");
+        }
+        EXPECT_EQ(Apply(options + Words("--skip")).code, 0) << output;
+    }
+
+    EXPECT_EQ(ReadFile("edited.png"), before);
+    QFile::remove(Path("edited.png.lumetra.json"));
+    EXPECT_EQ(Apply(Words("a.png -p test.bright -o edited.png --overwrite")).code, 0);
+}
+
 TEST_F(ApplyTest, refusesOnlyThePhotosThatShareAnOutput)
 {
     WritePhoto("IMG_1.png");

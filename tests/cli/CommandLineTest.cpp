@@ -63,6 +63,21 @@ TEST_F(CliTest, refusesUnknownOptionsAndMissingValues)
     EXPECT_EQ(RunPlain(Words("apply a.png --preset")).code, 2);
 }
 
+TEST_F(CliTest, everyCommandRefusesWordsThatItDoesNotTake)
+{
+    for (const char* const line :
+         {"list extra", "list --json extra", "list --user extra nonsense",
+          "sheet a.png b.png -o s.png", "export-lut -p test.grey -o g.cube extra",
+          "rename test.bright New extra", "save test.bright New extra"}) {
+        const CliResult result = Run(Words(line));
+        EXPECT_EQ(result.code, 2) << line;
+        EXPECT_THAT(result.output, IsEmpty()) << line;
+        EXPECT_THAT(result.messages, HasSubstr("--help\" tells more")) << line;
+    }
+    EXPECT_THAT(Run(Words("list extra nonsense")).messages,
+                HasSubstr("unexpected argument \"extra\""));
+}
+
 // On a socket of packets the reader gets what each write() wrote.
 TEST_F(CliTest, printsEachLineAtOnce)
 {

@@ -123,6 +123,20 @@ TEST_F(CliTest, refusesASheetOverThePhotoUnderASecondName)
     EXPECT_THAT(result.messages, HasSubstr("--output: \"hard.png\" is the photo itself"));
 }
 
+TEST_F(CliTest, refusesASheetOverAPhotoThatHasAnEditOfItsOwn)
+{
+    WritePhoto("a.png");
+    WritePhoto("edited.png");
+    WriteFile("edited.png.lumetra.json", "{}");
+    const QByteArray before = ReadFile("edited.png");
+
+    const CliResult result = Run(Words("sheet a.png -o edited.png --overwrite"));
+
+    EXPECT_EQ(result.code, 2);
+    EXPECT_THAT(result.messages, HasSubstr("\"edited.png\" is a photo with an edit of its own"));
+    EXPECT_EQ(ReadFile("edited.png"), before);
+}
+
 TEST_F(CliTest, refusesASheetOfAPhotoThatCannotBeRead)
 {
     const CliResult result = Run(Words("sheet missing.png -o s.png"));

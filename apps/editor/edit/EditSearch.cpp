@@ -2,7 +2,7 @@
 #include "edit/EditSearch.h"
 
 #include "edit/KeptEdits.h"
-#include "edit/Sidecar.h"
+#include "userdata/EditPlaces.h"
 
 #include <QFileInfo>
 
@@ -12,6 +12,8 @@
 
 namespace LumetraEditor {
 namespace {
+
+namespace EditPlaces = LumetraHost::EditPlaces;
 
 /// A file of an earlier version does not say it and is taken for an edit of the photo beside it.
 bool IsOf(const EditFile& edit, const PhotoIdentity& photo)
@@ -24,7 +26,7 @@ bool IsOf(const EditFile& edit, const PhotoIdentity& photo)
 EditSearch::EditSearch(const QString& photo, const PhotoIdentity& identity) : m_identity(identity)
 {
     std::vector<Found> own, others;
-    const auto beside = ReadAll({Sidecar::GetPath(photo)});
+    const auto beside = ReadAll({EditPlaces::GetBeside(photo)});
     const auto kept = ReadAll({KeptEdits::GetPath(photo, identity)});
     for (const auto* const edits : {&beside, &kept})
         for (const Found& found : *edits)
@@ -34,7 +36,7 @@ EditSearch::EditSearch(const QString& photo, const PhotoIdentity& identity) : m_
         Choose(ReadAll(KeptEdits::FindByContent(identity)), false);
     if (m_found)
         return;
-    for (Found& found : ReadAll(KeptEdits::FindByPath(photo)))
+    for (Found& found : ReadAll(EditPlaces::FindKeptOf(photo)))
         others.push_back(std::move(found));
     Choose(others, true);
 }

@@ -7,6 +7,7 @@
 #include "storage/CheckedFileWriter.h"
 #include "storage/JsonDocument.h"
 #include "userdata/BackupRotation.h"
+#include "userdata/EditPlaces.h"
 
 #include <QDir>
 #include <QFile>
@@ -16,6 +17,8 @@
 
 namespace LumetraEditor {
 namespace {
+
+namespace EditPlaces = LumetraHost::EditPlaces;
 
 const QString Unreadable = QStringLiteral("unreadable");
 const QString Earlier = QStringLiteral("earlier");
@@ -97,7 +100,7 @@ struct Sidecar::Job
     {
         try {
             file.photoPath = place->photo;
-            LumetraHost::CheckedFileWriter::MakeFolder(KeptEdits::GetFolder());
+            LumetraHost::CheckedFileWriter::MakeFolder(EditPlaces::GetKeptFolder());
             setAside = place->kept.Write(file.ToText());
         } catch (const std::exception& problem) {
             error = besideError + QLatin1Char('\n') + QString::fromUtf8(problem.what());
@@ -110,11 +113,6 @@ Sidecar::Sidecar(QObject* parent) : QObject(parent) {}
 Sidecar::~Sidecar()
 {
     m_thread.WaitForJobs();
-}
-
-QString Sidecar::GetPath(const QString& photo)
-{
-    return photo + QStringLiteral(".lumetra.json");
 }
 
 std::optional<EditState> Sidecar::Open(const QString& photo, const PhotoIdentity& identity)
@@ -133,7 +131,7 @@ std::optional<EditState> Sidecar::Open(const QString& photo, const PhotoIdentity
         return Target{path, isSource ? found->edit.text : QByteArray(),
                       search.GetUnreadable().contains(path) ? Unreadable : Earlier};
     };
-    m_place->beside = target(GetPath(photo));
+    m_place->beside = target(EditPlaces::GetBeside(photo));
     m_place->kept = target(KeptEdits::GetPath(photo, identity));
     m_isOfOtherPhoto = found && found->isOfOtherPhoto;
     if (!found)
@@ -159,8 +157,10 @@ void Sidecar::Write(const EditState& state)
     const int number = ++m_newest;
     const auto job = std::make_shared<Job>();
     job->place = m_place;
-    job->file = {state, m_place->identity, QString(), QDateTime::currentDateTimeUtc(),
-                 m_place->origin, QByteArray()};
+    job->file.state = state;
+    job->file.photo = m_place->identity;
+    job->file.saved = QDateTime::currentDateTimeUtc();
+    job->file.origin = m_place->origin;
     m_thread.Run(
         [this, job, number] {
             if (number != m_newest) // a newer one is already waiting
@@ -207,7 +207,7 @@ void Sidecar::ReportKeptElsewhere(const Job& job)
     m_toldFolders.append(folder);
     emit notice(tr("The edit of “%1” cannot be kept beside the photo. It is kept in %2.")
                     .arg(QFileInfo(job.place->photo).fileName(),
-                         QDir::toNativeSeparators(KeptEdits::GetFolder())) +
+                         QDir::toNativeSeparators(EditPlaces::GetKeptFolder())) +
                 QLatin1Char('\n') + job.besideError);
 }
 

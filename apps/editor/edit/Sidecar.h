@@ -32,8 +32,6 @@ public:
     /// Waits until everything is written.
     ~Sidecar() override;
 
-    static QString GetPath(const QString& photo);
-
     /// From now on the sidecar of this photo: its edit, see EditSearch; nothing when there is none
     /// or, after problem(), when it cannot be read. Waits until the earlier one is written.
     std::optional<EditState> Open(const QString& photo, const PhotoIdentity& identity);

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "export/ExportGuard.h"
 
-#include "edit/KeptEdits.h"
-#include "edit/Sidecar.h"
 #include "storage/FileIdentity.h"
+#include "userdata/EditPlaces.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -33,27 +31,8 @@ bool IsEditFile(const QString& path)
 /// The folder of the user's presets, of their backups and of edits that are kept there.
 bool IsOwnFile(const QString& path)
 {
-    const QString folder = WithoutLinks(QFileInfo(KeptEdits::GetFolder()).path());
+    const QString folder = WithoutLinks(QFileInfo(LumetraHost::EditPlaces::GetKeptFolder()).path());
     return path.startsWith(folder + QLatin1Char('/'));
-}
-
-bool HasEditUnderThisName(const QString& photo)
-{
-    const QFileInfo sidecar(Sidecar::GetPath(photo));
-    return sidecar.exists() || sidecar.isSymLink() || !KeptEdits::FindByPath(photo).isEmpty();
-}
-
-/// Photos in the file's folder that have an edit, where one of them may be the same file.
-bool HasEditUnderAnotherName(const QString& photo)
-{
-    const FileIdentity file = FileIdentity::Of(photo);
-    const QDir folder = QFileInfo(photo).dir();
-    const QStringList sidecars =
-        folder.entryList({Sidecar::GetPath(QStringLiteral("*"))}, QDir::Files);
-    const auto ending = Sidecar::GetPath(QString()).size();
-    return std::any_of(sidecars.begin(), sidecars.end(), [&](const QString& sidecar) {
-        return FileIdentity::Of(folder.filePath(sidecar.chopped(ending))) == file;
-    });
 }
 
 } // namespace
@@ -90,8 +69,7 @@ QString ExportGuard::FindObstacle(const QString& output) const
         return tr("“%1” is the edit of a photo.").arg(name);
     if (IsOwnFile(target))
         return tr("“%1” is in the folder where the program keeps presets and edits.").arg(name);
-    if (HasEditUnderThisName(file.absoluteFilePath()) || HasEditUnderThisName(target) ||
-        HasEditUnderAnotherName(target))
+    if (LumetraHost::EditPlaces::HasEdit(output))
         return tr("“%1” is a photo with an edit of its own. An export does not replace it.")
             .arg(name);
     return {};

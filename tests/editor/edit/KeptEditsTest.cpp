@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "editor/EditorFixture.h"
+#include "editor/Medium.h"
 #include "editor/ScriptedAlerts.h"
 
 #include "edit/EditFile.h"
 #include "edit/KeptEdits.h"
 #include "edit/PhotoIdentity.h"
+#include "userdata/EditPlaces.h"
 
 #include <QAction>
 #include <QDir>
@@ -13,42 +15,13 @@
 
 #include <gmock/gmock.h>
 
-#include <sys/mount.h>
-
 using namespace LumetraTest;
 using LumetraEditor::EditFile;
 using LumetraEditor::PhotoIdentity;
-using LumetraEditor::KeptEdits::GetFolder;
+using LumetraHost::EditPlaces::GetKeptFolder;
 using testing::HasSubstr;
 
 namespace {
-
-/// A file system of its own, where that is allowed.
-class Medium
-{
-public:
-    explicit Medium(const QString& folder) : m_folder(QFile::encodeName(folder))
-    {
-        EXPECT_TRUE(QDir().mkpath(folder));
-        m_isMounted = mount("tmpfs", m_folder.constData(), "tmpfs", 0, "size=1m") == 0;
-    }
-    ~Medium()
-    {
-        if (m_isMounted)
-            umount2(m_folder.constData(), MNT_DETACH);
-    }
-    Medium(const Medium&) = delete;
-    Medium& operator=(const Medium&) = delete;
-
-    bool Protect() const
-    {
-        return mount("tmpfs", m_folder.constData(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr) == 0;
-    }
-
-private:
-    QByteArray m_folder;
-    bool m_isMounted = false;
-};
 
 class KeptEditsTest : public EditorTest
 {
@@ -90,7 +63,7 @@ protected:
         editor->SaveEdit();
     }
 
-    static QStringList KeptFiles() { return QDir(GetFolder()).entryList(QDir::Files); }
+    static QStringList KeptFiles() { return QDir(GetKeptFolder()).entryList(QDir::Files); }
     QString KeptFile() const
     {
         const auto identity = PhotoIdentity::Of(Path("lake.png"));
@@ -108,7 +81,7 @@ protected:
     }
     void WriteKept(int value, const QDateTime& time) const
     {
-        ASSERT_TRUE(QDir().mkpath(GetFolder()));
+        ASSERT_TRUE(QDir().mkpath(GetKeptFolder()));
         QFile file(KeptFile());
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(EditText(value, time));
@@ -132,7 +105,7 @@ TEST_F(KeptEditsTest, keepsTheEditOfAPhotoOnAReadOnlyMedium)
 
     Step(10);
     EXPECT_THAT(messages.join(QString()).toStdString(), HasSubstr("lake.png"));
-    EXPECT_THAT(messages.join(QString()).toStdString(), HasSubstr(GetFolder().toStdString()));
+    EXPECT_THAT(messages.join(QString()).toStdString(), HasSubstr(GetKeptFolder().toStdString()));
     Open(Path("lake.png"));
     EXPECT_EQ(Slider()->value(), 0) << "it is another photo";
     StartAgain("card/lake.png");
@@ -167,7 +140,7 @@ TEST_F(KeptEditsTest, saysItOnceForAFolder)
 
     int said = 0;
     for (const QString& message : messages)
-        said += message.contains(GetFolder()) ? 1 : 0;
+        said += message.contains(GetKeptFolder()) ? 1 : 0;
     EXPECT_EQ(said, 1);
     EXPECT_EQ(KeptFiles().size(), 2);
 }
@@ -179,7 +152,7 @@ TEST_F(KeptEditsTest, goesOnSayingItWhenAnotherPhotoIsOpened)
 
     Open(WritePhoto("other.png", 30, 20));
 
-    EXPECT_THAT(GetMessage().toStdString(), HasSubstr(GetFolder().toStdString()));
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr(GetKeptFolder().toStdString()));
 }
 
 TEST_F(KeptEditsTest, findsTheEditWhenThePhotoIsAtAnotherPlace)

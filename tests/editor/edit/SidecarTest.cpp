@@ -5,6 +5,7 @@
 #include "edit/EditFile.h"
 #include "edit/KeptEdits.h"
 #include "edit/Sidecar.h"
+#include "userdata/EditPlaces.h"
 
 #include <QDir>
 #include <QFile>
@@ -134,7 +135,7 @@ TEST_F(SidecarTest, theKeptEditOfAnotherEditorStays)
     Open(second);
     Write(first, "Soft Light");
     Write(second, "Candlelight");
-    const QString folder = LumetraEditor::KeptEdits::GetFolder();
+    const QString folder = LumetraHost::EditPlaces::GetKeptFolder();
     EXPECT_EQ(GetCopies(folder).size(), 1);
     ASSERT_TRUE(QDir().rmdir(Path("lake.png.lumetra.json")));
 

@@ -5,6 +5,7 @@
 #include "edit/KeptEdits.h"
 #include "edit/PhotoIdentity.h"
 #include "export/ExportGuard.h"
+#include "userdata/EditPlaces.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -142,7 +143,7 @@ TEST_F(ExportGuardTest, refusesAPhotoWhoseEditIsKeptInTheUsersFolder)
 {
     WriteFile("edited.png", "a photo");
     const auto identity = LumetraEditor::PhotoIdentity::Of(Path("edited.png"));
-    ASSERT_TRUE(QDir().mkpath(LumetraEditor::KeptEdits::GetFolder()));
+    ASSERT_TRUE(QDir().mkpath(LumetraHost::EditPlaces::GetKeptFolder()));
     QFile kept(LumetraEditor::KeptEdits::GetPath(Path("edited.png"), identity));
     ASSERT_TRUE(kept.open(QIODevice::WriteOnly));
 
