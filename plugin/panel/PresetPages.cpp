@@ -138,8 +138,14 @@ void PresetPages::TogglePage(int page)
     if (page < 0 || page >= m_box->count() || !m_headers[page]->isVisibleTo(this))
         return;
     m_box->setCurrentIndex(page);
-    if (IsOpen(page))
-        FocusOn(*m_grids[page], false);
+    if (!IsOpen(page))
+        return;
+    FocusOn(*m_grids[page], false);
+    if (m_grids[page]->GetPresets().rowCount() == 0)
+        QTimer::singleShot(0, this, [this, page] {
+            ensureWidgetVisible(m_emptyHints[page]);
+            ensureWidgetVisible(m_headers[page], 0, 0);
+        });
 }
 
 /// A page without anything to show is out of sight while a filter is on. The box knows no hidden
@@ -221,7 +227,7 @@ void PresetPages::ShowTexts()
 QString PresetPages::MakeHint() const
 {
     if (!m_filter.GetText().isEmpty())
-        return tr("No look is called \"%1\".").arg(m_filter.GetText());
+        return tr("No look is called “%1”.").arg(m_filter.GetText());
     switch (m_filter.GetKind()) {
     case PresetFilter::Kind::Favourites:
         return tr("Looks that you mark with a star appear here.");
@@ -258,7 +264,10 @@ void PresetPages::ScrollTo(const QModelIndex& preset)
 {
     const int page = preset.parent().row();
     PresetGrid& grid = *m_grids[page];
-    const QRect cell = grid.visualRect(grid.GetPresets().FromPreset(preset));
+    const QModelIndex shown = grid.GetPresets().FromPreset(preset);
+    if (!shown.isValid()) // the filter has left it out
+        return;
+    const QRect cell = grid.visualRect(shown);
     QRect wanted(grid.mapTo(widget(), cell.topLeft()), cell.size());
     if (cell.top() < grid.gridSize().height())
         wanted.setTop(m_headers[page]->mapTo(widget(), QPoint()).y());

@@ -360,6 +360,17 @@ TEST_F(PresetPagesTest, aGroupThatAKeyOpensIsInSightFromItsHeaderOn)
     EXPECT_TRUE(IsLookInSight("Warm"));
 }
 
+TEST_F(PresetPagesTest, anEmptyGroupThatAKeyOpensIsInSight)
+{
+    panel->GetWidget()->resize(320, 420);
+    QApplication::processEvents();
+    ASSERT_FALSE(IsHeaderInSight(UserPage));
+
+    PressPageKey(UserPage);
+
+    EXPECT_TRUE(IsHeaderInSight(UserPage));
+}
+
 TEST_F(PresetPagesTest, theArrowKeysKeepTheirLookInSight)
 {
     MakeLongPage();
@@ -368,8 +379,8 @@ TEST_F(PresetPagesTest, theArrowKeysKeepTheirLookInSight)
     for (int i = 0; i < 11; ++i) {
         Press(Grid(UserPage), Qt::Key_Down);
         QApplication::processEvents();
-        EXPECT_TRUE(IsLookInSight(
-            qPrintable(Grid(UserPage).GetCurrentPreset().data(PresetModel::PresetNameRole).toString())))
+        EXPECT_TRUE(IsLookInSight(qPrintable(
+            Grid(UserPage).GetCurrentPreset().data(PresetModel::PresetNameRole).toString())))
             << i;
     }
 
