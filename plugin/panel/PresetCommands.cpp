@@ -102,8 +102,8 @@ bool PresetCommands::Fetch(const QModelIndex& preset)
         const std::string problem =
             GetModel().GetPreset(preset)->FindProblem(LumetraHost::ContentCheck::Content);
         if (!problem.empty())
-            Tell(tr("\"%1\" cannot be used: %2")
-                     .arg(NameOf(preset), QString::fromStdString(problem)));
+            Tell(
+                tr("\"%1\" cannot be used: %2").arg(NameOf(preset), QString::fromStdString(problem)));
         return problem.empty();
     }
     const QString path = PresetResource::Find(GetModel(), preset, m_resourceFolders);
@@ -296,19 +296,41 @@ void PresetCommands::RememberEdit()
     SendPresetChanged();
 }
 
-/// What cannot be saved now is tried again with the next change.
+/// What cannot be saved now is tried again with the next change, and before the end.
 void PresetCommands::Save()
 {
-    if (!m_presets.GetStore()) {
-        Tell(tr("Your presets cannot be saved: their file could not be read."));
-        return;
-    }
+    const QString problem = TryToSave();
+    if (!problem.isEmpty())
+        Tell(problem);
+}
+
+/// Returns why the presets are not saved; empty when they are.
+QString PresetCommands::TryToSave()
+{
+    m_hasUnsaved = true;
+    if (!m_presets.GetStore())
+        return tr("Your presets cannot be saved: their file could not be read.");
     try {
         for (const std::string& report : m_presets.GetStore()->Save(GetModel()))
             Tell(QString::fromStdString(report));
     } catch (const Zorvik::Exception& error) {
-        Tell(tr("Your presets could not be saved: %1").arg(QString::fromUtf8(error.what())));
+        return tr("Your presets could not be saved: %1").arg(QString::fromUtf8(error.what()));
     }
+    m_hasUnsaved = false;
+    return {};
+}
+
+bool PresetCommands::SaveOrAsk()
+{
+    while (m_hasUnsaved) {
+        const QString problem = TryToSave();
+        if (problem.isEmpty())
+            break;
+        const auto answer = m_dialogs.AskAboutUnsaved(problem, m_presets.GetStore() != nullptr);
+        if (answer != PresetDialogs::Unsaved::SaveAgain)
+            return answer == PresetDialogs::Unsaved::Lose;
+    }
+    return true;
 }
 
 void PresetCommands::SetFavourite(const QModelIndex& preset, bool isFavourite)
@@ -423,8 +445,7 @@ void PresetCommands::Import(const QStringList& paths)
     Save();
     emit presetsChanged();
     emit presetAdded(last);
-    Tell(count == 1 ? tr("Imported \"%1\".").arg(NameOf(last))
-                    : tr("Imported %1 looks.").arg(count));
+    Tell(count == 1 ? tr("Imported \"%1\".").arg(NameOf(last)) : tr("Imported %1 looks.").arg(count));
 }
 
 /// Only what changes colours alone fits into a table.

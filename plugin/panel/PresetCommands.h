@@ -77,6 +77,10 @@ public:
     /// Writes the look at its current values as a .cube file that the user names.
     void Export(const QModelIndex& preset);
 
+    /// Saves what could not be saved so far, and asks where that fails again. False when the user
+    /// wants to see to it.
+    bool SaveOrAsk();
+
     // For the commands that undo.
     void TakeAway(const PresetModel::PresetPtr& preset);
     void PutBack(const PresetModel::PresetPtr& preset, int row);
@@ -102,6 +106,7 @@ private:
     void TakeOff();
     void ExportLook(const QModelIndex& preset);
     void Save();
+    QString TryToSave();
     void Tell(const QString& text);
     void SendPresetChanged();
     bool Fetch(const QModelIndex& preset);
@@ -114,6 +119,7 @@ private:
     PresetDialogs m_dialogs;
     QStringList m_resourceFolders;
     QJsonObject m_lastStep;
+    bool m_hasUnsaved = false;
 };
 
 } // namespace LumetraPlugin

@@ -70,6 +70,29 @@ bool PresetDialogs::AskRemoval(const QString& name) const
     return box.Exec() == QMessageBox::Yes;
 }
 
+PresetDialogs::Unsaved PresetDialogs::AskAboutUnsaved(const QString& problem,
+                                                      bool canTryAgain) const
+{
+    const QString choice = canTryAgain ? tr("Retry saves them again,\nDiscard quits without them.")
+                                       : tr("Discard quits without them.");
+    const QMessageBox::StandardButtons again =
+        canTryAgain ? QMessageBox::Retry : QMessageBox::NoButton;
+    AlertBox box(AlertBox::Level::Warning, QStringLiteral("Lumetra"),
+                 tr("The last changes to your own presets and favourites are not saved.") +
+                     QStringLiteral("\n\n") + problem + QStringLiteral("\n\n") + choice,
+                 again | QMessageBox::Discard | QMessageBox::Cancel, &m_window, Qt::WindowFlags());
+    const auto proposed = canTryAgain ? QMessageBox::Retry : QMessageBox::Cancel;
+    Zorvik::Lumetra::StyleAlertBox(box, {proposed}, proposed);
+    switch (box.Exec()) {
+    case QMessageBox::Retry:
+        return Unsaved::SaveAgain;
+    case QMessageBox::Discard:
+        return Unsaved::Lose;
+    default:
+        return Unsaved::Stay;
+    }
+}
+
 QStringList PresetDialogs::AskImports() const
 {
     QFileDialog dialog(&m_window, tr("Import looks"));

@@ -23,6 +23,15 @@ public:
     /// Another name for the preset called `old`.
     QString AskOtherName(const QString& old, const QStringList& taken) const;
     bool AskRemoval(const QString& name) const;
+    enum class Unsaved
+    {
+        SaveAgain,
+        Lose,
+        Stay
+    };
+    /// Before the program ends without the user's presets. `problem` is a sentence that says why
+    /// they are not saved; `canTryAgain` whether that may change.
+    Unsaved AskAboutUnsaved(const QString& problem, bool canTryAgain) const;
     /// Files with looks.
     QStringList AskImports() const;
     /// The .cube file that the preset called `name` is to be written to.

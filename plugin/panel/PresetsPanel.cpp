@@ -143,6 +143,11 @@ bool PresetsPanel::HasUnsavedChanges() const
     return m_presets->GetModel().HasUnsavedChanges() || !m_edit->GetStrayName().isEmpty();
 }
 
+bool PresetsPanel::MayEnd()
+{
+    return m_commands->SaveOrAsk();
+}
+
 void PresetsPanel::OnActivatePreset(const QString& id)
 {
     m_commands->ApplyId(id);

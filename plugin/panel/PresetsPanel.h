@@ -47,6 +47,7 @@ public:
     QJsonObject SaveEdit() const override;
     void RestoreEdit(const QJsonObject& edit) override;
     bool HasUnsavedChanges() const override;
+    bool MayEnd() override;
 
     PresetCollection& GetPresets() { return *m_presets; }
 

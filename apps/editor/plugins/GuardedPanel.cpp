@@ -81,6 +81,13 @@ bool GuardedPanel::HasUnsavedChanges()
     return m_isUsable && hasChanges;
 }
 
+bool GuardedPanel::MayEnd()
+{
+    bool mayEnd = true;
+    GuardPanel([&](IEditorPanel& panel) { mayEnd = panel.MayEnd(); });
+    return !m_isUsable || mayEnd;
+}
+
 // The end of a panel
 
 bool GuardedPanel::Owns(const QObject* object) const

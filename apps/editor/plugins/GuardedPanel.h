@@ -46,6 +46,8 @@ public:
     std::optional<QJsonObject> SaveEdit();
     void RestoreEdit(const QJsonObject& edit);
     bool HasUnsavedChanges();
+    /// True when the panel is out of use, or is now.
+    bool MayEnd();
 
     /// Runs a call into the module, unless it is out of use.
     template <class Call>

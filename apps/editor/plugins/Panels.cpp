@@ -51,6 +51,12 @@ bool Panels::HasUnsavedChanges() const
                        [](const auto& panel) { return panel->HasUnsavedChanges(); });
 }
 
+bool Panels::MayEnd() const
+{
+    return std::all_of(m_panels.begin(), m_panels.end(),
+                       [](const auto& panel) { return panel->MayEnd(); });
+}
+
 GuardedPanel* Panels::FindOwner(const QObject* object) const
 {
     const auto found = std::find_if(m_panels.begin(), m_panels.end(),

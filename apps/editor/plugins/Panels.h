@@ -26,6 +26,8 @@ public:
     /// Leaves out the parts of the panels in use.
     void Forget(EditState& state) const;
     bool HasUnsavedChanges() const;
+    /// Asks the panels in turn, up to the first that wants to go on.
+    bool MayEnd() const;
     /// The panel that the object belongs to, in use or not; null when there is none.
     GuardedPanel* FindOwner(const QObject* object) const;
 

@@ -82,6 +82,8 @@ public:
     void RemovePanels();
     /// Some panel shows what has not been applied for good.
     bool HasUnsavedChanges() const;
+    /// False when a panel has to keep something else and the user wants to see to it.
+    bool MayEndPanels() const { return m_panels.MayEnd(); }
     /// Takes off what the panels show and have not applied for good.
     void DiscardUnsavedChanges();
     /// Returns when the edit as it is at this moment is on the disk.

@@ -465,6 +465,8 @@ bool EditorWindow::MayClose()
 {
     if (GetExporter().IsRunning() && !AskToStopExport(this))
         return false;
+    if (!m_editor.MayEndPanels())
+        return false;
     if (m_editor.HasPhoto() && m_editor.HasUnsavedChanges() && !AskToLeaveEdit(m_editor, this))
         return false;
     return m_editor.MayLeavePhoto();

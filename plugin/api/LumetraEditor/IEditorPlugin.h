@@ -52,6 +52,10 @@ public:
     /// True when the user has changed something and neither committed nor saved it. The editor asks
     /// the user about such changes when its window is closed.
     virtual bool HasUnsavedChanges() const = 0;
+    /// Tells that the user ends the program. False keeps it running. Ask the user here when
+    /// something would be lost that is no part of the edit and could not be saved; else return true
+    /// at once.
+    virtual bool MayEnd() { return true; }
 };
 
 /// The root object of a module implements this interface. The editor loads every module in its
@@ -73,5 +77,5 @@ public:
 
 } // namespace LumetraEditor
 
-#define LUMETRA_EDITOR_PLUGIN_IID "org.lumetra.Editor.Plugin/1.0"
+#define LUMETRA_EDITOR_PLUGIN_IID "org.lumetra.Editor.Plugin/1.1"
 Q_DECLARE_INTERFACE(LumetraEditor::IEditorPlugin, LUMETRA_EDITOR_PLUGIN_IID)

@@ -298,6 +298,20 @@
         <translation>Das Preset „%1“ löschen?</translation>
     </message>
     <message>
+        <source>Retry saves them again,
+Discard quits without them.</source>
+        <translation>Wiederholen speichert sie noch einmal,
+Verwerfen beendet das Programm ohne sie.</translation>
+    </message>
+    <message>
+        <source>Discard quits without them.</source>
+        <translation>Verwerfen beendet das Programm ohne sie.</translation>
+    </message>
+    <message>
+        <source>The last changes to your own presets and favourites are not saved.</source>
+        <translation>Die letzten Änderungen an Ihren eigenen Presets und Favoriten sind nicht gespeichert.</translation>
+    </message>
+    <message>
         <source>Import looks</source>
         <translation>Looks importieren</translation>
     </message>

@@ -112,6 +112,7 @@ protected:
             {QStringLiteral("SaveEdit"), [this] { Slider()->setValue(10); }},
             {QStringLiteral("RestoreEdit"), [this] { OpenLake(); }},
             {QStringLiteral("HasUnsavedChanges"), [this] { editor->HasUnsavedChanges(); }},
+            {QStringLiteral("MayEnd"), [this] { editor->MayEndPanels(); }},
             {QStringLiteral("event"), [this] { QTest::mouseClick(Button(), Qt::LeftButton); }},
             {QStringLiteral("paint"), [this] { Button()->repaint(); }},
             {QStringLiteral("redo"), [this] { Button()->click(); }},
@@ -170,9 +171,9 @@ INSTANTIATE_TEST_SUITE_P(AtEveryOperation, FailingModuleTest,
                          testing::Values("GetTitle", "GetTitle 42", "PhotoChanged",
                                          "PhotoChanged 42", "PreviewReady", "PreviewReady 42",
                                          "SaveEdit", "SaveEdit 42", "RestoreEdit", "RestoreEdit 42",
-                                         "HasUnsavedChanges", "HasUnsavedChanges 42", "event",
-                                         "event 42", "paint", "paint 42", "redo", "redo 42", "undo",
-                                         "undo 42"));
+                                         "HasUnsavedChanges", "HasUnsavedChanges 42", "MayEnd",
+                                         "MayEnd 42", "event", "event 42", "paint", "paint 42",
+                                         "redo", "redo 42", "undo", "undo 42"));
 
 TEST_P(FailingFromTheBeginningTest, isReportedAndTheOthersWork)
 {

@@ -54,7 +54,7 @@ TEST_F(PluginLoaderTest, refusesAnotherInterfaceVersion)
 
     EXPECT_THAT(report, HasSubstr("liboutdated-module.so"));
     EXPECT_THAT(report, HasSubstr("version 0.9"));
-    EXPECT_THAT(report, HasSubstr("expected version 1.0"));
+    EXPECT_THAT(report, HasSubstr("expected version 1.1"));
 }
 
 TEST_F(PluginLoaderTest, refusesModulesOfOtherPrograms)

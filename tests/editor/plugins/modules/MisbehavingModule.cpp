@@ -115,6 +115,12 @@ bool MisbehavingPanel::HasUnsavedChanges() const
     return false;
 }
 
+bool MisbehavingPanel::MayEnd()
+{
+    Enter("MayEnd");
+    return true;
+}
+
 void MisbehavingPanel::Act()
 {
     if (Mode() == QLatin1String("dialog")) {

@@ -43,6 +43,7 @@ public:
     QJsonObject SaveEdit() const override;
     void RestoreEdit(const QJsonObject& edit) override;
     bool HasUnsavedChanges() const override;
+    bool MayEnd() override;
 
 private:
     void Act();
