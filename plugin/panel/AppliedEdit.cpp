@@ -161,9 +161,9 @@ QStringList AppliedEdit::Restore(const QJsonObject& edit)
     m_stray = Stray{name, edit};
     reports.append(
         preset.isValid()
-            ? tr("The look \"%1\" cannot be changed: %2. The photo keeps it as it was.")
+            ? tr("The look “%1” cannot be changed: %2. The photo keeps it as it was.")
                   .arg(name, QString::fromStdString(problem))
-            : tr("The look \"%1\" is no longer among the presets. The photo keeps it as it was.")
+            : tr("The look “%1” is no longer among the presets. The photo keeps it as it was.")
                   .arg(name));
     return reports;
 }

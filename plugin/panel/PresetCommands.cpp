@@ -103,12 +103,12 @@ bool PresetCommands::Fetch(const QModelIndex& preset)
             GetModel().GetPreset(preset)->FindProblem(LumetraHost::ContentCheck::Content);
         if (!problem.empty())
             Tell(
-                tr("\"%1\" cannot be used: %2").arg(NameOf(preset), QString::fromStdString(problem)));
+                tr("“%1” cannot be used: %2").arg(NameOf(preset), QString::fromStdString(problem)));
         return problem.empty();
     }
     const QString path = PresetResource::Find(GetModel(), preset, m_resourceFolders);
     if (path.isEmpty()) {
-        Tell(tr("\"%1\" needs the file \"%2\", expected in the folder \"%3\".")
+        Tell(tr("“%1” needs the file “%2”, expected in the folder “%3”.")
                  .arg(NameOf(preset), PresetResource::GetPlace(GetModel(), preset),
                       m_resourceFolders.value(0)));
         return false;
@@ -150,7 +150,7 @@ void PresetCommands::ApplyId(const QString& id)
     if (preset.isValid())
         Apply(preset);
     else
-        Tell(tr("There is no preset with the id \"%1\".").arg(id));
+        Tell(tr("There is no preset with the id “%1”.").arg(id));
 }
 
 void PresetCommands::SetIntensity(int value)
@@ -170,7 +170,7 @@ void PresetCommands::FinishIntensity()
     Try([this] {
         const QModelIndex preset = GetApplied();
         emit lookChanged(preset);
-        FinishStep(tr("Intensity of \"%1\"").arg(NameOf(preset)));
+        FinishStep(tr("Intensity of “%1”").arg(NameOf(preset)));
     });
 }
 
@@ -205,7 +205,7 @@ void PresetCommands::ResetSlider(int position)
         SetSlider(position, defaults[position].Value());
         emit lookChanged(preset);
         emit valuesChanged();
-        FinishStep(tr("Reset \"%1\"").arg(EffectTexts::Translate(defaults[position].Title())));
+        FinishStep(tr("Reset “%1”").arg(EffectTexts::Translate(defaults[position].Title())));
     });
 }
 
@@ -236,7 +236,7 @@ void PresetCommands::Reset()
                            PresetModel::TuneRole);
         emit lookChanged(preset);
         emit valuesChanged();
-        FinishStep(tr("Reset \"%1\"").arg(NameOf(preset)));
+        FinishStep(tr("Reset “%1”").arg(NameOf(preset)));
     });
 }
 
@@ -254,7 +254,7 @@ void PresetCommands::Commit()
         emit appliedChanged();
         SendPresetChanged();
         m_lastStep = m_edit.Save();
-        m_editor.NoteEdit(tr("Apply \"%1\"").arg(name));
+        m_editor.NoteEdit(tr("Apply “%1”").arg(name));
     });
 }
 
@@ -286,7 +286,7 @@ void PresetCommands::FinishStep(const QString& text)
 
 void PresetCommands::FinishApplyStep()
 {
-    FinishStep(tr("Look \"%1\"").arg(NameOf(GetApplied())));
+    FinishStep(tr("Look “%1”").arg(NameOf(GetApplied())));
 }
 
 void PresetCommands::RememberEdit()
@@ -392,7 +392,7 @@ void PresetCommands::Remove(const QModelIndex& preset)
     if (!m_dialogs.AskRemoval(name))
         return;
     const int row = GetModel().FindPreset(*removed).row();
-    m_editor.PushUndo(new RemoveCommand(*this, removed, row, tr("Delete \"%1\"").arg(name)));
+    m_editor.PushUndo(new RemoveCommand(*this, removed, row, tr("Delete “%1”").arg(name)));
 }
 
 /// A look that is on the photo goes with its preset: nothing would be left to change it by.
@@ -445,7 +445,7 @@ void PresetCommands::Import(const QStringList& paths)
     Save();
     emit presetsChanged();
     emit presetAdded(last);
-    Tell(count == 1 ? tr("Imported \"%1\".").arg(NameOf(last)) : tr("Imported %1 looks.").arg(count));
+    Tell(count == 1 ? tr("Imported “%1”.").arg(NameOf(last)) : tr("Imported %1 looks.").arg(count));
 }
 
 /// Only what changes colours alone fits into a table.
@@ -465,7 +465,7 @@ void PresetCommands::ExportLook(const QModelIndex& preset)
     for (const std::string& effectID : LookExport::FindUnfitEffects(settings))
         unfit.append(EffectTexts::GetEffectName(effectID));
     if (!unfit.isEmpty())
-        return Tell(tr("\"%1\" cannot become a .cube file, for it changes more than colours: %2")
+        return Tell(tr("“%1” cannot become a .cube file, for it changes more than colours: %2")
                         .arg(name, unfit.join(QStringLiteral(", "))));
     const QString path = m_dialogs.AskExport(name);
     if (path.isEmpty())
@@ -473,7 +473,7 @@ void PresetCommands::ExportLook(const QModelIndex& preset)
     try {
         const auto table = LookExport::MakeTable(settings, CubeSize);
         LumetraHost::CheckedFileWriter::Write(path, LookExport::ToCubeFile(table, name));
-        Tell(tr("Wrote \"%1\".").arg(path));
+        Tell(tr("Wrote “%1”.").arg(path));
     } catch (const Zorvik::Exception& error) {
         Tell(QString::fromUtf8(error.what()));
     }

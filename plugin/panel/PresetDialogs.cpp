@@ -63,7 +63,7 @@ QString PresetDialogs::AskOtherName(const QString& old, const QStringList& taken
 bool PresetDialogs::AskRemoval(const QString& name) const
 {
     // The editor's alerts name their Yes after the title where Cancel stands beside it.
-    AlertBox box(AlertBox::Level::Warning, tr("Delete"), tr("Delete the preset \"%1\"?").arg(name),
+    AlertBox box(AlertBox::Level::Warning, tr("Delete"), tr("Delete the preset “%1”?").arg(name),
                  QMessageBox::Yes | QMessageBox::Cancel, &m_window,
                  Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);
     Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Cancel}, QMessageBox::Cancel);
@@ -106,7 +106,7 @@ QStringList PresetDialogs::AskImports() const
 
 QString PresetDialogs::AskExport(const QString& name) const
 {
-    QFileDialog dialog(&m_window, tr("Export \"%1\" as .cube").arg(name));
+    QFileDialog dialog(&m_window, tr("Export “%1” as .cube").arg(name));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("cube"));
     dialog.setNameFilter(QStringLiteral("*.cube"));

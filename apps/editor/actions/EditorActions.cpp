@@ -65,6 +65,8 @@ void EditorActions::ShowSteps()
     redo->setEnabled(m_undoStack.canRedo());
     SetText(undo, tr("&Undo %1").arg(m_undoStack.undoText()).trimmed());
     SetText(redo, tr("&Redo %1").arg(m_undoStack.redoText()).trimmed());
+    undo->setIconText(tr("Undo"));
+    redo->setIconText(tr("Redo"));
 }
 
 QAction* EditorActions::Add(const char* name, const QList<QKeySequence>& keys)
@@ -106,7 +108,7 @@ void EditorActions::SetText(QAction* action, const QString& text)
 {
     action->setText(text);
     QString plain = text;
-    plain.remove(QLatin1Char('&')).remove(QStringLiteral("…"));
+    plain = plain.remove(QLatin1Char('&')).remove(QStringLiteral("…")).trimmed();
     const QString key = action->shortcut().toString(QKeySequence::NativeText);
     action->setToolTip(key.isEmpty() ? plain : QStringLiteral("%1 (%2)").arg(plain, key));
 }

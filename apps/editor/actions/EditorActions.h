@@ -17,7 +17,8 @@ class QWidget;
 namespace LumetraEditor {
 
 /// The commands of the editor's window with their texts, keys and icons, and the menus that they
-/// stand in. What they do is connected by the window.
+/// stand in. What they do is connected by the window. `iconText()` is the command's name without
+/// what it would be done to at this moment.
 class EditorActions : public QObject
 {
     Q_OBJECT

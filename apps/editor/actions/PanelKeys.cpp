@@ -84,7 +84,7 @@ QString PanelKeys::DropTakenKeys(QWidget& panel, const QString& title)
         action->setShortcuts(keys);
     }
     return dropped.isEmpty() ? QString()
-                             : tr("Keys of the panel \"%1\" are taken already: %2")
+                             : tr("Keys of the panel “%1” are taken already: %2")
                                    .arg(title, dropped.join(QStringLiteral(", ")));
 }
 

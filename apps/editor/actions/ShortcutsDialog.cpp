@@ -71,7 +71,7 @@ void ShortcutsDialog::AddCommands(const EditorActions& actions)
 {
     AddSection(tr("Window"));
     for (const QAction* const action : actions.GetKeyed())
-        AddRow(action->text(), action->shortcuts());
+        AddRow(action->iconText(), action->shortcuts());
     AddRow(tr("See the original"), tr("\\ held"));
     AddRow(tr("Zoom in, out, fit, actual size"), QStringLiteral("+, -, 0, 1"));
     AddRow(tr("Move the line of the split view"), tr("Alt+Left, Alt+Right"));

@@ -53,7 +53,7 @@ void MonitorColours::Follow()
     if (file.open(QIODevice::ReadOnly))
         return Show(file.readAll(), m_choice);
     m_editor.ShowNotice(
-        tr("The monitor's profile \"%1\" cannot be read: %2").arg(m_choice, file.errorString()));
+        tr("The monitor's profile “%1” cannot be read: %2").arg(m_choice, file.errorString()));
     Show({}, {});
 }
 

@@ -157,6 +157,7 @@ void ExportDialog::Connect()
             &ExportDialog::SizeChanged);
     connect(m_path, &QLineEdit::textChanged, this,
             [this](const QString& text) { m_export->setEnabled(!text.trimmed().isEmpty()); });
+    connect(m_path, &QLineEdit::editingFinished, this, [this] { m_path->setText(GetPath()); });
     connect(m_browse, &QPushButton::clicked, this, &ExportDialog::Browse);
 }
 
@@ -196,7 +197,7 @@ PhotoFormat ExportDialog::GetFormat() const
 ExportOptions ExportDialog::GetOptions() const
 {
     ExportOptions options;
-    options.path = m_path->text().trimmed();
+    options.path = GetPath();
     options.mayReplace = m_mayReplace;
     ExportRecipe& recipe = options.recipe;
     recipe.format = GetFormat();
@@ -207,6 +208,13 @@ ExportOptions ExportDialog::GetOptions() const
     recipe.keepsMetadata = m_metadata->isChecked();
     recipe.embedsProfile = m_profile->isChecked();
     return options;
+}
+
+/// A name without a folder is meant beside the photo.
+QString ExportDialog::GetPath() const
+{
+    const QString text = m_path->text().trimmed();
+    return text.isEmpty() ? text : QFileInfo(m_photo).absoluteDir().absoluteFilePath(text);
 }
 
 void ExportDialog::FormatChanged()
@@ -232,21 +240,36 @@ void ExportDialog::SizeChanged()
 void ExportDialog::Browse()
 {
     const QString path =
-        QFileDialog::getSaveFileName(this, tr("Export Photo"), m_path->text(),
+        QFileDialog::getSaveFileName(this, tr("Export Photo"), GetPath(),
                                      tr("Photos (*.jpg *.png *.tif);;All files (*)"), nullptr,
                                      QFileDialog::DontConfirmOverwrite); // accept() asks
     if (!path.isEmpty())
         m_path->setText(path);
 }
 
+/// A sentence; empty where a file can be written at this place, as far as can be seen. Behind a
+/// link it is the folder of the file itself that counts.
+QString ExportDialog::FindFolderProblem(const QString& path)
+{
+    const QString target = QFileInfo(path).canonicalFilePath();
+    const QFileInfo folder(QFileInfo(target.isEmpty() ? path : target).absolutePath());
+    const QString name = QDir::toNativeSeparators(folder.filePath());
+    if (!folder.isDir())
+        return tr("The folder “%1” is not there.").arg(name);
+    return folder.isWritable() ? QString()
+                               : tr("Nothing can be written into the folder “%1”.").arg(name);
+}
+
 bool ExportDialog::IsRefused(const QString& path)
 {
     const QString obstacle = m_guard.FindObstacle(path);
-    if (obstacle.isEmpty())
+    const QString problem = obstacle.isEmpty() ? FindFolderProblem(path) : obstacle;
+    if (problem.isEmpty())
         return false;
-    AlertBox box(AlertBox::Level::Warning, tr("Export Photo"),
-                 obstacle + QLatin1Char('\n') + tr("Choose another name."), QMessageBox::Ok, this,
-                 Qt::WindowFlags());
+    const QString advice =
+        obstacle.isEmpty() ? tr("Choose another folder.") : tr("Choose another name.");
+    AlertBox box(AlertBox::Level::Warning, tr("Export Photo"), problem + QLatin1Char('\n') + advice,
+                 QMessageBox::Ok, this, Qt::WindowFlags());
     Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Ok}, QMessageBox::Ok);
     box.Exec();
     m_path->setFocus();
@@ -268,12 +291,11 @@ bool ExportDialog::MayReplace(const QString& path)
 
 void ExportDialog::accept()
 {
-    const QString path = m_path->text().trimmed();
+    QString output = GetPath();
     // A name without an ending, or with one of another format, gets the right one.
-    if (LumetraHost::GetPhotoFormatOfName(path) != GetFormat()) {
-        m_path->setText(path + QLatin1Char('.') + GetSuffix(GetFormat()));
-    }
-    const QString output = m_path->text().trimmed();
+    if (LumetraHost::GetPhotoFormatOfName(output) != GetFormat())
+        output += QLatin1Char('.') + GetSuffix(GetFormat());
+    m_path->setText(output);
     if (IsRefused(output) || !MayReplace(output))
         return;
     Remember();

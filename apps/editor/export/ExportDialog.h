@@ -32,7 +32,8 @@ public:
     ExportOptions GetOptions() const;
 
 public slots:
-    /// Refuses what the guard protects, and asks before another file is written over.
+    /// Refuses what the guard protects and folders that cannot be written, and asks before another
+    /// file is written over.
     void accept() override;
 
 private:
@@ -44,6 +45,8 @@ private:
     void FormatChanged();
     void SizeChanged();
     void Browse();
+    QString GetPath() const;
+    static QString FindFolderProblem(const QString& path);
     bool IsRefused(const QString& path);
     bool MayReplace(const QString& path);
 

@@ -98,8 +98,8 @@ bool GuardedPanel::Owns(const QObject* object) const
 QString GuardedPanel::MakeMessage(const QString& reason) const
 {
     if (!m_isMade)
-        return tr("The panel \"%1\" cannot be used: %2").arg(GetTitle(), reason);
-    return tr("The panel \"%1\" has failed and is out of use until the next start: %2\n"
+        return tr("The panel “%1” cannot be used: %2").arg(GetTitle(), reason);
+    return tr("The panel “%1” has failed and is out of use until the next start: %2\n"
               "Its part of the edit is kept as it was.")
         .arg(GetTitle(), reason);
 }

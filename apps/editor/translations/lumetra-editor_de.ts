@@ -143,6 +143,14 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <source>&amp;Redo %1</source>
         <translation>&amp;Wiederholen %1</translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
 </context>
 <context>
     <name>LumetraEditor::EditorWindow</name>
@@ -345,6 +353,18 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <translation>Wählen Sie einen anderen Namen.</translation>
     </message>
     <message>
+        <source>The folder “%1” is not there.</source>
+        <translation>Den Ordner „%1“ gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>Nothing can be written into the folder “%1”.</source>
+        <translation>In den Ordner „%1“ kann nichts geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>Wählen Sie einen anderen Ordner.</translation>
+    </message>
+    <message>
         <source>Replace</source>
         <translation>Ersetzen</translation>
     </message>
@@ -420,11 +440,11 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <translation>es hat seine eigene Oberfläche gelöscht</translation>
     </message>
     <message>
-        <source>The panel &quot;%1&quot; cannot be used: %2</source>
+        <source>The panel “%1” cannot be used: %2</source>
         <translation>Das Bedienfeld „%1“ kann nicht verwendet werden: %2</translation>
     </message>
     <message>
-        <source>The panel &quot;%1&quot; has failed and is out of use until the next start: %2
+        <source>The panel “%1” has failed and is out of use until the next start: %2
 Its part of the edit is kept as it was.</source>
         <translation>Das Bedienfeld „%1“ ist ausgefallen und bis zum nächsten Start außer Betrieb: %2
 Sein Teil der Bearbeitung bleibt erhalten, wie er war.</translation>
@@ -455,7 +475,7 @@ Sein Teil der Bearbeitung bleibt erhalten, wie er war.</translation>
 <context>
     <name>LumetraEditor::MonitorColours</name>
     <message>
-        <source>The monitor&apos;s profile &quot;%1&quot; cannot be read: %2</source>
+        <source>The monitor&apos;s profile “%1” cannot be read: %2</source>
         <translation>Das Profil des Monitors „%1“ kann nicht gelesen werden: %2</translation>
     </message>
     <message>
@@ -466,7 +486,7 @@ Sein Teil der Bearbeitung bleibt erhalten, wie er war.</translation>
 <context>
     <name>LumetraEditor::PanelKeys</name>
     <message>
-        <source>Keys of the panel &quot;%1&quot; are taken already: %2</source>
+        <source>Keys of the panel “%1” are taken already: %2</source>
         <translation>Tasten des Bedienfelds „%1“ sind schon vergeben: %2</translation>
     </message>
 </context>

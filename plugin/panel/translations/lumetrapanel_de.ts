@@ -139,11 +139,11 @@
         <translation>Die Bearbeitung nennt kein Preset; es wird nichts angewendet.</translation>
     </message>
     <message>
-        <source>The look &quot;%1&quot; cannot be changed: %2. The photo keeps it as it was.</source>
+        <source>The look “%1” cannot be changed: %2. The photo keeps it as it was.</source>
         <translation>Der Look „%1“ kann nicht geändert werden: %2. Das Foto behält ihn, wie er war.</translation>
     </message>
     <message>
-        <source>The look &quot;%1&quot; is no longer among the presets. The photo keeps it as it was.</source>
+        <source>The look “%1” is no longer among the presets. The photo keeps it as it was.</source>
         <translation>Der Look „%1“ ist nicht mehr unter den Presets. Das Foto behält ihn, wie er war.</translation>
     </message>
 </context>
@@ -223,27 +223,27 @@
         <translation>Öffnen Sie zuerst ein Foto.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; cannot be used: %2</source>
+        <source>“%1” cannot be used: %2</source>
         <translation>„%1“ kann nicht verwendet werden: %2</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; needs the file &quot;%2&quot;, expected in the folder &quot;%3&quot;.</source>
+        <source>“%1” needs the file “%2”, expected in the folder “%3”.</source>
         <translation>„%1“ braucht die Datei „%2“, erwartet im Ordner „%3“.</translation>
     </message>
     <message>
-        <source>There is no preset with the id &quot;%1&quot;.</source>
+        <source>There is no preset with the id “%1”.</source>
         <translation>Es gibt kein Preset mit der Kennung „%1“.</translation>
     </message>
     <message>
-        <source>Intensity of &quot;%1&quot;</source>
+        <source>Intensity of “%1”</source>
         <translation>Intensität von „%1“</translation>
     </message>
     <message>
-        <source>Reset &quot;%1&quot;</source>
+        <source>Reset “%1”</source>
         <translation>„%1“ zurücksetzen</translation>
     </message>
     <message>
-        <source>Apply &quot;%1&quot;</source>
+        <source>Apply “%1”</source>
         <translation>„%1“ anwenden</translation>
     </message>
     <message>
@@ -251,7 +251,7 @@
         <translation>Look verwerfen</translation>
     </message>
     <message>
-        <source>Look &quot;%1&quot;</source>
+        <source>Look “%1”</source>
         <translation>Look „%1“</translation>
     </message>
     <message>
@@ -263,11 +263,11 @@
         <translation>Ihre Presets konnten nicht gespeichert werden: %1</translation>
     </message>
     <message>
-        <source>Delete &quot;%1&quot;</source>
+        <source>Delete “%1”</source>
         <translation>„%1“ löschen</translation>
     </message>
     <message>
-        <source>Imported &quot;%1&quot;.</source>
+        <source>Imported “%1”.</source>
         <translation>„%1“ importiert.</translation>
     </message>
     <message>
@@ -275,11 +275,11 @@
         <translation>%1 Looks importiert.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; cannot become a .cube file, for it changes more than colours: %2</source>
+        <source>“%1” cannot become a .cube file, for it changes more than colours: %2</source>
         <translation>Aus „%1“ kann keine .cube-Datei werden, denn der Look ändert mehr als Farben: %2</translation>
     </message>
     <message>
-        <source>Wrote &quot;%1&quot;.</source>
+        <source>Wrote “%1”.</source>
         <translation>„%1“ geschrieben.</translation>
     </message>
 </context>
@@ -294,7 +294,7 @@
         <translation>Löschen</translation>
     </message>
     <message>
-        <source>Delete the preset &quot;%1&quot;?</source>
+        <source>Delete the preset “%1”?</source>
         <translation>Das Preset „%1“ löschen?</translation>
     </message>
     <message>
@@ -324,7 +324,7 @@ Verwerfen beendet das Programm ohne sie.</translation>
         <translation>Alle Dateien (%1)</translation>
     </message>
     <message>
-        <source>Export &quot;%1&quot; as .cube</source>
+        <source>Export “%1” as .cube</source>
         <translation>„%1“ als .cube exportieren</translation>
     </message>
 </context>
@@ -378,7 +378,7 @@ Verwerfen beendet das Programm ohne sie.</translation>
         <translation>Hier erscheinen Looks, die Sie speichern oder importieren. Ziehen Sie .cube- und andere LUT-Dateien hierher, um sie zu importieren.</translation>
     </message>
     <message>
-        <source>No look is called &quot;%1&quot;.</source>
+        <source>No look is called “%1”.</source>
         <translation>Kein Look heißt „%1“.</translation>
     </message>
     <message>

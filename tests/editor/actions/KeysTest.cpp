@@ -103,7 +103,7 @@ protected:
             action->disconnect();
             action->setEnabled(true);
             QObject::connect(action, &QAction::triggered, window.get(), [this, action] {
-                done.append(action->text().remove(QLatin1Char('&')).remove(QStringLiteral("…")));
+                done.append(action->iconText().remove(QStringLiteral("…")));
             });
         }
         for (QShortcut* const shortcut : window->findChildren<QShortcut*>()) {

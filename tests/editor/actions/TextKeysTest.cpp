@@ -87,16 +87,28 @@ TEST_F(TextKeysTest, noKeyThatEditsTextIsACommandInATextField)
 {
     CountCommands();
     for (QWidget* const field : {static_cast<QWidget*>(Search()), static_cast<QWidget*>(Number())})
-        for (const auto standard :
-             {QKeySequence::Undo, QKeySequence::Redo, QKeySequence::Cut, QKeySequence::Copy,
-              QKeySequence::Paste, QKeySequence::SelectAll, QKeySequence::Backspace,
-              QKeySequence::Delete, QKeySequence::DeleteStartOfWord, QKeySequence::DeleteEndOfWord,
-              QKeySequence::DeleteEndOfLine, QKeySequence::DeleteCompleteLine,
-              QKeySequence::MoveToNextWord, QKeySequence::MoveToPreviousWord,
-              QKeySequence::MoveToStartOfLine, QKeySequence::MoveToEndOfLine,
-              QKeySequence::MoveToStartOfDocument, QKeySequence::MoveToEndOfDocument,
-              QKeySequence::SelectNextWord, QKeySequence::SelectPreviousWord,
-              QKeySequence::SelectStartOfLine, QKeySequence::SelectEndOfLine})
+        for (const auto standard : {QKeySequence::Undo,
+                                    QKeySequence::Redo,
+                                    QKeySequence::Cut,
+                                    QKeySequence::Copy,
+                                    QKeySequence::Paste,
+                                    QKeySequence::SelectAll,
+                                    QKeySequence::Backspace,
+                                    QKeySequence::Delete,
+                                    QKeySequence::DeleteStartOfWord,
+                                    QKeySequence::DeleteEndOfWord,
+                                    QKeySequence::DeleteEndOfLine,
+                                    QKeySequence::DeleteCompleteLine,
+                                    QKeySequence::MoveToNextWord,
+                                    QKeySequence::MoveToPreviousWord,
+                                    QKeySequence::MoveToStartOfLine,
+                                    QKeySequence::MoveToEndOfLine,
+                                    QKeySequence::MoveToStartOfDocument,
+                                    QKeySequence::MoveToEndOfDocument,
+                                    QKeySequence::SelectNextWord,
+                                    QKeySequence::SelectPreviousWord,
+                                    QKeySequence::SelectStartOfLine,
+                                    QKeySequence::SelectEndOfLine})
             for (const QKeySequence& key : QKeySequence::keyBindings(standard)) {
                 if (IsLetterForDeleting(standard, key))
                     continue;
@@ -106,12 +118,12 @@ TEST_F(TextKeysTest, noKeyThatEditsTextIsACommandInATextField)
                 done.clear();
                 field->setFocus();
 
-                QTest::keyClick(field, static_cast<Qt::Key>(key[0] & ~Qt::KeyboardModifierMask),
-                                static_cast<Qt::KeyboardModifiers>(key[0] &
-                                                                   Qt::KeyboardModifierMask));
+                QTest::keyClick(
+                    field, static_cast<Qt::Key>(key[0] & ~Qt::KeyboardModifierMask),
+                    static_cast<Qt::KeyboardModifiers>(key[0] & Qt::KeyboardModifierMask));
 
-                EXPECT_EQ(done, QStringList()) << key.toString().toStdString() << " on "
-                                               << field->metaObject()->className();
+                EXPECT_EQ(done, QStringList())
+                    << key.toString().toStdString() << " on " << field->metaObject()->className();
             }
 }
 

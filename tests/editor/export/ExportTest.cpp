@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "ExportFixture.h"
+#include "editor/Medium.h"
 #include "editor/ScriptedAlerts.h"
 
 #include "photo/metadata/EditRecord.h"
@@ -197,14 +198,51 @@ TEST_F(ExportTest, cancelsByItsButton)
     EXPECT_FALSE(Find<QToolButton>("cancelExport")->isVisible());
 }
 
-TEST_F(ExportTest, reportsAFolderThatIsNotThere)
+TEST_F(ExportTest, aFolderThatIsNotThereIsNoticedInTheDialog)
+{
+    const ScriptedAlerts alerts({QMessageBox::Ok});
+
+    StartByHand([this](ExportDialog& dialog) {
+        Part<QLineEdit>(dialog, "exportPath")->setText(Path("missing/out.jpg"));
+        Part<QPushButton>(dialog, "exportButton")->click();
+        EXPECT_TRUE(dialog.isVisible());
+        dialog.reject();
+    });
+
+    EXPECT_THAT(alerts.GetTexts().first().toStdString(), HasSubstr(Path("missing").toStdString()));
+    EXPECT_FALSE(window->GetExporter().IsRunning());
+}
+
+TEST_F(ExportTest, aFolderThatCannotBeWrittenIsNoticedInTheDialog)
+{
+    const Medium medium(Path("card"));
+    if (!medium.Protect())
+        GTEST_SKIP() << "nothing can be mounted here";
+    const ScriptedAlerts alerts({QMessageBox::Ok});
+
+    StartByHand([this](ExportDialog& dialog) {
+        Part<QLineEdit>(dialog, "exportPath")->setText(Path("card/out.jpg"));
+        Part<QPushButton>(dialog, "exportButton")->click();
+        EXPECT_TRUE(dialog.isVisible());
+        dialog.reject();
+    });
+
+    EXPECT_THAT(alerts.GetTexts().first().toStdString(), HasSubstr(Path("card").toStdString()));
+}
+
+TEST_F(ExportTest, aBareNameIsMeantBesideThePhoto)
 {
     ExportByHand([this](ExportDialog& dialog) {
-        Part<QLineEdit>(dialog, "exportPath")->setText(Path("missing/out.jpg"));
+        auto* const path = Part<QLineEdit>(dialog, "exportPath");
+        path->setText(QStringLiteral("bare.jpg"));
+        emit path->editingFinished();
+        EXPECT_EQ(path->text(), Path("bare.jpg"));
+        path->setText(QStringLiteral("bare"));
         Part<QPushButton>(dialog, "exportButton")->click();
     });
 
-    EXPECT_THAT(GetMessage().toStdString(), HasSubstr("missing/out.jpg"));
+    EXPECT_TRUE(QFile::exists(Path("bare.jpg")));
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr(Path("bare.jpg").toStdString()));
 }
 
 TEST_F(ExportTest, asksBeforeAFileIsReplaced)

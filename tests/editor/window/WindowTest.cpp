@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
@@ -166,6 +167,53 @@ TEST_F(WindowTest, listsAllKeys)
         EXPECT_THAT(keys, Contains(HasSubstr(action->shortcut().toString().toStdString())));
     EXPECT_THAT(keys, Contains("Ctrl+D")); // the panel's
     EXPECT_THAT(keys, Contains("Alt+1 to Alt+9"));
+}
+
+TEST_F(WindowTest, theListOfKeysNamesTheCommandAndNotTheNextStep)
+{
+    LoadPresetsPanel();
+    Open(WritePhoto("lake.png", 60, 40));
+    ClickLook(QStringLiteral("Soft Light"));
+    ASSERT_NE(FindAction("undo")->text(), QStringLiteral("&Undo"));
+    QStringList commands;
+    InDialog([&commands](QDialog& dialog) {
+        auto* const list = dialog.findChild<QTreeWidget*>(QStringLiteral("shortcutsList"));
+        for (int i = 0; i < list->topLevelItemCount(); ++i)
+            commands.append(list->topLevelItem(i)->text(0));
+    });
+
+    FindAction("shortcuts")->trigger();
+
+    EXPECT_TRUE(commands.contains(QStringLiteral("Undo")));
+    EXPECT_TRUE(commands.contains(QStringLiteral("Redo")));
+    EXPECT_FALSE(commands.join(QLatin1Char('\n')).contains(QStringLiteral("Soft Light")));
+}
+
+TEST_F(WindowTest, aToolTipHasOneBlankBeforeItsKey)
+{
+    for (const QString& language : {QStringLiteral("de"), QStringLiteral("en")}) {
+        window->UseLanguage(language);
+        for (const QAction* const action : window->GetActions().GetKeyed())
+            EXPECT_FALSE(action->toolTip().contains(QStringLiteral("  ")))
+                << action->toolTip().toStdString();
+    }
+}
+
+TEST_F(WindowTest, theButtonsOfDialogsHaveNoIcons)
+{
+    Open(WritePhoto("lake.png", 60, 40));
+    for (const char* const command : {"about", "shortcuts", "exportPhoto"}) {
+        int count = 0;
+        InDialog([&count](QDialog& dialog) {
+            for (const auto* const box : dialog.findChildren<QDialogButtonBox*>())
+                for (const auto* const button : box->buttons()) {
+                    EXPECT_TRUE(button->icon().isNull()) << button->text().toStdString();
+                    ++count;
+                }
+        });
+        FindAction(command)->trigger();
+        EXPECT_GT(count, 0) << command;
+    }
 }
 
 TEST_F(WindowTest, listsNoKeysOfAPanelThatIsNotThere)

@@ -114,6 +114,17 @@ TEST_F(AlertBackend, yesBesideCancelBearsTheTitle)
     EXPECT_EQ(untitled->button(QMessageBox::Yes)->text(), plain->button(QMessageBox::Yes)->text());
 }
 
+TEST_F(AlertBackend, theButtonsHaveNoIcons)
+{
+    const StyledApplication styled(PaletteKind::Dark);
+    const auto question = m_backend->MakeMessageBox(MakeAlert(
+        QStringLiteral("Leave"), QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel));
+
+    for (const auto* const button : question->buttons())
+        EXPECT_TRUE(button->icon().isNull()) << button->text().toStdString();
+    EXPECT_EQ(question->buttons().size(), 3);
+}
+
 TEST_F(AlertBackend, enterDoesWhatLooksDefaultAndEscCancels)
 {
     const StyledApplication styled(PaletteKind::Dark);

@@ -36,7 +36,7 @@ TEST_F(PanelTest, aClickAppliesThePreset)
 
     EXPECT_TRUE(IsApplied("Bright"));
     EXPECT_FALSE(HaveSamePixels(editor.GetResult(), photo));
-    EXPECT_EQ(editor.steps, QStringList{QStringLiteral("Look \"Bright\"")});
+    EXPECT_EQ(editor.steps, QStringList{QStringLiteral("Look “Bright”")});
 }
 
 TEST_F(PanelTest, aSecondClickOnAnotherPresetReplacesIt)
@@ -58,7 +58,7 @@ TEST_F(PanelTest, draggingTheIntensityDrawsLiveAndIsOneStep)
     EXPECT_TRUE(HaveSamePixels(editor.GetResult(), photo)); // intensity 1 is the photo itself
     EXPECT_FALSE(HaveSamePixels(editor.GetResult(), full));
     EXPECT_EQ(editor.steps.size(), 2);
-    EXPECT_EQ(editor.steps.last(), QStringLiteral("Intensity of \"Bright\""));
+    EXPECT_EQ(editor.steps.last(), QStringLiteral("Intensity of “Bright”"));
 }
 
 TEST_F(PanelTest, discardTakesTheLookOff)
@@ -79,7 +79,7 @@ TEST_F(PanelTest, applyMakesTheLookPartOfThePhoto)
 
     EXPECT_TRUE(HaveSamePixels(editor.GetHostWorkspace().GetDrawer().GetCommittedPhoto(), shown));
     EXPECT_FALSE(panel->HasUnsavedChanges());
-    EXPECT_EQ(editor.steps.last(), QStringLiteral("Apply \"Bright\""));
+    EXPECT_EQ(editor.steps.last(), QStringLiteral("Apply “Bright”"));
 }
 
 TEST_F(PanelTest, appliesNothingWithoutAPhoto)
