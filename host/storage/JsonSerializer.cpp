@@ -103,6 +103,10 @@ ISerializer::Kind KindOf(const JsonValue& value)
     return kinds[value.content.index()];
 }
 
+} // namespace
+
+/// Not local to this file: a module that the program loads has its own copy of this code, and both
+/// know a node of the other by the name of its type.
 class JsonNode : public Zorvik::RefCounted<ISerializer>
 {
 public:
@@ -148,6 +152,8 @@ private:
     JsonValue::Object m_object;
     Location m_location;
 };
+
+namespace {
 
 /// The collection under a key of an object, looked up anew at each use.
 class JsonCollection : public Zorvik::RefCounted<ISerializerCollection>
@@ -253,6 +259,8 @@ SerializerPtr JsonCollection::AddNamed(const std::string& name)
              "expected a new name for the new element, found \"" + name + "\" again", __LINE__);
     return new JsonNode(node, Element(name));
 }
+
+} // namespace
 
 std::vector<std::string> JsonNode::GetKeys() const
 {
@@ -369,8 +377,6 @@ CollectionPtr JsonNode::CreateCollection(const std::string& key)
     Store(key, std::make_shared<JsonArray>());
     return new JsonCollection(m_object, Member(key));
 }
-
-} // namespace
 
 SerializerPtr JsonSerializer::Create(const JsonValue::Object& object, const std::string& fileName,
                                      const std::shared_ptr<const ContentFolder>& contents)

@@ -221,6 +221,8 @@ void EditorWindow::ConnectEditor()
     connect(&m_editor, &Editor::noticeGiven, m_messages, [this](const QString& message) {
         m_messages->Show(message, MessageBar::About::Program);
     });
+    // A page that comes to the front would cover them.
+    connect(m_centre, &QStackedWidget::currentChanged, m_messages, &MessageBar::raise);
     connect(m_panelKeys, &PanelKeys::keysTaken, &m_editor, &Editor::ShowNotice);
     connect(m_canvas, &PhotoCanvas::zoomChanged, this, &EditorWindow::ShowZoom);
     new PhotoKeys(*this, *m_canvas); // these belong to the window

@@ -360,6 +360,25 @@ TEST_F(LooksTest, thePanelWaitsWhileAPhotoIsOpened)
     EXPECT_TRUE(FindLook(Look).first->isEnabled());
 }
 
+// The panel is a module with its own copy of the host's code: it reads what the program has opened.
+TEST_F(LooksTest, looksOfImportedTablesAreThereAfterARestart)
+{
+    window->TakeFiles({WriteFile("film.cube", "LUT_3D_SIZE 2\n"
+                                              "0 0 0\n1 0 0\n0 1 0\n1 1 0\n"
+                                              "0 0 1\n1 0 1\n0 1 1\n0.5 0.5 1\n")});
+    ClickLook(QStringLiteral("film"));
+    const QImage drawn = GetPicture();
+    EXPECT_NE(drawn, original);
+
+    Restart();
+    LoadPresetsPanel();
+    Open(Path("lake.png"));
+
+    EXPECT_TRUE(GetMessage().isEmpty()) << GetMessage().toStdString();
+    EXPECT_EQ(GetAppliedName(), QStringLiteral("film"));
+    EXPECT_EQ(GetPicture(), drawn);
+}
+
 TEST_F(LooksTest, aTableOfGarbageIsRefused)
 {
     QByteArray garbage(5 << 20, '\0');

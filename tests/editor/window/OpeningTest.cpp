@@ -28,6 +28,14 @@ namespace {
 class OpeningTest : public EditorTest
 {
 protected:
+    /// Nothing of the window lies over the message.
+    bool IsMessageInSight() const
+    {
+        const auto* const bar = Find<QWidget>("messageBar");
+        const QWidget* const seen = bar->parentWidget()->childAt(bar->geometry().center());
+        return bar->isVisible() && seen && (seen == bar || bar->isAncestorOf(seen));
+    }
+
     /// `path` is refused with a message that holds `expected`, and another photo stays open.
     void ExpectRefused(const QString& path, const char* expected)
     {
@@ -163,6 +171,20 @@ TEST_F(OpeningTest, refusesAMissingFile)
 TEST_F(OpeningTest, refusesAnEmptyFile)
 {
     ExpectRefused(WriteFile("empty.jpg", ""), "empty.jpg");
+}
+
+TEST_F(OpeningTest, messagesOfTheProgramStayInSightWhateverIsOpenedAndClosed)
+{
+    window->GetMessages().Show(QStringLiteral("A module cannot be used."),
+                               LumetraEditor::MessageBar::About::Program);
+    EXPECT_TRUE(IsMessageInSight());
+
+    Open(WritePhoto("lake.png", 40, 30));
+    EXPECT_TRUE(IsMessageInSight());
+
+    FindAction("closePhoto")->trigger();
+    EXPECT_FALSE(editor->HasPhoto());
+    EXPECT_TRUE(IsMessageInSight());
 }
 
 TEST_F(OpeningTest, opensADroppedPhoto)
