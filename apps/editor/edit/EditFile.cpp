@@ -142,13 +142,13 @@ QByteArray EditFile::ToText() const
     root.Set(SavedKey, ToValue(saved));
     if (origin)
         CarryOverAll(*origin, root);
-    const QByteArray text = document.ToText();
-    if (text.size() > JsonDocument::MaxFileSize)
+    const QByteArray encoded = document.ToText();
+    if (encoded.size() > JsonDocument::MaxFileSize)
         throw Zorvik::Exception("the edit: expected at most " +
                                     std::to_string(JsonDocument::MaxFileSize) + " bytes, found " +
-                                    std::to_string(text.size()),
+                                    std::to_string(encoded.size()),
                                 BOOST_CURRENT_FUNCTION, "editor/EditFile", __LINE__);
-    return text;
+    return encoded;
 }
 
 } // namespace LumetraEditor

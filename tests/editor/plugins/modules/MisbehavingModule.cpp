@@ -76,6 +76,12 @@ MisbehavingPanel::MisbehavingPanel(LumetraEditor::IEditor& editor)
     connect(m_button, &QPushButton::clicked, this, &MisbehavingPanel::Act);
 }
 
+MisbehavingPanel::~MisbehavingPanel()
+{
+    if (m_widget && !m_widget->parentWidget())
+        delete m_widget;
+}
+
 QWidget* MisbehavingPanel::GetWidget()
 {
     Enter("GetWidget");

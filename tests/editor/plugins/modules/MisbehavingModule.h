@@ -36,6 +36,8 @@ class MisbehavingPanel : public QObject, public LumetraEditor::IEditorPanel
 
 public:
     explicit MisbehavingPanel(LumetraEditor::IEditor& editor);
+    /// Deletes the widget where no window has taken it.
+    ~MisbehavingPanel() override;
 
     QWidget* GetWidget() override;
     void PhotoChanged() override;
