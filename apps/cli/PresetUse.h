@@ -39,7 +39,7 @@ public:
     std::vector<Zorvik::Quindle::EffectsSettings>
     MakePackages(LumetraPlugin::PresetSession& session) const;
 
-    /// What the metadata of a photo with these packages tell of them, as the editor records them.
+    /// The records that an exported photo with these packages keeps of them, as from the editor.
     std::vector<LumetraHost::EditRecord>
     MakeRecords(const std::vector<Zorvik::Quindle::EffectsSettings>& packages) const;
 

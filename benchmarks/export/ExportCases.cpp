@@ -79,7 +79,7 @@ void ExportFile(const QStringList& files, const ExportRecipe& recipe, int thread
     Export().Run(files[0], files[1], recipe, control);
 }
 
-/// Of a photo that is whole in memory, as the editor has it.
+/// Exports a photo that is whole in memory, as the editor has it.
 void ExportWhole(const QStringList& files, const ExportRecipe& recipe)
 {
     const auto result = Export().MakeFromPhoto(PhotoReader::Read(files[0]), recipe, "out");

@@ -12,7 +12,7 @@
 namespace LumetraHost {
 namespace {
 
-/// What is left for metadata and for writing the file.
+/// The rest is for metadata and for writing the file.
 constexpr int EncodedPercent = 95;
 /// Where a picture is whole before it is encoded.
 constexpr int CollectedPercent = 60;

@@ -19,7 +19,7 @@ public:
     /// Zorvik::Exception that begins with `name` for a damaged header.
     static std::unique_ptr<JpegRows> Open(const Bytes& content, const std::string& name);
 
-    /// As PhotoReader delivers them.
+    /// These are equal to those that PhotoReader delivers.
     const PhotoMetadata& GetMetadata() const { return m_metadata; }
     const Warnings& GetWarnings() const { return m_warnings; }
 

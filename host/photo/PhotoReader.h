@@ -27,7 +27,7 @@ public:
     /// allows it: its longer side has at least `smallestSide` pixels where the photo has them, and
     /// may be as large as the photo.
     static Photo DecodeReduced(const Bytes& content, const std::string& name, int smallestSide);
-    /// The same for a file, with the errors of Read().
+    /// Does so for a file, with the errors of Read().
     static Photo ReadReduced(const QString& path, int smallestSide);
 
     /// The bytes of a photo file. Zorvik::Exception when it is no file, no photo, too large,

@@ -13,7 +13,7 @@ struct ErrorText
 {
     /// UTF-8.
     static std::string FirstLine(const std::exception& error);
-    /// The same line.
+    /// The first line, as above.
     static QString Show(const std::exception& error);
 };
 

@@ -49,7 +49,7 @@ public:
     /// and the file as it was, when Read() would throw, when it cannot be locked or written, or is
     /// of a newer major version. A backup that fails is only reported.
     ///
-    /// Of `contents`, which `edit` may fill, those that the new text names are written before it.
+    /// `edit` may fill `contents`; those that the new text names are written before it.
     /// Contents that nobody names any more are removed after it.
     JsonDocument Update(const Edit& edit, const Contents& contents = {});
 

@@ -22,10 +22,11 @@ public:
 
     /// The scaled part without any layer; null without a photo and for an empty part.
     Image GetOriginal(const Image& photo, const PhotoPart& part);
-    /// The same with the recipe's layers; also null when it was cancelled. `cancel` may be null.
+    /// The scaled part with the recipe's layers; also null when it was cancelled. `cancel` may be
+    /// null.
     Image Render(const PictureRecipe& recipe, const PhotoPart& part, const CancelToken* cancel);
 
-    /// The same quickly and not exactly; null where that cannot be done, see
+    /// A quick picture of them that is not exact; null where that cannot be done, see
     /// LayerRenderer::RenderBaked().
     Image RenderBaked(const PictureRecipe& recipe, const PhotoPart& part,
                       const CancelToken* cancel);

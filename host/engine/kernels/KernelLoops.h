@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-// What compilers are told of loops over pixels.
+// These macros tell compilers what they cannot see of loops over pixels.
 
 /// Before a loop whose steps do not read what other steps write: spares the vector code a test
 /// whether the arrays overlap, and with many arrays the compiler giving up.

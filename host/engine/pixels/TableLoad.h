@@ -14,7 +14,7 @@ namespace LumetraHost {
 /// single loads (measured with AVX-512 on a Xeon).
 void LoadThroughTables8(const Tile& tile, const std::uint8_t* source, const float* const* tables);
 
-/// The same with 16 bits per channel and tables of 65,536 entries.
+/// Does so for 16 bits per channel, with tables of 65,536 entries.
 void LoadThroughTables16(const Tile& tile, const std::uint8_t* source, const float* const* tables);
 
 } // namespace LumetraHost

@@ -8,8 +8,9 @@
 namespace LumetraHost {
 
 /// An XMP packet as JPEG files hold it: a main packet of at most one segment and, where the
-/// properties need more space, a second one (XMP specification, part 3, 1.1.3.1). The main packet
-/// then names the second one in xmpNote:HasExtendedXMP, by 32 hexadecimal digits of its MD5.
+/// properties need more space, a second one, as Adobe's document on XMP storage in files has it.
+/// The main packet then names the second one in xmpNote:HasExtendedXMP, by 32 hexadecimal digits of
+/// its MD5.
 struct ExtendedXmp
 {
     static constexpr int LargestMain = 65502; ///< bytes

@@ -10,7 +10,7 @@ struct EffectKind;
 
 /// Channel mixer: a free 3 x 3 matrix in linear light. "rg" is how much of the old green goes into
 /// the new red: red = rr * red + rg * green + rb * blue. Rows that add up to 1 keep greys grey.
-/// The same as OpenColorIO's MatrixTransform.
+/// OpenColorIO's MatrixTransform does the same.
 struct ChannelMixerParameters
 {
     static constexpr char EffectId[] = "channelMixer";
