@@ -3,7 +3,7 @@
 
 #include "common/Effects.h"
 #include "common/Timing.h"
-#include "engine/run/BakedRun.h"
+#include "engine/run/ColourTable.h"
 #include "engine/run/Renderer.h"
 #include "photo/PhotoReader.h"
 #include "photo/PhotoWriter.h"
@@ -79,7 +79,8 @@ void MeasureApplyParts(const QString& source, const QString& target)
     Image drawn = before.Clone();
     const double exact =
         Measure([&] { drawn = renderer.Render(before, MakeFour(), 1, {}, std::move(drawn)); });
-    const auto table = BakedRun::Make(MakeFour(), BakedRun::ExportPoints, GetDefaultIsa(), alone);
+    const auto table =
+        ColourTable::Make(MakeFour(), ColourTable::ExportPoints, GetDefaultIsa(), alone);
     if (!table)
         throw std::runtime_error("the chain of four effects has no table");
     const double tabled =

@@ -14,8 +14,8 @@
 #include "core/PresetSession.h"
 #include "drawer/render/LayerRenderer.h"
 #include "drawer/view/LiveView.h"
-#include "engine/run/BakedRun.h"
 #include "engine/run/Blend.h"
+#include "engine/run/ColourTable.h"
 #include "threads/ThreadPool.h"
 #include "workspace/WorkspaceController.h"
 
@@ -157,11 +157,11 @@ public:
     }
 
     /// The strength of the chain that the probe accepts.
-    double GetBakedStrength() const { return m_bakedStrength; }
-    double GetBakedPsnr()
+    double GetTableStrength() const { return m_tableStrength; }
+    double GetTablePsnr()
     {
-        DrawTable(m_baked);
-        const auto effects = m_chain.GetWeaker(m_bakedStrength).MakeEffects();
+        DrawTable(m_table);
+        const auto effects = m_chain.GetWeaker(m_tableStrength).MakeEffects();
         return GetPsnr(m_target, m_renderer.Render(m_photo, effects, FullEffect));
     }
 
@@ -212,7 +212,7 @@ private:
         });
     }
 
-    void DrawTable(const std::shared_ptr<const BakedRun>& table)
+    void DrawTable(const std::shared_ptr<const ColourTable>& table)
     {
         m_target = m_renderer.Render(m_photo, table, FullEffect, {}, std::move(m_target));
     }
@@ -258,18 +258,18 @@ private:
     void AddTables()
     {
         ThreadPool& pool = ThreadPool::GetShared();
-        while (!m_baked && m_bakedStrength > 0.01) {
-            m_baked = BakedRun::Make(m_chain.GetWeaker(m_bakedStrength).MakeEffects(),
-                                     BakedRun::DragPoints, GetDefaultIsa(), pool);
-            m_bakedStrength *= m_baked ? 1 : 0.5;
+        while (!m_table && m_tableStrength > 0.01) {
+            m_table = ColourTable::Make(m_chain.GetWeaker(m_tableStrength).MakeEffects(),
+                                        ColourTable::DragPoints, GetDefaultIsa(), pool);
+            m_tableStrength *= m_table ? 1 : 0.5;
         }
-        if (!m_baked)
-            throw std::runtime_error("no chain can be baked");
-        const auto effects = m_chain.GetWeaker(m_bakedStrength).MakeEffects();
+        if (!m_table)
+            throw std::runtime_error("no chain can become a table");
+        const auto effects = m_chain.GetWeaker(m_tableStrength).MakeEffects();
         m_runs.Add("chain, table made and drawn", [this, effects, &pool] {
-            DrawTable(BakedRun::Make(effects, BakedRun::DragPoints, GetDefaultIsa(), pool));
+            DrawTable(ColourTable::Make(effects, ColourTable::DragPoints, GetDefaultIsa(), pool));
         });
-        m_runs.Add("chain, table drawn", [this] { DrawTable(m_baked); });
+        m_runs.Add("chain, table drawn", [this] { DrawTable(m_table); });
     }
 
     void CheckBlend()
@@ -303,8 +303,8 @@ private:
     Zorvik::Quindle::EffectList m_chainEffects;
     Editor m_editor;
     OcioEffects m_ocio;
-    std::shared_ptr<const BakedRun> m_baked;
-    double m_bakedStrength = 1;
+    std::shared_ptr<const ColourTable> m_table;
+    double m_tableStrength = 1;
     int m_amount = Amount;
     bool m_flip = false;
     InterleavedRuns m_runs;
@@ -409,7 +409,7 @@ void Run(const Arguments& arguments)
         std::printf("PSNR against ours: OpenColorIO %.1f dB, QPainter %.1f dB, OpenCV %.1f dB, "
                     "our table %.1f dB (strength of the chain: %g)\n",
                     scene.GetOcioPsnr(), scene.GetQtPsnr(), scene.GetOpenCvPsnr(),
-                    scene.GetBakedPsnr(), scene.GetBakedStrength());
+                    scene.GetTablePsnr(), scene.GetTableStrength());
         json += (json.empty() ? "" : ",\n") + WriteJson(scene, title);
     }
     std::ofstream(arguments.json) << "[\n" << json << "\n]\n";

@@ -54,8 +54,8 @@ ExportLook::Package ExportLook::Divide(const EffectsSettings& settings)
 void ExportLook::MakeTable(Package& package, ThreadPool& pool, const CancelToken* cancel)
 {
     if (IsLong(package.colours))
-        package.table =
-            BakedRun::Make(package.colours, BakedRun::ExportPoints, GetDefaultIsa(), pool, cancel);
+        package.table = ColourTable::Make(package.colours, ColourTable::ExportPoints,
+                                          GetDefaultIsa(), pool, cancel);
     package.isTableKnown = package.table || !(cancel && cancel->IsCancelled());
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "engine/run/BakedRun.h"
+#include "engine/run/ColourTable.h"
 #include "threads/CancelToken.h"
 #include "threads/ThreadPool.h"
 
@@ -15,7 +15,7 @@ namespace LumetraHost {
 
 /// Packages of effects made ready for any number of photos, each of which is drawn on the picture
 /// below it. Where a package begins with several effects of colour alone they become a table (see
-/// BakedRun), made by the first large 8-bit photo that asks for it and shared by all others.
+/// ColourTable), made by the first large 8-bit photo that asks for it and shared by all others.
 /// Usable from several threads; nobody may change the effects while it is in use.
 class ExportLook
 {
@@ -32,7 +32,7 @@ public:
     /// One package as it is drawn.
     struct Layer
     {
-        std::shared_ptr<const BakedRun> table; ///< stands before the effects, or null
+        std::shared_ptr<const ColourTable> table; ///< stands before the effects, or null
         Zorvik::Quindle::EffectList effects;
         int blendAmount = 1;
     };
@@ -54,7 +54,7 @@ private:
         Zorvik::Quindle::EffectList others;
         int blendAmount = 1;
         bool isTableKnown = false;
-        std::shared_ptr<const BakedRun> table;
+        std::shared_ptr<const ColourTable> table;
     };
 
     static Package Divide(const Zorvik::Quindle::EffectsSettings& settings);

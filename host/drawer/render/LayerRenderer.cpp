@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "drawer/render/LayerRenderer.h"
 
-#include "engine/run/BakedRun.h"
 #include "engine/run/Blend.h"
+#include "engine/run/ColourTable.h"
 
 #include <algorithm>
 
@@ -55,7 +55,7 @@ Image LayerRenderer::Render(const std::vector<Layer>& layers, std::size_t count,
     return picture;
 }
 
-Image LayerRenderer::RenderBaked(const std::vector<Layer>& layers, const CancelToken* cancel)
+Image LayerRenderer::RenderFromTables(const std::vector<Layer>& layers, const CancelToken* cancel)
 {
     if (m_source.IsNull() || m_source.GetDepth() != Image::Depth::Bits8)
         return {};
@@ -68,22 +68,23 @@ Image LayerRenderer::RenderBaked(const std::vector<Layer>& layers, const CancelT
             next = i + 1;
         }
     for (; next < layers.size() && !picture.IsNull(); ++next)
-        picture = BakeLayer(layers[next], picture, cancel);
+        picture = RenderLayerFromTable(layers[next], picture, cancel);
     return picture;
 }
 
-Image LayerRenderer::BakeLayer(const Layer& layer, const Image& below, const CancelToken* cancel)
+Image LayerRenderer::RenderLayerFromTable(const Layer& layer, const Image& below,
+                                          const CancelToken* cancel)
 {
     ThreadPool& pool = ThreadPool::GetShared();
     const auto& settings = *layer.settings;
-    const auto baked =
-        BakedRun::Make(settings.Effects(), BakedRun::DragPoints, GetDefaultIsa(), pool, cancel);
-    if (!baked)
+    const auto table = ColourTable::Make(settings.Effects(), ColourTable::DragPoints,
+                                         GetDefaultIsa(), pool, cancel);
+    if (!table)
         return {};
     const int amount = layer.paintedBlend.value_or(settings.GetBlendAmount());
     RenderOptions options;
     options.cancel = cancel;
-    const Image picture = m_renderer.Render(below, baked, amount, options, TakeSpare());
+    const Image picture = m_renderer.Render(below, table, amount, options, TakeSpare());
     m_spares.Remember(picture);
     return picture;
 }

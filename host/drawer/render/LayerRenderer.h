@@ -48,9 +48,9 @@ public:
                  const CancelToken* cancel = nullptr);
 
     /// A quick picture of all the layers that is not exact: those that were not drawn yet come from
-    /// tables (see BakedRun). Null when one of them cannot be made a table of, and when it was
+    /// tables (see ColourTable). Null when one of them cannot be made a table of, and when it was
     /// cancelled. Keeps nothing.
-    Image RenderBaked(const std::vector<Layer>& layers, const CancelToken* cancel = nullptr);
+    Image RenderFromTables(const std::vector<Layer>& layers, const CancelToken* cancel = nullptr);
 
     /// How the changing layer is drawn; for interaction.
     const IncrementalRenderer& GetIncremental() const { return m_incremental; }
@@ -79,7 +79,7 @@ private:
                          const Image& below, const RenderOptions& options);
     Image RenderBlend(std::size_t position, const Layer& layer, const Image& below,
                       const RenderOptions& options);
-    Image BakeLayer(const Layer& layer, const Image& below, const CancelToken* cancel);
+    Image RenderLayerFromTable(const Layer& layer, const Image& below, const CancelToken* cancel);
     Image TakeSpare();
     void DropUnused(std::size_t count);
 

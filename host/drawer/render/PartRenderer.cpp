@@ -51,12 +51,12 @@ Image PartRenderer::Render(const PictureRecipe& recipe, const PhotoPart& part,
     return m_layers.Render(recipe.layers, recipe.layers.size(), cancel);
 }
 
-Image PartRenderer::RenderBaked(const PictureRecipe& recipe, const PhotoPart& part,
-                                const CancelToken* cancel)
+Image PartRenderer::RenderFromTables(const PictureRecipe& recipe, const PhotoPart& part,
+                                     const CancelToken* cancel)
 {
     if (GetOriginal(recipe.photo, part).IsNull())
         return {};
-    return m_layers.RenderBaked(recipe.layers, cancel);
+    return m_layers.RenderFromTables(recipe.layers, cancel);
 }
 
 bool PartRenderer::HasScaled(const Image& photo, const PhotoPart& part) const

@@ -27,9 +27,9 @@ public:
     Image Render(const PictureRecipe& recipe, const PhotoPart& part, const CancelToken* cancel);
 
     /// A quick picture of them that is not exact; null where that cannot be done, see
-    /// LayerRenderer::RenderBaked().
-    Image RenderBaked(const PictureRecipe& recipe, const PhotoPart& part,
-                      const CancelToken* cancel);
+    /// LayerRenderer::RenderFromTables().
+    Image RenderFromTables(const PictureRecipe& recipe, const PhotoPart& part,
+                           const CancelToken* cancel);
 
     /// True when the part of the last call has no transparent pixels.
     bool IsOpaque() const { return m_isOpaque; }

@@ -11,9 +11,9 @@ using Clock = std::chrono::steady_clock;
 /// Nanoseconds per pixel, before anything was measured.
 constexpr double AssumedScaling = 30;
 constexpr double AssumedRendering = 30;
-constexpr double BakedDrawing = 4;
+constexpr double TableDrawing = 4;
 /// Entries and probes of a table.
-constexpr double BakedColours = 40000;
+constexpr double TableColours = 40000;
 constexpr int MostHalvings = 2;
 /// Rendered pixels.
 constexpr int HaloStep = 32;
@@ -100,13 +100,13 @@ void ViewWorker::Run(const Queued& queued)
 bool ViewWorker::RunPreview(const Queued& queued)
 {
     const ViewJob& job = queued.job;
-    if (!IsBakingQuick(job))
+    if (!IsTableQuick(job))
         return RunStep(queued, true);
     if (m_options.onRendering)
         m_options.onRendering({job.serial, true, *queued.cancel});
     const ViewGeometry geometry = MakeGeometry(job, false);
     const Image picture =
-        m_full.RenderBaked(job.recipe, geometry.GetPhotoPart(), queued.cancel.get());
+        m_full.RenderFromTables(job.recipe, geometry.GetPhotoPart(), queued.cancel.get());
     if (picture.IsNull() && !queued.cancel->IsCancelled())
         return RunStep(queued, true);
     return PostFrame(queued, picture, geometry, m_full, true);
@@ -215,12 +215,12 @@ int ViewWorker::ChooseHalvings(const ViewJob& job) const
 
 /// Whether tables make a preview of all pixels in time. Making one costs as much as rendering the
 /// colours that it holds.
-bool ViewWorker::IsBakingQuick(const ViewJob& job) const
+bool ViewWorker::IsTableQuick(const ViewJob& job) const
 {
     if (job.showsOriginal || !m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart()))
         return false;
     const double expected =
-        BakedColours * m_renderingTime + BakedDrawing * job.geometry.GetPixelCount();
+        TableColours * m_renderingTime + TableDrawing * job.geometry.GetPixelCount();
     return expected <= double(m_options.reducedBeyond.count());
 }
 

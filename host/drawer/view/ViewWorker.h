@@ -93,7 +93,7 @@ private:
     bool PostFrame(const Queued& queued, const Image& picture, const ViewGeometry& geometry,
                    PartRenderer& renderer, bool isReduced);
     Image Render(const Queued& queued, const ViewGeometry& geometry, PartRenderer& renderer);
-    bool IsBakingQuick(const ViewJob& job) const;
+    bool IsTableQuick(const ViewJob& job) const;
     ViewGeometry MakeGeometry(const ViewJob& job, bool isReduced) const;
     int ChooseHalvings(const ViewJob& job) const;
     bool IsSuperseded();

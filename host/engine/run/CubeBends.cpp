@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/run/CubeBends.h"
 
-#include "engine/kernels/BakedKernel.h"
+#include "engine/kernels/ColourCubeKernel.h"
 
 #include <algorithm>
 #include <atomic>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr int ToEntry(int steps)
 {
-    return steps * BakedCube::One / 255;
+    return steps * ColourCube::One / 255;
 }
 
 /// A line of entries, red running, and the lines on both sides of it in some direction.
@@ -29,12 +29,12 @@ struct Lines
 /// neighbours does not count.
 void AddBends(const Lines& lines, int entries, std::int32_t* bends)
 {
-    for (int i = 0; i < entries * BakedCube::Stride; ++i) {
+    for (int i = 0; i < entries * ColourCube::Stride; ++i) {
         const std::int32_t before = lines.before[i];
         const std::int32_t centre = lines.centre[i];
         const std::int32_t after = lines.after[i];
         const bool isSeen = std::max(std::max(before, centre), after) > 0 &&
-                            std::min(std::min(before, centre), after) < BakedCube::One;
+                            std::min(std::min(before, centre), after) < ColourCube::One;
         const std::int32_t bend = std::abs(before - 2 * centre + after);
         bends[i] = std::max(bends[i], isSeen ? bend : 0);
     }
@@ -44,7 +44,7 @@ class Search
 {
 public:
     Search(std::int16_t* cube, int points)
-        : m_cube(cube), m_points(points), m_bendAt(Offset(0, 0, points) / BakedCube::Stride)
+        : m_cube(cube), m_points(points), m_bendAt(Offset(0, 0, points) / ColourCube::Stride)
     {
     }
 
@@ -60,7 +60,7 @@ private:
         const auto size = static_cast<std::size_t>(m_points);
         return ((static_cast<std::size_t>(blue) * size + static_cast<std::size_t>(green)) * size +
                 static_cast<std::size_t>(red)) *
-               BakedCube::Stride;
+               ColourCube::Stride;
     }
     bool IsInside(int i) const { return i > 0 && i < m_points - 1; }
     Lines GetLines(int green, int blue, int alongRed, int alongGreen, int alongBlue) const;
@@ -83,7 +83,7 @@ Lines Search::GetLines(int green, int blue, int alongRed, int alongGreen, int al
 
 void Search::FindInPlane(int blue)
 {
-    constexpr int stride = BakedCube::Stride;
+    constexpr int stride = ColourCube::Stride;
     std::vector<std::int32_t> bends;
     for (int green = 0; green < m_points; ++green) {
         bends.assign(static_cast<std::size_t>(m_points * stride), 0);
@@ -109,7 +109,7 @@ bool Search::HasBentCorner(int red, int green, int blue) const
     for (const int blueCorner : {blue, blue + 1})
         for (const int greenCorner : {green, green + 1}) {
             const char* const corner =
-                m_bendAt.data() + Offset(red, greenCorner, blueCorner) / BakedCube::Stride;
+                m_bendAt.data() + Offset(red, greenCorner, blueCorner) / ColourCube::Stride;
             if (corner[0] || corner[1])
                 return true;
         }
@@ -122,7 +122,7 @@ void Search::MarkPlane(int blue)
     for (int green = 0; green < m_points - 1; ++green)
         for (int red = 0; red < m_points - 1; ++red)
             if (HasBentCorner(red, green, blue)) {
-                m_cube[Offset(red, green, blue) + BakedCube::Mark] = 1;
+                m_cube[Offset(red, green, blue) + ColourCube::Mark] = 1;
                 ++count;
             }
     m_markedCount += count;

@@ -7,7 +7,7 @@
 
 namespace LumetraHost {
 
-/// Finds where a cube (see BakedCube) bends too sharply for interpolation between its entries. The
+/// Finds where a cube (see ColourCube) bends too sharply for interpolation between its entries. The
 /// error of an interpolated colour is a fraction of the second difference of the entries around it:
 /// a cell is marked when that of one of its corners, along an axis or the grey diagonal, is above
 /// `Limit`, which keeps the error of all other cells below a step of 8 bits. Sharp bends are usual

@@ -4,8 +4,8 @@
 #include "engine/base/Isa.h"
 #include "engine/gaussian/GaussianBands.h"
 #include "engine/gaussian/PlaneRing.h"
-#include "engine/run/BakedRun.h"
 #include "engine/run/Blend.h"
+#include "engine/run/ColourTable.h"
 #include "engine/run/CutChain.h"
 #include "engine/run/PixelStep.h"
 #include "engine/run/RenderPlan.h"
@@ -30,7 +30,7 @@ struct PictureRunForm
     int tilePixels = 2048; ///< limited to SmallestTile..LargestTile
     /// Stands before the plan, whose first chain then begins with encoded colours. Pictures of 8
     /// bits only. Null: none.
-    std::shared_ptr<const BakedRun> table;
+    std::shared_ptr<const ColourTable> table;
 };
 
 /// The one way over the rows of a picture: from rows of pixels to rows of pixels, with planar float

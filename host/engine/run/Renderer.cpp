@@ -86,8 +86,8 @@ Image Renderer::Render(const Image& source, const CutChain& cut, int blendAmount
                 std::move(recycled), options.cancel, *m_pool);
 }
 
-Image Renderer::Render(const Image& source, std::shared_ptr<const BakedRun> table, int blendAmount,
-                       const RenderOptions& options, Image recycled) const
+Image Renderer::Render(const Image& source, std::shared_ptr<const ColourTable> table,
+                       int blendAmount, const RenderOptions& options, Image recycled) const
 {
     if (source.IsNull() || ClampBlendAmount(blendAmount) == SourceOnly)
         return source;

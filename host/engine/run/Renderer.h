@@ -17,7 +17,7 @@
 
 namespace LumetraHost {
 
-class BakedRun;
+class ColourTable;
 struct CutChain;
 
 /// How a picture is rendered. Threads and tile size do not change the pixels; for the instruction
@@ -63,7 +63,7 @@ public:
                  const RenderOptions& options = {}, Image recycled = {}) const;
 
     /// Draws a table of colours on a picture of 8 bits and blends as Interpolate() does.
-    Image Render(const Image& source, std::shared_ptr<const BakedRun> table, int blendAmount,
+    Image Render(const Image& source, std::shared_ptr<const ColourTable> table, int blendAmount,
                  const RenderOptions& options = {}, Image recycled = {}) const;
 
     /// The blend of two finished pictures of the same size and depth, see Blend().

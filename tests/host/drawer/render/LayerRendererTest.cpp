@@ -124,14 +124,14 @@ TEST_F(Layers, areDrawnFromTablesAboveWhatIsFinished)
 {
     Render({m_a, m_b, m_c});
     const Layer changed = MakeLayer(1.1);
-    const Image baked = m_layers.RenderBaked({m_a, m_b, changed});
+    const Image quick = m_layers.RenderFromTables({m_a, m_b, changed});
     const Image exact = DrawLayers({m_a, m_b, changed});
-    ASSERT_FALSE(baked.IsNull());
+    ASSERT_FALSE(quick.IsNull());
     int largest = 0;
     for (int y = 0; y < 60; ++y)
         for (int x = 0; x < 90; ++x)
             for (int channel = 0; channel < 4; ++channel)
-                largest = std::max(largest, std::abs(int(GetChannel(baked, x, y, channel)) -
+                largest = std::max(largest, std::abs(int(GetChannel(quick, x, y, channel)) -
                                                      int(GetChannel(exact, x, y, channel))));
     EXPECT_LE(largest, 2);
     // Nothing of it is taken for the exact picture.
@@ -143,9 +143,9 @@ TEST_F(Layers, ofMoreThanColoursAreNotDrawnFromTables)
     const Layer vignette{std::make_shared<Zorvik::Quindle::EffectsSettings>(
                              MakePackage("a", 0, {MakeEffect("vignette", {{"amount", -1}})})),
                          std::nullopt};
-    EXPECT_TRUE(m_layers.RenderBaked({m_a, vignette}).IsNull());
+    EXPECT_TRUE(m_layers.RenderFromTables({m_a, vignette}).IsNull());
     Render({m_a, vignette});
-    EXPECT_FALSE(m_layers.RenderBaked({m_a, vignette, m_b}).IsNull());
+    EXPECT_FALSE(m_layers.RenderFromTables({m_a, vignette, m_b}).IsNull());
 }
 
 TEST_F(Layers, forInteractionAreTheSame)

@@ -17,7 +17,7 @@
 
 namespace LumetraHost {
 
-struct BakedRest;
+struct MarkedPixels;
 
 /// A run of colour effects as one table of 33 x 33 x 33 or 65 x 65 x 65 colours: quick to draw
 /// with, whatever is in the run, and within a step of 8 bits of the exact run. The small one is
@@ -28,7 +28,7 @@ struct BakedRest;
 /// exactly. A table is made only where it serves: a probe of some 4,000 colours must come out
 /// within one step of the exact run. Runs that jump, and those that bend nearly everywhere, are
 /// refused.
-class BakedRun
+class ColourTable
 {
 public:
     /// How far a probed colour may be off, in steps of 8 bits.
@@ -40,13 +40,13 @@ public:
 
     /// `points`: one of the above. Null when the effects look at anything but the colour, when the
     /// probe fails, and when it was cancelled.
-    static std::shared_ptr<const BakedRun> Make(const Zorvik::Quindle::EffectList& effects,
-                                                int points, Isa isa, ThreadPool& pool,
-                                                const CancelToken* cancel = nullptr);
+    static std::shared_ptr<const ColourTable> Make(const Zorvik::Quindle::EffectList& effects,
+                                                   int points, Isa isa, ThreadPool& pool,
+                                                   const CancelToken* cancel = nullptr);
     /// The same for stages, which must look at nothing but the colour.
-    static std::shared_ptr<const BakedRun> Make(const std::vector<StagePtr>& stages, int points,
-                                                Isa isa, ThreadPool& pool,
-                                                const CancelToken* cancel = nullptr);
+    static std::shared_ptr<const ColourTable> Make(const std::vector<StagePtr>& stages, int points,
+                                                   Isa isa, ThreadPool& pool,
+                                                   const CancelToken* cancel = nullptr);
 
     /// The table on `pixels` pixels of one row of 8 bits, then the integer blend with them, see
     /// Blend(). The rows may be the same. On the calling thread.
@@ -57,13 +57,15 @@ public:
     void Load(const Tile& tile, const std::uint8_t* row) const;
 
 private:
-    BakedRun(const std::vector<StagePtr>& stages, Isa isa, int points);
+    ColourTable(const std::vector<StagePtr>& stages, Isa isa, int points);
 
-    bool Bake(ThreadPool& pool, const CancelToken* cancel);
+    bool Fill(ThreadPool& pool, const CancelToken* cancel);
     bool Probe(ThreadPool& pool, const CancelToken* cancel) const;
     void RunPart(const std::uint8_t* source, std::uint8_t* target, int pixels, int amount) const;
-    void DrawExactly(const std::uint8_t* source, std::uint8_t* target, const BakedRest& rest) const;
-    void LoadExactly(const std::uint8_t* source, const Tile& target, const BakedRest& rest) const;
+    void DrawExactly(const std::uint8_t* source, std::uint8_t* target,
+                     const MarkedPixels& rest) const;
+    void LoadExactly(const std::uint8_t* source, const Tile& target,
+                     const MarkedPixels& rest) const;
 
     Isa m_isa;
     int m_points;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "engine/run/BakedRun.h"
+#include "engine/run/ColourTable.h"
 
 #include "engine/effects/EffectKinds.h"
-#include "engine/kernels/BakedKernel.h"
+#include "engine/kernels/ColourCubeKernel.h"
 #include "engine/kernels/KernelSelection.h"
 #include "engine/pixels/PixelKernel.h"
 #include "engine/run/Blend.h"
@@ -20,11 +20,11 @@ namespace LumetraHost {
 namespace {
 
 /// One row of tables or probes.
-constexpr int TileColours = BakedCube::MostPixels;
-/// Of the cells, that may bend: more are no gain.
-constexpr double MostBent = 0.25;
+constexpr int TileColours = ColourCube::MostPixels;
+/// Share of the cells that may be drawn exactly: with more of them the table is no gain.
+constexpr double LargestMarkedShare = 0.25;
 
-/// What the entries can hold; colours this far out are of no consequence to what is seen.
+/// Range of the entries. Colours this far outside of 0..1 make no difference to what is seen.
 constexpr float Lowest = -0.5f;
 constexpr float Highest = 1.5f;
 
@@ -43,7 +43,7 @@ void CopyPixel(const std::uint8_t* source, std::uint8_t* target)
 }
 
 /// The pixels of `rest` one after the other.
-void Gather(const std::uint8_t* source, const BakedRest& rest, PixelRow& target)
+void Gather(const std::uint8_t* source, const MarkedPixels& rest, PixelRow& target)
 {
     for (int i = 0; i < rest.count; ++i)
         CopyPixel(source + Image::Channels * rest.positions[i], target + Image::Channels * i);
@@ -52,11 +52,11 @@ void Gather(const std::uint8_t* source, const BakedRest& rest, PixelRow& target)
 std::int16_t Quantise(float value)
 {
     const float limited = std::clamp(value, Lowest, Highest);
-    return static_cast<std::int16_t>(std::lround(limited * BakedCube::One));
+    return static_cast<std::int16_t>(std::lround(limited * ColourCube::One));
 }
 
 /// One line of the cube: green and blue are the same.
-void BakeLine(const StageChain& chain, int points, int green, int blue, std::int16_t* line)
+void FillLine(const StageChain& chain, int points, int green, int blue, std::int16_t* line)
 {
     ColourTile colours;
     for (int red = 0; red < points; ++red) {
@@ -67,7 +67,7 @@ void BakeLine(const StageChain& chain, int points, int green, int blue, std::int
     chain.Run(colours.GetTile(points));
     for (int red = 0; red < points; ++red)
         for (int channel = 0; channel < 3; ++channel)
-            line[red * BakedCube::Stride + channel] = Quantise(colours.values[channel][red]);
+            line[red * ColourCube::Stride + channel] = Quantise(colours.values[channel][red]);
 }
 
 /// The finishing step of the hash MurmurHash3: neighbouring numbers give unrelated ones.
@@ -91,14 +91,14 @@ std::uint8_t GetProbe(int row, int i, int channel)
 
 constexpr int ProbeRows = 16;
 
-bool IsClose(float exact, std::uint8_t baked)
+bool IsClose(float exact, std::uint8_t drawn)
 {
     const long wanted = std::lround(255 * std::clamp(static_cast<double>(exact), 0.0, 1.0));
-    return std::abs(wanted - baked) <= BakedRun::Tolerance;
+    return std::abs(wanted - drawn) <= ColourTable::Tolerance;
 }
 
 /// Whether one row of the probe comes out as the exact run has it.
-bool ProbeRow(const StageChain& chain, const BakedRun& baked, int row)
+bool ProbeRow(const StageChain& chain, const ColourTable& table, int row)
 {
     alignas(64) PixelRow pixels;
     ColourTile colours;
@@ -110,7 +110,7 @@ bool ProbeRow(const StageChain& chain, const BakedRun& baked, int row)
         }
     }
     chain.Run(colours.GetTile(TileColours));
-    baked.RunRow(pixels, pixels, TileColours, FullEffect);
+    table.RunRow(pixels, pixels, TileColours, FullEffect);
     for (int i = 0; i < TileColours; ++i)
         for (int channel = 0; channel < 3; ++channel)
             if (!IsClose(colours.values[channel][i], pixels[4 * i + channel]))
@@ -128,8 +128,8 @@ bool AreOfColourOnly(const Zorvik::Quindle::EffectList& effects)
 
 } // namespace
 
-BakedRun::BakedRun(const std::vector<StagePtr>& stages, Isa isa, int points)
-    : m_isa(isa), m_points(points), m_cube(BakedCube::CountValues(points)),
+ColourTable::ColourTable(const std::vector<StagePtr>& stages, Isa isa, int points)
+    : m_isa(isa), m_points(points), m_cube(ColourCube::CountValues(points)),
       m_chain(stages, isa, Image::Depth::Bits8),
       m_encodedChain(stages, isa, Image::Depth::Bits8, ColourSpace::Encoded, ColourSpace::Encoded),
       m_pixelStep(Image::Depth::Bits8, isa, m_chain, m_chain, 0),
@@ -137,9 +137,9 @@ BakedRun::BakedRun(const std::vector<StagePtr>& stages, Isa isa, int points)
 {
 }
 
-std::shared_ptr<const BakedRun> BakedRun::Make(const Zorvik::Quindle::EffectList& effects,
-                                               int points, Isa isa, ThreadPool& pool,
-                                               const CancelToken* cancel)
+std::shared_ptr<const ColourTable> ColourTable::Make(const Zorvik::Quindle::EffectList& effects,
+                                                     int points, Isa isa, ThreadPool& pool,
+                                                     const CancelToken* cancel)
 {
     if (!AreOfColourOnly(effects))
         return nullptr;
@@ -147,31 +147,33 @@ std::shared_ptr<const BakedRun> BakedRun::Make(const Zorvik::Quindle::EffectList
     return Make(plan.GetFirstStages(), points, isa, pool, cancel);
 }
 
-std::shared_ptr<const BakedRun> BakedRun::Make(const std::vector<StagePtr>& stages, int points,
-                                               Isa isa, ThreadPool& pool, const CancelToken* cancel)
+std::shared_ptr<const ColourTable> ColourTable::Make(const std::vector<StagePtr>& stages,
+                                                     int points, Isa isa, ThreadPool& pool,
+                                                     const CancelToken* cancel)
 {
-    const std::shared_ptr<BakedRun> baked(new BakedRun(stages, LimitToSupported(isa), points));
-    const bool isGood = baked->Bake(pool, cancel) && baked->Probe(pool, cancel);
-    return isGood ? baked : nullptr;
+    const std::shared_ptr<ColourTable> table(
+        new ColourTable(stages, LimitToSupported(isa), points));
+    const bool isGood = table->Fill(pool, cancel) && table->Probe(pool, cancel);
+    return isGood ? table : nullptr;
 }
 
 /// False when the table does not serve, and when it was cancelled.
-bool BakedRun::Bake(ThreadPool& pool, const CancelToken* cancel)
+bool ColourTable::Fill(ThreadPool& pool, const CancelToken* cancel)
 {
     std::int16_t* const cube = m_cube.data();
     const auto isCancelled = [cancel] { return cancel && cancel->IsCancelled(); };
     pool.ForEach(m_points, 0, [&](int blue) {
         for (int green = 0; green < m_points && !isCancelled(); ++green)
-            BakeLine(m_encodedChain, m_points, green, blue,
-                     cube + (blue * m_points + green) * m_points * BakedCube::Stride);
+            FillLine(m_encodedChain, m_points, green, blue,
+                     cube + (blue * m_points + green) * m_points * ColourCube::Stride);
     });
     if (isCancelled())
         return false;
     const CubeBends bends(cube, m_points, pool);
-    return !bends.HasJump() && bends.GetMarkedShare() <= MostBent;
+    return !bends.HasJump() && bends.GetMarkedShare() <= LargestMarkedShare;
 }
 
-bool BakedRun::Probe(ThreadPool& pool, const CancelToken* cancel) const
+bool ColourTable::Probe(ThreadPool& pool, const CancelToken* cancel) const
 {
     std::atomic<bool> isGood{true};
     pool.ForEach(ProbeRows, 0, [&](int row) {
@@ -181,8 +183,8 @@ bool BakedRun::Probe(ThreadPool& pool, const CancelToken* cancel) const
     return isGood;
 }
 
-void BakedRun::RunRow(const std::uint8_t* source, std::uint8_t* target, int pixels,
-                      int blendAmount) const
+void ColourTable::RunRow(const std::uint8_t* source, std::uint8_t* target, int pixels,
+                         int blendAmount) const
 {
     const int amount = ClampBlendAmount(blendAmount);
     for (int x = 0; x < pixels; x += TileColours) {
@@ -192,21 +194,21 @@ void BakedRun::RunRow(const std::uint8_t* source, std::uint8_t* target, int pixe
 }
 
 /// At most one tile of colours.
-void BakedRun::RunPart(const std::uint8_t* source, std::uint8_t* target, int pixels,
-                       int amount) const
+void ColourTable::RunPart(const std::uint8_t* source, std::uint8_t* target, int pixels,
+                          int amount) const
 {
     alignas(64) PixelRow before; // the target may be the source
     std::copy_n(source, Image::Channels * pixels, before);
-    BakedRest rest;
-    SelectKernel<BakedKernel8>(m_isa)(m_cube.data(), m_points, before, target, pixels, rest);
+    MarkedPixels rest;
+    SelectKernel<ColourCubeKernel8>(m_isa)(m_cube.data(), m_points, before, target, pixels, rest);
     if (rest.count > 0)
         DrawExactly(before, target, rest);
     if (amount != FullEffect)
         SelectKernel<BlendKernel8>(m_isa)(before, target, target, pixels, amount);
 }
 
-void BakedRun::DrawExactly(const std::uint8_t* source, std::uint8_t* target,
-                           const BakedRest& rest) const
+void ColourTable::DrawExactly(const std::uint8_t* source, std::uint8_t* target,
+                              const MarkedPixels& rest) const
 {
     alignas(64) PixelRow pixels;
     Gather(source, rest, pixels);
@@ -219,22 +221,22 @@ void BakedRun::DrawExactly(const std::uint8_t* source, std::uint8_t* target,
         CopyPixel(pixels + Image::Channels * i, target + Image::Channels * rest.positions[i]);
 }
 
-void BakedRun::Load(const Tile& tile, const std::uint8_t* row) const
+void ColourTable::Load(const Tile& tile, const std::uint8_t* row) const
 {
     const std::uint8_t* const source = row + std::ptrdiff_t{Image::Channels} * tile.x;
     for (int x = 0; x < tile.count; x += TileColours) {
         const Tile part{tile.red + x, tile.green + x, tile.blue + x,
                         std::min(TileColours, tile.count - x)};
-        BakedRest rest;
-        SelectKernel<BakedLoadKernel8>(m_isa)(
+        MarkedPixels rest;
+        SelectKernel<ColourCubeLoadKernel8>(m_isa)(
             m_cube.data(), m_points, source + std::ptrdiff_t{Image::Channels} * x, part, rest);
         if (rest.count > 0)
             LoadExactly(source + std::ptrdiff_t{Image::Channels} * x, part, rest);
     }
 }
 
-void BakedRun::LoadExactly(const std::uint8_t* source, const Tile& target,
-                           const BakedRest& rest) const
+void ColourTable::LoadExactly(const std::uint8_t* source, const Tile& target,
+                              const MarkedPixels& rest) const
 {
     alignas(64) PixelRow pixels;
     Gather(source, rest, pixels);

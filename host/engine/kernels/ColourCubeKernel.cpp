@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "engine/kernels/BakedKernel.h"
+#include "engine/kernels/ColourCubeKernel.h"
 
 #include "engine/kernels/KernelMath.h"
 #include "engine/kernels/PackedPixel.h"
@@ -11,19 +11,19 @@
 namespace LumetraHost {
 namespace {
 
-constexpr int ChunkPixels = BakedCube::MostPixels;
-/// Rounding to the nearest, and from BakedCube::One * 255 to 255.
-constexpr std::int32_t Half = BakedCube::One / 2;
+constexpr int ChunkPixels = ColourCube::MostPixels;
+/// Rounding to the nearest, and from ColourCube::One * 255 to 255.
+constexpr std::int32_t Half = ColourCube::One / 2;
 constexpr int Shift = 14;
-static_assert(1 << Shift == BakedCube::One);
-constexpr float Unit = 1.0f / (255.0f * BakedCube::One);
+static_assert(1 << Shift == ColourCube::One);
+constexpr float Unit = 1.0f / (255.0f * ColourCube::One);
 
 /// Cells along an axis, and how far apart the entries of neighbours are.
 template <int points>
 struct Lattice
 {
     static constexpr std::int32_t Cells = points - 1;
-    static constexpr std::int32_t RedStride = BakedCube::Stride;
+    static constexpr std::int32_t RedStride = ColourCube::Stride;
     static constexpr std::int32_t GreenStride = RedStride * points;
     static constexpr std::int32_t BlueStride = GreenStride * points;
     static_assert(RedStride + GreenStride + BlueStride < 1 << 15);
@@ -96,7 +96,7 @@ LUMETRA_KERNEL_INLINE __m128i LoadCorner(const std::int16_t* cube, std::int32_t 
     return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(cube + offset));
 }
 
-/// The sums of the four corners, red, green, blue and nothing, of 255 * BakedCube::One for white.
+/// The sums of the four corners, red, green, blue and nothing, of 255 * ColourCube::One for white.
 LUMETRA_KERNEL_INLINE __m128i Sum(const std::int16_t* cube, const Corners& corners, int i)
 {
     const __m128i pair12 =
@@ -195,32 +195,32 @@ LUMETRA_KERNEL_INLINE void Load(const std::int16_t* cube, const Corners& corners
 
 /// Without branches: marked pixels come at random.
 LUMETRA_KERNEL_INLINE void FindRest(const std::int16_t* cube, const Corners& corners, int count,
-                                    BakedRest& rest)
+                                    MarkedPixels& rest)
 {
     int found = 0;
     for (int i = 0; i < count; ++i) {
         rest.positions[found] = i;
-        found += cube[corners.first[i] + BakedCube::Mark];
+        found += cube[corners.first[i] + ColourCube::Mark];
     }
     rest.count = found;
 }
 
 LUMETRA_KERNEL_INLINE void Find(const std::int16_t* cube, int points, const std::uint8_t* source,
-                                int count, Corners& corners, BakedRest& rest)
+                                int count, Corners& corners, MarkedPixels& rest)
 {
     const auto* const pixels = reinterpret_cast<const PackedPixel8*>(source);
-    if (points == BakedCube::CoarsePoints)
-        FindCorners<BakedCube::CoarsePoints>(corners, pixels, count);
+    if (points == ColourCube::CoarsePoints)
+        FindCorners<ColourCube::CoarsePoints>(corners, pixels, count);
     else
-        FindCorners<BakedCube::FinePoints>(corners, pixels, count);
+        FindCorners<ColourCube::FinePoints>(corners, pixels, count);
     FindRest(cube, corners, count, rest);
 }
 
 } // namespace
 
 template <Isa isa>
-void BakedKernel8<isa>::Run(const std::int16_t* cube, int points, const std::uint8_t* source,
-                            std::uint8_t* target, int pixels, BakedRest& rest)
+void ColourCubeKernel8<isa>::Run(const std::int16_t* cube, int points, const std::uint8_t* source,
+                                 std::uint8_t* target, int pixels, MarkedPixels& rest)
 {
     Corners corners;
     Find(cube, points, source, pixels, corners, rest);
@@ -228,15 +228,16 @@ void BakedKernel8<isa>::Run(const std::int16_t* cube, int points, const std::uin
 }
 
 template <Isa isa>
-void BakedLoadKernel8<isa>::Run(const std::int16_t* cube, int points, const std::uint8_t* source,
-                                const Tile& tile, BakedRest& rest)
+void ColourCubeLoadKernel8<isa>::Run(const std::int16_t* cube, int points,
+                                     const std::uint8_t* source, const Tile& tile,
+                                     MarkedPixels& rest)
 {
     Corners corners;
     Find(cube, points, source, tile.count, corners, rest);
     Load(cube, corners, tile);
 }
 
-template struct BakedKernel8<KernelIsa>;
-template struct BakedLoadKernel8<KernelIsa>;
+template struct ColourCubeKernel8<KernelIsa>;
+template struct ColourCubeLoadKernel8<KernelIsa>;
 
 } // namespace LumetraHost

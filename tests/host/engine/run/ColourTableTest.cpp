@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "host/engine/TestPictures.h"
 
-#include "engine/run/BakedRun.h"
+#include "engine/run/ColourTable.h"
 #include "engine/run/Renderer.h"
 
 #include <gtest/gtest.h>
@@ -58,19 +58,20 @@ EffectList MakeChain()
                        {{"slopeRed", 1.05}, {"offsetBlue", 0.01}, {"powerGreen", 1.03}})};
 }
 
-std::shared_ptr<const BakedRun> Bake(const EffectList& effects, int points = BakedRun::DragPoints)
+std::shared_ptr<const ColourTable> MakeTable(const EffectList& effects,
+                                             int points = ColourTable::DragPoints)
 {
-    return BakedRun::Make(effects, points, GetDefaultIsa(), ThreadPool::GetShared());
+    return ColourTable::Make(effects, points, GetDefaultIsa(), ThreadPool::GetShared());
 }
 
-bool IsRefused(const StagePtr& stage, int points = BakedRun::DragPoints)
+bool IsRefused(const StagePtr& stage, int points = ColourTable::DragPoints)
 {
-    return !BakedRun::Make({stage}, points, GetDefaultIsa(), ThreadPool::GetShared());
+    return !ColourTable::Make({stage}, points, GetDefaultIsa(), ThreadPool::GetShared());
 }
 
-Image DrawWith(std::shared_ptr<const BakedRun> baked, const Image& source, int blendAmount = 1)
+Image DrawWith(std::shared_ptr<const ColourTable> table, const Image& source, int blendAmount = 1)
 {
-    return Renderer().Render(source, std::move(baked), blendAmount);
+    return Renderer().Render(source, std::move(table), blendAmount);
 }
 
 /// The largest of all channels, in steps.
@@ -85,14 +86,14 @@ int FindDifference(const Image& first, const Image& second)
     return largest;
 }
 
-TEST(BakedRun, isCloseToTheExactRun)
+TEST(ColourTable, isCloseToTheExactRun)
 {
     const Image source = MakeRandomPicture(301, 100, Image::Depth::Bits8, 3);
     const Image exact = Renderer().Render(source, MakeSettings(MakeChain()));
-    for (const int points : {BakedRun::DragPoints, BakedRun::ExportPoints}) {
-        const auto baked = Bake(MakeChain(), points);
-        ASSERT_TRUE(baked);
-        EXPECT_LE(FindDifference(DrawWith(baked, source), exact), 1) << points;
+    for (const int points : {ColourTable::DragPoints, ColourTable::ExportPoints}) {
+        const auto table = MakeTable(MakeChain(), points);
+        ASSERT_TRUE(table);
+        EXPECT_LE(FindDifference(DrawWith(table, source), exact), 1) << points;
     }
 }
 
@@ -111,44 +112,44 @@ EffectList MakeBendingChain()
                                                                                   {"bb", 1.5567}})};
 }
 
-TEST(BakedRun, refusesWhatBendsInManyOfItsCells)
+TEST(ColourTable, refusesWhatBendsInManyOfItsCells)
 {
-    EXPECT_FALSE(Bake(MakeBendingChain()));
+    EXPECT_FALSE(MakeTable(MakeBendingChain()));
 }
 
-TEST(BakedRun, staysWithinAStepWhereFewCellsBend)
+TEST(ColourTable, staysWithinAStepWhereFewCellsBend)
 {
-    const auto baked = Bake(MakeBendingChain(), BakedRun::ExportPoints);
-    ASSERT_TRUE(baked);
+    const auto table = MakeTable(MakeBendingChain(), ColourTable::ExportPoints);
+    ASSERT_TRUE(table);
     const Image source = MakeRandomPicture(601, 500, Image::Depth::Bits8, 8);
     const Image exact = Renderer().Render(source, MakeSettings(MakeBendingChain()));
-    EXPECT_LE(FindDifference(DrawWith(baked, source), exact), 1);
+    EXPECT_LE(FindDifference(DrawWith(table, source), exact), 1);
 }
 
-TEST(BakedRun, mayDrawOnItsSource)
+TEST(ColourTable, mayDrawOnItsSource)
 {
-    const auto baked = Bake(MakeBendingChain(), BakedRun::ExportPoints);
-    ASSERT_TRUE(baked);
+    const auto table = MakeTable(MakeBendingChain(), ColourTable::ExportPoints);
+    ASSERT_TRUE(table);
     const Image source = MakeRandomPicture(601, 3, Image::Depth::Bits8, 9);
     for (const int blendAmount : {1, 100}) {
         Image picture = source.Clone();
         for (int y = 0; y < picture.GetHeight(); ++y)
-            baked->RunRow(picture.Row(y), picture.Row(y), picture.GetWidth(), blendAmount);
-        EXPECT_TRUE(HaveSamePixels(picture, DrawWith(baked, source, blendAmount))) << blendAmount;
+            table->RunRow(picture.Row(y), picture.Row(y), picture.GetWidth(), blendAmount);
+        EXPECT_TRUE(HaveSamePixels(picture, DrawWith(table, source, blendAmount))) << blendAmount;
     }
 }
 
-TEST(BakedRun, loadsTilesOfWhatItDraws)
+TEST(ColourTable, loadsTilesOfWhatItDraws)
 {
-    const auto baked = Bake(MakeBendingChain(), BakedRun::ExportPoints);
-    ASSERT_TRUE(baked);
+    const auto table = MakeTable(MakeBendingChain(), ColourTable::ExportPoints);
+    ASSERT_TRUE(table);
     const Image source = MakeRandomPicture(601, 1, Image::Depth::Bits8, 10);
-    const Image drawn = DrawWith(baked, source);
+    const Image drawn = DrawWith(table, source);
     std::vector<float> planes[3];
     for (auto& plane : planes)
         plane.resize(500);
     constexpr int left = 100;
-    baked->Load({planes[0].data(), planes[1].data(), planes[2].data(), 500, left, 0},
+    table->Load({planes[0].data(), planes[1].data(), planes[2].data(), 500, left, 0},
                 source.Row(0));
     for (int x = 0; x < 500; ++x)
         for (int channel = 0; channel < 3; ++channel) {
@@ -159,75 +160,75 @@ TEST(BakedRun, loadsTilesOfWhatItDraws)
         }
 }
 
-TEST(BakedRun, isExactWhereNothingChanges)
+TEST(ColourTable, isExactWhereNothingChanges)
 {
-    for (const int points : {BakedRun::DragPoints, BakedRun::ExportPoints}) {
-        const auto baked = Bake({}, points);
-        ASSERT_TRUE(baked);
+    for (const int points : {ColourTable::DragPoints, ColourTable::ExportPoints}) {
+        const auto table = MakeTable({}, points);
+        ASSERT_TRUE(table);
         const Image source = MakeRandomPicture(257, 64, Image::Depth::Bits8, 4);
-        EXPECT_TRUE(HaveSamePixels(DrawWith(baked, source), source)) << points;
+        EXPECT_TRUE(HaveSamePixels(DrawWith(table, source), source)) << points;
     }
 }
 
-TEST(BakedRun, isAlmostTheSameForAllInstructionSets)
+TEST(ColourTable, isAlmostTheSameForAllInstructionSets)
 {
     const Image source = MakeRandomPicture(301, 40, Image::Depth::Bits8, 5);
     Image first;
     for (const Isa isa : GetSupportedIsas()) {
-        const auto baked =
-            BakedRun::Make(MakeChain(), BakedRun::DragPoints, isa, ThreadPool::GetShared());
-        ASSERT_TRUE(baked);
-        const Image drawn = DrawWith(baked, source);
+        const auto table =
+            ColourTable::Make(MakeChain(), ColourTable::DragPoints, isa, ThreadPool::GetShared());
+        ASSERT_TRUE(table);
+        const Image drawn = DrawWith(table, source);
         // An entry may be rounded the other way.
         EXPECT_TRUE(first.IsNull() || FindDifference(first, drawn) <= 1) << GetIsaName(isa);
         first = drawn;
     }
 }
 
-TEST(BakedRun, isBlendedWithTheSource)
+TEST(ColourTable, isBlendedWithTheSource)
 {
-    const auto baked = Bake(MakeChain());
-    ASSERT_TRUE(baked);
+    const auto table = MakeTable(MakeChain());
+    ASSERT_TRUE(table);
     const Image source = MakeRandomPicture(301, 40, Image::Depth::Bits8, 6);
-    const Image blended = DrawWith(baked, source, 100);
+    const Image blended = DrawWith(table, source, 100);
     EXPECT_TRUE(
-        HaveSamePixels(blended, Renderer().Interpolate(source, DrawWith(baked, source), 100)));
+        HaveSamePixels(blended, Renderer().Interpolate(source, DrawWith(table, source), 100)));
 }
 
-TEST(BakedRun, refusesRunsThatJump)
+TEST(ColourTable, refusesRunsThatJump)
 {
     for (const float levels : {2.0f, 4.0f, 8.0f, 32.0f, 100.0f})
-        for (const int points : {BakedRun::DragPoints, BakedRun::ExportPoints})
+        for (const int points : {ColourTable::DragPoints, ColourTable::ExportPoints})
             EXPECT_TRUE(IsRefused(std::make_shared<PosteriseStage>(levels), points)) << levels;
 }
 
-TEST(BakedRun, refusesWhatATableOfItsSizeCannotFollow)
+TEST(ColourTable, refusesWhatATableOfItsSizeCannotFollow)
 {
     EXPECT_TRUE(IsRefused(std::make_shared<WaveStage>(8.0f)));
     EXPECT_FALSE(IsRefused(std::make_shared<WaveStage>(0.3f)));
 }
 
-TEST(BakedRun, refusesEffectsThatLookAtMoreThanTheColour)
+TEST(ColourTable, refusesEffectsThatLookAtMoreThanTheColour)
 {
-    EXPECT_FALSE(Bake({MakeEffect("vignette", {{"amount", -0.01}})}));
-    EXPECT_FALSE(Bake({MakeEffect("grain", {{"amount", 1}})}));
-    EXPECT_FALSE(Bake({MakeEffect("clarity", {{"amount", 1}})}));
-    EXPECT_FALSE(Bake(
+    EXPECT_FALSE(MakeTable({MakeEffect("vignette", {{"amount", -0.01}})}));
+    EXPECT_FALSE(MakeTable({MakeEffect("grain", {{"amount", 1}})}));
+    EXPECT_FALSE(MakeTable({MakeEffect("clarity", {{"amount", 1}})}));
+    EXPECT_FALSE(MakeTable(
         {MakeEffect("exposure", {{"stops", 0.1}}), MakeEffect("gaussianBlur", {{"radius", 0.1}})}));
 }
 
-TEST(BakedRun, isGivenUpWhenItIsCancelled)
+TEST(ColourTable, isGivenUpWhenItIsCancelled)
 {
     CancelToken cancel;
     cancel.Cancel();
-    EXPECT_FALSE(BakedRun::Make(MakeChain(), BakedRun::DragPoints, GetDefaultIsa(),
-                                ThreadPool::GetShared(), &cancel));
+    EXPECT_FALSE(ColourTable::Make(MakeChain(), ColourTable::DragPoints, GetDefaultIsa(),
+                                   ThreadPool::GetShared(), &cancel));
     const Image source = MakeRandomPicture(30, 30, Image::Depth::Bits8, 7);
-    const auto baked = Bake(MakeChain());
-    ASSERT_TRUE(baked);
+    const auto table = MakeTable(MakeChain());
+    ASSERT_TRUE(table);
     RenderOptions options;
     options.cancel = &cancel;
-    EXPECT_TRUE(Renderer().Render(source, baked, 1, options).IsNull());
+    EXPECT_TRUE(Renderer().Render(source, table, 1, options).IsNull());
 }
 
 } // namespace

@@ -10,7 +10,7 @@
 namespace LumetraHost {
 
 /// A cube of encoded colours over the encoded colours of 8-bit pixels.
-struct BakedCube
+struct ColourCube
 {
     static constexpr int CoarsePoints = 33; ///< entries along each axis: these
     static constexpr int FinePoints = 65;   ///< or these
@@ -27,10 +27,10 @@ struct BakedCube
 };
 
 /// Pixels in cells that are not to be used.
-struct BakedRest
+struct MarkedPixels
 {
     int count;
-    std::int32_t positions[BakedCube::MostPixels];
+    std::int32_t positions[ColourCube::MostPixels];
 };
 
 /// Interleaved RGBA of 8 bits through a cube, interpolated in tetrahedra (see Lut3dParameters for
@@ -39,18 +39,18 @@ struct BakedRest
 /// only, so that all instruction sets agree. Pixels in marked cells get a colour too, and are told
 /// in `rest`.
 template <Isa isa>
-struct BakedKernel8
+struct ColourCubeKernel8
 {
     static void Run(const std::int16_t* cube, int points, const std::uint8_t* source,
-                    std::uint8_t* target, int pixels, BakedRest& rest);
+                    std::uint8_t* target, int pixels, MarkedPixels& rest);
 };
 
-/// The same into a tile, neither rounded nor limited: steps of 1 / BakedCube::One and finer.
+/// The same into a tile, neither rounded nor limited: steps of 1 / ColourCube::One and finer.
 template <Isa isa>
-struct BakedLoadKernel8
+struct ColourCubeLoadKernel8
 {
     static void Run(const std::int16_t* cube, int points, const std::uint8_t* source,
-                    const Tile& tile, BakedRest& rest);
+                    const Tile& tile, MarkedPixels& rest);
 };
 
 } // namespace LumetraHost
