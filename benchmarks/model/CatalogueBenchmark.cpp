@@ -181,7 +181,7 @@ void Check(benchmark::State& state)
         NoTarget target;
         parser.AddDocument(document);
         parser.Parse(target, nullptr);
-        if (parser.HasErrors())
+        if (!parser.GetReports().empty())
             throw std::runtime_error(parser.GetReports().front().ToText());
     }
 }
