@@ -7,7 +7,7 @@ namespace LumetraHost {
 /// presets reads them under the same keys; a test of the presets holds both to each other.
 struct CatalogueKeys
 {
-    // A preset.
+    // Keys of a preset.
     static constexpr char Id[] = "id";
     static constexpr char Popular[] = "popular";
     static constexpr char Image[] = "image";
@@ -15,13 +15,13 @@ struct CatalogueKeys
     static constexpr char FitPolicy[] = "previewFitPolicy";
     static constexpr char Resource[] = "resource";
 
-    // An intensity: its type, and a node for each type.
+    // Keys of an intensity: its type, and a node for each type.
     static constexpr char Type[] = "type";
     static constexpr char None[] = "intensityNone";
     static constexpr char Blending[] = "blendSetting";
     static constexpr char Slider[] = "sliderSetting";
 
-    // The node of a type. Begin and End also belong to a slider's variables.
+    // Keys of the node of a type. Begin and End also belong to a slider's variables.
     static constexpr char Title[] = "title";
     static constexpr char Value[] = "value";
     static constexpr char Begin[] = "begin";

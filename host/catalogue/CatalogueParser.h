@@ -19,11 +19,11 @@ struct CheckedGroup;
 /// Reads catalogue files and fills a preset model from them: the default sliders of all files,
 /// then the groups of all files, then the user's data, each once and in order.
 ///
-/// What is wrong in a file never stops the rest: a file that is no catalogue, a group, a preset or
-/// a slider with an error is reported with its place and left out. A catalogue file is a JSON
-/// object with "format" "lumetra-catalogue", "version" 1, "defaultSettings" (sliders) and "groups";
-/// each collection in it is an array, or an object whose members are named elements. The effects
-/// must be registered before. For one parse; make a new one for the next.
+/// An error costs only itself: a file that is no catalogue, a group, a preset or a slider with an
+/// error is reported with its place and left out. A catalogue file is a JSON object with "format"
+/// "lumetra-catalogue", "version" 1, "defaultSettings" (sliders) and "groups"; each collection in
+/// it is an array, or an object whose members are named elements. The effects must be registered
+/// before. For one parse; make a new one for the next.
 class CatalogueParser
 {
 public:

@@ -204,7 +204,7 @@ std::optional<CheckedNode> CheckedNode::Node(std::string_view key) const
     return CheckedNode(state);
 }
 
-/// `step` leads from here to the element that is `value`.
+/// Adds `value`, an element, as the node to which `step` leads from here.
 void CheckedNode::AddElement(std::vector<CheckedNode>& nodes, const JsonValue& value,
                              const State& step) const
 {

@@ -16,22 +16,22 @@ namespace LumetraHost {
 
 class ContentFolder;
 
-/// A node of a catalogue file while it is checked. Reads of a present value that does not fit add
-/// an error to the reports and give nothing; so does a missing one, without an error.
-/// A handle: copies are the same node, which keeps the file's values alive. The values must not
+/// A node of a catalogue file while it is checked. Reading a value that does not fit adds an error
+/// to the reports and gives nothing; reading a missing value gives nothing without an error. A
+/// handle: copies are the same node, which keeps the file's values alive. The values must not
 /// change and the reports must outlive it.
 class CheckedNode
 {
 public:
-    /// The top of a file. `contents` holds what the file names by its hash; null when it has to be
-    /// whole by itself.
+    /// The top of a file. `contents` holds the tables that the file names by their hash; null when
+    /// the file has to hold everything itself.
     CheckedNode(const JsonValue::Object& object, const std::string& file, CatalogueReports& reports,
                 const std::shared_ptr<const ContentFolder>& contents = nullptr);
 
     /// The key in the parent, or the name of the element; empty for an element without one.
     const std::string& GetName() const;
     JsonPlace GetPlace() const;
-    /// "groups[0]/settings"; empty at the top.
+    /// The place inside the file, as in "groups[0]/settings"; empty at the top.
     std::string GetPath() const;
     CatalogueReports& GetReports() const;
     const JsonObject& GetObject() const;
@@ -50,7 +50,8 @@ public:
     void Warning(const std::string& message) const;
     void ErrorAt(std::string_view key, const std::string& message) const;
     void WarningAt(std::string_view key, const std::string& message) const;
-    /// An error that was thrown while something read this node. It keeps a place of its own.
+    /// Reports an error that was thrown while something read this node. A place that the error
+    /// itself names is kept.
     void Error(const std::exception& exception) const;
     /// A note for each key that is none of `known`.
     void NoteUnknownKeys(std::initializer_list<std::string_view> known) const;

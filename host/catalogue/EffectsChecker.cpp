@@ -92,8 +92,8 @@ bool CheckKeys(const CheckedNode& effect, const EffectDescriptor& descriptor)
     return isPlain;
 }
 
-/// A table stands in the preset itself: the name of a file would be nothing but a name as soon as
-/// the catalogue is copied, and is not read.
+/// Refuses a table that is only named. Its file does not belong to the catalogue and would be
+/// missing beside a copy of it.
 void CheckTables(const CheckedNode& effect)
 {
     if (effect.Has(FileKey))
@@ -105,7 +105,7 @@ void CheckTables(const CheckedNode& effect)
                        Lut3dSettings::KeyCube + "\", found none: the effect changes nothing");
 }
 
-/// Effects with more than numbers know best what they can read.
+/// Lets effects that are more than numbers read the node: they know best what they can read.
 void LetRead(const CheckedNode& effect)
 {
     try {

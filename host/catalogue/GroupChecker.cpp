@@ -32,7 +32,8 @@ void CheckPlainKeys(const CheckedNode& item)
     item.Int(Keys::FitPolicy);
 }
 
-/// Such a name could do things to a terminal, and no preset can be saved under it.
+/// Warns of control characters: such a name could act on a terminal, and no preset can be saved
+/// under it.
 void WarnOfControls(const CheckedNode& node, const char* key)
 {
     const JsonValue* value = node.GetObject().Find(key);
@@ -43,7 +44,7 @@ void WarnOfControls(const CheckedNode& node, const char* key)
                                 VisibleText::Make(name).toStdString() + "\"");
 }
 
-/// Resources are looked for inside their folder and nowhere else.
+/// Warns of a resource outside of its folder: resources are looked for inside it and nowhere else.
 void WarnOfPlace(const CheckedNode& item, const std::string& resource)
 {
     const QString place = QDir::cleanPath(QString::fromStdString(resource));

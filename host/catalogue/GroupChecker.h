@@ -34,8 +34,8 @@ public:
     /// or settings.
     std::optional<CheckedGroup> Check(const CheckedNode& group);
 
-    /// A preset by itself, without what concerns its neighbours: whether its id is its own.
-    /// `groupIntensity` is that of presets without one.
+    /// Checks a preset by itself; whether its id is unique is not looked at. `groupIntensity` is
+    /// that of presets without one.
     bool CheckPreset(const CheckedNode& item,
                      const std::optional<CheckedNode>& groupIntensity) const;
 

@@ -10,7 +10,8 @@ namespace LumetraHost {
 
 class CheckedNode;
 
-/// What an extra slider moves. The first parameter's effect decides which presets offer it.
+/// The parameters that an extra slider moves. The first one's effect decides which presets offer
+/// the slider.
 struct SliderParameters
 {
     std::string name;

@@ -18,8 +18,8 @@ public:
 
     /// `text` with each control character written out: \n, \t, \x1b, \u202e.
     static QString Make(const QString& text);
-    /// Does so in a whole JSON text, which stays valid and means the same: control characters
-    /// inside its strings become \u001b and the like, its line ends stay.
+    /// Escapes control characters in a whole JSON text, which stays valid and means the same:
+    /// inside strings they become \u001b and the like, line ends stay.
     static QByteArray MakeJson(const QByteArray& json);
     /// `text` with a space in place of each control character.
     static QString WithoutControls(const QString& text);

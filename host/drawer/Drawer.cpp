@@ -180,7 +180,7 @@ PictureRecipe Drawer::MakeRecipe(const PackageStack& stack) const
     return recipe;
 }
 
-// Over a copy: an observer may remove itself.
+// Walks over a copy: an observer may remove itself.
 void Drawer::NotifyFrameChanged()
 {
     const auto observers = m_observers;

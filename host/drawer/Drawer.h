@@ -38,23 +38,25 @@ public:
 
     /// A new photo (null: none) without any packages; an open painting is dropped.
     void SetPhoto(const Image& photo);
-    /// As it was given.
+    /// The photo that SetPhoto() was given.
     const Image& GetPhoto() const { return m_photo; }
-    /// With the committed packages, in full size.
+    /// The photo with the committed packages, in full size.
     Image GetCommittedPhoto();
-    /// With the open packages too, and with what an open painting shows. Null without a photo.
+    /// The photo with all packages and with the effect of an open painting. Null without a photo.
     Image Result();
     /// How Result() is made.
     PictureRecipe GetRecipe() const;
     /// How GetCommittedPhoto() is made.
     PictureRecipe GetCommittedRecipe() const;
-    /// How Result() would be made after applying `settings`, without what an open painting shows.
+    /// How Result() would be made after applying `settings`, without the effect of an open
+    /// painting.
     PictureRecipe GetRecipeWith(const Zorvik::Quindle::EffectsSettings& settings) const;
 
     /// Takes the open package of that index off, with its painting; nothing when there is none.
     void ResetPackage(unsigned index);
 
-    /// Bottom first; without what an open painting shows.
+    /// The open packages, bottom first, as they were applied: an open painting does not change
+    /// them.
     std::vector<Zorvik::Quindle::EffectsSettings> GetOpenPackages() const;
     std::vector<Zorvik::Quindle::EffectsSettings> GetCommittedPackages() const;
     /// The ids of the effects on the photo that the engine does not know and leaves out.

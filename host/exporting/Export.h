@@ -13,7 +13,7 @@
 
 namespace LumetraHost {
 
-/// How one export runs. Nothing of it changes the file.
+/// Controls of one export, none of which changes the file.
 struct ExportControl
 {
     /// Percent of the whole, 0 to 100: never less than before. Called by the threads of the export,
@@ -46,19 +46,19 @@ public:
     /// `pool` is kept by reference.
     explicit Export(ThreadPool& pool = ThreadPool::GetShared()) : m_pool(&pool) {}
 
-    /// Creates or replaces the file at `target`, and its folder. The result's bytes are those that
+    /// Creates or replaces the file at `target`, and its folder. The result holds the bytes that
     /// were written. Zorvik::Exception as from PhotoReader, PhotoWriter and ExportRecipe::Check(),
     /// and naming the photo when there is not enough memory; the old file is then untouched.
     Result Run(const QString& source, const QString& target, const ExportRecipe& recipe,
                const ExportControl& control = {}) const;
 
-    /// The export of a photo's file in memory. `sourceName` and `targetName` begin the texts of
+    /// Exports a photo's file in memory. `sourceName` and `targetName` begin the texts of
     /// exceptions. std::bad_alloc.
     Result MakeFromFile(const Bytes& source, const std::string& sourceName,
                         const ExportRecipe& recipe, const std::string& targetName,
                         const ExportControl& control = {}) const;
 
-    /// The export of a photo that was read before. Its pixels are only read.
+    /// Exports a photo that was read before. Its pixels are only read.
     Result MakeFromPhoto(const Photo& photo, const ExportRecipe& recipe,
                          const std::string& targetName, const ExportControl& control = {}) const;
 

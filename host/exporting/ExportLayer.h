@@ -7,7 +7,7 @@
 
 namespace LumetraHost {
 
-/// A layer of a look with its way over one picture. Made for one run of one graph; outlives it.
+/// A layer of a look, made for one run of one graph, which it outlives.
 class ExportLayer
 {
 public:

@@ -14,7 +14,7 @@ using Zorvik::Quindle::EffectList;
 using Zorvik::Quindle::EffectPtr;
 using Zorvik::Quindle::EffectsSettings;
 
-/// Fewer are quicker than a table, as a rule, and exact.
+/// Fewer stages than this are, as a rule, quicker than a table, and exact.
 constexpr std::size_t FewestStages = 4;
 
 bool IsOfColourOnly(const EffectPtr& effect)

@@ -50,7 +50,8 @@ private:
     /// A package, and its table as soon as somebody has asked for it.
     struct Package
     {
-        Zorvik::Quindle::EffectList colours; ///< those that a table may stand for, at the beginning
+        Zorvik::Quindle::EffectList
+            colours; ///< the effects at the beginning for which a table may stand
         Zorvik::Quindle::EffectList others;
         int blendAmount = 1;
         bool isTableKnown = false;

@@ -13,12 +13,12 @@
 namespace LumetraHost {
 namespace {
 
-/// The decoded picture, the one that is turned upright, and the encoded file with its metadata,
-/// which takes another copy.
+/// Bytes for the decoded picture, the one that is turned upright, and the encoded file with its
+/// metadata, which takes another copy.
 constexpr std::uint64_t BytesPerPixel8 = 12;
-/// Twice as much when either of the files has 16 bits. Raw files take it while they are developed.
+/// Bytes when either of the files has 16 bits. Raw files take as many while they are developed.
 constexpr std::uint64_t BytesPerPixel16 = 24;
-/// The tables of the look, the codecs' own buffers.
+/// Bytes for the tables of the look and the codecs' own buffers.
 constexpr std::uint64_t BytesPerPhoto = 16 << 20;
 /// Compressed files hold seldom less than a byte of a pixel, which is all that is known of files
 /// that do not say their size in front.

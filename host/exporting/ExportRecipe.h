@@ -15,8 +15,8 @@
 
 namespace LumetraHost {
 
-/// What becomes of photos in an export: the edit and the form of the file. Any number of photos may
-/// share one; copies share the look.
+/// The edit of photos in an export, and the form of their files. Any number of photos may share one
+/// recipe; copies share the look.
 struct ExportRecipe
 {
     /// Sides that may be asked for, in pixels.

@@ -12,9 +12,9 @@
 namespace LumetraHost {
 namespace {
 
-/// The rest is for metadata and for writing the file.
+/// Percent that the encoding ends at; the rest is for metadata and for writing the file.
 constexpr int EncodedPercent = 95;
-/// Where a picture is whole before it is encoded.
+/// Percent at which a picture is whole, where that is needed before it is encoded.
 constexpr int CollectedPercent = 60;
 
 Image::Depth GetLarger(Image::Depth first, Image::Depth second)
@@ -27,8 +27,8 @@ bool HaveSameSize(const PictureForm& first, const PictureForm& second)
     return first.width == second.width && first.height == second.height;
 }
 
-/// Whether the alpha of the result can be told before it is there: what lets little through may
-/// become opaque when it is rounded or averaged.
+/// True when the alpha of the result is known before its rows are: pixels that let little through
+/// may become opaque when they are rounded or averaged.
 bool IsAlphaKnown(const PictureForm& source, const PictureForm& result)
 {
     const bool isRounded =
@@ -71,7 +71,7 @@ Bytes ExportRun::Run(RowSource& source, const PhotoMetadata& metadata)
     return Encode(rows, rows.GetForm(), true);
 }
 
-/// The whole picture as the file will hold it; null when it was cancelled.
+/// Collects the whole picture as the file will hold it; null when it was cancelled.
 Image ExportRun::Collect(RowSource& source, const PictureForm& form)
 {
     PictureForm drawn = source.GetForm();

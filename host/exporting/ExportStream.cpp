@@ -48,7 +48,8 @@ int ExportStream::GetBandCount() const
     return CountBands(m_form.height);
 }
 
-/// Bands that are kept for the first step from `nextLayer` on that reads other rows than its own.
+/// Bands that are kept for the first step, from layer `nextLayer` on, that reads other rows than
+/// its own.
 int ExportStream::GetLatencyBehind(std::size_t nextLayer) const
 {
     for (; nextLayer < m_layers.size(); ++nextLayer)
@@ -57,7 +58,8 @@ int ExportStream::GetLatencyBehind(std::size_t nextLayer) const
     return m_depth == m_form.depth ? GetLatencyOfEnd() : 0;
 }
 
-/// Room for the bands that the reader looks back, and for each thread to work ahead.
+/// Adds a ring with room for the bands that its reader looks back, and for each thread to work
+/// ahead.
 Image& ExportStream::AddRing(int width, int latency, Image::Depth depth)
 {
     const int bands = std::min(latency + GetThreadsAhead(), GetBandCount());
@@ -71,7 +73,8 @@ ExportStream::BandRows ExportStream::GetRows(int band, const Image& ring) const
     return {y % ring.GetHeight(), std::min(RowsPerBand, m_form.height - y)};
 }
 
-/// The reader needs finished rows, and new rows have to wait until it is done with the old ones.
+/// Connects a reader with a ring: it waits for finished rows, and new rows wait until it is done
+/// with the old ones.
 void ExportStream::ReadFrom(BandGraph& graph, const Ring& ring, int reader) const
 {
     const int bands = ring.rows->GetHeight() / RowsPerBand;

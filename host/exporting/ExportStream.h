@@ -12,14 +12,14 @@
 
 namespace LumetraHost {
 
-/// A picture's way from its source through layers, rounding and shrinking to whoever takes its
-/// rows, as one band graph with a ring of rows between the steps: bands are read, drawn and written
-/// at the same time, and no more rows are kept than somebody still looks at. Used once.
+/// Draws, rounds and shrinks a picture on its way from a source to the receiver of its rows, as one
+/// band graph with a ring of rows between the steps: bands are read, drawn and written at the same
+/// time, and a row is kept only while a step still looks at it. Used once.
 class ExportStream
 {
 public:
-    /// Takes the finished rows from top to bottom, one call at a time: those of `rows` from its row
-    /// `first` on.
+    /// Takes the finished rows from top to bottom, one call at a time: row `first` of `rows` and
+    /// the following ones.
     using WriteRows = std::function<void(const Image& rows, int first, int count)>;
 
     /// `source` is kept by reference. Layers draw at `drawingDepth`, which is not less than that of
@@ -27,12 +27,12 @@ public:
     ExportStream(RowSource& source, Image::Depth drawingDepth, int threads);
 
     void AddLayer(const ExportLook::Layer& layer);
-    /// Behind all layers; not more bits than they draw with.
+    /// Rounds behind all layers; `depth` has no more bits than they draw with.
     void RoundTo(Image::Depth depth) { m_depth = depth; }
-    /// Behind the rounding; not more pixels than the source has. Opaque pictures only.
+    /// Shrinks behind the rounding, to no more pixels than the source has. Opaque pictures only.
     void ShrinkTo(int width, int height);
 
-    /// False when it was cancelled. What `write` throws comes out here.
+    /// Runs the graph; false when it was cancelled. Throws what `write` throws.
     bool Run(const WriteRows& write, ThreadPool& pool, const CancelToken* cancel);
 
 private:
@@ -42,12 +42,12 @@ private:
     {
         Image* rows;
         int filler; ///< puts new rows in the place of old ones
-        int last;   ///< after which they are finished
+        int last;   ///< the node after which the rows are finished
     };
 
     struct BandRows
     {
-        int first; ///< in the ring
+        int first; ///< row in the ring
         int count;
     };
 

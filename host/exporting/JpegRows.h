@@ -15,11 +15,11 @@ namespace LumetraHost {
 class JpegRows : public RowSource
 {
 public:
-    /// Null for every other file, which has to be read whole. `content` is kept by reference.
-    /// Zorvik::Exception that begins with `name` for a damaged header.
+    /// Null for a file that has to be turned or converted, and so be read whole. `content` is kept
+    /// by reference. Zorvik::Exception that begins with `name` for a damaged header.
     static std::unique_ptr<JpegRows> Open(const Bytes& content, const std::string& name);
 
-    /// These are equal to those that PhotoReader delivers.
+    /// Metadata equal to those that PhotoReader delivers.
     const PhotoMetadata& GetMetadata() const { return m_metadata; }
     const Warnings& GetWarnings() const { return m_warnings; }
 

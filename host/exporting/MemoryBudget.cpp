@@ -10,7 +10,7 @@ namespace LumetraHost {
 MemoryBudget::Share::Share(MemoryBudget& budget, std::uint64_t bytes)
     : m_budget(budget), m_bytes(std::min(bytes, budget.m_total))
 {
-    // Nobody passes who needs less, or a large photo would wait for the end of the batch.
+    // Threads that need less do not pass, or a large photo would wait for the end of the batch.
     const std::lock_guard turn(budget.m_turn);
     std::unique_lock lock(budget.m_mutex);
     budget.m_given.wait(lock, [this] { return m_budget.m_free >= m_bytes; });

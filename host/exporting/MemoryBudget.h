@@ -7,13 +7,13 @@
 
 namespace LumetraHost {
 
-/// Memory that several threads share by what they say to need. Who finds too little of it waits for
-/// the others, in the order in which they came; who needs more than there is gets all of it, alone.
+/// Memory that several threads share by announcing how much they need. A thread that finds too
+/// little waits, in the order of arrival; one that needs more than there is gets all of it, alone.
 /// Usable from several threads.
 class MemoryBudget
 {
 public:
-    /// A part of the budget, given back when it goes.
+    /// A part of the budget, given back by its destructor.
     class Share
     {
     public:
@@ -35,7 +35,7 @@ public:
 
 private:
     const std::uint64_t m_total;
-    std::mutex m_turn; ///< held by the one who is next
+    std::mutex m_turn; ///< held by the thread that is next
     std::mutex m_mutex;
     std::condition_variable m_given;
     std::uint64_t m_free;

@@ -11,7 +11,7 @@ ShrinkStep::ShrinkStep(int sourceWidth, int sourceHeight, int width, int height,
     const int bands = (sourceHeight + bandRows - 1) / bandRows;
     int next = 0;
     for (int band = 0; band < bands; ++band) {
-        // Bands that make no row keep the rows that the next one reads, too.
+        // Bands that make no row also keep the rows that the next one reads.
         const int firstRow = next < height ? m_average.GetFirstRow(next) : sourceHeight - 1;
         m_reach.first.push_back(std::min(firstRow / bandRows, band));
         m_reach.last.push_back(band);

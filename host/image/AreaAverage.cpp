@@ -33,8 +33,8 @@ private:
     int m_sum = 0;
 };
 
-/// Values of 16 bits are summed by fours, as Resize() does: sums of more than 256 of them are
-/// rounded on the way.
+/// Sums values of 16 bits by fours, as Resize() does: sums of more than 256 of them are rounded on
+/// the way.
 class BlockSum16
 {
 public:
@@ -91,7 +91,7 @@ void AreaAverage::RunRow(const Image& source, int y, Channel* target) const
         Weigh(source, y, target);
 }
 
-/// Each source row is averaged along its columns first, then the rows by their shares.
+/// Averages each source row along its columns first, then the rows by their shares.
 template <class Channel>
 void AreaAverage::Weigh(const Image& source, int y, Channel* target) const
 {
@@ -113,7 +113,8 @@ void AreaAverage::Weigh(const Image& source, int y, Channel* target) const
     std::transform(sums.begin(), sums.end(), target, Round<Channel>);
 }
 
-/// Blocks of whole pixels. The mean of four is rounded up from the half on, other means to even.
+/// Averages blocks of whole pixels. The mean of four is rounded up from the half on, other means to
+/// even.
 template <class Channel>
 void AreaAverage::AverageBlocks(const Image& source, int y, Channel* target) const
 {

@@ -6,8 +6,8 @@
 
 namespace LumetraHost {
 
-/// Shrinks an opaque picture row by row, so that it never has to be whole in memory: what Resize()
-/// makes of it with ResizeQuality::Fine. Immutable; different rows may be made by different
+/// Shrinks an opaque picture row by row, so that it never has to be whole in memory, with the
+/// result of Resize() at ResizeQuality::Fine. Immutable; different rows may be made by different
 /// threads.
 class AreaAverage
 {
@@ -15,13 +15,13 @@ public:
     /// Each side of the target has 1 pixel to as many as the source.
     AreaAverage(int sourceWidth, int sourceHeight, int width, int height);
 
-    /// The rows of the source that row `y` of the target is made of: from the first to one behind
-    /// the last. Neither decreases from row to row.
+    /// The rows of the source that row `y` of the target averages: from the first to one behind the
+    /// last. Neither decreases from row to row.
     int GetFirstRow(int y) const { return m_rows.GetFirst(y); }
     int GetRowEnd(int y) const { return m_rows.GetEnd(y); }
 
     /// Makes row `y` of the target and stores it as row `targetRow` of `target`. `source` holds the
-    /// rows that it is made of, row r as its row r modulo its height. Both have the same depth.
+    /// averaged rows, row r as its row r modulo its height. Both have the same depth.
     void Run(const Image& source, int y, Image& target, int targetRow) const;
 
 private:

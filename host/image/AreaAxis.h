@@ -6,9 +6,9 @@
 
 namespace LumetraHost {
 
-/// Which source pixels along one axis a shrunk pixel averages, and how much of each. The pixels of
-/// the target divide the length of the source evenly; a source pixel that two of them share counts
-/// for each by the part that lies in it.
+/// The source pixels along one axis that a shrunk pixel averages, and the share of each. The pixels
+/// of the target divide the length of the source evenly; a source pixel that two of them share
+/// counts for each by the part that lies in it.
 class AreaAxis
 {
 public:
@@ -27,9 +27,9 @@ public:
 
     const Share* Begin(int target) const { return m_shares.data() + m_begins[Index(target)]; }
     const Share* End(int target) const { return m_shares.data() + m_begins[Index(target) + 1]; }
-    /// First source pixel of a target pixel.
+    /// First source pixel of the pixel `target`.
     int GetFirst(int target) const { return Begin(target)->source; }
-    /// One behind its last source pixel.
+    /// One behind the last source pixel of the pixel `target`.
     int GetEnd(int target) const { return (End(target) - 1)->source + 1; }
 
 private:

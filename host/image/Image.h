@@ -13,7 +13,7 @@ namespace LumetraHost {
 class Image
 {
 public:
-    /// Unsigned integers per channel, in the machine's byte order.
+    /// Bits of an unsigned integer per channel, in the machine's byte order.
     enum class Depth
     {
         Bits8,
@@ -32,7 +32,7 @@ public:
     /// A picture of transparent black. Zorvik::Exception for a side below 1 or above MaximumSide;
     /// std::bad_alloc when the memory is not there.
     static Image Allocate(int width, int height, Depth depth);
-    /// The same with pixels that hold anything, for callers that write all of them.
+    /// Leaves the pixels undefined, for callers that write all of them.
     static Image AllocateUninitialised(int width, int height, Depth depth);
 
     bool IsNull() const { return !m_pixels; }
@@ -49,14 +49,14 @@ public:
     /// The first byte of row `y`, 0 <= y < height (not checked).
     const std::uint8_t* Row(int y) const { return m_pixels.get() + Offset(y); }
     std::uint8_t* Row(int y) { return m_pixels.get() + Offset(y); }
-    /// The same as 16-bit values; only for Depth::Bits16.
+    /// Row `y` as 16-bit values; only for Depth::Bits16.
     const std::uint16_t* Row16(int y) const
     {
         return reinterpret_cast<const std::uint16_t*>(Row(y));
     }
     std::uint16_t* Row16(int y) { return reinterpret_cast<std::uint16_t*>(Row(y)); }
 
-    /// True when no pixel lets anything shine through. Looks at all of them.
+    /// True when every alpha is full. Looks at all pixels.
     bool IsOpaque() const;
 
     /// A copy with pixels of its own.
@@ -78,8 +78,8 @@ private:
     std::shared_ptr<std::uint8_t> m_pixels;
 };
 
-/// A picture of the size and depth of `form`, its pixels being anything: `recycled` itself where it
-/// has that form and no other owner, which spares the system from clearing fresh pages.
+/// A picture of the size and depth of `form` with undefined pixels: `recycled` itself where it has
+/// that form and no other owner, which spares the system from clearing fresh pages.
 Image AllocateLike(const Image& form, Image recycled);
 
 /// True when size, depth and every channel are the same; padding is not looked at.

@@ -18,7 +18,7 @@ Image ImagePool::Take(int width, int height, Image::Depth depth)
         });
     if (found == m_pictures.end())
         return {};
-    // Counting owners orders nothing: what the last of them read must be over before we write.
+    // The count of owners orders nothing: reads by the last of them must be over before we write.
     std::atomic_thread_fence(std::memory_order_acquire);
     Image taken = std::move(*found);
     m_pictures.erase(found);

@@ -17,10 +17,10 @@ public:
     /// The most pictures that are remembered.
     explicit ImagePool(std::size_t capacity);
 
-    /// A picture of that form which nobody holds any more, its pixels being anything; else null.
+    /// A picture of that form which nobody holds any more, its pixels being undefined; else null.
     Image Take(int width, int height, Image::Depth depth);
-    /// Null pictures and those already remembered are ignored. Beyond the capacity the oldest is
-    /// forgotten.
+    /// Remembers a picture; forgets the oldest beyond the capacity. Null pictures and those already
+    /// remembered are ignored.
     void Remember(const Image& picture);
     void Clear() { m_pictures.clear(); }
 

@@ -82,7 +82,7 @@ int FindWholeFactor(const cv::Size& source, const cv::Size& target)
     return std::max(factor, 1);
 }
 
-/// Averages of whole pixels are made several times as quick as those of their parts.
+/// Averages whole pixels first: they take a fraction of the time that parts of pixels take.
 void ResizeInTwoSteps(const cv::Mat& source, cv::Mat& target, int interpolation)
 {
     const int factor = FindWholeFactor(source.size(), target.size());

@@ -8,8 +8,8 @@
 
 namespace LumetraHost {
 
-/// What a LUT file stands for: a name and one effect, "lut3d" for tables and "liftGammaGain" for
-/// colour decision lists.
+/// The look of a LUT file: a name and one effect, "lut3d" for tables and "liftGammaGain" for colour
+/// decision lists.
 struct LutLook
 {
     std::string name;

@@ -15,7 +15,7 @@
 namespace LumetraHost {
 namespace {
 
-/// A pipe could keep the reader waiting for ever.
+/// Refuses everything but plain files: a pipe could keep the reader waiting for ever.
 void RefuseNoPlainFile(const QString& path)
 {
     const QFileInfo info(path);

@@ -12,7 +12,7 @@ namespace LumetraHost {
 class LutReader
 {
 public:
-    /// Bytes.
+    /// The largest file that is read, in bytes.
     static constexpr qint64 LargestFile = 64 * 1024 * 1024;
 
     /// At least one look; several only from a file of colour decision lists. Zorvik::Exception with

@@ -25,7 +25,8 @@ using Kind = LookUpTable::Kind;
 using Transforms = std::vector<Ocio::ConstTransformRcPtr>;
 using Zorvik::Quindle::EffectPtr;
 
-/// OpenColorIO keeps files by their names; a file may have changed since.
+/// OpenColorIO keeps files by their names, but a file may have changed since; this clears its
+/// cache.
 struct FreshCache
 {
     FreshCache()
@@ -36,8 +37,8 @@ struct FreshCache
     ~FreshCache() { Ocio::ClearAllCaches(); }
 };
 
-/// The message of OpenColorIO about a file as a whole is a general one; at its end stands what the
-/// format of the file's extension had to say, often with the line.
+/// Throws the message of OpenColorIO. About a file as a whole it is a general one that ends with
+/// the words of the format of the file's extension, often with the line.
 [[noreturn]] void FailAsOcio(const QString& path, const std::exception& error)
 {
     static const QRegularExpression inner(
@@ -61,7 +62,7 @@ Transforms GetSteps(const std::string& file)
     return steps;
 }
 
-/// A step of this kind that runs forwards.
+/// The step as a transform of this kind that runs forwards; null for any other.
 template <class Transform>
 std::shared_ptr<const Transform> GetForward(const Ocio::ConstTransformRcPtr& step)
 {

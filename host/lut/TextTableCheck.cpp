@@ -89,7 +89,7 @@ int ReadSize(const Line& line, int largest)
     return size;
 }
 
-/// What the header of a .cube file says, and how far the rows have come.
+/// The statements of a .cube file's header, and the number of rows so far.
 class CubeState
 {
 public:
@@ -179,7 +179,8 @@ private:
     bool m_hasCurve = false;
 };
 
-/// OpenColorIO takes neither for what it is.
+/// Refuses byte order marks and lines that end in carriage returns alone: OpenColorIO misreads
+/// them.
 void CheckLines(const QString& path, const QByteArray& content)
 {
     if (content.startsWith(ByteOrderMark))

@@ -150,7 +150,7 @@ private:
                  "expected at least one step in " + Quote(element.name) + ", found none");
     }
 
-    /// 0 for any.
+    /// How many numbers the element `name` must have; 0 for any.
     std::size_t GetExpectedCount(const QString& name) const
     {
         if (name == QLatin1String("Array"))

@@ -40,7 +40,7 @@ RawDecoder::Size ChooseRawSize(int smallestSide)
                                                             : RawDecoder::Size::Full;
 }
 
-/// `smallestSide` 0: at full size.
+/// Decodes a picture of at least `smallestSide` pixels; 0: at full size.
 DecodedPhoto DecodePixels(const Bytes& content, const std::string& name, int smallestSide)
 {
     switch (RequirePhotoFormat(content, name)) {

@@ -13,25 +13,25 @@ namespace LumetraHost {
 /// Opens photos: JPEG, PNG, TIFF, WebP, HEIC, AVIF and cameras' raw files, known by their content,
 /// whatever their names say. 8 and 16 bits are kept, the EXIF orientation is applied, other colour
 /// spaces than sRGB are converted. A photo is read whole or not at all; only its metadata may be
-/// left out, with a warning. Of files with several pictures the first is read, which the photo's
-/// reductions tell. Usable from any thread.
+/// left out, with a warning. From a file with several pictures the first is read, and the photo's
+/// reductions tell of it. Usable from any thread.
 class PhotoReader
 {
 public:
     /// Zorvik::Exception naming the file, what is wrong with it and what was expected, also when
     /// there is not enough memory.
     static Photo Read(const QString& path);
-    /// The same for a file in memory; `name` stands for it in errors. std::bad_alloc.
+    /// Reads from memory; `name` stands for the file in errors. std::bad_alloc.
     static Photo Decode(const Bytes& content, const std::string& name);
     /// A smaller picture for previews and thumbnails, at a fraction of the cost where the format
     /// allows it: its longer side has at least `smallestSide` pixels where the photo has them, and
     /// may be as large as the photo.
     static Photo DecodeReduced(const Bytes& content, const std::string& name, int smallestSide);
-    /// Does so for a file, with the errors of Read().
+    /// Reads a smaller picture from a file, with the errors of Read().
     static Photo ReadReduced(const QString& path, int smallestSide);
 
     /// The bytes of a photo file. Zorvik::Exception when it is no file, no photo, too large,
-    /// unreadable or changing. The beginning is looked at before the rest is read.
+    /// unreadable or changing. The beginning is checked before the rest is read.
     static Bytes ReadContent(const QString& path);
 };
 

@@ -24,7 +24,7 @@ namespace {
                             __LINE__);
 }
 
-/// Puts the metadata into what another encoder makes.
+/// Puts the metadata into the file that another encoder makes.
 class EmbeddingEncoder : public RowEncoder
 {
 public:

@@ -19,7 +19,7 @@ namespace LumetraHost {
 class PhotoWriter
 {
 public:
-    /// The same for every photo, whatever its own quality was.
+    /// The quality of all photos, whatever quality their own file had.
     static constexpr int DefaultQuality = 92;
 
     struct Options
@@ -36,9 +36,9 @@ public:
     /// The format of a file name to be written; Zorvik::Exception for an unknown extension.
     static PhotoFormat GetFormatOf(const QString& path);
 
-    /// Begins a file in memory whose rows come later: the same file as Encode() makes. `metadata`
-    /// are those of an upright picture. `warnings` may grow until the encoder has finished and
-    /// outlives it; null where nobody asks for them.
+    /// Begins a file in memory whose rows come later; it becomes equal to that of Encode().
+    /// `metadata` are those of an upright picture. `warnings` may grow until the encoder has
+    /// finished and outlives it; null where nobody asks for them.
     static std::unique_ptr<RowEncoder> Start(const PictureForm& form, const PhotoMetadata& metadata,
                                              PhotoFormat format, const Options& options,
                                              const std::string& name, Warnings* warnings = nullptr);

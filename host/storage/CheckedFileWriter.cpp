@@ -30,7 +30,7 @@ std::string SystemReason(int error)
                             BOOST_CURRENT_FUNCTION, "storage/CheckedFileWriter", __LINE__);
 }
 
-/// Qt's own text is often "Unknown error", so the system's error number is asked first.
+/// Throws with the system's reason: Qt's own text is often "Unknown error".
 [[noreturn]] void Fail(const QSaveFile& file, const std::string& step, int error)
 {
     const std::string fallback = file.error() == QFileDevice::NoError
@@ -57,7 +57,7 @@ void CheckTarget(const QString& path)
 void Open(QSaveFile& file)
 {
     errno = 0;
-    // Unbuffered, so that every failure is seen at the call that caused it.
+    // Writes are unbuffered, so that every failure is seen at the call that caused it.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         Fail(file, "creating a temporary file beside it", errno);
 }
@@ -92,8 +92,7 @@ void Commit(QSaveFile& file)
 }
 
 /// Brings the entry of a file or folder to the disk; returns the system's error. File systems
-/// without this operation, and folders that may be written but not listed, are left to the system's
-/// own pace.
+/// without this operation, and folders that may be written but not listed, do so at their own pace.
 int SyncEntry(const QString& path)
 {
     const QString target = QFileInfo(path).canonicalFilePath();
@@ -115,8 +114,8 @@ void SyncFolder(const QString& path)
 
 } // namespace
 
-/// A folder whose entry is lost in a crash takes what was written into it along; a later write
-/// tells of a disk that is broken.
+/// Brings the folders' entries to the disk too, since a lost entry loses the files in it. Errors of
+/// that are ignored: a later write tells of a broken disk.
 void CheckedFileWriter::MakeFolder(const QString& path)
 {
     if (QFileInfo(path).isDir())

@@ -20,7 +20,7 @@ public:
     static void Write(const QString& path, const QByteArray& content);
     static void Write(const QString& path, const void* content, std::size_t size);
 
-    /// Makes the folder at `path`, with all that it is in, unless it is there. Exception naming it.
+    /// Makes the folder at `path` and its missing parents. Exception naming it.
     static void MakeFolder(const QString& path);
 };
 

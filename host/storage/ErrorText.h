@@ -8,12 +8,12 @@
 
 namespace LumetraHost {
 
-/// What an exception says to the user: its first line. Some carry a call stack below it.
+/// The part of an exception's text for the user: its first line. Some carry a call stack below it.
 struct ErrorText
 {
-    /// UTF-8.
+    /// The first line in UTF-8.
     static std::string FirstLine(const std::exception& error);
-    /// The first line, as above.
+    /// The first line as a QString.
     static QString Show(const std::exception& error);
 };
 

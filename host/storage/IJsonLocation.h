@@ -16,7 +16,7 @@ public:
     virtual ~IJsonLocation() = default;
 
     virtual std::string GetFile() const = 0;
-    /// With the file in front: "file/groups[0]/settings".
+    /// The path with the file in front: "file/groups[0]/settings".
     virtual std::string GetFullPath() const = 0;
     /// The folder with the contents that the file names by their hash; null for a file that must
     /// hold everything itself.

@@ -17,7 +17,7 @@ namespace LumetraHost {
 class ContentFolder;
 
 /// A JSON text with an object at the top, read from a file or made anew. It does not write files:
-/// what belongs to the user goes through CheckedFileWriter.
+/// CheckedFileWriter writes those of the user.
 class JsonDocument
 {
 public:
@@ -29,16 +29,16 @@ public:
     /// Reads a file of at most `largest` bytes. Exception when it cannot be read;
     /// JsonException "file:line:column: …" when it is not what JsonReader reads.
     static JsonDocument Read(const QString& fileName, qint64 largest = MaxFileSize);
-    /// The same, at most MaxFileSize; `text` gets the whole file.
+    /// Reads a file of at most MaxFileSize bytes; `text` gets the whole file.
     static JsonDocument Read(const QString& fileName, QByteArray& text);
-    /// The same from memory, of any size.
+    /// Reads from memory, any size; `name` stands for the file in errors.
     static JsonDocument Parse(const QByteArray& text, const std::string& name);
 
     const std::string& GetName() const;
-    /// The values themselves, with their places. Never null.
+    /// The top object, whose values know their places. Never null.
     const JsonValue::Object& GetObject() const;
-    /// The folder with what the document names by its hash. Null, as at first: the document has to
-    /// be whole by itself.
+    /// Sets the folder of the contents that the document names by their hash. Null, the default:
+    /// the document has to hold everything itself.
     void SetContents(const std::shared_ptr<const ContentFolder>& contents);
     /// A serializer over the values; it keeps them alive and changes them in place.
     Zorvik::Brassel::SerializerPtr GetRoot() const;
@@ -46,9 +46,9 @@ public:
     /// The text to store: see JsonWriter. Exception for nesting over JsonReader's limit.
     QByteArray ToText() const;
 
-    /// What Read() would make of a file with that text. To be called before a file of the user is
-    /// replaced: what cannot be read again is lost. Exception that names the file, and says that
-    /// nothing was written, when Read() would refuse it.
+    /// Reads `text` as Read() would read a file with it, or throws, naming the file and saying that
+    /// nothing was written. To be called before a file of the user is replaced: text that cannot be
+    /// read again is lost.
     static JsonDocument CheckReadable(const QByteArray& text, const QString& fileName);
 
 private:

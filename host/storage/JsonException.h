@@ -19,9 +19,8 @@ struct JsonPlace
     std::string ToText() const;
 };
 
-/// What is wrong with a stored text, and where. The description reads by itself: a syntax error
-/// begins with "file:line:column: ", a value of the wrong kind with its path
-/// "file/key/list[index]/key: ".
+/// An error in a stored text, and its place. The description reads by itself: a syntax error begins
+/// with "file:line:column: ", a value of the wrong kind with its path "file/key/list[index]/key: ".
 class JsonException : public Zorvik::Exception
 {
 public:

@@ -232,8 +232,8 @@ bool TreeBuilder::key(std::string& name)
     return true;
 }
 
-/// What the parser says, without its own prefix and without the text that it quotes, which may be
-/// long or no valid UTF-8.
+/// The parser's message, without its own prefix and without the quoted text, which may be long or
+/// no valid UTF-8.
 std::string Reason(const std::string& what)
 {
     const std::size_t dash = what.find(" - ");
@@ -247,8 +247,8 @@ std::string Reason(const std::string& what)
     return tells ? reason : reason + "; expected a JSON value";
 }
 
-/// Where the token begins that the parser did not expect; `end` is the number of bytes it has read.
-/// Of strings and numbers alone it tells the text.
+/// Where the unexpected token begins; `end` is the number of bytes that the parser has read. The
+/// parser tells the token's text only for strings and numbers.
 std::size_t BeginOfUnexpected(const std::string& what, std::size_t end, const std::string& token)
 {
     const auto tells = [&what](const char* text) { return what.find(text) != std::string::npos; };
@@ -270,7 +270,7 @@ bool TreeBuilder::parse_error(std::size_t position, const std::string& token,
         MoveToToken();
         return Refuse("expected a number that fits a double, found " + token.substr(0, 40));
     }
-    // Inside a broken token it is the byte that does not fit.
+    // Inside a broken token, the place is the byte that does not fit.
     const bool isBroken = what.find("; last read: ") != std::string::npos;
     m_lines.MoveTo(isBroken ? position - 1 : BeginOfUnexpected(what, position, token));
     return Refuse("syntax error: " + Reason(what));
@@ -283,7 +283,7 @@ bool TreeBuilder::parse_error(std::size_t position, const std::string& token,
     throw JsonException(at.ToText() + ": " + message, at, message, BOOST_CURRENT_FUNCTION, line);
 }
 
-/// The parser takes a NUL for the end of the text and would not look at the rest.
+/// Refuses NUL: the parser takes it for the end of the text and would not look at the rest.
 void RefuseNul(std::string_view text, const std::string& fileName)
 {
     const std::size_t nul = text.find('\0');

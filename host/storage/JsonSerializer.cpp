@@ -23,12 +23,12 @@ using Zorvik::Brassel::ISerializerCollection;
 using Zorvik::Brassel::SerializerPtr;
 using RefCountablePtr = boost::intrusive_ptr<const Zorvik::IRefCountable>;
 
-/// A step on the way to a node or a collection, linked to the one above it. Texts are made only
-/// for errors.
+/// A step on the way to a node or a collection, linked to the one above it. Texts are made only for
+/// errors.
 struct Location
 {
-    std::string name;            // key in the parent; of an element of an array empty
-    std::size_t index = NoIndex; // of an element of an array
+    std::string name;            // key in the parent; empty for an element of an array
+    std::size_t index = NoIndex; // set for an element of an array
     const Location* above = nullptr;
     RefCountablePtr owner;                    // of `above`
     std::shared_ptr<const IJsonLocation> top; // of the uppermost alone
@@ -49,7 +49,7 @@ struct Location
     static constexpr std::size_t NoIndex = ~std::size_t(0);
 };
 
-/// For nodes whose path is known from the start.
+/// The location of a node whose path is known from the start.
 class FixedLocation : public IJsonLocation
 {
 public:
@@ -105,7 +105,7 @@ ISerializer::Kind KindOf(const JsonValue& value)
 
 } // namespace
 
-/// Not local to this file: a module that the program loads has its own copy of this code, and both
+/// Has external linkage: a module that the program loads has its own copy of this code, and both
 /// know a node of the other by the name of its type.
 class JsonNode : public Zorvik::RefCounted<ISerializer>
 {

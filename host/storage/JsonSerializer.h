@@ -24,15 +24,16 @@ class JsonSerializer
 {
 public:
     /// Wraps `object` without copying. `fileName` begins every path and stands in the places.
-    /// `contents` holds what the file names by its hash; null when it has to be whole by itself.
+    /// `contents` holds the tables that the file names by their hash; null when it has to hold
+    /// everything itself.
     static Zorvik::Brassel::SerializerPtr
     Create(const JsonValue::Object& object, const std::string& fileName,
            const std::shared_ptr<const ContentFolder>& contents = nullptr);
-    /// The same for a node inside a file: `path` leads there, without the file's name.
+    /// Wraps a node inside a file: `path` leads there, without the file's name.
     static Zorvik::Brassel::SerializerPtr
     Create(const JsonValue::Object& object, const std::string& fileName, const std::string& path,
            const std::string& name, const std::shared_ptr<const ContentFolder>& contents = nullptr);
-    /// The same for a node whose place is worked out only when it is asked for.
+    /// Wraps a node whose place is worked out only when it is asked for.
     static Zorvik::Brassel::SerializerPtr
     Create(const JsonValue::Object& object, const std::shared_ptr<const IJsonLocation>& location,
            const std::string& name);

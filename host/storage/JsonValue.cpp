@@ -6,7 +6,8 @@
 namespace LumetraHost {
 namespace {
 
-// Below this a scan beats a look-up, and most objects of a catalogue stay below it.
+// Members from which on an index is kept. A scan is quicker below, where most objects of a
+// catalogue stay.
 constexpr std::size_t indexedFrom = 16;
 constexpr std::size_t expectedMembers = 2;
 

@@ -35,7 +35,7 @@ struct JsonValue
     JsonValue() = default;
     explicit JsonValue(Content value) : content(std::move(value)) {}
 
-    /// What the value is, for messages: "null", "bool", "number", "string", "node", "collection".
+    /// Word for the kind in messages: "null", "bool", "number", "string", "node", "collection".
     const char* GetKindName() const;
 
     template <class T>
@@ -63,7 +63,7 @@ public:
 
     /// Null when there is no such key; good until the next Set().
     const JsonValue* Find(std::string_view key) const;
-    /// The same with the key.
+    /// The member with that key; null when there is none, good until the next Set().
     const Member* FindMember(std::string_view key) const;
     /// Replaces the value under `key` in its place, else appends it.
     void Set(const std::string& key, JsonValue value);

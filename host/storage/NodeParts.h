@@ -8,8 +8,8 @@
 
 namespace LumetraHost {
 
-/// The node without some of its keys, to be read only: as if nothing stood under them. It keeps
-/// the places that the node's own errors name.
+/// A read-only view of the node in which some of its keys are missing. It keeps the places that the
+/// node's own errors name.
 Zorvik::Brassel::ConstSerializerPtr HideKeys(const Zorvik::Brassel::ConstSerializerPtr& node,
                                              const std::vector<std::string>& keys);
 

@@ -16,7 +16,8 @@ public:
         QMessageBox::StandardButton defaultButton = QMessageBox::NoButton;
     };
 
-    /// What StyleAlert() was told of this alert last, once; plain when it was told nothing.
+    /// The style that StyleAlert() was given last for this alert. Plain at the second call, and
+    /// when no style was given.
     AlertStyle TakeAlertStyle(const Zorvik::Util::AlertBox& box);
 
     QVariant Option(Zorvik::Lumetra::StyleProvider::OptionKey key) const override;

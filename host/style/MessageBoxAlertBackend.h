@@ -11,9 +11,9 @@ namespace LumetraHost {
 
 class EditorStyle;
 
-/// Shows the platform's alerts as message boxes, looking as the editor's style was told. An alert
-/// with the buttons Yes and Cancel has a verb for its title ("Delete"), which Yes bears too:
-/// buttons say what they do. Beside No, Yes stays a Yes.
+/// Shows the platform's alerts as message boxes, looking as the editor's style was told. In an
+/// alert with the buttons Yes and Cancel, Yes bears the title, which is a verb ("Delete"): buttons
+/// say what they do. Beside No, Yes stays a Yes.
 class MessageBoxAlertBackend : public Zorvik::Util::IAlertBackend
 {
 public:

@@ -13,8 +13,8 @@ enum class PaletteKind
 };
 
 /// The editor's colours by their role. Text on its background has a contrast of at least 4.5 : 1,
-/// disabled text excepted. What is held down is told from what is under the pointer, both from what
-/// rests, and all three from the panel.
+/// disabled text excepted. Four states look different: held down, under the pointer, at rest, and
+/// the panel behind.
 struct StyleColours
 {
     QColor window;         // behind panels
@@ -47,9 +47,9 @@ struct StyleColours
 
 const StyleColours& ColoursOf(PaletteKind kind);
 
-/// For what the style sheet leaves to the base style, and for panels that take their colours from
-/// the palette: Midlight is a button under the pointer, Dark one that is held down, and Mid the
-/// border of what takes input.
+/// The palette for widgets that the style sheet leaves to the base style, and for panels that take
+/// their colours from it: Midlight is a button under the pointer, Dark one that is held down, and
+/// Mid the border of input fields.
 QPalette EditorPalette(PaletteKind kind);
 
 } // namespace LumetraHost

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-// Resources of a static library are only known once somebody names them. The macro must stand
+// Registers the resources, which a static library does not do by itself. The macro must stand
 // outside every namespace.
 static void RegisterStyleResources()
 {
@@ -26,7 +26,7 @@ QString ReadTemplate()
     return QString::fromUtf8(file.readAll());
 }
 
-/// What stands between two @ in the template.
+/// The words between two @ in the template, and what replaces them.
 std::vector<std::pair<const char*, QString>> Replacements(PaletteKind kind)
 {
     const StyleColours& colours = ColoursOf(kind);

@@ -7,8 +7,8 @@
 
 namespace LumetraHost {
 
-/// The threads of one run. Each takes the task that lies furthest towards the result: what waits
-/// in the rings stays little, and a last node that has to go in order is kept busy.
+/// The threads of one run. Each takes the task that lies furthest towards the result: the rings
+/// then hold little, and a last node that works in order is kept busy.
 class BandGraph::Workers
 {
 public:
@@ -105,7 +105,7 @@ bool BandGraph::Has(const Edge& edge, int band) const
     return writer.ended > edge.reach.last[static_cast<std::size_t>(band)];
 }
 
-/// The band takes the place in the ring of the one `capacity` above, which nobody may need.
+/// True when the ring's place for the band is free: nobody needs the band that is `capacity` above.
 bool BandGraph::HasRoom(const Edge& edge, int band) const
 {
     const Node& reader = m_nodes[static_cast<std::size_t>(edge.reader)];

@@ -11,9 +11,9 @@
 namespace LumetraHost {
 
 /// Work on a picture in bands of rows that runs through several nodes at once: a node may begin a
-/// band as soon as what it reads is there, while other nodes are still busy with bands above or
-/// below. Between two nodes lies a ring of bands, so that memory does not grow with the picture.
-/// Built, run once and thrown away by one thread; the nodes run on the pool's.
+/// band as soon as its input is there, while other nodes are still busy with bands above or below.
+/// Between two nodes lies a ring of bands, so that memory does not grow with the picture. Built,
+/// run once and thrown away by one thread; the nodes run on the pool's.
 class BandGraph
 {
 public:
@@ -21,8 +21,8 @@ public:
     /// the same one.
     using Work = std::function<void(int band, int worker)>;
 
-    /// What a band of the reading node needs of the node before: for each of its bands the first
-    /// and the last band. Neither may decrease from band to band.
+    /// The input of the reading node: for each of its bands the first and the last band of the node
+    /// before that it needs. Neither may decrease from band to band.
     struct Reach
     {
         std::vector<int> first;
@@ -33,15 +33,15 @@ public:
 
     int GetBandCount() const { return m_bands; }
 
-    /// A node that works on any bands at the same time; with `isInOrder` on one after the other.
-    /// Nodes are added from the picture's source to its result. Returns the node's number.
+    /// Adds a node that works on any bands at the same time; with `isInOrder` on one after the
+    /// other. Nodes are added from the picture's source to its result. Returns the node's number.
     int AddNode(Work work, bool isInOrder = false);
 
-    /// `reader` reads what `writer` has written, of which `capacity` bands are kept: at least one
-    /// more than the largest distance between the first band that is read and the last one that
-    /// has to be written by then.
+    /// Lets `reader` read the bands of `writer`. `capacity`: bands that the ring between them
+    /// holds, at least one more than the largest distance between the first band that is read and
+    /// the last one that has to be written by then.
     void Connect(int writer, int reader, Reach reach, int capacity);
-    /// The same for a reader that needs the band itself and no other.
+    /// Connects a reader that needs the band itself and no other.
     void Connect(int writer, int reader, int capacity);
 
     /// Runs all nodes over all bands on up to `threads` threads (below 1: all). The first exception

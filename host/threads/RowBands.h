@@ -8,8 +8,8 @@
 
 namespace LumetraHost {
 
-/// Pictures are worked on in bands of so many rows: few enough to share the work out evenly and to
-/// keep rings of bands small, enough that taking a band costs nothing beside the work on it.
+/// Rows of a band: few enough to share the work out evenly and to keep rings of bands small, enough
+/// that taking a band costs nothing beside the work on it.
 constexpr int RowsPerBand = 16;
 
 /// The bands of a picture of `rows` rows; the last band may be shorter.

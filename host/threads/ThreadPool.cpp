@@ -90,7 +90,7 @@ void ThreadPool::ForEach(int count, int threads, const std::function<void(int)>&
         m_hasLoops.notify_one();
     loop->Run();
     if (helpers > 0) {
-        // Nobody may join any more: the step is the caller's.
+        // After this no thread joins any more: the step belongs to the caller.
         const std::lock_guard lock(m_mutex);
         m_loops.erase(std::remove(m_loops.begin(), m_loops.end(), loop), m_loops.end());
     }

@@ -17,7 +17,7 @@ public:
 
     /// Existing copies, newest first.
     QStringList GetFiles() const;
-    /// Makes `content` the newest copy; nothing when it already is. Whenever the program stops, at
+    /// Makes `content` the newest copy, unless it is that already. Whenever the program stops, at
     /// most the oldest copy is gone.
     void Add(const QByteArray& content) const;
 
@@ -25,9 +25,9 @@ public:
     /// name. `word` says why it is kept. Exception when the copy fails.
     QString SetAside(const QString& word = QStringLiteral("unreadable")) const;
 
-    /// Copies `file`, which is the file itself or one of its backups, to "NAME.version-1", where it
-    /// stays: the form that older programs write. Under a number when another file has that name;
-    /// not again when it is there. Exception when the copy fails.
+    /// Keeps `file`, the file itself or one of its backups, in the form that older programs write:
+    /// as the copy "NAME.version-1", or with a number when another file has that name. Does nothing
+    /// when the copy is there. Exception when the copy fails.
     void KeepOldForm(const QString& file) const;
     /// True for the names that KeepOldForm() gives.
     static bool IsOldForm(const QString& fileName);

@@ -13,23 +13,23 @@
 
 namespace LumetraHost {
 
-/// Finds out which contents beside a file of the user nobody names any more, and removes them. The
-/// caller holds the file's lock.
+/// Removes contents beside a file of the user that no file names any more. The caller holds the
+/// file's lock.
 class ContentCollector
 {
 public:
-    /// Throws when the file at a path is no good, for whatever reason.
+    /// Throws when the file at a path cannot be used, for whatever reason.
     using Read = std::function<void(const QString& path)>;
 
     /// The names of contents in a text, which need not be good JSON.
     static std::set<std::string> FindNames(const QByteArray& text);
-    /// The same in values.
+    /// The names of contents in the values.
     static std::set<std::string> FindNames(const JsonObject& values);
 
-    /// Removes what neither `kept` nor any file beside `path` whose name begins like its own names:
-    /// backups, damaged files that were set aside, copies made by hand. As long as one of these
-    /// cannot be read, or one of `backups` is no good, it may have named anything: nothing is
-    /// removed then.
+    /// Removes contents that are named neither in `kept` nor in a file beside `path` whose name
+    /// begins like its own: backups, damaged files that were set aside, copies made by hand.
+    /// Removes nothing while one of these cannot be read or one of `backups` cannot be used, as it
+    /// may name any content.
     static void Collect(const ContentFolder& contents, const std::set<std::string>& kept,
                         const QString& path, const QStringList& backups, const Read& read);
 };

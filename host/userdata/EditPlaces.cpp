@@ -21,7 +21,7 @@ bool HasEditUnderThisName(const QString& photo)
     return beside.exists() || beside.isSymLink() || !EditPlaces::FindKeptOf(photo).isEmpty();
 }
 
-/// Photos in the file's folder that have an edit, where one of them may be the same file.
+/// True when a photo in the folder has an edit and is the same file under another name.
 bool HasEditUnderAnotherName(const QString& photo)
 {
     const FileIdentity file = FileIdentity::Of(photo);

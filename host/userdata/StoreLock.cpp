@@ -33,8 +33,8 @@ QString LockName(const QString& path)
     return path + QStringLiteral(".lock");
 }
 
-/// A lock without readable contents (its program was killed while making it) or from another
-/// machine, old enough that nobody can be at work. QLockFile would respect it for ever.
+/// True for a lock without readable contents (its program was killed while making it) or from
+/// another machine, old enough that nobody can be at work. QLockFile would respect it for ever.
 bool IsAbandoned(const QLockFile& lock, const QString& name)
 {
     const QDateTime modified = QFileInfo(name).lastModified();
@@ -57,7 +57,7 @@ std::string ReasonAgainst(const QString& name)
     const int error = errno;
     if (handle < 0)
         return std::strerror(error);
-    // A full disk may still have room for an empty file.
+    // The test writes bytes, since a full disk may still have room for an empty file.
     constexpr char content[LockBytes] = {};
     const bool isWritten = ::write(handle, content, sizeof content) == LockBytes;
     const int writeError = errno;

@@ -7,8 +7,8 @@ class QString;
 
 namespace LumetraHost {
 
-/// Keeps other programs off one file of the user while it is read again, merged and written.
-/// Held for milliseconds; what a killed program left behind is removed after two seconds.
+/// Keeps other programs off one file of the user while it is read again, merged and written. Held
+/// for milliseconds; the lock of a killed program is removed after two seconds.
 class StoreLock
 {
 public:

@@ -39,7 +39,8 @@ QString Resolve(const QString& path)
     return file.isSymLink() && file.exists() ? file.canonicalFilePath() : path;
 }
 
-/// Making the target of a link would put the data where the user's disk is not there at the moment.
+/// Refuses a link without a target: making that would put the data where the user's disk is not
+/// there at the moment.
 void RefuseUnusable(const QString& path, const UserDataForm& form)
 {
     if (path.isEmpty())
@@ -83,7 +84,7 @@ bool NamesFormatAtAnEnd(const QString& path, const std::string& format)
 
 } // namespace
 
-/// What is there to go on from.
+/// The data from which a change goes on.
 struct UserDataFile::Found
 {
     JsonDocument document;
@@ -114,7 +115,7 @@ qint64 UserDataFile::FindSizeLimit(const QString& path) const
     return mayBeOld ? m_form.largestOldFile : JsonDocument::MaxFileSize;
 }
 
-/// An object without members holds nothing that could be lost: it is taken as one of ours.
+/// Takes an object without members for one of ours: it holds nothing that could be lost.
 JsonDocument UserDataFile::ReadChecked(const QString& path) const
 {
     JsonDocument document = JsonDocument::Read(path, FindSizeLimit(path));
@@ -154,7 +155,7 @@ UserDataFile::Found UserDataFile::Find()
     return found;
 }
 
-/// Nothing, and reported, when it is no good.
+/// The backup; nothing, and a report, when it cannot be used.
 std::optional<JsonDocument> UserDataFile::ReadBackup(const QString& path)
 {
     try {
@@ -203,7 +204,8 @@ JsonDocument UserDataFile::Update(const Edit& edit, const Contents& contents)
     return edit(object) ? Replace(found, contents) : found.document;
 }
 
-/// In this order a stop at any instant leaves a text whose contents are all on the disk.
+/// Writes in an order in which a stop at any instant leaves a text whose contents are all on the
+/// disk.
 JsonDocument UserDataFile::Replace(const Found& found, const Contents& contents)
 {
     const bool isOld = MajorVersion(*found.document.GetObject()) < m_form.majorVersion;
@@ -242,7 +244,7 @@ void UserDataFile::SetDamagedAside()
                             m_backups.SetAside().toStdString());
 }
 
-/// The data themselves are safe by now.
+/// Only reports errors: the data themselves are safe by now.
 void UserDataFile::AddBackup(const QByteArray& text)
 {
     try {
@@ -253,7 +255,7 @@ void UserDataFile::AddBackup(const QByteArray& text)
     }
 }
 
-/// A writer that was killed leaves "NAME.XXXXXX"; ten minutes on nobody is writing it.
+/// Removes "NAME.XXXXXX", which killed writers leave, ten minutes later: nobody is writing it then.
 void UserDataFile::RemoveOldTemporaryFiles() const
 {
     const QFileInfo file(m_path);

@@ -21,12 +21,12 @@ namespace LumetraHost {
 /// against other programs that write it too.
 ///
 /// Reading writes nothing. A damaged file is read from its newest good backup; the next change
-/// copies the damaged one to a dated name and takes its place. A file that is none of ours and has
-/// no good backup is refused and left alone. A file of a newer major version can be read but not
+/// copies the damaged one to a dated name and takes its place. A file of another form without a
+/// good backup is refused and left alone. A file of a newer major version can be read but not
 /// written; one of an older version takes the new form with the first change, and a copy in the old
-/// form stays beside it for good. What is too large for the text stands in a folder beside it,
-/// whose files the text names. The class knows nothing of what the data mean; a UserDataForm tells
-/// it which files are its own.
+/// form stays beside it for good. Contents that are too large for the text stand in a folder beside
+/// it and are named in the text. The class does not interpret the data; a UserDataForm tells it
+/// which files are its own.
 class UserDataFile
 {
 public:
@@ -34,14 +34,14 @@ public:
     /// Contents by their names.
     using Contents = std::map<std::string, QByteArray>;
 
-    /// The folder is made when something is first written. Of a link the file that it leads to is
-    /// used, so that lock and backups are the same under every name.
+    /// Reads and makes nothing yet; the folder is made when something is first written. A link is
+    /// followed once, so that lock and backups are the same under every name.
     UserDataFile(const QString& path, const UserDataForm& form);
 
     /// The file's content now, or that of its newest good backup when the file is missing or
     /// damaged; an empty document when there is neither file nor backup, or a file of 0 bytes
     /// alone. Exception when the file cannot be read at all (no permission, a folder, a pipe, a
-    /// link to nothing), and when it is none of ours and has no good backup.
+    /// link to nothing), and when it has another form and no good backup.
     JsonDocument Read();
 
     /// Under the lock: reads the file again, lets `edit` change it and, when `edit` says that it
@@ -57,7 +57,7 @@ public:
     static QString FindContentFolder(const QString& path, const UserDataForm& form);
     const ContentFolderPtr& GetContents() const { return m_contents; }
 
-    /// What was wrong during the last Read() or Update(), a sentence each.
+    /// Problems during the last Read() or Update(), a sentence each.
     const std::vector<std::string>& GetReports() const;
 
 private:

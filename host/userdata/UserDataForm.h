@@ -10,8 +10,8 @@
 
 namespace LumetraHost {
 
-/// What a UserDataFile has to know of the data that it keeps. Whoever owns the data describes it
-/// here, once; the file itself knows no key of theirs.
+/// Describes to a UserDataFile the data that it keeps. The owner of the data fills it in, once; the
+/// file itself knows no key of theirs.
 struct UserDataForm
 {
     // Keys that every such file has at its root.
@@ -22,11 +22,11 @@ struct UserDataForm
     int majorVersion = 1;  ///< is written; newer ones are read only, older ones taken over
     std::string noun;      ///< plural that names the data in messages: "presets"
     QString contentSuffix; ///< ending of the folder beside the file that holds large contents
-    /// True for the root of a file without KeyFormat that is of this form all the same. May be
-    /// empty: no such file is then.
+    /// True for the root of a file without KeyFormat that has this form all the same. May be empty:
+    /// no such file has it then.
     std::function<bool(const JsonObject& root)> isMeantWithoutFormat;
-    /// Size limit, in bytes, for files that name the format; for those of older versions, which
-    /// held everything themselves.
+    /// Size limit, in bytes, for files that name the format: older versions held everything
+    /// themselves.
     qint64 largestOldFile = JsonDocument::MaxFileSize;
 
     /// True for the root of a file of this form.

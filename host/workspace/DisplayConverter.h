@@ -14,7 +14,7 @@ namespace LumetraHost {
 class DisplayConverter : public Zorvik::Util::IImageConverter
 {
 public:
-    /// Null: the display is sRGB.
+    /// Sets the display's colours; null: sRGB.
     void SetDisplay(const std::shared_ptr<const DisplayTransform>& display) { m_display = display; }
 
     /// An 8-bit frame for an sRGB display is returned as it is, sharing its pixels.

@@ -39,7 +39,7 @@ void StatisticsLog::SendEvent(const std::string& eventName,
         Append(QByteArray::fromStdString(ToLine(eventName, parameters)));
 }
 
-// One unbuffered write for each line, so that lines of two programs do not mix.
+// Writes each line with one unbuffered call, so that lines of two programs do not mix.
 void StatisticsLog::Append(const QByteArray& line)
 {
     QFile file(m_path);

@@ -21,7 +21,7 @@ public:
     Drawer& GetDrawer() { return m_drawer; }
     StatisticsLog& GetStatisticsLog() { return m_statistics; }
     const PresetRegistry& GetPresets() const { return m_presets; }
-    /// What GetImageConverter() converts to; null: sRGB.
+    /// Sets the colours that GetImageConverter() converts to; null: sRGB.
     void SetDisplay(const std::shared_ptr<const DisplayTransform>& display)
     {
         m_converter.SetDisplay(display);

@@ -24,7 +24,7 @@ AsyncPreviews::AsyncPreviews(Drawer& drawer, QObject* parent, std::size_t capaci
 AsyncPreviews::~AsyncPreviews()
 {
     m_drawer.RemoveObserver(this);
-    // Its thread posts events to this object.
+    // The worker's thread posts events to this object, so it ends first.
     m_worker.reset();
 }
 
@@ -36,7 +36,7 @@ Zorvik::Proc::Frame AsyncPreviews::Request(const QString& key,
     const Image& photo = m_drawer.GetPhoto();
     if (photo.IsNull())
         return {};
-    // Here, where the caller hears of it.
+    // Throws for a bad target here, where the caller hears of it.
     MakePreviewPart(photo.GetWidth(), photo.GetHeight(), target, policies.crop, policies.fit);
     const PreviewRequest request{
         target, std::make_shared<Zorvik::Quindle::EffectsSettings>(effects), policies};

@@ -19,15 +19,15 @@ class PreviewWorker;
 class PreviewCache;
 
 /// Small pictures of a drawer's committed photo with various effects, rendered on a thread of their
-/// own: who asks gets what is there already, and a signal when the rest is. The previews share one
-/// scaled photo. All of them are dropped when the committed photo changes; whoever shows one then
-/// asks again.
+/// own: a request returns the picture that is ready, and a signal tells when a missing one is. The
+/// previews share one scaled photo. All of them are dropped when the committed photo changes;
+/// whoever shows one then asks again.
 class AsyncPreviews : public QObject, private IDrawerObserver
 {
     Q_OBJECT
 
 public:
-    /// What the kept frames may take together, unless said otherwise.
+    /// Bytes that the kept frames may take together, unless the constructor is told otherwise.
     static constexpr std::size_t DefaultCapacity = std::size_t{64} << 20;
 
     /// `drawer` is kept by reference and outlives the previews. `capacity`: bytes of kept frames;
@@ -36,21 +36,21 @@ public:
                            std::size_t capacity = DefaultCapacity);
     ~AsyncPreviews() override;
 
-    /// The preview that was last asked for under this key, if it was the same one and is ready;
-    /// else a null frame, and previewReady() tells when to ask again. What was asked for last is
+    /// The newest preview of this key, if it was asked for with the same arguments and is ready;
+    /// else a null frame, and previewReady() tells when to ask again. The newest request is
     /// rendered first. A null frame without a photo. See IQuindleDrawer::RenderPreview for target
     /// and policies; Zorvik::Exception for a bad target.
     Zorvik::Proc::Frame Request(const QString& key, const Zorvik::Proc::FrameTarget& target,
                                 const Zorvik::Quindle::EffectsSettings& effects,
                                 const PreviewPolicies& policies = {});
 
-    /// Forgets what was asked for and is not ready; its signals do not come.
+    /// Forgets the requests that are not ready; their signals do not come.
     void CancelAll();
-    /// Blocks until all that was asked for is ready, and announces it. For commands and tests.
+    /// Blocks until all requests are ready, and announces them. For commands and tests.
     void WaitForAll();
 
 signals:
-    /// On the previews' own thread; not for a preview that could not be rendered.
+    /// Emitted on this object's thread. Not emitted for a preview that could not be rendered.
     void previewReady(const QString& key);
 
 private:

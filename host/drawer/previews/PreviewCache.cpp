@@ -82,7 +82,7 @@ void PreviewCache::Remove(Entries::iterator entry)
     m_entries.erase(entry);
 }
 
-// The newest stays, however large it is: somebody is about to show it.
+// Keeps the newest preview, however large it is: somebody is about to show it.
 void PreviewCache::DropBeyondCapacity()
 {
     auto entry = m_entries.end();

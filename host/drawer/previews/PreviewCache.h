@@ -14,7 +14,7 @@
 
 namespace LumetraHost {
 
-/// What a preview shows.
+/// The effects, size and policies of a preview.
 struct PreviewRequest
 {
     Zorvik::Proc::FrameTarget target;
@@ -43,7 +43,7 @@ public:
     const Entry* Find(const QString& key, const PreviewRequest& request);
     /// Puts a request that is not ready in the place of the key's entry.
     void Add(const QString& key, const PreviewRequest& request);
-    /// The picture of what was added; false when that is no longer wanted. May drop others.
+    /// Sets the picture of an added request; false when that is no longer wanted. May drop others.
     bool SetFrame(const QString& key, const SharedSettings& effects,
                   const Zorvik::Proc::Frame& frame);
     void RemovePending();

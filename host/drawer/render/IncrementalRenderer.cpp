@@ -73,8 +73,8 @@ Image IncrementalRenderer::Render(const Image& source,
     return RenderFrom(stages, cut, source, effects.GetBlendAmount(), options, std::move(recycled));
 }
 
-/// The effects in front of the first one that differs from the last call, which all are kept for
-/// the next one.
+/// The effects in front of the first one that differs from the last call. Keeps all `effects` for
+/// the next comparison.
 EffectList IncrementalRenderer::TakeSameEffects(const EffectList& effects)
 {
     const auto differing = std::mismatch(effects.begin(), effects.end(), m_effects.begin(),
@@ -91,7 +91,7 @@ bool IncrementalRenderer::CanKeep(const Image& source, const RenderPlan& plan, i
            PlanarFrame::CountBytes(source.GetWidth(), source.GetHeight()) <= LargestCache;
 }
 
-/// Begins at the kept picture, or at the source's pixels, and keeps the picture at the cut.
+/// Starts from the kept picture, or from the source's pixels, and keeps the picture at the cut.
 Image IncrementalRenderer::RenderFrom(const std::vector<StagePtr>& stages, std::size_t cut,
                                       const Image& source, int blendAmount,
                                       const RenderOptions& options, Image recycled)
@@ -108,7 +108,7 @@ Image IncrementalRenderer::RenderFrom(const std::vector<StagePtr>& stages, std::
                          &m_kept.frame, isFromFrame, isToFrame};
     m_kept.frame.Resize(source.GetWidth(), source.GetHeight());
     if (isToFrame)
-        m_kept.count = 0; // until all of it is there
+        m_kept.count = 0; // Nothing counts as kept until all of the picture is there.
     Image picture = m_renderer.Render(source, chain, blendAmount, options, std::move(recycled));
     if (isToFrame && !picture.IsNull()) {
         m_kept.count = cut;

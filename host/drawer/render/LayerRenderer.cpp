@@ -95,7 +95,7 @@ void LayerRenderer::MatchOutputs(const std::vector<Layer>& layers, std::size_t c
     const std::size_t end = std::min(m_outputs.size(), layers.size());
     while (same < end && m_outputs[same].layer == layers[same])
         ++same;
-    // What lies above the wanted layers may still be of use to the next call.
+    // The picture above the wanted layers may still be of use to the next call.
     if (same >= count && same < layers.size())
         return;
     MatchFullEffect(layers, same);
@@ -114,7 +114,7 @@ void LayerRenderer::MatchFullEffect(const std::vector<Layer>& layers, std::size_
     const bool isOther = m_fullEffect.position == firstOther && !isOf(m_fullEffect.settings);
     if (m_fullEffect.position > firstOther || isOther)
         m_fullEffect = {};
-    // A package that was shown with its full effect need not be drawn again when its blend is.
+    // A package that was shown with its full effect need not be drawn again when its blend changes.
     if (firstOther < m_outputs.size() && isThere && layers[firstOther].paintedBlend) {
         const Output& output = m_outputs[firstOther];
         if (!output.picture.IsNull() && isOf(output.layer.settings) && IsFullEffect(output.layer))

@@ -24,11 +24,11 @@ enum class LayerUse
     Interaction ///< the layer that changes is drawn quickly, and memory is used again
 };
 
-/// Draws the layers of a recipe on one source picture and keeps what the next call can use again:
-/// the result, the picture below the topmost layer, the one below the layer that was changed last,
-/// and while a blend is dragged that layer's finished full effect. For interaction also the
-/// changing layer's picture in front of its first effect that differs (see IncrementalRenderer).
-/// One thread only.
+/// Draws the layers of a recipe on one source picture. Keeps pictures that the next call may use
+/// again: the result, the picture below the topmost layer, the one below the layer that was changed
+/// last, and while a blend is dragged that layer's finished full effect. For interaction it also
+/// keeps the changing layer's picture in front of its first effect that differs (see
+/// IncrementalRenderer). One thread only.
 ///
 /// Every layer rounds once: the picture above a layer has the depth of the source.
 class LayerRenderer
@@ -47,8 +47,8 @@ public:
     Image Render(const std::vector<Layer>& layers, std::size_t count,
                  const CancelToken* cancel = nullptr);
 
-    /// A quick picture of all the layers that is not exact: those that were not drawn yet come from
-    /// tables (see ColourTable). Null when one of them cannot be made a table of, and when it was
+    /// A quick picture of all the layers that is not exact: layers that were not drawn yet come
+    /// from tables (see ColourTable). Null when no table can stand for one of them, and when it was
     /// cancelled. Keeps nothing.
     Image RenderFromTables(const std::vector<Layer>& layers, const CancelToken* cancel = nullptr);
 
@@ -61,7 +61,7 @@ private:
     struct Output
     {
         Layer layer;
-        Image picture; ///< with this layer and all below; null: not kept
+        Image picture; ///< holds this layer and all below; null: not kept
     };
 
     struct FullEffect

@@ -12,8 +12,8 @@
 
 namespace LumetraHost {
 
-/// Renders one part of a photo, on the screen or as a preview: the part is scaled once and kept,
-/// with what LayerRenderer keeps of the layers on it. One thread only.
+/// Renders one part of a photo, on the screen or as a preview. Keeps the scaled part, and the
+/// pictures that LayerRenderer keeps. One thread only.
 class PartRenderer
 {
 public:
@@ -26,8 +26,8 @@ public:
     /// null.
     Image Render(const PictureRecipe& recipe, const PhotoPart& part, const CancelToken* cancel);
 
-    /// A quick picture of them that is not exact; null where that cannot be done, see
-    /// LayerRenderer::RenderFromTables().
+    /// A quick picture of the part with its layers that is not exact; null where that cannot be
+    /// done, see LayerRenderer::RenderFromTables().
     Image RenderFromTables(const PictureRecipe& recipe, const PhotoPart& part,
                            const CancelToken* cancel);
 

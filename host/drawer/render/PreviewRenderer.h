@@ -28,7 +28,7 @@ struct PreviewPolicies
 class PreviewRenderer
 {
 public:
-    /// `renderer` is kept by reference. `threads`: that a preview is rendered on; 0: all.
+    /// `renderer` is kept by reference. `threads`: the number that render one preview; 0: all.
     explicit PreviewRenderer(const Renderer& renderer, int threads = 0);
 
     /// The photo with all layers of the recipe, and `effects` on top. Null without a photo and when

@@ -92,7 +92,7 @@ void PackageStack::ReserveIndex(unsigned index)
     if (index < m_nextIndex)
         return;
     m_nextIndex = index + 1;
-    // At the very end of the numbers: the lowest that is free.
+    // The numbers are used up: the lowest one that is free is taken.
     if (m_nextIndex == NoIndex)
         m_nextIndex = 0;
     while (FindIndex(m_nextIndex) || m_nextIndex == index)

@@ -13,17 +13,17 @@
 namespace LumetraHost {
 
 /// The open effect packages of a photo, bottom first, and the rules by which they replace each
-/// other. Knows nothing of pixels; copies
-/// share the settings. Positions are places in the stack; indexes are the packages'
-/// own numbers, which count upwards and are not used twice unless somebody asks for it.
+/// other. Knows nothing of pixels; copies share the settings. A position is a place in the stack;
+/// an index is a package's own number, which counts upwards and is not used twice unless somebody
+/// asks for it.
 class PackageStack
 {
 public:
     static constexpr unsigned NoIndex = Zorvik::Quindle::EffectsSettingsPackage::NoIndex;
 
-    /// Replaces the package of the settings' index; if that is not there, the topmost one of the
-    /// same name, which takes this index (without an index it keeps its own); else puts one on top
-    /// under this index (without: the next free one). Returns its position.
+    /// Replaces the package with the settings' index. Without one, replaces the topmost package of
+    /// the same name, which takes this index; settings without an index leave it its own. Without
+    /// either, puts a package on top under this index, or the next free one. Returns its position.
     std::size_t Apply(const Zorvik::Quindle::EffectsSettings& settings);
     void Remove(std::size_t position);
     /// Empties the stack and returns what it held.
@@ -31,15 +31,15 @@ public:
 
     std::size_t GetCount() const { return m_packages.size(); }
     const Zorvik::Quindle::EffectsSettings& Get(std::size_t position) const;
-    /// The same, never changed later: a change of the package puts others in their place.
+    /// Settings that never change: a change of the package puts other settings in their place.
     const SharedSettings& GetShared(std::size_t position) const;
-    /// Other settings with the package's own name and index.
+    /// Replaces the settings; name and index stay the package's own.
     void SetShared(std::size_t position, const SharedSettings& settings);
 
     std::optional<std::size_t> FindIndex(unsigned index) const;
-    /// The topmost one of that name.
+    /// The position of the topmost package of that name.
     std::optional<std::size_t> FindName(const std::string& name) const;
-    /// The one applied last.
+    /// The position of the package that was applied last.
     std::optional<std::size_t> FindLastApplied() const;
     unsigned GetNextIndex() const { return m_nextIndex; }
 

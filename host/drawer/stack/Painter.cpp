@@ -16,8 +16,8 @@ using Zorvik::Quindle::EffectPtr;
 using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::SettingsPainterEffectsPackage;
 
-// The first effect of an id in `update` stands for the first of that id in `effects`, the second
-// for the second; what has no counterpart is left out.
+// The first effect of an id in `update` replaces the first one of that id in `effects`, the second
+// one the second; an effect without a counterpart is left out.
 void ReplaceSameIds(EffectList& effects, const EffectList& update)
 {
     std::vector<bool> isReplaced(effects.size(), false);
@@ -101,7 +101,7 @@ bool Painter::IsBlendPainting() const
     return m_package->GetKind() == SettingsPainterEffectsPackage::Kind::BlendSource;
 }
 
-/// Shares the effects that the update leaves as they are.
+/// Makes the package with the update; effects that the update leaves as they are get shared.
 SharedSettings Painter::MakeShown(const EffectsSettings& package,
                                   const EffectsSettings& update) const
 {

@@ -12,10 +12,10 @@
 
 namespace LumetraHost {
 
-/// Shows a package while its intensity is dragged. Owned by the drawer. Renders nothing: it says
-/// which layer stands for the package. Always paints the whole picture: positions are accepted and
-/// not used. The source's alpha is kept whether or not the painting asks for it, since no effect
-/// changes it.
+/// Shows a package while its intensity is dragged. Owned by the drawer. Renders nothing: it names
+/// the layer that stands for the package. Always paints the whole picture: positions are accepted
+/// and not used. The source's alpha is kept whether or not the painting asks for it, since no
+/// effect changes it.
 ///
 /// Two guarantees about rounding: a tick of a blend painting is the integer blend of the picture
 /// below and the package's finished effect (see Blend()); the picture after finishing is the one
@@ -31,9 +31,9 @@ public:
     void FinishOpenPainting();
     /// Ends an open painting without keeping anything.
     void DropPainting();
-    /// Where the package stands that an open painting shows.
+    /// The position of the package that an open painting shows.
     std::optional<std::size_t> FindPackage() const;
-    /// What is shown instead of that package; empty before the first update.
+    /// The layer that is shown instead of that package; empty before the first update.
     std::optional<Layer> GetShownLayer() const;
 
     /// Zorvik::Exception for a null package.

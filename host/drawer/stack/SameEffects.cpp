@@ -30,8 +30,8 @@ std::string GetStoredForm(const IEffectSettings& effect)
     return JsonWriter::Write(*object);
 }
 
-/// What the stored form has beside numbers. Tables are known by their content's hash, so that they
-/// need not be written out, nor even read.
+/// Compares the parts of the stored form that are no numbers. Tables are known by their content's
+/// hash, so that they need not be written out, nor even read.
 bool HaveSameContent(const IEffectSettings& first, const IEffectSettings& second)
 {
     const auto* const a = dynamic_cast<const Lut3dSettings*>(&first);

@@ -5,13 +5,13 @@
 
 namespace LumetraHost {
 
-/// True when the engine draws both alike: the same effect with the same described parameters. What
-/// the engine does not read is not compared. Effects that are more than numbers are compared in
-/// their stored form.
+/// True when the engine draws both alike: they are of one kind and have equal described parameters.
+/// Parameters that the engine does not read are not compared. Effects that are more than numbers
+/// are compared in their stored form.
 bool AreSameEffects(const Zorvik::Quindle::EffectPtr& first,
                     const Zorvik::Quindle::EffectPtr& second);
 
-/// The same for all effects, in order, and the blend amount.
+/// True when the lists are of the same effects in the same order, and so is the blend amount.
 bool DrawTheSame(const Zorvik::Quindle::EffectsSettings& first,
                  const Zorvik::Quindle::EffectsSettings& second);
 

@@ -40,7 +40,7 @@ LiveView::LiveView(Drawer& drawer, const LiveViewOptions& options, QObject* pare
 LiveView::~LiveView()
 {
     m_drawer.RemoveObserver(this);
-    // Its thread posts events to this object.
+    // The worker's thread posts events to this object, so it ends first.
     m_worker.reset();
 }
 
@@ -108,7 +108,7 @@ void LiveView::FrameChanged()
     StartRendering();
 }
 
-// A commit changes no pixel of what is shown, but settings on top now have more below them.
+// A commit changes no pixel of the frame, but settings shown on top now have more below them.
 void LiveView::CommittedPhotoChanged()
 {
     if (m_shownOnTop)

@@ -26,9 +26,9 @@ struct ViewResult;
 /// screen has there, rendered on a thread of its own. The thread that owns the view and the drawer
 /// never renders; it takes cheap snapshots.
 ///
-/// The newest state wins: what is superseded is cancelled and not shown, except that two
+/// The newest state wins: a superseded one is cancelled and not shown, except that two
 /// cancellations in a row always have a frame between them. Where a full frame would be late a
-/// reduced one comes first. The last frame is the same whatever came before it.
+/// reduced one comes first. The last frame depends only on the last state.
 class LiveView : public QObject, private IDrawerObserver
 {
     Q_OBJECT
@@ -48,7 +48,7 @@ public:
     void SetShownOnTop(std::optional<Zorvik::Quindle::EffectsSettings> settings);
     /// Frames are shown in these colours; null: in sRGB.
     void SetDisplay(const std::shared_ptr<const DisplayTransform>& display);
-    /// Whether GetShownOriginal() is asked for.
+    /// True: frames come with the untouched photo, see GetShownOriginal().
     void SetNeedsOriginal(bool needsOriginal);
     /// Shows the untouched photo.
     void SetShowsOriginal(bool showsOriginal);
@@ -57,20 +57,20 @@ public:
     const ViewFrame& GetFrame() const { return m_frame; }
     /// The untouched photo in the part and size of that frame.
     Image GetOriginal() const { return m_original; }
-    /// The same in the display's colours. With a display it is null until it has been needed; the
-    /// frame that is announced then has it.
+    /// The untouched photo in the display's colours. With a display it is null until it has been
+    /// needed; the frame that is announced then has it.
     Image GetShownOriginal() const { return m_shownOriginal; }
 
     /// True when the announced frame is the full one of the present state.
     bool IsUpToDate() const;
-    /// Blocks until that frame is there and announces it. For commands and tests; throws what the
+    /// Blocks until IsUpToDate() and announces the frame. For commands and tests; throws what the
     /// rendering threw.
     void WaitForFrame();
 
 signals:
-    /// On the view's own thread.
+    /// Emitted on this object's thread.
     void frameReady(const LumetraHost::ViewFrame& frame);
-    /// There is no frame of the present state.
+    /// Emitted instead of frameReady() when the present state cannot be rendered.
     void renderingFailed(const QString& reason);
 
 private:

@@ -10,7 +10,7 @@ namespace LumetraHost {
 
 class CancelToken;
 
-/// One rendering of a live view, on its own thread, as it begins.
+/// A rendering of a live view as it begins, on the view's own thread.
 struct ViewRendering
 {
     quint64 serial;
@@ -18,13 +18,13 @@ struct ViewRendering
     const CancelToken& cancel; ///< good during the call
 };
 
-/// How a live view works.
+/// Settings of a live view.
 struct LiveViewOptions
 {
     /// A full frame that is expected to take longer is preceded by a preview: all pixels from
     /// tables where that is quick enough, else fewer pixels.
     std::chrono::nanoseconds reducedBeyond = std::chrono::milliseconds(25);
-    /// Called before each rendering, on the thread that renders; empty: nobody is.
+    /// Called before each rendering, on the thread that renders; may be empty.
     std::function<void(const ViewRendering&)> onRendering;
 };
 

@@ -11,7 +11,7 @@
 
 namespace LumetraHost {
 
-/// What a canvas wants to see.
+/// The part of the photo that a canvas wants to see.
 struct ViewRequest
 {
     QRectF part; ///< of the photo, in its pixels; what lies outside of the photo is left out
@@ -29,15 +29,15 @@ inline bool operator==(const ViewRequest& first, const ViewRequest& second)
 /// has.
 struct ViewFrame
 {
-    Image picture;          ///< null without a photo, and when nothing of it is to be seen
-    Image shown;            ///< the same in the monitor's colours; `picture` itself without any
-    QRect part;             ///< of the photo, in its pixels
+    Image picture; ///< null without a photo, and when nothing of it is to be seen
+    Image shown; ///< `picture` in the monitor's colours; the same pixels without a display profile
+    QRect part;  ///< of the photo, in its pixels
     quint64 serial = 0;     ///< counts upwards; a frame of the same serial is a better one
     bool isReduced = false; ///< a first preview, of fewer pixels or not exact; a full one follows
     bool isOpaque = true;   ///< every alpha is full
 
-    /// What is shown, without copying its pixels: RGBX8888 or RGBX64 when opaque, else RGBA8888 or
-    /// RGBA64 (straight alpha). The result shares the pixels and may outlive the frame.
+    /// The shown picture as a QImage: RGBX8888 or RGBX64 when opaque, else RGBA8888 or RGBA64
+    /// (straight alpha). It shares the pixels and may outlive the frame.
     QImage ToQImage() const { return WrapImage(shown, isOpaque); }
 
     /// A picture as a QImage that shares its pixels; a null one for a null picture. Read only.

@@ -19,9 +19,9 @@ struct ViewGeometry
 
     static ViewGeometry Make(const QSize& photo, const ViewRequest& request);
 
-    /// With 1/2^halvings of the pixels in each direction, at least one.
+    /// The part with 1/2^halvings of the pixels in each direction, at least one.
     ViewGeometry GetReduced(int halvings) const;
-    /// With so many more rendered pixels on every side, where the photo has them.
+    /// The part with that many more rendered pixels on every side, where the photo has them.
     ViewGeometry GetEnlarged(int border, const QSize& photo) const;
     PhotoPart GetPhotoPart() const;
     double GetPixelCount() const { return double(size.width()) * size.height(); }

@@ -8,14 +8,14 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Nanoseconds per pixel, before anything was measured.
+/// Nanoseconds per pixel, assumed before anything was measured.
 constexpr double AssumedScaling = 30;
 constexpr double AssumedRendering = 30;
 constexpr double TableDrawing = 4;
 /// Entries and probes of a table.
 constexpr double TableColours = 40000;
 constexpr int MostHalvings = 2;
-/// Rendered pixels.
+/// Rendered pixels to which the border for spatial effects is rounded up.
 constexpr int HaloStep = 32;
 
 } // namespace
@@ -44,7 +44,7 @@ void ViewWorker::Start(ViewJob job)
         const std::lock_guard lock(m_mutex);
         if (m_running && (job.isOtherPhoto || !m_wasCancelled))
             m_running->Cancel();
-        // What the waiting job forbade stays forbidden.
+        // A frame of another photo that the replaced job ruled out stays ruled out.
         if (m_waiting && m_waiting->job.isOtherPhoto)
             job.isOtherPhoto = true;
         if (job.isOtherPhoto)
@@ -182,8 +182,8 @@ Image ViewWorker::Render(const Queued& queued, const ViewGeometry& geometry, Par
     return picture;
 }
 
-/// With what spatial effects see beyond the edges of the view, so that a part of the photo looks as
-/// it does in the whole one. Coarse steps keep the scaled part while a radius is dragged.
+/// Adds the border that spatial effects look at, so that a part of the photo looks as it does in
+/// the whole one. Coarse steps keep the scaled part while a radius is dragged.
 ViewGeometry ViewWorker::MakeGeometry(const ViewJob& job, bool isReduced) const
 {
     const QSize photo(job.recipe.photo.GetWidth(), job.recipe.photo.GetHeight());
@@ -213,8 +213,8 @@ int ViewWorker::ChooseHalvings(const ViewJob& job) const
     return job.recipe.photo.IsNull() || job.geometry.part.isEmpty() ? 0 : halvings;
 }
 
-/// Whether tables make a preview of all pixels in time. Making one costs as much as rendering the
-/// colours that it holds.
+/// True when tables make a preview of all pixels in time. Making a table costs as much as rendering
+/// the colours that it holds.
 bool ViewWorker::IsTableQuick(const ViewJob& job) const
 {
     if (job.showsOriginal || !m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart()))

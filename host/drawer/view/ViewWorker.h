@@ -32,16 +32,16 @@ struct ViewJob
     bool showsOriginal = false;
     std::shared_ptr<const DisplayTransform> display; ///< null: sRGB
     bool needsOriginal = false;                      ///< in the display's colours too
-    /// No frame of a job before this one may be shown any more.
+    /// True: no frame of a job before this one may be shown any more.
     bool isOtherPhoto = false;
 };
 
-/// What became of a job.
+/// The outcome of a job.
 struct ViewResult
 {
     ViewFrame frame;
     Image original;           ///< the frame's part without any package
-    Image shownOriginal;      ///< the same in the monitor's colours; null: was not needed
+    Image shownOriginal;      ///< `original` in the monitor's colours; null: was not needed
     std::exception_ptr error; ///< why there is no frame
 };
 
@@ -72,7 +72,7 @@ private:
         std::shared_ptr<CancelToken> cancel;
     };
 
-    /// The untouched photo changes seldom.
+    /// The converted untouched photo, kept because it changes seldom.
     struct DisplayedOriginal
     {
         Image picture;
@@ -87,7 +87,7 @@ private:
     void Run(const Queued& queued);
     bool RunPreview(const Queued& queued);
     bool RunStep(const Queued& queued, bool isReduced);
-    /// In the colours of the job's display.
+    /// Converts `picture` to the colours of the job's display.
     Image ToDisplay(const ViewJob& job, const Image& picture);
     Image OriginalToDisplay(const ViewJob& job, const Image& original);
     bool PostFrame(const Queued& queued, const Image& picture, const ViewGeometry& geometry,
@@ -107,7 +107,7 @@ private:
     ImagePool m_displaySpares{DisplaySpares};
     DisplayedOriginal m_displayedOriginal;
     double m_scalingTime;   ///< nanoseconds per pixel of the view, as measured last
-    double m_renderingTime; ///< the same for the layers
+    double m_renderingTime; ///< nanoseconds per pixel of the view that the layers took last
 
     std::mutex m_mutex;
     std::condition_variable m_hasJob;
@@ -116,7 +116,8 @@ private:
     std::shared_ptr<CancelToken> m_running;
     std::optional<ViewResult> m_result;
     quint64 m_doneSerial = 0;
-    bool m_wasCancelled = false; ///< and no frame has been posted since
+    bool m_wasCancelled =
+        false; ///< true: a rendering was cancelled, and no frame has been posted since
     bool m_isStopping = false;
     std::thread m_thread; ///< last, so that it starts when all else is there
 };

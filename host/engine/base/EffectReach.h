@@ -3,7 +3,7 @@
 
 namespace LumetraHost {
 
-/// What an effect looks at to make one pixel. Only effects of colour alone can be put into a lookup
+/// How far an effect looks to make one pixel. Only effects of colour alone can be put into a lookup
 /// table; only effects without neighbours can be drawn tile by tile.
 enum class EffectReach
 {

@@ -20,7 +20,7 @@ enum class Isa
 /// "baseline", "x86-64-v3" or "x86-64-v4".
 const char* GetIsaName(Isa isa);
 
-/// What this build contains and this processor runs, Baseline first.
+/// The instruction sets that this build contains and this processor runs, Baseline first.
 const std::vector<Isa>& GetSupportedIsas();
 
 /// The set to use when nothing else is asked for: the one that the environment variable

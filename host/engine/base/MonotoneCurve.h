@@ -32,8 +32,8 @@ public:
     /// At least two points, x ascending. The slope at both ends is that of the outer pieces'
     /// secants.
     static MonotoneCurve Make(const std::vector<CurvePoint>& points);
-    /// With `endSlope` asked for at both ends; less where that would overshoot. The straight lines
-    /// beyond them have it in any case.
+    /// Asks for `endSlope` at both ends; the curve has less there where that would overshoot. The
+    /// straight lines beyond the ends have it in any case.
     static MonotoneCurve Make(const std::vector<CurvePoint>& points, double endSlope);
 
     const std::vector<Piece>& GetPieces() const { return m_pieces; }

@@ -3,8 +3,9 @@
 
 namespace LumetraHost {
 
-/// The transfer function of IEC 61966-2-1 (sRGB), in double precision: the reference for all
-/// kernels, tables and tests. Both are continued beyond 1 by their formula and mirrored at 0.
+/// The transfer function of IEC 61966-2-1 (sRGB) and its inverse, in double precision: the
+/// reference for all kernels, tables and tests. Both are continued beyond 1 by their formula and
+/// mirrored at 0.
 double SrgbToLinear(double encoded);
 double LinearToSrgb(double linear);
 
@@ -16,7 +17,7 @@ constexpr double LumaBlue = 0.0722;
 /// Middle grey: the reflectance to which exposure is measured, in linear light.
 constexpr double MiddleGrey = 0.18;
 
-/// Decoded values of all 256 8-bit, all 65,536 16-bit channel values.
+/// Decoded values of all 256 channel values of 8 bits, and of all 65,536 of 16 bits.
 const float* GetSrgbDecodeTable8();
 const float* GetSrgbDecodeTable16();
 

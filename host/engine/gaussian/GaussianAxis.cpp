@@ -8,7 +8,7 @@
 namespace LumetraHost {
 namespace {
 
-/// The narrowest Gaussian in cells: the interpolation between them shows below.
+/// The narrowest Gaussian, in cells: the interpolation between cells shows in narrower ones.
 constexpr double NarrowestInCells = 4;
 constexpr double CutAt = 4;
 

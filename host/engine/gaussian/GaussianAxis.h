@@ -25,7 +25,7 @@ public:
     int GetCellCount() const { return m_cells; }
     /// Cells on each side of the centre that have a weight.
     int GetRadius() const { return static_cast<int>(m_weights.size()) - 1; }
-    /// Of the centre and the cells to one side; both sides together weigh 1.
+    /// Weights of the centre and of the cells to one side; both sides together add up to 1.
     const std::vector<float>& GetWeights() const { return m_weights; }
 
     /// The cell that stands in for one outside of the picture.
@@ -36,7 +36,7 @@ public:
     int GetEndPixel(int cell) const;
     /// The first cell that the pixel touches.
     int GetFirstCell(int pixel) const;
-    /// What a pixel that the cell touches weighs in its average.
+    /// The weight of a pixel in the average of a cell that it touches.
     float GetShare(int cell, int pixel) const;
 
     /// Where a pixel's centre lies: `fraction` of the way from the cell to the next one.

@@ -88,7 +88,7 @@ GaussianScratch GaussianBands::MakeScratch() const
     return scratch;
 }
 
-/// Cells of which no pixel lies in `band` or below.
+/// The number of cells that lie wholly above `band`.
 int GaussianBands::CountCellsBefore(int band) const
 {
     const std::int64_t row = std::int64_t{band} * m_bandRows;

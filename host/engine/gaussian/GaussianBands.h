@@ -21,7 +21,7 @@ namespace LumetraHost {
 class GaussianBands
 {
 public:
-    /// `ahead`: bands that may be worked on beyond those that somebody waits for.
+    /// `ahead`: bands that threads may work on beyond the ones that a reader waits for.
     GaussianBands(int width, int height, const SpatialPass& pass, int bandRows, int ahead, Isa isa);
 
     int GetPlaneCount() const { return m_planes; }

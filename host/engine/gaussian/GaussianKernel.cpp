@@ -18,7 +18,7 @@ LUMETRA_KERNEL_INLINE void AddPair(const SymmetricSum& sum, int distance, float*
         target[i] += weight * (a[i] + b[i]);
 }
 
-/// Two distances at once, in the same order as one after the other.
+/// Adds two distances at once, in the order in which AddPair() would add them.
 LUMETRA_KERNEL_INLINE void AddTwoPairs(const SymmetricSum& sum, int distance,
                                        float* __restrict target, int count)
 {

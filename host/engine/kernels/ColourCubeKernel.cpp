@@ -41,14 +41,14 @@ struct alignas(64) Corners
     std::int32_t weights34[ChunkPixels];
 };
 
-/// value * cells / 255, limited so that white lies at the end of the last cell. Exact for 0 to 255
-/// and up to 64 cells.
+/// The cell: value * cells / 255, limited so that white lies at the end of the last cell. Exact for
+/// values of 0 to 255 and up to 64 cells.
 LUMETRA_KERNEL_INLINE std::int32_t FindCell(std::int32_t value, std::int32_t cells)
 {
     return Smaller((value * (cells * 257)) >> 16, cells - 1);
 }
 
-/// The place within the cell, 0 to 255, above the axis' stride: sorts by the place.
+/// Packs the place within the cell, 0 to 255, above the axis' stride: sorting orders by the place.
 template <int points>
 LUMETRA_KERNEL_INLINE std::int32_t MakeKey(std::int32_t value, std::int32_t cell,
                                            std::int32_t stride)
@@ -193,7 +193,7 @@ LUMETRA_KERNEL_INLINE void Load(const std::int16_t* cube, const Corners& corners
 
 #endif
 
-/// Without branches: marked pixels come at random.
+/// Has no branches, because marked pixels come at random.
 LUMETRA_KERNEL_INLINE void FindRest(const std::int16_t* cube, const Corners& corners, int count,
                                     MarkedPixels& rest)
 {

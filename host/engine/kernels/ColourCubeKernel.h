@@ -45,7 +45,7 @@ struct ColourCubeKernel8
                     std::uint8_t* target, int pixels, MarkedPixels& rest);
 };
 
-/// The same into a tile, neither rounded nor limited: steps of 1 / ColourCube::One and finer.
+/// Writes into a tile, neither rounded nor limited, in steps of 1 / ColourCube::One or finer.
 template <Isa isa>
 struct ColourCubeLoadKernel8
 {

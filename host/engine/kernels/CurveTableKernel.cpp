@@ -12,7 +12,7 @@ namespace {
 
 using Grid = CurveGrid;
 
-/// Beyond three stops above white, and colours two stops above, nobody looks for a thousandth.
+/// Nobody sees a thousandth more than three stops above white.
 constexpr float LargestPlace = 8.0f;
 constexpr float LargestValue = 4.0f;
 
@@ -35,7 +35,8 @@ LUMETRA_KERNEL_INLINE void FindPieces(float* __restrict values, std::int32_t* __
 
 #ifdef __SSE2__
 
-// What a piece adds and multiplies is loaded as one: compilers gather them one by one.
+// Loads both numbers of two pieces with one instruction each: compilers would gather them one by
+// one.
 LUMETRA_KERNEL_INLINE __m128 LoadTwoPieces(const float* table, const std::int32_t* indexes)
 {
     const float* const first = table + 2 * indexes[0];
@@ -81,8 +82,8 @@ LUMETRA_KERNEL_INLINE void RunPlane(float* plane, const float* table, int count)
     }
 }
 
-/// A change of linear light as one of encoded values is at most 12.92 times as large, and smaller
-/// in brighter colours: 1 / 2.27 of it in white.
+/// Turns an error of linear light into steps of encoded values. The slope of the encoding is 12.92
+/// at black, less in brighter colours and 1 / 2.27 in white.
 LUMETRA_KERNEL_INLINE float GetSteps(float off, float value, bool isLinear)
 {
     const float size = GetSize(value);

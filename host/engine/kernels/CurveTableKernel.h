@@ -28,9 +28,9 @@ struct CurveTableKernel
     static void Run(const Tile& tile, const float* const* tables);
 };
 
-/// The pieces of one sign from the function's `values` at the `places` of the samples: lines that
-/// are off by as much at the ends of a piece as in its middle. Returns the largest of that in steps
-/// of 8 bits, where places and values are of consequence; `isLinear`: values are linear light.
+/// Makes the pieces of one sign from the function's `values` at the `places` of the samples. Each
+/// line is off by as much at the ends of its piece as in the middle. Returns the largest such error
+/// in steps of 8 bits, where it can be seen; `isLinear`: values are linear light.
 template <Isa isa>
 struct CurveFitKernel
 {

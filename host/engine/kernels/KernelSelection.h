@@ -6,9 +6,8 @@
 namespace LumetraHost {
 
 /// The kernel of one instruction set. `Kernel` is a class template with a static `Run`; its source
-/// is compiled once per instruction set and instantiates itself for that one. Every kernel is at
-/// its quickest with the widest set: loops that look things up, which are not, are no kernels (see
-/// TableLoad.h).
+/// is compiled once per instruction set and instantiates itself for that one. Only loops that are
+/// quickest with the widest set are kernels; looking up tables is not (see TableLoad.h).
 template <template <Isa> class Kernel>
 auto SelectKernel(Isa isa) -> decltype(&Kernel<Isa::Baseline>::Run)
 {

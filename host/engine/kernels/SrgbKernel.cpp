@@ -6,7 +6,7 @@
 namespace LumetraHost {
 namespace {
 
-// Above all that matters, and still within the range of Exp2.
+// Lies far above the brightest light, and still within the range of Exp2.
 constexpr float Largest = 1e15f;
 
 LUMETRA_KERNEL_INLINE float Decode(float encoded)

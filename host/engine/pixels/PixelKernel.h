@@ -33,7 +33,7 @@ struct StoreKernel8
                     const StoreParameters& parameters);
 };
 
-/// The same with 16 bits per channel.
+/// Stores 16 bits per channel.
 template <Isa isa>
 struct StoreKernel16
 {
@@ -50,7 +50,7 @@ struct BlendKernel8
                     int pixels, int blendAmount);
 };
 
-/// The same with 16 bits per channel.
+/// Blends 16 bits per channel.
 template <Isa isa>
 struct BlendKernel16
 {

@@ -17,7 +17,7 @@ constexpr int SourceOnly = Zorvik::Quindle::EffectsSettings::NoEffect;
 /// `blendAmount` limited to 1..255.
 int ClampBlendAmount(int blendAmount);
 
-/// What the source weighs in the blend: (b - 1) / 254 with b limited to 1..255.
+/// Weight of the source in the blend: (b - 1) / 254 with b limited to 1..255.
 double GetSourceWeight(int blendAmount);
 
 /// Puts (source * (b - 1) + effect * (255 - b) + 127) / 254, in integers, into `target`: the

@@ -55,7 +55,7 @@ std::int16_t Quantise(float value)
     return static_cast<std::int16_t>(std::lround(limited * ColourCube::One));
 }
 
-/// One line of the cube: green and blue are the same.
+/// Fills one line of the cube, along which red runs.
 void FillLine(const StageChain& chain, int points, int green, int blue, std::int16_t* line)
 {
     ColourTile colours;
@@ -97,7 +97,7 @@ bool IsClose(float exact, std::uint8_t drawn)
     return std::abs(wanted - drawn) <= ColourTable::Tolerance;
 }
 
-/// Whether one row of the probe comes out as the exact run has it.
+/// True when one row of the probe comes out as the exact run has it.
 bool ProbeRow(const StageChain& chain, const ColourTable& table, int row)
 {
     alignas(64) PixelRow pixels;

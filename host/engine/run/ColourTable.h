@@ -43,7 +43,7 @@ public:
     static std::shared_ptr<const ColourTable> Make(const Zorvik::Quindle::EffectList& effects,
                                                    int points, Isa isa, ThreadPool& pool,
                                                    const CancelToken* cancel = nullptr);
-    /// The same for stages, which must look at nothing but the colour.
+    /// Makes the table of stages, which must look at nothing but the colour.
     static std::shared_ptr<const ColourTable> Make(const std::vector<StagePtr>& stages, int points,
                                                    Isa isa, ThreadPool& pool,
                                                    const CancelToken* cancel = nullptr);

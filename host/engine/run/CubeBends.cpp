@@ -25,8 +25,8 @@ struct Lines
     const std::int16_t* after;
 };
 
-/// The largest second difference at each entry so far. What can be seen neither here nor at the
-/// neighbours does not count.
+/// Raises the entries' largest second differences so far. Bends that can be seen neither at the
+/// entry nor at its neighbours do not count.
 void AddBends(const Lines& lines, int entries, std::int32_t* bends)
 {
     for (int i = 0; i < entries * ColourCube::Stride; ++i) {
@@ -73,7 +73,7 @@ private:
     std::atomic<bool> m_hasJump{false};
 };
 
-/// From the second entry of a line on, when the direction runs along red.
+/// Begins at the second entry of a line when the direction runs along red.
 Lines Search::GetLines(int green, int blue, int alongRed, int alongGreen, int alongBlue) const
 {
     return {m_cube + Offset(0, green - alongGreen, blue - alongBlue),

@@ -15,16 +15,16 @@ namespace LumetraHost {
 class CubeBends
 {
 public:
-    /// In steps of 8 bits, as is the next.
+    /// Limit of the second differences, in steps of 8 bits.
     static constexpr int Limit = 4;
-    /// A bend above this is no bend but a jump.
+    /// Second differences above this are jumps, in steps of 8 bits.
     static constexpr int Jump = 100;
 
     /// Marks the first corner of every cell that bends, in the fourth value of its entry, whose
     /// other entries are 0. `cube` has `points` entries along each axis.
     CubeBends(std::int16_t* cube, int points, ThreadPool& pool);
 
-    /// Of all cells, 0 to 1.
+    /// Share of the marked cells in all cells, 0 to 1.
     double GetMarkedShare() const { return m_markedShare; }
     bool HasJump() const { return m_hasJump; }
 

@@ -58,13 +58,13 @@ public:
     bool Draw(const Image& source, Image& target, ThreadPool& pool, const CancelToken* cancel);
 
     int GetBandCount() const { return m_bands; }
-    /// Bands that the source has to be ahead of the target: what a window on it has to keep, beside
-    /// the one that is worked on.
+    /// The number of bands by which the source has to be ahead of the target. A window on the
+    /// source keeps as many, beside the band that is worked on.
     int GetLatency() const;
-    /// Bands that threads may work on beyond those that somebody waits for.
+    /// The number of bands that threads may work on beyond those that a reader waits for.
     int GetAhead() const { return m_form.threads + 1; }
 
-    /// Whether source and target may be the same rows.
+    /// True when source and target may be the same rows.
     bool CanDrawInPlace() const { return m_steps.empty(); }
 
     /// For pictures that come in rows: adds the nodes to a graph, which this object outlives.

@@ -47,7 +47,7 @@ PixelStep::PixelStep(Image::Depth depth, Isa isa, const StageChain& first, const
     m_storing = {last.GetLastSpace() == ColourSpace::Linear, static_cast<float>(sourceWeight)};
 }
 
-// Blended, colours are rounded once only.
+// Pixels that are blended must not be rounded before: the table for storing rounds.
 ChainEnd PixelStep::GetEnd(double sourceWeight)
 {
     return sourceWeight == 0 ? ChainEnd::Pixels : ChainEnd::Tiles;

@@ -19,12 +19,12 @@ namespace LumetraHost {
 class PixelStep
 {
 public:
-    /// The chains whose tiles are loaded and stored, with what they leave to that. `sourceWeight`:
-    /// 0 to 1; 0 when `last` has a table to be stored with.
+    /// Loads tiles for `first` and stores those of `last`, with the tables that the chains leave to
+    /// loading and storing. `sourceWeight`: 0 to 1; 0 when `last` has a table to be stored with.
     PixelStep(Image::Depth depth, Isa isa, const StageChain& first, const StageChain& last,
               double sourceWeight);
 
-    /// For a picture that is blended with such a weight, by this step.
+    /// The end of a chain whose tiles are stored with that weight of the source.
     static ChainEnd GetEnd(double sourceWeight);
 
     /// `row` begins with the picture's first column; the tile's own pixels are read.

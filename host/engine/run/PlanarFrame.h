@@ -14,14 +14,14 @@ namespace LumetraHost {
 class PlanarFrame
 {
 public:
-    /// The values are anything.
+    /// Leaves the values undefined.
     void Resize(int width, int height);
     void Free();
 
     /// Bytes that a frame of that size takes.
     static std::size_t CountBytes(int width, int height);
 
-    /// The part of row tile.y from column tile.x on.
+    /// Loads the part of row tile.y that begins at column tile.x.
     void Load(const Tile& tile) const;
     void Store(const Tile& tile);
 

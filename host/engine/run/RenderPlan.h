@@ -17,15 +17,16 @@ namespace LumetraHost {
 class RenderPlan
 {
 public:
-    /// `first`: the space in which pixels come into the first chain; empty: as that likes it.
+    /// `first`: the space in which pixels come into the first chain; empty: the one it starts from.
     RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageContext& context,
                std::optional<ColourSpace> first = {});
 
     /// Nothing to draw.
     bool IsEmpty() const;
     const std::vector<SpatialPassPtr>& GetPasses() const { return m_passes; }
-    /// One more than passes: chain i comes before pass i, the last one behind all. They are made by
-    /// each call, which takes as long as drawing some ten thousand pixels. `end`: of the last one.
+    /// The chains, one more than passes: chain i comes before pass i, the last one behind all. Each
+    /// call makes them anew, which takes as long as drawing some ten thousand pixels. `end`: that
+    /// of the last chain.
     std::vector<StageChain> MakeChains(ChainEnd end = ChainEnd::Tiles) const;
     /// The stages as the effects gave them, of plans without spatial passes.
     const std::vector<StagePtr>& GetFirstStages() const { return m_stages.front(); }

@@ -127,7 +127,7 @@ std::vector<std::string> Renderer::FindUnknownEffects(const EffectList& effects)
 
 int Renderer::FindHalo(const EffectList& effects, const PictureArea& area)
 {
-    // Four standard deviations, and a cell of the wide ones on top (see GaussianAxis).
+    // Covers four standard deviations, and a cell of wide Gaussians (see GaussianAxis).
     constexpr double reach = 4.3;
     const RenderPlan plan(effects, {Isa::Baseline, area});
     int halo = 0;

@@ -53,7 +53,7 @@ public:
     Image Render(const Image& source, const Zorvik::Quindle::EffectsSettings& effects,
                  const RenderOptions& options = {}, Image recycled = {}) const;
 
-    /// The same with the blend amount given, not that of the effects.
+    /// Blends with `blendAmount`, whatever package the effects come from.
     Image Render(const Image& source, const Zorvik::Quindle::EffectList& effects, int blendAmount,
                  const RenderOptions& options = {}, Image recycled = {}) const;
 

@@ -13,11 +13,11 @@ namespace {
 
 using Grid = CurveGrid;
 
-/// Of both signs, with room for tiles of whole cache lines.
+/// Samples of both signs, rounded up so that tiles fill whole cache lines.
 constexpr std::size_t PlaneSize = (2 * Grid::Samples + 15) / 16 * 16;
 using Plane = std::array<float, PlaneSize>;
 
-/// Where a piece of the positive half begins; the piece behind the last one, too.
+/// Where a piece of the positive half begins; `piece` may also be one behind the last.
 float GetPieceBegin(int piece)
 {
     if (piece == 0)
@@ -90,7 +90,7 @@ std::shared_ptr<const CurveTableStage> CurveTableStage::Make(const std::vector<S
         const float off = std::max(fit(places, values.data(), isLinear, table),
                                    fit(places + Grid::Samples, values.data() + Grid::Samples,
                                        isLinear, table + Grid::Values / 2));
-        // Also what is no number.
+        // The negation catches NaN, which compares false.
         if (!(off <= Tolerance))
             return nullptr;
         stage->m_tables[channel] = table;

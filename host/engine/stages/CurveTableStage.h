@@ -9,19 +9,17 @@
 
 namespace LumetraHost {
 
-/// Neighbouring stages that take each channel alone, as one function for each channel, drawn from a
+/// Neighbouring stages that take each channel alone, as one function per channel, drawn from a
 /// table of straight pieces: one look-up instead of powers and logarithms, however many stages
-/// there are. For pictures of 8 bits: not exact enough for 16.
-///
-/// Made only where the pieces follow the stages within Tolerance.
+/// there are. Not exact enough for pictures of 16 bits.
 class CurveTableStage : public Stage
 {
 public:
-    /// In steps of 8 bits, of what the run itself gives.
+    /// Largest distance between the pieces and the stages, in steps of 8 bits.
     static constexpr float Tolerance = 0.02f;
 
-    /// `stages`: each but Mixed, with the conversions between them. `end`: the space in which the
-    /// last one leaves colours. Null where they bend too much for the pieces.
+    /// Null where the stages bend too much for the pieces. `stages`: none of them Mixed;
+    /// conversions are added between them. `end`: the space in which the last one leaves colours.
     static std::shared_ptr<const CurveTableStage> Make(const std::vector<StagePtr>& stages,
                                                        ColourSpace end, Isa isa);
 

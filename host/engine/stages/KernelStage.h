@@ -9,7 +9,7 @@
 
 namespace LumetraHost {
 
-/// A stage that hands each tile to a kernel, together with the same few numbers.
+/// A stage that hands each tile to a kernel, together with a few fixed numbers.
 template <class... Numbers>
 class KernelStage : public Stage
 {

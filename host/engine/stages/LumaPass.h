@@ -9,8 +9,8 @@
 
 namespace LumetraHost {
 
-/// A pass on encoded colours that hands each tile to a kernel, together with the blurred luma and
-/// the same few numbers.
+/// A pass on encoded colours that hands each tile to a kernel, together with the blurred luma and a
+/// few fixed numbers.
 template <class... Numbers>
 class LumaPass : public SpatialPass
 {

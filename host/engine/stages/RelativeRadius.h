@@ -6,8 +6,8 @@
 
 namespace LumetraHost {
 
-/// The Gaussian whose standard deviation is this many per cent of the whole picture's diagonal, in
-/// pixels of the rendered part at its scale: a preview then shows what the full picture gets.
+/// A Gaussian whose standard deviation is a share, in per cent, of the whole picture's diagonal,
+/// converted to rendered pixels: a preview then shows the blur that the full picture gets.
 GaussianShape MakeRelativeShape(double percentOfDiagonal, const PictureArea& area);
 
 } // namespace LumetraHost

@@ -15,14 +15,14 @@ struct GaussianShape
     double sigmaY = 0;
 };
 
-/// What the Gaussian of a spatial pass is taken of.
+/// The input of a spatial pass's Gaussian.
 enum class BlurredPlanes
 {
     Luma,   ///< one plane: the weighted sum of the channels (Rec. 709), in the pass's colour space
     Colours ///< three planes
 };
 
-/// A row's part of the blurred picture: one plane for luma, three for colour. As long as the tile.
+/// One row of the blurred picture: one plane for luma, three for colour. As long as the tile.
 struct BlurredTile
 {
     const float* planes[3] = {nullptr, nullptr, nullptr};
@@ -42,8 +42,7 @@ public:
     virtual BlurredPlanes GetPlanes() const = 0;
     /// Changes the tile in place. Values may lie outside [0, 1] before and after.
     virtual void Combine(const Tile& tile, const BlurredTile& blurred) const = 0;
-    /// The space in which the pass expects and leaves the pixels, and in which the Gaussian is
-    /// taken.
+    /// The space in which the pass expects and leaves the pixels, and in which they are blurred.
     virtual ColourSpace GetColourSpace() const { return ColourSpace::Encoded; }
 };
 

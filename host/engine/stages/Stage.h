@@ -20,7 +20,7 @@ enum class ColourSpace
     Encoded
 };
 
-/// What a stage does to a channel. All but the first look at nothing but that channel's value.
+/// How a stage treats a channel. All kinds but Mixed look at nothing but that channel's value.
 enum class ChannelWork
 {
     Mixed, ///< depends on other channels or on the place
@@ -28,7 +28,7 @@ enum class ChannelWork
     Heavy  ///< worth a table
 };
 
-/// What stages are made for.
+/// The conditions for which stages are made.
 struct StageContext
 {
     Isa isa = Isa::Baseline;

@@ -22,7 +22,7 @@ bool IsHeavy(const StagePtr& stage)
     return stage->GetChannelWork() == ChannelWork::Heavy;
 }
 
-/// Whether a chain makes, or may make, one stage of the two.
+/// True when a chain merges the two stages, or may do so.
 bool AreMerged(const StagePtr& first, const StagePtr& second, Image::Depth depth)
 {
     if (depth == Image::Depth::Bits8 && IsOfChannels(first) && IsOfChannels(second))
@@ -31,8 +31,8 @@ bool AreMerged(const StagePtr& first, const StagePtr& second, Image::Depth depth
            first->GetColourSpace() == second->GetColourSpace();
 }
 
-/// Whether a chain makes one step of the stages before and behind that place, or of the last stage
-/// and of storing its result.
+/// True when the stages on both sides of `place` are merged, or when the last stage is merged with
+/// storing its result.
 bool IsInsideStep(const std::vector<StagePtr>& stages, std::size_t place, Image::Depth depth)
 {
     const StagePtr& before = stages[place - 1];
@@ -65,7 +65,7 @@ StageChain::StageChain(const std::vector<StagePtr>& stages, Isa isa, Image::Dept
     FuseChannels(isa);
 }
 
-// What has to become a table anyway can encode as well.
+// Channels that go through a table anyway are encoded by that table at no cost.
 ColourSpace StageChain::ChooseLastSpace(const std::vector<StagePtr>& stages, Image::Depth depth,
                                         bool fromPixels)
 {
@@ -93,7 +93,7 @@ std::size_t StageChain::FindCut(const std::vector<StagePtr>& stages, std::size_t
     return place;
 }
 
-// With 8 bits a conversion becomes part of the table of the stage that takes each channel alone.
+// With 8 bits the stage behind the cut converts colours itself if it takes each channel alone.
 ColourSpace StageChain::GetSpaceAtCut(const std::vector<StagePtr>& stages, std::size_t count,
                                       Image::Depth depth)
 {
@@ -103,7 +103,7 @@ ColourSpace StageChain::GetSpaceAtCut(const std::vector<StagePtr>& stages, std::
     return stages[isConvertedLater ? count - 1 : count]->GetColourSpace();
 }
 
-// With 16 bits conversions are stages of their own, so that tiles may pass the cut before them too.
+// With 16 bits conversions are separate stages, so that tiles may also pass the cut before them.
 bool StageChain::CanGoOnAt(const std::vector<StagePtr>& stages, std::size_t count,
                            ColourSpace space, Image::Depth depth)
 {

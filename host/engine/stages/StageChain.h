@@ -19,17 +19,17 @@ enum class ChainEnd
     Pixels
 };
 
-/// Stages that follow each other without anything in between. Neighbouring matrices become one;
-/// conversions are put where the spaces of neighbours differ. For pictures of 8 bits neighbours
-/// that take each channel alone become one table (see CurveTableStage); a chain that begins with
-/// pixels leaves those at its beginning to the tables that pixels are loaded with, and one that
-/// ends with pixels those at its end to the table that they are stored with. Immutable.
+/// Stages that follow each other without a pass in between. Neighbouring matrices become one;
+/// conversions are put where the spaces of neighbours differ. With 8 bits, neighbours that take
+/// each channel alone become one table (see CurveTableStage); those at the beginning of a chain
+/// that reads pixels move into the tables of loading, those at the end of one that writes pixels
+/// into the table of storing. Immutable.
 class StageChain
 {
 public:
-    /// `first` and `last`: the space in which tiles come and have to leave. First empty: tiles come
-    /// from pixels, as the stages like it, or as the other end says. Last empty: as
-    /// ChooseLastSpace() says.
+    /// `first`: the space in which tiles come. Empty: they are loaded from pixels, in the space of
+    /// the first stage; without a stage, in `last`. `last`: the space in which tiles leave; empty:
+    /// that of ChooseLastSpace().
     StageChain(const std::vector<StagePtr>& stages, Isa isa, Image::Depth depth,
                std::optional<ColourSpace> first = {}, std::optional<ColourSpace> last = {},
                ChainEnd end = ChainEnd::Tiles);
@@ -39,15 +39,15 @@ public:
                                        bool fromPixels);
 
     /// The largest number of stages, up to `wish`, behind which a chain may be cut in two that give
-    /// the same values to the bit: no merged stage and no table of channels lies across the cut.
+    /// identical values: no merged stage and no table of channels lies across the cut.
     static std::size_t FindCut(const std::vector<StagePtr>& stages, std::size_t wish,
                                Image::Depth depth);
-    /// The space in which tiles pass the cut behind the first `count` stages; `count` is at least 1
-    /// and a result of FindCut().
+    /// Colour space of the tiles behind the first `count` stages; `count` is at least 1 and a
+    /// result of FindCut().
     static ColourSpace GetSpaceAtCut(const std::vector<StagePtr>& stages, std::size_t count,
                                      Image::Depth depth);
-    /// True when tiles that passed the first `count` stages of another such chain and are in
-    /// `space` may go on with the rest of these stages, to the bit. `count`: at least 1.
+    /// True when tiles in `space` that passed the first `count` stages of another such chain may go
+    /// on with the rest of these stages, with identical values. `count`: at least 1.
     static bool CanGoOnAt(const std::vector<StagePtr>& stages, std::size_t count, ColourSpace space,
                           Image::Depth depth);
 
@@ -55,13 +55,12 @@ public:
     ColourSpace GetLastSpace() const { return m_lastSpace; }
     void Run(const Tile& tile) const;
 
-    /// The stages that are applied to the tables that pixels are loaded with, in GetFirstSpace(),
-    /// and not by Run().
+    /// The stages that are applied to the tables of loading, in GetFirstSpace(), and not by Run().
     const std::vector<StagePtr>& GetLoadingStages() const { return m_loading; }
-    /// What stores the tiles that Run() leaves, in encoded colours; null: they are stored as they
-    /// are.
+    /// The table through which the tiles that Run() leaves, encoded, are stored; null: none is
+    /// needed.
     const std::shared_ptr<const StoreTable>& GetStoreTable() const { return m_storeTable; }
-    /// After merging and with the conversions.
+    /// The stages that Run() applies, merged and with the conversions.
     const std::vector<StagePtr>& GetStages() const { return m_stages; }
 
 private:

@@ -12,7 +12,7 @@ namespace {
 
 using Grid = StoreGrid;
 
-/// What the table limits to its ends: some places below it and some above.
+/// Samples of the values that the table limits to its ends: some below it and some above.
 constexpr std::array<float, 16> Beyond = {-0.6f, -0.75f, -1.0f, -1.5f, -2.0f, -3.0f, -5.0f, -8.0f,
                                           1.51f, 1.75f,  2.0f,  2.5f,  3.0f,  4.0f,  6.0f,  8.0f};
 
@@ -45,13 +45,13 @@ const Places& GetPlaces()
     return *places;
 }
 
-/// Black or white, and nothing in between or no number.
+/// True when storing `value` gives `end`, black or white; false for NaN and all in between.
 bool IsLimited(float value, std::uint8_t end)
 {
     return end == 0 ? value <= 0.0f : end == 255 && value >= 1.0f;
 }
 
-/// Whether all that lies beyond a table is what stands at the end.
+/// True when all values beyond the table are stored as the entry at that end.
 bool EndsWell(const std::array<float, Beyond.size()>& beyond, const std::uint8_t* table)
 {
     constexpr auto half = static_cast<std::ptrdiff_t>(Beyond.size() / 2);

@@ -16,16 +16,16 @@ namespace LumetraHost {
 class StoreTable
 {
 public:
-    /// In steps of 8 bits, of what the stages themselves give, before rounding.
+    /// Largest error against the stages themselves before rounding, in steps of 8 bits.
     static constexpr float Tolerance = 0.05f;
 
-    /// `stages`: each but Mixed, with the conversions between them, from encoded colours to encoded
-    /// ones. Null where they are too steep for the entries, and where colours beyond the table
-    /// would not all become what stands at its ends.
+    /// Null where the stages are too steep for the entries, and where colours beyond the table
+    /// would not all become the entry at its end. `stages`: none of them Mixed; conversions are
+    /// added between them, from encoded colours to encoded ones.
     static std::shared_ptr<const StoreTable> Make(const std::vector<StagePtr>& stages, Isa isa);
 
-    /// The tile's pixels, with the alpha of `source`, which may be `target`. Both begin with the
-    /// tile's first pixel.
+    /// Stores the tile's pixels, with the alpha of `source`, which may be `target`. Both begin with
+    /// the tile's first pixel.
     void Store(const Tile& tile, const std::uint8_t* source, std::uint8_t* target) const;
 
 private:

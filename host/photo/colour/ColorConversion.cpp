@@ -115,7 +115,7 @@ Transform MakeTransform(const Profile& profile, cmsUInt32Number source, bool dee
         INTENT_RELATIVE_COLORIMETRIC, Flags | (deep ? cmsFLAGS_HIGHRESPRECALC : 0u)));
 }
 
-/// The columns are the primaries' colours; false when the profile does not have them.
+/// Reads the primaries' colours as the columns; false when the profile does not have them.
 bool ReadPrimaries(const Profile& profile, cmsMAT3& matrix)
 {
     constexpr cmsTagSignature tags[] = {cmsSigRedColorantTag, cmsSigGreenColorantTag,
@@ -134,7 +134,7 @@ bool ReadPrimaries(const Profile& profile, cmsMAT3& matrix)
 
 using Curves = std::array<std::vector<float>, 3>;
 
-/// One tag for each channel.
+/// Samples one curve for each channel; nothing for a profile without them.
 std::optional<Curves> SampleCurves(const Profile& profile,
                                    const std::array<cmsTagSignature, 3>& tags, int count)
 {
@@ -151,7 +151,7 @@ std::optional<Curves> SampleCurves(const Profile& profile,
     return curves;
 }
 
-/// From the profile's linear colours to those of sRGB, by way of the connection space.
+/// The matrix from the profile's linear colours to those of sRGB, by way of the connection space.
 std::optional<MatrixShaper::Matrix> MakeMatrix(const Profile& profile)
 {
     cmsMAT3 source;
@@ -171,7 +171,7 @@ std::optional<MatrixShaper::Matrix> MakeMatrix(const Profile& profile)
     return matrix;
 }
 
-/// Nothing for profiles that go by tables.
+/// Makes the quick conversion; nothing for profiles that go by tables.
 std::optional<MatrixShaper> MakeMatrixShaper(const Profile& profile, bool deep)
 {
     const bool tables = cmsIsTag(profile.get(), cmsSigAToB0Tag) ||
@@ -214,8 +214,8 @@ bool ActsAsSrgb(const Profile& profile)
     return transform != nullptr;
 }
 
-/// In place: source and target pixels have the same size, and what is no colour is left alone.
-/// False when the profile does not allow it.
+/// Converts in place: source and target pixels have the same size, and channels that are no colour
+/// are left alone. False when the profile does not allow it.
 bool ConvertColors(Image& pixels, const Profile& profile, cmsUInt32Number layout)
 {
     if (layout == 0)
@@ -282,7 +282,7 @@ std::string DescribeProfile(const Profile& profile)
     return *text ? '"' + std::string(text) + '"' : std::string("its own profile");
 }
 
-/// A picture without a usable profile.
+/// Converts a picture without a usable profile.
 QByteArray ConvertPlain(DecodedPhoto& photo)
 {
     if (!IsCmyk(photo.meaning))

@@ -8,8 +8,8 @@
 
 namespace LumetraHost {
 
-/// From an RGB colour space given by three curves and a matrix (Adobe RGB, Display P3, ProPhoto) to
-/// sRGB, by table and in single precision:
+/// Converts from an RGB colour space given by three curves and a matrix (Adobe RGB, Display P3,
+/// ProPhoto) to sRGB, by table and in single precision:
 ///   linear = curve(value), linear sRGB = M * linear, result = sRGB encoding (IEC 61966-2-1),
 /// clamped to 0..1. The general transform of the colour library is coarse or slow at 16 bits.
 class MatrixShaper

@@ -8,7 +8,7 @@
 
 namespace LumetraHost {
 
-/// What the four channels of a decoded picture stand for.
+/// The meaning of the four channels of a decoded picture.
 enum class PixelMeaning
 {
     Rgb,         ///< red, green, blue, straight alpha
@@ -27,7 +27,7 @@ struct DecodedPhoto
     bool isProfileDamaged = false; ///< there is a profile, of which parts are missing
     QByteArray exif;               ///< only of formats whose EXIF block the codec itself delivers
     QByteArray xmp;                ///< as `exif`
-    /// The blocks above are all that there is: the file is not looked through for others.
+    /// True: the codec has delivered all blocks, and the file is not searched for others.
     bool hasOwnMetadata = false;
     int orientation = 0;    ///< 1..8 where the codec itself delivers it, else 0
     bool isUpright = false; ///< the codec has turned the picture, whatever the EXIF block says

@@ -11,7 +11,7 @@
 
 namespace LumetraHost {
 
-/// A photo's file, open for reading. What is no regular file is refused before anything is read, so
+/// A photo's file, open for reading. Anything but a regular file is refused before it is read, so
 /// that nobody waits at a pipe. Every error is a Zorvik::Exception that begins with the path.
 class PhotoFile
 {

@@ -20,7 +20,7 @@ bool BeginsWith(const Bytes& content, const std::string& magic)
     return HasAt(content, 0, magic);
 }
 
-/// The kinds that the picture's library knows by the box in front.
+/// True for the kinds that the picture's library knows by the box in front.
 bool IsHeif(const Bytes& content)
 {
     if (!HasAt(content, 4, "ftyp"))

@@ -26,9 +26,10 @@ enum class PhotoFormat
 
 /// The format that the first bytes of a file announce; nothing for any other kind of file.
 std::optional<PhotoFormat> DetectPhotoFormat(const Bytes& content);
-/// The same; Zorvik::Exception that tells what was found for an empty file and any other kind.
+/// The format, as DetectPhotoFormat() finds it. Zorvik::Exception that tells what was found for an
+/// empty file and any other kind.
 PhotoFormat RequirePhotoFormat(const Bytes& content, const std::string& name);
-/// What else the first bytes announce, in words for a message: "a GIF picture", "other content".
+/// Describes content that is no photo, in words for a message: "a GIF picture", "other content".
 std::string DescribeOtherContent(const Bytes& content);
 /// The format that the name of a file to be written asks for by its extension (jpg, jpeg, jpe, png,
 /// tif, tiff, in upper or lower case); nothing for any other.

@@ -26,13 +26,13 @@ void TakeLarger(PhotoHead& head, std::uint64_t width, std::uint64_t height)
     }
 }
 
-/// The frame header stands in the segment SOF0 to SOF15, of which three are something else.
+/// True for SOF0 to SOF15, the markers of frame headers, but for the three among them that are not.
 bool IsFrame(int marker)
 {
     return marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
 }
 
-/// From segment to segment, since those before the frame may take megabytes.
+/// Walks from segment to segment, since those before the frame may take megabytes.
 void ReadJpeg(PhotoFile& file, PhotoHead& head)
 {
     constexpr std::size_t frameSize = 9; // marker, length, depth, height, width
@@ -66,7 +66,7 @@ void ReadWebp(const Bytes& start, PhotoHead& head)
         TakeLarger(head, static_cast<std::uint64_t>(width), static_cast<std::uint64_t>(height));
 }
 
-/// The largest of the pictures: tiles and thumbnails are described in the same way.
+/// Takes the largest of the pictures: tiles and thumbnails are described in the same way.
 void ReadHeif(const Bytes& start, PhotoHead& head)
 {
     constexpr std::ptrdiff_t boxSize = 16;
@@ -138,7 +138,7 @@ void TiffHead::ReadDirectory(std::uint32_t position, bool isFirst, PhotoHead& he
     TakeLarger(head, width, height);
 }
 
-/// One position stands in the entry itself, several elsewhere.
+/// Follows the positions of sub-directories: one stands in the entry itself, several elsewhere.
 void TiffHead::ReadSubDirectories(std::uint32_t count, std::uint32_t value, PhotoHead& head)
 {
     if (count == 1)

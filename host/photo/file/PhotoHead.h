@@ -9,8 +9,8 @@ namespace LumetraHost {
 
 class PhotoFile;
 
-/// What the beginning of a photo's file tells before the rest of it is read. Nothing is relied on
-/// but for memory: the decoders look for themselves.
+/// Facts about a photo from the beginning of its file, before the rest of it is read. Only
+/// estimates of memory rely on them: the decoders look for themselves.
 struct PhotoHead
 {
     PhotoFormat format = PhotoFormat::Jpeg;

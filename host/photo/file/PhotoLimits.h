@@ -15,7 +15,7 @@ public:
     static constexpr std::uint64_t LargestSide = 65'500;        ///< pixels
     static constexpr std::uint64_t LargestArea = 500'000'000;   ///< pixels
     static constexpr std::uint64_t LargestFile = 0x1'0000'0000; ///< bytes
-    /// A file may have so many bytes beside those of its pixels: metadata, films, other pictures.
+    /// Bytes that a file may have beside those of its pixels: metadata, films, other pictures.
     static constexpr std::uint64_t LargestExtra = 0x1000'0000;
     static constexpr std::uint64_t LargestPixel = 16; ///< bytes of an encoded pixel
 

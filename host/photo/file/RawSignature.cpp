@@ -53,7 +53,7 @@ public:
 private:
     static constexpr std::uint32_t ShortType = 3;
 
-    /// 0 beyond the end.
+    /// The number of `size` bytes at `position`; 0 beyond the end.
     std::uint32_t Get(std::uint64_t position, int size) const
     {
         if (position + static_cast<std::uint64_t>(size) > m_content.size())

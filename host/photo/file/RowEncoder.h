@@ -6,7 +6,7 @@
 
 namespace LumetraHost {
 
-/// What an encoder has to know of a picture before its first row.
+/// The properties of a picture that an encoder has to know before its first row.
 struct PictureForm
 {
     int width = 0;
@@ -28,8 +28,8 @@ public:
     RowEncoder& operator=(const RowEncoder&) = delete;
     virtual ~RowEncoder() = default;
 
-    /// The next `count` rows are those of `rows` from its row `first` on. Width and depth are those
-    /// of the form. Zorvik::Exception when they cannot be encoded.
+    /// Encodes the next `count` rows: row `first` of `rows` and the following ones. Width and depth
+    /// are those of the form. Zorvik::Exception when they cannot be encoded.
     virtual void Write(const Image& rows, int first, int count) = 0;
     /// The encoded picture, once, after the last row.
     virtual Bytes Finish() = 0;

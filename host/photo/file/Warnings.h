@@ -14,15 +14,15 @@ namespace LumetraHost {
 /// noticed. They do not name the photo: whoever prints them does.
 using Warnings = std::vector<std::string>;
 
-/// Adds a warning unless the same was given before, as reading and writing may notice the same.
+/// Adds a warning unless an equal one was given before: reading and writing may notice one fact.
 inline void Warn(Warnings& warnings, std::string text)
 {
     if (std::find(warnings.begin(), warnings.end(), text) == warnings.end())
         warnings.push_back(std::move(text));
 }
 
-/// Runs `work`. When it throws, which lack of memory alone goes on to do, the reason becomes a
-/// warning that begins with `failure`, and the result is false.
+/// Runs `work`. When it throws, the reason becomes a warning that begins with `failure`, and the
+/// result is false; lack of memory alone is thrown on.
 template <class Work>
 bool TryOrWarn(Warnings& warnings, const std::string& failure, const Work& work)
 {

@@ -65,7 +65,7 @@ void Decoding::Check(const heif_error& error) const
                             "photo/HeifDecoder", __LINE__);
 }
 
-/// From `bits` to all 16, repeating the upper bits below.
+/// Spreads values of `bits` over all 16, repeating the upper bits below.
 void WidenRow(std::uint16_t* row, int values, int bits)
 {
     for (int i = 0; i < values; ++i) {
@@ -119,7 +119,7 @@ QByteArray Decoding::ReadProfile() const
     return isDisplayP3 ? ColorConversion::GetDisplayP3Profile() : QByteArray();
 }
 
-/// `contentType` null: any.
+/// The first metadata block of that type; `contentType` null: any.
 QByteArray Decoding::ReadBlock(const char* type, const char* contentType) const
 {
     const int count = heif_image_handle_get_number_of_metadata_blocks(m_handle.get(), type);
@@ -137,7 +137,7 @@ QByteArray Decoding::ReadBlock(const char* type, const char* contentType) const
     return {};
 }
 
-/// The block begins with the distance from there to the TIFF structure.
+/// The part after the prefix: the block begins with the distance from there to the TIFF structure.
 QByteArray GetTiffPart(const QByteArray& exif)
 {
     constexpr int offsetSize = 4;

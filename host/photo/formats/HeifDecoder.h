@@ -9,7 +9,7 @@
 namespace LumetraHost {
 
 /// Decodes the main picture of HEIC and AVIF files, upright as the file says: 8 bits to 8, more to
-/// 16. Delivers the colour profile (for Display P3 that is only named, ours), EXIF and XMP.
+/// 16. Delivers EXIF, XMP and the colour profile; ours where the file only names Display P3.
 class HeifDecoder
 {
 public:

@@ -70,7 +70,7 @@ void Decoding::OnError(png_structp png, png_const_charp text)
     std::longjmp(self->m_jump, 1);
 }
 
-/// The library warns of what does not change the pixels.
+/// Ignores warnings: the library gives them where the pixels do not change.
 void Decoding::OnWarning(png_structp, png_const_charp) {}
 
 void Decoding::OnRead(png_structp png, png_bytep target, std::size_t size)
@@ -164,7 +164,8 @@ QByteArray Decoding::GetExif()
     return QByteArray(reinterpret_cast<const char*>(data), static_cast<int>(size));
 }
 
-/// As the chunk says that animations have in front of the pixels, which the library does not know.
+/// The number of pictures in the chunk that animations have in front of the pixels, which the
+/// library does not know.
 quint32 Decoding::CountFrames() const
 {
     std::size_t position = HeaderEnd;

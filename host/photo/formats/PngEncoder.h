@@ -11,8 +11,8 @@
 
 namespace LumetraHost {
 
-/// Encodes PNG with the picture's own depth, with alpha where the picture is not opaque. Metadata
-/// other than the colour profile are not its matter.
+/// Encodes PNG with the picture's own depth, with alpha where the picture is not opaque. Takes no
+/// metadata but the colour profile.
 class PngEncoder
 {
 public:

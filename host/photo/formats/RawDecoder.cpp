@@ -43,7 +43,8 @@ private:
     std::optional<int> m_damage; // the first damaged byte
 };
 
-/// The library goes on with what it has. Before the end of the file it names a place.
+/// Notes damage, since the library goes on with the data that it has. Before the end of the file it
+/// names a place.
 void Development::OnDataError(void* development, const char*, int offset)
 {
     auto* const self = static_cast<Development*>(development);
@@ -123,7 +124,7 @@ Image Development::ReadPixels() const
     return pixels;
 }
 
-/// The library counts as dcraw does.
+/// The orientation as in EXIF; the library counts as dcraw does.
 int Development::GetOrientation() const
 {
     switch (m_raw->imgdata.sizes.flip) {
@@ -141,7 +142,7 @@ int Development::GetOrientation() const
 DecodedPhoto Development::Run(const Bytes& content, RawDecoder::Size size)
 {
     m_raw->set_dataerror_handler(OnDataError, this);
-    // The library does not write to it.
+    // The library only reads the content.
     Check(m_raw->open_buffer(const_cast<std::uint8_t*>(content.data()), content.size()));
     CheckSize();
     DecodedPhoto photo;

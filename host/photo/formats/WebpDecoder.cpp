@@ -48,7 +48,7 @@ QByteArray GetChunk(const WebPDemuxer* demuxer, const char* kind)
     return bytes;
 }
 
-/// Some programs put in front what stands before the block in a JPEG file.
+/// Takes off the prefix that such a block has in JPEG files; some programs write it here too.
 QByteArray WithoutJpegPrefix(const QByteArray& exif)
 {
     const QByteArray prefix("Exif\0\0", 6);

@@ -8,8 +8,8 @@
 
 namespace LumetraHost {
 
-/// Decodes WebP, lossy and lossless, with alpha, colour profile, EXIF and XMP. Animations are
-/// refused. Of damaged and incomplete files nothing is read.
+/// Decodes WebP, lossy and lossless, with alpha, colour profile, EXIF and XMP. Animations and
+/// damaged or incomplete files are refused.
 class WebpDecoder
 {
 public:

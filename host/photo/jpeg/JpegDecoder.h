@@ -16,7 +16,7 @@ class JpegDecoder
 public:
     /// `name` begins the text of every Zorvik::Exception.
     static DecodedPhoto Decode(const Bytes& content, const std::string& name);
-    /// The same at 1/2, 1/4 or 1/8 of the size, see JpegRowReader::ScaleDown().
+    /// Decodes at 1/2, 1/4 or 1/8 of the size, see JpegRowReader::ScaleDown().
     static DecodedPhoto DecodeScaled(const Bytes& content, const std::string& name,
                                      int smallestSide);
 };

@@ -39,7 +39,7 @@ struct ErrorState
     std::longjmp(state->jump, 1);
 }
 
-/// Where the library puts what it encodes, a buffer at a time.
+/// Memory into which the library writes the file, a buffer at a time.
 struct Destination
 {
     jpeg_destination_mgr manager; // first, as above

@@ -57,7 +57,7 @@ bool LosesPixels(int code)
     }
 }
 
-/// The library goes on after a warning and fills what is missing with grey.
+/// Notes the first warning: the library goes on after it and fills missing parts with grey.
 void OnMessage(j_common_ptr info, int level)
 {
     if (level < 0 && LosesPixels(info->err->msg_code))
@@ -146,8 +146,8 @@ void JpegRowReader::Decompression::Throw() const
                             __LINE__);
 }
 
-/// What is missing at the end of the file. The scans of progressive files hold all rows each, and
-/// are read before the first row comes out.
+/// Describes data missing at the end of the file. The scans of progressive files hold all rows
+/// each, and are read before the first row comes out.
 std::string JpegRowReader::Decompression::DescribeEnd() const
 {
     if (m_info.image_height == 0 || m_info.input_scan_number == 0)
@@ -187,7 +187,7 @@ void JpegRowReader::Decompression::ChooseOutput()
         m_meaning = stored == JCS_GRAYSCALE ? PixelMeaning::Gray : PixelMeaning::Rgb;
 }
 
-/// The library knows eighths; those of a power of two are quick.
+/// Chooses a power of two, which is quick, among the eighths that the library knows.
 void JpegRowReader::Decompression::ChooseScale(int smallestSide)
 {
     const auto side = std::max(m_info.image_width, m_info.image_height);

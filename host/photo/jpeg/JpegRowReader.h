@@ -20,19 +20,20 @@ public:
     JpegRowReader(const Bytes& content, const std::string& name);
     ~JpegRowReader();
 
-    /// Before the first row: decodes at 1/2, 1/4 or 1/8 of the size, as small as possible with a
-    /// longer side of at least `smallestSide`. Averages over blocks, at a fraction of the cost.
+    /// Decodes at 1/2, 1/4 or 1/8 of the size, as small as possible with a longer side of at least
+    /// `smallestSide`. Averages over blocks, at a fraction of the cost. To be called before the
+    /// first row.
     void ScaleDown(int smallestSide);
 
     int GetWidth() const;
     int GetHeight() const;
     PixelMeaning GetMeaning() const;
-    /// Empty when there is none, or none whose parts are all there.
+    /// The colour profile; empty when there is none, or when parts of it are missing.
     QByteArray GetProfile() const;
     bool IsProfileDamaged() const;
 
-    /// The next `count` rows into those of `rows` from its row `first` on, with 8 bits and the
-    /// picture's width. Together not more than the picture has.
+    /// Reads the next `count` rows into `rows` from its row `first` on, with 8 bits and the
+    /// picture's width. Calls must not ask for more rows than the picture has.
     void Read(Image& rows, int first, int count);
 
 private:

@@ -8,7 +8,7 @@
 
 namespace LumetraHost {
 
-/// One preset that was put on a photo, as exported photos tell of it.
+/// One preset that was put on a photo, as recorded in exported photos.
 struct EditRecord
 {
     std::string preset;

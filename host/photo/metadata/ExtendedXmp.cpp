@@ -51,7 +51,7 @@ struct Root
     std::size_t size = 0; ///< bytes, about
 };
 
-/// The largest first.
+/// The properties of the first level and their sizes, the largest first.
 std::vector<Root> MeasureRoots(const Exiv2::XmpData& properties)
 {
     std::map<std::string, std::size_t> sizes;
@@ -93,7 +93,8 @@ ExtendedXmp MoveWhole(const QByteArray& packet)
     return {MakeStub(MakeGuid(packet)), packet};
 }
 
-/// Nothing when the main part does not fit even so, or a part cannot be encoded.
+/// Moves `roots` into an extension. Nothing when the main part does not fit even so, or a part
+/// cannot be encoded.
 std::optional<ExtendedXmp> Move(const Exiv2::XmpData& properties,
                                 const std::set<std::string>& roots)
 {
@@ -109,7 +110,7 @@ std::optional<ExtendedXmp> Move(const Exiv2::XmpData& properties,
     return ExtendedXmp{*main, *extension};
 }
 
-/// Nothing for a packet that cannot be decoded and encoded again.
+/// Moves the largest properties. Nothing for a packet that cannot be decoded and encoded again.
 std::optional<ExtendedXmp> MoveLargest(const QByteArray& packet)
 {
     Exiv2::XmpData properties;

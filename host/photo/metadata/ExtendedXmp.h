@@ -22,12 +22,12 @@ struct ExtendedXmp
     static QByteArray FindGuid(const QByteArray& main);
 
     /// Divides a packet so that its main part fits a segment: the largest properties go into the
-    /// extension, or none where it is long by blanks alone. A packet that cannot be decoded becomes
-    /// the extension as it is.
+    /// extension; none does where only blanks make the packet long. A packet that cannot be decoded
+    /// becomes the extension, unchanged.
     static ExtendedXmp Divide(const QByteArray& packet);
 
-    /// One packet with the properties of both parts, in the bytes of a part where that holds all of
-    /// them; nothing when a part cannot be decoded.
+    /// One packet with the properties of both parts: the bytes of one part where that holds all of
+    /// them. Nothing when a part cannot be decoded.
     std::optional<QByteArray> Merge() const;
 };
 

@@ -23,7 +23,7 @@ constexpr int GuidLength = 32;
 constexpr int ExtensionHeader = GuidLength + 8; // the digits, the whole length, the offset
 const int LargestExtensionPart =
     JpegSegment::LargestContent - ExtensionPrefix.size() - ExtensionHeader;
-/// No packet of a photo comes near; the length is only claimed.
+/// Bytes that no packet of a photo comes near; files only claim such lengths.
 constexpr quint32 LargestExtension = 256u << 20;
 
 QByteArray Copy(const QByteArray& view, int begin)
@@ -40,9 +40,9 @@ quint32 GetNumber(const QByteArray& bytes, int position)
 class ExtensionParts
 {
 public:
-    /// `content` is what follows the segment's prefix.
+    /// Adds the content of a segment behind its prefix.
     void Add(const QByteArray& content);
-    /// Empty unless all parts are there.
+    /// The whole extension; empty unless all parts are there.
     QByteArray Get() const;
     bool IsEmpty() const { return m_parts.empty(); }
 
@@ -135,7 +135,7 @@ void AddExtension(std::vector<JpegSegment>& segments, const QByteArray& extensio
     }
 }
 
-/// The packet in a form that fits; its parts stay as they are where they can.
+/// Divides the packet where it does not fit as it is.
 ExtendedXmp DivideXmp(const PhotoMetadata& metadata, Warnings& warnings)
 {
     const ExtendedXmp xmp{metadata.xmp, metadata.xmpExtension};
@@ -159,7 +159,8 @@ void AddXmp(std::vector<JpegSegment>& segments, const PhotoMetadata& metadata, W
         AddExtension(segments, xmp.extension, ExtendedXmp::FindGuid(xmp.main));
 }
 
-/// Readers put the resources of several segments together before they look into them.
+/// Divides the records among segments; readers join the resources of all segments before they look
+/// into them.
 void AddIptc(std::vector<JpegSegment>& segments, const QByteArray& iptc)
 {
     if (iptc.isEmpty())

@@ -65,8 +65,8 @@ QByteArray GetTagBytes(Exiv2::Image& file, const char* key)
     return QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<int>(bytes.size()));
 }
 
-/// The packet as it stands in the file; from formats that deliver the properties alone, a packet
-/// made of them. TIFF files may fill theirs up with zeros.
+/// The packet as it stands in the file, without trailing zeros, with which TIFF files may fill it
+/// up; from formats that deliver the properties alone, a packet made of them.
 QByteArray GetXmpPacket(Exiv2::Image& file)
 {
     QByteArray packet = GetTagBytes(file, "Exif.Image.XMLPacket");
@@ -82,7 +82,8 @@ QByteArray GetXmpPacket(Exiv2::Image& file)
     return QByteArray::fromStdString(file.xmpPacket());
 }
 
-/// The metadata library drops damaged records without a word.
+/// The IPTC block, unless a record of it is damaged: the metadata library drops such records
+/// silently.
 QByteArray GetIptc(Exiv2::Image& file)
 {
     if (file.iptcData().empty())
@@ -102,7 +103,8 @@ void ReadFile(const Bytes& content, bool withExif, Warnings& warnings,
     result.metadata.xmp = GetXmpPacket(*file);
 }
 
-/// Block by block, since the metadata library reads no extended XMP and is silent about damage.
+/// Reads block by block, since the metadata library reads no extended XMP and is silent about
+/// damage.
 MetadataReader::Result ReadJpeg(const Bytes& content, Warnings& warnings)
 {
     MetadataReader::Result result;

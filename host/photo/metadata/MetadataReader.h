@@ -24,7 +24,7 @@ public:
     /// Damaged blocks are left out with a warning.
     static Result Read(const Bytes& content, const QByteArray& exif, Warnings& warnings);
 
-    /// Of formats whose codec delivers all blocks that there are.
+    /// Checks blocks that a codec delivered, where it delivers all that there are.
     static Result ReadBlocks(const QByteArray& exif, const QByteArray& xmp, Warnings& warnings);
 };
 

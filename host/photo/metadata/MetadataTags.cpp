@@ -59,7 +59,7 @@ const std::set<std::uint16_t>& StorageTags()
     return tags;
 }
 
-/// Those of DNG files tell how to develop a raw picture.
+/// True for storage tags, and for DNG's tags, which tell how to develop a raw picture.
 bool IsStorageTag(std::uint16_t tag)
 {
     constexpr std::uint16_t firstOfDng = 0xC612;
@@ -85,13 +85,13 @@ const Exiv2::byte* Data(const QByteArray& block)
     return reinterpret_cast<const Exiv2::byte*>(block.constData());
 }
 
-/// The usual encoder makes blocks for a segment of a JPEG file: it drops fields from larger ones.
-/// Far below that limit it drops nothing.
+/// The usual encoder is made for a segment of a JPEG file and drops fields from larger blocks.
+/// Below this size it drops nothing.
 constexpr long SmallestLargeExif = 32'000; // bytes
 
 constexpr int MostNamedFields = 3; // in a warning
 
-/// Bytes of all values.
+/// Bytes of the values of all tags.
 long MeasureTags(const Exiv2::ExifData& tags)
 {
     long size = 0;
@@ -159,10 +159,10 @@ void MetadataTags::Initialise()
     static std::recursive_mutex xmpMutex;
     static std::once_flag once;
     std::call_once(once, [] {
-        // Its remarks about harmless oddities would go to the standard error stream.
+        // Exiv2's remarks about harmless oddities would go to the standard error stream.
         Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute);
         Exiv2::XmpParser::initialize(LockXmp, &xmpMutex);
-        // Main packets name their extension in it; the library does not know it by itself.
+        // Main packets name their extension in this namespace, which Exiv2 does not know by itself.
         Exiv2::XmpProperties::registerNs("http://ns.adobe.com/xmp/note/", "xmpNote");
     });
 }

@@ -10,22 +10,23 @@
 
 namespace LumetraHost {
 
-/// Between the blocks of a photo's metadata and the metadata library's own containers. Exceptions
-/// of that library pass through. Included by sources only: the library's headers stay private.
+/// Converts between the blocks of a photo's metadata and the metadata library's own containers.
+/// Exceptions of that library pass through. Included by sources only: its headers stay private.
 class MetadataTags
 {
 public:
-    /// Prepares the library once per process; before any other use of it, from any thread.
+    /// Prepares the library once per process. To be called before any other use of it, on any
+    /// thread.
     static void Initialise();
 
-    /// For PNG and TIFF, whose files cannot hold a second packet.
+    /// A warning for PNG and TIFF, whose files cannot hold a second packet.
     static constexpr char ExtensionIsLost[] =
         "the extension of the XMP packet cannot be joined with the packet and is left out";
 
-    /// All tags, however large they are.
+    /// The block with all tags, however large they are.
     static QByteArray EncodeExif(const Exiv2::ExifData& tags, Exiv2::ByteOrder order);
-    /// Without its largest fields, so that it takes at most `largest` bytes; the warning names them
-    /// and `target`, which has no space for more. Empty when nothing is left.
+    /// The block without its largest fields, so that it takes at most `largest` bytes; the warning
+    /// names them and `target`, which has no space for more. Empty when nothing is left.
     static QByteArray ShrinkExif(const QByteArray& block, int largest, const std::string& target,
                                  Warnings& warnings);
     /// Returns the byte order that the block is written in.
@@ -33,13 +34,13 @@ public:
     static QByteArray EncodeIptc(const Exiv2::IptcData& records);
     static Exiv2::IptcData DecodeIptc(const QByteArray& block);
 
-    /// Takes out what tells where and how a file stores its pixels and its other metadata blocks.
+    /// Removes tags that tell where and how a file stores its pixels and its other metadata blocks.
     static void RemoveStorageTags(Exiv2::ExifData& tags);
 
     /// Makes the metadata those of an upright sRGB picture of this size: orientation 1, size
     /// updated, thumbnails gone. Tags that are not there are not added.
     static void Normalise(Exiv2::ExifData& tags, int width, int height);
-    /// Does so for an XMP packet; returned byte for byte when nothing had to be changed, or with a
+    /// Normalises an XMP packet. Returns it byte for byte when nothing had to be changed, or with a
     /// warning when it cannot be decoded.
     static QByteArray NormaliseXmp(const QByteArray& packet, int width, int height,
                                    Warnings& warnings);

@@ -36,7 +36,7 @@ Bytes WriteBlocks(const Bytes& encoded, const PhotoMetadata& metadata)
     if (!metadata.exif.isEmpty()) {
         Exiv2::ExifData tags;
         file->setByteOrder(MetadataTags::DecodeExif(metadata.exif, tags));
-        // Beside the tags that a TIFF file needs for its pixels.
+        // Keeps the tags that a TIFF file needs for its pixels.
         for (const auto& tag : tags)
             file->exifData()[tag.key()] = tag.value();
     }
@@ -59,8 +59,8 @@ Bytes WriteBlocks(const Bytes& encoded, const PhotoMetadata& metadata)
     return Bytes(data, data + io.size());
 }
 
-/// One block after the other, so that one that fails costs none of the others. XMP is the last,
-/// because a packet that cannot be decoded would not survive another pass.
+/// Writes one block after the other, so that one that fails costs none of the others. XMP is the
+/// last, because a packet that cannot be decoded would not survive another pass.
 Bytes WriteEach(Bytes encoded, const PhotoMetadata& metadata, Warnings& warnings)
 {
     const auto add = [&](const char* name, QByteArray PhotoMetadata::*block) {
@@ -83,7 +83,7 @@ void AppendBigEndian(Bytes& bytes, std::uint32_t value)
         bytes.push_back(static_cast<std::uint8_t>(value >> shift));
 }
 
-/// Behind the header chunk, which comes first in every PNG file.
+/// Inserts the chunk behind the header chunk, which comes first in every PNG file.
 void InsertExifChunk(Bytes& png, const QByteArray& exif)
 {
     constexpr std::ptrdiff_t headerEnd = 33;
@@ -98,8 +98,8 @@ void InsertExifChunk(Bytes& png, const QByteArray& exif)
     png.insert(png.begin() + headerEnd, chunk.begin(), chunk.end());
 }
 
-/// Thumbnails are large, so that they often stand in the extension. They are removed from a packet
-/// that holds both parts.
+/// Removes thumbnails from a packet that holds both parts: being large, they often stand in the
+/// extension.
 PhotoMetadata WithoutHiddenThumbnails(const PhotoMetadata& metadata)
 {
     PhotoMetadata result = metadata;

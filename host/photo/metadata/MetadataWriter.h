@@ -26,7 +26,7 @@ public:
         double y = 0;
         bool perCentimetre = false; ///< else per inch
     };
-    /// Resolution that a normalised EXIF block names; nothing where it names none.
+    /// The resolution that a normalised EXIF block names; nothing where it names none.
     static std::optional<Resolution> GetResolution(const PhotoMetadata& metadata);
 
     /// Returns `encoded`, a PNG or TIFF file which has no such blocks yet, with the blocks in it.

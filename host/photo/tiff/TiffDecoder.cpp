@@ -16,10 +16,10 @@ namespace LumetraHost {
 namespace {
 
 constexpr std::uint64_t LargestTile = 1 << 28; // samples
-/// A damaged file may chain them for long.
+/// Directories that are followed at most; a damaged file may chain them for long.
 constexpr int MostDirectories = 1000;
 
-/// Empty for whole numbers from 0, and for what is not said.
+/// Words for a sample format; empty for whole numbers from 0, and for a file that does not say.
 std::string DescribeSampleFormat(std::uint16_t format)
 {
     switch (format) {
@@ -181,7 +181,7 @@ Image Decoding::ReadPlainSamples()
     return pixels;
 }
 
-/// Row by row, since one strip may be the whole picture.
+/// Reads row by row, since one strip may be the whole picture.
 void Decoding::ReadStrips(Image& pixels, const TiffSamples& samples)
 {
     const tmsize_t rowSize = TIFFScanlineSize(m_stream.Get());
@@ -235,14 +235,14 @@ void Decoding::ReadTiles(Image& pixels, const TiffSamples& samples)
     }
 }
 
-/// The codec library's own way to 8-bit RGB, with the colours multiplied by alpha.
+/// Reads through the codec library's conversion to 8-bit RGB, with the colours multiplied by alpha.
 Image Decoding::ReadConverted()
 {
     if (m_bits > 8)
         m_stream.Throw("expected grey, RGB or CMYK with 16 bits per channel, found " +
                        DescribePhotometric(m_photometric) + " with " +
                        std::to_string(m_sampleCount) + " channels");
-    // Turning is ours; the library would mirror, but not turn.
+    // The photo reader turns pictures; the library would mirror, but not turn.
     TIFFSetField(m_stream.Get(), TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
     // Not zeroed: a small file that claims a large picture must not take the memory for it.
     const std::unique_ptr<std::uint32_t[]> raster(
@@ -266,7 +266,8 @@ Image Decoding::ReadConverted()
     return pixels;
 }
 
-/// Smaller copies of a page and masks are no pages of their own. Ends at a damaged directory.
+/// The number of pages. Smaller copies of a page and masks do not count. Ends at a damaged
+/// directory.
 int Decoding::CountPages()
 {
     int pages = 1;

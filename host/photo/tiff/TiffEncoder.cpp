@@ -71,7 +71,7 @@ void WriteResolution(TIFF* tiff, const std::optional<MetadataWriter::Resolution>
                  resolution->perCentimetre ? RESUNIT_CENTIMETER : RESUNIT_INCH);
 }
 
-/// The library changes the strip in place, so every strip is copied afresh.
+/// Copies every strip, since the library changes it in place.
 class Encoding : public RowEncoder
 {
 public:

@@ -10,9 +10,9 @@
 namespace LumetraHost {
 
 /// Encodes TIFF with the picture's own depth, with straight alpha where the picture is not opaque,
-/// compressed without loss (deflate after a horizontal predictor). Of the metadata it writes the
-/// colour profile and the resolution, which belong to the picture's own directory. Files above 4 GB
-/// are refused, as the format ends there.
+/// compressed without loss (deflate after a horizontal predictor). Writes only those metadata that
+/// belong to the picture's own directory: colour profile and resolution. Files above 4 GB are
+/// refused, as the format ends there.
 class TiffEncoder
 {
 public:

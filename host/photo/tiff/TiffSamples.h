@@ -22,7 +22,7 @@ struct TiffSamples
 
     /// Writes `count` pixels of `row`, which belongs to plane `plane`, to the picture at x, y.
     void Scatter(const std::uint8_t* row, int plane, Image& target, int x, int y, int count) const;
-    /// Fills channels that have no sample and brings the rest to the picture's own form.
+    /// Fills channels that have no sample, and converts the rest to the picture's own form.
     void Finish(Image& target) const;
 
     /// Divides the colours by alpha, to the nearest and clamped; black where alpha is 0.

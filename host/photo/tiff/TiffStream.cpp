@@ -22,7 +22,7 @@ constexpr tmsize_t LargestAllocation = tmsize_t(1) << 32;
 
 } // namespace
 
-/// What the library calls back; no exception may cross it.
+/// The functions that the library calls; no exception may leave them.
 struct TiffStream::Callbacks
 {
     static TiffStream& Self(thandle_t handle) { return *static_cast<TiffStream*>(handle); }

@@ -18,7 +18,7 @@ class TiffStream
 public:
     /// Reads `content`, which has to outlive the stream. `name` begins the text of every exception.
     TiffStream(const Bytes& content, const std::string& name);
-    /// Writes an empty file.
+    /// Begins an empty file, to be written.
     explicit TiffStream(const std::string& name);
     TiffStream(const TiffStream&) = delete;
     TiffStream& operator=(const TiffStream&) = delete;
@@ -26,10 +26,10 @@ public:
 
     tiff* Get() const { return m_tiff; }
 
-    /// Ends the writing and gives the file away.
+    /// Ends the writing and returns the file.
     Bytes Finish();
 
-    /// Zorvik::Exception with the file's name, `text` and what the library said first.
+    /// Zorvik::Exception with the file's name, `text` and the library's first message.
     [[noreturn]] void Throw(const std::string& text) const;
 
 private:

@@ -6,8 +6,8 @@
 namespace LumetraHost {
 namespace {
 
-// Below the darkest 16-bit value and above all that matters by far; together with the range of the
-// exponent (0.5 to 2) they keep Exp2 within its own range.
+// The limits lie below the darkest 16-bit value and far above the brightest light; together with
+// the range of the exponent (0.5 to 2) they keep Exp2 within its own range.
 constexpr float Smallest = 1e-18f;
 constexpr float Largest = 1e18f;
 

@@ -7,12 +7,12 @@
 namespace LumetraHost {
 namespace {
 
-// Within the range of Log2 and, times any power, of no consequence beyond the exponent's limit.
+// Lies within the range of Log2; any power of it is too small to be seen.
 constexpr float Smallest = 1e-37f;
 constexpr float Largest = 1e37f;
 constexpr float LargestExponent = 120.0f;
 
-/// Zero and below stay.
+/// Leaves zero and negative values as they are.
 LUMETRA_KERNEL_INLINE float Power(float value, float power)
 {
     const float exponent = power * Log2(Clamp(value, Smallest, Largest));

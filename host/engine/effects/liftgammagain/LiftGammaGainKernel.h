@@ -6,7 +6,7 @@
 
 namespace LumetraHost {
 
-/// The numbers of LiftGammaGainParameters; what changes nothing is not computed.
+/// The numbers of LiftGammaGainParameters. A step that changes nothing is not computed.
 struct LiftGammaGainNumbers
 {
     float slope[3] = {1, 1, 1};

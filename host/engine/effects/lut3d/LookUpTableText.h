@@ -49,12 +49,13 @@ public:
     static LookUpTable Read(const Zorvik::Brassel::ConstSerializerPtr& node,
                             LookUpTable::Kind kind);
 
-    /// The parts of Read().
+    /// Reads everything but the numbers; the first half of Read().
     static LookUpTableForm ReadForm(const Zorvik::Brassel::ConstSerializerPtr& node,
                                     LookUpTable::Kind kind);
     static QByteArray ReadData(const Zorvik::Brassel::ConstSerializerPtr& node,
                                const LookUpTableForm& form);
-    /// `data` must have the form's size.
+    /// Makes the table from its numbers; the second half of Read(). `data` must have the form's
+    /// size.
     static LookUpTable Decode(const LookUpTableForm& form, const QByteArray& data);
     /// False when `data`, of the form's size, has infinity or "not a number" among its floats.
     static bool AreNumbers(const LookUpTableForm& form, const QByteArray& data);

@@ -8,7 +8,7 @@
 namespace LumetraHost {
 namespace {
 
-// An effect of that id that was made before the engine was registered has no tables.
+// An effect with this id that was made before the engine was registered has no tables.
 StagePtr CreateStage(const Zorvik::Quindle::IEffectSettings& settings, const StageContext& context)
 {
     const double strength = ReadParameters<Lut3dParameters>(settings).strength;

@@ -69,7 +69,7 @@ LUMETRA_KERNEL_INLINE void FindCorners(const Lut3dGrid& grid, const Block& block
         const float most = Max(Max(r, gr), b);
         const float least = Min(Min(r, gr), b);
         const float middle = Max(Min(r, gr), Min(Max(r, gr), b));
-        // Equal parts: whichever axis comes first, the last of them must be another one.
+        // Where parts are equal, either axis may come first; the last one must be another.
         const std::int32_t most1 = r >= b ? stepR : stepB;
         const std::int32_t most2 = gr >= b ? stepG : stepB;
         const std::int32_t firstStep = r >= gr ? most1 : most2;

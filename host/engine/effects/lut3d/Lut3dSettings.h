@@ -11,18 +11,20 @@ namespace LumetraHost {
 class StoredTable;
 
 /// The settings of the effect "lut3d": the number "strength" and, in the stored form beside it, the
-/// nodes "curve" and "cube" (see LookUpTableText), both optional. What else the stored form has is
-/// kept. The tables are immutable and shared by all clones; those in files are read when they are
-/// first wanted. The stored form is whole, except in the file beside which a table is kept.
+/// nodes "curve" and "cube" (see LookUpTableText), both optional. Unknown keys of the stored form
+/// are kept. The tables are immutable and shared by all clones; those in files are read when they
+/// are first wanted. The stored form contains the tables' numbers, except in the file beside which
+/// they are kept.
 class Lut3dSettings : public Zorvik::Quindle::EffectSettingsImpl, public IStoredElsewhere
 {
 public:
     static constexpr char KeyCurve[] = "curve";
     static constexpr char KeyCube[] = "cube";
 
-    /// Without tables. The effect must be registered.
+    /// An effect without tables. The effect kind must be registered.
     static Zorvik::Quindle::EffectPtr Create();
-    /// With these tables, null for none, as they come back from their stored form.
+    /// An effect with these tables; null for none. Their numbers have the precision of the stored
+    /// form.
     static Zorvik::Quindle::EffectPtr Create(const LookUpTable* curve, const LookUpTable* cube);
 
     /// Null when there is none. Zorvik::Exception that names the file when it cannot be read.

@@ -97,8 +97,8 @@ const std::string& StoredTable::GetName() const
     return m_name;
 }
 
-/// True when the node need not hold the numbers. Those that are nowhere else than in a file of that
-/// folder are named even when the file is missing: it may come back.
+/// True when the node need not hold the numbers. Numbers that exist only in a file of that folder
+/// are named even when the file is missing: it may come back.
 bool StoredTable::IsKeptIn(const ContentFolder& folder) const
 {
     const bool isFromThere = m_folder && m_folder->GetPath() == folder.GetPath();

@@ -7,7 +7,7 @@
 namespace LumetraHost {
 namespace {
 
-// Far beyond the regions on both sides, where the gain no longer changes.
+// The gain no longer changes beyond these luminances, which lie far outside of the regions.
 constexpr float Darkest = 1e-9f;
 constexpr float Brightest = 1e9f;
 

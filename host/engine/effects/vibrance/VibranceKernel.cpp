@@ -7,7 +7,7 @@
 namespace LumetraHost {
 namespace {
 
-// Nothing is as dark but black, which has no saturation.
+// Only black is as dark, and black has no saturation.
 constexpr float Darkest = 1e-12f;
 
 } // namespace

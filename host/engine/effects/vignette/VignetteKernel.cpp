@@ -16,7 +16,7 @@ void VignetteKernel<isa>::Run(const Tile& tile, const VignetteRow& row)
     const int count = tile.count;
     LUMETRA_KERNEL_INDEPENDENT
     for (int i = 0; i < count; ++i) {
-        // From the column itself, not by adding up, so that every tiling gives the same.
+        // Computed from the column, not by adding up, so that every tiling gives the same values.
         const float x = static_cast<float>(first + i) * v.stepX + v.startX;
         const float distance = __builtin_sqrtf(x * x + v.distanceY2);
         const float t = ClampPositive(distance * v.slope + v.start, 0.0f, 1.0f);
