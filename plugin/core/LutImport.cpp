@@ -32,7 +32,7 @@ using Zorvik::Lumetra::LumetraPresets::SettingKeys;
 using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
 
-/// Some looks have none.
+/// The look's name; "LUT" for a look without one.
 QString NameOf(const LutLook& look)
 {
     const QString name =
@@ -98,7 +98,7 @@ std::vector<QModelIndex> LutImport::AddTo(PresetCollection& collection, const QS
     }
     for (const auto& preset : presets)
         model.AddUserPreset(preset);
-    // An index is good until the next insertion only.
+    // Persistent indexes are needed: an index is good until the next insertion only.
     std::vector<QModelIndex> added;
     for (const auto& preset : presets)
         added.push_back(model.FindPreset(*preset));

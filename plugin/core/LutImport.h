@@ -21,10 +21,10 @@ public:
 
     /// Appends a preset for each look of the file to the user's group and announces it; nothing is
     /// saved yet. Each has an intensity, at its full strength, an id of its own and the look's
-    /// name, shortened and numbered where one of the user's presets has it already. Exception with
+    /// name, shortened, and numbered where one of the user's presets has it already. Exception with
     /// file and place when the file cannot be used; nothing is added then.
     static std::vector<QModelIndex> AddTo(PresetCollection& collection, const QString& path);
-    /// The same with other names than the user's to keep clear of, for presets that are not saved.
+    /// Numbers names that are in `taken` instead, for presets that are not saved.
     static std::vector<QModelIndex> AddTo(PresetCollection& collection, const QString& path,
                                           QStringList taken);
 };

@@ -22,7 +22,7 @@ class UserPresetStore;
 
 /// The presets of one panel: reads the catalogues and the user's own presets into a model, and
 /// attaches it to a workspace that somebody else provides, with its effects registered. Belongs to
-/// the GUI thread. Whoever uses it changes presets through the model's roles.
+/// the GUI thread. Its users change presets through the model's roles.
 class PresetCollection
 {
 public:
@@ -40,34 +40,34 @@ public:
 
     /// Keeps the user's presets and favourites in the file at `path`, which Load() then reads.
     void OpenStore(const QString& path);
-    /// Goes on without: nothing is saved.
+    /// Goes on without a store: nothing is saved.
     void CloseStore();
-    /// Null without one. Save to it right after each change made through the model.
+    /// The store; null without one. Save to it right after each change made through the model.
     UserPresetStore* GetStore() { return m_store.get(); }
 
     /// Fills the model, once. `userData` may be null; a store that is open is read in its place.
-    /// Returns those of the files that could not be used at all; GetReports() says why. Exception,
-    /// and the model still empty, when the store cannot be read at all.
+    /// Returns the files that could not be used at all; GetReports() says why. Exception, and the
+    /// model still empty, when the store cannot be read at all.
     QStringList Load(const QStringList& catalogueFiles,
                      const Zorvik::Brassel::ConstSerializerPtr& userData);
-    /// The same with the store at `storePath`; without one, and with a sentence in `problems`, when
-    /// it cannot be read. What was repaired in it is told there too.
+    /// Opens the store at `storePath` and fills the model; goes on without a store when it cannot
+    /// be read. `problems` gets a sentence about that, and one for each repair of the store.
     QStringList LoadWithStore(const QStringList& catalogueFiles, const QString& storePath,
                               QStringList& problems);
-    /// What was noticed in the catalogues.
+    /// Errors and remarks about the catalogues.
     const std::vector<LumetraHost::CatalogueReport>& GetReports() const { return m_reports; }
 
     PresetModel& GetModel() { return *m_model; }
     PresetControllerFactory& GetFactory() { return *m_factory; }
     const std::shared_ptr<PresetControllerFactory>& GetSharedFactory() { return m_factory; }
-    /// Those that Load() was given.
+    /// The catalogues that Load() was given.
     const QStringList& GetCatalogueFiles() const { return m_catalogueFiles; }
     const std::string& GetPackageName() const { return m_packageName; }
 
-    /// To be called when the workspace has another photo: all presets start unapplied, with their
-    /// catalogue's values.
+    /// Makes all presets start unapplied, with their catalogue's values. To be called when the
+    /// workspace has another photo.
     void StartPhoto();
-    /// Takes what is applied off the photo and puts every preset's values back to where they
+    /// Takes the applied preset off the photo and puts every preset's values back to where they
     /// started. A workspace must be attached.
     void DiscardChanges();
     /// Puts the preset's intensity back to where it started; it is drawn when the preset is

@@ -112,7 +112,8 @@ std::string PresetController::FindProblem(LumetraHost::ContentCheck check) const
     return {};
 }
 
-/// The library looks for the first one only; the others would be missed when the preset is applied.
+/// Looks for all effects of the intensity: the library looks for the first one only, and would miss
+/// the others when the preset is applied.
 void PresetController::CheckIntensityEffects(const Zorvik::Brassel::ConstSerializerPtr& node) const
 {
     const auto intensity = IntensitySettingsFactory().Create(node);
@@ -128,7 +129,7 @@ void PresetController::CheckIntensityEffects(const Zorvik::Brassel::ConstSeriali
                                     BOOST_CURRENT_FUNCTION, "core/PresetController", __LINE__);
 }
 
-/// The library takes a stored intensity as it stands, also out of its range.
+/// Moves a stored intensity into its range; the library takes it as it stands.
 void PresetController::LimitIntensity()
 {
     const auto [lowest, highest] = std::minmax({IntensityMin(), IntensityMax()});
@@ -162,7 +163,7 @@ EffectsSettings PresetController::MakeSettings()
 
 EffectsSettings PresetController::MakePreviewSettings()
 {
-    // Moved sliders reach a preview list that is the preset's own.
+    // This call copies moved sliders into a preview list that is the preset's own.
     static_cast<void>(GetEffectInfo(false));
     BringIntensityIntoPreview();
     return m_previewEffectSettings;
@@ -184,7 +185,8 @@ bool PresetController::ApplySettingsOnProgress() const
     return true;
 }
 
-/// A slider intensity can only be shown on a preview list that has all of its effects.
+/// Writes the intensity into the preview list, if that has all effects that a slider intensity
+/// moves.
 void PresetController::BringIntensityIntoPreview()
 {
     const auto* slider = dynamic_cast<const SliderSetting*>(&Intensity());

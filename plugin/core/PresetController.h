@@ -22,14 +22,14 @@ struct PreviewPolicies
     unsigned flags = 0;
 };
 
-/// What all presets of one panel share about their preview pictures.
+/// Options of the preview pictures that all presets of one panel share.
 struct PreviewOptions
 {
     QSize size = {160, 120}; ///< pixels; a preview is at most this large
     bool isDraft = true;     ///< quick rather than exact
-    /// Renders in place of the drawer, which keeps the caller waiting: the key of the preset, the
-    /// size, what is to be shown and how; a null frame when the picture is yet to come. May be
-    /// empty.
+    /// Renders in place of the drawer, which keeps the caller waiting. Takes the preset's key, the
+    /// size, the effects and the policies; returns a null frame when the picture is not there yet.
+    /// May be empty.
     std::function<Zorvik::Proc::Frame(const std::string&, const Zorvik::Proc::FrameTarget&,
                                       const Zorvik::Quindle::EffectsSettings&,
                                       const PreviewPolicies&)>
@@ -56,19 +56,20 @@ public:
     PresetController(const PresetController& other);
     ~PresetController() override;
 
-    /// A new preset of this object's own class, which starts from its settings.
+    /// A new preset of this object's own class, with a copy of its settings.
     virtual boost::intrusive_ptr<PresetController> Copy() const;
 
-    /// What applying the preset now would put on the photo: its effects with the current values of
-    /// its sliders and its intensity, as the package that it is applied as. Not shared with it.
+    /// The package that applying the preset now would put on the photo: its effects with the
+    /// current values of its sliders and its intensity. A copy of the preset's own.
     Zorvik::Quindle::EffectsSettings MakeSettings();
-    /// The same for its picture: the catalogue's preview list where there is one.
+    /// The package for the preset's picture, made of the catalogue's preview list where there is
+    /// one.
     Zorvik::Quindle::EffectsSettings MakePreviewSettings();
     PreviewPolicies GetPreviewPolicies() const;
-    /// Tells its picture from those of other presets: group and id.
+    /// The key of the preset's picture, from group and id; no other preset has it.
     std::string GetPreviewKey() const;
-    /// The intensity that the preset came with, which a reset goes back to. Within its range: a
-    /// stored one that is not has been moved to the nearest end.
+    /// The intensity that the preset came with, which a reset goes back to. It lies within the
+    /// range: a stored one that does not has been moved to the nearest end.
     int GetStartIntensity() const { return m_startIntensity; }
     /// "expected …, found …" when the stored intensity was out of its range; else empty.
     const std::string& GetIntensityRemark() const { return m_intensityRemark; }
@@ -76,13 +77,14 @@ public:
     /// and needs no workspace.
     void PutIntensityBack();
 
-    /// The file, inside the folder of the group's store id, that the preset's effects come from;
-    /// empty for a preset that brings its effects along.
+    /// The file with the preset's effects, inside the folder of the group's store id; empty for a
+    /// preset that brings its effects along.
     const std::string& GetResource() const { return m_resource; }
 
-    /// Empty when the files that the preset's effects need, such as look-up tables beside the
-    /// user's presets, are there; else a sentence that names the first that is not and what was
-    /// expected. A preset with a problem cannot be drawn. A resource that is yet to come is none.
+    /// A sentence about the first file that the preset's effects need and that is missing, such as
+    /// a look-up table beside the user's presets, and what was expected; empty when all are there.
+    /// A preset with a problem cannot be drawn. A resource that has not been handed over yet is no
+    /// problem.
     std::string FindProblem(LumetraHost::ContentCheck check) const;
 
     void InitDefaultSettings(
@@ -91,14 +93,14 @@ public:
     void InitIntensity(const Zorvik::Brassel::ConstSerializerPtr& node) override;
     /// True until the resource has been handed over.
     bool IsDownloadable() const override;
-    /// The path of the resource: a JSON file, see PresetResource. Sliders and intensity begin with
-    /// it. Exception with file and place, and nothing changed, when it cannot be used.
+    /// Takes the path of the resource, a JSON file (see PresetResource), and with it sliders and
+    /// intensity. Exception with file and place, and nothing changed, when it cannot be used.
     void SetDownloadedResource(const std::string& resource) override;
     /// True: a moved slider shows at once.
     bool ApplySettingsOnProgress() const override;
     /// The preset on the open photo at its current intensity, from PreviewOptions::render; without
-    /// that rendered anew by the drawer at each call. A null picture without a photo, and while a
-    /// file that the preset needs is missing.
+    /// that the drawer renders it at each call. A null picture without a photo, and while a file
+    /// that the preset needs is missing.
     QImage GetPreviewImage() override;
 
 protected:
@@ -118,7 +120,7 @@ private:
     std::string m_intensityRemark;
     std::string m_resource;
     bool m_hasResource = false;
-    // What was given while there were no effects yet.
+    // Sliders and intensity that were given before the effects.
     std::vector<Zorvik::Lumetra::LumetraPresets::SliderSetting> m_laterSliders;
     Zorvik::Brassel::ConstSerializerPtr m_laterIntensity;
     std::shared_ptr<const PreviewOptions> m_previews;

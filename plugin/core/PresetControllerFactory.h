@@ -22,10 +22,10 @@ public:
     explicit PresetControllerFactory(const std::string& packageName);
     ~PresetControllerFactory() override;
 
-    /// The kinds that a catalogue may name. "" and "photo" are the same.
+    /// The kinds that a catalogue may name; "" and "photo" mean one kind.
     static const std::set<std::string>& GetKinds();
 
-    /// Of all presets, also those made before.
+    /// Sets the options of all presets, also those made before.
     void SetPreviewOptions(const PreviewOptions& options);
 
     /// Exception for a kind that is none of GetKinds().

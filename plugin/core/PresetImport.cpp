@@ -36,8 +36,8 @@ QStringList ErrorsOf(const std::vector<CatalogueReport>& reports, const std::str
     return errors;
 }
 
-/// The presets of the groups from `first` on whose effects are there, with their tables; a sentence
-/// for each other one.
+/// Collects the presets of the groups from `first` on whose effects are there, with their tables,
+/// and a sentence for each other one.
 std::vector<PresetPtr> CollectPresets(const PresetModel& model, int first, const QString& path,
                                       QStringList& problems)
 {
@@ -63,7 +63,7 @@ std::vector<PresetPtr> CollectPresets(const PresetModel& model, int first, const
     return presets;
 }
 
-/// Read into a model of its own, after this program's catalogues, whose sliders the presets get.
+/// Reads into a separate model, after this program's catalogues, whose sliders the presets get.
 std::vector<PresetPtr> ReadJson(PresetCollection& collection, const QString& path,
                                 QStringList& problems)
 {
@@ -91,7 +91,7 @@ std::vector<PresetPtr> ReadJson(PresetCollection& collection, const QString& pat
     return presets;
 }
 
-/// Copies have ids of their own.
+/// Adds copies, which have ids of their own.
 std::vector<QModelIndex> AddCopies(PresetCollection& collection,
                                    const std::vector<PresetPtr>& presets)
 {
@@ -105,7 +105,7 @@ std::vector<QModelIndex> AddCopies(PresetCollection& collection,
         model.AddUserPreset(copy);
         added.push_back(copy);
     }
-    // An index is good until the next insertion only.
+    // Persistent indexes are needed: an index is good until the next insertion only.
     std::vector<QModelIndex> indexes;
     for (const PresetPtr& preset : added)
         indexes.push_back(model.FindPreset(*preset));

@@ -18,7 +18,7 @@ public:
 
     /// Null for a group and for an index of no row.
     PresetPtr GetPreset(const QModelIndex& index) const;
-    /// Where the preset stands now; invalid when it has been removed.
+    /// The present row of the preset; invalid when it has been removed.
     QModelIndex FindPreset(const PresetController& preset) const;
     /// The first preset of that id, group by group; invalid when there is none.
     QModelIndex FindId(const QString& id) const;
@@ -27,9 +27,8 @@ public:
     /// The group that role 268 appends to: the first editable one; invalid when there is none.
     QModelIndex GetUserGroup() const;
 
-    /// Puts a preset that removeRows() took away back as row `row` of `group`, announced as an
-    /// insertion. Out of range: at the group's end. Persistent indexes go on pointing where they
-    /// did.
+    /// Inserts a preset that removeRows() took away as row `row` of `group`; out of range: at the
+    /// group's end. Persistent indexes to other rows stay right.
     void InsertPreset(int row, const QModelIndex& group, const PresetPtr& preset);
     /// Appends a preset that is in no model yet to the user's group, announced as an insertion, and
     /// attaches it to this model's workspace. Returns its index.

@@ -8,7 +8,7 @@ namespace {
 
 using LumetraHost::VisibleText;
 
-/// At most `length` characters; a pair of surrogates is kept or left out whole.
+/// The first `length` characters at most; a pair of surrogates is kept or left out whole.
 QString Shortened(const QString& name, int length)
 {
     QString text = name.left(length);

@@ -5,20 +5,20 @@
 
 namespace LumetraPlugin {
 
-/// What presets of the user may be called: names of limited length without control characters, each
-/// of which one preset has.
+/// Rules for names of the user's presets: limited length, no control characters, and no two presets
+/// with one name.
 class PresetNames
 {
 public:
-    /// In characters as QString counts them.
+    /// The longest name, in characters as QString counts them.
     static constexpr int MaxLength = 50;
 
-    /// What is wrong with `name`, spaces around it aside, as "expected …, found …"; empty for a
-    /// name that a preset may have. Whether another preset has it already is not looked at.
+    /// The fault of `name` (spaces around it do not count) as "expected …, found …"; empty for a
+    /// name that a preset may have. Whether another preset has it already is not checked.
     static QString FindFault(const QString& name);
 
     /// `name` without spaces around it and control characters, shortened, and numbered until it is
-    /// none of `taken`.
+    /// not in `taken`.
     static QString MakeFree(const QString& name, const QStringList& taken);
 };
 

@@ -21,7 +21,7 @@ using LumetraHost::JsonDocument;
 using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
 
-/// The first error, if there is any.
+/// Throws the first error, if there is any.
 void Check(const JsonDocument& document)
 {
     LumetraHost::CatalogueReports reports;
@@ -35,7 +35,8 @@ void Check(const JsonDocument& document)
                                     __LINE__);
 }
 
-/// What is wrong with the file; empty when the preset has its effects now.
+/// Hands the file to the preset. Returns why it cannot be used; empty when the preset has its
+/// effects.
 QString HandOver(PresetModel& model, const QModelIndex& preset, const QString& path)
 {
     try {

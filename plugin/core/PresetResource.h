@@ -11,8 +11,8 @@ namespace LumetraPlugin {
 
 class PresetModel;
 
-/// The effects of presets whose catalogue only says that they exist: a JSON object with "effects"
-/// as in a catalogue, in a file "STORE ID/RESOURCE" of a resource folder.
+/// The effects of presets that a catalogue lists without them: a JSON object with "effects" as in a
+/// catalogue, in a file "STORE ID/RESOURCE" of a resource folder.
 class PresetResource
 {
 public:
@@ -20,17 +20,18 @@ public:
     /// effects, or one that this program cannot draw.
     static Zorvik::Quindle::EffectsSettings Read(const QString& path);
 
-    /// Where the preset's resource belongs, below a resource folder; empty for a preset without
-    /// one, and for names that lead out of that folder.
+    /// The path of the preset's resource below a resource folder; empty for a preset without one,
+    /// and for names that lead out of that folder.
     static QString GetPlace(const PresetModel& model, const QModelIndex& preset);
     /// The file in the first of the folders that has it; empty when none has.
     static QString Find(const PresetModel& model, const QModelIndex& preset,
                         const QStringList& folders);
-    /// Why a preset has no effects yet: its file is missing, with the place where it is expected,
-    /// or cannot be used. Tries to hand it over. Empty for a preset that has its effects.
+    /// Tries to hand its resource to a preset without effects, and returns why it still has none:
+    /// the file is missing, with the place where it is expected, or cannot be used. Empty for a
+    /// preset that has its effects.
     static QString FindFault(PresetModel& model, const QModelIndex& preset,
                              const QStringList& folders);
-    /// Hands over all resources that are there; a sentence for each that cannot be used.
+    /// Hands over all resources that are there. Returns a sentence for each that cannot be used.
     static QStringList FetchAll(PresetModel& model, const QStringList& folders);
 };
 

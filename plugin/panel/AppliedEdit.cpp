@@ -52,7 +52,7 @@ QString SlidersKey()
     return QStringLiteral("sliders");
 }
 
-/// As the catalogue writes them, through the effects' own stored form.
+/// Stores the effects as the catalogue writes them.
 QJsonArray SaveEffects(const EffectsSettings& settings)
 {
     JsonDocument document("edit");
@@ -63,7 +63,7 @@ QJsonArray SaveEffects(const EffectsSettings& settings)
     return text.object().value(EffectsKey()).toArray();
 }
 
-/// The effects that can be read; a sentence for each other one.
+/// Reads the effects; `reports` gets a sentence for each one that cannot be read.
 void LoadEffects(const QJsonObject& edit, EffectsSettings& settings, QStringList& reports)
 {
     for (const QJsonValue& value : edit.value(EffectsKey()).toArray()) {
@@ -121,7 +121,7 @@ QJsonObject AppliedEdit::Save() const
     return edit;
 }
 
-/// The package as it was, so that nothing depends on what the catalogue says today.
+/// Draws the package as it was saved, whatever the catalogue says today.
 void AppliedEdit::Draw(const QJsonObject& edit, EffectsSettings& settings, QStringList& reports)
 {
     LoadEffects(edit, settings, reports);
@@ -168,18 +168,18 @@ QStringList AppliedEdit::Restore(const QJsonObject& edit)
     return reports;
 }
 
-/// Brings the panel's controls to where they were; the photo is drawn already.
+/// Sets the panel's controls to the saved values; the photo is drawn already.
 void AppliedEdit::RestoreValues(const QString& id, const QJsonObject& edit, QStringList& reports)
 {
     PresetModel& model = m_presets.GetModel();
     EffectsSettings settings(EffectsSettings::PhotoAlone);
-    QStringList unused; // told by Draw() before
+    QStringList unused; // Draw() has reported the same before.
     LoadEffects(edit, settings, unused);
     settings.SetBlendAmount(edit.value(BlendKey()).toInt(EffectsSettings::FullEffect));
     try {
         model.ActivatePreset(id.toStdString(), settings);
     } catch (const std::exception& error) {
-        // A strict intensity without its effect.
+        // An intensity that must find its effect, and does not.
         reports.append(LumetraHost::ErrorText::Show(error));
     }
 }
@@ -204,7 +204,7 @@ void AppliedEdit::ResetPackage()
         m_workspace->GetResetReceiver().ResetPackage(Zorvik::Quindle::ResetSettings(index));
 }
 
-/// A preset that failed while it was applied says that it is, though nothing of it was drawn.
+/// A preset that failed while it was applied counts as applied, though nothing of it was drawn.
 void AppliedEdit::GoBackTo(const QJsonObject& edit)
 {
     if (const auto applied = m_presets.GetModel().GetPreset(m_presets.GetModel().FindApplied()))

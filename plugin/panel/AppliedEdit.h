@@ -18,35 +18,35 @@ namespace LumetraPlugin {
 
 class PresetCollection;
 
-/// What the panel has put on the photo, as the editor keeps it for undo and in sidecar files: the
-/// preset and everything that was drawn, so that the photo looks the same again even where the
-/// catalogue has changed since or no longer has the preset.
+/// The look that the panel has put on the photo, stored for undo and in sidecar files: the preset
+/// and everything that was drawn, so that the photo looks the same again even where the catalogue
+/// has changed since or no longer has the preset.
 class AppliedEdit
 {
     Q_DECLARE_TR_FUNCTIONS(LumetraPlugin::AppliedEdit)
 
 public:
-    /// Both are kept; the collection by reference.
+    /// Both are kept, the collection by reference.
     AppliedEdit(PresetCollection& presets,
                 std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> workspace);
 
-    /// Empty when nothing is applied. Members: "preset", "name", "blend" (1 the full effect, 255
-    /// none), "effects" as in a catalogue, "sliders" (the positions in the panel) and, of a preset
-    /// that has one, "intensity".
+    /// The look as JSON, empty when nothing is applied. Members: "preset", "name", "blend" (1 the
+    /// full effect, 255 none), "effects" as in a catalogue, "sliders" (the positions in the panel),
+    /// and "intensity" where the preset has one.
     QJsonObject Save() const;
-    /// The inverse, on a photo without open packages. Returns a sentence for each member that could
-    /// not be used.
+    /// Puts a saved look on a photo without open packages. Returns a sentence for each member that
+    /// could not be used.
     QStringList Restore(const QJsonObject& edit);
 
-    /// Takes off what the panel has on the photo, however that came there, and restores `edit`.
+    /// Takes all packages of the panel off the photo, however they came there, and restores `edit`.
     void GoBackTo(const QJsonObject& edit);
 
-    /// The name of a look that is on the photo though no catalogue has it any more, or a file that
-    /// its preset needs is missing; else empty.
+    /// The name of a stray look: one that is on the photo though no catalogue has it any more, or
+    /// though a file that its preset needs is missing. Else empty.
     QString GetStrayName() const;
-    /// Takes such a look off.
+    /// Takes a stray look off.
     void DropStray();
-    /// Another preset has taken its place.
+    /// Forgets the stray look; another preset has taken its place.
     void ForgetStray() { m_stray.reset(); }
 
 private:

@@ -16,7 +16,7 @@ using Zorvik::Quindle::ConstEffectPtr;
 using Zorvik::Quindle::EffectParameter;
 using Zorvik::Quindle::EffectRegistry;
 
-/// The context of the texts that the engine marks for translation, and of what stands beside them.
+/// The context of texts that the engine marks for translation, and of the ones in this file.
 constexpr char Context[] = "Effects";
 
 /// These titles stand here only so that the translator's tool finds them.
@@ -34,7 +34,8 @@ bool IsMoved(const ConstEffectPtr& effect, const EffectParameter& parameter)
            effect->GetParameter(parameter.name) != parameter.defaultValue;
 }
 
-/// "+0.3 stops" when the effect moves one number, as most do; else nothing.
+/// The change as text, such as "+0.3 stops", when the effect moves one number, as most do; else
+/// nothing.
 QString ValueText(const ConstEffectPtr& effect, const std::vector<EffectParameter>& moved)
 {
     if (moved.size() != 1)
@@ -47,7 +48,7 @@ QString ValueText(const ConstEffectPtr& effect, const std::vector<EffectParamete
            (unit.isEmpty() ? QString() : QLatin1Char(' ') + unit);
 }
 
-/// An empty text for an effect that changes nothing.
+/// The effect's name and change; empty for an effect that changes nothing.
 QString EffectText(const ConstEffectPtr& effect)
 {
     const QString name = EffectTexts::GetEffectName(effect->GetEffectID());
@@ -58,7 +59,7 @@ QString EffectText(const ConstEffectPtr& effect)
     std::copy_if(descriptor->parameters.begin(), descriptor->parameters.end(),
                  std::back_inserter(moved),
                  [&effect](const EffectParameter& one) { return IsMoved(effect, one); });
-    // One with more than numbers is made by itself and may change things without them.
+    // Effects that are more than numbers may change things without any.
     if (moved.empty() && !descriptor->create)
         return {};
     return name + ValueText(effect, moved);

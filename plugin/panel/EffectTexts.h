@@ -13,10 +13,11 @@ class EffectTexts
     Q_DECLARE_TR_FUNCTIONS(LumetraPlugin::EffectTexts)
 
 public:
-    /// "White balance"; the id itself for an effect that this program does not know by name.
+    /// The effect's name, such as "White balance"; the id itself for an effect that this program
+    /// does not know.
     static QString GetEffectName(const std::string& effectID);
-    /// An effect's unit, a group's name or a slider's title: those of the engine and of the shipped
-    /// catalogue in the user's language, all others as they are.
+    /// A unit, a group's name or a slider's title in the user's language, if it comes from the
+    /// engine or the shipped catalogue; others are returned unchanged.
     static QString Translate(const std::string& text);
     /// The effects that change anything, in the order in which they are drawn, and the extra
     /// sliders; rich text.

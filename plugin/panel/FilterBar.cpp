@@ -14,7 +14,7 @@ namespace LumetraPlugin {
 namespace {
 
 constexpr int Gap = 8;
-constexpr int Gutter = 2 * Gap; // what the pictures below keep to the left and the right
+constexpr int Gutter = 2 * Gap; // the margin of the pictures below, left and right
 constexpr int IconSize = 16;
 constexpr int KindCount = 4;
 
@@ -42,8 +42,8 @@ FilterBar::FilterBar(QWidget* parent)
     ShowTexts();
 }
 
-/// Mark and button stand in a layout: actions of the field would not be in the middle of one that a
-/// style sheet makes higher.
+/// Puts icon and button into a layout: actions of the field would not be in its middle where a
+/// style sheet makes it higher.
 void FilterBar::BuildSearch()
 {
     m_search->setObjectName(QStringLiteral("searchField"));

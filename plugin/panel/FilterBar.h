@@ -27,7 +27,7 @@ public:
 signals:
     void textChanged(const QString& text);
     void kindChosen(PresetFilter::Kind kind);
-    /// Enter or the down arrow in the search field: on to what was found.
+    /// Enter or the down arrow was pressed in the search field: the results want the focus.
     void left();
     void importRequested();
 

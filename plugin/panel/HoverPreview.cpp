@@ -14,7 +14,7 @@ HoverPreview::HoverPreview(PresetModel& presets, LumetraEditor::IEditor& editor)
     connect(&m_delay, &QTimer::timeout, this, [this] { m_guard.Run([this] { Show(); }); });
 }
 
-/// From one look to the next there is no photo in between, which would flicker.
+/// Shows no photo between one look and the next: it would flicker.
 void HoverPreview::Point(const QModelIndex& preset)
 {
     m_pointed = preset;
@@ -33,7 +33,7 @@ void HoverPreview::End()
     m_editor.ShowOnPhoto(nullptr);
 }
 
-/// What is applied is on the photo already.
+/// Shows the look, unless it is applied and so on the photo already.
 void HoverPreview::Show()
 {
     const auto preset = m_presets.GetPreset(m_pointed);

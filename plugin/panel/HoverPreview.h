@@ -27,9 +27,9 @@ public:
     /// Both are kept by reference.
     HoverPreview(PresetModel& presets, LumetraEditor::IEditor& editor);
 
-    /// The pointer is on this preset; invalid: on none.
+    /// Tells which preset the pointer is on; invalid: none.
     void Point(const QModelIndex& preset);
-    /// The photo shows what is applied again, at once.
+    /// Takes the look away at once.
     void End();
 
 private:

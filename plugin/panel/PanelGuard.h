@@ -11,8 +11,8 @@ class IEditor;
 
 namespace LumetraPlugin {
 
-/// Where the panel stops exceptions: those of the preset model and of its controllers, which catch
-/// nothing themselves, must not leave an event of a widget.
+/// Stops exceptions of the preset model and of its controllers, which catch nothing themselves and
+/// must not leave an event of a widget.
 class PanelGuard
 {
     Q_DECLARE_TR_FUNCTIONS(LumetraPlugin::PanelGuard)
@@ -21,8 +21,8 @@ public:
     /// `editor` is kept by reference.
     explicit PanelGuard(LumetraEditor::IEditor& editor) : m_editor(editor) {}
 
-    /// False when `work` has thrown: the first line of the error is then shown to the user. Of
-    /// calls within each other the innermost catches, since a dialog may be open between them.
+    /// Runs `work`. False when it has thrown: the first line of the error is then shown to the
+    /// user. The innermost of nested calls catches, since a dialog may be open between them.
     bool Run(const std::function<void()>& work);
 
 private:

@@ -7,7 +7,7 @@
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
-// Resources of a static library are only known once somebody names them. The macro must stand
+// Registers the resources, which a static library does not do by itself. The macro must stand
 // outside every namespace.
 static void RegisterPanelResources()
 {

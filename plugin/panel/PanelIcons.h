@@ -11,11 +11,11 @@ namespace LumetraPlugin {
 class PanelIcons
 {
 public:
-    /// `name` as in the resources ("star"), `size` in logical pixels. A null pixmap, and a warning,
-    /// for a name that is not there.
+    /// The icon with that name in the resources, such as "star"; `size` in logical pixels. A null
+    /// pixmap, and a warning, for an unknown name.
     static QPixmap GetPixmap(const QString& name, int size, const QColor& color,
                              double devicePixelRatio);
-    /// For buttons: in the palette's text colour, duller where disabled.
+    /// An icon for buttons: in the palette's text colour, duller where disabled.
     static QIcon GetIcon(const QString& name, const QPalette& palette);
     /// The panel's own style sheet, which takes all its colours from the palette.
     static QString ReadStyleSheet();

@@ -15,7 +15,7 @@ namespace LumetraPlugin {
 void PanelTranslation::Follow()
 {
     RegisterPanelTranslations();
-    // Lives as long as the application: a module is never unloaded.
+    // The translator lives as long as the application: a module is never unloaded.
     static auto* const translator = new QTranslator(QCoreApplication::instance());
     static QLocale::Language loaded = QLocale::English;
     const QLocale locale;

@@ -7,8 +7,8 @@ namespace LumetraPlugin {
 class PanelTranslation
 {
 public:
-    /// Follows QLocale's default: loads the texts of that language, or none for English and for
-    /// languages that there are no texts for. Does nothing when they are loaded already.
+    /// Loads the texts of QLocale's default language; none for English and for languages without
+    /// texts. Does nothing when they are loaded already.
     static void Follow();
 };
 

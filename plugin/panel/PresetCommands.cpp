@@ -66,7 +66,7 @@ void PresetCommands::Try(const std::function<void()>& work)
     emit presetsChanged();
 }
 
-/// Only as far as the photo is concerned. Where that fails too, as without a workspace, there is no
+/// Restores the photo after a failure. Where that fails too, as without a workspace, there is no
 /// photo to go back to, and the user has been told already.
 void PresetCommands::GoBack()
 {
@@ -94,8 +94,8 @@ void PresetCommands::SendPresetChanged()
         {applied.data(PresetModel::PresetIdRole).toString(), NameOf(applied)});
 }
 
-/// Gets the effects of a preset that has none yet, and the tables that they need. False, and said,
-/// when they are not to be had.
+/// Gets the effects of a preset that has none yet, and the tables that they need. Returns false,
+/// after telling the user, when they are missing.
 bool PresetCommands::Fetch(const QModelIndex& preset)
 {
     if (!preset.data(PresetModel::DownloadableRole).toBool()) {
@@ -222,8 +222,8 @@ void PresetCommands::FinishSlider(int position)
     });
 }
 
-/// The role puts values back and draws only where a slider had been moved; so the intensity that
-/// moves effects goes back by itself, and the preset is applied again.
+/// Lets the role put values back; it draws only where a slider had been moved. So an intensity that
+/// moves effects is put back here, and the preset applied again.
 void PresetCommands::Reset()
 {
     Try([&] {
@@ -240,7 +240,7 @@ void PresetCommands::Reset()
     });
 }
 
-/// After the commit there is nothing left to take off, so switching the preset off is silent.
+/// Switches the preset off silently: after the commit there is nothing left to take off.
 void PresetCommands::Commit()
 {
     Try([&] {
@@ -296,7 +296,7 @@ void PresetCommands::RememberEdit()
     SendPresetChanged();
 }
 
-/// What cannot be saved now is tried again with the next change, and before the end.
+/// Saves; after a failure the next change tries again, and so does the end of the program.
 void PresetCommands::Save()
 {
     const QString problem = TryToSave();
@@ -395,7 +395,7 @@ void PresetCommands::Remove(const QModelIndex& preset)
     m_editor.PushUndo(new RemoveCommand(*this, removed, row, tr("Delete “%1”").arg(name)));
 }
 
-/// A look that is on the photo goes with its preset: nothing would be left to change it by.
+/// Takes the preset's look off the photo too: nothing would be left to change it by.
 void PresetCommands::TakeAway(const PresetModel::PresetPtr& preset)
 {
     Try([&] {
@@ -448,7 +448,7 @@ void PresetCommands::Import(const QStringList& paths)
     Tell(count == 1 ? tr("Imported “%1”.").arg(NameOf(last)) : tr("Imported %1 looks.").arg(count));
 }
 
-/// Only what changes colours alone fits into a table.
+/// Exports looks of colour alone; others do not fit into a table.
 void PresetCommands::Export(const QModelIndex& preset)
 {
     Try([&] { ExportLook(preset); });

@@ -18,10 +18,10 @@ class AppliedEdit;
 class PresetCollection;
 class RecentPresets;
 
-/// What the user can do to presets: each through the model's roles, with what belongs to it - the
-/// user's file is saved, the editor keeps the finished step, the panel's views are told. Indexes
-/// are those of the preset model; invalid ones do nothing. No command throws: one that fails tells
-/// the user why, the photo is as after the last finished step, and the views read everything again.
+/// The user's operations on presets. Each works through the model's roles, saves the user's file,
+/// gives the editor the finished step and tells the panel's views. Indexes are those of the preset
+/// model; invalid ones do nothing. No command throws: one that fails tells the user why, the photo
+/// is as after the last finished step, and the views read everything again.
 class PresetCommands : public QObject
 {
     Q_OBJECT
@@ -32,56 +32,56 @@ public:
                    LumetraEditor::IEditor& editor, QWidget& window);
     ~PresetCommands() override;
 
-    /// Where the resources of presets are looked for.
+    /// Sets the folders in which resources of presets are looked for.
     void SetResourceFolders(const QStringList& folders) { m_resourceFolders = folders; }
 
     PresetModel& GetModel();
     /// The preset that is on the photo; invalid when there is none.
     QModelIndex GetApplied() const;
 
-    // On the photo.
-    /// Puts the preset on the photo. `isFinished` false: more of the same follows, as while an
-    /// arrow key is held; then FinishStep().
+    // Operations on the photo.
+    /// Puts the preset on the photo. `isFinished` false: further calls follow, as while an arrow
+    /// key is held, and then FinishStep().
     void Apply(const QModelIndex& preset, bool isFinished = true);
     void ApplyId(const QString& id);
     void SetIntensity(int value);
     void ResetIntensity();
     void SetSlider(int position, int value);
     void ResetSlider(int position);
-    /// The user has let go of the control that has set the intensity, or a slider, in the model.
+    /// Ends a step in which the user's control has set the intensity, or a slider, in the model.
     void FinishIntensity();
     void FinishSlider(int position);
-    /// All values of the applied preset back to where they started.
+    /// Puts all values of the applied preset back to where they started.
     void Reset();
     /// Makes the look part of the photo, so that the next one comes on top.
     void Commit();
     /// Takes the look off and forgets all changed values.
     void Discard();
-    /// The editor keeps what has changed since the last step, if anything has.
+    /// Gives the editor a step with the changes since the last one, if there are any.
     void FinishStep(const QString& text);
-    /// The same, named after the applied preset.
+    /// Finishes a step that is named after the applied preset.
     void FinishApplyStep();
-    /// What is on the photo has been changed by the editor: the step there begins here.
+    /// Begins the next step at the present state, which the editor has made.
     void RememberEdit();
 
-    // Of the presets themselves.
+    // Operations on presets themselves.
     void SetFavourite(const QModelIndex& preset, bool isFavourite);
     void SaveAs(const QModelIndex& preset);
     void Rename(const QModelIndex& preset);
-    /// Asks first; only for the user's own. Undoable.
+    /// Removes a preset of the user's own, after asking. Undoable.
     void Remove(const QModelIndex& preset);
     bool IsUsers(const QModelIndex& preset) const;
-    /// Files with looks, see PresetImport.
+    /// Imports files with looks, see PresetImport.
     void Import(const QStringList& paths);
     void ImportByDialog();
     /// Writes the look at its current values as a .cube file that the user names.
     void Export(const QModelIndex& preset);
 
-    /// Saves what could not be saved so far, and asks where that fails again. False when the user
-    /// wants to see to it.
+    /// Saves changes that could not be saved so far, and asks the user where that fails again.
+    /// False when the user wants to see to it before the program ends.
     bool SaveOrAsk();
 
-    // For the commands that undo.
+    // Operations for the commands that undo.
     void TakeAway(const PresetModel::PresetPtr& preset);
     void PutBack(const PresetModel::PresetPtr& preset, int row);
 
@@ -90,13 +90,13 @@ signals:
     void appliedChanged();
     /// Values of the applied preset have been set otherwise than by its own sliders.
     void valuesChanged();
-    /// The preset's picture is no longer right.
+    /// The preset's picture is outdated.
     void lookChanged(const QModelIndex& preset);
-    /// The photo under the looks is another one: so are all pictures.
+    /// The photo under the looks has changed, and so have all pictures.
     void photoChanged();
-    /// Names, or which presets there are.
+    /// Names have changed, or which presets there are.
     void presetsChanged();
-    /// The user has got a new one.
+    /// The user's group has a new preset.
     void presetAdded(const QModelIndex& preset);
 
 private:

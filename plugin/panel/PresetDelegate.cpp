@@ -34,7 +34,8 @@ QRectF CentrePart(const QSize& picture, const QSize& place)
             part};
 }
 
-/// The list's own palette has the colour of its background everywhere that a style sheet sets.
+/// Paints a place without a picture. Colours of the list's own palette would do no good: a style
+/// sheet sets them all to that of the background.
 void PaintPlaceholder(QPainter& painter, const QRect& place)
 {
     painter.fillRect(place, QApplication::palette().color(QPalette::Button));
@@ -51,7 +52,7 @@ QPalette::ColorGroup GroupOf(const QStyleOptionViewItem& option)
     return option.state.testFlag(QStyle::State_Enabled) ? QPalette::Active : QPalette::Disabled;
 }
 
-/// Where a picture that is smaller than was asked for stands: as much smaller than the place.
+/// The place of a picture that is smaller than was asked for: smaller by the same factor.
 QRectF CentrePlace(const QSize& picture, const QSize& asked, const QRect& place)
 {
     const double scale =
@@ -61,7 +62,7 @@ QRectF CentrePlace(const QSize& picture, const QSize& asked, const QRect& place)
     return target;
 }
 
-/// A mark on a dark disc, to be seen on any picture.
+/// Paints a mark on a dark disc, which can be seen on any picture.
 void PaintBadge(QPainter& painter, const QRect& place, const QString& icon, const QColor& color)
 {
     painter.setPen(Qt::NoPen);

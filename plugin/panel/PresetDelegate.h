@@ -12,22 +12,23 @@ class PresetDelegate : public QStyledItemDelegate
     Q_OBJECT
 
 public:
-    /// What a picture is asked for in, logical pixels: the largest cell of the grid. A smaller one,
-    /// of a preset that wants the whole photo seen or no pixel enlarged, stands in the middle.
+    /// Size in which pictures are asked for, in logical pixels: the largest cell of the grid. A
+    /// smaller picture, of a preset that wants the whole photo seen or no pixel enlarged, stands in
+    /// the middle.
     static constexpr QSize PictureSize{168, 112};
 
     using QStyledItemDelegate::QStyledItemDelegate;
 
     /// The height of a cell of this width, in logical pixels.
     static int GetCellHeight(int width, const QFontMetrics& metrics);
-    /// Where the picture is inside a cell.
+    /// The rectangle of the picture inside a cell.
     static QRect GetPictureRect(const QRect& cell);
-    /// Where the favourite's star is inside a cell; a click there toggles it.
+    /// The rectangle of the favourite's star inside a cell; a click there toggles it.
     static QRect GetStarRect(const QRect& cell);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
-    /// The view's grid: a cell is used as a whole.
+    /// The size of a cell in the view's grid, which is used as a whole.
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 private:

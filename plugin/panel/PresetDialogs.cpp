@@ -62,7 +62,7 @@ QString PresetDialogs::AskOtherName(const QString& old, const QStringList& taken
 
 bool PresetDialogs::AskRemoval(const QString& name) const
 {
-    // The editor's alerts name their Yes after the title where Cancel stands beside it.
+    // The editor's alerts give Yes the title for its text where Cancel stands beside it.
     AlertBox box(AlertBox::Level::Warning, tr("Delete"), tr("Delete the preset “%1”?").arg(name),
                  QMessageBox::Yes | QMessageBox::Cancel, &m_window,
                  Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);

@@ -8,8 +8,8 @@ class QWidget;
 
 namespace LumetraPlugin {
 
-/// What the user is asked about presets. Every answer is empty, or false, when the user wants to
-/// leave things as they are.
+/// Asks the user about presets. Every answer is empty, or false, when the user wants to leave
+/// things as they are.
 class PresetDialogs
 {
     Q_DECLARE_TR_FUNCTIONS(LumetraPlugin::PresetDialogs)
@@ -18,9 +18,9 @@ public:
     /// `window` is the parent of the dialogs, kept by reference.
     explicit PresetDialogs(QWidget& window) : m_window(window) {}
 
-    /// A name for a copy of the preset called `old`.
+    /// Asks for the name of a copy of the preset called `old`.
     QString AskNewName(const QString& old, const QStringList& taken) const;
-    /// Another name for the preset called `old`.
+    /// Asks for another name of the preset called `old`.
     QString AskOtherName(const QString& old, const QStringList& taken) const;
     bool AskRemoval(const QString& name) const;
     enum class Unsaved
@@ -29,12 +29,12 @@ public:
         Lose,
         Stay
     };
-    /// Before the program ends without the user's presets. `problem` is a sentence that says why
-    /// they are not saved; `canTryAgain` whether that may change.
+    /// Asks whether the program may end without saving the presets. `problem` is a sentence that
+    /// says why they are not saved; `canTryAgain`: true where that may change.
     Unsaved AskAboutUnsaved(const QString& problem, bool canTryAgain) const;
-    /// Files with looks.
+    /// Asks for files with looks.
     QStringList AskImports() const;
-    /// The .cube file that the preset called `name` is to be written to.
+    /// Asks for the .cube file to which the preset called `name` is written.
     QString AskExport(const QString& name) const;
 
 private:

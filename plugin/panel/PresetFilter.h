@@ -9,7 +9,7 @@ namespace LumetraPlugin {
 
 class RecentPresets;
 
-/// Which presets the user wants to see: a kind and words that he has typed.
+/// The presets that the user wants to see: a kind, and words that the user has typed.
 class PresetFilter
 {
 public:
@@ -26,13 +26,14 @@ public:
 
     void SetKind(Kind kind) { m_kind = kind; }
     Kind GetKind() const { return m_kind; }
-    /// Every word must be found in the preset's or its group's name, upper and lower case alike.
+    /// Sets the words, all of which must be found in the preset's or its group's name, upper and
+    /// lower case alike.
     void SetText(const QString& text);
     QString GetText() const { return m_words.join(QLatin1Char(' ')); }
 
-    /// False when all presets are to be seen.
+    /// False when all presets are shown.
     bool IsActive() const;
-    /// Whether a row of the preset model is to be seen.
+    /// True when a row of the preset model is shown.
     bool Accepts(const QModelIndex& preset) const;
 
 private:

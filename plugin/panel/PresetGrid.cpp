@@ -52,7 +52,8 @@ PresetGrid::PresetGrid(std::unique_ptr<PresetPageModel> presets, QWidget* parent
 
 PresetGrid::~PresetGrid()
 {
-    setModel(nullptr); // which would else be told of the end of a model that is gone
+    setModel(
+        nullptr); // Otherwise the view would hear of the end of a model that is already destroyed.
 }
 
 void PresetGrid::SetCurrentPreset(const QModelIndex& preset)
@@ -71,7 +72,7 @@ void PresetGrid::KeepCurrent()
     setCurrentIndex(m_presets->FromPreset(m_current));
 }
 
-/// The cells share the width; the height is what their rows need.
+/// Divides the width among the cells; the height is that of their rows.
 void PresetGrid::Arrange()
 {
     const int columns = std::max(FewestColumns, width() / SmallestCell);
@@ -146,7 +147,7 @@ void PresetGrid::mousePressEvent(QMouseEvent* event)
     event->accept();
 }
 
-/// As for any button, pressing and letting go must happen on the same preset.
+/// Chooses a preset only when the mouse was pressed on it too, as for any button.
 void PresetGrid::mouseReleaseEvent(QMouseEvent* event)
 {
     const QModelIndex row = indexAt(event->pos());
@@ -183,7 +184,7 @@ void PresetGrid::leaveEvent(QEvent* event)
     Point(QModelIndex());
 }
 
-/// The panel scrolls, not the page.
+/// Leaves scrolling to the panel.
 void PresetGrid::wheelEvent(QWheelEvent* event)
 {
     event->ignore();

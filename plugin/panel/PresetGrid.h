@@ -7,34 +7,34 @@
 
 namespace LumetraPlugin {
 
-/// The grid of one page: as many columns as fit, as high as it needs to be, so that the panel
-/// scrolls and not the page. Tells what the user does with presets; changes nothing itself.
+/// The grid of one page: as many columns as fit, and as high as its rows, so that the panel scrolls
+/// and not the page. Reports the user's actions; changes nothing itself.
 class PresetGrid : public QListView
 {
     Q_OBJECT
 
 public:
-    /// The page's presets, owned by the grid.
+    /// Takes ownership of the page's presets.
     explicit PresetGrid(std::unique_ptr<PresetPageModel> presets, QWidget* parent = nullptr);
     ~PresetGrid() override;
 
     PresetPageModel& GetPresets() { return *m_presets; }
-    /// Gives the keyboard's place to a preset of the preset model, and shows it.
+    /// Makes a preset of the preset model the current one, and shows it.
     void SetCurrentPreset(const QModelIndex& preset);
-    /// Of the preset model; invalid when none.
+    /// The current row of the preset model; invalid when none.
     QModelIndex GetCurrentPreset() const;
 
 signals:
-    // All with an index of the preset model.
+    // Indexes in signals are those of the preset model.
     void chosen(const QModelIndex& preset);
     void starClicked(const QModelIndex& preset);
     void pointed(const QModelIndex& preset); ///< the mouse is on it; invalid: on none any more
     void menuRequested(const QModelIndex& preset, const QPoint& globalPosition);
-    /// The arrow keys have come to this preset.
+    /// The arrow keys have moved to this preset.
     void stepped(const QModelIndex& preset);
-    /// The arrow key has been let go.
+    /// The arrow key has been released.
     void stepsEnded();
-    /// An arrow key wants to go past the first (`isForward` false) or the last preset.
+    /// An arrow key was pressed on the first (`isForward` false) or the last preset.
     void steppedOut(bool isForward);
 
 protected:
@@ -57,7 +57,7 @@ private:
     bool IsOnStar(const QModelIndex& row, const QPoint& position) const;
 
     std::unique_ptr<PresetPageModel> m_presets;
-    QPersistentModelIndex m_current; // of the preset model: survives what resets the page
+    QPersistentModelIndex m_current; // of the preset model, so that it survives resets of the page
     QPersistentModelIndex m_pointed;
     QPersistentModelIndex m_pressed; // a row of the page
 };

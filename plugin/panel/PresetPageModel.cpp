@@ -103,7 +103,7 @@ QString PresetPageModel::FindProblem(const QModelIndex& preset) const
         m_presets.GetPreset(preset)->FindProblem(LumetraHost::ContentCheck::Presence));
 }
 
-/// What the marks on the picture say, for those who do not see them.
+/// The picture's marks in words, for screen readers.
 QString PresetPageModel::DescribeMarks(const QModelIndex& preset) const
 {
     QStringList marks;

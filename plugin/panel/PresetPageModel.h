@@ -15,16 +15,16 @@ class ThumbnailCache;
 /// The presets of one group that the filter lets through, as a list that an ordinary view can show:
 /// with texts, pictures and tool tips. All roles from 256 on are those of the preset model.
 ///
-/// It looks at the preset model again at every signal of it, for that one announces no insertions
-/// and says with invalid indexes that anything may have changed. Renames come without any signal:
-/// call Refresh().
+/// Reads the preset model again at every signal of it: that one announces no insertions and says
+/// with invalid indexes that anything may have changed. Renames come without any signal: call
+/// Refresh().
 class PresetPageModel : public QAbstractListModel
 {
     Q_OBJECT
 
 public:
-    /// A text: the file that the preset needs and does not find, and what was expected of it; empty
-    /// for a preset that can be drawn.
+    /// A text about the file that the preset needs and does not find, and what was expected of it;
+    /// empty for a preset that can be drawn.
     static constexpr int ProblemRole = Qt::UserRole - 1;
 
     /// All are kept by reference.
@@ -33,17 +33,18 @@ public:
 
     QModelIndex GetGroup() const;
     QModelIndex ToPreset(const QModelIndex& row) const;
-    /// Invalid for a preset of another group and for one that the filter holds back.
+    /// The row of the page; invalid for a preset of another group and for one that the filter
+    /// hides.
     QModelIndex FromPreset(const QModelIndex& preset) const;
 
-    /// Looks at the group again; tells of changed rows, or of a reset when there are others.
+    /// Reads the group again; announces changed rows, or a reset when there are other rows.
     void Refresh();
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& row, int role = Qt::DisplayRole) const override;
 
 signals:
-    /// After every look at the group.
+    /// Emitted after every reading of the group.
     void refreshed();
 
 private:
@@ -56,8 +57,9 @@ private:
     int m_group;
     const PresetFilter& m_filter;
     ThumbnailCache& m_thumbnails;
-    std::vector<int> m_rows;                      // of the group
-    std::vector<const PresetController*> m_shown; // who stands there; compared, never followed
+    std::vector<int> m_rows; // of the group
+    std::vector<const PresetController*>
+        m_shown; // the presets in these rows; compared, never followed
 };
 
 } // namespace LumetraPlugin

@@ -31,7 +31,8 @@ constexpr int Gap = 8;
 constexpr int Gutter = 2 * Gap;
 constexpr int PagesWithKeys = 9;
 
-/// The grid's cells have a margin of their own, half a gap. The right one follows the scroll bar.
+/// Makes a page. The grid's cells have a margin of half a gap; the right one follows the scroll
+/// bar.
 QWidget* MakePage(PresetGrid* grid, QLabel* emptyHint)
 {
     auto* page = new QWidget;
@@ -66,7 +67,7 @@ PresetPages::PresetPages(PresetCommands& commands, const PresetFilter& filter,
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
     auto* content = new QWidget;
-    content->setObjectName(QStringLiteral("presetsPanel")); // the style's background
+    content->setObjectName(QStringLiteral("presetsPanel")); // gives the style's background
     content->setAttribute(Qt::WA_StyledBackground);
     auto* column = new QVBoxLayout(content);
     column->setContentsMargins(0, 0, 0, 0);
@@ -87,7 +88,7 @@ PresetPages::PresetPages(PresetCommands& commands, const PresetFilter& filter,
 
 PresetPages::~PresetPages() = default;
 
-/// Groups are shown in the model's order, each appended.
+/// Appends a page; groups are shown in the model's order.
 void PresetPages::AddPage(int group)
 {
     auto presets =
@@ -148,8 +149,8 @@ void PresetPages::TogglePage(int page)
         });
 }
 
-/// A page without anything to show is out of sight while a filter is on. The box knows no hidden
-/// pages, so its header and content are hidden behind its back and shown again as it left them.
+/// Hides a page without presets while a filter is on. The tool box knows no hidden pages, so header
+/// and content are hidden without its knowledge, and shown again in the state that it left them in.
 void PresetPages::ShowPage(int page)
 {
     const bool isSeen = !m_filter.IsActive() || m_grids[page]->GetPresets().rowCount() > 0;
@@ -181,8 +182,8 @@ void PresetPages::FollowFilter()
     Refresh();
 }
 
-/// The number of presets and the mark are part of the header, but shut the page when clicked: a
-/// title widget of a shut page takes no clicks.
+/// Shows the number of presets and the mark in the header. A click on them shuts the page; in a
+/// shut page they take no clicks, so that the header opens it.
 void PresetPages::ShowPageTexts(int page)
 {
     const PresetPageModel& presets = m_grids[page]->GetPresets();
@@ -223,7 +224,7 @@ void PresetPages::ShowTexts()
     m_hint->setVisible(!isAnySeen);
 }
 
-/// What to say where there is nothing to be seen.
+/// The text for pages without presets.
 QString PresetPages::MakeHint() const
 {
     if (!m_filter.GetText().isEmpty())
@@ -258,8 +259,7 @@ void PresetPages::FocusOn(PresetGrid& grid, bool isLast)
     ScrollLater(grid.GetCurrentPreset());
 }
 
-/// Scrolls as far as the preset's picture needs; that of the first row comes with the page's
-/// header.
+/// Scrolls as far as the preset's picture needs; with the page's header for the first row.
 void PresetPages::ScrollTo(const QModelIndex& preset)
 {
     const int page = preset.parent().row();
@@ -275,7 +275,7 @@ void PresetPages::ScrollTo(const QModelIndex& preset)
     ensureVisible(0, middle, 0, wanted.height() / 2 + 1);
 }
 
-/// A page that has only just been opened, or has grown, has no place yet.
+/// Scrolls later: a page that has only just been opened, or has grown, has no place yet.
 void PresetPages::ScrollLater(const QModelIndex& preset)
 {
     QTimer::singleShot(0, this, [this, row = QPersistentModelIndex(preset)] {
@@ -302,7 +302,7 @@ void PresetPages::FocusFirst()
             return FocusOn(*grid, false);
 }
 
-/// The nearest open page goes on where this one ends.
+/// Moves on to the nearest open page.
 void PresetPages::StepOut(const PresetGrid& grid, bool isForward)
 {
     const int pages = static_cast<int>(m_grids.size());
@@ -327,7 +327,7 @@ QModelIndex PresetPages::GetCurrentPreset() const
     return {};
 }
 
-/// The base class would put the middle of a long page into sight, and its preset out of it.
+/// Keeps the preset in sight; the base class would show the middle of a long page.
 bool PresetPages::focusNextPrevChild(bool next)
 {
     if (!QWidget::focusNextPrevChild(next)) // NOLINT(bugprone-parent-virtual-call)
@@ -339,8 +339,8 @@ bool PresetPages::focusNextPrevChild(bool next)
     return true;
 }
 
-/// Pictures keep their places and sizes whether the scroll bar, which stands in the right gutter,
-/// is there or not.
+/// Reserves the scroll bar's place, the right gutter, so that pictures keep their places and sizes
+/// without it.
 void PresetPages::KeepGutter()
 {
     const int bar = width() - viewport()->width();

@@ -21,7 +21,7 @@ class PresetGrid;
 class ThumbnailCache;
 
 /// The preset groups as the pages of a tool box, one grid each. While a filter is on, only pages
-/// that have something to show are seen, and these are open; afterwards they are as they were.
+/// with results are seen, and these are open; afterwards they are as they were.
 class PresetPages : public QScrollArea
 {
     Q_OBJECT
@@ -33,16 +33,16 @@ public:
     ~PresetPages() override;
 
     const std::vector<PresetGrid*>& GetGrids() const { return m_grids; }
-    /// Names have changed, or which presets there are.
+    /// Reads all pages again, after names or presets have changed.
     void Refresh();
-    /// The filter has been set otherwise.
+    /// Shows the pages for the filter's new settings.
     void FollowFilter();
     void TogglePage(int page);
     /// Opens the preset's page and scrolls to it.
     void Reveal(const QModelIndex& preset);
-    /// Gives the keyboard to the first preset that is seen.
+    /// Gives the keyboard focus to the first preset that is seen.
     void FocusFirst();
-    /// The preset that has the keyboard's place; invalid when none.
+    /// The preset with the keyboard's focus; invalid when none.
     QModelIndex GetCurrentPreset() const;
 
 signals:

@@ -56,7 +56,7 @@ void PresetsFrame::dropEvent(QDropEvent* event)
     emit looksDropped(LooksOf(*event->mimeData()));
 }
 
-/// The texts below hear of the language after this.
+/// Loads the panel's texts before the child widgets hear of the language.
 void PresetsFrame::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);

@@ -5,8 +5,8 @@
 
 namespace LumetraPlugin {
 
-/// The place of the panel in the editor's window, which owns it. What is seen there is a
-/// PresetsWidget, which goes with the panel; the place may outlive both.
+/// The place of the panel in the editor's window, which owns it. It contains the PresetsWidget,
+/// which is deleted with the panel; the place may outlive both.
 class PresetsFrame : public QWidget
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ public:
     PresetsFrame();
 
 signals:
-    /// Files that hold looks, as far as their names tell.
+    /// Files were dropped whose names are those of looks.
     void looksDropped(const QStringList& paths);
 
 protected:

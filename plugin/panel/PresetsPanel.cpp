@@ -56,7 +56,7 @@ PresetsPanel::PresetsPanel(LumetraEditor::IEditor& editor, const PanelFiles& fil
     ListenToBus();
 }
 
-/// The views look at the model, which ends here; a frame that has been placed is the editor's.
+/// Deletes the views first, since they use the model; a frame that has been placed is the editor's.
 PresetsPanel::~PresetsPanel()
 {
     delete m_widget;
@@ -75,7 +75,7 @@ void PresetsPanel::Load(const PanelFiles& files)
         m_editor.ShowMessage(problem);
 }
 
-/// Thumbnails are rendered by the editor, away from this thread.
+/// Lets the editor render thumbnails, away from this thread.
 void PresetsPanel::UseEditorsPreviews()
 {
     PreviewOptions options;

@@ -19,7 +19,7 @@ class PresetsWidget;
 class RecentPresets;
 class ThumbnailCache;
 
-/// Where a panel reads its presets and keeps those of the user.
+/// The files from which a panel reads presets, and in which it keeps the user's.
 struct PanelFiles
 {
     QStringList catalogues;
@@ -27,7 +27,7 @@ struct PanelFiles
     QString recent;             ///< may be empty: not kept
     QStringList resources = {}; ///< folders
 
-    /// As this program finds them.
+    /// The places where this program looks for them.
     static PanelFiles Find();
 };
 
@@ -37,7 +37,7 @@ class PresetsPanel : public QObject, public LumetraEditor::IEditorPanel
     Q_OBJECT
 
 public:
-    /// `editor` is kept by reference. What is wrong in the files is shown to the user.
+    /// `editor` is kept by reference. Errors in the files are shown to the user.
     PresetsPanel(LumetraEditor::IEditor& editor, const PanelFiles& files);
     ~PresetsPanel() override;
 

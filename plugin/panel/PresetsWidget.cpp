@@ -42,7 +42,7 @@ PresetsWidget::PresetsWidget(PresetCommands& commands, const AppliedEdit& edit,
     connect(&commands, &PresetCommands::photoChanged, &thumbnails, &ThumbnailCache::MarkAllOld);
 }
 
-/// The pages use the filter up to their end.
+/// Deletes the pages before the filter, which they use.
 PresetsWidget::~PresetsWidget()
 {
     delete m_pages;

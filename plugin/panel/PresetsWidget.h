@@ -25,8 +25,8 @@ class PresetPages;
 class RecentPresets;
 class ThumbnailCache;
 
-/// All that is seen of the panel: filter, pages, and the controls of the applied look. It looks at
-/// the presets and ends before them.
+/// The panel's contents: filter, pages, and the controls of the applied look. It refers to the
+/// presets and ends before them.
 class PresetsWidget : public QWidget
 {
     Q_OBJECT
@@ -47,8 +47,8 @@ private:
     QAction* AddAction(const char* name, const QKeySequence& key, const std::function<void()>& run);
     void ShowActionTexts();
     void ShowMenu(const QModelIndex& preset, const QPoint& position);
-    /// The preset that an action is about: the one with the menu, else with the keyboard, else the
-    /// one on the photo.
+    /// The preset for an action: the one with the menu, else with the keyboard, else the one on the
+    /// photo.
     QModelIndex GetMeant() const;
 
     PresetCommands& m_commands;

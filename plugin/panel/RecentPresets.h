@@ -13,7 +13,7 @@ class RecentPresets
 public:
     static constexpr int MaxCount = 24;
 
-    /// Reads what is kept at `path`; nothing there, or an empty path, is an empty list.
+    /// Reads the list at `path`; a missing file, or an empty path, is an empty list.
     explicit RecentPresets(const QString& path);
 
     void Add(const QString& id);

@@ -25,15 +25,15 @@ public:
 
     Zorvik::Lumetra::ClickSlider& GetSlider() { return *m_slider; }
     void SetName(const QString& name);
-    /// Brings the number to where the slider is, without telling anybody.
+    /// Shows the slider's number without a signal.
     void FollowSlider();
     /// Paints the groove in the palette's colours; from the centre where the range has two signs.
     void UpdateGroove();
 
 signals:
-    /// A number has been typed, or stepped to.
+    /// The user has typed a number, or stepped to it.
     void typed(int value);
-    /// The slider has been let go, or its wheel or key steps have ended.
+    /// The user has released the slider, or ended wheel or key steps.
     void finished();
     void resetRequested();
 

@@ -11,8 +11,8 @@ namespace LumetraPlugin {
 
 class PresetModel;
 
-/// The presets' pictures as they were last rendered. A picture is asked for when somebody wants to
-/// paint it, and only then; one that has become old goes on being shown until the new one comes.
+/// The presets' pictures as they were last rendered. A picture is requested only when it is to be
+/// painted; an outdated one is shown until the new one comes.
 class ThumbnailCache : public QObject
 {
     Q_OBJECT
@@ -20,19 +20,19 @@ class ThumbnailCache : public QObject
 public:
     explicit ThumbnailCache(PresetModel& model);
 
-    /// The preset's picture, asked for if it is missing or old; a null one while there is none.
+    /// The preset's picture, requested if it is missing or outdated; null while there is none.
     QPixmap Get(const QModelIndex& preset);
 
-    /// The picture of that key has been rendered.
+    /// Marks the picture of that key as rendered.
     void SetReady(const QString& key);
-    /// The preset looks different now.
+    /// Marks the preset's picture as outdated.
     void MarkOld(const QModelIndex& preset);
     void MarkAllOld();
-    /// Another photo: old pictures must not be seen.
+    /// Drops all pictures: those of another photo must not be seen.
     void Clear();
 
 signals:
-    /// The preset of that key would be painted differently; an empty key: all of them.
+    /// The preset with that key looks different now; an empty key: all of them.
     void changed(const QString& key);
 
 private:

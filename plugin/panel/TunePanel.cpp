@@ -134,7 +134,7 @@ SliderRow* TunePanel::MakeSlider(int position)
     return row;
 }
 
-/// As many as the preset has; those that are there already are used again.
+/// Makes as many sliders as the preset has; existing ones are used again.
 void TunePanel::MakeSliders()
 {
     const std::size_t needed = SlidersOf(m_preset).size();
@@ -159,7 +159,7 @@ void TunePanel::BindApplied()
 void TunePanel::ReadValues()
 {
     m_intensity->SetPersistentIndex(m_preset);
-    m_intensityRow->FollowSlider(); // the slider tells nobody that it was bound
+    m_intensityRow->FollowSlider(); // the slider emits nothing when it is bound
     const auto type = m_preset.data(PresetModel::IntensitySettingTypeRole);
     m_intensityRow->setEnabled(m_preset.isValid() &&
                                type.value<IntensitySettingType>() != IntensitySettingType::None);

@@ -21,8 +21,8 @@ class AppliedEdit;
 class PresetCommands;
 class SliderRow;
 
-/// The controls of the look that is on the photo: intensity, extra sliders, and what to do with it.
-/// Disabled as far as there is no look.
+/// The controls of the look that is on the photo: intensity, extra sliders and commands. Disabled
+/// without a look.
 class TunePanel : public QWidget
 {
     Q_OBJECT
@@ -31,9 +31,9 @@ public:
     /// Both are kept by reference.
     TunePanel(PresetCommands& commands, const AppliedEdit& edit, QWidget* parent = nullptr);
 
-    /// Another preset is applied, or none: binds everything to it.
+    /// Binds all controls to the applied preset, or to none.
     void BindApplied();
-    /// Takes the values over again.
+    /// Reads the values again.
     void ReadValues();
 
 protected:

@@ -29,7 +29,7 @@ bool IsTableEffect(const JsonObject& object)
     return text && *text == LumetraHost::Lut3dParameters::EffectId;
 }
 
-/// Nothing when the node is no table with numbers in it.
+/// The table's numbers; nothing when the node is no table with numbers in it.
 std::optional<QByteArray> ReadData(const JsonValue::Object& table, LookUpTable::Kind kind)
 {
     if (!table->Find(LookUpTableText::KeyData))
@@ -38,7 +38,7 @@ std::optional<QByteArray> ReadData(const JsonValue::Object& table, LookUpTable::
         const auto node = JsonSerializer::Create(table, std::string());
         return LookUpTableText::ReadData(node, LookUpTableText::ReadForm(node, kind));
     } catch (const Zorvik::Exception&) {
-        return std::nullopt; // reported by whoever wants to use it
+        return std::nullopt; // The error is reported when somebody uses the table.
     }
 }
 

@@ -48,7 +48,7 @@ bool IsTextOrAbsent(const JsonObject& object, const char* key)
     return !value || value->As<std::string>();
 }
 
-/// The list under `key` in `object`; a report when something else stands there.
+/// The list under `key` in `object`; another value in its place is reported.
 JsonValue::Array FindList(const JsonDocument& document, const JsonObject& object, const char* key,
                           const std::string& path, std::vector<std::string>& reports)
 {
@@ -175,7 +175,7 @@ Zorvik::Brassel::ConstSerializerPtr UserPresetStore::Load()
     return JsonSerializer::Create(usable, m_seen.GetName(), m_file.GetContents());
 }
 
-/// Tables that this store keeps already are written by their names.
+/// Writes the model; tables that this store keeps already are written by their names.
 JsonDocument UserPresetStore::Write(const EffectPresetModel& model) const
 {
     JsonDocument state(m_seen.GetName());
@@ -194,7 +194,7 @@ std::vector<std::string> UserPresetStore::Save(const EffectPresetModel& model)
     const JsonDocument state = Write(model);
     const UserStoreMerge merge(
         [this](const JsonValue& element) { return TryPreset(element, 0, nullptr); });
-    // A table and the name of its file are the same to the merge once all have the same form.
+    // Gives equal tables one form, the name of their file, which the merge compares.
     StoreTables tables;
     for (const JsonDocument& document : {m_remembered, state, m_seen})
         tables.TakeOut(*document.GetObject());

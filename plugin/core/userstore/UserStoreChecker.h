@@ -18,9 +18,9 @@ namespace LumetraPlugin {
 class UserStoreChecker
 {
 public:
-    /// True when the file says by its "format" that it is one, or has no format and the members of
-    /// one: the first version wrote none. UserPresetStore opens the same files, and beside them
-    /// only an object without members, which nobody would lose.
+    /// True when the file's "format" is that of a store, and for the first version, which wrote no
+    /// format, when it has the members of one. UserPresetStore opens the same files, and also an
+    /// object without members, which nobody would lose.
     static bool IsStore(const LumetraHost::JsonDocument& document);
 
     /// `controllerKinds`: the kinds of preset controller that can be made.

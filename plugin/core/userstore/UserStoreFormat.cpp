@@ -9,7 +9,8 @@ using LumetraHost::UserDataForm;
 
 constexpr qint64 LargestFirstVersion = 1024 * 1024 * 1024;
 
-/// The first version wrote no format. A list of items alone may be anybody's.
+/// True for the members of a store's first version, which wrote no format. A list of items alone
+/// may be anybody's.
 bool HasMembersOfStore(const JsonObject& root)
 {
     return root.Find(UserStoreFormat::Presets) || root.Find(UserStoreFormat::Favourites);

@@ -14,18 +14,18 @@ namespace LumetraPlugin {
 /// ID. Files of the first version may have Items at the root, in place of the node.
 struct UserStoreFormat
 {
-    // At the root.
+    // Keys at the root.
     static constexpr const auto& Presets = Zorvik::Lumetra::LumetraPresets::PresetKeys::UserPresets;
     static constexpr const auto& Favourites =
         Zorvik::Lumetra::LumetraPresets::PresetKeys::Favourites;
     static constexpr const auto& Items = Zorvik::Brassel::Settings::ConfigData::ITEMS;
 
-    // In a preset and in a mark.
+    // Keys in a preset and in a mark.
     static constexpr const auto& ID = Zorvik::Lumetra::LumetraPresets::PresetKeys::ID;
     static constexpr const auto& Name = Zorvik::Brassel::Settings::EffectInfo::KEY_NAME;
     static constexpr const auto& Group = Zorvik::Brassel::Settings::EffectInfo::KEY_GROUP;
 
-    /// How the file of a store is told from others, and which versions there are.
+    /// Describes how the file of a store is told from others, and which versions there are.
     static const LumetraHost::UserDataForm& GetForm();
 };
 

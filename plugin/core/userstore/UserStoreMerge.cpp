@@ -46,8 +46,8 @@ JsonValue::Array FindPresetList(const JsonObject& data)
     return holder ? Member<JsonValue::Array>(*holder, Format::Items) : nullptr;
 }
 
-/// The same, made where it is missing. What stands in its place without being one moves to a key
-/// of its own, so that nothing is lost.
+/// The member under `key` as T, made where it is missing. A value of another type moves to a new
+/// key, so that nothing is lost.
 template <class T>
 T RequireMember(JsonObject& object, const std::string& key)
 {
@@ -72,7 +72,7 @@ JsonValue::Array RequirePresetList(JsonObject& data)
                                            Format::Items);
 }
 
-/// Tells each element's key while walking a list from its begin.
+/// Counts the keys of a list's elements, from its begin.
 class KeyCounter
 {
 public:
@@ -99,7 +99,7 @@ Presets CollectPresets(const JsonObject& data, const Usable& isUsable)
     return presets;
 }
 
-/// What a model wrote of itself is usable without a look.
+/// Collects the presets that the model wrote: all of them are usable.
 Presets CollectWritten(const JsonObject& data)
 {
     return CollectPresets(data, [](const JsonValue&) { return true; });
@@ -144,8 +144,8 @@ JsonObject& ObjectOf(const JsonValue& element)
     return **element.As<JsonValue::Object>();
 }
 
-/// One merge of the lists of presets: what this program knew and knows now, and the list that the
-/// file is to have.
+/// One merge of the lists of presets: the list that this program knew, the one that it knows now,
+/// and the one that the file is to have.
 class PresetListMerge
 {
 public:
@@ -222,7 +222,7 @@ void PresetListMerge::KeepUnlessRemoved(const JsonValue& element, const PresetKe
     m_merged.push_back(element);
 }
 
-/// New ones, and those that another program removed while they were changed here.
+/// Appends new presets, and those that another program removed while they were changed here.
 void PresetListMerge::AppendNew()
 {
     KeyCounter keys;
