@@ -60,7 +60,7 @@ ExistingOutput ReadExisting(const QCommandLineParser& parser)
     return isSkip ? ExistingOutput::Skip : ExistingOutput::Refuse;
 }
 
-/// Bytes.
+/// The memory of --memory in bytes, or half of the machine's.
 std::uint64_t ReadMemory(const QCommandLineParser& parser)
 {
     if (!parser.isSet(MemoryOption))
@@ -83,7 +83,7 @@ ExportLook::Precision ReadPrecision(const QCommandLineParser& parser)
     return parser.isSet(ExactOption) ? ExportLook::Precision::Exact : ExportLook::Precision::Tables;
 }
 
-/// The look of a LUT file joins the user's presets for this run; nothing is saved. It keeps its
+/// Adds the look of a LUT file to the user's presets for this run; nothing is saved. It keeps its
 /// name even when the user has imported it before: outputs are named after it.
 PresetRow AddLutPreset(LumetraPlugin::PresetSession& session, const QString& file)
 {
@@ -98,7 +98,7 @@ PresetRow AddLutPreset(LumetraPlugin::PresetSession& session, const QString& fil
     return PresetRows::Find(PresetRows::Read(session.GetModel()), id);
 }
 
-/// Refuses a name that no preset has when it is, or looks like, the name of a file: the file is
+/// Throws for a name that no preset has and that is, or looks like, the name of a file: the file is
 /// missing or no LUT file.
 void RefuseFile(const QString& preset)
 {
@@ -116,7 +116,7 @@ void RefuseFile(const QString& preset)
                 .arg(file.isDir() ? QStringLiteral("folder") : QStringLiteral("file"), preset));
 }
 
-/// Nothing, and reported, when it is a LUT file that cannot be used.
+/// The preset; nothing, after a report, for a LUT file that cannot be used.
 std::optional<PresetRow> FindPreset(LumetraPlugin::PresetSession& session, const QString& preset,
                                     Console& console)
 {
@@ -134,7 +134,7 @@ std::optional<PresetRow> FindPreset(LumetraPlugin::PresetSession& session, const
     }
 }
 
-/// Puts what the preset does into the recipe.
+/// Puts the preset's packages and records into the recipe.
 void AddEdit(ExportRecipe& recipe, const PresetUse& use, LumetraPlugin::PresetSession& session,
              ExportLook::Precision precision)
 {

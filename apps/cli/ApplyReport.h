@@ -14,8 +14,8 @@ namespace LumetraCli {
 class Console;
 class PresetUse;
 
-/// Tells what became of each photo: the names of written (in a dry run: planned) files or one JSON
-/// text on stdout, failures and warnings on stderr.
+/// Reports the outcome for each photo: on stdout the names of written (in a dry run: planned) files
+/// or one JSON text, on stderr failures and warnings.
 class ApplyReport
 {
 public:

@@ -13,15 +13,15 @@ namespace LumetraCli {
 
 class Console;
 
-/// The options of all commands that work with presets, and what they lead to.
+/// The options of all commands that work with presets, and the session that they describe.
 class CatalogueOptions
 {
 public:
     static void Add(QCommandLineParser& parser);
 
     /// A session with the presets of the system's, the user's and the named catalogues, and with
-    /// the user's own. What is wrong in them is reported; null, and reported, when a named one
-    /// cannot be used or there are no presets at all. Without a store when it cannot be read.
+    /// the user's own. Errors in them are reported. Null, after a report, when a named one cannot
+    /// be used or there are no presets at all. Without a store when it cannot be read.
     static std::unique_ptr<LumetraPlugin::PresetSession> Load(const QCommandLineParser& parser,
                                                               Console& console);
 };

@@ -31,7 +31,7 @@ using LumetraHost::JsonDocument;
 using LumetraPlugin::PresetControllerFactory;
 using LumetraPlugin::UserStoreChecker;
 
-/// A store by itself; anything else is added to the catalogues.
+/// Checks a store by itself; adds any other file to the catalogues.
 void TakeFile(const QString& file, CatalogueParser& catalogues, CatalogueReports& reports)
 {
     try {
@@ -41,12 +41,12 @@ void TakeFile(const QString& file, CatalogueParser& catalogues, CatalogueReports
         else
             catalogues.AddDocument(document);
     } catch (const Zorvik::Exception&) {
-        catalogues.AddFile(file); // reports the same
+        catalogues.AddFile(file); // AddFile() reports the error that was found here.
     }
 }
 
-/// The catalogues that are read whatever is named: their ids are taken and their sliders offered.
-/// One that a checked file would replace, by its name, is left out.
+/// Adds the catalogues that are read even if they are not named: their ids are taken and their
+/// sliders offered. One that a checked file would replace, by its name, is left out.
 void TakeOthers(const QStringList& files, CatalogueParser& catalogues)
 {
     std::set<FileIdentity> checked;
@@ -125,7 +125,7 @@ void CheckCommand::AddOptions(QCommandLineParser& parser) const
         QStringLiteral("FILE..."));
 }
 
-/// The reports are the data of this command: stdout.
+/// The reports are the data of this command, so they go to stdout.
 ExitCode CheckCommand::Execute(const QCommandLineParser& parser, Console& console) const
 {
     const QStringList files = parser.positionalArguments().mid(1);

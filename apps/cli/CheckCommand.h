@@ -5,8 +5,8 @@
 
 namespace LumetraCli {
 
-/// Checks catalogues, the user's stores and LUT files and says what is wrong in them, with file,
-/// line and column.
+/// Checks catalogues, the user's stores and LUT files. Reports each error with file, line and
+/// column.
 class CheckCommand : public Command
 {
 public:

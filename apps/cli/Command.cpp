@@ -9,7 +9,8 @@ namespace {
 
 QString Help(const QCommandLineParser& parser, const QString& command)
 {
-    // Qt names the program by the path it was started with, and knows no commands.
+    // The usage line is mended, as Qt names the program by the path it was started with, and knows
+    // no commands.
     QString help = parser.helpText();
     help.replace(0, help.indexOf(QStringLiteral(" [options]")),
                  QStringLiteral("Usage: lumetra-presets ") + command);

@@ -26,7 +26,7 @@ public:
 
 protected:
     virtual void AddOptions(QCommandLineParser& parser) const = 0;
-    /// Throws UsageError before anything was changed.
+    /// Does the command's work. Throws UsageError before anything was changed.
     virtual ExitCode Execute(const QCommandLineParser& parser, Console& console) const = 0;
 
     /// The command's arguments. UsageError unless there are `minimum` to `maximum` of them.

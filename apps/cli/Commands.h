@@ -11,7 +11,7 @@ namespace LumetraCli {
 /// All commands, in the order of the help. A new command is added here and nowhere else.
 const std::vector<std::unique_ptr<Command>>& GetCommands();
 
-/// Null when there is no such command.
+/// The command of that name, or null.
 const Command* FindCommand(const QString& name);
 
 } // namespace LumetraCli

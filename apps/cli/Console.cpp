@@ -30,7 +30,7 @@ QString MakeVisibleLines(const QString& text)
 
 Console::Console() : m_isTerminal(isatty(STDERR_FILENO) == 1)
 {
-    std::signal(SIGPIPE, SIG_IGN); // writing reports it
+    std::signal(SIGPIPE, SIG_IGN); // write() then reports a reader that has gone
 }
 
 void Console::Write(const QByteArray& data)

@@ -5,32 +5,32 @@
 
 namespace LumetraCli {
 
-/// The program's two outputs: data on stdout, messages and progress on stderr, all UTF-8. Each
-/// line reaches its output at once, so that a reader of a pipe, and whoever ends the program, sees
-/// what was done. Control characters, which names from files may have, are written out (\x1b).
-/// Progress is shown on a terminal only.
+/// The program's two outputs: data on stdout, messages and progress on stderr, all UTF-8. Each line
+/// reaches its output at once, so that a reader of a pipe sees it, even if the program is killed.
+/// Control characters, which names from files may have, are written out (\x1b). Progress is shown
+/// on a terminal only.
 class Console
 {
 public:
     Console();
 
     void PrintLine(const QString& line);
-    /// Several lines, such as a help text.
+    /// Prints several lines, such as a help text.
     void PrintText(const QString& text);
     void PrintJson(const QByteArray& json);
-    /// A message of the program, on a line of its own.
+    /// Reports a message of the program, on a line of its own.
     void Report(const QString& message);
-    /// A message that begins with its own place ("file:line:column: …").
+    /// Reports a message that begins with its own place ("file:line:column: …").
     void ReportPlace(const QString& message);
-    /// Several lines, such as a help text.
+    /// Reports several lines, such as a help text.
     void ReportText(const QString& text);
-    /// Shows how far a longer task is, in place of the progress before.
+    /// Shows how far a longer task is; replaces the progress shown before.
     void ShowProgress(int done, int total, const QString& what);
     void ClearProgress();
 
     /// Ends the progress. False when something could not be written to stdout.
     bool Finish();
-    /// True when whoever read stdout has gone. What is printed then is dropped, so that a batch is
+    /// True when the reader of stdout has gone. Further lines are dropped, so that a batch is
     /// carried out to its end all the same.
     bool IsReaderGone() const { return m_isReaderGone; }
 

@@ -36,7 +36,7 @@ void DrawText(QPainter& painter, const QRect& area, const QString& text, const Q
     painter.drawText(area, alignment | Qt::AlignVCenter | Qt::TextSingleLine, fitting);
 }
 
-/// Draws a frame that says that the picture is missing.
+/// Draws a frame that stands for a missing picture.
 void DrawGap(QPainter& painter, const QRect& area)
 {
     painter.setPen(QColor(GapColour));

@@ -17,7 +17,7 @@ public:
     struct Tile
     {
         QString label;
-        QImage picture; ///< null: the tile says that there is none
+        QImage picture; ///< null: a frame is drawn in its place
     };
 
     struct Section
@@ -28,7 +28,7 @@ public:
 
     static constexpr int MaxSide = 32'000; ///< pixels
 
-    /// Tiles are `tile` pixels, larger pictures are scaled down; `columns` of them stand side by
+    /// `tile`: pixels of a tile, to which larger pictures are scaled down. `columns`: tiles side by
     /// side.
     ContactSheet(const QSize& tile, int columns);
 

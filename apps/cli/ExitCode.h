@@ -3,12 +3,12 @@
 
 namespace LumetraCli {
 
-/// What the program tells the shell.
+/// The program's exit codes.
 enum class ExitCode
 {
     Done = 0,
     SomeFailed = 1, ///< an input could not be used; the others were
-    Usage = 2       ///< the command line asks for something that cannot be done; nothing was
+    Usage = 2       ///< the command line asks for something impossible; nothing was changed
 };
 
 } // namespace LumetraCli

@@ -32,7 +32,7 @@ QStringList Import(const QString& file, const QString& name, PresetSession& sess
     return done;
 }
 
-/// Empty: each preset is named by its file.
+/// The name of the preset; empty: each preset is named by its file.
 QString ReadName(const QCommandLineParser& parser, PresetSession& session, int files)
 {
     if (!parser.isSet(NameOption))

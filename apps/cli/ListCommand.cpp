@@ -116,7 +116,7 @@ void PrintJson(const QAbstractItemModel& model, const std::vector<PresetRow>& ro
 {
     const LumetraHost::JsonDocument document("presets");
     const auto groups = document.GetRoot()->CreateCollection("groups");
-    auto row = rows.begin(); // they stand in the order of the groups
+    auto row = rows.begin(); // rows stand in the order of the groups
     for (int g = 0; g < model.rowCount(); ++g) {
         const QModelIndex index = model.index(g, 0);
         const auto group = groups->AddElement();

@@ -9,13 +9,13 @@ namespace LumetraCli {
 class OutputFile
 {
 public:
-    /// --output, described by `help`, and --overwrite.
+    /// Adds --output, described by `help`, and --overwrite.
     static void AddOptions(QCommandLineParser& parser, const QString& help);
 
-    /// As it was given; empty without --output.
+    /// The file name as it was given; empty without --output.
     static QString GetName(const QCommandLineParser& parser);
-    /// The same for a file that may be written. UsageError unless it ends in `suffix`, such as
-    /// "png", which the message calls `kind`, and when there is such a file and no --overwrite.
+    /// The file name, checked. UsageError unless it ends in `suffix`, such as "png", which the
+    /// message calls `kind`, and when there is such a file and no --overwrite.
     static QString Read(const QCommandLineParser& parser, const QString& suffix,
                         const QString& kind);
 };

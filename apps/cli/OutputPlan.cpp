@@ -42,7 +42,7 @@ bool IgnoresCase(const QString& path)
     return types.count(QStorageInfo(FindExisting(path)).fileSystemType()) != 0;
 }
 
-/// Two outputs with equal keys would be one file.
+/// A key of the output's file; outputs with equal keys would be one file.
 FileIdentity GetOutputKey(const QString& output)
 {
     if (QFileInfo::exists(output) || !IgnoresCase(output))
@@ -51,7 +51,7 @@ FileIdentity GetOutputKey(const QString& output)
     return FileIdentity::Of(QDir(info.absolutePath()).filePath(info.fileName().toCaseFolded()));
 }
 
-/// Refuses what cannot be a photo. It keeps no other photo from its output.
+/// Fails the job of a file that cannot be a photo, so that it keeps no other photo from its output.
 void CheckPhoto(PhotoJob& job)
 {
     const QFileInfo photo(job.photo);
@@ -63,7 +63,7 @@ void CheckPhoto(PhotoJob& job)
         Fail(job, QStringLiteral("%1: expected a photo, found no plain file").arg(job.photo));
 }
 
-/// A photo that was named before, for the same output, is done once.
+/// Skips a photo that was named before for the same output.
 void SkipRepeated(const Jobs& sharing)
 {
     std::map<FileIdentity, QString> names;
@@ -77,7 +77,7 @@ void SkipRepeated(const Jobs& sharing)
     }
 }
 
-/// None of several photos for one output is written: nobody can tell which one was meant.
+/// Fails all photos that share an output: nobody can tell which one was meant.
 void RefuseShared(const Jobs& sharing)
 {
     Jobs different;

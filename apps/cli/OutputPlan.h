@@ -10,7 +10,7 @@ namespace LumetraCli {
 
 class OutputTemplate;
 
-/// What becomes of one photo.
+/// One photo of a batch, its output, and the outcome.
 struct PhotoJob
 {
     enum class State
@@ -27,7 +27,7 @@ struct PhotoJob
     QString message; ///< of a failure, and of a photo that was named before
 };
 
-/// What to do with an output that is there already.
+/// Ways to treat an output that is there already.
 enum class ExistingOutput
 {
     Refuse,
@@ -35,13 +35,13 @@ enum class ExistingOutput
     Skip
 };
 
-/// Decides what is written where before anything is done.
+/// Chooses the output of each photo before anything is written.
 class OutputPlan
 {
 public:
-    /// A job per photo, in their order. A photo's output that exists fails or is skipped, unless it
-    /// may be overwritten; no input is ever overwritten, and no photo with an edit of its own.
-    /// Photos that would be written to one file all fail, the others are not touched by that. A
+    /// Makes a job per photo, in their order. A photo's output that exists fails or is skipped,
+    /// unless it may be overwritten; no input is ever overwritten, and no photo with an edit of its
+    /// own. Photos that would be written to one file all fail, without effect on the others. A
     /// photo that is named again, whether by another path or through a link, is skipped when it
     /// would be written to the same file.
     static std::vector<PhotoJob> Make(const QStringList& photos, const OutputTemplate& outputs,

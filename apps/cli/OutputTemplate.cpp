@@ -51,7 +51,8 @@ void RefuseLoneBraces(const QString& text)
             QStringLiteral("--output: expected braces in pairs, found \"%1\"").arg(text));
 }
 
-/// What no common file system or shell stumbles over; empty names get a word.
+/// The text without characters that trouble file systems or shells; a word in place of an empty
+/// one.
 QString FileNamePart(const QString& text)
 {
     const auto isUnfit = [](QChar character) {

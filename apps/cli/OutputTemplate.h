@@ -5,8 +5,9 @@
 
 namespace LumetraCli {
 
-/// A file name with placeholders: {folder}, {name} and {ext} of the photo, {preset}. The preset's
-/// name is made fit for a file name. A photo whose kind of file cannot be written becomes a JPEG.
+/// A file name with placeholders: {folder}, {name} and {ext} of the photo, {preset}. Characters
+/// that file names cannot have are taken out of the preset's name. A photo whose kind of file
+/// cannot be written becomes a JPEG.
 class OutputTemplate
 {
 public:

@@ -36,7 +36,7 @@ public:
     }
 
     void Work();
-    /// Waits for a job and returns what was noticed in its photo.
+    /// Waits for a job and returns the warnings about its photo.
     const Warnings& WaitFor(std::size_t job);
 
 private:
@@ -96,7 +96,7 @@ void PhotoBatch::Run(std::vector<PhotoJob>& jobs, const ExportRecipe& recipe,
     ExportControl control;
     control.threads = std::max(1, ThreadPool::GetShared().GetThreadCount() / std::max(1, count));
     Workers workers(jobs, recipe, control, m_limits.memory);
-    std::vector<std::future<void>> threads; // wait for their threads when they go
+    std::vector<std::future<void>> threads; // destroyed futures wait for their threads
     for (int i = 0; i < count; ++i)
         threads.push_back(std::async(std::launch::async, &Workers::Work, &workers));
     for (std::size_t i = 0; i < jobs.size(); ++i) {

@@ -11,9 +11,10 @@
 
 namespace LumetraCli {
 
-/// Exports many photos by one recipe, several of them at the same time: a photo then has a share of
-/// the threads, which costs less than dividing every photo's work, and all share the look's tables.
-/// Photos wait while those in work take too much memory. One that fails does not stop the others.
+/// Exports many photos by one recipe, several of them at the same time: each photo then has a share
+/// of the threads, which costs less than dividing every photo's work, and all share the look's
+/// tables. Photos wait while the running ones take too much memory. One that fails does not stop
+/// the others.
 class PhotoBatch
 {
 public:
@@ -28,8 +29,8 @@ public:
 
     explicit PhotoBatch(const Limits& limits) : m_limits(limits) {}
 
-    /// Carries out the planned ones of `jobs`, each in the format that its output's name asks for.
-    /// Nobody may change the effects of the recipe meanwhile.
+    /// Carries out the planned jobs, each in the format of its output's extension. Nobody may
+    /// change the effects of the recipe meanwhile.
     void Run(std::vector<PhotoJob>& jobs, const LumetraHost::ExportRecipe& recipe,
              const Ended& ended) const;
 

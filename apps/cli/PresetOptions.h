@@ -7,16 +7,16 @@
 
 namespace LumetraCli {
 
-/// The options that say which preset is meant and with which values.
+/// The options that choose a preset and its values.
 class PresetOptions
 {
 public:
-    /// --preset, described by `help`, and its `valueName` there; --intensity and --set.
+    /// Adds --preset, described by `help`, with its `valueName`; --intensity and --set.
     static void Add(QCommandLineParser& parser, const QString& help, const QString& valueName);
-    /// --intensity and --set alone, for commands that are told the preset otherwise.
+    /// Adds --intensity and --set alone, for commands that get the preset as an argument.
     static void AddValues(QCommandLineParser& parser);
 
-    /// UsageError unless --preset was given once.
+    /// The value of --preset. UsageError unless it was given once.
     static QString ReadPreset(const QCommandLineParser& parser);
     /// The preset with the values that were given. UsageError and Exception: see PresetUse.
     static PresetUse MakeUse(const QCommandLineParser& parser, const PresetRow& preset);

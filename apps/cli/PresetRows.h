@@ -15,7 +15,7 @@ class PresetModel;
 
 namespace LumetraCli {
 
-/// What the model tells of one preset.
+/// Data of one preset, from the model's roles.
 struct PresetRow
 {
     QModelIndex index;
@@ -37,21 +37,21 @@ struct PresetRow
     QString GetIntensityKind() const;
 };
 
-/// The presets of a model, read through its roles. Resources that are there are handed over.
+/// Reads the presets of a model through its roles. Resources that are there are handed over.
 class PresetRows
 {
 public:
     static std::vector<PresetRow> Read(LumetraPlugin::PresetModel& model);
 
-    /// Why the preset cannot be drawn: its `problem`, or a file that it needs and that is damaged.
-    /// Empty when it can. Reads the files.
+    /// The reason why the preset cannot be drawn: its `problem`, or a file that it needs and that
+    /// is damaged. Empty when it can. Reads the files.
     static QString FindProblem(const PresetRow& row);
 
     /// True when Find() would find one or several.
     static bool Has(const std::vector<PresetRow>& rows, const QString& nameOrId);
-    /// The preset of that id; else the one of that name, upper and lower case alike when none is
-    /// written just so. UsageError, which begins with the `argument` it came from, for an unknown
-    /// name, with the nearest one, and for one that several presets have, with their ids.
+    /// The preset with that id; else the one with that name, upper and lower case alike when no
+    /// name is written just so. UsageError, which begins with the `argument` it came from, for an
+    /// unknown name, with the nearest one, and for one that several presets have, with their ids.
     static PresetRow Find(const std::vector<PresetRow>& rows, const QString& nameOrId,
                           const QString& argument = QStringLiteral("--preset"));
 };

@@ -119,7 +119,7 @@ void PresetUse::Tune(EffectPresetModel& model) const
 
 std::vector<EffectsSettings> PresetUse::MakePackages(LumetraPlugin::PresetSession& session) const
 {
-    session.ClosePhoto(); // what is drawn does not depend on the photo
+    session.ClosePhoto(); // the packages do not depend on the photo
     EffectPresetModel& model = session.GetModel();
     model.setData(m_preset.index, true, EffectPresetModel::AppliedRole);
     Tune(model);
@@ -133,7 +133,8 @@ PresetUse::MakeRecords(const std::vector<EffectsSettings>& packages) const
 {
     LumetraHost::EditRecord record;
     record.preset = m_preset.name.toStdString();
-    record.intensity = GetIntensity().value_or(record.intensity); // all of it where there is none
+    record.intensity =
+        GetIntensity().value_or(record.intensity); // a preset without intensity has its full effect
     std::vector<LumetraHost::EditRecord> records;
     for (const auto& package : packages)
         if (!package.Package().GetPresetName().empty())
@@ -154,7 +155,7 @@ EffectsSettings PresetUse::GetLook(LumetraPlugin::PresetSession& session) const
 
 void PresetUse::SaveAs(LumetraPlugin::PresetSession& session, const QString& name) const
 {
-    session.ClosePhoto(); // a workspace to tune in, without a photo
+    session.ClosePhoto(); // tuning needs a workspace, but no photo
     EffectPresetModel& model = session.GetModel();
     model.setData(m_preset.index, true, EffectPresetModel::AppliedRole);
     Tune(model);

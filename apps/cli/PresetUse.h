@@ -39,11 +39,11 @@ public:
     std::vector<Zorvik::Quindle::EffectsSettings>
     MakePackages(LumetraPlugin::PresetSession& session) const;
 
-    /// The records that an exported photo with these packages keeps of them, as from the editor.
+    /// The records of these packages for an exported photo, equal to those of the editor.
     std::vector<LumetraHost::EditRecord>
     MakeRecords(const std::vector<Zorvik::Quindle::EffectsSettings>& packages) const;
 
-    /// What the preset puts on a photo with these values: its effects and its blend amount.
+    /// The effects and the blend amount of the preset with these values.
     Zorvik::Quindle::EffectsSettings GetLook(LumetraPlugin::PresetSession& session) const;
 
     /// Adds a user preset with these values to the session's model.

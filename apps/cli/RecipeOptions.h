@@ -8,7 +8,7 @@
 
 namespace LumetraCli {
 
-/// The options that say what exported files are to be like: --quality, --size, --depth, --metadata.
+/// The options for the form of exported files: --quality, --size, --depth, --metadata.
 class RecipeOptions
 {
 public:

@@ -28,7 +28,8 @@ void RemoveCommand::AddArguments(QCommandLineParser& parser) const
 QStringList RemoveCommand::Edit(const QCommandLineParser& parser,
                                 LumetraPlugin::PresetSession& session, const Rows& rows) const
 {
-    // All are found before the first goes; persistent indexes follow the rows that move up.
+    // Finds all presets before the first is removed; persistent indexes follow the rows that move
+    // up.
     std::vector<std::pair<QPersistentModelIndex, QString>> presets;
     for (const QString& argument : Arguments(parser, 1, std::numeric_limits<int>::max())) {
         const PresetRow row = FindUsersPreset(rows, argument);

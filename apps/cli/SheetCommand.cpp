@@ -37,7 +37,8 @@ using Sections = std::vector<ContactSheet::Section>;
 constexpr int MinimumTile = 32;
 constexpr int MaximumTile = 2000;
 constexpr int MaximumColumns = 50;
-constexpr double FlattestTile = 0.5; // height by width; beyond these the previews are cropped
+constexpr double FlattestTile =
+    0.5; // height by width; in flatter tiles, and equally narrow ones, the previews are cropped
 constexpr double TallestTile = 1.5;
 
 const QString ColumnsOption = QStringLiteral("columns");
@@ -59,9 +60,9 @@ QString ReadOutput(const QCommandLineParser& parser, const QString& photo)
     return OutputFile::Read(parser, QStringLiteral("png"), QStringLiteral("PNG"));
 }
 
-/// The longer side that the photo has to keep: none of the previews, which are cropped where the
-/// photo is long, may be enlarged, and with twice the pixels they stay as sharp as from all of
-/// them.
+/// The longer side at which the photo is decoded. No preview may be enlarged, and with twice the
+/// pixels they are as sharp as from the whole photo. Previews are cropped where the photo is long,
+/// which takes more pixels.
 int GetSmallestSide(const QString& path, int tile)
 {
     LumetraHost::PhotoFile file(path);
@@ -95,7 +96,7 @@ Sections MakeSections(const std::vector<PresetRow>& rows)
     return sections;
 }
 
-/// Returns why there is no picture; nothing when there is one.
+/// Renders the picture; returns why there is none, nothing when there is one.
 QString RenderPreview(const PresetRow& row, QImage& picture)
 {
     try {
@@ -109,7 +110,8 @@ QString RenderPreview(const PresetRow& row, QImage& picture)
     }
 }
 
-/// Presets that cannot be drawn keep their places without a picture, and are reported.
+/// Renders the pictures. Presets that cannot be drawn keep their places without one, and are
+/// reported.
 ExitCode RenderPreviews(const std::vector<PresetRow>& rows, Sections& sections, Console& console)
 {
     ExitCode code = ExitCode::Done;

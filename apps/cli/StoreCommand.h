@@ -18,11 +18,10 @@ namespace LumetraCli {
 class StoreCommand : public Command
 {
 public:
-    /// Saves to the session's store; reports what is wrong.
+    /// Saves to the session's store; reports errors.
     static ExitCode Save(LumetraPlugin::PresetSession& session, Console& console);
-    /// `name` as a user's preset may be called: trimmed, 1 to 50 characters without control
-    /// characters, not yet taken.
-    /// UsageError.
+    /// `name`, trimmed. UsageError for one that no preset of the user's may have (1 to 50
+    /// characters without control characters), or that one has already.
     static QString NewName(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model,
                            const QString& name);
 
@@ -32,15 +31,15 @@ protected:
     void AddOptions(QCommandLineParser& parser) const override;
     ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
 
-    /// The command's own arguments and options.
+    /// Adds the command's own arguments and options.
     virtual void AddArguments(QCommandLineParser& parser) const = 0;
-    /// Changes the model; returns what was done, a line each. UsageError before anything changed.
+    /// Changes the model; returns a line for each change. UsageError before anything changed.
     virtual QStringList Edit(const QCommandLineParser& parser,
                              LumetraPlugin::PresetSession& session, const Rows& rows) const = 0;
 
     /// Finds a preset among `rows` by name or id. UsageError.
     static PresetRow FindPreset(const Rows& rows, const QString& nameOrId);
-    /// The same among the user's own presets; UsageError for one of a catalogue.
+    /// Finds a preset among the user's own; UsageError for one of a catalogue.
     static PresetRow FindUsersPreset(const Rows& rows, const QString& nameOrId);
 };
 

@@ -63,7 +63,7 @@ ExitCode Run(const QStringList& arguments, Console& console)
     return ExitCode::Usage;
 }
 
-/// Qt warns without such a folder, and would make one that stays.
+/// Makes a runtime folder when the system names none: Qt would warn, and make one that stays.
 void EnsureRuntimeFolder(const QTemporaryDir& folder)
 {
     const QFileInfo given(qEnvironmentVariable("XDG_RUNTIME_DIR"));
@@ -80,7 +80,7 @@ std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv,
         return std::make_unique<QCoreApplication>(argc, argv);
     runtimeFolder = std::make_unique<QTemporaryDir>();
     EnsureRuntimeFolder(*runtimeFolder);
-    // Fonts need a platform, but never a display.
+    // Fonts need a platform plug-in, but not a display.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     return std::make_unique<QGuiApplication>(argc, argv);
 }

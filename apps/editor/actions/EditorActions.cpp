@@ -74,7 +74,7 @@ QAction* EditorActions::Add(const char* name, const QList<QKeySequence>& keys)
     auto* const action = new QAction(this);
     action->setObjectName(QLatin1String(name));
     action->setShortcuts(keys);
-    m_window.addAction(action); // keys also work where the menu bar is hidden
+    m_window.addAction(action); // in the window, keys also work where the menu bar is hidden
     m_all.push_back(action);
     return action;
 }
@@ -103,7 +103,7 @@ void EditorActions::FillMenuBar(QMenuBar& bar)
         bar.addMenu(menu);
 }
 
-/// The tool tip of a tool button names the key too.
+/// Sets the text, and the tool tip of a tool button, which names the key too.
 void EditorActions::SetText(QAction* action, const QString& text)
 {
     action->setText(text);
@@ -139,7 +139,7 @@ void EditorActions::Translate()
     SetText(fullScreen, tr("F&ull Screen"));
     SetText(dark, tr("&Dark"));
     SetText(light, tr("&Light"));
-    // Languages in their own words, so that one finds back.
+    // Languages are named in their own words, so that users of a wrong one find back.
     SetText(english, QStringLiteral("&English"));
     SetText(german, QStringLiteral("&Deutsch"));
     SetText(shortcuts, tr("&Keyboard Shortcuts"));

@@ -16,9 +16,9 @@ class QWidget;
 
 namespace LumetraEditor {
 
-/// The commands of the editor's window with their texts, keys and icons, and the menus that they
-/// stand in. What they do is connected by the window. `iconText()` is the command's name without
-/// what it would be done to at this moment.
+/// The commands of the editor's window with their texts, keys and icons, and their menus. The
+/// window connects them to their effects. `iconText()` is the command's name without the object
+/// that it would be done to at this moment.
 class EditorActions : public QObject
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ public:
     void FillMenuBar(QMenuBar& bar);
     void Translate();
     void SetIcons(LumetraHost::PaletteKind kind);
-    /// Commands that need a photo.
+    /// Enables or disables the commands that need a photo.
     void SetPhotoEnabled(bool enabled);
 
     /// All commands with a key, in the order of the menus.

@@ -63,7 +63,8 @@ bool PanelKeys::IsTaken(const QKeySequence& key, const QObject& asking) const
            });
 }
 
-/// A sentence that names the keys; empty when all of them are free.
+/// Takes keys with another meaning off the panel. Returns a sentence that names them; empty when
+/// all are free.
 QString PanelKeys::DropTakenKeys(QWidget& panel, const QString& title)
 {
     QStringList dropped;

@@ -13,9 +13,9 @@ class QAction;
 namespace LumetraEditor {
 
 /// Lets the keys of the panels' actions work in the whole window, wherever the focus is and whether
-/// the panel is seen or not: a panel that is out of sight comes into sight first. While a panel is
-/// disabled, its keys are too. No key has two meanings: one that is taken already is taken off the
-/// action or shortcut that comes later, and that is told.
+/// the panel is seen or not: a hidden panel is shown first. While a panel is disabled, its keys are
+/// too. No key has two meanings: one that is taken already is taken off the action or shortcut that
+/// comes later, and the user is told.
 class PanelKeys : public QObject
 {
     Q_OBJECT
@@ -26,9 +26,9 @@ public:
     /// `window` is kept by reference, and has its own actions already.
     PanelKeys(QWidget& window, Reveal reveal);
 
-    /// The panel is in its place in the window. `title` names it in messages.
+    /// Adds the keys of a panel that has been placed in the window. `title` names it in messages.
     void Take(QWidget& panel, const QString& title);
-    /// `panel` may be null: it is gone already.
+    /// Removes the keys of `panel`; null stands for one that is deleted already.
     void Release(QWidget* panel);
 
 signals:

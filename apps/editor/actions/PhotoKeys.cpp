@@ -21,8 +21,9 @@ bool IsSideArrow(int key)
     return key == Qt::Key_Left || key == Qt::Key_Right;
 }
 
-/// Some keyboards have the backslash on a third level, which counts as a modifier of the event but
-/// not of the character.
+/// True when the focus takes the key. The question leaves out all modifiers but Alt: some keyboards
+/// have the backslash on a third level, which counts as a modifier of the event but not of the
+/// character.
 bool WantsItself(QWidget& focus, const QKeyEvent& event)
 {
     const auto modifiers = event.modifiers() & Qt::AltModifier;
@@ -51,7 +52,8 @@ bool PhotoKeys::IsMeant(const QKeyEvent& event) const
            !(modifiers & ~(Qt::ShiftModifier | Qt::KeypadModifier | Qt::GroupSwitchModifier));
 }
 
-/// The release of the backslash ends the comparison wherever the focus has gone.
+/// Hands keys to the photo. The release of the backslash ends the comparison wherever the focus has
+/// gone.
 bool PhotoKeys::PassOn(QWidget& focus, QKeyEvent& event)
 {
     const bool isRelease = event.type() == QEvent::KeyRelease;

@@ -11,9 +11,9 @@ namespace LumetraEditor {
 class PhotoCanvas;
 
 /// Lets keys of the photo work in the whole window: backslash (held: the original), plus, minus, 0,
-/// 1, and with Alt the left and right arrow for the line of the split view. A widget in which text
-/// is typed keeps what it types, and so does every other one that accepts QEvent::ShortcutOverride
-/// for a key. Keys that move or press something everywhere (arrows, Space) stay where the focus is.
+/// 1, and with Alt the left and right arrow for the line of the split view. A widget for typing
+/// text keeps its keys, and so does every other one that accepts QEvent::ShortcutOverride for a
+/// key. Keys that move or press something everywhere (arrows, Space) stay where the focus is.
 class PhotoKeys : public QObject
 {
     Q_OBJECT

@@ -16,7 +16,7 @@
 namespace LumetraEditor {
 namespace {
 
-// The keys that Qt's fields react to. The platform says which keys these are.
+// The keys that Qt's fields react to, as the platform defines them.
 constexpr QKeySequence::StandardKey ClipboardKeys[] = {
     QKeySequence::Undo, QKeySequence::Redo,  QKeySequence::Cut,
     QKeySequence::Copy, QKeySequence::Paste, QKeySequence::SelectAll};
@@ -59,7 +59,8 @@ bool IsOneOf(QKeyEvent& event, const QKeySequence::StandardKey (&keys)[size])
                        [&event](QKeySequence::StandardKey key) { return event.matches(key); });
 }
 
-/// Under X11 deleting has letters too, such as Ctrl+D, as in Emacs. These stay commands of ours.
+/// True for keys that edit text. Under X11 some letters with Ctrl delete, as in Emacs; these stay
+/// commands of the window.
 bool IsEditingKey(QKeyEvent& event)
 {
     const bool isLetter = event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z;

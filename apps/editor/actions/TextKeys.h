@@ -7,8 +7,8 @@ class QWidget;
 
 namespace LumetraEditor {
 
-/// Leaves the keys that edit text to the field that has the focus, whatever command of the window
-/// or of a panel has the same key. Qt's fields claim only some of the keys that they react to.
+/// Leaves the keys that edit text to the focused field, even if a command of the window or of a
+/// panel has the same key. Qt's fields claim only some of the keys that they react to.
 class TextKeys : public QObject
 {
     Q_OBJECT

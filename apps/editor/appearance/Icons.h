@@ -11,7 +11,7 @@ namespace LumetraEditor {
 /// it is disabled. `name` is the file's name without its extension.
 QIcon MakeIcon(const QString& name, LumetraHost::PaletteKind kind);
 
-/// The program's own, in colours of its own.
+/// The program's icon, in its own colours.
 QIcon MakeProgramIcon();
 
 } // namespace LumetraEditor

@@ -30,7 +30,7 @@ void MonitorColours::Use(const QString& choice)
     Follow();
 }
 
-/// A window has a screen of its own from the moment that it is shown.
+/// Follows the window's screen, which it has from the moment that it is shown.
 bool MonitorColours::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Show && m_window.windowHandle()) {

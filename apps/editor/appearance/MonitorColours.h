@@ -10,8 +10,9 @@ namespace LumetraEditor {
 
 class Editor;
 
-/// Keeps the editor's display colours those of the monitor that the window is on, or of the profile
-/// that was chosen in its place. What cannot be used is told to the user, and sRGB is shown.
+/// Sets the editor's display colours to those of the window's monitor, or of a profile that the
+/// user has chosen instead. A profile that cannot be used is reported to the user, and sRGB is
+/// shown.
 class MonitorColours : public QObject
 {
     Q_OBJECT
@@ -23,7 +24,8 @@ public:
     /// `editor` is kept by reference. Child of the window.
     MonitorColours(Editor& editor, QWidget& window);
 
-    /// The path of an ICC profile, Srgb, or empty: what the window system says.
+    /// Uses the ICC profile at the path `choice`, or none (Srgb), or that of the window system
+    /// (empty).
     void Use(const QString& choice);
 
 protected:

@@ -51,7 +51,7 @@ QByteArray ReadProperty(xcb_connection_t* connection, xcb_window_t window, xcb_a
                       xcb_get_property_value_length(reply.get()));
 }
 
-/// Of the server's screen that the program runs on.
+/// Reads a property of the root window of the screen that the program runs on.
 QByteArray ReadRootProperty(const QByteArray& name)
 {
     int number = 0;

@@ -13,7 +13,7 @@ namespace LumetraEditor {
 /// are not asked.
 struct SystemProfile
 {
-    /// Empty when there is none.
+    /// The profile of that screen, empty when there is none.
     static SystemProfile Of(const QScreen& screen);
 
     QByteArray icc;

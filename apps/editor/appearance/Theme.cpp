@@ -27,7 +27,7 @@ struct German
     German()
     {
         RegisterTranslations();
-        // Without Qt's own catalogue its few texts stay English.
+        // Without Qt's own catalogue the few texts of Qt stay English.
         if (!qt.load(QStringLiteral("qtbase_de"),
                      QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
             qInfo("Qt's German texts are not installed.");
@@ -38,7 +38,7 @@ struct German
         LoadLibrary();
     }
 
-    /// The presets library comes with the first panel that uses it.
+    /// Loads the texts of the presets library, which is loaded with the first panel that uses it.
     void LoadLibrary()
     {
         const QString file =
@@ -61,7 +61,7 @@ void UseTheme(LumetraHost::PaletteKind kind)
 void UseLanguage(const QString& language)
 {
     const bool isGerman = language == QLatin1String("de");
-    // First: who hears of a changed translator asks for the locale.
+    // The locale comes first: widgets that hear of a changed translator ask for it.
     QLocale::setDefault(isGerman ? QLocale(QLocale::German) : QLocale(QLocale::English));
     static std::unique_ptr<German> german;
     if (!german && !isGerman)

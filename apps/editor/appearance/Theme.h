@@ -10,8 +10,8 @@ namespace LumetraEditor {
 /// Dresses the whole application in a palette; to be called again for another one.
 void UseTheme(LumetraHost::PaletteKind kind);
 
-/// "en" or "de": the editor's, the library's and Qt's own texts. Widgets hear of it by
-/// QEvent::LanguageChange.
+/// Loads the editor's, the library's and Qt's own texts in `language`, "en" or "de". Widgets hear
+/// of it by QEvent::LanguageChange.
 void UseLanguage(const QString& language);
 
 } // namespace LumetraEditor

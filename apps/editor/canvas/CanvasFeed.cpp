@@ -10,7 +10,7 @@ namespace {
 using LumetraHost::LiveView;
 using LumetraHost::ViewFrame;
 
-/// In the format that the window's own memory has, so that painting only copies.
+/// Converts to the format of the window's own memory, so that painting only copies.
 QImage ForScreen(const QImage& image)
 {
     return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
@@ -67,7 +67,7 @@ void CanvasFeed::ShowOriginal()
         return;
     const QImage original = ViewFrame::WrapImage(m_view.GetShownOriginal(), frame.isOpaque);
     if (original.isNull())
-        return; // a frame with it is on its way
+        return; // a frame with the original is on its way
     m_canvas.SetFrame(PhotoCanvas::Layer::Original, {ForScreen(original), frame.part});
 }
 

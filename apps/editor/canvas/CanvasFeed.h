@@ -11,7 +11,7 @@ namespace LumetraEditor {
 
 class Editor;
 
-/// Brings the drawer's pictures to the canvas: of the part in view, as large as the screen needs,
+/// Brings the drawer's pictures to the canvas: the part in view, in the screen's resolution,
 /// rendered beside the GUI thread.
 class CanvasFeed : public QObject
 {
@@ -21,11 +21,11 @@ public:
     /// Both are kept by reference.
     CanvasFeed(Editor& editor, PhotoCanvas& canvas, QObject* parent = nullptr);
 
-    /// For those who wait for what the canvas is going to show.
+    /// The view, for callers that wait for the canvas' next picture.
     LumetraHost::LiveView& GetLiveView() { return m_view; }
 
 signals:
-    /// The canvas shows another picture of the edit.
+    /// The canvas shows another picture of the edit now.
     void frameShown();
 
 private:

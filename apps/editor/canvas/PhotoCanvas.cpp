@@ -304,14 +304,14 @@ void PhotoCanvas::DrawFrame(QPainter& painter, const CanvasFrame& frame) const
     const QSizeF screen = target.size() * ratio;
     if (std::abs(screen.width() - frame.image.width()) < 1 &&
         std::abs(screen.height() - frame.image.height()) < 1) {
-        // Pixel by pixel: nothing is scaled, nothing blurred.
+        // Pixels match one to one: nothing is scaled, nothing blurred.
         QImage image = frame.image;
         image.setDevicePixelRatio(ratio);
         const QPointF corner = target.topLeft() * ratio;
         painter.drawImage(QPointF(std::round(corner.x()), std::round(corner.y())) / ratio, image);
         return;
     }
-    // Single pixels are what one looks for at a high zoom.
+    // At a high zoom one looks for single pixels, so they are not smoothed.
     painter.setRenderHint(QPainter::SmoothPixmapTransform,
                           screen.width() / frame.image.width() < 3);
     painter.drawImage(target, frame.image);

@@ -12,7 +12,7 @@ namespace LumetraEditor {
 
 /// Shows the photo: fitted, zoomed and panned by pointer and keys, beside its original where that
 /// is asked for. It renders nothing: viewChanged() tells which part is in view, and frames come in.
-/// Until a sharp frame has come, the last ones stand in its place.
+/// The last frames are shown until a sharp one has come.
 class PhotoCanvas : public QWidget
 {
     Q_OBJECT
@@ -27,15 +27,15 @@ public:
 
     explicit PhotoCanvas(QWidget* parent = nullptr);
 
-    /// A new photo, fitted, with nothing to show yet; an empty size: none.
+    /// Begins with a new photo, fitted, without a picture yet; an empty size: none.
     void SetPhotoSize(const QSize& size);
     void SetFrame(Layer layer, const CanvasFrame& frame);
-    /// What the layer shows of the part in view; a null picture when nothing has come yet.
+    /// The layer's picture of the part in view; null when none has come yet.
     const CanvasFrame& GetFrame(Layer layer) const { return LayerOf(layer).sharp; }
 
     const ViewTransform& GetView() const { return m_view; }
     void Fit();
-    /// Device pixels per photo pixel, around the middle of the canvas.
+    /// Sets the device pixels per photo pixel; the middle of the canvas stays.
     void SetZoom(double zoom);
     void ZoomIn();
     void ZoomOut();
@@ -46,7 +46,7 @@ public:
     /// Shows the original left of a line that can be moved.
     void SetSplit(bool split);
     bool IsSplit() const { return m_isSplit; }
-    /// Where the line stands, 0 to 1 of the canvas' width.
+    /// Moves the line to `position`, 0 to 1 of the canvas' width.
     void SetSplitPosition(double position);
     double GetSplitPosition() const { return m_splitPosition; }
     bool NeedsOriginal() const { return m_isComparing || m_isSplit; }
@@ -54,7 +54,7 @@ public:
     QSize sizeHint() const override;
 
 signals:
-    /// Another part, another size in pixels, or another photo.
+    /// The view needs a frame: of another part, another size in pixels, or another photo.
     void viewChanged();
     void zoomChanged(double zoom);
     /// NeedsOriginal() has changed.
@@ -78,7 +78,7 @@ protected:
 private:
     struct LayerFrames
     {
-        CanvasFrame sharp; ///< of the part that was in view
+        CanvasFrame sharp; ///< the part that was in view
         CanvasFrame whole; ///< the last one of the whole photo
     };
     enum class Drag
@@ -110,7 +110,7 @@ private:
     ViewTransform m_view;
     LayerFrames m_edited;
     LayerFrames m_original;
-    bool m_showsFocus = false; ///< it came by the keyboard
+    bool m_showsFocus = false; ///< true: the focus came by the keyboard
     bool m_isComparing = false;
     bool m_isSplit = false;
     double m_splitPosition = 0.5;

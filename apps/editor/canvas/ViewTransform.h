@@ -7,7 +7,7 @@
 
 namespace LumetraEditor {
 
-/// Where the photo lies on the canvas. Three kinds of coordinates: photo pixels, view coordinates
+/// The place of the photo on the canvas. Three kinds of coordinates: photo pixels, view coordinates
 /// (the widget's own), device pixels. The zoom is device pixels per photo pixel: 1 is 100 %.
 ///
 /// A photo is either fitted, which never enlarges it, or zoomed: between the fitting zoom and
@@ -16,16 +16,17 @@ class ViewTransform
 {
 public:
     static constexpr double MaximumZoom = 16;
-    /// Around a fitted photo, in view coordinates.
+    /// Space around a fitted photo, in view coordinates.
     static constexpr int Margin = 16;
 
-    /// An empty size: no photo. Fits.
+    /// Begins with a photo of that size, fitted; an empty size: no photo.
     void SetPhotoSize(const QSize& size);
-    /// Keeps the centre of a zoomed photo.
+    /// Sets the widget's size; a zoomed photo keeps its centre.
     void SetViewSize(const QSize& size, double devicePixelRatio);
 
     void Fit();
-    /// The photo's point under `anchor` (view coordinates) stays there where the limits allow it.
+    /// Zooms; the photo's point under `anchor` (view coordinates) stays there where the limits
+    /// allow it.
     void SetZoom(double zoom, const QPointF& anchor);
     /// Moves the photo by `delta` in view coordinates.
     void Pan(const QPointF& delta);
@@ -42,7 +43,7 @@ public:
     QRectF ToView(const QRectF& photo) const;
     /// The photo pixels that are at least partly in view; empty without a photo.
     QRect GetVisiblePart() const;
-    /// How many device pixels that part of the photo takes.
+    /// The device pixels that this part of the photo takes.
     QSize GetScreenSize(const QRect& part) const;
 
 private:

@@ -13,15 +13,15 @@
 
 namespace LumetraEditor {
 
-/// What has been done to a photo at one moment: all that undo, redo and the next start need.
+/// The edit of a photo at one moment: all that undo, redo and the next start need.
 struct EditState
 {
     std::vector<Zorvik::Quindle::EffectsSettings> committed; ///< bottom first
     std::vector<LumetraHost::EditRecord> records; ///< of `committed`, for the user to read
     std::map<QString, PanelEdit> panels;          ///< by module; of missing ones too
 
-    /// What a user is told of a package: what the panel says that has drawn it, else what can be
-    /// seen of the package itself.
+    /// A package in words for the user: those of the panel that has drawn it, else the package's
+    /// own name and amount.
     LumetraHost::EditRecord MakeRecord(const Zorvik::Quindle::EffectsSettings& package) const;
 };
 

@@ -8,9 +8,9 @@ class QString;
 
 namespace LumetraEditor {
 
-/// What tells a photo's file from another one that has got its name. Taken from the content, so
-/// that a copy and a file with another time are the same photo; a file into which a program has
-/// written metadata is not.
+/// Tells a photo's file from another one that has got its name. Taken from the content, so that a
+/// copy and a file with another time are the same photo; a file into which a program has written
+/// metadata is not.
 struct PhotoIdentity
 {
     static constexpr qint64 EndSize = 64 * 1024;

@@ -25,14 +25,14 @@ public:
     ExportCommand(Editor& editor, EditorSettings& settings, QWidget& window);
 
     Exporter& GetExporter() { return m_exporter; }
-    /// Has to know of the photos; of the open one it hears by itself.
+    /// The guard, which has to be told of the photos; it hears of the open one by itself.
     ExportGuard& GetGuard() { return *m_guard; }
     /// Asks with the dialog; the export then runs beside the window.
     void Ask();
 
 signals:
     void started();
-    /// After an export has started, with what there is to tell of it.
+    /// An export that had started has ended; `message` is for the user.
     void ended(const QString& message);
 
 private:

@@ -90,7 +90,7 @@ ExportDialog::ExportDialog(const QString& photo, const QSize& size, EditorSettin
     m_export =
         Named(buttons->addButton(tr("&Export"), QDialogButtonBox::AcceptRole), "exportButton");
     m_export->setProperty("accent", true);
-    m_export->style()->unpolish(m_export); // the box has polished it already
+    m_export->style()->unpolish(m_export); // the box has polished the button already
     m_export->style()->polish(m_export);
     m_export->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &ExportDialog::accept);
@@ -210,7 +210,7 @@ ExportOptions ExportDialog::GetOptions() const
     return options;
 }
 
-/// A name without a folder is meant beside the photo.
+/// The output's path; a name without a folder stands for a file beside the photo.
 QString ExportDialog::GetPath() const
 {
     const QString text = m_path->text().trimmed();
@@ -223,7 +223,7 @@ void ExportDialog::FormatChanged()
     m_quality->setEnabled(isJpeg);
     m_qualityNumber->setEnabled(isJpeg);
     m_bits->setEnabled(!isJpeg);
-    // The ending follows the format as long as it is the ending of a format.
+    // The extension follows the format as long as it is that of a format.
     const QFileInfo file(m_path->text());
     if (LumetraHost::GetPhotoFormatOfName(m_path->text()) && m_path->text() != QString())
         m_path->setText(file.dir().filePath(file.completeBaseName() + QLatin1Char('.') +
@@ -247,8 +247,8 @@ void ExportDialog::Browse()
         m_path->setText(path);
 }
 
-/// A sentence; empty where a file can be written at this place, as far as can be seen. Behind a
-/// link it is the folder of the file itself that counts.
+/// A sentence about why no file can be written there; empty when one can, as far as can be seen.
+/// Behind a link the folder of its target counts.
 QString ExportDialog::FindFolderProblem(const QString& path)
 {
     const QString target = QFileInfo(path).canonicalFilePath();
@@ -292,7 +292,7 @@ bool ExportDialog::MayReplace(const QString& path)
 void ExportDialog::accept()
 {
     QString output = GetPath();
-    // A name without an ending, or with one of another format, gets the right one.
+    // A name without an extension, or with that of another format, gets the right one.
     if (LumetraHost::GetPhotoFormatOfName(output) != GetFormat())
         output += QLatin1Char('.') + GetSuffix(GetFormat());
     m_path->setText(output);

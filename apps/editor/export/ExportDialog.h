@@ -19,7 +19,7 @@ namespace LumetraEditor {
 class EditorSettings;
 class ExportGuard;
 
-/// Asks how the photo is to be exported, and where to. Starts with what was chosen the last time.
+/// Asks for the form and the place of an export. Starts with the choices of the last time.
 class ExportDialog : public QDialog
 {
     Q_OBJECT
@@ -32,8 +32,8 @@ public:
     ExportOptions GetOptions() const;
 
 public slots:
-    /// Refuses what the guard protects and folders that cannot be written, and asks before another
-    /// file is written over.
+    /// Refuses files that the guard protects and folders that cannot be written, and asks before
+    /// another file is written over.
     void accept() override;
 
 private:
@@ -54,7 +54,7 @@ private:
     QSize m_size;
     EditorSettings& m_settings;
     const ExportGuard& m_guard;
-    bool m_mayReplace = false; ///< the user's word on the file that is there
+    bool m_mayReplace = false; ///< true: the user allows to replace the file that is there
     QFormLayout* m_form;
     QComboBox* m_format;
     QSlider* m_quality;

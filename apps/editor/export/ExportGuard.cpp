@@ -28,7 +28,7 @@ bool IsEditFile(const QString& path)
     return name.match(path).hasMatch();
 }
 
-/// The folder of the user's presets, of their backups and of edits that are kept there.
+/// True for files in the folder of the user's presets, their backups and kept edits.
 bool IsOwnFile(const QString& path)
 {
     const QString folder = WithoutLinks(QFileInfo(LumetraHost::EditPlaces::GetKeptFolder()).path());

@@ -10,21 +10,21 @@
 namespace LumetraEditor {
 
 /// Knows the files that no export may replace: the photos of this session, photos that have an edit
-/// of their own, and what the program keeps. Files are told apart by device and inode, so that
-/// links and other forms of a path change nothing. Any thread may ask; the answer is that of the
-/// moment, so it is asked for again right before a file is written.
+/// of their own, and the program's own files. Files are told apart by device and inode, so that
+/// links and other forms of a path change nothing. Usable from any thread. An answer holds for the
+/// moment only, so that exports ask again right before they write.
 class ExportGuard
 {
     Q_DECLARE_TR_FUNCTIONS(LumetraEditor::ExportGuard)
 
 public:
-    /// Photos that can be stepped to. They stay in the session when others follow them.
+    /// Adds photos that the user can step to. They stay in the session when others follow them.
     void AddPhotos(const QStringList& paths);
-    /// The photo that is shown; empty: none.
+    /// Sets the photo that is shown; empty: none.
     void SetOpenPhoto(const QString& path);
 
-    /// A sentence for the user that names the file and says why it cannot be written; empty when it
-    /// can be, as far as the guard knows.
+    /// A sentence for the user that names the file and says why it cannot be written; empty when
+    /// the guard knows of no reason.
     QString FindObstacle(const QString& output) const;
 
 private:

@@ -15,9 +15,8 @@ namespace LumetraEditor {
 
 class ExportGuard;
 
-/// One photo on its way into a file that may be written: the host's export of the open photo, and
-/// the guard's word on its file. It holds copies of all that it needs, so that the edit can go on
-/// meanwhile. One thread runs it; any may cancel it.
+/// The export of the open photo into one file, which the guard may forbid. It holds copies of all
+/// that it needs, so that the edit can go on meanwhile. One thread runs it; any may cancel it.
 class ExportJob
 {
 public:
@@ -36,14 +35,14 @@ public:
     bool Run(const Progress& progress);
     void Cancel() { m_cancel.Cancel(); }
 
-    /// Tells, once the file is written, what of the photo it lacks. Damage of the photo was told
-    /// when it was opened.
+    /// Sentences about parts of the photo that the written file lacks. Damage of the photo itself
+    /// was reported when it was opened.
     const LumetraHost::Warnings& GetWarnings() const { return m_warnings; }
 
     const ExportOptions& GetOptions() const { return m_options; }
 
 private:
-    /// Much may have happened since the output was chosen.
+    /// Asks the guard again, since much may have happened after the output was chosen.
     void CheckOutput() const;
 
     const LumetraHost::Photo m_photo;

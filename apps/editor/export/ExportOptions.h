@@ -7,7 +7,7 @@
 
 namespace LumetraEditor {
 
-/// Where an export goes and what it is to look like.
+/// The place and the form of an export.
 struct ExportOptions
 {
     QString path;

@@ -18,10 +18,11 @@ class Exporter : public QObject
 
 public:
     explicit Exporter(QObject* parent = nullptr);
-    /// Cancels what is running and waits for it.
+    /// Cancels a running export and waits for it.
     ~Exporter() override;
 
-    /// Ends with exactly one of finished(), failed() and cancelled(). Not while one is running.
+    /// Starts an export, which ends with exactly one of finished(), failed() and cancelled(). None
+    /// may be running.
     void Start(std::shared_ptr<ExportJob> job);
     bool IsRunning() const { return m_job != nullptr; }
 
@@ -30,7 +31,7 @@ public slots:
 
 signals:
     void progressed(int percent);
-    /// `warnings` tell, in English, what of the photo is not in the file.
+    /// `warnings` name, in English, the parts of the photo that the file lacks.
     void finished(const QString& path, const QStringList& warnings);
     /// `message` names the file.
     void failed(const QString& message);

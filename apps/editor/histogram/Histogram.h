@@ -15,8 +15,9 @@ struct Histogram
     static constexpr int Values = 256;
     using Counts = std::array<std::uint32_t, Values>;
 
-    /// Looks at a grid of at most about 65,000 pixels, so that it takes well under a millisecond
-    /// whatever the picture's size. Of 16 bits the upper 8 count. A null picture: empty.
+    /// Counts a grid of at most about 65,000 pixels, so that it takes well under a millisecond
+    /// whatever the picture's size. 16-bit values count by their upper 8 bits. A null picture:
+    /// empty.
     static Histogram Of(const LumetraHost::Image& picture);
 
     /// The largest count between the two ends of the range; 0 for an empty histogram.

@@ -39,7 +39,7 @@ void HistogramFeed::Follow()
     m_view.SetView({QRectF(QPointF(), whole), isWanted ? size.expandedTo({1, 1}) : QSize()});
 }
 
-/// A frame of the part that was asked for before the photo changed says nothing.
+/// Shows a frame, unless it is of a part that was asked for before the photo changed.
 void HistogramFeed::Show(const LumetraHost::ViewFrame& frame)
 {
     const auto& photo = m_editor.GetPhoto().image;

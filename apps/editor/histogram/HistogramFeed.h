@@ -21,7 +21,7 @@ public:
     /// Both are kept by reference; the widget outlives the feed.
     HistogramFeed(Editor& editor, HistogramWidget& histogram);
 
-    /// For those who wait for the histogram.
+    /// The view, for callers that wait for the histogram.
     LumetraHost::LiveView& GetLiveView() { return m_view; }
 
 protected:

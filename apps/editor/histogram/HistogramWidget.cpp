@@ -11,8 +11,8 @@
 namespace LumetraEditor {
 namespace {
 
-/// Square roots, so that small amounts show; the tallest inner value is full height, for clipped
-/// ends would flatten the rest.
+/// An outline of square roots, so that small amounts show. The tallest inner value has full height,
+/// since clipped ends would flatten the rest.
 QPainterPath OutlineOf(const Histogram::Counts& counts, std::uint32_t tallest, const QRectF& area)
 {
     QPainterPath path(area.bottomLeft());

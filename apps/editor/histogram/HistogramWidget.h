@@ -7,7 +7,7 @@
 
 namespace LumetraEditor {
 
-/// Draws how often each value of red, green and blue occurs in what is shown.
+/// Draws how often each value of red, green and blue occurs in the picture.
 class HistogramWidget : public QWidget
 {
     Q_OBJECT

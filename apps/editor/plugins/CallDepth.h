@@ -3,8 +3,8 @@
 
 namespace LumetraEditor {
 
-/// How many calls that may run a module's code are on the stack of the GUI thread. While there is
-/// one, nothing of a module may be deleted.
+/// Counts the calls on the GUI thread's stack that may run a module's code. Nothing of a module may
+/// be deleted before the last one returns.
 class CallDepth
 {
 public:

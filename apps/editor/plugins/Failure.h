@@ -5,13 +5,13 @@
 
 namespace LumetraEditor {
 
-/// Says what went wrong in somebody else's code, in words for the user.
+/// Describes failures of a module's code in words for the user.
 class Failure
 {
     Q_DECLARE_TR_FUNCTIONS(LumetraEditor::Failure)
 
 public:
-    /// The exception that is being handled: one line, never empty. It may be of any type. To be
+    /// Describes the exception that is being handled, of any type: one line, never empty. To be
     /// called in a catch block.
     static QString Describe();
 };

@@ -17,8 +17,8 @@ public:
     bool notify(QObject* receiver, QEvent* event) override;
 
 signals:
-    /// On the GUI thread. `receiver` had the event and may be gone by now: it is for comparing, not
-    /// for following. Null for an object of another thread.
+    /// Emitted on the GUI thread. `receiver` had the event and may be gone by now: it may be
+    /// compared, but not followed. Null for an object of another thread.
     void eventFailed(QObject* receiver, const QString& reason);
 
 private:

@@ -16,7 +16,7 @@ class GuardedCommand : public QUndoCommand
 public:
     using Shared = std::shared_ptr<std::unique_ptr<QUndoCommand>>;
 
-    /// The panel may end before the command, which it then empties through `command`.
+    /// `command` is shared with the panel, which empties it when it ends first.
     GuardedCommand(GuardedPanel& panel, const Shared& command, const QString& text);
     ~GuardedCommand() override;
 

@@ -17,7 +17,7 @@ GuardedPanel::~GuardedPanel()
     m_isUsable = false;
     if (m_parts.widget)
         m_parts.widget->disconnect(this);
-    // The widget of a panel in use is the window's.
+    // The widget of a panel in use belongs to the window.
     m_parts.widget.clear();
     m_parts.Delete();
     delete m_retired;
@@ -153,7 +153,7 @@ void GuardedPanel::CancelPreviews()
         m_editor.CancelPreviews();
 }
 
-/// The editor asks for SaveEdit() then, which must not lead back here.
+/// Tells the editor of a step. It asks for SaveEdit() then, which must not lead back here.
 void GuardedPanel::NoteEdit(const QString& text)
 {
     if (m_isUsable && !m_isSaving)

@@ -14,11 +14,11 @@
 
 namespace LumetraEditor {
 
-/// The boundary between the editor and the panel of one module. Every call into the module goes
-/// through here, and what the module asks of the editor comes through here. No exception passes:
-/// the panel that throws one, whatever its type is, is put out of use. It is then not called any
-/// more, what it asks for is not done, and all that it has made is deleted as soon as none of it
-/// runs. A destructor that throws cannot be stopped from ending the program.
+/// The boundary between the editor and the panel of one module. All calls into the module and all
+/// its requests to the editor go through here. No exception passes: the panel that throws one, of
+/// whatever type, is put out of use. It is then not called any more, its requests are ignored, and
+/// all its objects are deleted as soon as none of its code runs. A destructor that throws cannot be
+/// stopped from ending the program.
 class GuardedPanel : public QObject, private IEditor
 {
     Q_OBJECT
@@ -32,9 +32,9 @@ public:
     void Create();
 
     const QString& GetId() const { return m_plugin.id; }
-    /// The title that the module has last given; its id as long as there is none.
+    /// The title that the module has last given; its id before the first one.
     QString GetTitle() const { return m_title.isEmpty() ? m_plugin.id : m_title; }
-    /// Asks for the title again, as in another language.
+    /// Asks for the title again, for example in another language.
     void UpdateTitle();
     bool IsUsable() const { return m_isUsable; }
     /// Null when the panel is out of use.
@@ -42,7 +42,7 @@ public:
 
     void PhotoChanged();
     void PreviewReady(const QString& key);
-    /// Nothing when the panel is out of use, or is now.
+    /// The panel's edit; nothing when the panel is out of use, or is now.
     std::optional<QJsonObject> SaveEdit();
     void RestoreEdit(const QJsonObject& edit);
     bool HasUnsavedChanges();
@@ -63,7 +63,7 @@ signals:
     void failed(const QString& message);
     /// The panel must not be shown any more. `widget` is null when the module has deleted it.
     void putOutOfUse(QWidget* widget);
-    /// The module says something while its panel is made: about itself, not about a photo.
+    /// The module reports something about itself while its panel is made.
     void noticeGiven(const QString& message);
 
 private:
@@ -78,7 +78,7 @@ private:
     void PushUndo(QUndoCommand* command) override;
     void ShowMessage(const QString& text) override;
 
-    /// Does nothing while the panel is only being made.
+    /// Runs a request to the editor; does nothing while the panel is only being made.
     template <class Call>
     void GuardPanel(const Call& call);
     void TakeWidget(QWidget* widget);

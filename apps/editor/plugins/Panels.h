@@ -14,19 +14,19 @@ namespace LumetraEditor {
 class Panels
 {
 public:
-    /// The panel is made by its Create(), when whoever shows it listens.
+    /// Adds a panel. Its Create() is called later, when its listeners are connected.
     GuardedPanel& Add(const LoadedPlugin& plugin, IEditor& editor);
     void Clear() { m_panels.clear(); }
 
     void PhotoChanged();
     void PreviewReady(const QString& key);
-    /// Puts in the parts of the panels in use; all others stay as they are.
+    /// Replaces the parts of the panels in use; all others stay as they are.
     void Save(EditState& state) const;
     void Restore(const EditState& state);
-    /// Leaves out the parts of the panels in use.
+    /// Removes the parts of the panels in use.
     void Forget(EditState& state) const;
     bool HasUnsavedChanges() const;
-    /// Asks the panels in turn, up to the first that wants to go on.
+    /// Asks the panels in turn, up to the first one that objects.
     bool MayEnd() const;
     /// The panel that the object belongs to, in use or not; null when there is none.
     GuardedPanel* FindOwner(const QObject* object) const;

@@ -5,9 +5,9 @@
 
 namespace LumetraEditor {
 
-/// Where the editor looks for modules, in order: the folders that the environment variable
+/// The editor's folders of modules, in order: those that the environment variable
 /// LUMETRA_PLUGIN_PATH names, separated as in PATH, then the editor's own, which lies beside the
-/// libraries that the editor was installed or built with. Folders that are not there are left out.
+/// libraries that the editor was installed or built with. Missing folders are left out.
 QStringList GetPluginFolders();
 
 } // namespace LumetraEditor

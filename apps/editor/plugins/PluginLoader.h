@@ -17,14 +17,15 @@ struct LoadedPlugin
     IEditorPlugin* root = nullptr; ///< lives until the program ends
 };
 
-/// Loads the modules of folders. A module is looked at before it is loaded: only one that says that
-/// it was made for this editor's interface version is run. Modules are never unloaded.
+/// Loads the modules of folders. A module is inspected before it is loaded: only one that was made
+/// for this editor's interface version is run. Modules are never unloaded.
 class PluginLoader
 {
     Q_DECLARE_TR_FUNCTIONS(LumetraEditor::PluginLoader)
 
 public:
-    /// Modules in the order of the folders and of their names; of two with the same id the first.
+    /// Loads modules in the order of the folders and of their names; the first of two with the same
+    /// id.
     void LoadFolders(const QStringList& folders);
 
     const std::vector<LoadedPlugin>& GetPlugins() const { return m_plugins; }

@@ -13,8 +13,8 @@
 
 namespace LumetraEditor {
 
-/// Everything that a module has made for its panel, and the order in which it ends: commands,
-/// panel, widget.
+/// All objects that a module has made for its panel. They are deleted in the order commands, panel,
+/// widget.
 struct PanelParts
 {
     std::unique_ptr<IEditorPanel> panel;
@@ -26,8 +26,8 @@ struct PanelParts
     void Delete();
 };
 
-/// The parts of a panel that was put out of use. It was perhaps put there in the middle of its own
-/// code, even below a dialog that it has open; so its parts end when none of it is on the stack.
+/// The parts of a panel that was put out of use, perhaps by its own code, even below a dialog that
+/// it has open; so they are deleted when none of that is on the stack.
 class RetiredPanel : public QObject
 {
     Q_OBJECT

@@ -12,7 +12,7 @@ CommandStep::CommandStep(std::unique_ptr<QUndoCommand> command, EditState before
 {
 }
 
-/// The command first: the edit may need what it brings back.
+/// Undoes the command first: the edit may need data that it brings back.
 void CommandStep::undo()
 {
     m_run([this] { m_command->undo(); });

@@ -10,13 +10,13 @@
 
 namespace LumetraEditor {
 
-/// A panel's command on the undo stack together with what it has changed of the edit, so that both
-/// are one step.
+/// A panel's command on the undo stack together with its changes of the edit, so that both are one
+/// step.
 class CommandStep : public QUndoCommand
 {
 public:
     /// Runs a part of the command, during which nothing makes steps of its own, and returns the
-    /// edit as it is then.
+    /// edit afterwards.
     using Run = std::function<EditState(const std::function<void()>& part)>;
     using Restore = std::function<void(const EditState& state)>;
 

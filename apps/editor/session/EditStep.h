@@ -9,8 +9,8 @@
 
 namespace LumetraEditor {
 
-/// One step of an edit on the undo stack: the states before and after it. Made when the step has
-/// been done already, so the first redo() does nothing.
+/// One step of an edit on the undo stack: the states before and after it. The step has been done
+/// before it is made, so the first redo() does nothing.
 class EditStep : public QUndoCommand
 {
 public:

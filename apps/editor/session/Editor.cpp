@@ -50,7 +50,7 @@ Editor::~Editor()
 
 // Photos
 
-/// Modules listen too.
+/// Locks the drawer for everybody and tells the modules.
 void Editor::LockDrawer(bool isLocked)
 {
     const CallDepth depth;
@@ -75,7 +75,7 @@ bool Editor::OpenPhoto(const QString& path)
 void Editor::TakePhoto(const QString& path, const Photo& photo, const PhotoIdentity& identity)
 {
     LockDrawer(false);
-    const bool isTaken = MayLeavePhoto(); // a step may have been undone meanwhile
+    const bool isTaken = MayLeavePhoto(); // the question may have undone a step
     if (isTaken)
         SetPhoto(path, photo, identity);
     emit openingEnded();
@@ -86,7 +86,8 @@ void Editor::TakePhoto(const QString& path, const Photo& photo, const PhotoIdent
     SettleEditOfOtherPhoto();
 }
 
-/// What the readers found is English in all languages; the first line is not.
+/// Shows why a photo cannot be opened. The readers' sentence is English in all languages; the first
+/// line is translated.
 void Editor::RefusePhoto(const QString& path, const QString& problem)
 {
     LockDrawer(false);
@@ -134,7 +135,7 @@ void Editor::OpenSidecar(const PhotoIdentity& identity)
     const auto kept = m_sidecar.Open(m_path, identity);
     if (kept)
         RestoreEdit(*kept);
-    m_state = CaptureEdit(); // a panel may have had to leave something out
+    m_state = CaptureEdit(); // a panel may have left something out
 }
 
 void Editor::SettleEditOfOtherPhoto()
@@ -146,7 +147,7 @@ void Editor::SettleEditOfOtherPhoto()
     if (path != m_path || !m_sidecar.IsOfOtherPhoto())
         return;
     if (!isAnew)
-        return KeepEdit(); // so that nobody is asked again
+        return KeepEdit(); // saves the answer, so that nobody is asked again
     m_sidecar.StartAnew();
     RestoreEdit(EditState());
     m_state = CaptureEdit();
@@ -170,7 +171,7 @@ GuardedPanel* Editor::AddPanel(const LoadedPlugin& plugin)
     connect(&panel, &GuardedPanel::failed, this, &Editor::ShowNotice);
     connect(&panel, &GuardedPanel::noticeGiven, this, &Editor::ShowNotice);
     panel.Create();
-    // A panel that comes when the photo is already there finds its part of the edit.
+    // A panel that is added after the photo was opened finds its part of the edit.
     if (const auto part = m_state.panels.find(plugin.id); part != m_state.panels.end()) {
         const QScopedValueRollback<bool> restoring(m_isRestoring, true);
         panel.RestoreEdit(part->second.GetObject());
@@ -198,7 +199,8 @@ bool Editor::HasUnsavedChanges() const
     return m_panels.HasUnsavedChanges();
 }
 
-/// Parts of panels that are missing or out of use stay: nobody sees what they would take off.
+/// Discards changes of panels in use. Parts of missing panels stay: nobody sees what would be taken
+/// off.
 void Editor::DiscardUnsavedChanges()
 {
     EditState state = CaptureEdit();
@@ -221,12 +223,13 @@ void Editor::SaveEdit()
     if (!HasPhoto())
         return;
     EditState state = CaptureEdit();
-    if (!(state == m_state)) { // such as a drag that has not ended
+    if (!(state ==
+          m_state)) { // there is a change that is no step yet, such as a drag that has not ended
         m_state = std::move(state);
         KeepEdit();
     }
     m_sidecar.Flush();
-    if (!m_sidecar.IsSafe()) // what was wrong with the disk may be over
+    if (!m_sidecar.IsSafe()) // the disk may be well again
         m_sidecar.Write(m_state);
     m_sidecar.Flush();
 }
@@ -244,12 +247,12 @@ EditState Editor::CaptureEdit() const
 {
     EditState state;
     state.committed = m_workspace->GetDrawer().GetCommittedPackages();
-    // A package that is committed now was the panel's open one after the last step.
+    // A package that has been committed since the last step was the panel's open one then.
     for (std::size_t i = 0; i < state.committed.size(); ++i)
         state.records.push_back(i < m_state.records.size()
                                     ? m_state.records[i]
                                     : m_state.MakeRecord(state.committed[i]));
-    state.panels = m_state.panels; // those of modules that are missing or out of use stay
+    state.panels = m_state.panels; // keeps parts of modules that are missing or out of use
     m_panels.Save(state);
     return state;
 }
@@ -307,7 +310,7 @@ void Editor::PushUndo(QUndoCommand* command)
         new CommandStep(std::unique_ptr<QUndoCommand>(command), m_state, run, restore));
 }
 
-/// Changes that the command makes to the edit belong to its own step.
+/// Runs a panel's command; its changes to the edit belong to its own step.
 EditState Editor::RunCommand(const std::function<void()>& command)
 {
     const QScopedValueRollback<bool> restoring(m_isRestoring, true);
@@ -358,7 +361,7 @@ void Editor::CancelPreviews()
     m_previews->CancelAll();
 }
 
-/// Who edits wants to see the edit, wherever the pointer rests.
+/// Ends what a panel shows under the pointer: a user who edits wants to see the edit.
 void Editor::FrameChanged()
 {
     ShowOnPhoto(nullptr);

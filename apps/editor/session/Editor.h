@@ -24,19 +24,19 @@ class WorkspaceController;
 
 namespace LumetraEditor {
 
-/// What only the user can decide. The window asks; an empty function stands for a user who says no.
+/// Questions to the user, which the window asks. An empty function stands for a user who says no.
 struct EditorQuestions
 {
-    /// The photo's file is another one than that which was edited. True gives the edit up, false
-    /// takes it for this file.
+    /// The photo's file is not the one that was edited. True discards the edit, false keeps it for
+    /// this file.
     std::function<bool(const QString& photo)> shallStartAnew;
-    /// The photo is to be left and its edit could not be written. True lets it go.
+    /// The photo is to be left and its edit could not be written. True discards the edit.
     std::function<bool(const QString& photo, const QString& problem)> mayLoseEdit;
 };
 
 /// The editor without its window: the open photo and its drawer, the panels, and the steps of the
-/// edit. There is one photo at a time; while another one is being read the drawer is locked.
-/// GUI thread only. Outlives the panels, which whoever shows them removes first.
+/// edit. There is one photo at a time; while another one is being read the drawer is locked. GUI
+/// thread only. Outlives the panels, which their window removes first.
 class Editor : public QObject, public IEditor, private LumetraHost::IDrawerObserver
 {
     Q_OBJECT
@@ -48,27 +48,28 @@ public:
     void SetQuestions(const EditorQuestions& questions) { m_questions = questions; }
 
     /// Reads the photo beside the GUI thread. Ends with photoChanged(), or with a message and the
-    /// earlier photo as it was. False, and nothing happens, when the earlier one may not be left.
+    /// earlier photo as it was. Returns false, and does nothing, when the earlier one may not be
+    /// left.
     bool OpenPhoto(const QString& path);
     void ClosePhoto();
-    /// True when the edit is on the disk as it is at this moment, or the user does without.
+    /// True when the edit is saved as it is at this moment, or the user does without.
     bool MayLeavePhoto();
     bool IsOpening() const { return m_loader.IsLoading(); }
     bool HasPhoto() const { return !m_path.isEmpty(); }
     const LumetraHost::Photo& GetPhoto() const { return m_photo; }
 
     LumetraHost::WorkspaceController& GetHost() { return *m_workspace; }
-    /// For those who wait for a panel's previews.
+    /// The previews, for callers that wait for them.
     LumetraHost::AsyncPreviews& GetPreviews() { return *m_previews; }
     QUndoStack& GetUndoStack() { return m_undoStack; }
-    /// What a panel shows on the photo without having applied it; the next edit takes it away.
+    /// The package that a panel shows without having applied it; empty again after the next edit.
     const std::optional<Zorvik::Quindle::EffectsSettings>& GetShownOnTop() const
     {
         return m_shownOnTop;
     }
 
-    /// The colours of the monitor, for everything that is shown; null: sRGB. Nothing that is saved
-    /// or exported depends on them.
+    /// Sets the colours of the monitor, for everything that is shown; null: sRGB. Saved and
+    /// exported files do not depend on them.
     void SetDisplay(const std::shared_ptr<const LumetraHost::DisplayTransform>& display);
     const std::shared_ptr<const LumetraHost::DisplayTransform>& GetDisplay() const
     {
@@ -76,21 +77,21 @@ public:
     }
 
     /// Makes the module's panel, whose widget the caller places. Null, and a message, when the
-    /// module fails. The panel lives until RemovePanels(), also one that fails later.
+    /// module fails. The panel lives until RemovePanels(), even if it fails later.
     GuardedPanel* AddPanel(const LoadedPlugin& plugin);
-    /// Before their widgets go.
+    /// Removes all panels. To be called before their widgets are deleted.
     void RemovePanels();
-    /// Some panel shows what has not been applied for good.
+    /// True when a panel shows a look that is not applied for good.
     bool HasUnsavedChanges() const;
     /// False when a panel has to keep something else and the user wants to see to it.
     bool MayEndPanels() const { return m_panels.MayEnd(); }
-    /// Takes off what the panels show and have not applied for good.
+    /// Takes looks off that the panels show and have not applied for good.
     void DiscardUnsavedChanges();
     /// Returns when the edit as it is at this moment is on the disk.
     void SaveEdit();
     /// All packages on the photo, bottom first.
     std::vector<Zorvik::Quindle::EffectsSettings> GetPackages() const;
-    /// What can be told of those that are presets.
+    /// Records of those packages that are presets.
     std::vector<LumetraHost::EditRecord> GetRecords() const;
     /// The edit as it is at this moment.
     EditState CaptureEdit() const;
@@ -105,14 +106,14 @@ public:
     void NoteEdit(const QString& text) override;
     void PushUndo(QUndoCommand* command) override;
     void ShowMessage(const QString& text) override;
-    /// A message about the program and no photo: it stays when another photo comes.
+    /// Shows a message about the program, not a photo: it stays when another photo comes.
     void ShowNotice(const QString& text);
 
 signals:
     void openingStarted(const QString& path);
-    /// Whether it succeeded or not.
+    /// The photo has been opened, or could not be.
     void openingEnded();
-    /// Another photo, or none.
+    /// Another photo is open, or none.
     void photoChanged();
     void shownOnTopChanged();
     void displayChanged();
@@ -128,14 +129,14 @@ private:
     void RefusePhoto(const QString& path, const QString& problem);
     void SetPhoto(const QString& path, const LumetraHost::Photo& photo,
                   const PhotoIdentity& identity);
-    /// What the photo's sidecar tells, or the bare photo.
+    /// Restores the edit of the photo's sidecar, or begins with the bare photo.
     void OpenSidecar(const PhotoIdentity& identity);
-    /// Asks what is to become of an edit that was made for another file.
+    /// Asks the user about an edit that was made for another file.
     void SettleEditOfOtherPhoto();
     void RestoreEdit(const EditState& state);
     void RestoreStep(const EditState& state);
     EditState RunCommand(const std::function<void()>& command);
-    /// An event handler has thrown: that of a panel's object, or anybody's.
+    /// Handles an exception of an event handler, that of a panel's object or any other.
     void TakeFailure(QObject* receiver, const QString& reason);
     void LockDrawer(bool isLocked);
     void KeepEdit();
@@ -151,7 +152,7 @@ private:
     std::shared_ptr<const LumetraHost::DisplayTransform> m_display;
     EditState m_state; ///< after the last step
     bool m_isRestoring = false;
-    bool m_mayLoseEdit = false; ///< the user's word on m_state
+    bool m_mayLoseEdit = false; ///< the user lets m_state go unsaved
     EditorQuestions m_questions;
     Sidecar m_sidecar;
     QUndoStack m_undoStack;

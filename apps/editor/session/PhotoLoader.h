@@ -13,8 +13,8 @@
 
 namespace LumetraEditor {
 
-/// Reads photo files beside the GUI thread. What was asked for last counts: an earlier photo that
-/// is still being read is never delivered, and one that waits is not read.
+/// Reads photo files beside the GUI thread. Only the latest request is delivered: a photo of an
+/// earlier one that is still being read is dropped, and one that waits is not read.
 class PhotoLoader : public QObject
 {
     Q_OBJECT

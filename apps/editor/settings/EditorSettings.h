@@ -8,8 +8,7 @@
 
 namespace LumetraEditor {
 
-/// What the editor remembers of the user's ways: "lumetra/lumetra-editor.ini" in the user's
-/// configuration folder.
+/// The user's choices, kept in "lumetra/lumetra-editor.ini" in the user's configuration folder.
 class EditorSettings
 {
 public:
@@ -23,7 +22,7 @@ public:
     LumetraHost::PaletteKind GetPalette() const;
     void SetPalette(LumetraHost::PaletteKind kind);
 
-    /// "en" or "de"; at first that of the system, where the editor speaks it.
+    /// The language, "en" or "de"; by default that of the system, where the editor has its texts.
     QString GetLanguage() const;
     void SetLanguage(const QString& language);
 
@@ -32,7 +31,7 @@ public:
     void AddRecentPhoto(const QString& path);
     void ClearRecentPhotos();
 
-    /// Any other value by its key.
+    /// A value without an operation of its own.
     QVariant Get(const QString& key, const QVariant& defaultValue = {}) const;
     void Set(const QString& key, const QVariant& value);
 

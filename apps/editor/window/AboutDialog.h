@@ -5,8 +5,8 @@
 
 namespace LumetraEditor {
 
-/// Says what the program is, its version and its licence. Made anew for each showing, so that it
-/// follows no change of language or theme.
+/// Shows the program's name, version and licence. Made anew for each showing, so that it follows no
+/// change of language or theme.
 class AboutDialog : public QDialog
 {
     Q_OBJECT

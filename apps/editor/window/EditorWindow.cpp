@@ -87,7 +87,7 @@ EditorWindow::EditorWindow(Editor& editor)
 
 EditorWindow::~EditorWindow()
 {
-    // Panels go before their widgets.
+    // Panels are removed before their widgets.
     m_editor.RemovePanels();
 }
 
@@ -221,7 +221,7 @@ void EditorWindow::ConnectEditor()
     connect(&m_editor, &Editor::noticeGiven, m_messages, [this](const QString& message) {
         m_messages->Show(message, MessageBar::About::Program);
     });
-    // A page that comes to the front would cover them.
+    // The bar is raised again, since a page that comes to the front would cover it.
     connect(m_centre, &QStackedWidget::currentChanged, m_messages, &MessageBar::raise);
     connect(m_panelKeys, &PanelKeys::keysTaken, &m_editor, &Editor::ShowNotice);
     connect(m_canvas, &PhotoCanvas::zoomChanged, this, &EditorWindow::ShowZoom);
@@ -251,7 +251,7 @@ void EditorWindow::RestoreWays()
     m_editor.GetHost().GetStatisticsLog().SetPath(m_settings.Get(StatisticsFileKey).toString());
     UsePalette(m_settings.GetPalette());
     UseLanguage(m_settings.GetLanguage());
-    Translate(); // English needs no translator, so that nobody hears of it
+    Translate(); // here, because English needs no translator and so sends no event
     ShowRecentPhotos();
 }
 
@@ -259,7 +259,7 @@ void EditorWindow::LoadPanels(const QStringList& folders)
 {
     PluginLoader loader;
     loader.LoadFolders(folders);
-    UseLanguage(m_settings.GetLanguage()); // libraries that came with them have texts too
+    UseLanguage(m_settings.GetLanguage()); // libraries that came with panels have texts too
     for (const LoadedPlugin& plugin : loader.GetPlugins())
         AddPanel(plugin);
     for (const QString& report : loader.GetReports())
@@ -361,7 +361,7 @@ void EditorWindow::ShowExport()
     m_cancel->show();
 }
 
-// What is shown of the photo
+// View of the photo
 
 void EditorWindow::ShowPhoto()
 {

@@ -31,8 +31,8 @@ class PhotoCanvas;
 class StartPage;
 struct LoadedPlugin;
 
-/// The editor's one window: the photo in the middle, the panels beside it, commands around them.
-/// It puts the parts together; what they do is theirs.
+/// The editor's one window: the photo in the middle, the panels beside it, commands around them. It
+/// only connects the parts with each other.
 class EditorWindow : public QMainWindow
 {
     Q_OBJECT
@@ -48,7 +48,7 @@ public:
     void AddPanel(const LoadedPlugin& plugin);
     /// Opens the first photo; the others follow by "Next Photo". Replaces an earlier list.
     void OpenPhotos(const QStringList& paths);
-    /// What is dropped on the window: photos are opened, other files are for the panels.
+    /// Takes files that are dropped on the window: opens photos, hands other files to the panels.
     void TakeFiles(const QStringList& paths);
 
     /// See MonitorColours::Use(); until the program ends.

@@ -36,10 +36,10 @@ bool DropOnPanel(const QTabWidget& panels, const QStringList& paths)
     for (const QString& path : paths)
         urls.append(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()));
     data.setUrls(urls);
-    QWidgetList offered; // one that fails loses its tab meanwhile
+    QWidgetList offered; // a copy, as a panel that fails loses its tab meanwhile
     for (int i = 0; i < panels.count(); ++i)
         offered.append(panels.widget(i));
-    const CallDepth depth; // and its widget stays as long
+    const CallDepth depth; // keeps the widgets of such panels
     for (QWidget* const panel : offered) {
         if (!panel->acceptDrops() || !panel->isEnabled())
             continue;

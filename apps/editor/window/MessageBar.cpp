@@ -25,7 +25,7 @@ MessageBar::MessageBar(QWidget* parent)
     m_close->setObjectName(QStringLiteral("messageClose"));
     m_close->setFocusPolicy(Qt::StrongFocus);
     m_close->setAutoRaise(true);
-    // Its ground is dark in both themes.
+    // The bar is dark in both themes.
     m_close->setIcon(MakeIcon(QStringLiteral("close"), LumetraHost::PaletteKind::Dark));
 
     auto* const layout = new QHBoxLayout(this);
@@ -50,7 +50,7 @@ void MessageBar::Show(const QString& message, About about)
     Update();
 }
 
-/// Messages about a photo are kept only as far as they fit.
+/// Drops the oldest messages about a photo that do not fit.
 void MessageBar::DropOldOnes()
 {
     const auto isOfPhoto = [](const Message& one) { return one.about == About::Photo; };

@@ -11,8 +11,8 @@ class QToolButton;
 namespace LumetraEditor {
 
 /// Tells the user something without stopping him: a strip over the lower edge of its parent, which
-/// stays until it is closed. What comes while a message stands is added to it; when there are more
-/// than fit, the newest are seen, and the earlier ones when these have been closed.
+/// stays until it is closed. Further messages are added to it; when there are more than fit, the
+/// newest are seen, and the earlier ones when these have been closed.
 class MessageBar : public QFrame
 {
     Q_OBJECT
@@ -28,11 +28,11 @@ public:
     explicit MessageBar(QWidget* parent);
 
     void Show(const QString& message, About about = About::Photo);
-    /// The user has read what stands there. What was waiting takes its place.
+    /// Removes the messages that are seen; waiting ones take their place.
     void Close();
-    /// Another photo has come.
+    /// Removes messages about the photo, because another one has come.
     void ClearPhoto();
-    /// What stands there now, one line per message.
+    /// The messages that are seen, one per line.
     QString GetText() const;
 
 protected:

@@ -8,7 +8,7 @@
 namespace LumetraEditor {
 namespace {
 
-/// A title is no place for mnemonics.
+/// The title as a tab's text, without mnemonics.
 QString TabText(const GuardedPanel& panel)
 {
     return panel.GetTitle().replace(QLatin1Char('&'), QLatin1String("&&"));
@@ -21,10 +21,10 @@ PanelTabs::PanelTabs(QWidget* parent) : QTabWidget(parent)
     setObjectName(QStringLiteral("panels"));
     setDocumentMode(true);
     setTabBarAutoHide(true);
-    setFocusPolicy(Qt::NoFocus); // it would pass the focus on to a hidden tab bar
+    setFocusPolicy(Qt::NoFocus); // keeps the focus from a hidden tab bar
 }
 
-/// Placing the widget may already be too much for it.
+/// Listens before it adds the tab: placing the widget may already put the panel out of use.
 void PanelTabs::AddPanel(GuardedPanel& panel)
 {
     m_shown.push_back(&panel);
@@ -42,7 +42,7 @@ void PanelTabs::RemovePanel(const GuardedPanel& panel, QWidget* widget)
 
 void PanelTabs::UpdateTitles()
 {
-    const auto panels = m_shown; // one that fails at its title leaves
+    const auto panels = m_shown; // a copy, as a panel that fails at its title is removed
     for (GuardedPanel* const panel : panels) {
         panel->UpdateTitle();
         if (QWidget* const widget = panel->GetWidget())

@@ -5,8 +5,8 @@
 
 namespace LumetraEditor {
 
-/// The photos that the window steps through, and the place among them. The place is that of the
-/// photo asked for last, whether it can be read or not, so that no photo ends the stepping.
+/// The photos that the window steps through, and the present place among them. The place is that of
+/// the latest request, whether that photo can be read or not, so that no photo ends the stepping.
 class PhotoList
 {
 public:
@@ -14,13 +14,13 @@ public:
     /// twice is in the list once. Other names of one file stay, as each has an edit of its own.
     void Replace(const QStringList& paths);
 
-    /// Absolute.
+    /// The photos' absolute paths.
     const QStringList& GetPaths() const { return m_paths; }
-    /// Empty while there are no photos.
+    /// The path at the present place; empty while there are no photos.
     QString GetCurrent() const { return m_paths.value(m_place); }
     /// The photo `step` places further; empty beyond the ends.
     QString GetNeighbour(int step) const { return m_paths.value(m_place + step); }
-    /// Nothing happens beyond the ends.
+    /// Moves the place; does nothing beyond the ends.
     void Step(int step);
 
 private:

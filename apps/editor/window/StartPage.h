@@ -11,7 +11,7 @@ class QVBoxLayout;
 
 namespace LumetraEditor {
 
-/// What stands in the photo's place while none is open: how to open one, and the last ones.
+/// Shown while no photo is open: ways to open one, and the last photos.
 class StartPage : public QWidget
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ class StartPage : public QWidget
 public:
     explicit StartPage(QWidget* parent = nullptr);
 
-    /// Absolute paths; the first few are offered.
+    /// Sets the photos whose first few are offered, by absolute paths.
     void SetRecentPhotos(const QStringList& paths);
     void SetIcons(LumetraHost::PaletteKind kind);
 

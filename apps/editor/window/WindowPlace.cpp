@@ -11,10 +11,10 @@
 namespace LumetraEditor {
 namespace {
 
-/// Nobody knows the frame before the window is shown. This is that of common desktops.
+/// The frame of common desktops; the real one is not known before the window is shown.
 constexpr QMargins Frame(4, 40, 4, 4);
 
-/// The part of the screen that the window may fill without its frame.
+/// The part of the screen for the window's contents, its frame left out.
 QRect GetRoom(const QWidget& window)
 {
     const QScreen* screen = QGuiApplication::screenAt(window.geometry().center());
@@ -23,7 +23,7 @@ QRect GetRoom(const QWidget& window)
     return screen ? screen->availableGeometry().marginsRemoved(Frame) : window.geometry();
 }
 
-/// The rectangle as far as it is too large made smaller, and moved as far as it stands out.
+/// The rectangle, shrunk and moved as far as needed to lie inside `room`.
 QRect FitInto(const QRect& room, QRect rectangle)
 {
     rectangle.setSize(rectangle.size().boundedTo(room.size()));
@@ -42,7 +42,7 @@ void RestorePlace(QWidget& window, const QByteArray& stored, const QSize& first)
         window.resize(first.boundedTo(GetRoom(window).size()));
         return;
     }
-    // A window that fills the screen goes back to a size that Qt has limited.
+    // Windows that fill the screen are left alone: Qt limits the size to which they go back.
     const QRect fitting = FitInto(GetRoom(window), window.geometry());
     if (!window.isMaximized() && !window.isFullScreen() && fitting != window.geometry())
         window.setGeometry(fitting);
