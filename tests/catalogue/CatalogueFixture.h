@@ -41,7 +41,7 @@ protected:
         return 0;
     }
 
-    /// All of them, as they follow each other in the file.
+    /// All presets, in the order of the file.
     std::vector<QModelIndex> Presets()
     {
         std::vector<QModelIndex> all;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What the shipped looks do to pictures: to the sample photo and to patches of skin.
+// Effects of the shipped looks on the sample photo and on patches of skin.
 #include "CatalogueFixture.h"
 #include "PictureChange.h"
 #include "SkinChart.h"
@@ -20,19 +20,21 @@ namespace {
 // Mean difference to the photo, in steps of 8 bits over all channels.
 constexpr double LeastChange = 2.5;
 constexpr double MostChange = 60;
-// Between two looks. The smallest that is seen side by side.
+// Mean difference between two looks. The smallest that is seen side by side.
 constexpr double LeastDistance = 1.5;
 // Shares of the picture that a look may drown or burn beyond what the photo has.
 constexpr double MostClipped = 0.03;
 constexpr double MostDrowned = 0.04;
-// Degrees. Skin of all tones has its hue between red and yellow; reddish below 5, sallow above 50.
+// Hues in degrees. Skin of all tones lies between red and yellow; it is reddish below 5, sallow
+// above 50.
 constexpr double RedmostSkin = 5;
 constexpr double YellowmostSkin = 50;
 
 class CatalogueLooksTest : public CatalogueFixture
 {
 protected:
-    /// Small, since every look is drawn on it; large enough for skies and shadows to count.
+    /// The photo, small, since every look is drawn on it; large enough for skies and shadows to
+    /// count.
     static Image ReadSample()
     {
         const Image photo =

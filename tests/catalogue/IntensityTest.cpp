@@ -53,7 +53,7 @@ protected:
         return session.GetWorkspace().GetDrawer().Result();
     }
 
-    /// The same when the preset is applied with that intensity already set.
+    /// The photo with the preset applied at that intensity from the start.
     Image DrawFrom(const QModelIndex& preset, int value, const Image& photo)
     {
         session.OpenPhoto(photo);
@@ -88,7 +88,7 @@ TEST_F(IntensityTest, lowestGivesBackAPhotoOf16BitsToTheBit)
     ExpectPhotoAtLowest(Image::Depth::Bits16);
 }
 
-/// Each tenth of the way takes the picture further from the photo.
+/// Each tenth of the way must take the picture further from the photo.
 TEST_F(IntensityTest, growsWithoutTurningBack)
 {
     const Image photo = LumetraTests::MakePhotoLikePicture(Image::Depth::Bits8);
@@ -105,8 +105,8 @@ TEST_F(IntensityTest, growsWithoutTurningBack)
     }
 }
 
-/// What was drawn without blending, such as edits from when some of these looks had a slider of
-/// their own, comes back as the whole look.
+/// Edits without blending, such as those from when some of these looks had a slider of their own,
+/// must come back as the whole look.
 TEST_F(IntensityTest, editsWithTheWholeLookComeBackAtTheHighest)
 {
     const Image photo = LumetraTests::MakePhotoLikePicture(Image::Depth::Bits8);

@@ -7,7 +7,7 @@ class Image;
 
 namespace LumetraTests {
 
-/// How far one 8-bit picture is from another of the same size.
+/// The difference between an 8-bit picture and another of the same size.
 struct PictureChange
 {
     PictureChange(const LumetraHost::Image& before, const LumetraHost::Image& after);

@@ -132,7 +132,7 @@ TEST_F(ShippedCatalogueTest, somePresetsHaveAPreviewOfTheirOwn)
     EXPECT_GE(previews, 1u);
 }
 
-/// Favourites, sidecars and scripts name presets by these.
+/// Favourites, sidecars and scripts name presets by their ids.
 TEST_F(ShippedCatalogueTest, keepsTheIdsOfItsFirstPresets)
 {
     std::set<std::string> ids;

@@ -10,7 +10,7 @@
 
 #include <string>
 
-/// What the program did.
+/// Exit code and output of a run of the program.
 struct CliResult
 {
     int code = -1;
@@ -30,9 +30,9 @@ class CliTest : public testing::Test
 protected:
     void SetUp() override;
 
-    /// `arguments`, a command first, with the folder's catalogue alone.
+    /// Runs with the folder's catalogue alone. `arguments` begin with a command.
     CliResult Run(const QStringList& arguments) const;
-    /// As they are.
+    /// Runs with no arguments but these.
     CliResult RunPlain(const QStringList& arguments) const;
 
     QString Path(const char* name) const;

@@ -78,7 +78,7 @@ TEST_F(CliTest, everyCommandRefusesWordsThatItDoesNotTake)
                 HasSubstr("unexpected argument \"extra\""));
 }
 
-// On a socket of packets the reader gets what each write() wrote.
+// A socket of packets keeps writes apart, so that the reader sees each write() by itself.
 TEST_F(CliTest, printsEachLineAtOnce)
 {
     int ends[2];

@@ -159,7 +159,7 @@ TEST_F(CliTest, changesNothingWhenTheStoreIsOfANewerProgram)
 
 namespace {
 
-/// Every command that reads a store, with arguments that would do.
+/// Every command that reads a store, with arguments that it accepts.
 QList<QStringList> CommandsWithAStore()
 {
     const QString grey = QStringLiteral("Test Grey");

@@ -16,8 +16,8 @@
 
 namespace LumetraTest {
 
-/// What every IQuindleDrawer must do, together with its painter and the receiver of reset requests.
-/// A Subject offers
+/// Requirements on every IQuindleDrawer, together with its painter and the receiver of reset
+/// requests. A Subject offers
 /// - `IQuindleDrawer& GetDrawer()`, with a photo of 60 x 40 pixels open and nothing applied,
 /// - `IResetReceiver& GetResetReceiver()`,
 /// - `void ClosePhoto()`,

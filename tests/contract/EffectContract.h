@@ -15,8 +15,8 @@
 
 namespace LumetraTest {
 
-/// What every IEffectSettings must do. A Subject registers one kind of effect while it lives, with
-/// at least one parameter, and offers `std::string GetEffectID()`.
+/// Requirements on every IEffectSettings. A Subject registers one kind of effect while it lives,
+/// with at least one parameter, and offers `std::string GetEffectID()`.
 template <class Subject>
 class EffectContract : public testing::Test
 {

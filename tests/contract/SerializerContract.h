@@ -14,10 +14,10 @@
 
 namespace LumetraTest {
 
-/// What every ISerializer and ISerializerCollection must do. A Subject offers
-/// `SerializerPtr MakeRoot()`: an empty, writable root whose path is "presets.json", and
-/// `ConstSerializerPtr Reload(const SerializerPtr& root)`: the root as it reads after it has been
-/// stored and opened again.
+/// Requirements on every ISerializer and ISerializerCollection. A Subject offers `SerializerPtr
+/// MakeRoot()`: an empty, writable root whose path is "presets.json", and `ConstSerializerPtr
+/// Reload(const SerializerPtr& root)`: the root as it reads after it has been stored and opened
+/// again.
 template <class Subject>
 class SerializerContract : public testing::Test
 {

@@ -16,10 +16,10 @@
 
 namespace LumetraTest {
 
-/// What every workspace and its small parts must do: converter, statistics, registry of presets.
+/// Requirements on every workspace and its small parts: converter, statistics, registry of presets.
 /// A Subject offers `std::shared_ptr<IWorkspaceController> GetWorkspace()`,
-/// `std::vector<std::pair<std::string, std::map<…>>> GetEvents()`: what statistics received, and
-/// `std::vector<std::pair<std::string, std::string>> GetPresets()`: what is registered.
+/// `std::vector<std::pair<std::string, std::map<…>>> GetEvents()`: the received statistics, and
+/// `std::vector<std::pair<std::string, std::string>> GetPresets()`: the registered presets.
 template <class Subject>
 class WorkspacePartsContract : public testing::Test
 {

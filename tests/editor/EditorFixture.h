@@ -19,13 +19,13 @@ class QListView;
 
 namespace LumetraTest {
 
-/// Lets events happen until `isDone`; a condition that never comes hangs the test.
+/// Processes events until `isDone`; a condition that never comes true hangs the test.
 void WaitUntil(const std::function<bool()>& isDone);
 
 /// The left button goes down, the pointer moves, the button comes up.
 void Drag(QWidget& widget, const QPoint& from, const QPoint& to);
 
-/// A folder of its own for the files of a test, and for what programs keep of their users.
+/// A separate folder for the files of a test, and for the programs' files of their users.
 class EditorFolder : public testing::Test
 {
 protected:
@@ -50,7 +50,7 @@ protected:
     EditorTest();
     ~EditorTest() override;
 
-    /// Opens and waits, whether it succeeds or not.
+    /// Opens a photo and waits until that has succeeded or failed.
     void Open(const QString& path);
     void LoadExamplePanel();
     void LoadPresetsPanel();
@@ -65,17 +65,17 @@ protected:
         return widget;
     }
     QAction* FindAction(const char* name) const;
-    /// What the canvas shows when everything has been rendered, without anything over it.
+    /// The canvas' picture when everything has been rendered, without anything over it.
     QImage GetPicture() const;
 
-    // The presets panel, by what a user does.
-    /// The list and the place of a look, by its name.
+    // Steps of a user in the presets panel.
+    /// The list that shows a look, and the look's place in it.
     std::pair<QListView*, QModelIndex> FindLook(const QString& name) const;
     bool HasLook(const QString& name) const;
     QPoint PlaceOf(const QString& look) const;
     void ClickLook(const QString& name) const;
     void PointAtLook(const QString& name) const;
-    /// The name in the panel's head: of the look on the photo.
+    /// The name of the look on the photo, from the panel's head.
     QString GetAppliedName() const;
     /// The dialog that opens gets this name and is accepted; true when it then closed.
     bool NameBy(const char* action, const QString& name) const;

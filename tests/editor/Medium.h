@@ -10,7 +10,7 @@
 
 namespace LumetraTest {
 
-/// A file system of its own, where that is allowed.
+/// A separate file system, where the machine allows one.
 class Medium
 {
 public:

@@ -15,7 +15,8 @@ namespace {
 
 using Zorvik::Lumetra::ClickSlider;
 
-/// Opens what tests need to aim at the handle and to see whether it is drawn pressed.
+/// Opens the operations that tests need to aim at the handle and to see whether it is drawn
+/// pressed.
 class AimedSlider : public ClickSlider
 {
 public:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The recording host must behave as any host does, or tests that use it prove nothing.
+// The recording host must keep the contracts of every host, or tests that use it prove nothing.
 #include "contract/DrawerContract.h"
 #include "contract/WorkspacePartsContract.h"
 
@@ -28,7 +28,7 @@ public:
 
     EffectPtr MakeOtherEffect() const { return EffectRegistry::Find("grain")->create(); }
 
-    /// What the packages are called is not seen.
+    /// Leaves out names of packages, which are not seen.
     std::string GetShown()
     {
         std::string shown;

@@ -14,7 +14,7 @@ namespace LumetraTest {
 class CallLog
 {
 public:
-    /// While it lives, nothing is recorded: for what a recording class does on its own account.
+    /// Stops recording while it lives, for calls that a recording class makes on its own account.
     class Pause
     {
     public:

@@ -34,22 +34,22 @@ std::string CallText(const std::string& value);
 std::string CallText(const std::map<std::string, int>& value);
 std::string CallText(const std::map<std::string, std::string>& value);
 std::string CallText(const std::vector<std::pair<std::string, std::string>>& value);
-/// "tone{gain: 0.5, bias: 0}", "no effect" for null. Leaves no trace in a call log.
+/// The effect as "tone{gain: 0.5, bias: 0}", "no effect" for null. Leaves no trace in a call log.
 std::string CallText(const Zorvik::Quindle::IEffectSettings* effect);
 std::string CallText(const Zorvik::Quindle::EffectPtr& effect);
 std::string CallText(const Zorvik::Quindle::ConstEffectPtr& effect);
 std::string CallText(const Zorvik::Quindle::EffectList& effects);
 std::string CallText(const Zorvik::Quindle::ConstEffectList& effects);
-/// "Looks/preset-id #3".
+/// The package as "Looks/preset-id #3".
 std::string CallText(const Zorvik::Quindle::EffectsSettingsPackage& package);
-/// Effects, package, blend amount, and "wait" when set.
+/// The effects, package and blend amount, and "wait" when set.
 std::string CallText(const Zorvik::Quindle::EffectsSettings& effects);
 std::string CallText(const Zorvik::Quindle::SettingsPainterEffectsPackage& package);
 std::string CallText(const Zorvik::Quindle::ResetSettings& request);
 std::string CallText(const Zorvik::Proc::FrameTarget& target);
 std::string CallText(const Zorvik::Proc::Frame& frame);
 
-/// With ", " between them.
+/// Joins texts with ", ".
 std::string JoinTexts(const std::vector<std::string>& texts);
 
 } // namespace LumetraTest

@@ -10,7 +10,8 @@ namespace {
 
 QtMessageHandler earlierHandler = nullptr;
 
-/// The offscreen plug-in says so of every call that it has no window system for, such as raise().
+/// True for the offscreen plug-in's message about a call that it has no window system for, such as
+/// raise().
 bool IsPlatformNoise(const QString& message)
 {
     return message.startsWith(QLatin1String("This plugin does not support "));

@@ -12,7 +12,7 @@ namespace LumetraTest {
 
 class CallLog;
 
-/// Records every signal that a model can send, about-to and done alike, in the order of the other
+/// Records every signal that a model can send, about-to and done alike, in order with the other
 /// calls of a test: "model.dataChanged(0/1, 0/1, [258])", "model.rowsRemoved(1, 0..0)". Checks that
 /// each done follows its about-to, and that removing and inserting change the row count by as much
 /// as announced; a breach fails the running test.

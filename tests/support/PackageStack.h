@@ -10,8 +10,8 @@
 
 namespace LumetraTest {
 
-/// What the recording drawer keeps of a photo, without pixels: the open packages from bottom to
-/// top, what was committed below them, and the painting in progress.
+/// The recording drawer's state of a photo, without pixels: the open packages from bottom to top,
+/// the committed layers below them, and the painting in progress.
 class PackageStack
 {
 public:
@@ -34,8 +34,8 @@ public:
     void FinishPainting(bool cancel);
     bool IsPainting() const;
 
-    /// Everything that is seen, painting included: the committed layers, a line each, then the
-    /// open packages.
+    /// All that is seen, painting included: the committed layers, a line each, then the open
+    /// packages.
     std::vector<std::string> GetShown() const;
 
 private:

@@ -30,7 +30,7 @@ public:
     static StoredNode Grain(double amount);
     /// A preset with its effects under "settings".
     static StoredNode Preset(const std::string& name, const StoredList& effects);
-    /// The same with an intensity of its own.
+    /// A preset with an intensity of its own.
     static StoredNode Preset(const std::string& name, const StoredList& effects,
                              const StoredNode& intensity);
     static StoredNode Blending(int value);
@@ -53,7 +53,7 @@ public:
     QModelIndex Group(int group) const;
     QModelIndex At(int group, int row) const;
     bool Set(const QModelIndex& index, int role, const QVariant& value);
-    /// What the model writes as user data.
+    /// The user data that the model writes.
     std::string StoredUserData() const;
 
     CallLog log;

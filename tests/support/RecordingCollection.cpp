@@ -21,7 +21,7 @@ ConstCollectionPtr RecordingCollection::Wrap(CallLog& log, const ConstCollection
 {
     if (!collection)
         return nullptr;
-    // Handed out as const again, so nothing is written through it.
+    // The wrapper is handed out as const, so nothing is written through it.
     return new RecordingCollection(log, const_cast<ISerializerCollection*>(collection.get()));
 }
 

@@ -14,7 +14,7 @@ class RecordingCollection : public Zorvik::RefCounted<Zorvik::Brassel::ISerializ
 public:
     static Zorvik::Brassel::CollectionPtr Wrap(CallLog& log,
                                                const Zorvik::Brassel::CollectionPtr& collection);
-    /// Null for null.
+    /// Wraps a collection; null for null.
     static Zorvik::Brassel::ConstCollectionPtr
     Wrap(CallLog& log, const Zorvik::Brassel::ConstCollectionPtr& collection);
 

@@ -21,7 +21,7 @@ ConstSerializerPtr RecordingSerializer::Wrap(CallLog& log, const ConstSerializer
 {
     if (!node)
         return nullptr;
-    // Handed out as const again, so nothing is written through it.
+    // The wrapper is handed out as const, so nothing is written through it.
     return new RecordingSerializer(log, const_cast<ISerializer*>(node.get()));
 }
 

@@ -16,7 +16,7 @@ class RecordingSerializer : public Zorvik::RefCounted<Zorvik::Brassel::ISerializ
 public:
     static Zorvik::Brassel::SerializerPtr Wrap(CallLog& log,
                                                const Zorvik::Brassel::SerializerPtr& node);
-    /// Null for null.
+    /// Wraps a node; null for null.
     static Zorvik::Brassel::ConstSerializerPtr
     Wrap(CallLog& log, const Zorvik::Brassel::ConstSerializerPtr& node);
 

@@ -24,7 +24,7 @@ public:
 
     /// Replaces what is registered under the id until this object ends.
     void Add(const Zorvik::Quindle::EffectDescriptor& descriptor);
-    /// The same, with recording effects.
+    /// Adds an effect that records its calls.
     void AddRecording(const std::string& effectID,
                       const std::vector<Zorvik::Quindle::EffectParameter>& parameters);
 

@@ -110,7 +110,7 @@ CollectionPtr StoredList::ToCollection() const
     const auto owner = std::make_shared<Property>(std::string());
     owner->Set("list", ToProperties());
     const auto node = SerializerProperty::Create(owner, "test");
-    // Read-only by its type alone: nobody else sees this tree.
+    // The cast is safe: nobody else refers to this tree.
     return const_cast<Zorvik::Brassel::ISerializerCollection*>(node->GetCollection("list").get());
 }
 

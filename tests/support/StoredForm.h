@@ -24,7 +24,7 @@ public:
     StoredNode(std::initializer_list<StoredEntry> entries);
     StoredNode(const std::string& name, std::initializer_list<StoredEntry> entries);
 
-    /// Replaces in place, else appends.
+    /// Replaces the value under `key` in its place, else appends it.
     StoredNode& Set(const std::string& key, const StoredValue& value);
 
     /// The tree, named as given or else by the node's own name.
@@ -81,7 +81,7 @@ struct StoredEntry
 /// A whole double ends in ".0", so that it differs from an int.
 std::string StoredText(const Zorvik::Core::Property& tree);
 
-/// What `object` writes into an empty node, as text.
+/// The text that `object` writes into an empty node.
 std::string StoredText(const Zorvik::Brassel::ISerializable& object);
 
 } // namespace LumetraTest

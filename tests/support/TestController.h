@@ -13,7 +13,7 @@ public:
     explicit TestController(const std::string& packageName);
     TestController(const TestController& other);
 
-    /// What a host's controller would do of itself.
+    /// Sets the library's flag, as a host's controller would.
     void SetWaitApply(bool wait);
     void SetApplySettingsOnProgress(bool apply);
     void SetDownloadable(bool downloadable);

@@ -7,9 +7,9 @@
 
 namespace LumetraTest {
 
-/// Makes RecordingControllers of the package "Looks" and records what it is asked for. The kind
-/// "progress" applies changed sliders at once, "download" is yet to be downloaded, "waiting" waits
-/// for the rendering, "broken" throws; every other kind is a plain one.
+/// Makes RecordingControllers of the package "Looks" and records the requests. The kind "progress"
+/// applies changed sliders at once, "download" is yet to be downloaded, "waiting" waits for the
+/// rendering, "broken" throws; every other kind is a plain one.
 class TestFactory : public Zorvik::Lumetra::LumetraPresets::IEffectPresetControllerFactory
 {
 public:

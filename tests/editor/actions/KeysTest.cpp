@@ -52,7 +52,7 @@ protected:
     PhotoCanvas& Canvas() const { return window->GetCanvas(); }
     QLineEdit* Search() const { return Find<QLineEdit>("searchField"); }
 
-    /// What the list of keys (F1) says.
+    /// The entries of the list of keys (F1).
     std::vector<ListedKey> ReadList()
     {
         std::vector<ListedKey> keys;
@@ -94,7 +94,7 @@ protected:
                         static_cast<Qt::KeyboardModifiers>(code & Qt::KeyboardModifierMask));
     }
 
-    /// From now on keys are noted, and their commands not done.
+    /// Notes commands from now on instead of running them.
     void NoteKeys()
     {
         for (QAction* const action : window->findChildren<QAction*>()) {
@@ -124,7 +124,7 @@ protected:
                          [this] { done.append(QStringLiteral("Zoom in, out, fit, actual size")); });
     }
 
-    /// What the key does, also where nothing tells of it.
+    /// The effects of the key, commands or not.
     QStringList Do(const QString& key)
     {
         done.clear();
@@ -138,7 +138,7 @@ protected:
     QStringList done;
 };
 
-/// What a text field keeps for itself: what types and edits.
+/// True for keys that a text field keeps for itself: they type or edit.
 bool BelongsToText(const QString& key)
 {
     static const std::set<QString> own{QStringLiteral("\\"),
@@ -161,7 +161,7 @@ TEST_F(KeysTest, everyListedKeyWorksFromEveryPlace)
 {
     OpenWithALook();
     const auto list = ReadList();
-    QApplication::setActiveWindow(window.get()); // the dialog was
+    QApplication::setActiveWindow(window.get()); // the dialog was active
     ASSERT_GT(list.size(), 35U);
     NoteKeys();
     auto* const number = Find<QSlider>("intensitySlider")->parentWidget()->findChild<QSpinBox*>();

@@ -31,7 +31,7 @@ protected:
         return Find<QSlider>("intensitySlider")->parentWidget()->findChild<QSpinBox*>();
     }
 
-    /// All commands are counted from now on, and none is done.
+    /// Counts commands from now on instead of running them.
     void CountCommands()
     {
         for (QAction* const action : window->findChildren<QAction*>()) {
@@ -73,7 +73,8 @@ TEST_F(TextKeysTest, ctrlBackspaceInANumberTakesTheNumberAndNotTheLook)
     EXPECT_EQ(GetAppliedName(), QStringLiteral("Candlelight"));
 }
 
-/// As in Emacs, where the window system has such keys. They are commands of the window here.
+/// True for the letters that delete, as in Emacs, where the window system has such keys. They are
+/// commands of the window here.
 bool IsLetterForDeleting(QKeySequence::StandardKey standard, const QKeySequence& key)
 {
     const int letter = key[0] & ~Qt::KeyboardModifierMask;

@@ -42,7 +42,7 @@ protected:
 
     QString WriteMonitor() const { return WriteFile("monitor.icc", monitor); }
 
-    /// Within what 8 bits allow.
+    /// Expects the shown colours within the precision of 8 bits.
     void ExpectShown(const QImage& shown, const QImage& photo) const
     {
         const MonitorOracle oracle(monitor);
@@ -185,7 +185,7 @@ void SetProfileOfServer(const QByteArray& icc)
     xcb_change_property(connection, XCB_PROP_MODE_REPLACE, root, atom->atom, XCB_ATOM_CARDINAL, 8,
                         static_cast<std::uint32_t>(icc.size()), icc.constData());
     free(atom);
-    // An answer says that what came before has been done.
+    // The answer comes after all earlier requests have been carried out.
     free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
     xcb_disconnect(connection);
 }

@@ -34,7 +34,7 @@ protected:
 
     QSlider* Slider() const { return Find<QSlider>("exposureSlider"); }
 
-    /// Another run of the program, in which `name` is opened.
+    /// Runs the program again and opens `name`.
     void StartAgain(const char* name = "lake.png")
     {
         Restart();
@@ -47,10 +47,10 @@ protected:
         Open(Path(name));
     }
 
-    /// Nothing can be written beside the photo: permissions would not stop root.
+    /// Makes writing beside the photo fail: permissions would not stop root.
     void Block(const char* sidecar) const { ASSERT_TRUE(QDir().mkpath(Path(sidecar))); }
     void Unblock(const char* sidecar) const { ASSERT_TRUE(QDir().rmdir(Path(sidecar))); }
-    /// Neither can the user's own folder.
+    /// Makes writing into the user's own folder fail too.
     void BlockOwnFolder() const
     {
         ASSERT_TRUE(QDir().mkpath(Path("data/lumetra")));

@@ -22,7 +22,7 @@ namespace {
 class KillTest : public EditorFolder
 {
 protected:
-    /// After at least `writes` sidecars have been seen to change.
+    /// Kills the program after at least `writes` changes of sidecars.
     void RunAndKill(int seed, int writes)
     {
         QProcess process;

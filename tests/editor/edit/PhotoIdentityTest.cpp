@@ -39,7 +39,7 @@ protected:
 
     QSlider* Slider() const { return Find<QSlider>("exposureSlider"); }
 
-    /// Another program run in which the photo is opened.
+    /// Starts the program again and opens the photo.
     void Start()
     {
         Restart();

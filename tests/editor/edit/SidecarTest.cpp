@@ -45,7 +45,7 @@ protected:
     {
         return QDir(folder).entryList({QStringLiteral("*.earlier-*")}, QDir::Files);
     }
-    /// All that can be found of edits beside the photo.
+    /// The texts of all edits beside the photo.
     std::string ReadAll() const
     {
         QByteArray text = ReadFile("lake.png.lumetra.json");
@@ -53,7 +53,7 @@ protected:
             text += ReadFile(qPrintable(copy));
         return text.toStdString();
     }
-    /// The next write beside the photo fails: permissions would not stop root.
+    /// Makes the next write beside the photo fail: permissions would not stop root.
     void Block() const { ASSERT_TRUE(QDir().mkpath(Path("lake.png.lumetra.json"))); }
 
     QString photo;

@@ -33,7 +33,7 @@ protected:
     ExportGuardTest() : m_before(ReadFile("lake.png")) {}
     ~ExportGuardTest() override { EXPECT_EQ(ReadFile("lake.png"), m_before); }
 
-    /// The dialog says that it does not write there, and why, and stays open.
+    /// Expects the dialog to stay open and to say that it does not write there, and why.
     void ExpectRefused(const QString& output, const char* reason)
     {
         const ScriptedAlerts alerts({QMessageBox::Ok});

@@ -258,7 +258,7 @@ TEST_F(ExportTest, asksBeforeAFileIsReplaced)
     });
 
     EXPECT_NE(ReadFile("lake_edited.jpg"), "precious");
-    EXPECT_EQ(alerts.GetTitles().first(), QStringLiteral("Replace")); // and so says the button
+    EXPECT_EQ(alerts.GetTitles().first(), QStringLiteral("Replace")); // the button has that name
 }
 
 TEST_F(ExportTest, remembersTheOptions)
@@ -354,7 +354,7 @@ TEST_F(ExportTest, asksBeforeItStopsAnExport)
     const ScriptedAlerts alerts({QMessageBox::Cancel});
 
     EXPECT_FALSE(window->close());
-    EXPECT_EQ(alerts.GetTitles().first(), QStringLiteral("Quit")); // and so says the button
+    EXPECT_EQ(alerts.GetTitles().first(), QStringLiteral("Quit")); // the button has that name
     WaitForExport();
 
     EXPECT_TRUE(QFile::exists(Path("lake_edited.jpg")));

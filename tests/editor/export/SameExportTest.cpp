@@ -112,7 +112,8 @@ protected:
         return ReadFile(name);
     }
 
-    /// At its own size, at another one and at a larger one, which is its own.
+    /// Compares exports at the photo's size, at a smaller one and at a larger one, which is not
+    /// enlarged.
     void ExpectSame(PhotoFormat format, std::optional<Image::Depth> depth = {}) const
     {
         for (const int longestSide : {0, 700, 5000}) {

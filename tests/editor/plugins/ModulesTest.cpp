@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What a module may do wrong, and what the editor still does then.
+// Misbehaviour of modules, and the editor's reaction.
 #include "editor/EditorFixture.h"
 #include "editor/ScriptedAlerts.h"
 
@@ -71,7 +71,7 @@ protected:
         return window->findChild<QPushButton*>(QStringLiteral("misbehave"));
     }
 
-    /// Without what only makes it readable.
+    /// The edit without white space that only makes it readable.
     std::string KeptEdit()
     {
         editor->SaveEdit();
@@ -100,7 +100,7 @@ protected:
 class FailingModuleTest : public ModulesTest, public testing::WithParamInterface<const char*>
 {
 protected:
-    /// Brings the editor to an operation of the module.
+    /// Makes the editor call an operation of the module.
     void Use(const QString& operation)
     {
         const QString name = operation.section(QLatin1Char(' '), 0, 0);

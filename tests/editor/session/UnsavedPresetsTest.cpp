@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The program is to end while presets of the user are on no disk.
+// The end of the program while presets of the user are on no disk.
 #include "editor/EditorFixture.h"
 #include "editor/ScriptedAlerts.h"
 
@@ -24,7 +24,7 @@ protected:
         Open(WritePhoto("lake.png", 60, 40));
     }
 
-    /// Nothing can be written: permissions would not stop root.
+    /// Makes every write fail: permissions would not stop root.
     void Block() const
     {
         QFile::remove(Path("data/lumetra/presets.json"));

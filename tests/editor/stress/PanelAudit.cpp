@@ -93,7 +93,7 @@ bool PanelAudit::IsOfCheckedKind(const QModelIndex& preset) const
     };
     if (isChecked("filterButton1"))
         return preset.data(PresetModel::FavouriteRole).toBool();
-    // As the next start of the program would read it.
+    // Reads the list as the next start of the program would.
     if (isChecked("filterButton2"))
         return LumetraPlugin::RecentPresets(LumetraPlugin::PanelFiles::Find().recent)
             .Contains(preset.data(PresetModel::PresetIdRole).toString());
@@ -102,7 +102,7 @@ bool PanelAudit::IsOfCheckedKind(const QModelIndex& preset) const
     return true;
 }
 
-/// What is searched for is one word.
+/// True for presets that the filter must show; the search text is one word.
 bool PanelAudit::IsExpected(const QModelIndex& preset) const
 {
     const QString word = Find<QLineEdit>(QStringLiteral("searchField"))->text();
@@ -172,7 +172,7 @@ void PanelAudit::CompareRow(PresetGrid& grid, int row, const QModelIndex& preset
         CompareThumbnail(grid, row, preset);
 }
 
-/// What is seen is what the drawer makes of the preset at this moment.
+/// Compares the thumbnail with the drawer's picture of the preset at this moment.
 void PanelAudit::CompareThumbnail(PresetGrid& grid, int row, const QModelIndex& preset)
 {
     const QImage shown =
@@ -218,7 +218,7 @@ void PanelAudit::CompareControls()
            m_applied.isValid() && type.value<IntensitySettingType>() != IntensitySettingType::None);
 }
 
-/// The slider, and the number beside it.
+/// Compares the slider, and the number beside it.
 void PanelAudit::CompareSlider(const QString& name, const QModelIndex& preset, int value, int least,
                                int most)
 {
@@ -253,7 +253,7 @@ void PanelAudit::CompareExtraSliders()
         Expect(nameOf(i) + QStringLiteral(" is there"), slider->isVisibleTo(&m_widget), false);
 }
 
-/// The photo has the applied look as the model describes it, and no other one.
+/// Compares the packages on the photo: the applied look as the model describes it, and no other.
 void PanelAudit::ComparePackage()
 {
     const auto packages = m_editor.GetHost().GetDrawer().GetOpenPackages();

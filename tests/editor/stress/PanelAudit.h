@@ -18,16 +18,16 @@ class PresetsPanel;
 
 namespace LumetraTest {
 
-/// Compares what the presets panel shows with what its model, the photo's packages and the files
-/// beside the user's presets say. Looks at widgets only as a user does: texts, marks, values, rows,
-/// pictures. Everything must have settled before.
+/// Compares the presets panel with its model, with the photo's packages and with the files beside
+/// the user's presets. Looks at widgets only as a user does: texts, marks, values, rows, pictures.
+/// Everything must have settled before.
 class PanelAudit
 {
 public:
     /// Both are kept by reference.
     PanelAudit(LumetraEditor::Editor& editor, LumetraPlugin::PresetsPanel& panel);
 
-    /// A sentence for each difference; none is what is hoped for.
+    /// A sentence for each difference; none when all is well.
     QStringList FindDifferences();
 
 private:

@@ -38,7 +38,7 @@ namespace {
 
 using LumetraHost::Image;
 
-/// What may be added to the heap between two restarts, for what libraries keep for good.
+/// Growth of the heap between two restarts that is allowed: libraries keep some memory for good.
 constexpr std::size_t MostGrowth = std::size_t{8} << 20;
 
 void SendMouse(QWidget& widget, QEvent::Type type, const QPoint& at, Qt::MouseButtons down)
@@ -102,7 +102,8 @@ void StressRun::Start()
     m_window = std::make_unique<LumetraEditor::EditorWindow>(*m_editor);
     m_window->UseLanguage(QStringLiteral("en"));
     m_window->AddPanel({QStringLiteral("lumetra-presets"), &m_plugin});
-    // It fades, so that what is painted depends on the time, and leaks when the program ends then.
+    // A button that fades makes the painting depend on the time, and leaks when the program ends
+    // meanwhile.
     m_window->findChild<QLineEdit*>(QStringLiteral("searchField"))->setClearButtonEnabled(false);
     m_window->resize(1000, 900);
     m_window->show();
@@ -256,8 +257,8 @@ void StressRun::Act()
         OpenPhoto();
 }
 
-/// Until there is nothing left to be rendered or painted. Painting asks for pictures, which are
-/// painted when they have come, and a look that the pointer rests on is shown after a moment.
+/// Waits until there is nothing left to be rendered or painted. Painting asks for pictures, which
+/// are painted when they have come, and a look that the pointer rests on is shown after a moment.
 void StressRun::Settle()
 {
     auto& view = m_window->GetFeed().GetLiveView();
@@ -281,8 +282,8 @@ bool StressRun::Check(const char* what, bool isTrue)
     return isTrue;
 }
 
-/// At actual size the canvas shows the very pixels that the drawer makes, with the look that the
-/// pointer rests on, if there is one.
+/// True when the canvas, at actual size, shows the very pixels that the drawer makes, with the look
+/// that the pointer rests on, if there is one.
 bool StressRun::CheckCanvas()
 {
     m_window->GetCanvas().SetZoom(1);
@@ -312,7 +313,7 @@ bool StressRun::CheckPanel()
     return Check("the panel shows what its model says", differences.isEmpty());
 }
 
-/// Whatever has changed has been painted.
+/// True when every change has been painted.
 bool StressRun::CheckScreen()
 {
     const QImage painted = m_window->screen()
@@ -355,7 +356,8 @@ bool StressRun::CheckRestart()
                  HaveSamePixels(now, m_editor->GetHost().GetDrawer().Result()));
 }
 
-/// Right after a restart, when nothing is left of what was done. Sanitizers count for themselves.
+/// True when memory has not grown. Called right after a restart, when the session's objects are
+/// gone. Sanitizers count for themselves.
 bool StressRun::CheckMemory()
 {
     const std::size_t used = mallinfo2().uordblks;

@@ -16,16 +16,16 @@
 
 namespace LumetraTest {
 
-/// Random actions of a user on the editor with its looks; the same seed does the same. Checks now
-/// and then that what is on the canvas is what the drawer's packages make, that the panel shows
-/// what its model says and the screen what the panel shows, that undoing everything and doing it
-/// again changes nothing, that a restart brings the last edit back, and that memory does not grow.
+/// Random actions of a user on the editor with its looks, the same for the same seed. Checks now
+/// and then that the canvas shows the drawer's packages, the panel its model and the screen the
+/// panel; that undoing everything and redoing it changes nothing; that a restart brings the last
+/// edit back; and that memory does not grow.
 class StressRun
 {
 public:
     explicit StressRun(unsigned seed);
 
-    /// False, and said on stderr, at the first thing that is not as it must be.
+    /// Runs; false, with a message on stderr, at the first check that fails.
     bool Run(int actions);
 
 private:

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// editor-stress [SEED [ACTIONS]]: see StressRun; by default 10,000 actions. Ends with 1 when
-// something is not as it must be. Where LUMETRA_STRESS_PICTURES names a folder, pictures of a
-// window that is not painted as it should be go there.
+// editor-stress [SEED [ACTIONS]]: see StressRun; by default 10,000 actions. Ends with 1 when a
+// check fails. A wrongly painted window is saved to the folder that LUMETRA_STRESS_PICTURES names.
 #include "StressRun.h"
 
 #include "Zorvik/Util/AlertBox.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Who sees nothing, and who has no mouse, can use the window all the same.
+// The window serves users who see nothing, and users without a mouse.
 #include "editor/EditorFixture.h"
 
 #include "actions/EditorActions.h"
@@ -38,19 +38,20 @@ protected:
                widget.objectName().toStdString() + "\"";
     }
 
-    /// What takes the keyboard with the Tab key now.
+    /// The widgets that the Tab key reaches now.
     static std::vector<QWidget*> FocusableIn(const QWidget& root)
     {
         std::vector<QWidget*> found;
         for (QWidget* const widget : root.findChildren<QWidget*>())
             if ((widget->focusPolicy() & Qt::TabFocus) && widget->isVisible() &&
                 widget->isEnabled() && !widget->focusProxy() &&
-                !qobject_cast<QAbstractSpinBox*>(widget->parentWidget())) // its box speaks for it
+                !qobject_cast<QAbstractSpinBox*>(
+                    widget->parentWidget())) // the box has a name instead
                 found.push_back(widget);
         return found;
     }
 
-    /// How many widgets have been looked at.
+    /// Expects a name of each widget; returns how many there are.
     static int ExpectNames(const QWidget& root)
     {
         const auto widgets = FocusableIn(root);
@@ -59,7 +60,7 @@ protected:
         return static_cast<int>(widgets.size());
     }
 
-    /// All that the window says at the moment: titles, texts, tool tips and spoken names.
+    /// All texts of the window at the moment: titles, texts, tool tips and spoken names.
     QStringList AllTexts() const
     {
         QStringList texts;

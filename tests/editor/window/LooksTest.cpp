@@ -306,7 +306,7 @@ TEST_F(LooksTest, deletingTheLookOnThePhotoIsOneStep)
         EXPECT_EQ(GetPicture(), original);
     }
     FindAction("undo")->trigger();
-    FindAction("undo")->trigger(); // the intensity's step before
+    FindAction("undo")->trigger(); // the step before is that of the intensity
     EXPECT_EQ(GetAppliedName(), name);
     EXPECT_NE(Intensity()->value(), intensity);
 }

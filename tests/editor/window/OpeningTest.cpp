@@ -28,7 +28,7 @@ namespace {
 class OpeningTest : public EditorTest
 {
 protected:
-    /// Nothing of the window lies over the message.
+    /// True when nothing of the window lies over the message.
     bool IsMessageInSight() const
     {
         const auto* const bar = Find<QWidget>("messageBar");
@@ -36,7 +36,8 @@ protected:
         return bar->isVisible() && seen && (seen == bar || bar->isAncestorOf(seen));
     }
 
-    /// `path` is refused with a message that holds `expected`, and another photo stays open.
+    /// Expects `path` to be refused with a message that contains `expected`, while another photo
+    /// stays open.
     void ExpectRefused(const QString& path, const char* expected)
     {
         const QString good = WritePhoto("good.png", 40, 30);
@@ -97,7 +98,7 @@ TEST_F(OpeningTest, staysAliveWhileAPhotoIsRead)
     bool hasTicked = false;
     QTimer::singleShot(0, [&hasTicked] { hasTicked = true; });
 
-    // The photo is read on another thread; here the loop goes round first.
+    // The photo is read on another thread; this loop runs first.
     EXPECT_TRUE(editor->IsOpening());
     EXPECT_TRUE(Find<QProgressBar>("progress")->isVisible());
     WaitUntil([this] { return !editor->IsOpening(); });

@@ -13,7 +13,7 @@ namespace {
 class WindowPlaceTest : public EditorTest
 {
 protected:
-    /// Another run of the program, of which nobody has changed the window.
+    /// Starts the program again after a run in which nobody changed the window.
     void StartUntouched()
     {
         window.reset();
@@ -23,7 +23,7 @@ protected:
 
     QRect GetScreen() const { return window->screen()->availableGeometry(); }
 
-    /// The title bar and the borders have to fit too.
+    /// True when the title bar and the borders fit too.
     bool HasRoomForAFrame() const
     {
         const QSize room = GetScreen().size() - window->size();

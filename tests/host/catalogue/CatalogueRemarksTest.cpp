@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What a catalogue may say without being wrong JSON, and yet nobody means.
+// Valid JSON in catalogues that is hardly what its author meant.
 #include "catalogue/CatalogueParser.h"
 
 #include "RecordingTarget.h"
@@ -62,7 +62,7 @@ protected:
                      "]}]}]");
     }
 
-    /// The first slider's members are `members`, its variable's `variable`; a good one follows.
+    /// Checks a slider with these members and variable; a good one follows.
     Lines CheckSlider(const std::string& members, const std::string& variable)
     {
         return Check(R"("defaultSettings": {"saturation": {)" + members +

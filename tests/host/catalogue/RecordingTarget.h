@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-/// Notes what a parser hands over, one line per call. An element named `poison` makes it throw.
+/// Notes the parser's calls, one line each. An element named `poison` makes it throw.
 class RecordingTarget : public Zorvik::Brassel::Config::IParserConfigGroup
 {
 public:

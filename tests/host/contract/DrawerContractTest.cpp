@@ -13,8 +13,8 @@ namespace {
 using namespace Zorvik::Quindle;
 using LumetraHost::Image;
 
-/// A picture that equals another when no channel differs by more than one step: what is dragged and
-/// what is applied may be rounded at different places.
+/// A picture that equals another when no channel differs by more than one step: drags and applied
+/// packages may round at different places.
 class Picture
 {
 public:

@@ -15,7 +15,7 @@
 
 namespace LumetraHost {
 
-/// Counts what a drawer tells.
+/// Counts the notifications of a drawer.
 class CountingObserver : public IDrawerObserver
 {
 public:
@@ -47,7 +47,7 @@ protected:
         return settings;
     }
 
-    /// With one exposure effect.
+    /// A package with one exposure effect.
     static Zorvik::Quindle::EffectsSettings MakePackage(const std::string& name, unsigned index,
                                                         double stops)
     {
@@ -71,7 +71,7 @@ protected:
             Zorvik::Quindle::EffectSettingsImpl::Create(Zorvik::Proc::SettingsEffectEmpty()));
     }
 
-    /// What the packages make of the photo, each rendered on its own.
+    /// The photo with the packages, each rendered on its own.
     Image Draw(const std::vector<Zorvik::Quindle::EffectsSettings>& packages) const
     {
         Image picture = m_photo;

@@ -31,7 +31,7 @@ public:
 
     void Close() { SetOpen(false); }
     void Open() { SetOpen(true); }
-    /// Lets the rendering go on that stands at the closed gate, and holds the next one.
+    /// Lets the rendering at the closed gate go on, and holds the next one.
     void LetOnePass()
     {
         const std::lock_guard lock(m_mutex);
@@ -39,14 +39,14 @@ public:
         m_changed.notify_all();
     }
 
-    /// Until a rendering of that serial, or a later one, stands at the closed gate.
+    /// Waits until a rendering of that serial, or a later one, stands at the closed gate.
     void WaitForArrival(quint64 serial)
     {
         std::unique_lock lock(m_mutex);
         m_changed.wait(lock, [&] { return m_waitingSerial >= serial; });
     }
 
-    /// Whether the rendering that stands at the gate has been given up.
+    /// True when the rendering at the gate has been cancelled.
     bool IsWaitingOneCancelled()
     {
         const std::lock_guard lock(m_mutex);

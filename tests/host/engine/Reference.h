@@ -14,8 +14,8 @@ using Colour = std::array<double, 3>;
 /// A formula on linear light in double precision; x and y are pixels.
 using ReferenceFormula = std::function<Colour(const Colour&, int x, int y)>;
 
-/// How far a picture is from a formula, in steps of its depth. The formula's values, rounded, have
-/// a largest error of at most 0.5 and the mean one given in `roundedMean`.
+/// The distance of a picture from a formula, in steps of its depth. The formula's values, rounded,
+/// have a largest error of at most 0.5 and the mean one given in `roundedMean`.
 struct RenderError
 {
     double largest = 0;

@@ -40,7 +40,7 @@ double SmoothStep(double t)
     return 3 * t * t - 2 * t * t * t;
 }
 
-/// A formula on encoded values as one on linear light.
+/// Turns a formula on encoded values into one on linear light.
 ReferenceFormula OnEncoded(const ReferenceFormula& formula)
 {
     return [formula](const Colour& c, int x, int y) {

@@ -24,14 +24,14 @@ Packages MakeNeighbours();
 Packages MakeLayers();
 /// A run of colours that a table may stand for.
 Packages MakeColourRun();
-/// The same before effects that no table can stand for.
+/// A run of colours before effects that no table can stand for.
 Packages MakeMixedRun();
 
 LumetraHost::ExportRecipe
 MakeRecipe(const Packages& packages,
            LumetraHost::PhotoFormat format = LumetraHost::PhotoFormat::Jpeg);
 
-/// An exported file with everything that was noticed.
+/// An exported file with all warnings.
 struct Converted
 {
     LumetraHost::Bytes file;
@@ -39,12 +39,12 @@ struct Converted
 };
 
 Converted Join(const LumetraHost::Export::Result& result);
-/// As the tool exports: from the bytes of the file.
+/// Exports as the tool does: from the bytes of the file.
 Converted Convert(const LumetraHost::Bytes& content, const LumetraHost::ExportRecipe& recipe,
                   int threads = 2);
 Converted Convert(const LumetraHost::Bytes& content, const Packages& packages, int threads = 2,
                   LumetraHost::PhotoFormat format = LumetraHost::PhotoFormat::Jpeg);
-/// As the editor exports: the photo that was read before.
+/// Exports as the editor does: the photo that was read before.
 Converted ConvertPhoto(const LumetraHost::Bytes& content, const LumetraHost::ExportRecipe& recipe);
 /// True when the file is decoded in bands.
 bool CanStream(const LumetraHost::Bytes& content);

@@ -41,8 +41,8 @@ namespace {
 
 using Packages = std::vector<EffectsSettings>;
 
-/// What every export is to make: drawn at the larger of both depths, one package after the other,
-/// rounded to the depth of the file, then shrunk.
+/// The expected picture: drawn at the larger of both depths, one package after the other, rounded
+/// to the depth of the file, then shrunk.
 Image MakeStepByStep(const Photo& photo, const Packages& packages, const ExportRecipe& recipe)
 {
     Image image = photo.image;
@@ -95,7 +95,7 @@ TEST(Export, keepsTheBitsOfThePhotoWhenNoneAreAskedFor)
     EXPECT_EQ(getDepth(PhotoFormat::Jpeg), Image::Depth::Bits8);
 }
 
-// One pixel that lets a little through is lost among the others.
+// One pixel that lets a little through vanishes among the others when they are averaged.
 TEST(Export, storesNoAlphaThatRoundingHasMadeOpaque)
 {
     Photo photo;

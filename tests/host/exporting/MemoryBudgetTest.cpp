@@ -15,8 +15,8 @@ namespace {
 constexpr std::uint64_t Total = 100;
 constexpr int Rounds = 200;
 
-/// Threads that ask for these amounts again and again; the most that they held at the same time, as
-/// far as a thread could see it.
+/// Lets threads ask for these amounts again and again. Returns the most that they held at the same
+/// time, as far as a thread could see it.
 std::uint64_t FindMost(const std::vector<std::uint64_t>& amounts)
 {
     MemoryBudget budget(Total);

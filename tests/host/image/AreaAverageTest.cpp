@@ -26,7 +26,7 @@ Image MakeOpaquePicture(int width, int height, Image::Depth depth)
     return image;
 }
 
-/// Row by row, with no more source rows at a time than `buffer` has.
+/// Shrinks row by row, with no more source rows at a time than `buffer` has.
 Image Shrink(const Image& source, int width, int height, int buffer)
 {
     const AreaAverage average(source.GetWidth(), source.GetHeight(), width, height);

@@ -40,7 +40,7 @@ QByteArray Damage(QByteArray content, std::mt19937& random)
 class DamagedLuts : public LutFiles
 {
 protected:
-    /// Every damaged file is read, or refused with its name; nothing else may happen.
+    /// Expects a damaged file to be read, or refused with its name.
     void ExpectReadOrRefused(const char* name, const QByteArray& content)
     {
         RegisterEffects();

@@ -18,7 +18,7 @@ class LutFiles : public testing::Test
 protected:
     QString Path(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
     QString Write(const char* name, const QByteArray& content) const;
-    /// What reading the file says, without the folder's name; "no error" when it can be read.
+    /// The error of reading the file, without the folder's name; "no error" when it can be read.
     std::string ErrorOf(const QString& path) const;
     std::string ErrorOf(const char* name, const QByteArray& content) const
     {

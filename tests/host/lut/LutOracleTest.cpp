@@ -60,7 +60,7 @@ QByteArray Clf(const QByteArray& nodes)
            nodes + "</ProcessList>\n";
 }
 
-/// The Common LUT Format lets blue run fastest.
+/// The rows in the order of the Common LUT Format, in which blue runs fastest.
 QByteArray BlueFastest(const QByteArray& rows, int size)
 {
     const auto lines = rows.split('\n');

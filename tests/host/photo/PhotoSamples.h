@@ -37,7 +37,7 @@ std::string DescribeRed(const Image& image);
 /// The largest difference of any channel; -1 for pictures of different size or depth.
 int LargestDifference(const Image& first, const Image& second);
 
-/// What the call throws as Zorvik::Exception, or "no error".
+/// The text of the Zorvik::Exception that the call throws, or "no error".
 template <class Call>
 std::string ErrorOf(const Call& call)
 {

@@ -46,8 +46,8 @@ QStringList Entries(const QString& folder)
                                   QDir::NoDotAndDotDot);
 }
 
-/// While it lives, no file can grow above `size` bytes: the nearest thing to a full disk that needs
-/// no rights.
+/// Keeps files from growing above `size` bytes while it lives: the nearest thing to a full disk
+/// that needs no rights.
 class FileSizeLimit
 {
 public:
@@ -70,7 +70,7 @@ private:
     void (*m_handler)(int);
 };
 
-/// A file system of its own, where that is allowed.
+/// A separate file system, where the machine allows one.
 class SmallDisk
 {
 public:

@@ -14,7 +14,7 @@
 namespace LumetraHost {
 namespace {
 
-/// Of "abc", FIPS 180-2.
+/// The SHA-256 of "abc" in FIPS 180-2.
 constexpr char NameOfAbc[] = "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad";
 
 class ContentFolderTest : public testing::Test

@@ -67,7 +67,7 @@ TEST(JsonSerializer, readsEveryKind)
     EXPECT_EQ(node->GetKind("list"), ISerializer::Kind::Collection);
 }
 
-// Every kind of read against every kind of value: all but the fitting pairs are refused.
+// Reads every kind of value in every way: all but the fitting pairs are refused.
 TEST(JsonSerializer, refusesEveryValueOfAnotherKind)
 {
     const SerializerPtr node = Parse(R"({"null": null, "bool": true, "number": 1.5,

@@ -19,7 +19,7 @@ inline double Luminance(const QColor& colour)
            0.0722 * linear(colour.blueF());
 }
 
-/// From 1, which is the same luminance, to 21, which is black on white.
+/// The contrast, from 1 for equal luminance to 21 for black on white.
 inline double Contrast(const QColor& a, const QColor& b)
 {
     const double lighter = std::max(Luminance(a), Luminance(b));
@@ -27,8 +27,8 @@ inline double Contrast(const QColor& a, const QColor& b)
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-/// Contrast of whatever is drawn in a part of a picture to that part's background, which is the
-/// colour of its upper left pixel: that of the pixel which stands out most.
+/// The contrast of the most visible pixel in a part of a picture to that part's background, the
+/// colour of its upper left pixel.
 inline double DrawnContrast(const QImage& picture, const QRect& part)
 {
     const QColor background = picture.pixelColor(part.topLeft());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The gallery's one command saves every picture, and the pictures show what they are named after.
+// Runs the gallery's command, and checks that the pictures show what they are named after.
 #include <QDir>
 #include <QImage>
 #include <QProcess>

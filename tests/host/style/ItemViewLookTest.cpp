@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Names in lists tell whether they can be used.
+// Names in lists look different where they cannot be used.
 #include "Contrast.h"
 #include "StyledApplication.h"
 

@@ -19,7 +19,7 @@ namespace {
 using LumetraHost::PaletteKind;
 using Zorvik::Lumetra::LumetraPresets::NewPresetDialog;
 
-/// What a widget needs to show all of its text: whole lines, frame and padding included.
+/// The size that shows all of a widget's text: whole lines, frame and padding included.
 QSize NeededSize(const QWidget& widget)
 {
     const int line = widget.fontMetrics().height();

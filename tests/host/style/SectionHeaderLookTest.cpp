@@ -39,13 +39,13 @@ protected:
 
     QImage Look(int page) const { return Header(page).grab().toImage(); }
 
-    /// Its background, away from chevron and text.
+    /// The header's background, away from chevron and text.
     QColor Background(int page) const
     {
         return Look(page).pixelColor(Header(page).width() - 4, Header(page).height() / 2);
     }
 
-    /// Of the section's name, right of the chevron.
+    /// The contrast of the section's name, right of the chevron.
     double NameContrast(int page) const
     {
         const QRect place = Header(page).rect().adjusted(28, 2, -4, -4);

@@ -97,7 +97,7 @@ TEST_P(StyleSheetTest, controlsAndFocusStandOut)
             << "still legible on " << background.name().toStdString();
 }
 
-/// What is held down is told from what is only pointed at, from what rests, and from the panel.
+/// Held down, under the pointer, at rest, and the panel behind: all four must look different.
 TEST_P(StyleSheetTest, statesOfControlsAreToldApart)
 {
     const StyleColours& c = Colours();
@@ -117,7 +117,8 @@ TEST_P(StyleSheetTest, statesOfControlsAreToldApart)
     }
 }
 
-/// A host's own palette roles stand for the same, so that panels need not know the editor's style.
+/// A host's own palette roles have the meaning of the editor's, so that panels need not know its
+/// style.
 TEST_P(StyleSheetTest, paletteHasTheStatesToo)
 {
     const QPalette palette = LumetraHost::EditorPalette(GetParam());

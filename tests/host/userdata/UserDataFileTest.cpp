@@ -21,7 +21,7 @@
 namespace LumetraHost {
 namespace {
 
-/// Data that no program of ours has: the file is told all that it knows of them.
+/// A form that no program of ours has; the file knows nothing else about the data.
 const UserDataForm& Notes()
 {
     static const UserDataForm form{
@@ -35,7 +35,7 @@ const UserDataForm& Notes()
     return form;
 }
 
-/// While it lives the system takes no byte into any file of this process.
+/// Keeps the system from writing a byte into any file of this process.
 class NoFileContent
 {
 public:
@@ -206,7 +206,7 @@ TEST_F(UserDataFileTest, readsADamagedFileFromItsBackupAndTouchesNothing)
     }
 }
 
-/// None of them is a file of notes, and none may cost its owner a byte.
+/// Files of other forms, none of which may lose a byte.
 TEST_F(UserDataFileTest, refusesFilesThatAreNotItsOwnAndLeavesThemAlone)
 {
     for (const QByteArray& foreign :
@@ -329,7 +329,7 @@ TEST_F(UserDataFileTest, tellsTheSystemsReasonAgainstALock)
     }
 }
 
-/// Files can be made, and nothing written into them, as on a full disk.
+/// In this folder files can be made, but nothing written into them, as on a full disk.
 TEST_F(UserDataFileTest, tellsWhyALockFileCannotBeWritten)
 {
     ASSERT_TRUE(QDir().mkpath(QFileInfo(Path()).path()));

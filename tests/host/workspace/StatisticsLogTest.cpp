@@ -85,7 +85,7 @@ TEST_F(StatisticsLogFile, isReportedOnceWhenItCannotBeWritten)
     EXPECT_EQ(expected.GetCount(), 1);
 }
 
-// No file of this process can grow past the limit, as on a full disk.
+// Keeps files of this process from growing past the limit, as on a full disk.
 class FileSizeLimit
 {
 public:

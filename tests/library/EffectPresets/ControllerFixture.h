@@ -44,7 +44,7 @@ protected:
         return values;
     }
 
-    /// As the model builds a preset of group "Film".
+    /// Builds a preset as the model does, in group "Film".
     OpenController::Ptr Build(const StoredNode& preset,
                               const std::vector<SliderSetting>& sliders = {})
     {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Qt's own judge of models beside the presets model. It is attached once the model is filled, as
-// views are: groups are added without a notification, and deliberately so.
+// Qt's own judge of models watches the presets model. It is attached once the model is filled, as
+// views are: groups are added without a notification, deliberately.
 #include "ModelFixture.h"
 #include "support/ExpectLog.h"
 
@@ -69,9 +69,9 @@ TEST_F(ModelConsistencyTest, holdsWhilePresetsAreSavedAndRemoved)
     EXPECT_EQ(model.rowCount(Group(2)), 0);
 }
 
-/// The one thing that the judge refuses: a change of nowhere. The model says with it that anything
-/// may have changed, and views of presets read it so; the reset that the judge would rather see
-/// would close editors and drop the views' selection.
+/// The one thing that the judge refuses is a change without indexes. The model says with it that
+/// anything may have changed, and views of presets read it so; the reset that the judge would
+/// rather see would close editors and drop the views' selection.
 TEST_F(ModelConsistencyTest, isRefusedOnlyTheChangeOfNowhere)
 {
     {

@@ -21,7 +21,7 @@ protected:
     using SliderSetting = Zorvik::Lumetra::LumetraPresets::SliderSetting;
     using TuneSettingType = Zorvik::Lumetra::LumetraPresets::TuneSettingType;
 
-    /// The log without the lines that begin so: what effects and presets note.
+    /// The log without lines with these prefixes, such as the notes of effects and presets.
     std::vector<std::string> TakeWithout(const std::vector<std::string>& prefixes)
     {
         std::vector<std::string> rest;
@@ -44,7 +44,7 @@ protected:
         return text;
     }
 
-    /// What reached the host and the views.
+    /// The calls that reached the host and the views.
     std::vector<std::string> TakeOutside() { return TakeWithout({"effect(", "preset("}); }
     std::vector<std::string> TakeCalls() { return TakeWithout({"effect("}); }
 

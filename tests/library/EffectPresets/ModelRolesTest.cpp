@@ -29,7 +29,7 @@ public:
     QModelIndex Nowhere(int row) const { return createIndex(row, 0, nullptr); }
 };
 
-/// What data() answers, and the changes that setData() makes without removing or saving presets.
+/// Answers of data(), and changes by setData() that neither remove nor save presets.
 class ModelRolesTest : public ModelFixture
 {
 protected:
@@ -174,7 +174,7 @@ TEST_F(ModelRolesTest, theRowBehindTheLastIsOutOfRange)
     EXPECT_THAT(log.Take(), IsEmpty());
 }
 
-// Which writes draw, and so throw without a workspace; what was changed before stays changed.
+// Writes that draw throw without a workspace; changes made before stay.
 TEST_F(ModelRolesTest, writesThatDrawThrowWithoutAWorkspace)
 {
     Set(At(0, 1), Model::AppliedRole, true);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Whole stories, compared with everything that the log has of them: what the presets are asked,
-// what goes into effects, what reaches the host, and what the views are told.
+// Whole stories, compared with the complete log: questions to the presets, values for the effects,
+// calls to the host, and signals to the views.
 #include "ModelFixture.h"
 
 #include "Zorvik/Brassel/ISerializer.h"

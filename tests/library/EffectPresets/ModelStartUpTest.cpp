@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A start of the program, compared with everything that the log has of it: what is read, what the
-// factory and the presets are asked, what goes into effects, and what the host is told.
+// A start of the program, compared with the complete log: what is read, questions to the factory
+// and the presets, values for the effects, and calls to the host.
 #include "ModelFixture.h"
 
 #include "Zorvik/Brassel/ISerializer.h"

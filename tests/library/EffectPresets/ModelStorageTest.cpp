@@ -43,7 +43,7 @@ protected:
     }
 
 private:
-    /// Once: what it does may come back here.
+    /// Runs `act` once, since that may come back here.
     void Act() const
     {
         if (act && !std::exchange(m_hasActed, true))
@@ -82,7 +82,7 @@ protected:
         return node;
     }
 
-    /// Another start of the same program: the catalogue again, then the stored user data.
+    /// Starts the program again: the catalogue first, then the stored user data.
     static std::unique_ptr<PresetBench> Restart(const SerializerPtr& userData)
     {
         auto bench = std::make_unique<PresetBench>();
@@ -161,7 +161,7 @@ TEST_F(ModelStorageTest, aRestartBringsPresetsAndFavouritesBack)
     EXPECT_EQ(StoredText(static_cast<const ISerializable&>(restarted->model)), StoredUserData());
 }
 
-// Not everything comes back: what was applied, and tuned sliders of presets that were not saved.
+// Two things do not come back: applied presets, and tuned sliders of presets that were not saved.
 TEST_F(ModelStorageTest, aRestartForgetsWhatWasAppliedAndTuned)
 {
     Save(At(0, 1), "Mine");
@@ -275,7 +275,7 @@ TEST_F(ModelStorageTest, withoutAnEditableGroupStoringThrowsAfterTheEmptyNode)
     EXPECT_THROW(bench.model.GetUserPresetNames(), Zorvik::Exception);
 }
 
-// What a preset does while it is stored or asked may reach the host, which may drop the preset.
+// Actions of a preset while it is stored or asked may reach the host, which may drop the preset.
 TEST_F(ModelStorageTest, holdsEachPresetWhileItIsStoredOrNamed)
 {
     for (const bool isStored : {true, false}) {

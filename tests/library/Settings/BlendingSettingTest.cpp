@@ -17,7 +17,7 @@ using Zorvik::Quindle::EffectsSettings;
 
 namespace {
 
-/// As a preset's intensity is made.
+/// Makes the setting as a preset makes its intensity.
 BlendingSetting MakeSetting()
 {
     return BlendingSetting({1, 255}, {1, 100});

@@ -70,7 +70,7 @@ TEST_F(SliderSettingErrorsTest, readingRefusesAParameterThatDoesNotExist)
         ExpectError(Catch([&] { slider.Deserialize(node); }),
                     "Slider Setting(effectID: tone, parameter: radius) is not valid!",
                     "Deserialize");
-        // What came before the broken variable stays.
+        // Members before the broken variable stay.
         EXPECT_EQ(slider.Title(), "Title");
         EXPECT_EQ(slider.Min(), 2);
         EXPECT_EQ(slider.Max(), 30);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the tool box tells, action by action, in both modes.
+// Signals of the tool box, action by action, in both modes.
 #include "support/ExpectLog.h"
 
 #include "RealInput.h"
@@ -331,7 +331,7 @@ TEST_F(CustomToolBoxSignals, disablingTheCurrentPageOpensTheNextEnabledOne)
 
 TEST_F(CustomToolBoxSignals, disablingTheCurrentPageAlternatesOutwards)
 {
-    // Enabled besides the disabled current page "D", and which page opens.
+    // Pages that are enabled besides the disabled current page "D", and the page that opens.
     const std::vector<std::pair<const char*, const char*>> cases{
         {"CE", "current 4, expanded 4 open"}, {"CF", "current 2, expanded 2 open"},
         {"BF", "current 5, expanded 5 open"}, {"BG", "current 1, expanded 1 open"},

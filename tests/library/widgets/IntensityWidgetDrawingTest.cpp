@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The slider on a real preset model: what one gesture makes of the host, whole and in order.
+// The slider on a real preset model: all calls to the host during one gesture, in order.
 #include "widgets/IntensityWidget.h"
 
 #include "RealInput.h"

@@ -16,13 +16,13 @@ namespace {
 
 using Presets::IntensityWidget;
 
-/// Opens what tests need to aim at the handle.
+/// Opens the operations that tests need to aim at the handle.
 class AimedWidget : public IntensityWidget
 {
 public:
     using IntensityWidget::IntensityWidget;
 
-    /// Where the middle of the handle is when the slider stands at `value`.
+    /// The middle of the handle when the slider stands at `value`.
     QPoint HandleAt(int value) const
     {
         QStyleOptionSlider option;
@@ -76,7 +76,7 @@ protected:
 
     static void DropToolTip() { delete FindToolTip(); }
 
-    /// Where the tool tip is put for a point of the screen; leaves none behind.
+    /// The tool tip's position for a point of the screen; hides the tool tip again.
     static QPoint ToolTipPlace(const QPoint& global, const QString& text)
     {
         DropToolTip();

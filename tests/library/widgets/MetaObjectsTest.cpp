@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the widgets offer to style sheets, scripts and connections by name.
+// Names that the widgets offer to style sheets, scripts and connections.
 #include "widgets/CustomToolBox.h"
 #include "widgets/CustomToolBoxButton.h"
 #include "widgets/IntensityWidget.h"

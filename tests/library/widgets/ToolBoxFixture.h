@@ -53,7 +53,7 @@ protected:
                            QString(QLatin1Char(*letter)));
     }
 
-    /// What the signals told since the last call.
+    /// The log of the signals since the last call.
     std::string TakeLog()
     {
         const std::string log = m_log.join(QStringLiteral(", ")).toStdString();

@@ -16,8 +16,8 @@ __extension__ using Wide = __int128;
 constexpr int Lowest = std::numeric_limits<int>::min();
 constexpr int Highest = std::numeric_limits<int>::max();
 
-/// The same mapping by another route: the exact fraction over a common denominator, plus or minus
-/// a half, truncated.
+/// Maps by another route: the exact fraction over a common denominator, plus or minus a half,
+/// truncated.
 int Oracle(int value, int fromBegin, int fromEnd, int toBegin, int toEnd)
 {
     if (fromBegin == fromEnd)

@@ -18,7 +18,7 @@ using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
 
 namespace {
 
-// Cut into pieces, of which the mutations exchange and drop some.
+// Pieces of a catalogue; mutations exchange and drop some.
 const std::vector<std::string> pieces = {
     R"({"format": "lumetra-catalogue", "version": 1, "defaultSettings": )",
     R"({"exposure": {"title": "Exposure", "begin": )",

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Every number of a preset with every odd value, in a catalogue and among the user's own: it costs
-// at most the preset or the slider that it stands in.
+// Puts every odd value into every number of a preset, in a catalogue and among the user's own: it
+// costs at most the preset or the slider that it stands in.
 #include "core/PresetModel.h"
 #include "core/PresetSession.h"
 #include "core/userstore/UserPresetStore.h"
@@ -54,7 +54,7 @@ const QList<QByteArray> OddValues{
     "1000", "2147483647", "2147483648", "-2147483648", "3e9",  "1e300", "-1e300", "1e-300",
     "true", "null",       "\"80\"",     "[]",          "{}"};
 
-/// Pairs of marks whose values only together are odd: swapped, equal, close by.
+/// Pairs of marks whose values are odd only together: swapped, equal, close by.
 struct Pair
 {
     const char* first;
@@ -194,7 +194,7 @@ protected:
     QTemporaryDir folder;
 };
 
-/// What `session` draws with the preset `id`; a null image without such a preset.
+/// The picture that `session` draws with the preset `id`; a null image without such a preset.
 Image Draw(PresetSession& session, const char* id)
 {
     PresetModel& model = session.GetModel();
@@ -207,7 +207,7 @@ Image Draw(PresetSession& session, const char* id)
     return result;
 }
 
-/// All that a panel and the tool do with a preset.
+/// Does all that a panel and the tool do with a preset.
 void UsePreset(PresetSession& session, const QModelIndex& preset)
 {
     PresetModel& model = session.GetModel();
@@ -243,7 +243,7 @@ void UseAll(PresetSession& session)
     session.OpenPhoto(MakePhoto());
 }
 
-/// The good presets are there, draw what they always draw, and can be copied.
+/// Expects the good presets to be there, to draw as always, and to be copied.
 void ExpectTheOthersWork(PresetSession& session)
 {
     PresetModel& model = session.GetModel();

@@ -38,7 +38,7 @@ protected:
         LumetraPlugin::PanelTranslation::Follow();
     }
 
-    /// The text stands in the German catalogue, where it may be the same as in English.
+    /// True when the text is in the German catalogue, even if it is translated by itself.
     static bool IsInCatalogue(const QString& text)
     {
         for (const QTranslator* const translator :
@@ -48,7 +48,7 @@ protected:
         return false;
     }
 
-    /// The same text with the language that the sources are written in.
+    /// Makes the text in the language of the sources.
     template <class Text>
     static QString InEnglish(const Text& text)
     {

@@ -23,7 +23,7 @@ using LumetraTest::PanelFixture;
 
 namespace {
 
-/// Swaps red and blue.
+/// A table that swaps red and blue.
 constexpr char Swap[] = "TITLE \"Swap\"\nLUT_3D_SIZE 2\n"
                         "0 0 0\n0 0 1\n0 1 0\n0 1 1\n1 0 0\n1 0 1\n1 1 0\n1 1 1\n";
 
@@ -122,7 +122,7 @@ TEST_F(ImportTest, takesTheGoodPresetsOfACatalogueAndTellsTheOthers)
     ASSERT_TRUE(Drop({Write("others.json", Others)}));
 
     EXPECT_EQ(Shown(UserPage), QStringList{QStringLiteral("Dusk")});
-    ASSERT_EQ(editor.messages.size(), 2); // the broken one, and what was imported
+    ASSERT_EQ(editor.messages.size(), 2); // one for the broken file, one for the imported looks
     EXPECT_TRUE(editor.messages[0].contains(QStringLiteral("nothing")));
     Click("Dusk");
     EXPECT_EQ(Find<QSlider>("extraSlider0").value(), -50); // with this program's sliders

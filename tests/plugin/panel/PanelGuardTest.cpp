@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// A model that throws reaches the user as a message, never as the end of the program.
+// A model that throws becomes a message to the user, never the end of the program.
 #include "panel/PanelGuard.h"
 
 #include "PanelFixture.h"
@@ -27,7 +27,7 @@ namespace {
 class PanelGuardTest : public PanelFixture
 {
 protected:
-    /// The model has no workspace, and throws whenever it would draw.
+    /// Takes the workspace from the model, which then throws whenever it would draw.
     void LoseWorkspace()
     {
         const auto gone = std::make_shared<LumetraHost::WorkspaceController>();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Pictures of the panel, to be looked at.
+// Saves pictures of the panel for people to look at.
 #include "LumetraEditor/IEditorPlugin.h"
 #include "TestEditor.h"
 #include "core/CatalogueLocations.h"

@@ -78,7 +78,7 @@ protected:
                 emit shortcut->activated();
         QApplication::processEvents();
     }
-    /// All of it, from its top to its bottom.
+    /// True when the part is in sight from its top to its bottom.
     bool IsInSight(const QWidget& widget, const QRect& part)
     {
         QWidget& seen = *Pages().viewport();

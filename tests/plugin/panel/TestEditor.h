@@ -21,8 +21,8 @@ class IEditorPanel;
 
 namespace LumetraTest {
 
-/// The smallest editor that a panel can work with: the reference workspace, no window. It notes
-/// what the panel asks for; previews are rendered when the test says so.
+/// The smallest editor that a panel can work with: the reference workspace, no window. It notes the
+/// panel's requests; previews are rendered when the test says so.
 class TestEditor : public LumetraEditor::IEditor
 {
 public:
@@ -42,7 +42,7 @@ public:
     /// Forgets what has been rendered, as an editor does that is short of memory.
     void ForgetPreviews() { m_rendered.clear(); }
 
-    // What the panel has said.
+    // Messages of the panel.
     QString photoPath = QStringLiteral("photo.jpg");
     QStringList messages;
     QStringList steps;

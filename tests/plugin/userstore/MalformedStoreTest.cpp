@@ -89,7 +89,7 @@ struct Case
     std::string path; ///< of the wrong value; empty when the value fits or the text is no JSON
 };
 
-/// Where a marked value stands, and which of the values of WrongValues() fit there.
+/// The place of a marked value, and the values of WrongValues() that fit there.
 struct Place
 {
     std::string path;
@@ -243,7 +243,7 @@ std::vector<Case> Truncations()
     return cases;
 }
 
-/// A flipped bit may leave a text that is still JSON, or not.
+/// Flips bits; the text may still be JSON afterwards.
 std::vector<Case> FlippedBits()
 {
     const QByteArray good = WithoutMarks(Template);
@@ -317,7 +317,7 @@ TEST_F(MalformedStoreTest, loadsTheTemplateItselfWithoutAReport)
     EXPECT_TRUE(program.Store().GetReports().empty()) << program.Store().GetReports()[0];
 }
 
-/// What `lumetra-presets check` says of the text; the reader's refusal when it is no JSON.
+/// The remarks of `lumetra-presets check` about the text; the reader's refusal when it is no JSON.
 std::vector<std::string> CheckText(const QByteArray& content)
 {
     using namespace LumetraHost;
@@ -386,7 +386,7 @@ TEST_F(MalformedStoreTest, namesThePlaceOfEveryBrokenText)
         }
 }
 
-/// Larger than what is read at all: left alone, and said.
+/// A store above the size limit is reported and left alone.
 TEST_F(MalformedStoreTest, leavesAHugeFileAlone)
 {
     Reset("{}");
@@ -435,7 +435,7 @@ TEST_F(MalformedStoreTest, keepsTheOtherPresetsWhateverValueIsWrong)
             continue;
         }
 
-        // Whatever it was, a save keeps it.
+        // A save must keep the text, whatever it was.
         program.SaveAs(QStringLiteral("New"));
         StoreProgram again(Path());
         EXPECT_TRUE(again.Names().contains(QStringLiteral("New")));

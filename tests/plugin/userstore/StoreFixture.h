@@ -12,8 +12,8 @@ namespace LumetraTest {
 /// Registers the effect of the catalogue below, which has one parameter, "gain".
 void RegisterTone();
 
-/// A program in small: a catalogue group "Looks" with three presets (a blending, a slider and a
-/// plain one, an extra slider on two), and the user's presets from the store at `path`.
+/// A small program: a catalogue group "Looks" with three presets (a blending, a slider and a plain
+/// one, an extra slider on two), and the user's presets from the store at `path`.
 class StoreProgram
 {
 public:

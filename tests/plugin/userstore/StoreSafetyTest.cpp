@@ -31,8 +31,8 @@ protected:
 
 constexpr int TablePoints = 3;
 
-/// What the forked program does. It must never return into the test, whose clean-up would remove
-/// the folder.
+/// Runs in the forked program. It must never return into the test, whose clean-up would remove the
+/// folder.
 [[noreturn]] void SaveAndExit(const QString& path, const QString& name)
 {
     ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
@@ -93,7 +93,8 @@ TEST_F(StoreSafetyTest, losesNothingWhereverASaveIsKilled)
     bool isKilled = true;
     for (; isKilled; ++call) {
         SCOPED_TRACE(testing::Message() << "killed after system call " << call);
-        // A folder of its own, since what killed saves leave behind makes the next save longer.
+        // Each run has its own folder, since files that killed saves leave make the next save
+        // longer.
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("presets.json"));
         CopyFiles(m_folder.path(), folder.path());
@@ -112,7 +113,7 @@ TEST_F(StoreSafetyTest, losesNothingWhereverASaveIsKilled)
         ExpectAllTables(later);
         later.SaveAs(QStringLiteral("After"));
         ExpectAllTables(StoreProgram(path));
-        // What a killed writer left behind names its tables until it is removed.
+        // The tables of a text that a killed writer left are kept until that is removed.
         const bool isTextLeft =
             !QDir(folder.path())
                  .entryList({QStringLiteral("presets.json.??????")}, QDir::Files)

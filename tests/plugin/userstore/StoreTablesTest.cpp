@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Look-up tables beside the store: written once, read when they are drawn, and nobody's loss when
-// they are missing.
+// Look-up tables beside the store are written once, read when they are drawn, and no preset is lost
+// while they are missing.
 #include "StoreFixture.h"
 
 #include "Zorvik/Exception.h"
@@ -51,7 +51,7 @@ protected:
         ASSERT_EQ(file.write(content), content.size());
     }
 
-    /// As the first version wrote it: tables in the text.
+    /// The store in the form of the first version: tables in the text.
     QByteArray OldForm(const StoreProgram& program) const
     {
         QByteArray text = program.WholeText();
@@ -59,7 +59,7 @@ protected:
                                                   "\"version\": 1\n");
     }
 
-    /// Leaves an old store behind and nothing else.
+    /// Leaves an old store, and nothing else, in the folder.
     QByteArray MakeOldStore()
     {
         StoreProgram program(m_folder.filePath(QStringLiteral("elsewhere.json")));
@@ -150,7 +150,7 @@ TEST_F(StoreTablesTest, areWholeEverywhereElse)
     const QByteArray whole = program.WholeText();
     EXPECT_TRUE(whole.contains("\"data\""));
     EXPECT_FALSE(whole.contains("\"sha256\""));
-    // What was drawn once is in memory.
+    // A table that was drawn once is in memory.
     ASSERT_TRUE(QDir(Tables()).removeRecursively());
     EXPECT_EQ(program.WholeText(), whole);
 }
@@ -250,7 +250,7 @@ TEST_F(StoreTablesTest, areKeptWhileAnyFileBesideTheStoreNamesThemOrCannotTell)
     removeAndSave();
     EXPECT_EQ(TableFiles().size(), 1) << "the file set aside names it";
     ASSERT_TRUE(QFile::remove(Path() + QStringLiteral(".unreadable-20261122-101010")));
-    // A backup that is no good may have named anything.
+    // A backup that cannot be read may name anything.
     Write(Path() + QStringLiteral(".backup-3"), "{\"UserPresets\": {\"items\": [");
     StoreProgram(Path()).SaveAs(QStringLiteral("More"));
     EXPECT_EQ(TableFiles().size(), 1);
@@ -268,7 +268,7 @@ TEST_F(StoreTablesTest, areLeftBehindByAStopBeforeTheStoreIsWrittenAndCollectedL
     EXPECT_EQ(TableFiles().size(), 1);
 }
 
-/// In the text they would be more than what is read.
+/// Written into the text, the tables would exceed the size limit.
 TEST_F(StoreTablesTest, ofManyPresetsAreSavedAndReadAgainAlsoFromAnOldStoreThatNobodyCouldRead)
 {
     const QString elsewhere = m_folder.filePath(QStringLiteral("elsewhere.json"));

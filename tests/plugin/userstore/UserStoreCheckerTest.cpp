@@ -51,7 +51,7 @@ TEST(UserStoreChecker, knowsAStoreByItsFormatOrByTheMembersOfOneWithoutAFormat)
     EXPECT_FALSE(UserStoreChecker::IsStore(Document(R"({"groups": []})")));
 }
 
-/// What is checked as a store can be opened as one, and the other way round.
+/// The checker must take exactly those files for stores that can be opened as one.
 TEST(UserStoreChecker, takesTheFilesForStoresThatTheStoreOpens)
 {
     const QTemporaryDir folder;

@@ -20,8 +20,8 @@ JsonValue::Object Parse(const std::string& text)
     return JsonReader::Read(text, "test.json");
 }
 
-/// What this program knew, what it knows now and what the file holds now; by default the file was
-/// then as this program knew it.
+/// The presets that this program knew, those that it knows now and those in the file now; by
+/// default the file held then what this program knew.
 struct Case
 {
     std::string before = "{}";
@@ -33,7 +33,7 @@ struct Case
 class UserStoreMergeTest : public testing::Test
 {
 protected:
-    /// Compares what the merge makes of the file with `expected`.
+    /// Expects `expected` to be the merged file.
     void ExpectMerged(const Case& given, const std::string& expected, bool isChanged)
     {
         const auto current = Parse(given.current);

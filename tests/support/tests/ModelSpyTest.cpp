@@ -14,7 +14,7 @@ using testing::ElementsAre;
 
 namespace {
 
-/// Sends the signals that it is told to, whatever is true.
+/// Sends signals on demand, whether they are true or not.
 class LyingModel : public QStandardItemModel
 {
 public:

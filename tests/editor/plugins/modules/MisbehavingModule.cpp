@@ -148,7 +148,7 @@ void MisbehavingPanel::FailBelowADialog()
     timer->setSingleShot(true);
     connect(timer, &QTimer::timeout, [] { throw std::runtime_error("the module fails"); });
     timer->start(0);
-    // Long after the failure the loop still goes round.
+    // The loop still runs long after the failure.
     for (int i = 0, *const rounds = &m_strength; i < 20; ++i)
         QMetaObject::invokeMethod(
             &dialog,

@@ -16,7 +16,7 @@ protected:
     bool event(QEvent* event) override;
 };
 
-/// Wants what is dropped, and throws when told to.
+/// Accepts everything that is dropped, and throws when told to.
 class MisbehavingWidget : public QWidget
 {
     Q_OBJECT
@@ -28,8 +28,8 @@ protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
 };
 
-/// A panel that does what no panel may do, when the application's property "misbehaviour" says so.
-/// Its part of an edit is one number, "strength". The property "moduleCalls" counts all calls.
+/// A panel that breaks its contract when the application's property "misbehaviour" says so. Its
+/// part of an edit is one number, "strength". The property "moduleCalls" counts all calls.
 class MisbehavingPanel : public QObject, public LumetraEditor::IEditorPanel
 {
     Q_OBJECT

@@ -29,9 +29,9 @@ protected:
         EXPECT_TRUE(HaveSamePixels(picture, m_renderer.Render(m_source, settings, options)));
     }
 
-    /// Renders the effects when the source's pixels have been exchanged behind the renderer's back.
-    /// True when the picture is that of the old pixels: it was drawn from what had been kept of
-    /// them. Nothing can be rendered afterwards.
+    /// True when rendering the effects starts from kept floats: the source's pixels are exchanged
+    /// without the renderer's knowledge, and the result is that of the old pixels. Nothing can be
+    /// rendered afterwards.
     bool StartsFromKept(const EffectList& effects)
     {
         const auto settings = MakeSettings(effects);
@@ -42,7 +42,7 @@ protected:
         return HaveSameColours(m_incremental.Render(m_source, settings, {}, {}), before);
     }
 
-    /// Alpha is always that of the source.
+    /// Compares colours only: alpha is always that of the source.
     static bool HaveSameColours(const Image& first, const Image& second)
     {
         for (int y = 0; y < first.GetHeight(); ++y)
@@ -94,7 +94,7 @@ TEST_P(Incremental, startsAtTheEffectThatChangesAgain)
     Render({first, second, Slope(1.1), Vignette(-1)});
     Render({first, second, Slope(1.2), Vignette(-1)});
     Render({first, second, Slope(0.7), Vignette(-1)}, 90);
-    // Equal settings need not be the same object.
+    // Effects are compared by their settings; they need not be one object.
     EXPECT_TRUE(StartsFromKept({Exposure(0.4), Vibrance(20), Slope(0.9), Vignette(-1)}));
 }
 

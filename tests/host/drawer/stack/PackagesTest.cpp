@@ -95,8 +95,8 @@ TEST_F(Packages, replaceTheTopmostOfTheirName)
         HaveSamePixels(m_drawer.Result(), Draw({MakePackage("a", 0, 1), MakePackage("a", 7, 3)})));
 }
 
-// Two presets of one panel: A remembers index 0, B, after A was switched off silently, brings a
-// fresh one, and A comes back with its own.
+// A remembers index 0; B, after A was switched off silently, brings a new one; A comes back with
+// index 0.
 TEST_F(Packages, ofOnePanelNeverPileUp)
 {
     const auto presetA = MakePackage("panel", 0, 1);

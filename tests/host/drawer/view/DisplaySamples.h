@@ -21,8 +21,8 @@ inline QByteArray SaveProfile(cmsHPROFILE profile)
     return bytes;
 }
 
-/// A monitor that is far from sRGB: gamma 1.8, a warm white, and wide primaries of which red and
-/// green are exchanged, so that nobody takes its colours for those of a photo.
+/// A monitor far from sRGB: gamma 1.8, a warm white, and wide primaries with red and green
+/// exchanged, so that its colours cannot be mistaken for those of a photo.
 inline QByteArray MakeStrangeMonitor()
 {
     const cmsCIExyY white{0.3457, 0.3585, 1.0};
@@ -42,7 +42,7 @@ inline QByteArray MakeGreyProfile()
     return SaveProfile(profile);
 }
 
-/// What the colour library says of sRGB colours, in double precision and without shortcuts.
+/// Converts sRGB colours with the colour library, in double precision and without shortcuts.
 class MonitorOracle
 {
 public:
@@ -61,7 +61,7 @@ public:
     MonitorOracle(const MonitorOracle&) = delete;
     MonitorOracle& operator=(const MonitorOracle&) = delete;
 
-    /// 0 to 1, clamped.
+    /// Converts to values of 0 to 1, clamped.
     std::array<double, 3> Convert(const std::array<double, 3>& srgb) const
     {
         std::array<double, 3> shown{};

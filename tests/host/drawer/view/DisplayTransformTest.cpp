@@ -19,7 +19,7 @@ using testing::StartsWith;
 namespace LumetraHost {
 namespace {
 
-/// The largest distance from what the colour library says, in 8-bit steps.
+/// The largest distance from the colour library's result, in 8-bit steps.
 double FindLargestError(const Image& shown, const Image& picture, const QByteArray& monitor)
 {
     const MonitorOracle oracle(monitor);

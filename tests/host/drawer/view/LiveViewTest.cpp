@@ -26,7 +26,7 @@ class LiveViewScenario : public DrawerFixture
 {
 protected:
     LiveViewScenario() { MakeView({}); }
-    // What waits at the gate must not outlive it.
+    // Renderings at the gate must not outlive it.
     ~LiveViewScenario() override
     {
         m_gate.Open();
@@ -41,7 +41,7 @@ protected:
                          [this](const ViewFrame& frame) { m_frames.push_back(frame); });
     }
 
-    /// Every full frame is late then.
+    /// Makes every full frame late.
     void MakeLateView()
     {
         LiveViewOptions options;
@@ -243,7 +243,7 @@ TEST_F(LiveViewScenario, aNewerStateCancelsTheRunningRendering)
 
     EXPECT_TRUE(HaveSamePixels(WaitForPicture(), Draw({MakePanel(-1)})));
     ASSERT_EQ(m_frames.size(), 1u);
-    // The states between never got their turn.
+    // The states between were never rendered.
     ASSERT_EQ(m_gate.GetSeen().size(), 2u);
     EXPECT_EQ(m_gate.GetSeen()[1].serial, 5u);
 }

@@ -20,7 +20,8 @@ namespace {
 
 using Zorvik::Quindle::EffectPtr;
 
-/// Each effect where it changes nothing although its other parameters are far from their defaults.
+/// All effects with settings that change nothing, though other parameters are far from their
+/// defaults.
 std::vector<EffectPtr> MakeNeutralEffects()
 {
     const auto curve = MakeRandomTable(LookUpTable::Kind::Curve, 50, 1);

@@ -28,7 +28,7 @@ std::string GetText(double number)
     return QByteArray::number(number).toStdString();
 }
 
-/// The cells of a parameter's row but its name.
+/// All cells of a parameter's row except the name.
 std::string GetCells(const EffectParameter& parameter)
 {
     return " | " + (parameter.unit.empty() ? "" : parameter.unit + ' ') + "| " +
@@ -36,7 +36,7 @@ std::string GetCells(const EffectParameter& parameter)
            GetText(parameter.defaultValue) + " |\n";
 }
 
-/// Neighbouring parameters that differ in nothing but their names share a row.
+/// Makes the rows; neighbours that differ only in their names share one.
 std::vector<Row> MakeRows(const std::vector<EffectParameter>& parameters)
 {
     std::vector<Row> rows;

@@ -26,7 +26,7 @@ struct Statistics
     double deviation = 0;
 };
 
-/// In parts of white.
+/// Measures in parts of white.
 Statistics Measure(const Image& image)
 {
     const double count = double(image.GetWidth()) * image.GetHeight();

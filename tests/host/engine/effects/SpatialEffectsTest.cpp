@@ -93,7 +93,7 @@ struct Error
     double mean = 0;
 };
 
-/// Against encoded values, in steps of 8 bits. Alpha must be the source's.
+/// Measures against encoded values, in steps of 8 bits. Alpha must be the source's.
 Error Measure(const Image& rendered, const Image& source, const Planes& expected,
               double sourceWeight)
 {
@@ -147,12 +147,13 @@ Image MakeEdges(Image::Depth depth)
     return image;
 }
 
-/// What the whole picture becomes, from its encoded channels.
+/// Makes the whole picture from the source's encoded channels.
 using Formula = std::function<Planes(const Planes&)>;
 
 int recorded = 0; // properties of one test may not share their names
 
-/// Both depths; the tolerances are in steps of 8 bits beyond half a step of the picture's depth.
+/// Checks both depths; the tolerances are in steps of 8 bits beyond half a step of the picture's
+/// depth.
 void ExpectPicture(const EffectPtr& effect, const Formula& formula, double largest, double mean,
                    int blendAmount = 1)
 {

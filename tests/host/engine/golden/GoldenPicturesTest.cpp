@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The pictures keep what every effect looks like, so that a change of its look does not go unseen.
-// After an intended one, write the pictures anew and look at them:
+// Compares every effect with a stored picture, so that no change of its look goes unseen. After an
+// intended one, write the pictures anew and look at them:
 //   LUMETRA_WRITE_GOLDEN=1 build/dev/bin/host-engine --gtest_filter='*GoldenPictures*'
 #include "host/engine/EffectExamples.h"
 #include "host/engine/TestPictures.h"

@@ -16,7 +16,7 @@ namespace {
 
 using Zorvik::Quindle::EffectList;
 
-/// Encoded values in a few levels only.
+/// Reduces encoded values to a few levels.
 class PosteriseStage : public Stage
 {
 public:
@@ -34,7 +34,7 @@ private:
     float m_levels;
 };
 
-/// Encoded values go up and down.
+/// Makes encoded values go up and down.
 class WaveStage : public Stage
 {
 public:
@@ -74,7 +74,7 @@ Image DrawWith(std::shared_ptr<const ColourTable> table, const Image& source, in
     return Renderer().Render(source, std::move(table), blendAmount);
 }
 
-/// The largest of all channels, in steps.
+/// The largest difference of all channels, in steps.
 int FindDifference(const Image& first, const Image& second)
 {
     int largest = 0;

@@ -23,7 +23,7 @@ const std::vector<const char*> ColourEffects = {
     "vibrance", "channelMixer", "blackAndWhite", "splitToning", "liftGammaGain",
 };
 
-/// Up to half of the way from the default to either end.
+/// A random value, up to half of the way from the default to either end.
 double ChooseValue(const EffectParameter& parameter, std::mt19937& random)
 {
     const double part = std::uniform_real_distribution<double>(-0.5, 0.5)(random);

@@ -15,7 +15,7 @@ namespace {
 
 using Zorvik::Quindle::EffectsSettings;
 
-// Values go past the ranges a little, and every fifth parameter stays at its default.
+// Makes values that go past the ranges a little; every fifth parameter stays at its default.
 EffectsSettings MakeRandomChain(std::mt19937& random)
 {
     const auto& kinds = EffectKinds::GetAll();

@@ -12,7 +12,7 @@ namespace {
 
 using Zorvik::Quindle::EffectList;
 
-/// Doubles the values of one space, and can say so as a matrix or not.
+/// A stage that scales values of one space, with or without a matrix.
 StagePtr MakeScale(double factor, ColourSpace space)
 {
     return std::make_shared<MatrixStage>(ColourMatrix::Diagonal(factor, factor, factor), space,
@@ -74,7 +74,7 @@ TEST(StageChain, isCutInFrontOfNeighbouringMatrices)
     EXPECT_EQ(StageChain::FindCut(stages, 3, Image::Depth::Bits16), 3u);
 }
 
-// With 8 bits they become one table, and the last of them the one that pixels are stored with.
+// With 8 bits stages become one table, and the last of them the one that pixels are stored with.
 TEST(StageChain, isCutInFrontOfStagesThatTakeEachChannelAlone)
 {
     const EffectList effects = {MakeEffect("vibrance", {{"amount", 20}}),

@@ -29,7 +29,7 @@ StagePtr MakeGrading(Isa isa = GetDefaultIsa())
         isa);
 }
 
-/// The same line for all channels.
+/// A stage that draws one line in all channels.
 StagePtr MakeLine(double slope, double offset)
 {
     return MakeStage(MakeEffect("liftGammaGain", {{"slopeRed", slope},

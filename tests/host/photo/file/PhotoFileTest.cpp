@@ -29,7 +29,7 @@ struct PhotoFileTest : testing::Test
 {
     QString PathOf(const char* name) const { return folder.filePath(QString::fromUtf8(name)); }
 
-    /// `content` at the beginning of a file of this size that takes no space on the disk.
+    /// Writes `content` to the beginning of a file of this size that takes no space on the disk.
     QString MakeSparse(const char* name, const Bytes& content, qint64 size) const
     {
         WriteFile(PathOf(name), content);
@@ -50,7 +50,7 @@ Bytes EncodeAs(PhotoFormat format, int width = 64, int height = 48,
     return PhotoWriter::Encode(photo, format, {}, "pattern");
 }
 
-/// Kilobytes that this process has had in memory at most.
+/// The most memory that this process has had, in kilobytes.
 long GetPeak()
 {
     struct rusage usage;
@@ -168,7 +168,7 @@ TEST_F(PhotoFileTest, photosThatDoNotFitIntoMemoryAreNamed)
 {
     if (LumetraTest::HasAddressSanitizer)
         GTEST_SKIP() << "the sanitizer needs more address space than any limit leaves";
-    // As little as the process has already: the next large request fails.
+    // The limit is the memory that the process has already, so that the next large request fails.
     struct rlimit before;
     ASSERT_EQ(getrlimit(RLIMIT_AS, &before), 0);
     WriteFile(PathOf("large.png"), EncodeAs(PhotoFormat::Png, 4000, 3000));

@@ -197,7 +197,7 @@ TEST(MetadataBlocks, incompleteExtensionIsLeftOutWithAWarning)
     const Bytes first = AddExtendedXmp(EncodePlain(), sample.main, sample.extension.left(40'000),
                                        sample.guid, 40'000);
     Bytes jpeg = first;
-    // The length that the part claims.
+    // Finds the place at which the part claims its length.
     const auto guid = std::search(jpeg.begin(), jpeg.end(), sample.guid.begin(), sample.guid.end());
     const auto second = std::search(guid + 1, jpeg.end(), sample.guid.begin(), sample.guid.end());
     ASSERT_NE(second, jpeg.end());
@@ -241,7 +241,7 @@ TEST(MetadataBlocks, longXmpBecomesExtendedXmpInJpeg)
     EXPECT_THAT(main, AllOf(Contains(Pair("Xmp.xmp.Rating", "4")),
                             Contains(Pair("Xmp.my.list", testing::EndsWith(", second"))),
                             Contains(Pair(NoteKey, GetGuid(metadata.xmpExtension).toStdString()))));
-    // Both parts together are what was there before.
+    // Both parts together must equal the packet before.
     EXPECT_EQ(DescribeXmp(WriteAs(written.photo, PhotoFormat::Tiff).photo.metadata.xmp),
               DescribeXmp(packet));
 }

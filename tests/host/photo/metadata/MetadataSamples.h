@@ -15,7 +15,7 @@ namespace LumetraTest {
 QByteArray MakeXmp(const QByteArray& attributes, const QByteArray& elements = {});
 /// The attribute by which a packet names its extension.
 QByteArray NameExtension(const QByteArray& guid);
-/// One that XML readers take and the XMP toolkit does not: a property is there twice.
+/// A packet that XML readers take and the XMP toolkit does not: a property occurs twice.
 QByteArray MakeOddXmp();
 /// Letters of no repeating pattern.
 QByteArray MakeText(int size);

@@ -76,7 +76,7 @@ void FillCameraTags(Exiv2::ExifData& exif)
     exif["Exif.GPSInfo.GPSLatitude"] = "48/1 8/1 1234/100";
 }
 
-/// A file as a camera and a cataloguing program would leave it.
+/// Adds metadata as a camera and a cataloguing program would.
 Bytes AddMetadata(const Bytes& plain, int orientation)
 {
     const auto file = Open(plain);
@@ -93,7 +93,7 @@ Bytes AddMetadata(const Bytes& plain, int orientation)
     return Close(*file);
 }
 
-/// What has to survive: everything that does not describe how the file stores its pixels.
+/// The tags that have to survive: all that do not describe how the file stores its pixels.
 Tags DescribeTags(const Bytes& content)
 {
     const auto file = Open(content);
