@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// A catalogue of unknown origin in the presets model: whatever is wrong is reported, and what the
-// checks let through can be read by the model and by the roles of a view.
+// A catalogue of unknown origin in the presets model: every error is reported, and content that
+// passes the checks can be read by the model and by the roles of a view.
 #include "EffectPresets/EffectPresetModel.h"
 #include "catalogue/CatalogueParser.h"
 #include "core/PresetControllerFactory.h"

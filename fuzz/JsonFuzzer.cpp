@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What the JSON reader takes is written and read again: nothing may change on the way. Everything
-// else must be refused with a place.
+// A text that the JSON reader accepts is written and read again: nothing may change on the way. All
+// other texts must be refused with a place.
 #include "storage/JsonDocument.h"
 #include "storage/JsonException.h"
 

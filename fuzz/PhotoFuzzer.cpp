@@ -14,8 +14,8 @@ namespace {
 
 constexpr qint64 MostPixels = 4'000'000;
 
-/// A few bytes may announce half a gigapixel, which the reader takes by design: filling it costs
-/// seconds and shows nothing new.
+/// True for headers of huge pictures. A few bytes may announce half a gigapixel, which the reader
+/// takes by design: filling it costs seconds and shows nothing new.
 bool AnnouncesMuch(const std::uint8_t* data, std::size_t size)
 {
     QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<int>(size));

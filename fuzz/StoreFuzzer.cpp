@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// A damaged file of the user's own presets: it loads without an exception, a save keeps what was
-// loaded, and what could not be understood lies beside it.
+// A damaged file of the user's own presets: it loads without an exception, a save keeps all that
+// was loaded, and unreadable content lies beside it.
 #include "EffectPresets/EffectPresetModel.h"
 #include "catalogue/CatalogueParser.h"
 #include "core/PresetControllerFactory.h"
@@ -29,7 +29,7 @@ using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
 
 namespace {
 
-/// The store in a model, as a program has it.
+/// A model with the store, as in a program.
 struct Program
 {
     explicit Program(const QString& path) : store(path, factory)
@@ -45,7 +45,7 @@ struct Program
     UserPresetStore store;
 };
 
-/// In memory where there is such a folder: every save waits for the disk otherwise.
+/// A folder in memory where there is one: every save waits for the disk otherwise.
 QString FolderTemplate()
 {
     const QString memory = QStringLiteral("/dev/shm");
@@ -75,7 +75,7 @@ void Check(const QByteArray& text)
             std::abort();
 }
 
-/// A file that is refused stays as it is.
+/// Checks that a refused file stays as it is.
 void CheckUntouched(const QString& path, const QByteArray& text)
 {
     QFile file(path);

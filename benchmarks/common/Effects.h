@@ -9,8 +9,8 @@
 
 namespace LumetraBench {
 
-/// An effect with these parameters; the others are as the effect has them by default. Effects are
-/// registered before, see LumetraHost::RegisterEffects().
+/// An effect with these parameters; others have their defaults. The effect must be registered, see
+/// LumetraHost::RegisterEffects().
 Zorvik::Quindle::EffectPtr
 MakeEffect(const std::string& id, const std::vector<std::pair<std::string, double>>& parameters);
 

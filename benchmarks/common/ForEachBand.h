@@ -5,8 +5,8 @@
 
 namespace LumetraBench {
 
-/// For peers that leave threads to their caller: bands of rows of a picture of that height, on
-/// threads of the engine's pool.
+/// Runs bands of rows of a picture of that height on threads of the engine's pool, for peers that
+/// leave threads to their caller.
 void ForEachBand(int height, int threads, const std::function<void(int firstRow, int rows)>& run);
 
 } // namespace LumetraBench

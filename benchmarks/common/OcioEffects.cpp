@@ -22,7 +22,7 @@ namespace Ocio = OCIO_NAMESPACE;
 using namespace LumetraHost;
 using Zorvik::Quindle::IEffectSettings;
 
-/// An effect, and where it works.
+/// An effect, and the space that it works in.
 struct Step
 {
     Ocio::TransformRcPtr transform;
@@ -130,15 +130,15 @@ Step MakeStep(const IEffectSettings& effect, OcioEffects::Contrast contrast)
     throw std::invalid_argument("expected an effect that OpenColorIO has, found " + id);
 }
 
-/// One for all, as a program keeps it. A configuration keeps its processors, and with them what was
-/// set: what can be adjusted has one of its own.
+/// One configuration for all, as a program keeps it. It keeps its processors, and with them their
+/// settings, so that a processor that can be adjusted has a configuration of its own.
 Ocio::ConstConfigRcPtr GetConfig(OcioEffects::Contrast contrast)
 {
     static const Ocio::ConstConfigRcPtr shared = Ocio::Config::CreateRaw();
     return contrast == OcioEffects::Contrast::Fixed ? shared : Ocio::Config::CreateRaw();
 }
 
-/// From encoded to encoded; neighbours in linear light are converted once.
+/// Makes a group from encoded to encoded; neighbours in linear light share the conversions.
 Ocio::GroupTransformRcPtr MakeGroup(const Zorvik::Quindle::EffectList& effects,
                                     OcioEffects::Contrast contrast)
 {
@@ -191,7 +191,7 @@ void OcioEffects::SetContrast(double amount)
 void OcioEffects::Draw(const Image& source, Image& target, int firstRow, int rows) const
 {
     const auto describe = [&](const Image& image) {
-        // The description of a picture that is only read takes a writable pointer too.
+        // The description takes a writable pointer even for a picture that is only read.
         return Ocio::PackedImageDesc(
             const_cast<std::uint8_t*>(image.Row(firstRow)), image.GetWidth(), rows,
             Ocio::CHANNEL_ORDERING_RGBA, m_depth, std::ptrdiff_t(image.GetBytesPerChannel()),

@@ -9,34 +9,34 @@
 
 namespace LumetraBench {
 
-/// Our effects as one processor of OpenColorIO for the engine's pictures, with the same formulas.
-/// It has those that change each colour alone without a mask: exposure, whiteBalance, contrast,
-/// saturation, channelMixer, blackAndWhite, liftGammaGain without its saturation, a cube. For
+/// Our effects as one processor of OpenColorIO for the engine's pictures, with equal formulas.
+/// Supports effects that change each colour alone without a mask: exposure, whiteBalance, contrast,
+/// saturation, channelMixer, blackAndWhite, liftGammaGain without its saturation, a cube. To use
 /// several threads, let each draw rows of its own.
 class OcioEffects
 {
 public:
-    /// Whether SetContrast() can change the contrast effect, of which there is one then.
+    /// Adjustable: SetContrast() can change the contrast effect, of which there must be one.
     enum class Contrast
     {
         Fixed,
         Adjustable
     };
 
-    /// std::invalid_argument for an effect that it does not have.
+    /// std::invalid_argument for an effect that is not supported.
     OcioEffects(const Zorvik::Quindle::EffectList& effects, LumetraHost::Image::Depth depth,
                 Contrast contrast = Contrast::Fixed);
-    /// Encoded values, each channel by `transform`.
+    /// Applies `transform` to each channel of encoded values.
     OcioEffects(const OCIO_NAMESPACE::TransformRcPtr& transform, LumetraHost::Image::Depth depth);
 
-    /// The contrast effect's amount from the next drawing on. An exception of OpenColorIO when the
-    /// contrast is fixed or there is none.
+    /// Sets the contrast effect's amount from the next drawing on. Throws an exception of
+    /// OpenColorIO when the contrast is fixed or there is none.
     void SetContrast(double amount);
 
-    /// Rows of two pictures of the same size.
+    /// Draws rows; both pictures have the same size.
     void Draw(const LumetraHost::Image& source, LumetraHost::Image& target, int firstRow,
               int rows) const;
-    /// All rows.
+    /// Draws all rows.
     void Draw(const LumetraHost::Image& source, LumetraHost::Image& target) const;
 
 private:

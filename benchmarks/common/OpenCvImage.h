@@ -7,8 +7,8 @@
 
 namespace LumetraBench {
 
-/// Rows of a picture as a matrix that shares its pixels. Of a picture that is only read it must
-/// only be read too: there is no other kind of matrix for that.
+/// Rows of a picture as a matrix that shares its pixels. The matrix of a picture that is only read
+/// must not be written; its type does not say so.
 inline cv::Mat WrapRows(const LumetraHost::Image& image, int firstRow, int rows)
 {
     const int type = image.GetDepth() == LumetraHost::Image::Depth::Bits16 ? CV_16UC4 : CV_8UC4;
@@ -16,7 +16,7 @@ inline cv::Mat WrapRows(const LumetraHost::Image& image, int firstRow, int rows)
             image.GetStride()};
 }
 
-/// All rows.
+/// All rows of a picture as a matrix.
 inline cv::Mat Wrap(const LumetraHost::Image& image)
 {
     return WrapRows(image, 0, image.GetHeight());

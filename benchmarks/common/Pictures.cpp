@@ -11,7 +11,7 @@ namespace {
 
 using LumetraHost::Image;
 
-/// Of `value` from 0 to 255, whatever the depth.
+/// Converts a value of 0 to 255 to the range of the depth.
 template <class Value>
 Value MakeValue(double value)
 {

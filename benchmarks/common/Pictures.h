@@ -13,13 +13,14 @@ struct PhotoTones
     double span[3];
 };
 
-/// Some are cut off at the ends.
+/// Tones of which some are cut off at the ends of the range.
 inline constexpr PhotoTones AllTones = {{0, 120, 10}, {250, 110, 230}};
-/// Effects take few of them below zero, where not all peers have a result: a power is none there.
+/// Tones that effects seldom take below zero, where not all peers have a result: a power is none
+/// there.
 inline constexpr PhotoTones InnerTones = {{16, 115, 16}, {204, 84, 204}};
 
-/// Something like a photo: soft gradients with fine grain, opaque. The same every time; both depths
-/// show the same.
+/// A picture like a photo: soft gradients with fine grain, opaque. Each call makes the same one,
+/// and both depths show the same.
 LumetraHost::Image MakePhoto(int width, int height, LumetraHost::Image::Depth depth,
                              const PhotoTones& tones = AllTones);
 

@@ -7,10 +7,10 @@
 
 namespace LumetraBench {
 
-/// What a clock of the system shows, for example CLOCK_PROCESS_CPUTIME_ID.
+/// The time of a system's clock, for example CLOCK_PROCESS_CPUTIME_ID.
 double GetMilliseconds(clockid_t clock);
 
-/// The upper one of two in the middle; 0 without values.
+/// The median, the upper one of two in the middle; 0 without values.
 double GetMedian(std::vector<double> values);
 
 } // namespace LumetraBench

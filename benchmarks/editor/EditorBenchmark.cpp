@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// How quick the editor answers: until its first window, while an intensity is dragged, and what
-// memory it takes. Real times, so another program's work is in them.
+// Measures the editor's answers: the time until its first window, the ticks of an intensity that is
+// dragged, and its memory. Times are real, so another program's work is in them.
 #include "WatchedApplication.h"
 
 #include "canvas/CanvasFeed.h"
@@ -83,7 +83,7 @@ void Open(LumetraEditor::Editor& editor, LumetraEditor::EditorWindow& window, co
     QObject::connect(&editor, &LumetraEditor::Editor::photoChanged, &here,
                      [&] { photo = clock.nsecsElapsed(); });
     QObject::connect(&editor.GetPreviews(), &LumetraHost::AsyncPreviews::previewReady, &here, [&] {
-        if (photo != 0 && thumbnail == 0) // not one of the photo before
+        if (photo != 0 && thumbnail == 0) // a thumbnail of the photo before would come earlier
             thumbnail = clock.nsecsElapsed();
     });
     clock.start();

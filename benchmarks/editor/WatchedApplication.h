@@ -7,8 +7,8 @@
 
 namespace LumetraBenchmark {
 
-/// Measures how long the GUI thread works on one event, with all that happens inside of it: nothing
-/// else is answered meanwhile. Event loops inside of an event are measured by their own events.
+/// Measures how long the GUI thread works on one event, with all that happens inside it: no other
+/// event is answered meanwhile. Event loops inside an event are measured by their own events.
 class WatchedApplication : public QApplication
 {
     Q_OBJECT
@@ -16,12 +16,12 @@ class WatchedApplication : public QApplication
 public:
     WatchedApplication(int& argc, char** argv);
 
-    /// Forgets what was measured; from now on, down to this depth of loops.
+    /// Forgets all measurements; measures from now on, down to this depth of loops.
     void Restart();
     /// Milliseconds of the thread's own processor time, which other programs do not disturb;
     /// `share` 1 is the longest event.
     double GetWork(double share) const;
-    /// The same in real time.
+    /// Milliseconds of real time; `share` as for GetWork().
     double GetReal(double share) const;
 
     bool notify(QObject* receiver, QEvent* event) override;

@@ -22,13 +22,13 @@ inline constexpr char Chain[] = "chain5";
 
 /// Every effect alone, under its id, and the chain.
 const std::vector<BenchmarkEffects>& GetBenchmarkEffects();
-/// Those of that name; std::invalid_argument when there are none.
+/// The effects of that name; std::invalid_argument when there are none.
 const Zorvik::Quindle::EffectList& FindEffects(const std::string& name);
 /// The effect that is measured alone under its id.
 const Zorvik::Quindle::IEffectSettings& FindEffect(const std::string& id);
 
-/// What effects that take each channel alone make of all values of 8 or of 16 bits: as many entries
-/// of red, green, blue and alpha.
+/// All values of 8 or of 16 bits after effects that take each channel alone: as many entries of
+/// red, green, blue and alpha.
 std::vector<std::uint8_t> MakeTable8(const Zorvik::Quindle::EffectList& effects);
 std::vector<std::uint16_t> MakeTable16(const Zorvik::Quindle::EffectList& effects);
 

@@ -5,13 +5,14 @@
 
 namespace LumetraBench {
 
-/// Before the first GetPhoto(): how large the photo is, in millions of pixels; 12 without it.
+/// Sets the photo's size in millions of pixels; 12 without it. To be called before the first
+/// GetPhoto().
 void SetMegapixels(double megapixels);
 
 /// The photo of that depth, see MakePhoto().
 const LumetraHost::Image& GetPhoto(LumetraHost::Image::Depth depth);
 
-/// A radius as the effects have it, in pixels of the photo.
+/// Converts a radius of an effect to pixels of the photo.
 double GetPixels(double percentOfDiagonal);
 
 } // namespace LumetraBench

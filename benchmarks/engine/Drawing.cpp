@@ -21,7 +21,7 @@ std::string Task::GetName() const
 
 Drawing MakeDrawing(Image::Depth depth, std::function<void(Image& target)> draw)
 {
-    // A copy rather than fresh memory, whose pages the system would clear in the first run.
+    // A copy avoids fresh memory, whose pages the system would clear in the first run.
     const auto target = std::make_shared<Image>(GetPhoto(depth).Clone());
     return {[target, draw = std::move(draw)] { draw(*target); }, [target] { return *target; }};
 }

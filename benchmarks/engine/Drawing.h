@@ -9,7 +9,7 @@
 
 namespace LumetraBench {
 
-/// What is drawn: effects on the benchmark's photo.
+/// The effects that are drawn on the benchmark's photo.
 struct Task
 {
     std::string effects; ///< see GetBenchmarkEffects(), or one of the two names below
@@ -32,7 +32,7 @@ inline constexpr double PhotoWeight = 99.0 / 254;
 struct Drawing
 {
     std::function<void()> draw;
-    /// What the last draw() made.
+    /// The picture of the last draw().
     std::function<LumetraHost::Image()> get;
 };
 
@@ -40,7 +40,7 @@ struct Drawing
 Drawing MakeDrawing(LumetraHost::Image::Depth depth,
                     std::function<void(LumetraHost::Image& target)> draw);
 
-/// What our engine does.
+/// Draws with our engine.
 Drawing MakeOurs(const Task& task, LumetraHost::Isa isa);
 /// The picture that is blended with the photo.
 const LumetraHost::Image& GetBlendedPicture(LumetraHost::Image::Depth depth);

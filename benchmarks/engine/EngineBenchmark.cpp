@@ -51,7 +51,7 @@ void RegisterAll()
 #endif
 }
 
-/// std::invalid_argument for what is no sensible size.
+/// Throws std::invalid_argument for a size out of range.
 double ReadMegapixels(const std::string& text)
 {
     char* end = nullptr;
@@ -61,8 +61,8 @@ double ReadMegapixels(const std::string& text)
     return megapixels;
 }
 
-/// Ours is taken, the others are left for Google Benchmark. Several hundred runs are to stay within
-/// some minutes: each is shorter than by default, unless the caller says how long it shall be.
+/// Takes our options; the others are left for Google Benchmark. Several hundred runs are to stay
+/// within some minutes, so each is shorter than by default, unless the caller sets its time.
 std::vector<std::string> ReadArguments(int argc, char** argv)
 {
     const std::string megapixels = "--megapixels=";

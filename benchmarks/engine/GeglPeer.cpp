@@ -85,7 +85,7 @@ void AddContrast(Graph& graph)
     graph.Add("gegl:multiply", "value", std::pow(MiddleGrey, 1 - exponent));
 }
 
-/// Its operations take values for linear light: from here on they work on encoded ones.
+/// Lets the following operations, which take values for linear light, work on encoded ones.
 void TakeEncoded(Graph& graph)
 {
     graph.Add("gegl:cast-format", "input-format", babl_format("R'G'B'A float"), "output-format",
@@ -136,7 +136,7 @@ double GetMean(const std::array<double, 3>& values)
     return (values[0] + values[1] + values[2]) / 3;
 }
 
-/// It has no operation that adds and raises each channel by a number of its own.
+/// Uses the mean of the channels' numbers: no operation takes one for each channel.
 void AddEncodedLiftGammaGain(Graph& graph)
 {
     const auto parameters = ReadParameters<LiftGammaGainParameters>(FindEffect("liftGammaGain"));

@@ -23,7 +23,7 @@ struct Seconds
     double real = 0;
     double processor = 0;
 
-    /// What others disturb least: on two threads waiting counts too.
+    /// The time that other programs disturb least; on two threads waiting counts too.
     double Get(int threads) const { return threads > 1 ? real : processor; }
 };
 
@@ -76,7 +76,7 @@ void CountPixels(benchmark::State& state, const Task& task, const Seconds& taken
 void RunAlone(benchmark::State& state, const Task& task, const Drawing& drawing)
 {
     const double copy = MeasureCopySeconds(task.depth);
-    drawing.draw(); // what is made by the first drawing is not measured
+    drawing.draw(); // the first drawing makes tables and buffers that are not measured
     Seconds taken;
     for (auto iteration : state)
         AddTime(drawing.draw, taken);
@@ -84,13 +84,13 @@ void RunAlone(benchmark::State& state, const Task& task, const Drawing& drawing)
     state.counters["per_copy"] = taken.processor / double(state.iterations()) / copy;
 }
 
-/// In turn, so that what disturbs the machine disturbs both; ours several times, because it is
-/// quicker as a rule.
+/// Runs both in turn, so that disturbances of the machine meet both; ours several times, because it
+/// is quicker as a rule.
 void RunBesideOurs(benchmark::State& state, const Task& task, const Drawing& peer)
 {
     constexpr int ourRuns = 3;
     const Drawing ours = MakeOurs(task, GetDefaultIsa());
-    ours.draw(); // what is made by the first drawing is not measured
+    ours.draw(); // the first drawing is not measured
     peer.draw();
     Seconds peerTaken;
     Seconds oursTaken;

@@ -8,13 +8,13 @@
 
 namespace LumetraBench {
 
-/// Registers a copy of the photo, which all others are measured beside.
+/// Registers a copy of the photo, the reference of all other figures.
 void RegisterCopy(LumetraHost::Image::Depth depth);
 
-/// Registers what our engine does.
+/// Registers a task drawn by our engine.
 void RegisterOurs(const Task& task, LumetraHost::Isa isa);
 
-/// Registers what a peer does, with our engine's best instruction set in turn with it. `prepare` is
+/// Registers a task drawn by a peer, in turn with our engine's best instruction set. `prepare` is
 /// not measured. `remark`: how its picture differs from ours, or empty.
 void RegisterPeer(const std::string& peer, const Task& task, const std::string& remark,
                   std::function<Drawing(const Task&)> prepare);

@@ -31,7 +31,7 @@ Drawing DrawEffects(const Task& task)
         std::make_shared<const OcioEffects>(FindEffects(task.effects), task.depth), task);
 }
 
-/// A curve has no other operation that goes through the same points.
+/// Draws the curve as a table: no other operation goes through the same points.
 Drawing DrawCurve(const Task& task)
 {
     const auto table = MakeTable16(FindEffects(task.effects));

@@ -22,7 +22,7 @@ using namespace LumetraHost;
 
 using Operation = std::function<void(const cv::Mat& from, cv::Mat& to, int firstRow)>;
 
-/// Bands of rows: most of its operations have no threads of their own.
+/// Draws bands of rows: most operations have no threads of their own.
 Drawing DrawBands(const Task& task, const Operation& operation)
 {
     return MakeDrawing(task.depth, [task, operation](Image& target) {

@@ -3,13 +3,14 @@
 
 namespace LumetraBench {
 
-/// Colour operations on 8 and 16 bits, bands of rows on the threads of our pool.
+/// Registers colour operations on 8 and 16 bits, bands of rows on the threads of our pool.
 void RegisterOpenColorIo();
-/// Tables, matrices and blends on 8 and 16 bits, bands of rows; a blur on threads of its own.
+/// Registers tables, matrices and blends on 8 and 16 bits, bands of rows; a blur on threads of its
+/// own.
 void RegisterOpenCv();
-/// Pipelines in float between pictures of 8 bits.
+/// Registers pipelines in float between pictures of 8 bits.
 void RegisterVips();
-/// Graphs in float between pictures of 8 bits.
+/// Registers graphs in float between pictures of 8 bits.
 void RegisterGegl();
 
 } // namespace LumetraBench

@@ -92,7 +92,7 @@ void VipsPipeline::LookUp(const std::vector<std::uint8_t>& table)
 
 void VipsPipeline::Blur(double sigma)
 {
-    // Its default leaves out all that weighs less than a fifth of the centre.
+    // The default leaves out weights below a fifth of the centre's.
     constexpr double smallest = 0.02;
     Add([sigma](VipsImage* in, VipsImage** out) {
         return vips_gaussblur(in, out, sigma, "min_ampl", smallest, nullptr);

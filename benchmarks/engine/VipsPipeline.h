@@ -29,18 +29,18 @@ public:
     void ToEncoded();
     void Multiply(const LumetraHost::ColourMatrix& matrix);
     void Scale(double factor);
-    /// Each channel times `slope` and with `offset` added.
+    /// Multiplies each channel by `slope` and adds `offset`.
     void Scale(std::array<double, 3> slope, std::array<double, 3> offset);
     void Power(std::array<double, 3> exponent);
-    /// Values of 0 to 255 times `factor`, to whole numbers.
+    /// Multiplies values of 0 to 255 by `factor` and rounds them.
     void Round(double factor);
-    /// 256 entries of red, green, blue.
+    /// Looks channels up in 256 entries of red, green, blue.
     void LookUp(const std::vector<std::uint8_t>& table);
     void Blur(double sigma);
-    /// Its own way, on lightness.
+    /// Sharpens in the library's own way, on lightness.
     void Sharpen(double sigma, double amount);
 
-    /// In memory that it takes anew.
+    /// Runs the pipeline; the bytes are in new memory.
     std::shared_ptr<const std::uint8_t> ToBytes();
 
 private:

@@ -38,7 +38,7 @@ constexpr char Catalogue[] = R"({
         { "effect": { "id": "saturation", "amount": 20 } } ] } } ] } ]
 })";
 
-/// Those of the catalogue: the five without lift-gamma-gain.
+/// The effects of the catalogue: the five without lift-gamma-gain.
 EffectList MakeFour()
 {
     EffectList effects = MakeFiveColourEffects();

@@ -6,7 +6,7 @@
 
 namespace LumetraBench {
 
-/// What a program took, from its start to its end.
+/// The outcome and the cost of a program, from its start to its end.
 struct ChildResult
 {
     bool isDone = false; ///< it ended with exit code 0

@@ -36,7 +36,7 @@ EffectsSettings MakeColours(double stops)
     return settings;
 }
 
-/// Of the thumbnails: no two are the same.
+/// The looks of the thumbnails, all different.
 std::vector<EffectsSettings> GetLooks()
 {
     std::vector<EffectsSettings> looks;
@@ -71,7 +71,7 @@ ExportRecipe MakeRecipe(const EffectsSettings& settings,
     return recipe;
 }
 
-/// From file to file, decoded in bands.
+/// Exports from file to file, decoded in bands.
 void ExportFile(const QStringList& files, const ExportRecipe& recipe, int threads = 0)
 {
     ExportControl control;
@@ -86,7 +86,7 @@ void ExportWhole(const QStringList& files, const ExportRecipe& recipe)
     CheckedFileWriter::Write(files[1], result.file.data(), result.file.size());
 }
 
-/// As lumetra-presets does it: a thread for each of several photos.
+/// Exports as lumetra-presets does: a thread for each of several photos.
 void ExportEach(const QStringList& files, const ExportRecipe& recipe)
 {
     std::atomic<int> next{0};

@@ -39,7 +39,7 @@ public:
     explicit ExportReport(std::vector<Measured> lines) : m_lines(std::move(lines)) {}
 
     void Print() const;
-    /// `machine`: what is stored beside the cases. False when it cannot be written.
+    /// Stores the cases and, beside them, `machine`. False when the file cannot be written.
     bool Store(const QString& path, QJsonObject machine) const;
 
 private:

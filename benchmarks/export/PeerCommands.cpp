@@ -22,7 +22,7 @@ QString Number(double value)
     return QString::number(value, 'f', 6);
 }
 
-/// Row by row, with commas.
+/// The matrix row by row, with commas.
 QString Numbers(const ColourMatrix& matrix)
 {
     QStringList numbers;

@@ -20,9 +20,9 @@ struct Peer
 };
 
 /// The commands that put the five colour effects of our case on a photo, as far as each program has
-/// them. `folder` takes what they need beside.
+/// them. `folder` takes the files that they need.
 std::vector<Peer> MakePeers(const QString& source, const QString& folder);
-/// Where the peer's command writes.
+/// The file that the peer's command writes.
 QString GetPeerOutput(const Peer& peer, const QString& folder);
 
 } // namespace LumetraBench

@@ -20,7 +20,7 @@ using namespace LumetraHost;
 constexpr int BandRows = 32;
 constexpr int Bands = 8; ///< between the two threads
 
-/// Counts of bands that are there.
+/// Counts the bands that are ready.
 class Gauge
 {
 public:

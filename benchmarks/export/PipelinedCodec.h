@@ -5,11 +5,11 @@
 
 namespace LumetraBench {
 
-/// What exports are measured beside: a JPEG photo is decoded and encoded again with our settings
-/// and nothing in between, decoding and encoding on a thread each with some rows between them.
+/// The reference of exports: a JPEG photo is decoded and encoded again with our settings and
+/// nothing in between, decoding and encoding on a thread each with some rows between them.
 void RunPipelinedCodec(const QString& source, const QString& target);
 
-/// Decoding at 1/8 of the size, what thumbnails are measured beside.
+/// The reference of thumbnails: decodes at 1/8 of the size.
 void RunReducedDecode(const QString& source, int smallestSide);
 
 } // namespace LumetraBench

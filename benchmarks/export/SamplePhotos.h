@@ -5,8 +5,8 @@
 
 namespace LumetraBench {
 
-/// Writes a JPEG photo of shapes, fine structure and noise, at quality 92; as large in the file as
-/// a camera's. The same size and seed make the same file.
+/// Writes a JPEG photo of shapes, fine structure and noise, at quality 92, with a file as large as
+/// a camera's. Equal sizes and seeds make equal files.
 void WriteSamplePhoto(const QString& path, int width, int height, unsigned seed);
 
 /// The distance of two photos of the same size in decibels, over the three channels; 0 when one

@@ -16,7 +16,7 @@ namespace {
 using namespace LumetraHost;
 using Zorvik::Quindle::EffectsSettings;
 
-/// Of the looks that are compared.
+/// Every so many looks one is compared.
 constexpr std::size_t ComparedStep = 20;
 
 Image Scale(const Image& photo)

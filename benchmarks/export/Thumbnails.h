@@ -19,10 +19,9 @@ using Looks = std::vector<Zorvik::Quindle::EffectsSettings>;
 
 /// The photo is read at 1/8 of its size and scaled, each look is drawn on the small picture.
 void MakeThumbnails(const QStringList& files, const Looks& looks);
-/// The same with OpenColorIO's processors instead of our engine, one made for each look.
+/// Draws with OpenColorIO's processors instead of our engine, one made for each look.
 void MakeOcioThumbnails(const QStringList& files, const Looks& looks);
-/// Without the thought of small pictures: OpenColorIO draws each look on the whole photo, which is
-/// scaled then.
+/// Draws each look on the whole photo with OpenColorIO and scales it then.
 void MakeWholeOcioThumbnails(const QStringList& files, const Looks& looks);
 
 } // namespace LumetraBench

@@ -158,7 +158,7 @@ void AddLibvips(std::vector<Measured>& lines, const Measured& libvips, const Fil
     lines.push_back(each);
 }
 
-/// A library that draws what our thumbnails show.
+/// A library that draws the looks of our thumbnails.
 Measured MakeThumbnailPeer(const std::string& name, const std::string& caseName, const Files& files,
                            const std::string& remark)
 {
@@ -201,7 +201,7 @@ void RunAll(std::vector<Measured>& lines, int repetitions)
     std::fprintf(stderr, "\r%50s\r", "");
 }
 
-/// The exact picture is what the others are compared with, and ours from a table too.
+/// Compares the others, and our picture from a table, with the exact picture.
 void MeasureDistances(std::vector<Measured>& lines, const Files& files)
 {
     const QString exact = files.Get("exact.jpg");
@@ -214,7 +214,7 @@ void MeasureDistances(std::vector<Measured>& lines, const Files& files)
             line.psnr = MeasurePsnr(exact, files.Get("colour.jpg"));
 }
 
-/// In runs of their own, which store some of the looks.
+/// Measures in separate runs, which store some of the looks.
 void MeasureThumbnails(std::vector<Measured>& lines, const Files& files)
 {
     const QString ours = files.Get("looks-ours.png");
@@ -245,7 +245,8 @@ int WriteSample(const QString& size, const QString& path)
     return 0;
 }
 
-/// In processes of their own: what this one has taken counts as the peak of its children.
+/// Writes samples in other processes, since memory of this one would count as the peak of its
+/// children.
 void WriteSamples(const Files& files, bool isQuick)
 {
     const auto write = [](const char* size, const QString& path) {

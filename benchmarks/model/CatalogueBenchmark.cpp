@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// How long a program waits for a large catalogue: 20,000 presets in 200 groups, from the file to
-// the filled model, and the parts of it; reading JSON beside nlohmann::json and QJsonDocument.
+// The time that a program waits for a large catalogue, 20,000 presets in 200 groups, from the file
+// to the filled model, and its parts; reading JSON beside nlohmann::json and QJsonDocument.
 #include "EffectPresets/EffectPresetModel.h"
 #include "catalogue/CatalogueParser.h"
 #include "core/PresetControllerFactory.h"
@@ -29,7 +29,7 @@ namespace {
 
 constexpr int PresetsPerGroup = 100;
 
-/// Takes what the parser hands out and looks at none of it.
+/// Takes the parser's nodes and looks at none of them.
 class NoTarget : public Zorvik::Brassel::Config::IParserConfigGroup
 {
 public:
@@ -57,7 +57,7 @@ void WriteSliders(std::ostream& out)
   },)";
 }
 
-/// As presets are: a few effects, every fifth with an intensity of its own.
+/// Writes a usual preset: a few effects, every fifth with an intensity of its own.
 void WritePreset(std::ostream& out, int group, int number)
 {
     out << "        {\n          \"name\": \"Preset " << number << "\", \"id\": \"group-" << group
@@ -125,7 +125,7 @@ QByteArray TextOf(int presets)
     return file.readAll();
 }
 
-/// The values made of a text in memory; their end is not counted.
+/// Parses a text in memory; the end of the values is not measured.
 template <class Parse>
 void ParseText(benchmark::State& state, const Parse& parse)
 {
@@ -186,7 +186,7 @@ void Check(benchmark::State& state)
     }
 }
 
-/// All of it: file, values, checks, model.
+/// Measures all steps: file, values, checks, model.
 void Load(benchmark::State& state)
 {
     const QString& file = FileOf(static_cast<int>(state.range(0)));

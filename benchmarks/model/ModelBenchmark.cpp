@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What the presets model costs a view: reading roles and finding parents, from a hundred to a
+// The cost of the presets model for a view: reading roles and finding parents, from a hundred to a
 // hundred thousand presets, beside QStandardItemModel on the same tree.
 #include "EffectPresets/EffectPresetControllerBase.h"
 #include "EffectPresets/EffectPresetModel.h"
@@ -94,8 +94,8 @@ void ReadRole(benchmark::State& state, const QAbstractItemModel& model, int role
     }
 }
 
-/// Of the first group alone, to which the walk to the parent is short however large the model is:
-/// what data() costs beyond it.
+/// Reads the first group alone, where the walk to the parent is short however large the model is:
+/// the rest of data()'s cost.
 void PresetDataOfFirstGroup(benchmark::State& state)
 {
     const auto model = PresetModel(static_cast<int>(state.range(0)));
@@ -108,7 +108,7 @@ void PresetDataOfFirstGroup(benchmark::State& state)
     }
 }
 
-/// The same with the model's prescribed walk to the parent alone, to be taken off ReadRole().
+/// Measures the model's prescribed walk to the parent alone, to be subtracted from ReadRole().
 void FindParent(benchmark::State& state, const QAbstractItemModel& model)
 {
     std::vector<QModelIndex> indexes;

@@ -18,7 +18,7 @@ struct GradingChain
     double saturation = 15;
 
     Zorvik::Quindle::EffectList MakeEffects() const;
-    /// The same chain with less of every effect, 0 to 1.
+    /// A chain with less of every effect; `strength`: 0 to 1.
     GradingChain GetWeaker(double strength) const;
 };
 

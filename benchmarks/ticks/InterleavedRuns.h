@@ -7,11 +7,11 @@
 
 namespace LumetraBench {
 
-/// Runs measured side by side: every round runs each once, so that whatever else the machine does
-/// meets all of them alike. Results are medians over the rounds.
+/// Runs measured side by side: every round runs each once, so that other work of the machine meets
+/// all of them alike. Results are medians over the rounds.
 ///
-/// Two clocks: real time is what the user waits for, processor time (of all threads together) what
-/// the work costs, which other programs disturb less.
+/// Two clocks: real time is that of a waiting user, processor time (of all threads together) the
+/// cost of the work, which other programs disturb less.
 class InterleavedRuns
 {
 public:
@@ -34,7 +34,7 @@ public:
     void Add(const std::string& name, std::function<void()> run,
              std::function<void()> prepare = {});
 
-    /// After one round that is not counted.
+    /// Measures after one round that does not count.
     void Measure(int rounds);
 
     const std::vector<Run>& GetRuns() const { return m_runs; }

@@ -13,7 +13,7 @@ namespace {
 
 using LumetraHost::Image;
 
-/// The quickest of Qt's formats: how it names the channels does not matter to a blend.
+/// Wraps in the quickest of Qt's formats; the order of channels does not matter to a blend.
 QImage WrapForQt(const Image& image)
 {
     return QImage(image.Row(0), image.GetWidth(), image.GetHeight(),

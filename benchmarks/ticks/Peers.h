@@ -10,7 +10,7 @@ namespace LumetraBench {
 void BlendWithQt(const LumetraHost::Image& source, const LumetraHost::Image& effect,
                  double effectWeight, LumetraHost::Image& target);
 
-/// The same with cv::addWeighted.
+/// The blend of two opaque pictures with cv::addWeighted.
 void BlendWithOpenCv(const LumetraHost::Image& source, const LumetraHost::Image& effect,
                      double effectWeight, LumetraHost::Image& target);
 

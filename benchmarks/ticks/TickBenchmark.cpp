@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What a user waits for while a slider is dragged, beside the time that two threads need to copy
-// the frame once, and beside programs that do a similar job. All in one process, round by round.
+// The time that a user waits while a slider is dragged, beside the time that two threads need to
+// copy the frame once, and beside programs that do a similar job. All runs are in one process,
+// round by round.
 //
 //   bench_ticks [--rounds=N] [--json=FILE] [--megapixels=N]...
 #include "GradingChain.h"
@@ -52,7 +53,7 @@ struct Arguments
     std::vector<int> megapixels;
 };
 
-/// One line of the table: how many times longer than a reference, and what is wanted.
+/// One line of the table: a ratio to a reference, and its limit.
 struct Target
 {
     std::string name;
@@ -123,7 +124,7 @@ private:
     int m_intensity = 60;
 };
 
-/// Everything of one picture size.
+/// The pictures, drawers and runs of one picture size.
 class Scene
 {
 public:

@@ -95,7 +95,7 @@ GalleryPanel::GalleryPanel(LumetraHost::PaletteKind kind, Language language)
 
 GalleryPanel::~GalleryPanel()
 {
-    // The pages' views look at the model, a member, which would end before them.
+    // The pages' views use the model, a member, which would otherwise end before them.
     delete m_toolBox;
 }
 
@@ -112,7 +112,7 @@ void GalleryPanel::AddPages()
     m_add->setToolTip(Text(m_language, "Save as preset", "Als Preset speichern"));
     m_add->setAccessibleName(m_add->toolTip());
     m_toolBox->addWidgetTitleButton(m_add, groups - 1);
-    // So that title buttons start in the state of their pages.
+    // Makes title buttons start in the state of their pages.
     m_toolBox->setCurrentIndex(0);
     m_toolBox->setCurrentIndex(0);
 }

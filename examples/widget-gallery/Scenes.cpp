@@ -30,7 +30,7 @@ void Show(QWidget& widget)
     QApplication::processEvents();
 }
 
-/// Takes care of layouts only: events of the window system would move the pointer away.
+/// Runs layouts only before painting: events of the window system would move the pointer away.
 QImage Grab(QWidget& widget)
 {
     QApplication::sendPostedEvents();
@@ -117,7 +117,7 @@ Scene ToolTipScene()
     return {QStringLiteral("intensity-tooltip"), [](PaletteKind kind, Language language) {
                 GalleryPanel panel(kind, language);
                 Show(panel);
-                // With room on the screen for the tool tip below the slider.
+                // Leaves room on the screen for the tool tip below the slider.
                 panel.move(0, -panel.Intensity().mapTo(&panel, QPoint()).y());
                 PressAt(panel.Intensity(), HandleCentre(panel.Intensity()));
                 panel.Intensity().setValue(62);

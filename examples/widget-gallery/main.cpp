@@ -35,7 +35,7 @@ void DescribeCommand(QCommandLineParser& parser)
     parser.addOption({QStringLiteral("german"), QStringLiteral("Show the German texts.")});
 }
 
-/// Each scale in a process of its own: an application has but one.
+/// Saves each scale in a process of its own: an application has but one.
 int SaveAllScales(const QString& folder)
 {
     for (const char* scale : {"1", "2"}) {

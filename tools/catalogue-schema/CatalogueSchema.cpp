@@ -161,7 +161,7 @@ constexpr char Head[] = R"({
 
 using Descriptors = std::vector<std::shared_ptr<const EffectDescriptor>>;
 
-/// The elements with commas between them.
+/// A list of elements with commas between them.
 class List
 {
 public:
@@ -213,7 +213,7 @@ std::string ParameterText(const EffectParameter& parameter)
     return text + " }";
 }
 
-/// Effects may read more than numbers; a number that they do not know is a mistake.
+/// The schema of an effect. Effects may read more than numbers, but an unknown number is a mistake.
 std::string EffectText(const EffectDescriptor& descriptor)
 {
     List properties;

@@ -5,15 +5,15 @@
 
 namespace LumetraTools {
 
-/// The JSON schema (draft 2020-12) of catalogue files. Editors complete and check catalogues with
-/// it. It knows the effects that are registered and the ranges of their numbers; what spans several
-/// places, as ids of their own or a slider for an effect that the preset lacks, only
-/// `lumetra-presets check` finds. It is stricter there where that only warns: a number out of its
-/// range and a key that nobody reads do not fit.
+/// The JSON schema (draft 2020-12) of catalogue files, with which editors complete and check
+/// catalogues. It knows the effects that are registered and the ranges of their numbers. Errors
+/// that concern several places, such as a repeated id or a slider for an effect that the preset
+/// lacks, are only found by `lumetra-presets check`. The schema refuses two things of which that
+/// only warns: a number out of its range and an unknown key.
 class CatalogueSchema
 {
 public:
-    /// Ends with a line break; the same bytes for the same effects.
+    /// The schema's text with a line break at the end; equal effects give equal bytes.
     static std::string ToText();
 };
 

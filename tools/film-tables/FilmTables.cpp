@@ -21,7 +21,7 @@ double Mix(double from, double to, double weight)
     return from + weight * (to - from);
 }
 
-/// From 0 at `begin` to 1 at `end`, flat at both.
+/// A step from 0 at `begin` to 1 at `end`, flat at both.
 double Step(double begin, double end, double value)
 {
     const double t = std::clamp((value - begin) / (end - begin), 0.0, 1.0);

@@ -8,7 +8,7 @@
 
 namespace LumetraTools {
 
-/// The colour tables of the shipped presets, each worked out from a few formulas of our own on
+/// The colour tables of the shipped presets, each computed from a few formulas of our own on
 /// sRGB-encoded values. They are looks, not measurements of any film.
 class FilmTables
 {

@@ -12,7 +12,7 @@ namespace LumetraSample {
 class Clouds
 {
 public:
-    /// What the layer adds to a ray, and the share of the sky that still shows through it.
+    /// Light that the layer adds to a ray, and the share of the sky that still shows through it.
     struct Veil
     {
         Vec3 radiance;

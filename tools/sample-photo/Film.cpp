@@ -113,7 +113,8 @@ Vec3 Film::Develop(const Vec3& light)
             EncodeSrgb(Saturate(toned.z))};
 }
 
-// Mostly common to the channels, as in a scan; the sum of hashes is nearly Gaussian.
+// Makes grain that is mostly common to the channels, as in a scan; the sum of hashes is nearly
+// Gaussian.
 Vec3 Film::Grain(int x, int y) const
 {
     const auto value = [&](int channel) {

@@ -11,8 +11,8 @@
 
 namespace LumetraSample {
 
-/// What lens, film and development make of scene light: glow, vignette, white balance, exposure,
-/// tone curve, grain and the coding of sRGB. Stateless but for its seed.
+/// Turns scene light into a picture, as lens, film and development do: glow, vignette, white
+/// balance, exposure, tone curve, grain and the coding of sRGB. Stateless but for its seed.
 class Film
 {
 public:

@@ -19,7 +19,7 @@ inline std::uint32_t Hash(std::uint32_t value)
     return value;
 }
 
-/// The same of a lattice corner; odd multipliers keep neighbours apart before they are mixed.
+/// A hash of a lattice corner; odd multipliers keep neighbours apart before they are mixed.
 inline std::uint32_t Hash(std::int32_t x, std::int32_t y, std::int32_t z)
 {
     return Hash(static_cast<std::uint32_t>(x) * 0x9e3779b1u ^
@@ -51,8 +51,8 @@ float ValueNoise(float x, float y);
 /// gradient noise, each of half the size and half the height, in about -1..1.
 float Fbm(Vec3 p, int octaves);
 
-/// The same on a plane from value noise, in about -1..1. Octaves are rotated against each other,
-/// so that the lattice does not show.
+/// Octaves of value noise on a plane, in about -1..1. They are rotated against each other, so that
+/// the lattice does not show.
 float Fbm(float x, float y, int octaves);
 
 /// Musgrave's ridged multifractal on a plane in 0..1: folded octaves, weighted by the last one, so

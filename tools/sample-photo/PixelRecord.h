@@ -5,7 +5,7 @@
 
 namespace LumetraSample {
 
-/// What the light paths of one pixel found, each as a mean over them.
+/// The results of one pixel's light paths, each as a mean over them.
 struct PixelRecord
 {
     /// Light that needs no smoothing: sun, mirrored light and the landscape.

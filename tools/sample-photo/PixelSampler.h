@@ -9,7 +9,7 @@
 
 namespace LumetraSample {
 
-/// What a pair of random numbers decides about one light path.
+/// The decisions about one light path for which pairs of random numbers are drawn.
 enum class Choice
 {
     Pixel,

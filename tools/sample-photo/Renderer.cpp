@@ -198,8 +198,8 @@ Vec3 Renderer::MirroredLight(const Surface& surface, const Path& path) const
     return SecondaryRadiance(start, direction, path.Pair(Choice::BounceSun), true) * share;
 }
 
-// What a bounced ray sees: bodies with plain matt shading, else sky or ground. `sharp` asks for the
-// sky as seen in a mirror; gathered light takes the smooth one, as it has no noise.
+// The light along a bounced ray: bodies with plain matt shading, else sky or ground. `sharp` asks
+// for the sky as seen in a mirror; gathered light takes the smooth one, as it has no noise.
 Vec3 Renderer::SecondaryRadiance(const Vec3& origin, const Vec3& direction, const Vec2& u,
                                  bool sharp) const
 {

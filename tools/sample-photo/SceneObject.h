@@ -13,7 +13,7 @@ struct Material
     float roughness = 0.8f;
     /// Reflectance at normal incidence.
     float reflectance = 0.04f;
-    /// Whether surroundings are seen mirrored in it.
+    /// True when surroundings are seen mirrored in it.
     bool mirrors = false;
     /// How far light of each colour wraps beyond the terminator under the surface.
     Vec3 wrap;

@@ -23,7 +23,7 @@ public:
     /// Radiance from a direction; below the horizon it repeats the horizon.
     Vec3 Radiance(const Vec3& direction) const;
 
-    /// The same averaged over some ten degrees: for light that is gathered from everywhere.
+    /// The radiance averaged over some ten degrees: for light that is gathered from everywhere.
     Vec3 BlurredRadiance(const Vec3& direction) const;
 
     /// Irradiance on a plane from the sky above and from ground lit by it, without the sun.
@@ -33,7 +33,8 @@ public:
     Vec3 GroundRadiance() const { return m_ground; }
 
 private:
-    /// Denser near the horizon, as a row is the square root of elevation, and straight ahead.
+    /// A map that is denser near the horizon, as a row is the square root of elevation, and
+    /// straight ahead.
     struct Map
     {
         int width = 0;

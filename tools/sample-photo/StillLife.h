@@ -25,7 +25,7 @@ public:
     /// The nearest body along the ray (unit direction) within `limit` metres.
     Hit Intersect(const Vec3& origin, const Vec3& direction, float limit) const;
 
-    /// Whether any body is within `limit` metres of the ray's origin along it.
+    /// True when any body is within `limit` metres of the ray's origin along it.
     bool Blocked(const Vec3& origin, const Vec3& direction, float limit) const;
 
     /// Unit normal with the relief of the surface, averaged over about `detail` metres.

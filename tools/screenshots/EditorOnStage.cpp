@@ -195,7 +195,7 @@ void EditorOnStage::SaveLook(const QString& name)
 
 void EditorOnStage::Settle()
 {
-    // What is painted asks for pictures, and pictures that have come are painted.
+    // Painting asks for pictures, and new pictures are painted: several rounds settle both.
     for (int round = 0; round < SettlingRounds; ++round) {
         QApplication::processEvents();
         m_window->grab();

@@ -35,15 +35,15 @@ public:
     }
 
     void OpenSample();
-    /// Begins and does not wait: the panel is locked.
+    /// Begins to open a photo and does not wait: the panel is locked then.
     void StartOpening();
-    /// A file that is no photo, under the name of one.
+    /// Opens a file that is no photo, under the name of one.
     void OpenText();
     /// Clicks on the look of that name, as the catalogue has it.
     void ClickLook(const QString& name);
     /// Rests on the look until it is shown on the photo.
     void PointAtLook(const QString& name);
-    /// Where the look's picture is in the window.
+    /// The place of the look's picture in the window.
     QPoint PlaceOf(const QString& look);
     void AskForMenu(const QString& look);
     void Search(const QString& text);

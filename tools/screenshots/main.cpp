@@ -37,7 +37,7 @@ void DescribeCommand(QCommandLineParser& parser)
                       QStringLiteral("scale")});
 }
 
-/// A scale in a process of its own: an application has but one.
+/// Saves one scale in a process of its own: an application has but one.
 bool SaveScale(const QString& scale)
 {
     QProcess process;
@@ -54,7 +54,7 @@ bool SaveScale(const QString& scale)
     return process.exitStatus() == QProcess::NormalExit && process.exitCode() == Done;
 }
 
-/// To 256 colours; a photo is hardly seen to have fewer, and takes a third of the bytes.
+/// Reduces a picture to 256 colours, which hardly shows on a photo and takes a third of the bytes.
 bool MakeSmall(const QString& path)
 {
     const int exitCode =
