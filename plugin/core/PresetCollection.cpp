@@ -88,9 +88,9 @@ void PresetCollection::PutValuesBack()
     }
 }
 
-/// Also puts back an intensity that a reset misses: one that moves effects would be read from the
-/// effects that its drag has changed, and one of few mixtures has positions that are read back as
-/// their neighbours. Draws only the preset that is on the photo.
+/// A reset misses two kinds of intensity, which are put back here: one that moves effects would be
+/// read from the effects that its drag has changed, and one of few mixtures has positions that are
+/// read back as their neighbours. Draws only the preset that is on the photo.
 void PresetCollection::PutIntensityBack(const QModelIndex& index)
 {
     const auto preset = m_model->GetPreset(index);
