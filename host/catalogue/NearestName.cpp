@@ -8,7 +8,7 @@ namespace LumetraHost {
 namespace {
 
 // Beyond this the comparison would cost more than its answer is worth.
-constexpr std::size_t longestName = 200;
+constexpr std::size_t LongestName = 200;
 
 char Lower(char letter)
 {
@@ -37,12 +37,12 @@ std::size_t Distance(const std::string& first, const std::string& second)
 
 std::string NearestName(const std::string& text, const std::vector<std::string>& names)
 {
-    if (text.empty() || text.size() > longestName)
+    if (text.empty() || text.size() > LongestName)
         return {};
     std::size_t nearest = std::max<std::size_t>(1, text.size() / 3) + 1;
     std::string result;
     for (const std::string& name : names) {
-        if (name.size() > longestName)
+        if (name.size() > LongestName)
             continue;
         const std::size_t distance = Distance(text, name);
         if (distance < nearest) {

@@ -8,8 +8,8 @@ namespace {
 
 // Members from which on an index is kept. A scan is quicker below, where most objects of a
 // catalogue stay.
-constexpr std::size_t indexedFrom = 16;
-constexpr std::size_t expectedMembers = 2;
+constexpr std::size_t IndexedFrom = 16;
+constexpr std::size_t ExpectedMembers = 2;
 
 } // namespace
 
@@ -65,13 +65,13 @@ bool JsonObject::Append(const std::string& key, JsonValue value)
 void JsonObject::AppendNew(std::string key, JsonValue value)
 {
     if (m_members.empty())
-        m_members.reserve(expectedMembers);
+        m_members.reserve(ExpectedMembers);
     m_members.emplace_back(std::move(key), std::move(value));
     if (m_index) {
         m_index->emplace(m_members.back().first, m_members.size() - 1);
-    } else if (m_members.size() == indexedFrom) {
+    } else if (m_members.size() == IndexedFrom) {
         m_index = std::make_unique<Index>();
-        for (std::size_t i = 0; i < indexedFrom; ++i)
+        for (std::size_t i = 0; i < IndexedFrom; ++i)
             m_index->emplace(m_members[i].first, i);
     }
 }

@@ -43,14 +43,14 @@ double ReadNumber(const Zorvik::Quindle::IEffectSettings& settings,
 template <class Parameters>
 const std::vector<Zorvik::Quindle::EffectParameter>& DescribeParameters()
 {
-    static const auto described = [] {
+    static const auto Described = [] {
         const Parameters defaults;
         std::vector<Zorvik::Quindle::EffectParameter> all;
         for (const ParameterRow<Parameters>& row : Parameters::Table)
             all.push_back({row.name, row.minimum, row.maximum, defaults.*row.field, row.unit});
         return all;
     }();
-    return described;
+    return Described;
 }
 
 /// Reads every number of the table; none is ever out of its range.
