@@ -47,7 +47,7 @@ void TakeFile(const QString& file, CatalogueParser& catalogues, CatalogueReports
 
 /// Adds the catalogues that are read even if they are not named: their ids are taken and their
 /// sliders offered. One that a checked file would replace, by its name, is left out.
-void TakeOthers(const QStringList& files, CatalogueParser& catalogues)
+void AddOtherCatalogues(const QStringList& files, CatalogueParser& catalogues)
 {
     std::set<FileIdentity> checked;
     std::set<QString> names;
@@ -68,7 +68,7 @@ bool CheckJson(const QStringList& files, Console& console)
     CatalogueReports reports;
     std::vector<std::string> names;
     if (!files.isEmpty())
-        TakeOthers(files, catalogues);
+        AddOtherCatalogues(files, catalogues);
     for (const QString& file : files) {
         names.push_back(file.toStdString());
         TakeFile(file, catalogues, reports);

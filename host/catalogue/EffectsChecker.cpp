@@ -106,7 +106,7 @@ void CheckTables(const CheckedNode& effect)
 }
 
 /// Lets effects that are more than numbers read the node: they know best what they can read.
-void LetRead(const CheckedNode& effect)
+void CheckByReading(const CheckedNode& effect)
 {
     try {
         const auto node = effect.GetSerializer();
@@ -142,7 +142,7 @@ std::string CheckEffect(const CheckedNode& effect)
         CheckTables(effect);
     const bool readsMore = descriptor->create || !isPlain; // than what has just been checked
     if (readsMore && effect.GetReports().GetErrorCount() == errorCount)
-        LetRead(effect);
+        CheckByReading(effect);
     return *effectID;
 }
 

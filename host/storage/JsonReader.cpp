@@ -249,7 +249,7 @@ std::string Reason(const std::string& what)
 
 /// Where the unexpected token begins; `end` is the number of bytes that the parser has read. The
 /// parser tells the token's text only for strings and numbers.
-std::size_t BeginOfUnexpected(const std::string& what, std::size_t end, const std::string& token)
+std::size_t FindUnexpectedToken(const std::string& what, std::size_t end, const std::string& token)
 {
     const auto tells = [&what](const char* text) { return what.find(text) != std::string::npos; };
     if (tells("unexpected string literal") || tells("unexpected number literal"))
@@ -272,7 +272,7 @@ bool TreeBuilder::parse_error(std::size_t position, const std::string& token,
     }
     // Inside a broken token, the place is the byte that does not fit.
     const bool isBroken = what.find("; last read: ") != std::string::npos;
-    m_lines.MoveTo(isBroken ? position - 1 : BeginOfUnexpected(what, position, token));
+    m_lines.MoveTo(isBroken ? position - 1 : FindUnexpectedToken(what, position, token));
     return Refuse("syntax error: " + Reason(what));
 }
 

@@ -9,7 +9,7 @@ bool UserDataForm::IsOurs(const JsonObject& root) const
         const auto* text = found->As<std::string>();
         return text && *text == format;
     }
-    return isMeantWithoutFormat && isMeantWithoutFormat(root);
+    return isOursWithoutFormat && isOursWithoutFormat(root);
 }
 
 } // namespace LumetraHost

@@ -24,7 +24,7 @@ struct UserDataForm
     QString contentSuffix; ///< ending of the folder beside the file that holds large contents
     /// True for the root of a file without KeyFormat that has this form all the same. May be empty:
     /// no such file has it then.
-    std::function<bool(const JsonObject& root)> isMeantWithoutFormat;
+    std::function<bool(const JsonObject& root)> isOursWithoutFormat;
     /// Size limit, in bytes, for files that name the format: older versions held everything
     /// themselves.
     qint64 largestOldFile = JsonDocument::MaxFileSize;

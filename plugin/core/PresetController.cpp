@@ -165,7 +165,7 @@ EffectsSettings PresetController::MakePreviewSettings()
 {
     // This call copies moved sliders into a preview list that is the preset's own.
     static_cast<void>(GetEffectInfo(false));
-    BringIntensityIntoPreview();
+    WriteIntensityToPreview();
     return m_previewEffectSettings;
 }
 
@@ -187,7 +187,7 @@ bool PresetController::ApplySettingsOnProgress() const
 
 /// Writes the intensity into the preview list, if that has all effects that a slider intensity
 /// moves.
-void PresetController::BringIntensityIntoPreview()
+void PresetController::WriteIntensityToPreview()
 {
     const auto* slider = dynamic_cast<const SliderSetting*>(&Intensity());
     const auto effectIDs = slider ? slider->GetEffectIDs() : std::set<std::string>();
@@ -206,7 +206,7 @@ QImage PresetController::GetPreviewImage()
         return QImage();
     const PreviewPolicies policies = GetPreviewPolicies();
     if (!m_previews->render) {
-        BringIntensityIntoPreview();
+        WriteIntensityToPreview();
         return GetImagePreviewInternal(m_previews->size, policies.flags);
     }
     const Zorvik::Proc::FrameTarget target{m_previews->size.width(), m_previews->size.height(),

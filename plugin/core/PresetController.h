@@ -114,7 +114,7 @@ protected:
 private:
     void CheckIntensityEffects(const Zorvik::Brassel::ConstSerializerPtr& node) const;
     void LimitIntensity();
-    void BringIntensityIntoPreview();
+    void WriteIntensityToPreview();
 
     int m_startIntensity = 0;
     std::string m_intensityRemark;

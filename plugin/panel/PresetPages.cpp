@@ -201,12 +201,12 @@ void PresetPages::ShowPageTexts(int page)
                                     ? tr("Alt+%1 opens and shuts this group").arg(page + 1)
                                     : QString());
     m_grids[page]->setAccessibleName(name);
-    const bool isYetToCome = HasDownloadable(presets);
+    const bool isDownloadable = HasDownloadable(presets);
     const QString looks = count == 1 ? tr("1 look") : tr("%1 looks").arg(count);
-    const QString text = isYetToCome ? tr("%1, some yet to be downloaded").arg(looks) : looks;
+    const QString text = isDownloadable ? tr("%1, some yet to be downloaded").arg(looks) : looks;
     m_titles[page]->setText(QLocale().toString(count));
-    m_titles[page]->setIcon(isYetToCome ? PanelIcons::GetIcon(QStringLiteral("download"), palette())
-                                        : QIcon());
+    m_titles[page]->setIcon(
+        isDownloadable ? PanelIcons::GetIcon(QStringLiteral("download"), palette()) : QIcon());
     m_titles[page]->setToolTip(text);
     m_titles[page]->setAccessibleName(text);
     m_emptyHints[page]->setText(MakeUserHint());

@@ -91,16 +91,17 @@ QAction* PresetsWidget::AddAction(const char* name, const QKeySequence& key,
 
 void PresetsWidget::MakeActions()
 {
-    m_apply = AddAction("applyPreset", {}, [this] { m_commands.Apply(GetMeant()); });
+    m_apply = AddAction("applyPreset", {}, [this] { m_commands.Apply(GetTargetPreset()); });
     m_favourite = AddAction("favouritePreset", Qt::CTRL + Qt::Key_D, [this] {
-        const QModelIndex preset = GetMeant();
+        const QModelIndex preset = GetTargetPreset();
         m_commands.SetFavourite(preset, !preset.data(PresetModel::FavouriteRole).toBool());
     });
     m_saveAs = AddAction("savePreset", Qt::CTRL + Qt::SHIFT + Qt::Key_S,
-                         [this] { m_commands.SaveAs(GetMeant()); });
-    m_rename = AddAction("renamePreset", Qt::Key_F2, [this] { m_commands.Rename(GetMeant()); });
-    m_remove =
-        AddAction("removePreset", QKeySequence::Delete, [this] { m_commands.Remove(GetMeant()); });
+                         [this] { m_commands.SaveAs(GetTargetPreset()); });
+    m_rename =
+        AddAction("renamePreset", Qt::Key_F2, [this] { m_commands.Rename(GetTargetPreset()); });
+    m_remove = AddAction("removePreset", QKeySequence::Delete,
+                         [this] { m_commands.Remove(GetTargetPreset()); });
     m_reset = AddAction("resetPreset", Qt::CTRL + Qt::Key_R, [this] { m_commands.Reset(); });
     m_commit =
         AddAction("commitPreset", Qt::CTRL + Qt::Key_Return, [this] { m_commands.Commit(); });
@@ -109,7 +110,7 @@ void PresetsWidget::MakeActions()
     m_import =
         AddAction("importPresets", Qt::CTRL + Qt::Key_I, [this] { m_commands.ImportByDialog(); });
     m_export = AddAction("exportPreset", Qt::CTRL + Qt::SHIFT + Qt::Key_E,
-                         [this] { m_commands.Export(GetMeant()); });
+                         [this] { m_commands.Export(GetTargetPreset()); });
     m_search = AddAction("searchPresets", QKeySequence::Find, [this] { m_bar->FocusSearch(); });
     for (int page = 0; page < PagesWithKeys; ++page) {
         auto* shortcut = new QShortcut(QKeySequence(Qt::ALT + Qt::Key_1 + page), this);
@@ -135,7 +136,7 @@ void PresetsWidget::ShowActionTexts()
         shortcut->setWhatsThis(tr("Open or shut the group in that place")); // for lists of keys
 }
 
-QModelIndex PresetsWidget::GetMeant() const
+QModelIndex PresetsWidget::GetTargetPreset() const
 {
     if (m_menuPreset.isValid())
         return m_menuPreset;

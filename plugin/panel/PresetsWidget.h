@@ -49,7 +49,7 @@ private:
     void ShowMenu(const QModelIndex& preset, const QPoint& position);
     /// The preset for an action: the one with the menu, else with the keyboard, else the one on the
     /// photo.
-    QModelIndex GetMeant() const;
+    QModelIndex GetTargetPreset() const;
 
     PresetCommands& m_commands;
     QWidget& m_frame;

@@ -24,7 +24,7 @@ bool IsSideArrow(int key)
 /// True when the focus takes the key. The question leaves out all modifiers but Alt: some keyboards
 /// have the backslash on a third level, which counts as a modifier of the event but not of the
 /// character.
-bool WantsItself(QWidget& focus, const QKeyEvent& event)
+bool IsTakenByFocus(QWidget& focus, const QKeyEvent& event)
 {
     const auto modifiers = event.modifiers() & Qt::AltModifier;
     QKeyEvent question(QEvent::ShortcutOverride, event.key(), modifiers, event.text());
@@ -41,7 +41,7 @@ PhotoKeys::PhotoKeys(QWidget& window, PhotoCanvas& canvas)
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-bool PhotoKeys::IsMeant(const QKeyEvent& event) const
+bool PhotoKeys::IsPhotoKey(const QKeyEvent& event) const
 {
     const auto modifiers = event.modifiers();
     if (event.key() == Qt::Key_Backslash)
@@ -58,7 +58,7 @@ bool PhotoKeys::PassOn(QWidget& focus, QKeyEvent& event)
 {
     const bool isRelease = event.type() == QEvent::KeyRelease;
     if (isRelease ? event.key() != Qt::Key_Backslash || !m_canvas.IsComparing()
-                  : !IsMeant(event) || WantsItself(focus, event))
+                  : !IsPhotoKey(event) || IsTakenByFocus(focus, event))
         return false;
     QCoreApplication::sendEvent(&m_canvas, &event);
     return true;

@@ -26,7 +26,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    bool IsMeant(const QKeyEvent& event) const;
+    bool IsPhotoKey(const QKeyEvent& event) const;
     bool PassOn(QWidget& focus, QKeyEvent& event);
 
     QWidget& m_window;

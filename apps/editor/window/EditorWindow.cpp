@@ -81,7 +81,7 @@ EditorWindow::EditorWindow(Editor& editor)
     ConnectActions();
     ConnectEditor();
     ConnectExporter();
-    RestoreWays();
+    RestoreSettings();
     ShowPhoto();
 }
 
@@ -242,7 +242,7 @@ void EditorWindow::ConnectExporter()
     });
 }
 
-void EditorWindow::RestoreWays()
+void EditorWindow::RestoreSettings()
 {
     m_actions->sidePanel->setChecked(true);
     RestorePlace(*this, m_settings.Get(GeometryKey).toByteArray(), {1280, 800});

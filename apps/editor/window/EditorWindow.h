@@ -75,7 +75,7 @@ private:
     void BuildStatusBar();
     void ConnectActions();
     void ConnectEditor();
-    void RestoreWays();
+    void RestoreSettings();
 
     void ConnectExporter();
     void AskForPhoto();

@@ -194,8 +194,8 @@ LUMETRA_KERNEL_INLINE void Load(const std::int16_t* cube, const Corners& corners
 #endif
 
 /// Has no branches, because marked pixels come at random.
-LUMETRA_KERNEL_INLINE void FindRest(const std::int16_t* cube, const Corners& corners, int count,
-                                    MarkedPixels& rest)
+LUMETRA_KERNEL_INLINE void FindMarkedPixels(const std::int16_t* cube, const Corners& corners,
+                                            int count, MarkedPixels& rest)
 {
     int found = 0;
     for (int i = 0; i < count; ++i) {
@@ -213,7 +213,7 @@ LUMETRA_KERNEL_INLINE void Find(const std::int16_t* cube, int points, const std:
         FindCorners<ColourCube::CoarsePoints>(corners, pixels, count);
     else
         FindCorners<ColourCube::FinePoints>(corners, pixels, count);
-    FindRest(cube, corners, count, rest);
+    FindMarkedPixels(cube, corners, count, rest);
 }
 
 } // namespace

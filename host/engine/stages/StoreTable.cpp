@@ -52,7 +52,7 @@ bool IsLimited(float value, std::uint8_t end)
 }
 
 /// True when all values beyond the table are stored as the entry at that end.
-bool EndsWell(const std::array<float, Beyond.size()>& beyond, const std::uint8_t* table)
+bool IsConstantBeyond(const std::array<float, Beyond.size()>& beyond, const std::uint8_t* table)
 {
     constexpr auto half = static_cast<std::ptrdiff_t>(Beyond.size() / 2);
     const auto is = [](std::uint8_t end) {
@@ -75,7 +75,7 @@ std::shared_ptr<const StoreTable> StoreTable::Make(const std::vector<StagePtr>& 
     for (std::size_t channel = 0; channel < 3; ++channel) {
         std::uint8_t* const table = made->m_entries.data() + channel * Grid::Entries;
         const float off = fit(samples->planes[channel].data(), table);
-        if (!(off <= Tolerance) || !EndsWell(beyond.planes[channel], table))
+        if (!(off <= Tolerance) || !IsConstantBeyond(beyond.planes[channel], table))
             return nullptr;
         made->m_tables[channel] = table;
     }

@@ -23,7 +23,7 @@ UserDataForm MakeForm()
     form.majorVersion = 2;
     form.noun = "presets";
     form.contentSuffix = QStringLiteral(".tables");
-    form.isMeantWithoutFormat = HasMembersOfStore;
+    form.isOursWithoutFormat = HasMembersOfStore;
     form.largestOldFile = LargestFirstVersion;
     return form;
 }
