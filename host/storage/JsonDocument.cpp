@@ -75,16 +75,6 @@ JsonDocument JsonDocument::Parse(const QByteArray& text, const std::string& name
     return JsonDocument(JsonReader::Read(bytes, name), name);
 }
 
-const std::string& JsonDocument::GetName() const
-{
-    return m_name;
-}
-
-const JsonValue::Object& JsonDocument::GetObject() const
-{
-    return m_object;
-}
-
 Zorvik::Brassel::SerializerPtr JsonDocument::GetRoot() const
 {
     return JsonSerializer::Create(m_object, m_name, m_contents);

@@ -34,9 +34,9 @@ public:
     /// Reads from memory, any size; `name` stands for the file in errors.
     static JsonDocument Parse(const QByteArray& text, const std::string& name);
 
-    const std::string& GetName() const;
+    const std::string& GetName() const { return m_name; }
     /// The top object, whose values know their places. Never null.
-    const JsonValue::Object& GetObject() const;
+    const JsonValue::Object& GetObject() const { return m_object; }
     /// Sets the folder of the contents that the document names by their hash. Null, the default:
     /// the document has to hold everything itself.
     void SetContents(const std::shared_ptr<const ContentFolder>& contents);

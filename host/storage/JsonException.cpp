@@ -18,14 +18,4 @@ JsonException::JsonException(const std::string& description, const JsonPlace& pl
 
 JsonException::~JsonException() = default;
 
-const JsonPlace& JsonException::GetPlace() const
-{
-    return m_place;
-}
-
-const std::string& JsonException::GetMessage() const
-{
-    return m_message;
-}
-
 } // namespace LumetraHost

@@ -28,9 +28,9 @@ public:
                   const std::string& message, const std::string& function, int line);
     ~JsonException() override;
 
-    const JsonPlace& GetPlace() const;
+    const JsonPlace& GetPlace() const { return m_place; }
     /// The description without its place.
-    const std::string& GetMessage() const;
+    const std::string& GetMessage() const { return m_message; }
 
 private:
     JsonPlace m_place;

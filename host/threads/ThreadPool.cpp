@@ -71,11 +71,6 @@ ThreadPool& ThreadPool::GetShared()
     return pool;
 }
 
-int ThreadPool::GetThreadCount() const
-{
-    return static_cast<int>(m_threads.size()) + 1;
-}
-
 void ThreadPool::ForEach(int count, int threads, const std::function<void(int)>& step)
 {
     const int limit = threads < 1 ? GetThreadCount() : std::min(threads, GetThreadCount());

@@ -26,7 +26,7 @@ public:
     static ThreadPool& GetShared();
 
     /// The most threads that a loop can use, the calling one included.
-    int GetThreadCount() const;
+    int GetThreadCount() const { return static_cast<int>(m_threads.size()) + 1; }
 
     /// Calls step(0) to step(count - 1), each once, in any order, on up to `threads` threads (below
     /// 1: all) of which the caller is one; returns when all are done. Steps are taken from a common

@@ -103,11 +103,6 @@ QString UserDataFile::FindContentFolder(const QString& path, const UserDataForm&
     return Resolve(path) + form.contentSuffix;
 }
 
-const std::vector<std::string>& UserDataFile::GetReports() const
-{
-    return m_reports;
-}
-
 qint64 UserDataFile::FindSizeLimit(const QString& path) const
 {
     const bool isLarge = QFileInfo(path).size() > JsonDocument::MaxFileSize;

@@ -58,7 +58,7 @@ public:
     const ContentFolderPtr& GetContents() const { return m_contents; }
 
     /// Problems during the last Read() or Update(), a sentence each.
-    const std::vector<std::string>& GetReports() const;
+    const std::vector<std::string>& GetReports() const { return m_reports; }
 
 private:
     struct Found;

@@ -58,11 +58,6 @@ void PresetController::InitDefaultSettings(const SliderSetting::List& sliders)
         EffectPresetControllerBase::InitDefaultSettings(sliders);
 }
 
-bool PresetController::IsDownloadable() const
-{
-    return !m_resource.empty() && !m_hasResource;
-}
-
 void PresetController::SetDownloadedResource(const std::string& resource)
 {
     if (!IsDownloadable())
@@ -178,11 +173,6 @@ PreviewPolicies PresetController::GetPreviewPolicies() const
 std::string PresetController::GetPreviewKey() const
 {
     return m_group + '\n' + m_id;
-}
-
-bool PresetController::ApplySettingsOnProgress() const
-{
-    return true;
 }
 
 /// Writes the intensity into the preview list, if that has all effects that a slider intensity

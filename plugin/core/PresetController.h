@@ -92,12 +92,12 @@ public:
     /// Exception for an intensity that moves effects which the preset has not.
     void InitIntensity(const Zorvik::Brassel::ConstSerializerPtr& node) override;
     /// True until the resource has been handed over.
-    bool IsDownloadable() const override;
+    bool IsDownloadable() const override { return !m_resource.empty() && !m_hasResource; }
     /// Takes the path of the resource, a JSON file (see PresetResource), and with it sliders and
     /// intensity. Exception with file and place, and nothing changed, when it cannot be used.
     void SetDownloadedResource(const std::string& resource) override;
     /// True: a moved slider shows at once.
-    bool ApplySettingsOnProgress() const override;
+    bool ApplySettingsOnProgress() const override { return true; }
     /// The preset on the open photo at its current intensity, from PreviewOptions::render; without
     /// that the drawer renders it at each call. A null picture without a photo, and while a file
     /// that the preset needs is missing.

@@ -184,11 +184,6 @@ void AppliedEdit::RestoreValues(const QString& id, const QJsonObject& edit, QStr
     }
 }
 
-QString AppliedEdit::GetStrayName() const
-{
-    return m_stray ? m_stray->name : QString();
-}
-
 void AppliedEdit::DropStray()
 {
     if (!m_stray)

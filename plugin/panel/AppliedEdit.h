@@ -43,7 +43,7 @@ public:
 
     /// The name of a stray look: one that is on the photo though no catalogue has it any more, or
     /// though a file that its preset needs is missing. Else empty.
-    QString GetStrayName() const;
+    QString GetStrayName() const { return m_stray ? m_stray->name : QString(); }
     /// Takes a stray look off.
     void DropStray();
     /// Forgets the stray look; another preset has taken its place.

@@ -16,11 +16,6 @@ void PresetFilter::SetText(const QString& text)
     m_words = text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
-bool PresetFilter::IsActive() const
-{
-    return m_kind != Kind::All || !m_words.isEmpty();
-}
-
 bool PresetFilter::IsOfKind(const QModelIndex& preset) const
 {
     switch (m_kind) {

@@ -32,7 +32,7 @@ public:
     QString GetText() const { return m_words.join(QLatin1Char(' ')); }
 
     /// False when all presets are shown.
-    bool IsActive() const;
+    bool IsActive() const { return m_kind != Kind::All || !m_words.isEmpty(); }
     /// True when a row of the preset model is shown.
     bool Accepts(const QModelIndex& preset) const;
 

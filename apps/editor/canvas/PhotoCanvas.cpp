@@ -75,11 +75,6 @@ void PhotoCanvas::Fit()
     AnnounceView();
 }
 
-void PhotoCanvas::SetZoom(double zoom)
-{
-    ZoomAt(zoom, m_view.GetViewCentre());
-}
-
 void PhotoCanvas::ZoomIn()
 {
     SetZoom(m_view.GetZoom() * ButtonStep);
@@ -126,11 +121,6 @@ void PhotoCanvas::SetComparing(bool compare)
         return;
     ChangeNeeds(m_isComparing, compare);
     emit comparingChanged(compare);
-}
-
-void PhotoCanvas::SetSplit(bool split)
-{
-    ChangeNeeds(m_isSplit, split);
 }
 
 void PhotoCanvas::SetSplitPosition(double position)

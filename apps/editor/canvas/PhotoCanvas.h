@@ -36,7 +36,7 @@ public:
     const ViewTransform& GetView() const { return m_view; }
     void Fit();
     /// Sets the device pixels per photo pixel; the middle of the canvas stays.
-    void SetZoom(double zoom);
+    void SetZoom(double zoom) { ZoomAt(zoom, m_view.GetViewCentre()); }
     void ZoomIn();
     void ZoomOut();
 
@@ -44,7 +44,7 @@ public:
     void SetComparing(bool compare);
     bool IsComparing() const { return m_isComparing; }
     /// Shows the original left of a line that can be moved.
-    void SetSplit(bool split);
+    void SetSplit(bool split) { ChangeNeeds(m_isSplit, split); }
     bool IsSplit() const { return m_isSplit; }
     /// Moves the line to `position`, 0 to 1 of the canvas' width.
     void SetSplitPosition(double position);

@@ -127,11 +127,6 @@ std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> GuardedPanel::GetWorkspac
     return m_editor.GetWorkspace();
 }
 
-QString GuardedPanel::GetPhotoPath() const
-{
-    return m_editor.GetPhotoPath();
-}
-
 void GuardedPanel::ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings)
 {
     if (m_isUsable)

@@ -68,7 +68,7 @@ signals:
 
 private:
     std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> GetWorkspace() override;
-    QString GetPhotoPath() const override;
+    QString GetPhotoPath() const override { return m_editor.GetPhotoPath(); }
     void ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings) override;
     Zorvik::Proc::Frame RequestPreview(const QString& key, const Zorvik::Proc::FrameTarget& target,
                                        const Zorvik::Quindle::EffectsSettings& settings,

@@ -194,11 +194,6 @@ void Editor::TakeFailure(QObject* receiver, const QString& reason)
         ShowNotice(tr("Something has gone wrong: %1").arg(reason));
 }
 
-bool Editor::HasUnsavedChanges() const
-{
-    return m_panels.HasUnsavedChanges();
-}
-
 /// Discards changes of panels in use. Parts of missing panels stay: nobody sees what would be taken
 /// off.
 void Editor::DiscardUnsavedChanges()
@@ -365,16 +360,6 @@ void Editor::CancelPreviews()
 void Editor::FrameChanged()
 {
     ShowOnPhoto(nullptr);
-}
-
-void Editor::ShowMessage(const QString& text)
-{
-    emit messageGiven(text);
-}
-
-void Editor::ShowNotice(const QString& text)
-{
-    emit noticeGiven(text);
 }
 
 } // namespace LumetraEditor

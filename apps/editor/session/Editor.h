@@ -82,7 +82,7 @@ public:
     /// Removes all panels. To be called before their widgets are deleted.
     void RemovePanels();
     /// True when a panel shows a look that is not applied for good.
-    bool HasUnsavedChanges() const;
+    bool HasUnsavedChanges() const { return m_panels.HasUnsavedChanges(); }
     /// False when a panel has to keep something else and the user wants to see to it.
     bool MayEndPanels() const { return m_panels.MayEnd(); }
     /// Takes looks off that the panels show and have not applied for good.
@@ -105,9 +105,9 @@ public:
     void CancelPreviews() override;
     void NoteEdit(const QString& text) override;
     void PushUndo(QUndoCommand* command) override;
-    void ShowMessage(const QString& text) override;
+    void ShowMessage(const QString& text) override { emit messageGiven(text); }
     /// Shows a message about the program, not a photo: it stays when another photo comes.
-    void ShowNotice(const QString& text);
+    void ShowNotice(const QString& text) { emit noticeGiven(text); }
 
 signals:
     void openingStarted(const QString& path);

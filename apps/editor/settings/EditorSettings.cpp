@@ -68,9 +68,4 @@ QVariant EditorSettings::Get(const QString& key, const QVariant& defaultValue) c
     return m_settings.value(key, defaultValue);
 }
 
-void EditorSettings::Set(const QString& key, const QVariant& value)
-{
-    m_settings.setValue(key, value);
-}
-
 } // namespace LumetraEditor

@@ -33,7 +33,7 @@ public:
 
     /// A value without an operation of its own.
     QVariant Get(const QString& key, const QVariant& defaultValue = {}) const;
-    void Set(const QString& key, const QVariant& value);
+    void Set(const QString& key, const QVariant& value) { m_settings.setValue(key, value); }
 
 private:
     QSettings m_settings;

@@ -14,11 +14,6 @@ ColourMatrix ColourMatrix::Diagonal(double red, double green, double blue)
     return {{{{red, 0, 0}, {0, green, 0}, {0, 0, blue}}}};
 }
 
-bool ColourMatrix::IsIdentity() const
-{
-    return rows == ColourMatrix().rows;
-}
-
 bool ColourMatrix::IsDiagonal() const
 {
     return rows[0][1] == 0 && rows[0][2] == 0 && rows[1][0] == 0 && rows[1][2] == 0 &&

@@ -12,7 +12,7 @@ struct ColourMatrix
 
     static ColourMatrix Diagonal(double red, double green, double blue);
 
-    bool IsIdentity() const;
+    bool IsIdentity() const { return rows == ColourMatrix().rows; }
     /// True when no channel depends on another.
     bool IsDiagonal() const;
     /// Zorvik::Exception when the matrix is singular.

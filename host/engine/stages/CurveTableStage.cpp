@@ -98,9 +98,4 @@ std::shared_ptr<const CurveTableStage> CurveTableStage::Make(const std::vector<S
     return stage;
 }
 
-void CurveTableStage::Run(const Tile& tile) const
-{
-    m_kernel(tile, m_tables.data());
-}
-
 } // namespace LumetraHost

@@ -23,7 +23,7 @@ public:
     static std::shared_ptr<const CurveTableStage> Make(const std::vector<StagePtr>& stages,
                                                        ColourSpace end, Isa isa);
 
-    void Run(const Tile& tile) const override;
+    void Run(const Tile& tile) const override { m_kernel(tile, m_tables.data()); }
     ColourSpace GetColourSpace() const override { return m_space; }
     ChannelWork GetChannelWork() const override { return ChannelWork::Heavy; }
 

@@ -22,11 +22,6 @@ MatrixStage::MatrixStage(const ColourMatrix& matrix, ColourSpace space, Isa isa)
         }
 }
 
-void MatrixStage::Run(const Tile& tile) const
-{
-    m_kernel(tile, m_coefficients.data());
-}
-
 ChannelWork MatrixStage::GetChannelWork() const
 {
     return m_matrix.IsDiagonal() ? ChannelWork::Light : ChannelWork::Mixed;

@@ -13,7 +13,7 @@ class MatrixStage : public Stage
 public:
     MatrixStage(const ColourMatrix& matrix, ColourSpace space, Isa isa);
 
-    void Run(const Tile& tile) const override;
+    void Run(const Tile& tile) const override { m_kernel(tile, m_coefficients.data()); }
     ColourSpace GetColourSpace() const override { return m_space; }
     ChannelWork GetChannelWork() const override;
     std::optional<ColourMatrix> GetMatrix() const override { return m_matrix; }

@@ -13,11 +13,6 @@ SrgbStage::SrgbStage(ColourSpace target, Isa isa)
 {
 }
 
-void SrgbStage::Run(const Tile& tile) const
-{
-    m_kernel(tile);
-}
-
 ColourSpace SrgbStage::GetColourSpace() const
 {
     return m_target == ColourSpace::Linear ? ColourSpace::Encoded : ColourSpace::Linear;

@@ -13,7 +13,7 @@ public:
     /// To encoded, or to linear.
     SrgbStage(ColourSpace target, Isa isa);
 
-    void Run(const Tile& tile) const override;
+    void Run(const Tile& tile) const override { m_kernel(tile); }
     ColourSpace GetColourSpace() const override;
     ChannelWork GetChannelWork() const override { return ChannelWork::Heavy; }
 

@@ -81,11 +81,6 @@ QString UserPresetStore::GetDefaultPath()
            QStringLiteral("/lumetra/presets.json");
 }
 
-const std::vector<std::string>& UserPresetStore::GetReports() const
-{
-    return m_reports;
-}
-
 /// Lets a controller read the entry as the model will: one that throws would take all the others
 /// with it.
 bool UserPresetStore::TryPreset(const JsonValue& element, std::size_t index,

@@ -47,7 +47,7 @@ public:
     std::vector<std::string> Save(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model);
 
     /// Sentences, with file and place, about data that Load() took from a backup or left aside.
-    const std::vector<std::string>& GetReports() const;
+    const std::vector<std::string>& GetReports() const { return m_reports; }
 
 private:
     LumetraHost::JsonDocument

@@ -32,9 +32,4 @@ Lut3dStage::Lut3dStage(const LookUpTablePtr& curve, const LookUpTablePtr& cube, 
     m_numbers.strength = static_cast<float>(strength);
 }
 
-void Lut3dStage::Run(const Tile& tile) const
-{
-    m_kernel(tile, m_numbers);
-}
-
 } // namespace LumetraHost

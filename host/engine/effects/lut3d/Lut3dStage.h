@@ -14,7 +14,7 @@ public:
     /// Either table may be null. `strength`: 0 to 1.
     Lut3dStage(const LookUpTablePtr& curve, const LookUpTablePtr& cube, double strength, Isa isa);
 
-    void Run(const Tile& tile) const override;
+    void Run(const Tile& tile) const override { m_kernel(tile, m_numbers); }
     ColourSpace GetColourSpace() const override { return ColourSpace::Encoded; }
 
 private:
