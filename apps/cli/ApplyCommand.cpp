@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "ApplyCommand.h"
+#include "Commands.h"
 
 #include "ApplyReport.h"
 #include "CatalogueOptions.h"
@@ -143,17 +143,21 @@ void AddEdit(ExportRecipe& recipe, const PresetUse& use, LumetraPlugin::PresetSe
     recipe.records = use.MakeRecords(packages);
 }
 
-} // namespace
-
-QString ApplyCommand::GetName() const
+/// Applies a preset to photos and writes the results.
+class ApplyCommand : public Command
 {
-    return QStringLiteral("apply");
-}
+public:
+    ApplyCommand()
+        : Command(
+              QStringLiteral("apply"),
+              QStringLiteral("Applies a preset to photos and prints the names of the new files."))
+    {
+    }
 
-QString ApplyCommand::GetSummary() const
-{
-    return QStringLiteral("Applies a preset to photos and prints the names of the new files.");
-}
+protected:
+    void AddOptions(QCommandLineParser& parser) const override;
+    ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
+};
 
 void ApplyCommand::AddOptions(QCommandLineParser& parser) const
 {
@@ -231,6 +235,13 @@ ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& consol
         });
     }
     return report.Finish();
+}
+
+} // namespace
+
+std::unique_ptr<Command> MakeApplyCommand()
+{
+    return std::make_unique<ApplyCommand>();
 }
 
 } // namespace LumetraCli

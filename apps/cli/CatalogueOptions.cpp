@@ -17,20 +17,9 @@ using LumetraPlugin::PresetResource;
 using LumetraPlugin::PresetSession;
 using LumetraPlugin::UserPresetStore;
 
-QString CatalogueOption()
-{
-    return QStringLiteral("catalogue");
-}
-
-QString OnlyNamedOption()
-{
-    return QStringLiteral("only-named");
-}
-
-QString StoreOption()
-{
-    return QStringLiteral("store");
-}
+const QString CatalogueOption = QStringLiteral("catalogue");
+const QString OnlyNamedOption = QStringLiteral("only-named");
+const QString StoreOption = QStringLiteral("store");
 
 bool HasPresets(const QAbstractItemModel& model)
 {
@@ -51,13 +40,13 @@ void Report(const PresetSession& session, Console& console)
 
 void CatalogueOptions::Add(QCommandLineParser& parser)
 {
-    parser.addOption({CatalogueOption(),
+    parser.addOption({CatalogueOption,
                       QStringLiteral("Also reads the presets of this catalogue file. May be given "
                                      "more than once."),
                       QStringLiteral("file")});
     parser.addOption(
-        {OnlyNamedOption(), QStringLiteral("Reads no other catalogues than those named.")});
-    parser.addOption({StoreOption(),
+        {OnlyNamedOption, QStringLiteral("Reads no other catalogues than those named.")});
+    parser.addOption({StoreOption,
                       QStringLiteral("Keeps your own presets and favourites in this file (%1).")
                           .arg(UserPresetStore::GetDefaultPath()),
                       QStringLiteral("file"), UserPresetStore::GetDefaultPath()});
@@ -66,19 +55,19 @@ void CatalogueOptions::Add(QCommandLineParser& parser)
 std::unique_ptr<PresetSession> CatalogueOptions::Load(const QCommandLineParser& parser,
                                                       Console& console)
 {
-    const QStringList named = parser.values(CatalogueOption());
+    const QStringList named = parser.values(CatalogueOption);
     auto session = std::make_unique<PresetSession>(PresetSession::PackageName);
     const QStringList others =
-        parser.isSet(OnlyNamedOption()) ? QStringList() : CatalogueLocations::FindFiles();
+        parser.isSet(OnlyNamedOption) ? QStringList() : CatalogueLocations::FindFiles();
     QStringList problems;
     const QStringList unusable =
-        session->LoadWithStore(others + named, parser.value(StoreOption()), problems);
+        session->LoadWithStore(others + named, parser.value(StoreOption), problems);
     problems +=
         PresetResource::FetchAll(session->GetModel(), CatalogueLocations::GetResourceFolders());
     for (const QString& problem : problems)
         console.ReportPlace(problem);
     Report(*session, console);
-    if (parser.isSet(StoreOption()) && !session->GetStore())
+    if (parser.isSet(StoreOption) && !session->GetStore())
         return nullptr;
     for (const QString& file : named)
         if (unusable.contains(file))

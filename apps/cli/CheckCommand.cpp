@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "CheckCommand.h"
+#include "Commands.h"
 
 #include "Console.h"
 #include "EffectPresets/EffectPresetModel.h"
@@ -104,17 +104,21 @@ bool CheckLuts(const QStringList& files, Console& console)
     return isGood;
 }
 
-} // namespace
-
-QString CheckCommand::GetName() const
+/// Checks catalogues, the user's stores and LUT files. Reports each error with file, line and
+/// column.
+class CheckCommand : public Command
 {
-    return QStringLiteral("check");
-}
+public:
+    CheckCommand()
+        : Command(QStringLiteral("check"),
+                  QStringLiteral("Checks catalogues, files of your own presets and LUT files."))
+    {
+    }
 
-QString CheckCommand::GetSummary() const
-{
-    return QStringLiteral("Checks catalogues, files of your own presets and LUT files.");
-}
+protected:
+    void AddOptions(QCommandLineParser& parser) const override;
+    ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
+};
 
 void CheckCommand::AddOptions(QCommandLineParser& parser) const
 {
@@ -137,6 +141,13 @@ ExitCode CheckCommand::Execute(const QCommandLineParser& parser, Console& consol
     const bool isJsonGood = CheckJson(json, console);
     const bool areLutsGood = CheckLuts(luts, console);
     return isJsonGood && areLutsGood ? ExitCode::Done : ExitCode::SomeFailed;
+}
+
+} // namespace
+
+std::unique_ptr<Command> MakeCheckCommand()
+{
+    return std::make_unique<CheckCommand>();
 }
 
 } // namespace LumetraCli

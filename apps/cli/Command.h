@@ -9,15 +9,16 @@ namespace LumetraCli {
 
 class Console;
 
-/// One command of the program. Stateless; owned by the list of commands (Commands.h).
+/// One command of the program. Immutable; owned by the list of commands (Commands.h).
 class Command
 {
 public:
+    /// `summary`: one line for the list of commands.
+    Command(const QString& name, const QString& summary) : m_name(name), m_summary(summary) {}
     virtual ~Command();
 
-    virtual QString GetName() const = 0;
-    /// One line for the list of commands.
-    virtual QString GetSummary() const = 0;
+    const QString& GetName() const { return m_name; }
+    const QString& GetSummary() const { return m_summary; }
     /// True when the command draws text, which needs fonts.
     virtual bool DrawsText() const { return false; }
 
@@ -31,6 +32,10 @@ protected:
 
     /// The command's arguments. UsageError unless there are `minimum` to `maximum` of them.
     static QStringList Arguments(const QCommandLineParser& parser, int minimum, int maximum);
+
+private:
+    QString m_name;
+    QString m_summary;
 };
 
 /// A positive whole number given as `option`. UsageError for anything out of minimum..maximum.

@@ -1,17 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "Commands.h"
 
-#include "ApplyCommand.h"
-#include "CheckCommand.h"
-#include "ExportLutCommand.h"
-#include "FavouriteCommand.h"
-#include "ImportCommand.h"
-#include "ListCommand.h"
-#include "RemoveCommand.h"
-#include "RenameCommand.h"
-#include "SaveCommand.h"
-#include "SheetCommand.h"
-
 #include <algorithm>
 
 namespace LumetraCli {
@@ -20,16 +9,16 @@ namespace {
 std::vector<std::unique_ptr<Command>> MakeCommands()
 {
     std::vector<std::unique_ptr<Command>> commands;
-    commands.push_back(std::make_unique<ListCommand>());
-    commands.push_back(std::make_unique<ApplyCommand>());
-    commands.push_back(std::make_unique<SheetCommand>());
-    commands.push_back(std::make_unique<CheckCommand>());
-    commands.push_back(std::make_unique<ImportCommand>());
-    commands.push_back(std::make_unique<ExportLutCommand>());
-    commands.push_back(std::make_unique<SaveCommand>());
-    commands.push_back(std::make_unique<RenameCommand>());
-    commands.push_back(std::make_unique<RemoveCommand>());
-    commands.push_back(std::make_unique<FavouriteCommand>());
+    commands.push_back(MakeListCommand());
+    commands.push_back(MakeApplyCommand());
+    commands.push_back(MakeSheetCommand());
+    commands.push_back(MakeCheckCommand());
+    commands.push_back(MakeImportCommand());
+    commands.push_back(MakeExportLutCommand());
+    commands.push_back(MakeSaveCommand());
+    commands.push_back(MakeRenameCommand());
+    commands.push_back(MakeRemoveCommand());
+    commands.push_back(MakeFavouriteCommand());
     return commands;
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "ExportLutCommand.h"
+#include "Commands.h"
 
 #include "CatalogueOptions.h"
 #include "Console.h"
@@ -21,17 +21,21 @@ constexpr int DefaultSize = 33;
 
 const QString SizeOption = QStringLiteral("size");
 
-} // namespace
-
-QString ExportLutCommand::GetName() const
+/// Writes a preset as a .cube file for other programs. Refused for presets with effects that look
+/// at the place or at neighbouring pixels.
+class ExportLutCommand : public Command
 {
-    return QStringLiteral("export-lut");
-}
+public:
+    ExportLutCommand()
+        : Command(QStringLiteral("export-lut"),
+                  QStringLiteral("Writes a preset as a .cube file for other programs."))
+    {
+    }
 
-QString ExportLutCommand::GetSummary() const
-{
-    return QStringLiteral("Writes a preset as a .cube file for other programs.");
-}
+protected:
+    void AddOptions(QCommandLineParser& parser) const override;
+    ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
+};
 
 void ExportLutCommand::AddOptions(QCommandLineParser& parser) const
 {
@@ -67,6 +71,13 @@ ExitCode ExportLutCommand::Execute(const QCommandLineParser& parser, Console& co
     }
     console.PrintLine(output);
     return ExitCode::Done;
+}
+
+} // namespace
+
+std::unique_ptr<Command> MakeExportLutCommand()
+{
+    return std::make_unique<ExportLutCommand>();
 }
 
 } // namespace LumetraCli

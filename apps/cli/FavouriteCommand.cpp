@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "FavouriteCommand.h"
+#include "Commands.h"
 
 #include "EffectPresets/EffectPresetModel.h"
+#include "StoreCommand.h"
 #include "core/PresetSession.h"
 
 #include <limits>
@@ -12,29 +13,29 @@ using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
 
 namespace {
 
-QString OffOption()
-{
-    return QStringLiteral("off");
-}
+const QString OffOption = QStringLiteral("off");
 
-} // namespace
-
-QString FavouriteCommand::GetName() const
+/// Marks presets as favourites, or takes the marks off.
+class FavouriteCommand : public StoreCommand
 {
-    return QStringLiteral("favourite");
-}
+public:
+    FavouriteCommand()
+        : StoreCommand(QStringLiteral("favourite"), QStringLiteral("Marks presets as favourites."))
+    {
+    }
 
-QString FavouriteCommand::GetSummary() const
-{
-    return QStringLiteral("Marks presets as favourites.");
-}
+protected:
+    void AddArguments(QCommandLineParser& parser) const override;
+    QStringList Edit(const QCommandLineParser& parser, LumetraPlugin::PresetSession& session,
+                     const Rows& rows) const override;
+};
 
 void FavouriteCommand::AddArguments(QCommandLineParser& parser) const
 {
     parser.addPositionalArgument(QStringLiteral("PRESET"),
                                  QStringLiteral("Names or ids of presets."),
                                  QStringLiteral("PRESET..."));
-    parser.addOption({OffOption(), QStringLiteral("Takes the marks off.")});
+    parser.addOption({OffOption, QStringLiteral("Takes the marks off.")});
 }
 
 QStringList FavouriteCommand::Edit(const QCommandLineParser& parser,
@@ -43,7 +44,7 @@ QStringList FavouriteCommand::Edit(const QCommandLineParser& parser,
     std::vector<PresetRow> presets;
     for (const QString& argument : Arguments(parser, 1, std::numeric_limits<int>::max()))
         presets.push_back(FindPreset(rows, argument));
-    const bool isOn = !parser.isSet(OffOption());
+    const bool isOn = !parser.isSet(OffOption);
     QStringList done;
     for (const PresetRow& row : presets) {
         session.GetModel().setData(row.index, isOn, EffectPresetModel::FavouriteRole);
@@ -51,6 +52,13 @@ QStringList FavouriteCommand::Edit(const QCommandLineParser& parser,
                         .arg(row.name));
     }
     return done;
+}
+
+} // namespace
+
+std::unique_ptr<Command> MakeFavouriteCommand()
+{
+    return std::make_unique<FavouriteCommand>();
 }
 
 } // namespace LumetraCli

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "ImportCommand.h"
+#include "Commands.h"
 
 #include "CatalogueOptions.h"
 #include "Console.h"
@@ -42,17 +42,20 @@ QString ReadName(const QCommandLineParser& parser, PresetSession& session, int f
     return StoreCommand::NewName(session.GetModel(), parser.value(NameOption));
 }
 
-} // namespace
-
-QString ImportCommand::GetName() const
+/// Makes presets of the user's own out of LUT files. A bad file does not keep the others out.
+class ImportCommand : public Command
 {
-    return QStringLiteral("import");
-}
+public:
+    ImportCommand()
+        : Command(QStringLiteral("import"),
+                  QStringLiteral("Makes presets of your own out of LUT files."))
+    {
+    }
 
-QString ImportCommand::GetSummary() const
-{
-    return QStringLiteral("Makes presets of your own out of LUT files.");
-}
+protected:
+    void AddOptions(QCommandLineParser& parser) const override;
+    ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
+};
 
 void ImportCommand::AddOptions(QCommandLineParser& parser) const
 {
@@ -90,6 +93,13 @@ ExitCode ImportCommand::Execute(const QCommandLineParser& parser, Console& conso
     for (const QString& line : done)
         console.PrintLine(line);
     return haveSomeFailed ? ExitCode::SomeFailed : ExitCode::Done;
+}
+
+} // namespace
+
+std::unique_ptr<Command> MakeImportCommand()
+{
+    return std::make_unique<ImportCommand>();
 }
 
 } // namespace LumetraCli

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "ListCommand.h"
+#include "Commands.h"
 
 #include "CatalogueOptions.h"
 #include "Console.h"
@@ -18,20 +18,9 @@ using Zorvik::Brassel::ISerializer;
 using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
 using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 
-QString JsonOption()
-{
-    return QStringLiteral("json");
-}
-
-QString UserOption()
-{
-    return QStringLiteral("user");
-}
-
-QString FavouritesOption()
-{
-    return QStringLiteral("favourites");
-}
+const QString JsonOption = QStringLiteral("json");
+const QString UserOption = QStringLiteral("user");
+const QString FavouritesOption = QStringLiteral("favourites");
 
 QString Range(int value, int minimum, int maximum)
 {
@@ -129,23 +118,26 @@ void PrintJson(const QAbstractItemModel& model, const std::vector<PresetRow>& ro
     console.PrintJson(document.ToText());
 }
 
-} // namespace
-
-QString ListCommand::GetName() const
+/// Lists groups and presets with their ids, intensities and sliders.
+class ListCommand : public Command
 {
-    return QStringLiteral("list");
-}
+public:
+    ListCommand()
+        : Command(QStringLiteral("list"),
+                  QStringLiteral("Lists the presets with their ids, intensities and sliders."))
+    {
+    }
 
-QString ListCommand::GetSummary() const
-{
-    return QStringLiteral("Lists the presets with their ids, intensities and sliders.");
-}
+protected:
+    void AddOptions(QCommandLineParser& parser) const override;
+    ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
+};
 
 void ListCommand::AddOptions(QCommandLineParser& parser) const
 {
-    parser.addOption({JsonOption(), QStringLiteral("Writes JSON.")});
-    parser.addOption({UserOption(), QStringLiteral("Only your own presets.")});
-    parser.addOption({FavouritesOption(), QStringLiteral("Only favourites.")});
+    parser.addOption({JsonOption, QStringLiteral("Writes JSON.")});
+    parser.addOption({UserOption, QStringLiteral("Only your own presets.")});
+    parser.addOption({FavouritesOption, QStringLiteral("Only favourites.")});
     CatalogueOptions::Add(parser);
 }
 
@@ -157,15 +149,22 @@ ExitCode ListCommand::Execute(const QCommandLineParser& parser, Console& console
         return ExitCode::SomeFailed;
     auto rows = PresetRows::Read(session->GetModel());
     const auto isLeftOut = [&parser](const PresetRow& row) {
-        return (parser.isSet(UserOption()) && !row.isUsers) ||
-               (parser.isSet(FavouritesOption()) && !row.isFavourite);
+        return (parser.isSet(UserOption) && !row.isUsers) ||
+               (parser.isSet(FavouritesOption) && !row.isFavourite);
     };
     rows.erase(std::remove_if(rows.begin(), rows.end(), isLeftOut), rows.end());
-    if (parser.isSet(JsonOption()))
+    if (parser.isSet(JsonOption))
         PrintJson(session->GetModel(), rows, console);
     else
         PrintText(rows, console);
     return ExitCode::Done;
+}
+
+} // namespace
+
+std::unique_ptr<Command> MakeListCommand()
+{
+    return std::make_unique<ListCommand>();
 }
 
 } // namespace LumetraCli

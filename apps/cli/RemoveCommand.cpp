@@ -1,22 +1,29 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "RemoveCommand.h"
+#include "Commands.h"
 
 #include "EffectPresets/EffectPresetModel.h"
+#include "StoreCommand.h"
 #include "core/PresetSession.h"
 
 #include <limits>
 
 namespace LumetraCli {
+namespace {
 
-QString RemoveCommand::GetName() const
+/// Removes presets of the user's own.
+class RemoveCommand : public StoreCommand
 {
-    return QStringLiteral("remove");
-}
+public:
+    RemoveCommand()
+        : StoreCommand(QStringLiteral("remove"), QStringLiteral("Removes presets of your own."))
+    {
+    }
 
-QString RemoveCommand::GetSummary() const
-{
-    return QStringLiteral("Removes presets of your own.");
-}
+protected:
+    void AddArguments(QCommandLineParser& parser) const override;
+    QStringList Edit(const QCommandLineParser& parser, LumetraPlugin::PresetSession& session,
+                     const Rows& rows) const override;
+};
 
 void RemoveCommand::AddArguments(QCommandLineParser& parser) const
 {
@@ -40,6 +47,13 @@ QStringList RemoveCommand::Edit(const QCommandLineParser& parser,
         if (index.isValid() && session.GetModel().removeRows(index.row(), 1, index.parent()))
             done.append(QStringLiteral("removed \"%1\"").arg(name));
     return done;
+}
+
+} // namespace
+
+std::unique_ptr<Command> MakeRemoveCommand()
+{
+    return std::make_unique<RemoveCommand>();
 }
 
 } // namespace LumetraCli

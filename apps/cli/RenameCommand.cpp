@@ -1,22 +1,29 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "RenameCommand.h"
+#include "Commands.h"
 
 #include "EffectPresets/EffectPresetModel.h"
+#include "StoreCommand.h"
 #include "core/PresetSession.h"
 
 namespace LumetraCli {
+namespace {
 
 using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
 
-QString RenameCommand::GetName() const
+/// Renames one of the user's own presets.
+class RenameCommand : public StoreCommand
 {
-    return QStringLiteral("rename");
-}
+public:
+    RenameCommand()
+        : StoreCommand(QStringLiteral("rename"), QStringLiteral("Renames one of your own presets."))
+    {
+    }
 
-QString RenameCommand::GetSummary() const
-{
-    return QStringLiteral("Renames one of your own presets.");
-}
+protected:
+    void AddArguments(QCommandLineParser& parser) const override;
+    QStringList Edit(const QCommandLineParser& parser, LumetraPlugin::PresetSession& session,
+                     const Rows& rows) const override;
+};
 
 void RenameCommand::AddArguments(QCommandLineParser& parser) const
 {
@@ -34,6 +41,13 @@ QStringList RenameCommand::Edit(const QCommandLineParser& parser,
     const QString name = NewName(model, arguments[1]);
     model.setData(row.index, name, EffectPresetModel::PresetNameRole);
     return {QStringLiteral("renamed \"%1\" to \"%2\"").arg(row.name, name)};
+}
+
+} // namespace
+
+std::unique_ptr<Command> MakeRenameCommand()
+{
+    return std::make_unique<RenameCommand>();
 }
 
 } // namespace LumetraCli

@@ -1,21 +1,29 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "SaveCommand.h"
+#include "Commands.h"
 
 #include "EffectPresets/EffectPresetModel.h"
 #include "PresetOptions.h"
+#include "StoreCommand.h"
 #include "core/PresetSession.h"
 
 namespace LumetraCli {
+namespace {
 
-QString SaveCommand::GetName() const
+/// Saves a preset, tuned or as it is, under a new name among the user's own.
+class SaveCommand : public StoreCommand
 {
-    return QStringLiteral("save");
-}
+public:
+    SaveCommand()
+        : StoreCommand(QStringLiteral("save"),
+                       QStringLiteral("Saves a preset under a new name among your own."))
+    {
+    }
 
-QString SaveCommand::GetSummary() const
-{
-    return QStringLiteral("Saves a preset under a new name among your own.");
-}
+protected:
+    void AddArguments(QCommandLineParser& parser) const override;
+    QStringList Edit(const QCommandLineParser& parser, LumetraPlugin::PresetSession& session,
+                     const Rows& rows) const override;
+};
 
 void SaveCommand::AddArguments(QCommandLineParser& parser) const
 {
@@ -33,6 +41,13 @@ QStringList SaveCommand::Edit(const QCommandLineParser& parser,
     const PresetUse use = PresetOptions::MakeUse(parser, FindPreset(rows, arguments[0]));
     use.SaveAs(session, name);
     return {QStringLiteral("saved \"%1\" from \"%2\"").arg(name, use.GetPreset().name)};
+}
+
+} // namespace
+
+std::unique_ptr<Command> MakeSaveCommand()
+{
+    return std::make_unique<SaveCommand>();
 }
 
 } // namespace LumetraCli

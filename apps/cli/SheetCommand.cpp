@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "SheetCommand.h"
+#include "Commands.h"
 
 #include "CatalogueOptions.h"
 #include "Console.h"
@@ -149,17 +149,21 @@ void RefuseTooLarge(const QSize& size)
                              .arg(size.height()));
 }
 
-} // namespace
-
-QString SheetCommand::GetName() const
+/// Shows all presets on one photo in one picture.
+class SheetCommand : public Command
 {
-    return QStringLiteral("sheet");
-}
+public:
+    SheetCommand()
+        : Command(QStringLiteral("sheet"),
+                  QStringLiteral("Shows all presets on one photo in one picture."))
+    {
+    }
+    bool DrawsText() const override { return true; }
 
-QString SheetCommand::GetSummary() const
-{
-    return QStringLiteral("Shows all presets on one photo in one picture.");
-}
+protected:
+    void AddOptions(QCommandLineParser& parser) const override;
+    ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
+};
 
 void SheetCommand::AddOptions(QCommandLineParser& parser) const
 {
@@ -200,6 +204,13 @@ ExitCode SheetCommand::Execute(const QCommandLineParser& parser, Console& consol
     LumetraHost::CheckedFileWriter::Write(output, EncodePng(sheet.Draw(sections)));
     console.PrintLine(output);
     return code;
+}
+
+} // namespace
+
+std::unique_ptr<Command> MakeSheetCommand()
+{
+    return std::make_unique<SheetCommand>();
 }
 
 } // namespace LumetraCli

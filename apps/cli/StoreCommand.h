@@ -18,6 +18,8 @@ namespace LumetraCli {
 class StoreCommand : public Command
 {
 public:
+    using Command::Command;
+
     /// Saves to the session's store; reports errors.
     static ExitCode Save(LumetraPlugin::PresetSession& session, Console& console);
     /// `name`, trimmed. UsageError for one that no preset of the user's may have (1 to 50
