@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plugins/GuardedApplication.h"
-#include "plugins/PluginFolders.h"
+#include "plugins/PluginLoader.h"
 #include "session/Editor.h"
 #include "style/EditorStyle.h"
 #include "style/MessageBoxAlertBackend.h"

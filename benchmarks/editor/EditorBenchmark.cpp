@@ -6,7 +6,7 @@
 #include "canvas/CanvasFeed.h"
 #include "drawer/previews/AsyncPreviews.h"
 #include "photo/PhotoWriter.h"
-#include "plugins/PluginFolders.h"
+#include "plugins/PluginLoader.h"
 #include "session/Editor.h"
 #include "window/EditorWindow.h"
 

@@ -2,11 +2,14 @@
 #include "catalogue/CatalogueParser.h"
 
 #include "Zorvik/Brassel/SerializerProperty.h"
-#include "catalogue/ElementList.h"
+#include "Zorvik/Exception.h"
+#include "Zorvik/RefCounted.h"
 #include "catalogue/GroupChecker.h"
 #include "catalogue/IntensityChecker.h"
 
 #include <QString>
+
+#include <boost/current_function.hpp>
 
 #include <algorithm>
 
@@ -21,6 +24,49 @@ constexpr char FormatKey[] = "format";
 constexpr char VersionKey[] = "version";
 constexpr char SlidersKey[] = "defaultSettings";
 constexpr char GroupsKey[] = "groups";
+
+/// A collection made of nodes from anywhere, each with its own name and path. It remembers the
+/// element asked for last, which is the one to blame when its reader throws. Read-only.
+class ElementList : public Zorvik::RefCounted<Zorvik::Brassel::ISerializerCollection>
+{
+public:
+    static constexpr std::size_t NoIndex = ~std::size_t(0);
+
+    explicit ElementList(std::vector<Zorvik::Brassel::ConstSerializerPtr> elements);
+
+    /// NoIndex when no element was asked for.
+    std::size_t GetLastRead() const { return m_lastRead; }
+
+    std::size_t GetCount() const override { return m_elements.size(); }
+    Zorvik::Brassel::ConstSerializerPtr GetElement(std::size_t index) const override;
+    /// Always an Exception.
+    Zorvik::Brassel::SerializerPtr AddElement(const std::string& name) override;
+
+private:
+    std::vector<Zorvik::Brassel::ConstSerializerPtr> m_elements;
+    mutable std::size_t m_lastRead = NoIndex;
+};
+
+ElementList::ElementList(std::vector<Zorvik::Brassel::ConstSerializerPtr> elements)
+    : m_elements(std::move(elements))
+{
+}
+
+Zorvik::Brassel::ConstSerializerPtr ElementList::GetElement(std::size_t index) const
+{
+    if (index >= m_elements.size())
+        throw Zorvik::Exception("expected an element " + std::to_string(index) + ", found " +
+                                    std::to_string(m_elements.size()) + " elements",
+                                BOOST_CURRENT_FUNCTION, "catalogue/ElementList", __LINE__);
+    m_lastRead = index;
+    return m_elements[index];
+}
+
+Zorvik::Brassel::SerializerPtr ElementList::AddElement(const std::string& /*name*/)
+{
+    throw Zorvik::Exception("the list of a catalogue's elements cannot grow",
+                            BOOST_CURRENT_FUNCTION, "catalogue/ElementList", __LINE__);
+}
 
 /// Hands the nodes to `read` as one collection. When that throws, the element at which it stopped
 /// is reported and left out, and the rest is tried again. False when no element was to blame.

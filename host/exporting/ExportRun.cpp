@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "exporting/ExportRun.h"
 
-#include "exporting/ExportMetadata.h"
 #include "exporting/ExportStream.h"
 #include "exporting/PictureRows.h"
 #include "image/DepthConversion.h"
 #include "image/Resize.h"
+#include "photo/colour/ColorConversion.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -34,6 +36,35 @@ bool IsAlphaKnown(const PictureForm& source, const PictureForm& result)
     const bool isRounded =
         source.depth == Image::Depth::Bits16 && result.depth == Image::Depth::Bits8;
     return source.isOpaque || (!isRounded && HaveSameSize(source, result));
+}
+
+/// The programs share a name and a version, so that nothing depends on which one exports.
+std::string GetCreatorTool()
+{
+    return (QStringLiteral("Lumetra ") + QCoreApplication::applicationVersion())
+        .trimmed()
+        .toStdString();
+}
+
+/// The metadata of an exported file from those of its photo: kept or left out, with the presets and
+/// the program recorded in the XMP packet and with an sRGB profile as the recipe says. A packet
+/// that cannot be decoded takes no record and goes on as it is, which `warnings` tells.
+PhotoMetadata MakeExportMetadata(const PhotoMetadata& photo, const ExportRecipe& recipe,
+                                 Warnings& warnings)
+{
+    PhotoMetadata metadata;
+    if (recipe.keepsMetadata) {
+        metadata = photo;
+        TryOrWarn(warnings, "the looks are not recorded in the metadata", [&] {
+            metadata.xmp = EditRecords::Add(photo.xmp, recipe.records, GetCreatorTool());
+        });
+    }
+    metadata.iccProfile = photo.iccProfile;
+    if (metadata.iccProfile.isEmpty())
+        metadata.iccProfile = ColorConversion::GetSrgbProfile();
+    if (!recipe.embedsProfile)
+        metadata.iccProfile.clear();
+    return metadata;
 }
 
 } // namespace

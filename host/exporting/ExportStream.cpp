@@ -4,6 +4,7 @@
 #include "image/DepthConversion.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace LumetraHost {
 namespace {
@@ -19,7 +20,29 @@ PictureRunForm MakeForm(const PictureForm& picture, Image::Depth depth, int thre
     return form;
 }
 
+PictureRunForm With(const ExportLook::Layer& layer, PictureRunForm form)
+{
+    form.blendAmount = layer.blendAmount;
+    form.table = layer.table;
+    return form;
+}
+
+std::optional<ColourSpace> GetFirstSpace(const ExportLook::Layer& layer)
+{
+    if (layer.table)
+        return ColourSpace::Encoded;
+    return std::nullopt;
+}
+
 } // namespace
+
+ExportLayer::ExportLayer(const ExportLook::Layer& layer, const PictureRunForm& form)
+    : m_hasTable(layer.table != nullptr),
+      m_plan(layer.effects, {form.isa, PictureArea::Whole(form.width, form.height), form.depth},
+             GetFirstSpace(layer)),
+      m_run(m_plan, With(layer, form))
+{
+}
 
 ExportStream::ExportStream(RowSource& source, Image::Depth drawingDepth, int threads)
     : m_source(source), m_form(MakeForm(source.GetForm(), drawingDepth, threads)),

@@ -6,10 +6,7 @@
 #include "photo/file/PhotoFile.h"
 #include "photo/file/PhotoHead.h"
 #include "photo/file/PhotoLimits.h"
-#include "photo/formats/HeifDecoder.h"
-#include "photo/formats/PngDecoder.h"
-#include "photo/formats/RawDecoder.h"
-#include "photo/formats/WebpDecoder.h"
+#include "photo/formats/Decoders.h"
 #include "photo/jpeg/JpegDecoder.h"
 #include "photo/metadata/MetadataReader.h"
 #include "photo/metadata/MetadataWriter.h"
@@ -33,11 +30,10 @@ namespace {
 }
 
 /// Half the size of any camera of this century is enough for a screen.
-RawDecoder::Size ChooseRawSize(int smallestSide)
+RawSize ChooseRawSize(int smallestSide)
 {
     constexpr int smallestHalf = 1500;
-    return smallestSide > 0 && smallestSide <= smallestHalf ? RawDecoder::Size::Half
-                                                            : RawDecoder::Size::Full;
+    return smallestSide > 0 && smallestSide <= smallestHalf ? RawSize::Half : RawSize::Full;
 }
 
 /// Decodes a picture of at least `smallestSide` pixels; 0: at full size.
@@ -48,15 +44,15 @@ DecodedPhoto DecodePixels(const Bytes& content, const std::string& name, int sma
         return smallestSide > 0 ? JpegDecoder::DecodeScaled(content, name, smallestSide)
                                 : JpegDecoder::Decode(content, name);
     case PhotoFormat::Png:
-        return PngDecoder::Decode(content, name);
+        return DecodePng(content, name);
     case PhotoFormat::Tiff:
         return TiffDecoder::Decode(content, name);
     case PhotoFormat::Webp:
-        return WebpDecoder::Decode(content, name);
+        return DecodeWebp(content, name);
     case PhotoFormat::Heif:
-        return HeifDecoder::Decode(content, name);
+        return DecodeHeif(content, name);
     case PhotoFormat::Raw:
-        return RawDecoder::Decode(content, name, ChooseRawSize(smallestSide));
+        return DecodeRaw(content, name, ChooseRawSize(smallestSide));
     }
     Fail(name, "unknown format");
 }

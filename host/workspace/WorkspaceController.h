@@ -4,19 +4,34 @@
 #include "drawer/Drawer.h"
 #include "workspace/DisplayConverter.h"
 #include "workspace/PresetRegistry.h"
-#include "workspace/ResetReceiver.h"
 #include "workspace/StatisticsLog.h"
 
 #include "Zorvik/Lumetra/IWorkspaceController.h"
+#include "Zorvik/Quindle/ResetSettings.h"
 
 namespace LumetraHost {
+
+/// Takes packages off the drawer, which is kept by reference.
+class ResetReceiver : public Zorvik::Lumetra::IResetReceiver
+{
+public:
+    explicit ResetReceiver(Drawer& drawer) : m_drawer(drawer) {}
+
+    void ResetPackage(const Zorvik::Quindle::ResetSettings& request) override
+    {
+        m_drawer.ResetPackage(request.GetIndex());
+    }
+
+private:
+    Drawer& m_drawer;
+};
 
 /// The reference host's workspace: one photo with its drawer, statistics, display colours and
 /// registry. Hold it as std::shared_ptr; its parts live as long as it does.
 class WorkspaceController : public Zorvik::Lumetra::IWorkspaceController
 {
 public:
-    WorkspaceController();
+    WorkspaceController() : m_resets(m_drawer) {}
 
     Drawer& GetDrawer() { return m_drawer; }
     StatisticsLog& GetStatisticsLog() { return m_statistics; }

@@ -4,7 +4,7 @@
 #include "canvas/CanvasFeed.h"
 #include "drawer/previews/AsyncPreviews.h"
 #include "histogram/HistogramFeed.h"
-#include "plugins/PluginFolders.h"
+#include "plugins/PluginLoader.h"
 
 #include <QAction>
 #include <QApplication>

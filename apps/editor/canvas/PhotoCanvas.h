@@ -1,14 +1,21 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "canvas/CanvasFrame.h"
 #include "canvas/ViewTransform.h"
 
+#include <QImage>
 #include <QWidget>
 
 #include <optional>
 
 namespace LumetraEditor {
+
+/// A rendered picture of a part of the photo.
+struct CanvasFrame
+{
+    QImage image; ///< RGB32, or premultiplied ARGB32
+    QRect part;   ///< in photo pixels
+};
 
 /// Shows the photo: fitted, zoomed and panned by pointer and keys, beside its original where that
 /// is asked for. It renders nothing: viewChanged() tells which part is in view, and frames come in.

@@ -4,6 +4,7 @@
 #include "LumetraEditor/IEditorPlugin.h"
 #include "plugins/Failure.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLibrary>
@@ -41,6 +42,23 @@ QString IdOf(const QString& path)
 }
 
 } // namespace
+
+QStringList GetPluginFolders()
+{
+    QStringList candidates = qEnvironmentVariable("LUMETRA_PLUGIN_PATH")
+                                 .split(QDir::listSeparator(), Qt::SkipEmptyParts);
+    const QDir program(QCoreApplication::applicationDirPath());
+    for (const char* relative : {LUMETRA_INSTALLED_PLUGINS, LUMETRA_BUILT_PLUGINS})
+        candidates.append(program.absoluteFilePath(QLatin1String(relative)));
+
+    QStringList folders;
+    for (const QString& candidate : candidates) {
+        const QString folder = QDir(candidate).canonicalPath();
+        if (!folder.isEmpty() && !folders.contains(folder))
+            folders.append(folder);
+    }
+    return folders;
+}
 
 void PluginLoader::LoadFolders(const QStringList& folders)
 {

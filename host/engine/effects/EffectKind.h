@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "engine/base/EffectReach.h"
 #include "engine/stages/SpatialPass.h"
 #include "engine/stages/Stage.h"
 
@@ -11,6 +10,15 @@
 #include <functional>
 
 namespace LumetraHost {
+
+/// How far an effect looks to make one pixel. Only effects of colour alone can be put into a lookup
+/// table; only effects without neighbours can be drawn tile by tile.
+enum class EffectReach
+{
+    ColourOnly, ///< the pixel's own colour
+    Positional, ///< its colour and where it lies in the picture
+    Spatial     ///< its neighbours too
+};
 
 /// One kind of effect as the engine knows it: how it is described to the platform, and how settings
 /// become something that can be drawn: a stage, or for a spatial effect a pass. Every effect's

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/EffectKinds.h"
 
+#include "engine/effects/MakeKind.h"
 #include "engine/effects/blackandwhite/BlackAndWhiteEffect.h"
 #include "engine/effects/channelmixer/ChannelMixerEffect.h"
 #include "engine/effects/clarity/ClarityEffect.h"
@@ -35,12 +36,28 @@ const EffectKind* EffectKinds::Find(const std::string& effectID)
 const std::vector<EffectKind>& EffectKinds::GetAll()
 {
     static const std::vector<EffectKind> kinds = {
-        MakeExposureKind(),    MakeWhiteBalanceKind(),  MakeContrastKind(),
-        MakeToneRegionsKind(), MakeToneCurveKind(),     MakeSaturationKind(),
-        MakeVibranceKind(),    MakeChannelMixerKind(),  MakeBlackAndWhiteKind(),
-        MakeSplitToningKind(), MakeLiftGammaGainKind(), MakeLut3dKind(),
-        MakeVignetteKind(),    MakeGrainKind(),         MakeGaussianBlurKind(),
-        MakeSharpenKind(),     MakeClarityKind(),
+        MakeMatrixKind<ExposureParameters, ColourSpace::Linear>(
+            QT_TRANSLATE_NOOP("Effects", "Exposure")),
+        MakeMatrixKind<WhiteBalanceParameters, ColourSpace::Linear>(
+            QT_TRANSLATE_NOOP("Effects", "White balance")),
+        MakeContrastKind(),
+        MakeToneRegionsKind(),
+        MakeToneCurveKind(),
+        MakeMatrixKind<SaturationParameters, ColourSpace::Encoded>(
+            QT_TRANSLATE_NOOP("Effects", "Saturation")),
+        MakeVibranceKind(),
+        MakeMatrixKind<ChannelMixerParameters, ColourSpace::Linear>(
+            QT_TRANSLATE_NOOP("Effects", "Channel mixer")),
+        MakeMatrixKind<BlackAndWhiteParameters, ColourSpace::Linear>(
+            QT_TRANSLATE_NOOP("Effects", "Black and white")),
+        MakeSplitToningKind(),
+        MakeLiftGammaGainKind(),
+        MakeLut3dKind(),
+        MakeVignetteKind(),
+        MakeGrainKind(),
+        MakeGaussianBlurKind(),
+        MakeSharpenKind(),
+        MakeClarityKind(),
     };
     return kinds;
 }

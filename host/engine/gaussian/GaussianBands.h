@@ -4,7 +4,6 @@
 #include "engine/base/Isa.h"
 #include "engine/gaussian/GaussianAxis.h"
 #include "engine/gaussian/GaussianKernel.h"
-#include "engine/gaussian/GaussianScratch.h"
 #include "engine/gaussian/PlaneRing.h"
 #include "engine/stages/SpatialPass.h"
 #include "threads/BandGraph.h"
@@ -12,6 +11,19 @@
 #include <vector>
 
 namespace LumetraHost {
+
+/// One thread's memory for the Gaussian of one picture, see GaussianBands.
+struct GaussianScratch
+{
+    PlaneRing sums;              ///< of the two cells that a row may belong to
+    std::vector<float> shrunk;   ///< a row of cells
+    std::vector<float> mirrored; ///< a row of cells with the mirrored ones on both sides
+    PlaneRing columns;           ///< two rows of cells, blurred in both directions
+    int columnCells[2] = {-1, -1};
+    PlaneRing row; ///< the prepared row of cells
+    std::vector<const float*> before;
+    std::vector<const float*> after;
+};
 
 /// The Gaussian of a picture whose rows come in bands and leave in bands, some bands later. Rows
 /// are averaged into cells (see GaussianAxis), blurred along the row and kept for as long as they

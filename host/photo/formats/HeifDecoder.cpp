@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "photo/formats/HeifDecoder.h"
+#include "photo/formats/Decoders.h"
 
 #include "photo/colour/ColorConversion.h"
 #include "photo/file/PhotoLimits.h"
@@ -176,7 +176,7 @@ DecodedPhoto Decoding::Run(const Bytes& content)
 
 } // namespace
 
-DecodedPhoto HeifDecoder::Decode(const Bytes& content, const std::string& name)
+DecodedPhoto DecodeHeif(const Bytes& content, const std::string& name)
 {
     return Decoding(name).Run(content);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "photo/formats/PngDecoder.h"
+#include "photo/formats/Decoders.h"
 
 #include "photo/file/PhotoLimits.h"
 
@@ -205,7 +205,7 @@ DecodedPhoto Decoding::Run()
 
 } // namespace
 
-DecodedPhoto PngDecoder::Decode(const Bytes& content, const std::string& name)
+DecodedPhoto DecodePng(const Bytes& content, const std::string& name)
 {
     return Decoding(content, name).Run();
 }

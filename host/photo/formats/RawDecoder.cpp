@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "photo/formats/RawDecoder.h"
+#include "photo/formats/Decoders.h"
 
 #include "photo/file/PhotoLimits.h"
 
@@ -24,7 +24,7 @@ public:
     {
     }
 
-    DecodedPhoto Run(const Bytes& content, RawDecoder::Size size);
+    DecodedPhoto Run(const Bytes& content, RawSize size);
 
 private:
     static void OnDataError(void* development, const char* file, int offset);
@@ -33,7 +33,7 @@ private:
     [[noreturn]] void Throw(const std::string& text) const;
     void CheckSize() const;
     void CheckData(DecodedPhoto& photo) const;
-    void Configure(RawDecoder::Size size);
+    void Configure(RawSize size);
     Image ReadPixels() const;
     int GetOrientation() const;
 
@@ -88,7 +88,7 @@ void Development::CheckSize() const
     PhotoLimits::Check(m_name, sizes.width, sizes.height);
 }
 
-void Development::Configure(RawDecoder::Size size)
+void Development::Configure(RawSize size)
 {
     libraw_output_params_t& parameters = m_raw->imgdata.params;
     parameters.use_camera_wb = 1;
@@ -98,7 +98,7 @@ void Development::Configure(RawDecoder::Size size)
     parameters.gamm[1] = 12.92;
     parameters.no_auto_bright = 1;
     parameters.user_flip = 0; // turning is ours
-    parameters.half_size = size == RawDecoder::Size::Half ? 1 : 0;
+    parameters.half_size = size == RawSize::Half ? 1 : 0;
 }
 
 Image Development::ReadPixels() const
@@ -139,7 +139,7 @@ int Development::GetOrientation() const
     }
 }
 
-DecodedPhoto Development::Run(const Bytes& content, RawDecoder::Size size)
+DecodedPhoto Development::Run(const Bytes& content, RawSize size)
 {
     m_raw->set_dataerror_handler(OnDataError, this);
     // The library only reads the content.
@@ -157,7 +157,7 @@ DecodedPhoto Development::Run(const Bytes& content, RawDecoder::Size size)
 
 } // namespace
 
-DecodedPhoto RawDecoder::Decode(const Bytes& content, const std::string& name, Size size)
+DecodedPhoto DecodeRaw(const Bytes& content, const std::string& name, RawSize size)
 {
     return Development(name).Run(content, size);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "photo/formats/WebpDecoder.h"
+#include "photo/formats/Decoders.h"
 
 #include "photo/file/PhotoLimits.h"
 
@@ -69,7 +69,7 @@ Image ReadPixels(const Bytes& content, const std::string& name)
 
 } // namespace
 
-DecodedPhoto WebpDecoder::Decode(const Bytes& content, const std::string& name)
+DecodedPhoto DecodeWebp(const Bytes& content, const std::string& name)
 {
     CheckHeader(content, name);
     const WebPData data{content.data(), content.size()};

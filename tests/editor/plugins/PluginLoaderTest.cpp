@@ -2,7 +2,6 @@
 #include "editor/EditorFixture.h"
 
 #include "LumetraEditor/IEditorPlugin.h"
-#include "plugins/PluginFolders.h"
 #include "plugins/PluginLoader.h"
 
 #include <QFile>

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/blackandwhite/BlackAndWhiteEffect.h"
 
-#include "engine/effects/MakeKind.h"
-
 namespace LumetraHost {
 
 ColourMatrix BlackAndWhiteParameters::GetMatrix() const
@@ -13,12 +11,6 @@ ColourMatrix BlackAndWhiteParameters::GetMatrix() const
     const double b = grey * blue;
     const double kept = 1 - grey;
     return {{{{r + kept, g, b}, {r, g + kept, b}, {r, g, b + kept}}}};
-}
-
-EffectKind MakeBlackAndWhiteKind()
-{
-    return MakeMatrixKind<BlackAndWhiteParameters, ColourSpace::Linear>(
-        QT_TRANSLATE_NOOP("Effects", "Black and white"));
 }
 
 } // namespace LumetraHost

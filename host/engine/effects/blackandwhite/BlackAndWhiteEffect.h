@@ -7,8 +7,6 @@
 
 namespace LumetraHost {
 
-struct EffectKind;
-
 /// Black and white: grey = red * R + green * G + blue * B in linear light, as panchromatic film
 /// behind a colour filter, mixed into the colours by `amount`. Weights that add up to 1 keep greys
 /// as bright as they were; the defaults are the luminance of Rec. 709.
@@ -30,7 +28,5 @@ struct BlackAndWhiteParameters
     bool IsIdentity() const { return amount == 0; }
     ColourMatrix GetMatrix() const;
 };
-
-EffectKind MakeBlackAndWhiteKind();
 
 } // namespace LumetraHost

@@ -6,8 +6,6 @@
 
 namespace LumetraHost {
 
-struct EffectKind;
-
 /// Channel mixer: a free 3 x 3 matrix in linear light. "rg" is how much of the old green goes into
 /// the new red: red = rr * red + rg * green + rb * blue. Rows that add up to 1 keep greys grey.
 /// OpenColorIO's MatrixTransform does the same.
@@ -29,7 +27,5 @@ struct ChannelMixerParameters
     bool IsIdentity() const { return GetMatrix().IsIdentity(); }
     ColourMatrix GetMatrix() const { return {{{{rr, rg, rb}, {gr, gg, gb}, {br, bg, bb}}}}; }
 };
-
-EffectKind MakeChannelMixerKind();
 
 } // namespace LumetraHost

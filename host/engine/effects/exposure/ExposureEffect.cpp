@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/exposure/ExposureEffect.h"
 
-#include "engine/effects/MakeKind.h"
-
 #include <cmath>
 
 namespace LumetraHost {
@@ -11,12 +9,6 @@ ColourMatrix ExposureParameters::GetMatrix() const
 {
     const double factor = std::exp2(stops);
     return ColourMatrix::Diagonal(factor, factor, factor);
-}
-
-EffectKind MakeExposureKind()
-{
-    return MakeMatrixKind<ExposureParameters, ColourSpace::Linear>(
-        QT_TRANSLATE_NOOP("Effects", "Exposure"));
 }
 
 } // namespace LumetraHost

@@ -6,8 +6,6 @@
 
 namespace LumetraHost {
 
-struct EffectKind;
-
 /// Exposure: linear light times 2^stops, as one more or less stop of the camera would have done.
 /// Source: the exposure values of the APEX system; the same as OpenColorIO's ExposureContrast
 /// operation in linear style.
@@ -23,7 +21,5 @@ struct ExposureParameters
     bool IsIdentity() const { return stops == 0; }
     ColourMatrix GetMatrix() const;
 };
-
-EffectKind MakeExposureKind();
 
 } // namespace LumetraHost

@@ -2,7 +2,6 @@
 #include "engine/effects/saturation/SaturationEffect.h"
 
 #include "engine/base/Srgb.h"
-#include "engine/effects/MakeKind.h"
 
 namespace LumetraHost {
 
@@ -13,12 +12,6 @@ ColourMatrix SaturationParameters::GetMatrix() const
     const double green = (1 - s) * LumaGreen;
     const double blue = (1 - s) * LumaBlue;
     return {{{{red + s, green, blue}, {red, green + s, blue}, {red, green, blue + s}}}};
-}
-
-EffectKind MakeSaturationKind()
-{
-    return MakeMatrixKind<SaturationParameters, ColourSpace::Encoded>(
-        QT_TRANSLATE_NOOP("Effects", "Saturation"));
 }
 
 } // namespace LumetraHost

@@ -6,8 +6,6 @@
 
 namespace LumetraHost {
 
-struct EffectKind;
-
 /// Saturation: every colour moves away from the grey of its own luma, or towards it:
 /// c = luma + s * (c - luma) with s = 1 + amount / 100 and the weights of Rec. 709, on encoded
 /// values, where the luma stays what it was. Sources: W3C Filter Effects 1, feColorMatrix of type
@@ -25,7 +23,5 @@ struct SaturationParameters
     bool IsIdentity() const { return amount == 0; }
     ColourMatrix GetMatrix() const;
 };
-
-EffectKind MakeSaturationKind();
 
 } // namespace LumetraHost

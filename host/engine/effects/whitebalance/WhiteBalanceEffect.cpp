@@ -2,7 +2,6 @@
 #include "engine/effects/whitebalance/WhiteBalanceEffect.h"
 
 #include "engine/base/Srgb.h"
-#include "engine/effects/MakeKind.h"
 
 #include <array>
 #include <cmath>
@@ -70,12 +69,6 @@ ColourMatrix WhiteBalanceParameters::GetMatrix() const
     const auto white = adaptation.Transform({1, 1, 1});
     const double scale = 1 / (LumaRed * white[0] + LumaGreen * white[1] + LumaBlue * white[2]);
     return ColourMatrix::Diagonal(scale, scale, scale) * adaptation;
-}
-
-EffectKind MakeWhiteBalanceKind()
-{
-    return MakeMatrixKind<WhiteBalanceParameters, ColourSpace::Linear>(
-        QT_TRANSLATE_NOOP("Effects", "White balance"));
 }
 
 } // namespace LumetraHost

@@ -6,8 +6,6 @@
 
 namespace LumetraHost {
 
-struct EffectKind;
-
 /// White balance: the photo is redrawn as if the scene had been lit by `temperature` and `tint` and
 /// that light had been made neutral. Above 6500 K the picture gets warmer, below cooler; a positive
 /// tint makes it more magenta, a negative one greener.
@@ -32,7 +30,5 @@ struct WhiteBalanceParameters
     bool IsIdentity() const { return temperature == NeutralTemperature && tint == 0; }
     ColourMatrix GetMatrix() const;
 };
-
-EffectKind MakeWhiteBalanceKind();
 
 } // namespace LumetraHost
