@@ -5,7 +5,6 @@
 #include "engine/effects/EffectKinds.h"
 #include "plugins/GuardedApplication.h"
 #include "session/CommandStep.h"
-#include "session/EditStep.h"
 #include "workspace/WorkspaceController.h"
 
 #include "Zorvik/Lumetra/IObjectsConnectorID.h"
@@ -15,6 +14,10 @@
 
 #include <QFileInfo>
 #include <QScopedValueRollback>
+#include <QUndoCommand>
+
+#include <functional>
+#include <utility>
 
 namespace LumetraEditor {
 namespace {
@@ -23,6 +26,37 @@ using LumetraHost::AsyncPreviews;
 using LumetraHost::Photo;
 using LumetraHost::WorkspaceController;
 using Zorvik::Quindle::EffectsSettings;
+
+/// One step of an edit on the undo stack: the states before and after it. The step has been done
+/// before it is made, so the first redo() does nothing.
+class EditStep : public QUndoCommand
+{
+public:
+    using Restore = std::function<void(const EditState& state)>;
+
+    EditStep(const QString& text, EditState before, EditState after, Restore restore)
+        : QUndoCommand(text), m_before(std::move(before)), m_after(std::move(after)),
+          m_restore(std::move(restore))
+    {
+    }
+
+    void undo() override
+    {
+        m_isDone = false;
+        m_restore(m_before);
+    }
+    void redo() override
+    {
+        if (!std::exchange(m_isDone, true))
+            m_restore(m_after);
+    }
+
+private:
+    EditState m_before;
+    EditState m_after;
+    Restore m_restore;
+    bool m_isDone = true;
+};
 
 } // namespace
 

@@ -289,8 +289,6 @@ void EditorWindow::RevealPanel(QWidget& panel)
     m_panels->setCurrentWidget(&panel);
 }
 
-// Photos
-
 void EditorWindow::AskForPhoto()
 {
     const QStringList paths = QFileDialog::getOpenFileNames(
@@ -344,8 +342,6 @@ void EditorWindow::ShowOpening(const QString& path)
     m_progress->show();
 }
 
-// Exporting
-
 Exporter& EditorWindow::GetExporter()
 {
     return m_export->GetExporter();
@@ -360,8 +356,6 @@ void EditorWindow::ShowExport()
     m_progress->show();
     m_cancel->show();
 }
-
-// View of the photo
 
 void EditorWindow::ShowPhoto()
 {
@@ -407,8 +401,6 @@ void EditorWindow::ShowRecentPhotos()
     m_start->SetRecentPhotos(paths);
 }
 
-// Looks
-
 void EditorWindow::UsePalette(PaletteKind kind)
 {
     m_palette = kind;
@@ -451,8 +443,6 @@ void EditorWindow::ShowShortcuts()
         dialog.AddPanel(panel->GetTitle(), *panel->GetWidget());
     dialog.exec();
 }
-
-// Events
 
 void EditorWindow::changeEvent(QEvent* event)
 {

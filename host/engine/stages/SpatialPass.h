@@ -3,7 +3,9 @@
 
 #include "engine/base/Tile.h"
 #include "engine/stages/Stage.h"
+#include "image/PictureArea.h"
 
+#include <cmath>
 #include <memory>
 
 namespace LumetraHost {
@@ -14,6 +16,15 @@ struct GaussianShape
     double sigmaX = 0;
     double sigmaY = 0;
 };
+
+/// A Gaussian whose standard deviation is a share, in per cent, of the whole picture's diagonal,
+/// converted to rendered pixels: a preview then shows the blur that the full picture gets.
+inline GaussianShape MakeRelativeShape(double percentOfDiagonal, const PictureArea& area)
+{
+    const double sigma =
+        percentOfDiagonal / 100 * std::hypot(area.pictureWidth, area.pictureHeight);
+    return {sigma / area.scaleX, sigma / area.scaleY};
+}
 
 /// The input of a spatial pass's Gaussian.
 enum class BlurredPlanes

@@ -2,7 +2,7 @@
 #include "engine/effects/gaussianblur/GaussianBlurEffect.h"
 
 #include "engine/effects/MakeKind.h"
-#include "engine/stages/RelativeRadius.h"
+#include "engine/stages/SpatialPass.h"
 
 #include <algorithm>
 

@@ -5,7 +5,6 @@
 #include "engine/effects/sharpen/SharpenKernel.h"
 #include "engine/kernels/KernelSelection.h"
 #include "engine/stages/LumaPass.h"
-#include "engine/stages/RelativeRadius.h"
 
 namespace LumetraHost {
 namespace {
