@@ -57,7 +57,7 @@ bool LosesPixels(int code)
     }
 }
 
-/// Notes the first warning: the library goes on after it and fills missing parts with grey.
+/// Ends the decoding at warnings of lost pixels, which the library would fill with grey.
 void OnMessage(j_common_ptr info, int level)
 {
     if (level < 0 && LosesPixels(info->err->msg_code))
