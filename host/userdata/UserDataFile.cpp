@@ -39,8 +39,8 @@ QString Resolve(const QString& path)
     return file.isSymLink() && file.exists() ? file.canonicalFilePath() : path;
 }
 
-/// Refuses a link without a target: making that would put the data where the user's disk is not
-/// there at the moment.
+/// Refuses a link without a target: to make the target would be to write where the user's disk is
+/// missing at the moment.
 void RefuseUnusable(const QString& path, const UserDataForm& form)
 {
     if (path.isEmpty())

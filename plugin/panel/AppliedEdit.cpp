@@ -173,7 +173,7 @@ void AppliedEdit::RestoreValues(const QString& id, const QJsonObject& edit, QStr
 {
     PresetModel& model = m_presets.GetModel();
     EffectsSettings settings(EffectsSettings::PhotoAlone);
-    QStringList unused; // Draw() has reported the same before.
+    QStringList unused; // Draw() has reported them before
     LoadEffects(edit, settings, unused);
     settings.SetBlendAmount(edit.value(BlendKey()).toInt(EffectsSettings::FullEffect));
     try {

@@ -52,8 +52,7 @@ PresetGrid::PresetGrid(std::unique_ptr<PresetPageModel> presets, QWidget* parent
 
 PresetGrid::~PresetGrid()
 {
-    setModel(
-        nullptr); // Otherwise the view would hear of the end of a model that is already destroyed.
+    setModel(nullptr); // the view would hear too late of the model's end
 }
 
 void PresetGrid::SetCurrentPreset(const QModelIndex& preset)

@@ -109,7 +109,7 @@ bool Editor::OpenPhoto(const QString& path)
 void Editor::TakePhoto(const QString& path, const Photo& photo, const PhotoIdentity& identity)
 {
     LockDrawer(false);
-    const bool isTaken = MayLeavePhoto(); // the question may have undone a step
+    const bool isTaken = MayLeavePhoto(); // a step may have been undone meanwhile
     if (isTaken)
         SetPhoto(path, photo, identity);
     emit openingEnded();
@@ -252,8 +252,7 @@ void Editor::SaveEdit()
     if (!HasPhoto())
         return;
     EditState state = CaptureEdit();
-    if (!(state ==
-          m_state)) { // there is a change that is no step yet, such as a drag that has not ended
+    if (!(state == m_state)) { // a drag may not have ended
         m_state = std::move(state);
         KeepEdit();
     }

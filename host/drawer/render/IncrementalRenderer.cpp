@@ -108,7 +108,7 @@ Image IncrementalRenderer::RenderFrom(const std::vector<StagePtr>& stages, std::
                          &m_kept.frame, isFromFrame, isToFrame};
     m_kept.frame.Resize(source.GetWidth(), source.GetHeight());
     if (isToFrame)
-        m_kept.count = 0; // Nothing counts as kept until all of the picture is there.
+        m_kept.count = 0; // nothing counts as kept until all of it is there
     Image picture = m_renderer.Render(source, chain, blendAmount, options, std::move(recycled));
     if (isToFrame && !picture.IsNull()) {
         m_kept.count = cut;

@@ -17,7 +17,7 @@ namespace LumetraHost {
 class RenderPlan
 {
 public:
-    /// `first`: the space in which pixels come into the first chain; empty: the one it starts from.
+    /// `first`: the space in which pixels come into the first chain; empty: its own choice.
     RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageContext& context,
                std::optional<ColourSpace> first = {});
 

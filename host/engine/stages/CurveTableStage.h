@@ -18,8 +18,8 @@ public:
     /// Largest distance between the pieces and the stages, in steps of 8 bits.
     static constexpr float Tolerance = 0.02f;
 
-    /// Null where the stages bend too much for the pieces. `stages`: none of them Mixed;
-    /// conversions are added between them. `end`: the space in which the last one leaves colours.
+    /// Null where the stages bend too much for the pieces. `stages`: conversions included, none
+    /// Mixed. `end`: the space in which the last one leaves colours.
     static std::shared_ptr<const CurveTableStage> Make(const std::vector<StagePtr>& stages,
                                                        ColourSpace end, Isa isa);
 

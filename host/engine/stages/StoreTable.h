@@ -20,8 +20,8 @@ public:
     static constexpr float Tolerance = 0.05f;
 
     /// Null where the stages are too steep for the entries, and where colours beyond the table
-    /// would not all become the entry at its end. `stages`: none of them Mixed; conversions are
-    /// added between them, from encoded colours to encoded ones.
+    /// would not all become the entry at its end. `stages`: conversions included, none Mixed, from
+    /// encoded colours to encoded ones.
     static std::shared_ptr<const StoreTable> Make(const std::vector<StagePtr>& stages, Isa isa);
 
     /// Stores the tile's pixels, with the alpha of `source`, which may be `target`. Both begin with

@@ -75,7 +75,7 @@ void Encoding::OnError(png_structp png, png_const_charp text)
     std::longjmp(self->m_jump, 1);
 }
 
-/// Reports metadata that the library leaves out: the photo is then not the one that was asked for.
+/// Fails when the library leaves metadata out: the photo is then not the one that was asked for.
 void Encoding::OnWarning(png_structp png, png_const_charp text)
 {
     OnError(png, text);

@@ -82,8 +82,8 @@ QByteArray GetXmpPacket(Exiv2::Image& file)
     return QByteArray::fromStdString(file.xmpPacket());
 }
 
-/// The IPTC block, unless a record of it is damaged: the metadata library drops such records
-/// silently.
+/// The IPTC block. Decodes it again when the metadata library found none: that drops damaged
+/// records silently.
 QByteArray GetIptc(Exiv2::Image& file)
 {
     if (file.iptcData().empty())

@@ -36,7 +36,7 @@ Bytes WriteBlocks(const Bytes& encoded, const PhotoMetadata& metadata)
     if (!metadata.exif.isEmpty()) {
         Exiv2::ExifData tags;
         file->setByteOrder(MetadataTags::DecodeExif(metadata.exif, tags));
-        // Keeps the tags that a TIFF file needs for its pixels.
+        // Adds to the tags that a TIFF file needs for its pixels.
         for (const auto& tag : tags)
             file->exifData()[tag.key()] = tag.value();
     }

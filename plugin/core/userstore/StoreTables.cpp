@@ -38,7 +38,7 @@ std::optional<QByteArray> ReadData(const JsonValue::Object& table, LookUpTable::
         const auto node = JsonSerializer::Create(table, std::string());
         return LookUpTableText::ReadData(node, LookUpTableText::ReadForm(node, kind));
     } catch (const Zorvik::Exception&) {
-        return std::nullopt; // The error is reported when somebody uses the table.
+        return std::nullopt; // reported when somebody uses the table
     }
 }
 

@@ -189,7 +189,7 @@ std::vector<std::string> UserPresetStore::Save(const EffectPresetModel& model)
     const JsonDocument state = Write(model);
     const UserStoreMerge merge(
         [this](const JsonValue& element) { return TryPreset(element, 0, nullptr); });
-    // Gives equal tables one form, the name of their file, which the merge compares.
+    // The merge compares tables by the names of their files.
     StoreTables tables;
     for (const JsonDocument& document : {m_remembered, state, m_seen})
         tables.TakeOut(*document.GetObject());
