@@ -33,7 +33,7 @@ public:
     const Zorvik::Quindle::EffectsSettings& Get(std::size_t position) const;
     /// Settings that never change: a change of the package puts other settings in their place.
     const SharedSettings& GetShared(std::size_t position) const;
-    /// Replaces the settings; name and index stay the package's own.
+    /// Replaces the settings; the new ones have the package's own name and index.
     void SetShared(std::size_t position, const SharedSettings& settings);
 
     std::optional<std::size_t> FindIndex(unsigned index) const;

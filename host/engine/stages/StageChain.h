@@ -57,8 +57,8 @@ public:
 
     /// The stages that are applied to the tables of loading, in GetFirstSpace(), and not by Run().
     const std::vector<StagePtr>& GetLoadingStages() const { return m_loading; }
-    /// The table through which the tiles that Run() leaves, encoded, are stored; null: none is
-    /// needed.
+    /// The table through which the encoded tiles that Run() leaves are stored. Null: they are
+    /// stored without one.
     const std::shared_ptr<const StoreTable>& GetStoreTable() const { return m_storeTable; }
     /// The stages that Run() applies, merged and with the conversions.
     const std::vector<StagePtr>& GetStages() const { return m_stages; }
