@@ -78,7 +78,7 @@ void RunPipelinedCodec(const QString& source, const QString& target)
 void RunReducedDecode(const QString& source, int smallestSide)
 {
     const Bytes content = PhotoReader::ReadContent(source);
-    JpegDecoder::DecodeScaled(content, source.toStdString(), smallestSide);
+    JpegDecoder::Decode(content, source.toStdString(), smallestSide);
 }
 
 } // namespace LumetraBench

@@ -41,8 +41,7 @@ DecodedPhoto DecodePixels(const Bytes& content, const std::string& name, int sma
 {
     switch (RequirePhotoFormat(content, name)) {
     case PhotoFormat::Jpeg:
-        return smallestSide > 0 ? JpegDecoder::DecodeScaled(content, name, smallestSide)
-                                : JpegDecoder::Decode(content, name);
+        return JpegDecoder::Decode(content, name, smallestSide);
     case PhotoFormat::Png:
         return DecodePng(content, name);
     case PhotoFormat::Tiff:

@@ -4,10 +4,12 @@
 #include "photo/jpeg/JpegRowReader.h"
 
 namespace LumetraHost {
-namespace {
 
-DecodedPhoto ReadAll(JpegRowReader& reader)
+DecodedPhoto JpegDecoder::Decode(const Bytes& content, const std::string& name, int smallestSide)
 {
+    JpegRowReader reader(content, name);
+    if (smallestSide > 0)
+        reader.ScaleDown(smallestSide);
     DecodedPhoto photo;
     photo.meaning = reader.GetMeaning();
     photo.iccProfile = reader.GetProfile();
@@ -16,22 +18,6 @@ DecodedPhoto ReadAll(JpegRowReader& reader)
         Image::AllocateUninitialised(reader.GetWidth(), reader.GetHeight(), Image::Depth::Bits8);
     reader.Read(photo.pixels, 0, reader.GetHeight());
     return photo;
-}
-
-} // namespace
-
-DecodedPhoto JpegDecoder::Decode(const Bytes& content, const std::string& name)
-{
-    JpegRowReader reader(content, name);
-    return ReadAll(reader);
-}
-
-DecodedPhoto JpegDecoder::DecodeScaled(const Bytes& content, const std::string& name,
-                                       int smallestSide)
-{
-    JpegRowReader reader(content, name);
-    reader.ScaleDown(smallestSide);
-    return ReadAll(reader);
 }
 
 } // namespace LumetraHost

@@ -14,11 +14,9 @@ namespace LumetraHost {
 class JpegDecoder
 {
 public:
-    /// `name` begins the text of every Zorvik::Exception.
-    static DecodedPhoto Decode(const Bytes& content, const std::string& name);
-    /// Decodes at 1/2, 1/4 or 1/8 of the size, see JpegRowReader::ScaleDown().
-    static DecodedPhoto DecodeScaled(const Bytes& content, const std::string& name,
-                                     int smallestSide);
+    /// `name` begins the text of every Zorvik::Exception. `smallestSide`: decodes at 1/2, 1/4 or
+    /// 1/8 of the size, see JpegRowReader::ScaleDown(); 0: at full size.
+    static DecodedPhoto Decode(const Bytes& content, const std::string& name, int smallestSide = 0);
 };
 
 } // namespace LumetraHost
