@@ -2,6 +2,9 @@
 #include "ExposurePanel.h"
 
 #include "LumetraEditor/IEditor.h"
+#include "Zorvik/Brassel/ISerializer.h"
+#include "Zorvik/Brassel/SerializerProperty.h"
+#include "Zorvik/Exception.h"
 #include "Zorvik/Lumetra/IWorkspaceController.h"
 #include "Zorvik/Quindle/EffectSettingsImpl.h"
 #include "Zorvik/Quindle/IQuindleDrawer.h"
@@ -10,12 +13,17 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include <cstdint>
+#include <memory>
+
 namespace {
 
+using Zorvik::Brassel::SerializerProperty;
+using Zorvik::Core::Property;
 using Zorvik::Quindle::EffectSettingsImpl;
 using Zorvik::Quindle::EffectsSettings;
 
-const QString TenthsKey = QStringLiteral("tenthsOfStops");
+constexpr char TenthsKey[] = "tenthsOfStops";
 constexpr int MostTenths = 30;
 
 EffectsSettings MakeExposure(int tenths)
@@ -71,19 +79,24 @@ void ExposurePanel::NoteEdit()
     m_editor.NoteEdit(tr("Exposure"));
 }
 
-QJsonObject ExposurePanel::SaveEdit() const
+Property::Ptr ExposurePanel::SaveEdit() const
 {
-    if (m_slider->value() == 0)
-        return {};
-    return {{TenthsKey, m_slider->value()}};
+    const auto edit = std::make_shared<Property>(std::string());
+    if (m_slider->value() != 0)
+        edit->Set(TenthsKey, std::int64_t(m_slider->value()));
+    return edit;
 }
 
-void ExposurePanel::RestoreEdit(const QJsonObject& edit)
+/// A read through the serializer checks the kind of the value and throws.
+void ExposurePanel::RestoreEdit(const Property::Ptr& edit)
 {
-    const QJsonValue tenths = edit.value(TenthsKey);
-    if (!tenths.isUndefined() && !tenths.isDouble())
-        m_editor.ShowMessage(tr("Exposure: expected a number for \"%1\"").arg(TenthsKey));
-    MoveSlider(tenths.toInt());
+    int tenths = 0;
+    try {
+        tenths = SerializerProperty::Create(edit, "edit")->Get(TenthsKey, 0);
+    } catch (const Zorvik::Exception& error) {
+        m_editor.ShowMessage(tr("Exposure: %1").arg(QString::fromUtf8(error.what())));
+    }
+    MoveSlider(tenths);
     if (m_slider->value() != 0)
         m_editor.GetWorkspace()->GetCoreDrawer().ApplyEffect(MakeExposure(m_slider->value()), {});
 }

@@ -23,8 +23,8 @@ public:
     QWidget* GetWidget() override { return m_widget; }
     void PhotoChanged() override;
     void PreviewReady(const QString&) override {}
-    QJsonObject SaveEdit() const override;
-    void RestoreEdit(const QJsonObject& edit) override;
+    Zorvik::Core::Property::Ptr SaveEdit() const override;
+    void RestoreEdit(const Zorvik::Core::Property::Ptr& edit) override;
     bool HasUnsavedChanges() const override;
 
 private:

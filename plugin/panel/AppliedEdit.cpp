@@ -3,90 +3,72 @@
 
 #include "LumetraEditor/IEditorPlugin.h"
 #include "Zorvik/Brassel/ISerializerCollection.h"
+#include "Zorvik/Brassel/SerializerProperty.h"
 #include "Zorvik/Exception.h"
 #include "Zorvik/Lumetra/IWorkspaceController.h"
 #include "Zorvik/Quindle/IQuindleDrawer.h"
 #include "Zorvik/Quindle/ResetSettings.h"
 #include "core/PresetCollection.h"
 #include "storage/ErrorText.h"
-#include "storage/JsonDocument.h"
-
-#include <QJsonArray>
-#include <QJsonDocument>
 
 #include <algorithm>
+#include <utility>
 
 namespace LumetraPlugin {
 namespace {
 
-using LumetraHost::JsonDocument;
+using LumetraEditor::IEditorPanel;
+using Zorvik::Brassel::ISerializer;
+using Zorvik::Brassel::SerializerProperty;
+using Zorvik::Core::Property;
 using Zorvik::Lumetra::LumetraPresets::IntensitySettingType;
 using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
 
 constexpr unsigned NoIndex = Zorvik::Quindle::EffectsSettingsPackage::NoIndex;
+constexpr char BlendKey[] = "blend", SlidersKey[] = "sliders", PositionKey[] = "value";
+constexpr char Place[] = "edit"; // begins the paths in messages
 
-QString PresetKey()
+/// Runs `read`; a wrong entry costs only itself.
+template <class Read>
+void Try(QStringList& reports, const Read& read)
 {
-    return QString::fromLatin1(LumetraEditor::IEditorPanel::EditPreset);
-}
-QString NameKey()
-{
-    return QString::fromLatin1(LumetraEditor::IEditorPanel::EditName);
-}
-QString BlendKey()
-{
-    return QStringLiteral("blend");
-}
-QString EffectsKey()
-{
-    return QString::fromLatin1(IEffectSettings::EFFECTS);
-}
-QString IntensityKey()
-{
-    return QString::fromLatin1(LumetraEditor::IEditorPanel::EditIntensity);
-}
-QString SlidersKey()
-{
-    return QStringLiteral("sliders");
-}
-
-/// Stores the effects as the catalogue writes them.
-QJsonArray SaveEffects(const EffectsSettings& settings)
-{
-    JsonDocument document("edit");
-    const auto list = document.GetRoot()->CreateCollection(IEffectSettings::EFFECTS);
-    for (const auto& effect : settings.EffectsConst())
-        list->AddElement()->WriteObject(IEffectSettings::EFFECT, *effect);
-    const auto text = QJsonDocument::fromJson(document.ToText());
-    return text.object().value(EffectsKey()).toArray();
-}
-
-/// Reads the effects; `reports` gets a sentence for each one that cannot be read.
-void LoadEffects(const QJsonObject& edit, EffectsSettings& settings, QStringList& reports)
-{
-    for (const QJsonValue& value : edit.value(EffectsKey()).toArray()) {
-        try {
-            const auto document = JsonDocument::Parse(
-                QJsonDocument(value.toObject()).toJson(QJsonDocument::Compact), "edit");
-            const auto node = document.GetRoot()->GetNode(IEffectSettings::EFFECT);
-            const auto effect = IEffectSettings::CreateEffectSettings(node);
-            document.GetRoot()->ReadObject(IEffectSettings::EFFECT, *effect);
-            settings.Effects().push_back(effect);
-        } catch (const Zorvik::Exception& error) {
-            reports.append(QString::fromUtf8(error.what()));
-        }
+    try {
+        read();
+    } catch (const Zorvik::Exception& error) {
+        reports.append(LumetraHost::ErrorText::Show(error));
     }
 }
 
-QJsonArray SavePositions(const QModelIndex& preset)
+/// Writes the effects as the catalogue has them, through their own stored form.
+void SaveEffects(const EffectsSettings& settings, ISerializer& edit)
 {
-    QJsonArray positions;
+    const auto list = edit.CreateCollection(IEffectSettings::EFFECTS);
+    for (const auto& effect : settings.EffectsConst())
+        list->AddElement()->WriteObject(IEffectSettings::EFFECT, *effect);
+}
+
+/// Reads the effects that can be read, and reports each other one.
+void LoadEffects(const ISerializer& edit, EffectsSettings& settings, QStringList& reports)
+{
+    const auto list = edit.GetCollection(IEffectSettings::EFFECTS);
+    for (std::size_t i = 0; list && i < list->GetCount(); ++i)
+        Try(reports, [&] {
+            const auto element = list->GetElement(i);
+            const auto effect =
+                IEffectSettings::CreateEffectSettings(element->GetNode(IEffectSettings::EFFECT));
+            element->ReadObject(IEffectSettings::EFFECT, *effect);
+            settings.Effects().push_back(effect);
+        });
+}
+
+void SavePositions(const QModelIndex& preset, ISerializer& edit)
+{
+    const auto list = edit.CreateCollection(SlidersKey);
     const auto sliders = preset.data(PresetModel::SettingsValuesRole).value<SliderSetting::List>();
     for (const SliderSetting& slider : sliders)
-        positions.append(slider.Value());
-    return positions;
+        list->AddElement()->Set(PositionKey, slider.Value());
 }
 
 bool HasIntensity(const QModelIndex& preset)
@@ -103,81 +85,92 @@ AppliedEdit::AppliedEdit(PresetCollection& presets,
 {
 }
 
-QJsonObject AppliedEdit::Save() const
+Property::Ptr AppliedEdit::Save() const
 {
     if (m_stray)
         return m_stray->edit;
+    const auto edit = std::make_shared<Property>(std::string());
     const QModelIndex applied = m_presets.GetModel().FindApplied();
     if (!applied.isValid())
-        return {};
+        return edit;
+    const auto text = [&applied](int role) { return applied.data(role).toString().toStdString(); };
     const EffectsSettings settings = m_presets.GetModel().GetPreset(applied)->MakeSettings();
-    QJsonObject edit{{PresetKey(), applied.data(PresetModel::PresetIdRole).toString()},
-                     {NameKey(), applied.data(PresetModel::PresetNameRole).toString()},
-                     {BlendKey(), settings.GetBlendAmount()},
-                     {EffectsKey(), SaveEffects(settings)},
-                     {SlidersKey(), SavePositions(applied)}};
+    const auto root = SerializerProperty::Create(edit, Place);
+    root->Set(IEditorPanel::EditPreset, text(PresetModel::PresetIdRole));
+    root->Set(IEditorPanel::EditName, text(PresetModel::PresetNameRole));
     if (HasIntensity(applied))
-        edit.insert(IntensityKey(), applied.data(PresetModel::IntensityRole).toInt());
+        root->Set(IEditorPanel::EditIntensity, applied.data(PresetModel::IntensityRole).toInt());
+    root->Set(BlendKey, settings.GetBlendAmount());
+    SaveEffects(settings, *root);
+    SavePositions(applied, *root);
     return edit;
 }
 
-/// Draws the package as it was saved, whatever the catalogue says today.
-void AppliedEdit::Draw(const QJsonObject& edit, EffectsSettings& settings, QStringList& reports)
+/// The package as it was, so that nothing depends on what the catalogue says today.
+EffectsSettings AppliedEdit::Load(const ISerializer& edit, QStringList& reports) const
 {
-    LoadEffects(edit, settings, reports);
-    const int blend = edit.value(BlendKey()).toInt(EffectsSettings::FullEffect);
-    settings.SetBlendAmount(
-        std::clamp(blend, EffectsSettings::FullEffect, EffectsSettings::NoEffect));
+    EffectsSettings settings(EffectsSettings::PhotoAlone);
+    Try(reports, [&] { LoadEffects(edit, settings, reports); });
+    Try(reports, [&] {
+        const int blend = edit.Get(BlendKey, EffectsSettings::FullEffect);
+        settings.SetBlendAmount(
+            std::clamp(blend, EffectsSettings::FullEffect, EffectsSettings::NoEffect));
+    });
+    return settings;
+}
+
+void AppliedEdit::Draw(const std::string& id, EffectsSettings& settings)
+{
     settings.Package().SetPackageName(m_presets.GetPackageName());
-    settings.Package().SetPresetName(edit.value(PresetKey()).toString().toStdString());
+    settings.Package().SetPresetName(id);
     m_workspace->GetCoreDrawer().ApplyEffect(settings, {});
 }
 
-QStringList AppliedEdit::Restore(const QJsonObject& edit)
+QStringList AppliedEdit::Restore(const Property::Ptr& edit)
 {
     QStringList reports;
     m_stray.reset();
     PresetModel& model = m_presets.GetModel();
     model.SetResetIndex(NoIndex);
-    const QString id = edit.value(PresetKey()).toString();
-    if (id.isEmpty()) {
-        if (!edit.isEmpty())
+    const auto root = SerializerProperty::Create(edit, Place);
+    std::string id;
+    Try(reports, [&] { id = root->Get(IEditorPanel::EditPreset, ""); });
+    if (id.empty()) {
+        if (!root->GetKeys().empty())
             reports.append(tr("The edit names no preset; nothing is applied."));
         model.ActivatePreset(std::string(), EffectsSettings(EffectsSettings::PhotoAlone));
         return reports;
     }
-    EffectsSettings settings(EffectsSettings::PhotoAlone);
-    Draw(edit, settings, reports);
-    const QModelIndex preset = model.FindId(id);
+    EffectsSettings settings = Load(*root, reports);
+    const EffectsSettings values = settings;
+    Draw(id, settings);
+    const QModelIndex preset = model.FindId(QString::fromStdString(id));
     const std::string problem =
         preset.isValid() ? model.GetPreset(preset)->FindProblem(LumetraHost::ContentCheck::Content)
                          : std::string();
     if (preset.isValid() && problem.empty()) {
-        RestoreValues(id, edit, reports);
+        RestoreValues(id, values, reports);
         return reports;
     }
-    model.ActivatePreset(preset.isValid() ? std::string() : id.toStdString(), settings);
-    const QString name = edit.value(NameKey()).toString(id);
-    m_stray = Stray{name, edit};
+    model.ActivatePreset(preset.isValid() ? std::string() : id, settings);
+    std::string name = id;
+    Try(reports, [&] { name = root->Get(IEditorPanel::EditName, id); });
+    m_stray = Stray{QString::fromStdString(name), edit};
     reports.append(
         preset.isValid()
             ? tr("The look “%1” cannot be changed: %2. The photo keeps it as it was.")
-                  .arg(name, QString::fromStdString(problem))
+                  .arg(m_stray->name, QString::fromStdString(problem))
             : tr("The look “%1” is no longer among the presets. The photo keeps it as it was.")
-                  .arg(name));
+                  .arg(m_stray->name));
     return reports;
 }
 
-/// Sets the panel's controls to the saved values; the photo is drawn already.
-void AppliedEdit::RestoreValues(const QString& id, const QJsonObject& edit, QStringList& reports)
+/// Brings the panel's controls to where they were; the photo is drawn already.
+void AppliedEdit::RestoreValues(const std::string& id, const EffectsSettings& values,
+                                QStringList& reports)
 {
-    PresetModel& model = m_presets.GetModel();
-    EffectsSettings settings(EffectsSettings::PhotoAlone);
-    QStringList unused; // Draw() has reported them before
-    LoadEffects(edit, settings, unused);
-    settings.SetBlendAmount(edit.value(BlendKey()).toInt(EffectsSettings::FullEffect));
     try {
-        model.ActivatePreset(id.toStdString(), settings);
+        m_presets.GetModel().ActivatePreset(id, values);
     } catch (const std::exception& error) {
         // An intensity that must find its effect, and does not.
         reports.append(LumetraHost::ErrorText::Show(error));
@@ -199,8 +192,8 @@ void AppliedEdit::ResetPackage()
         m_workspace->GetResetReceiver().ResetPackage(Zorvik::Quindle::ResetSettings(index));
 }
 
-/// A preset that failed while it was applied counts as applied, though nothing of it was drawn.
-void AppliedEdit::GoBackTo(const QJsonObject& edit)
+/// A preset that failed while it was applied says that it is, though nothing of it was drawn.
+void AppliedEdit::GoBackTo(const Property::Ptr& edit)
 {
     if (const auto applied = m_presets.GetModel().GetPreset(m_presets.GetModel().FindApplied()))
         applied->SetApplied(false, false);

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "Zorvik/Brassel/ISerializer.h"
+#include "Zorvik/Core/Property.h"
 #include "Zorvik/Quindle/EffectsSettings.h"
 
 #include <QCoreApplication>
-#include <QJsonObject>
 #include <QStringList>
 
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace Zorvik::Lumetra {
 class IWorkspaceController;
@@ -30,16 +32,17 @@ public:
     AppliedEdit(PresetCollection& presets,
                 std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> workspace);
 
-    /// The look as JSON, empty when nothing is applied. Members: "preset", "name", "blend" (1 the
-    /// full effect, 255 none), "effects" as in a catalogue, "sliders" (the positions in the panel),
-    /// and "intensity" where the preset has one.
-    QJsonObject Save() const;
-    /// Puts a saved look on a photo without open packages. Returns a sentence for each member that
-    /// could not be used.
-    QStringList Restore(const QJsonObject& edit);
+    /// Returns the edit, never null, without entries when nothing is applied. Its entries are
+    /// "preset", "name", "blend" (1 the full effect, 255 none), "effects" as in a catalogue,
+    /// "sliders" (a list of nodes with the position in the panel as "value") and, for a preset that
+    /// has one, "intensity".
+    Zorvik::Core::Property::Ptr Save() const;
+    /// Does the inverse on a photo without open packages and keeps `edit`, which nobody changes
+    /// any more. Returns a sentence for each entry that could not be used.
+    QStringList Restore(const Zorvik::Core::Property::Ptr& edit);
 
-    /// Takes all packages of the panel off the photo, however they came there, and restores `edit`.
-    void GoBackTo(const QJsonObject& edit);
+    /// Takes off what the panel has on the photo, however that came there, and restores `edit`.
+    void GoBackTo(const Zorvik::Core::Property::Ptr& edit);
 
     /// The name of a stray look: one that is on the photo though no catalogue has it any more, or
     /// though a file that its preset needs is missing. Else empty.
@@ -53,13 +56,15 @@ private:
     struct Stray
     {
         QString name;
-        QJsonObject edit;
+        Zorvik::Core::Property::Ptr edit;
     };
 
     void ResetPackage();
-    void Draw(const QJsonObject& edit, Zorvik::Quindle::EffectsSettings& settings,
-              QStringList& reports);
-    void RestoreValues(const QString& id, const QJsonObject& edit, QStringList& reports);
+    Zorvik::Quindle::EffectsSettings Load(const Zorvik::Brassel::ISerializer& edit,
+                                          QStringList& reports) const;
+    void Draw(const std::string& id, Zorvik::Quindle::EffectsSettings& settings);
+    void RestoreValues(const std::string& id, const Zorvik::Quindle::EffectsSettings& values,
+                       QStringList& reports);
 
     PresetCollection& m_presets;
     std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> m_workspace;

@@ -17,6 +17,7 @@
 #include "panel/RemoveCommand.h"
 #include "storage/CheckedFileWriter.h"
 #include "storage/ErrorText.h"
+#include "storage/JsonProperty.h"
 
 namespace LumetraPlugin {
 
@@ -40,7 +41,7 @@ QString NameOf(const QModelIndex& preset)
 PresetCommands::PresetCommands(PresetCollection& presets, AppliedEdit& edit, RecentPresets& recent,
                                LumetraEditor::IEditor& editor, QWidget& window)
     : m_presets(presets), m_edit(edit), m_recent(recent), m_editor(editor), m_guard(editor),
-      m_dialogs(window)
+      m_dialogs(window), m_lastStep(std::make_shared<Zorvik::Core::Property>(std::string()))
 {
 }
 
@@ -71,7 +72,7 @@ void PresetCommands::Try(const std::function<void()>& work)
 void PresetCommands::GoBack()
 {
     try {
-        if (m_edit.Save() == m_lastStep)
+        if (LumetraHost::JsonProperty::AreEqual(*m_edit.Save(), *m_lastStep))
             return;
     } catch (...) { // what is applied cannot be drawn
     }
@@ -276,8 +277,8 @@ void PresetCommands::TakeOff()
 void PresetCommands::FinishStep(const QString& text)
 {
     Try([&] {
-        const QJsonObject step = m_edit.Save();
-        if (step == m_lastStep)
+        const auto step = m_edit.Save();
+        if (LumetraHost::JsonProperty::AreEqual(*step, *m_lastStep))
             return;
         m_lastStep = step;
         m_editor.NoteEdit(text);

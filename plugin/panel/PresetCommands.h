@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "Zorvik/Core/Property.h"
 #include "core/PresetModel.h"
 #include "panel/PanelGuard.h"
 #include "panel/PresetDialogs.h"
 
-#include <QJsonObject>
 #include <QObject>
 
 namespace LumetraEditor {
@@ -118,7 +118,7 @@ private:
     PanelGuard m_guard;
     PresetDialogs m_dialogs;
     QStringList m_resourceFolders;
-    QJsonObject m_lastStep;
+    Zorvik::Core::Property::Ptr m_lastStep; ///< never null, never changed
     bool m_hasUnsaved = false;
 };
 

@@ -124,12 +124,12 @@ void PresetsPanel::PreviewReady(const QString& key)
         m_thumbnails->SetReady(key);
 }
 
-QJsonObject PresetsPanel::SaveEdit() const
+Zorvik::Core::Property::Ptr PresetsPanel::SaveEdit() const
 {
     return m_edit->Save();
 }
 
-void PresetsPanel::RestoreEdit(const QJsonObject& edit)
+void PresetsPanel::RestoreEdit(const Zorvik::Core::Property::Ptr& edit)
 {
     m_hover->End();
     for (const QString& report : m_edit->Restore(edit))

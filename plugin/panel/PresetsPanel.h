@@ -44,8 +44,8 @@ public:
     QWidget* GetWidget() override;
     void PhotoChanged() override;
     void PreviewReady(const QString& key) override;
-    QJsonObject SaveEdit() const override;
-    void RestoreEdit(const QJsonObject& edit) override;
+    Zorvik::Core::Property::Ptr SaveEdit() const override;
+    void RestoreEdit(const Zorvik::Core::Property::Ptr& edit) override;
     bool HasUnsavedChanges() const override;
     bool MayEnd() override;
 

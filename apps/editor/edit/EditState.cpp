@@ -5,16 +5,16 @@
 #include "edit/EditStateFormat.h"
 
 #include <cmath>
+#include <limits>
+#include <string>
 
 namespace LumetraEditor {
 namespace {
 
+using LumetraHost::JsonNumber;
+using LumetraHost::JsonObject;
+using LumetraHost::JsonValue;
 using Zorvik::Quindle::EffectsSettings;
-
-// Members of a panel's edit that have a meaning to the editor, see IEditorPanel::SaveEdit().
-const QString PresetKey = QString::fromLatin1(IEditorPanel::EditPreset);
-const QString NameKey = QString::fromLatin1(IEditorPanel::EditName);
-const QString IntensityKey = QString::fromLatin1(IEditorPanel::EditIntensity);
 
 /// How much of the full effect a blend amount leaves.
 int PercentOf(int blendAmount)
@@ -23,17 +23,34 @@ int PercentOf(int blendAmount)
     return static_cast<int>(std::lround(100 * (EffectsSettings::NoEffect - blendAmount) / Range));
 }
 
+std::string FindText(const JsonObject& edit, const char* key, const std::string& fallback)
+{
+    const JsonValue* const value = edit.Find(key);
+    const auto* const text = value ? value->As<std::string>() : nullptr;
+    return text ? *text : fallback;
+}
+
+int FindWhole(const JsonObject& edit, const char* key, int fallback)
+{
+    const JsonValue* const value = edit.Find(key);
+    const auto* const number = value ? value->As<JsonNumber>() : nullptr;
+    const bool isWhole = number && number->value == std::trunc(number->value) &&
+                         std::abs(number->value) <= std::numeric_limits<int>::max();
+    return isWhole ? static_cast<int>(number->value) : fallback;
+}
+
 } // namespace
 
+// The keys are those that IEditorPanel::SaveEdit() gives a meaning to.
 LumetraHost::EditRecord EditState::MakeRecord(const EffectsSettings& package) const
 {
     const std::string& preset = package.Package().GetPresetName();
     const int share = PercentOf(package.GetBlendAmount());
     for (const auto& [id, part] : panels) {
-        const QJsonObject& edit = part.GetObject();
-        if (!preset.empty() && edit.value(PresetKey).toString().toStdString() == preset)
-            return {edit.value(NameKey).toString(QString::fromStdString(preset)).toStdString(),
-                    edit.value(IntensityKey).toInt(share)};
+        const JsonObject& edit = *part.GetJson();
+        if (!preset.empty() && FindText(edit, IEditorPanel::EditPreset, {}) == preset)
+            return {FindText(edit, IEditorPanel::EditName, preset),
+                    FindWhole(edit, IEditorPanel::EditIntensity, share)};
     }
     return {preset, share};
 }

@@ -79,7 +79,7 @@ void WritePanels(const std::map<QString, PanelEdit>& panels, JsonObject& root)
 {
     const auto members = std::make_shared<JsonObject>();
     for (const auto& [id, edit] : panels)
-        members->Set(id.toStdString(), edit.ToJson());
+        members->Set(id.toStdString(), JsonValue(edit.GetJson()));
     root.Set(PanelsKey, JsonValue(members));
 }
 

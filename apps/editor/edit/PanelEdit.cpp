@@ -1,31 +1,62 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "edit/PanelEdit.h"
 
-#include "storage/JsonReader.h"
+#include "Zorvik/Exception.h"
+#include "storage/JsonProperty.h"
 #include "storage/JsonWriter.h"
 
-#include <QJsonDocument>
+#include <boost/current_function.hpp>
+
+#include <memory>
+#include <string>
 
 namespace LumetraEditor {
+namespace {
 
-using LumetraHost::JsonReader;
+using LumetraHost::JsonObject;
+using LumetraHost::JsonProperty;
 using LumetraHost::JsonValue;
 using LumetraHost::JsonWriter;
+using Zorvik::Core::Property;
 
-PanelEdit::PanelEdit(const JsonValue::Object& stored)
-    : m_object(
-          QJsonDocument::fromJson(QByteArray::fromStdString(JsonWriter::Write(*stored))).object()),
-      m_stored(stored)
+constexpr char Place[] = "edit"; // begins the paths in messages
+
+[[noreturn]] void Refuse(const std::string& expected)
 {
+    throw Zorvik::Exception(std::string(Place) + ": expected " + expected, BOOST_CURRENT_FUNCTION,
+                            "editor/PanelEdit", __LINE__);
 }
 
-JsonValue PanelEdit::ToJson() const
+JsonValue::Object Write(const Property::Ptr& given)
 {
-    if (m_stored)
-        return JsonValue(m_stored);
-    const QByteArray text = QJsonDocument(m_object).toJson(QJsonDocument::Compact);
-    return JsonValue(JsonReader::Read({text.constData(), static_cast<std::size_t>(text.size())},
-                                      "a panel's edit"));
+    if (!given)
+        Refuse("a node, found a null pointer");
+    const auto json =
+        JsonProperty::Write(*given, Place, {PanelEdit::MaxDepth, PanelEdit::MaxValues});
+    const std::size_t size = JsonWriter::Write(*json).size();
+    if (size > PanelEdit::MaxSize)
+        Refuse("at most " + std::to_string(PanelEdit::MaxSize) + " bytes, found " +
+               std::to_string(size));
+    return json;
+}
+
+} // namespace
+
+PanelEdit::PanelEdit() : m_json(std::make_shared<JsonObject>()) {}
+
+PanelEdit::PanelEdit(const Property::Ptr& given) : m_json(Write(given)) {}
+
+PanelEdit::PanelEdit(const JsonValue::Object& stored) : m_json(stored) {}
+
+Property::Ptr PanelEdit::MakeProperty() const
+{
+    return JsonProperty::Read(*m_json, Place);
+}
+
+bool operator==(const PanelEdit& first, const PanelEdit& second)
+{
+    return first.GetJson() == second.GetJson() ||
+           JsonWriter::Write(*first.GetJson()) == JsonWriter::Write(*second.GetJson());
 }
 
 } // namespace LumetraEditor

@@ -61,17 +61,17 @@ void GuardedPanel::PreviewReady(const QString& key)
     GuardPanel([&key](IEditorPanel& panel) { panel.PreviewReady(key); });
 }
 
-std::optional<QJsonObject> GuardedPanel::SaveEdit()
+std::optional<PanelEdit> GuardedPanel::SaveEdit()
 {
-    std::optional<QJsonObject> edit;
+    std::optional<PanelEdit> edit;
     const QScopedValueRollback<bool> saving(m_isSaving, true);
-    GuardPanel([&edit](const IEditorPanel& panel) { edit = panel.SaveEdit(); });
+    GuardPanel([&edit](const IEditorPanel& panel) { edit = PanelEdit(panel.SaveEdit()); });
     return m_isUsable ? edit : std::nullopt;
 }
 
-void GuardedPanel::RestoreEdit(const QJsonObject& edit)
+void GuardedPanel::RestoreEdit(const PanelEdit& edit)
 {
-    GuardPanel([&edit](IEditorPanel& panel) { panel.RestoreEdit(edit); });
+    GuardPanel([&edit](IEditorPanel& panel) { panel.RestoreEdit(edit.MakeProperty()); });
 }
 
 bool GuardedPanel::HasUnsavedChanges()

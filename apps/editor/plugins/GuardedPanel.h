@@ -2,12 +2,12 @@
 #pragma once
 
 #include "LumetraEditor/IEditor.h"
+#include "edit/PanelEdit.h"
 #include "plugins/CallDepth.h"
 #include "plugins/Failure.h"
 #include "plugins/PluginLoader.h"
 #include "plugins/RetiredPanel.h"
 
-#include <QJsonObject>
 #include <QObject>
 
 #include <optional>
@@ -42,9 +42,10 @@ public:
 
     void PhotoChanged();
     void PreviewReady(const QString& key);
-    /// The panel's edit; nothing when the panel is out of use, or is now.
-    std::optional<QJsonObject> SaveEdit();
-    void RestoreEdit(const QJsonObject& edit);
+    /// Nothing when the panel is out of use, or is now because it has failed or given what no edit
+    /// can hold.
+    std::optional<PanelEdit> SaveEdit();
+    void RestoreEdit(const PanelEdit& edit);
     bool HasUnsavedChanges();
     /// True when the panel is out of use, or is now.
     bool MayEnd();

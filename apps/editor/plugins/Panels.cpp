@@ -34,7 +34,7 @@ void Panels::Restore(const EditState& state)
 {
     for (const auto& panel : m_panels) {
         const auto found = state.panels.find(panel->GetId());
-        panel->RestoreEdit(found == state.panels.end() ? QJsonObject() : found->second.GetObject());
+        panel->RestoreEdit(found == state.panels.end() ? PanelEdit() : found->second);
     }
 }
 

@@ -208,7 +208,7 @@ GuardedPanel* Editor::AddPanel(const LoadedPlugin& plugin)
     // A panel that is added after the photo was opened finds its part of the edit.
     if (const auto part = m_state.panels.find(plugin.id); part != m_state.panels.end()) {
         const QScopedValueRollback<bool> restoring(m_isRestoring, true);
-        panel.RestoreEdit(part->second.GetObject());
+        panel.RestoreEdit(part->second);
     }
     m_state = CaptureEdit();
     return panel.IsUsable() ? &panel : nullptr;

@@ -2,6 +2,7 @@
 #include "editor/EditorFixture.h"
 #include "editor/Medium.h"
 #include "editor/ScriptedAlerts.h"
+#include "support/StoredForm.h"
 
 #include "edit/EditFile.h"
 #include "edit/KeptEdits.h"
@@ -74,7 +75,7 @@ protected:
     {
         EditFile file;
         file.state.panels[QStringLiteral("exposure-panel")] =
-            QJsonObject{{QStringLiteral("tenthsOfStops"), value}};
+            LumetraEditor::PanelEdit(StoredNode{{"tenthsOfStops", value}}.ToProperty());
         file.photo = PhotoIdentity::Of(Path("lake.png"));
         file.saved = time;
         return file.ToText();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The file of an edit, which other programs write too.
 #include "editor/EditorFixture.h"
+#include "support/StoredForm.h"
 
 #include "edit/EditFile.h"
 #include "edit/KeptEdits.h"
@@ -26,7 +27,7 @@ EditState Edit(const char* look)
 {
     EditState state;
     state.panels[QStringLiteral("looks")] =
-        QJsonObject{{QStringLiteral("name"), QLatin1String(look)}};
+        LumetraEditor::PanelEdit(StoredNode{{"name", look}}.ToProperty());
     return state;
 }
 

@@ -22,6 +22,7 @@
 #include <functional>
 #include <map>
 #include <stdexcept>
+#include <utility>
 
 using namespace LumetraTest;
 using testing::HasSubstr;
@@ -128,6 +129,11 @@ private:
     }
 };
 
+class OddEditTest : public ModulesTest,
+                    public testing::WithParamInterface<std::pair<const char*, const char*>>
+{
+};
+
 class FailingFromTheBeginningTest : public ModulesTest,
                                     public testing::WithParamInterface<const char*>
 {
@@ -174,6 +180,41 @@ INSTANTIATE_TEST_SUITE_P(AtEveryOperation, FailingModuleTest,
                                          "HasUnsavedChanges", "HasUnsavedChanges 42", "MayEnd",
                                          "MayEnd 42", "event", "event 42", "paint", "paint 42",
                                          "redo", "redo 42", "undo", "undo 42"));
+
+TEST_P(OddEditTest, costsOnlyThePanelThatGivesIt)
+{
+    const auto& [oddity, reason] = GetParam();
+    Load();
+    OpenLake();
+    Misbehave(oddity);
+
+    Slider()->setValue(10);
+
+    ExpectOutOfUse();
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr(reason));
+    Misbehave("");
+    EXPECT_THAT(KeptEdit(), HasSubstr("\"tenthsOfStops\":-9"));
+    EXPECT_THAT(KeptEdit(), HasSubstr(Strength));
+    EXPECT_THAT(KeptEdit(), HasSubstr(Elsewhere));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    OfEveryKind, OddEditTest,
+    testing::Values(
+        std::pair("null edit", "edit: expected a node, found a null pointer"),
+        std::pair("null node", "edit/node: expected a node, found a null pointer"),
+        std::pair("null element", "edit/list[0]: expected a node, found a null pointer"),
+        std::pair("no number", "edit/number: expected a finite number, found nan"),
+        std::pair("not finite", "edit/number: expected a finite number, found -inf"),
+        std::pair("broken text", "edit/text: expected text in valid UTF-8, found \"caf?\""),
+        std::pair("broken key", "edit: expected keys in valid UTF-8, found \"caf?\""),
+        std::pair("empty key", "edit: expected a key for every value, found an empty one"),
+        std::pair("key twice", "edit: expected each key once, found \"twice\" again"),
+        std::pair("many keys", "edit: expected at most 10000 keys in a node, found 10002"),
+        std::pair("deep", "/deep: expected nesting of at most 60 levels"),
+        std::pair("ring", "/self: expected nesting of at most 60 levels"),
+        std::pair("wide", "expected at most 1000000 values"),
+        std::pair("large", "edit: expected at most 25165824 bytes, found 2621")));
 
 TEST_P(FailingFromTheBeginningTest, isReportedAndTheOthersWork)
 {
@@ -312,6 +353,25 @@ TEST_F(ModulesTest, discardingTakesOffOnlyWhatIsSeen)
     EXPECT_THAT(KeptEdit(), Not(HasSubstr("tenthsOfStops")));
     EXPECT_THAT(KeptEdit(), HasSubstr(Strength));
     EXPECT_THAT(KeptEdit(), HasSubstr(Elsewhere));
+}
+
+TEST_F(ModulesTest, aPartWithMoreKeysThanAPanelCanTakeStaysInTheFile)
+{
+    std::string keys = R"("strength": 7)";
+    for (int i = 0; i < 10'000; ++i)
+        keys += ", \"key" + std::to_string(i) + "\": 1";
+    WriteFile("lake.png.lumetra.json",
+              QByteArray::fromStdString(R"({"format": "lumetra-sidecar", "version": 1, "panels": {
+                  "exposure-panel": {"tenthsOfStops": 5}, "misbehaving-module": {)" +
+                                        keys + "}}}"));
+    Load();
+
+    OpenLake();
+
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr("at most 10000 keys in a node, found 10001"));
+    EXPECT_EQ(Slider()->value(), 5);
+    Slider()->setValue(10);
+    EXPECT_THAT(KeptEdit(), HasSubstr("\"key9999\":1"));
 }
 
 TEST_F(ModulesTest, aPanelThatComesLaterFindsItsEdit)

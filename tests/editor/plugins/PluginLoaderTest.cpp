@@ -52,8 +52,8 @@ TEST_F(PluginLoaderTest, refusesAnotherInterfaceVersion)
     const std::string report = LoadRefused(TestModule("outdated-module"));
 
     EXPECT_THAT(report, HasSubstr("liboutdated-module.so"));
-    EXPECT_THAT(report, HasSubstr("version 0.9"));
-    EXPECT_THAT(report, HasSubstr("expected version 1.1"));
+    EXPECT_THAT(report, HasSubstr("version 1.1"));
+    EXPECT_THAT(report, HasSubstr("expected version 2.0"));
 }
 
 TEST_F(PluginLoaderTest, refusesModulesOfOtherPrograms)

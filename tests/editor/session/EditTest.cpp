@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "editor/EditorFixture.h"
 #include "editor/ScriptedAlerts.h"
+#include "support/StoredForm.h"
 
 #include "Zorvik/Proc/SettingsEffectEmpty.h"
 #include "Zorvik/Quindle/EffectSettingsImpl.h"
@@ -18,9 +19,13 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdint>
+#include <limits>
+
 using namespace LumetraTest;
 using LumetraEditor::EditState;
 using LumetraEditor::EditStateFormat;
+using LumetraEditor::PanelEdit;
 using LumetraEditor::Sidecar;
 using LumetraHost::JsonDocument;
 using testing::HasSubstr;
@@ -237,7 +242,8 @@ TEST_F(EditTest, reportsAPanelsPartThatMakesNoSense)
 
     Open(Path("lake.png"));
 
-    EXPECT_THAT(GetMessage().toStdString(), HasSubstr("expected a number"));
+    EXPECT_THAT(GetMessage().toStdString(),
+                HasSubstr("tenthsOfStops: expected number, found string"));
     EXPECT_EQ(Slider()->value(), 0);
 }
 
@@ -307,8 +313,7 @@ TEST(EditStateFormat, readsWhatItWrites)
     package.Effects().push_back(effect);
     state.committed.push_back(package);
     state.records.push_back({"Soft Skin", 70});
-    state.panels[QStringLiteral("looks")] =
-        QJsonObject{{QStringLiteral("preset"), QStringLiteral("ä")}};
+    state.panels[QStringLiteral("looks")] = PanelEdit(StoredNode{{"preset", "ä"}}.ToProperty());
 
     const QByteArray text = EditStateFormat::ToDocument(state).ToText();
     const EditState read = EditStateFormat::FromDocument(JsonDocument::Parse(text, "test"));
@@ -318,6 +323,51 @@ TEST(EditStateFormat, readsWhatItWrites)
     EXPECT_EQ(read.records[0].preset, "Soft Skin");
     EXPECT_EQ(read.committed[0].Package().GetPresetName(), "Soft \"Skin\"");
     EXPECT_EQ(EditStateFormat::ToDocument(read).ToText(), text);
+}
+
+TEST(EditStateFormat, keepsAModulesValuesAsTheyWereGiven)
+{
+    const auto given = StoredNode{
+        {"z", 1.0},
+        {"größe", "Maß \xF0\x9F\x93\xB7"},
+        {"a", StoredNode{{"third", 0.1 + 0.2}, {"none", StoredNode()}}},
+        {"list",
+         StoredList{StoredNode("named", {{"on", true}}), StoredNode(), StoredNode{{"on", false}}}},
+        {"empty", StoredList()},
+        {"text", ""}}.ToProperty();
+    given->Set("large", std::int64_t(9007199254740993));
+    given->Set("least", std::numeric_limits<std::int64_t>::min());
+    EditState state;
+    state.panels[QStringLiteral("m")] = PanelEdit(given);
+
+    const QByteArray text = EditStateFormat::ToDocument(state).ToText();
+    const EditState read = EditStateFormat::FromDocument(JsonDocument::Parse(text, "test"));
+    const auto restored = read.panels.at(QStringLiteral("m")).MakeProperty();
+
+    EXPECT_EQ(StoredText(*restored), StoredText(*given));
+    EXPECT_TRUE(read == state);
+}
+
+TEST(EditStateFormat, aModuleCannotChangeWhatItHasGiven)
+{
+    const auto given = StoredNode{{"a", StoredNode{{"b", 1}}}}.ToProperty();
+    const PanelEdit edit(given);
+
+    std::get<Zorvik::Core::Property::Ptr>(*given->Find("a"))->Set("b", std::int64_t(2));
+    edit.MakeProperty()->Set("a", false);
+
+    EXPECT_EQ(StoredText(*edit.MakeProperty()), "{a: {b: 1}}");
+}
+
+TEST(EditStateFormat, twoEditsDifferByOrderAndKindOfTheirValues)
+{
+    const auto make = [](const StoredNode& node) { return PanelEdit(node.ToProperty()); };
+
+    EXPECT_TRUE(make({{"a", 1}, {"b", 2}}) == make({{"a", 1}, {"b", 2}}));
+    EXPECT_FALSE(make({{"a", 1}, {"b", 2}}) == make({{"b", 2}, {"a", 1}}));
+    EXPECT_FALSE(make({{"a", 1}}) == make({{"a", 1.0}}));
+    EXPECT_FALSE(make({{"a", StoredList()}}) == make({{"a", StoredNode()}}));
+    EXPECT_FALSE(make({}) == make({{"a", false}}));
 }
 
 TEST(EditStateFormat, namesThePlaceOfWhatIsWrong)

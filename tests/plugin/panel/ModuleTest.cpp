@@ -6,7 +6,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QEvent>
-#include <QJsonObject>
 #include <QLocale>
 #include <QPluginLoader>
 #include <QTemporaryDir>
@@ -63,7 +62,7 @@ TEST_F(ModuleTest, makesAPanelWithTheShippedLooks)
 
     EXPECT_EQ(editor.messages, QStringList());
     EXPECT_FALSE(editor.GetQueue().isEmpty()); // thumbnails of looks
-    EXPECT_TRUE(panel->SaveEdit().isEmpty());
+    EXPECT_TRUE(panel->SaveEdit()->GetEntries().empty());
 }
 
 TEST_F(ModuleTest, speaksTheLanguageOfTheEditor)

@@ -68,7 +68,7 @@ TEST_F(PanelTest, discardTakesTheLookOff)
 
     EXPECT_TRUE(HaveSamePixels(editor.GetResult(), photo));
     EXPECT_FALSE(panel->HasUnsavedChanges());
-    EXPECT_TRUE(panel->SaveEdit().isEmpty());
+    EXPECT_TRUE(panel->SaveEdit()->GetEntries().empty());
 }
 
 TEST_F(PanelTest, applyMakesTheLookPartOfThePhoto)

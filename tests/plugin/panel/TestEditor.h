@@ -2,8 +2,8 @@
 #pragma once
 
 #include "LumetraEditor/IEditor.h"
+#include "Zorvik/Core/Property.h"
 
-#include <QJsonObject>
 #include <QStringList>
 #include <QUndoStack>
 
@@ -46,7 +46,7 @@ public:
     QString photoPath = QStringLiteral("photo.jpg");
     QStringList messages;
     QStringList steps;
-    std::vector<QJsonObject> edits;
+    std::vector<Zorvik::Core::Property::Ptr> edits;
     std::optional<Zorvik::Quindle::EffectsSettings> shown; ///< on the photo, without applying
     int shownCount = 0;
     QUndoStack undoStack;

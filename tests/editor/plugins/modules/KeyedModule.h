@@ -43,7 +43,10 @@ public:
     }
     void PhotoChanged() override {}
     void PreviewReady(const QString&) override {}
-    QJsonObject SaveEdit() const override { return {}; }
-    void RestoreEdit(const QJsonObject&) override {}
+    Zorvik::Core::Property::Ptr SaveEdit() const override
+    {
+        return std::make_shared<Zorvik::Core::Property>(std::string());
+    }
+    void RestoreEdit(const Zorvik::Core::Property::Ptr&) override {}
     bool HasUnsavedChanges() const override { return false; }
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "MisbehavingModule.h"
 
+#include "OddEdits.h"
+
 #include <QApplication>
 #include <QDialog>
 #include <QDragEnterEvent>
@@ -9,11 +11,15 @@
 #include <QUndoCommand>
 #include <QVBoxLayout>
 
+#include <cstdint>
+#include <memory>
 #include <stdexcept>
 
 namespace {
 
-const QString StrengthKey = QStringLiteral("strength");
+using Zorvik::Core::Property;
+
+constexpr char StrengthKey[] = "strength";
 
 QString Mode()
 {
@@ -101,18 +107,22 @@ void MisbehavingPanel::PreviewReady(const QString&)
     Enter("PreviewReady");
 }
 
-QJsonObject MisbehavingPanel::SaveEdit() const
+Property::Ptr MisbehavingPanel::SaveEdit() const
 {
     Enter("SaveEdit");
     if (Mode() == QLatin1String("save again"))
         m_editor.NoteEdit(QStringLiteral("Again"));
-    return m_strength == 0 ? QJsonObject() : QJsonObject{{StrengthKey, m_strength}};
+    const auto edit = std::make_shared<Property>(std::string());
+    if (m_strength != 0)
+        edit->Set(StrengthKey, std::int64_t(m_strength));
+    return OddEdits::Spoil(edit, Mode().toStdString());
 }
 
-void MisbehavingPanel::RestoreEdit(const QJsonObject& edit)
+void MisbehavingPanel::RestoreEdit(const Property::Ptr& edit)
 {
     Enter("RestoreEdit");
-    m_strength = edit.value(StrengthKey).toInt();
+    const Property::Value* const strength = edit->Find(StrengthKey);
+    m_strength = strength ? static_cast<int>(std::get<std::int64_t>(*strength)) : 0;
 }
 
 bool MisbehavingPanel::HasUnsavedChanges() const
