@@ -164,7 +164,7 @@ EffectsSettings PresetController::MakePreviewSettings()
     return m_previewEffectSettings;
 }
 
-PreviewPolicies PresetController::GetPreviewPolicies() const
+LumetraHost::PreviewPolicies PresetController::GetPreviewPolicies() const
 {
     return {m_previewCropPolicy, m_previewFitPolicy,
             m_previews->isDraft ? Zorvik::Quindle::IQuindleDrawer::FlagDraft : 0};
@@ -194,7 +194,7 @@ QImage PresetController::GetPreviewImage()
     const auto workspace = GetWorkspaceController(false);
     if (!workspace || !FindProblem(LumetraHost::ContentCheck::Presence).empty())
         return QImage();
-    const PreviewPolicies policies = GetPreviewPolicies();
+    const LumetraHost::PreviewPolicies policies = GetPreviewPolicies();
     if (!m_previews->render) {
         WriteIntensityToPreview();
         return GetImagePreviewInternal(m_previews->size, policies.flags);

@@ -5,6 +5,7 @@
 #include "Settings/SliderSetting.h"
 
 #include "Zorvik/Proc/Frame.h"
+#include "drawer/render/PreviewPart.h"
 #include "engine/base/IStoredElsewhere.h"
 
 #include <QSize>
@@ -14,15 +15,7 @@
 
 namespace LumetraPlugin {
 
-/// How a preset wants its preview cut and scaled, see IQuindleDrawer::RenderPreview.
-struct PreviewPolicies
-{
-    int crop = 1;
-    int fit = 0;
-    unsigned flags = 0;
-};
-
-/// Options of the preview pictures that all presets of one panel share.
+/// What all presets of one panel share about their preview pictures.
 struct PreviewOptions
 {
     QSize size = {160, 120}; ///< pixels; a preview is at most this large
@@ -32,7 +25,7 @@ struct PreviewOptions
     /// May be empty.
     std::function<Zorvik::Proc::Frame(const std::string&, const Zorvik::Proc::FrameTarget&,
                                       const Zorvik::Quindle::EffectsSettings&,
-                                      const PreviewPolicies&)>
+                                      const LumetraHost::PreviewPolicies&)>
         render = {};
 };
 
@@ -65,8 +58,8 @@ public:
     /// The package for the preset's picture, made of the catalogue's preview list where there is
     /// one.
     Zorvik::Quindle::EffectsSettings MakePreviewSettings();
-    PreviewPolicies GetPreviewPolicies() const;
-    /// The key of the preset's picture, from group and id; no other preset has it.
+    LumetraHost::PreviewPolicies GetPreviewPolicies() const;
+    /// Tells its picture from those of other presets: group and id.
     std::string GetPreviewKey() const;
     /// The intensity that the preset came with, which a reset goes back to. It lies within the
     /// range: a stored one that does not has been moved to the nearest end.

@@ -83,7 +83,7 @@ void PresetsPanel::UseEditorsPreviews()
     options.isDraft = false; // nobody waits for it
     options.render = [this](const std::string& key, const Zorvik::Proc::FrameTarget& target,
                             const Zorvik::Quindle::EffectsSettings& settings,
-                            const PreviewPolicies& policies) {
+                            const LumetraHost::PreviewPolicies& policies) {
         return m_editor.RequestPreview(QString::fromStdString(key), target, settings, policies.crop,
                                        policies.fit, policies.flags);
     };

@@ -4,8 +4,17 @@
 #include "drawer/render/PhotoPart.h"
 
 #include "Zorvik/Proc/Frame.h"
+#include "Zorvik/Quindle/IQuindleDrawer.h"
 
 namespace LumetraHost {
+
+/// How a preview is cut and scaled, see IQuindleDrawer::RenderPreview.
+struct PreviewPolicies
+{
+    int crop = Zorvik::Quindle::IQuindleDrawer::CropToCentre;
+    int fit = Zorvik::Quindle::IQuindleDrawer::FitByScaling;
+    unsigned flags = 0;
+};
 
 /// The part of the photo that a preview shows. Crop 0: the whole photo, inside the target; 1 (and
 /// all others): the centre of it, filling the target. Fit 0 (and all others): scaled up or down; 1:

@@ -9,19 +9,11 @@
 
 #include "image/Image.h"
 
-#include "Zorvik/Quindle/IQuindleDrawer.h"
+#include "Zorvik/Proc/Frame.h"
 
 #include <list>
 
 namespace LumetraHost {
-
-/// See IQuindleDrawer::RenderPreview.
-struct PreviewPolicies
-{
-    int crop = Zorvik::Quindle::IQuindleDrawer::CropToCentre;
-    int fit = Zorvik::Quindle::IQuindleDrawer::FitByScaling;
-    unsigned flags = 0;
-};
 
 /// Renders small pictures of one photo with various effects. Keeps the last few scaled parts of the
 /// photo, so that a grid of previews scales only once. One thread only.

@@ -114,11 +114,12 @@ TEST_F(PresetControllerTest, previewsInTheSizeOfThePanelAtTheCurrentIntensity)
 
 TEST_F(PresetControllerTest, tellsWhoRendersHowThePreviewIsCut)
 {
-    PreviewPolicies asked{-1, -1, 9};
+    LumetraHost::PreviewPolicies asked{-1, -1, 9};
     PreviewOptions options;
     options.isDraft = false;
     options.render = [&](const std::string&, const Zorvik::Proc::FrameTarget&,
-                         const Zorvik::Quindle::EffectsSettings&, const PreviewPolicies& policies) {
+                         const Zorvik::Quindle::EffectsSettings&,
+                         const LumetraHost::PreviewPolicies& policies) {
         asked = policies;
         return Zorvik::Proc::Frame();
     };
