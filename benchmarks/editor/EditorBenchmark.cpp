@@ -74,6 +74,11 @@ void Wait(int milliseconds)
     loop.exec();
 }
 
+LumetraHost::LiveView& GetCanvasView(const LumetraEditor::EditorWindow& window)
+{
+    return *window.findChild<LumetraEditor::CanvasFeed*>()->findChild<LumetraHost::LiveView*>();
+}
+
 void Open(LumetraEditor::Editor& editor, LumetraEditor::EditorWindow& window, const char* name,
           const QString& path)
 {
@@ -82,15 +87,16 @@ void Open(LumetraEditor::Editor& editor, LumetraEditor::EditorWindow& window, co
     const QObject here;
     QObject::connect(&editor, &LumetraEditor::Editor::photoChanged, &here,
                      [&] { photo = clock.nsecsElapsed(); });
-    QObject::connect(&editor.GetPreviews(), &LumetraHost::AsyncPreviews::previewReady, &here, [&] {
-        if (photo != 0 && thumbnail == 0) // a thumbnail of the photo before would come earlier
-            thumbnail = clock.nsecsElapsed();
-    });
+    QObject::connect(editor.findChild<LumetraHost::AsyncPreviews*>(),
+                     &LumetraHost::AsyncPreviews::previewReady, &here, [&] {
+                         if (photo != 0 && thumbnail == 0) // not one of the photo before
+                             thumbnail = clock.nsecsElapsed();
+                     });
     clock.start();
     window.OpenPhotos({path});
     while (editor.IsOpening())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    window.GetFeed().GetLiveView().WaitForFrame();
+    GetCanvasView(window).WaitForFrame();
     Wait(1000); // until the thumbnails in sight are there
     std::printf("open    %-14s photo after %4.0f ms, first thumbnail %4.0f ms later, %5.0f MB\n",
                 name, photo / 1e6, (thumbnail - photo) / 1e6, Memory("VmRSS"));
@@ -118,7 +124,7 @@ void Drag(WatchedApplication& application, LumetraEditor::EditorWindow& window, 
     };
     int frames = 0;
     const auto counting = QObject::connect(
-        &window.GetFeed(), &LumetraEditor::CanvasFeed::frameShown, [&frames] { ++frames; });
+        &GetCanvasView(window), &LumetraHost::LiveView::frameReady, [&frames] { ++frames; });
     QEventLoop loop;
     QTimer timer;
     int tick = 0;

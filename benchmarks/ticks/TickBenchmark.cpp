@@ -102,10 +102,11 @@ public:
     void Tick()
     {
         m_intensity = m_intensity == 60 ? 61 : 60;
+        const auto serial = m_view.GetFrame().serial;
         m_session.GetModel().setData(m_index, m_intensity, EffectPresetModel::IntensityRole);
-        if (m_view.IsUpToDate())
-            throw std::runtime_error("a new intensity did not ask for a frame");
         m_view.WaitForFrame();
+        if (m_view.GetFrame().serial == serial)
+            throw std::runtime_error("a new intensity did not ask for a frame");
     }
 
 private:

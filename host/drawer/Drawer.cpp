@@ -14,11 +14,7 @@ namespace LumetraHost {
 using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::EffectsSettingsPackage;
 
-Drawer::Drawer()
-    : m_painter(m_stack, [this] { NotifyFrameChanged(); }), m_picture(m_renderer),
-      m_previews(m_renderer)
-{
-}
+Drawer::Drawer() : m_painter(m_stack, [this] { NotifyFrameChanged(); }), m_previews(m_renderer) {}
 
 void Drawer::SetPhoto(const Image& photo)
 {
@@ -26,20 +22,8 @@ void Drawer::SetPhoto(const Image& photo)
     m_stack.TakeAll();
     m_committed.clear();
     m_photo = photo;
-    m_picture.SetSource(photo);
     NotifyCommittedPhotoChanged();
     NotifyFrameChanged();
-}
-
-Image Drawer::GetCommittedPhoto()
-{
-    return m_picture.Render(GetRecipe().layers, m_committed.size());
-}
-
-Image Drawer::Result()
-{
-    const PictureRecipe recipe = GetRecipe();
-    return m_picture.Render(recipe.layers, recipe.layers.size());
 }
 
 PictureRecipe Drawer::GetRecipe() const
@@ -87,16 +71,6 @@ std::vector<EffectsSettings> Drawer::GetCommittedPackages() const
     for (const SharedSettings& settings : m_committed)
         packages.push_back(*settings);
     return packages;
-}
-
-std::vector<std::string> Drawer::GetUnknownEffects() const
-{
-    Zorvik::Quindle::EffectList effects;
-    for (const Layer& layer : MakeRecipe(m_stack).layers) {
-        const auto& added = layer.settings->Effects();
-        effects.insert(effects.end(), added.begin(), added.end());
-    }
-    return Renderer::FindUnknownEffects(effects);
 }
 
 void Drawer::AddObserver(IDrawerObserver* observer)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "drawer/render/LayerRenderer.h"
 #include "drawer/render/PreviewRenderer.h"
 #include "drawer/stack/IDrawerObserver.h"
 #include "drawer/stack/PackageStack.h"
@@ -19,9 +18,9 @@
 namespace LumetraHost {
 
 /// The core drawer of one workspace: the untouched photo, the packages committed into it, the open
-/// packages on top, and the recipe of the picture that they make. Changes render nothing. Whole
-/// pictures are rendered on the calling thread (and the pool's) when somebody asks for one, which
-/// a program with a window leaves to LiveView. Owned by the workspace controller; one thread only.
+/// packages on top, and the recipe of the picture that they make. It renders nothing but previews,
+/// on the calling thread (and the pool's), when somebody asks for one; pictures are made from the
+/// recipe elsewhere, see LiveView and Export. Owned by the workspace controller; one thread only.
 ///
 /// Rounding: every package, committed or open, and every effect committed by itself rounds its
 /// picture to the photo's depth once, at whatever size it is rendered. Committing changes no pixel.
@@ -40,16 +39,11 @@ public:
     void SetPhoto(const Image& photo);
     /// The photo that SetPhoto() was given.
     const Image& GetPhoto() const { return m_photo; }
-    /// The photo with the committed packages, in full size.
-    Image GetCommittedPhoto();
-    /// The photo with all packages and with the effect of an open painting. Null without a photo.
-    Image Result();
-    /// How Result() is made.
+    /// The photo with all packages and with what an open painting shows.
     PictureRecipe GetRecipe() const;
-    /// How GetCommittedPhoto() is made.
+    /// The photo with the committed packages alone.
     PictureRecipe GetCommittedRecipe() const;
-    /// How Result() would be made after applying `settings`, without the effect of an open
-    /// painting.
+    /// GetRecipe() as it would be after applying `settings`, without what an open painting shows.
     PictureRecipe GetRecipeWith(const Zorvik::Quindle::EffectsSettings& settings) const;
 
     /// Takes the open package of that index off, with its painting; nothing when there is none.
@@ -59,11 +53,6 @@ public:
     /// them.
     std::vector<Zorvik::Quindle::EffectsSettings> GetOpenPackages() const;
     std::vector<Zorvik::Quindle::EffectsSettings> GetCommittedPackages() const;
-    /// The ids of the effects on the photo that the engine does not know and leaves out.
-    std::vector<std::string> GetUnknownEffects() const;
-
-    /// How many packages were drawn so far to make whole pictures, on the callers' threads.
-    std::size_t GetDrawnLayerCount() const { return m_picture.GetDrawnLayerCount(); }
 
     /// Observers are not owned and must be removed before they die.
     void AddObserver(IDrawerObserver* observer);
@@ -92,7 +81,6 @@ private:
     std::vector<SharedSettings> m_committed;
     PackageStack m_stack;
     Painter m_painter;
-    LayerRenderer m_picture;
     PreviewRenderer m_previews;
     std::vector<IDrawerObserver*> m_observers;
 };

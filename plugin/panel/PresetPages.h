@@ -32,8 +32,7 @@ public:
                 QWidget* parent = nullptr);
     ~PresetPages() override;
 
-    const std::vector<PresetGrid*>& GetGrids() const { return m_grids; }
-    /// Reads all pages again, after names or presets have changed.
+    /// Names have changed, or which presets there are.
     void Refresh();
     /// Shows the pages for the filter's new settings.
     void FollowFilter();

@@ -4,6 +4,7 @@
 #include "EffectPresets/EffectPresetModel.h"
 #include "core/PresetSession.h"
 #include "drawer/Drawer.h"
+#include "host/drawer/DrawnPicture.h"
 #include "image/Image.h"
 #include "workspace/WorkspaceController.h"
 
@@ -57,7 +58,7 @@ protected:
     {
         session.OpenPhoto(photo);
         session.GetModel().setData(preset, true, Model::AppliedRole);
-        return session.GetWorkspace().GetDrawer().Result();
+        return LumetraHost::DrawWhole(session.GetWorkspace().GetDrawer());
     }
 
     static std::string NameOf(const QModelIndex& preset)

@@ -5,6 +5,7 @@
 #include "PictureChange.h"
 #include "Settings/IntensitySettingType.h"
 #include "Settings/TuneSettingType.h"
+#include "host/drawer/DrawnPicture.h"
 
 #include <cstring>
 
@@ -50,7 +51,7 @@ protected:
         model.setData(preset, true, Model::AppliedRole);
         model.setData(preset, value, Model::IntensityRole);
         model.setData(preset, QVariant::fromValue(TuneSettingType::ChangeEnd), Model::TuneRole);
-        return session.GetWorkspace().GetDrawer().Result();
+        return LumetraHost::DrawWhole(session.GetWorkspace().GetDrawer());
     }
 
     /// The photo with the preset applied at that intensity from the start.
@@ -60,7 +61,7 @@ protected:
         auto& model = session.GetModel();
         model.setData(preset, value, Model::IntensityRole);
         model.setData(preset, true, Model::AppliedRole);
-        return session.GetWorkspace().GetDrawer().Result();
+        return LumetraHost::DrawWhole(session.GetWorkspace().GetDrawer());
     }
 
     void ExpectPhotoAtLowest(Image::Depth depth)
@@ -121,7 +122,8 @@ TEST_F(IntensityTest, editsWithTheWholeLookComeBackAtTheHighest)
         model.ActivatePreset(preset.data(Model::PresetIdRole).toString().toStdString(), drawn[0]);
         EXPECT_EQ(preset.data(Model::IntensityRole).toInt(), highest) << NameOf(preset);
         model.setData(preset, QVariant::fromValue(TuneSettingType::Apply), Model::TuneRole);
-        EXPECT_EQ(CountOtherRows(session.GetWorkspace().GetDrawer().Result(), whole), 0)
+        EXPECT_EQ(CountOtherRows(LumetraHost::DrawWhole(session.GetWorkspace().GetDrawer()), whole),
+                  0)
             << NameOf(preset);
     }
 }

@@ -3,6 +3,8 @@
 
 #include "canvas/CanvasFeed.h"
 #include "canvas/PhotoCanvas.h"
+#include "drawer/view/LiveView.h"
+#include "histogram/HistogramFeed.h"
 #include "photo/PhotoWriter.h"
 #include "window/MessageBar.h"
 
@@ -10,14 +12,18 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
+#include <QDropEvent>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QSettings>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
+#include <QUrl>
 
 namespace LumetraTest {
 namespace {
@@ -143,10 +149,38 @@ void EditorTest::LoadPresetsPanel()
     QApplication::processEvents();
 }
 
+LumetraHost::LiveView& EditorTest::GetCanvasView() const
+{
+    return *GetPart<LumetraEditor::CanvasFeed>().findChild<LumetraHost::LiveView*>();
+}
+
+LumetraHost::LiveView& EditorTest::GetHistogramView() const
+{
+    return *GetPart<LumetraEditor::HistogramFeed>().findChild<LumetraHost::LiveView*>();
+}
+
+bool EditorTest::IsExporting() const
+{
+    return !Find<QToolButton>("cancelExport")->isHidden();
+}
+
+void EditorTest::DropFiles(const QStringList& paths) const
+{
+    QMimeData data;
+    QList<QUrl> urls;
+    for (const QString& path : paths)
+        urls.append(QUrl::fromLocalFile(path));
+    data.setUrls(urls);
+    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &drop);
+}
+
 QImage EditorTest::GetPicture() const
 {
-    window->GetFeed().GetLiveView().WaitForFrame();
-    return window->GetCanvas().GetFrame(LumetraEditor::PhotoCanvas::Layer::Edited).image;
+    GetCanvasView().WaitForFrame();
+    return GetPart<LumetraEditor::PhotoCanvas>()
+        .GetFrame(LumetraEditor::PhotoCanvas::Layer::Edited)
+        .image;
 }
 
 std::pair<QListView*, QModelIndex> EditorTest::FindLook(const QString& name) const
@@ -208,7 +242,7 @@ bool EditorTest::NameBy(const char* action, const QString& name) const
 
 QString EditorTest::GetMessage() const
 {
-    return window->GetMessages().GetText();
+    return GetPart<LumetraEditor::MessageBar>().GetText();
 }
 
 QAction* EditorTest::FindAction(const char* name) const

@@ -17,6 +17,10 @@
 
 class QListView;
 
+namespace LumetraHost {
+class LiveView;
+}
+
 namespace LumetraTest {
 
 /// Processes events until `isDone`; a condition that never comes true hangs the test.
@@ -64,8 +68,24 @@ protected:
         EXPECT_NE(widget, nullptr) << name;
         return widget;
     }
+    /// The one object of this class in the window.
+    template <class Type>
+    Type& GetPart() const
+    {
+        auto* const part = window->findChild<Type*>();
+        EXPECT_NE(part, nullptr);
+        return *part;
+    }
     QAction* FindAction(const char* name) const;
-    /// The canvas' picture when everything has been rendered, without anything over it.
+    /// Where the canvas' pictures are rendered.
+    LumetraHost::LiveView& GetCanvasView() const;
+    /// Where the picture is rendered that the histogram counts.
+    LumetraHost::LiveView& GetHistogramView() const;
+    /// The open photo is being exported.
+    bool IsExporting() const;
+    /// The files are dropped on the window.
+    void DropFiles(const QStringList& paths) const;
+    /// What the canvas shows when everything has been rendered, without anything over it.
     QImage GetPicture() const;
 
     // Steps of a user in the presets panel.

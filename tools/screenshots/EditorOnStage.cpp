@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "EditorOnStage.h"
 
-#include "canvas/CanvasFeed.h"
 #include "drawer/previews/AsyncPreviews.h"
-#include "histogram/HistogramFeed.h"
-#include "plugins/PluginLoader.h"
+#include "drawer/view/LiveView.h"
+#include "plugins/PluginFolders.h"
 
 #include <QAction>
 #include <QApplication>
@@ -199,10 +198,9 @@ void EditorOnStage::Settle()
     for (int round = 0; round < SettlingRounds; ++round) {
         QApplication::processEvents();
         m_window->grab();
-        m_editor->GetPreviews().WaitForAll();
-        if (m_editor->HasPhoto())
-            m_window->GetFeed().GetLiveView().WaitForFrame();
-        m_window->GetHistogramFeed().GetLiveView().WaitForFrame();
+        m_editor->findChild<LumetraHost::AsyncPreviews*>()->WaitForAll();
+        for (auto* const view : m_window->findChildren<LumetraHost::LiveView*>())
+            view->WaitForFrame();
     }
 }
 

@@ -5,6 +5,7 @@
 #include "style/StyleColours.h"
 #include "window/EditorWindow.h"
 
+#include <QAction>
 #include <QTemporaryDir>
 
 #include <functional>
@@ -33,6 +34,8 @@ public:
             qFatal("expected the window to have a \"%s\"", name);
         return *part;
     }
+
+    QAction& FindAction(const char* name) { return Find<QAction>(name); }
 
     void OpenSample();
     /// Begins to open a photo and does not wait: the panel is locked then.

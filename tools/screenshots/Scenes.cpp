@@ -3,7 +3,6 @@
 
 #include "EditorOnStage.h"
 
-#include "actions/EditorActions.h"
 #include "canvas/PhotoCanvas.h"
 #include "window/MessageBar.h"
 #include "window/Questions.h"
@@ -39,7 +38,7 @@ QImage PlayStart(EditorOnStage& stage)
 QImage PlayRecent(EditorOnStage& stage)
 {
     stage.OpenSample();
-    stage.GetWindow().GetActions().closePhoto->trigger();
+    stage.FindAction("closePhoto").trigger();
     return stage.Grab();
 }
 
@@ -63,7 +62,7 @@ QImage PlayZoom(EditorOnStage& stage)
 {
     stage.OpenSample();
     stage.ClickLook(Look);
-    stage.GetWindow().GetCanvas().SetZoom(4);
+    stage.GetWindow().findChild<LumetraEditor::PhotoCanvas*>()->SetZoom(4);
     return stage.Grab();
 }
 
@@ -71,7 +70,7 @@ QImage PlaySplit(EditorOnStage& stage)
 {
     stage.OpenSample();
     stage.ClickLook(Look);
-    stage.GetWindow().GetActions().split->trigger();
+    stage.FindAction("split").trigger();
     return stage.Grab();
 }
 
@@ -178,7 +177,7 @@ QImage PlayExport(EditorOnStage& stage)
 {
     stage.OpenSample();
     stage.ClickLook(Look);
-    return WithDialog(stage, *stage.GetWindow().GetActions().exportPhoto);
+    return WithDialog(stage, stage.FindAction("exportPhoto"));
 }
 
 QImage PlaySave(EditorOnStage& stage)
@@ -222,7 +221,7 @@ QImage PlayRefused(EditorOnStage& stage)
 {
     stage.OpenSample();
     stage.ClickLook(Look);
-    return WithDialog(stage, *stage.GetWindow().GetActions().exportPhoto, [] {
+    return WithDialog(stage, stage.FindAction("exportPhoto"), [] {
         auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         auto* const path = dialog->findChild<QLineEdit*>(QStringLiteral("exportPath"));
         path->setText(path->text().replace(QFileInfo(path->text()).fileName(), Sample));
@@ -236,7 +235,7 @@ QImage PlayKept(EditorOnStage& stage)
     stage.OpenSample();
     QDir().mkpath(stage.GetWindow().windowFilePath() + QStringLiteral(".lumetra.json"));
     stage.ClickLook(Look);
-    while (stage.GetWindow().GetMessages().GetText().isEmpty())
+    while (stage.GetWindow().findChild<LumetraEditor::MessageBar*>()->GetText().isEmpty())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     return stage.Grab();
 }
@@ -265,13 +264,13 @@ QImage PlayLost(EditorOnStage& stage)
 QImage PlayShortcuts(EditorOnStage& stage)
 {
     stage.OpenSample();
-    return WithDialog(stage, *stage.GetWindow().GetActions().shortcuts);
+    return WithDialog(stage, stage.FindAction("shortcuts"));
 }
 
 QImage PlayAbout(EditorOnStage& stage)
 {
     stage.OpenSample();
-    return WithDialog(stage, *stage.GetWindow().GetActions().about);
+    return WithDialog(stage, stage.FindAction("about"));
 }
 
 } // namespace

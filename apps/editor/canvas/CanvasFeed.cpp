@@ -20,7 +20,8 @@ QImage ForScreen(const QImage& image)
 } // namespace
 
 CanvasFeed::CanvasFeed(Editor& editor, PhotoCanvas& canvas, QObject* parent)
-    : QObject(parent), m_editor(editor), m_canvas(canvas), m_view(editor.GetHost().GetDrawer())
+    : QObject(parent), m_editor(editor), m_canvas(canvas),
+      m_view(editor.GetHost().GetDrawer(), this)
 {
     m_view.SetDisplay(editor.GetDisplay());
     connect(&editor, &Editor::photoChanged, this, &CanvasFeed::TakePhoto);
@@ -57,7 +58,6 @@ void CanvasFeed::ShowFrame(const ViewFrame& frame)
         return;
     m_canvas.SetFrame(PhotoCanvas::Layer::Edited, {ForScreen(frame.ToQImage()), frame.part});
     ShowOriginal();
-    emit frameShown();
 }
 
 void CanvasFeed::ShowOriginal()

@@ -21,13 +21,6 @@ public:
     /// Both are kept by reference.
     CanvasFeed(Editor& editor, PhotoCanvas& canvas, QObject* parent = nullptr);
 
-    /// The view, for callers that wait for the canvas' next picture.
-    LumetraHost::LiveView& GetLiveView() { return m_view; }
-
-signals:
-    /// The canvas shows another picture of the edit now.
-    void frameShown();
-
 private:
     void TakePhoto();
     void RequestView();

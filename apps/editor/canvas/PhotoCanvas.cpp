@@ -120,7 +120,6 @@ void PhotoCanvas::SetComparing(bool compare)
     if (m_isComparing == compare)
         return;
     ChangeNeeds(m_isComparing, compare);
-    emit comparingChanged(compare);
 }
 
 void PhotoCanvas::SetSplitPosition(double position)

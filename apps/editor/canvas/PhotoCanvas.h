@@ -55,7 +55,6 @@ public:
     bool IsSplit() const { return m_isSplit; }
     /// Moves the line to `position`, 0 to 1 of the canvas' width.
     void SetSplitPosition(double position);
-    double GetSplitPosition() const { return m_splitPosition; }
     bool NeedsOriginal() const { return m_isComparing || m_isSplit; }
 
     QSize sizeHint() const override;
@@ -66,7 +65,6 @@ signals:
     void zoomChanged(double zoom);
     /// NeedsOriginal() has changed.
     void originalNeeded(bool needed);
-    void comparingChanged(bool comparing);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -16,7 +16,7 @@ constexpr int LongestSide = 384; // some 100,000 pixels tell the shares of 256 v
 
 HistogramFeed::HistogramFeed(Editor& editor, HistogramWidget& histogram)
     : QObject(&histogram), m_editor(editor), m_histogram(histogram),
-      m_view(editor.GetHost().GetDrawer())
+      m_view(editor.GetHost().GetDrawer(), this)
 {
     connect(&editor, &Editor::photoChanged, this, &HistogramFeed::Follow);
     connect(&editor, &Editor::shownOnTopChanged, this,

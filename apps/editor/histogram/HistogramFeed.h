@@ -21,9 +21,6 @@ public:
     /// Both are kept by reference; the widget outlives the feed.
     HistogramFeed(Editor& editor, HistogramWidget& histogram);
 
-    /// The view, for callers that wait for the histogram.
-    LumetraHost::LiveView& GetLiveView() { return m_view; }
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -16,7 +16,6 @@ public:
     explicit HistogramWidget(QWidget* parent = nullptr);
 
     void SetHistogram(const Histogram& histogram);
-    const Histogram& GetHistogram() const { return m_histogram; }
 
     QSize sizeHint() const override { return {304, 96}; }
 

@@ -62,7 +62,7 @@ private:
 
 Editor::Editor(QObject* parent)
     : QObject(parent), m_workspace(std::make_shared<WorkspaceController>()),
-      m_previews(std::make_unique<AsyncPreviews>(m_workspace->GetDrawer()))
+      m_previews(std::make_unique<AsyncPreviews>(m_workspace->GetDrawer(), this))
 {
     LumetraHost::RegisterEffects();
     connect(&m_loader, &PhotoLoader::loaded, this, &Editor::TakePhoto);

@@ -59,8 +59,6 @@ public:
     const LumetraHost::Photo& GetPhoto() const { return m_photo; }
 
     LumetraHost::WorkspaceController& GetHost() { return *m_workspace; }
-    /// The previews, for callers that wait for them.
-    LumetraHost::AsyncPreviews& GetPreviews() { return *m_previews; }
     QUndoStack& GetUndoStack() { return m_undoStack; }
     /// The package that a panel shows without having applied it; empty again after the next edit.
     const std::optional<Zorvik::Quindle::EffectsSettings>& GetShownOnTop() const
@@ -93,8 +91,6 @@ public:
     std::vector<Zorvik::Quindle::EffectsSettings> GetPackages() const;
     /// Records of those packages that are presets.
     std::vector<LumetraHost::EditRecord> GetRecords() const;
-    /// The edit as it is at this moment.
-    EditState CaptureEdit() const;
 
     std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> GetWorkspace() override;
     QString GetPhotoPath() const override { return m_path; }
@@ -133,6 +129,8 @@ private:
     void OpenSidecar(const PhotoIdentity& identity);
     /// Asks the user about an edit that was made for another file.
     void SettleEditOfOtherPhoto();
+    /// The edit as it is at this moment.
+    EditState CaptureEdit() const;
     void RestoreEdit(const EditState& state);
     void RestoreStep(const EditState& state);
     EditState RunCommand(const std::function<void()>& command);
@@ -143,7 +141,7 @@ private:
     void RestorePackages(const std::vector<Zorvik::Quindle::EffectsSettings>& committed);
 
     std::shared_ptr<LumetraHost::WorkspaceController> m_workspace;
-    std::unique_ptr<LumetraHost::AsyncPreviews> m_previews;
+    std::unique_ptr<LumetraHost::AsyncPreviews> m_previews; ///< ends before the workspace
     PhotoLoader m_loader;
     QString m_path;
     LumetraHost::Photo m_photo;

@@ -16,9 +16,6 @@ public:
 
     EditorSettings();
 
-    /// The file, with its path.
-    QString GetFileName() const { return m_settings.fileName(); }
-
     LumetraHost::PaletteKind GetPalette() const;
     void SetPalette(LumetraHost::PaletteKind kind);
 

@@ -62,9 +62,8 @@ EditorWindow::EditorWindow(Editor& editor)
       m_toolBar(new QToolBar(this)), m_compare(new QToolButton(this)),
       m_splitter(new QSplitter(this)), m_centre(new QStackedWidget(m_splitter)),
       m_start(new StartPage(m_centre)), m_canvas(new PhotoCanvas(m_centre)),
-      m_feed(new CanvasFeed(editor, *m_canvas, this)), m_side(new QWidget(m_splitter)),
-      m_histogram(new HistogramWidget(m_side)),
-      m_histogramFeed(new HistogramFeed(editor, *m_histogram)), m_panels(new PanelTabs(m_side)),
+      m_side(new QWidget(m_splitter)), m_histogram(new HistogramWidget(m_side)),
+      m_panels(new PanelTabs(m_side)),
       m_panelKeys(new PanelKeys(*this, [this](QWidget& panel) { RevealPanel(panel); })),
       m_messages(new MessageBar(m_centre)), m_photoText(new QLabel(this)),
       m_zoomText(new QLabel(this)), m_progress(new QProgressBar(this)),
@@ -72,6 +71,8 @@ EditorWindow::EditorWindow(Editor& editor)
       m_monitor(new MonitorColours(editor, *this))
 {
     setObjectName(QStringLiteral("editorWindow"));
+    new CanvasFeed(editor, *m_canvas, this); // these belong to the window
+    new HistogramFeed(editor, *m_histogram);
     setWindowIcon(MakeProgramIcon());
     setAcceptDrops(true);
     m_actions->FillMenuBar(*menuBar());
@@ -342,10 +343,7 @@ void EditorWindow::ShowOpening(const QString& path)
     m_progress->show();
 }
 
-Exporter& EditorWindow::GetExporter()
-{
-    return m_export->GetExporter();
-}
+// Exporting
 
 void EditorWindow::ShowExport()
 {
@@ -360,10 +358,10 @@ void EditorWindow::ShowExport()
 void EditorWindow::ShowPhoto()
 {
     const bool hasPhoto = m_editor.HasPhoto();
-    m_progress->setVisible(GetExporter().IsRunning());
+    m_progress->setVisible(m_export->GetExporter().IsRunning());
     m_centre->setCurrentWidget(hasPhoto ? static_cast<QWidget*>(m_canvas) : m_start);
     m_actions->SetPhotoEnabled(hasPhoto);
-    m_actions->exportPhoto->setEnabled(hasPhoto && !GetExporter().IsRunning());
+    m_actions->exportPhoto->setEnabled(hasPhoto && !m_export->GetExporter().IsRunning());
     m_compare->setEnabled(hasPhoto);
     m_zoomText->setVisible(hasPhoto);
     setWindowFilePath(m_editor.GetPhotoPath());
@@ -455,7 +453,7 @@ void EditorWindow::changeEvent(QEvent* event)
 
 bool EditorWindow::MayClose()
 {
-    if (GetExporter().IsRunning() && !AskToStopExport(this))
+    if (m_export->GetExporter().IsRunning() && !AskToStopExport(this))
         return false;
     if (!m_editor.MayEndPanels())
         return false;

@@ -16,12 +16,9 @@ class QToolButton;
 
 namespace LumetraEditor {
 
-class CanvasFeed;
 class Editor;
 class EditorActions;
 class ExportCommand;
-class Exporter;
-class HistogramFeed;
 class HistogramWidget;
 class MessageBar;
 class MonitorColours;
@@ -48,20 +45,11 @@ public:
     void AddPanel(const LoadedPlugin& plugin);
     /// Opens the first photo; the others follow by "Next Photo". Replaces an earlier list.
     void OpenPhotos(const QStringList& paths);
-    /// Takes files that are dropped on the window: opens photos, hands other files to the panels.
-    void TakeFiles(const QStringList& paths);
 
     /// See MonitorColours::Use(); until the program ends.
     void UseMonitorProfile(const QString& choice);
     void UsePalette(LumetraHost::PaletteKind kind);
     void UseLanguage(const QString& language);
-
-    Exporter& GetExporter();
-    PhotoCanvas& GetCanvas() { return *m_canvas; }
-    CanvasFeed& GetFeed() { return *m_feed; }
-    EditorActions& GetActions() { return *m_actions; }
-    HistogramFeed& GetHistogramFeed() { return *m_histogramFeed; }
-    MessageBar& GetMessages() { return *m_messages; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -78,6 +66,8 @@ private:
     void RestoreSettings();
 
     void ConnectExporter();
+    /// What is dropped on the window: photos are opened, other files are for the panels.
+    void TakeFiles(const QStringList& paths);
     void AskForPhoto();
     void OpenNeighbour(int step);
     void ShowPhoto();
@@ -103,10 +93,8 @@ private:
     QStackedWidget* m_centre;
     StartPage* m_start;
     PhotoCanvas* m_canvas;
-    CanvasFeed* m_feed;
     QWidget* m_side;
     HistogramWidget* m_histogram;
-    HistogramFeed* m_histogramFeed;
     PanelTabs* m_panels;
     PanelKeys* m_panelKeys;
     MessageBar* m_messages;

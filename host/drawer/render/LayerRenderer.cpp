@@ -128,7 +128,6 @@ Image LayerRenderer::RenderLayer(std::size_t position, const Layer& layer, const
     RenderOptions options;
     options.area = m_area;
     options.cancel = cancel;
-    ++m_drawnLayers;
     const Image picture = layer.paintedBlend
                               ? RenderBlend(position, layer, below, options)
                               : RenderSettings(position, *layer.settings, below, options);

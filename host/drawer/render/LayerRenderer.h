@@ -52,11 +52,6 @@ public:
     /// cancelled. Keeps nothing.
     Image RenderFromTables(const std::vector<Layer>& layers, const CancelToken* cancel = nullptr);
 
-    /// How the changing layer is drawn; for interaction.
-    const IncrementalRenderer& GetIncremental() const { return m_incremental; }
-    /// How many layers have been drawn since the beginning; blends of finished pictures too.
-    std::size_t GetDrawnLayerCount() const { return m_drawnLayers; }
-
 private:
     struct Output
     {
@@ -92,7 +87,6 @@ private:
     std::size_t m_changed = 0; ///< the layer that was changed last
     FullEffect m_fullEffect;
     ImagePool m_spares;
-    std::size_t m_drawnLayers = 0;
 };
 
 } // namespace LumetraHost

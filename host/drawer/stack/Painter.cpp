@@ -40,7 +40,7 @@ Painter::Painter(PackageStack& stack, std::function<void()> frameChanged)
 
 void Painter::FinishOpenPainting()
 {
-    if (IsPainting())
+    if (m_package)
         FinishPainting(MAX_POS, MAX_POS, false);
 }
 

@@ -26,7 +26,6 @@ public:
     /// The stack is kept by reference; `frameChanged` is called when the picture is another one.
     Painter(PackageStack& stack, std::function<void()> frameChanged);
 
-    bool IsPainting() const { return m_package != nullptr; }
     /// Finishes an open painting; the last update stays.
     void FinishOpenPainting();
     /// Ends an open painting without keeping anything.

@@ -25,10 +25,9 @@ QString DescribeError(const std::exception_ptr& error)
 
 } // namespace
 
-LiveView::LiveView(Drawer& drawer, QObject* parent) : LiveView(drawer, LiveViewOptions(), parent) {}
-
-LiveView::LiveView(Drawer& drawer, const LiveViewOptions& options, QObject* parent)
-    : QObject(parent), m_drawer(drawer), m_worker(std::make_unique<ViewWorker>(options, [this] {
+LiveView::LiveView(Drawer& drawer, QObject* parent, std::chrono::nanoseconds previewBeyond)
+    : QObject(parent), m_drawer(drawer),
+      m_worker(std::make_unique<ViewWorker>(previewBeyond, [this] {
           QMetaObject::invokeMethod(
               this, [this] { Deliver(); }, Qt::QueuedConnection);
       }))
@@ -60,14 +59,6 @@ void LiveView::SetShownOnTop(std::optional<Zorvik::Quindle::EffectsSettings> set
     StartRendering();
 }
 
-void LiveView::SetShowsOriginal(bool showsOriginal)
-{
-    if (m_showsOriginal == showsOriginal)
-        return;
-    m_showsOriginal = showsOriginal;
-    StartRendering();
-}
-
 void LiveView::SetDisplay(const std::shared_ptr<const DisplayTransform>& display)
 {
     if (m_display == display)
@@ -83,11 +74,6 @@ void LiveView::SetNeedsOriginal(bool needsOriginal)
     m_needsOriginal = needsOriginal;
     if (needsOriginal && m_shownOriginal.IsNull())
         StartRendering();
-}
-
-bool LiveView::IsUpToDate() const
-{
-    return m_doneSerial == m_serial;
 }
 
 void LiveView::WaitForFrame()
@@ -124,7 +110,6 @@ void LiveView::StartRendering()
     const Image& photo = job.recipe.photo;
     job.serial = ++m_serial;
     job.geometry = ViewGeometry::Make({photo.GetWidth(), photo.GetHeight()}, m_request);
-    job.showsOriginal = m_showsOriginal;
     job.display = m_display;
     job.needsOriginal = m_needsOriginal;
     job.isOtherPhoto = !photo.SharesPixelsWith(m_photo);

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "drawer/stack/IDrawerObserver.h"
-#include "drawer/view/LiveViewOptions.h"
 #include "drawer/view/ViewFrame.h"
 
 #include "image/Image.h"
@@ -12,6 +11,7 @@
 #include <QObject>
 #include <QString>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -34,9 +34,13 @@ class LiveView : public QObject, private IDrawerObserver
     Q_OBJECT
 
 public:
-    /// `drawer` is kept by reference and outlives the view.
-    explicit LiveView(Drawer& drawer, QObject* parent = nullptr);
-    LiveView(Drawer& drawer, const LiveViewOptions& options, QObject* parent = nullptr);
+    static constexpr std::chrono::nanoseconds PreviewBeyond = std::chrono::milliseconds(25);
+
+    /// `drawer` is kept by reference and outlives the view. A full frame that is expected to take
+    /// longer than `previewBeyond` is preceded by a preview: all pixels from tables where that is
+    /// quick enough, else fewer pixels.
+    explicit LiveView(Drawer& drawer, QObject* parent = nullptr,
+                      std::chrono::nanoseconds previewBeyond = PreviewBeyond);
     ~LiveView() override;
 
     /// Nothing is rendered before the first call.
@@ -50,8 +54,6 @@ public:
     void SetDisplay(const std::shared_ptr<const DisplayTransform>& display);
     /// True: frames come with the untouched photo, see GetShownOriginal().
     void SetNeedsOriginal(bool needsOriginal);
-    /// Shows the untouched photo.
-    void SetShowsOriginal(bool showsOriginal);
 
     /// The frame that was announced last; null before the first one.
     const ViewFrame& GetFrame() const { return m_frame; }
@@ -61,10 +63,8 @@ public:
     /// needed; the frame that is announced then has it.
     Image GetShownOriginal() const { return m_shownOriginal; }
 
-    /// True when the announced frame is the full one of the present state.
-    bool IsUpToDate() const;
-    /// Blocks until IsUpToDate() and announces the frame. For commands and tests; throws what the
-    /// rendering threw.
+    /// Blocks until the full frame of the present state is there, and announces it. For commands
+    /// and tests; throws what the rendering threw.
     void WaitForFrame();
 
 signals:
@@ -76,6 +76,8 @@ signals:
 private:
     void FrameChanged() override;
     void CommittedPhotoChanged() override;
+    /// True when the announced frame is the full one of the present state.
+    bool IsUpToDate() const { return m_doneSerial == m_serial; }
     void StartRendering();
     void Deliver();
     void Announce(const ViewResult& result);
@@ -83,7 +85,6 @@ private:
     Drawer& m_drawer;
     ViewRequest m_request;
     std::optional<Zorvik::Quindle::EffectsSettings> m_shownOnTop;
-    bool m_showsOriginal = false;
     bool m_needsOriginal = false;
     std::shared_ptr<const DisplayTransform> m_display;
     quint64 m_serial = 0; ///< of the present state

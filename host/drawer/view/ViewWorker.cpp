@@ -20,9 +20,9 @@ constexpr int HaloStep = 32;
 
 } // namespace
 
-ViewWorker::ViewWorker(const LiveViewOptions& options, std::function<void()> frameIsThere)
-    : m_options(options), m_frameIsThere(std::move(frameIsThere)), m_scalingTime(AssumedScaling),
-      m_renderingTime(AssumedRendering), m_thread([this] { Work(); })
+ViewWorker::ViewWorker(std::chrono::nanoseconds previewBeyond, std::function<void()> frameIsThere)
+    : m_previewBeyond(previewBeyond), m_frameIsThere(std::move(frameIsThere)),
+      m_scalingTime(AssumedScaling), m_renderingTime(AssumedRendering), m_thread([this] { Work(); })
 {
 }
 
@@ -102,8 +102,6 @@ bool ViewWorker::RunPreview(const Queued& queued)
     const ViewJob& job = queued.job;
     if (!IsTableQuick(job))
         return RunStep(queued, true);
-    if (m_options.onRendering)
-        m_options.onRendering({job.serial, true, *queued.cancel});
     const ViewGeometry geometry = MakeGeometry(job, false);
     const Image picture =
         m_full.RenderFromTables(job.recipe, geometry.GetPhotoPart(), queued.cancel.get());
@@ -115,8 +113,6 @@ bool ViewWorker::RunPreview(const Queued& queued)
 bool ViewWorker::RunStep(const Queued& queued, bool isReduced)
 {
     const ViewJob& job = queued.job;
-    if (m_options.onRendering)
-        m_options.onRendering({job.serial, isReduced, *queued.cancel});
     PartRenderer& renderer = isReduced ? m_reduced : m_full;
     const ViewGeometry geometry = MakeGeometry(job, isReduced);
     return PostFrame(queued, Render(queued, geometry, renderer), geometry, renderer, isReduced);
@@ -170,7 +166,7 @@ Image ViewWorker::Render(const Queued& queued, const ViewGeometry& geometry, Par
     const bool wasScaled = renderer.HasScaled(job.recipe.photo, geometry.GetPhotoPart());
     const Image original = renderer.GetOriginal(job.recipe.photo, geometry.GetPhotoPart());
     const auto scaled = Clock::now();
-    if (original.IsNull() || job.showsOriginal)
+    if (original.IsNull())
         return original;
     const Image picture = renderer.Render(job.recipe, geometry.GetPhotoPart(), queued.cancel.get());
     if (&renderer == &m_full && !picture.IsNull()) {
@@ -202,11 +198,11 @@ ViewGeometry ViewWorker::MakeGeometry(const ViewJob& job, bool isReduced) const
 int ViewWorker::ChooseHalvings(const ViewJob& job) const
 {
     const double perPixel =
-        (job.showsOriginal ? 0 : m_renderingTime) +
+        m_renderingTime +
         (m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart()) ? 0 : m_scalingTime);
     double expected = job.geometry.GetPixelCount() * perPixel;
     int halvings = 0;
-    while (halvings < MostHalvings && expected > double(m_options.reducedBeyond.count())) {
+    while (halvings < MostHalvings && expected > double(m_previewBeyond.count())) {
         expected /= 4;
         ++halvings;
     }
@@ -217,11 +213,11 @@ int ViewWorker::ChooseHalvings(const ViewJob& job) const
 /// the colours that it holds.
 bool ViewWorker::IsTableQuick(const ViewJob& job) const
 {
-    if (job.showsOriginal || !m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart()))
+    if (!m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart()))
         return false;
     const double expected =
         TableColours * m_renderingTime + TableDrawing * job.geometry.GetPixelCount();
-    return expected <= double(m_options.reducedBeyond.count());
+    return expected <= double(m_previewBeyond.count());
 }
 
 bool ViewWorker::IsSuperseded()

@@ -4,7 +4,6 @@
 #include "drawer/render/PartRenderer.h"
 #include "drawer/stack/PictureRecipe.h"
 #include "drawer/view/DisplayTransform.h"
-#include "drawer/view/LiveViewOptions.h"
 #include "drawer/view/ViewFrame.h"
 #include "drawer/view/ViewGeometry.h"
 #include "image/ImagePool.h"
@@ -29,7 +28,6 @@ struct ViewJob
     quint64 serial = 0;
     PictureRecipe recipe;
     ViewGeometry geometry;
-    bool showsOriginal = false;
     std::shared_ptr<const DisplayTransform> display; ///< null: sRGB
     bool needsOriginal = false;                      ///< in the display's colours too
     /// True: no frame of a job before this one may be shown any more.
@@ -52,7 +50,8 @@ class ViewWorker
 {
 public:
     /// `frameIsThere` is called on the worker's thread when TakeResult() has something new.
-    ViewWorker(const LiveViewOptions& options, std::function<void()> frameIsThere);
+    /// For `previewBeyond` see LiveView.
+    ViewWorker(std::chrono::nanoseconds previewBeyond, std::function<void()> frameIsThere);
     /// Cancels what is running.
     ~ViewWorker();
     ViewWorker(const ViewWorker&) = delete;
@@ -99,7 +98,7 @@ private:
     bool IsSuperseded();
     bool Post(const Queued& queued, ViewResult result);
 
-    const LiveViewOptions m_options;
+    const std::chrono::nanoseconds m_previewBeyond;
     const std::function<void()> m_frameIsThere;
     Renderer m_renderer;
     PartRenderer m_full{m_renderer, LayerUse::Interaction};

@@ -7,7 +7,6 @@
 #include "engine/run/RenderPlan.h"
 
 #include "Zorvik/Exception.h"
-#include "Zorvik/Proc/SettingsEffectEmpty.h"
 
 #include <boost/current_function.hpp>
 
@@ -110,19 +109,6 @@ Image Renderer::Interpolate(const Image& source, const Image& effect, int blendA
     Blend(source, effect, blendAmount, target, LimitToSupported(options.isa), options.threads,
           *m_pool);
     return target;
-}
-
-std::vector<std::string> Renderer::FindUnknownEffects(const EffectList& effects)
-{
-    std::vector<std::string> unknown;
-    for (const EffectPtr& effect : effects) {
-        if (!effect || effect->GetEffectID() == Zorvik::Proc::SettingsEffectEmpty::EFFECT_ID ||
-            EffectKinds::Find(effect->GetEffectID()))
-            continue;
-        if (std::find(unknown.begin(), unknown.end(), effect->GetEffectID()) == unknown.end())
-            unknown.push_back(effect->GetEffectID());
-    }
-    return unknown;
 }
 
 int Renderer::FindHalo(const EffectList& effects, const PictureArea& area)

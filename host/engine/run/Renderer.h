@@ -70,9 +70,6 @@ public:
     Image Interpolate(const Image& source, const Image& effect, int blendAmount,
                       const RenderOptions& options = {}, Image recycled = {}) const;
 
-    /// The ids of the effects that cannot be drawn, each once, in order. The empty effect can.
-    static std::vector<std::string> FindUnknownEffects(const Zorvik::Quindle::EffectList& effects);
-
     /// How many rendered pixels on each side the effects look away from a pixel, at the scale of
     /// `area`: a part that is rendered with that much around it is as it is in the whole picture,
     /// within the error of the Gaussians. 0 without spatial effects.

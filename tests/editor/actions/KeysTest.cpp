@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // One set of keys for the whole window, wherever the focus is.
 #include "editor/EditorFixture.h"
+#include "editor/canvas/SplitLine.h"
 
 #include "Zorvik/Lumetra/IObjectsConnectorID.h"
 #include "Zorvik/Util/ObjectsConnector.h"
@@ -49,7 +50,7 @@ protected:
         FindAction("split")->trigger();
     }
 
-    PhotoCanvas& Canvas() const { return window->GetCanvas(); }
+    PhotoCanvas& Canvas() const { return GetPart<LumetraEditor::PhotoCanvas>(); }
     QLineEdit* Search() const { return Find<QLineEdit>("searchField"); }
 
     /// The entries of the list of keys (F1).
@@ -85,13 +86,16 @@ protected:
         return keys;
     }
 
-    static void Press(const QString& key)
+    void Press(const QString& key)
     {
         const int code = QKeySequence(key)[0];
         ASSERT_NE(code, Qt::Key_unknown) << key.toStdString();
-        QTest::keyClick(QApplication::focusWidget(),
-                        static_cast<Qt::Key>(code & ~Qt::KeyboardModifierMask),
-                        static_cast<Qt::KeyboardModifiers>(code & Qt::KeyboardModifierMask));
+        const auto press = static_cast<Qt::Key>(code & ~Qt::KeyboardModifierMask);
+        const auto modifiers = static_cast<Qt::KeyboardModifiers>(code & Qt::KeyboardModifierMask);
+        QTest::keyPress(QApplication::focusWidget(), press, modifiers);
+        if (Canvas().IsComparing())
+            done.append(QStringLiteral("See the original"));
+        QTest::keyRelease(QApplication::focusWidget(), press, modifiers);
     }
 
     /// Notes commands from now on instead of running them.
@@ -115,11 +119,6 @@ protected:
                 note();
             });
         }
-        QObject::connect(&Canvas(), &PhotoCanvas::comparingChanged, window.get(),
-                         [this](bool isComparing) {
-                             if (isComparing)
-                                 done.append(QStringLiteral("See the original"));
-                         });
         QObject::connect(&Canvas(), &PhotoCanvas::zoomChanged, window.get(),
                          [this] { done.append(QStringLiteral("Zoom in, out, fit, actual size")); });
     }
@@ -128,9 +127,9 @@ protected:
     QStringList Do(const QString& key)
     {
         done.clear();
-        const double line = Canvas().GetSplitPosition();
+        const double line = FindSplitLine(Canvas());
         Press(key);
-        if (Canvas().GetSplitPosition() != line)
+        if (FindSplitLine(Canvas()) != line)
             done.append(QStringLiteral("Move the line of the split view"));
         return done;
     }

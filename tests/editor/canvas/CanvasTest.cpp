@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include "drawer/view/LiveView.h"
 #include "editor/EditorFixture.h"
+#include "editor/canvas/SplitLine.h"
 
 #include "canvas/CanvasFeed.h"
 #include "canvas/PhotoCanvas.h"
@@ -23,7 +25,7 @@ class CanvasTest : public EditorTest
 protected:
     void OpenLarge() { Open(WritePhoto("large.png", 2000, 1500)); }
 
-    PhotoCanvas& Canvas() { return window->GetCanvas(); }
+    PhotoCanvas& Canvas() { return GetPart<LumetraEditor::PhotoCanvas>(); }
     const LumetraEditor::ViewTransform& View() { return Canvas().GetView(); }
 
     void Wheel(const QPointF& position, int angle)
@@ -36,7 +38,7 @@ protected:
     /// The picture of the canvas when everything is rendered.
     QImage Grab()
     {
-        window->GetFeed().GetLiveView().WaitForFrame();
+        GetCanvasView().WaitForFrame();
         return Canvas().grab().toImage();
     }
 
@@ -227,8 +229,8 @@ TEST_F(CanvasTest, movesTheLineOfTheSplitView)
     const QPoint line(Canvas().width() / 2, 100);
 
     Drag(Canvas(), line, {Canvas().width() / 4, 100});
-    EXPECT_NEAR(Canvas().GetSplitPosition(), 0.25, 0.01);
+    EXPECT_NEAR(FindSplitLine(Canvas()), 0.25, 0.01);
     QTest::keyClick(&Canvas(), Qt::Key_Right, Qt::AltModifier);
 
-    EXPECT_NEAR(Canvas().GetSplitPosition(), 0.27, 0.01);
+    EXPECT_NEAR(FindSplitLine(Canvas()), 0.27, 0.01);
 }

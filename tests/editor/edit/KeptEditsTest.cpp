@@ -255,7 +255,7 @@ TEST_F(KeptEditsTest, asksBeforeAPhotoIsLeftWhoseEditIsNowhere)
 
     window->OpenPhotos({other});
     EXPECT_FALSE(editor->IsOpening());
-    window->TakeFiles({other});
+    DropFiles({other});
 
     EXPECT_FALSE(editor->IsOpening());
     EXPECT_EQ(editor->GetPhotoPath(), Path("lake.png"));

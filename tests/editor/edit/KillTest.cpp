@@ -77,7 +77,7 @@ protected:
         LumetraEditor::Editor editor;
         LumetraEditor::EditorWindow window(editor);
         window.LoadPanels({QStringLiteral(LUMETRA_MODULES)});
-        EXPECT_EQ(window.GetMessages().GetText(), QString());
+        EXPECT_EQ(window.findChild<LumetraEditor::MessageBar*>()->GetText(), QString());
         QStringList names;
         for (const auto* const list : window.findChildren<QListView*>())
             for (int row = 0; list->model() && row < list->model()->rowCount(); ++row)

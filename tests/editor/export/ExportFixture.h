@@ -64,7 +64,7 @@ protected:
 
     void WaitForExport()
     {
-        WaitUntil([this] { return !window->GetExporter().IsRunning(); });
+        WaitUntil([this] { return !IsExporting(); });
     }
 
     LumetraEditor::ExportOptions options;

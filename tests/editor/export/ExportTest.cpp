@@ -2,6 +2,7 @@
 #include "ExportFixture.h"
 #include "editor/Medium.h"
 #include "editor/ScriptedAlerts.h"
+#include "host/drawer/DrawnPicture.h"
 
 #include "photo/metadata/EditRecord.h"
 #include "workspace/WorkspaceController.h"
@@ -35,7 +36,7 @@ TEST_F(ExportTest, writesWhatIsShown)
 {
     const auto photo = Export();
 
-    EXPECT_TRUE(HaveSamePixels(photo.image, editor->GetHost().GetDrawer().Result()));
+    EXPECT_TRUE(HaveSamePixels(photo.image, LumetraHost::DrawWhole(editor->GetHost().GetDrawer())));
 }
 
 TEST_F(ExportTest, keepsTheFinerStepsOfSixteenBits)
@@ -44,7 +45,7 @@ TEST_F(ExportTest, keepsTheFinerStepsOfSixteenBits)
     const auto photo = Export();
 
     ASSERT_EQ(photo.image.GetDepth(), Image::Depth::Bits16);
-    const Image shown = editor->GetHost().GetDrawer().Result();
+    const Image shown = LumetraHost::DrawWhole(editor->GetHost().GetDrawer());
     bool isFiner = false;
     for (int x = 0; x < 80; ++x) {
         const int fine = photo.image.Row16(30)[4 * x];
@@ -210,7 +211,7 @@ TEST_F(ExportTest, aFolderThatIsNotThereIsNoticedInTheDialog)
     });
 
     EXPECT_THAT(alerts.GetTexts().first().toStdString(), HasSubstr(Path("missing").toStdString()));
-    EXPECT_FALSE(window->GetExporter().IsRunning());
+    EXPECT_FALSE(IsExporting());
 }
 
 TEST_F(ExportTest, aFolderThatCannotBeWrittenIsNoticedInTheDialog)
@@ -319,7 +320,7 @@ TEST_F(ExportTest, writesNothingWhenTheDialogIsLeft)
         EXPECT_FALSE(dialog.isVisible());
     });
 
-    EXPECT_FALSE(window->GetExporter().IsRunning());
+    EXPECT_FALSE(IsExporting());
     EXPECT_FALSE(QFile::exists(Path("lake_edited.jpg")));
 }
 

@@ -109,7 +109,10 @@ protected:
             {QStringLiteral("GetTitle"), [this] { ChangeLanguage(); }},
             {QStringLiteral("PhotoChanged"), [this] { OpenLake(); }},
             {QStringLiteral("PreviewReady"),
-             [this] { emit editor->GetPreviews().previewReady(QStringLiteral("key")); }},
+             [this] {
+                 emit editor->findChild<LumetraHost::AsyncPreviews*>()->previewReady(
+                     QStringLiteral("key"));
+             }},
             {QStringLiteral("SaveEdit"), [this] { Slider()->setValue(10); }},
             {QStringLiteral("RestoreEdit"), [this] { OpenLake(); }},
             {QStringLiteral("HasUnsavedChanges"), [this] { editor->HasUnsavedChanges(); }},
@@ -225,7 +228,7 @@ TEST_P(FailingFromTheBeginningTest, isReportedAndTheOthersWork)
     OpenLake();
 
     ExpectOutOfUse("misbehaving-module");
-    EXPECT_TRUE(window->GetMessages().isVisible());
+    EXPECT_TRUE(GetPart<LumetraEditor::MessageBar>().isVisible());
     EXPECT_THAT(KeptEdit(), HasSubstr(Strength));
     EXPECT_THAT(KeptEdit(), HasSubstr(Elsewhere));
 }
@@ -275,7 +278,7 @@ TEST_F(ModulesTest, whatAFailedPanelWasOfferedGoesToTheNext)
                                                  "0 0 1\n1 0 1\n0 1 1\n1 1 1\n");
     Misbehave("drag");
 
-    window->TakeFiles({table});
+    DropFiles({table});
 
     EXPECT_EQ(CountTabs(), 1);
     EXPECT_TRUE(HasLook(QStringLiteral("look")));
@@ -402,7 +405,7 @@ TEST_F(ModulesTest, reasonsStayWhenAPhotoComes)
 
     OpenLake();
 
-    EXPECT_TRUE(window->GetMessages().isVisible());
+    EXPECT_TRUE(GetPart<LumetraEditor::MessageBar>().isVisible());
     EXPECT_THAT(GetMessage().toStdString(), HasSubstr("liboutdated-module.so"));
     EXPECT_THAT(GetMessage().toStdString(), HasSubstr("failing-module"));
     EXPECT_THAT(GetMessage().toStdString(), HasSubstr("the module complains"));
@@ -416,7 +419,7 @@ TEST_F(ModulesTest, everyModuleThatFailsIsTold)
     OpenLake();
 
     std::string told;
-    while (window->GetMessages().isVisible()) {
+    while (GetPart<LumetraEditor::MessageBar>().isVisible()) {
         told += GetMessage().toStdString();
         Find<QToolButton>("messageClose")->click();
     }

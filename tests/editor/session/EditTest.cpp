@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "editor/EditorFixture.h"
 #include "editor/ScriptedAlerts.h"
+#include "host/drawer/DrawnPicture.h"
 #include "support/StoredForm.h"
 
 #include "Zorvik/Proc/SettingsEffectEmpty.h"
@@ -62,7 +63,7 @@ protected:
     }
 
     /// The red of the drawer's picture in its middle.
-    int Red() { return Drawer().Result().Row(30)[4 * 40]; }
+    int Red() { return LumetraHost::DrawWhole(Drawer()).Row(30)[4 * 40]; }
 
     void Restart()
     {

@@ -27,6 +27,8 @@
 #include <QSpinBox>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace LumetraTest {
 
 using LumetraPlugin::PresetCollection;
@@ -116,8 +118,7 @@ bool PanelAudit::IsExpected(const QModelIndex& preset) const
 
 void PanelAudit::ComparePages()
 {
-    const auto& pages = *m_widget.findChild<LumetraPlugin::PresetPages*>();
-    Expect(QStringLiteral("number of pages"), static_cast<int>(pages.GetGrids().size()),
+    Expect(QStringLiteral("number of pages"), m_widget.findChildren<PresetGrid*>().size(),
            m_model.rowCount());
     for (int group = 0; group < m_model.rowCount(); ++group)
         ComparePage(group);
@@ -125,7 +126,13 @@ void PanelAudit::ComparePages()
 
 void PanelAudit::ComparePage(int group)
 {
-    PresetGrid& grid = *m_widget.findChild<LumetraPlugin::PresetPages*>()->GetGrids()[group];
+    const auto grids = m_widget.findChildren<PresetGrid*>();
+    const auto found = std::find_if(grids.begin(), grids.end(), [group](PresetGrid* each) {
+        return each->GetPresets().GetGroup().row() == group;
+    });
+    if (found == grids.end())
+        return;
+    PresetGrid& grid = **found;
     const QModelIndex index = m_model.index(group, 0);
     QList<QModelIndex> expected;
     for (int i = 0; i < m_model.rowCount(index); ++i)

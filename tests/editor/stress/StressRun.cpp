@@ -3,18 +3,22 @@
 
 #include "PanelAudit.h"
 
+#include "host/drawer/DrawnPicture.h"
+
 #include "canvas/CanvasFeed.h"
 #include "canvas/PhotoCanvas.h"
 #include "drawer/previews/AsyncPreviews.h"
-#include "drawer/render/LayerRenderer.h"
-#include "histogram/HistogramFeed.h"
+#include "drawer/view/LiveView.h"
+#include "edit/EditFile.h"
 #include "photo/PhotoWriter.h"
 #include "plugins/PluginLoader.h"
+#include "userdata/EditPlaces.h"
 #include "workspace/WorkspaceController.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QFile>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
@@ -190,7 +194,7 @@ void StressRun::TriggerAction()
 
 void StressRun::UseCanvas()
 {
-    auto& canvas = m_window->GetCanvas();
+    auto& canvas = GetCanvas();
     const QPoint at(Pick(canvas.width()), Pick(canvas.height()));
     QWheelEvent wheel(at, canvas.mapToGlobal(at), {}, {0, 120 * (Pick(5) - 2)}, Qt::NoButton,
                       Qt::NoModifier, Qt::NoScrollPhase, false);
@@ -261,16 +265,20 @@ void StressRun::Act()
 /// are painted when they have come, and a look that the pointer rests on is shown after a moment.
 void StressRun::Settle()
 {
-    auto& view = m_window->GetFeed().GetLiveView();
+    const auto views = m_window->findChildren<LumetraHost::LiveView*>();
+    auto& canvas =
+        *m_window->findChild<LumetraEditor::CanvasFeed*>()->findChild<LumetraHost::LiveView*>();
+    quint64 serial;
     QApplication::processEvents();
     do {
+        serial = canvas.GetFrame().serial;
         for (int i = 0; i < 3; ++i) {
-            view.WaitForFrame();
-            m_window->GetHistogramFeed().GetLiveView().WaitForFrame();
-            m_editor->GetPreviews().WaitForAll();
+            for (auto* const view : views)
+                view->WaitForFrame();
+            m_editor->findChild<LumetraHost::AsyncPreviews*>()->WaitForAll();
             QApplication::processEvents();
         }
-    } while (!view.IsUpToDate());
+    } while (canvas.GetFrame().serial != serial);
     QEvent paint(QEvent::UpdateRequest);
     QApplication::sendEvent(m_window.get(), &paint);
 }
@@ -286,19 +294,16 @@ bool StressRun::Check(const char* what, bool isTrue)
 /// that the pointer rests on, if there is one.
 bool StressRun::CheckCanvas()
 {
-    m_window->GetCanvas().SetZoom(1);
+    GetCanvas().SetZoom(1);
     Settle();
-    const auto& frame = m_window->GetCanvas().GetFrame(LumetraEditor::PhotoCanvas::Layer::Edited);
+    const auto& frame = GetCanvas().GetFrame(LumetraEditor::PhotoCanvas::Layer::Edited);
     if (!Check("the canvas shows pixels as they are",
                !frame.image.isNull() && frame.image.size() == frame.part.size()))
         return false;
     const auto& drawer = m_editor->GetHost().GetDrawer();
     const auto& onTop = m_editor->GetShownOnTop();
     const auto recipe = onTop ? drawer.GetRecipeWith(*onTop) : drawer.GetRecipe();
-    const LumetraHost::Renderer renderer;
-    LumetraHost::LayerRenderer layers(renderer);
-    layers.SetSource(recipe.photo);
-    const Image expected = layers.Render(recipe.layers, recipe.layers.size());
+    const Image expected = LumetraHost::DrawRecipe(recipe);
     const int difference = FindLargestDifference(frame.image, expected, frame.part.topLeft());
     if (difference > 1)
         std::fprintf(stderr, "%d steps apart%s\n", difference, onTop ? ", with a look on top" : "");
@@ -330,30 +335,44 @@ bool StressRun::CheckScreen()
     return Check("the screen shows what the window would paint", !painted.isNull() && isSame);
 }
 
+/// The edit in the file beside the photo; that of no step where there is none.
+LumetraEditor::EditState StressRun::ReadEdit()
+{
+    m_editor->SaveEdit();
+    const QString file = LumetraHost::EditPlaces::GetBeside(m_editor->GetPhotoPath());
+    return QFile::exists(file) ? LumetraEditor::EditFile::Read(file).state
+                               : LumetraEditor::EditState();
+}
+
+LumetraEditor::PhotoCanvas& StressRun::GetCanvas()
+{
+    return *m_window->findChild<LumetraEditor::PhotoCanvas*>();
+}
+
 bool StressRun::CheckUndo()
 {
     auto& stack = m_editor->GetUndoStack();
-    const Image now = m_editor->GetHost().GetDrawer().Result();
+    const Image now = LumetraHost::DrawWhole(m_editor->GetHost().GetDrawer());
     const int steps = stack.index();
-    const auto before = m_editor->CaptureEdit();
+    const auto before = ReadEdit();
     while (stack.canUndo())
         stack.undo();
     while (stack.index() < steps)
         stack.redo();
     return Check("undoing and redoing all steps changes nothing",
-                 m_editor->CaptureEdit() == before &&
-                     HaveSamePixels(now, m_editor->GetHost().GetDrawer().Result()));
+                 ReadEdit() == before &&
+                     HaveSamePixels(now, LumetraHost::DrawWhole(m_editor->GetHost().GetDrawer())));
 }
 
 bool StressRun::CheckRestart()
 {
     m_editor->SaveEdit();
     const QString photo = m_editor->GetPhotoPath();
-    const Image now = m_editor->GetHost().GetDrawer().Result();
+    const Image now = LumetraHost::DrawWhole(m_editor->GetHost().GetDrawer());
     Start();
     Open(photo);
     return Check("a restart brings the edit back",
-                 HaveSamePixels(now, m_editor->GetHost().GetDrawer().Result()));
+                 HaveSamePixels(now, LumetraHost::DrawWhole(m_editor->GetHost().GetDrawer())));
 }
 
 /// True when memory has not grown. Called right after a restart, when the session's objects are

@@ -14,6 +14,10 @@
 #include <optional>
 #include <random>
 
+namespace LumetraEditor {
+class PhotoCanvas;
+}
+
 namespace LumetraTest {
 
 /// Random actions of a user on the editor with its looks, the same for the same seed. Checks now
@@ -42,6 +46,9 @@ private:
     void OpenPhoto();
     void Open(const QString& path);
     void Settle();
+
+    LumetraEditor::PhotoCanvas& GetCanvas();
+    LumetraEditor::EditState ReadEdit();
 
     bool CheckNow();
     bool Check(const char* what, bool isTrue);

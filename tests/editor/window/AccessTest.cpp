@@ -119,7 +119,7 @@ TEST_F(AccessTest, theTabKeyReachesEverythingThatTakesTheFocus)
 {
     ClickLook(QStringLiteral("Candlelight")); // there is something to tune
     QSet<const QWidget*> reached;
-    QWidget* const start = &window->GetCanvas();
+    QWidget* const start = &GetPart<LumetraEditor::PhotoCanvas>();
     start->setFocus();
     do {
         reached.insert(QApplication::focusWidget());
@@ -152,7 +152,7 @@ TEST_F(AccessTest, everyCommandStandsInAMenuWithAText)
     for (const QMenu* const menu : window->findChildren<QMenu*>())
         for (const QAction* const action : menu->actions())
             inMenus.insert(action);
-    for (const QAction* const action : window->GetActions().GetKeyed()) {
+    for (const QAction* const action : GetPart<LumetraEditor::EditorActions>().GetKeyed()) {
         EXPECT_TRUE(inMenus.contains(action)) << action->objectName().toStdString();
         EXPECT_FALSE(action->text().isEmpty()) << action->objectName().toStdString();
     }

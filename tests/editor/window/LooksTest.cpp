@@ -363,9 +363,9 @@ TEST_F(LooksTest, thePanelWaitsWhileAPhotoIsOpened)
 // The panel is a module with its own copy of the host's code: it reads what the program has opened.
 TEST_F(LooksTest, looksOfImportedTablesAreThereAfterARestart)
 {
-    window->TakeFiles({WriteFile("film.cube", "LUT_3D_SIZE 2\n"
-                                              "0 0 0\n1 0 0\n0 1 0\n1 1 0\n"
-                                              "0 0 1\n1 0 1\n0 1 1\n0.5 0.5 1\n")});
+    DropFiles({WriteFile("film.cube", "LUT_3D_SIZE 2\n"
+                                      "0 0 0\n1 0 0\n0 1 0\n1 1 0\n"
+                                      "0 0 1\n1 0 1\n0 1 1\n0.5 0.5 1\n")});
     ClickLook(QStringLiteral("film"));
     const QImage drawn = GetPicture();
     EXPECT_NE(drawn, original);
@@ -385,7 +385,7 @@ TEST_F(LooksTest, aTableOfGarbageIsRefused)
     for (int i = 0; i < garbage.size(); ++i)
         garbage[i] = static_cast<char>(i * 31 % 251);
 
-    window->TakeFiles({WriteFile("garbage.cube", garbage)});
+    DropFiles({WriteFile("garbage.cube", garbage)});
 
     EXPECT_THAT(GetMessage().toStdString(), HasSubstr("garbage.cube"));
     EXPECT_FALSE(HasLook(QStringLiteral("garbage")));
@@ -405,7 +405,7 @@ TEST_F(LooksTest, anExportRecordsTheLooks)
         dialog->findChild<QPushButton*>(QStringLiteral("exportButton"))->click();
     });
     FindAction("exportPhoto")->trigger();
-    WaitUntil([this] { return !window->GetExporter().IsRunning(); });
+    WaitUntil([this] { return !IsExporting(); });
 
     const auto photo = LumetraHost::PhotoReader::Read(Path("lake_edited.jpg"));
     const auto records = LumetraHost::EditRecords::Read(photo.metadata.xmp);

@@ -42,14 +42,14 @@ protected:
     {
         const QString good = WritePhoto("good.png", 40, 30);
         Open(good);
-        const QSize size = window->GetCanvas().GetView().GetPhotoSize();
+        const QSize size = GetPart<LumetraEditor::PhotoCanvas>().GetView().GetPhotoSize();
 
         Drop({path});
 
         EXPECT_THAT(GetMessage().toStdString(), HasSubstr(expected));
-        EXPECT_TRUE(window->GetMessages().isVisible());
+        EXPECT_TRUE(GetPart<LumetraEditor::MessageBar>().isVisible());
         EXPECT_EQ(editor->GetPhotoPath(), good);
-        EXPECT_EQ(window->GetCanvas().GetView().GetPhotoSize(), size);
+        EXPECT_EQ(GetPart<LumetraEditor::PhotoCanvas>().GetView().GetPhotoSize(), size);
         EXPECT_FALSE(Find<QProgressBar>("progress")->isVisible());
     }
 
@@ -74,7 +74,7 @@ protected:
 TEST_F(OpeningTest, startsWithoutAPhoto)
 {
     EXPECT_TRUE(Find<LumetraEditor::StartPage>("startPage")->isVisible());
-    EXPECT_FALSE(window->GetCanvas().isVisible());
+    EXPECT_FALSE(GetPart<LumetraEditor::PhotoCanvas>().isVisible());
     EXPECT_FALSE(FindAction("exportPhoto")->isEnabled());
     EXPECT_FALSE(FindAction("fit")->isEnabled());
 }
@@ -83,8 +83,8 @@ TEST_F(OpeningTest, showsThePhotoAndWhatItIs)
 {
     Open(WritePhoto("lake.png", 400, 300));
 
-    EXPECT_TRUE(window->GetCanvas().isVisible());
-    EXPECT_EQ(window->GetCanvas().GetView().GetPhotoSize(), QSize(400, 300));
+    EXPECT_TRUE(GetPart<LumetraEditor::PhotoCanvas>().isVisible());
+    EXPECT_EQ(GetPart<LumetraEditor::PhotoCanvas>().GetView().GetPhotoSize(), QSize(400, 300));
     EXPECT_THAT(Find<QLabel>("photoText")->text().toStdString(), HasSubstr("400 × 300"));
     EXPECT_THAT(Find<QLabel>("photoText")->text().toStdString(), HasSubstr("8 bits"));
     EXPECT_EQ(Find<QLabel>("zoomText")->text(), QStringLiteral("100 %"));
@@ -126,10 +126,10 @@ TEST_F(OpeningTest, opensAPhotoOfOnePixel)
 {
     Open(WritePhoto("dot.png", 1, 1));
 
-    EXPECT_EQ(window->GetCanvas().GetView().GetPhotoSize(), QSize(1, 1));
-    window->GetCanvas().ZoomIn();
-    window->GetCanvas().repaint();
-    EXPECT_DOUBLE_EQ(window->GetCanvas().GetView().GetZoom(), 1.5);
+    EXPECT_EQ(GetPart<LumetraEditor::PhotoCanvas>().GetView().GetPhotoSize(), QSize(1, 1));
+    GetPart<LumetraEditor::PhotoCanvas>().ZoomIn();
+    GetPart<LumetraEditor::PhotoCanvas>().repaint();
+    EXPECT_DOUBLE_EQ(GetPart<LumetraEditor::PhotoCanvas>().GetView().GetZoom(), 1.5);
 }
 
 TEST_F(OpeningTest, refusesTextThatIsCalledAPhoto)
@@ -176,8 +176,8 @@ TEST_F(OpeningTest, refusesAnEmptyFile)
 
 TEST_F(OpeningTest, messagesOfTheProgramStayInSightWhateverIsOpenedAndClosed)
 {
-    window->GetMessages().Show(QStringLiteral("A module cannot be used."),
-                               LumetraEditor::MessageBar::About::Program);
+    GetPart<LumetraEditor::MessageBar>().Show(QStringLiteral("A module cannot be used."),
+                                              LumetraEditor::MessageBar::About::Program);
     EXPECT_TRUE(IsMessageInSight());
 
     Open(WritePhoto("lake.png", 40, 30));
@@ -231,7 +231,7 @@ TEST_F(OpeningTest, offersRecentPhotosNewestFirst)
     Open(second);
     Open(WriteFile("notes.jpg", "no photo"));
 
-    const auto actions = window->GetActions().recent->actions();
+    const auto actions = GetPart<LumetraEditor::EditorActions>().recent->actions();
     ASSERT_GE(actions.size(), 2);
     EXPECT_EQ(actions[0]->text(), second);
     EXPECT_EQ(actions[1]->text(), first);
@@ -246,7 +246,7 @@ TEST_F(OpeningTest, forgetsRecentPhotos)
 
     FindAction("clearRecent")->trigger();
 
-    EXPECT_FALSE(window->GetActions().recent->isEnabled());
+    EXPECT_FALSE(GetPart<LumetraEditor::EditorActions>().recent->isEnabled());
 }
 
 TEST_F(OpeningTest, closesThePhoto)
@@ -262,10 +262,10 @@ TEST_F(OpeningTest, closesThePhoto)
 TEST_F(OpeningTest, closesAMessageByItsButton)
 {
     Open(WriteFile("notes.jpg", "no photo"));
-    ASSERT_TRUE(window->GetMessages().isVisible());
+    ASSERT_TRUE(GetPart<LumetraEditor::MessageBar>().isVisible());
 
     Find<QToolButton>("messageClose")->click();
 
-    EXPECT_FALSE(window->GetMessages().isVisible());
+    EXPECT_FALSE(GetPart<LumetraEditor::MessageBar>().isVisible());
     EXPECT_TRUE(GetMessage().isEmpty());
 }

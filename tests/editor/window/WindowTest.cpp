@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
@@ -132,7 +133,7 @@ TEST_F(WindowTest, escClosesTheMessageThatHasTheFocus)
 
     QTest::keyClick(button, Qt::Key_Escape);
 
-    EXPECT_FALSE(window->GetMessages().isVisible());
+    EXPECT_FALSE(GetPart<LumetraEditor::MessageBar>().isVisible());
 }
 
 TEST_F(WindowTest, refusesInTheUsersLanguageFirst)
@@ -163,7 +164,7 @@ TEST_F(WindowTest, listsAllKeys)
     LoadPresetsPanel();
     const auto keys = ListedKeys();
 
-    for (const QAction* const action : window->GetActions().GetKeyed())
+    for (const QAction* const action : GetPart<LumetraEditor::EditorActions>().GetKeyed())
         EXPECT_THAT(keys, Contains(HasSubstr(action->shortcut().toString().toStdString())));
     EXPECT_THAT(keys, Contains("Ctrl+D")); // the panel's
     EXPECT_THAT(keys, Contains("Alt+1 to Alt+9"));
@@ -193,7 +194,7 @@ TEST_F(WindowTest, aToolTipHasOneBlankBeforeItsKey)
 {
     for (const QString& language : {QStringLiteral("de"), QStringLiteral("en")}) {
         window->UseLanguage(language);
-        for (const QAction* const action : window->GetActions().GetKeyed())
+        for (const QAction* const action : GetPart<LumetraEditor::EditorActions>().GetKeyed())
             EXPECT_FALSE(action->toolTip().contains(QStringLiteral("  ")))
                 << action->toolTip().toStdString();
     }
@@ -240,7 +241,9 @@ TEST_F(WindowTest, theManualNamesTheFileOfTheSettings)
 {
     FindAction("light")->trigger();
     window.reset(); // written
-    const QString file = LumetraEditor::EditorSettings().GetFileName();
+    QDirIterator files(Path("settings"), {QStringLiteral("*.ini")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    const QString file = files.next();
     ASSERT_TRUE(QFile::exists(file)) << file.toStdString();
     QFile manual(QStringLiteral(LUMETRA_DOCS "/editor.md"));
     ASSERT_TRUE(manual.open(QIODevice::ReadOnly));
@@ -258,14 +261,14 @@ TEST_F(WindowTest, everyKeyReachesItsCommand)
     const QString path = WritePhoto("lake.png", 40, 30);
     window->OpenPhotos({path, path});
     WaitUntil([this] { return !editor->IsOpening(); });
-    window->GetCanvas().setFocus();
-    for (QAction* const action : window->GetActions().GetKeyed()) {
+    GetPart<LumetraEditor::PhotoCanvas>().setFocus();
+    for (QAction* const action : GetPart<LumetraEditor::EditorActions>().GetKeyed()) {
         action->disconnect(); // counted, not done
         action->setEnabled(true);
         for (const QKeySequence& key : action->shortcuts()) {
             int count = 0;
             const auto counting = QObject::connect(action, &QAction::triggered, [&] { ++count; });
-            QTest::keyClick(&window->GetCanvas(),
+            QTest::keyClick(&GetPart<LumetraEditor::PhotoCanvas>(),
                             static_cast<Qt::Key>(key[0] & ~Qt::KeyboardModifierMask),
                             static_cast<Qt::KeyboardModifiers>(key[0] & Qt::KeyboardModifierMask));
             QObject::disconnect(counting);

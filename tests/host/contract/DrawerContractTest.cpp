@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "contract/DrawerContract.h"
+#include "host/drawer/DrawnPicture.h"
 
 #include "engine/effects/EffectKinds.h"
 #include "workspace/WorkspaceController.h"
@@ -91,7 +92,7 @@ public:
         return effect;
     }
 
-    Picture GetShown() { return Picture(m_workspace.GetDrawer().Result()); }
+    Picture GetShown() { return Picture(LumetraHost::DrawWhole(m_workspace.GetDrawer())); }
 
 private:
     LumetraHost::WorkspaceController m_workspace;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "host/drawer/DrawnPicture.h"
 #include "host/engine/TestPictures.h"
 
 #include "drawer/Drawer.h"
@@ -71,7 +72,10 @@ protected:
             Zorvik::Quindle::EffectSettingsImpl::Create(Zorvik::Proc::SettingsEffectEmpty()));
     }
 
-    /// The photo with the packages, each rendered on its own.
+    Image Result() { return m_picture.Draw(); }
+    Image CommittedPhoto() { return m_picture.DrawCommitted(); }
+
+    /// What the packages make of the photo, each rendered on its own.
     Image Draw(const std::vector<Zorvik::Quindle::EffectsSettings>& packages) const
     {
         Image picture = m_photo;
@@ -82,6 +86,7 @@ protected:
 
     const Image m_photo = MakeRandomPicture(90, 60, Image::Depth::Bits8, 17);
     Drawer m_drawer;
+    DrawnPicture m_picture{m_drawer};
     CountingObserver m_observer;
 };
 

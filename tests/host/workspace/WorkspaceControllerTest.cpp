@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include "host/drawer/DrawnPicture.h"
 #include "host/engine/TestPictures.h"
 
 #include "workspace/WorkspaceController.h"
@@ -37,7 +38,7 @@ TEST(WorkspaceController, takesPackagesOffOnRequest)
     workspace.GetResetReceiver().ResetPackage(Zorvik::Quindle::ResetSettings(4));
 
     EXPECT_EQ(workspace.GetCoreDrawer().GetPackageIndex("panel"), 0xFFFFFFFFu);
-    EXPECT_TRUE(HaveSamePixels(workspace.GetDrawer().Result(), photo));
+    EXPECT_TRUE(HaveSamePixels(DrawWhole(workspace.GetDrawer()), photo));
 }
 
 TEST(PresetRegistry, replacesItsListAndFindsStoreIds)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "core/LutImport.h"
+#include "host/drawer/DrawnPicture.h"
 
 #include "core/PresetSession.h"
 #include "core/userstore/UserPresetStore.h"
@@ -68,7 +69,7 @@ TEST_F(LutImportTest, announcesThePresetAndAppliesItToTheOpenPhoto)
     EXPECT_TRUE(added.front().data(PresetModel::EditableRole).toBool());
     EXPECT_EQ(added.front().data(PresetModel::IntensityRole).toInt(), 100);
     session.GetModel().setData(added.front(), true, PresetModel::AppliedRole);
-    EXPECT_EQ(session.GetWorkspace().GetDrawer().Result().Row(0)[0], 255);
+    EXPECT_EQ(LumetraHost::DrawWhole(session.GetWorkspace().GetDrawer()).Row(0)[0], 255);
 }
 
 TEST_F(LutImportTest, numbersNamesThatAreTakenAndShortensLongOnes)
@@ -104,7 +105,7 @@ TEST_F(LutImportTest, keepsItsPresetsInTheStore)
     const QModelIndex preset = later.GetModel().index(0, 0, group);
     EXPECT_EQ(GetName(preset), QStringLiteral("negative"));
     later.GetModel().setData(preset, true, PresetModel::AppliedRole);
-    EXPECT_EQ(later.GetWorkspace().GetDrawer().Result().Row(0)[0], 255);
+    EXPECT_EQ(LumetraHost::DrawWhole(later.GetWorkspace().GetDrawer()).Row(0)[0], 255);
 }
 
 TEST_F(LutImportTest, addsNothingFromABadFile)

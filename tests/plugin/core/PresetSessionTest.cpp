@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "core/PresetSession.h"
+#include "host/drawer/DrawnPicture.h"
 
 #include "EffectPresets/EffectPresetModel.h"
 #include "Settings/TuneSettingType.h"
@@ -64,7 +65,7 @@ protected:
         session.GetModel().setData(index, value, role);
     }
 
-    Image Result() { return session.GetWorkspace().GetDrawer().Result(); }
+    Image Result() { return LumetraHost::DrawWhole(session.GetWorkspace().GetDrawer()); }
 
     QTemporaryDir folder;
     QFile file;

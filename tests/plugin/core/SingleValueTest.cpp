@@ -4,6 +4,7 @@
 #include "core/PresetModel.h"
 #include "core/PresetSession.h"
 #include "core/userstore/UserPresetStore.h"
+#include "host/drawer/DrawnPicture.h"
 #include "image/Image.h"
 #include "workspace/WorkspaceController.h"
 
@@ -202,7 +203,7 @@ Image Draw(PresetSession& session, const char* id)
     if (!preset.isValid())
         return {};
     model.setData(preset, true, PresetModel::AppliedRole);
-    const Image result = session.GetWorkspace().GetDrawer().Result();
+    const Image result = LumetraHost::DrawWhole(session.GetWorkspace().GetDrawer());
     session.DiscardChanges();
     return result;
 }
@@ -227,7 +228,7 @@ void UsePreset(PresetSession& session, const QModelIndex& preset)
     for (SliderSetting& slider : sliders)
         slider.SetValue(slider.Max());
     model.setData(preset, QVariant::fromValue(sliders), PresetModel::SettingsValuesRole);
-    EXPECT_FALSE(session.GetWorkspace().GetDrawer().Result().IsNull());
+    EXPECT_FALSE(LumetraHost::DrawWhole(session.GetWorkspace().GetDrawer()).IsNull());
     session.DiscardChanges();
     EXPECT_EQ(preset.data(PresetModel::IntensityRole).toInt(), start);
 }

@@ -16,6 +16,8 @@
 #include <QSlider>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace LumetraTest {
 namespace {
 
@@ -140,7 +142,12 @@ bool PanelFixture::IsApplied(const char* name)
 
 PresetGrid& PanelFixture::Grid(int page)
 {
-    return *panel->GetWidget()->findChild<LumetraPlugin::PresetPages*>()->GetGrids().at(page);
+    const auto grids = panel->GetWidget()->findChildren<PresetGrid*>();
+    const auto found = std::find_if(grids.begin(), grids.end(), [page](PresetGrid* grid) {
+        return grid->GetPresets().GetGroup().row() == page;
+    });
+    EXPECT_NE(found, grids.end()) << page;
+    return **found;
 }
 
 void PanelFixture::Click(const char* name)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include "host/drawer/DrawnPicture.h"
 #include "panel/PresetsPanel.h"
 
 #include "PanelFixture.h"
@@ -77,7 +78,8 @@ TEST_F(PanelTest, applyMakesTheLookPartOfThePhoto)
     const auto shown = editor.GetResult();
     Find<QAbstractButton>("applyButton").click();
 
-    EXPECT_TRUE(HaveSamePixels(editor.GetHostWorkspace().GetDrawer().GetCommittedPhoto(), shown));
+    EXPECT_TRUE(
+        HaveSamePixels(LumetraHost::DrawCommitted(editor.GetHostWorkspace().GetDrawer()), shown));
     EXPECT_FALSE(panel->HasUnsavedChanges());
     EXPECT_EQ(editor.steps.last(), QStringLiteral("Apply “Bright”"));
 }

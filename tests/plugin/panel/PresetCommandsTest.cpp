@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "panel/PresetCommands.h"
+#include "host/drawer/DrawnPicture.h"
 
 #include "PanelFixture.h"
 #include "Zorvik/Util/AlertBox.h"
@@ -216,7 +217,8 @@ TEST_F(PresetCommandsTest, applyAndDiscardByKey)
 
     Click("Bright");
     Trigger("commitPreset");
-    EXPECT_FALSE(HaveSamePixels(editor.GetHostWorkspace().GetDrawer().GetCommittedPhoto(), photo));
+    EXPECT_FALSE(
+        HaveSamePixels(LumetraHost::DrawCommitted(editor.GetHostWorkspace().GetDrawer()), photo));
 }
 
 TEST_F(PresetCommandsTest, resetByKey)

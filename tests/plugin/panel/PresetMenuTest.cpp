@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The menu of a look, and the buttons below the pages.
 #include "PanelFixture.h"
+#include "host/drawer/DrawnPicture.h"
 
 #include "core/PresetCollection.h"
 #include "panel/PresetGrid.h"
@@ -133,7 +134,8 @@ TEST_F(PresetMenuTest, discardsAndApplies)
 
     Click("Grey");
     Choose("Grey", "commitPreset");
-    EXPECT_FALSE(HaveSamePixels(editor.GetHostWorkspace().GetDrawer().GetCommittedPhoto(), photo));
+    EXPECT_FALSE(
+        HaveSamePixels(LumetraHost::DrawCommitted(editor.GetHostWorkspace().GetDrawer()), photo));
 }
 
 TEST_F(PresetMenuTest, theSaveButtonSavesTheAppliedLook)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "TestEditor.h"
+#include "host/drawer/DrawnPicture.h"
 
 #include "LumetraEditor/IEditorPlugin.h"
 #include "engine/effects/EffectKinds.h"
@@ -46,7 +47,7 @@ void TestEditor::OpenPhoto(const LumetraHost::Image& photo)
 
 LumetraHost::Image TestEditor::GetResult()
 {
-    return m_workspace->GetDrawer().Result();
+    return LumetraHost::DrawWhole(m_workspace->GetDrawer());
 }
 
 QStringList TestEditor::RenderPreviews()

@@ -75,8 +75,7 @@ TEST_F(PainterScenario, aBlendTickIsTheIntegerBlendOfTheFinishedFrames)
     StartBlend("panel");
     for (const int amount : {1, 52, 130, 254, 255}) {
         UpdateBlend(amount);
-        EXPECT_TRUE(
-            HaveSamePixels(m_drawer.Result(), Renderer().Interpolate(below, effect, amount)))
+        EXPECT_TRUE(HaveSamePixels(Result(), Renderer().Interpolate(below, effect, amount)))
             << amount;
     }
 }
@@ -88,10 +87,10 @@ TEST_F(PainterScenario, aFinishedBlendIsWhatApplyingGives)
     StartBlend("panel");
     UpdateBlend(77);
     UpdateBlend(130);
-    m_drawer.Result();
+    Result();
     Finish();
 
-    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({m_bottom, MakePanel(1, 130)})));
+    EXPECT_TRUE(HaveSamePixels(Result(), Draw({m_bottom, MakePanel(1, 130)})));
     EXPECT_EQ(m_drawer.GetOpenPackages()[1].GetBlendAmount(), 130);
     EXPECT_EQ(m_drawer.GetPackageIndex("panel"), 1u);
 }
@@ -104,9 +103,9 @@ TEST_F(PainterScenario, paintsBelowOtherPackages)
     StartBlend("panel");
     UpdateBlend(90);
     const Image tick = Renderer().Interpolate(Draw({m_bottom}), Draw({m_bottom, m_panel}), 90);
-    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Renderer().Render(tick, m_top)));
+    EXPECT_TRUE(HaveSamePixels(Result(), Renderer().Render(tick, m_top)));
     Finish();
-    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({m_bottom, MakePanel(1, 90), m_top})));
+    EXPECT_TRUE(HaveSamePixels(Result(), Draw({m_bottom, MakePanel(1, 90), m_top})));
 }
 
 TEST_F(PainterScenario, aBlendStartsFromTheFullEffectWhateverThePackagesAmount)
@@ -114,19 +113,19 @@ TEST_F(PainterScenario, aBlendStartsFromTheFullEffectWhateverThePackagesAmount)
     Apply(MakePanel(1, 200));
     StartBlend("panel");
     UpdateBlend(1);
-    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({m_panel})));
+    EXPECT_TRUE(HaveSamePixels(Result(), Draw({m_panel})));
 }
 
 TEST_F(PainterScenario, aCancelledPaintingLeavesThePackage)
 {
     Apply(m_panel);
-    const Image before = m_drawer.Result();
+    const Image before = Result();
     StartBlend("panel");
     UpdateBlend(180);
-    m_drawer.Result();
+    Result();
     Finish(true);
 
-    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), before));
+    EXPECT_TRUE(HaveSamePixels(Result(), before));
     EXPECT_EQ(m_drawer.GetOpenPackages()[0].GetBlendAmount(), 1);
 }
 
@@ -135,14 +134,14 @@ TEST_F(PainterScenario, effectsTakeThePlaceOfThoseOfTheSameId)
     Apply(MakePanel(1, 40));
     StartEffects("panel");
     UpdateEffects({MakeEffect("exposure", {{"stops", 3}})});
-    m_drawer.Result();
+    Result();
     UpdateEffects(
         {MakeEffect("exposure", {{"stops", -2}}), MakeEffect("vignette", {{"amount", -2}})});
 
-    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({MakePanel(-2, 40)})));
+    EXPECT_TRUE(HaveSamePixels(Result(), Draw({MakePanel(-2, 40)})));
     EXPECT_EQ(m_drawer.GetOpenPackages()[0].Effects()[0]->GetParameter("stops"), 1);
     Finish();
-    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({MakePanel(-2, 40)})));
+    EXPECT_TRUE(HaveSamePixels(Result(), Draw({MakePanel(-2, 40)})));
     const EffectsSettings package = m_drawer.GetOpenPackages()[0];
     EXPECT_EQ(package.Effects()[0]->GetParameter("stops"), -2);
     EXPECT_EQ(package.Effects().size(), 2u);
@@ -154,9 +153,9 @@ TEST_F(PainterScenario, cancelledEffectsLeaveThePackage)
     Apply(m_panel);
     StartEffects("panel");
     UpdateEffects({MakeEffect("exposure", {{"stops", 3}})});
-    m_drawer.Result();
+    Result();
     Finish(true);
-    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({m_panel})));
+    EXPECT_TRUE(HaveSamePixels(Result(), Draw({m_panel})));
 }
 
 TEST_F(PainterScenario, theSecondEffectOfAnIdStaysWhenOneIsGiven)
@@ -187,25 +186,25 @@ TEST_F(PainterScenario, updatesAreCopied)
 TEST_F(PainterScenario, anUpdateWithoutAPaintingDoesNothing)
 {
     Apply(m_panel);
-    const Image before = m_drawer.Result();
+    const Image before = Result();
     m_observer.frames = 0;
     UpdateBlend(200);
     Finish();
 
-    EXPECT_TRUE(m_drawer.Result().SharesPixelsWith(before));
+    EXPECT_TRUE(Result().SharesPixelsWith(before));
     EXPECT_EQ(m_observer.frames, 0);
 }
 
 TEST_F(PainterScenario, anUpdateOfAPackageThatIsNotOpenDoesNothing)
 {
     Apply(m_panel);
-    const Image before = m_drawer.Result();
+    const Image before = Result();
     m_observer.frames = 0;
     StartBlend("other");
     UpdateBlend(200);
     Finish();
 
-    EXPECT_TRUE(m_drawer.Result().SharesPixelsWith(before));
+    EXPECT_TRUE(Result().SharesPixelsWith(before));
     EXPECT_EQ(m_drawer.GetOpenPackages().size(), 1u);
     EXPECT_EQ(m_observer.frames, 0);
 }
@@ -221,8 +220,8 @@ TEST_F(PainterScenario, aStartFinishesThePaintingThatIsOpen)
     EXPECT_EQ(m_drawer.GetOpenPackages()[1].GetBlendAmount(), 120);
     UpdateEffects({MakeEffect("exposure", {{"stops", -0.5}})});
     Finish();
-    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(),
-                               Draw({MakePackage("bottom", 0, -0.5), MakePanel(1, 120)})));
+    EXPECT_TRUE(
+        HaveSamePixels(Result(), Draw({MakePackage("bottom", 0, -0.5), MakePanel(1, 120)})));
 }
 
 TEST_F(PainterScenario, applyingFinishesThePaintingThatIsOpen)
@@ -234,7 +233,7 @@ TEST_F(PainterScenario, applyingFinishesThePaintingThatIsOpen)
 
     EXPECT_EQ(m_drawer.GetOpenPackages()[0].GetBlendAmount(), 120);
     UpdateBlend(200);
-    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({MakePanel(1, 120), m_top})));
+    EXPECT_TRUE(HaveSamePixels(Result(), Draw({MakePanel(1, 120), m_top})));
 }
 
 TEST_F(PainterScenario, committingFinishesThePaintingThatIsOpen)
@@ -242,10 +241,10 @@ TEST_F(PainterScenario, committingFinishesThePaintingThatIsOpen)
     Apply(m_panel);
     StartBlend("panel");
     UpdateBlend(120);
-    m_drawer.Result();
+    Result();
     Commit();
 
-    EXPECT_TRUE(HaveSamePixels(m_drawer.GetCommittedPhoto(), Draw({MakePanel(1, 120)})));
+    EXPECT_TRUE(HaveSamePixels(CommittedPhoto(), Draw({MakePanel(1, 120)})));
 }
 
 TEST_F(PainterScenario, aResetTakesThePackageOffWithItsPainting)
@@ -259,7 +258,7 @@ TEST_F(PainterScenario, aResetTakesThePackageOffWithItsPainting)
     UpdateBlend(30);
     Finish();
 
-    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({m_bottom, m_panel})));
+    EXPECT_TRUE(HaveSamePixels(Result(), Draw({m_bottom, m_panel})));
 }
 
 TEST_F(PainterScenario, aResetOfAnotherPackageLeavesThePainting)
@@ -269,14 +268,14 @@ TEST_F(PainterScenario, aResetOfAnotherPackageLeavesThePainting)
     Apply(m_top);
     StartBlend("panel");
     UpdateBlend(120);
-    m_drawer.Result();
+    Result();
     m_drawer.ResetPackage(0);
     const Image tick = Renderer().Interpolate(m_photo, Draw({m_panel}), 120);
-    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Renderer().Render(tick, m_top)));
+    EXPECT_TRUE(HaveSamePixels(Result(), Renderer().Render(tick, m_top)));
     m_drawer.ResetPackage(2);
-    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), tick));
+    EXPECT_TRUE(HaveSamePixels(Result(), tick));
     Finish();
-    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({MakePanel(1, 120)})));
+    EXPECT_TRUE(HaveSamePixels(Result(), Draw({MakePanel(1, 120)})));
 }
 
 TEST_F(PainterScenario, aNewPhotoDropsThePainting)
@@ -288,7 +287,7 @@ TEST_F(PainterScenario, aNewPhotoDropsThePainting)
     Apply(m_panel);
     UpdateBlend(30);
     Finish();
-    EXPECT_TRUE(HaveSamePixels(m_drawer.Result(), Draw({m_panel})));
+    EXPECT_TRUE(HaveSamePixels(Result(), Draw({m_panel})));
 }
 
 TEST_F(PainterScenario, tellsOfEveryTickAndOfTheEnd)
@@ -316,12 +315,12 @@ TEST_F(PainterScenario, keepsAPictureThatSomebodyStillHolds)
     Apply(m_panel);
     StartBlend("panel");
     UpdateBlend(100);
-    const Image held = m_drawer.Result();
+    const Image held = Result();
     const Image copy = held.Clone();
     const Image photoCopy = m_photo.Clone();
     for (const int amount : {10, 20, 200, 255, 1, 90}) {
         UpdateBlend(amount);
-        m_drawer.Result();
+        Result();
     }
     EXPECT_TRUE(HaveSamePixels(held, copy));
     EXPECT_TRUE(HaveSamePixels(m_drawer.GetPhoto(), photoCopy));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "host/drawer/DrawerFixture.h"
-#include "host/drawer/RenderGate.h"
+#include "host/drawer/GatedEffect.h"
 #include "host/drawer/view/DisplaySamples.h"
 
 #include "drawer/view/DisplayTransform.h"
@@ -11,9 +11,12 @@
 #include "Zorvik/Quindle/IQuindleDrawerPainter.h"
 #include "Zorvik/Quindle/SettingsPainterEffectsPackage.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
 
+#include <chrono>
 #include <memory>
+#include <thread>
 
 namespace LumetraHost {
 namespace {
@@ -25,36 +28,30 @@ constexpr int Whole = Zorvik::Quindle::IQuindleDrawerPainter::MAX_POS;
 class LiveViewScenario : public DrawerFixture
 {
 protected:
-    LiveViewScenario() { MakeView({}); }
-    // Renderings at the gate must not outlive it.
+    LiveViewScenario() { MakeView(); }
+    // The view ends by waiting for what stands at a gate.
     ~LiveViewScenario() override
     {
-        m_gate.Open();
+        for (const EffectGatePtr& gate : m_gates)
+            gate->Open();
         m_view.reset();
     }
 
-    void MakeView(LiveViewOptions options)
+    void MakeView(std::chrono::nanoseconds previewBeyond = LiveView::PreviewBeyond)
     {
-        options.onRendering = m_gate.GetHook();
-        m_view = std::make_unique<LiveView>(m_drawer, options);
+        m_view = std::make_unique<LiveView>(m_drawer, nullptr, previewBeyond);
         QObject::connect(m_view.get(), &LiveView::frameReady, m_view.get(),
                          [this](const ViewFrame& frame) { m_frames.push_back(frame); });
     }
 
-    /// Makes every full frame late.
-    void MakeLateView()
-    {
-        LiveViewOptions options;
-        options.reducedBeyond = std::chrono::nanoseconds(0);
-        MakeView(options);
-    }
+    /// Every full frame is late then.
+    void MakeLateView() { MakeView(std::chrono::nanoseconds(0)); }
 
     void ShowWhole() { m_view->SetView({QRectF(0, 0, 90, 60), QSize(90, 60)}); }
 
     Image WaitForPicture()
     {
         m_view->WaitForFrame();
-        EXPECT_TRUE(m_view->IsUpToDate());
         return m_view->GetFrame().picture;
     }
 
@@ -74,18 +71,46 @@ protected:
 
     static EffectsSettings MakePanel(double stops) { return MakePackage("panel", 1, stops); }
 
-    RenderGate m_gate;
+    /// A gate at which the renderings of what is applied with it can be held.
+    EffectGatePtr MakeGate()
+    {
+        m_gates.push_back(std::make_shared<EffectGate>());
+        return m_gates.back();
+    }
+
+    void ApplyGated(double stops, const EffectGatePtr& gate)
+    {
+        Apply(MakePackage("panel", 1, Zorvik::Quindle::EffectList{new GatedEffect(stops, gate)}));
+    }
+
+    /// Starts a rendering that is held at the gate which is returned.
+    EffectGatePtr HoldARendering(double stops)
+    {
+        const auto gate = MakeGate();
+        gate->Close();
+        ApplyGated(stops, gate);
+        return gate;
+    }
+
+    /// Takes the frames that have been rendered until now.
+    std::size_t CountFrames()
+    {
+        QCoreApplication::sendPostedEvents(m_view.get());
+        return m_frames.size();
+    }
+
+    std::vector<EffectGatePtr> m_gates;
     std::unique_ptr<LiveView> m_view;
     std::vector<ViewFrame> m_frames;
 };
 
 TEST_F(LiveViewScenario, rendersNothingBeforeItKnowsWhatToShow)
 {
-    Apply(MakePanel(1));
-    EXPECT_TRUE(m_view->IsUpToDate());
+    const auto gate = MakeGate();
+    ApplyGated(1, gate);
     m_view->WaitForFrame();
     EXPECT_TRUE(m_view->GetFrame().picture.IsNull());
-    EXPECT_TRUE(m_gate.GetSeen().empty());
+    EXPECT_EQ(gate->CountReadings(), 0);
 }
 
 TEST_F(LiveViewScenario, showsTheWholePhotoAsTheDrawerHasIt)
@@ -93,9 +118,9 @@ TEST_F(LiveViewScenario, showsTheWholePhotoAsTheDrawerHasIt)
     Apply(MakePackage("bottom", 0, 0.4));
     Apply(MakePanel(1));
     ShowWhole();
-    EXPECT_FALSE(m_view->IsUpToDate());
+    EXPECT_TRUE(m_frames.empty());
 
-    EXPECT_TRUE(HaveSamePixels(WaitForPicture(), m_drawer.Result()));
+    EXPECT_TRUE(HaveSamePixels(WaitForPicture(), Result()));
     EXPECT_EQ(m_view->GetFrame().part, QRect(0, 0, 90, 60));
     EXPECT_FALSE(m_view->GetFrame().isReduced);
     ASSERT_EQ(m_frames.size(), 1u);
@@ -108,7 +133,7 @@ TEST_F(LiveViewScenario, announcesFramesFromTheEventLoop)
     ShowWhole();
     EXPECT_TRUE(m_frames.empty());
     loop.exec();
-    EXPECT_TRUE(m_view->IsUpToDate());
+    EXPECT_TRUE(HaveSamePixels(m_view->GetFrame().picture, m_photo));
 }
 
 TEST_F(LiveViewScenario, followsEveryChangeOfTheDrawer)
@@ -135,7 +160,8 @@ TEST_F(LiveViewScenario, keepsItsPictureWhenThePackagesAreCommitted)
     Apply(MakePanel(1));
     const Image before = WaitForPicture();
     Commit();
-    EXPECT_TRUE(m_view->IsUpToDate());
+    m_view->WaitForFrame();
+    EXPECT_EQ(m_frames.size(), 1u);
     Apply(MakePackage("panel", 2, -0.5));
     EXPECT_TRUE(
         HaveSamePixels(WaitForPicture(), Draw({MakePanel(1), MakePackage("panel", 2, -0.5)})));
@@ -216,94 +242,98 @@ TEST_F(LiveViewScenario, showsSettingsOnTopWithoutApplyingThem)
     EXPECT_TRUE(HaveSamePixels(WaitForPicture(), before));
 }
 
-TEST_F(LiveViewScenario, showsTheUntouchedPhoto)
+TEST_F(LiveViewScenario, tellsTheUntouchedPhotoToo)
 {
     Apply(MakePanel(1));
     Commit();
     ShowWhole();
-    WaitForPicture();
-    m_view->SetShowsOriginal(true);
-    EXPECT_TRUE(HaveSamePixels(WaitForPicture(), m_photo));
-    m_view->SetShowsOriginal(false);
     EXPECT_TRUE(HaveSamePixels(WaitForPicture(), Draw({MakePanel(1)})));
     EXPECT_TRUE(HaveSamePixels(m_view->GetOriginal(), m_photo));
 }
 
 TEST_F(LiveViewScenario, aNewerStateCancelsTheRunningRendering)
 {
-    m_gate.Close();
     ShowWhole();
-    m_gate.WaitForArrival(1);
-    EXPECT_FALSE(m_gate.IsWaitingOneCancelled());
-    Apply(MakePanel(1));
-    EXPECT_TRUE(m_gate.IsWaitingOneCancelled());
-    for (const double stops : {2.0, 3.0, -1.0})
-        Apply(MakePanel(stops));
-    m_gate.Open();
+    WaitForPicture();
+    m_frames.clear();
+    const auto running = HoldARendering(1);
+    running->WaitForReading(1);
+    const auto between = MakeGate();
+    for (const double stops : {2.0, 3.0})
+        ApplyGated(stops, between);
+    const auto newest = HoldARendering(-1);
+    running->Open();
+    newest->WaitForReading(1);
 
+    EXPECT_EQ(CountFrames(), 0u) << "it was cancelled";
+    newest->Open();
     EXPECT_TRUE(HaveSamePixels(WaitForPicture(), Draw({MakePanel(-1)})));
-    ASSERT_EQ(m_frames.size(), 1u);
-    // The states between were never rendered.
-    ASSERT_EQ(m_gate.GetSeen().size(), 2u);
-    EXPECT_EQ(m_gate.GetSeen()[1].serial, 5u);
+    EXPECT_EQ(m_frames.size(), 1u);
+    EXPECT_EQ(between->CountReadings(), 0) << "they never got their turn";
 }
 
 TEST_F(LiveViewScenario, neverCancelsTwiceWithoutAFrameBetween)
 {
-    m_gate.Close();
     ShowWhole();
-    m_gate.WaitForArrival(1);
-    Apply(MakePanel(1));
-    m_gate.LetOnePass();
-    m_gate.WaitForArrival(2);
-    Apply(MakePanel(2));
-    EXPECT_FALSE(m_gate.IsWaitingOneCancelled());
-    m_gate.Open();
-    EXPECT_TRUE(HaveSamePixels(WaitForPicture(), Draw({MakePanel(2)})));
+    WaitForPicture();
+    m_frames.clear();
+    const auto first = HoldARendering(1);
+    first->WaitForReading(1);
+    const auto second = HoldARendering(2);
+    first->Open();
+    second->WaitForReading(1);
+    const auto third = HoldARendering(3);
+    second->Open();
+    third->WaitForReading(1);
+
+    ASSERT_EQ(CountFrames(), 1u) << "the first was cancelled, the second not";
+    EXPECT_TRUE(HaveSamePixels(m_frames[0].picture, Draw({MakePanel(2)})));
+    third->Open();
+    EXPECT_TRUE(HaveSamePixels(WaitForPicture(), Draw({MakePanel(3)})));
 }
 
 TEST_F(LiveViewScenario, neverShowsAnotherPhotosFrameAfterANewPhoto)
 {
-    m_gate.Close();
     ShowWhole();
-    m_gate.WaitForArrival(1);
-    Apply(MakePanel(1));
-    m_gate.LetOnePass();
-    m_gate.WaitForArrival(2);
+    WaitForPicture();
+    m_frames.clear();
+    const auto first = HoldARendering(1);
+    first->WaitForReading(1);
+    const auto second = HoldARendering(2);
+    first->Open();
+    second->WaitForReading(1);
     const Image other = MakeRandomPicture(50, 40, Image::Depth::Bits8, 3);
     m_drawer.SetPhoto(other);
-    EXPECT_TRUE(m_gate.IsWaitingOneCancelled());
-    m_gate.Open();
+    const auto ofOther = HoldARendering(1);
+    second->Open();
+    ofOther->WaitForReading(1);
 
-    EXPECT_TRUE(HaveSamePixels(WaitForPicture(), other));
+    EXPECT_EQ(CountFrames(), 0u);
+    ofOther->Open();
+    EXPECT_TRUE(HaveSamePixels(WaitForPicture(), Renderer().Render(other, MakePanel(1))));
     EXPECT_EQ(m_frames.size(), 1u);
 }
 
 TEST_F(LiveViewScenario, showsAReducedFrameFirstWhereTheFullOneWouldBeLate)
 {
     MakeLateView();
-    Apply(MakePanel(1));
-    m_gate.Close();
+    const auto gate = HoldARendering(1);
     ShowWhole();
-    m_gate.WaitForArrival(1);
-    QEventLoop loop;
-    QObject::connect(m_view.get(), &LiveView::frameReady, &loop, &QEventLoop::quit);
-    m_gate.Open();
-    loop.exec();
-    ASSERT_FALSE(m_frames.empty());
-    m_view->WaitForFrame();
+    gate->WaitForReading(1);
+    for (int readings = 2; CountFrames() == 0; ++readings) {
+        gate->LetOnePass();
+        gate->WaitForReading(readings); // the full frame reads the effect again
+    }
 
-    ASSERT_EQ(m_gate.GetSeen().size(), 2u);
-    EXPECT_TRUE(m_gate.GetSeen()[0].isReduced);
-    EXPECT_FALSE(m_gate.GetSeen()[1].isReduced);
+    ASSERT_EQ(m_frames.size(), 1u);
+    EXPECT_TRUE(m_frames[0].isReduced);
+    EXPECT_EQ(m_frames[0].picture.GetWidth(), 22);
+    gate->Open();
+    EXPECT_TRUE(HaveSamePixels(WaitForPicture(), Draw({MakePanel(1)})));
     const ViewFrame& last = m_view->GetFrame();
     EXPECT_FALSE(last.isReduced);
-    EXPECT_TRUE(HaveSamePixels(last.picture, Draw({MakePanel(1)})));
-    if (m_frames.size() == 2) {
-        EXPECT_EQ(m_frames[0].picture.GetWidth(), 22);
-        EXPECT_EQ(m_frames[0].part, last.part);
-        EXPECT_EQ(m_frames[0].serial, last.serial);
-    }
+    EXPECT_EQ(last.part, m_frames[0].part);
+    EXPECT_EQ(last.serial, m_frames[0].serial);
 }
 
 TEST_F(LiveViewScenario, endsWithTheSameFrameWhateverCameBefore)
@@ -324,29 +354,29 @@ TEST_F(LiveViewScenario, endsWithTheSameFrameWhateverCameBefore)
 
 TEST_F(LiveViewScenario, rendersOnItsOwnThreadOnly)
 {
-    Apply(MakePanel(1));
+    const auto gate = MakeGate();
+    ApplyGated(1, gate);
     ShowWhole();
     WaitForPicture();
     StartBlend();
     UpdateBlend(100);
     m_drawer.GetPainter().FinishPainting(Whole, Whole, false);
     Commit();
-    Apply(MakePanel(0.5));
-    m_view->SetShownOnTop(MakePanel(2));
+    ApplyGated(0.5, gate);
+    m_view->SetShownOnTop(
+        MakePackage("panel", 1, Zorvik::Quindle::EffectList{new GatedEffect(2, gate)}));
     WaitForPicture();
 
-    EXPECT_GE(m_gate.GetSeen().size(), 2u);
-    for (const RenderGate::Seen& seen : m_gate.GetSeen())
-        EXPECT_NE(seen.thread, std::this_thread::get_id());
-    EXPECT_EQ(m_drawer.GetDrawnLayerCount(), 0u);
+    EXPECT_GE(gate->CountReadings(), 2);
+    EXPECT_EQ(gate->CountOwnReadings(), 0);
 }
 
 TEST_F(LiveViewScenario, endsWhileARenderingRuns)
 {
-    m_gate.Close();
+    const auto gate = HoldARendering(1);
     ShowWhole();
-    m_gate.WaitForArrival(1);
-    std::thread opener([this] { m_gate.Open(); });
+    gate->WaitForReading(1);
+    std::thread opener([&gate] { gate->Open(); });
     m_view.reset();
     opener.join();
     Apply(MakePanel(1));
@@ -385,13 +415,12 @@ TEST_F(LiveViewScenario, showsFramesInTheDisplaysColours)
     ShowWhole();
     Apply(MakePanel(1));
 
-    EXPECT_TRUE(HaveSamePixels(WaitForPicture(), m_drawer.Result()));
+    EXPECT_TRUE(HaveSamePixels(WaitForPicture(), Result()));
     const ViewFrame& frame = m_view->GetFrame();
     EXPECT_TRUE(HaveSamePixels(frame.shown, display->Apply(frame.picture)));
     EXPECT_EQ(frame.ToQImage().constBits(), static_cast<const Image&>(frame.shown).Row(0));
 
     m_view->SetDisplay(nullptr);
-    EXPECT_FALSE(m_view->IsUpToDate());
     WaitForPicture();
     EXPECT_TRUE(m_view->GetFrame().shown.SharesPixelsWith(m_view->GetFrame().picture));
 }

@@ -187,21 +187,6 @@ TEST_P(RendererAtDepth, interpolatesWithinOneStepOfTheDirectRendering)
     }
 }
 
-TEST(Renderer, namesTheEffectsThatItCannotDraw)
-{
-    RegisterEffects();
-    const Zorvik::Quindle::EffectList effects = {
-        EffectSettingsImpl::Create("glow"),
-        EffectSettingsImpl::Create("exposure"),
-        EffectSettingsImpl::Create("solarise"),
-        nullptr,
-        EffectSettingsImpl::Create("glow"),
-        EffectSettingsImpl::Create(Zorvik::Proc::SettingsEffectEmpty())};
-
-    EXPECT_EQ(Renderer::FindUnknownEffects(effects),
-              (std::vector<std::string>{"glow", "solarise"}));
-}
-
 TEST(Renderer, givesNothingForANullPicture)
 {
     EXPECT_TRUE(Renderer().Render(Image(), MakeSettings({})).IsNull());
