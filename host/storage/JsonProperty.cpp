@@ -40,7 +40,7 @@ std::string Show(const std::string& text)
 void CheckUtf8(const std::string& text, const char* what, const std::string& place)
 {
     try {
-        JsonWriter::Quote(text);
+        JsonWriter::CheckText(text);
     } catch (const Zorvik::Exception&) {
         Refuse(place, std::string(what) + " in valid UTF-8, found \"" + Show(text) + "\"");
     }

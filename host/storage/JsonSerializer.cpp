@@ -246,7 +246,7 @@ SerializerPtr JsonCollection::AddUnnamed()
 
 SerializerPtr JsonCollection::AddNamed(const std::string& name)
 {
-    JsonWriter::Quote(name); // refuses what could not be written
+    JsonWriter::CheckText(name);
     if (const JsonArray* array = Array(); array && !array->elements.empty())
         Fail(m_location, nullptr,
              "expected no name for the new element, found \"" + name + "\" after unnamed elements",
@@ -337,7 +337,7 @@ ConstCollectionPtr JsonNode::GetCollection(const std::string& key) const
 
 void JsonNode::Store(const std::string& key, JsonValue::Content content)
 {
-    JsonWriter::Quote(key); // refuses what could not be written
+    JsonWriter::CheckText(key);
     m_object->Set(key, JsonValue(std::move(content)));
 }
 
@@ -361,7 +361,7 @@ void JsonNode::Set(const std::string& key, double value)
 
 void JsonNode::Set(const std::string& key, const std::string& value)
 {
-    JsonWriter::Quote(value);
+    JsonWriter::CheckText(value);
     Store(key, value);
 }
 

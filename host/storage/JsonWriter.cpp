@@ -8,10 +8,29 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+
 namespace LumetraHost {
 namespace {
 
 void Append(std::string& text, const JsonValue& value, std::size_t depth);
+
+/// True for a text that stands in JSON as it is. Tables in base64 are megabytes, which the library
+/// looks at letter by letter.
+bool IsPlain(const std::string& text)
+{
+    return std::all_of(text.begin(), text.end(), [](char letter) {
+        return letter >= ' ' && letter <= '~' && letter != '"' && letter != '\\';
+    });
+}
+
+void AppendQuoted(std::string& text, const std::string& value)
+{
+    if (IsPlain(value))
+        text.append(1, '"').append(value).append(1, '"');
+    else
+        text += JsonWriter::Quote(value);
+}
 
 void NewLine(std::string& text, std::size_t depth)
 {
@@ -67,7 +86,7 @@ void Append(std::string& text, const JsonValue& value, std::size_t depth)
     else if (const auto* array = value.As<JsonValue::Array>())
         Append(text, **array, depth);
     else if (const auto* string = value.As<std::string>())
-        text += JsonWriter::Quote(*string);
+        AppendQuoted(text, *string);
     else if (const auto* number = value.As<JsonNumber>())
         text += number->text;
     else if (const auto* flag = value.As<bool>())
@@ -91,8 +110,16 @@ std::string JsonWriter::NumberText(double value)
     return nlohmann::ordered_json(value).dump();
 }
 
+void JsonWriter::CheckText(const std::string& text)
+{
+    if (!IsPlain(text))
+        Quote(text);
+}
+
 std::string JsonWriter::Quote(const std::string& text)
 {
+    if (IsPlain(text))
+        return '"' + text + '"';
     try {
         return nlohmann::ordered_json(text).dump();
     } catch (const nlohmann::ordered_json::type_error&) {

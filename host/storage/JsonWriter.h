@@ -17,6 +17,8 @@ public:
 
     /// `value` as the shortest text that reads back as the same double. It must be finite.
     static std::string NumberText(double value);
+    /// Exception when `text` is not valid UTF-8, so that it could not be written.
+    static void CheckText(const std::string& text);
     /// `text` in quotes. Exception when it is not valid UTF-8.
     static std::string Quote(const std::string& text);
 };

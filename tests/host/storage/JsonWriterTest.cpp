@@ -38,6 +38,21 @@ TEST(JsonWriter, writesIndentedTextWithALineBreakAtTheEnd)
                                  "}\n");
 }
 
+TEST(JsonWriter, quotesEveryLetterSoThatItIsReadAgain)
+{
+    for (int letter = 0; letter < 128; ++letter)
+        for (const std::string& rest :
+             {std::string(), std::string("rest"), std::string("\xC3\xA4")}) {
+            const std::string text = "plain" + std::string(1, static_cast<char>(letter)) + rest;
+            const std::string json = "{\"k\": " + JsonWriter::Quote(text) + "}";
+            const auto document = JsonDocument::Parse(QByteArray::fromStdString(json), "a.json");
+            EXPECT_EQ(document.GetRoot()->Get("k", std::string()), text) << letter;
+        }
+    EXPECT_EQ(JsonWriter::Quote(""), "\"\"");
+    EXPECT_EQ(JsonWriter::Quote(" ~/!"), "\" ~/!\"");
+    EXPECT_EQ(JsonWriter::Quote("\"\\\x7F\t"), "\"\\\"\\\\\x7F\\t\"");
+}
+
 TEST(JsonWriter, writesTheSameTextAgain)
 {
     const QByteArray text = JsonDocument::Parse(R"({"a":[1.50,-0,1E+2,12345678901234567890123],
