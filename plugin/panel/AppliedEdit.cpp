@@ -156,13 +156,18 @@ QStringList AppliedEdit::Restore(const Property::Ptr& edit)
     std::string name = id;
     Try(reports, [&] { name = root->Get(IEditorPanel::EditName, id); });
     m_stray = Stray{QString::fromStdString(name), edit};
-    reports.append(
-        preset.isValid()
-            ? tr("The look “%1” cannot be changed: %2. The photo keeps it as it was.")
-                  .arg(m_stray->name, QString::fromStdString(problem))
-            : tr("The look “%1” is no longer among the presets. The photo keeps it as it was.")
-                  .arg(m_stray->name));
+    reports.append(DescribeStray(problem));
     return reports;
+}
+
+/// `problem` is empty when no catalogue has the preset.
+QString AppliedEdit::DescribeStray(const std::string& problem) const
+{
+    return problem.empty()
+               ? tr("The look “%1” is no longer among the presets. The photo keeps it as it was.")
+                     .arg(m_stray->name)
+               : tr("The look “%1” cannot be changed: %2. The photo keeps it as it was.")
+                     .arg(m_stray->name, QString::fromStdString(problem));
 }
 
 /// Brings the panel's controls to where they were; the photo is drawn already.

@@ -62,6 +62,7 @@ private:
     void ResetPackage();
     Zorvik::Quindle::EffectsSettings Load(const Zorvik::Brassel::ISerializer& edit,
                                           QStringList& reports) const;
+    QString DescribeStray(const std::string& problem) const;
     void Draw(const std::string& id, Zorvik::Quindle::EffectsSettings& settings);
     void RestoreValues(const std::string& id, const Zorvik::Quindle::EffectsSettings& values,
                        QStringList& reports);
