@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "Commands.h"
-#include "Console.h"
 #include "Zorvik/Exception.h"
 #include "catalogue/NearestName.h"
+#include "commands/Commands.h"
+#include "console/Console.h"
 #include "storage/ErrorText.h"
 
 #include <QFile>

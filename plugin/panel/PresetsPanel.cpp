@@ -9,14 +9,14 @@
 #include "core/PresetCollection.h"
 #include "core/PresetControllerFactory.h"
 #include "core/userstore/UserPresetStore.h"
-#include "panel/AppliedEdit.h"
-#include "panel/HoverPreview.h"
-#include "panel/PresetCommands.h"
-#include "panel/PresetDelegate.h"
-#include "panel/PresetsFrame.h"
-#include "panel/PresetsWidget.h"
-#include "panel/RecentPresets.h"
-#include "panel/ThumbnailCache.h"
+#include "panel/commands/AppliedEdit.h"
+#include "panel/commands/PresetCommands.h"
+#include "panel/commands/RecentPresets.h"
+#include "panel/grid/HoverPreview.h"
+#include "panel/grid/PresetDelegate.h"
+#include "panel/grid/ThumbnailCache.h"
+#include "panel/widgets/PresetsFrame.h"
+#include "panel/widgets/PresetsWidget.h"
 
 #include <QDir>
 #include <QFileInfo>

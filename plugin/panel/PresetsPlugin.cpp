@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "PresetsPlugin.h"
 
-#include "panel/PanelTranslation.h"
 #include "panel/PresetsPanel.h"
+#include "panel/appearance/PanelTranslation.h"
 
 namespace LumetraPlugin {
 

@@ -2,10 +2,10 @@
 #include "PanelFixture.h"
 
 #include "core/PresetCollection.h"
-#include "panel/PresetDelegate.h"
-#include "panel/PresetGrid.h"
-#include "panel/PresetPages.h"
-#include "panel/PresetsWidget.h"
+#include "panel/grid/PresetDelegate.h"
+#include "panel/grid/PresetGrid.h"
+#include "panel/widgets/PresetPages.h"
+#include "panel/widgets/PresetsWidget.h"
 
 #include <QAction>
 #include <QApplication>

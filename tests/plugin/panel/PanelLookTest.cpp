@@ -3,8 +3,8 @@
 #include "PanelFixture.h"
 #include "host/style/Contrast.h"
 #include "host/style/StyledApplication.h"
-#include "panel/PresetDelegate.h"
-#include "panel/PresetGrid.h"
+#include "panel/grid/PresetDelegate.h"
+#include "panel/grid/PresetGrid.h"
 #include "widgets/CustomToolBoxButton.h"
 
 #include <QApplication>

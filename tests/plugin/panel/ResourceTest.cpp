@@ -4,7 +4,7 @@
 #include "PanelFixture.h"
 #include "Zorvik/Exception.h"
 #include "core/PresetCollection.h"
-#include "panel/PresetGrid.h"
+#include "panel/grid/PresetGrid.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "commands/Commands.h"
+
+#include <algorithm>
+
+namespace LumetraCli {
+namespace {
+
+std::vector<std::unique_ptr<Command>> MakeCommands()
+{
+    std::vector<std::unique_ptr<Command>> commands;
+    commands.push_back(MakeListCommand());
+    commands.push_back(MakeApplyCommand());
+    commands.push_back(MakeSheetCommand());
+    commands.push_back(MakeCheckCommand());
+    commands.push_back(MakeImportCommand());
+    commands.push_back(MakeExportLutCommand());
+    commands.push_back(MakeSaveCommand());
+    commands.push_back(MakeRenameCommand());
+    commands.push_back(MakeRemoveCommand());
+    commands.push_back(MakeFavouriteCommand());
+    return commands;
+}
+
+} // namespace
+
+const std::vector<std::unique_ptr<Command>>& GetCommands()
+{
+    static const std::vector<std::unique_ptr<Command>> commands = MakeCommands();
+    return commands;
+}
+
+const Command* FindCommand(const QString& name)
+{
+    const auto& commands = GetCommands();
+    const auto found = std::find_if(commands.begin(), commands.end(),
+                                    [&name](const auto& c) { return c->GetName() == name; });
+    return found == commands.end() ? nullptr : found->get();
+}
+
+} // namespace LumetraCli

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "commands/Commands.h"
+
+#include "EffectPresets/EffectPresetModel.h"
+#include "core/PresetSession.h"
+#include "presets/StoreCommand.h"
+
+#include <limits>
+
+namespace LumetraCli {
+
+using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
+
+namespace {
+
+const QString OffOption = QStringLiteral("off");
+
+/// Marks presets as favourites, or takes the marks off.
+class FavouriteCommand : public StoreCommand
+{
+public:
+    FavouriteCommand()
+        : StoreCommand(QStringLiteral("favourite"), QStringLiteral("Marks presets as favourites."))
+    {
+    }
+
+protected:
+    void AddArguments(QCommandLineParser& parser) const override;
+    QStringList Edit(const QCommandLineParser& parser, LumetraPlugin::PresetSession& session,
+                     const Rows& rows) const override;
+};
+
+void FavouriteCommand::AddArguments(QCommandLineParser& parser) const
+{
+    parser.addPositionalArgument(QStringLiteral("PRESET"),
+                                 QStringLiteral("Names or ids of presets."),
+                                 QStringLiteral("PRESET..."));
+    parser.addOption({OffOption, QStringLiteral("Takes the marks off.")});
+}
+
+QStringList FavouriteCommand::Edit(const QCommandLineParser& parser,
+                                   LumetraPlugin::PresetSession& session, const Rows& rows) const
+{
+    std::vector<PresetRow> presets;
+    for (const QString& argument : Arguments(parser, 1, std::numeric_limits<int>::max()))
+        presets.push_back(FindPreset(rows, argument));
+    const bool isOn = !parser.isSet(OffOption);
+    QStringList done;
+    for (const PresetRow& row : presets) {
+        session.GetModel().setData(row.index, isOn, EffectPresetModel::FavouriteRole);
+        done.append((isOn ? QStringLiteral("marked \"%1\"") : QStringLiteral("unmarked \"%1\""))
+                        .arg(row.name));
+    }
+    return done;
+}
+
+} // namespace
+
+std::unique_ptr<Command> MakeFavouriteCommand()
+{
+    return std::make_unique<FavouriteCommand>();
+}
+
+} // namespace LumetraCli

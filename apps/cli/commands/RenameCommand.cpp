@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "commands/Commands.h"
+
+#include "EffectPresets/EffectPresetModel.h"
+#include "core/PresetSession.h"
+#include "presets/StoreCommand.h"
+
+namespace LumetraCli {
+namespace {
+
+using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
+
+/// Renames one of the user's own presets.
+class RenameCommand : public StoreCommand
+{
+public:
+    RenameCommand()
+        : StoreCommand(QStringLiteral("rename"), QStringLiteral("Renames one of your own presets."))
+    {
+    }
+
+protected:
+    void AddArguments(QCommandLineParser& parser) const override;
+    QStringList Edit(const QCommandLineParser& parser, LumetraPlugin::PresetSession& session,
+                     const Rows& rows) const override;
+};
+
+void RenameCommand::AddArguments(QCommandLineParser& parser) const
+{
+    parser.addPositionalArgument(QStringLiteral("PRESET"),
+                                 QStringLiteral("Name or id of one of your presets."));
+    parser.addPositionalArgument(QStringLiteral("NAME"), QStringLiteral("Its new name."));
+}
+
+QStringList RenameCommand::Edit(const QCommandLineParser& parser,
+                                LumetraPlugin::PresetSession& session, const Rows& rows) const
+{
+    const QStringList arguments = Arguments(parser, 2, 2);
+    EffectPresetModel& model = session.GetModel();
+    const PresetRow row = FindUsersPreset(rows, arguments[0]);
+    const QString name = NewName(model, arguments[1]);
+    model.setData(row.index, name, EffectPresetModel::PresetNameRole);
+    return {QStringLiteral("renamed \"%1\" to \"%2\"").arg(row.name, name)};
+}
+
+} // namespace
+
+std::unique_ptr<Command> MakeRenameCommand()
+{
+    return std::make_unique<RenameCommand>();
+}
+
+} // namespace LumetraCli

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "console/Console.h"
+
+#include "catalogue/VisibleText.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+
+#include <unistd.h>
+
+namespace LumetraCli {
+namespace {
+
+using LumetraHost::VisibleText;
+
+constexpr char ClearLine[] = "\r\033[K";
+
+QString MakeVisibleLines(const QString& text)
+{
+    QStringList lines = text.split(QLatin1Char('\n'));
+    std::transform(lines.begin(), lines.end(), lines.begin(), &VisibleText::Make);
+    return lines.join(QLatin1Char('\n'));
+}
+
+} // namespace
+
+Console::Console() : m_isTerminal(isatty(STDERR_FILENO) == 1)
+{
+    std::signal(SIGPIPE, SIG_IGN); // write() then reports a reader that has gone
+}
+
+void Console::Write(const QByteArray& data)
+{
+    ClearProgress();
+    if (m_isReaderGone)
+        return;
+    const auto size = static_cast<std::size_t>(data.size());
+    if (std::fwrite(data.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0)
+        return;
+    m_isBroken = true;
+    m_isReaderGone = errno == EPIPE;
+}
+
+void Console::PrintLine(const QString& line)
+{
+    Write(VisibleText::Make(line).toUtf8() + '\n');
+}
+
+void Console::PrintText(const QString& text)
+{
+    Write(MakeVisibleLines(text).toUtf8());
+}
+
+void Console::PrintJson(const QByteArray& json)
+{
+    Write(VisibleText::MakeJson(json));
+}
+
+void Console::WriteError(const QByteArray& text)
+{
+    std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stderr);
+}
+
+void Console::Report(const QString& message)
+{
+    ReportPlace(QStringLiteral("lumetra-presets: ") + message);
+}
+
+void Console::ReportPlace(const QString& message)
+{
+    ClearProgress();
+    WriteError(VisibleText::Make(message).toUtf8() + '\n');
+}
+
+void Console::ReportText(const QString& text)
+{
+    ClearProgress();
+    WriteError(MakeVisibleLines(text).toUtf8());
+}
+
+void Console::ShowProgress(int done, int total, const QString& what)
+{
+    if (!m_isTerminal)
+        return;
+    WriteError(ClearLine +
+               QStringLiteral("[%1/%2] %3")
+                   .arg(QString::number(done), QString::number(total), VisibleText::Make(what))
+                   .toUtf8());
+    m_hasProgress = true;
+}
+
+void Console::ClearProgress()
+{
+    if (m_hasProgress)
+        WriteError(ClearLine);
+    m_hasProgress = false;
+}
+
+bool Console::Finish()
+{
+    ClearProgress();
+    return !m_isBroken;
+}
+
+} // namespace LumetraCli

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "photos/ApplyReport.h"
+
+#include "Zorvik/Brassel/ISerializer.h"
+#include "console/Console.h"
+#include "presets/PresetUse.h"
+
+namespace LumetraCli {
+namespace {
+
+const char* StateName(PhotoJob::State state)
+{
+    switch (state) {
+    case PhotoJob::State::Planned:
+        return "planned";
+    case PhotoJob::State::Written:
+        return "written";
+    case PhotoJob::State::Skipped:
+        return "skipped";
+    default:
+        return "failed";
+    }
+}
+
+} // namespace
+
+ApplyReport::ApplyReport(const PresetUse& use, int jobCount, bool isJson, Console& console)
+    : m_console(console), m_document("results"), m_jobCount(jobCount), m_isJson(isJson)
+{
+    const auto root = m_document.GetRoot();
+    root->Set("preset", use.GetPreset().name.toStdString());
+    root->Set("id", use.GetPreset().id.toStdString());
+    if (const auto intensity = use.GetIntensity())
+        root->Set("intensity", *intensity);
+    m_results = root->CreateCollection("results");
+}
+
+void ApplyReport::AddJson(const PhotoJob& job, const std::vector<std::string>& warnings)
+{
+    const auto result = m_results->AddElement();
+    result->Set("photo", job.photo.toStdString());
+    result->Set("output", job.output.toStdString());
+    result->Set("state", StateName(job.state));
+    if (!job.message.isEmpty())
+        result->Set("message", job.message.toStdString());
+    if (!warnings.empty()) {
+        const auto list = result->CreateCollection("warnings");
+        for (const std::string& warning : warnings)
+            list->AddElement()->Set("message", warning);
+    }
+}
+
+void ApplyReport::Add(const PhotoJob& job, const std::vector<std::string>& warnings)
+{
+    for (const std::string& warning : warnings)
+        m_console.Report(
+            QStringLiteral("%1: warning: %2").arg(job.photo, QString::fromStdString(warning)));
+    m_hasFailures = m_hasFailures || job.state == PhotoJob::State::Failed;
+    if (!job.message.isEmpty())
+        m_console.Report(job.message);
+    if (m_isJson)
+        AddJson(job, warnings);
+    else if (job.state == PhotoJob::State::Written || job.state == PhotoJob::State::Planned)
+        m_console.PrintLine(job.output);
+    m_console.ShowProgress(++m_endedCount, m_jobCount, job.photo);
+}
+
+ExitCode ApplyReport::Finish()
+{
+    if (m_isJson)
+        m_console.PrintJson(m_document.ToText());
+    return m_hasFailures ? ExitCode::SomeFailed : ExitCode::Done;
+}
+
+} // namespace LumetraCli

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "Zorvik/Brassel/ISerializer.h"
+#include "console/ExitCode.h"
+#include "output/OutputPlan.h"
+#include "storage/JsonDocument.h"
+
+#include <string>
+#include <vector>
+
+namespace LumetraCli {
+
+class Console;
+class PresetUse;
+
+/// Reports the outcome for each photo: on stdout the names of written (in a dry run: planned) files
+/// or one JSON text, on stderr failures and warnings.
+class ApplyReport
+{
+public:
+    ApplyReport(const PresetUse& use, int jobCount, bool isJson, Console& console);
+
+    void Add(const PhotoJob& job, const std::vector<std::string>& warnings);
+    ExitCode Finish();
+
+private:
+    void AddJson(const PhotoJob& job, const std::vector<std::string>& warnings);
+
+    Console& m_console;
+    LumetraHost::JsonDocument m_document;
+    Zorvik::Brassel::CollectionPtr m_results;
+    int m_jobCount;
+    int m_endedCount = 0;
+    bool m_isJson;
+    bool m_hasFailures = false;
+};
+
+} // namespace LumetraCli

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "photos/PhotoBatch.h"
+
+#include "exporting/Export.h"
+#include "exporting/ExportMemory.h"
+#include "exporting/MemoryBudget.h"
+#include "photo/file/PhotoLimits.h"
+
+#include <algorithm>
+#include <atomic>
+#include <exception>
+#include <future>
+#include <new>
+
+namespace LumetraCli {
+namespace {
+
+using LumetraHost::Export;
+using LumetraHost::ExportControl;
+using LumetraHost::ExportMemory;
+using LumetraHost::ExportRecipe;
+using LumetraHost::MemoryBudget;
+using LumetraHost::PhotoWriter;
+using LumetraHost::ThreadPool;
+using LumetraHost::Warnings;
+
+/// The threads of one batch, each of which takes the next job that nobody has begun.
+class Workers
+{
+public:
+    Workers(std::vector<PhotoJob>& jobs, const ExportRecipe& recipe, const ExportControl& control,
+            std::uint64_t memory)
+        : m_jobs(jobs), m_recipe(recipe), m_control(control), m_memory(memory),
+          m_warnings(jobs.size()), m_done(jobs.size())
+    {
+    }
+
+    void Work();
+    /// Waits for a job and returns the warnings about its photo.
+    const Warnings& WaitFor(std::size_t job);
+
+private:
+    void Carry(PhotoJob& job, Warnings& warnings);
+
+    std::vector<PhotoJob>& m_jobs;
+    const ExportRecipe& m_recipe;
+    const ExportControl m_control;
+    MemoryBudget m_memory;
+    std::vector<Warnings> m_warnings;
+    std::vector<std::promise<void>> m_done;
+    std::atomic<std::size_t> m_next{0};
+};
+
+void Workers::Work()
+{
+    for (std::size_t i = m_next++; i < m_jobs.size(); i = m_next++) {
+        if (m_jobs[i].state == PhotoJob::State::Planned)
+            Carry(m_jobs[i], m_warnings[i]);
+        m_done[i].set_value();
+    }
+}
+
+void Workers::Carry(PhotoJob& job, Warnings& warnings)
+{
+    try {
+        ExportRecipe recipe = m_recipe;
+        recipe.format = PhotoWriter::GetFormatOf(job.output);
+        const MemoryBudget::Share share(m_memory, ExportMemory::Estimate(job.photo, recipe));
+        const auto result = Export().Run(job.photo, job.output, recipe, m_control);
+        for (const Warnings& noticed : {result.damage, result.losses})
+            for (const std::string& warning : noticed)
+                LumetraHost::Warn(warnings, warning);
+        job.state = PhotoJob::State::Written;
+    } catch (const std::bad_alloc&) {
+        job.state = PhotoJob::State::Failed;
+        job.message = QStringLiteral("%1: %2").arg(
+            job.photo, QLatin1String(LumetraHost::PhotoLimits::OutOfMemory));
+    } catch (const std::exception& error) {
+        job.state = PhotoJob::State::Failed;
+        job.message = QString::fromUtf8(error.what());
+    }
+}
+
+const Warnings& Workers::WaitFor(std::size_t job)
+{
+    m_done[job].get_future().wait();
+    return m_warnings[job];
+}
+
+} // namespace
+
+void PhotoBatch::Run(std::vector<PhotoJob>& jobs, const ExportRecipe& recipe,
+                     const Ended& ended) const
+{
+    const int count = std::min(m_limits.parallel, static_cast<int>(jobs.size()));
+    ExportControl control;
+    control.threads = std::max(1, ThreadPool::GetShared().GetThreadCount() / std::max(1, count));
+    Workers workers(jobs, recipe, control, m_limits.memory);
+    std::vector<std::future<void>> threads; // destroyed futures wait for their threads
+    for (int i = 0; i < count; ++i)
+        threads.push_back(std::async(std::launch::async, &Workers::Work, &workers));
+    for (std::size_t i = 0; i < jobs.size(); ++i) {
+        const Warnings& warnings = workers.WaitFor(i);
+        ended(jobs[i], warnings);
+    }
+}
+
+} // namespace LumetraCli

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "presets/PresetRows.h"
+
+#include "catalogue/NearestName.h"
+#include "console/UsageError.h"
+#include "core/CatalogueLocations.h"
+#include "core/PresetModel.h"
+#include "core/PresetResource.h"
+
+#include <algorithm>
+#include <functional>
+#include <iterator>
+
+namespace LumetraCli {
+namespace {
+
+using LumetraHost::ContentCheck;
+using LumetraPlugin::PresetModel;
+using LumetraPlugin::PresetResource;
+using Zorvik::Lumetra::LumetraPresets::IntensitySettingType;
+using Zorvik::Lumetra::LumetraPresets::SliderSetting;
+using Rows = std::vector<PresetRow>;
+
+QString FindContentProblem(const PresetModel& model, const QModelIndex& preset, ContentCheck check)
+{
+    return QString::fromStdString(model.GetPreset(preset)->FindProblem(check));
+}
+
+PresetRow ReadRow(const QModelIndex& index, const QString& group)
+{
+    PresetRow row;
+    row.index = index;
+    row.group = group;
+    row.name = index.data(PresetModel::PresetNameRole).toString();
+    row.id = index.data(PresetModel::PresetIdRole).toString();
+    row.intensityType =
+        index.data(PresetModel::IntensitySettingTypeRole).value<IntensitySettingType>();
+    row.intensity = index.data(PresetModel::IntensityRole).toInt();
+    row.intensityMinimum = index.data(PresetModel::IntensityMinRole).toInt();
+    row.intensityMaximum = index.data(PresetModel::IntensityMaxRole).toInt();
+    row.isPopular = index.data(PresetModel::PopularRole).toBool();
+    row.isUsers = index.data(PresetModel::EditableRole).toBool();
+    row.isFavourite = index.data(PresetModel::FavouriteRole).toBool();
+    row.sliders = index.data(PresetModel::SettingsValuesRole).value<SliderSetting::List>();
+    return row;
+}
+
+Rows Select(const Rows& rows, const std::function<bool(const PresetRow&)>& fits)
+{
+    Rows result;
+    std::copy_if(rows.begin(), rows.end(), std::back_inserter(result), fits);
+    return result;
+}
+
+Rows FindAll(const Rows& rows, const QString& nameOrId)
+{
+    Rows matches = Select(rows, [&](const PresetRow& row) { return row.id == nameOrId; });
+    if (matches.empty())
+        matches = Select(rows, [&](const PresetRow& row) { return row.name == nameOrId; });
+    if (matches.empty())
+        matches = Select(rows, [&](const PresetRow& row) {
+            return row.name.compare(nameOrId, Qt::CaseInsensitive) == 0;
+        });
+    return matches;
+}
+
+[[noreturn]] void RefuseUnknown(const Rows& rows, const QString& nameOrId, const QString& argument)
+{
+    std::vector<std::string> names;
+    for (const PresetRow& row : rows) {
+        names.push_back(row.name.toStdString());
+        names.push_back(row.id.toStdString());
+    }
+    const QString hint =
+        QString::fromStdString(LumetraHost::DidYouMean(nameOrId.toStdString(), names));
+    throw UsageError(QStringLiteral("%1: expected the name or id of a preset, found \"%2\"%3")
+                         .arg(argument, nameOrId, hint));
+}
+
+[[noreturn]] void RefuseAmbiguous(const Rows& matches, const QString& name, const QString& argument)
+{
+    QStringList ids;
+    for (const PresetRow& row : matches)
+        ids.append(QStringLiteral("\"%1\" (%2)").arg(row.id, row.group));
+    throw UsageError(
+        QStringLiteral("%1: expected one preset, found %2 named \"%3\"; their ids are %4")
+            .arg(argument, QString::number(matches.size()), name, ids.join(QStringLiteral(", "))));
+}
+
+} // namespace
+
+bool PresetRow::HasIntensity() const
+{
+    return intensityType != IntensitySettingType::None;
+}
+
+QString PresetRow::GetIntensityKind() const
+{
+    switch (intensityType) {
+    case IntensitySettingType::Blending:
+        return QStringLiteral("blending");
+    case IntensitySettingType::Slider:
+        return QStringLiteral("slider");
+    default:
+        return QStringLiteral("none");
+    }
+}
+
+std::vector<PresetRow> PresetRows::Read(PresetModel& model)
+{
+    const QStringList folders = LumetraPlugin::CatalogueLocations::GetResourceFolders();
+    Rows rows;
+    for (int g = 0; g < model.rowCount(); ++g) {
+        const QModelIndex group = model.index(g, 0);
+        const QString name = group.data(PresetModel::PresetNameRole).toString();
+        for (int i = 0; i < model.rowCount(group); ++i) {
+            const QModelIndex preset = model.index(i, 0, group);
+            const QString fault = PresetResource::FindFault(model, preset, folders);
+            rows.push_back(ReadRow(preset, name));
+            rows.back().problem =
+                fault.isEmpty() ? FindContentProblem(model, preset, ContentCheck::Presence) : fault;
+        }
+    }
+    return rows;
+}
+
+QString PresetRows::FindProblem(const PresetRow& row)
+{
+    const auto* model = dynamic_cast<const PresetModel*>(row.index.model());
+    if (!row.problem.isEmpty() || !model)
+        return row.problem;
+    return FindContentProblem(*model, row.index, ContentCheck::Content);
+}
+
+bool PresetRows::Has(const std::vector<PresetRow>& rows, const QString& nameOrId)
+{
+    return !FindAll(rows, nameOrId).empty();
+}
+
+PresetRow PresetRows::Find(const std::vector<PresetRow>& rows, const QString& nameOrId,
+                           const QString& argument)
+{
+    const Rows matches = FindAll(rows, nameOrId);
+    if (matches.empty())
+        RefuseUnknown(rows, nameOrId, argument);
+    if (matches.size() > 1)
+        RefuseAmbiguous(matches, nameOrId, argument);
+    return matches.front();
+}
+
+} // namespace LumetraCli

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "presets/StoreCommand.h"
+
+#include "EffectPresets/EffectPresetModel.h"
+#include "Zorvik/Exception.h"
+#include "console/Console.h"
+#include "console/UsageError.h"
+#include "core/PresetNames.h"
+#include "core/PresetSession.h"
+#include "core/userstore/UserPresetStore.h"
+#include "presets/CatalogueOptions.h"
+
+namespace LumetraCli {
+
+using LumetraPlugin::PresetNames;
+
+void StoreCommand::AddOptions(QCommandLineParser& parser) const
+{
+    AddArguments(parser);
+    CatalogueOptions::Add(parser);
+}
+
+ExitCode StoreCommand::Execute(const QCommandLineParser& parser, Console& console) const
+{
+    const auto session = CatalogueOptions::Load(parser, console);
+    if (!session || !session->GetStore())
+        return ExitCode::SomeFailed;
+    const QStringList done = Edit(parser, *session, PresetRows::Read(session->GetModel()));
+    if (Save(*session, console) != ExitCode::Done)
+        return ExitCode::SomeFailed;
+    for (const QString& line : done)
+        console.PrintLine(line);
+    return ExitCode::Done;
+}
+
+ExitCode StoreCommand::Save(LumetraPlugin::PresetSession& session, Console& console)
+{
+    try {
+        for (const std::string& report : session.GetStore()->Save(session.GetModel()))
+            console.ReportPlace(QString::fromStdString(report));
+        return ExitCode::Done;
+    } catch (const Zorvik::Exception& error) {
+        console.ReportPlace(QString::fromUtf8(error.what()));
+        return ExitCode::SomeFailed;
+    }
+}
+
+PresetRow StoreCommand::FindPreset(const Rows& rows, const QString& nameOrId)
+{
+    return PresetRows::Find(rows, nameOrId, QStringLiteral("PRESET"));
+}
+
+PresetRow StoreCommand::FindUsersPreset(const Rows& rows, const QString& nameOrId)
+{
+    const PresetRow row = FindPreset(rows, nameOrId);
+    if (!row.isUsers)
+        throw UsageError(QStringLiteral("PRESET: expected one of your own presets, found \"%1\" of "
+                                        "the catalogue's group \"%2\"")
+                             .arg(row.name, row.group));
+    return row;
+}
+
+QString StoreCommand::NewName(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model,
+                              const QString& name)
+{
+    const QString trimmed = name.trimmed();
+    const QString fault = PresetNames::FindFault(name);
+    if (!fault.isEmpty())
+        throw UsageError(QStringLiteral("NAME: ") + fault);
+    if (model.GetUserPresetNames().contains(trimmed))
+        throw UsageError(
+            QStringLiteral("NAME: expected a new name, found \"%1\", which one of your presets has")
+                .arg(trimmed));
+    return trimmed;
+}
+
+} // namespace LumetraCli

@@ -1,0 +1,483 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "panel/commands/PresetCommands.h"
+
+#include "EffectPresets/IObjectsConnectorID.h"
+#include "LumetraEditor/IEditor.h"
+#include "Settings/TuneSettingType.h"
+#include "Zorvik/Exception.h"
+#include "Zorvik/Util/ObjectsConnector.h"
+#include "core/PresetCollection.h"
+#include "core/PresetImport.h"
+#include "core/PresetResource.h"
+#include "core/userstore/UserPresetStore.h"
+#include "lut/LookExport.h"
+#include "panel/appearance/EffectTexts.h"
+#include "panel/commands/AppliedEdit.h"
+#include "panel/commands/RecentPresets.h"
+#include "panel/commands/RemoveCommand.h"
+#include "storage/CheckedFileWriter.h"
+#include "storage/ErrorText.h"
+#include "storage/JsonProperty.h"
+
+namespace LumetraPlugin {
+
+using LumetraHost::LookExport;
+using Zorvik::Lumetra::LumetraPresets::IObjectsConnectorID;
+using Zorvik::Lumetra::LumetraPresets::SliderSetting;
+using Zorvik::Lumetra::LumetraPresets::TuneSettingType;
+using Zorvik::Util::ObjectsConnector;
+
+namespace {
+
+constexpr int CubeSize = 33; // points along each axis
+
+QString NameOf(const QModelIndex& preset)
+{
+    return preset.data(PresetModel::PresetNameRole).toString();
+}
+
+} // namespace
+
+PresetCommands::PresetCommands(PresetCollection& presets, AppliedEdit& edit, RecentPresets& recent,
+                               LumetraEditor::IEditor& editor, QWidget& window)
+    : m_presets(presets), m_edit(edit), m_recent(recent), m_editor(editor), m_guard(editor),
+      m_dialogs(window), m_lastStep(std::make_shared<Zorvik::Core::Property>(std::string()))
+{
+}
+
+PresetCommands::~PresetCommands() = default;
+
+PresetModel& PresetCommands::GetModel()
+{
+    return m_presets.GetModel();
+}
+
+QModelIndex PresetCommands::GetApplied() const
+{
+    return m_presets.GetModel().FindApplied();
+}
+
+void PresetCommands::Try(const std::function<void()>& work)
+{
+    if (m_guard.Run(work))
+        return;
+    GoBack();
+    emit appliedChanged();
+    emit valuesChanged();
+    emit presetsChanged();
+}
+
+/// Restores the photo after a failure. Where that fails too, as without a workspace, there is no
+/// photo to go back to, and the user has been told already.
+void PresetCommands::GoBack()
+{
+    try {
+        if (LumetraHost::JsonProperty::AreEqual(*m_edit.Save(), *m_lastStep))
+            return;
+    } catch (...) { // what is applied cannot be drawn
+    }
+    try {
+        m_edit.GoBackTo(m_lastStep);
+    } catch (...) {
+    }
+}
+
+void PresetCommands::Tell(const QString& text)
+{
+    m_editor.ShowMessage(text);
+}
+
+void PresetCommands::SendPresetChanged()
+{
+    const QModelIndex applied = GetApplied();
+    ObjectsConnector::sendMessage(
+        IObjectsConnectorID::PRESET_CHANGED,
+        {applied.data(PresetModel::PresetIdRole).toString(), NameOf(applied)});
+}
+
+/// Gets the effects of a preset that has none yet, and the tables that they need. Returns false,
+/// after telling the user, when they are missing.
+bool PresetCommands::Fetch(const QModelIndex& preset)
+{
+    if (!preset.data(PresetModel::DownloadableRole).toBool()) {
+        const std::string problem =
+            GetModel().GetPreset(preset)->FindProblem(LumetraHost::ContentCheck::Content);
+        if (!problem.empty())
+            Tell(
+                tr("“%1” cannot be used: %2").arg(NameOf(preset), QString::fromStdString(problem)));
+        return problem.empty();
+    }
+    const QString path = PresetResource::Find(GetModel(), preset, m_resourceFolders);
+    if (path.isEmpty()) {
+        Tell(tr("“%1” needs the file “%2”, expected in the folder “%3”.")
+                 .arg(NameOf(preset), PresetResource::GetPlace(GetModel(), preset),
+                      m_resourceFolders.value(0)));
+        return false;
+    }
+    try {
+        GetModel().setData(preset, path, PresetModel::DownloadedResourceRole);
+    } catch (const std::exception& error) {
+        Tell(LumetraHost::ErrorText::Show(error));
+        return false;
+    }
+    emit lookChanged(preset);
+    emit presetsChanged();
+    return true;
+}
+
+void PresetCommands::Apply(const QModelIndex& preset, bool isFinished)
+{
+    Try([&] { ApplyOn(preset, isFinished); });
+}
+
+void PresetCommands::ApplyOn(const QModelIndex& preset, bool isFinished)
+{
+    if (m_editor.GetPhotoPath().isEmpty())
+        return Tell(tr("Open a photo first."));
+    if (!GetModel().GetPreset(preset) || !Fetch(preset))
+        return;
+    m_edit.ForgetStray();
+    GetModel().setData(preset, true, PresetModel::AppliedRole);
+    m_recent.Add(preset.data(PresetModel::PresetIdRole).toString());
+    emit appliedChanged();
+    SendPresetChanged();
+    if (isFinished)
+        FinishApplyStep();
+}
+
+void PresetCommands::ApplyId(const QString& id)
+{
+    const QModelIndex preset = GetModel().FindId(id);
+    if (preset.isValid())
+        Apply(preset);
+    else
+        Tell(tr("There is no preset with the id “%1”.").arg(id));
+}
+
+void PresetCommands::SetIntensity(int value)
+{
+    Try([&] {
+        const QModelIndex preset = GetApplied();
+        GetModel().setData(preset, value, PresetModel::IntensityRole);
+        GetModel().setData(preset, QVariant::fromValue(TuneSettingType::ChangeEnd),
+                           PresetModel::TuneRole);
+        emit valuesChanged();
+        FinishIntensity();
+    });
+}
+
+void PresetCommands::FinishIntensity()
+{
+    Try([this] {
+        const QModelIndex preset = GetApplied();
+        emit lookChanged(preset);
+        FinishStep(tr("Intensity of “%1”").arg(NameOf(preset)));
+    });
+}
+
+void PresetCommands::ResetIntensity()
+{
+    Try([&] {
+        if (const auto preset = GetModel().GetPreset(GetApplied()))
+            SetIntensity(preset->GetStartIntensity());
+    });
+}
+
+void PresetCommands::SetSlider(int position, int value)
+{
+    Try([&] {
+        const QModelIndex preset = GetApplied();
+        auto sliders = preset.data(PresetModel::SettingsValuesRole).value<SliderSetting::List>();
+        if (position < 0 || position >= static_cast<int>(sliders.size()))
+            return;
+        sliders[position].SetValue(value);
+        GetModel().setData(preset, QVariant::fromValue(sliders), PresetModel::SettingsValuesRole);
+    });
+}
+
+void PresetCommands::ResetSlider(int position)
+{
+    Try([&] {
+        const QModelIndex preset = GetApplied();
+        const auto defaults =
+            preset.data(PresetModel::DefaultSettingsValuesRole).value<SliderSetting::List>();
+        if (position < 0 || position >= static_cast<int>(defaults.size()))
+            return;
+        SetSlider(position, defaults[position].Value());
+        emit lookChanged(preset);
+        emit valuesChanged();
+        FinishStep(tr("Reset “%1”").arg(EffectTexts::Translate(defaults[position].Title())));
+    });
+}
+
+void PresetCommands::FinishSlider(int position)
+{
+    Try([&] {
+        const QModelIndex preset = GetApplied();
+        const auto sliders =
+            preset.data(PresetModel::SettingsValuesRole).value<SliderSetting::List>();
+        if (position < 0 || position >= static_cast<int>(sliders.size()))
+            return;
+        emit lookChanged(preset);
+        FinishStep(EffectTexts::Translate(sliders[position].Title()));
+    });
+}
+
+/// Lets the role put values back; it draws only where a slider had been moved. So an intensity that
+/// moves effects is put back here, and the preset applied again.
+void PresetCommands::Reset()
+{
+    Try([&] {
+        const QModelIndex preset = GetApplied();
+        if (!preset.isValid())
+            return;
+        GetModel().setData(preset, QVariant(), PresetModel::ResetRole);
+        m_presets.PutIntensityBack(preset);
+        GetModel().setData(preset, QVariant::fromValue(TuneSettingType::Apply),
+                           PresetModel::TuneRole);
+        emit lookChanged(preset);
+        emit valuesChanged();
+        FinishStep(tr("Reset “%1”").arg(NameOf(preset)));
+    });
+}
+
+/// Switches the preset off silently: after the commit there is nothing left to take off.
+void PresetCommands::Commit()
+{
+    Try([&] {
+        const QModelIndex preset = GetApplied();
+        if (!preset.isValid())
+            return;
+        const QString name = NameOf(preset);
+        GetModel().ApplyCurrentChanges(true);
+        GetModel().setData(preset, false, PresetModel::AppliedRole);
+        emit photoChanged();
+        emit appliedChanged();
+        SendPresetChanged();
+        m_lastStep = m_edit.Save();
+        m_editor.NoteEdit(tr("Apply “%1”").arg(name));
+    });
+}
+
+void PresetCommands::Discard()
+{
+    Try([this] { TakeOff(); });
+}
+
+void PresetCommands::TakeOff()
+{
+    m_edit.DropStray();
+    m_presets.DiscardChanges();
+    emit photoChanged();
+    emit appliedChanged();
+    SendPresetChanged();
+    FinishStep(tr("Discard the look"));
+}
+
+void PresetCommands::FinishStep(const QString& text)
+{
+    Try([&] {
+        const auto step = m_edit.Save();
+        if (LumetraHost::JsonProperty::AreEqual(*step, *m_lastStep))
+            return;
+        m_lastStep = step;
+        m_editor.NoteEdit(text);
+    });
+}
+
+void PresetCommands::FinishApplyStep()
+{
+    FinishStep(tr("Look “%1”").arg(NameOf(GetApplied())));
+}
+
+void PresetCommands::RememberEdit()
+{
+    m_lastStep = m_edit.Save();
+    emit appliedChanged();
+    SendPresetChanged();
+}
+
+/// Saves; after a failure the next change tries again, and so does the end of the program.
+void PresetCommands::Save()
+{
+    const QString problem = TryToSave();
+    if (!problem.isEmpty())
+        Tell(problem);
+}
+
+/// Returns why the presets are not saved; empty when they are.
+QString PresetCommands::TryToSave()
+{
+    m_hasUnsaved = true;
+    if (!m_presets.GetStore())
+        return tr("Your presets cannot be saved: their file could not be read.");
+    try {
+        for (const std::string& report : m_presets.GetStore()->Save(GetModel()))
+            Tell(QString::fromStdString(report));
+    } catch (const Zorvik::Exception& error) {
+        return tr("Your presets could not be saved: %1").arg(QString::fromUtf8(error.what()));
+    }
+    m_hasUnsaved = false;
+    return {};
+}
+
+bool PresetCommands::SaveOrAsk()
+{
+    while (m_hasUnsaved) {
+        const QString problem = TryToSave();
+        if (problem.isEmpty())
+            break;
+        const auto answer = m_dialogs.AskAboutUnsaved(problem, m_presets.GetStore() != nullptr);
+        if (answer != PresetDialogs::Unsaved::SaveAgain)
+            return answer == PresetDialogs::Unsaved::Lose;
+    }
+    return true;
+}
+
+void PresetCommands::SetFavourite(const QModelIndex& preset, bool isFavourite)
+{
+    Try([&] {
+        if (!GetModel().GetPreset(preset))
+            return;
+        GetModel().setData(preset, isFavourite, PresetModel::FavouriteRole);
+        Save();
+        emit presetsChanged();
+    });
+}
+
+bool PresetCommands::IsUsers(const QModelIndex& preset) const
+{
+    return preset.data(PresetModel::EditableRole).toBool();
+}
+
+void PresetCommands::SaveAs(const QModelIndex& preset)
+{
+    Try([&] {
+        if (!GetModel().GetPreset(preset) || !Fetch(preset))
+            return;
+        const QPersistentModelIndex source = preset;
+        const QString name = m_dialogs.AskNewName(NameOf(preset), GetModel().GetUserPresetNames());
+        if (name.isEmpty() || !source.isValid())
+            return;
+        GetModel().setData(source, name, PresetModel::SaveAsUserPresetRole);
+        Save();
+        emit presetsChanged();
+        const QModelIndex group = GetModel().GetUserGroup();
+        emit presetAdded(GetModel().index(GetModel().rowCount(group) - 1, 0, group));
+    });
+}
+
+void PresetCommands::Rename(const QModelIndex& preset)
+{
+    Try([&] {
+        if (!IsUsers(preset))
+            return;
+        const QPersistentModelIndex renamed = preset;
+        const QString name =
+            m_dialogs.AskOtherName(NameOf(preset), GetModel().GetUserPresetNames());
+        if (name.isEmpty() || !renamed.isValid())
+            return;
+        GetModel().setData(renamed, name, PresetModel::PresetNameRole);
+        Save();
+        emit presetsChanged();
+        emit appliedChanged(); // the name may be shown there
+    });
+}
+
+void PresetCommands::Remove(const QModelIndex& preset)
+{
+    const auto removed = GetModel().GetPreset(preset);
+    if (!removed || !IsUsers(preset))
+        return;
+    const QString name = NameOf(preset);
+    if (!m_dialogs.AskRemoval(name))
+        return;
+    const int row = GetModel().FindPreset(*removed).row();
+    m_editor.PushUndo(new RemoveCommand(*this, removed, row, tr("Delete “%1”").arg(name)));
+}
+
+/// Takes the preset's look off the photo too: nothing would be left to change it by.
+void PresetCommands::TakeAway(const PresetModel::PresetPtr& preset)
+{
+    Try([&] {
+        if (preset->IsApplied())
+            TakeOff();
+        const QModelIndex index = GetModel().FindPreset(*preset);
+        if (!index.isValid())
+            return;
+        GetModel().removeRows(index.row(), 1, index.parent());
+        Save();
+        emit presetsChanged();
+    });
+}
+
+void PresetCommands::PutBack(const PresetModel::PresetPtr& preset, int row)
+{
+    Try([&] {
+        GetModel().InsertPreset(row, GetModel().GetUserGroup(), preset);
+        Save();
+        emit presetsChanged();
+    });
+}
+
+void PresetCommands::ImportByDialog()
+{
+    Import(m_dialogs.AskImports());
+}
+
+void PresetCommands::Import(const QStringList& paths)
+{
+    int count = 0;
+    QPersistentModelIndex last;
+    for (const QString& path : paths) {
+        try {
+            QStringList problems;
+            const auto added = PresetImport::AddTo(m_presets, path, problems);
+            count += static_cast<int>(added.size());
+            last = added.back();
+            for (const QString& problem : problems)
+                Tell(problem);
+        } catch (const std::exception& error) {
+            Tell(LumetraHost::ErrorText::Show(error));
+        }
+    }
+    if (count == 0)
+        return;
+    Save();
+    emit presetsChanged();
+    emit presetAdded(last);
+    Tell(count == 1 ? tr("Imported “%1”.").arg(NameOf(last)) : tr("Imported %1 looks.").arg(count));
+}
+
+/// Exports looks of colour alone; others do not fit into a table.
+void PresetCommands::Export(const QModelIndex& preset)
+{
+    Try([&] { ExportLook(preset); });
+}
+
+void PresetCommands::ExportLook(const QModelIndex& preset)
+{
+    const auto look = GetModel().GetPreset(preset);
+    if (!look || !Fetch(preset))
+        return;
+    const QString name = NameOf(preset);
+    const auto settings = look->MakeSettings();
+    QStringList unfit;
+    for (const std::string& effectID : LookExport::FindUnfitEffects(settings))
+        unfit.append(EffectTexts::GetEffectName(effectID));
+    if (!unfit.isEmpty())
+        return Tell(tr("“%1” cannot become a .cube file, for it changes more than colours: %2")
+                        .arg(name, unfit.join(QStringLiteral(", "))));
+    const QString path = m_dialogs.AskExport(name);
+    if (path.isEmpty())
+        return;
+    try {
+        const auto table = LookExport::MakeTable(settings, CubeSize);
+        LumetraHost::CheckedFileWriter::Write(path, LookExport::ToCubeFile(table, name));
+        Tell(tr("Wrote “%1”.").arg(path));
+    } catch (const Zorvik::Exception& error) {
+        Tell(QString::fromUtf8(error.what()));
+    }
+}
+
+} // namespace LumetraPlugin

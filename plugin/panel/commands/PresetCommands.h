@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "Zorvik/Core/Property.h"
+#include "core/PresetModel.h"
+#include "panel/commands/PanelGuard.h"
+#include "panel/commands/PresetDialogs.h"
+
+#include <QObject>
+
+namespace LumetraEditor {
+class IEditor;
+}
+
+namespace LumetraPlugin {
+
+class AppliedEdit;
+class PresetCollection;
+class RecentPresets;
+
+/// The user's operations on presets. Each works through the model's roles, saves the user's file,
+/// gives the editor the finished step and tells the panel's views. Indexes are those of the preset
+/// model; invalid ones do nothing. No command throws: one that fails tells the user why, the photo
+/// is as after the last finished step, and the views read everything again.
+class PresetCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// All are kept by reference. `window` is the parent of dialogs.
+    PresetCommands(PresetCollection& presets, AppliedEdit& edit, RecentPresets& recent,
+                   LumetraEditor::IEditor& editor, QWidget& window);
+    ~PresetCommands() override;
+
+    /// Sets the folders in which resources of presets are looked for.
+    void SetResourceFolders(const QStringList& folders) { m_resourceFolders = folders; }
+
+    PresetModel& GetModel();
+    /// The preset that is on the photo; invalid when there is none.
+    QModelIndex GetApplied() const;
+
+    // Operations on the photo.
+    /// Puts the preset on the photo. `isFinished` false: further calls follow, as while an arrow
+    /// key is held, and then FinishStep().
+    void Apply(const QModelIndex& preset, bool isFinished = true);
+    void ApplyId(const QString& id);
+    void SetIntensity(int value);
+    void ResetIntensity();
+    void SetSlider(int position, int value);
+    void ResetSlider(int position);
+    /// Ends a step in which the user's control has set the intensity, or a slider, in the model.
+    void FinishIntensity();
+    void FinishSlider(int position);
+    /// Puts all values of the applied preset back to where they started.
+    void Reset();
+    /// Makes the look part of the photo, so that the next one comes on top.
+    void Commit();
+    /// Takes the look off and forgets all changed values.
+    void Discard();
+    /// Gives the editor a step with the changes since the last one, if there are any.
+    void FinishStep(const QString& text);
+    /// Finishes a step that is named after the applied preset.
+    void FinishApplyStep();
+    /// Begins the next step at the present state, which the editor has made.
+    void RememberEdit();
+
+    // Operations on presets themselves.
+    void SetFavourite(const QModelIndex& preset, bool isFavourite);
+    void SaveAs(const QModelIndex& preset);
+    void Rename(const QModelIndex& preset);
+    /// Removes a preset of the user's own, after asking. Undoable.
+    void Remove(const QModelIndex& preset);
+    bool IsUsers(const QModelIndex& preset) const;
+    /// Imports files with looks, see PresetImport.
+    void Import(const QStringList& paths);
+    void ImportByDialog();
+    /// Writes the look at its current values as a .cube file that the user names.
+    void Export(const QModelIndex& preset);
+
+    /// Saves changes that could not be saved so far, and asks the user where that fails again.
+    /// False when the user wants to see to it before the program ends.
+    bool SaveOrAsk();
+
+    // Operations for the commands that undo.
+    void TakeAway(const PresetModel::PresetPtr& preset);
+    void PutBack(const PresetModel::PresetPtr& preset, int row);
+
+signals:
+    /// Another preset is on the photo, or none.
+    void appliedChanged();
+    /// Values of the applied preset have been set otherwise than by its own sliders.
+    void valuesChanged();
+    /// The preset's picture is outdated.
+    void lookChanged(const QModelIndex& preset);
+    /// The photo under the looks has changed, and so have all pictures.
+    void photoChanged();
+    /// Names have changed, or which presets there are.
+    void presetsChanged();
+    /// The user's group has a new preset.
+    void presetAdded(const QModelIndex& preset);
+
+private:
+    void Try(const std::function<void()>& work);
+    void GoBack();
+    void ApplyOn(const QModelIndex& preset, bool isFinished);
+    void TakeOff();
+    void ExportLook(const QModelIndex& preset);
+    void Save();
+    QString TryToSave();
+    void Tell(const QString& text);
+    void SendPresetChanged();
+    bool Fetch(const QModelIndex& preset);
+
+    PresetCollection& m_presets;
+    AppliedEdit& m_edit;
+    RecentPresets& m_recent;
+    LumetraEditor::IEditor& m_editor;
+    PanelGuard m_guard;
+    PresetDialogs m_dialogs;
+    QStringList m_resourceFolders;
+    Zorvik::Core::Property::Ptr m_lastStep; ///< never null, never changed
+    bool m_hasUnsaved = false;
+};
+
+} // namespace LumetraPlugin

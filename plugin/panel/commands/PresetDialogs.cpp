@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "panel/commands/PresetDialogs.h"
+
+#include "Zorvik/Lumetra/StyleProvider.h"
+#include "Zorvik/Util/AlertBox.h"
+#include "catalogue/VisibleText.h"
+#include "core/PresetNames.h"
+#include "widgets/NewPresetDialog.h"
+
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QWidget>
+
+namespace LumetraPlugin {
+namespace {
+
+using LumetraHost::VisibleText;
+using Zorvik::Lumetra::LumetraPresets::NewPresetDialog;
+using Zorvik::Util::AlertBox;
+
+/// Turns control characters into spaces as soon as they are pasted: no name of a preset has them.
+void KeepFreeOfControls(QLineEdit& edit)
+{
+    QObject::connect(&edit, &QLineEdit::textChanged, &edit, [&edit](const QString& text) {
+        if (VisibleText::HasControls(text))
+            edit.setText(VisibleText::WithoutControls(text));
+    });
+}
+
+QLineEdit& PrepareEdit(NewPresetDialog& dialog, const QString& accessibleName)
+{
+    auto& edit = *dialog.findChild<QLineEdit*>(QStringLiteral("lineEdit"));
+    edit.setAccessibleName(accessibleName);
+    KeepFreeOfControls(edit);
+    return edit;
+}
+
+QString Ask(NewPresetDialog& dialog, QLineEdit& edit)
+{
+    edit.selectAll();
+    edit.setFocus();
+    return dialog.exec() == QDialog::Accepted ? dialog.GetName() : QString();
+}
+
+} // namespace
+
+QString PresetDialogs::AskNewName(const QString& old, const QStringList& taken) const
+{
+    NewPresetDialog dialog(taken, NewPresetDialog::Create, &m_window);
+    QLineEdit& edit = PrepareEdit(dialog, tr("Name of the preset"));
+    edit.setText(PresetNames::MakeFree(old, taken));
+    return Ask(dialog, edit);
+}
+
+QString PresetDialogs::AskOtherName(const QString& old, const QStringList& taken) const
+{
+    NewPresetDialog dialog(taken, NewPresetDialog::Rename, &m_window);
+    QLineEdit& edit = PrepareEdit(dialog, tr("Name of the preset"));
+    dialog.SetName(old);
+    return Ask(dialog, edit);
+}
+
+bool PresetDialogs::AskRemoval(const QString& name) const
+{
+    // The editor's alerts give Yes the title for its text where Cancel stands beside it.
+    AlertBox box(AlertBox::Level::Warning, tr("Delete"), tr("Delete the preset “%1”?").arg(name),
+                 QMessageBox::Yes | QMessageBox::Cancel, &m_window,
+                 Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);
+    Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Cancel}, QMessageBox::Cancel);
+    return box.Exec() == QMessageBox::Yes;
+}
+
+PresetDialogs::Unsaved PresetDialogs::AskAboutUnsaved(const QString& problem,
+                                                      bool canTryAgain) const
+{
+    const QString choice = canTryAgain ? tr("Retry saves them again,\nDiscard quits without them.")
+                                       : tr("Discard quits without them.");
+    const QMessageBox::StandardButtons again =
+        canTryAgain ? QMessageBox::Retry : QMessageBox::NoButton;
+    AlertBox box(AlertBox::Level::Warning, QStringLiteral("Lumetra"),
+                 tr("The last changes to your own presets and favourites are not saved.") +
+                     QStringLiteral("\n\n") + problem + QStringLiteral("\n\n") + choice,
+                 again | QMessageBox::Discard | QMessageBox::Cancel, &m_window, Qt::WindowFlags());
+    const auto proposed = canTryAgain ? QMessageBox::Retry : QMessageBox::Cancel;
+    Zorvik::Lumetra::StyleAlertBox(box, {proposed}, proposed);
+    switch (box.Exec()) {
+    case QMessageBox::Retry:
+        return Unsaved::SaveAgain;
+    case QMessageBox::Discard:
+        return Unsaved::Lose;
+    default:
+        return Unsaved::Stay;
+    }
+}
+
+QStringList PresetDialogs::AskImports() const
+{
+    QFileDialog dialog(&m_window, tr("Import looks"));
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    dialog.setNameFilters(
+        {tr("Looks (%1)")
+             .arg(QStringLiteral("*.cube *.3dl *.clf *.cc *.ccc *.cdl *.png *.tif *.tiff *.json")),
+         tr("All files (%1)").arg(QStringLiteral("*"))});
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+}
+
+QString PresetDialogs::AskExport(const QString& name) const
+{
+    QFileDialog dialog(&m_window, tr("Export “%1” as .cube").arg(name));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("cube"));
+    dialog.setNameFilter(QStringLiteral("*.cube"));
+    dialog.selectFile(name + QStringLiteral(".cube"));
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+} // namespace LumetraPlugin

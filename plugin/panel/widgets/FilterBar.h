@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "panel/grid/PresetFilter.h"
+
+#include <QWidget>
+
+#include <vector>
+
+class QLabel;
+class QLineEdit;
+class QToolButton;
+
+namespace LumetraPlugin {
+
+/// The search field and the choice All / Favourites / Recent / User above the pages.
+class FilterBar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit FilterBar(QWidget* parent = nullptr);
+
+    void FocusSearch();
+    void Clear();
+
+signals:
+    void textChanged(const QString& text);
+    void kindChosen(PresetFilter::Kind kind);
+    /// Enter or the down arrow was pressed in the search field: the results want the focus.
+    void left();
+    void importRequested();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void BuildSearch();
+    void BuildKinds();
+    void ShowTexts();
+
+    QLineEdit* m_search;
+    QLabel* m_searchIcon;
+    QToolButton* m_clear;
+    QToolButton* m_import;
+    std::vector<QToolButton*> m_kinds; // in the order of PresetFilter::Kind
+};
+
+} // namespace LumetraPlugin
