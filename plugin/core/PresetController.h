@@ -15,7 +15,7 @@
 
 namespace LumetraPlugin {
 
-/// What all presets of one panel share about their preview pictures.
+/// Options of the preview pictures that all presets of one panel share.
 struct PreviewOptions
 {
     QSize size = {160, 120}; ///< pixels; a preview is at most this large
@@ -59,7 +59,7 @@ public:
     /// one.
     Zorvik::Quindle::EffectsSettings MakePreviewSettings();
     LumetraHost::PreviewPolicies GetPreviewPolicies() const;
-    /// Tells its picture from those of other presets: group and id.
+    /// The key of the preset's picture, from group and id; no other preset has it.
     std::string GetPreviewKey() const;
     /// The intensity that the preset came with, which a reset goes back to. It lies within the
     /// range: a stored one that does not has been moved to the nearest end.

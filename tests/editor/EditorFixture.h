@@ -85,7 +85,7 @@ protected:
     bool IsExporting() const;
     /// The files are dropped on the window.
     void DropFiles(const QStringList& paths) const;
-    /// What the canvas shows when everything has been rendered, without anything over it.
+    /// The canvas' picture when everything has been rendered, without anything over it.
     QImage GetPicture() const;
 
     // Steps of a user in the presets panel.

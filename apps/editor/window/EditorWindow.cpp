@@ -343,8 +343,6 @@ void EditorWindow::ShowOpening(const QString& path)
     m_progress->show();
 }
 
-// Exporting
-
 void EditorWindow::ShowExport()
 {
     m_actions->exportPhoto->setEnabled(false);

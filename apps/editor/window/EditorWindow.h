@@ -66,7 +66,7 @@ private:
     void RestoreSettings();
 
     void ConnectExporter();
-    /// What is dropped on the window: photos are opened, other files are for the panels.
+    /// Takes files that are dropped on the window: opens photos, hands other files to the panels.
     void TakeFiles(const QStringList& paths);
     void AskForPhoto();
     void OpenNeighbour(int step);

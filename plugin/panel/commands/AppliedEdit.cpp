@@ -106,7 +106,7 @@ Property::Ptr AppliedEdit::Save() const
     return edit;
 }
 
-/// The package as it was, so that nothing depends on what the catalogue says today.
+/// Reads the package as it was saved, whatever the catalogue says today.
 EffectsSettings AppliedEdit::Load(const ISerializer& edit, QStringList& reports) const
 {
     EffectsSettings settings(EffectsSettings::PhotoAlone);

@@ -41,7 +41,7 @@ public:
     /// any more. Returns a sentence for each entry that could not be used.
     QStringList Restore(const Zorvik::Core::Property::Ptr& edit);
 
-    /// Takes off what the panel has on the photo, however that came there, and restores `edit`.
+    /// Takes all packages of the panel off the photo, however they came there, and restores `edit`.
     void GoBackTo(const Zorvik::Core::Property::Ptr& edit);
 
     /// The name of a stray look: one that is on the photo though no catalogue has it any more, or

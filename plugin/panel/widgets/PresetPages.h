@@ -32,7 +32,7 @@ public:
                 QWidget* parent = nullptr);
     ~PresetPages() override;
 
-    /// Names have changed, or which presets there are.
+    /// Reads all pages again, after names or presets have changed.
     void Refresh();
     /// Shows the pages for the filter's new settings.
     void FollowFilter();

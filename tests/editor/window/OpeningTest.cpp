@@ -8,11 +8,9 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDropEvent>
 #include <QFile>
 #include <QLabel>
 #include <QMenu>
-#include <QMimeData>
 #include <QProgressBar>
 #include <QTimer>
 #include <QToolButton>
@@ -55,16 +53,7 @@ protected:
 
     void Drop(const QStringList& paths)
     {
-        QMimeData data;
-        QList<QUrl> urls;
-        for (const QString& path : paths)
-            urls.append(QUrl::fromLocalFile(path));
-        data.setUrls(urls);
-        QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(window.get(), &enter);
-        ASSERT_TRUE(enter.isAccepted());
-        QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(window.get(), &drop);
+        DropFiles(paths);
         WaitUntil([this] { return !editor->IsOpening(); });
     }
 };

@@ -75,7 +75,7 @@ protected:
     Image Result() { return m_picture.Draw(); }
     Image CommittedPhoto() { return m_picture.DrawCommitted(); }
 
-    /// What the packages make of the photo, each rendered on its own.
+    /// The photo with the packages, each rendered on its own.
     Image Draw(const std::vector<Zorvik::Quindle::EffectsSettings>& packages) const
     {
         Image picture = m_photo;

@@ -142,7 +142,7 @@ TEST_F(Layers, areDrawnFromTablesAboveWhatIsFinished)
                 largest = std::max(largest, std::abs(int(GetChannel(quick, x, y, channel)) -
                                                      int(GetChannel(exact, x, y, channel))));
     EXPECT_LE(largest, 2);
-    // Nothing of it is taken for the exact picture.
+    // The next rendering does not take it for the exact picture.
     EXPECT_EQ(Render({m_a, m_b, changed}), 1);
 }
 

@@ -44,7 +44,7 @@ protected:
                          [this](const ViewFrame& frame) { m_frames.push_back(frame); });
     }
 
-    /// Every full frame is late then.
+    /// Makes every full frame late.
     void MakeLateView() { MakeView(std::chrono::nanoseconds(0)); }
 
     void ShowWhole() { m_view->SetView({QRectF(0, 0, 90, 60), QSize(90, 60)}); }

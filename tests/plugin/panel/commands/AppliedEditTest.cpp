@@ -23,7 +23,7 @@ namespace {
 class AppliedEditTest : public PanelFixture
 {
 protected:
-    /// As the editor does it: no open packages, then the panel's part.
+    /// Restores as the editor does: no open packages, then the panel's part.
     void Restore(const Property::Ptr& edit)
     {
         auto& drawer = editor.GetHostWorkspace().GetDrawer();
