@@ -3,7 +3,7 @@
 
 #include "drawer/previews/AsyncPreviews.h"
 #include "drawer/view/LiveView.h"
-#include "plugins/PluginFolders.h"
+#include "plugins/PluginLoader.h"
 
 #include <QAction>
 #include <QApplication>
