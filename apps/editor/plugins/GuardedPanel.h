@@ -42,8 +42,8 @@ public:
 
     void PhotoChanged();
     void PreviewReady(const QString& key);
-    /// Nothing when the panel is out of use, or is now because it has failed or given what no edit
-    /// can hold.
+    /// The panel's edit; nothing when the panel is out of use, or is now because it has failed or
+    /// has given what no edit can hold.
     std::optional<PanelEdit> SaveEdit();
     void RestoreEdit(const PanelEdit& edit);
     bool HasUnsavedChanges();
