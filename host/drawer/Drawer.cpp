@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "drawer/Drawer.h"
 
+#include "image/Overview.h"
+
 #include "Zorvik/Exception.h"
 #include "Zorvik/Proc/SettingsEffectEmpty.h"
 
@@ -21,6 +23,8 @@ void Drawer::SetPhoto(const Image& photo)
     m_painter.DropPainting();
     m_stack.TakeAll();
     m_committed.clear();
+    if (!m_photo.SharesPixelsWith(photo))
+        m_overview = photo.IsNull() ? nullptr : std::make_shared<Overview>(photo);
     m_photo = photo;
     NotifyCommittedPhotoChanged();
     NotifyFrameChanged();
@@ -146,6 +150,7 @@ PictureRecipe Drawer::MakeRecipe(const PackageStack& stack) const
 {
     PictureRecipe recipe;
     recipe.photo = m_photo;
+    recipe.overview = m_overview;
     recipe.committed = m_committed.size();
     for (const SharedSettings& settings : m_committed)
         recipe.layers.push_back({settings, std::nullopt});

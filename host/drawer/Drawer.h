@@ -13,6 +13,7 @@
 
 #include "Zorvik/Quindle/IQuindleDrawer.h"
 
+#include <memory>
 #include <vector>
 
 namespace LumetraHost {
@@ -78,6 +79,7 @@ private:
 
     Renderer m_renderer;
     Image m_photo;
+    std::shared_ptr<Overview> m_overview; ///< of the photo; null without one
     std::vector<SharedSettings> m_committed;
     PackageStack m_stack;
     Painter m_painter;

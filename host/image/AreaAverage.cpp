@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "image/AreaAverage.h"
 
+#include "threads/RowBands.h"
+
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <limits>
+#include <utility>
 #include <vector>
 
 namespace LumetraHost {
@@ -15,6 +19,14 @@ const Channel* GetRow(const Image& source, int y)
     return reinterpret_cast<const Channel*>(source.Row(y % source.GetHeight()));
 }
 
+/// Source pixels whose sums are made at a time: these stay in the first-level cache.
+constexpr int ChunkPixels = 1024;
+
+constexpr std::size_t CountValues(int pixels)
+{
+    return static_cast<std::size_t>(Image::Channels) * static_cast<std::size_t>(pixels);
+}
+
 template <class Channel>
 Channel Round(float value)
 {
@@ -22,19 +34,12 @@ Channel Round(float value)
     return static_cast<Channel>(std::lrint(std::clamp(value, 0.0f, white)));
 }
 
-/// The sum of one channel over a block. Blocks of 8 bits are summed exactly.
-class BlockSum8
-{
-public:
-    void Add(std::uint8_t value) { m_sum += value; }
-    float Get() const { return static_cast<float>(m_sum); }
+/// Sums of so many values of 16 bits are exact as floats, and those of so many of 8 bits fit
+/// into 16.
+constexpr int MostExact = 256;
 
-private:
-    int m_sum = 0;
-};
-
-/// Sums values of 16 bits by fours, as Resize() does: sums of more than 256 of them are rounded on
-/// the way.
+/// Sums more values than that. Fours are summed exactly, their sums as
+/// floats.
 class BlockSum16
 {
 public:
@@ -57,20 +62,91 @@ private:
     float m_sum = 0;
 };
 
-BlockSum8 MakeSum(std::uint8_t, int)
+/// The mean of two by two is rounded up from the half on, other means to even.
+template <class Channel>
+Channel GetMean(float sum, int width, int height)
 {
-    return {};
+    return width == 2 && height == 2
+               ? static_cast<Channel>((static_cast<int>(sum) + 2) / 4)
+               : Round<Channel>(sum * (1.0f / static_cast<float>(width * height)));
 }
 
-BlockSum16 MakeSum(std::uint16_t, int count)
+template <class Channel, class Sum>
+void AddRow(const Channel* __restrict values, std::size_t count, Sum* __restrict sums)
 {
-    return BlockSum16(count);
+    for (std::size_t i = 0; i < count; ++i)
+        sums[i] = static_cast<Sum>(sums[i] + values[i]);
+}
+
+/// The channels of one pixel, which compilers for every processor work on at once.
+using BytePixel = std::uint8_t __attribute__((vector_size(4)));
+using WordPixel = std::uint16_t __attribute__((vector_size(8)));
+using LongPixel = std::uint32_t __attribute__((vector_size(16)));
+using FloatPixel = float __attribute__((vector_size(16)));
+
+template <class Packed, class Value>
+Packed LoadPixel(const Value* values)
+{
+    static_assert(sizeof(Packed) == Image::Channels * sizeof(Value));
+    Packed packed;
+    std::memcpy(&packed, values, sizeof(packed));
+    return packed;
+}
+
+FloatPixel ToFloats(const std::uint8_t* values)
+{
+    return __builtin_convertvector(LoadPixel<BytePixel>(values), FloatPixel);
+}
+
+FloatPixel ToFloats(const std::uint16_t* values)
+{
+    return __builtin_convertvector(LoadPixel<WordPixel>(values), FloatPixel);
+}
+
+LongPixel ToLongs(const std::uint16_t* values)
+{
+    return __builtin_convertvector(LoadPixel<WordPixel>(values), LongPixel);
+}
+
+LongPixel ToLongs(const std::uint32_t* values)
+{
+    return LoadPixel<LongPixel>(values);
+}
+
+template <class Channel, class Sum>
+void StoreMean(const Sum* sums, int width, int height, Channel* target)
+{
+    LongPixel block = {};
+    for (int column = 0; column < width; ++column, sums += Image::Channels)
+        block += ToLongs(sums);
+    const auto mean = __builtin_convertvector(block, FloatPixel);
+    for (int i = 0; i < Image::Channels; ++i)
+        target[i] = GetMean<Channel>(mean[i], width, height);
+}
+
+/// Adds the weighed averages of one row.
+template <class Channel>
+void AddWeighed(const AreaAxis& columns, const Channel* pixels, float weight, float* sums,
+                int width)
+{
+    for (int x = 0; x < width; ++x, sums += Image::Channels) {
+        FloatPixel average = {};
+        for (const auto* column = columns.Begin(x); column != columns.End(x); ++column)
+            average += ToFloats(pixels + CountValues(column->source)) * column->weight;
+        const FloatPixel sum = LoadPixel<FloatPixel>(sums) + average * weight;
+        std::memcpy(sums, &sum, sizeof(sum));
+    }
 }
 
 } // namespace
 
 AreaAverage::AreaAverage(int sourceWidth, int sourceHeight, int width, int height)
-    : m_width(width), m_columns(sourceWidth, width), m_rows(sourceHeight, height)
+    : AreaAverage({sourceWidth, width}, {sourceHeight, height}, width)
+{
+}
+
+AreaAverage::AreaAverage(AreaAxis columns, AreaAxis rows, int width)
+    : m_width(width), m_columns(std::move(columns)), m_rows(std::move(rows))
 {
 }
 
@@ -82,56 +158,75 @@ void AreaAverage::Run(const Image& source, int y, Image& target, int targetRow) 
         RunRow(source, y, target.Row(targetRow));
 }
 
+void AreaAverage::RunAll(const Image& source, Image& target) const
+{
+    ForEachBand(ThreadPool::GetShared(), target.GetHeight(), 0, nullptr, [&](int first, int end) {
+        for (int y = first; y < end; ++y)
+            Run(source, y, target, y);
+    });
+}
+
 template <class Channel>
 void AreaAverage::RunRow(const Image& source, int y, Channel* target) const
 {
-    if (m_columns.GetWholeFactor() > 0 && m_rows.GetWholeFactor() > 0)
-        AverageBlocks(source, y, target);
-    else
-        Weigh(source, y, target);
+    const int values = m_columns.GetWholeFactor() * m_rows.GetWholeFactor();
+    if (values == 0)
+        return Weigh(source, y, target);
+    if constexpr (sizeof(Channel) > 1) {
+        if (values > MostExact)
+            return AverageLargeBlocks(source, y, target);
+    } else if (m_rows.GetWholeFactor() <= MostExact) {
+        return AverageBlocks<Channel, std::uint16_t>(source, y, target);
+    }
+    AverageBlocks<Channel, std::uint32_t>(source, y, target);
 }
 
 /// Averages each source row along its columns first, then the rows by their shares.
 template <class Channel>
 void AreaAverage::Weigh(const Image& source, int y, Channel* target) const
 {
-    const auto values = static_cast<std::size_t>(Image::Channels * m_width);
-    std::vector<float> sums(values);
-    for (const auto* row = m_rows.Begin(y); row != m_rows.End(y); ++row) {
-        const Channel* const pixels = GetRow<Channel>(source, row->source);
-        float* sum = sums.data();
-        for (int x = 0; x < m_width; ++x, sum += Image::Channels) {
-            float average[Image::Channels] = {};
-            for (const auto* column = m_columns.Begin(x); column != m_columns.End(x); ++column)
-                for (int i = 0; i < Image::Channels; ++i)
-                    average[i] += static_cast<float>(pixels[Image::Channels * column->source + i]) *
-                                  column->weight;
-            for (int i = 0; i < Image::Channels; ++i)
-                sum[i] += average[i] * row->weight;
-        }
-    }
+    std::vector<float> sums(CountValues(m_width));
+    for (const auto* row = m_rows.Begin(y); row != m_rows.End(y); ++row)
+        AddWeighed(m_columns, GetRow<Channel>(source, row->source), row->weight, sums.data(),
+                   m_width);
     std::transform(sums.begin(), sums.end(), target, Round<Channel>);
 }
 
-/// Averages blocks of whole pixels. The mean of four is rounded up from the half on, other means to
-/// even.
-template <class Channel>
+/// Sums the rows of a block before its columns: whole rows are quick to add.
+template <class Channel, class Sum>
 void AreaAverage::AverageBlocks(const Image& source, int y, Channel* target) const
 {
     const int width = m_columns.GetWholeFactor();
     const int height = m_rows.GetWholeFactor();
-    const float scale = 1.0f / static_cast<float>(width * height);
-    const bool isByFour = width == 2 && height == 2;
+    const int chunk = std::max(1, ChunkPixels / width);
+    std::vector<Sum> sums(CountValues(std::min(chunk, m_width) * width));
+    for (int x = 0; x < m_width; x += chunk) {
+        const int count = std::min(chunk, m_width - x);
+        std::fill(sums.begin(), sums.end(), Sum{0});
+        for (int row = 0; row < height; ++row)
+            AddRow(GetRow<Channel>(source, m_rows.GetFirst(y) + row) +
+                       CountValues(m_columns.GetFirst(x)),
+                   CountValues(count * width), sums.data());
+        for (int i = 0; i < count; ++i)
+            StoreMean(sums.data() + CountValues(i * width), width, height,
+                      target + CountValues(x + i));
+    }
+}
+
+void AreaAverage::AverageLargeBlocks(const Image& source, int y, std::uint16_t* target) const
+{
+    const int width = m_columns.GetWholeFactor();
+    const int height = m_rows.GetWholeFactor();
     for (int i = 0; i < Image::Channels * m_width; ++i) {
-        auto sum = MakeSum(Channel(), width * height);
-        const int first = i / Image::Channels * width * Image::Channels + i % Image::Channels;
+        BlockSum16 sum(width * height);
+        const std::size_t first = CountValues(m_columns.GetFirst(i / Image::Channels));
         for (int row = 0; row < height; ++row) {
-            const Channel* pixel = GetRow<Channel>(source, y * height + row) + first;
-            for (int x = 0; x < width; ++x, pixel += Image::Channels)
-                sum.Add(*pixel);
+            const std::uint16_t* value = GetRow<std::uint16_t>(source, m_rows.GetFirst(y) + row) +
+                                         first + i % Image::Channels;
+            for (int x = 0; x < width; ++x, value += Image::Channels)
+                sum.Add(*value);
         }
-        target[i] = isByFour ? static_cast<Channel>((static_cast<int>(sum.Get()) + 2) / 4)
-                             : Round<Channel>(sum.Get() * scale);
+        target[i] = GetMean<std::uint16_t>(sum.Get(), width, height);
     }
 }
 

@@ -6,14 +6,16 @@
 
 namespace LumetraHost {
 
-/// Shrinks an opaque picture row by row, so that it never has to be whole in memory, with the
-/// result of Resize() at ResizeQuality::Fine. Immutable; different rows may be made by different
-/// threads.
+/// Shrinks an opaque picture row by row, so that it never has to be whole in memory. Every pixel of
+/// the target is the average of its area of the source. Immutable; different rows may be made by
+/// different threads.
 class AreaAverage
 {
 public:
     /// Each side of the target has 1 pixel to as many as the source.
     AreaAverage(int sourceWidth, int sourceHeight, int width, int height);
+    /// Shrinks a part of the source, whose rows keep their numbers.
+    AreaAverage(AreaAxis columns, AreaAxis rows, int width);
 
     /// The rows of the source that row `y` of the target averages: from the first to one behind the
     /// last. Neither decreases from row to row.
@@ -23,14 +25,17 @@ public:
     /// Makes row `y` of the target and stores it as row `targetRow` of `target`. `source` holds the
     /// averaged rows, row r as its row r modulo its height. Both have the same depth.
     void Run(const Image& source, int y, Image& target, int targetRow) const;
+    /// Makes all rows, on the shared pool, of a picture that is there as a whole.
+    void RunAll(const Image& source, Image& target) const;
 
 private:
     template <class Channel>
     void RunRow(const Image& source, int y, Channel* target) const;
     template <class Channel>
     void Weigh(const Image& source, int y, Channel* target) const;
-    template <class Channel>
+    template <class Channel, class Sum>
     void AverageBlocks(const Image& source, int y, Channel* target) const;
+    void AverageLargeBlocks(const Image& source, int y, std::uint16_t* target) const;
 
     int m_width;
     AreaAxis m_columns;

@@ -13,16 +13,18 @@ constexpr double SmallestPart = 1e-3;
 
 } // namespace
 
-AreaAxis::AreaAxis(int source, int target)
+AreaAxis::AreaAxis(int source, int target) : AreaAxis(source, 0, source, target) {}
+
+AreaAxis::AreaAxis(int source, double begin, double length, int target)
 {
-    // The roundings are those of Resize(), so that both tell whole factors alike.
-    const double perPixel = 1.0 / (static_cast<double>(target) / source);
+    const double perPixel = 1.0 / (static_cast<double>(target) / length);
     const int nearest = static_cast<int>(std::lround(perPixel));
-    if (std::abs(perPixel - nearest) < std::numeric_limits<double>::epsilon())
+    const bool isWhole = std::abs(perPixel - nearest) < std::numeric_limits<double>::epsilon();
+    if (isWhole && begin == std::floor(begin))
         m_wholeFactor = nearest;
     for (int i = 0; i < target; ++i) {
         m_begins.push_back(m_shares.size());
-        AddShares(source, i * perPixel, perPixel);
+        AddShares(source, begin + i * perPixel, perPixel);
     }
     m_begins.push_back(m_shares.size());
 }

@@ -21,6 +21,9 @@ public:
 
     /// `target`: 1 to `source` pixels.
     AreaAxis(int source, int target);
+    /// Averages only the part from `begin` on; it lies inside of the source and is at least as long
+    /// as the target. Its ends may lie within pixels.
+    AreaAxis(int source, double begin, double length, int target);
 
     /// Source pixels of each target pixel where that is a whole number, else 0.
     int GetWholeFactor() const { return m_wholeFactor; }

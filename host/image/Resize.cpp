@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "image/Resize.h"
 
+#include "image/AreaAverage.h"
+
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
 
 #include <algorithm>
-#include <limits>
 
 namespace LumetraHost {
 namespace {
@@ -29,25 +30,9 @@ int ChooseInterpolation(const PixelRect& area, int width, int height, ResizeQual
     return width <= area.width && height <= area.height ? cv::INTER_AREA : cv::INTER_CUBIC;
 }
 
-template <class Channel>
-bool IsOpaqueRow(const Channel* row, int pixels)
+PixelRect GetWhole(const Image& image)
 {
-    for (int i = 0; i < pixels; ++i)
-        if (row[4 * i + 3] != std::numeric_limits<Channel>::max())
-            return false;
-    return true;
-}
-
-bool IsOpaque(const cv::Mat& pixels)
-{
-    for (int y = 0; y < pixels.rows; ++y) {
-        const bool isOpaque = pixels.depth() == CV_16U
-                                  ? IsOpaqueRow(pixels.ptr<std::uint16_t>(y), pixels.cols)
-                                  : IsOpaqueRow(pixels.ptr<std::uint8_t>(y), pixels.cols);
-        if (!isOpaque)
-            return false;
-    }
-    return true;
+    return {0, 0, image.GetWidth(), image.GetHeight()};
 }
 
 void Premultiply(cv::Mat& floats, float white)
@@ -74,22 +59,46 @@ void Unpremultiply(cv::Mat& floats, float white)
 
 /// A whole number that both sides can be divided by with at least two pixels left for each of the
 /// target, as large as possible; 1 when there is none.
-int FindWholeFactor(const cv::Size& source, const cv::Size& target)
+int FindWholeFactor(const PixelRect& source, const Image& target)
 {
-    int factor = std::min(source.width / (2 * target.width), source.height / (2 * target.height));
+    int factor =
+        std::min(source.width / (2 * target.GetWidth()), source.height / (2 * target.GetHeight()));
     while (factor > 1 && (source.width % factor != 0 || source.height % factor != 0))
         --factor;
     return std::max(factor, 1);
 }
 
-/// Averages whole pixels first: they take a fraction of the time that parts of pixels take.
-void ResizeInTwoSteps(const cv::Mat& source, cv::Mat& target, int interpolation)
+/// As if all pixels were opaque.
+void AverageAreas(const Image& source, const PixelRect& area, Image& target)
 {
-    const int factor = FindWholeFactor(source.size(), target.size());
-    cv::Mat smaller = source;
-    if (factor > 1)
-        cv::resize(source, smaller, source.size() / factor, 0, 0, cv::INTER_AREA);
-    cv::resize(smaller, target, target.size(), 0, 0, interpolation);
+    const AreaAxis columns(source.GetWidth(), area.x, area.width, target.GetWidth());
+    const AreaAxis rows(source.GetHeight(), area.y, area.height, target.GetHeight());
+    AreaAverage(columns, rows, target.GetWidth()).RunAll(source, target);
+}
+
+/// Averages of whole pixels are made several times as quick as those of their parts.
+void AverageInTwoSteps(const Image& source, const PixelRect& area, Image& target)
+{
+    const int factor = FindWholeFactor(area, target);
+    if (factor == 1)
+        return AverageAreas(source, area, target);
+    const PixelRect whole{0, 0, area.width / factor, area.height / factor};
+    Image smaller = Image::AllocateUninitialised(whole.width, whole.height, source.GetDepth());
+    AverageAreas(source, area, smaller);
+    AverageAreas(smaller, whole, target);
+}
+
+void ResizeOpaque(const Image& source, const PixelRect& area, Image& target, ResizeQuality quality)
+{
+    const int interpolation =
+        ChooseInterpolation(area, target.GetWidth(), target.GetHeight(), quality);
+    if (interpolation != cv::INTER_AREA) {
+        cv::Mat to = WrapArea(target, GetWhole(target));
+        cv::resize(WrapArea(source, area), to, to.size(), 0, 0, interpolation);
+    } else if (quality == ResizeQuality::Screen)
+        AverageInTwoSteps(source, area, target);
+    else
+        AverageAreas(source, area, target);
 }
 
 void ResizeTransparent(const cv::Mat& source, cv::Mat& target, int interpolation)
@@ -111,16 +120,16 @@ Image Resize(const Image& source, const PixelRect& area, int width, int height,
 {
     Image result = Image::AllocateUninitialised(width, height, source.GetDepth());
     const cv::Mat from = WrapArea(source, area);
-    cv::Mat to = WrapArea(result, {0, 0, width, height});
-    const int interpolation = ChooseInterpolation(area, width, height, quality);
-    if (from.size() == to.size())
+    cv::Mat to = WrapArea(result, GetWhole(result));
+    if (from.size() == to.size()) {
         from.copyTo(to);
-    else if (!IsOpaque(from))
-        ResizeTransparent(from, to, interpolation);
-    else if (quality == ResizeQuality::Screen)
-        ResizeInTwoSteps(from, to, interpolation);
-    else
-        cv::resize(from, to, to.size(), 0, 0, interpolation);
+        return result;
+    }
+    // The result tells whether there is transparency: it is small, and the source need not be read
+    // twice.
+    ResizeOpaque(source, area, result, quality);
+    if (!result.IsOpaque())
+        ResizeTransparent(from, to, ChooseInterpolation(area, width, height, quality));
     return result;
 }
 

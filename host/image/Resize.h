@@ -2,17 +2,9 @@
 #pragma once
 
 #include "image/Image.h"
+#include "image/PixelRect.h"
 
 namespace LumetraHost {
-
-/// A rectangle of whole pixels.
-struct PixelRect
-{
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-};
 
 /// How carefully a picture is resized. Fast may show aliasing when it shrinks. Screen is for large
 /// pictures that are looked at: where whole numbers divide their sides it averages squares of whole
@@ -26,7 +18,9 @@ enum class ResizeQuality
 
 /// The part `area` of `source` (inside it, at least 1 x 1) as a picture of width x height. Fine
 /// and Screen shrink by area averages and enlarge by cubic interpolation, Fast interpolates
-/// linearly; all on the encoded values. Transparent pixels do not bleed their colour into others.
+/// linearly; all on the encoded values. Transparent pixels do not bleed their colour into others,
+/// or by half a step at most where they are too few to make the average transparent. Shrinks on the
+/// shared pool.
 Image Resize(const Image& source, const PixelRect& area, int width, int height,
              ResizeQuality quality);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "drawer/render/PartRenderer.h"
 
+#include "image/Overview.h"
 #include "image/Resize.h"
 
 #include <optional>
@@ -8,13 +9,16 @@
 namespace LumetraHost {
 namespace {
 
-Image Scale(const Image& photo, const PhotoPart& part)
+Image Scale(const PictureRecipe& recipe, const PhotoPart& part)
 {
+    const Image& photo = recipe.photo;
     const bool isWhole =
         part.part.width == photo.GetWidth() && part.part.height == photo.GetHeight();
     if (isWhole && part.width == photo.GetWidth() && part.height == photo.GetHeight())
         return photo;
-    return Resize(photo, part.part, part.width, part.height, part.quality);
+    return recipe.overview
+               ? recipe.overview->Resize(part.part, part.width, part.height, part.quality)
+               : Resize(photo, part.part, part.width, part.height, part.quality);
 }
 
 bool Contains(const PixelRect& outer, const PixelRect& inner)
@@ -28,14 +32,15 @@ bool Contains(const PixelRect& outer, const PixelRect& inner)
 
 PartRenderer::PartRenderer(const Renderer& renderer, LayerUse use) : m_layers(renderer, use) {}
 
-Image PartRenderer::GetOriginal(const Image& photo, const PhotoPart& part)
+Image PartRenderer::GetOriginal(const PictureRecipe& recipe, const PhotoPart& part)
 {
+    const Image& photo = recipe.photo;
     if (HasScaled(photo, part))
         return m_layers.GetSource();
     m_photo = photo;
     m_part = part;
     const bool isSeen = !photo.IsNull() && !part.IsEmpty();
-    const Image source = isSeen ? Scale(photo, part) : Image();
+    const Image source = isSeen ? Scale(recipe, part) : Image();
     m_isOpaque = source.IsOpaque();
     m_layers.SetSource(source,
                        isSeen ? std::optional(part.GetArea(photo.GetWidth(), photo.GetHeight()))
@@ -46,7 +51,7 @@ Image PartRenderer::GetOriginal(const Image& photo, const PhotoPart& part)
 Image PartRenderer::Render(const PictureRecipe& recipe, const PhotoPart& part,
                            const CancelToken* cancel)
 {
-    if (GetOriginal(recipe.photo, part).IsNull())
+    if (GetOriginal(recipe, part).IsNull())
         return {};
     return m_layers.Render(recipe.layers, recipe.layers.size(), cancel);
 }
@@ -54,7 +59,7 @@ Image PartRenderer::Render(const PictureRecipe& recipe, const PhotoPart& part,
 Image PartRenderer::RenderFromTables(const PictureRecipe& recipe, const PhotoPart& part,
                                      const CancelToken* cancel)
 {
-    if (GetOriginal(recipe.photo, part).IsNull())
+    if (GetOriginal(recipe, part).IsNull())
         return {};
     return m_layers.RenderFromTables(recipe.layers, cancel);
 }

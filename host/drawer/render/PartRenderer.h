@@ -21,7 +21,7 @@ public:
     PartRenderer(const Renderer& renderer, LayerUse use);
 
     /// The scaled part without any layer; null without a photo and for an empty part.
-    Image GetOriginal(const Image& photo, const PhotoPart& part);
+    Image GetOriginal(const PictureRecipe& recipe, const PhotoPart& part);
     /// The scaled part with the recipe's layers; also null when it was cancelled. `cancel` may be
     /// null.
     Image Render(const PictureRecipe& recipe, const PhotoPart& part, const CancelToken* cancel);

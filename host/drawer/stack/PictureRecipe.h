@@ -12,6 +12,8 @@
 
 namespace LumetraHost {
 
+class Overview;
+
 /// Settings that nobody changes any more, so that any thread may read them. The same pointer means
 /// the same picture, which is what caches compare.
 using SharedSettings = std::shared_ptr<const Zorvik::Quindle::EffectsSettings>;
@@ -39,7 +41,9 @@ inline bool operator!=(const Layer& first, const Layer& second)
 /// settings are shared.
 struct PictureRecipe
 {
-    Image photo;               ///< without any package
+    Image photo; ///< without any package
+    /// For pictures much smaller than the photo; null: they are made from the photo itself.
+    std::shared_ptr<Overview> overview;
     std::vector<Layer> layers; ///< bottom first
     std::size_t committed = 0; ///< how many of them, from the bottom, are committed
 };

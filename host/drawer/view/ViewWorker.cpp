@@ -147,7 +147,7 @@ bool ViewWorker::PostFrame(const Queued& queued, const Image& picture, const Vie
     const ViewJob& job = queued.job;
     ViewResult result;
     result.frame.picture = picture;
-    result.original = renderer.GetOriginal(job.recipe.photo, geometry.GetPhotoPart());
+    result.original = renderer.GetOriginal(job.recipe, geometry.GetPhotoPart());
     if (!queued.cancel->IsCancelled()) {
         result.frame.shown = ToDisplay(job, picture);
         result.shownOriginal = OriginalToDisplay(job, result.original);
@@ -164,7 +164,7 @@ Image ViewWorker::Render(const Queued& queued, const ViewGeometry& geometry, Par
     const ViewJob& job = queued.job;
     const auto begin = Clock::now();
     const bool wasScaled = renderer.HasScaled(job.recipe.photo, geometry.GetPhotoPart());
-    const Image original = renderer.GetOriginal(job.recipe.photo, geometry.GetPhotoPart());
+    const Image original = renderer.GetOriginal(job.recipe, geometry.GetPhotoPart());
     const auto scaled = Clock::now();
     if (original.IsNull())
         return original;

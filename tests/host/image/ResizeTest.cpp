@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <utility>
 
 namespace LumetraHost {
@@ -106,6 +107,19 @@ TEST(Resize, doesNotBleedTheColoursOfTransparentPixels)
     const Image result = Resize(source, {0, 0, 2, 2}, 1, 1, ResizeQuality::Fine);
     EXPECT_EQ(GetChannel(result, 0, 0, 1), 40u);
     EXPECT_NEAR(GetChannel(result, 0, 0, 3), 128, 1);
+}
+
+// An average of so many pixels is opaque when one of them is not.
+TEST(Resize, takesHalfAStepAtMostFromTheColourOfOneTransparentPixelOfMany)
+{
+    Image source = MakeSoftPicture(64, 64, Image::Depth::Bits8);
+    const Image before = Resize(source, {0, 0, 64, 64}, 2, 2, ResizeQuality::Fine);
+    const std::uint8_t pixel[] = {255, 0, 255, 0};
+    std::copy(std::begin(pixel), std::end(pixel), source.Row(20) + 4 * 20);
+    const Image after = Resize(source, {0, 0, 64, 64}, 2, 2, ResizeQuality::Fine);
+    for (int i = 0; i < 16; ++i)
+        EXPECT_NEAR(GetChannel(after, i / 4 % 2, i / 8, i % 4),
+                    GetChannel(before, i / 4 % 2, i / 8, i % 4), 1);
 }
 
 TEST(Resize, copiesAPartOfTheSameSize)
