@@ -25,9 +25,8 @@ QString DescribeError(const std::exception_ptr& error)
 
 } // namespace
 
-LiveView::LiveView(Drawer& drawer, QObject* parent, std::chrono::nanoseconds previewBeyond)
-    : QObject(parent), m_drawer(drawer),
-      m_worker(std::make_unique<ViewWorker>(previewBeyond, [this] {
+LiveView::LiveView(Drawer& drawer, QObject* parent, const LiveViewOptions& options)
+    : QObject(parent), m_drawer(drawer), m_worker(std::make_unique<ViewWorker>(options, [this] {
           QMetaObject::invokeMethod(
               this, [this] { Deliver(); }, Qt::QueuedConnection);
       }))

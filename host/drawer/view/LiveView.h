@@ -2,6 +2,7 @@
 #pragma once
 
 #include "drawer/stack/IDrawerObserver.h"
+#include "drawer/view/LiveViewOptions.h"
 #include "drawer/view/ViewFrame.h"
 
 #include "image/Image.h"
@@ -11,7 +12,6 @@
 #include <QObject>
 #include <QString>
 
-#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -28,19 +28,16 @@ struct ViewResult;
 ///
 /// The newest state wins: a superseded one is cancelled and not shown, except that two
 /// cancellations in a row always have a frame between them. Where a full frame would be late a
-/// reduced one comes first. The last frame depends only on the last state.
+/// reduced one comes first, and while an effect is dragged one from tables, where that is quicker
+/// by measurement. The last frame depends only on the last state.
 class LiveView : public QObject, private IDrawerObserver
 {
     Q_OBJECT
 
 public:
-    static constexpr std::chrono::nanoseconds PreviewBeyond = std::chrono::milliseconds(25);
-
-    /// `drawer` is kept by reference and outlives the view. A full frame that is expected to take
-    /// longer than `previewBeyond` is preceded by a preview: all pixels from tables where that is
-    /// quick enough, else fewer pixels.
+    /// `drawer` is kept by reference and outlives the view.
     explicit LiveView(Drawer& drawer, QObject* parent = nullptr,
-                      std::chrono::nanoseconds previewBeyond = PreviewBeyond);
+                      const LiveViewOptions& options = {});
     ~LiveView() override;
 
     /// Nothing is rendered before the first call.

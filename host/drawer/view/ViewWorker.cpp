@@ -11,18 +11,18 @@ using Clock = std::chrono::steady_clock;
 /// Nanoseconds per pixel, assumed before anything was measured.
 constexpr double AssumedScaling = 30;
 constexpr double AssumedRendering = 30;
-constexpr double TableDrawing = 4;
-/// Entries and probes of a table.
-constexpr double TableColours = 40000;
+constexpr double TableDrawing = 2;
+/// Nanoseconds that making a table is assumed to take.
+constexpr double TableMaking = 1.5e6;
 constexpr int MostHalvings = 2;
 /// Rendered pixels to which the border for spatial effects is rounded up.
 constexpr int HaloStep = 32;
 
 } // namespace
 
-ViewWorker::ViewWorker(std::chrono::nanoseconds previewBeyond, std::function<void()> frameIsThere)
-    : m_previewBeyond(previewBeyond), m_frameIsThere(std::move(frameIsThere)),
-      m_scalingTime(AssumedScaling), m_renderingTime(AssumedRendering), m_thread([this] { Work(); })
+ViewWorker::ViewWorker(const LiveViewOptions& options, std::function<void()> frameIsThere)
+    : m_options(options), m_frameIsThere(std::move(frameIsThere)), m_scalingTime(AssumedScaling),
+      m_renderingTime(AssumedRendering), m_thread([this] { Work(); })
 {
 }
 
@@ -86,9 +86,9 @@ std::optional<ViewWorker::Queued> ViewWorker::TakeJob()
 void ViewWorker::Run(const Queued& queued)
 {
     try {
-        if (ChooseHalvings(queued.job) > 0 && (!RunPreview(queued) || IsSuperseded()))
-            return;
-        RunStep(queued, false);
+        m_ticks.Begin(queued.job.recipe.layers, queued.job.geometry.GetPixelCount());
+        if (RunQuickFrame(queued))
+            RunStep(queued, false);
     } catch (...) {
         ViewResult failed;
         failed.frame.serial = queued.job.serial;
@@ -97,17 +97,33 @@ void ViewWorker::Run(const Queued& queued)
     }
 }
 
-bool ViewWorker::RunPreview(const Queued& queued)
+/// The frame that is shown before the exact one, where there is reason for one. False when nobody
+/// wants the exact one any more.
+bool ViewWorker::RunQuickFrame(const Queued& queued)
+{
+    const bool isLate = ChooseHalvings(queued.job) > 0;
+    const bool isTick = IsTickFromTable(queued.job);
+    if (isTick || (isLate && IsTableQuick(queued.job))) {
+        const ViewGeometry geometry = MakeGeometry(queued.job, false);
+        const Image picture = RenderFromTables(queued, geometry);
+        if (!picture.IsNull() || queued.cancel->IsCancelled())
+            return PostFrame(queued, picture, geometry, m_full, true) && !IsSuperseded();
+    }
+    return !isLate || (RunStep(queued, true) && !IsSuperseded());
+}
+
+/// Null when it was cancelled, and when these effects make no table.
+Image ViewWorker::RenderFromTables(const Queued& queued, const ViewGeometry& geometry)
 {
     const ViewJob& job = queued.job;
-    if (!IsTableQuick(job))
-        return RunStep(queued, true);
-    const ViewGeometry geometry = MakeGeometry(job, false);
+    const auto begin = Clock::now();
     const Image picture =
         m_full.RenderFromTables(job.recipe, geometry.GetPhotoPart(), queued.cancel.get());
-    if (picture.IsNull() && !queued.cancel->IsCancelled())
-        return RunStep(queued, true);
-    return PostFrame(queued, picture, geometry, m_full, true);
+    if (!picture.IsNull())
+        m_ticks.AddTable(double((Clock::now() - begin).count()));
+    else if (!queued.cancel->IsCancelled())
+        m_ticks.RefuseTable();
+    return picture;
 }
 
 bool ViewWorker::RunStep(const Queued& queued, bool isReduced)
@@ -171,7 +187,9 @@ Image ViewWorker::Render(const Queued& queued, const ViewGeometry& geometry, Par
     const Image picture = renderer.Render(job.recipe, geometry.GetPhotoPart(), queued.cancel.get());
     if (&renderer == &m_full && !picture.IsNull()) {
         const double pixels = geometry.GetPixelCount();
-        m_renderingTime = double((Clock::now() - scaled).count()) / pixels;
+        const double rendering = double((Clock::now() - scaled).count());
+        m_ticks.AddExact(rendering);
+        m_renderingTime = rendering / pixels;
         if (!wasScaled)
             m_scalingTime = double((scaled - begin).count()) / pixels;
     }
@@ -198,26 +216,46 @@ ViewGeometry ViewWorker::MakeGeometry(const ViewJob& job, bool isReduced) const
 int ViewWorker::ChooseHalvings(const ViewJob& job) const
 {
     const double perPixel =
-        m_renderingTime +
+        GetRenderingTime(job) +
         (m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart()) ? 0 : m_scalingTime);
     double expected = job.geometry.GetPixelCount() * perPixel;
     int halvings = 0;
-    while (halvings < MostHalvings && expected > double(m_previewBeyond.count())) {
+    while (halvings < MostHalvings && expected > double(m_options.previewBeyond.count())) {
         expected /= 4;
         ++halvings;
     }
     return job.recipe.photo.IsNull() || job.geometry.part.isEmpty() ? 0 : halvings;
 }
 
-/// True when tables make a preview of all pixels in time. Making a table costs as much as rendering
-/// the colours that it holds.
+/// Nanoseconds per pixel of the view that the layers are expected to take.
+double ViewWorker::GetRenderingTime(const ViewJob& job) const
+{
+    const auto tick = m_ticks.GetExact();
+    return tick ? *tick / job.geometry.GetPixelCount() : m_renderingTime;
+}
+
+/// Nanoseconds that a picture from tables is assumed to take before any was measured.
+double ViewWorker::GetTableTime(const ViewJob& job)
+{
+    return TableMaking + TableDrawing * job.geometry.GetPixelCount();
+}
+
+bool ViewWorker::CanTryTable(const ViewJob& job) const
+{
+    return m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart());
+}
+
+/// True when tables make a preview of all pixels in time.
 bool ViewWorker::IsTableQuick(const ViewJob& job) const
 {
-    if (!m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart()))
-        return false;
-    const double expected =
-        TableColours * m_renderingTime + TableDrawing * job.geometry.GetPixelCount();
-    return expected <= double(m_previewBeyond.count());
+    return CanTryTable(job) && GetTableTime(job) <= double(m_options.previewBeyond.count());
+}
+
+/// True when an effect is being dragged, and tables have its picture sooner than the formulas.
+bool ViewWorker::IsTickFromTable(const ViewJob& job) const
+{
+    return CanTryTable(job) && job.geometry.GetPixelCount() >= m_options.leastTablePixels &&
+           m_ticks.IsTableQuicker(GetTableTime(job));
 }
 
 bool ViewWorker::IsSuperseded()

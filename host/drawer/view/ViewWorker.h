@@ -4,6 +4,8 @@
 #include "drawer/render/PartRenderer.h"
 #include "drawer/stack/PictureRecipe.h"
 #include "drawer/view/DisplayTransform.h"
+#include "drawer/view/LiveViewOptions.h"
+#include "drawer/view/TickCosts.h"
 #include "drawer/view/ViewFrame.h"
 #include "drawer/view/ViewGeometry.h"
 #include "image/ImagePool.h"
@@ -50,8 +52,7 @@ class ViewWorker
 {
 public:
     /// `frameIsThere` is called on the worker's thread when TakeResult() has something new.
-    /// For `previewBeyond` see LiveView.
-    ViewWorker(std::chrono::nanoseconds previewBeyond, std::function<void()> frameIsThere);
+    ViewWorker(const LiveViewOptions& options, std::function<void()> frameIsThere);
     /// Cancels what is running.
     ~ViewWorker();
     ViewWorker(const ViewWorker&) = delete;
@@ -84,7 +85,7 @@ private:
     void Work();
     std::optional<Queued> TakeJob();
     void Run(const Queued& queued);
-    bool RunPreview(const Queued& queued);
+    bool RunQuickFrame(const Queued& queued);
     bool RunStep(const Queued& queued, bool isReduced);
     /// Converts `picture` to the colours of the job's display.
     Image ToDisplay(const ViewJob& job, const Image& picture);
@@ -92,13 +93,18 @@ private:
     bool PostFrame(const Queued& queued, const Image& picture, const ViewGeometry& geometry,
                    PartRenderer& renderer, bool isReduced);
     Image Render(const Queued& queued, const ViewGeometry& geometry, PartRenderer& renderer);
+    Image RenderFromTables(const Queued& queued, const ViewGeometry& geometry);
+    bool CanTryTable(const ViewJob& job) const;
+    bool IsTickFromTable(const ViewJob& job) const;
     bool IsTableQuick(const ViewJob& job) const;
+    static double GetTableTime(const ViewJob& job);
+    double GetRenderingTime(const ViewJob& job) const;
     ViewGeometry MakeGeometry(const ViewJob& job, bool isReduced) const;
     int ChooseHalvings(const ViewJob& job) const;
     bool IsSuperseded();
     bool Post(const Queued& queued, ViewResult result);
 
-    const std::chrono::nanoseconds m_previewBeyond;
+    const LiveViewOptions m_options;
     const std::function<void()> m_frameIsThere;
     Renderer m_renderer;
     PartRenderer m_full{m_renderer, LayerUse::Interaction};
@@ -107,6 +113,7 @@ private:
     DisplayedOriginal m_displayedOriginal;
     double m_scalingTime;   ///< nanoseconds per pixel of the view, as measured last
     double m_renderingTime; ///< nanoseconds per pixel of the view that the layers took last
+    TickCosts m_ticks{m_options.largestTableShare};
 
     std::mutex m_mutex;
     std::condition_variable m_hasJob;

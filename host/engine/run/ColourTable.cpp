@@ -51,8 +51,8 @@ void Gather(const std::uint8_t* source, const MarkedPixels& rest, PixelRow& targ
 
 std::int16_t Quantise(float value)
 {
-    const float limited = std::clamp(value, Lowest, Highest);
-    return static_cast<std::int16_t>(std::lround(limited * ColourCube::One));
+    const double scaled = double(std::clamp(value, Lowest, Highest)) * ColourCube::One;
+    return static_cast<std::int16_t>(scaled + (scaled < 0 ? -0.5 : 0.5));
 }
 
 /// Fills one line of the cube, along which red runs.

@@ -242,6 +242,21 @@ TEST_F(Packages, tellWhenThePictureChanges)
     EXPECT_EQ(m_observer.frames, 2);
 }
 
+TEST_F(Packages, areDrawnOnOneOverviewOfThePhotoForAllWhoShowIt)
+{
+    const auto overview = m_drawer.GetRecipe().overview;
+    ASSERT_TRUE(overview);
+    Apply(MakePackage("a", 0, 1));
+    EXPECT_EQ(m_drawer.GetRecipe().overview, overview);
+    EXPECT_EQ(m_drawer.GetCommittedRecipe().overview, overview);
+    m_drawer.SetPhoto(m_photo);
+    EXPECT_EQ(m_drawer.GetRecipe().overview, overview);
+    m_drawer.SetPhoto(m_photo.Clone());
+    EXPECT_NE(m_drawer.GetRecipe().overview, overview);
+    m_drawer.SetPhoto(Image());
+    EXPECT_FALSE(m_drawer.GetRecipe().overview);
+}
+
 TEST_F(Packages, areNotRenderedAgainBelowTheOneThatChanges)
 {
     Apply(MakePackage("a", 0, 1));

@@ -37,15 +37,20 @@ protected:
         m_view.reset();
     }
 
-    void MakeView(std::chrono::nanoseconds previewBeyond = LiveView::PreviewBeyond)
+    void MakeView(const LiveViewOptions& options = {})
     {
-        m_view = std::make_unique<LiveView>(m_drawer, nullptr, previewBeyond);
+        m_view = std::make_unique<LiveView>(m_drawer, nullptr, options);
         QObject::connect(m_view.get(), &LiveView::frameReady, m_view.get(),
                          [this](const ViewFrame& frame) { m_frames.push_back(frame); });
     }
 
     /// Makes every full frame late.
-    void MakeLateView() { MakeView(std::chrono::nanoseconds(0)); }
+    void MakeLateView()
+    {
+        LiveViewOptions options;
+        options.previewBeyond = std::chrono::nanoseconds(0);
+        MakeView(options);
+    }
 
     void ShowWhole() { m_view->SetView({QRectF(0, 0, 90, 60), QSize(90, 60)}); }
 

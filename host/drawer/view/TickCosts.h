@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "drawer/stack/PictureRecipe.h"
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+namespace LumetraHost {
+
+/// What the ticks of a drag cost, as measured: exactly, or from tables of colours. A drag changes
+/// the same effect of the same layer again and again; how much of the picture is kept, and so what
+/// an exact tick costs, depends on which one that is. Times are in nanoseconds. One thread only.
+class TickCosts
+{
+public:
+    /// A table is drawn where it takes less than this share of the exact time.
+    explicit TickCosts(double largestShare) : m_largestShare(largestShare) {}
+
+    /// A picture of these layers, in that many pixels, is about to be drawn.
+    void Begin(const std::vector<Layer>& layers, double pixels);
+
+    /// The exact picture took so long. The first of a drag makes what the next ones keep, and does
+    /// not count.
+    void AddExact(double time);
+    /// Making the tables and drawing them took so long.
+    void AddTable(double time) { m_table = time; }
+    /// These effects make no table.
+    void RefuseTable() { m_isRefused = true; }
+
+    /// What an exact tick is expected to take; empty before it has been measured.
+    std::optional<double> GetExact() const { return m_exact; }
+    /// True when a tick from tables is expected to be quicker by enough. `assumed`: its time before
+    /// one has been measured.
+    bool IsTableQuicker(double assumed) const;
+
+private:
+    static constexpr std::size_t NoEffect = static_cast<std::size_t>(-1);
+
+    /// The first thing that differs from the picture before.
+    struct Change
+    {
+        std::size_t layer = 0;
+        std::size_t effect = NoEffect; ///< also where a layer is new or gone
+        bool isBlend = false;
+    };
+
+    static Change Find(const std::vector<Layer>& before, const std::vector<Layer>& after);
+
+    double m_largestShare;
+    std::vector<Layer> m_layers;
+    double m_pixels = 0;
+    Change m_change;
+    bool m_isWarm = false; ///< an exact picture of such a tick has been drawn
+    bool m_isRefused = false;
+    std::optional<double> m_exact;
+    std::optional<double> m_table;
+};
+
+} // namespace LumetraHost
