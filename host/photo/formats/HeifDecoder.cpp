@@ -3,6 +3,7 @@
 
 #include "photo/colour/ColorConversion.h"
 #include "photo/file/PhotoLimits.h"
+#include "threads/RowBands.h"
 
 #include "Zorvik/Exception.h"
 
@@ -94,12 +95,14 @@ Image Decoding::ReadPixels() const
         heif_image_get_plane_readonly(decoded, heif_channel_interleaved, &stride);
     Image pixels = Image::AllocateUninitialised(
         width, height, isDeep ? Image::Depth::Bits16 : Image::Depth::Bits8);
-    for (int y = 0; y < height; ++y) {
-        std::memcpy(pixels.Row(y), plane + std::ptrdiff_t{y} * stride,
-                    static_cast<std::size_t>(width) * pixels.GetBytesPerPixel());
-        if (isDeep)
-            WidenRow(pixels.Row16(y), width * Image::Channels, bits);
-    }
+    ForEachBand(ThreadPool::GetShared(), height, 0, nullptr, [&](int first, int end) {
+        for (int y = first; y < end; ++y) {
+            std::memcpy(pixels.Row(y), plane + std::ptrdiff_t{y} * stride,
+                        static_cast<std::size_t>(width) * pixels.GetBytesPerPixel());
+            if (isDeep)
+                WidenRow(pixels.Row16(y), width * Image::Channels, bits);
+        }
+    });
     return pixels;
 }
 
