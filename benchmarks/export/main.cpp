@@ -5,6 +5,7 @@
 #include "ChildProcess.h"
 #include "ExportCases.h"
 #include "ExportReport.h"
+#include "HeifParts.h"
 #include "PeerCommands.h"
 #include "SamplePhotos.h"
 
@@ -292,9 +293,12 @@ int RunBenchmark(const QCommandLineParser& parser)
     RunChild({OwnPath().toStdString(), "--case", "apply-parts", files.GetPhoto().toStdString(),
               parts.toStdString()});
     PrintApplyParts(parts);
+    const QJsonObject heif = MeasureHeifParts(isQuick);
+    PrintHeifParts(heif);
     std::printf("load after: %.2f\n", GetLoad());
     machine.insert(QStringLiteral("loadAfter"), GetLoad());
     machine.insert(QStringLiteral("applyParts"), ReadObject(parts));
+    machine.insert(QStringLiteral("heifParts"), heif);
     const QString json = parser.value(QStringLiteral("json"));
     if (!json.isEmpty() && !report.Store(json, machine))
         return 1;

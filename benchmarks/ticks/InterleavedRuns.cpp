@@ -25,9 +25,9 @@ void MeasureOnce(InterleavedRuns::Run& run, bool isCounted)
 } // namespace
 
 void InterleavedRuns::Add(const std::string& name, std::function<void()> run,
-                          std::function<void()> prepare)
+                          std::function<void()> prepare, std::function<void()> finish)
 {
-    m_runs.push_back({name, std::move(prepare), std::move(run), {}});
+    m_runs.push_back({name, std::move(prepare), std::move(run), std::move(finish), {}});
 }
 
 void InterleavedRuns::Measure(int rounds)
@@ -37,6 +37,8 @@ void InterleavedRuns::Measure(int rounds)
             if (run.prepare)
                 run.prepare();
             MeasureOnce(run, round >= 0);
+            if (run.finish)
+                run.finish();
         }
 }
 

@@ -27,12 +27,13 @@ public:
         std::string name;
         std::function<void()> prepare;
         std::function<void()> run;
+        std::function<void()> finish;
         std::vector<double> milliseconds[ClockCount]; ///< one for each round
     };
 
-    /// `prepare`, if any, is not measured; it precedes each run.
-    void Add(const std::string& name, std::function<void()> run,
-             std::function<void()> prepare = {});
+    /// `prepare` and `finish`, if any, are not measured; they precede and follow each run.
+    void Add(const std::string& name, std::function<void()> run, std::function<void()> prepare = {},
+             std::function<void()> finish = {});
 
     /// Measures after one round that does not count.
     void Measure(int rounds);
