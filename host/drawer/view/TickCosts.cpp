@@ -26,8 +26,13 @@ void TickCosts::Begin(const std::vector<Layer>& layers, double pixels)
 void TickCosts::AddExact(double time)
 {
     if (m_isWarm)
-        m_exact = time;
+        m_exact = std::min(time, m_exact.value_or(time));
     m_isWarm = true;
+}
+
+void TickCosts::AddTable(double time)
+{
+    m_table = std::min(time, m_table.value_or(time));
 }
 
 bool TickCosts::IsTableQuicker(double assumed) const

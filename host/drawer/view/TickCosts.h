@@ -11,7 +11,8 @@ namespace LumetraHost {
 
 /// What the ticks of a drag cost, as measured: exactly, or from tables of colours. A drag changes
 /// the same effect of the same layer again and again; how much of the picture is kept, and so what
-/// an exact tick costs, depends on which one that is. Times are in nanoseconds. One thread only.
+/// an exact tick costs, depends on which one that is. Times are in nanoseconds; the shortest of a
+/// drag counts, because other programs only make them longer. One thread only.
 class TickCosts
 {
 public:
@@ -25,7 +26,7 @@ public:
     /// not count.
     void AddExact(double time);
     /// Making the tables and drawing them took so long.
-    void AddTable(double time) { m_table = time; }
+    void AddTable(double time);
     /// These effects make no table.
     void RefuseTable() { m_isRefused = true; }
 

@@ -79,8 +79,24 @@ TEST_F(Ticks, areChosenByMeasuredTimes)
     m_costs.AddTable(950);
     Tick(0.5, 5);
     EXPECT_FALSE(m_costs.IsTableQuicker(Assumed));
-    m_costs.AddExact(2000);
+    m_costs.AddTable(800);
     Tick(0.6, 5);
+    EXPECT_TRUE(m_costs.IsTableQuicker(Assumed));
+    m_costs.AddExact(850);
+    Tick(0.7, 5);
+    EXPECT_FALSE(m_costs.IsTableQuicker(Assumed));
+}
+
+TEST_F(Ticks, areNotMistakenWhereAnotherProgramHeldOneUp)
+{
+    DragExposure();
+    m_costs.AddTable(950);
+    m_costs.AddExact(9000);
+    Tick(0.5, 5);
+    EXPECT_FALSE(m_costs.IsTableQuicker(Assumed));
+    m_costs.AddExact(2000);
+    m_costs.AddTable(800);
+    m_costs.AddTable(9000);
     EXPECT_TRUE(m_costs.IsTableQuicker(Assumed));
 }
 
