@@ -19,7 +19,7 @@ void RegisterOurs(const Task& task, LumetraHost::Isa isa);
 /// quickest.
 void RegisterDefault(const Task& task);
 
-/// Registers what a peer does, with our engine's best instruction set in turn with it. `prepare` is
+/// Registers a task drawn by a peer, in turn with our engine's best instruction set. `prepare` is
 /// not measured. `remark`: how its picture differs from ours, or empty.
 void RegisterPeer(const std::string& peer, const Task& task, const std::string& remark,
                   std::function<Drawing(const Task&)> prepare);

@@ -167,7 +167,7 @@ private:
     quint64 m_wanted = 0;
 };
 
-/// Everything of one picture size.
+/// The pictures, drawers and runs of one picture size.
 class Scene
 {
 public:
