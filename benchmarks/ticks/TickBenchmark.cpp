@@ -7,13 +7,13 @@
 #include "GradingChain.h"
 #include "InterleavedRuns.h"
 #include "Peers.h"
+#include "SliderDrag.h"
 
 #include "EffectPresets/EffectPresetModel.h"
 #include "common/ForEachBand.h"
 #include "common/OcioEffects.h"
 #include "common/Pictures.h"
 #include "core/PresetSession.h"
-#include "drawer/Drawer.h"
 #include "drawer/render/LayerRenderer.h"
 #include "drawer/view/LiveView.h"
 #include "engine/run/Blend.h"
@@ -124,47 +124,6 @@ private:
     LiveView m_view;
     QModelIndex m_index;
     int m_intensity = 60;
-};
-
-/// A drawer with one package, which a view shows pixel by pixel, while a slider is dragged.
-class SliderDrag
-{
-public:
-    explicit SliderDrag(const Image& photo) : m_view(m_drawer)
-    {
-        m_drawer.SetPhoto(photo);
-        const QSize size(photo.GetWidth(), photo.GetHeight());
-        m_view.SetView({QRectF(QPointF(), QSizeF(size)), size});
-        Rest();
-    }
-
-    void Apply(const Zorvik::Quindle::EffectList& effects)
-    {
-        EffectsSettings package(1);
-        package.Effects() = effects;
-        package.Package().SetPackageName("drag");
-        m_drawer.ApplyEffect(package, {});
-        ++m_wanted;
-    }
-
-    /// Until the first frame of the present state is there.
-    void WaitForFirstFrame()
-    {
-        while (m_view.GetFrame().serial < m_wanted)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-
-    /// Until the exact one is.
-    void Rest()
-    {
-        m_view.WaitForFrame();
-        m_wanted = m_view.GetFrame().serial;
-    }
-
-private:
-    Drawer m_drawer;
-    LiveView m_view;
-    quint64 m_wanted = 0;
 };
 
 /// The pictures, drawers and runs of one picture size.
