@@ -109,7 +109,8 @@ void ResizeTransparent(const cv::Mat& source, cv::Mat& target, int interpolation
 Image Resize(const Image& source, const PixelRect& area, int width, int height,
              ResizeQuality quality)
 {
-    Image result = Image::AllocateUninitialised(width, height, source.GetDepth());
+    Image result =
+        Image::AllocateUninitialised(width, height, source.GetDepth(), source.GetSpace());
     const cv::Mat from = WrapArea(source, area);
     cv::Mat to = WrapArea(result, {0, 0, width, height});
     const int interpolation = ChooseInterpolation(area, width, height, quality);
