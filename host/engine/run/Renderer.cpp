@@ -51,7 +51,7 @@ Image Draw(PictureRun&& run, const Image& source, Image recycled, const CancelTo
 bool HaveSameForm(const Image& first, const Image& second)
 {
     return first.GetWidth() == second.GetWidth() && first.GetHeight() == second.GetHeight() &&
-           first.GetDepth() == second.GetDepth();
+           first.GetDepth() == second.GetDepth() && first.GetSpace() == second.GetSpace();
 }
 
 } // namespace
@@ -72,7 +72,8 @@ Image Renderer::Render(const Image& source, const EffectList& effects, int blend
         return source;
     const auto area =
         options.area.value_or(PictureArea::Whole(source.GetWidth(), source.GetHeight()));
-    const RenderPlan plan(effects, {LimitToSupported(options.isa), area, source.GetDepth()});
+    const RenderPlan plan(
+        effects, {LimitToSupported(options.isa), area, source.GetDepth(), source.GetSpace()});
     if (plan.IsEmpty())
         return source;
     return Draw(PictureRun(plan, MakeForm(source, blendAmount, options, *m_pool)), source,
@@ -100,7 +101,7 @@ Image Renderer::Interpolate(const Image& source, const Image& effect, int blendA
                             const RenderOptions& options, Image recycled) const
 {
     if (!HaveSameForm(source, effect))
-        throw Zorvik::Exception("blend of two pictures: expected the same size and depth",
+        throw Zorvik::Exception("blend of two pictures: expected the same size, depth and space",
                                 BOOST_CURRENT_FUNCTION, "engine/Renderer", __LINE__);
     if (ClampBlendAmount(blendAmount) == SourceOnly || source.SharesPixelsWith(effect))
         return source;
@@ -110,6 +111,19 @@ Image Renderer::Interpolate(const Image& source, const Image& effect, int blendA
     Blend(source, effect, blendAmount, target, LimitToSupported(options.isa), options.threads,
           *m_pool);
     return target;
+}
+
+Image Renderer::ToSrgb(const Image& source, const RenderOptions& options, Image recycled) const
+{
+    if (source.IsNull() || !source.GetSpace())
+        return source;
+    const auto area = PictureArea::Whole(source.GetWidth(), source.GetHeight());
+    const RenderPlan plan = RenderPlan::MakeToSrgb(
+        {LimitToSupported(options.isa), area, source.GetDepth(), source.GetSpace()});
+    Image picture = Draw(PictureRun(plan, MakeForm(source, FullEffect, options, *m_pool)), source,
+                         std::move(recycled), options.cancel, *m_pool);
+    picture.SetSpace(nullptr);
+    return picture;
 }
 
 std::vector<std::string> Renderer::FindUnknownEffects(const EffectList& effects)

@@ -36,7 +36,8 @@ struct RenderOptions
 /// Draws a list of effects on a picture. Holds nothing but the pool, so that several threads may
 /// use one renderer. Effects are read while rendering: nobody may change them meanwhile.
 ///
-/// The picture keeps its size, depth and alpha. Effects run in order, unclamped in between; effects
+/// The picture keeps its size, depth, alpha and space. Effects work on the colours of sRGB, those
+/// outside of it too, in order and unclamped in between; effects
 /// that change nothing and effects that the engine does not know are left out. The result is
 /// blended with the source, whose weight is (b - 1) / 254, and rounded once: it is within half a
 /// step plus 0.02 (8 bits) or 0.1 (16 bits) of the exact formulas for moderate settings; for what
@@ -66,9 +67,13 @@ public:
     Image Render(const Image& source, std::shared_ptr<const ColourTable> table, int blendAmount,
                  const RenderOptions& options = {}, Image recycled = {}) const;
 
-    /// The blend of two finished pictures of the same size and depth, see Blend().
+    /// The blend of two finished pictures of the same size, depth and space, see Blend().
     Image Interpolate(const Image& source, const Image& effect, int blendAmount,
                       const RenderOptions& options = {}, Image recycled = {}) const;
+
+    /// The picture in sRGB: colours outside of it become the nearest value of each channel. The
+    /// source itself when it is in sRGB. Null for a null source and when it was cancelled.
+    Image ToSrgb(const Image& source, const RenderOptions& options = {}, Image recycled = {}) const;
 
     /// The ids of the effects that cannot be drawn, each once, in order. The empty effect can.
     static std::vector<std::string> FindUnknownEffects(const Zorvik::Quindle::EffectList& effects);
