@@ -50,7 +50,7 @@ ExportLayer::ExportLayer(const ExportLook::Layer& layer, const PictureRunForm& f
 }
 
 ExportLayer::ExportLayer(const PictureRunForm& form, const std::shared_ptr<const RgbSpace>& space)
-    : m_hasTable(false), m_plan(RenderPlan::MakeToSrgb(MakeContext(form, space))),
+    : m_hasTable(false), m_plan(RenderPlan::MakeConversion(MakeContext(form, space), nullptr)),
       m_run(m_plan, form)
 {
 }

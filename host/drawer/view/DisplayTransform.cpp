@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "drawer/view/DisplayTransform.h"
 
+#include "engine/run/Renderer.h"
+#include "image/DepthConversion.h"
 #include "image/RgbSpace.h"
 #include "photo/colour/ColorConversion.h"
 #include "photo/colour/ProfileHandles.h"
+#include "photo/colour/ProfileSpaces.h"
 #include "threads/RowBands.h"
 
 #include "Zorvik/Exception.h"
@@ -50,8 +53,8 @@ struct DisplayTransform::Transforms
 };
 
 DisplayTransform::DisplayTransform(const QByteArray& iccProfile, const std::string& origin)
-    : m_monitor(iccProfile), m_origin(origin),
-      m_fromSrgb(MakeTransforms(ProfileHandle(cmsCreate_sRGBProfile()).get()))
+    : m_monitor(iccProfile), m_monitorSpace(ProfileSpaces::Find(iccProfile, Image::Depth::Bits8)),
+      m_origin(origin), m_fromSrgb(MakeTransforms(ProfileHandle(cmsCreate_sRGBProfile()).get()))
 {
 }
 
@@ -102,10 +105,29 @@ DisplayTransform::FindTransforms(const std::shared_ptr<const RgbSpace>& space) c
     return m_fromSpaces.back().transforms;
 }
 
+/// The colour library takes several times as long, and interpolates in a coarse cube where there
+/// are 16 bits.
+Image DisplayTransform::ApplyByEngine(const Image& picture, Image recycled) const
+{
+    const bool isDeep = picture.GetDepth() == Image::Depth::Bits16;
+    Image shown =
+        Renderer().Convert(picture, m_monitorSpace, {}, isDeep ? Image() : std::move(recycled));
+    if (isDeep) {
+        Image rounded = Image::AllocateUninitialised(picture.GetWidth(), picture.GetHeight(),
+                                                     Image::Depth::Bits8);
+        CopyRows(shown, 0, rounded, 0, picture.GetHeight());
+        shown = rounded;
+    }
+    shown.SetSpace(nullptr);
+    return shown;
+}
+
 Image DisplayTransform::Apply(const Image& picture, Image recycled) const
 {
     if (picture.IsNull())
         return {};
+    if (picture.GetSpace() && m_monitorSpace)
+        return ApplyByEngine(picture, std::move(recycled));
     const int width = picture.GetWidth();
     const int height = picture.GetHeight();
     const bool fits = recycled.GetWidth() == width && recycled.GetHeight() == height &&

@@ -57,8 +57,11 @@ private:
     /// `source`: the profile of the pictures, a handle of the colour library.
     TransformsPtr MakeTransforms(void* source) const;
     TransformsPtr FindTransforms(const std::shared_ptr<const RgbSpace>& space) const;
+    Image ApplyByEngine(const Image& picture, Image recycled) const;
 
     const QByteArray m_monitor;
+    /// That of the monitor; null where its profile goes by tables.
+    const std::shared_ptr<const RgbSpace> m_monitorSpace;
     const std::string m_origin;
     const TransformsPtr m_fromSrgb;
     mutable std::mutex m_mutex;

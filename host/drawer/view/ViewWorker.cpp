@@ -138,7 +138,6 @@ bool ViewWorker::NeedsConversion(const ViewJob& job, const Image& picture)
     return !picture.IsNull() && (job.display || picture.GetSpace());
 }
 
-/// The engine is several times as quick as the colour library, but knows nothing of monitors.
 Image ViewWorker::Convert(const ViewJob& job, const Image& picture, Image recycled) const
 {
     return job.display ? job.display->Apply(picture, std::move(recycled))

@@ -17,11 +17,18 @@ RenderPlan::RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageCo
         AddSpace(context);
 }
 
-RenderPlan RenderPlan::MakeToSrgb(const StageContext& context)
+RenderPlan RenderPlan::MakeConversion(const StageContext& context,
+                                      const std::shared_ptr<const RgbSpace>& target)
 {
     RenderPlan plan({}, context);
-    plan.m_stages.front() = MakeStagesFromSpace(context.space, context.isa);
-    plan.m_fromSpace = plan.m_stages.front().size();
+    std::vector<StagePtr>& stages = plan.m_stages.front();
+    stages = MakeStagesFromSpace(context.space, context.isa);
+    plan.m_fromSpace = stages.size();
+    if (target) {
+        const auto to = MakeStagesToSpace(target, context.isa);
+        stages.insert(stages.end(), to.begin(), to.end());
+        plan.m_toSpace = to.size();
+    }
     return plan;
 }
 

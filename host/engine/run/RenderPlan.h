@@ -23,8 +23,10 @@ public:
     RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageContext& context,
                std::optional<ColourSpace> first = {});
 
-    /// Draws nothing but the way from the picture's space to sRGB. The context has a space.
-    static RenderPlan MakeToSrgb(const StageContext& context);
+    /// Draws nothing but the way from the picture's space to another; null: sRGB. The context has a
+    /// space.
+    static RenderPlan MakeConversion(const StageContext& context,
+                                     const std::shared_ptr<const RgbSpace>& target);
 
     /// Nothing to draw.
     bool IsEmpty() const;

@@ -113,16 +113,17 @@ Image Renderer::Interpolate(const Image& source, const Image& effect, int blendA
     return target;
 }
 
-Image Renderer::ToSrgb(const Image& source, const RenderOptions& options, Image recycled) const
+Image Renderer::Convert(const Image& source, const std::shared_ptr<const RgbSpace>& target,
+                        const RenderOptions& options, Image recycled) const
 {
-    if (source.IsNull() || !source.GetSpace())
+    if (source.IsNull() || !source.GetSpace() || source.GetSpace() == target)
         return source;
     const auto area = PictureArea::Whole(source.GetWidth(), source.GetHeight());
-    const RenderPlan plan = RenderPlan::MakeToSrgb(
-        {LimitToSupported(options.isa), area, source.GetDepth(), source.GetSpace()});
+    const RenderPlan plan = RenderPlan::MakeConversion(
+        {LimitToSupported(options.isa), area, source.GetDepth(), source.GetSpace()}, target);
     Image picture = Draw(PictureRun(plan, MakeForm(source, FullEffect, options, *m_pool)), source,
                          std::move(recycled), options.cancel, *m_pool);
-    picture.SetSpace(nullptr);
+    picture.SetSpace(target);
     return picture;
 }
 

@@ -13,6 +13,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace LumetraHost {
@@ -73,7 +74,14 @@ public:
 
     /// The picture in sRGB: colours outside of it become the nearest value of each channel. The
     /// source itself when it is in sRGB. Null for a null source and when it was cancelled.
-    Image ToSrgb(const Image& source, const RenderOptions& options = {}, Image recycled = {}) const;
+    Image ToSrgb(const Image& source, const RenderOptions& options = {}, Image recycled = {}) const
+    {
+        return Convert(source, nullptr, options, std::move(recycled));
+    }
+    /// The picture in the space `target`, as ToSrgb() does it. Only for pictures that are in a
+    /// space of their own: those in sRGB come back as they are.
+    Image Convert(const Image& source, const std::shared_ptr<const RgbSpace>& target,
+                  const RenderOptions& options = {}, Image recycled = {}) const;
 
     /// The ids of the effects that cannot be drawn, each once, in order. The empty effect can.
     static std::vector<std::string> FindUnknownEffects(const Zorvik::Quindle::EffectList& effects);

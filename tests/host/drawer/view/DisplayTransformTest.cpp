@@ -90,9 +90,7 @@ TEST(DisplayTransform, showsPicturesOfEverySpaceAsTheColourLibrarySays)
                 const Image shown = transform->Apply(picture);
 
                 EXPECT_FALSE(shown.GetSpace());
-                EXPECT_LE(FindLargestError(shown, picture, monitor),
-                          depth == Image::Depth::Bits16 ? 3 : 1.5)
-                    << space.name;
+                EXPECT_LE(FindLargestError(shown, picture, monitor), 1.5) << space.name;
             }
 }
 
