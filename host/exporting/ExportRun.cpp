@@ -48,8 +48,8 @@ std::string GetCreatorTool()
 }
 
 /// The metadata of an exported file from those of its photo: kept or left out, with the presets and
-/// the program recorded in the XMP packet and with its profile, or an sRGB one, as the recipe says. A packet
-/// that cannot be decoded takes no record and goes on as it is, which `warnings` tells.
+/// the program recorded in the XMP packet and with its profile, or an sRGB one, as the recipe says.
+/// A packet that cannot be decoded takes no record and goes on as it is, which `warnings` tells.
 PhotoMetadata MakeExportMetadata(const PhotoMetadata& photo, const ExportRecipe& recipe,
                                  Warnings& warnings)
 {

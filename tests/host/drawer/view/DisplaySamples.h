@@ -42,8 +42,8 @@ inline QByteArray MakeGreyProfile()
     return SaveProfile(profile);
 }
 
-/// Converts colours of sRGB, or of another profile, with the colour library, in double precision and
-/// without shortcuts.
+/// Converts colours of sRGB, or of another profile, with the colour library, in double precision
+/// and without shortcuts.
 class MonitorOracle
 {
 public:
