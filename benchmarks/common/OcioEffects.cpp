@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "common/OcioEffects.h"
 
-#include "engine/base/Srgb.h"
 #include "engine/effects/blackandwhite/BlackAndWhiteEffect.h"
 #include "engine/effects/channelmixer/ChannelMixerEffect.h"
 #include "engine/effects/contrast/ContrastEffect.h"
@@ -11,6 +10,7 @@
 #include "engine/effects/lut3d/Lut3dSettings.h"
 #include "engine/effects/saturation/SaturationEffect.h"
 #include "engine/effects/whitebalance/WhiteBalanceEffect.h"
+#include "image/Srgb.h"
 
 #include <stdexcept>
 #include <string>

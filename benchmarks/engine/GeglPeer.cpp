@@ -5,7 +5,6 @@
 #include "BenchmarkPictures.h"
 #include "Measurement.h"
 
-#include "engine/base/Srgb.h"
 #include "engine/effects/blackandwhite/BlackAndWhiteEffect.h"
 #include "engine/effects/channelmixer/ChannelMixerEffect.h"
 #include "engine/effects/contrast/ContrastEffect.h"
@@ -15,6 +14,7 @@
 #include "engine/effects/saturation/SaturationEffect.h"
 #include "engine/effects/sharpen/SharpenEffect.h"
 #include "engine/effects/whitebalance/WhiteBalanceEffect.h"
+#include "image/Srgb.h"
 
 #include <gegl.h>
 

@@ -6,7 +6,6 @@
 #include "Measurement.h"
 #include "VipsPipeline.h"
 
-#include "engine/base/Srgb.h"
 #include "engine/effects/channelmixer/ChannelMixerEffect.h"
 #include "engine/effects/contrast/ContrastEffect.h"
 #include "engine/effects/exposure/ExposureEffect.h"
@@ -15,6 +14,7 @@
 #include "engine/effects/saturation/SaturationEffect.h"
 #include "engine/effects/sharpen/SharpenEffect.h"
 #include "engine/effects/whitebalance/WhiteBalanceEffect.h"
+#include "image/Srgb.h"
 
 #include <algorithm>
 #include <cmath>

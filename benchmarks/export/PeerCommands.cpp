@@ -2,9 +2,9 @@
 #include "PeerCommands.h"
 
 #include "engine/base/ColourMatrix.h"
-#include "engine/base/Srgb.h"
 #include "engine/effects/saturation/SaturationEffect.h"
 #include "engine/effects/whitebalance/WhiteBalanceEffect.h"
+#include "image/Srgb.h"
 
 #include <QCoreApplication>
 #include <QFile>

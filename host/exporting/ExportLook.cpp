@@ -6,6 +6,7 @@
 #include "engine/run/RenderPlan.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace LumetraHost {
 namespace {
@@ -23,10 +24,10 @@ bool IsOfColourOnly(const EffectPtr& effect)
     return !kind || kind->reach == EffectReach::ColourOnly;
 }
 
-bool IsLong(const EffectList& colours)
+bool IsLong(const EffectList& colours, const std::shared_ptr<const RgbSpace>& space)
 {
     const RenderPlan plan(colours,
-                          {GetDefaultIsa(), PictureArea::Whole(1, 1), Image::Depth::Bits8});
+                          {GetDefaultIsa(), PictureArea::Whole(1, 1), Image::Depth::Bits8, space});
     return plan.MakeChains().front().GetStages().size() >= FewestStages;
 }
 
@@ -51,39 +52,51 @@ ExportLook::Package ExportLook::Divide(const EffectsSettings& settings)
     return package;
 }
 
-void ExportLook::MakeTable(Package& package, ThreadPool& pool, const CancelToken* cancel)
+std::shared_ptr<const ColourTable>
+ExportLook::FindTable(Package& package, const std::shared_ptr<const RgbSpace>& space,
+                      ThreadPool& pool, const CancelToken* cancel)
 {
-    if (IsLong(package.colours))
-        package.table = ColourTable::Make(package.colours, ColourTable::ExportPoints,
-                                          GetDefaultIsa(), pool, cancel);
-    package.isTableKnown = package.table || !(cancel && cancel->IsCancelled());
+    std::vector<SpaceTable>& tables = package.tables;
+    const auto found = std::find_if(tables.begin(), tables.end(),
+                                    [&](const SpaceTable& known) { return known.space == space; });
+    if (found != tables.end())
+        return found->table;
+    std::shared_ptr<const ColourTable> table;
+    if (IsLong(package.colours, space))
+        table = ColourTable::Make(package.colours, ColourTable::ExportPoints, GetDefaultIsa(), pool,
+                                  cancel, space);
+    const bool isKnown = table || !(cancel && cancel->IsCancelled());
+    if (isKnown)
+        tables.push_back({space, table});
+    if (tables.size() > MostTables)
+        tables.erase(tables.begin());
+    return table;
 }
 
-ExportLook::Layer ExportLook::MakeLayer(const Package& package, bool isTabled)
+ExportLook::Layer ExportLook::MakeLayer(const Package& package,
+                                        std::shared_ptr<const ColourTable> table)
 {
     Layer layer;
     layer.blendAmount = package.blendAmount;
-    if (isTabled)
-        layer.table = package.table;
+    layer.table = std::move(table);
     if (!layer.table)
         layer.effects = package.colours;
     layer.effects.insert(layer.effects.end(), package.others.begin(), package.others.end());
     return layer;
 }
 
-std::vector<ExportLook::Layer> ExportLook::GetLayers(int width, int height, bool is8Bit,
+std::vector<ExportLook::Layer> ExportLook::GetLayers(const PictureForm& picture, bool is8Bit,
                                                      ThreadPool& pool,
                                                      const CancelToken* cancel) const
 {
-    const bool isTabled = m_precision == Precision::Tables && is8Bit &&
-                          static_cast<long long>(width) * height >= SmallestTabledPixels;
+    const bool isTabled =
+        m_precision == Precision::Tables && is8Bit &&
+        static_cast<long long>(picture.width) * picture.height >= SmallestTabledPixels;
     const std::lock_guard lock(m_mutex);
     std::vector<Layer> layers;
-    for (Package& package : m_packages) {
-        if (isTabled && !package.isTableKnown)
-            MakeTable(package, pool, cancel);
-        layers.push_back(MakeLayer(package, isTabled));
-    }
+    for (Package& package : m_packages)
+        layers.push_back(MakeLayer(
+            package, isTabled ? FindTable(package, picture.space, pool, cancel) : nullptr));
     return layers;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/run/ColourTable.h"
+#include "photo/file/RowEncoder.h"
 #include "threads/CancelToken.h"
 #include "threads/ThreadPool.h"
 
@@ -41,26 +42,38 @@ public:
     explicit ExportLook(const std::vector<Zorvik::Quindle::EffectsSettings>& packages,
                         Precision precision = Precision::Tables);
 
-    /// The packages that may change a picture, lowest first. Threads that ask while a table is made
-    /// wait for it. When it is cancelled, layers come without tables that are not there yet.
-    std::vector<Layer> GetLayers(int width, int height, bool is8Bit, ThreadPool& pool,
+    /// The packages that may change a picture, lowest first. `is8Bit`: of the drawing, whatever the
+    /// depth of the picture. Threads that ask while a table is made wait for it. When it is
+    /// cancelled, layers come without tables that are not there yet.
+    std::vector<Layer> GetLayers(const PictureForm& picture, bool is8Bit, ThreadPool& pool,
                                  const CancelToken* cancel) const;
 
 private:
-    /// A package, and its table as soon as somebody has asked for it.
+    /// The table of a package for pictures of one space; null where none serves.
+    struct SpaceTable
+    {
+        std::shared_ptr<const RgbSpace> space;
+        std::shared_ptr<const ColourTable> table;
+    };
+
+    /// Photos of a batch come from few cameras. Beyond these the oldest table is dropped.
+    static constexpr std::size_t MostTables = 4;
+
+    /// A package, and its tables as soon as somebody has asked for them.
     struct Package
     {
         Zorvik::Quindle::EffectList
             colours; ///< the effects at the beginning for which a table may stand
         Zorvik::Quindle::EffectList others;
         int blendAmount = 1;
-        bool isTableKnown = false;
-        std::shared_ptr<const ColourTable> table;
+        std::vector<SpaceTable> tables; ///< oldest first
     };
 
     static Package Divide(const Zorvik::Quindle::EffectsSettings& settings);
-    static void MakeTable(Package& package, ThreadPool& pool, const CancelToken* cancel);
-    static Layer MakeLayer(const Package& package, bool isTabled);
+    static std::shared_ptr<const ColourTable>
+    FindTable(Package& package, const std::shared_ptr<const RgbSpace>& space, ThreadPool& pool,
+              const CancelToken* cancel);
+    static Layer MakeLayer(const Package& package, std::shared_ptr<const ColourTable> table);
 
     const Precision m_precision;
     mutable std::mutex m_mutex;

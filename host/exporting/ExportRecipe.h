@@ -35,7 +35,9 @@ struct ExportRecipe
     std::optional<Image::Depth> depth;         ///< empty: the photo's own; JPEG holds 8 bits
     int longestSide = 0;                       ///< 1 to LargestSide pixels; 0: the photo's own size
     bool keepsMetadata = true;                 ///< EXIF, IPTC and XMP, with the records
-    bool embedsProfile = true; ///< sRGB; programs take a file without one for sRGB too
+    /// The photo's own, or sRGB where it has none. Programs take a file without a profile for sRGB:
+    /// photos in other spaces are converted for it.
+    bool embedsProfile = true;
 
     /// The depth of the file of a photo with `photoDepth`.
     Image::Depth GetDepth(Image::Depth photoDepth) const;

@@ -5,6 +5,7 @@
 #include "exporting/PictureRows.h"
 #include "image/DepthConversion.h"
 #include "image/Resize.h"
+#include "image/RgbSpace.h"
 #include "photo/colour/ColorConversion.h"
 
 #include <QCoreApplication>
@@ -47,8 +48,8 @@ std::string GetCreatorTool()
 }
 
 /// The metadata of an exported file from those of its photo: kept or left out, with the presets and
-/// the program recorded in the XMP packet and with an sRGB profile as the recipe says. A packet
-/// that cannot be decoded takes no record and goes on as it is, which `warnings` tells.
+/// the program recorded in the XMP packet and with its profile, or an sRGB one, as the recipe says.
+/// A packet that cannot be decoded takes no record and goes on as it is, which `warnings` tells.
 PhotoMetadata MakeExportMetadata(const PhotoMetadata& photo, const ExportRecipe& recipe,
                                  Warnings& warnings)
 {
@@ -89,10 +90,11 @@ Bytes ExportRun::Run(RowSource& source, const PhotoMetadata& metadata)
 {
     m_recipe.Check(m_targetName);
     Report(0);
-    m_metadata = MakeExportMetadata(metadata, m_recipe, m_losses);
     const PictureForm form = source.GetForm();
+    m_metadata = MakeExportMetadata(SettleSpace(form.space, metadata), m_recipe, m_losses);
     const auto size = m_recipe.GetSize(form.width, form.height);
-    const PictureForm result{size.width, size.height, m_recipe.GetDepth(form.depth), form.isOpaque};
+    const PictureForm result{size.width, size.height, m_recipe.GetDepth(form.depth), form.isOpaque,
+                             m_isConverted ? nullptr : form.space};
     if (IsAlphaKnown(form, result))
         return Encode(source, result, false);
     const Image picture = Collect(source, result);
@@ -102,12 +104,27 @@ Bytes ExportRun::Run(RowSource& source, const PhotoMetadata& metadata)
     return Encode(rows, rows.GetForm(), true);
 }
 
+/// A picture in a space of its own is nothing without its profile: it becomes sRGB where the file
+/// will not have that. Returns the metadata with the profile of the file's pixels.
+PhotoMetadata ExportRun::SettleSpace(const std::shared_ptr<const RgbSpace>& space,
+                                     PhotoMetadata metadata)
+{
+    m_isConverted = space && !(m_recipe.embedsProfile &&
+                               PhotoWriter::HoldsProfile(m_recipe.format, metadata.iccProfile));
+    if (m_isConverted) {
+        metadata.iccProfile = ColorConversion::GetSrgbProfile();
+        ColorConversion::WarnOfConversion(m_losses, space->GetName());
+    }
+    return metadata;
+}
+
 /// Collects the whole picture as the file will hold it; null when it was cancelled.
 Image ExportRun::Collect(RowSource& source, const PictureForm& form)
 {
     PictureForm drawn = source.GetForm();
     drawn.depth = form.depth;
-    Image picture = Image::AllocateUninitialised(drawn.width, drawn.height, drawn.depth);
+    Image picture =
+        Image::AllocateUninitialised(drawn.width, drawn.height, drawn.depth, form.space);
     int y = 0;
     const auto keep = [&picture, &y](const Image& rows, int first, int count) {
         CopyRows(rows, first, picture, y, count);
@@ -136,6 +153,16 @@ Bytes ExportRun::Encode(RowSource& source, const PictureForm& form, bool isDrawn
     return IsCancelled() ? Bytes() : file;
 }
 
+void ExportRun::AddDrawing(ExportStream& stream, const PictureForm& source, Image::Depth depth)
+{
+    if (m_recipe.look)
+        for (const auto& layer : m_recipe.look->GetLayers(source, depth == Image::Depth::Bits8,
+                                                          m_pool, m_control.cancel))
+            stream.AddLayer(layer);
+    if (m_isConverted)
+        stream.ConvertToSrgb();
+}
+
 /// False when it was cancelled. `isDrawn`: the source has the effects already.
 bool ExportRun::Stream(RowSource& source, const PictureForm& form, bool isDrawn, Percent percent,
                        const std::function<void(const Image&, int, int)>& write)
@@ -143,10 +170,8 @@ bool ExportRun::Stream(RowSource& source, const PictureForm& form, bool isDrawn,
     const PictureForm from = source.GetForm();
     const Image::Depth depth = GetLarger(from.depth, form.depth);
     ExportStream stream(source, depth, m_threads);
-    if (!isDrawn && m_recipe.look)
-        for (const auto& layer : m_recipe.look->GetLayers(
-                 from.width, from.height, depth == Image::Depth::Bits8, m_pool, m_control.cancel))
-            stream.AddLayer(layer);
+    if (!isDrawn)
+        AddDrawing(stream, from, depth);
     stream.RoundTo(form.depth);
     stream.ShrinkTo(form.width, form.height);
     int written = 0;

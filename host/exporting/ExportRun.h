@@ -6,6 +6,8 @@
 
 namespace LumetraHost {
 
+class ExportStream;
+
 /// One export from the rows of a picture to the bytes of a file. Made and used by Export, once.
 class ExportRun
 {
@@ -27,6 +29,8 @@ private:
 
     bool IsCancelled() const { return m_control.cancel && m_control.cancel->IsCancelled(); }
     void Report(int percent);
+    PhotoMetadata SettleSpace(const std::shared_ptr<const RgbSpace>& space, PhotoMetadata metadata);
+    void AddDrawing(ExportStream& stream, const PictureForm& source, Image::Depth depth);
     Image Collect(RowSource& source, const PictureForm& form);
     Bytes Encode(RowSource& source, const PictureForm& form, bool isDrawn);
     bool Stream(RowSource& source, const PictureForm& form, bool isDrawn, Percent percent,
@@ -38,6 +42,7 @@ private:
     ThreadPool& m_pool;
     Warnings& m_losses;
     PhotoMetadata m_metadata;
+    bool m_isConverted = false; ///< the file is sRGB, the photo is not
     int m_threads;
     int m_reported = -1;
 };

@@ -34,13 +34,24 @@ std::optional<ColourSpace> GetFirstSpace(const ExportLook::Layer& layer)
     return std::nullopt;
 }
 
+StageContext MakeContext(const PictureRunForm& form, const std::shared_ptr<const RgbSpace>& space)
+{
+    return {form.isa, PictureArea::Whole(form.width, form.height), form.depth, space};
+}
+
 } // namespace
 
-ExportLayer::ExportLayer(const ExportLook::Layer& layer, const PictureRunForm& form)
+ExportLayer::ExportLayer(const ExportLook::Layer& layer, const PictureRunForm& form,
+                         const std::shared_ptr<const RgbSpace>& space)
     : m_hasTable(layer.table != nullptr),
-      m_plan(layer.effects, {form.isa, PictureArea::Whole(form.width, form.height), form.depth},
-             GetFirstSpace(layer)),
+      m_plan(layer.effects, MakeContext(form, space), GetFirstSpace(layer)),
       m_run(m_plan, With(layer, form))
+{
+}
+
+ExportLayer::ExportLayer(const PictureRunForm& form, const std::shared_ptr<const RgbSpace>& space)
+    : m_hasTable(false), m_plan(RenderPlan::MakeConversion(MakeContext(form, space), nullptr)),
+      m_run(m_plan, form)
 {
 }
 
@@ -52,9 +63,15 @@ ExportStream::ExportStream(RowSource& source, Image::Depth drawingDepth, int thr
 
 void ExportStream::AddLayer(const ExportLook::Layer& layer)
 {
-    m_layers.emplace_back(layer, m_form);
+    m_layers.emplace_back(layer, m_form, m_source.GetForm().space);
     if (m_layers.back().ChangesNothing())
         m_layers.pop_back();
+}
+
+void ExportStream::ConvertToSrgb()
+{
+    if (const auto space = m_source.GetForm().space)
+        m_layers.emplace_back(m_form, space);
 }
 
 void ExportStream::ShrinkTo(int width, int height)

@@ -17,8 +17,11 @@ namespace LumetraHost {
 class ExportLayer
 {
 public:
-    /// `form` without what the layer knows: table and blend amount.
-    ExportLayer(const ExportLook::Layer& layer, const PictureRunForm& form);
+    /// `form` without what the layer knows: table and blend amount. `space`: of the picture.
+    ExportLayer(const ExportLook::Layer& layer, const PictureRunForm& form,
+                const std::shared_ptr<const RgbSpace>& space);
+    /// Converts a picture from its space to sRGB.
+    ExportLayer(const PictureRunForm& form, const std::shared_ptr<const RgbSpace>& space);
 
     bool ChangesNothing() const { return m_plan.IsEmpty() && !m_hasTable; }
     PictureRun& GetRun() { return m_run; }
@@ -45,6 +48,8 @@ public:
     ExportStream(RowSource& source, Image::Depth drawingDepth, int threads);
 
     void AddLayer(const ExportLook::Layer& layer);
+    /// Converts a picture that is in a space of its own to sRGB, behind all layers.
+    void ConvertToSrgb();
     /// Rounds behind all layers; `depth` has no more bits than they draw with.
     void RoundTo(Image::Depth depth) { m_depth = depth; }
     /// Shrinks behind the rounding, to no more pixels than the source has. Opaque pictures only.

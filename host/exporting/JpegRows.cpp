@@ -15,20 +15,22 @@ std::unique_ptr<JpegRows> JpegRows::Open(const Bytes& content, const std::string
     std::unique_ptr<JpegRows> rows(new JpegRows(content, name));
     const JpegRowReader& reader = rows->m_reader;
     auto read = MetadataReader::Read(content, {}, rows->m_warnings);
-    const QByteArray profile = reader.GetProfile();
-    const bool isOtherSpace = profile.isEmpty() && read.adobeRgb;
-    if (read.orientation > 1 || isOtherSpace || reader.IsProfileDamaged() ||
-        !ColorConversion::IsSrgb(reader.GetMeaning(), profile))
+    QByteArray profile = reader.GetProfile();
+    if (profile.isEmpty() && read.adobeRgb && reader.GetMeaning() == PixelMeaning::Rgb)
+        profile = ColorConversion::GetAdobeRgbProfile();
+    const auto kept = ColorConversion::FindKept(reader.GetMeaning(), profile, Image::Depth::Bits8);
+    if (read.orientation > 1 || reader.IsProfileDamaged() || !kept)
         return nullptr;
     read.metadata.iccProfile = profile;
-    rows->m_metadata = MetadataWriter::Normalise(read.metadata, reader.GetWidth(),
-                                                 reader.GetHeight(), rows->m_warnings);
+    rows->m_space = kept->space;
+    rows->m_metadata = MetadataWriter::Normalise(
+        read.metadata, reader.GetWidth(), reader.GetHeight(), !kept->space, rows->m_warnings);
     return rows;
 }
 
 PictureForm JpegRows::GetForm() const
 {
-    return {m_reader.GetWidth(), m_reader.GetHeight(), Image::Depth::Bits8, true};
+    return {m_reader.GetWidth(), m_reader.GetHeight(), Image::Depth::Bits8, true, m_space};
 }
 
 void JpegRows::Read(int /*y*/, int count, Image& rows, int first)

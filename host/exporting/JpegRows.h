@@ -32,6 +32,7 @@ private:
 
     JpegRowReader m_reader;
     PhotoMetadata m_metadata;
+    std::shared_ptr<const RgbSpace> m_space; ///< null: sRGB
     Warnings m_warnings;
     Image m_narrow; ///< decoded rows on their way to 16 bits
 };

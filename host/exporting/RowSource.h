@@ -5,7 +5,7 @@
 
 namespace LumetraHost {
 
-/// An upright sRGB picture whose rows are there, or are decoded, one after the other.
+/// An upright picture whose rows are there, or are decoded, one after the other.
 class RowSource
 {
 public:

@@ -9,6 +9,7 @@
 #include <limits>
 #include <new>
 #include <string>
+#include <utility>
 
 namespace LumetraHost {
 namespace {
@@ -40,7 +41,8 @@ Image Image::Allocate(int width, int height, Depth depth)
     return image;
 }
 
-Image Image::AllocateUninitialised(int width, int height, Depth depth)
+Image Image::AllocateUninitialised(int width, int height, Depth depth,
+                                   std::shared_ptr<const RgbSpace> space)
 {
     if (width < 1 || height < 1 || width > MaximumSide || height > MaximumSide)
         throw Zorvik::Exception("picture of " + std::to_string(width) + " x " +
@@ -54,6 +56,7 @@ Image Image::AllocateUninitialised(int width, int height, Depth depth)
     const std::size_t row = static_cast<std::size_t>(width) * image.GetBytesPerPixel();
     image.m_stride = (row + RowAlignment - 1) / RowAlignment * RowAlignment;
     image.m_pixels = AllocateBytes(image.GetByteCount());
+    image.m_space = std::move(space);
     return image;
 }
 
@@ -70,7 +73,7 @@ Image Image::Clone() const
 {
     if (IsNull())
         return {};
-    Image copy = AllocateUninitialised(m_width, m_height, m_depth);
+    Image copy = AllocateUninitialised(m_width, m_height, m_depth, m_space);
     std::memcpy(copy.m_pixels.get(), m_pixels.get(), GetByteCount());
     return copy;
 }
@@ -80,9 +83,11 @@ Image AllocateLike(const Image& form, Image recycled)
     const bool fits = recycled.GetWidth() == form.GetWidth() &&
                       recycled.GetHeight() == form.GetHeight() &&
                       recycled.GetDepth() == form.GetDepth();
-    if (fits && recycled.IsSoleOwner())
-        return recycled;
-    return Image::AllocateUninitialised(form.GetWidth(), form.GetHeight(), form.GetDepth());
+    if (!fits || !recycled.IsSoleOwner())
+        return Image::AllocateUninitialised(form.GetWidth(), form.GetHeight(), form.GetDepth(),
+                                            form.GetSpace());
+    recycled.SetSpace(form.GetSpace());
+    return recycled;
 }
 
 bool HaveSamePixels(const Image& first, const Image& second)

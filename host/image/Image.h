@@ -4,12 +4,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <utility>
 
 namespace LumetraHost {
 
-/// A picture in memory: interleaved RGBA, straight (not premultiplied) alpha, sRGB-encoded.
-/// Copies share the pixels; whoever writes into a picture owns the only copy of it, and pictures
-/// that were handed on are not written again. Metadata and colour profiles are not part of it.
+class RgbSpace;
+
+/// A picture in memory: interleaved RGBA, straight (not premultiplied) alpha, sRGB or in the RGB
+/// space that it names. Copies share the pixels; whoever writes into a picture owns the only copy
+/// of it, and pictures that were handed on are not written again. Metadata are not part of it.
 class Image
 {
 public:
@@ -32,13 +35,19 @@ public:
     /// A picture of transparent black. Zorvik::Exception for a side below 1 or above MaximumSide;
     /// std::bad_alloc when the memory is not there.
     static Image Allocate(int width, int height, Depth depth);
-    /// Leaves the pixels undefined, for callers that write all of them.
-    static Image AllocateUninitialised(int width, int height, Depth depth);
+    /// Leaves the pixels undefined, for callers that write all of them; in `space`.
+    static Image AllocateUninitialised(int width, int height, Depth depth,
+                                       std::shared_ptr<const RgbSpace> space = nullptr);
 
     bool IsNull() const { return !m_pixels; }
     int GetWidth() const { return m_width; }
     int GetHeight() const { return m_height; }
     Depth GetDepth() const { return m_depth; }
+    /// The space of the pixels; null: sRGB.
+    const std::shared_ptr<const RgbSpace>& GetSpace() const { return m_space; }
+    /// Says what the pixels stand for and leaves them as they are. Copies that share the pixels
+    /// keep their own space.
+    void SetSpace(std::shared_ptr<const RgbSpace> space) { m_space = std::move(space); }
     /// Bytes from one row to the next.
     std::size_t GetStride() const { return m_stride; }
     std::size_t GetBytesPerPixel() const { return Channels * GetBytesPerChannel(); }
@@ -76,13 +85,14 @@ private:
     Depth m_depth = Depth::Bits8;
     std::size_t m_stride = 0;
     std::shared_ptr<std::uint8_t> m_pixels;
+    std::shared_ptr<const RgbSpace> m_space;
 };
 
-/// A picture of the size and depth of `form` with undefined pixels: `recycled` itself where it has
-/// that form and no other owner, which spares the system from clearing fresh pages.
+/// A picture of the size, depth and space of `form` with undefined pixels: `recycled` itself
+/// where it has that form and no other owner, which spares the system from clearing fresh pages.
 Image AllocateLike(const Image& form, Image recycled);
 
-/// True when size, depth and every channel are the same; padding is not looked at.
+/// True when size, depth and every channel are the same; padding and space are not looked at.
 bool HaveSamePixels(const Image& first, const Image& second);
 
 } // namespace LumetraHost

@@ -65,7 +65,7 @@ Image TurnUpright(const Image& image, int orientation)
     const Turn turn = Turns[orientation - 1];
     Image target = Image::AllocateUninitialised(
         turn.swapAxes ? image.GetHeight() : image.GetWidth(),
-        turn.swapAxes ? image.GetWidth() : image.GetHeight(), image.GetDepth());
+        turn.swapAxes ? image.GetWidth() : image.GetHeight(), image.GetDepth(), image.GetSpace());
     if (image.GetDepth() == Image::Depth::Bits16)
         Copy<std::uint64_t>(image, target, turn);
     else

@@ -118,7 +118,8 @@ void ResizeTransparent(const cv::Mat& source, cv::Mat& target, int interpolation
 Image Resize(const Image& source, const PixelRect& area, int width, int height,
              ResizeQuality quality)
 {
-    Image result = Image::AllocateUninitialised(width, height, source.GetDepth());
+    Image result =
+        Image::AllocateUninitialised(width, height, source.GetDepth(), source.GetSpace());
     const cv::Mat from = WrapArea(source, area);
     cv::Mat to = WrapArea(result, GetWhole(result));
     if (from.size() == to.size()) {

@@ -7,14 +7,15 @@
 
 namespace LumetraHost {
 
-/// A photo as the editor works on it: upright sRGB pixels and the metadata of its file.
+/// A photo as the editor works on it: upright pixels, sRGB or in a space of their own, and the
+/// metadata of its file.
 struct Photo
 {
     Image image;
     PhotoMetadata metadata;
     /// Damage that costs no pixels: metadata and colour profiles that cannot be used.
     Warnings warnings;
-    /// Sound parts of the file that the picture does not hold: further pages, colours outside sRGB.
+    /// Sound parts of the file that the picture does not hold: further pages, inks.
     /// They matter when the photo is written again.
     Warnings reductions;
 };

@@ -73,12 +73,13 @@ Photo Finish(DecodedPhoto decoded, const Bytes& content)
             ? MetadataReader::ReadBlocks(decoded.exif, decoded.xmp, photo.warnings)
             : MetadataReader::Read(content, decoded.exif, photo.warnings);
     AddImpliedProfile(decoded, read);
-    read.metadata.iccProfile = ColorConversion::ToSrgb(decoded, photo.warnings);
+    read.metadata.iccProfile = ColorConversion::Settle(decoded, photo.warnings);
     photo.reductions = std::move(decoded.reductions);
     const int orientation = read.orientation != 0 ? read.orientation : decoded.orientation;
     photo.image = TurnUpright(decoded.pixels, decoded.isUpright ? 1 : orientation);
-    photo.metadata = MetadataWriter::Normalise(read.metadata, photo.image.GetWidth(),
-                                               photo.image.GetHeight(), photo.warnings);
+    photo.metadata =
+        MetadataWriter::Normalise(read.metadata, photo.image.GetWidth(), photo.image.GetHeight(),
+                                  !photo.image.GetSpace(), photo.warnings);
     return photo;
 }
 

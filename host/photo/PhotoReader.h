@@ -11,10 +11,10 @@
 namespace LumetraHost {
 
 /// Opens photos: JPEG, PNG, TIFF, WebP, HEIC, AVIF and cameras' raw files, known by their content,
-/// whatever their names say. 8 and 16 bits are kept, the EXIF orientation is applied, other colour
-/// spaces than sRGB are converted. A photo is read whole or not at all; only its metadata may be
-/// left out, with a warning. From a file with several pictures the first is read, and the photo's
-/// reductions tell of it. Usable from any thread.
+/// whatever their names say. 8 and 16 bits are kept, the EXIF orientation is applied, and the
+/// colours are settled (see ColorConversion). A photo is read whole or not at all; only its
+/// metadata may be left out, with a warning. From a file with several pictures the first is read,
+/// and the photo's reductions tell of it. Usable from any thread.
 class PhotoReader
 {
 public:

@@ -82,6 +82,13 @@ PhotoFormat PhotoWriter::GetFormatOf(const QString& path)
     return *format;
 }
 
+bool PhotoWriter::HoldsProfile(PhotoFormat format, const QByteArray& iccProfile)
+{
+    if (format == PhotoFormat::Jpeg)
+        return JpegEncoder::HoldsProfile(iccProfile);
+    return format != PhotoFormat::Png || PngEncoder::HoldsProfile(iccProfile);
+}
+
 void PhotoWriter::Write(const QString& path, const Photo& photo, const Options& options)
 {
     const Bytes encoded = Encode(photo, GetFormatOf(path), options, path.toStdString());
@@ -97,7 +104,7 @@ std::unique_ptr<RowEncoder> PhotoWriter::Start(const PictureForm& form,
     Warnings unheard;
     Warnings& heard = warnings ? *warnings : unheard;
     const PhotoMetadata upright =
-        MetadataWriter::Normalise(metadata, form.width, form.height, heard);
+        MetadataWriter::Normalise(metadata, form.width, form.height, !form.space, heard);
     if (format == PhotoFormat::Jpeg)
         return JpegEncoder::Start(form, options.quality, upright, name, heard);
     return std::make_unique<EmbeddingEncoder>(StartPixels(form, upright, format, name, heard),

@@ -36,6 +36,10 @@ public:
     /// The format of a file name to be written; Zorvik::Exception for an unknown extension.
     static PhotoFormat GetFormatOf(const QString& path);
 
+    /// True when files of that format can carry this profile. One that cannot be carried is left
+    /// out with a warning.
+    static bool HoldsProfile(PhotoFormat format, const QByteArray& iccProfile);
+
     /// Begins a file in memory whose rows come later; it becomes equal to that of Encode().
     /// `metadata` are those of an upright picture. `warnings` may grow until the encoder has
     /// finished and outlives it; null where nobody asks for them.

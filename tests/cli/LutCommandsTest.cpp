@@ -9,6 +9,7 @@
 
 using LumetraHost::Image;
 using testing::HasSubstr;
+using testing::MatchesRegex;
 using testing::Not;
 
 namespace {
@@ -260,6 +261,9 @@ TEST_F(CliTest, checksTheTablesBesideAStore)
     ASSERT_EQ(Run(WithStore({Text("import"), Text("swap.cube")})).code, 0);
     const CliResult good = RunPlain({Text("check"), Text("presets.json")});
     EXPECT_EQ(good.code, 0) << good.output;
+    EXPECT_THAT(good.output,
+                MatchesRegex("presets.json:[0-9]+:[0-9]+: note: the table moves colours "
+                             "outside its domain to its border: .*\n"));
 
     const QDir tables(Path("presets.json.tables"));
     ASSERT_EQ(tables.entryList(QDir::Files).size(), 1);

@@ -12,13 +12,17 @@
 #include "core/PresetSession.h"
 #include "core/userstore/UserStoreChecker.h"
 #include "lut/LutReader.h"
+#include "presets/TableNotes.h"
 #include "storage/FileIdentity.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <optional>
 #include <set>
+#include <utility>
+#include <vector>
 
 namespace LumetraCli {
 namespace {
@@ -31,8 +35,10 @@ using LumetraHost::JsonDocument;
 using LumetraPlugin::PresetControllerFactory;
 using LumetraPlugin::UserStoreChecker;
 
-/// Checks a store by itself; adds any other file to the catalogues.
-void TakeFile(const QString& file, CatalogueParser& catalogues, CatalogueReports& reports)
+/// Checks a store by itself; adds any other file to the catalogues. Returns the document where it
+/// could be read.
+std::optional<JsonDocument> TakeFile(const QString& file, CatalogueParser& catalogues,
+                                     CatalogueReports& reports)
 {
     try {
         const JsonDocument document = JsonDocument::Read(file);
@@ -40,8 +46,24 @@ void TakeFile(const QString& file, CatalogueParser& catalogues, CatalogueReports
             UserStoreChecker::Check(document, PresetControllerFactory::GetKinds(), reports);
         else
             catalogues.AddDocument(document);
+        return document;
     } catch (const Zorvik::Exception&) {
         catalogues.AddFile(file); // AddFile() reports the error that was found here.
+    }
+    return std::nullopt;
+}
+
+/// Adds the notes of files without errors: whoever mends a file has enough to read.
+void AddTableNotes(const std::vector<JsonDocument>& documents, CatalogueReports& reports)
+{
+    for (const JsonDocument& document : documents) {
+        const auto& all = reports.GetAll();
+        const bool isWrong = std::any_of(all.begin(), all.end(), [&](const auto& report) {
+            return report.severity == CatalogueReport::Severity::Error &&
+                   report.place.file == document.GetName();
+        });
+        if (!isWrong)
+            TableNotes::Add(document, reports);
     }
 }
 
@@ -67,16 +89,19 @@ bool CheckJson(const QStringList& files, Console& console)
     CatalogueParser catalogues(PresetControllerFactory::GetKinds());
     CatalogueReports reports;
     std::vector<std::string> names;
+    std::vector<JsonDocument> documents;
     if (!files.isEmpty())
         AddOtherCatalogues(files, catalogues);
     for (const QString& file : files) {
         names.push_back(file.toStdString());
-        TakeFile(file, catalogues, reports);
+        if (auto document = TakeFile(file, catalogues, reports))
+            documents.push_back(std::move(*document));
     }
     catalogues.Parse(session.GetModel(), nullptr);
     for (const CatalogueReport& report : catalogues.GetReports())
         if (std::find(names.begin(), names.end(), report.place.file) != names.end())
             reports.Add(report);
+    AddTableNotes(documents, reports);
     reports.Sort(names);
     for (const CatalogueReport& report : reports.GetAll())
         console.PrintLine(QString::fromStdString(report.ToText()));

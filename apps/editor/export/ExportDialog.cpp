@@ -124,7 +124,8 @@ void ExportDialog::BuildForm()
     m_longestSide->setSuffix(tr(" px"));
     m_resultSize->setProperty("muted", true);
     m_metadata->setText(tr("Keep the camera's data and record the presets"));
-    m_profile->setText(tr("Embed the colour profile (sRGB)"));
+    m_profile->setText(tr("Embed the photo's colour profile"));
+    m_profile->setToolTip(tr("Without it, the colours become those of sRGB"));
     m_browse->setText(tr("&Browse…"));
 
     AddRow(*m_form, tr("&Format"), m_format, m_format);

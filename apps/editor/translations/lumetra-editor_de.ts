@@ -277,8 +277,12 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <translation>Kameradaten behalten und Presets vermerken</translation>
     </message>
     <message>
-        <source>Embed the colour profile (sRGB)</source>
-        <translation>Farbprofil einbetten (sRGB)</translation>
+        <source>Embed the photo&apos;s colour profile</source>
+        <translation>Farbprofil des Fotos einbetten</translation>
+    </message>
+    <message>
+        <source>Without it, the colours become those of sRGB</source>
+        <translation>Ohne Profil werden die Farben nach sRGB umgerechnet</translation>
     </message>
     <message>
         <source>&amp;Browse…</source>
@@ -515,8 +519,12 @@ Sein Teil der Bearbeitung bleibt erhalten, wie er war.</translation>
 <context>
     <name>LumetraEditor::PhotoText</name>
     <message>
-        <source>%1   %2 × %3   %4 bits   sRGB</source>
-        <translation>%1   %2 × %3   %4 Bit   sRGB</translation>
+        <source>%1   %2 × %3   %4 bits   %5</source>
+        <translation>%1   %2 × %3   %4 Bit   %5</translation>
+    </message>
+    <message>
+        <source>own profile</source>
+        <translation>eigenes Profil</translation>
     </message>
 </context>
 <context>

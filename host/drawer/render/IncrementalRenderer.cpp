@@ -56,14 +56,18 @@ Image IncrementalRenderer::Render(const Image& source,
     m_source = source;
     m_area = area;
 
-    const StageContext context{LimitToSupported(options.isa), area, source.GetDepth()};
+    const StageContext context{LimitToSupported(options.isa), area, source.GetDepth(),
+                               source.GetSpace()};
     const EffectList same = TakeSameEffects(effects.Effects());
     const RenderPlan plan(effects.Effects(), context);
     const auto& stages = plan.GetFirstStages();
     std::size_t cut = 0;
     if (!same.empty() && CanKeep(source, plan, effects.GetBlendAmount()))
-        cut = StageChain::FindCut(stages, RenderPlan(same, context).GetFirstStages().size(),
-                                  context.depth);
+        cut =
+            StageChain::FindCut(stages, RenderPlan(same, context).GetEndOfEffects(), context.depth);
+    // What comes before the effects is merged with what comes behind them where that is possible.
+    if (cut <= plan.GetFirstOfEffects())
+        cut = 0;
     const bool isOfUse = m_kept.count > 0 && m_kept.count <= cut &&
                          StageChain::CanGoOnAt(stages, m_kept.count, m_kept.space, context.depth);
     if (!isOfUse)

@@ -78,7 +78,7 @@ Image LayerRenderer::RenderLayerFromTable(const Layer& layer, const Image& below
     ThreadPool& pool = ThreadPool::GetShared();
     const auto& settings = *layer.settings;
     const auto table = ColourTable::Make(settings.Effects(), ColourTable::DragPoints,
-                                         GetDefaultIsa(), pool, cancel);
+                                         GetDefaultIsa(), pool, cancel, below.GetSpace());
     if (!table)
         return {};
     const int amount = layer.paintedBlend.value_or(settings.GetBlendAmount());

@@ -34,7 +34,8 @@ Zorvik::Proc::Frame PreviewRenderer::Render(const PictureRecipe& recipe,
     options.cancel = cancel;
     options.threads = m_threads;
     const Image committed = FindPart(part).Render(recipe, part, cancel);
-    auto frame = ImageToFrame(m_renderer.Render(committed, effects, options));
+    const Image picture = m_renderer.Render(committed, effects, options);
+    auto frame = ImageToFrame(m_renderer.ToSrgb(picture, options));
     frame.pixelAspect = target.pixelAspect;
     return frame;
 }

@@ -23,9 +23,9 @@ public:
     /// `renderer` is kept by reference. `threads`: the number that render one preview; 0: all.
     explicit PreviewRenderer(const Renderer& renderer, int threads = 0);
 
-    /// The photo with all layers of the recipe, and `effects` on top. Null without a photo and when
-    /// it was cancelled. Rgba8Premultiplied for a photo of 8 bits, RgbaFloatPremultiplied for one
-    /// of 16.
+    /// The photo with all layers of the recipe, and `effects` on top, in sRGB. Null without a photo
+    /// and when it was cancelled. Rgba8Premultiplied for a photo of 8 bits, RgbaFloatPremultiplied
+    /// for one of 16.
     Zorvik::Proc::Frame Render(const PictureRecipe& recipe, const Zorvik::Proc::FrameTarget& target,
                                const Zorvik::Quindle::EffectsSettings& effects,
                                const PreviewPolicies& policies,

@@ -30,8 +30,9 @@ inline bool operator==(const ViewRequest& first, const ViewRequest& second)
 struct ViewFrame
 {
     Image picture; ///< null without a photo, and when nothing of it is to be seen
-    Image shown; ///< `picture` in the monitor's colours; the same pixels without a display profile
-    QRect part;  ///< of the photo, in its pixels
+    /// `picture` in the monitor's colours, in sRGB without a display profile; may share its pixels.
+    Image shown;
+    QRect part;             ///< of the photo, in its pixels
     quint64 serial = 0;     ///< counts upwards; a frame of the same serial is a better one
     bool isReduced = false; ///< a first preview, of fewer pixels or not exact; a full one follows
     bool isOpaque = true;   ///< every alpha is full

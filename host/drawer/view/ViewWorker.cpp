@@ -136,24 +136,35 @@ bool ViewWorker::RunStep(const Queued& queued, bool isReduced)
 
 Image ViewWorker::ToDisplay(const ViewJob& job, const Image& picture)
 {
-    if (!job.display || picture.IsNull())
+    if (!NeedsConversion(job, picture))
         return picture;
+    const Image::Depth depth = job.display ? Image::Depth::Bits8 : picture.GetDepth();
     const Image shown =
-        job.display->Apply(picture, m_displaySpares.Take(picture.GetWidth(), picture.GetHeight(),
-                                                         Image::Depth::Bits8));
+        Convert(job, picture, m_displaySpares.Take(picture.GetWidth(), picture.GetHeight(), depth));
     m_displaySpares.Remember(shown);
     return shown;
 }
 
+bool ViewWorker::NeedsConversion(const ViewJob& job, const Image& picture)
+{
+    return !picture.IsNull() && (job.display || picture.GetSpace());
+}
+
+Image ViewWorker::Convert(const ViewJob& job, const Image& picture, Image recycled) const
+{
+    return job.display ? job.display->Apply(picture, std::move(recycled))
+                       : m_renderer.ToSrgb(picture, {}, std::move(recycled));
+}
+
 Image ViewWorker::OriginalToDisplay(const ViewJob& job, const Image& original)
 {
-    if (!job.display)
+    if (!NeedsConversion(job, original))
         return original;
-    if (!job.needsOriginal || original.IsNull())
+    if (!job.needsOriginal)
         return {};
     DisplayedOriginal& kept = m_displayedOriginal;
     if (kept.display != job.display || !kept.picture.SharesPixelsWith(original))
-        kept = {original, job.display, job.display->Apply(original)};
+        kept = {original, job.display, Convert(job, original, {})};
     return kept.shown;
 }
 

@@ -87,6 +87,8 @@ private:
     void Run(const Queued& queued);
     bool RunQuickFrame(const Queued& queued);
     bool RunStep(const Queued& queued, bool isReduced);
+    static bool NeedsConversion(const ViewJob& job, const Image& picture);
+    Image Convert(const ViewJob& job, const Image& picture, Image recycled) const;
     /// Converts `picture` to the colours of the job's display.
     Image ToDisplay(const ViewJob& job, const Image& picture);
     Image OriginalToDisplay(const ViewJob& job, const Image& original);

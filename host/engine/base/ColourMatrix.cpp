@@ -20,6 +20,16 @@ bool ColourMatrix::IsDiagonal() const
            rows[2][0] == 0 && rows[2][1] == 0;
 }
 
+ColourMatrix ColourMatrix::WithoutRounding() const
+{
+    constexpr double billionth = 1e-9;
+    for (std::size_t i = 0; i < 3; ++i)
+        for (std::size_t j = 0; j < 3; ++j)
+            if (i != j && !(std::abs(rows[i][j]) < billionth * std::abs(rows[i][i])))
+                return *this;
+    return Diagonal(rows[0][0], rows[1][1], rows[2][2]);
+}
+
 ColourMatrix ColourMatrix::Inverse() const
 {
     // By cofactors; with cyclic indexes the signs come out by themselves.

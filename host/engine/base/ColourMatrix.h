@@ -13,6 +13,9 @@ struct ColourMatrix
     static ColourMatrix Diagonal(double red, double green, double blue);
 
     bool IsIdentity() const { return rows == ColourMatrix().rows; }
+    /// The matrix without what is left of zeros after products: values beside the diagonal that
+    /// are below a billionth of those on it, when all of them are.
+    ColourMatrix WithoutRounding() const;
     /// True when no channel depends on another.
     bool IsDiagonal() const;
     /// Zorvik::Exception when the matrix is singular.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/gaussian/GaussianKernel.h"
 
-#include "engine/base/Srgb.h"
 #include "engine/kernels/KernelMath.h"
+#include "image/Srgb.h"
 
 namespace LumetraHost {
 namespace {

@@ -15,6 +15,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdlib>
+#include <utility>
 
 namespace LumetraHost {
 namespace {
@@ -139,11 +140,13 @@ ColourTable::ColourTable(const std::vector<StagePtr>& stages, Isa isa, int point
 
 std::shared_ptr<const ColourTable> ColourTable::Make(const Zorvik::Quindle::EffectList& effects,
                                                      int points, Isa isa, ThreadPool& pool,
-                                                     const CancelToken* cancel)
+                                                     const CancelToken* cancel,
+                                                     std::shared_ptr<const RgbSpace> space)
 {
     if (!AreOfColourOnly(effects))
         return nullptr;
-    const RenderPlan plan(effects, {LimitToSupported(isa), PictureArea::Whole(1, 1)});
+    const RenderPlan plan(effects, {LimitToSupported(isa), PictureArea::Whole(1, 1),
+                                    Image::Depth::Bits16, std::move(space)});
     return Make(plan.GetFirstStages(), points, isa, pool, cancel);
 }
 

@@ -38,11 +38,13 @@ public:
     static constexpr int DragPoints = 33;
     static constexpr int ExportPoints = 65;
 
-    /// `points`: one of the above. Null when the effects look at anything but the colour, when the
+    /// `points`: one of the above. `space`: that of the pictures, see Image::GetSpace(); the
+    /// table's colours are in it. Null when the effects look at anything but the colour, when the
     /// probe fails, and when it was cancelled.
     static std::shared_ptr<const ColourTable> Make(const Zorvik::Quindle::EffectList& effects,
                                                    int points, Isa isa, ThreadPool& pool,
-                                                   const CancelToken* cancel = nullptr);
+                                                   const CancelToken* cancel = nullptr,
+                                                   std::shared_ptr<const RgbSpace> space = nullptr);
     /// Makes the table of stages, which must look at nothing but the colour.
     static std::shared_ptr<const ColourTable> Make(const std::vector<StagePtr>& stages, int points,
                                                    Isa isa, ThreadPool& pool,

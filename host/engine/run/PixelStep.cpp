@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/run/PixelStep.h"
 
-#include "engine/base/Srgb.h"
 #include "engine/kernels/KernelSelection.h"
+#include "image/Srgb.h"
 
 #include <vector>
 

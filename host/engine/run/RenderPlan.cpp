@@ -2,6 +2,7 @@
 #include "engine/run/RenderPlan.h"
 
 #include "engine/effects/EffectKinds.h"
+#include "engine/stages/SpaceStages.h"
 
 #include <utility>
 
@@ -9,9 +10,30 @@ namespace LumetraHost {
 
 RenderPlan::RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageContext& context,
                        std::optional<ColourSpace> first)
-    : m_isa(context.isa), m_depth(context.depth), m_first(first)
+    : m_isa(context.isa), m_depth(context.depth), m_first(first), m_stages(1)
 {
-    m_stages.emplace_back();
+    AddEffects(effects, context);
+    if (context.space && !IsEmpty())
+        AddSpace(context);
+}
+
+RenderPlan RenderPlan::MakeConversion(const StageContext& context,
+                                      const std::shared_ptr<const RgbSpace>& target)
+{
+    RenderPlan plan({}, context);
+    std::vector<StagePtr>& stages = plan.m_stages.front();
+    stages = MakeStagesFromSpace(context.space, context.isa);
+    plan.m_fromSpace = stages.size();
+    if (target) {
+        const auto to = MakeStagesToSpace(target, context.isa);
+        stages.insert(stages.end(), to.begin(), to.end());
+        plan.m_toSpace = to.size();
+    }
+    return plan;
+}
+
+void RenderPlan::AddEffects(const Zorvik::Quindle::EffectList& effects, const StageContext& context)
+{
     for (const auto& effect : effects) {
         const EffectKind* const kind = effect ? EffectKinds::Find(effect->GetEffectID()) : nullptr;
         if (!kind)
@@ -23,6 +45,16 @@ RenderPlan::RenderPlan(const Zorvik::Quindle::EffectList& effects, const StageCo
             m_stages.back().push_back(std::move(stage));
         }
     }
+}
+
+void RenderPlan::AddSpace(const StageContext& context)
+{
+    const auto from = MakeStagesFromSpace(context.space, context.isa);
+    const auto to = MakeStagesToSpace(context.space, context.isa);
+    m_stages.front().insert(m_stages.front().begin(), from.begin(), from.end());
+    m_stages.back().insert(m_stages.back().end(), to.begin(), to.end());
+    m_fromSpace = from.size();
+    m_toSpace = to.size();
 }
 
 std::vector<StageChain> RenderPlan::MakeChains(ChainEnd end) const

@@ -50,7 +50,7 @@ Image Draw(PictureRun&& run, const Image& source, Image recycled, const CancelTo
 bool HaveSameForm(const Image& first, const Image& second)
 {
     return first.GetWidth() == second.GetWidth() && first.GetHeight() == second.GetHeight() &&
-           first.GetDepth() == second.GetDepth();
+           first.GetDepth() == second.GetDepth() && first.GetSpace() == second.GetSpace();
 }
 
 } // namespace
@@ -71,7 +71,8 @@ Image Renderer::Render(const Image& source, const EffectList& effects, int blend
         return source;
     const auto area =
         options.area.value_or(PictureArea::Whole(source.GetWidth(), source.GetHeight()));
-    const RenderPlan plan(effects, {LimitToSupported(options.isa), area, source.GetDepth()});
+    const RenderPlan plan(
+        effects, {LimitToSupported(options.isa), area, source.GetDepth(), source.GetSpace()});
     if (plan.IsEmpty())
         return source;
     return Draw(PictureRun(plan, MakeForm(source, blendAmount, options, *m_pool)), source,
@@ -99,7 +100,7 @@ Image Renderer::Interpolate(const Image& source, const Image& effect, int blendA
                             const RenderOptions& options, Image recycled) const
 {
     if (!HaveSameForm(source, effect))
-        throw Zorvik::Exception("blend of two pictures: expected the same size and depth",
+        throw Zorvik::Exception("blend of two pictures: expected the same size, depth and space",
                                 BOOST_CURRENT_FUNCTION, "engine/Renderer", __LINE__);
     if (ClampBlendAmount(blendAmount) == SourceOnly || source.SharesPixelsWith(effect))
         return source;
@@ -109,6 +110,20 @@ Image Renderer::Interpolate(const Image& source, const Image& effect, int blendA
     Blend(source, effect, blendAmount, target, LimitToSupported(options.isa), options.threads,
           *m_pool);
     return target;
+}
+
+Image Renderer::Convert(const Image& source, const std::shared_ptr<const RgbSpace>& target,
+                        const RenderOptions& options, Image recycled) const
+{
+    if (source.IsNull() || !source.GetSpace() || source.GetSpace() == target)
+        return source;
+    const auto area = PictureArea::Whole(source.GetWidth(), source.GetHeight());
+    const RenderPlan plan = RenderPlan::MakeConversion(
+        {LimitToSupported(options.isa), area, source.GetDepth(), source.GetSpace()}, target);
+    Image picture = Draw(PictureRun(plan, MakeForm(source, FullEffect, options, *m_pool)), source,
+                         std::move(recycled), options.cancel, *m_pool);
+    picture.SetSpace(target);
+    return picture;
 }
 
 int Renderer::FindHalo(const EffectList& effects, const PictureArea& area)

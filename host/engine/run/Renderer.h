@@ -13,6 +13,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace LumetraHost {
@@ -36,7 +37,8 @@ struct RenderOptions
 /// Draws a list of effects on a picture. Holds nothing but the pool, so that several threads may
 /// use one renderer. Effects are read while rendering: nobody may change them meanwhile.
 ///
-/// The picture keeps its size, depth and alpha. Effects run in order, unclamped in between; effects
+/// The picture keeps its size, depth, alpha and space. Effects work on the colours of sRGB, those
+/// outside of it too, in order and unclamped in between; effects
 /// that change nothing and effects that the engine does not know are left out. The result is
 /// blended with the source, whose weight is (b - 1) / 254, and rounded once: it is within half a
 /// step plus 0.02 (8 bits) or 0.1 (16 bits) of the exact formulas for moderate settings; for what
@@ -66,9 +68,20 @@ public:
     Image Render(const Image& source, std::shared_ptr<const ColourTable> table, int blendAmount,
                  const RenderOptions& options = {}, Image recycled = {}) const;
 
-    /// The blend of two finished pictures of the same size and depth, see Blend().
+    /// The blend of two finished pictures of the same size, depth and space, see Blend().
     Image Interpolate(const Image& source, const Image& effect, int blendAmount,
                       const RenderOptions& options = {}, Image recycled = {}) const;
+
+    /// The picture in sRGB: colours outside of it become the nearest value of each channel. The
+    /// source itself when it is in sRGB. Null for a null source and when it was cancelled.
+    Image ToSrgb(const Image& source, const RenderOptions& options = {}, Image recycled = {}) const
+    {
+        return Convert(source, nullptr, options, std::move(recycled));
+    }
+    /// The picture in the space `target`, as ToSrgb() does it. Only for pictures that are in a
+    /// space of their own: those in sRGB come back as they are.
+    Image Convert(const Image& source, const std::shared_ptr<const RgbSpace>& target,
+                  const RenderOptions& options = {}, Image recycled = {}) const;
 
     /// How many rendered pixels on each side the effects look away from a pixel, at the scale of
     /// `area`: a part that is rendered with that much around it is as it is in the whole picture,

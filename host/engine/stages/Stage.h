@@ -34,6 +34,7 @@ struct StageContext
     Isa isa = Isa::Baseline;
     PictureArea area;
     Image::Depth depth = Image::Depth::Bits16; ///< of the pictures: how exact chains have to be
+    std::shared_ptr<const RgbSpace> space = nullptr; ///< of the pictures; null: sRGB
 };
 
 /// One effect, ready to run over tiles: its numbers are worked out, its kernel is chosen. Stages

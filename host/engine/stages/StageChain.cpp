@@ -119,8 +119,9 @@ void StageChain::AddMerged(const StagePtr& stage, Isa isa)
     const bool canMerge = matrix && !m_stages.empty() && m_stages.back()->GetMatrix() &&
                           m_stages.back()->GetColourSpace() == stage->GetColourSpace();
     if (canMerge)
-        m_stages.back() = std::make_shared<MatrixStage>(*matrix * *m_stages.back()->GetMatrix(),
-                                                        stage->GetColourSpace(), isa);
+        m_stages.back() = std::make_shared<MatrixStage>(
+            (*matrix * *m_stages.back()->GetMatrix()).WithoutRounding(), stage->GetColourSpace(),
+            isa);
     else
         m_stages.push_back(stage);
 }

@@ -2,6 +2,9 @@
 #include "photo/colour/ColorConversion.h"
 
 #include "photo/colour/MatrixShaper.h"
+#include "photo/colour/ProfileHandles.h"
+#include "photo/colour/ProfileParts.h"
+#include "photo/colour/ProfileSpaces.h"
 #include "threads/RowBands.h"
 
 #include "Zorvik/Exception.h"
@@ -17,25 +20,9 @@
 #include <optional>
 
 #include <lcms2.h>
-#include <lcms2_plugin.h>
 
 namespace LumetraHost {
 namespace {
-
-/// Gives the destroying function of a C handle to a smart pointer.
-template <auto Destroy>
-struct Deleter
-{
-    template <class Handle>
-    void operator()(Handle* handle) const
-    {
-        Destroy(handle);
-    }
-};
-
-using Profile = std::unique_ptr<void, Deleter<cmsCloseProfile>>;
-using Transform = std::unique_ptr<void, Deleter<cmsDeleteTransform>>;
-using Curve = std::unique_ptr<cmsToneCurve, Deleter<cmsFreeToneCurve>>;
 
 constexpr cmsUInt32Number Flags = cmsFLAGS_BLACKPOINTCOMPENSATION | cmsFLAGS_NOCACHE;
 constexpr int ProbeSteps = 9;
@@ -51,15 +38,9 @@ constexpr char UnusableProfile[] =
                             "photo/ColorConversion", __LINE__);
 }
 
-Profile OpenProfile(const QByteArray& bytes)
-{
-    return Profile(
-        cmsOpenProfileFromMem(bytes.constData(), static_cast<cmsUInt32Number>(bytes.size())));
-}
-
 /// The bytes of a profile that we made, dated the same every time, so that equal photos become
 /// equal files.
-QByteArray Save(const Profile& profile)
+QByteArray Save(const ProfileHandle& profile)
 {
     cmsUInt32Number size = 0;
     if (!profile || !cmsSaveProfileToMem(profile.get(), nullptr, &size))
@@ -72,13 +53,22 @@ QByteArray Save(const Profile& profile)
     return bytes.replace(datePosition, date.size(), date);
 }
 
+void SetName(const ProfileHandle& profile, const char* name)
+{
+    const std::unique_ptr<cmsMLU, HandleDeleter<cmsMLUfree>> text(cmsMLUalloc(nullptr, 1));
+    if (profile && cmsMLUsetASCII(text.get(), "en", "US", name))
+        cmsWriteTag(profile.get(), cmsSigProfileDescriptionTag, text.get());
+}
+
 QByteArray MakeAdobeRgb()
 {
     const cmsCIExyY white{0.3127, 0.3290, 1.0};
     const cmsCIExyYTRIPLE primaries{{0.64, 0.33, 1.0}, {0.21, 0.71, 1.0}, {0.15, 0.06, 1.0}};
-    const Curve gamma(cmsBuildGamma(nullptr, 563.0 / 256.0));
+    const CurveHandle gamma(cmsBuildGamma(nullptr, 563.0 / 256.0));
     cmsToneCurve* curves[] = {gamma.get(), gamma.get(), gamma.get()};
-    return Save(Profile(cmsCreateRGBProfile(&white, &primaries, curves)));
+    const ProfileHandle profile(cmsCreateRGBProfile(&white, &primaries, curves));
+    SetName(profile, "Adobe RGB (compatible)");
+    return Save(profile);
 }
 
 QByteArray MakeDisplayP3()
@@ -86,9 +76,11 @@ QByteArray MakeDisplayP3()
     const cmsCIExyY white{0.3127, 0.3290, 1.0};
     const cmsCIExyYTRIPLE primaries{{0.680, 0.320, 1.0}, {0.265, 0.690, 1.0}, {0.150, 0.060, 1.0}};
     const cmsFloat64Number numbers[] = {2.4, 1 / 1.055, 0.055 / 1.055, 1 / 12.92, 0.04045};
-    const Curve curve(cmsBuildParametricToneCurve(nullptr, 4, numbers));
+    const CurveHandle curve(cmsBuildParametricToneCurve(nullptr, 4, numbers));
     cmsToneCurve* curves[] = {curve.get(), curve.get(), curve.get()};
-    return Save(Profile(cmsCreateRGBProfile(&white, &primaries, curves)));
+    const ProfileHandle profile(cmsCreateRGBProfile(&white, &primaries, curves));
+    SetName(profile, "Display P3");
+    return Save(profile);
 }
 
 /// How the four channels lie in memory for a profile of this colour space; 0 where the profile
@@ -107,35 +99,26 @@ cmsUInt32Number GetSourceLayout(PixelMeaning meaning, cmsColorSpaceSignature spa
     return 0;
 }
 
-Transform MakeTransform(const Profile& profile, cmsUInt32Number source, bool deep)
+/// The layout for a profile, see GetSourceLayout(); 0 without a profile.
+cmsUInt32Number GetLayout(const ProfileHandle& profile, PixelMeaning meaning, Image::Depth depth)
 {
-    const Profile srgb(cmsCreate_sRGBProfile());
-    return Transform(cmsCreateTransform(
-        profile.get(), source, srgb.get(), deep ? TYPE_RGBA_16 : TYPE_RGBA_8,
-        INTENT_RELATIVE_COLORIMETRIC, Flags | (deep ? cmsFLAGS_HIGHRESPRECALC : 0u)));
+    return profile ? GetSourceLayout(meaning, cmsGetColorSpace(profile.get()),
+                                     depth == Image::Depth::Bits16)
+                   : 0;
 }
 
-/// Reads the primaries' colours as the columns; false when the profile does not have them.
-bool ReadPrimaries(const Profile& profile, cmsMAT3& matrix)
+TransformHandle MakeTransform(const ProfileHandle& profile, cmsUInt32Number source, bool deep)
 {
-    constexpr cmsTagSignature tags[] = {cmsSigRedColorantTag, cmsSigGreenColorantTag,
-                                        cmsSigBlueColorantTag};
-    for (int column = 0; column < ColorChannels; ++column) {
-        const auto* const color =
-            static_cast<const cmsCIEXYZ*>(cmsReadTag(profile.get(), tags[column]));
-        if (!color)
-            return false;
-        matrix.v[0].n[column] = color->X;
-        matrix.v[1].n[column] = color->Y;
-        matrix.v[2].n[column] = color->Z;
-    }
-    return true;
+    const ProfileHandle srgb(cmsCreate_sRGBProfile());
+    return TransformHandle(cmsCreateTransform(
+        profile.get(), source, srgb.get(), deep ? TYPE_RGBA_16 : TYPE_RGBA_8,
+        INTENT_RELATIVE_COLORIMETRIC, Flags | (deep ? cmsFLAGS_HIGHRESPRECALC : 0u)));
 }
 
 using Curves = std::array<std::vector<float>, 3>;
 
 /// Samples one curve for each channel; nothing for a profile without them.
-std::optional<Curves> SampleCurves(const Profile& profile,
+std::optional<Curves> SampleCurves(const ProfileHandle& profile,
                                    const std::array<cmsTagSignature, 3>& tags, int count)
 {
     Curves curves;
@@ -151,37 +134,14 @@ std::optional<Curves> SampleCurves(const Profile& profile,
     return curves;
 }
 
-/// The matrix from the profile's linear colours to those of sRGB, by way of the connection space.
-std::optional<MatrixShaper::Matrix> MakeMatrix(const Profile& profile)
-{
-    cmsMAT3 source;
-    cmsMAT3 target;
-    cmsMAT3 inverse;
-    cmsMAT3 product;
-    const Profile srgb(cmsCreate_sRGBProfile());
-    if (!ReadPrimaries(profile, source) || !ReadPrimaries(srgb, target) ||
-        !_cmsMAT3inverse(&target, &inverse))
-        return std::nullopt;
-    _cmsMAT3per(&product, &inverse, &source);
-    MatrixShaper::Matrix matrix;
-    for (std::size_t row = 0; row < 3; ++row) {
-        for (std::size_t column = 0; column < 3; ++column)
-            matrix[row][column] = product.v[row].n[column];
-    }
-    return matrix;
-}
-
 /// Makes the quick conversion; nothing for profiles that go by tables.
-std::optional<MatrixShaper> MakeMatrixShaper(const Profile& profile, bool deep)
+std::optional<MatrixShaper> MakeMatrixShaper(const ProfileHandle& profile, bool deep)
 {
-    const bool tables = cmsIsTag(profile.get(), cmsSigAToB0Tag) ||
-                        cmsIsTag(profile.get(), cmsSigAToB1Tag) ||
-                        cmsIsTag(profile.get(), cmsSigDToB1Tag);
-    if (tables || cmsGetPCS(profile.get()) != cmsSigXYZData)
+    if (!ProfileParts::IsMatrixProfile(profile.get()))
         return std::nullopt;
     const bool gray = cmsGetColorSpace(profile.get()) == cmsSigGrayData;
-    constexpr MatrixShaper::Matrix identity{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
-    const auto matrix = gray ? identity : MakeMatrix(profile);
+    constexpr RgbSpace::Matrix identity{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
+    const auto matrix = gray ? identity : ProfileParts::GetToSrgb(profile.get());
     auto curves =
         gray ? SampleCurves(profile, {cmsSigGrayTRCTag, cmsSigGrayTRCTag, cmsSigGrayTRCTag},
                             deep ? 65536 : 256)
@@ -193,11 +153,11 @@ std::optional<MatrixShaper> MakeMatrixShaper(const Profile& profile, bool deep)
 }
 
 /// True when no 8-bit colour of a grid moves by more than one step.
-bool ActsAsSrgb(const Profile& profile)
+bool ActsAsSrgb(const ProfileHandle& profile)
 {
     if (cmsGetColorSpace(profile.get()) != cmsSigRgbData)
         return false;
-    const Transform transform = MakeTransform(profile, TYPE_RGBA_8, false);
+    const TransformHandle transform = MakeTransform(profile, TYPE_RGBA_8, false);
     for (int i = 0; transform && i < ProbeSteps * ProbeSteps * ProbeSteps; ++i) {
         constexpr int step = 255 / (ProbeSteps - 1);
         const std::uint8_t color[] = {static_cast<std::uint8_t>(i % ProbeSteps * step),
@@ -216,7 +176,7 @@ bool ActsAsSrgb(const Profile& profile)
 
 /// Converts in place: source and target pixels have the same size, and channels that are no colour
 /// are left alone. False when the profile does not allow it.
-bool ConvertColors(Image& pixels, const Profile& profile, cmsUInt32Number layout)
+bool ConvertColors(Image& pixels, const ProfileHandle& profile, cmsUInt32Number layout)
 {
     if (layout == 0)
         return false;
@@ -226,7 +186,7 @@ bool ConvertColors(Image& pixels, const Profile& profile, cmsUInt32Number layout
                     [&](int first, int end) { shaper->Convert(pixels, first, end); });
         return true;
     }
-    const Transform transform = MakeTransform(profile, layout, deep);
+    const TransformHandle transform = MakeTransform(profile, layout, deep);
     if (!transform)
         return false;
     ForEachBand(ThreadPool::GetShared(), pixels.GetHeight(), 0, nullptr, [&](int first, int end) {
@@ -274,14 +234,6 @@ bool IsCmyk(PixelMeaning meaning)
     return meaning == PixelMeaning::Cmyk || meaning == PixelMeaning::CmykInverted;
 }
 
-/// The profile's own description; in quotes, or a word where it has none.
-std::string DescribeProfile(const Profile& profile)
-{
-    char text[80] = "";
-    cmsGetProfileInfoASCII(profile.get(), cmsInfoDescription, "en", "US", text, sizeof text);
-    return *text ? '"' + std::string(text) + '"' : std::string("its own profile");
-}
-
 /// Converts a picture without a usable profile.
 QByteArray ConvertPlain(DecodedPhoto& photo)
 {
@@ -298,41 +250,58 @@ QByteArray ConvertPlain(DecodedPhoto& photo)
 
 } // namespace
 
-QByteArray ColorConversion::ToSrgb(DecodedPhoto& photo, Warnings& warnings)
+QByteArray ColorConversion::Settle(DecodedPhoto& photo, Warnings& warnings)
 {
     if (photo.isProfileDamaged)
         Warn(warnings, UnusableProfile);
     if (photo.iccProfile.isEmpty())
         return ConvertPlain(photo);
-    const bool deep = photo.pixels.GetDepth() == Image::Depth::Bits16;
-    const Profile profile = OpenProfile(photo.iccProfile);
-    const cmsUInt32Number layout =
-        profile ? GetSourceLayout(photo.meaning, cmsGetColorSpace(profile.get()), deep) : 0;
-    if (layout != 0 && ActsAsSrgb(profile))
+    const Image::Depth depth = photo.pixels.GetDepth();
+    if (const auto kept = FindKept(photo.meaning, photo.iccProfile, depth)) {
+        photo.pixels.SetSpace(kept->space);
         return photo.iccProfile;
+    }
+    const ProfileHandle profile = OpenProfile(photo.iccProfile);
+    const cmsUInt32Number layout = GetLayout(profile, photo.meaning, depth);
     if (!ConvertColors(photo.pixels, profile, layout)) {
         Warn(warnings, UnusableProfile);
         return ConvertPlain(photo);
     }
     if (IsCmyk(photo.meaning))
         MakeOpaque(photo.pixels);
-    Warn(photo.reductions, "its colours are converted from " + DescribeProfile(profile) +
-                               " to sRGB; those that sRGB does not have are clipped");
+    WarnOfConversion(photo.reductions, ProfileParts::GetName(profile.get()));
     return GetSrgbProfile();
+}
+
+std::optional<ColorConversion::Kept>
+ColorConversion::FindKept(PixelMeaning meaning, const QByteArray& iccProfile, Image::Depth depth)
+{
+    if (IsSrgb(meaning, iccProfile))
+        return Kept();
+    if (iccProfile.isEmpty() || IsCmyk(meaning))
+        return std::nullopt;
+    const auto space = ProfileSpaces::Find(iccProfile, depth);
+    return space ? std::optional(Kept{space}) : std::nullopt;
 }
 
 bool ColorConversion::IsSrgb(PixelMeaning meaning, const QByteArray& iccProfile)
 {
     if (iccProfile.isEmpty())
         return !IsCmyk(meaning);
-    const Profile profile = OpenProfile(iccProfile);
-    return profile && GetSourceLayout(meaning, cmsGetColorSpace(profile.get()), false) != 0 &&
-           ActsAsSrgb(profile);
+    const ProfileHandle profile = OpenProfile(iccProfile);
+    return GetLayout(profile, meaning, Image::Depth::Bits8) != 0 && ActsAsSrgb(profile);
+}
+
+void ColorConversion::WarnOfConversion(Warnings& warnings, const std::string& name)
+{
+    const std::string from = name.empty() ? std::string("its own profile") : '"' + name + '"';
+    Warn(warnings, "its colours are converted from " + from +
+                       " to sRGB; those that sRGB does not have are clipped");
 }
 
 QByteArray ColorConversion::GetSrgbProfile()
 {
-    static const QByteArray profile = Save(Profile(cmsCreate_sRGBProfile()));
+    static const QByteArray profile = Save(ProfileHandle(cmsCreate_sRGBProfile()));
     return profile;
 }
 

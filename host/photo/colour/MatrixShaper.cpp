@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photo/colour/MatrixShaper.h"
 
+#include "image/Srgb.h"
+
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <limits>
 #include <utility>
@@ -11,11 +12,6 @@ namespace LumetraHost {
 namespace {
 
 constexpr int EncodingSteps = 65535;
-
-double EncodeSrgb(double linear)
-{
-    return linear <= 0.0031308 ? 12.92 * linear : 1.055 * std::pow(linear, 1.0 / 2.4) - 0.055;
-}
 
 } // namespace
 
@@ -28,7 +24,7 @@ MatrixShaper::MatrixShaper(std::array<std::vector<float>, 3> curves, const Matri
     }
     for (int i = 0; i <= EncodingSteps; ++i)
         m_encoding[static_cast<std::size_t>(i)] =
-            static_cast<float>(EncodeSrgb(static_cast<double>(i) / EncodingSteps));
+            static_cast<float>(LinearToSrgb(static_cast<double>(i) / EncodingSteps));
     m_encoding.back() = m_encoding[EncodingSteps]; // the neighbour of the last step
 }
 

@@ -5,7 +5,8 @@ namespace LumetraHost {
 
 PictureForm DescribeForm(const Image& image)
 {
-    return {image.GetWidth(), image.GetHeight(), image.GetDepth(), image.IsOpaque()};
+    return {image.GetWidth(), image.GetHeight(), image.GetDepth(), image.IsOpaque(),
+            image.GetSpace()};
 }
 
 } // namespace LumetraHost

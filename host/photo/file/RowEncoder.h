@@ -4,6 +4,8 @@
 #include "image/Image.h"
 #include "photo/file/PhotoFormat.h"
 
+#include <memory>
+
 namespace LumetraHost {
 
 /// The properties of a picture that an encoder has to know before its first row.
@@ -12,7 +14,8 @@ struct PictureForm
     int width = 0;
     int height = 0;
     Image::Depth depth = Image::Depth::Bits8;
-    bool isOpaque = true; ///< no pixel lets anything shine through
+    bool isOpaque = true;                            ///< no pixel lets anything shine through
+    std::shared_ptr<const RgbSpace> space = nullptr; ///< null: sRGB
 };
 
 /// The form of a picture in memory; looks at its alpha.

@@ -172,6 +172,16 @@ Bytes Encoding::Finish()
 
 } // namespace
 
+bool PngEncoder::HoldsProfile(const QByteArray& iccProfile)
+{
+    try {
+        Encoding({1, 1}, "trial").Begin(iccProfile);
+        return true;
+    } catch (const Zorvik::Exception&) {
+        return false;
+    }
+}
+
 std::unique_ptr<RowEncoder> PngEncoder::Start(const PictureForm& form, const QByteArray& iccProfile,
                                               const std::string& name, Warnings& warnings)
 {

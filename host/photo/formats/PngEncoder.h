@@ -16,6 +16,9 @@ namespace LumetraHost {
 class PngEncoder
 {
 public:
+    /// True when the format takes this profile.
+    static bool HoldsProfile(const QByteArray& iccProfile);
+
     /// `name` begins the text of every Zorvik::Exception. A profile that the format does not take
     /// is left out with a warning.
     static std::unique_ptr<RowEncoder> Start(const PictureForm& form, const QByteArray& iccProfile,

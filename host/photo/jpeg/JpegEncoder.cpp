@@ -165,10 +165,10 @@ void Compression::WriteSegments(const std::vector<JpegSegment>& segments)
 
 void Compression::WriteProfile(const QByteArray& profile, Warnings& warnings)
 {
-    if (profile.size() > LargestProfile)
+    if (!JpegEncoder::HoldsProfile(profile))
         Warn(warnings, "the colour profile is larger than a JPEG file can hold, which is " +
                            std::to_string(LargestProfile) + " bytes; it is left out");
-    if (profile.isEmpty() || profile.size() > LargestProfile)
+    if (profile.isEmpty() || !JpegEncoder::HoldsProfile(profile))
         return;
     Guard([this, &profile] {
         jpeg_write_icc_profile(&m_info, reinterpret_cast<const JOCTET*>(profile.constData()),
@@ -207,6 +207,11 @@ Bytes Compression::Finish()
 }
 
 } // namespace
+
+bool JpegEncoder::HoldsProfile(const QByteArray& iccProfile)
+{
+    return iccProfile.size() <= LargestProfile;
+}
 
 std::unique_ptr<RowEncoder> JpegEncoder::Start(const PictureForm& form, int quality,
                                                const PhotoMetadata& metadata,

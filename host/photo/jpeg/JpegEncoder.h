@@ -16,6 +16,9 @@ namespace LumetraHost {
 class JpegEncoder
 {
 public:
+    /// True when the format takes this profile.
+    static bool HoldsProfile(const QByteArray& iccProfile);
+
     /// From this quality up the colours are stored at full resolution (4:4:4), below at a quarter
     /// (4:2:0).
     static constexpr int FullColorQuality = 90;

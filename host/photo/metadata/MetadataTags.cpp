@@ -116,6 +116,10 @@ Exiv2::ExifData::iterator FindLargest(Exiv2::ExifData& tags)
     });
 }
 
+/// Values of the tag for the colour space: the standard knows no other numbers.
+constexpr int SrgbSpace = 1;
+constexpr int OtherSpace = 65535;
+
 bool SetIfPresent(Exiv2::ExifData& tags, const char* key, std::uint32_t value)
 {
     const auto tag = tags.findKey(Exiv2::ExifKey(key));
@@ -245,19 +249,21 @@ void MetadataTags::RemoveStorageTags(Exiv2::ExifData& tags)
     }
 }
 
-void MetadataTags::Normalise(Exiv2::ExifData& tags, int width, int height)
+void MetadataTags::Normalise(Exiv2::ExifData& tags, int width, int height, bool isSrgb)
 {
     Exiv2::ExifThumb(tags).erase();
     SetIfPresent(tags, "Exif.Image.Orientation", 1);
     SetIfPresent(tags, "Exif.Photo.PixelXDimension", static_cast<std::uint32_t>(width));
     SetIfPresent(tags, "Exif.Photo.PixelYDimension", static_cast<std::uint32_t>(height));
-    SetIfPresent(tags, "Exif.Photo.ColorSpace", 1); // sRGB
+    SetIfPresent(tags, "Exif.Photo.ColorSpace", isSrgb ? SrgbSpace : OtherSpace);
+    if (!isSrgb)
+        return;
     const auto interoperability = tags.findKey(Exiv2::ExifKey("Exif.Iop.InteroperabilityIndex"));
     if (interoperability != tags.end() && interoperability->toString() == "R03")
         interoperability->setValue("R98");
 }
 
-QByteArray MetadataTags::NormaliseXmp(const QByteArray& packet, int width, int height,
+QByteArray MetadataTags::NormaliseXmp(const QByteArray& packet, int width, int height, bool isSrgb,
                                       Warnings& warnings)
 {
     if (packet.isEmpty())
@@ -273,7 +279,8 @@ QByteArray MetadataTags::NormaliseXmp(const QByteArray& packet, int width, int h
     changed = SetIfPresent(properties, "Xmp.tiff.ImageLength", height) || changed;
     changed = SetIfPresent(properties, "Xmp.exif.PixelXDimension", width) || changed;
     changed = SetIfPresent(properties, "Xmp.exif.PixelYDimension", height) || changed;
-    changed = SetIfPresent(properties, "Xmp.exif.ColorSpace", 1) || changed;
+    changed =
+        SetIfPresent(properties, "Xmp.exif.ColorSpace", isSrgb ? SrgbSpace : OtherSpace) || changed;
     if (!changed)
         return packet;
     std::string text;

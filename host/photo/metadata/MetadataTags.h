@@ -37,12 +37,13 @@ public:
     /// Removes tags that tell where and how a file stores its pixels and its other metadata blocks.
     static void RemoveStorageTags(Exiv2::ExifData& tags);
 
-    /// Makes the metadata those of an upright sRGB picture of this size: orientation 1, size
-    /// updated, thumbnails gone. Tags that are not there are not added.
-    static void Normalise(Exiv2::ExifData& tags, int width, int height);
+    /// Makes the metadata those of an upright picture of this size, sRGB or in the space of its
+    /// profile: orientation 1, size and colour space updated, thumbnails gone. Tags that are not
+    /// there are not added.
+    static void Normalise(Exiv2::ExifData& tags, int width, int height, bool isSrgb);
     /// Normalises an XMP packet. Returns it byte for byte when nothing had to be changed, or with a
     /// warning when it cannot be decoded.
-    static QByteArray NormaliseXmp(const QByteArray& packet, int width, int height,
+    static QByteArray NormaliseXmp(const QByteArray& packet, int width, int height, bool isSrgb,
                                    Warnings& warnings);
 };
 

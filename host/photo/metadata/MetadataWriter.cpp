@@ -124,7 +124,7 @@ QByteArray JoinXmp(const PhotoMetadata& metadata, Warnings& warnings)
 } // namespace
 
 PhotoMetadata MetadataWriter::Normalise(const PhotoMetadata& metadata, int width, int height,
-                                        Warnings& warnings)
+                                        bool isSrgb, Warnings& warnings)
 {
     MetadataTags::Initialise();
     PhotoMetadata result = WithoutHiddenThumbnails(metadata);
@@ -133,11 +133,11 @@ PhotoMetadata MetadataWriter::Normalise(const PhotoMetadata& metadata, int width
         TryOrWarn(warnings, "the EXIF data cannot be adapted and are left out", [&] {
             Exiv2::ExifData tags;
             const Exiv2::ByteOrder order = MetadataTags::DecodeExif(metadata.exif, tags);
-            MetadataTags::Normalise(tags, width, height);
+            MetadataTags::Normalise(tags, width, height, isSrgb);
             result.exif = MetadataTags::EncodeExif(tags, order);
         });
     TryOrWarn(warnings, "the XMP packet cannot be adapted and is carried over as it is", [&] {
-        result.xmp = MetadataTags::NormaliseXmp(result.xmp, width, height, warnings);
+        result.xmp = MetadataTags::NormaliseXmp(result.xmp, width, height, isSrgb, warnings);
     });
     return result;
 }

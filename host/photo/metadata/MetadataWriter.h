@@ -14,10 +14,11 @@ namespace LumetraHost {
 class MetadataWriter
 {
 public:
-    /// The blocks as they have to be for an upright sRGB picture of this size: orientation 1, size
-    /// updated, thumbnails gone. An XMP packet that cannot be decoded stays as it is.
+    /// The blocks as they have to be for an upright picture of this size, sRGB or in the space of
+    /// its profile: orientation 1, size and colour space updated, thumbnails gone. An XMP packet
+    /// that cannot be decoded stays as it is.
     static PhotoMetadata Normalise(const PhotoMetadata& metadata, int width, int height,
-                                   Warnings& warnings);
+                                   bool isSrgb, Warnings& warnings);
 
     /// Pixels per length on paper.
     struct Resolution

@@ -3,6 +3,7 @@
 
 #include "image/DepthConversion.h"
 #include "photo/PhotoWriter.h"
+#include "photo/colour/ColorConversion.h"
 #include "photo/metadata/EditRecord.h"
 
 #include <QLineEdit>
@@ -183,6 +184,22 @@ TEST_F(SameExportTest, isMadeOfATiffPhotoOf16Bits)
     ExpectSame(PhotoFormat::Tiff);
     ExpectSame(PhotoFormat::Tiff, Image::Depth::Bits8);
     ExpectSame(PhotoFormat::Jpeg);
+}
+
+TEST_F(SameExportTest, isMadeOfAPhotoInDisplayP3)
+{
+    const auto p3 = LumetraHost::ColorConversion::GetDisplayP3Profile();
+    Photo wide = PhotoReader::Read(WriteLarge("base.png"));
+    wide.metadata.iccProfile = p3;
+    for (const char* const name : {"photo.jpg", "photo.png"}) {
+        PhotoWriter::Write(Path(name), wide);
+        Edit(Path(name));
+        ASSERT_TRUE(editor->GetPhoto().image.GetSpace());
+
+        ExpectSame(PhotoFormat::Jpeg);
+        EXPECT_EQ(PhotoReader::Read(Path("editor.jpg")).metadata.iccProfile, p3);
+        ExpectSame(PhotoFormat::Tiff, Image::Depth::Bits16);
+    }
 }
 
 TEST_F(SameExportTest, isMadeOfALookWithoutIntensity)

@@ -3,9 +3,9 @@
 
 #include "host/engine/TestPictures.h"
 
-#include "engine/base/Srgb.h"
 #include "engine/run/Blend.h"
 #include "engine/run/Renderer.h"
+#include "image/Srgb.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,8 @@
 
 #include "host/engine/TestPictures.h"
 
-#include "engine/base/Srgb.h"
 #include "engine/effects/whitebalance/WhiteBalanceEffect.h"
+#include "image/Srgb.h"
 
 #include <algorithm>
 #include <cmath>

@@ -34,7 +34,7 @@ EffectList MakeColours()
 std::vector<ExportLook::Layer> GetLayers(const ExportLook& look, int side = Side,
                                          bool is8Bit = true)
 {
-    return look.GetLayers(side, side, is8Bit, ThreadPool::GetShared(), nullptr);
+    return look.GetLayers({side, side}, is8Bit, ThreadPool::GetShared(), nullptr);
 }
 
 bool HasTable(const EffectList& effects)
@@ -145,7 +145,8 @@ TEST(ExportLook, makesTheTableLaterWhenItWasCancelled)
     const ExportLook look({MakeSettings(MakeColours())});
     CancelToken cancel;
     cancel.Cancel();
-    EXPECT_FALSE(look.GetLayers(Side, Side, true, ThreadPool::GetShared(), &cancel).front().table);
+    EXPECT_FALSE(
+        look.GetLayers({Side, Side}, true, ThreadPool::GetShared(), &cancel).front().table);
     EXPECT_TRUE(GetLayers(look).front().table);
 }
 

@@ -124,7 +124,7 @@ TEST(Export, leavesThePhotoOfItsCallerAsItIs)
 
 TEST(Export, refusesSixteenBitsInAJpeg)
 {
-    ExportRecipe recipe = MakeRecipe({});
+    ExportRecipe recipe = MakeRecipe(Packages());
     recipe.depth = Image::Depth::Bits16;
 
     EXPECT_THAT(ErrorOf([&] { Convert(MakeJpeg(8, 8), recipe); }),
@@ -270,12 +270,15 @@ TEST(Export, keepsMetadataAndProfile)
 TEST(Export, tellsWhatThePhotoLosesOnTheWay)
 {
     const Bytes wide = MakeJpeg(60, 40, ColorConversion::GetAdobeRgbProfile());
+    ExportRecipe withoutProfile = MakeRecipe(Packages());
+    withoutProfile.embedsProfile = false;
     Photo transparent;
     transparent.image = MakePattern(60, 40, Image::Depth::Bits8, LumetraTest::Alpha::Varying);
     const Bytes png = PhotoWriter::Encode(transparent, PhotoFormat::Png, {}, "in.png");
 
-    EXPECT_THAT(Convert(wide, Packages()).warnings,
-                ElementsAre(HasSubstr("its colours are converted from ")));
+    EXPECT_THAT(Convert(wide, Packages()).warnings, IsEmpty());
+    EXPECT_THAT(Convert(wide, withoutProfile).warnings,
+                ElementsAre(HasSubstr("its colours are converted from \"Adobe RGB")));
     EXPECT_THAT(Convert(png, Packages()).warnings,
                 ElementsAre(HasSubstr("JPEG holds no transparency")));
     EXPECT_THAT(Convert(png, Packages(), 1, PhotoFormat::Png).warnings, IsEmpty());

@@ -3,7 +3,7 @@
 
 #include "engine/base/ColourMatrix.h"
 #include "engine/base/ParameterTable.h"
-#include "engine/base/Srgb.h"
+#include "image/Srgb.h"
 
 namespace LumetraHost {
 

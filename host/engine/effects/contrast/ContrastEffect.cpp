@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/contrast/ContrastEffect.h"
 
-#include "engine/base/Srgb.h"
 #include "engine/effects/MakeKind.h"
 #include "engine/effects/contrast/ContrastKernel.h"
 #include "engine/kernels/KernelSelection.h"
 #include "engine/stages/KernelStage.h"
+#include "image/Srgb.h"
 
 #include <cmath>
 

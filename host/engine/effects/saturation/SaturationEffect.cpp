@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/saturation/SaturationEffect.h"
 
-#include "engine/base/Srgb.h"
+#include "image/Srgb.h"
 
 namespace LumetraHost {
 

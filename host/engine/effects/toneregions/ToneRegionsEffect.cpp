@@ -2,11 +2,11 @@
 #include "engine/effects/toneregions/ToneRegionsEffect.h"
 
 #include "engine/base/MonotoneCurve.h"
-#include "engine/base/Srgb.h"
 #include "engine/effects/MakeKind.h"
 #include "engine/effects/toneregions/ToneRegionsKernel.h"
 #include "engine/kernels/KernelSelection.h"
 #include "engine/stages/KernelStage.h"
+#include "image/Srgb.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/whitebalance/WhiteBalanceEffect.h"
 
-#include "engine/base/Srgb.h"
+#include "image/Srgb.h"
 
 #include <array>
 #include <cmath>

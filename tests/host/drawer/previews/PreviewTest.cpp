@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "host/drawer/DrawerFixture.h"
+#include "host/engine/TestSpaces.h"
 
 #include "drawer/render/PreviewPart.h"
 #include "image/FrameConversion.h"
@@ -137,6 +138,20 @@ TEST_F(Preview, showsTheEffectsOnTheCommittedPhotoOnly)
     EXPECT_EQ(CountDifferences(before, ImageToFrame(Renderer().Render(m_photo, effects))), 0);
     EXPECT_EQ(CountDifferences(after, ImageToFrame(Renderer().Render(Draw({package}), effects))),
               0);
+}
+
+TEST_F(Preview, isSrgbWhateverTheSpaceOfThePhoto)
+{
+    const auto effects = MakeSettings({MakeEffect("saturation", {{"amount", 40}})});
+    for (const TestSpace& space : GetTestSpaces()) {
+        const Image photo = InSpace(MakeRandomPicture(90, 60, Image::Depth::Bits8, 4), space.space);
+        m_drawer.SetPhoto(photo);
+
+        const Frame frame = m_drawer.RenderPreview(MakeTarget(90, 60), effects, 0, 0, 0);
+
+        const Image srgb = Renderer().ToSrgb(Renderer().Render(photo, effects));
+        EXPECT_EQ(CountDifferences(frame, ImageToFrame(srgb)), 0) << space.name;
+    }
 }
 
 TEST_F(Preview, isTheSameWhetherTheScaledPhotoWasKeptOrNot)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "host/engine/TestPictures.h"
+#include "host/engine/TestSpaces.h"
 
 #include "drawer/render/IncrementalRenderer.h"
 
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <random>
+#include <tuple>
 
 namespace LumetraHost {
 namespace {
@@ -14,9 +16,18 @@ namespace {
 using Zorvik::Quindle::EffectList;
 using Zorvik::Quindle::EffectPtr;
 
-class Incremental : public testing::TestWithParam<Image::Depth>
+class Incremental : public testing::TestWithParam<std::tuple<Image::Depth, int>>
 {
 protected:
+    static Image MakeSource(unsigned seed)
+    {
+        const auto [depth, space] = GetParam();
+        Image picture = MakeRandomPicture(333, 70, depth, seed);
+        if (space >= 0)
+            picture.SetSpace(GetTestSpaces()[static_cast<std::size_t>(space)].space);
+        return picture;
+    }
+
     /// Renders and compares with rendering from the beginning.
     void Render(const EffectList& effects, int blendAmount = 1)
     {
@@ -36,7 +47,7 @@ protected:
     {
         const auto settings = MakeSettings(effects);
         const Image before = m_renderer.Render(m_source, settings);
-        const Image others = MakeRandomPicture(333, 70, GetParam(), 99);
+        const Image others = MakeSource(99);
         for (int y = 0; y < m_source.GetHeight(); ++y)
             std::copy_n(others.Row(y), m_source.GetStride(), m_source.Row(y));
         return HaveSameColours(m_incremental.Render(m_source, settings, {}, {}), before);
@@ -81,11 +92,14 @@ protected:
 
     const Renderer m_renderer;
     IncrementalRenderer m_incremental{m_renderer};
-    Image m_source = MakeRandomPicture(333, 70, GetParam(), 5);
+    Image m_source = MakeSource(5);
 };
 
-INSTANTIATE_TEST_SUITE_P(Depths, Incremental,
-                         testing::Values(Image::Depth::Bits8, Image::Depth::Bits16));
+// sRGB, Display P3, which has the curves of sRGB, and Adobe RGB.
+INSTANTIATE_TEST_SUITE_P(DepthsAndSpaces, Incremental,
+                         testing::Combine(testing::Values(Image::Depth::Bits8,
+                                                          Image::Depth::Bits16),
+                                          testing::Values(-1, 0, 1)));
 
 TEST_P(Incremental, startsAtTheEffectThatChangesAgain)
 {
@@ -153,7 +167,7 @@ TEST_P(Incremental, startsAgainWithAnotherPictureOrArea)
     const auto make = [](double slope) { return EffectList{Vibrance(20), Slope(slope)}; };
     Render(make(1.1));
     Render(make(1.2));
-    m_source = MakeRandomPicture(333, 70, GetParam(), 6);
+    m_source = MakeSource(6);
     Render(make(1.3));
     Render(make(1.4));
     RenderOptions options;
@@ -219,6 +233,17 @@ TEST_P(Incremental, splitsNoStageFromTheStoringOfItsPixels)
     Render(effects, 91);
     for (const int amount : {1, 90, 91, 1})
         Render(effects, amount);
+}
+
+// In a space of its own, a picture comes out of factors alone as from one table.
+TEST_P(Incremental, splitsNoMatricesFromTheWayToTheColoursOfSrgb)
+{
+    Render({Exposure(0.4), Exposure(0.1)});
+    Render({Exposure(0.4), Exposure(0.2)});
+    Render({Exposure(0.4), Exposure(0.3)});
+    Render({Exposure(0.4)}, 90);
+    Render({Exposure(0.4)}, 91);
+    Render({Exposure(0.4)}, 1);
 }
 
 TEST_P(Incremental, isRightWhateverChanges)

@@ -42,19 +42,23 @@ inline QByteArray MakeGreyProfile()
     return SaveProfile(profile);
 }
 
-/// Converts sRGB colours with the colour library, in double precision and without shortcuts.
+/// Converts colours of sRGB, or of another profile, with the colour library, in double precision
+/// and without shortcuts.
 class MonitorOracle
 {
 public:
-    explicit MonitorOracle(const QByteArray& monitor)
+    explicit MonitorOracle(const QByteArray& monitor, const QByteArray& photo = {})
     {
-        const cmsHPROFILE srgb = cmsCreate_sRGBProfile();
+        const cmsHPROFILE source =
+            photo.isEmpty() ? cmsCreate_sRGBProfile()
+                            : cmsOpenProfileFromMem(photo.constData(),
+                                                    static_cast<cmsUInt32Number>(photo.size()));
         const cmsHPROFILE target = cmsOpenProfileFromMem(
             monitor.constData(), static_cast<cmsUInt32Number>(monitor.size()));
-        m_transform = cmsCreateTransform(srgb, TYPE_RGB_DBL, target, TYPE_RGB_DBL,
+        m_transform = cmsCreateTransform(source, TYPE_RGB_DBL, target, TYPE_RGB_DBL,
                                          INTENT_RELATIVE_COLORIMETRIC,
                                          cmsFLAGS_BLACKPOINTCOMPENSATION | cmsFLAGS_NOOPTIMIZE);
-        cmsCloseProfile(srgb);
+        cmsCloseProfile(source);
         cmsCloseProfile(target);
     }
     ~MonitorOracle() { cmsDeleteTransform(m_transform); }
@@ -62,10 +66,10 @@ public:
     MonitorOracle& operator=(const MonitorOracle&) = delete;
 
     /// Converts to values of 0 to 1, clamped.
-    std::array<double, 3> Convert(const std::array<double, 3>& srgb) const
+    std::array<double, 3> Convert(const std::array<double, 3>& colour) const
     {
         std::array<double, 3> shown{};
-        cmsDoTransform(m_transform, srgb.data(), shown.data(), 1);
+        cmsDoTransform(m_transform, colour.data(), shown.data(), 1);
         for (double& value : shown)
             value = value < 0 ? 0 : value > 1 ? 1 : value;
         return shown;

@@ -3,6 +3,7 @@
 
 #include "host/drawer/view/DisplaySamples.h"
 #include "host/engine/TestPictures.h"
+#include "host/engine/TestSpaces.h"
 
 #include "photo/colour/ColorConversion.h"
 
@@ -22,7 +23,8 @@ namespace {
 /// The largest distance from the colour library's result, in 8-bit steps.
 double FindLargestError(const Image& shown, const Image& picture, const QByteArray& monitor)
 {
-    const MonitorOracle oracle(monitor);
+    const MonitorOracle oracle(monitor, picture.GetSpace() ? picture.GetSpace()->GetProfile()
+                                                           : QByteArray());
     const bool isDeep = picture.GetDepth() == Image::Depth::Bits16;
     double largest = 0;
     for (int y = 0; y < picture.GetHeight(); ++y) {
@@ -76,17 +78,52 @@ TEST(DisplayTransform, makesEightBitsOfSixteen)
     EXPECT_EQ(shown.Row(3)[4 * 5 + 3], std::lround(picture.Row16(3)[4 * 5 + 3] / 257.0));
 }
 
+TEST(DisplayTransform, showsPicturesOfEverySpaceAsTheColourLibrarySays)
+{
+    const QByteArray monitor = MakeStrangeMonitor();
+    const auto transform = DisplayTransform::Make(monitor, "monitor.icc");
+    for (int round = 0; round < 2; ++round)
+        for (const TestSpace& space : GetTestSpaces())
+            for (const Image::Depth depth : {Image::Depth::Bits8, Image::Depth::Bits16}) {
+                const Image picture = InSpace(MakeRandomPicture(70, 90, depth, 5), space.space);
+
+                const Image shown = transform->Apply(picture);
+
+                EXPECT_FALSE(shown.GetSpace());
+                EXPECT_LE(FindLargestError(shown, picture, monitor), 1.5) << space.name;
+            }
+}
+
+TEST(DisplayTransform, leavesColoursAloneWhereTheMonitorHasTheSpaceOfThePhoto)
+{
+    const TestSpace& p3 = GetTestSpaces().front();
+    const auto transform = DisplayTransform::Make(p3.space->GetProfile(), "monitor.icc");
+    for (const Image::Depth depth : {Image::Depth::Bits8, Image::Depth::Bits16}) {
+        const Image picture = InSpace(MakeRandomPicture(70, 90, depth, 5), p3.space);
+
+        const Image shown = transform->Apply(picture);
+
+        for (int y = 0; y < 90; ++y)
+            for (int x = 0; x < 70; ++x)
+                for (int c = 0; c < 3; ++c)
+                    ASSERT_NEAR(shown.Row(y)[4 * x + c],
+                                255.0 * GetChannel(picture, x, y, c) / GetWhite(picture), 1.01);
+    }
+}
+
 TEST(DisplayTransform, usesMemoryAgainThatNobodyHolds)
 {
     const auto transform = DisplayTransform::Make(MakeStrangeMonitor(), "monitor.icc");
     const Image picture = MakeRandomPicture(20, 10, Image::Depth::Bits8, 7);
     const Image expected = transform->Apply(picture);
-    Image spare = Image::Allocate(20, 10, Image::Depth::Bits8);
+    Image spare =
+        InSpace(Image::Allocate(20, 10, Image::Depth::Bits8), GetTestSpaces().front().space);
     const auto* const pixels = spare.Row(0);
 
     const Image shown = transform->Apply(picture, std::move(spare));
 
     EXPECT_EQ(shown.Row(0), pixels);
+    EXPECT_FALSE(shown.GetSpace());
     EXPECT_TRUE(HaveSamePixels(shown, expected));
 }
 

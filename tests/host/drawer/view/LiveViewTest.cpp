@@ -2,6 +2,7 @@
 #include "host/drawer/DrawerFixture.h"
 #include "host/drawer/GatedEffect.h"
 #include "host/drawer/view/DisplaySamples.h"
+#include "host/engine/TestSpaces.h"
 
 #include "drawer/view/DisplayTransform.h"
 #include "drawer/view/LiveView.h"
@@ -428,6 +429,41 @@ TEST_F(LiveViewScenario, showsFramesInTheDisplaysColours)
     m_view->SetDisplay(nullptr);
     WaitForPicture();
     EXPECT_TRUE(m_view->GetFrame().shown.SharesPixelsWith(m_view->GetFrame().picture));
+}
+
+TEST_F(LiveViewScenario, showsPhotosOfOtherSpacesInSrgbWithoutADisplay)
+{
+    const TestSpace& p3 = GetTestSpaces().front();
+    for (const Image::Depth depth : {Image::Depth::Bits8, Image::Depth::Bits16}) {
+        const Image photo = InSpace(MakeRandomPicture(90, 60, depth, 3), p3.space);
+        m_drawer.SetPhoto(photo);
+        Apply(MakePanel(0.5));
+        m_view->SetNeedsOriginal(true);
+        ShowWhole();
+
+        const Image picture = WaitForPicture();
+
+        EXPECT_TRUE(HaveSamePixels(picture, m_drawer.Result()));
+        EXPECT_EQ(picture.GetSpace(), p3.space);
+        EXPECT_FALSE(m_view->GetFrame().shown.GetSpace());
+        EXPECT_TRUE(HaveSamePixels(m_view->GetFrame().shown, Renderer().ToSrgb(picture)));
+        EXPECT_TRUE(HaveSamePixels(m_view->GetShownOriginal(), Renderer().ToSrgb(photo)));
+    }
+}
+
+TEST_F(LiveViewScenario, showsPhotosOfOtherSpacesInTheDisplaysColours)
+{
+    const auto display = DisplayTransform::Make(LumetraTest::MakeStrangeMonitor(), "monitor");
+    m_drawer.SetPhoto(
+        InSpace(MakeRandomPicture(90, 60, Image::Depth::Bits8, 3), GetTestSpaces()[1].space));
+    m_view->SetDisplay(display);
+    Apply(MakePanel(0.5));
+    ShowWhole();
+
+    const Image picture = WaitForPicture();
+
+    EXPECT_TRUE(HaveSamePixels(m_view->GetFrame().shown, display->Apply(picture)));
+    EXPECT_FALSE(HaveSamePixels(m_view->GetFrame().shown, picture));
 }
 
 TEST_F(LiveViewScenario, showsTheOriginalInTheDisplaysColoursWhenItIsNeeded)

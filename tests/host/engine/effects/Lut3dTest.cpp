@@ -3,9 +3,9 @@
 #include "host/engine/TestPictures.h"
 #include "host/engine/TestTables.h"
 
-#include "engine/base/Srgb.h"
 #include "engine/effects/lut3d/Lut3dSettings.h"
 #include "engine/run/Renderer.h"
+#include "image/Srgb.h"
 
 #include <gtest/gtest.h>
 

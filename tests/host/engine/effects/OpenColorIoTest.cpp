@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "host/engine/TestPictures.h"
 
-#include "engine/base/Srgb.h"
 #include "engine/effects/whitebalance/WhiteBalanceEffect.h"
 #include "engine/run/Renderer.h"
+#include "image/Srgb.h"
 
 #include <OpenColorIO/OpenColorIO.h>
 #include <gtest/gtest.h>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "host/engine/TestPictures.h"
 
-#include "engine/base/Srgb.h"
 #include "engine/effects/EffectKinds.h"
 #include "engine/run/Blend.h"
 #include "engine/run/Renderer.h"
 #include "image/Resize.h"
+#include "image/Srgb.h"
 
 #include <gtest/gtest.h>
 

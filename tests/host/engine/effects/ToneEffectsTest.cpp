@@ -2,8 +2,8 @@
 #include "host/engine/ReferenceEffects.h"
 #include "host/engine/TestPictures.h"
 
-#include "engine/base/Srgb.h"
 #include "engine/run/Renderer.h"
+#include "image/Srgb.h"
 
 #include <gtest/gtest.h>
 

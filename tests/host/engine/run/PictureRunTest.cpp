@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "host/engine/TestPictures.h"
 
-#include "engine/base/Srgb.h"
 #include "engine/run/PictureRun.h"
 #include "engine/stages/MatrixStage.h"
+#include "image/Srgb.h"
 
 #include <gtest/gtest.h>
 

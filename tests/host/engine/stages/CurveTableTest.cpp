@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "host/engine/TestPictures.h"
 
-#include "engine/base/Srgb.h"
 #include "engine/effects/EffectKinds.h"
 #include "engine/stages/CurveTableStage.h"
 #include "engine/stages/SrgbStage.h"
 #include "engine/stages/StageChain.h"
+#include "image/Srgb.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photo/colour/ColorConversion.h"
 
+#include "engine/run/Renderer.h"
 #include "photo/PhotoReader.h"
 #include "photo/PhotoWriter.h"
+#include "photo/colour/ProfileHandles.h"
+#include "photo/colour/ProfileSpaces.h"
 
+#include "host/engine/TestSpaces.h"
 #include "host/photo/PhotoSamples.h"
 
 #include <gmock/gmock.h>
@@ -21,34 +25,10 @@ using testing::SizeIs;
 
 namespace {
 
-using Color = std::array<double, 3>;
-
 double EncodeSrgb(double linear)
 {
     linear = std::clamp(linear, 0.0, 1.0);
     return linear <= 0.0031308 ? 12.92 * linear : 1.055 * std::pow(linear, 1 / 2.4) - 0.055;
-}
-
-/// The published matrices of Adobe RGB (1998) to XYZ and of XYZ to sRGB, both for D65, multiplied.
-Color AdobeRgbToSrgb(const Color& color)
-{
-    constexpr double toXyz[3][3] = {{0.5767309, 0.1855540, 0.1881852},
-                                    {0.2973769, 0.6273491, 0.0752741},
-                                    {0.0270343, 0.0706872, 0.9911085}};
-    constexpr double toSrgb[3][3] = {{3.2404542, -1.5371385, -0.4985314},
-                                     {-0.9692660, 1.8760108, 0.0415560},
-                                     {0.0556434, -0.2040259, 1.0572252}};
-    Color result{};
-    for (std::size_t channel = 0; channel < 3; ++channel) {
-        double linear = 0;
-        for (std::size_t axis = 0; axis < 3; ++axis) {
-            for (std::size_t source = 0; source < 3; ++source)
-                linear += toSrgb[channel][axis] * toXyz[axis][source] *
-                          std::pow(color[source], 563.0 / 256.0);
-        }
-        result[channel] = EncodeSrgb(linear);
-    }
-    return result;
 }
 
 DecodedPhoto MakeDecoded(const Image& pixels, const QByteArray& profile)
@@ -84,76 +64,77 @@ Photo Reread(const Photo& photo, PhotoFormat format)
 
 } // namespace
 
-TEST(ColorConversion, adobeRgbOf8BitsIsWithinOneStepOfTheFormula)
+TEST(ColorConversion, leavesPixelsOfMatrixProfilesInTheirSpace)
 {
-    const Image stored = MakePattern(64, 64, Image::Depth::Bits8, Alpha::Varying);
-    DecodedPhoto decoded = MakeDecoded(stored, ColorConversion::GetAdobeRgbProfile());
-    std::vector<std::string> warnings;
+    for (const Image::Depth depth : {Image::Depth::Bits8, Image::Depth::Bits16})
+        for (const QByteArray& profile :
+             {ColorConversion::GetAdobeRgbProfile(), ColorConversion::GetDisplayP3Profile(),
+              MakeProPhotoProfile()}) {
+            const Image stored = MakePattern(64, 64, depth, Alpha::Varying);
+            DecodedPhoto decoded = MakeDecoded(stored, profile);
+            std::vector<std::string> warnings;
 
-    const QByteArray profile = ColorConversion::ToSrgb(decoded, warnings);
-
-    EXPECT_EQ(profile, ColorConversion::GetSrgbProfile());
-    EXPECT_THAT(warnings, IsEmpty());
-    double largest = 0;
-    for (int y = 0; y < 64; ++y) {
-        for (int x = 0; x < 64; ++x) {
-            const std::uint8_t* const before = stored.Row(y) + 4 * x;
-            const std::uint8_t* const after = decoded.pixels.Row(y) + 4 * x;
-            const Color expected =
-                AdobeRgbToSrgb({before[0] / 255.0, before[1] / 255.0, before[2] / 255.0});
-            for (std::size_t c = 0; c < 3; ++c)
-                largest = std::max(largest, std::abs(255 * expected[c] - after[c]));
-            ASSERT_EQ(after[3], before[3]);
+            EXPECT_EQ(ColorConversion::Settle(decoded, warnings), profile);
+            EXPECT_TRUE(HaveSamePixels(decoded.pixels, stored));
+            ASSERT_TRUE(decoded.pixels.GetSpace());
+            EXPECT_EQ(decoded.pixels.GetSpace()->GetProfile(), profile);
+            EXPECT_THAT(warnings, IsEmpty());
+            EXPECT_THAT(decoded.reductions, IsEmpty());
         }
-    }
-    EXPECT_LT(largest, 1.0);
 }
 
-TEST(ColorConversion, adobeRgbOf16BitsIsWithinAQuarterOfAnEightBitStep)
+TEST(ColorConversion, knowsThatTheCurvesOfDisplayP3AreThoseOfSrgb)
 {
-    const Image stored = MakePattern(64, 64, Image::Depth::Bits16, Alpha::Varying);
-    DecodedPhoto decoded = MakeDecoded(stored, ColorConversion::GetAdobeRgbProfile());
-    std::vector<std::string> warnings;
-
-    ColorConversion::ToSrgb(decoded, warnings);
-
-    double largest = 0;
-    for (int y = 0; y < 64; ++y) {
-        for (int x = 0; x < 64; ++x) {
-            const std::uint16_t* const before = stored.Row16(y) + 4 * x;
-            const std::uint16_t* const after = decoded.pixels.Row16(y) + 4 * x;
-            const Color expected =
-                AdobeRgbToSrgb({before[0] / 65535.0, before[1] / 65535.0, before[2] / 65535.0});
-            for (std::size_t c = 0; c < 3; ++c)
-                largest = std::max(largest, std::abs(65535 * expected[c] - after[c]));
-            ASSERT_EQ(after[3], before[3]);
-        }
-    }
-    EXPECT_LT(largest, 64);
+    const auto find = [](const QByteArray& profile) {
+        return ProfileSpaces::Find(profile, Image::Depth::Bits16);
+    };
+    EXPECT_TRUE(find(ColorConversion::GetDisplayP3Profile())->HasSrgbCurves());
+    EXPECT_FALSE(find(ColorConversion::GetAdobeRgbProfile())->HasSrgbCurves());
+    EXPECT_EQ(find(ColorConversion::GetDisplayP3Profile())->GetName(), "Display P3");
+    EXPECT_EQ(find(ColorConversion::GetDisplayP3Profile()),
+              find(ColorConversion::GetDisplayP3Profile()));
 }
 
-TEST(ColorConversion, agreesWithTheColorLibrarysExactTransform)
+/// The space leads to the same sRGB as the colour library's own transform.
+TEST(ColorConversion, spacesAgreeWithTheColorLibrarysExactTransform)
 {
-    const Image stored = MakePattern(64, 64, Image::Depth::Bits16);
-    const QByteArray bytes = ColorConversion::GetAdobeRgbProfile();
-    DecodedPhoto decoded = MakeDecoded(stored, bytes);
-    std::vector<std::string> warnings;
-    const cmsHPROFILE source =
-        cmsOpenProfileFromMem(bytes.constData(), static_cast<cmsUInt32Number>(bytes.size()));
-    const cmsHPROFILE target = cmsCreate_sRGBProfile();
-    const cmsHTRANSFORM transform = cmsCreateTransform(
-        source, TYPE_RGBA_16, target, TYPE_RGBA_16, INTENT_RELATIVE_COLORIMETRIC,
-        cmsFLAGS_BLACKPOINTCOMPENSATION | cmsFLAGS_NOOPTIMIZE | cmsFLAGS_COPY_ALPHA);
-    Image expected = stored.Clone();
-    for (int y = 0; y < 64; ++y)
-        cmsDoTransform(transform, stored.Row(y), expected.Row(y), 64);
+    for (const QByteArray& bytes :
+         {ColorConversion::GetAdobeRgbProfile(), ColorConversion::GetDisplayP3Profile(),
+          MakeProPhotoProfile(), MakeTableProfile(1024)}) {
+        Image stored = MakePattern(64, 64, Image::Depth::Bits8);
+        stored.SetSpace(ProfileSpaces::Find(bytes, Image::Depth::Bits8));
+        ASSERT_TRUE(stored.GetSpace());
+        const ProfileHandle source = OpenProfile(bytes);
+        const ProfileHandle target(cmsCreate_sRGBProfile());
+        const TransformHandle transform(cmsCreateTransform(
+            source.get(), TYPE_RGBA_8, target.get(), TYPE_RGBA_8, INTENT_RELATIVE_COLORIMETRIC,
+            cmsFLAGS_BLACKPOINTCOMPENSATION | cmsFLAGS_NOOPTIMIZE | cmsFLAGS_COPY_ALPHA));
+        Image expected = stored.Clone();
+        for (int y = 0; y < 64; ++y)
+            cmsDoTransform(transform.get(), stored.Row(y), expected.Row(y), 64);
 
-    ColorConversion::ToSrgb(decoded, warnings);
+        EXPECT_LE(LargestDifference(Renderer().ToSrgb(stored), expected), 1);
+    }
+}
 
-    EXPECT_LE(LargestDifference(decoded.pixels, expected), 8);
-    cmsDeleteTransform(transform);
-    cmsCloseProfile(target);
-    cmsCloseProfile(source);
+TEST(ColorConversion, convertsPicturesWhoseCurvesAreTooCoarse)
+{
+    for (const QByteArray& profile : {MakeTableProfile(4096), MakeTableProfile(4)}) {
+        DecodedPhoto decoded = MakeDecoded(MakePattern(8, 8, Image::Depth::Bits16), profile);
+        std::vector<std::string> warnings;
+        const bool isKept =
+            ColorConversion::FindKept(PixelMeaning::Rgb, profile, Image::Depth::Bits16).has_value();
+
+        const QByteArray left = ColorConversion::Settle(decoded, warnings);
+
+        EXPECT_EQ(left, isKept ? profile : ColorConversion::GetSrgbProfile());
+        EXPECT_THAT(decoded.reductions, SizeIs(isKept ? 0 : 1));
+        EXPECT_THAT(warnings, IsEmpty());
+    }
+    EXPECT_FALSE(
+        ColorConversion::FindKept(PixelMeaning::Rgb, MakeTableProfile(4096), Image::Depth::Bits16));
+    EXPECT_TRUE(
+        ColorConversion::FindKept(PixelMeaning::Rgb, MakeTableProfile(4096), Image::Depth::Bits8));
 }
 
 TEST(ColorConversion, srgbPixelsStayUntouchedUnderTheirOwnProfile)
@@ -163,7 +144,7 @@ TEST(ColorConversion, srgbPixelsStayUntouchedUnderTheirOwnProfile)
     DecodedPhoto decoded = MakeDecoded(stored, srgb);
     std::vector<std::string> warnings;
 
-    EXPECT_EQ(ColorConversion::ToSrgb(decoded, warnings), srgb);
+    EXPECT_EQ(ColorConversion::Settle(decoded, warnings), srgb);
     EXPECT_TRUE(HaveSamePixels(decoded.pixels, stored));
 }
 
@@ -173,7 +154,7 @@ TEST(ColorConversion, photosWithoutProfileStayUntouchedAndGetNone)
     DecodedPhoto decoded = MakeDecoded(stored, {});
     std::vector<std::string> warnings;
 
-    EXPECT_TRUE(ColorConversion::ToSrgb(decoded, warnings).isEmpty());
+    EXPECT_TRUE(ColorConversion::Settle(decoded, warnings).isEmpty());
     EXPECT_TRUE(HaveSamePixels(decoded.pixels, stored));
 }
 
@@ -184,7 +165,7 @@ TEST(ColorConversion, damagedOrForeignProfileIsLeftOutWithAWarning)
         DecodedPhoto decoded = MakeDecoded(stored, profile);
         std::vector<std::string> warnings;
 
-        EXPECT_TRUE(ColorConversion::ToSrgb(decoded, warnings).isEmpty());
+        EXPECT_TRUE(ColorConversion::Settle(decoded, warnings).isEmpty());
         EXPECT_TRUE(HaveSamePixels(decoded.pixels, stored));
         ASSERT_THAT(warnings, SizeIs(1));
         EXPECT_THAT(warnings[0], HasSubstr("colour profile"));
@@ -207,7 +188,10 @@ TEST(ColorConversion, grayProfileActsOnGrayPictures)
         decoded.meaning = PixelMeaning::Gray;
         std::vector<std::string> warnings;
 
-        ColorConversion::ToSrgb(decoded, warnings);
+        ColorConversion::Settle(decoded, warnings);
+
+        EXPECT_THAT(decoded.reductions, SizeIs(1));
+        EXPECT_FALSE(decoded.pixels.GetSpace());
 
         for (int x = 0; x < 256; ++x) {
             const double expected = white * EncodeSrgb(std::pow(x / 255.0, 1.8));
@@ -232,7 +216,9 @@ TEST(ColorConversion, inksWithoutProfileMultiply)
         decoded.meaning = inverted ? PixelMeaning::CmykInverted : PixelMeaning::Cmyk;
         std::vector<std::string> warnings;
 
-        ColorConversion::ToSrgb(decoded, warnings);
+        ColorConversion::Settle(decoded, warnings);
+
+        EXPECT_THAT(decoded.reductions, SizeIs(1));
 
         const std::array<int, 4> expected =
             inverted ? std::array<int, 4>{10, 0, 51, 255} : std::array<int, 4>{163, 204, 0, 255};
@@ -254,17 +240,17 @@ TEST(ColorConversion, profileTravelsThroughEveryFormat)
     }
 }
 
-TEST(ColorConversion, photoTaggedAdobeRgbIsConvertedAndTaggedSrgb)
+TEST(ColorConversion, wideProfileTravelsThroughEveryFormat)
 {
     Photo photo;
     photo.image = MakeGradient(32, 32);
     photo.metadata.iccProfile = ColorConversion::GetAdobeRgbProfile();
 
-    const Photo read = Reread(photo, PhotoFormat::Png);
-
-    EXPECT_EQ(read.metadata.iccProfile, ColorConversion::GetSrgbProfile());
-    const Color expected = AdobeRgbToSrgb(
-        {photo.image.Row(20)[40] / 255.0, photo.image.Row(20)[41] / 255.0, 96 / 255.0});
-    for (int c = 0; c < 3; ++c)
-        EXPECT_NEAR(read.image.Row(20)[40 + c], 255 * expected[static_cast<std::size_t>(c)], 1);
+    for (const PhotoFormat format : {PhotoFormat::Png, PhotoFormat::Tiff}) {
+        const Photo read = Reread(photo, format);
+        EXPECT_EQ(read.metadata.iccProfile, photo.metadata.iccProfile);
+        EXPECT_TRUE(HaveSamePixels(read.image, photo.image));
+        EXPECT_THAT(read.reductions, IsEmpty());
+        EXPECT_TRUE(HaveSamePixels(Reread(read, format).image, photo.image));
+    }
 }

@@ -316,7 +316,7 @@ TEST(PhotoMetadata, damagedExifIsLeftOutWithAWarning)
     EXPECT_THAT(read.warnings[0], HasSubstr("cannot be read and are left out"));
 }
 
-TEST(PhotoMetadata, adobeRgbThatOnlyTheExifBlockTellsOfIsConverted)
+TEST(PhotoMetadata, adobeRgbThatOnlyTheExifBlockTellsOfGetsAProfile)
 {
     const Bytes plain = EncodePlain(MakeGradient(48, 32), PhotoFormat::Jpeg);
     const auto file = Open(plain);
@@ -326,11 +326,12 @@ TEST(PhotoMetadata, adobeRgbThatOnlyTheExifBlockTellsOfIsConverted)
 
     const Photo photo = PhotoReader::Decode(stored, "camera");
 
-    EXPECT_EQ(photo.metadata.iccProfile, ColorConversion::GetSrgbProfile());
-    EXPECT_GE(LargestDifference(photo.image, MakeGradient(48, 32)), 20);
+    EXPECT_EQ(photo.metadata.iccProfile, ColorConversion::GetAdobeRgbProfile());
+    EXPECT_TRUE(photo.image.GetSpace());
+    EXPECT_LE(LargestDifference(photo.image, MakeGradient(48, 32)), 4);
     const Tags tags = DescribeTags(PhotoWriter::Encode(photo, PhotoFormat::Jpeg, {}, "written"));
-    EXPECT_THAT(tags, Contains(Pair("Exif.Photo.ColorSpace", "1")));
-    EXPECT_THAT(tags, Contains(Pair("Exif.Iop.InteroperabilityIndex", "R98")));
+    EXPECT_THAT(tags, Contains(Pair("Exif.Photo.ColorSpace", "65535")));
+    EXPECT_THAT(tags, Contains(Pair("Exif.Iop.InteroperabilityIndex", "R03")));
 }
 
 TEST(PhotoMetadata, longProfileIsKeptInSeveralSegments)

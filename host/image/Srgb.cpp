@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "engine/base/Srgb.h"
+#include "image/Srgb.h"
 
 #include <cmath>
 #include <cstddef>
