@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "host/engine/ReferenceEffects.h"
 
+#include "host/engine/ReferenceFormulas.h"
 #include "host/engine/TestPictures.h"
 
 #include "engine/base/Srgb.h"
@@ -19,33 +20,10 @@ using Zorvik::Quindle::EffectList;
 using Zorvik::Quindle::EffectPtr;
 using Zorvik::Quindle::IEffectSettings;
 
-double Luma(const Colour& c)
-{
-    return 0.2126 * c[0] + 0.7152 * c[1] + 0.0722 * c[2];
-}
-
-Colour Map(const Colour& c, const std::function<double(double)>& function)
-{
-    return {function(c[0]), function(c[1]), function(c[2])};
-}
-
 Colour MixWithLuma(const Colour& c, double s)
 {
     const double luma = Luma(c);
     return Map(c, [=](double v) { return luma + s * (v - luma); });
-}
-
-double SmoothStep(double t)
-{
-    return 3 * t * t - 2 * t * t * t;
-}
-
-/// Turns a formula on encoded values into one on linear light.
-ReferenceFormula OnEncoded(const ReferenceFormula& formula)
-{
-    return [formula](const Colour& c, int x, int y) {
-        return Map(formula(Map(c, LinearToSrgb), x, y), SrgbToLinear);
-    };
 }
 
 ReferenceFormula Exposure(const IEffectSettings& effect, int, int)
@@ -111,52 +89,6 @@ ReferenceFormula BlackAndWhite(const IEffectSettings& effect, int, int)
     };
 }
 
-// Fritsch and Carlson in the basis of Hermite, as published.
-struct HermiteCurve
-{
-    std::vector<double> x;
-    std::vector<double> y;
-    std::vector<double> slopes;
-
-    HermiteCurve(std::vector<double> xs, std::vector<double> ys, double endSlope)
-        : x(std::move(xs)), y(std::move(ys)), slopes(x.size())
-    {
-        const std::size_t n = x.size();
-        const auto secant = [this](std::size_t i) { return (y[i + 1] - y[i]) / (x[i + 1] - x[i]); };
-        slopes[0] = std::isnan(endSlope) ? secant(0) : endSlope;
-        slopes[n - 1] = std::isnan(endSlope) ? secant(n - 2) : endSlope;
-        for (std::size_t i = 1; i + 1 < n; ++i)
-            slopes[i] = secant(i - 1) * secant(i) > 0 ? 0.5 * (secant(i - 1) + secant(i)) : 0;
-        for (std::size_t i = 0; i + 1 < n; ++i)
-            Limit(secant(i), slopes[i], slopes[i + 1]);
-    }
-
-    static void Limit(double secant, double& first, double& second)
-    {
-        if (secant == 0) {
-            first = second = 0;
-            return;
-        }
-        const double alpha = first / secant, beta = second / secant;
-        const double square = alpha * alpha + beta * beta;
-        if (square <= 9)
-            return;
-        first = 3 / std::sqrt(square) * alpha * secant;
-        second = 3 / std::sqrt(square) * beta * secant;
-    }
-
-    double Evaluate(double at) const
-    {
-        std::size_t i = 0;
-        while (i + 2 < x.size() && at > x[i + 1])
-            ++i;
-        const double h = x[i + 1] - x[i];
-        const double t = (at - x[i]) / h;
-        return y[i] * (1 + 2 * t) * (1 - t) * (1 - t) + h * slopes[i] * t * (1 - t) * (1 - t) +
-               y[i + 1] * t * t * (3 - 2 * t) + h * slopes[i + 1] * t * t * (t - 1);
-    }
-};
-
 ReferenceFormula ToneRegions(const IEffectSettings& effect, int, int)
 {
     const std::vector<double> x = {-8, -5, std::log2(0.18), -1, 0};
@@ -193,13 +125,7 @@ std::function<double(double)> ReadCurve(const IEffectSettings& effect, const std
         ys.push_back(py);
     }
     const HermiteCurve curve(xs, ys, std::nan(""));
-    return [=](double v) {
-        if (v < xs.front())
-            return ys.front() + curve.slopes.front() * (v - xs.front());
-        if (v > xs.back())
-            return ys.back() + curve.slopes.back() * (v - xs.back());
-        return curve.Evaluate(v);
-    };
+    return [=](double v) { return curve.Extend(v); };
 }
 
 ReferenceFormula ToneCurve(const IEffectSettings& effect, int, int)
@@ -211,20 +137,6 @@ ReferenceFormula ToneCurve(const IEffectSettings& effect, int, int)
     return OnEncoded([=](const Colour& c, int, int) -> Colour {
         return {red(master(c[0])), green(master(c[1])), blue(master(c[2]))};
     });
-}
-
-Colour Tint(double hue, double saturation)
-{
-    const double h = hue / 60;
-    const double rising = h - std::floor(h);
-    static const Colour corners[] = {{1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {0, 1, 1},
-                                     {0, 0, 1}, {1, 0, 1}, {1, 0, 0}};
-    const auto sector = static_cast<std::size_t>(h) % 6;
-    Colour pure{};
-    for (std::size_t i = 0; i < 3; ++i)
-        pure[i] = corners[sector][i] + rising * (corners[sector + 1][i] - corners[sector][i]);
-    const double luma = Luma(pure);
-    return Map(pure, [=](double v) { return saturation / 200 * (v - luma); });
 }
 
 ReferenceFormula SplitToning(const IEffectSettings& effect, int, int)
