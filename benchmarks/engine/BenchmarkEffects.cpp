@@ -38,6 +38,7 @@ std::vector<EffectPtr> MakeEffects()
         {MakeEffect("toneRegions", {{"shadows", 30}}),
          MakeEffect("toneCurve", {{"points", 3}, {"x1", 50}, {"y1", 60}, {"x2", 100}, {"y2", 100}}),
          MakeEffect("vibrance", {{"amount", 20}}),
+         MakeEffect("colourMixer", {{"blueHue", 20}, {"orangeSaturation", 30}}),
          MakeEffect("channelMixer", {{"rr", 0.9}, {"rg", 0.1}}),
          MakeEffect("blackAndWhite", {{"amount", 100}}),
          MakeEffect("splitToning", {{"shadowHue", 220}, {"shadowSaturation", 30}}),

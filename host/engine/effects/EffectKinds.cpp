@@ -5,6 +5,7 @@
 #include "engine/effects/blackandwhite/BlackAndWhiteEffect.h"
 #include "engine/effects/channelmixer/ChannelMixerEffect.h"
 #include "engine/effects/clarity/ClarityEffect.h"
+#include "engine/effects/colourmixer/ColourMixerEffect.h"
 #include "engine/effects/contrast/ContrastEffect.h"
 #include "engine/effects/exposure/ExposureEffect.h"
 #include "engine/effects/gaussianblur/GaussianBlurEffect.h"
@@ -46,6 +47,7 @@ const std::vector<EffectKind>& EffectKinds::GetAll()
         MakeMatrixKind<SaturationParameters, ColourSpace::Encoded>(
             QT_TRANSLATE_NOOP("Effects", "Saturation")),
         MakeVibranceKind(),
+        MakeColourMixerKind(),
         MakeMatrixKind<ChannelMixerParameters, ColourSpace::Linear>(
             QT_TRANSLATE_NOOP("Effects", "Channel mixer")),
         MakeMatrixKind<BlackAndWhiteParameters, ColourSpace::Linear>(

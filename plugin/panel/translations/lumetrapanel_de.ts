@@ -80,6 +80,10 @@
         <translation>Teiltonung</translation>
     </message>
     <message>
+        <source>Colour mixer</source>
+        <translation>Farbmischer</translation>
+    </message>
+    <message>
         <source>Channel mixer</source>
         <translation>Kanalmixer</translation>
     </message>

@@ -63,6 +63,17 @@ std::vector<EffectExample> MakeEffectExamples()
         {{"points", 4}, {"x1", 25}, {"y1", 25}, {"x2", 60}, {"y2", 60}, {"x3", 100}, {"y3", 100}});
     add("saturation", {{"amount", 25}}, {{"amount", -80}}, {{"amount", 0}});
     add("vibrance", {{"amount", 40}}, {{"amount", 100}}, {{"amount", 0}});
+    add("colourMixer",
+        {{"blueHue", -20}, {"blueLuminance", -30}, {"orangeSaturation", 25}, {"greenHue", 25}},
+        {{"redHue", 60},
+         {"orangeLuminance", 40},
+         {"yellowHue", -80},
+         {"greenSaturation", -90},
+         {"aquaHue", 60},
+         {"blueSaturation", 80},
+         {"blueLuminance", -80},
+         {"magentaHue", 100}},
+        {{"redHue", 0}, {"blueLuminance", 0}});
     add("channelMixer", {{"rr", 0.9}, {"rg", 0.1}}, {{"rr", 0}, {"rb", 1}, {"bb", 0}, {"br", 1}},
         {{"rr", 1}, {"gb", 0}});
     add("blackAndWhite", {{"amount", 50}},

@@ -2,6 +2,7 @@
 #include "host/engine/ReferenceEffects.h"
 
 #include "host/engine/ReferenceFormulas.h"
+#include "host/engine/ReferenceHueEffects.h"
 #include "host/engine/TestPictures.h"
 
 #include "engine/base/Srgb.h"
@@ -246,19 +247,13 @@ ReferenceFormula MakeReference(const IEffectSettings& effect, int width, int hei
 {
     static const std::map<std::string,
                           std::function<ReferenceFormula(const IEffectSettings&, int, int)>>
-        references = {{"exposure", Exposure},
-                      {"whiteBalance", WhiteBalance},
-                      {"contrast", Contrast},
-                      {"toneRegions", ToneRegions},
-                      {"toneCurve", ToneCurve},
-                      {"saturation", Saturation},
-                      {"vibrance", Vibrance},
-                      {"channelMixer", ChannelMixer},
-                      {"blackAndWhite", BlackAndWhite},
-                      {"splitToning", SplitToning},
-                      {"liftGammaGain", LiftGammaGain},
-                      {"vignette", Vignette},
-                      {"grain", Grain}};
+        references = {{"exposure", Exposure},         {"whiteBalance", WhiteBalance},
+                      {"contrast", Contrast},         {"toneRegions", ToneRegions},
+                      {"toneCurve", ToneCurve},       {"saturation", Saturation},
+                      {"vibrance", Vibrance},         {"colourMixer", ColourMixer},
+                      {"channelMixer", ChannelMixer}, {"blackAndWhite", BlackAndWhite},
+                      {"splitToning", SplitToning},   {"liftGammaGain", LiftGammaGain},
+                      {"vignette", Vignette},         {"grain", Grain}};
     return references.at(effect.GetEffectID())(effect, width, height);
 }
 

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "host/engine/ReferenceHueEffects.h"
+
+#include "host/engine/HueChart.h"
+#include "host/engine/ReferenceFormulas.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
+
+namespace LumetraHost {
+namespace {
+
+using Zorvik::Quindle::IEffectSettings;
+using Amounts = std::vector<double>;
+
+/// The degrees from one hue to the next one.
+double GetWidth(std::size_t i)
+{
+    const auto& hues = GetNamedHues();
+    return i + 1 < hues.size() ? hues[i + 1].degrees - hues[i].degrees : 360 - hues[i].degrees;
+}
+
+Amounts ReadAmounts(const IEffectSettings& effect, const std::string& number)
+{
+    Amounts amounts;
+    for (const NamedHue& hue : GetNamedHues())
+        amounts.push_back(effect.GetParameter(hue.name + number) / 100);
+    return amounts;
+}
+
+/// The sum over all hues of weight and amount.
+double Weigh(const Amounts& amounts, double degrees)
+{
+    double sum = 0;
+    for (std::size_t i = 0; i < amounts.size(); ++i) {
+        const double t = (degrees - GetNamedHues()[i].degrees) / GetWidth(i);
+        const double next = t >= 0 && t < 1 ? SmoothStep(t) : 0;
+        const double own = t >= 0 && t < 1 ? 1 - next : 0;
+        sum += own * amounts[i] + next * amounts[(i + 1) % amounts.size()];
+    }
+    return sum;
+}
+
+/// Degrees, brought together until the hues keep a twentieth of their distance.
+Amounts GetTurns(const IEffectSettings& effect)
+{
+    Amounts turns = ReadAmounts(effect, "Hue");
+    for (double& turn : turns)
+        turn *= 30;
+    double worst = 1;
+    while (worst > 1e-9) {
+        worst = 0;
+        for (std::size_t i = 0; i < turns.size(); ++i) {
+            double& next = turns[(i + 1) % turns.size()];
+            const double excess = turns[i] - next - 0.95 * GetWidth(i) / 1.5;
+            worst = std::max(worst, excess);
+            turns[i] -= std::max(excess, 0.0) / 2;
+            next += std::max(excess, 0.0) / 2;
+        }
+    }
+    return turns;
+}
+
+double GetSaturation(const Colour& c)
+{
+    const double size = std::max({std::abs(c[0]), std::abs(c[1]), std::abs(c[2])});
+    return std::min(MeasureChroma(c) / (0.1 + size), 1.0);
+}
+
+double GetLight(double amount, double saturation)
+{
+    return std::exp2(amount * SmoothStep(std::min(2 * saturation, 1.0)));
+}
+
+} // namespace
+
+ReferenceFormula ColourMixer(const IEffectSettings& effect, int, int)
+{
+    const Amounts turns = GetTurns(effect);
+    const Amounts saturations = ReadAmounts(effect, "Saturation");
+    const Amounts luminances = ReadAmounts(effect, "Luminance");
+    return OnEncoded([=](const Colour& c, int, int) {
+        const double chroma = MeasureChroma(c);
+        if (chroma == 0)
+            return c;
+        const double hue = MeasureHue(c), saturation = GetSaturation(c);
+        const double amount = Weigh(saturations, hue);
+        const double newChroma = chroma * (1 + amount * (amount < 0 ? 1 : 1 - saturation));
+        const double newHue = hue + Weigh(turns, hue);
+        const Colour pure = Pure(newHue - 360 * std::floor(newHue / 360));
+        const double light = GetLight(0.6 * Weigh(luminances, hue), saturation);
+        return Map(pure,
+                   [&](double v) { return light * (Luma(c) + newChroma * (v - Luma(pure))); });
+    });
+}
+
+} // namespace LumetraHost
