@@ -40,6 +40,7 @@ std::vector<EffectPtr> MakeEffects()
          MakeEffect("vibrance", {{"amount", 20}}),
          MakeEffect("colourMixer", {{"blueHue", 20}, {"orangeSaturation", 30}}),
          MakeEffect("channelMixer", {{"rr", 0.9}, {"rg", 0.1}}),
+         MakeEffect("primaries", {{"redHue", 15}, {"shadowTint", 10}}),
          MakeEffect("blackAndWhite", {{"amount", 100}}),
          MakeEffect("splitToning", {{"shadowHue", 220}, {"shadowSaturation", 30}}),
          MakeEffect("vignette", {{"amount", -1}}), MakeEffect("grain", {{"amount", 25}}),

@@ -12,6 +12,7 @@
 #include "engine/effects/grain/GrainEffect.h"
 #include "engine/effects/liftgammagain/LiftGammaGainEffect.h"
 #include "engine/effects/lut3d/Lut3dEffect.h"
+#include "engine/effects/primaries/PrimariesEffect.h"
 #include "engine/effects/saturation/SaturationEffect.h"
 #include "engine/effects/sharpen/SharpenEffect.h"
 #include "engine/effects/splittoning/SplitToningEffect.h"
@@ -50,6 +51,7 @@ const std::vector<EffectKind>& EffectKinds::GetAll()
         MakeColourMixerKind(),
         MakeMatrixKind<ChannelMixerParameters, ColourSpace::Linear>(
             QT_TRANSLATE_NOOP("Effects", "Channel mixer")),
+        MakePrimariesKind(),
         MakeMatrixKind<BlackAndWhiteParameters, ColourSpace::Linear>(
             QT_TRANSLATE_NOOP("Effects", "Black and white")),
         MakeSplitToningKind(),

@@ -84,6 +84,10 @@
         <translation>Farbmischer</translation>
     </message>
     <message>
+        <source>Primaries</source>
+        <translation>Primärfarben</translation>
+    </message>
+    <message>
         <source>Channel mixer</source>
         <translation>Kanalmixer</translation>
     </message>

@@ -76,6 +76,14 @@ std::vector<EffectExample> MakeEffectExamples()
         {{"redHue", 0}, {"blueLuminance", 0}});
     add("channelMixer", {{"rr", 0.9}, {"rg", 0.1}}, {{"rr", 0}, {"rb", 1}, {"bb", 0}, {"br", 1}},
         {{"rr", 1}, {"gb", 0}});
+    add("primaries", {{"redHue", 15}, {"blueSaturation", 25}, {"greenHue", 20}},
+        {{"redHue", 50},
+         {"redSaturation", -30},
+         {"greenHue", 60},
+         {"blueHue", -80},
+         {"blueSaturation", 40},
+         {"shadowTint", -60}},
+        {{"redHue", 0}, {"shadowTint", 0}});
     add("blackAndWhite", {{"amount", 50}},
         {{"amount", 100}, {"red", 0.9}, {"green", 0.3}, {"blue", -0.2}},
         {{"amount", 0}, {"red", 1}, {"green", -1}});

@@ -5,6 +5,7 @@
 #include "host/engine/ReferenceFormulas.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -93,6 +94,33 @@ ReferenceFormula ColourMixer(const IEffectSettings& effect, int, int)
         const double light = GetLight(0.6 * Weigh(luminances, hue), saturation);
         return Map(pure,
                    [&](double v) { return light * (Luma(c) + newChroma * (v - Luma(pure))); });
+    });
+}
+
+ReferenceFormula Primaries(const IEffectSettings& effect, int, int)
+{
+    const std::string names[] = {"red", "green", "blue"};
+    Colour primaries[] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
+    std::array<Colour, 3> changes{};
+    for (std::size_t i = 0; i < 3; ++i) {
+        const double hue = 120.0 * double(i) + 0.45 * effect.GetParameter(names[i] + "Hue");
+        const double chroma = 1 + effect.GetParameter(names[i] + "Saturation") / 100;
+        const Colour pure = Pure(hue < 0 ? hue + 360 : hue);
+        for (std::size_t c = 0; c < 3; ++c)
+            changes[i][c] = Luma(primaries[i]) + chroma * (pure[c] - Luma(pure)) - primaries[i][c];
+    }
+    const double tint = effect.GetParameter("shadowTint");
+    return OnEncoded([=](const Colour& c, int, int) {
+        const double mean = (c[0] + c[1] + c[2]) / 3;
+        const double luma = std::clamp(Luma(c), 0.0, 1.0);
+        const double shadow = 4 * luma * (1 - luma) * std::pow(1 - SmoothStep(luma), 2);
+        Colour result = c;
+        for (std::size_t k = 0; k < 3; ++k) {
+            for (std::size_t i = 0; i < 3; ++i)
+                result[k] += changes[i][k] * (c[i] - mean);
+            result[k] += tint / 500 * shadow * ((k == 1 ? 0.0 : 1.0) - Luma({1, 0, 1}));
+        }
+        return result;
     });
 }
 

@@ -26,7 +26,8 @@ const Names ColourEffects = {
 };
 
 const Names EffectsOfImportedLooks = {
-    "exposure", "whiteBalance", "contrast", "toneRegions", "vibrance", "saturation", "colourMixer",
+    "exposure", "whiteBalance", "contrast",    "toneRegions",
+    "vibrance", "saturation",   "colourMixer", "primaries",
 };
 
 /// A random value, up to half of the way from the default to either end.
