@@ -43,6 +43,8 @@ std::vector<EffectPtr> MakeEffects()
          MakeEffect("primaries", {{"redHue", 15}, {"shadowTint", 10}}),
          MakeEffect("blackAndWhite", {{"amount", 100}}),
          MakeEffect("splitToning", {{"shadowHue", 220}, {"shadowSaturation", 30}}),
+         MakeEffect("colourGrading",
+                    {{"shadowHue", 220}, {"shadowSaturation", 30}, {"midtoneLuminance", 10}}),
          MakeEffect("vignette", {{"amount", -1}}), MakeEffect("grain", {{"amount", 25}}),
          MakeEffect("gaussianBlur", {{"radius", 0.05}}), MakeEffect("sharpen", {{"amount", 80}}),
          MakeEffect("clarity", {{"amount", 40}}), MakeCube()});

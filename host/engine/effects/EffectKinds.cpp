@@ -5,6 +5,7 @@
 #include "engine/effects/blackandwhite/BlackAndWhiteEffect.h"
 #include "engine/effects/channelmixer/ChannelMixerEffect.h"
 #include "engine/effects/clarity/ClarityEffect.h"
+#include "engine/effects/colourgrading/ColourGradingEffect.h"
 #include "engine/effects/colourmixer/ColourMixerEffect.h"
 #include "engine/effects/contrast/ContrastEffect.h"
 #include "engine/effects/exposure/ExposureEffect.h"
@@ -55,6 +56,7 @@ const std::vector<EffectKind>& EffectKinds::GetAll()
         MakeMatrixKind<BlackAndWhiteParameters, ColourSpace::Linear>(
             QT_TRANSLATE_NOOP("Effects", "Black and white")),
         MakeSplitToningKind(),
+        MakeColourGradingKind(),
         MakeLiftGammaGainKind(),
         MakeLut3dKind(),
         MakeVignetteKind(),

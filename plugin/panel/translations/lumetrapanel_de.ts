@@ -88,6 +88,10 @@
         <translation>Primärfarben</translation>
     </message>
     <message>
+        <source>Colour grading</source>
+        <translation>Farbabstimmung</translation>
+    </message>
+    <message>
         <source>Channel mixer</source>
         <translation>Kanalmixer</translation>
     </message>

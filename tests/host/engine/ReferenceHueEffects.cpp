@@ -124,4 +124,53 @@ ReferenceFormula Primaries(const IEffectSettings& effect, int, int)
     });
 }
 
+namespace {
+
+/// Steps from 0 to 1 over `width` around `centre`.
+double StepAround(double value, double centre, double width)
+{
+    return SmoothStep(std::clamp((value - centre) / width + 0.5, 0.0, 1.0));
+}
+
+Colour ReadTint(const IEffectSettings& effect, const std::string& range)
+{
+    return Tint(effect.GetParameter(range + "Hue"), effect.GetParameter(range + "Saturation"));
+}
+
+HermiteCurve MakeGradingCurve(const IEffectSettings& effect, double p)
+{
+    const double all = effect.GetParameter("globalLuminance") / 500;
+    const double dark = all + effect.GetParameter("shadowLuminance") / 500;
+    const double middle = all + effect.GetParameter("midtoneLuminance") / 500;
+    const double light = all + effect.GetParameter("highlightLuminance") / 500;
+    return {
+        {0, p / 2, p, 0.5 + p / 2, 1},
+        {0, p / 2 + dark * p, p + middle * std::min(p, 1 - p), 0.5 + p / 2 + light * (1 - p), 1},
+        std::nan("")};
+}
+
+} // namespace
+
+ReferenceFormula ColourGrading(const IEffectSettings& effect, int, int)
+{
+    const double p = 0.5 - 0.004 * effect.GetParameter("balance");
+    const double b = 0.2 + 0.008 * effect.GetParameter("blending");
+    const HermiteCurve curve = MakeGradingCurve(effect, p);
+    const Colour shadow = ReadTint(effect, "shadow"), midtone = ReadTint(effect, "midtone");
+    const Colour highlight = ReadTint(effect, "highlight"), global = ReadTint(effect, "global");
+    return OnEncoded([=](const Colour& c, int, int) {
+        const double luma = std::clamp(Luma(c), 0.0, 1.0);
+        const double place = std::max(luma, 1.0 / 4096);
+        const double dark = 1 - StepAround(luma, p / 2, b * p);
+        const double light = StepAround(luma, 0.5 + p / 2, b * (1 - p));
+        Colour result = c;
+        for (std::size_t i = 0; i < 3; ++i)
+            result[i] = c[i] * curve.Evaluate(place) / place +
+                        4 * luma * (1 - luma) *
+                            (dark * shadow[i] + light * highlight[i] +
+                             (1 - dark - light) * midtone[i] + global[i]);
+        return result;
+    });
+}
+
 } // namespace LumetraHost

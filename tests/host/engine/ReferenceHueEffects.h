@@ -11,5 +11,7 @@ namespace LumetraHost {
 
 ReferenceFormula ColourMixer(const Zorvik::Quindle::IEffectSettings& effect, int width, int height);
 ReferenceFormula Primaries(const Zorvik::Quindle::IEffectSettings& effect, int width, int height);
+ReferenceFormula ColourGrading(const Zorvik::Quindle::IEffectSettings& effect, int width,
+                               int height);
 
 } // namespace LumetraHost

@@ -26,8 +26,8 @@ const Names ColourEffects = {
 };
 
 const Names EffectsOfImportedLooks = {
-    "exposure", "whiteBalance", "contrast",    "toneRegions",
-    "vibrance", "saturation",   "colourMixer", "primaries",
+    "exposure",   "whiteBalance", "contrast",  "toneRegions",   "vibrance",
+    "saturation", "colourMixer",  "primaries", "colourGrading",
 };
 
 /// A random value, up to half of the way from the default to either end.
