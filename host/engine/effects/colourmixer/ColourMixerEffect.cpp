@@ -15,13 +15,9 @@ namespace {
 using Zorvik::Quindle::EffectParameter;
 using Zorvik::Quindle::IEffectSettings;
 using Band = ColourMixerParameters::Band;
-using Amounts = std::array<double, ColourMixerParameters::Hues>;
+using Amounts = std::array<double, HueCircle::Hues>;
 
-static_assert(ColourMixerParameters::Hues == HueCircle::Hues);
-
-constexpr std::size_t Hues = ColourMixerParameters::Hues;
-constexpr const char* Names[Hues] = {"red",  "orange", "yellow", "green",
-                                     "aqua", "blue",   "purple", "magenta"};
+constexpr std::size_t Hues = HueCircle::Hues;
 
 constexpr double TurnAtHundred = 0.5; // sectors of 60 degrees
 constexpr double LightAtHundred = 0.6;
@@ -45,15 +41,6 @@ void KeepOrder(Amounts& turns)
         }
 }
 
-HueAmounts GetAmounts(const Amounts& amounts)
-{
-    HueAmounts result;
-    result.start = static_cast<float>(amounts[0]);
-    for (std::size_t i = 0; i < Hues; ++i)
-        result.rises[i] = static_cast<float>(amounts[(i + 1) % Hues] - amounts[i]);
-    return result;
-}
-
 Amounts Collect(const ColourMixerParameters& parameters, double Band::*number, double scale)
 {
     Amounts amounts{};
@@ -67,9 +54,9 @@ StagePtr CreateStage(const ColourMixerParameters& parameters, const StageContext
     Amounts turns = Collect(parameters, &Band::hue, TurnAtHundred);
     KeepOrder(turns);
     ColourMixerNumbers numbers;
-    numbers.hue = GetAmounts(turns);
-    numbers.saturation = GetAmounts(Collect(parameters, &Band::saturation, 1));
-    numbers.luminance = GetAmounts(Collect(parameters, &Band::luminance, LightAtHundred));
+    numbers.hue = MakeHueAmounts(turns);
+    numbers.saturation = MakeHueAmounts(Collect(parameters, &Band::saturation, 1));
+    numbers.luminance = MakeHueAmounts(Collect(parameters, &Band::luminance, LightAtHundred));
     return MakeKernelStage(SelectKernel<ColourMixerKernel>(context.isa), ColourSpace::Encoded,
                            ChannelWork::Mixed, numbers);
 }
@@ -81,7 +68,7 @@ const std::vector<EffectParameter>& DescribeParameters<ColourMixerParameters>()
 {
     static const auto parameters = [] {
         std::vector<EffectParameter> all;
-        for (const std::string name : Names)
+        for (const std::string name : HueCircle::Names)
             for (const char* const number : {"Hue", "Saturation", "Luminance"})
                 all.push_back({name + number, -100, 100, 0, "%"});
         return all;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "engine/base/HueCircle.h"
 #include "engine/base/ParameterTable.h"
 
 #include <array>
-#include <cstddef>
 
 namespace LumetraHost {
 
@@ -38,7 +38,6 @@ struct EffectKind;
 struct ColourMixerParameters
 {
     static constexpr char EffectId[] = "colourMixer";
-    static constexpr std::size_t Hues = 8;
 
     /// One hue; every number is in per cent, -100 to 100.
     struct Band
@@ -48,7 +47,7 @@ struct ColourMixerParameters
         double luminance = 0;
     };
 
-    std::array<Band, Hues> bands; ///< red, orange, yellow, green, aqua, blue, purple, magenta
+    std::array<Band, HueCircle::Hues> bands;
 
     bool IsIdentity() const;
 };
