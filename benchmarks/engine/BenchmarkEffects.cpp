@@ -42,6 +42,7 @@ std::vector<EffectPtr> MakeEffects()
          MakeEffect("channelMixer", {{"rr", 0.9}, {"rg", 0.1}}),
          MakeEffect("primaries", {{"redHue", 15}, {"shadowTint", 10}}),
          MakeEffect("blackAndWhite", {{"amount", 100}}),
+         MakeEffect("greyMixer", {{"amount", 100}, {"blue", -40}}),
          MakeEffect("splitToning", {{"shadowHue", 220}, {"shadowSaturation", 30}}),
          MakeEffect("colourGrading",
                     {{"shadowHue", 220}, {"shadowSaturation", 30}, {"midtoneLuminance", 10}}),

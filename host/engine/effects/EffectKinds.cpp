@@ -11,6 +11,7 @@
 #include "engine/effects/exposure/ExposureEffect.h"
 #include "engine/effects/gaussianblur/GaussianBlurEffect.h"
 #include "engine/effects/grain/GrainEffect.h"
+#include "engine/effects/greymixer/GreyMixerEffect.h"
 #include "engine/effects/liftgammagain/LiftGammaGainEffect.h"
 #include "engine/effects/lut3d/Lut3dEffect.h"
 #include "engine/effects/primaries/PrimariesEffect.h"
@@ -55,6 +56,7 @@ const std::vector<EffectKind>& EffectKinds::GetAll()
         MakePrimariesKind(),
         MakeMatrixKind<BlackAndWhiteParameters, ColourSpace::Linear>(
             QT_TRANSLATE_NOOP("Effects", "Black and white")),
+        MakeGreyMixerKind(),
         MakeSplitToningKind(),
         MakeColourGradingKind(),
         MakeLiftGammaGainKind(),

@@ -92,6 +92,10 @@
         <translation>Farbabstimmung</translation>
     </message>
     <message>
+        <source>Grey mixer</source>
+        <translation>Graumischer</translation>
+    </message>
+    <message>
         <source>Channel mixer</source>
         <translation>Kanalmixer</translation>
     </message>

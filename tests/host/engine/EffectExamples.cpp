@@ -87,6 +87,14 @@ std::vector<EffectExample> MakeEffectExamples()
     add("blackAndWhite", {{"amount", 50}},
         {{"amount", 100}, {"red", 0.9}, {"green", 0.3}, {"blue", -0.2}},
         {{"amount", 0}, {"red", 1}, {"green", -1}});
+    add("greyMixer", {{"amount", 60}, {"blue", -40}, {"orange", 30}},
+        {{"amount", 100},
+         {"red", -80},
+         {"orange", 60},
+         {"green", 40},
+         {"aqua", -60},
+         {"blue", -100}},
+        {{"amount", 0}, {"red", 50}, {"blue", -100}});
     add("splitToning",
         {{"shadowHue", 220},
          {"shadowSaturation", 20},

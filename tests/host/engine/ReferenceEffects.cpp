@@ -247,14 +247,23 @@ ReferenceFormula MakeReference(const IEffectSettings& effect, int width, int hei
 {
     static const std::map<std::string,
                           std::function<ReferenceFormula(const IEffectSettings&, int, int)>>
-        references = {{"exposure", Exposure},           {"whiteBalance", WhiteBalance},
-                      {"contrast", Contrast},           {"toneRegions", ToneRegions},
-                      {"toneCurve", ToneCurve},         {"saturation", Saturation},
-                      {"vibrance", Vibrance},           {"colourMixer", ColourMixer},
-                      {"channelMixer", ChannelMixer},   {"primaries", Primaries},
-                      {"colourGrading", ColourGrading}, {"blackAndWhite", BlackAndWhite},
-                      {"splitToning", SplitToning},     {"liftGammaGain", LiftGammaGain},
-                      {"vignette", Vignette},           {"grain", Grain}};
+        references = {{"exposure", Exposure},
+                      {"whiteBalance", WhiteBalance},
+                      {"contrast", Contrast},
+                      {"toneRegions", ToneRegions},
+                      {"toneCurve", ToneCurve},
+                      {"saturation", Saturation},
+                      {"vibrance", Vibrance},
+                      {"colourMixer", ColourMixer},
+                      {"channelMixer", ChannelMixer},
+                      {"primaries", Primaries},
+                      {"greyMixer", GreyMixer},
+                      {"colourGrading", ColourGrading},
+                      {"blackAndWhite", BlackAndWhite},
+                      {"splitToning", SplitToning},
+                      {"liftGammaGain", LiftGammaGain},
+                      {"vignette", Vignette},
+                      {"grain", Grain}};
     return references.at(effect.GetEffectID())(effect, width, height);
 }
 

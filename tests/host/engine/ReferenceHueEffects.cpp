@@ -97,6 +97,18 @@ ReferenceFormula ColourMixer(const IEffectSettings& effect, int, int)
     });
 }
 
+ReferenceFormula GreyMixer(const IEffectSettings& effect, int, int)
+{
+    const double part = effect.GetParameter("amount") / 100;
+    const Amounts amounts = ReadAmounts(effect, "");
+    return OnEncoded([=](const Colour& c, int, int) {
+        const double chroma = MeasureChroma(c);
+        const double amount = chroma == 0 ? 0 : 0.75 * Weigh(amounts, MeasureHue(c));
+        const double grey = Luma(c) * GetLight(amount, GetSaturation(c));
+        return Map(c, [=](double v) { return (1 - part) * v + part * grey; });
+    });
+}
+
 ReferenceFormula Primaries(const IEffectSettings& effect, int, int)
 {
     const std::string names[] = {"red", "green", "blue"};

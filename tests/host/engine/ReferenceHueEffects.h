@@ -10,6 +10,7 @@ namespace LumetraHost {
 // The formulas of effects that look at a colour's hue; see MakeReference().
 
 ReferenceFormula ColourMixer(const Zorvik::Quindle::IEffectSettings& effect, int width, int height);
+ReferenceFormula GreyMixer(const Zorvik::Quindle::IEffectSettings& effect, int width, int height);
 ReferenceFormula Primaries(const Zorvik::Quindle::IEffectSettings& effect, int width, int height);
 ReferenceFormula ColourGrading(const Zorvik::Quindle::IEffectSettings& effect, int width,
                                int height);

@@ -27,7 +27,7 @@ const Names ColourEffects = {
 
 const Names EffectsOfImportedLooks = {
     "exposure",   "whiteBalance", "contrast",  "toneRegions",   "vibrance",
-    "saturation", "colourMixer",  "primaries", "colourGrading",
+    "saturation", "colourMixer",  "primaries", "colourGrading", "greyMixer",
 };
 
 /// A random value, up to half of the way from the default to either end.
