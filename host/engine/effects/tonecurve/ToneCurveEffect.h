@@ -3,6 +3,7 @@
 
 #include "engine/base/MonotoneCurve.h"
 #include "engine/base/ParameterTable.h"
+#include "engine/stages/Stage.h"
 
 #include <array>
 #include <vector>
@@ -37,6 +38,9 @@ const std::vector<Zorvik::Quindle::EffectParameter>& DescribeParameters<ToneCurv
 template <>
 ToneCurveParameters
 ReadParameters<ToneCurveParameters>(const Zorvik::Quindle::IEffectSettings& settings);
+
+/// The curves ready to run, whoever they were made by.
+StagePtr MakeToneCurveStage(const ToneCurveParameters& curves, const StageContext& context);
 
 EffectKind MakeToneCurveKind();
 
