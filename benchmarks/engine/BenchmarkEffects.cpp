@@ -37,6 +37,7 @@ std::vector<EffectPtr> MakeEffects()
         effects.end(),
         {MakeEffect("toneRegions", {{"shadows", 30}}),
          MakeEffect("toneCurve", {{"points", 3}, {"x1", 50}, {"y1", 60}, {"x2", 100}, {"y2", 100}}),
+         MakeEffect("parametricCurve", {{"darks", -20}, {"lights", 20}}),
          MakeEffect("vibrance", {{"amount", 20}}),
          MakeEffect("colourMixer", {{"blueHue", 20}, {"orangeSaturation", 30}}),
          MakeEffect("channelMixer", {{"rr", 0.9}, {"rg", 0.1}}),

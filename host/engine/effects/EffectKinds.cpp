@@ -14,6 +14,7 @@
 #include "engine/effects/greymixer/GreyMixerEffect.h"
 #include "engine/effects/liftgammagain/LiftGammaGainEffect.h"
 #include "engine/effects/lut3d/Lut3dEffect.h"
+#include "engine/effects/parametriccurve/ParametricCurveEffect.h"
 #include "engine/effects/primaries/PrimariesEffect.h"
 #include "engine/effects/saturation/SaturationEffect.h"
 #include "engine/effects/sharpen/SharpenEffect.h"
@@ -47,6 +48,7 @@ const std::vector<EffectKind>& EffectKinds::GetAll()
         MakeContrastKind(),
         MakeToneRegionsKind(),
         MakeToneCurveKind(),
+        MakeParametricCurveKind(),
         MakeMatrixKind<SaturationParameters, ColourSpace::Encoded>(
             QT_TRANSLATE_NOOP("Effects", "Saturation")),
         MakeVibranceKind(),

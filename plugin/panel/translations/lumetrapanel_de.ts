@@ -96,6 +96,10 @@
         <translation>Graumischer</translation>
     </message>
     <message>
+        <source>Parametric curve</source>
+        <translation>Parametrische Kurve</translation>
+    </message>
+    <message>
         <source>Channel mixer</source>
         <translation>Kanalmixer</translation>
     </message>

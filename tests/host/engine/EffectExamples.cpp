@@ -61,6 +61,14 @@ std::vector<EffectExample> MakeEffectExamples()
          {"blueX1", 100},
          {"blueY1", 85}},
         {{"points", 4}, {"x1", 25}, {"y1", 25}, {"x2", 60}, {"y2", 60}, {"x3", 100}, {"y3", 100}});
+    add("parametricCurve", {{"darks", -20}, {"lights", 20}},
+        {{"shadows", 80},
+         {"darks", -60},
+         {"lights", 70},
+         {"highlights", -40},
+         {"shadowSplit", 15},
+         {"midtoneSplit", 40}},
+        {{"shadows", 0}, {"shadowSplit", 40}, {"highlightSplit", 85}});
     add("saturation", {{"amount", 25}}, {{"amount", -80}}, {{"amount", 0}});
     add("vibrance", {{"amount", 40}}, {{"amount", 100}}, {{"amount", 0}});
     add("colourMixer",

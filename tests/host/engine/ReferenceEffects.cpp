@@ -140,6 +140,28 @@ ReferenceFormula ToneCurve(const IEffectSettings& effect, int, int)
     });
 }
 
+ReferenceFormula ParametricCurve(const IEffectSettings& effect, int, int)
+{
+    const double middle = effect.GetParameter("midtoneSplit");
+    const double splits[] = {0, std::min(effect.GetParameter("shadowSplit"), middle - 5), middle,
+                             std::max(effect.GetParameter("highlightSplit"), middle + 5), 100};
+    std::vector<double> x = {0};
+    for (std::size_t i = 0; i < 4; ++i)
+        x.push_back((splits[i] + splits[i + 1]) / 200);
+    x.push_back(1);
+    std::vector<double> y = x;
+    std::size_t i = 0;
+    for (const char* const region : {"shadows", "darks", "lights", "highlights"}) {
+        const double amount = effect.GetParameter(region) / 100;
+        ++i;
+        y[i] += 0.45 * amount * (amount > 0 ? x[i + 1] - x[i] : x[i] - x[i - 1]);
+    }
+    const HermiteCurve curve(x, y, std::nan(""));
+    return OnEncoded([=](const Colour& c, int, int) {
+        return Map(c, [=](double v) { return curve.Extend(v); });
+    });
+}
+
 ReferenceFormula SplitToning(const IEffectSettings& effect, int, int)
 {
     const Colour shadow =
@@ -257,6 +279,7 @@ ReferenceFormula MakeReference(const IEffectSettings& effect, int width, int hei
                       {"colourMixer", ColourMixer},
                       {"channelMixer", ChannelMixer},
                       {"primaries", Primaries},
+                      {"parametricCurve", ParametricCurve},
                       {"greyMixer", GreyMixer},
                       {"colourGrading", ColourGrading},
                       {"blackAndWhite", BlackAndWhite},

@@ -26,8 +26,8 @@ const Names ColourEffects = {
 };
 
 const Names EffectsOfImportedLooks = {
-    "exposure",   "whiteBalance", "contrast",  "toneRegions",   "vibrance",
-    "saturation", "colourMixer",  "primaries", "colourGrading", "greyMixer",
+    "exposure",    "whiteBalance", "contrast",      "toneRegions",     "vibrance",  "saturation",
+    "colourMixer", "primaries",    "colourGrading", "parametricCurve", "greyMixer",
 };
 
 /// A random value, up to half of the way from the default to either end.
