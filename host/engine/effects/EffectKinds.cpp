@@ -19,6 +19,7 @@
 #include "engine/effects/saturation/SaturationEffect.h"
 #include "engine/effects/sharpen/SharpenEffect.h"
 #include "engine/effects/splittoning/SplitToningEffect.h"
+#include "engine/effects/texture/TextureEffect.h"
 #include "engine/effects/tonecurve/ToneCurveEffect.h"
 #include "engine/effects/toneregions/ToneRegionsEffect.h"
 #include "engine/effects/vibrance/VibranceEffect.h"
@@ -67,6 +68,7 @@ const std::vector<EffectKind>& EffectKinds::GetAll()
         MakeGrainKind(),
         MakeGaussianBlurKind(),
         MakeSharpenKind(),
+        MakeTextureKind(),
         MakeClarityKind(),
     };
     return kinds;

@@ -100,6 +100,10 @@
         <translation>Parametrische Kurve</translation>
     </message>
     <message>
+        <source>Texture</source>
+        <translation>Struktur</translation>
+    </message>
+    <message>
         <source>Channel mixer</source>
         <translation>Kanalmixer</translation>
     </message>

@@ -144,6 +144,8 @@ std::vector<EffectExample> MakeEffectExamples()
     add("gaussianBlur", {{"radius", 0.5}}, {{"radius", 3}}, {{"radius", 0}});
     add("sharpen", {{"amount", 150}, {"radius", 0.2}}, {{"amount", 500}, {"radius", 0.2}},
         {{"amount", 0}, {"radius", 0.2}, {"threshold", 5}});
+    add("texture", {{"amount", 40}, {"radius", 0.3}}, {{"amount", -100}, {"radius", 0.3}},
+        {{"amount", 0}, {"radius", 0.3}});
     add("clarity", {{"amount", 30}}, {{"amount", 100}}, {{"amount", 0}, {"radius", 3}});
     return examples;
 }
