@@ -9,9 +9,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 
 namespace LumetraHost {
 namespace {
+
+using Zorvik::Quindle::EffectPtr;
 
 Image MakeGreyRamp()
 {
@@ -90,6 +93,21 @@ TEST(ToneCurveEffect, goesThroughItsPoints)
                                              {"y6", 93},
                                              {"x7", 100},
                                              {"y7", 97}}));
+}
+
+TEST(ToneCurveEffect, goesThroughSixteenPointsOfEveryCurve)
+{
+    const EffectPtr effect = MakeEffect("toneCurve", {});
+    for (const std::string curve : {"", "red", "green", "blue"}) {
+        effect->SetParameter(curve.empty() ? "points" : curve + "Points", 16);
+        for (int i = 0; i < 16; ++i) {
+            const double x = 100.0 * i / 15, y = x + (i % 2 == 0 ? 1.5 : -1.0);
+            const std::string number = std::to_string(i);
+            effect->SetParameter((curve.empty() ? "x" : curve + "X") + number, x);
+            effect->SetParameter((curve.empty() ? "y" : curve + "Y") + number, y);
+        }
+    }
+    ExpectReference(effect);
 }
 
 TEST(ToneCurveEffect, bendsSingleChannelsAfterTheMaster)
