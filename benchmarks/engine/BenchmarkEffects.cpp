@@ -37,13 +37,20 @@ std::vector<EffectPtr> MakeEffects()
         effects.end(),
         {MakeEffect("toneRegions", {{"shadows", 30}}),
          MakeEffect("toneCurve", {{"points", 3}, {"x1", 50}, {"y1", 60}, {"x2", 100}, {"y2", 100}}),
+         MakeEffect("parametricCurve", {{"darks", -20}, {"lights", 20}}),
          MakeEffect("vibrance", {{"amount", 20}}),
+         MakeEffect("colourMixer", {{"blueHue", 20}, {"orangeSaturation", 30}}),
          MakeEffect("channelMixer", {{"rr", 0.9}, {"rg", 0.1}}),
+         MakeEffect("primaries", {{"redHue", 15}, {"shadowTint", 10}}),
          MakeEffect("blackAndWhite", {{"amount", 100}}),
+         MakeEffect("greyMixer", {{"amount", 100}, {"blue", -40}}),
          MakeEffect("splitToning", {{"shadowHue", 220}, {"shadowSaturation", 30}}),
+         MakeEffect("colourGrading",
+                    {{"shadowHue", 220}, {"shadowSaturation", 30}, {"midtoneLuminance", 10}}),
          MakeEffect("vignette", {{"amount", -1}}), MakeEffect("grain", {{"amount", 25}}),
          MakeEffect("gaussianBlur", {{"radius", 0.05}}), MakeEffect("sharpen", {{"amount", 80}}),
-         MakeEffect("clarity", {{"amount", 40}}), MakeCube()});
+         MakeEffect("texture", {{"amount", 40}}), MakeEffect("clarity", {{"amount", 40}}),
+         MakeCube()});
     return effects;
 }
 

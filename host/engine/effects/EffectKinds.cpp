@@ -5,15 +5,21 @@
 #include "engine/effects/blackandwhite/BlackAndWhiteEffect.h"
 #include "engine/effects/channelmixer/ChannelMixerEffect.h"
 #include "engine/effects/clarity/ClarityEffect.h"
+#include "engine/effects/colourgrading/ColourGradingEffect.h"
+#include "engine/effects/colourmixer/ColourMixerEffect.h"
 #include "engine/effects/contrast/ContrastEffect.h"
 #include "engine/effects/exposure/ExposureEffect.h"
 #include "engine/effects/gaussianblur/GaussianBlurEffect.h"
 #include "engine/effects/grain/GrainEffect.h"
+#include "engine/effects/greymixer/GreyMixerEffect.h"
 #include "engine/effects/liftgammagain/LiftGammaGainEffect.h"
 #include "engine/effects/lut3d/Lut3dEffect.h"
+#include "engine/effects/parametriccurve/ParametricCurveEffect.h"
+#include "engine/effects/primaries/PrimariesEffect.h"
 #include "engine/effects/saturation/SaturationEffect.h"
 #include "engine/effects/sharpen/SharpenEffect.h"
 #include "engine/effects/splittoning/SplitToningEffect.h"
+#include "engine/effects/texture/TextureEffect.h"
 #include "engine/effects/tonecurve/ToneCurveEffect.h"
 #include "engine/effects/toneregions/ToneRegionsEffect.h"
 #include "engine/effects/vibrance/VibranceEffect.h"
@@ -43,20 +49,26 @@ const std::vector<EffectKind>& EffectKinds::GetAll()
         MakeContrastKind(),
         MakeToneRegionsKind(),
         MakeToneCurveKind(),
+        MakeParametricCurveKind(),
         MakeMatrixKind<SaturationParameters, ColourSpace::Encoded>(
             QT_TRANSLATE_NOOP("Effects", "Saturation")),
         MakeVibranceKind(),
+        MakeColourMixerKind(),
         MakeMatrixKind<ChannelMixerParameters, ColourSpace::Linear>(
             QT_TRANSLATE_NOOP("Effects", "Channel mixer")),
+        MakePrimariesKind(),
         MakeMatrixKind<BlackAndWhiteParameters, ColourSpace::Linear>(
             QT_TRANSLATE_NOOP("Effects", "Black and white")),
+        MakeGreyMixerKind(),
         MakeSplitToningKind(),
+        MakeColourGradingKind(),
         MakeLiftGammaGainKind(),
         MakeLut3dKind(),
         MakeVignetteKind(),
         MakeGrainKind(),
         MakeGaussianBlurKind(),
         MakeSharpenKind(),
+        MakeTextureKind(),
         MakeClarityKind(),
     };
     return kinds;

@@ -80,6 +80,30 @@
         <translation>Teiltonung</translation>
     </message>
     <message>
+        <source>Colour mixer</source>
+        <translation>Farbmischer</translation>
+    </message>
+    <message>
+        <source>Primaries</source>
+        <translation>Primärfarben</translation>
+    </message>
+    <message>
+        <source>Colour grading</source>
+        <translation>Farbabstimmung</translation>
+    </message>
+    <message>
+        <source>Grey mixer</source>
+        <translation>Graumischer</translation>
+    </message>
+    <message>
+        <source>Parametric curve</source>
+        <translation>Parametrische Kurve</translation>
+    </message>
+    <message>
+        <source>Texture</source>
+        <translation>Struktur</translation>
+    </message>
+    <message>
         <source>Channel mixer</source>
         <translation>Kanalmixer</translation>
     </message>

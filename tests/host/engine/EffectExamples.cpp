@@ -61,13 +61,48 @@ std::vector<EffectExample> MakeEffectExamples()
          {"blueX1", 100},
          {"blueY1", 85}},
         {{"points", 4}, {"x1", 25}, {"y1", 25}, {"x2", 60}, {"y2", 60}, {"x3", 100}, {"y3", 100}});
+    add("parametricCurve", {{"darks", -20}, {"lights", 20}},
+        {{"shadows", 80},
+         {"darks", -60},
+         {"lights", 70},
+         {"highlights", -40},
+         {"shadowSplit", 15},
+         {"midtoneSplit", 40}},
+        {{"shadows", 0}, {"shadowSplit", 40}, {"highlightSplit", 85}});
     add("saturation", {{"amount", 25}}, {{"amount", -80}}, {{"amount", 0}});
     add("vibrance", {{"amount", 40}}, {{"amount", 100}}, {{"amount", 0}});
+    add("colourMixer",
+        {{"blueHue", -20}, {"blueLuminance", -30}, {"orangeSaturation", 25}, {"greenHue", 25}},
+        {{"redHue", 60},
+         {"orangeLuminance", 40},
+         {"yellowHue", -80},
+         {"greenSaturation", -90},
+         {"aquaHue", 60},
+         {"blueSaturation", 80},
+         {"blueLuminance", -80},
+         {"magentaHue", 100}},
+        {{"redHue", 0}, {"blueLuminance", 0}});
     add("channelMixer", {{"rr", 0.9}, {"rg", 0.1}}, {{"rr", 0}, {"rb", 1}, {"bb", 0}, {"br", 1}},
         {{"rr", 1}, {"gb", 0}});
+    add("primaries", {{"redHue", 15}, {"blueSaturation", 25}, {"greenHue", 20}},
+        {{"redHue", 50},
+         {"redSaturation", -30},
+         {"greenHue", 60},
+         {"blueHue", -80},
+         {"blueSaturation", 40},
+         {"shadowTint", -60}},
+        {{"redHue", 0}, {"shadowTint", 0}});
     add("blackAndWhite", {{"amount", 50}},
         {{"amount", 100}, {"red", 0.9}, {"green", 0.3}, {"blue", -0.2}},
         {{"amount", 0}, {"red", 1}, {"green", -1}});
+    add("greyMixer", {{"amount", 60}, {"blue", -40}, {"orange", 30}},
+        {{"amount", 100},
+         {"red", -80},
+         {"orange", 60},
+         {"green", 40},
+         {"aqua", -60},
+         {"blue", -100}},
+        {{"amount", 0}, {"red", 50}, {"blue", -100}});
     add("splitToning",
         {{"shadowHue", 220},
          {"shadowSaturation", 20},
@@ -79,6 +114,25 @@ std::vector<EffectExample> MakeEffectExamples()
          {"highlightSaturation", 90},
          {"balance", 20}},
         {{"shadowHue", 200}, {"highlightHue", 40}, {"balance", 50}});
+    add("colourGrading",
+        {{"shadowHue", 215},
+         {"shadowSaturation", 15},
+         {"highlightHue", 40},
+         {"highlightSaturation", 12},
+         {"midtoneLuminance", 15}},
+        {{"shadowHue", 190},
+         {"shadowSaturation", 70},
+         {"shadowLuminance", -60},
+         {"midtoneHue", 320},
+         {"midtoneSaturation", 30},
+         {"highlightHue", 45},
+         {"highlightSaturation", 80},
+         {"highlightLuminance", 50},
+         {"globalHue", 60},
+         {"globalSaturation", 10},
+         {"blending", 80},
+         {"balance", -30}},
+        {{"shadowHue", 215}, {"globalHue", 40}, {"blending", 90}, {"balance", 60}});
     add("liftGammaGain", {{"slopeRed", 1.05}, {"offsetBlue", 0.03}, {"saturation", 0.9}},
         {{"slopeRed", 1.3}, {"powerGreen", 1.2}, {"powerBlue", 0.7}, {"offsetRed", -0.05}},
         {{"slopeRed", 1}, {"powerBlue", 1}, {"saturation", 1}});
@@ -90,6 +144,8 @@ std::vector<EffectExample> MakeEffectExamples()
     add("gaussianBlur", {{"radius", 0.5}}, {{"radius", 3}}, {{"radius", 0}});
     add("sharpen", {{"amount", 150}, {"radius", 0.2}}, {{"amount", 500}, {"radius", 0.2}},
         {{"amount", 0}, {"radius", 0.2}, {"threshold", 5}});
+    add("texture", {{"amount", 40}, {"radius", 0.3}}, {{"amount", -100}, {"radius", 0.3}},
+        {{"amount", 0}, {"radius", 0.3}});
     add("clarity", {{"amount", 30}}, {{"amount", 100}}, {{"amount", 0}, {"radius", 3}});
     return examples;
 }

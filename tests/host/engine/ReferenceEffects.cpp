@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "host/engine/ReferenceEffects.h"
 
+#include "host/engine/ReferenceFormulas.h"
+#include "host/engine/ReferenceHueEffects.h"
 #include "host/engine/TestPictures.h"
 
 #include "engine/effects/whitebalance/WhiteBalanceEffect.h"
@@ -19,33 +21,10 @@ using Zorvik::Quindle::EffectList;
 using Zorvik::Quindle::EffectPtr;
 using Zorvik::Quindle::IEffectSettings;
 
-double Luma(const Colour& c)
-{
-    return 0.2126 * c[0] + 0.7152 * c[1] + 0.0722 * c[2];
-}
-
-Colour Map(const Colour& c, const std::function<double(double)>& function)
-{
-    return {function(c[0]), function(c[1]), function(c[2])};
-}
-
 Colour MixWithLuma(const Colour& c, double s)
 {
     const double luma = Luma(c);
     return Map(c, [=](double v) { return luma + s * (v - luma); });
-}
-
-double SmoothStep(double t)
-{
-    return 3 * t * t - 2 * t * t * t;
-}
-
-/// Turns a formula on encoded values into one on linear light.
-ReferenceFormula OnEncoded(const ReferenceFormula& formula)
-{
-    return [formula](const Colour& c, int x, int y) {
-        return Map(formula(Map(c, LinearToSrgb), x, y), SrgbToLinear);
-    };
 }
 
 ReferenceFormula Exposure(const IEffectSettings& effect, int, int)
@@ -111,52 +90,6 @@ ReferenceFormula BlackAndWhite(const IEffectSettings& effect, int, int)
     };
 }
 
-// Fritsch and Carlson in the basis of Hermite, as published.
-struct HermiteCurve
-{
-    std::vector<double> x;
-    std::vector<double> y;
-    std::vector<double> slopes;
-
-    HermiteCurve(std::vector<double> xs, std::vector<double> ys, double endSlope)
-        : x(std::move(xs)), y(std::move(ys)), slopes(x.size())
-    {
-        const std::size_t n = x.size();
-        const auto secant = [this](std::size_t i) { return (y[i + 1] - y[i]) / (x[i + 1] - x[i]); };
-        slopes[0] = std::isnan(endSlope) ? secant(0) : endSlope;
-        slopes[n - 1] = std::isnan(endSlope) ? secant(n - 2) : endSlope;
-        for (std::size_t i = 1; i + 1 < n; ++i)
-            slopes[i] = secant(i - 1) * secant(i) > 0 ? 0.5 * (secant(i - 1) + secant(i)) : 0;
-        for (std::size_t i = 0; i + 1 < n; ++i)
-            Limit(secant(i), slopes[i], slopes[i + 1]);
-    }
-
-    static void Limit(double secant, double& first, double& second)
-    {
-        if (secant == 0) {
-            first = second = 0;
-            return;
-        }
-        const double alpha = first / secant, beta = second / secant;
-        const double square = alpha * alpha + beta * beta;
-        if (square <= 9)
-            return;
-        first = 3 / std::sqrt(square) * alpha * secant;
-        second = 3 / std::sqrt(square) * beta * secant;
-    }
-
-    double Evaluate(double at) const
-    {
-        std::size_t i = 0;
-        while (i + 2 < x.size() && at > x[i + 1])
-            ++i;
-        const double h = x[i + 1] - x[i];
-        const double t = (at - x[i]) / h;
-        return y[i] * (1 + 2 * t) * (1 - t) * (1 - t) + h * slopes[i] * t * (1 - t) * (1 - t) +
-               y[i + 1] * t * t * (3 - 2 * t) + h * slopes[i + 1] * t * t * (t - 1);
-    }
-};
-
 ReferenceFormula ToneRegions(const IEffectSettings& effect, int, int)
 {
     const std::vector<double> x = {-8, -5, std::log2(0.18), -1, 0};
@@ -193,13 +126,7 @@ std::function<double(double)> ReadCurve(const IEffectSettings& effect, const std
         ys.push_back(py);
     }
     const HermiteCurve curve(xs, ys, std::nan(""));
-    return [=](double v) {
-        if (v < xs.front())
-            return ys.front() + curve.slopes.front() * (v - xs.front());
-        if (v > xs.back())
-            return ys.back() + curve.slopes.back() * (v - xs.back());
-        return curve.Evaluate(v);
-    };
+    return [=](double v) { return curve.Extend(v); };
 }
 
 ReferenceFormula ToneCurve(const IEffectSettings& effect, int, int)
@@ -213,18 +140,26 @@ ReferenceFormula ToneCurve(const IEffectSettings& effect, int, int)
     });
 }
 
-Colour Tint(double hue, double saturation)
+ReferenceFormula ParametricCurve(const IEffectSettings& effect, int, int)
 {
-    const double h = hue / 60;
-    const double rising = h - std::floor(h);
-    static const Colour corners[] = {{1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {0, 1, 1},
-                                     {0, 0, 1}, {1, 0, 1}, {1, 0, 0}};
-    const auto sector = static_cast<std::size_t>(h) % 6;
-    Colour pure{};
-    for (std::size_t i = 0; i < 3; ++i)
-        pure[i] = corners[sector][i] + rising * (corners[sector + 1][i] - corners[sector][i]);
-    const double luma = Luma(pure);
-    return Map(pure, [=](double v) { return saturation / 200 * (v - luma); });
+    const double middle = effect.GetParameter("midtoneSplit");
+    const double splits[] = {0, std::min(effect.GetParameter("shadowSplit"), middle - 5), middle,
+                             std::max(effect.GetParameter("highlightSplit"), middle + 5), 100};
+    std::vector<double> x = {0};
+    for (std::size_t i = 0; i < 4; ++i)
+        x.push_back((splits[i] + splits[i + 1]) / 200);
+    x.push_back(1);
+    std::vector<double> y = x;
+    std::size_t i = 0;
+    for (const char* const region : {"shadows", "darks", "lights", "highlights"}) {
+        const double amount = effect.GetParameter(region) / 100;
+        ++i;
+        y[i] += 0.45 * amount * (amount > 0 ? x[i + 1] - x[i] : x[i] - x[i - 1]);
+    }
+    const HermiteCurve curve(x, y, std::nan(""));
+    return OnEncoded([=](const Colour& c, int, int) {
+        return Map(c, [=](double v) { return curve.Extend(v); });
+    });
 }
 
 ReferenceFormula SplitToning(const IEffectSettings& effect, int, int)
@@ -341,7 +276,12 @@ ReferenceFormula MakeReference(const IEffectSettings& effect, int width, int hei
                       {"toneCurve", ToneCurve},
                       {"saturation", Saturation},
                       {"vibrance", Vibrance},
+                      {"colourMixer", ColourMixer},
                       {"channelMixer", ChannelMixer},
+                      {"primaries", Primaries},
+                      {"parametricCurve", ParametricCurve},
+                      {"greyMixer", GreyMixer},
+                      {"colourGrading", ColourGrading},
                       {"blackAndWhite", BlackAndWhite},
                       {"splitToning", SplitToning},
                       {"liftGammaGain", LiftGammaGain},

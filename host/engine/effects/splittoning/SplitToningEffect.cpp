@@ -1,35 +1,22 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/splittoning/SplitToningEffect.h"
 
+#include "engine/base/PureColour.h"
 #include "engine/effects/MakeKind.h"
 #include "engine/effects/splittoning/SplitToningKernel.h"
 #include "engine/kernels/KernelSelection.h"
 #include "engine/stages/KernelStage.h"
 #include "image/Srgb.h"
 
-#include <algorithm>
-#include <array>
-#include <cmath>
+#include <cstddef>
 
 namespace LumetraHost {
 namespace {
 
-/// Red, green and blue of a tint; its luma is 0.
-std::array<double, 3> GetTint(double hue, double saturation)
-{
-    const double sector = hue / 60;
-    const double red = std::clamp(std::abs(sector - 3) - 1, 0.0, 1.0);
-    const double green = std::clamp(2 - std::abs(sector - 2), 0.0, 1.0);
-    const double blue = std::clamp(2 - std::abs(sector - 4), 0.0, 1.0);
-    const double luma = LumaRed * red + LumaGreen * green + LumaBlue * blue;
-    const double strength = saturation / 200;
-    return {strength * (red - luma), strength * (green - luma), strength * (blue - luma)};
-}
-
 SplitToningNumbers GetNumbers(const SplitToningParameters& parameters)
 {
-    const auto shadow = GetTint(parameters.shadowHue, parameters.shadowSaturation);
-    const auto highlight = GetTint(parameters.highlightHue, parameters.highlightSaturation);
+    const auto shadow = GetTint(parameters.shadowHue, parameters.shadowSaturation / 200);
+    const auto highlight = GetTint(parameters.highlightHue, parameters.highlightSaturation / 200);
     SplitToningNumbers numbers;
     for (std::size_t i = 0; i < 3; ++i) {
         numbers.shadow[i] = static_cast<float>(shadow[i]);

@@ -83,16 +83,6 @@ ToneCurveNumbers GetNumbers(const Points& points)
     return numbers;
 }
 
-StagePtr CreateStage(const ToneCurveParameters& parameters, const StageContext& context)
-{
-    ToneCurvesNumbers numbers;
-    numbers.master = GetNumbers(parameters.master);
-    for (std::size_t i = 0; i < 3; ++i)
-        numbers.channels[i] = GetNumbers(parameters.channels[i]);
-    return MakeKernelStage(SelectKernel<ToneCurveKernel>(context.isa), ColourSpace::Encoded,
-                           ChannelWork::Heavy, numbers);
-}
-
 } // namespace
 
 template <>
@@ -132,9 +122,19 @@ bool ToneCurveParameters::IsIdentity(const Points& points)
                        [](const CurvePoint& point) { return point.x == point.y; });
 }
 
+StagePtr MakeToneCurveStage(const ToneCurveParameters& curves, const StageContext& context)
+{
+    ToneCurvesNumbers numbers;
+    numbers.master = GetNumbers(curves.master);
+    for (std::size_t i = 0; i < 3; ++i)
+        numbers.channels[i] = GetNumbers(curves.channels[i]);
+    return MakeKernelStage(SelectKernel<ToneCurveKernel>(context.isa), ColourSpace::Encoded,
+                           ChannelWork::Heavy, numbers);
+}
+
 EffectKind MakeToneCurveKind()
 {
-    return MakeKind(QT_TRANSLATE_NOOP("Effects", "Tone curve"), CreateStage);
+    return MakeKind(QT_TRANSLATE_NOOP("Effects", "Tone curve"), MakeToneCurveStage);
 }
 
 } // namespace LumetraHost

@@ -3,6 +3,7 @@
 
 #include "engine/base/MonotoneCurve.h"
 #include "engine/base/ParameterTable.h"
+#include "engine/stages/Stage.h"
 
 #include <array>
 #include <vector>
@@ -12,15 +13,15 @@ namespace LumetraHost {
 struct EffectKind;
 
 /// Tone curves on encoded values: the master curve on red, green and blue, then each channel's own
-/// curve. A curve goes through up to eight points, monotone between them and straight beyond its
+/// curve. A curve goes through up to sixteen points, monotone between them and straight beyond its
 /// ends (see MonotoneCurve, which names the source). The parameter `points` says how many of the
-/// pairs x0, y0 to x7, y7 count; with fewer than two there is no curve. The channels' parameters
+/// pairs x0, y0 to x15, y15 count; with fewer than two there is no curve. The channels' parameters
 /// begin with their colour: redPoints, redX0, redY0, and so on. The order of the points does not
 /// matter; of two with the same x (to a hundredth of a per cent) the later one counts.
 struct ToneCurveParameters
 {
     static constexpr char EffectId[] = "toneCurve";
-    static constexpr int MostPoints = 8;
+    static constexpr int MostPoints = 16;
 
     using Points = std::vector<CurvePoint>;
 
@@ -37,6 +38,9 @@ const std::vector<Zorvik::Quindle::EffectParameter>& DescribeParameters<ToneCurv
 template <>
 ToneCurveParameters
 ReadParameters<ToneCurveParameters>(const Zorvik::Quindle::IEffectSettings& settings);
+
+/// The curves ready to run, whoever they were made by.
+StagePtr MakeToneCurveStage(const ToneCurveParameters& curves, const StageContext& context);
 
 EffectKind MakeToneCurveKind();
 

@@ -11,7 +11,7 @@ namespace LumetraHost {
 /// piece's begin, limited to 0..width. No pieces: no curve.
 struct ToneCurveNumbers
 {
-    static constexpr int MostPieces = 7;
+    static constexpr int MostPieces = 15;
 
     int pieces = 0;
     float start = 0;

@@ -443,7 +443,7 @@ TEST_F(LiveViewScenario, showsPhotosOfOtherSpacesInSrgbWithoutADisplay)
 
         const Image picture = WaitForPicture();
 
-        EXPECT_TRUE(HaveSamePixels(picture, m_drawer.Result()));
+        EXPECT_TRUE(HaveSamePixels(picture, Result()));
         EXPECT_EQ(picture.GetSpace(), p3.space);
         EXPECT_FALSE(m_view->GetFrame().shown.GetSpace());
         EXPECT_TRUE(HaveSamePixels(m_view->GetFrame().shown, Renderer().ToSrgb(picture)));

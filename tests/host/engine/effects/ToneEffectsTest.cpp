@@ -9,9 +9,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 
 namespace LumetraHost {
 namespace {
+
+using Zorvik::Quindle::EffectPtr;
 
 Image MakeGreyRamp()
 {
@@ -92,6 +95,21 @@ TEST(ToneCurveEffect, goesThroughItsPoints)
                                              {"y7", 97}}));
 }
 
+TEST(ToneCurveEffect, goesThroughSixteenPointsOfEveryCurve)
+{
+    const EffectPtr effect = MakeEffect("toneCurve", {});
+    for (const std::string curve : {"", "red", "green", "blue"}) {
+        effect->SetParameter(curve.empty() ? "points" : curve + "Points", 16);
+        for (int i = 0; i < 16; ++i) {
+            const double x = 100.0 * i / 15, y = x + (i % 2 == 0 ? 1.5 : -1.0);
+            const std::string number = std::to_string(i);
+            effect->SetParameter((curve.empty() ? "x" : curve + "X") + number, x);
+            effect->SetParameter((curve.empty() ? "y" : curve + "Y") + number, y);
+        }
+    }
+    ExpectReference(effect);
+}
+
 TEST(ToneCurveEffect, bendsSingleChannelsAfterTheMaster)
 {
     ExpectReference(MakeEffect("toneCurve", {{"points", 2},
@@ -145,6 +163,54 @@ TEST(ToneCurveEffect, doesNotSwingBeyondItsPoints)
     EXPECT_EQ(CountFalls(result), 0);
     for (int x = 1640; x < 1843; ++x)
         EXPECT_NEAR(GetChannel(result, x, 0, 0), 13107, 1) << x;
+}
+
+TEST(ParametricCurveEffect, bendsEachRegionByTheFormula)
+{
+    ExpectReference(MakeEffect("parametricCurve", {{"darks", -40}, {"lights", 30}}));
+    ExpectReference(
+        MakeEffect("parametricCurve",
+                   {{"shadows", 100}, {"darks", -100}, {"lights", 100}, {"highlights", -100}}));
+    ExpectReference(MakeEffect("parametricCurve", {{"shadows", -70},
+                                                   {"highlights", 80},
+                                                   {"shadowSplit", 70},
+                                                   {"midtoneSplit", 20},
+                                                   {"highlightSplit", 30}}));
+}
+
+TEST(ParametricCurveEffect, neverTurnsTheOrderOfTones)
+{
+    for (int signs = 0; signs < 16; ++signs)
+        for (const double split : {0.0, 100.0}) {
+            const auto amount = [signs](int bit) { return signs & bit ? 100.0 : -100.0; };
+            const auto effect = MakeEffect("parametricCurve", {{"shadows", amount(1)},
+                                                               {"darks", amount(2)},
+                                                               {"lights", amount(4)},
+                                                               {"highlights", amount(8)},
+                                                               {"shadowSplit", split},
+                                                               {"midtoneSplit", 100 - split},
+                                                               {"highlightSplit", split}});
+            const Image result = Renderer().Render(MakeGreyRamp(), MakeSettings({effect}));
+            EXPECT_EQ(CountFalls(result), 0) << signs << ", " << split;
+            EXPECT_EQ(GetChannel(result, 0, 0, 0), 0u);
+        }
+}
+
+TEST(ParametricCurveEffect, movesItsOwnRegionFurtherWithTheAmount)
+{
+    const std::pair<const char*, int> regions[] = {
+        {"shadows", 512}, {"darks", 1536}, {"lights", 2560}, {"highlights", 3584}};
+    for (const auto& [region, place] : regions) {
+        unsigned before = 0;
+        for (const double amount : {-100.0, -50.0, 0.0, 50.0, 100.0}) {
+            const Image result = Renderer().Render(
+                MakeGreyRamp(), MakeSettings({MakeEffect("parametricCurve", {{region, amount}})}));
+            const unsigned seen = GetChannel(result, place, 0, 0);
+            EXPECT_GT(seen, before + 600) << region << ' ' << amount;
+            EXPECT_EQ(GetChannel(result, 4095, 0, 0) > 65000, true);
+            before = seen;
+        }
+    }
 }
 
 TEST(ToneCurveEffect, changesNothingWithoutTwoPointsOrAlongTheDiagonal)

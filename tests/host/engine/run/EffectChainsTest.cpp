@@ -18,9 +18,16 @@ using Zorvik::Quindle::EffectList;
 using Zorvik::Quindle::EffectParameter;
 using Zorvik::Quindle::EffectRegistry;
 
-const std::vector<const char*> ColourEffects = {
+using Names = std::vector<const char*>;
+
+const Names ColourEffects = {
     "exposure", "whiteBalance", "contrast",      "toneRegions", "toneCurve",     "saturation",
     "vibrance", "channelMixer", "blackAndWhite", "splitToning", "liftGammaGain",
+};
+
+const Names EffectsOfImportedLooks = {
+    "exposure",    "whiteBalance", "contrast",      "toneRegions",     "vibrance",  "saturation",
+    "colourMixer", "primaries",    "colourGrading", "parametricCurve", "greyMixer",
 };
 
 /// A random value, up to half of the way from the default to either end.
@@ -48,12 +55,12 @@ Zorvik::Quindle::EffectPtr MakeRandomCurve(std::mt19937& random)
     return effect;
 }
 
-EffectList MakeRandomChain(std::mt19937& random)
+EffectList MakeRandomChain(const Names& names, std::mt19937& random)
 {
     EffectList chain;
     const std::size_t count = 1 + random() % 5;
     for (std::size_t i = 0; i < count; ++i) {
-        const std::string effectID = ColourEffects[random() % ColourEffects.size()];
+        const std::string effectID = names[random() % names.size()];
         chain.push_back(effectID == "toneCurve" ? MakeRandomCurve(random)
                                                 : MakeEffect(effectID, {}));
         if (effectID == "toneCurve")
@@ -72,13 +79,13 @@ std::string GetNames(const EffectList& chain)
     return names;
 }
 
-TEST(EffectChains, stayWithinAStepOfTheFormulas)
+void ExpectChainsOf(const Names& names)
 {
     std::mt19937 random(20240531);
     double worst = 0, worstMean = 0;
     std::set<std::string> used;
     for (int round = 0; round < 100; ++round) {
-        const EffectList chain = MakeRandomChain(random);
+        const EffectList chain = MakeRandomChain(names, random);
         for (const auto& effect : chain)
             used.insert(effect->GetEffectID());
         const Image source = MakeRandomPicture(97, 31, Image::Depth::Bits8, unsigned(round));
@@ -91,9 +98,19 @@ TEST(EffectChains, stayWithinAStepOfTheFormulas)
         worst = std::max(worst, error.largest);
         worstMean = std::max(worstMean, error.mean - error.roundedMean);
     }
-    EXPECT_EQ(used.size(), ColourEffects.size());
-    RecordProperty("largest", std::to_string(worst));
-    RecordProperty("meanBeyondRounding", std::to_string(worstMean));
+    EXPECT_EQ(used.size(), names.size());
+    testing::Test::RecordProperty("largest", std::to_string(worst));
+    testing::Test::RecordProperty("meanBeyondRounding", std::to_string(worstMean));
+}
+
+TEST(EffectChains, stayWithinAStepOfTheFormulas)
+{
+    ExpectChainsOf(ColourEffects);
+}
+
+TEST(EffectChains, ofImportedLooksStayWithinAStepOfTheFormulas)
+{
+    ExpectChainsOf(EffectsOfImportedLooks);
 }
 
 } // namespace
