@@ -5,6 +5,7 @@
 //   bench_gamut [--rounds=N] [--json=FILE]
 #include "GradingChain.h"
 #include "InterleavedRuns.h"
+#include "SliderDrag.h"
 
 #include "common/Pictures.h"
 #include "engine/effects/EffectKinds.h"
@@ -78,6 +79,9 @@ public:
             AddDrawing("five colours", chain, threads);
             AddDrawing("clarity", MakeClarity(), threads);
             AddBlend(threads);
+            if (threads > 1) // a view uses all of them
+                for (std::size_t i = 0; i < 5; ++i)
+                    AddDrag(names[i], i);
             AddExport("export, five colours", chain, threads);
             AddExport("export, nothing", {}, threads);
         }
@@ -118,6 +122,29 @@ private:
             if (isWide)
                 m_shown = m_renderer.ToSrgb(m_frame, options, std::move(m_shown));
         });
+    }
+
+    /// What the user waits for while one of five effects is dragged: the first frame of the view,
+    /// on an sRGB screen.
+    void AddDrag(const std::string& name, std::size_t position)
+    {
+        const std::string title = "first frame, " + name + " of five";
+        for (const bool isWide : {false, true}) {
+            SliderDrag& drag = isWide ? m_wideDrag : m_srgbDrag;
+            const auto tick = [this, position, &drag] {
+                m_flip = !m_flip;
+                drag.Apply(GradingChain().MakeTick(position, m_flip));
+                drag.WaitForFirstFrame();
+            };
+            const auto warm = [tick, &drag] {
+                for (int i = 0; i < 5; ++i) { // two measure the exact tick, one the table
+                    tick();
+                    drag.Rest();
+                }
+            };
+            m_runs.Add(Name(title, 2, isWide), tick, warm, [&drag] { drag.Rest(); });
+        }
+        m_names.emplace_back(title, 2);
     }
 
     void AddBlend(int threads)
@@ -164,6 +191,9 @@ private:
     const Twins m_camera;
     const Bytes m_srgbFile = MakeFile(m_camera.srgb);
     const Bytes m_wideFile = MakeFile(m_camera.wide);
+    SliderDrag m_srgbDrag{m_screen.srgb};
+    SliderDrag m_wideDrag{m_screen.wide};
+    bool m_flip = false;
     Image m_frame;
     Image m_shown;
     InterleavedRuns m_runs;

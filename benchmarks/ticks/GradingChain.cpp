@@ -26,6 +26,19 @@ Zorvik::Quindle::EffectList GradingChain::MakeEffects() const
             MakeEffect("saturation", {{"amount", saturation}}), MakeEffect("liftGammaGain", cdl)};
 }
 
+Zorvik::Quindle::EffectList GradingChain::MakeTick(std::size_t position, bool flip) const
+{
+    GradingChain other = *this;
+    other.stops += flip ? 0.05 : 0.06;
+    other.tint += flip ? 0.5 : 0.6;
+    other.contrast += flip ? 1 : 2;
+    other.slope[0] += flip ? 0.01 : 0.02;
+    other.saturation += flip ? 1 : 2;
+    Zorvik::Quindle::EffectList effects = MakeEffects();
+    effects[position] = other.MakeEffects()[position];
+    return effects;
+}
+
 GradingChain GradingChain::GetWeaker(double strength) const
 {
     GradingChain weaker = *this;

@@ -3,6 +3,8 @@
 
 #include "Zorvik/Quindle/EffectsSettings.h"
 
+#include <cstddef>
+
 namespace LumetraBench {
 
 /// Five effects of colour: exposure, white balance, contrast, saturation, lift-gamma-gain.
@@ -18,6 +20,8 @@ struct GradingChain
     double saturation = 15;
 
     Zorvik::Quindle::EffectList MakeEffects() const;
+    /// The effects while that of `position` is dragged; `flip` makes neighbouring ticks differ.
+    Zorvik::Quindle::EffectList MakeTick(std::size_t position, bool flip) const;
     /// A chain with less of every effect; `strength`: 0 to 1.
     GradingChain GetWeaker(double strength) const;
 };

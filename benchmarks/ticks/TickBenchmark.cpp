@@ -197,7 +197,6 @@ private:
 
     void AddSliders()
     {
-        m_chainEffects = m_chain.MakeEffects();
         const char* const names[] = {"exposure", "white balance", "contrast", "saturation",
                                      "lift-gamma-gain"};
         for (std::size_t i = 0; i < 5; ++i)
@@ -254,15 +253,7 @@ private:
     Zorvik::Quindle::EffectList TouchEffects(std::size_t position)
     {
         m_flip = !m_flip;
-        GradingChain other = m_chain;
-        other.stops += m_flip ? 0.05 : 0.06;
-        other.tint += m_flip ? 0.5 : 0.6;
-        other.contrast += m_flip ? 1 : 2;
-        other.slope[0] += m_flip ? 0.01 : 0.02;
-        other.saturation += m_flip ? 1 : 2;
-        Zorvik::Quindle::EffectList effects = m_chainEffects;
-        effects[position] = other.MakeEffects()[position];
-        return effects;
+        return m_chain.MakeTick(position, m_flip);
     }
 
     void AddChains()
@@ -327,7 +318,6 @@ private:
     Image m_frame;
     LayerRenderer m_blendLayers{m_renderer, LayerUse::Interaction};
     LayerRenderer m_sliderLayers{m_renderer, LayerUse::Interaction};
-    Zorvik::Quindle::EffectList m_chainEffects;
     Editor m_editor;
     SliderDrag m_drag;
     OcioEffects m_ocio;

@@ -55,7 +55,8 @@ Image LayerRenderer::Render(const std::vector<Layer>& layers, std::size_t count,
     return picture;
 }
 
-Image LayerRenderer::RenderFromTables(const std::vector<Layer>& layers, const CancelToken* cancel)
+Image LayerRenderer::RenderFromTables(const std::vector<Layer>& layers, const CancelToken* cancel,
+                                      const ScreenSpace& screen)
 {
     if (m_source.IsNull() || m_source.GetDepth() != Image::Depth::Bits8)
         return {};
@@ -67,24 +68,35 @@ Image LayerRenderer::RenderFromTables(const std::vector<Layer>& layers, const Ca
             picture = m_outputs[i].picture;
             next = i + 1;
         }
-    for (; next < layers.size() && !picture.IsNull(); ++next)
-        picture = RenderLayerFromTable(layers[next], picture, cancel);
+    for (; next < layers.size() && !picture.IsNull(); ++next) {
+        const bool isLast = next + 1 == layers.size();
+        picture =
+            RenderLayerFromTable(layers[next], picture, cancel, isLast ? screen : ScreenSpace());
+    }
     return picture;
 }
 
 Image LayerRenderer::RenderLayerFromTable(const Layer& layer, const Image& below,
-                                          const CancelToken* cancel)
+                                          const CancelToken* cancel, const ScreenSpace& screen)
 {
     ThreadPool& pool = ThreadPool::GetShared();
-    const auto& settings = *layer.settings;
-    const auto table = ColourTable::Make(settings.Effects(), ColourTable::DragPoints,
-                                         GetDefaultIsa(), pool, cancel, below.GetSpace());
+    const auto& effects = layer.settings->Effects();
+    const auto& space = below.GetSpace();
+    // A blend needs both pictures in one space.
+    const bool isForScreen = screen && space && IsFullEffect(layer);
+    const auto table = isForScreen
+                           ? ColourTable::MakeInto(*screen, effects, ColourTable::DragPoints,
+                                                   GetDefaultIsa(), pool, cancel, space)
+                           : ColourTable::Make(effects, ColourTable::DragPoints, GetDefaultIsa(),
+                                               pool, cancel, space);
     if (!table)
         return {};
-    const int amount = layer.paintedBlend.value_or(settings.GetBlendAmount());
+    const int amount = layer.paintedBlend.value_or(layer.settings->GetBlendAmount());
     RenderOptions options;
     options.cancel = cancel;
-    const Image picture = m_renderer.Render(below, table, amount, options, TakeSpare());
+    Image picture = m_renderer.Render(below, table, amount, options, TakeSpare());
+    if (isForScreen && !picture.IsNull())
+        picture.SetSpace(*screen);
     m_spares.Remember(picture);
     return picture;
 }

@@ -17,6 +17,10 @@
 
 namespace LumetraHost {
 
+/// The space of the screen that a picture is made for. Null inside: sRGB. Empty: none, the picture
+/// is needed in its own space.
+using ScreenSpace = std::optional<std::shared_ptr<const RgbSpace>>;
+
 /// For whom layers are drawn.
 enum class LayerUse
 {
@@ -49,8 +53,10 @@ public:
 
     /// A quick picture of all the layers that is not exact: layers that were not drawn yet come
     /// from tables (see ColourTable). Null when no table can stand for one of them, and when it was
-    /// cancelled. Keeps nothing.
-    Image RenderFromTables(const std::vector<Layer>& layers, const CancelToken* cancel = nullptr);
+    /// cancelled. Keeps nothing. With a screen, a photo in a space of its own may come in the
+    /// screen's, see Image::GetSpace(): the uppermost table then converts on its way.
+    Image RenderFromTables(const std::vector<Layer>& layers, const CancelToken* cancel = nullptr,
+                           const ScreenSpace& screen = {});
 
 private:
     struct Output
@@ -74,7 +80,8 @@ private:
                          const Image& below, const RenderOptions& options);
     Image RenderBlend(std::size_t position, const Layer& layer, const Image& below,
                       const RenderOptions& options);
-    Image RenderLayerFromTable(const Layer& layer, const Image& below, const CancelToken* cancel);
+    Image RenderLayerFromTable(const Layer& layer, const Image& below, const CancelToken* cancel,
+                               const ScreenSpace& screen);
     Image TakeSpare();
     void DropUnused(std::size_t count);
 

@@ -57,11 +57,11 @@ Image PartRenderer::Render(const PictureRecipe& recipe, const PhotoPart& part,
 }
 
 Image PartRenderer::RenderFromTables(const PictureRecipe& recipe, const PhotoPart& part,
-                                     const CancelToken* cancel)
+                                     const CancelToken* cancel, const ScreenSpace& screen)
 {
     if (GetOriginal(recipe, part).IsNull())
         return {};
-    return m_layers.RenderFromTables(recipe.layers, cancel);
+    return m_layers.RenderFromTables(recipe.layers, cancel, screen);
 }
 
 bool PartRenderer::HasScaled(const Image& photo, const PhotoPart& part) const

@@ -29,7 +29,7 @@ public:
     /// A quick picture of the part with its layers that is not exact; null where that cannot be
     /// done, see LayerRenderer::RenderFromTables().
     Image RenderFromTables(const PictureRecipe& recipe, const PhotoPart& part,
-                           const CancelToken* cancel);
+                           const CancelToken* cancel, const ScreenSpace& screen = {});
 
     /// True when the part of the last call has no transparent pixels.
     bool IsOpaque() const { return m_isOpaque; }

@@ -33,6 +33,9 @@ public:
     /// Zorvik::Exception where the space does not lead to the monitor.
     Image Apply(const Image& picture, Image recycled = {}) const;
 
+    /// The monitor's space; null where its profile goes by tables.
+    const std::shared_ptr<const RgbSpace>& GetSpace() const { return m_monitorSpace; }
+
     /// Rows of 8-bit RGBA in sRGB with premultiplied alpha. Strides in bytes.
     void ApplyPremultiplied(const std::uint8_t* source, std::size_t sourceStride,
                             std::uint8_t* target, std::size_t targetStride, int width,
@@ -60,7 +63,6 @@ private:
     Image ApplyByEngine(const Image& picture, Image recycled) const;
 
     const QByteArray m_monitor;
-    /// That of the monitor; null where its profile goes by tables.
     const std::shared_ptr<const RgbSpace> m_monitorSpace;
     const std::string m_origin;
     const TransformsPtr m_fromSrgb;

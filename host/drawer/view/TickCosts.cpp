@@ -35,9 +35,10 @@ void TickCosts::AddTable(double time)
     m_table = std::min(time, m_table.value_or(time));
 }
 
-bool TickCosts::IsTableQuicker(double assumed) const
+bool TickCosts::IsTableQuicker(double assumed, double conversion) const
 {
-    return !m_isRefused && m_exact && m_table.value_or(assumed) < m_largestShare * *m_exact;
+    return !m_isRefused && m_exact &&
+           m_table.value_or(assumed) < m_largestShare * (*m_exact + conversion);
 }
 
 TickCosts::Change TickCosts::Find(const std::vector<Layer>& before, const std::vector<Layer>& after)

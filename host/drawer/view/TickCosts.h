@@ -33,8 +33,9 @@ public:
     /// What an exact tick is expected to take; empty before it has been measured.
     std::optional<double> GetExact() const { return m_exact; }
     /// True when a tick from tables is expected to be quicker by enough. `assumed`: its time before
-    /// one has been measured.
-    bool IsTableQuicker(double assumed) const;
+    /// one has been measured. `conversion`: the time that an exact tick takes besides to get into
+    /// the colours of the screen.
+    bool IsTableQuicker(double assumed, double conversion = 0) const;
 
 private:
     static constexpr std::size_t NoEffect = static_cast<std::size_t>(-1);

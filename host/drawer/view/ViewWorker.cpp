@@ -105,20 +105,30 @@ bool ViewWorker::RunQuickFrame(const Queued& queued)
     const bool isTick = IsTickFromTable(queued.job);
     if (isTick || (isLate && IsTableQuick(queued.job))) {
         const ViewGeometry geometry = MakeGeometry(queued.job, false);
-        const Image picture = RenderFromTables(queued, geometry);
+        const Image picture =
+            RenderFromTables(queued, geometry, isTick ? FindScreen(queued.job) : ScreenSpace());
         if (!picture.IsNull() || queued.cancel->IsCancelled())
             return PostFrame(queued, picture, geometry, m_full, true) && !IsSuperseded();
     }
     return !isLate || (RunStep(queued, true) && !IsSuperseded());
 }
 
+/// Monitors whose profiles go by tables have no space to draw in.
+ScreenSpace ViewWorker::FindScreen(const ViewJob& job)
+{
+    if (!job.display)
+        return ScreenSpace(nullptr);
+    return job.display->GetSpace() ? ScreenSpace(job.display->GetSpace()) : ScreenSpace();
+}
+
 /// Null when it was cancelled, and when these effects make no table.
-Image ViewWorker::RenderFromTables(const Queued& queued, const ViewGeometry& geometry)
+Image ViewWorker::RenderFromTables(const Queued& queued, const ViewGeometry& geometry,
+                                   const ScreenSpace& screen)
 {
     const ViewJob& job = queued.job;
     const auto begin = Clock::now();
     const Image picture =
-        m_full.RenderFromTables(job.recipe, geometry.GetPhotoPart(), queued.cancel.get());
+        m_full.RenderFromTables(job.recipe, geometry.GetPhotoPart(), queued.cancel.get(), screen);
     if (!picture.IsNull())
         m_ticks.AddTable(double((Clock::now() - begin).count()));
     else if (!queued.cancel->IsCancelled())
@@ -176,7 +186,10 @@ bool ViewWorker::PostFrame(const Queued& queued, const Image& picture, const Vie
     result.frame.picture = picture;
     result.original = renderer.GetOriginal(job.recipe, geometry.GetPhotoPart());
     if (!queued.cancel->IsCancelled()) {
+        const auto begin = Clock::now();
         result.frame.shown = ToDisplay(job, picture);
+        if (!isReduced)
+            m_conversionTime = double((Clock::now() - begin).count());
         result.shownOriginal = OriginalToDisplay(job, result.original);
     }
     result.frame.part = geometry.part;
@@ -262,11 +275,17 @@ bool ViewWorker::IsTableQuick(const ViewJob& job) const
     return CanTryTable(job) && GetTableTime(job) <= double(m_options.previewBeyond.count());
 }
 
+/// Nanoseconds that a tick from tables saves, since they lead to the screen's colours at once.
+double ViewWorker::GetConversionSaved(const ViewJob& job) const
+{
+    return job.recipe.photo.GetSpace() && FindScreen(job) ? m_conversionTime : 0;
+}
+
 /// True when an effect is being dragged, and tables have its picture sooner than the formulas.
 bool ViewWorker::IsTickFromTable(const ViewJob& job) const
 {
     return CanTryTable(job) && job.geometry.GetPixelCount() >= m_options.leastTablePixels &&
-           m_ticks.IsTableQuicker(GetTableTime(job));
+           m_ticks.IsTableQuicker(GetTableTime(job), GetConversionSaved(job));
 }
 
 bool ViewWorker::IsSuperseded()

@@ -95,7 +95,10 @@ private:
     bool PostFrame(const Queued& queued, const Image& picture, const ViewGeometry& geometry,
                    PartRenderer& renderer, bool isReduced);
     Image Render(const Queued& queued, const ViewGeometry& geometry, PartRenderer& renderer);
-    Image RenderFromTables(const Queued& queued, const ViewGeometry& geometry);
+    double GetConversionSaved(const ViewJob& job) const;
+    static ScreenSpace FindScreen(const ViewJob& job);
+    Image RenderFromTables(const Queued& queued, const ViewGeometry& geometry,
+                           const ScreenSpace& screen);
     bool CanTryTable(const ViewJob& job) const;
     bool IsTickFromTable(const ViewJob& job) const;
     bool IsTableQuick(const ViewJob& job) const;
@@ -113,8 +116,9 @@ private:
     PartRenderer m_reduced{m_renderer, LayerUse::Interaction};
     ImagePool m_displaySpares{DisplaySpares};
     DisplayedOriginal m_displayedOriginal;
-    double m_scalingTime;   ///< nanoseconds per pixel of the view, as measured last
-    double m_renderingTime; ///< nanoseconds per pixel of the view that the layers took last
+    double m_conversionTime = 0; ///< nanoseconds, of the last exact frame
+    double m_scalingTime;        ///< nanoseconds per pixel of the view, as measured last
+    double m_renderingTime;      ///< nanoseconds per pixel of the view that the layers took last
     TickCosts m_ticks{m_options.largestTableShare};
 
     std::mutex m_mutex;

@@ -22,8 +22,12 @@ namespace {
 
 /// One row of tables or probes.
 constexpr int TileColours = ColourCube::MostPixels;
-/// Share of the cells that may be drawn exactly: with more of them the table is no gain.
-constexpr double LargestMarkedShare = 0.25;
+/// Largest share of the cells that may be drawn exactly, beyond which a table is hardly a gain.
+/// That is known only for the colours of the photo at hand: drags measure it, exports do not.
+constexpr double GetLargestMarkedShare(int points)
+{
+    return points == ColourTable::DragPoints ? 0.5 : 0.25;
+}
 
 /// Range of the entries. Colours this far outside of 0..1 make no difference to what is seen.
 constexpr float Lowest = -0.5f;
@@ -119,6 +123,11 @@ bool ProbeRow(const StageChain& chain, const ColourTable& table, int row)
     return true;
 }
 
+StageContext MakeContext(Isa isa, const std::shared_ptr<const RgbSpace>& space)
+{
+    return {LimitToSupported(isa), PictureArea::Whole(1, 1), Image::Depth::Bits16, space};
+}
+
 bool AreOfColourOnly(const Zorvik::Quindle::EffectList& effects)
 {
     return std::all_of(effects.begin(), effects.end(), [](const auto& effect) {
@@ -145,9 +154,24 @@ std::shared_ptr<const ColourTable> ColourTable::Make(const Zorvik::Quindle::Effe
 {
     if (!AreOfColourOnly(effects))
         return nullptr;
-    const RenderPlan plan(effects, {LimitToSupported(isa), PictureArea::Whole(1, 1),
-                                    Image::Depth::Bits16, std::move(space)});
+    const RenderPlan plan(effects, MakeContext(isa, space));
     return Make(plan.GetFirstStages(), points, isa, pool, cancel);
+}
+
+std::shared_ptr<const ColourTable>
+ColourTable::MakeInto(const std::shared_ptr<const RgbSpace>& target,
+                      const Zorvik::Quindle::EffectList& effects, int points, Isa isa,
+                      ThreadPool& pool, const CancelToken* cancel,
+                      const std::shared_ptr<const RgbSpace>& space)
+{
+    if (!AreOfColourOnly(effects))
+        return nullptr;
+    const StageContext context = MakeContext(isa, space);
+    const RenderPlan plan(effects, context);
+    const auto stages = plan.IsEmpty()
+                            ? RenderPlan::MakeConversion(context, target).GetFirstStages()
+                            : plan.GetStagesInto(target);
+    return Make(stages, points, isa, pool, cancel);
 }
 
 std::shared_ptr<const ColourTable> ColourTable::Make(const std::vector<StagePtr>& stages,
@@ -173,7 +197,7 @@ bool ColourTable::Fill(ThreadPool& pool, const CancelToken* cancel)
     if (isCancelled())
         return false;
     const CubeBends bends(cube, m_points, pool);
-    return !bends.HasJump() && bends.GetMarkedShare() <= LargestMarkedShare;
+    return !bends.HasJump() && bends.GetMarkedShare() <= GetLargestMarkedShare(m_points);
 }
 
 bool ColourTable::Probe(ThreadPool& pool, const CancelToken* cancel) const

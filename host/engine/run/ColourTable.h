@@ -45,6 +45,12 @@ public:
                                                    int points, Isa isa, ThreadPool& pool,
                                                    const CancelToken* cancel = nullptr,
                                                    std::shared_ptr<const RgbSpace> space = nullptr);
+    /// Makes a table that leads from pictures in `space`, which is not null, to those in `target`;
+    /// null: to sRGB. A picture that is only shown needs no conversion for the screen then.
+    static std::shared_ptr<const ColourTable>
+    MakeInto(const std::shared_ptr<const RgbSpace>& target,
+             const Zorvik::Quindle::EffectList& effects, int points, Isa isa, ThreadPool& pool,
+             const CancelToken* cancel, const std::shared_ptr<const RgbSpace>& space);
     /// Makes the table of stages, which must look at nothing but the colour.
     static std::shared_ptr<const ColourTable> Make(const std::vector<StagePtr>& stages, int points,
                                                    Isa isa, ThreadPool& pool,

@@ -57,6 +57,17 @@ void RenderPlan::AddSpace(const StageContext& context)
     m_toSpace = to.size();
 }
 
+std::vector<StagePtr> RenderPlan::GetStagesInto(const std::shared_ptr<const RgbSpace>& target) const
+{
+    const std::vector<StagePtr>& own = m_stages.front();
+    std::vector<StagePtr> stages(own.begin(), own.end() - static_cast<std::ptrdiff_t>(m_toSpace));
+    if (target) {
+        const auto to = MakeStagesToSpace(target, m_isa);
+        stages.insert(stages.end(), to.begin(), to.end());
+    }
+    return stages;
+}
+
 std::vector<StageChain> RenderPlan::MakeChains(ChainEnd end) const
 {
     std::vector<StageChain> chains;

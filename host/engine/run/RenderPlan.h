@@ -38,6 +38,9 @@ public:
     /// The stages as the effects gave them, and those of the picture's space around them, of plans
     /// without spatial passes.
     const std::vector<StagePtr>& GetFirstStages() const { return m_stages.front(); }
+    /// Those stages with the way to the space `target` at their end in place of that back to the
+    /// picture's; null: the way to sRGB. For plans that are not empty, of pictures with a space.
+    std::vector<StagePtr> GetStagesInto(const std::shared_ptr<const RgbSpace>& target) const;
     /// The first of them that an effect gave, and one behind the last.
     std::size_t GetFirstOfEffects() const { return m_fromSpace; }
     std::size_t GetEndOfEffects() const { return m_stages.front().size() - m_toSpace; }

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "host/drawer/DrawerFixture.h"
+#include "host/engine/TestSpaces.h"
 
 #include "drawer/view/ViewWorker.h"
+#include "image/DepthConversion.h"
+#include "photo/colour/ColorConversion.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -16,7 +19,9 @@ namespace {
 class DraggedExposure : public DrawerFixture
 {
 protected:
-    void Drag(const LiveViewOptions& options, int ticks)
+    /// Ticks of a photo of 90 x 60 pixels; the first three tell what an exact one takes.
+    void Drag(const LiveViewOptions& options, int ticks,
+              const std::shared_ptr<const DisplayTransform>& display = nullptr)
     {
         ViewWorker* view = nullptr;
         ViewWorker worker(options, [this, &view] {
@@ -29,6 +34,7 @@ protected:
             ViewJob job;
             job.serial = static_cast<quint64>(tick);
             job.recipe = m_drawer.GetRecipe();
+            job.display = display;
             job.geometry = ViewGeometry::Make({90, 60}, {QRectF(0, 0, 90, 60), QSize(90, 60)});
             worker.Start(std::move(job));
             worker.WaitFor(static_cast<quint64>(tick));
@@ -42,8 +48,36 @@ protected:
                             MakeEffect("saturation", {{"amount", -5}})});
     }
 
+    /// A tick on the screen without the rounding between the effects and the screen's colours.
+    static Image ShowUnrounded(const Image& photo, int tick,
+                               const std::shared_ptr<const DisplayTransform>& display)
+    {
+        const Image deep = ToDepth(photo, Image::Depth::Bits16);
+        const Image drawn = Renderer().Render(deep, MakeTick(tick));
+        return display ? display->Apply(drawn)
+                       : ToDepth(Renderer().ToSrgb(drawn), Image::Depth::Bits8);
+    }
+
+    static Image ToDepth(const Image& picture, Image::Depth depth)
+    {
+        Image target = Image::AllocateUninitialised(picture.GetWidth(), picture.GetHeight(), depth,
+                                                    picture.GetSpace());
+        CopyRows(picture, 0, target, 0, picture.GetHeight());
+        return target;
+    }
+
     std::vector<ViewFrame> m_frames;
 };
+
+/// Tables for all ticks whose exact time is known.
+LiveViewOptions GetTableOptions()
+{
+    LiveViewOptions options;
+    options.previewBeyond = std::chrono::hours(1);
+    options.largestTableShare = std::numeric_limits<double>::infinity();
+    options.leastTablePixels = 0;
+    return options;
+}
 
 /// The largest distance of two channels.
 int GetDistance(const Image& first, const Image& second)
@@ -57,13 +91,8 @@ int GetDistance(const Image& first, const Image& second)
 
 TEST_F(DraggedExposure, isFollowedByTheExactFrameWhereverItComesFromTables)
 {
-    LiveViewOptions options;
-    options.previewBeyond = std::chrono::hours(1);
-    options.largestTableShare = std::numeric_limits<double>::infinity();
-    options.leastTablePixels = 0;
-    Drag(options, 5);
+    Drag(GetTableOptions(), 5);
 
-    // The first three tell what an exact tick takes.
     ASSERT_EQ(m_frames.size(), 7u);
     for (const int quick : {3, 5}) {
         const ViewFrame& table = m_frames[static_cast<std::size_t>(quick)];
@@ -78,11 +107,37 @@ TEST_F(DraggedExposure, isFollowedByTheExactFrameWhereverItComesFromTables)
     }
 }
 
+TEST_F(DraggedExposure, comesInTheColoursOfTheScreenFromPhotosInASpaceOfTheirOwn)
+{
+    const TestSpace& p3 = GetTestSpaces().front();
+    const auto monitors = {
+        std::shared_ptr<const DisplayTransform>(),
+        DisplayTransform::Make(ColorConversion::GetAdobeRgbProfile(), "monitor")};
+    for (const auto& monitor : monitors) {
+        SCOPED_TRACE(monitor ? "on a monitor" : "in sRGB");
+        m_frames.clear();
+        const Image photo = InSpace(MakeRandomPicture(90, 60, Image::Depth::Bits8, 3), p3.space);
+        m_drawer.SetPhoto(photo);
+        Drag(GetTableOptions(), 5, monitor);
+
+        ASSERT_EQ(m_frames.size(), 7u);
+        for (const int quick : {3, 5}) {
+            const ViewFrame& table = m_frames[static_cast<std::size_t>(quick)];
+            const ViewFrame& exact = m_frames[static_cast<std::size_t>(quick) + 1];
+            EXPECT_TRUE(table.isReduced);
+            EXPECT_TRUE(table.shown.SharesPixelsWith(table.picture)) << "converted once more";
+            EXPECT_FALSE(exact.shown.SharesPixelsWith(exact.picture));
+            EXPECT_FALSE(table.shown.GetSpace());
+            const Image unrounded = ShowUnrounded(photo, static_cast<int>(exact.serial), monitor);
+            EXPECT_LE(GetDistance(table.shown, unrounded), 1);
+        }
+    }
+}
+
 TEST_F(DraggedExposure, isExactInSmallPictures)
 {
-    LiveViewOptions options;
-    options.previewBeyond = std::chrono::hours(1);
-    options.largestTableShare = std::numeric_limits<double>::infinity();
+    LiveViewOptions options = GetTableOptions();
+    options.leastTablePixels = LiveViewOptions().leastTablePixels;
     Drag(options, 5);
     ASSERT_EQ(m_frames.size(), 5u);
     for (const ViewFrame& frame : m_frames)

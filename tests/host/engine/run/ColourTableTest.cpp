@@ -112,9 +112,20 @@ EffectList MakeBendingChain()
                                                                                   {"bb", 1.5567}})};
 }
 
-TEST(ColourTable, refusesWhatBendsInManyOfItsCells)
+TEST(ColourTable, refusesWhatBendsInMostOfItsCells)
 {
-    EXPECT_FALSE(MakeTable(MakeBendingChain()));
+    // The bends of these waves are marked in more than half of 33 cells; 65 follow them.
+    EXPECT_TRUE(IsRefused(std::make_shared<WaveStage>(3.0f)));
+    EXPECT_FALSE(IsRefused(std::make_shared<WaveStage>(3.0f), ColourTable::ExportPoints));
+}
+
+TEST(ColourTable, staysWithinAStepInDragsWhereManyCellsBend)
+{
+    const auto table = MakeTable(MakeBendingChain());
+    ASSERT_TRUE(table);
+    const Image source = MakeRandomPicture(601, 500, Image::Depth::Bits8, 8);
+    const Image exact = Renderer().Render(source, MakeSettings(MakeBendingChain()));
+    EXPECT_LE(FindDifference(DrawWith(table, source), exact), 1);
 }
 
 TEST(ColourTable, staysWithinAStepWhereFewCellsBend)
