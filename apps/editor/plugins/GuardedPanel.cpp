@@ -4,11 +4,13 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <utility>
 
 namespace LumetraEditor {
 
-GuardedPanel::GuardedPanel(const LoadedPlugin& plugin, IEditor& editor)
-    : m_plugin(plugin), m_editor(editor)
+GuardedPanel::GuardedPanel(const LoadedPlugin& plugin, IEditor& editor,
+                           std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> workspace)
+    : m_plugin(plugin), m_editor(editor), m_workspace(std::move(workspace))
 {
 }
 
@@ -121,11 +123,6 @@ void GuardedPanel::PutOutOfUse(const QString& reason)
 }
 
 // Requests of the module to the editor
-
-std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> GuardedPanel::GetWorkspace()
-{
-    return m_editor.GetWorkspace();
-}
 
 void GuardedPanel::ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings)
 {

@@ -24,8 +24,10 @@ class GuardedPanel : public QObject, private IEditor
     Q_OBJECT
 
 public:
-    /// `editor` is kept by reference and outlives the panel.
-    GuardedPanel(const LoadedPlugin& plugin, IEditor& editor);
+    /// `editor` is kept by reference and outlives the panel. `workspace` is the one that the module
+    /// gets.
+    GuardedPanel(const LoadedPlugin& plugin, IEditor& editor,
+                 std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> workspace);
     ~GuardedPanel() override;
 
     /// Makes the panel. Where that fails the panel is out of use from the beginning.
@@ -68,7 +70,10 @@ signals:
     void noticeGiven(const QString& message);
 
 private:
-    std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> GetWorkspace() override;
+    std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> GetWorkspace() override
+    {
+        return m_workspace;
+    }
     QString GetPhotoPath() const override { return m_editor.GetPhotoPath(); }
     void ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings) override;
     Zorvik::Proc::Frame RequestPreview(const QString& key, const Zorvik::Proc::FrameTarget& target,
@@ -87,6 +92,7 @@ private:
 
     LoadedPlugin m_plugin;
     IEditor& m_editor;
+    std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> m_workspace;
     QString m_title;
     PanelParts m_parts;
     QPointer<RetiredPanel> m_retired;

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plugins/Panels.h"
 
+#include "plugins/ModuleWorkspace.h"
+
 #include <algorithm>
 
 namespace LumetraEditor {
 
-GuardedPanel& Panels::Add(const LoadedPlugin& plugin, IEditor& editor)
+GuardedPanel& Panels::Add(const LoadedPlugin& plugin, IEditor& editor,
+                          const std::shared_ptr<LumetraHost::WorkspaceController>& workspace)
 {
-    m_panels.push_back(std::make_unique<GuardedPanel>(plugin, editor));
+    m_panels.push_back(std::make_unique<GuardedPanel>(
+        plugin, editor, std::make_shared<ModuleWorkspace>(workspace, plugin.id.toStdString())));
     return *m_panels.back();
 }
 
@@ -43,6 +47,18 @@ void Panels::Forget(EditState& state) const
     for (const auto& panel : m_panels)
         if (panel->IsUsable())
             state.panels.erase(panel->GetId());
+    const auto isForgotten = [this](const EditLayer& layer) {
+        return layer.isOpen && (layer.module.isEmpty() || IsInUse(layer.module));
+    };
+    state.layers.erase(std::remove_if(state.layers.begin(), state.layers.end(), isForgotten),
+                       state.layers.end());
+}
+
+bool Panels::IsInUse(const QString& module) const
+{
+    return std::any_of(m_panels.begin(), m_panels.end(), [&module](const auto& panel) {
+        return panel->GetId() == module && panel->IsUsable();
+    });
 }
 
 bool Panels::HasUnsavedChanges() const

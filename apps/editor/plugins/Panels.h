@@ -7,6 +7,10 @@
 #include <memory>
 #include <vector>
 
+namespace LumetraHost {
+class WorkspaceController;
+}
+
 namespace LumetraEditor {
 
 /// The panels of the editor, in the order of their tabs. One that fails changes nothing for the
@@ -14,8 +18,10 @@ namespace LumetraEditor {
 class Panels
 {
 public:
-    /// Adds a panel. Its Create() is called later, when its listeners are connected.
-    GuardedPanel& Add(const LoadedPlugin& plugin, IEditor& editor);
+    /// Adds a panel that draws on the workspace. Its Create() is called later, when its listeners
+    /// are connected.
+    GuardedPanel& Add(const LoadedPlugin& plugin, IEditor& editor,
+                      const std::shared_ptr<LumetraHost::WorkspaceController>& workspace);
     void Clear() { m_panels.clear(); }
 
     void PhotoChanged();
@@ -23,8 +29,10 @@ public:
     /// Replaces the parts of the panels in use; all others stay as they are.
     void Save(EditState& state) const;
     void Restore(const EditState& state);
-    /// Removes the parts of the panels in use.
+    /// Removes the parts of the panels in use, their open layers, and those that are nobody's.
     void Forget(EditState& state) const;
+    /// True when the module has a panel that has not failed.
+    bool IsInUse(const QString& module) const;
     bool HasUnsavedChanges() const;
     /// Asks the panels in turn, up to the first one that objects.
     bool MayEnd() const;

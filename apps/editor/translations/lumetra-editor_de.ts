@@ -32,6 +32,14 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <source>Something has gone wrong: %1</source>
         <translation>Etwas ist schiefgegangen: %1</translation>
     </message>
+    <message>
+        <source>Show layer</source>
+        <translation>Ebene einblenden</translation>
+    </message>
+    <message>
+        <source>Hide layer</source>
+        <translation>Ebene ausblenden</translation>
+    </message>
 </context>
 <context>
     <name>LumetraEditor::EditorActions</name>

@@ -52,9 +52,10 @@ public:
     /// what an exported photo tells of it.
     virtual Zorvik::Core::Property::Ptr SaveEdit() const = 0;
     /// Makes the edit what it was when SaveEdit() returned `edit`; the drawer has no open packages
-    /// then. The tree is a copy for the panel, which may keep and change it; it is never null, and
-    /// the first node has no name. A node without entries means that nothing is applied. Unknown
-    /// and wrong entries are left out and reported by IEditor::ShowMessage().
+    /// of the panel then, and the editor puts those of all panels into their order afterwards. The
+    /// tree is a copy for the panel, which may keep and change it; it is never null, and the first
+    /// node has no name. A node without entries means that nothing is applied. Unknown and wrong
+    /// entries are left out and reported by IEditor::ShowMessage().
     virtual void RestoreEdit(const Zorvik::Core::Property::Ptr& edit) = 0;
     /// True when the user has changed something and neither committed nor saved it. The editor asks
     /// the user about such changes when its window is closed.
