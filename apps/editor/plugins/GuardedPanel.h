@@ -51,6 +51,10 @@ public:
     bool HasUnsavedChanges();
     /// True when the panel is out of use, or is now.
     bool MayEnd();
+    void PackagesCommitted();
+    /// Gives the look to the panel: why it is not kept, or empty. Nothing when the panel keeps no
+    /// looks.
+    std::optional<QString> KeepLook(const NewLook& look);
 
     /// Runs a call into the module, unless it is out of use.
     template <class Call>
@@ -83,6 +87,8 @@ private:
     void NoteEdit(const QString& text) override;
     void PushUndo(QUndoCommand* command) override;
     void ShowMessage(const QString& text) override;
+    std::vector<EditorLayer> GetLayers() const override { return m_editor.GetLayers(); }
+    QString StoreLook(const NewLook& look) override;
 
     /// Runs a request to the editor; does nothing while the panel is only being made.
     template <class Call>

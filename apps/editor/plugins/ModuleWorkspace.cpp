@@ -9,8 +9,9 @@ namespace LumetraEditor {
 
 using Zorvik::Quindle::EffectsSettings;
 
-ModuleDrawer::ModuleDrawer(LumetraHost::Drawer& drawer, const std::string& module)
-    : m_drawer(drawer), m_module(module)
+ModuleDrawer::ModuleDrawer(LumetraHost::Drawer& drawer, const std::string& module,
+                           CommitHandler committed)
+    : m_drawer(drawer), m_module(module), m_committed(std::move(committed))
 {
 }
 
@@ -38,7 +39,12 @@ void ModuleDrawer::ApplyEffect(const EffectsSettings& effects,
 void ModuleDrawer::ApplyEffect(const Zorvik::Quindle::ConstEffectPtr& effect,
                                const std::map<std::string, int>& /*options*/)
 {
+    const auto stack = m_drawer.GetStack();
+    std::set<std::string> owners;
+    for (std::size_t i = m_drawer.CountCommitted(); i < stack.size(); ++i)
+        owners.insert(stack[i].origin);
     m_drawer.CommitAs(m_module, effect);
+    m_committed(m_module, owners);
 }
 
 Zorvik::Quindle::IQuindleDrawerPainter& ModuleDrawer::GetPainter()
@@ -54,8 +60,8 @@ Zorvik::Proc::Frame ModuleDrawer::RenderPreview(const Zorvik::Proc::FrameTarget&
 }
 
 ModuleWorkspace::ModuleWorkspace(std::shared_ptr<LumetraHost::WorkspaceController> host,
-                                 const std::string& module)
-    : m_host(std::move(host)), m_drawer(m_host->GetDrawer(), module)
+                                 const std::string& module, CommitHandler committed)
+    : m_host(std::move(host)), m_drawer(m_host->GetDrawer(), module, std::move(committed))
 {
 }
 

@@ -4,7 +4,9 @@
 #include "Zorvik/Lumetra/IWorkspaceController.h"
 #include "Zorvik/Quindle/IQuindleDrawer.h"
 
+#include <functional>
 #include <memory>
+#include <set>
 #include <string>
 
 namespace LumetraHost {
@@ -14,12 +16,17 @@ class WorkspaceController;
 
 namespace LumetraEditor {
 
+/// Is told of the modules whose open packages another module, the first argument, has committed.
+using CommitHandler =
+    std::function<void(const std::string& module, const std::set<std::string>& owners)>;
+
 /// The drawer as one module sees it: what the module applies carries its id, so that the edit knows
-/// whose each layer is. Everything else is the drawer's own, which is kept by reference.
+/// whose each layer is, and modules hear of each other's commits. Everything else is the drawer's
+/// own, which is kept by reference.
 class ModuleDrawer : public Zorvik::Quindle::IQuindleDrawer
 {
 public:
-    ModuleDrawer(LumetraHost::Drawer& drawer, const std::string& module);
+    ModuleDrawer(LumetraHost::Drawer& drawer, const std::string& module, CommitHandler committed);
 
     Zorvik::Quindle::EffectsSettingsPackage GetPackage(unsigned index) const override;
     unsigned GetDefaultPackageIndex() const override;
@@ -36,6 +43,7 @@ public:
 private:
     LumetraHost::Drawer& m_drawer;
     std::string m_module;
+    CommitHandler m_committed;
 };
 
 /// The workspace as one module sees it: the host's, with a drawer that knows the module. Keeps the
@@ -44,7 +52,7 @@ class ModuleWorkspace : public Zorvik::Lumetra::IWorkspaceController
 {
 public:
     ModuleWorkspace(std::shared_ptr<LumetraHost::WorkspaceController> host,
-                    const std::string& module);
+                    const std::string& module, CommitHandler committed);
 
     Zorvik::Quindle::IQuindleDrawer& GetCoreDrawer() override { return m_drawer; }
     Zorvik::Quindle::IStatisticsEventHandler& GetStatisticsEventHandler() override;

@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plugins/Panels.h"
 
-#include "plugins/ModuleWorkspace.h"
-
 #include <algorithm>
 
 namespace LumetraEditor {
 
 GuardedPanel& Panels::Add(const LoadedPlugin& plugin, IEditor& editor,
-                          const std::shared_ptr<LumetraHost::WorkspaceController>& workspace)
+                          const std::shared_ptr<Zorvik::Lumetra::IWorkspaceController>& workspace)
 {
-    m_panels.push_back(std::make_unique<GuardedPanel>(
-        plugin, editor, std::make_shared<ModuleWorkspace>(workspace, plugin.id.toStdString())));
+    m_panels.push_back(std::make_unique<GuardedPanel>(plugin, editor, workspace));
     return *m_panels.back();
 }
 
@@ -59,6 +56,21 @@ bool Panels::IsInUse(const QString& module) const
     return std::any_of(m_panels.begin(), m_panels.end(), [&module](const auto& panel) {
         return panel->GetId() == module && panel->IsUsable();
     });
+}
+
+void Panels::PackagesCommitted(const QString& module, const std::set<std::string>& owners)
+{
+    for (const auto& panel : m_panels)
+        if (panel->GetId() != module && owners.count(panel->GetId().toStdString()) > 0)
+            panel->PackagesCommitted();
+}
+
+QString Panels::StoreLook(const NewLook& look)
+{
+    for (const auto& panel : m_panels)
+        if (const auto problem = panel->KeepLook(look))
+            return *problem;
+    return tr("There is no panel that keeps looks.");
 }
 
 bool Panels::HasUnsavedChanges() const

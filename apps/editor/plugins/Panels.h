@@ -4,12 +4,12 @@
 #include "edit/EditState.h"
 #include "plugins/GuardedPanel.h"
 
-#include <memory>
-#include <vector>
+#include <QCoreApplication>
 
-namespace LumetraHost {
-class WorkspaceController;
-}
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
 
 namespace LumetraEditor {
 
@@ -17,11 +17,13 @@ namespace LumetraEditor {
 /// others.
 class Panels
 {
+    Q_DECLARE_TR_FUNCTIONS(LumetraEditor::Panels)
+
 public:
     /// Adds a panel that draws on the workspace. Its Create() is called later, when its listeners
-    /// are connected.
+    /// are connected. `workspace` is the one that the module gets.
     GuardedPanel& Add(const LoadedPlugin& plugin, IEditor& editor,
-                      const std::shared_ptr<LumetraHost::WorkspaceController>& workspace);
+                      const std::shared_ptr<Zorvik::Lumetra::IWorkspaceController>& workspace);
     void Clear() { m_panels.clear(); }
 
     void PhotoChanged();
@@ -33,6 +35,11 @@ public:
     void Forget(EditState& state) const;
     /// True when the module has a panel that has not failed.
     bool IsInUse(const QString& module) const;
+    /// Tells the modules among `owners`, but for `module`, that `module` has committed their open
+    /// packages.
+    void PackagesCommitted(const QString& module, const std::set<std::string>& owners);
+    /// Gives the look to the first panel that keeps looks; returns why it is not kept, or empty.
+    QString StoreLook(const NewLook& look);
     bool HasUnsavedChanges() const;
     /// Asks the panels in turn, up to the first one that objects.
     bool MayEnd() const;

@@ -4,6 +4,7 @@
 #include "drawer/previews/AsyncPreviews.h"
 #include "engine/effects/EffectKinds.h"
 #include "plugins/GuardedApplication.h"
+#include "plugins/ModuleWorkspace.h"
 #include "session/CommandStep.h"
 #include "session/DrawnLayers.h"
 #include "workspace/WorkspaceController.h"
@@ -17,6 +18,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <set>
 #include <utility>
 
 namespace LumetraEditor {
@@ -199,9 +201,20 @@ void Editor::SetDisplay(const std::shared_ptr<const LumetraHost::DisplayTransfor
 
 // Panels
 
+std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> Editor::MakeWorkspace(const QString& module)
+{
+    return std::make_shared<ModuleWorkspace>(
+        m_workspace, module.toStdString(),
+        [this](const std::string& committer, const std::set<std::string>& owners) {
+            // The step is that of the module that has committed.
+            const QScopedValueRollback<bool> restoring(m_isRestoring, true);
+            m_panels.PackagesCommitted(QString::fromStdString(committer), owners);
+        });
+}
+
 GuardedPanel* Editor::AddPanel(const LoadedPlugin& plugin)
 {
-    GuardedPanel& panel = m_panels.Add(plugin, *this, m_workspace);
+    GuardedPanel& panel = m_panels.Add(plugin, *this, MakeWorkspace(plugin.id));
     connect(&panel, &GuardedPanel::failed, this, &Editor::ShowNotice);
     connect(&panel, &GuardedPanel::noticeGiven, this, &Editor::ShowNotice);
     panel.Create();
@@ -301,11 +314,16 @@ EditState Editor::CaptureEdit() const
     EditState state;
     state.panels = m_state.panels; // keeps parts of modules that are missing or out of use
     m_panels.Save(state);
+    AddLayers(state);
+    ForgetCommittedParts(state);
+    return state;
+}
+
+void Editor::AddLayers(EditState& state) const
+{
     state.layers = DrawnLayers::Read(m_workspace->GetDrawer());
     for (std::size_t i = 0; i < state.layers.size(); ++i)
         state.layers[i].record = MakeRecord(state, i);
-    ForgetCommittedParts(state);
-    return state;
 }
 
 /// Removes the parts of modules that are not in use and whose open layers have all become part of
@@ -383,6 +401,19 @@ std::vector<LumetraHost::EditRecord> Editor::GetRecords() const
 }
 
 // Services for panels
+
+/// Asks no panel for its part, since panels ask for layers while they are asked themselves.
+std::vector<EditorLayer> Editor::GetLayers() const
+{
+    EditState state;
+    state.panels = m_state.panels;
+    AddLayers(state);
+    std::vector<EditorLayer> layers;
+    for (const EditLayer& layer : state.layers)
+        layers.push_back({layer.module, QString::fromStdString(layer.record.preset),
+                          layer.record.intensity, layer.isOn, layer.isOpen, *layer.settings});
+    return layers;
+}
 
 std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> Editor::GetWorkspace()
 {

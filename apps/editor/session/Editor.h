@@ -108,6 +108,8 @@ public:
     void NoteEdit(const QString& text) override;
     void PushUndo(QUndoCommand* command) override;
     void ShowMessage(const QString& text) override { emit messageGiven(text); }
+    std::vector<EditorLayer> GetLayers() const override;
+    QString StoreLook(const NewLook& look) override { return m_panels.StoreLook(look); }
     /// Shows a message about the program, not a photo: it stays when another photo comes.
     void ShowNotice(const QString& text) { emit noticeGiven(text); }
 
@@ -137,10 +139,14 @@ private:
     void SettleEditOfOtherPhoto();
     /// The edit as it is at this moment.
     EditState CaptureEdit() const;
+    /// Adds the drawer's layers to a state that has its panels' parts.
+    void AddLayers(EditState& state) const;
     void ForgetCommittedParts(EditState& state) const;
     LumetraHost::EditRecord MakeRecord(const EditState& state, std::size_t position) const;
     void RestoreEdit(const EditState& state);
     void RestoreStep(const EditState& state);
+    /// Makes the workspace of a module, whose commits the other modules hear of.
+    std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> MakeWorkspace(const QString& module);
     EditState RunCommand(const std::function<void()>& command);
     /// Handles an exception of an event handler, that of a panel's object or any other.
     void TakeFailure(QObject* receiver, const QString& reason);

@@ -13,6 +13,7 @@ class QWidget;
 namespace LumetraEditor {
 
 class IEditor;
+class ILookKeeper;
 
 /// A panel stands beside the photo. A module implements it. The editor owns it, deletes it before
 /// its widget, and calls it on the GUI thread only. An exception out of any operation, whatever its
@@ -64,6 +65,16 @@ public:
     /// something would be lost that is no part of the edit and could not be saved; else return true
     /// at once.
     virtual bool MayEnd() { return true; }
+
+    /// Tells that another module has committed, which takes all open packages: those of this panel
+    /// are part of the photo now and are found no more. Forget them, as after a commit of your own,
+    /// so that SaveEdit() tells nothing of them; nothing has to be drawn or noted, since the other
+    /// module notes the step. NoteEdit() does nothing during it. Is not called where the panel had
+    /// no open package.
+    virtual void PackagesCommitted() {}
+    /// Returns the panel as a keeper of the user's looks, always the same one, which lives as long
+    /// as the panel; null when it keeps none.
+    virtual ILookKeeper* GetLookKeeper() { return nullptr; }
 };
 
 /// The root object of a module implements this interface. The editor loads every module in its
@@ -85,5 +96,5 @@ public:
 
 } // namespace LumetraEditor
 
-#define LUMETRA_EDITOR_PLUGIN_IID "org.lumetra.Editor.Plugin/2.0"
+#define LUMETRA_EDITOR_PLUGIN_IID "org.lumetra.Editor.Plugin/2.1"
 Q_DECLARE_INTERFACE(LumetraEditor::IEditorPlugin, LUMETRA_EDITOR_PLUGIN_IID)

@@ -251,12 +251,28 @@ void PresetCommands::Commit()
         const QString name = NameOf(preset);
         GetModel().ApplyCurrentChanges(true);
         GetModel().setData(preset, false, PresetModel::AppliedRole);
-        emit photoChanged();
-        emit appliedChanged();
-        SendPresetChanged();
-        m_lastStep = m_edit.Save();
+        TellCommitted();
         m_editor.NoteEdit(tr("Apply “%1”").arg(name));
     });
+}
+
+/// Takes the preset for applied no longer, silently: its package is part of the photo.
+void PresetCommands::TakeForCommitted()
+{
+    Try([&] {
+        m_edit.ForgetStray();
+        if (const auto preset = GetModel().GetPreset(GetApplied()))
+            preset->SetApplied(false, false);
+        TellCommitted();
+    });
+}
+
+void PresetCommands::TellCommitted()
+{
+    emit photoChanged();
+    emit appliedChanged();
+    SendPresetChanged();
+    m_lastStep = m_edit.Save();
 }
 
 void PresetCommands::Discard()

@@ -3,9 +3,28 @@
 #include "Zorvik/Exception.h"
 #include "core/PresetCollection.h"
 #include "core/userstore/UserPresetStore.h"
+#include "panel/commands/HandedLook.h"
 #include "panel/commands/PresetCommands.h"
+#include "storage/ErrorText.h"
 
 namespace LumetraPlugin {
+
+QString PresetCommands::Keep(const LumetraEditor::NewLook& look)
+{
+    try {
+        const QString fault = HandedLook::FindFault(look, GetModel().GetUserPresetNames());
+        if (!fault.isEmpty())
+            return fault;
+        const QPersistentModelIndex added =
+            GetModel().AddUserPreset(HandedLook::MakePreset(look, m_presets.GetFactory()));
+        const QString problem = TryToSave();
+        emit presetsChanged();
+        emit presetAdded(added);
+        return problem;
+    } catch (const std::exception& error) {
+        return LumetraHost::ErrorText::Show(error);
+    }
+}
 
 /// Saves; after a failure the next change tries again, and so does the end of the program.
 void PresetCommands::Save()

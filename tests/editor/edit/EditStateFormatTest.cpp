@@ -221,7 +221,7 @@ TEST(EditStateFormat, namesThePlaceOfWhatIsWrong)
                 HasSubstr("layers[1]/package: expected another package"));
     EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 2, "layers": [{"on": 1}]})"),
                 HasSubstr("layers[0]/on: expected bool"));
-    EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 2, "layers": {}})"),
+    EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 2, "layers": 3})"),
                 HasSubstr("layers: expected"));
     EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 3, "layers": []})"),
                 HasSubstr("lake.json/version: expected a version up to 2, found 3"));
