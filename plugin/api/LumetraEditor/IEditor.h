@@ -1,4 +1,4 @@
-// SPDX-License-Identifier: GPL-2.0-or-later
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "LumetraEditor/EditorLayer.h"
