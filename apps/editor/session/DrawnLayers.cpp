@@ -47,7 +47,8 @@ void Draw(Drawer& drawer, const EditLayer& layer)
     drawer.ApplyAs(layer.module.toStdString(), settings);
 }
 
-/// An open layer is found by its package, whose name no other open one has.
+/// An open layer is found by its package, whose name no other open one has. A module may have drawn
+/// or committed what is not in `layers`; that stays as it is.
 void SetOnAndOff(Drawer& drawer, const std::vector<EditLayer>& layers)
 {
     std::map<std::string, bool> isOn;
@@ -55,11 +56,13 @@ void SetOnAndOff(Drawer& drawer, const std::vector<EditLayer>& layers)
         if (layer.isOpen)
             isOn[NameOf(layer)] = layer.isOn;
     const auto stack = drawer.GetStack();
-    for (std::size_t i = 0; i < stack.size(); ++i) {
-        const auto found = isOn.find(stack[i].settings->Package().GetPackageName());
-        if (i < drawer.CountCommitted())
+    const std::size_t committed = drawer.CountCommitted();
+    for (std::size_t i = 0; i < std::min(committed, layers.size()); ++i)
+        if (!layers[i].isOpen)
             drawer.SetOn(i, layers[i].isOn);
-        else if (found != isOn.end())
+    for (std::size_t i = committed; i < stack.size(); ++i) {
+        const auto found = isOn.find(stack[i].settings->Package().GetPackageName());
+        if (found != isOn.end())
             drawer.SetOn(i, found->second);
     }
 }

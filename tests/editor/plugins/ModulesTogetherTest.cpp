@@ -174,6 +174,19 @@ TEST_F(ModulesTogetherTest, aPanelThatFailsAtACommitCostsOnlyItself)
     EXPECT_TRUE(HaveSamePixels(Draw(), before));
 }
 
+TEST_F(ModulesTogetherTest, whatAModuleCommitsWhileItRestoresIsOneMoreLayer)
+{
+    WriteFile("lake.png.lumetra.json", R"({"format": "lumetra-sidecar", "version": 2})");
+    qApp->setProperty("help", QStringLiteral("restore"));
+
+    Open(Path("lake.png"));
+
+    const auto layers = editor->CaptureLayers();
+    ASSERT_EQ(layers.size(), 1U);
+    EXPECT_EQ(layers[0].module, QStringLiteral("helping-module"));
+    EXPECT_FALSE(layers[0].isOpen);
+}
+
 TEST_F(ModulesTogetherTest, aModuleSeesTheLayersOfAll)
 {
     ClickLook(Look);

@@ -69,6 +69,13 @@ Zorvik::Core::Property::Ptr HelpingPanel::SaveEdit() const
     return std::make_shared<Zorvik::Core::Property>(std::string());
 }
 
+void HelpingPanel::RestoreEdit(const Zorvik::Core::Property::Ptr&)
+{
+    const Zorvik::Quindle::ConstEffectPtr effect = MakeLighter().Effects().at(0);
+    if (Help() == QLatin1String("restore"))
+        m_editor.GetWorkspace()->GetCoreDrawer().ApplyEffect(effect, {});
+}
+
 void HelpingPanel::Act()
 {
     if (Help() == QLatin1String("draw"))

@@ -13,7 +13,8 @@ Q_DECLARE_METATYPE(LumetraEditor::NewLook)
 /// A panel that works with other panels. A click on its button does what the application's property
 /// "help" says: "draw" a package, "commit", "store" the look in "look", or list the "layers". What
 /// came of it stands in the property "helped". It keeps looks itself, in the property "keptLook",
-/// while "help" is "keep"; with "fail" it throws at whatever it is told.
+/// while "help" is "keep"; with "restore" it commits an effect when its
+/// edit is restored, with "fail" it throws at whatever it is told.
 class HelpingPanel : public QObject,
                      public LumetraEditor::IEditorPanel,
                      public LumetraEditor::ILookKeeper
@@ -28,7 +29,7 @@ public:
     void PhotoChanged() override {}
     void PreviewReady(const QString&) override {}
     Zorvik::Core::Property::Ptr SaveEdit() const override;
-    void RestoreEdit(const Zorvik::Core::Property::Ptr&) override {}
+    void RestoreEdit(const Zorvik::Core::Property::Ptr& edit) override;
     bool HasUnsavedChanges() const override { return false; }
     void PackagesCommitted() override;
     LumetraEditor::ILookKeeper* GetLookKeeper() override;
