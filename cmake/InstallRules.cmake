@@ -49,6 +49,25 @@ install(FILES
     DESTINATION "${LUMETRA_PACKAGE_DIR}"
     COMPONENT development)
 
+# What a module of the editor is built with: the component Plugin of the package.
+if(TARGET lumetra-plugin-api)
+    install(DIRECTORY "${PROJECT_SOURCE_DIR}/plugin/api/"
+        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/LumetraEditorPlugin"
+        COMPONENT development
+        FILES_MATCHING PATTERN "*.h")
+    install(TARGETS lumetra-plugin-api EXPORT LumetraEditorPluginTargets)
+    install(EXPORT LumetraEditorPluginTargets
+        NAMESPACE Lumetra::
+        DESTINATION "${LUMETRA_PACKAGE_DIR}"
+        COMPONENT development)
+    file(RELATIVE_PATH LUMETRA_PREFIX_OF_PACKAGE "/${LUMETRA_PACKAGE_DIR}" "/")
+    configure_file("${CMAKE_CURRENT_LIST_DIR}/LumetraEditorPlugin.cmake.in"
+        "${PROJECT_BINARY_DIR}/cmake/LumetraEditorPlugin.cmake" @ONLY)
+    install(FILES "${PROJECT_BINARY_DIR}/cmake/LumetraEditorPlugin.cmake"
+        DESTINATION "${LUMETRA_PACKAGE_DIR}"
+        COMPONENT development)
+endif()
+
 install(FILES LICENSE LICENSES/MIT.txt LICENSES/GPL-2.0-or-later.txt
     DESTINATION "${CMAKE_INSTALL_DOCDIR}"
     COMPONENT libraries)

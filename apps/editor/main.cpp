@@ -7,7 +7,10 @@
 #include "window/EditorWindow.h"
 
 #include <QCommandLineParser>
+#include <QFile>
 
+#include <cstdio>
+#include <cstdlib>
 #include <optional>
 
 namespace {
@@ -16,6 +19,7 @@ struct CommandLine
 {
     QStringList photos;
     std::optional<QString> monitorProfile;
+    bool shallListModules = false;
 };
 
 CommandLine ReadCommandLine(const QApplication& application)
@@ -30,14 +34,33 @@ CommandLine ReadCommandLine(const QApplication& application)
                        "window system has of the monitor; \"srgb\": without any."),
         QStringLiteral("FILE"));
     parser.addOption(monitorProfile);
+    const QCommandLineOption modules(
+        QStringLiteral("modules"),
+        QStringLiteral("Print the id and the file of each module that the editor loads, and on the "
+                       "standard error output why others cannot be used, which ends with 1; open "
+                       "no window."));
+    parser.addOption(modules);
     parser.addPositionalArgument(QStringLiteral("PHOTO"),
                                  QStringLiteral("Photos to open; the first one is shown."),
                                  QStringLiteral("[PHOTO...]"));
     parser.process(application);
-    CommandLine line{parser.positionalArguments(), std::nullopt};
+    CommandLine line{parser.positionalArguments(), std::nullopt, parser.isSet(modules)};
     if (parser.isSet(monitorProfile))
         line.monitorProfile = parser.value(monitorProfile);
     return line;
+}
+
+/// Returns the program's exit code.
+int ListModules()
+{
+    LumetraEditor::PluginLoader loader;
+    loader.LoadFolders(LumetraEditor::GetPluginFolders());
+    for (const LumetraEditor::LoadedPlugin& plugin : loader.GetPlugins())
+        std::printf("%s\t%s\n", qUtf8Printable(plugin.id),
+                    QFile::encodeName(plugin.path).constData());
+    for (const QString& report : loader.GetReports())
+        std::fprintf(stderr, "%s\n", qUtf8Printable(report));
+    return loader.GetReports().isEmpty() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 void UseAlerts()
@@ -60,6 +83,8 @@ int main(int argc, char** argv)
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Lumetra"));
     QGuiApplication::setDesktopFileName(QStringLiteral("lumetra-editor"));
     const CommandLine line = ReadCommandLine(application);
+    if (line.shallListModules)
+        return ListModules();
     UseAlerts();
 
     LumetraEditor::Editor editor;

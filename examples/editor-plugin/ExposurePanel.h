@@ -26,6 +26,7 @@ public:
     Zorvik::Core::Property::Ptr SaveEdit() const override;
     void RestoreEdit(const Zorvik::Core::Property::Ptr& edit) override;
     bool HasUnsavedChanges() const override;
+    void PackagesCommitted() override { MoveSlider(0); }
 
 private:
     void Apply();

@@ -12,6 +12,15 @@
 #include <utility>
 
 namespace LumetraHost {
+namespace {
+
+void AddLayer(const StackedPackage& package, PictureRecipe& recipe)
+{
+    if (package.isOn)
+        recipe.layers.push_back({package.settings, std::nullopt});
+}
+
+} // namespace
 
 using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::EffectsSettingsPackage;
@@ -32,22 +41,36 @@ void Drawer::SetPhoto(const Image& photo)
 
 PictureRecipe Drawer::GetRecipe() const
 {
-    PictureRecipe recipe = MakeRecipe(m_stack);
-    if (const auto shown = m_painter.GetShownLayer())
-        recipe.layers[recipe.committed + *m_painter.FindPackage()] = *shown;
+    PictureRecipe recipe = GetCommittedRecipe();
+    const auto shown = m_painter.GetShownLayer();
+    const auto painted = m_painter.FindPackage();
+    for (std::size_t i = 0; i < m_stack.GetCount(); ++i)
+        if (shown && painted == i)
+            recipe.layers.push_back(*shown);
+        else
+            AddLayer(m_stack.GetPackage(i), recipe);
     return recipe;
 }
 
 PictureRecipe Drawer::GetCommittedRecipe() const
 {
-    return MakeRecipe(PackageStack());
+    PictureRecipe recipe;
+    recipe.photo = m_photo;
+    recipe.overview = m_overview;
+    for (const StackedPackage& package : m_committed)
+        AddLayer(package, recipe);
+    recipe.committed = recipe.layers.size();
+    return recipe;
 }
 
 PictureRecipe Drawer::GetRecipeWith(const EffectsSettings& settings) const
 {
     PackageStack stack = m_stack;
     stack.Apply(settings);
-    return MakeRecipe(stack);
+    PictureRecipe recipe = GetCommittedRecipe();
+    for (const StackedPackage& package : stack.TakeAll())
+        AddLayer(package, recipe);
+    return recipe;
 }
 
 void Drawer::ResetPackage(unsigned index)
@@ -72,9 +95,47 @@ std::vector<EffectsSettings> Drawer::GetOpenPackages() const
 std::vector<EffectsSettings> Drawer::GetCommittedPackages() const
 {
     std::vector<EffectsSettings> packages;
-    for (const SharedSettings& settings : m_committed)
-        packages.push_back(*settings);
+    for (const StackedPackage& package : m_committed)
+        packages.push_back(*package.settings);
     return packages;
+}
+
+std::vector<StackedPackage> Drawer::GetStack() const
+{
+    std::vector<StackedPackage> packages = m_committed;
+    for (std::size_t i = 0; i < m_stack.GetCount(); ++i)
+        packages.push_back(m_stack.GetPackage(i));
+    return packages;
+}
+
+void Drawer::SetCommitted(std::vector<StackedPackage> committed)
+{
+    m_painter.DropPainting();
+    m_stack.TakeAll();
+    m_committed = std::move(committed);
+    NotifyCommittedPhotoChanged();
+    NotifyFrameChanged();
+}
+
+void Drawer::ArrangeOpen(const std::vector<std::string>& names)
+{
+    if (m_stack.Arrange(names))
+        NotifyFrameChanged();
+}
+
+void Drawer::SetOn(std::size_t position, bool isOn)
+{
+    m_painter.FinishOpenPainting();
+    const bool isCommitted = position < m_committed.size();
+    if (GetStack()[position].isOn == isOn)
+        return;
+    if (isCommitted)
+        m_committed[position].isOn = isOn;
+    else
+        m_stack.SetOn(position - m_committed.size(), isOn);
+    if (isCommitted)
+        NotifyCommittedPhotoChanged();
+    NotifyFrameChanged();
 }
 
 void Drawer::AddObserver(IDrawerObserver* observer)
@@ -106,32 +167,42 @@ unsigned Drawer::GetPackageIndex(const std::string& packageName) const
     return position ? m_stack.Get(*position).Package().GetIndex() : PackageStack::NoIndex;
 }
 
-void Drawer::ApplyEffect(const EffectsSettings& effects,
-                         const std::map<std::string, int>& /*options*/)
+void Drawer::ApplyAs(const std::string& origin, const EffectsSettings& effects)
 {
     m_painter.FinishOpenPainting();
-    m_stack.Apply(effects);
+    m_stack.Apply(effects, origin);
     NotifyFrameChanged();
 }
 
-void Drawer::ApplyEffect(const Zorvik::Quindle::ConstEffectPtr& effect,
-                         const std::map<std::string, int>& /*options*/)
+void Drawer::CommitAs(const std::string& origin, const Zorvik::Quindle::ConstEffectPtr& effect)
 {
     if (!effect)
         throw Zorvik::Exception("effect cannot be applied: expected an effect, found null",
                                 BOOST_CURRENT_FUNCTION, "drawer/Drawer", __LINE__);
     m_painter.FinishOpenPainting();
-    for (SharedSettings& package : m_stack.TakeAll())
+    for (StackedPackage& package : m_stack.TakeAll())
         m_committed.push_back(std::move(package));
     const bool isEmpty = effect->GetEffectID() == Zorvik::Proc::SettingsEffectEmpty::EFFECT_ID;
     if (!isEmpty) {
         auto single = std::make_shared<EffectsSettings>(EffectsSettings::PhotoAlone);
         single->Effects().push_back(effect->Clone());
-        m_committed.push_back(std::move(single));
+        m_committed.push_back({std::move(single), origin, true});
     }
     NotifyCommittedPhotoChanged();
     if (!isEmpty)
         NotifyFrameChanged();
+}
+
+void Drawer::ApplyEffect(const EffectsSettings& effects,
+                         const std::map<std::string, int>& /*options*/)
+{
+    ApplyAs({}, effects);
+}
+
+void Drawer::ApplyEffect(const Zorvik::Quindle::ConstEffectPtr& effect,
+                         const std::map<std::string, int>& /*options*/)
+{
+    CommitAs({}, effect);
 }
 
 Zorvik::Quindle::IQuindleDrawerPainter& Drawer::GetPainter()
@@ -144,19 +215,6 @@ Zorvik::Proc::Frame Drawer::RenderPreview(const Zorvik::Proc::FrameTarget& targe
                                           int fitPolicy, unsigned flags)
 {
     return m_previews.Render(GetCommittedRecipe(), target, effects, {cropPolicy, fitPolicy, flags});
-}
-
-PictureRecipe Drawer::MakeRecipe(const PackageStack& stack) const
-{
-    PictureRecipe recipe;
-    recipe.photo = m_photo;
-    recipe.overview = m_overview;
-    recipe.committed = m_committed.size();
-    for (const SharedSettings& settings : m_committed)
-        recipe.layers.push_back({settings, std::nullopt});
-    for (std::size_t i = 0; i < stack.GetCount(); ++i)
-        recipe.layers.push_back({stack.GetShared(i), std::nullopt});
-    return recipe;
 }
 
 // Walks over a copy: an observer may remove itself.

@@ -13,7 +13,9 @@
 
 #include "Zorvik/Quindle/IQuindleDrawer.h"
 
+#include <cstddef>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace LumetraHost {
@@ -31,6 +33,9 @@ namespace LumetraHost {
 /// GetPackage(0xFFFFFFFF) is the open package applied last, also when an earlier one was replaced
 /// in its place. An application with the index 0xFFFFFFFF that replaces a package by its name keeps
 /// that package's index. Indexes go on counting when a new photo comes.
+///
+/// A package that is off keeps its place and is found as before, but is in no picture. Applying to
+/// it, or painting on it, sets it on.
 class Drawer : public Zorvik::Quindle::IQuindleDrawer
 {
 public:
@@ -55,6 +60,23 @@ public:
     std::vector<Zorvik::Quindle::EffectsSettings> GetOpenPackages() const;
     std::vector<Zorvik::Quindle::EffectsSettings> GetCommittedPackages() const;
 
+    /// All packages, bottom first: the committed ones, then the open ones.
+    std::vector<StackedPackage> GetStack() const;
+    /// How many packages of GetStack(), from the bottom, are committed.
+    std::size_t CountCommitted() const { return m_committed.size(); }
+    /// Replaces all packages by these, which are committed; an open painting is dropped.
+    void SetCommitted(std::vector<StackedPackage> committed);
+    /// Puts the open packages of these names into this order, below all other open ones.
+    void ArrangeOpen(const std::vector<std::string>& names);
+    /// Sets a package of GetStack() on or off, after finishing an open painting. `position` is
+    /// below the stack's size.
+    void SetOn(std::size_t position, bool isOn);
+
+    /// ApplyEffect(), in the name of `origin`.
+    void ApplyAs(const std::string& origin, const Zorvik::Quindle::EffectsSettings& effects);
+    /// ApplyEffect(), in the name of `origin`. Zorvik::Exception for a null effect.
+    void CommitAs(const std::string& origin, const Zorvik::Quindle::ConstEffectPtr& effect);
+
     /// Observers are not owned and must be removed before they die.
     void AddObserver(IDrawerObserver* observer);
     void RemoveObserver(IDrawerObserver* observer);
@@ -75,12 +97,11 @@ public:
 private:
     void NotifyFrameChanged();
     void NotifyCommittedPhotoChanged();
-    PictureRecipe MakeRecipe(const PackageStack& stack) const;
 
     Renderer m_renderer;
     Image m_photo;
     std::shared_ptr<Overview> m_overview; ///< of the photo; null without one
-    std::vector<SharedSettings> m_committed;
+    std::vector<StackedPackage> m_committed;
     PackageStack m_stack;
     Painter m_painter;
     PreviewRenderer m_previews;

@@ -148,6 +148,17 @@ bool PresetsPanel::MayEnd()
     return m_commands->SaveOrAsk();
 }
 
+void PresetsPanel::PackagesCommitted()
+{
+    m_hover->End();
+    m_commands->TakeForCommitted();
+}
+
+QString PresetsPanel::KeepLook(const LumetraEditor::NewLook& look)
+{
+    return m_commands->Keep(look);
+}
+
 void PresetsPanel::OnActivatePreset(const QString& id)
 {
     m_commands->ApplyId(id);

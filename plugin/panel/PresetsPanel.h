@@ -2,6 +2,7 @@
 #pragma once
 
 #include "LumetraEditor/IEditorPlugin.h"
+#include "LumetraEditor/ILookKeeper.h"
 
 #include <QObject>
 #include <QPointer>
@@ -32,7 +33,9 @@ struct PanelFiles
 };
 
 /// The presets panel as the editor knows it: joins the presets, the editor and the widgets.
-class PresetsPanel : public QObject, public LumetraEditor::IEditorPanel
+class PresetsPanel : public QObject,
+                     public LumetraEditor::IEditorPanel,
+                     public LumetraEditor::ILookKeeper
 {
     Q_OBJECT
 
@@ -48,6 +51,9 @@ public:
     void RestoreEdit(const Zorvik::Core::Property::Ptr& edit) override;
     bool HasUnsavedChanges() const override;
     bool MayEnd() override;
+    void PackagesCommitted() override;
+    LumetraEditor::ILookKeeper* GetLookKeeper() override { return this; }
+    QString KeepLook(const LumetraEditor::NewLook& look) override;
 
     PresetCollection& GetPresets() { return *m_presets; }
 

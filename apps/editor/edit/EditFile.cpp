@@ -26,7 +26,7 @@ using LumetraHost::JsonValue;
 
 constexpr char PhotoKey[] = "photo", SavedKey[] = "saved", SizeKey[] = "size",
                ModifiedKey[] = "modified", HashKey[] = "sha256", PathKey[] = "path",
-               CommittedKey[] = "committed", PackageKey[] = "package", PresetKey[] = "preset";
+               VersionKey[] = "version", PackageKey[] = "package", PresetKey[] = "preset";
 
 template <class T>
 T FindValue(const JsonObject& object, const char* key)
@@ -89,8 +89,8 @@ bool HasSameText(const JsonObject& first, const JsonObject& second, const char* 
     return FindValue<std::string>(first, key) == FindValue<std::string>(second, key);
 }
 
-/// A package may have got another place, or may have gone, since the file was read.
-void CarryOverPackages(const JsonArray& earlier, const JsonArray& now)
+/// A layer may have got another place, or may have gone, since the file was read.
+void CarryOverLayers(const JsonArray& earlier, const JsonArray& now)
 {
     const std::size_t count = std::min(earlier.elements.size(), now.elements.size());
     for (std::size_t i = 0; i < count; ++i) {
@@ -102,17 +102,23 @@ void CarryOverPackages(const JsonArray& earlier, const JsonArray& now)
     }
 }
 
+const char* GetLayersKey(const JsonObject& file)
+{
+    return EditStateFormat::GetLayersKey(
+        static_cast<int>(FindValue<JsonNumber>(file, VersionKey).value));
+}
+
 void CarryOverAll(const JsonObject& earlier, JsonObject& now)
 {
-    CarryOver(earlier, now);
+    CarryOver(earlier, now, {GetLayersKey(earlier)});
     const auto oldPhoto = FindValue<JsonValue::Object>(earlier, PhotoKey);
     const auto photo = FindValue<JsonValue::Object>(now, PhotoKey);
     if (oldPhoto && photo)
         CarryOver(*oldPhoto, *photo, {PathKey});
-    const auto oldPackages = FindValue<JsonValue::Array>(earlier, CommittedKey);
-    const auto packages = FindValue<JsonValue::Array>(now, CommittedKey);
-    if (oldPackages && packages)
-        CarryOverPackages(*oldPackages, *packages);
+    const auto oldLayers = FindValue<JsonValue::Array>(earlier, GetLayersKey(earlier));
+    const auto layers = FindValue<JsonValue::Array>(now, GetLayersKey(now));
+    if (oldLayers && layers)
+        CarryOverLayers(*oldLayers, *layers);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "LumetraEditor/IEditorPlugin.h"
 #include "edit/EditStateFormat.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -42,29 +43,47 @@ int FindWhole(const JsonObject& edit, const char* key, int fallback)
 } // namespace
 
 // The keys are those that IEditorPanel::SaveEdit() gives a meaning to.
-LumetraHost::EditRecord EditState::MakeRecord(const EffectsSettings& package) const
+LumetraHost::EditRecord EditState::MakeRecord(const QString& module,
+                                              const EffectsSettings& package) const
 {
     const std::string& preset = package.Package().GetPresetName();
     const int share = PercentOf(package.GetBlendAmount());
     for (const auto& [id, part] : panels) {
         const JsonObject& edit = *part.GetJson();
-        if (!preset.empty() && FindText(edit, IEditorPanel::EditPreset, {}) == preset)
+        const bool mayHaveDrawn = module.isEmpty() || module == id;
+        if (mayHaveDrawn && !preset.empty() &&
+            FindText(edit, IEditorPanel::EditPreset, {}) == preset)
             return {FindText(edit, IEditorPanel::EditName, preset),
                     FindWhole(edit, IEditorPanel::EditIntensity, share)};
     }
     return {preset, share};
 }
 
-bool HaveSamePackages(const std::vector<EffectsSettings>& first,
-                      const std::vector<EffectsSettings>& second)
+std::size_t EditState::CountCommitted() const
 {
-    return first.size() == second.size() &&
-           EditStateFormat::PackagesText(first) == EditStateFormat::PackagesText(second);
+    const auto isOpen = [](const EditLayer& layer) { return layer.isOpen; };
+    return static_cast<std::size_t>(std::find_if(layers.begin(), layers.end(), isOpen) -
+                                    layers.begin());
+}
+
+bool IsSamePackage(const EffectsSettings& first, const EffectsSettings& second)
+{
+    return &first == &second ||
+           (first.Package().GetPackageName() == second.Package().GetPackageName() &&
+            first.Package().GetPresetName() == second.Package().GetPresetName() &&
+            first.GetBlendAmount() == second.GetBlendAmount() &&
+            EditStateFormat::EffectsText(first) == EditStateFormat::EffectsText(second));
+}
+
+bool operator==(const EditLayer& first, const EditLayer& second)
+{
+    return first.module == second.module && first.isOn == second.isOn &&
+           first.isOpen == second.isOpen && IsSamePackage(*first.settings, *second.settings);
 }
 
 bool operator==(const EditState& first, const EditState& second)
 {
-    return first.panels == second.panels && HaveSamePackages(first.committed, second.committed);
+    return first.panels == second.panels && first.layers == second.layers;
 }
 
 } // namespace LumetraEditor

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "drawer/stack/PictureRecipe.h"
 #include "edit/PanelEdit.h"
 #include "photo/metadata/EditRecord.h"
 
@@ -13,21 +14,36 @@
 
 namespace LumetraEditor {
 
+/// One package of an edit, in its place.
+struct EditLayer
+{
+    QString module; ///< the id of the module that has drawn it; empty: unknown
+    LumetraHost::SharedSettings settings; ///< never null
+    LumetraHost::EditRecord record;       ///< the package in words for the user
+    bool isOn = true;                     ///< false: the layer keeps its place and is not drawn
+    bool isOpen = false;                  ///< its module can still change it
+};
+
 /// The edit of a photo at one moment: all that undo, redo and the next start need.
 struct EditState
 {
-    std::vector<Zorvik::Quindle::EffectsSettings> committed; ///< bottom first
-    std::vector<LumetraHost::EditRecord> records; ///< of `committed`, for the user to read
-    std::map<QString, PanelEdit> panels;          ///< by module; of missing ones too
+    std::vector<EditLayer> layers;       ///< bottom first, committed ones below open ones
+    std::map<QString, PanelEdit> panels; ///< by module; of missing ones too
 
     /// A package in words for the user: those of the panel that has drawn it, else the package's
-    /// own name and amount.
-    LumetraHost::EditRecord MakeRecord(const Zorvik::Quindle::EffectsSettings& package) const;
+    /// own name and amount. An empty `module` asks all panels.
+    LumetraHost::EditRecord MakeRecord(const QString& module,
+                                       const Zorvik::Quindle::EffectsSettings& package) const;
+    /// How many layers, from the bottom, are committed.
+    std::size_t CountCommitted() const;
 };
 
-/// True when both were made by the same packages: names, blend and effects count, indexes do not.
-bool HaveSamePackages(const std::vector<Zorvik::Quindle::EffectsSettings>& first,
-                      const std::vector<Zorvik::Quindle::EffectsSettings>& second);
+/// True when both put the same on a photo: names, blend and effects count, indexes do not.
+bool IsSamePackage(const Zorvik::Quindle::EffectsSettings& first,
+                   const Zorvik::Quindle::EffectsSettings& second);
+/// True when both layers are of the same module and package, and in the same state. Records do not
+/// count.
+bool operator==(const EditLayer& first, const EditLayer& second);
 bool operator==(const EditState& first, const EditState& second);
 
 } // namespace LumetraEditor

@@ -6,6 +6,10 @@
 
 #include <boost/current_function.hpp>
 
+#include <memory>
+#include <set>
+#include <utility>
+
 namespace LumetraEditor {
 namespace {
 
@@ -16,9 +20,12 @@ using Zorvik::Brassel::ISerializer;
 using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
 
-constexpr char FormatKey[] = "format", VersionKey[] = "version", CommittedKey[] = "committed",
-               PanelsKey[] = "panels", PackageKey[] = "package", PresetKey[] = "preset",
+constexpr char FormatKey[] = "format", VersionKey[] = "version", LayersKey[] = "layers",
+               CommittedKey[] = "committed", PanelsKey[] = "panels", ModuleKey[] = "module",
+               OnKey[] = "on", OpenKey[] = "open", PackageKey[] = "package", PresetKey[] = "preset",
                BlendKey[] = "blend", NameKey[] = "name", IntensityKey[] = "intensity";
+/// The first version with layers of any kind; earlier ones have committed packages alone.
+constexpr int VersionOfLayers = 2;
 
 [[noreturn]] void Refuse(const std::string& place, const std::string& expected)
 {
@@ -26,18 +33,25 @@ constexpr char FormatKey[] = "format", VersionKey[] = "version", CommittedKey[] 
                             "editor/EditStateFormat", __LINE__);
 }
 
-void WritePackages(const std::vector<EffectsSettings>& packages, ISerializer& root)
+void WriteEffects(const EffectsSettings& package, ISerializer& node)
 {
-    const auto list = root.CreateCollection(CommittedKey);
-    for (const EffectsSettings& package : packages) {
-        const auto node = list->AddElement();
-        node->Set(PackageKey, package.Package().GetPackageName());
-        node->Set(PresetKey, package.Package().GetPresetName());
-        node->Set(BlendKey, package.GetBlendAmount());
-        const auto effects = node->CreateCollection(IEffectSettings::EFFECTS);
-        for (const auto& effect : package.Effects())
-            effects->AddElement()->WriteObject(IEffectSettings::EFFECT, *effect);
-    }
+    const auto effects = node.CreateCollection(IEffectSettings::EFFECTS);
+    for (const auto& effect : package.EffectsConst())
+        effects->AddElement()->WriteObject(IEffectSettings::EFFECT, *effect);
+}
+
+void WriteLayer(const EditLayer& layer, ISerializer& node)
+{
+    const EffectsSettings& package = *layer.settings;
+    node.Set(ModuleKey, layer.module.toStdString());
+    node.Set(OnKey, layer.isOn);
+    node.Set(OpenKey, layer.isOpen);
+    node.Set(PackageKey, package.Package().GetPackageName());
+    node.Set(PresetKey, package.Package().GetPresetName());
+    node.Set(BlendKey, package.GetBlendAmount());
+    WriteEffects(package, node);
+    node.Set(NameKey, layer.record.preset);
+    node.Set(IntensityKey, layer.record.intensity);
 }
 
 EffectsSettings ReadPackage(const ISerializer& node)
@@ -62,16 +76,46 @@ EffectsSettings ReadPackage(const ISerializer& node)
     return package;
 }
 
-/// The packages' list is there already.
-void WriteRecords(const std::vector<LumetraHost::EditRecord>& records, JsonObject& root)
+EditLayer ReadLayer(const ISerializer& node, int version)
 {
-    const auto* const list = root.Find(CommittedKey)->As<JsonValue::Array>();
-    for (std::size_t i = 0; i < records.size() && i < (*list)->elements.size(); ++i) {
-        const auto* const node = (*list)->elements[i].As<JsonValue::Object>();
-        (*node)->Set(NameKey, JsonValue(records[i].preset));
-        const int intensity = records[i].intensity;
-        (*node)->Set(IntensityKey, JsonValue(LumetraHost::JsonNumber{static_cast<double>(intensity),
-                                                                     std::to_string(intensity)}));
+    EditLayer layer;
+    if (version >= VersionOfLayers) {
+        layer.module = QString::fromStdString(node.Get(ModuleKey, ""));
+        layer.isOn = node.Get(OnKey, true);
+        layer.isOpen = node.Get(OpenKey, false);
+    }
+    layer.settings = std::make_shared<const EffectsSettings>(ReadPackage(node));
+    const auto plain = EditState().MakeRecord(layer.module, *layer.settings);
+    layer.record = {node.Get(NameKey, plain.preset), node.Get(IntensityKey, plain.intensity)};
+    return layer;
+}
+
+/// Refuses a layer that cannot lie on the open ones of these packages: no committed layer lies on
+/// an open one, and no two open layers have the same package.
+void CheckPlace(const EditLayer& layer, const std::set<std::string>& openBelow,
+                const ISerializer& node)
+{
+    const std::string& name = layer.settings->Package().GetPackageName();
+    if (!layer.isOpen && !openBelow.empty())
+        Refuse(node.GetPath() + "/" + OpenKey,
+               "true, since the layer lies on an open one, found false");
+    if (layer.isOpen && openBelow.count(name) > 0)
+        Refuse(node.GetPath() + "/" + PackageKey,
+               "another package than those of the open layers below, found \"" + name + "\"");
+}
+
+void ReadLayers(const ISerializer& root, std::vector<EditLayer>& layers)
+{
+    const int version = root.Get(VersionKey, 0);
+    const auto list = root.GetCollection(EditStateFormat::GetLayersKey(version));
+    std::set<std::string> open;
+    for (std::size_t i = 0; list && i < list->GetCount(); ++i) {
+        const auto node = list->GetElement(i);
+        EditLayer layer = ReadLayer(*node, version);
+        CheckPlace(layer, open, *node);
+        if (layer.isOpen)
+            open.insert(layer.settings->Package().GetPackageName());
+        layers.push_back(std::move(layer));
     }
 }
 
@@ -121,8 +165,9 @@ JsonDocument EditStateFormat::ToDocument(const EditState& state)
     const auto root = document.GetRoot();
     root->Set(FormatKey, FormatName);
     root->Set(VersionKey, Version);
-    WritePackages(state.committed, *root);
-    WriteRecords(state.records, *document.GetObject());
+    const auto layers = root->CreateCollection(LayersKey);
+    for (const EditLayer& layer : state.layers)
+        WriteLayer(layer, *layers->AddElement());
     WritePanels(state.panels, *document.GetObject());
     return document;
 }
@@ -132,22 +177,20 @@ EditState EditStateFormat::FromDocument(const JsonDocument& document)
     const auto root = document.GetRoot();
     CheckHeader(*root);
     EditState state;
-    const auto list = root->GetCollection(CommittedKey);
-    for (std::size_t i = 0; list && i < list->GetCount(); ++i) {
-        const auto node = list->GetElement(i);
-        state.committed.push_back(ReadPackage(*node));
-        const auto plain = state.MakeRecord(state.committed.back());
-        state.records.push_back(
-            {node->Get(NameKey, plain.preset), node->Get(IntensityKey, plain.intensity)});
-    }
+    ReadLayers(*root, state.layers);
     ReadPanels(document, state);
     return state;
 }
 
-QByteArray EditStateFormat::PackagesText(const std::vector<EffectsSettings>& packages)
+const char* EditStateFormat::GetLayersKey(int version)
 {
-    const JsonDocument document("packages");
-    WritePackages(packages, *document.GetRoot());
+    return version < VersionOfLayers ? CommittedKey : LayersKey;
+}
+
+QByteArray EditStateFormat::EffectsText(const EffectsSettings& package)
+{
+    const JsonDocument document("package");
+    WriteEffects(package, *document.GetRoot());
     return document.ToText();
 }
 

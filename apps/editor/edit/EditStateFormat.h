@@ -10,23 +10,32 @@
 namespace LumetraEditor {
 
 /// The stored form of an edit:
-/// { "format": "lumetra-sidecar", "version": 1,
-///   "committed": [ { "package": "…", "preset": "…", "blend": 1, "effects": [ { "effect": {…} } ] }
-///   ], "panels": { "MODULE": {…} } }
-/// "blend" is the blend amount, 1 (full effect) to 255; "name" and "intensity" are for the reader.
+/// { "format": "lumetra-sidecar", "version": 2,
+///   "layers": [ { "module": "MODULE", "on": true, "open": false, "package": "…", "preset": "…",
+///                 "blend": 1, "effects": [ { "effect": {…} } ], "name": "…", "intensity": 100 } ],
+///   "panels": { "MODULE": {…} } }
+/// Layers stand bottom first, open ones above the committed. "blend" is the blend amount, 1 (full
+/// effect) to 255; "name" and "intensity" are for the reader.
+///
+/// Version 1 had "committed" in place of "layers": the committed layers alone, without "module",
+/// "on" and "open".
 class EditStateFormat
 {
 public:
     static constexpr char FormatName[] = "lumetra-sidecar";
-    static constexpr int Version = 1;
+    static constexpr int Version = 2;
 
     static LumetraHost::JsonDocument ToDocument(const EditState& state);
-    /// Zorvik::Exception, with file and place, for anything that ToDocument() would not have
-    /// written; members that it does not know are passed over.
+    /// Reads this version and all earlier ones. Zorvik::Exception, with file and place, for
+    /// anything that ToDocument() would not have written; members that it does not know are passed
+    /// over.
     static EditState FromDocument(const LumetraHost::JsonDocument& document);
 
-    /// The packages alone, for comparing.
-    static QByteArray PackagesText(const std::vector<Zorvik::Quindle::EffectsSettings>& packages);
+    /// The key of the list of layers in a file of that version.
+    static const char* GetLayersKey(int version);
+
+    /// The effects of a package alone, for comparing.
+    static QByteArray EffectsText(const Zorvik::Quindle::EffectsSettings& package);
 };
 
 } // namespace LumetraEditor

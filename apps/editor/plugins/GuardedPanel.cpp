@@ -4,11 +4,13 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <utility>
 
 namespace LumetraEditor {
 
-GuardedPanel::GuardedPanel(const LoadedPlugin& plugin, IEditor& editor)
-    : m_plugin(plugin), m_editor(editor)
+GuardedPanel::GuardedPanel(const LoadedPlugin& plugin, IEditor& editor,
+                           std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> workspace)
+    : m_plugin(plugin), m_editor(editor), m_workspace(std::move(workspace))
 {
 }
 
@@ -88,6 +90,24 @@ bool GuardedPanel::MayEnd()
     return !m_isUsable || mayEnd;
 }
 
+void GuardedPanel::PackagesCommitted()
+{
+    GuardPanel([](IEditorPanel& panel) { panel.PackagesCommitted(); });
+}
+
+std::optional<QString> GuardedPanel::KeepLook(const NewLook& look)
+{
+    std::optional<QString> problem;
+    const bool wasUsable = m_isUsable;
+    GuardPanel([&](IEditorPanel& panel) {
+        if (ILookKeeper* const keeper = panel.GetLookKeeper())
+            problem = keeper->KeepLook(look);
+    });
+    if (wasUsable && !m_isUsable)
+        return tr("The panel “%1” has failed.").arg(GetTitle());
+    return problem;
+}
+
 // The end of a panel
 
 bool GuardedPanel::Owns(const QObject* object) const
@@ -121,11 +141,6 @@ void GuardedPanel::PutOutOfUse(const QString& reason)
 }
 
 // Requests of the module to the editor
-
-std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> GuardedPanel::GetWorkspace()
-{
-    return m_editor.GetWorkspace();
-}
 
 void GuardedPanel::ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings)
 {
@@ -167,6 +182,11 @@ void GuardedPanel::PushUndo(QUndoCommand* command)
                    commands.end());
     commands.push_back(shared);
     m_editor.PushUndo(new GuardedCommand(*this, shared, command->text()));
+}
+
+QString GuardedPanel::StoreLook(const NewLook& look)
+{
+    return m_isUsable ? m_editor.StoreLook(look) : tr("The panel “%1” has failed.").arg(GetTitle());
 }
 
 void GuardedPanel::ShowMessage(const QString& text)

@@ -24,8 +24,10 @@ class GuardedPanel : public QObject, private IEditor
     Q_OBJECT
 
 public:
-    /// `editor` is kept by reference and outlives the panel.
-    GuardedPanel(const LoadedPlugin& plugin, IEditor& editor);
+    /// `editor` is kept by reference and outlives the panel. `workspace` is the one that the module
+    /// gets.
+    GuardedPanel(const LoadedPlugin& plugin, IEditor& editor,
+                 std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> workspace);
     ~GuardedPanel() override;
 
     /// Makes the panel. Where that fails the panel is out of use from the beginning.
@@ -49,6 +51,10 @@ public:
     bool HasUnsavedChanges();
     /// True when the panel is out of use, or is now.
     bool MayEnd();
+    void PackagesCommitted();
+    /// Gives the look to the panel: why it is not kept, or empty. Nothing when the panel keeps no
+    /// looks.
+    std::optional<QString> KeepLook(const NewLook& look);
 
     /// Runs a call into the module, unless it is out of use.
     template <class Call>
@@ -68,7 +74,10 @@ signals:
     void noticeGiven(const QString& message);
 
 private:
-    std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> GetWorkspace() override;
+    std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> GetWorkspace() override
+    {
+        return m_workspace;
+    }
     QString GetPhotoPath() const override { return m_editor.GetPhotoPath(); }
     void ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings) override;
     Zorvik::Proc::Frame RequestPreview(const QString& key, const Zorvik::Proc::FrameTarget& target,
@@ -78,6 +87,8 @@ private:
     void NoteEdit(const QString& text) override;
     void PushUndo(QUndoCommand* command) override;
     void ShowMessage(const QString& text) override;
+    std::vector<EditorLayer> GetLayers() const override { return m_editor.GetLayers(); }
+    QString StoreLook(const NewLook& look) override;
 
     /// Runs a request to the editor; does nothing while the panel is only being made.
     template <class Call>
@@ -87,6 +98,7 @@ private:
 
     LoadedPlugin m_plugin;
     IEditor& m_editor;
+    std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> m_workspace;
     QString m_title;
     PanelParts m_parts;
     QPointer<RetiredPanel> m_retired;

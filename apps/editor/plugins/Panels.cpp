@@ -5,9 +5,10 @@
 
 namespace LumetraEditor {
 
-GuardedPanel& Panels::Add(const LoadedPlugin& plugin, IEditor& editor)
+GuardedPanel& Panels::Add(const LoadedPlugin& plugin, IEditor& editor,
+                          const std::shared_ptr<Zorvik::Lumetra::IWorkspaceController>& workspace)
 {
-    m_panels.push_back(std::make_unique<GuardedPanel>(plugin, editor));
+    m_panels.push_back(std::make_unique<GuardedPanel>(plugin, editor, workspace));
     return *m_panels.back();
 }
 
@@ -43,6 +44,33 @@ void Panels::Forget(EditState& state) const
     for (const auto& panel : m_panels)
         if (panel->IsUsable())
             state.panels.erase(panel->GetId());
+    const auto isForgotten = [this](const EditLayer& layer) {
+        return layer.isOpen && (layer.module.isEmpty() || IsInUse(layer.module));
+    };
+    state.layers.erase(std::remove_if(state.layers.begin(), state.layers.end(), isForgotten),
+                       state.layers.end());
+}
+
+bool Panels::IsInUse(const QString& module) const
+{
+    return std::any_of(m_panels.begin(), m_panels.end(), [&module](const auto& panel) {
+        return panel->GetId() == module && panel->IsUsable();
+    });
+}
+
+void Panels::PackagesCommitted(const QString& module, const std::set<std::string>& owners)
+{
+    for (const auto& panel : m_panels)
+        if (panel->GetId() != module && owners.count(panel->GetId().toStdString()) > 0)
+            panel->PackagesCommitted();
+}
+
+QString Panels::StoreLook(const NewLook& look)
+{
+    for (const auto& panel : m_panels)
+        if (const auto problem = panel->KeepLook(look))
+            return *problem;
+    return tr("There is no panel that keeps looks.");
 }
 
 bool Panels::HasUnsavedChanges() const

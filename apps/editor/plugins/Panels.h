@@ -4,7 +4,11 @@
 #include "edit/EditState.h"
 #include "plugins/GuardedPanel.h"
 
+#include <QCoreApplication>
+
 #include <memory>
+#include <set>
+#include <string>
 #include <vector>
 
 namespace LumetraEditor {
@@ -13,9 +17,13 @@ namespace LumetraEditor {
 /// others.
 class Panels
 {
+    Q_DECLARE_TR_FUNCTIONS(LumetraEditor::Panels)
+
 public:
-    /// Adds a panel. Its Create() is called later, when its listeners are connected.
-    GuardedPanel& Add(const LoadedPlugin& plugin, IEditor& editor);
+    /// Adds a panel that draws on the workspace. Its Create() is called later, when its listeners
+    /// are connected. `workspace` is the one that the module gets.
+    GuardedPanel& Add(const LoadedPlugin& plugin, IEditor& editor,
+                      const std::shared_ptr<Zorvik::Lumetra::IWorkspaceController>& workspace);
     void Clear() { m_panels.clear(); }
 
     void PhotoChanged();
@@ -23,8 +31,15 @@ public:
     /// Replaces the parts of the panels in use; all others stay as they are.
     void Save(EditState& state) const;
     void Restore(const EditState& state);
-    /// Removes the parts of the panels in use.
+    /// Removes the parts of the panels in use, their open layers, and those that are nobody's.
     void Forget(EditState& state) const;
+    /// True when the module has a panel that has not failed.
+    bool IsInUse(const QString& module) const;
+    /// Tells the modules among `owners`, but for `module`, that `module` has committed their open
+    /// packages.
+    void PackagesCommitted(const QString& module, const std::set<std::string>& owners);
+    /// Gives the look to the first panel that keeps looks; returns why it is not kept, or empty.
+    QString StoreLook(const NewLook& look);
     bool HasUnsavedChanges() const;
     /// Asks the panels in turn, up to the first one that objects.
     bool MayEnd() const;

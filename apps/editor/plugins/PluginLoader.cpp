@@ -47,6 +47,7 @@ QStringList GetPluginFolders()
 {
     QStringList candidates = qEnvironmentVariable("LUMETRA_PLUGIN_PATH")
                                  .split(QDir::listSeparator(), Qt::SkipEmptyParts);
+    candidates.append(QDir::home().absoluteFilePath(QStringLiteral(".local/lib/lumetra/plugins")));
     const QDir program(QCoreApplication::applicationDirPath());
     for (const char* relative : {LUMETRA_INSTALLED_PLUGINS, LUMETRA_BUILT_PLUGINS})
         candidates.append(program.absoluteFilePath(QLatin1String(relative)));
@@ -94,7 +95,7 @@ void PluginLoader::LoadModule(const QString& path)
     }
     try {
         if (auto* const root = qobject_cast<IEditorPlugin*>(loader.instance()))
-            m_plugins.push_back({id, root});
+            m_plugins.push_back({id, path, root});
         else
             report(tr("it cannot be loaded: %1")
                        .arg(loader.isLoaded() ? tr("its root object is of another kind")

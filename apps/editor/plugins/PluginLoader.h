@@ -11,14 +11,16 @@ namespace LumetraEditor {
 class IEditorPlugin;
 
 /// The editor's folders of modules, in order: those that the environment variable
-/// LUMETRA_PLUGIN_PATH names, separated as in PATH, then the editor's own, which lies beside the
-/// libraries that the editor was installed or built with. Missing folders are left out.
+/// LUMETRA_PLUGIN_PATH names, separated as in PATH, then the user's,
+/// "~/.local/lib/lumetra/plugins", then the editor's own, which lies beside the libraries that the
+/// editor was installed or built with. Missing folders are left out.
 QStringList GetPluginFolders();
 
 /// A module that the editor could load.
 struct LoadedPlugin
 {
-    QString id;                    ///< the module's file name without "lib" and its extension
+    QString id; ///< the module's file name without "lib" and its extension
+    QString path;
     IEditorPlugin* root = nullptr; ///< lives until the program ends
 };
 

@@ -4,19 +4,21 @@
 #include "drawer/previews/AsyncPreviews.h"
 #include "engine/effects/EffectKinds.h"
 #include "plugins/GuardedApplication.h"
+#include "plugins/ModuleWorkspace.h"
 #include "session/CommandStep.h"
+#include "session/DrawnLayers.h"
 #include "workspace/WorkspaceController.h"
 
 #include "Zorvik/Lumetra/IObjectsConnectorID.h"
-#include "Zorvik/Proc/SettingsEffectEmpty.h"
-#include "Zorvik/Quindle/EffectSettingsImpl.h"
 #include "Zorvik/Util/ObjectsConnector.h"
 
 #include <QFileInfo>
 #include <QScopedValueRollback>
 #include <QUndoCommand>
 
+#include <algorithm>
 #include <functional>
+#include <set>
 #include <utility>
 
 namespace LumetraEditor {
@@ -199,16 +201,29 @@ void Editor::SetDisplay(const std::shared_ptr<const LumetraHost::DisplayTransfor
 
 // Panels
 
+std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> Editor::MakeWorkspace(const QString& module)
+{
+    return std::make_shared<ModuleWorkspace>(
+        m_workspace, module.toStdString(),
+        [this](const std::string& committer, const std::set<std::string>& owners) {
+            // The step is that of the module that has committed.
+            const QScopedValueRollback<bool> restoring(m_isRestoring, true);
+            m_panels.PackagesCommitted(QString::fromStdString(committer), owners);
+        });
+}
+
 GuardedPanel* Editor::AddPanel(const LoadedPlugin& plugin)
 {
-    GuardedPanel& panel = m_panels.Add(plugin, *this);
+    GuardedPanel& panel = m_panels.Add(plugin, *this, MakeWorkspace(plugin.id));
     connect(&panel, &GuardedPanel::failed, this, &Editor::ShowNotice);
     connect(&panel, &GuardedPanel::noticeGiven, this, &Editor::ShowNotice);
     panel.Create();
     // A panel that is added after the photo was opened finds its part of the edit.
     if (const auto part = m_state.panels.find(plugin.id); part != m_state.panels.end()) {
         const QScopedValueRollback<bool> restoring(m_isRestoring, true);
+        DrawnLayers::RemoveOpen(m_workspace->GetDrawer(), plugin.id);
         panel.RestoreEdit(part->second);
+        RestoreOpenLayers();
     }
     m_state = CaptureEdit();
     return panel.IsUsable() ? &panel : nullptr;
@@ -264,42 +279,71 @@ void Editor::SaveEdit()
 
 std::vector<EffectsSettings> Editor::GetPackages() const
 {
-    const auto& drawer = m_workspace->GetDrawer();
-    std::vector<EffectsSettings> packages = drawer.GetCommittedPackages();
-    for (EffectsSettings& package : drawer.GetOpenPackages())
-        packages.push_back(std::move(package));
+    std::vector<EffectsSettings> packages;
+    for (const LumetraHost::StackedPackage& package : m_workspace->GetDrawer().GetStack())
+        if (package.isOn)
+            packages.push_back(*package.settings);
     return packages;
+}
+
+void Editor::SetLayerOn(std::size_t position, bool isOn)
+{
+    auto& drawer = m_workspace->GetDrawer();
+    if (position >= drawer.GetStack().size())
+        return;
+    drawer.SetOn(position, isOn);
+    NoteEdit(isOn ? tr("Show layer") : tr("Hide layer"));
+}
+
+/// Puts a layer of a new state into words. Those of layers that cannot have changed since the last
+/// step stay; a layer that has been committed since was open then.
+LumetraHost::EditRecord Editor::MakeRecord(const EditState& state, std::size_t position) const
+{
+    const EditLayer& layer = state.layers[position];
+    if (!layer.isOpen && position < m_state.CountCommitted())
+        return m_state.layers[position].record;
+    if (!m_panels.IsInUse(layer.module))
+        for (const EditLayer& earlier : m_state.layers)
+            if (earlier.isOpen && IsSamePackage(*earlier.settings, *layer.settings))
+                return earlier.record;
+    return (layer.isOpen ? state : m_state).MakeRecord(layer.module, *layer.settings);
 }
 
 EditState Editor::CaptureEdit() const
 {
     EditState state;
-    state.committed = m_workspace->GetDrawer().GetCommittedPackages();
-    // A package that has been committed since the last step was the panel's open one then.
-    for (std::size_t i = 0; i < state.committed.size(); ++i)
-        state.records.push_back(i < m_state.records.size()
-                                    ? m_state.records[i]
-                                    : m_state.MakeRecord(state.committed[i]));
     state.panels = m_state.panels; // keeps parts of modules that are missing or out of use
     m_panels.Save(state);
+    AddLayers(state);
+    ForgetCommittedParts(state);
     return state;
 }
 
-void Editor::RestorePackages(const std::vector<EffectsSettings>& committed)
+void Editor::AddLayers(EditState& state) const
 {
-    auto& drawer = m_workspace->GetDrawer();
-    if (HaveSamePackages(committed, drawer.GetCommittedPackages())) {
-        for (const EffectsSettings& package : drawer.GetOpenPackages())
-            drawer.ResetPackage(package.Package().GetIndex());
-        return;
-    }
-    const auto empty =
-        Zorvik::Quindle::EffectSettingsImpl::Create(Zorvik::Proc::SettingsEffectEmpty());
-    drawer.SetPhoto(m_photo.image);
-    for (const EffectsSettings& package : committed) {
-        drawer.ApplyEffect(package, {});
-        drawer.ApplyEffect(Zorvik::Quindle::ConstEffectPtr(empty), {});
-    }
+    state.layers = DrawnLayers::Read(m_workspace->GetDrawer());
+    for (std::size_t i = 0; i < state.layers.size(); ++i)
+        state.layers[i].record = MakeRecord(state, i);
+}
+
+/// Removes the parts of modules that are not in use and whose open layers have all become part of
+/// the photo since the last step: such a module would draw them once more when it comes back.
+void Editor::ForgetCommittedParts(EditState& state) const
+{
+    const auto hasOpenLayer = [&state](const QString& module) {
+        return std::any_of(
+            state.layers.begin(), state.layers.end(),
+            [&module](const EditLayer& layer) { return layer.isOpen && layer.module == module; });
+    };
+    for (const EditLayer& earlier : m_state.layers)
+        if (earlier.isOpen && !m_panels.IsInUse(earlier.module) && !hasOpenLayer(earlier.module))
+            state.panels.erase(earlier.module);
+}
+
+void Editor::RestoreOpenLayers()
+{
+    DrawnLayers::RestoreOpen(m_workspace->GetDrawer(), m_state.layers,
+                             [this](const QString& module) { return m_panels.IsInUse(module); });
 }
 
 void Editor::RestoreEdit(const EditState& state)
@@ -307,8 +351,9 @@ void Editor::RestoreEdit(const EditState& state)
     const QScopedValueRollback<bool> restoring(m_isRestoring, true);
     ShowOnPhoto(nullptr);
     m_state = state;
-    RestorePackages(state.committed);
+    DrawnLayers::RestoreCommitted(m_workspace->GetDrawer(), state.layers);
     m_panels.Restore(state);
+    RestoreOpenLayers();
 }
 
 void Editor::RestoreStep(const EditState& state)
@@ -348,17 +393,27 @@ EditState Editor::RunCommand(const std::function<void()>& command)
 
 std::vector<LumetraHost::EditRecord> Editor::GetRecords() const
 {
-    EditState state = CaptureEdit();
-    for (const EffectsSettings& package : m_workspace->GetDrawer().GetOpenPackages())
-        state.records.push_back(state.MakeRecord(package));
     std::vector<LumetraHost::EditRecord> records;
-    for (const LumetraHost::EditRecord& record : state.records)
-        if (!record.preset.empty())
-            records.push_back(record);
+    for (const EditLayer& layer : CaptureLayers())
+        if (layer.isOn && !layer.record.preset.empty())
+            records.push_back(layer.record);
     return records;
 }
 
 // Services for panels
+
+/// Asks no panel for its part, since panels ask for layers while they are asked themselves.
+std::vector<EditorLayer> Editor::GetLayers() const
+{
+    EditState state;
+    state.panels = m_state.panels;
+    AddLayers(state);
+    std::vector<EditorLayer> layers;
+    for (const EditLayer& layer : state.layers)
+        layers.push_back({layer.module, QString::fromStdString(layer.record.preset),
+                          layer.record.intensity, layer.isOn, layer.isOpen, *layer.settings});
+    return layers;
+}
 
 std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> Editor::GetWorkspace()
 {

@@ -87,7 +87,13 @@ public:
     void DiscardUnsavedChanges();
     /// Returns when the edit as it is at this moment is on the disk.
     void SaveEdit();
-    /// All packages on the photo, bottom first.
+    /// The layers of the edit, bottom first.
+    std::vector<EditLayer> CaptureLayers() const { return CaptureEdit().layers; }
+    /// Sets a layer of CaptureLayers() on or off, as a step. A layer that is off is neither shown
+    /// nor exported; an open one is on again when its module next draws it. Does nothing for a
+    /// position without a layer.
+    void SetLayerOn(std::size_t position, bool isOn);
+    /// The packages of all layers that are on, bottom first.
     std::vector<Zorvik::Quindle::EffectsSettings> GetPackages() const;
     /// Records of those packages that are presets.
     std::vector<LumetraHost::EditRecord> GetRecords() const;
@@ -102,6 +108,8 @@ public:
     void NoteEdit(const QString& text) override;
     void PushUndo(QUndoCommand* command) override;
     void ShowMessage(const QString& text) override { emit messageGiven(text); }
+    std::vector<EditorLayer> GetLayers() const override;
+    QString StoreLook(const NewLook& look) override { return m_panels.StoreLook(look); }
     /// Shows a message about the program, not a photo: it stays when another photo comes.
     void ShowNotice(const QString& text) { emit noticeGiven(text); }
 
@@ -131,14 +139,21 @@ private:
     void SettleEditOfOtherPhoto();
     /// The edit as it is at this moment.
     EditState CaptureEdit() const;
+    /// Adds the drawer's layers to a state that has its panels' parts.
+    void AddLayers(EditState& state) const;
+    void ForgetCommittedParts(EditState& state) const;
+    LumetraHost::EditRecord MakeRecord(const EditState& state, std::size_t position) const;
     void RestoreEdit(const EditState& state);
     void RestoreStep(const EditState& state);
+    /// Makes the workspace of a module, whose commits the other modules hear of.
+    std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> MakeWorkspace(const QString& module);
     EditState RunCommand(const std::function<void()>& command);
     /// Handles an exception of an event handler, that of a panel's object or any other.
     void TakeFailure(QObject* receiver, const QString& reason);
     void LockDrawer(bool isLocked);
     void KeepEdit();
-    void RestorePackages(const std::vector<Zorvik::Quindle::EffectsSettings>& committed);
+    /// Follows the restoring of panels, see DrawnLayers.
+    void RestoreOpenLayers();
 
     std::shared_ptr<LumetraHost::WorkspaceController> m_workspace;
     std::unique_ptr<LumetraHost::AsyncPreviews> m_previews; ///< ends before the workspace

@@ -32,6 +32,14 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <source>Something has gone wrong: %1</source>
         <translation>Etwas ist schiefgegangen: %1</translation>
     </message>
+    <message>
+        <source>Show layer</source>
+        <translation>Ebene einblenden</translation>
+    </message>
+    <message>
+        <source>Hide layer</source>
+        <translation>Ebene ausblenden</translation>
+    </message>
 </context>
 <context>
     <name>LumetraEditor::EditorActions</name>
@@ -453,6 +461,10 @@ Its part of the edit is kept as it was.</source>
         <translation>Das Bedienfeld „%1“ ist ausgefallen und bis zum nächsten Start außer Betrieb: %2
 Sein Teil der Bearbeitung bleibt erhalten, wie er war.</translation>
     </message>
+    <message>
+        <source>The panel “%1” has failed.</source>
+        <translation>Das Bedienfeld „%1“ ist ausgefallen.</translation>
+    </message>
 </context>
 <context>
     <name>LumetraEditor::HistogramWidget</name>
@@ -492,6 +504,13 @@ Sein Teil der Bearbeitung bleibt erhalten, wie er war.</translation>
     <message>
         <source>Keys of the panel “%1” are taken already: %2</source>
         <translation>Tasten des Bedienfelds „%1“ sind schon vergeben: %2</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::Panels</name>
+    <message>
+        <source>There is no panel that keeps looks.</source>
+        <translation>Es gibt kein Bedienfeld, das Looks aufbewahrt.</translation>
     </message>
 </context>
 <context>

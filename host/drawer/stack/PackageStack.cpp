@@ -8,7 +8,7 @@ namespace LumetraHost {
 
 using Zorvik::Quindle::EffectsSettings;
 
-std::size_t PackageStack::Apply(const EffectsSettings& settings)
+std::size_t PackageStack::Apply(const EffectsSettings& settings, const std::string& origin)
 {
     auto applied = std::make_shared<EffectsSettings>(settings);
     auto& header = applied->Package();
@@ -16,7 +16,7 @@ std::size_t PackageStack::Apply(const EffectsSettings& settings)
     if (header.GetIndex() == NoIndex)
         header.SetIndex(replaced ? Get(*replaced).Package().GetIndex() : m_nextIndex);
     ReserveIndex(header.GetIndex());
-    const Package package{std::move(applied), ++m_applications};
+    const Package package{{std::move(applied), origin, true}, ++m_applications};
     if (replaced) {
         m_packages[*replaced] = package;
         return *replaced;
@@ -30,28 +30,54 @@ void PackageStack::Remove(std::size_t position)
     m_packages.erase(m_packages.begin() + static_cast<std::ptrdiff_t>(position));
 }
 
-std::vector<SharedSettings> PackageStack::TakeAll()
+std::vector<StackedPackage> PackageStack::TakeAll()
 {
-    std::vector<SharedSettings> taken;
+    std::vector<StackedPackage> taken;
     for (Package& package : m_packages)
-        taken.push_back(std::move(package.settings));
+        taken.push_back(std::move(package.content));
     m_packages.clear();
     return taken;
 }
 
+bool PackageStack::Arrange(const std::vector<std::string>& names)
+{
+    const auto isBelow = [&names](const Package& first, const Package& second) {
+        const auto find = [&names](const Package& package) {
+            return std::find(names.begin(), names.end(),
+                             package.content.settings->Package().GetPackageName());
+        };
+        return find(first) < find(second);
+    };
+    if (std::is_sorted(m_packages.begin(), m_packages.end(), isBelow))
+        return false;
+    std::stable_sort(m_packages.begin(), m_packages.end(), isBelow);
+    return true;
+}
+
 const EffectsSettings& PackageStack::Get(std::size_t position) const
 {
-    return *m_packages[position].settings;
+    return *m_packages[position].content.settings;
+}
+
+const StackedPackage& PackageStack::GetPackage(std::size_t position) const
+{
+    return m_packages[position].content;
 }
 
 const SharedSettings& PackageStack::GetShared(std::size_t position) const
 {
-    return m_packages[position].settings;
+    return m_packages[position].content.settings;
+}
+
+void PackageStack::SetOn(std::size_t position, bool isOn)
+{
+    m_packages[position].content.isOn = isOn;
 }
 
 void PackageStack::SetShared(std::size_t position, const SharedSettings& settings)
 {
-    m_packages[position].settings = settings;
+    m_packages[position].content.settings = settings;
+    m_packages[position].content.isOn = true;
 }
 
 std::optional<std::size_t> PackageStack::FindIndex(unsigned index) const

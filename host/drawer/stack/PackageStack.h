@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "drawer/stack/PictureRecipe.h"
+#include "drawer/stack/StackedPackage.h"
 
 #include "Zorvik/Quindle/EffectsSettings.h"
 
@@ -23,17 +23,25 @@ public:
 
     /// Replaces the package with the settings' index. Without one, replaces the topmost package of
     /// the same name, which takes this index; settings without an index leave it its own. Without
-    /// either, puts a package on top under this index, or the next free one. Returns its position.
-    std::size_t Apply(const Zorvik::Quindle::EffectsSettings& settings);
+    /// either, puts a package on top under this index, or the next free one. The package is on,
+    /// even where it replaces one that was off. Returns its position.
+    std::size_t Apply(const Zorvik::Quindle::EffectsSettings& settings,
+                      const std::string& origin = {});
     void Remove(std::size_t position);
     /// Empties the stack and returns what it held.
-    std::vector<SharedSettings> TakeAll();
+    std::vector<StackedPackage> TakeAll();
+    /// Puts the packages of these names into this order, below all others, which keep theirs.
+    /// Returns false when they were in it already.
+    bool Arrange(const std::vector<std::string>& names);
 
     std::size_t GetCount() const { return m_packages.size(); }
     const Zorvik::Quindle::EffectsSettings& Get(std::size_t position) const;
+    const StackedPackage& GetPackage(std::size_t position) const;
     /// Settings that never change: a change of the package puts other settings in their place.
     const SharedSettings& GetShared(std::size_t position) const;
-    /// Replaces the settings; the new ones have the package's own name and index.
+    void SetOn(std::size_t position, bool isOn);
+    /// Replaces the settings and sets the package on; the new ones have the package's own name and
+    /// index.
     void SetShared(std::size_t position, const SharedSettings& settings);
 
     std::optional<std::size_t> FindIndex(unsigned index) const;
@@ -46,7 +54,7 @@ public:
 private:
     struct Package
     {
-        SharedSettings settings;
+        StackedPackage content;
         std::size_t appliedAs; ///< the number of the application
     };
 

@@ -1,12 +1,15 @@
-// SPDX-License-Identifier: GPL-2.0-or-later
+// SPDX-License-Identifier: MIT
 #pragma once
 
+#include "LumetraEditor/EditorLayer.h"
+#include "LumetraEditor/ILookKeeper.h"
 #include "Zorvik/Proc/Frame.h"
 #include "Zorvik/Quindle/EffectsSettings.h"
 
 #include <QString>
 
 #include <memory>
+#include <vector>
 
 class QUndoCommand;
 
@@ -57,6 +60,14 @@ public:
     virtual void PushUndo(QUndoCommand* command) = 0;
     /// Shows a message to the user, in the user's language, without waiting for an answer.
     virtual void ShowMessage(const QString& text) = 0;
+
+    /// Returns the layers of the edit as they are now, bottom first, committed ones below open
+    /// ones. Names and intensities of open ones are those of the last step.
+    virtual std::vector<EditorLayer> GetLayers() const = 0;
+    /// Has the look kept among the user's, by the first panel that keeps looks. Returns a sentence
+    /// in the user's language that says why that has failed; empty when the look is kept and saved.
+    /// It fails where no panel keeps looks. No part of the edit changes.
+    virtual QString StoreLook(const NewLook& look) = 0;
 
 protected:
     ~IEditor() = default;

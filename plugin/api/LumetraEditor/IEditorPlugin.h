@@ -1,4 +1,4 @@
-// SPDX-License-Identifier: GPL-2.0-or-later
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "Zorvik/Core/Property.h"
@@ -13,6 +13,7 @@ class QWidget;
 namespace LumetraEditor {
 
 class IEditor;
+class ILookKeeper;
 
 /// A panel stands beside the photo. A module implements it. The editor owns it, deletes it before
 /// its widget, and calls it on the GUI thread only. An exception out of any operation, whatever its
@@ -52,9 +53,10 @@ public:
     /// what an exported photo tells of it.
     virtual Zorvik::Core::Property::Ptr SaveEdit() const = 0;
     /// Makes the edit what it was when SaveEdit() returned `edit`; the drawer has no open packages
-    /// then. The tree is a copy for the panel, which may keep and change it; it is never null, and
-    /// the first node has no name. A node without entries means that nothing is applied. Unknown
-    /// and wrong entries are left out and reported by IEditor::ShowMessage().
+    /// of the panel then, and the editor puts those of all panels into their order afterwards. The
+    /// tree is a copy for the panel, which may keep and change it; it is never null, and the first
+    /// node has no name. A node without entries means that nothing is applied. Unknown and wrong
+    /// entries are left out and reported by IEditor::ShowMessage().
     virtual void RestoreEdit(const Zorvik::Core::Property::Ptr& edit) = 0;
     /// True when the user has changed something and neither committed nor saved it. The editor asks
     /// the user about such changes when its window is closed.
@@ -63,6 +65,16 @@ public:
     /// something would be lost that is no part of the edit and could not be saved; else return true
     /// at once.
     virtual bool MayEnd() { return true; }
+
+    /// Tells that another module has committed, which takes all open packages: those of this panel
+    /// are part of the photo now and are found no more. Forget them, as after a commit of your own,
+    /// so that SaveEdit() tells nothing of them; nothing has to be drawn or noted, since the other
+    /// module notes the step. NoteEdit() does nothing during it. Is not called where the panel had
+    /// no open package.
+    virtual void PackagesCommitted() {}
+    /// Returns the panel as a keeper of the user's looks, always the same one, which lives as long
+    /// as the panel; null when it keeps none.
+    virtual ILookKeeper* GetLookKeeper() { return nullptr; }
 };
 
 /// The root object of a module implements this interface. The editor loads every module in its
@@ -84,5 +96,5 @@ public:
 
 } // namespace LumetraEditor
 
-#define LUMETRA_EDITOR_PLUGIN_IID "org.lumetra.Editor.Plugin/2.0"
+#define LUMETRA_EDITOR_PLUGIN_IID "org.lumetra.Editor.Plugin/2.1"
 Q_DECLARE_INTERFACE(LumetraEditor::IEditorPlugin, LUMETRA_EDITOR_PLUGIN_IID)

@@ -251,12 +251,28 @@ void PresetCommands::Commit()
         const QString name = NameOf(preset);
         GetModel().ApplyCurrentChanges(true);
         GetModel().setData(preset, false, PresetModel::AppliedRole);
-        emit photoChanged();
-        emit appliedChanged();
-        SendPresetChanged();
-        m_lastStep = m_edit.Save();
+        TellCommitted();
         m_editor.NoteEdit(tr("Apply “%1”").arg(name));
     });
+}
+
+/// Takes the preset for applied no longer, silently: its package is part of the photo.
+void PresetCommands::TakeForCommitted()
+{
+    Try([&] {
+        m_edit.ForgetStray();
+        if (const auto preset = GetModel().GetPreset(GetApplied()))
+            preset->SetApplied(false, false);
+        TellCommitted();
+    });
+}
+
+void PresetCommands::TellCommitted()
+{
+    emit photoChanged();
+    emit appliedChanged();
+    SendPresetChanged();
+    m_lastStep = m_edit.Save();
 }
 
 void PresetCommands::Discard()
@@ -295,43 +311,6 @@ void PresetCommands::RememberEdit()
     m_lastStep = m_edit.Save();
     emit appliedChanged();
     SendPresetChanged();
-}
-
-/// Saves; after a failure the next change tries again, and so does the end of the program.
-void PresetCommands::Save()
-{
-    const QString problem = TryToSave();
-    if (!problem.isEmpty())
-        Tell(problem);
-}
-
-/// Returns why the presets are not saved; empty when they are.
-QString PresetCommands::TryToSave()
-{
-    m_hasUnsaved = true;
-    if (!m_presets.GetStore())
-        return tr("Your presets cannot be saved: their file could not be read.");
-    try {
-        for (const std::string& report : m_presets.GetStore()->Save(GetModel()))
-            Tell(QString::fromStdString(report));
-    } catch (const Zorvik::Exception& error) {
-        return tr("Your presets could not be saved: %1").arg(QString::fromUtf8(error.what()));
-    }
-    m_hasUnsaved = false;
-    return {};
-}
-
-bool PresetCommands::SaveOrAsk()
-{
-    while (m_hasUnsaved) {
-        const QString problem = TryToSave();
-        if (problem.isEmpty())
-            break;
-        const auto answer = m_dialogs.AskAboutUnsaved(problem, m_presets.GetStore() != nullptr);
-        if (answer != PresetDialogs::Unsaved::SaveAgain)
-            return answer == PresetDialogs::Unsaved::Lose;
-    }
-    return true;
 }
 
 void PresetCommands::SetFavourite(const QModelIndex& preset, bool isFavourite)

@@ -10,7 +10,8 @@
 
 namespace LumetraEditor {
 class IEditor;
-}
+struct NewLook;
+} // namespace LumetraEditor
 
 namespace LumetraPlugin {
 
@@ -55,6 +56,8 @@ public:
     void Reset();
     /// Makes the look part of the photo, so that the next one comes on top.
     void Commit();
+    /// Does what follows a commit, after another module has committed the look.
+    void TakeForCommitted();
     /// Takes the look off and forgets all changed values.
     void Discard();
     /// Gives the editor a step with the changes since the last one, if there are any.
@@ -67,6 +70,10 @@ public:
     // Operations on presets themselves.
     void SetFavourite(const QModelIndex& preset, bool isFavourite);
     void SaveAs(const QModelIndex& preset);
+    /// Keeps a look of another module among the user's presets and saves. Returns a sentence that
+    /// says why not; a look that could not be saved on the disk alone is kept until the program
+    /// ends, as SaveOrAsk() says.
+    QString Keep(const LumetraEditor::NewLook& look);
     void Rename(const QModelIndex& preset);
     /// Removes a preset of the user's own, after asking. Undoable.
     void Remove(const QModelIndex& preset);
@@ -105,6 +112,7 @@ private:
     void ApplyOn(const QModelIndex& preset, bool isFinished);
     void TakeOff();
     void ExportLook(const QModelIndex& preset);
+    void TellCommitted();
     void Save();
     QString TryToSave();
     void Tell(const QString& text);

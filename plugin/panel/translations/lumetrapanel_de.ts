@@ -234,6 +234,25 @@
     </message>
 </context>
 <context>
+    <name>LumetraPlugin::HandedLook</name>
+    <message>
+        <source>A look cannot have this name: %1</source>
+        <translation>So kann kein Look heißen: %1</translation>
+    </message>
+    <message>
+        <source>There is a look “%1” already.</source>
+        <translation>Es gibt schon einen Look „%1“.</translation>
+    </message>
+    <message>
+        <source>The look “%1” has no effects.</source>
+        <translation>Der Look „%1“ hat keine Effekte.</translation>
+    </message>
+    <message>
+        <source>The look “%1” cannot be kept with the blend amount %2.</source>
+        <translation>Der Look „%1“ kann mit der Mischung %2 nicht aufbewahrt werden.</translation>
+    </message>
+</context>
+<context>
     <name>LumetraPlugin::PanelGuard</name>
     <message>
         <source>This did not work, and nothing says why.</source>

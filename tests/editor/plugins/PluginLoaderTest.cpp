@@ -4,6 +4,7 @@
 #include "LumetraEditor/IEditorPlugin.h"
 #include "plugins/PluginLoader.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTabWidget>
 
@@ -53,7 +54,7 @@ TEST_F(PluginLoaderTest, refusesAnotherInterfaceVersion)
 
     EXPECT_THAT(report, HasSubstr("liboutdated-module.so"));
     EXPECT_THAT(report, HasSubstr("version 1.1"));
-    EXPECT_THAT(report, HasSubstr("expected version 2.0"));
+    EXPECT_THAT(report, HasSubstr("expected version 2.1"));
 }
 
 TEST_F(PluginLoaderTest, refusesModulesOfOtherPrograms)
@@ -98,6 +99,36 @@ TEST_F(PluginLoaderTest, looksFirstWhereTheEnvironmentSays)
     ASSERT_FALSE(folders.isEmpty());
     EXPECT_EQ(folders.first(), Path("."));
     EXPECT_FALSE(folders.contains(QStringLiteral("/nowhere/at/all")));
+}
+
+TEST_F(PluginLoaderTest, looksInTheUsersFolderBeforeItsOwn)
+{
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", QFile::encodeName(Path(".")));
+    ASSERT_TRUE(QDir().mkpath(Path(".local/lib/lumetra/plugins")));
+    ASSERT_TRUE(QDir().mkpath(Path("first")));
+    qputenv("LUMETRA_PLUGIN_PATH", QFile::encodeName(Path("first")));
+
+    const QStringList folders = LumetraEditor::GetPluginFolders();
+
+    qunsetenv("LUMETRA_PLUGIN_PATH");
+    qputenv("HOME", home);
+    ASSERT_GE(folders.size(), 2);
+    EXPECT_EQ(folders[0], Path("first"));
+    EXPECT_EQ(folders[1], Path(".local/lib/lumetra/plugins"));
+}
+
+TEST_F(PluginLoaderTest, takesAModuleThatFitsInPlaceOfAnEarlierOneThatDoesNot)
+{
+    ASSERT_TRUE(QFile::copy(TestModule("outdated-module/liboutdated-module.so"),
+                            Path("libexposure-panel.so")));
+    PluginLoader loader;
+
+    loader.LoadFolders({Path("."), QStringLiteral(LUMETRA_EXAMPLE_MODULES)});
+
+    ASSERT_EQ(loader.GetPlugins().size(), 1U);
+    EXPECT_THAT(loader.GetPlugins()[0].path.toStdString(), HasSubstr(LUMETRA_EXAMPLE_MODULES));
+    EXPECT_EQ(loader.GetReports().size(), 1);
 }
 
 using PanelLoadingTest = EditorTest;

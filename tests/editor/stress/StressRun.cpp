@@ -105,7 +105,7 @@ void StressRun::Start()
     m_editor = std::make_unique<LumetraEditor::Editor>();
     m_window = std::make_unique<LumetraEditor::EditorWindow>(*m_editor);
     m_window->UseLanguage(QStringLiteral("en"));
-    m_window->AddPanel({QStringLiteral("lumetra-presets"), &m_plugin});
+    m_window->AddPanel({QStringLiteral("lumetra-presets"), QString(), &m_plugin});
     // A button that fades makes the painting depend on the time, and leaks when the program ends
     // meanwhile.
     m_window->findChild<QLineEdit*>(QStringLiteral("searchField"))->setClearButtonEnabled(false);

@@ -61,6 +61,8 @@ public:
     void NoteEdit(const QString& text) override;
     void PushUndo(QUndoCommand* command) override;
     void ShowMessage(const QString& text) override;
+    std::vector<LumetraEditor::EditorLayer> GetLayers() const override { return {}; }
+    QString StoreLook(const LumetraEditor::NewLook&) override { return {}; }
 
 private:
     struct Request

@@ -2,6 +2,9 @@
 #include "host/drawer/DrawerFixture.h"
 
 #include "Zorvik/Exception.h"
+#include "Zorvik/Proc/SettingsEffectEmpty.h"
+#include "Zorvik/Quindle/IQuindleDrawerPainter.h"
+#include "Zorvik/Quindle/SettingsPainterEffectsPackage.h"
 
 namespace LumetraHost {
 namespace {
@@ -268,6 +271,94 @@ TEST_F(Packages, areNotRenderedAgainBelowTheOneThatChanges)
     Apply(MakePackage("b", 1, Zorvik::Quindle::EffectList()));
 
     EXPECT_TRUE(Result().SharesPixelsWith(below));
+}
+
+TEST_F(Packages, thatAreOffKeepTheirPlaceAndAreNotDrawn)
+{
+    Apply(MakePackage("a", 0, 1));
+    Apply(MakePackage("b", 1, -2));
+    const Image both = DrawWhole(m_drawer);
+
+    m_drawer.SetOn(0, false);
+
+    EXPECT_EQ(m_drawer.GetPackageIndex("a"), 0u);
+    EXPECT_EQ(m_drawer.GetRecipe().layers.size(), 1u);
+    EXPECT_FALSE(HaveSamePixels(DrawWhole(m_drawer), both));
+    m_drawer.SetOn(0, true);
+    EXPECT_TRUE(HaveSamePixels(DrawWhole(m_drawer), both));
+}
+
+TEST_F(Packages, thatAreCommittedAndOffAreInNoPreview)
+{
+    Apply(MakePackage("a", 0, 1));
+    Apply(MakePackage("b", 1, -2));
+    m_drawer.SetOn(1, false);
+    ApplySingle(Zorvik::Quindle::EffectSettingsImpl::Create(Zorvik::Proc::SettingsEffectEmpty()));
+    Apply(MakePackage("c", 2, 0.5));
+
+    EXPECT_EQ(m_drawer.CountCommitted(), 2u);
+    EXPECT_EQ(m_drawer.GetRecipe().committed, 1u);
+    EXPECT_EQ(m_drawer.GetRecipe().layers.size(), 2u);
+    const int commits = m_observer.commits;
+    m_drawer.SetOn(1, true);
+    EXPECT_EQ(m_observer.commits, commits + 1);
+    EXPECT_EQ(m_drawer.GetCommittedRecipe().layers.size(), 2u);
+    m_drawer.SetOn(1, true);
+    EXPECT_EQ(m_observer.commits, commits + 1) << "nothing has changed";
+}
+
+TEST_F(Packages, areOnAgainWhenAppliedOrPainted)
+{
+    Apply(MakePackage("a", 0, 1));
+    Apply(MakePackage("b", 1, -2));
+    m_drawer.SetOn(0, false);
+    m_drawer.SetOn(1, false);
+
+    Apply(MakePackage("a", 0, 2));
+    EXPECT_EQ(m_drawer.GetRecipe().layers.size(), 1u);
+    const auto painting = Zorvik::Quindle::SettingsPainterEffectsPackageBlendSource::Create();
+    painting->SetPackageName("b");
+    auto& painter = m_drawer.GetPainter();
+    painter.StartPainting(painting);
+    painter.UpdatePainting(MakePackage("b", 1, {}, 100), 0);
+    EXPECT_EQ(m_drawer.GetRecipe().layers.size(), 2u);
+    painter.FinishPainting(0, 0, true);
+    EXPECT_EQ(m_drawer.GetRecipe().layers.size(), 1u) << "the painting was dropped";
+    painter.StartPainting(painting);
+    painter.UpdatePainting(MakePackage("b", 1, {}, 100), 0);
+    painter.FinishPainting(0, 0, false);
+
+    EXPECT_EQ(m_drawer.GetRecipe().layers.size(), 2u);
+}
+
+TEST_F(Packages, areArrangedByTheirNames)
+{
+    for (const char* const name : {"a", "b", "c", "d"})
+        Apply(MakePackage(name, None, 1));
+    const int frames = m_observer.frames;
+
+    m_drawer.ArrangeOpen({"c", "gone", "b"});
+
+    std::string order;
+    for (const auto& package : m_drawer.GetOpenPackages())
+        order += package.Package().GetPackageName();
+    EXPECT_EQ(order, "cbad");
+    EXPECT_EQ(m_observer.frames, frames + 1);
+    m_drawer.ArrangeOpen({"c", "b"});
+    EXPECT_EQ(m_observer.frames, frames + 1) << "nothing has changed";
+}
+
+TEST_F(Packages, rememberWhoHasAppliedThem)
+{
+    m_drawer.ApplyAs("one", MakePackage("a", None, 1));
+    m_drawer.ApplyAs("two", MakePackage("b", None, 1));
+    m_drawer.CommitAs("three", MakeEffect("exposure", {{"stops", 1.0}}));
+    m_drawer.ApplyAs("four", MakePackage("a", None, 1));
+
+    std::string origins;
+    for (const StackedPackage& package : m_drawer.GetStack())
+        origins += package.origin + ' ';
+    EXPECT_EQ(origins, "one two three four ");
 }
 
 } // namespace

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// This part of the commands keeps presets on the disk.
+#include "Zorvik/Exception.h"
+#include "core/PresetCollection.h"
+#include "core/userstore/UserPresetStore.h"
+#include "panel/commands/HandedLook.h"
+#include "panel/commands/PresetCommands.h"
+#include "storage/ErrorText.h"
+
+namespace LumetraPlugin {
+
+QString PresetCommands::Keep(const LumetraEditor::NewLook& look)
+{
+    try {
+        const QString fault = HandedLook::FindFault(look, GetModel().GetUserPresetNames());
+        if (!fault.isEmpty())
+            return fault;
+        const QPersistentModelIndex added =
+            GetModel().AddUserPreset(HandedLook::MakePreset(look, m_presets.GetFactory()));
+        const QString problem = TryToSave();
+        emit presetsChanged();
+        emit presetAdded(added);
+        return problem;
+    } catch (const std::exception& error) {
+        return LumetraHost::ErrorText::Show(error);
+    }
+}
+
+/// Saves; after a failure the next change tries again, and so does the end of the program.
+void PresetCommands::Save()
+{
+    const QString problem = TryToSave();
+    if (!problem.isEmpty())
+        Tell(problem);
+}
+
+/// Returns why the presets are not saved; empty when they are.
+QString PresetCommands::TryToSave()
+{
+    m_hasUnsaved = true;
+    if (!m_presets.GetStore())
+        return tr("Your presets cannot be saved: their file could not be read.");
+    try {
+        for (const std::string& report : m_presets.GetStore()->Save(GetModel()))
+            Tell(QString::fromStdString(report));
+    } catch (const Zorvik::Exception& error) {
+        return tr("Your presets could not be saved: %1").arg(QString::fromUtf8(error.what()));
+    }
+    m_hasUnsaved = false;
+    return {};
+}
+
+bool PresetCommands::SaveOrAsk()
+{
+    while (m_hasUnsaved) {
+        const QString problem = TryToSave();
+        if (problem.isEmpty())
+            break;
+        const auto answer = m_dialogs.AskAboutUnsaved(problem, m_presets.GetStore() != nullptr);
+        if (answer != PresetDialogs::Unsaved::SaveAgain)
+            return answer == PresetDialogs::Unsaved::Lose;
+    }
+    return true;
+}
+
+} // namespace LumetraPlugin

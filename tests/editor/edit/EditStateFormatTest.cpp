@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The stored form of an edit, in all its versions.
+#include "support/StoredForm.h"
+
+#include "Zorvik/Quindle/EffectSettingsImpl.h"
+#include "edit/EditStateFormat.h"
+#include "storage/JsonDocument.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdint>
+#include <functional>
+#include <limits>
+#include <memory>
+
+using namespace LumetraTest;
+using LumetraEditor::EditLayer;
+using LumetraEditor::EditState;
+using LumetraEditor::EditStateFormat;
+using LumetraEditor::PanelEdit;
+using LumetraHost::JsonDocument;
+using testing::HasSubstr;
+using testing::Not;
+
+namespace {
+
+/// A file as version 1 has written it.
+constexpr char FirstVersion[] = R"({
+    "format": "lumetra-sidecar",
+    "version": 1,
+    "committed": [
+        { "package": "lumetra.presets", "preset": "warm", "blend": 52,
+          "effects": [ { "effect": { "id": "exposure", "stops": 0.3 } } ],
+          "name": "Warm", "intensity": 80 },
+        { "package": "lumetra.presets", "preset": "cool", "blend": 1, "effects": [] }
+    ],
+    "panels": { "exposure-panel": { "tenthsOfStops": 5 } }
+})";
+
+EditState Read(const char* text)
+{
+    return EditStateFormat::FromDocument(JsonDocument::Parse(text, "test"));
+}
+
+EditLayer MakeLayer(const char* module, const Zorvik::Quindle::EffectsSettings& settings)
+{
+    EditLayer layer;
+    layer.module = QString::fromLatin1(module);
+    layer.settings = std::make_shared<const Zorvik::Quindle::EffectsSettings>(settings);
+    return layer;
+}
+
+} // namespace
+
+TEST(EditStateFormat, readsWhatItWrites)
+{
+    EditState state;
+    Zorvik::Quindle::EffectsSettings package(1);
+    package.Package().SetPackageName("looks");
+    package.Package().SetPresetName("Soft \"Skin\"");
+    package.SetBlendAmount(77);
+    const auto effect = Zorvik::Quindle::EffectSettingsImpl::Create("of-another-program");
+    package.Effects().push_back(effect);
+    state.layers.push_back(MakeLayer("looks", package));
+    state.layers.back().record = {"Soft Skin", 70};
+    state.layers.push_back(MakeLayer("adjust", Zorvik::Quindle::EffectsSettings(1)));
+    state.layers.back().isOn = false;
+    state.layers.back().isOpen = true;
+    state.panels[QStringLiteral("looks")] = PanelEdit(StoredNode{{"preset", "ä"}}.ToProperty());
+
+    const QByteArray text = EditStateFormat::ToDocument(state).ToText();
+    const EditState read = EditStateFormat::FromDocument(JsonDocument::Parse(text, "test"));
+
+    EXPECT_TRUE(read == state);
+    ASSERT_EQ(read.layers.size(), 2U);
+    EXPECT_EQ(read.layers[0].module, QStringLiteral("looks"));
+    EXPECT_EQ(read.layers[0].settings->GetBlendAmount(), 77);
+    EXPECT_EQ(read.layers[0].record.preset, "Soft Skin");
+    EXPECT_EQ(read.layers[0].record.intensity, 70);
+    EXPECT_EQ(read.layers[0].settings->Package().GetPresetName(), "Soft \"Skin\"");
+    EXPECT_TRUE(read.layers[0].isOn);
+    EXPECT_FALSE(read.layers[0].isOpen);
+    EXPECT_FALSE(read.layers[1].isOn);
+    EXPECT_TRUE(read.layers[1].isOpen);
+    EXPECT_EQ(EditStateFormat::ToDocument(read).ToText(), text);
+}
+
+TEST(EditStateFormat, keepsAModulesValuesAsTheyWereGiven)
+{
+    const auto given = StoredNode{
+        {"z", 1.0},
+        {"größe", "Maß \xF0\x9F\x93\xB7"},
+        {"a", StoredNode{{"third", 0.1 + 0.2}, {"none", StoredNode()}}},
+        {"list",
+         StoredList{StoredNode("named", {{"on", true}}), StoredNode(), StoredNode{{"on", false}}}},
+        {"empty", StoredList()},
+        {"text", ""}}.ToProperty();
+    given->Set("large", std::int64_t(9007199254740993));
+    given->Set("least", std::numeric_limits<std::int64_t>::min());
+    EditState state;
+    state.panels[QStringLiteral("m")] = PanelEdit(given);
+
+    const QByteArray text = EditStateFormat::ToDocument(state).ToText();
+    const EditState read = EditStateFormat::FromDocument(JsonDocument::Parse(text, "test"));
+    const auto restored = read.panels.at(QStringLiteral("m")).MakeProperty();
+
+    EXPECT_EQ(StoredText(*restored), StoredText(*given));
+    EXPECT_TRUE(read == state);
+}
+
+TEST(EditStateFormat, aModuleCannotChangeWhatItHasGiven)
+{
+    const auto given = StoredNode{{"a", StoredNode{{"b", 1}}}}.ToProperty();
+    const PanelEdit edit(given);
+
+    std::get<Zorvik::Core::Property::Ptr>(*given->Find("a"))->Set("b", std::int64_t(2));
+    edit.MakeProperty()->Set("a", false);
+
+    EXPECT_EQ(StoredText(*edit.MakeProperty()), "{a: {b: 1}}");
+}
+
+TEST(EditStateFormat, twoEditsDifferByOrderAndKindOfTheirValues)
+{
+    const auto make = [](const StoredNode& node) { return PanelEdit(node.ToProperty()); };
+
+    EXPECT_TRUE(make({{"a", 1}, {"b", 2}}) == make({{"a", 1}, {"b", 2}}));
+    EXPECT_FALSE(make({{"a", 1}, {"b", 2}}) == make({{"b", 2}, {"a", 1}}));
+    EXPECT_FALSE(make({{"a", 1}}) == make({{"a", 1.0}}));
+    EXPECT_FALSE(make({{"a", StoredList()}}) == make({{"a", StoredNode()}}));
+    EXPECT_FALSE(make({}) == make({{"a", false}}));
+}
+
+TEST(EditStateFormat, readsTheFirstVersion)
+{
+    const EditState read = Read(FirstVersion);
+
+    ASSERT_EQ(read.layers.size(), 2U);
+    EXPECT_EQ(read.layers[0].settings->Package().GetPackageName(), "lumetra.presets");
+    EXPECT_EQ(read.layers[0].settings->Package().GetPresetName(), "warm");
+    EXPECT_EQ(read.layers[0].settings->GetBlendAmount(), 52);
+    ASSERT_EQ(read.layers[0].settings->Effects().size(), 1U);
+    EXPECT_EQ(read.layers[0].settings->Effects()[0]->GetParameter("stops"), 0.3);
+    EXPECT_EQ(read.layers[0].record.preset, "Warm");
+    EXPECT_EQ(read.layers[0].record.intensity, 80);
+    EXPECT_EQ(read.layers[1].record.preset, "cool") << "its own name, where there is no other";
+    for (const EditLayer& layer : read.layers) {
+        EXPECT_TRUE(layer.isOn);
+        EXPECT_FALSE(layer.isOpen);
+        EXPECT_EQ(layer.module, QString());
+    }
+    EXPECT_EQ(StoredText(*read.panels.at(QStringLiteral("exposure-panel")).MakeProperty()),
+              "{tenthsOfStops: 5}");
+}
+
+TEST(EditStateFormat, writesTheFirstVersionAsTheNewestWithAllThatItSaid)
+{
+    const EditState read = Read(FirstVersion);
+
+    const auto document = EditStateFormat::ToDocument(read);
+
+    EXPECT_THAT(document.ToText().toStdString(), HasSubstr("\"version\": 2"));
+    EXPECT_THAT(document.ToText().toStdString(), Not(HasSubstr("\"committed\"")));
+    EXPECT_TRUE(EditStateFormat::FromDocument(document) == read);
+}
+
+TEST(EditStateFormat, takesNoKeysOfLaterVersionsInAnEarlierOne)
+{
+    const EditState read = Read(R"({"format": "lumetra-sidecar", "version": 1, "layers": [{}],
+        "committed": [{"preset": "One", "open": "yes", "on": false, "module": 3}]})");
+
+    ASSERT_EQ(read.layers.size(), 1U);
+    EXPECT_TRUE(read.layers[0].isOn);
+    EXPECT_EQ(read.layers[0].settings->Package().GetPresetName(), "One");
+}
+
+TEST(EditStateFormat, twoEditsDifferByTheirLayers)
+{
+    const auto differs = [](const std::function<void(EditLayer&)>& change) {
+        EditState state;
+        state.layers.push_back(MakeLayer("looks", Zorvik::Quindle::EffectsSettings(1)));
+        EditState changed = state;
+        change(changed.layers[0]);
+        return !(changed == state);
+    };
+
+    EXPECT_TRUE(differs([](EditLayer& layer) { layer.isOn = false; }));
+    EXPECT_TRUE(differs([](EditLayer& layer) { layer.isOpen = true; }));
+    EXPECT_TRUE(differs([](EditLayer& layer) { layer.module = QStringLiteral("adjust"); }));
+    EXPECT_TRUE(differs([](EditLayer& layer) {
+        Zorvik::Quindle::EffectsSettings settings(1);
+        settings.Effects().push_back(Zorvik::Quindle::EffectSettingsImpl::Create("other"));
+        layer = MakeLayer("looks", settings);
+    }));
+    EXPECT_FALSE(differs([](EditLayer& layer) {
+        Zorvik::Quindle::EffectsSettings settings(1);
+        settings.Package().SetIndex(7);
+        layer = MakeLayer("looks", settings);
+    }));
+}
+
+TEST(EditStateFormat, namesThePlaceOfWhatIsWrong)
+{
+    const auto read = [](const char* text) {
+        try {
+            EditStateFormat::FromDocument(JsonDocument::Parse(text, "lake.json"));
+        } catch (const std::exception& error) {
+            return std::string(error.what());
+        }
+        return std::string("nothing");
+    };
+
+    EXPECT_THAT(read(R"({"format": "other", "version": 1})"), HasSubstr("lake.json/format"));
+    EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 1,
+                         "committed": [{"blend": 0}]})"),
+                HasSubstr("committed[0]/blend"));
+    EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 2,
+                         "layers": [{"open": true}, {"open": false}]})"),
+                HasSubstr("layers[1]/open: expected true, since the layer lies on an open one"));
+    EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 2, "layers": [
+                         {"open": true, "package": "a"}, {"open": true, "package": "a"}]})"),
+                HasSubstr("layers[1]/package: expected another package"));
+    EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 2, "layers": [{"on": 1}]})"),
+                HasSubstr("layers[0]/on: expected bool"));
+    EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 2, "layers": 3})"),
+                HasSubstr("layers: expected"));
+    EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 3, "layers": []})"),
+                HasSubstr("lake.json/version: expected a version up to 2, found 3"));
+    EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 1, "panels": {"a": 1}})"),
+                HasSubstr("lake.json/panels/a: expected node"));
+}
