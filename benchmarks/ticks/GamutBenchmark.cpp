@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What photos in Display P3 cost beside the same pixels as sRGB: drawings of a screen's picture and
+// Costs of photos in Display P3 beside the same pixels as sRGB: drawings of a screen's picture and
 // exports of a camera's, all in one process, round by round.
 //
 //   bench_gamut [--rounds=N] [--json=FILE]
@@ -124,7 +124,7 @@ private:
         });
     }
 
-    /// What the user waits for while one of five effects is dragged: the first frame of the view,
+    /// The user waits for the view's first frame while one of five effects is dragged,
     /// on an sRGB screen.
     void AddDrag(const std::string& name, std::size_t position)
     {

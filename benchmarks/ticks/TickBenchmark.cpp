@@ -216,8 +216,8 @@ private:
         });
     }
 
-    /// What the user waits for: the view takes what has proved quicker, and the exact frame
-    /// follows.
+    /// The user waits for the first frame: the view takes what has proved quicker, and the exact
+    /// frame follows.
     void AddViewedSlider(std::size_t position, const std::string& name)
     {
         const auto tick = [this, position] {

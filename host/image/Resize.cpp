@@ -68,7 +68,7 @@ int FindWholeFactor(const PixelRect& source, const Image& target)
     return std::max(factor, 1);
 }
 
-/// As if all pixels were opaque.
+/// Treats all pixels as opaque.
 void AverageAreas(const Image& source, const PixelRect& area, Image& target)
 {
     const AreaAxis columns(source.GetWidth(), area.x, area.width, target.GetWidth());

@@ -31,7 +31,7 @@ Image ReadSample()
                   photo.GetHeight() * width / photo.GetWidth(), ResizeQuality::Fine);
 }
 
-/// The same colours in that space, rounded to 8 bits.
+/// Converts the colours to that space and rounds them to 8 bits.
 Image MakeSameIn(const TestSpace& space, const Image& srgb)
 {
     const ColourMatrix fromSrgb = ColourMatrix{space.space->GetToSrgb()}.Inverse();

@@ -65,7 +65,7 @@ Image IncrementalRenderer::Render(const Image& source,
     if (!same.empty() && CanKeep(source, plan, effects.GetBlendAmount()))
         cut =
             StageChain::FindCut(stages, RenderPlan(same, context).GetEndOfEffects(), context.depth);
-    // What comes before the effects is merged with what comes behind them where that is possible.
+    // The stages of the picture's space before the effects may be merged with the effects.
     if (cut <= plan.GetFirstOfEffects())
         cut = 0;
     const bool isOfUse = m_kept.count > 0 && m_kept.count <= cut &&

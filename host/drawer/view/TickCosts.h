@@ -9,7 +9,7 @@
 
 namespace LumetraHost {
 
-/// What the ticks of a drag cost, as measured: exactly, or from tables of colours. A drag changes
+/// The measured costs of a drag's ticks, drawn exactly or from tables of colours. A drag changes
 /// the same effect of the same layer again and again; how much of the picture is kept, and so what
 /// an exact tick costs, depends on which one that is. Times are in nanoseconds; the shortest of a
 /// drag counts, because other programs only make them longer. One thread only.
@@ -30,7 +30,7 @@ public:
     /// These effects make no table.
     void RefuseTable() { m_isRefused = true; }
 
-    /// What an exact tick is expected to take; empty before it has been measured.
+    /// The time that an exact tick is expected to take; empty before it has been measured.
     std::optional<double> GetExact() const { return m_exact; }
     /// True when a tick from tables is expected to be quicker by enough. `assumed`: its time before
     /// one has been measured. `conversion`: the time that an exact tick takes besides to get into

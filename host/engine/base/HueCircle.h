@@ -11,7 +11,7 @@ namespace LumetraHost {
 struct HueCircle
 {
     static constexpr int Hues = 8;
-    /// As the names of parameters begin.
+    /// The names of parameters begin with these.
     static constexpr const char* Names[Hues] = {"red",  "orange", "yellow", "green",
                                                 "aqua", "blue",   "purple", "magenta"};
     /// In sectors of 60 degrees; the last one is red again.

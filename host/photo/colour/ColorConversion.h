@@ -30,8 +30,8 @@ public:
     /// conversion: colours that sRGB does not have become the nearest on its border.
     static QByteArray Settle(DecodedPhoto& photo, Warnings& warnings);
 
-    /// In which colours Settle() would leave the pixels and the profile of a picture as they are,
-    /// without a warning; empty where it would not.
+    /// The colours in which Settle() would leave a picture whose pixels and profile it keeps
+    /// without a warning; empty where it would change or warn.
     static std::optional<Kept> FindKept(PixelMeaning meaning, const QByteArray& iccProfile,
                                         Image::Depth depth);
 

@@ -27,7 +27,7 @@ RgbSpace::Curve MakeGamma(double gamma)
     return [gamma](double encoded) { return std::pow(encoded, gamma); };
 }
 
-/// What straight pieces between the nodes give.
+/// The value that straight pieces between the nodes give.
 double LookUp(const float* table, double linear)
 {
     const double place = std::pow(linear, 0.25) * RootGrid::PiecesOfUnit;

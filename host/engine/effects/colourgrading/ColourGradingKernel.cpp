@@ -21,7 +21,7 @@ LUMETRA_KERNEL_INLINE float AddPiece(float sum, float luma, const ColourGradingN
     return sum + t * (n.linear[i] + t * (n.square[i] + t * n.cube[i]));
 }
 
-/// What all channels are multiplied by.
+/// The factor of all channels.
 LUMETRA_KERNEL_INLINE float GetGain(float luma, const ColourGradingNumbers& n)
 {
     const float place = Max(luma, Darkest);
