@@ -29,7 +29,9 @@ inline bool operator==(const ViewRequest& first, const ViewRequest& second)
 /// has.
 struct ViewFrame
 {
-    Image picture; ///< null without a photo, and when nothing of it is to be seen
+    /// In the photo's space, or in that of the screen where a drag is shown from tables; see
+    /// Image::GetSpace(). Null without a photo, and when nothing of it is to be seen.
+    Image picture;
     /// `picture` in the monitor's colours, in sRGB without a display profile; may share its pixels.
     Image shown;
     QRect part;             ///< of the photo, in its pixels
