@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/kernels/ColourCubeKernel.h"
 
+#include "engine/kernels/ColourCubeGather.h"
+#include "engine/kernels/CubeLattice.h"
 #include "engine/kernels/KernelMath.h"
 #include "engine/kernels/PackedPixel.h"
 
@@ -12,22 +14,7 @@ namespace LumetraHost {
 namespace {
 
 constexpr int ChunkPixels = ColourCube::MostPixels;
-/// Rounding to the nearest, and from ColourCube::One * 255 to 255.
-constexpr std::int32_t Half = ColourCube::One / 2;
-constexpr int Shift = 14;
-static_assert(1 << Shift == ColourCube::One);
 constexpr float Unit = 1.0f / (255.0f * ColourCube::One);
-
-/// Cells along an axis, and how far apart the entries of neighbours are.
-template <int points>
-struct Lattice
-{
-    static constexpr std::int32_t Cells = points - 1;
-    static constexpr std::int32_t RedStride = ColourCube::Stride;
-    static constexpr std::int32_t GreenStride = RedStride * points;
-    static constexpr std::int32_t BlueStride = GreenStride * points;
-    static_assert(RedStride + GreenStride + BlueStride < 1 << 15);
-};
 
 /// Where the four corners of a pixel's tetrahedron lie, and their weights of 255 in pairs of 16
 /// bits.
@@ -205,16 +192,35 @@ LUMETRA_KERNEL_INLINE void FindMarkedPixels(const std::int16_t* cube, const Corn
     rest.count = found;
 }
 
-LUMETRA_KERNEL_INLINE void Find(const std::int16_t* cube, int points, const std::uint8_t* source,
-                                int count, Corners& corners, MarkedPixels& rest)
+template <int points>
+LUMETRA_KERNEL_INLINE void Find(const std::int16_t* cube, const std::uint8_t* source, int count,
+                                Corners& corners, MarkedPixels& rest)
 {
-    const auto* const pixels = reinterpret_cast<const PackedPixel8*>(source);
-    if (points == ColourCube::CoarsePoints)
-        FindCorners<ColourCube::CoarsePoints>(corners, pixels, count);
-    else
-        FindCorners<ColourCube::FinePoints>(corners, pixels, count);
+    FindCorners<points>(corners, reinterpret_cast<const PackedPixel8*>(source), count);
     FindMarkedPixels(cube, corners, count, rest);
 }
+
+#ifdef LUMETRA_KERNEL_GATHERS
+
+template <int points>
+LUMETRA_KERNEL_INLINE void Draw(const std::int16_t* cube, const std::uint8_t* source,
+                                std::uint8_t* target, int count, MarkedPixels& rest)
+{
+    DrawByGather<points>(cube, source, target, count, rest);
+}
+
+#else
+
+template <int points>
+LUMETRA_KERNEL_INLINE void Draw(const std::int16_t* cube, const std::uint8_t* source,
+                                std::uint8_t* target, int count, MarkedPixels& rest)
+{
+    Corners corners;
+    Find<points>(cube, source, count, corners, rest);
+    Store(cube, corners, source, target, count);
+}
+
+#endif
 
 } // namespace
 
@@ -222,9 +228,10 @@ template <Isa isa>
 void ColourCubeKernel8<isa>::Run(const std::int16_t* cube, int points, const std::uint8_t* source,
                                  std::uint8_t* target, int pixels, MarkedPixels& rest)
 {
-    Corners corners;
-    Find(cube, points, source, pixels, corners, rest);
-    Store(cube, corners, source, target, pixels);
+    if (points == ColourCube::CoarsePoints)
+        Draw<ColourCube::CoarsePoints>(cube, source, target, pixels, rest);
+    else
+        Draw<ColourCube::FinePoints>(cube, source, target, pixels, rest);
 }
 
 template <Isa isa>
@@ -233,7 +240,10 @@ void ColourCubeLoadKernel8<isa>::Run(const std::int16_t* cube, int points,
                                      MarkedPixels& rest)
 {
     Corners corners;
-    Find(cube, points, source, tile.count, corners, rest);
+    if (points == ColourCube::CoarsePoints)
+        Find<ColourCube::CoarsePoints>(cube, source, tile.count, corners, rest);
+    else
+        Find<ColourCube::FinePoints>(cube, source, tile.count, corners, rest);
     Load(cube, corners, tile);
 }
 
