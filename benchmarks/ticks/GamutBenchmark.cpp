@@ -58,10 +58,10 @@ Twins MakeTwins(int width, int height)
     return twins;
 }
 
-EffectList MakeClarity()
+EffectList MakeClarity(int amount)
 {
     const auto effect = Zorvik::Quindle::EffectSettingsImpl::Create("clarity");
-    effect->SetParameter("amount", 40);
+    effect->SetParameter("amount", amount);
     return {effect};
 }
 
@@ -77,14 +77,17 @@ public:
             for (std::size_t i = 0; i < 5; ++i)
                 AddDrawing(names[i], {chain[i]}, threads);
             AddDrawing("five colours", chain, threads);
-            AddDrawing("clarity", MakeClarity(), threads);
-            AddBlend(threads);
-            if (threads > 1) // a view uses all of them
-                for (std::size_t i = 0; i < 5; ++i)
-                    AddDrag(names[i], i);
+            AddDrawing("clarity", MakeClarity(40), threads);
             AddExport("export, five colours", chain, threads);
             AddExport("export, nothing", {}, threads);
         }
+        for (std::size_t i = 0; i < 5; ++i) {
+            const auto tick = [i](bool flip) { return GradingChain().MakeTick(i, flip); };
+            AddDrag(names[i], [tick, i](bool flip) { return EffectList{tick(flip)[i]}; });
+            AddDrag(std::string(names[i]) + " of five", tick);
+        }
+        AddDrag("clarity", [](bool flip) { return MakeClarity(flip ? 40 : 42); });
+        AddBlendDrag();
     }
 
     void Measure(int rounds) { m_runs.Measure(rounds); }
@@ -107,39 +110,34 @@ private:
         m_names.emplace_back(name, threads);
     }
 
-    /// Drawing is what the engine does; a tick brings it to an sRGB screen, too.
     void AddDrawing(const std::string& name, const EffectList& effects, int threads)
     {
         RenderOptions options;
         options.threads = threads;
-        const auto draw = [this, effects, options](bool isWide) {
+        AddBoth("draw " + name, threads, [this, effects, options](bool isWide) {
             m_frame = m_renderer.Render(isWide ? m_screen.wide : m_screen.srgb, effects, FullEffect,
                                         options, std::move(m_frame));
-        };
-        AddBoth("draw " + name, threads, draw);
-        AddBoth("tick " + name, threads, [this, draw, options](bool isWide) {
-            draw(isWide);
-            if (isWide)
-                m_shown = m_renderer.ToSrgb(m_frame, options, std::move(m_shown));
         });
     }
 
-    /// The user waits for the view's first frame while one of five effects is dragged,
-    /// on an sRGB screen.
-    void AddDrag(const std::string& name, std::size_t position)
+    /// The user waits for the view's first frame while a slider is dragged, on an sRGB screen.
+    /// `change` makes the tick, of which neighbours differ. A view uses all threads.
+    template <class Change>
+    void AddTick(const std::string& name, Change change)
     {
-        const std::string title = "first frame, " + name + " of five";
+        const std::string title = "tick, " + name;
         for (const bool isWide : {false, true}) {
             SliderDrag& drag = isWide ? m_wideDrag : m_srgbDrag;
-            const auto tick = [this, position, &drag] {
+            const auto tick = [this, change, &drag] {
                 m_flip = !m_flip;
-                drag.Apply(GradingChain().MakeTick(position, m_flip));
+                change(drag, m_flip);
                 drag.WaitForFirstFrame();
             };
             const auto warm = [tick, &drag] {
-                for (int i = 0; i < 5; ++i) { // two measure the exact tick, one the table
+                for (int i = 0; i < 6; ++i) { // some measure the exact tick, one the table
                     tick();
-                    drag.Rest();
+                    if (i < 5)
+                        drag.Rest(); // but a pointer that moves on does not wait
                 }
             };
             m_runs.Add(Name(title, 2, isWide), tick, warm, [&drag] { drag.Rest(); });
@@ -147,20 +145,16 @@ private:
         m_names.emplace_back(title, 2);
     }
 
-    void AddBlend(int threads)
+    template <class MakeEffects>
+    void AddDrag(const std::string& name, MakeEffects makeEffects)
     {
-        RenderOptions options;
-        options.threads = threads;
-        const auto effects = GradingChain().MakeEffects();
-        const Twins drawn{m_renderer.Render(m_screen.srgb, effects, FullEffect),
-                          m_renderer.Render(m_screen.wide, effects, FullEffect)};
-        AddBoth("tick of a blend", threads, [this, options, drawn](bool isWide) {
-            m_frame = m_renderer.Interpolate(isWide ? m_screen.wide : m_screen.srgb,
-                                             isWide ? drawn.wide : drawn.srgb, 90, options,
-                                             std::move(m_frame));
-            if (isWide)
-                m_shown = m_renderer.ToSrgb(m_frame, options, std::move(m_shown));
-        });
+        AddTick(name,
+                [makeEffects](SliderDrag& drag, bool flip) { drag.Apply(makeEffects(flip)); });
+    }
+
+    void AddBlendDrag()
+    {
+        AddTick("blend", [](SliderDrag& drag, bool flip) { drag.Blend(flip ? 90 : 91); });
     }
 
     void AddExport(const std::string& name, const EffectList& effects, int threads)

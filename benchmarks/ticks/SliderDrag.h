@@ -18,6 +18,8 @@ public:
 
     /// Puts the effects in the place of the last ones.
     void Apply(const Zorvik::Quindle::EffectList& effects);
+    /// Drags the blend of the effects that were applied last. `amount`: 0 to 255.
+    void Blend(int amount);
     /// Waits for the first frame of the present state.
     void WaitForFirstFrame();
     /// Waits for the exact one.
@@ -26,6 +28,7 @@ public:
 private:
     LumetraHost::Drawer m_drawer;
     LumetraHost::LiveView m_view;
+    bool m_isBlending = false;
     quint64 m_wanted = 0; ///< serial of the present state
 };
 

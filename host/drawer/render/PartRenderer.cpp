@@ -37,15 +37,20 @@ Image PartRenderer::GetOriginal(const PictureRecipe& recipe, const PhotoPart& pa
     const Image& photo = recipe.photo;
     if (HasScaled(photo, part))
         return m_layers.GetSource();
+    const bool isSeen = !photo.IsNull() && !part.IsEmpty();
+    SetOriginal(photo, part, isSeen ? Scale(recipe, part) : Image());
+    return m_layers.GetSource();
+}
+
+void PartRenderer::SetOriginal(const Image& photo, const PhotoPart& part, const Image& original)
+{
     m_photo = photo;
     m_part = part;
-    const bool isSeen = !photo.IsNull() && !part.IsEmpty();
-    const Image source = isSeen ? Scale(recipe, part) : Image();
-    m_isOpaque = source.IsOpaque();
-    m_layers.SetSource(source,
-                       isSeen ? std::optional(part.GetArea(photo.GetWidth(), photo.GetHeight()))
-                              : std::nullopt);
-    return source;
+    m_isOpaque = original.IsOpaque();
+    m_layers.SetSource(original,
+                       original.IsNull()
+                           ? std::nullopt
+                           : std::optional(part.GetArea(photo.GetWidth(), photo.GetHeight())));
 }
 
 Image PartRenderer::Render(const PictureRecipe& recipe, const PhotoPart& part,

@@ -22,6 +22,8 @@ public:
 
     /// The scaled part without any layer; null without a photo and for an empty part.
     Image GetOriginal(const PictureRecipe& recipe, const PhotoPart& part);
+    /// Draws on `original` from now on, where that part of the photo is wanted.
+    void SetOriginal(const Image& photo, const PhotoPart& part, const Image& original);
     /// The scaled part with the recipe's layers; also null when it was cancelled. `cancel` may be
     /// null.
     Image Render(const PictureRecipe& recipe, const PhotoPart& part, const CancelToken* cancel);

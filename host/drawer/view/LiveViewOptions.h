@@ -14,6 +14,8 @@ struct LiveViewOptions
     /// While an effect is dragged, pictures come from tables where these take less than this share
     /// of the exact picture's time. The exact picture follows when the drag rests.
     double largestTableShare = 0.9;
+    /// A drag rests when it has not moved for so long; the exact picture is begun then.
+    std::chrono::nanoseconds rest = std::chrono::milliseconds(40);
     /// Pictures of fewer pixels are always drawn exactly: that is done before a table is made.
     double leastTablePixels = 5e5;
 };

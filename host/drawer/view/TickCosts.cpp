@@ -12,7 +12,8 @@ void TickCosts::Begin(const std::vector<Layer>& layers, double pixels)
     const Change change = Find(m_layers, layers);
     const bool isOther = change.layer != m_change.layer || change.effect != m_change.effect ||
                          change.isBlend != m_change.isBlend || layers.size() != m_layers.size();
-    if (isOther || pixels != m_pixels) {
+    m_isDrag = !isOther && pixels == m_pixels;
+    if (!m_isDrag) {
         m_isWarm = false;
         m_isRefused = false;
         m_exact.reset();
@@ -51,6 +52,8 @@ TickCosts::Change TickCosts::Find(const std::vector<Layer>& before, const std::v
     change.isBlend = layers.second->paintedBlend.has_value();
     const auto& first = layers.first->settings->Effects();
     const auto& second = layers.second->settings->Effects();
+    if (first.size() != second.size())
+        return change;
     const auto effects =
         std::mismatch(first.begin(), first.end(), second.begin(), second.end(), AreSameEffects);
     change.effect = static_cast<std::size_t>(effects.second - second.begin());

@@ -22,6 +22,9 @@ public:
     /// A picture of these layers, in that many pixels, is about to be drawn.
     void Begin(const std::vector<Layer>& layers, double pixels);
 
+    /// True while a drag goes on: the last two pictures differ where those before them did.
+    bool IsDrag() const { return m_isDrag; }
+
     /// The exact picture took so long. The first of a drag makes what the next ones keep, and does
     /// not count.
     void AddExact(double time);
@@ -44,7 +47,7 @@ private:
     struct Change
     {
         std::size_t layer = 0;
-        std::size_t effect = NoEffect; ///< also where a layer is new or gone
+        std::size_t effect = NoEffect; ///< also where a layer or an effect is new or gone
         bool isBlend = false;
     };
 
@@ -54,6 +57,7 @@ private:
     std::vector<Layer> m_layers;
     double m_pixels = 0;
     Change m_change;
+    bool m_isDrag = false;
     bool m_isWarm = false; ///< an exact picture of such a tick has been drawn
     bool m_isRefused = false;
     std::optional<double> m_exact;

@@ -29,7 +29,7 @@ inline bool operator==(const ViewRequest& first, const ViewRequest& second)
 /// has.
 struct ViewFrame
 {
-    /// In the photo's space, or in that of the screen where a drag is shown from tables; see
+    /// In the photo's space, or in that of the screen where a drag is shown; see
     /// Image::GetSpace(). Null without a photo, and when nothing of it is to be seen.
     Image picture;
     /// `picture` in the monitor's colours, in sRGB without a display profile; may share its pixels.

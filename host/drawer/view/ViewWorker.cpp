@@ -11,7 +11,7 @@ using Clock = std::chrono::steady_clock;
 /// Nanoseconds per pixel, assumed before anything was measured.
 constexpr double AssumedScaling = 30;
 constexpr double AssumedRendering = 30;
-constexpr double TableDrawing = 2;
+constexpr double TableDrawing = 1;
 /// Nanoseconds that making a table is assumed to take.
 constexpr double TableMaking = 1.5e6;
 constexpr int MostHalvings = 2;
@@ -63,7 +63,10 @@ std::optional<ViewResult> ViewWorker::TakeResult()
 void ViewWorker::WaitFor(quint64 serial)
 {
     std::unique_lock lock(m_mutex);
+    ++m_waiters;
+    m_hasJob.notify_one();
     m_isDone.wait(lock, [&] { return m_doneSerial >= serial; });
+    --m_waiters;
 }
 
 void ViewWorker::Work()
@@ -101,37 +104,91 @@ void ViewWorker::Run(const Queued& queued)
 /// wants the exact one any more.
 bool ViewWorker::RunQuickFrame(const Queued& queued)
 {
+    if (IsTickFromCopy(queued.job))
+        return RunTickFromCopy(queued);
     const bool isLate = ChooseHalvings(queued.job) > 0;
     const bool isTick = IsTickFromTable(queued.job);
     if (isTick || (isLate && IsTableQuick(queued.job))) {
         const ViewGeometry geometry = MakeGeometry(queued.job, false);
-        const Image picture =
-            RenderFromTables(queued, geometry, isTick ? FindScreen(queued.job) : ScreenSpace());
+        const Image picture = RenderFromTables(queued, geometry, m_full,
+                                               isTick ? FindScreen(queued.job) : ScreenSpace());
         if (!picture.IsNull() || queued.cancel->IsCancelled())
-            return PostFrame(queued, picture, geometry, m_full, true) && !IsSuperseded();
+            return PostFrame(queued, picture, geometry, m_full, true) &&
+                   !(isTick ? IsSupersededSoon() : IsSuperseded());
     }
     return !isLate || (RunStep(queued, true) && !IsSuperseded());
+}
+
+/// Draws a tick of a photo in a space of its own as if it were in sRGB, which costs what it costs
+/// there. Colours outside of sRGB are limited before the effects instead of after them until the
+/// exact frame comes. The result is false when nobody wants that one.
+bool ViewWorker::RunTickFromCopy(const Queued& queued)
+{
+    const ViewJob& job = queued.job;
+    const bool isFromTable = m_ticks.IsTableQuicker(GetTableTime(job));
+    if (!isFromTable && m_ticks.GetExact().value_or(0) > double(m_options.previewBeyond.count()))
+        return RunStep(queued, true) && !IsSupersededSoon();
+    const ViewGeometry geometry = MakeGeometry(job, false);
+    const PhotoPart part = geometry.GetPhotoPart();
+    if (!m_copy.HasScaled(job.recipe.photo, part))
+        m_copy.SetOriginal(job.recipe.photo, part,
+                           m_renderer.ToSrgb(m_full.GetOriginal(job.recipe, part)));
+    Image picture;
+    if (isFromTable)
+        picture = RenderFromTables(queued, geometry, m_copy);
+    if (picture.IsNull() && !queued.cancel->IsCancelled())
+        picture = RenderCopy(queued, geometry);
+    return PostFrame(queued, picture, geometry, m_full, true) && !IsSupersededSoon();
+}
+
+/// True where the ticks of a drag are drawn from a copy in sRGB: the photo has a space of its own
+/// and the screen shows nothing but sRGB.
+bool ViewWorker::HasSrgbTicks(const ViewJob& job) const
+{
+    return job.recipe.photo.GetSpace() && !job.display &&
+           job.geometry.GetPixelCount() >= m_options.leastTablePixels;
+}
+
+/// True where the ticks of a drag come from that renderer, so that its times tell of them.
+bool ViewWorker::IsMeasured(const ViewJob& job, const PartRenderer& renderer) const
+{
+    return &renderer == (HasSrgbTicks(job) ? &m_copy : &m_full);
+}
+
+bool ViewWorker::IsTickFromCopy(const ViewJob& job) const
+{
+    return HasSrgbTicks(job) && m_ticks.IsDrag() && IsScaled(job);
+}
+
+/// Null when it was cancelled.
+Image ViewWorker::RenderCopy(const Queued& queued, const ViewGeometry& geometry)
+{
+    const auto begin = Clock::now();
+    const Image picture =
+        m_copy.Render(queued.job.recipe, geometry.GetPhotoPart(), queued.cancel.get());
+    if (!picture.IsNull())
+        m_ticks.AddExact(double((Clock::now() - begin).count()));
+    return picture;
 }
 
 /// Monitors whose profiles go by tables have no space to draw in.
 ScreenSpace ViewWorker::FindScreen(const ViewJob& job)
 {
-    if (!job.display)
-        return ScreenSpace(nullptr);
-    return job.display->GetSpace() ? ScreenSpace(job.display->GetSpace()) : ScreenSpace();
+    return job.display && job.display->GetSpace() ? ScreenSpace(job.display->GetSpace())
+                                                  : ScreenSpace();
 }
 
 /// Null when it was cancelled, and when these effects make no table.
 Image ViewWorker::RenderFromTables(const Queued& queued, const ViewGeometry& geometry,
-                                   const ScreenSpace& screen)
+                                   PartRenderer& renderer, const ScreenSpace& screen)
 {
     const ViewJob& job = queued.job;
     const auto begin = Clock::now();
     const Image picture =
-        m_full.RenderFromTables(job.recipe, geometry.GetPhotoPart(), queued.cancel.get(), screen);
-    if (!picture.IsNull())
+        renderer.RenderFromTables(job.recipe, geometry.GetPhotoPart(), queued.cancel.get(), screen);
+    if (IsMeasured(job, renderer) && !picture.IsNull())
         m_ticks.AddTable(double((Clock::now() - begin).count()));
-    else if (!queued.cancel->IsCancelled())
+    else if (IsMeasured(job, renderer) && !queued.cancel->IsCancelled())
         m_ticks.RefuseTable();
     return picture;
 }
@@ -208,11 +265,15 @@ Image ViewWorker::Render(const Queued& queued, const ViewGeometry& geometry, Par
     const auto scaled = Clock::now();
     if (original.IsNull())
         return original;
+    if (&renderer == &m_reduced && original.GetSpace() && HasSrgbTicks(job))
+        renderer.SetOriginal(job.recipe.photo, geometry.GetPhotoPart(),
+                             m_renderer.ToSrgb(original));
     const Image picture = renderer.Render(job.recipe, geometry.GetPhotoPart(), queued.cancel.get());
     if (&renderer == &m_full && !picture.IsNull()) {
         const double pixels = geometry.GetPixelCount();
         const double rendering = double((Clock::now() - scaled).count());
-        m_ticks.AddExact(rendering);
+        if (IsMeasured(job, renderer))
+            m_ticks.AddExact(rendering);
         m_renderingTime = rendering / pixels;
         if (!wasScaled)
             m_scalingTime = double((scaled - begin).count()) / pixels;
@@ -264,7 +325,7 @@ double ViewWorker::GetTableTime(const ViewJob& job)
     return TableMaking + TableDrawing * job.geometry.GetPixelCount();
 }
 
-bool ViewWorker::CanTryTable(const ViewJob& job) const
+bool ViewWorker::IsScaled(const ViewJob& job) const
 {
     return m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart());
 }
@@ -272,7 +333,7 @@ bool ViewWorker::CanTryTable(const ViewJob& job) const
 /// True when tables make a preview of all pixels in time.
 bool ViewWorker::IsTableQuick(const ViewJob& job) const
 {
-    return CanTryTable(job) && GetTableTime(job) <= double(m_options.previewBeyond.count());
+    return IsScaled(job) && GetTableTime(job) <= double(m_options.previewBeyond.count());
 }
 
 /// Nanoseconds that a tick from tables saves, since they lead to the screen's colours at once.
@@ -284,13 +345,23 @@ double ViewWorker::GetConversionSaved(const ViewJob& job) const
 /// True when an effect is being dragged, and tables have its picture sooner than the formulas.
 bool ViewWorker::IsTickFromTable(const ViewJob& job) const
 {
-    return CanTryTable(job) && job.geometry.GetPixelCount() >= m_options.leastTablePixels &&
+    return IsScaled(job) && job.geometry.GetPixelCount() >= m_options.leastTablePixels &&
            m_ticks.IsTableQuicker(GetTableTime(job), GetConversionSaved(job));
 }
 
 bool ViewWorker::IsSuperseded()
 {
     const std::lock_guard lock(m_mutex);
+    return m_waiting || m_isStopping;
+}
+
+/// Waits for as long as a drag may pause without coming to rest, unless somebody waits for the
+/// exact frame. An exact frame that is begun between two ticks would only hold up the next one.
+bool ViewWorker::IsSupersededSoon()
+{
+    std::unique_lock lock(m_mutex);
+    m_hasJob.wait_for(lock, m_options.rest,
+                      [this] { return m_waiting || m_isStopping || m_waiters > 0; });
     return m_waiting || m_isStopping;
 }
 

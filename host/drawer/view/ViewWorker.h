@@ -86,6 +86,7 @@ private:
     std::optional<Queued> TakeJob();
     void Run(const Queued& queued);
     bool RunQuickFrame(const Queued& queued);
+    bool RunTickFromCopy(const Queued& queued);
     bool RunStep(const Queued& queued, bool isReduced);
     static bool NeedsConversion(const ViewJob& job, const Image& picture);
     Image Convert(const ViewJob& job, const Image& picture, Image recycled) const;
@@ -98,8 +99,12 @@ private:
     double GetConversionSaved(const ViewJob& job) const;
     static ScreenSpace FindScreen(const ViewJob& job);
     Image RenderFromTables(const Queued& queued, const ViewGeometry& geometry,
-                           const ScreenSpace& screen);
-    bool CanTryTable(const ViewJob& job) const;
+                           PartRenderer& renderer, const ScreenSpace& screen = {});
+    Image RenderCopy(const Queued& queued, const ViewGeometry& geometry);
+    bool HasSrgbTicks(const ViewJob& job) const;
+    bool IsMeasured(const ViewJob& job, const PartRenderer& renderer) const;
+    bool IsTickFromCopy(const ViewJob& job) const;
+    bool IsScaled(const ViewJob& job) const;
     bool IsTickFromTable(const ViewJob& job) const;
     bool IsTableQuick(const ViewJob& job) const;
     static double GetTableTime(const ViewJob& job);
@@ -107,6 +112,7 @@ private:
     ViewGeometry MakeGeometry(const ViewJob& job, bool isReduced) const;
     int ChooseHalvings(const ViewJob& job) const;
     bool IsSuperseded();
+    bool IsSupersededSoon();
     bool Post(const Queued& queued, ViewResult result);
 
     const LiveViewOptions m_options;
@@ -114,6 +120,7 @@ private:
     Renderer m_renderer;
     PartRenderer m_full{m_renderer, LayerUse::Interaction};
     PartRenderer m_reduced{m_renderer, LayerUse::Interaction};
+    PartRenderer m_copy{m_renderer, LayerUse::Interaction}; ///< in sRGB, see IsTickFromCopy()
     ImagePool m_displaySpares{DisplaySpares};
     DisplayedOriginal m_displayedOriginal;
     double m_conversionTime = 0; ///< nanoseconds, of the last exact frame
@@ -128,6 +135,7 @@ private:
     std::shared_ptr<CancelToken> m_running;
     std::optional<ViewResult> m_result;
     quint64 m_doneSerial = 0;
+    int m_waiters = 0; ///< threads in WaitFor()
     bool m_wasCancelled =
         false; ///< true: a rendering was cancelled, and no frame has been posted since
     bool m_isStopping = false;

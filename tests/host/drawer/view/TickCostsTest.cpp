@@ -124,6 +124,28 @@ TEST_F(Ticks, areMeasuredAnewWhenABlendIsDragged)
     EXPECT_FALSE(m_costs.IsTableQuicker(Assumed));
 }
 
+TEST_F(Ticks, areMeasuredAnewWhenAnEffectIsAdded)
+{
+    DragExposure();
+    const auto more = std::make_shared<EffectsSettings>(MakeSettings(
+        {MakeEffect("exposure", {{"stops", 0.5}}), MakeEffect("contrast", {{"amount", 5}}),
+         MakeEffect("saturation", {{"amount", 5}})}));
+    m_costs.Begin({m_below, {more, std::nullopt}}, Pixels);
+    EXPECT_FALSE(m_costs.IsDrag());
+    EXPECT_FALSE(m_costs.IsTableQuicker(Assumed));
+}
+
+TEST_F(Ticks, areADragFromTheThirdPictureOn)
+{
+    Tick(0.1, 5);
+    Tick(0.2, 5);
+    EXPECT_FALSE(m_costs.IsDrag());
+    Tick(0.3, 5);
+    EXPECT_TRUE(m_costs.IsDrag());
+    Tick(0.3, 6);
+    EXPECT_FALSE(m_costs.IsDrag());
+}
+
 TEST_F(Ticks, stayExactForEffectsThatMakeNoTable)
 {
     DragExposure();

@@ -107,31 +107,84 @@ TEST_F(DraggedExposure, isFollowedByTheExactFrameWhereverItComesFromTables)
     }
 }
 
-TEST_F(DraggedExposure, comesInTheColoursOfTheScreenFromPhotosInASpaceOfTheirOwn)
+TEST_F(DraggedExposure, comesInTheColoursOfTheMonitorFromPhotosInASpaceOfTheirOwn)
 {
     const TestSpace& p3 = GetTestSpaces().front();
-    const auto monitors = {
-        std::shared_ptr<const DisplayTransform>(),
-        DisplayTransform::Make(ColorConversion::GetAdobeRgbProfile(), "monitor")};
-    for (const auto& monitor : monitors) {
-        SCOPED_TRACE(monitor ? "on a monitor" : "in sRGB");
-        m_frames.clear();
-        const Image photo = InSpace(MakeRandomPicture(90, 60, Image::Depth::Bits8, 3), p3.space);
-        m_drawer.SetPhoto(photo);
-        Drag(GetTableOptions(), 5, monitor);
+    const auto monitor = DisplayTransform::Make(ColorConversion::GetAdobeRgbProfile(), "monitor");
+    const Image photo = InSpace(MakeRandomPicture(90, 60, Image::Depth::Bits8, 3), p3.space);
+    m_drawer.SetPhoto(photo);
+    Drag(GetTableOptions(), 5, monitor);
 
-        ASSERT_EQ(m_frames.size(), 7u);
-        for (const int quick : {3, 5}) {
-            const ViewFrame& table = m_frames[static_cast<std::size_t>(quick)];
+    ASSERT_EQ(m_frames.size(), 7u);
+    for (const int quick : {3, 5}) {
+        const ViewFrame& table = m_frames[static_cast<std::size_t>(quick)];
+        const ViewFrame& exact = m_frames[static_cast<std::size_t>(quick) + 1];
+        EXPECT_TRUE(table.isReduced);
+        EXPECT_TRUE(table.shown.SharesPixelsWith(table.picture)) << "converted once more";
+        EXPECT_FALSE(exact.shown.SharesPixelsWith(exact.picture));
+        EXPECT_FALSE(table.shown.GetSpace());
+        const Image unrounded = ShowUnrounded(photo, static_cast<int>(exact.serial), monitor);
+        EXPECT_LE(GetDistance(table.shown, unrounded), 1);
+    }
+}
+
+TEST_F(DraggedExposure, isDrawnInSrgbOnAnSrgbScreenAndThenInThePhotosOwnColours)
+{
+    for (const Image::Depth depth : {Image::Depth::Bits8, Image::Depth::Bits16}) {
+        SCOPED_TRACE(depth == Image::Depth::Bits8 ? "8 bits" : "16 bits");
+        m_frames.clear();
+        const Image photo =
+            InSpace(MakeRandomPicture(90, 60, depth, 3), GetTestSpaces().front().space);
+        m_drawer.SetPhoto(photo);
+        LiveViewOptions options = GetTableOptions();
+        options.largestTableShare = 0;
+        Drag(options, 4);
+
+        const Image copy = Renderer().ToSrgb(photo);
+        ASSERT_EQ(m_frames.size(), 6u);
+        for (const int quick : {2, 4}) {
+            const ViewFrame& tick = m_frames[static_cast<std::size_t>(quick)];
             const ViewFrame& exact = m_frames[static_cast<std::size_t>(quick) + 1];
-            EXPECT_TRUE(table.isReduced);
-            EXPECT_TRUE(table.shown.SharesPixelsWith(table.picture)) << "converted once more";
-            EXPECT_FALSE(exact.shown.SharesPixelsWith(exact.picture));
-            EXPECT_FALSE(table.shown.GetSpace());
-            const Image unrounded = ShowUnrounded(photo, static_cast<int>(exact.serial), monitor);
-            EXPECT_LE(GetDistance(table.shown, unrounded), 1);
+            const int number = static_cast<int>(exact.serial);
+            EXPECT_TRUE(tick.isReduced);
+            EXPECT_TRUE(tick.shown.SharesPixelsWith(tick.picture)) << "converted once more";
+            EXPECT_TRUE(HaveSamePixels(tick.picture, Renderer().Render(copy, MakeTick(number))));
+            EXPECT_FALSE(exact.isReduced);
+            EXPECT_TRUE(HaveSamePixels(exact.picture, Renderer().Render(photo, MakeTick(number))));
         }
     }
+}
+
+TEST_F(DraggedExposure, comesFromTablesInSrgbToo)
+{
+    const Image photo =
+        InSpace(MakeRandomPicture(90, 60, Image::Depth::Bits8, 3), GetTestSpaces().front().space);
+    m_drawer.SetPhoto(photo);
+    Drag(GetTableOptions(), 5);
+
+    const Image copy = Renderer().ToSrgb(photo);
+    ASSERT_FALSE(m_frames.empty());
+    const ViewFrame& tick = m_frames[m_frames.size() - 2];
+    EXPECT_TRUE(tick.isReduced);
+    EXPECT_FALSE(tick.shown.GetSpace());
+    EXPECT_LE(GetDistance(tick.shown, Renderer().Render(copy, MakeTick(5))), 1);
+}
+
+TEST_F(DraggedExposure, isReducedInSrgbToo)
+{
+    m_drawer.SetPhoto(
+        InSpace(MakeRandomPicture(90, 60, Image::Depth::Bits8, 3), GetTestSpaces().front().space));
+    LiveViewOptions options = GetTableOptions();
+    options.largestTableShare = 0;
+    options.previewBeyond = std::chrono::nanoseconds(1);
+    Drag(options, 6);
+
+    ASSERT_GE(m_frames.size(), 2u);
+    const ViewFrame& tick = m_frames[m_frames.size() - 2];
+    EXPECT_TRUE(tick.isReduced);
+    EXPECT_LT(tick.picture.GetWidth(), 90);
+    EXPECT_FALSE(tick.picture.GetSpace());
+    EXPECT_TRUE(m_frames.back().picture.GetSpace());
 }
 
 TEST_F(DraggedExposure, isExactInSmallPictures)
