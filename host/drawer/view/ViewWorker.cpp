@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "drawer/view/ViewWorker.h"
 
+#include <chrono>
 #include <utility>
 
 namespace LumetraHost {
