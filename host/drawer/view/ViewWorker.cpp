@@ -267,7 +267,8 @@ double ViewWorker::GetTableTime(const ViewJob& job)
 
 bool ViewWorker::CanTryTable(const ViewJob& job) const
 {
-    return m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart());
+    return !m_ticks.IsTableRefused() &&
+           m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart());
 }
 
 /// True when tables make a preview of all pixels in time.
