@@ -76,7 +76,8 @@ foreach(program IN ITEMS lumetra-presets lumetra-editor)
     if(TARGET ${program})
         file(RELATIVE_PATH libraries
             "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
-        set_target_properties(${program} PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries}")
+        set_target_properties(${program} PROPERTIES
+            INSTALL_RPATH "$ORIGIN/${libraries};$ORIGIN/${libraries}/lumetra")
         install(TARGETS ${program}
             RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
             COMPONENT programs)

@@ -37,9 +37,13 @@ function(lumetra_target_defaults target)
         QT_NO_URL_CAST_FROM_STRING QT_DEPRECATED_WARNINGS)
 endfunction()
 
-# Keeps the C++ library's and Boost's template instantiations out of a shared library's interface.
-function(lumetra_export_own_symbols_only target)
-    set(map "${PROJECT_SOURCE_DIR}/cmake/exported-symbols.map")
+# Keeps the C++ library's and Boost's template instantiations out of a shared library's interface: only the
+# namespace is shown.
+function(lumetra_export_own_symbols_only target namespace)
+    string(LENGTH "${namespace}" length)
+    set(own "${length}${namespace}")
+    set(map "${PROJECT_BINARY_DIR}/cmake/${target}.map")
+    configure_file("${PROJECT_SOURCE_DIR}/cmake/exported-symbols.map.in" "${map}" @ONLY)
     target_link_options(${target} PRIVATE "LINKER:--version-script=${map}")
     set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${map}")
 endfunction()

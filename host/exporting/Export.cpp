@@ -15,7 +15,6 @@
 #include <boost/current_function.hpp>
 
 #include <new>
-#include <utility>
 
 namespace LumetraHost {
 

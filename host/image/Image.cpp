@@ -2,6 +2,7 @@
 #include "image/Image.h"
 
 #include "Zorvik/Exception.h"
+#include "threads/RowBands.h"
 
 #include <boost/current_function.hpp>
 
@@ -62,11 +63,13 @@ Image Image::AllocateUninitialised(int width, int height, Depth depth,
 
 bool Image::IsOpaque() const
 {
-    for (int y = 0; y < m_height; ++y)
-        if (!(m_depth == Depth::Bits16 ? IsOpaqueRow(Row16(y), m_width)
-                                       : IsOpaqueRow(Row(y), m_width)))
-            return false;
-    return true;
+    CancelToken isTransparent;
+    return ForEachBand(ThreadPool::GetShared(), m_height, 0, &isTransparent, [&](int y, int end) {
+        for (; y < end && !isTransparent.IsCancelled(); ++y)
+            if (!(m_depth == Depth::Bits16 ? IsOpaqueRow(Row16(y), m_width)
+                                           : IsOpaqueRow(Row(y), m_width)))
+                isTransparent.Cancel();
+    });
 }
 
 Image Image::Clone() const

@@ -65,7 +65,7 @@ public:
     }
     std::uint16_t* Row16(int y) { return reinterpret_cast<std::uint16_t*>(Row(y)); }
 
-    /// True when every alpha is full. Looks at all pixels.
+    /// True when every alpha is full. Looks at all pixels, on the shared pool: not for its steps.
     bool IsOpaque() const;
 
     /// A copy with pixels of its own.

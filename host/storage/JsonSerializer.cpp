@@ -103,10 +103,6 @@ ISerializer::Kind KindOf(const JsonValue& value)
     return kinds[value.content.index()];
 }
 
-} // namespace
-
-/// Has external linkage: a module that the program loads has its own copy of this code, and both
-/// know a node of the other by the name of its type.
 class JsonNode : public Zorvik::RefCounted<ISerializer>
 {
 public:
@@ -152,8 +148,6 @@ private:
     JsonValue::Object m_object;
     Location m_location;
 };
-
-namespace {
 
 /// The collection under a key of an object, looked up anew at each use.
 class JsonCollection : public Zorvik::RefCounted<ISerializerCollection>

@@ -6,19 +6,11 @@
 #include <utility>
 #include <vector>
 
-// Registers the resources, which a static library does not do by itself. The macro must stand
-// outside every namespace.
-static void RegisterStyleResources()
-{
-    Q_INIT_RESOURCE(LumetraStyle);
-}
-
 namespace LumetraHost {
 namespace {
 
 QString ReadTemplate()
 {
-    RegisterStyleResources();
     QFile file(QStringLiteral(":/lumetra/style/editor.qss"));
     const bool isOpen = file.open(QIODevice::ReadOnly);
     Q_ASSERT(isOpen);

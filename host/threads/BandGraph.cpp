@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <condition_variable>
+#include <mutex>
 #include <utility>
 
 namespace LumetraHost {

@@ -5,7 +5,6 @@
 #include "threads/ThreadPool.h"
 
 #include <functional>
-#include <mutex>
 #include <vector>
 
 namespace LumetraHost {

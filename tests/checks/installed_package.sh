@@ -20,13 +20,30 @@ cmake -S tests/cmake-consumer -B "$work/consumer" -G Ninja -DCMAKE_PREFIX_PATH="
     -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build "$work/consumer"
 "$work/consumer/consumer"
-for program in "$work"/prefix/bin/*; do
-    [[ -x "$program" ]] || continue
-    if [[ "$(ldd "$program")" == *"not found"* ]]; then
-        echo "$program: a library is not found" >&2
+
+# expect_libraries FILE: every library that FILE is linked with is found, and those of this tree are the installed ones.
+expect_libraries() {
+    local found
+    found=$(ldd "$1")
+    if [[ "$found" == *"not found"* ]]; then
+        echo "$1: a library is not found" >&2
         exit 1
     fi
-done
+    if grep -E '(umetra|Zorvik)[^ ]* =>' <<<"$found" | grep -v "=> $work/prefix/" >&2; then
+        echo "$1: expected the libraries of $work/prefix" >&2
+        exit 1
+    fi
+}
+while read -r binary; do
+    expect_libraries "$binary"
+done < <(find "$work"/prefix/bin "$work"/prefix/lib -type f \( -perm -u+x -o -name '*.so*' \))
+
+# The host is the programs' own business: nothing to compile against, to link with or to ask CMake for.
+if grep -rl 'lumetra-host' "$work/prefix/lib" --include='*.cmake' >&2 ||
+        find "$work/prefix" -name 'liblumetra-host.so' -o -path '*/include/*' -name 'ThreadPool.h' | grep . >&2; then
+    echo "these installed files offer the host to others" >&2
+    exit 1
+fi
 
 # A module is built with the installed package alone, and the installed editor loads it: from the folder of the
 # user, and from its own.
@@ -51,14 +68,7 @@ if [[ -x "$work/prefix/bin/lumetra-editor" ]]; then
             echo "expected that the editor loads its own module too, found: $modules" >&2
             exit 1
         fi
-        if [[ "$(ldd "$module")" == *"not found"* ]]; then
-            echo "$module: a library is not found" >&2
-            exit 1
-        fi
-        if ! grep -q "$work/prefix/" < <(ldd "$module"); then
-            echo "$module: expected the libraries of $work/prefix" >&2
-            exit 1
-        fi
+        expect_libraries "$module"
         rm "$module"
     done
 fi

@@ -1,12 +1,14 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# symbols.sh LIBRARY...: a shared library shows only names of ours. Two may stand beside them, because an
-# exception of the slider setting crosses the boundary: the type information of boost::exception and
-# of its wrapper around std::invalid_argument.
+# symbols.sh NAMESPACE LIBRARY...: a shared library shows only names of ours, which are those in the namespace.
+# Two may stand beside them, because an exception of the slider setting crosses the boundary: the type
+# information of boost::exception and of its wrapper around std::invalid_argument.
 set -euo pipefail
 source tests/checks/files.sh
 
-ours='((vtable|typeinfo|typeinfo name|VTT|construction vtable|guard variable) for |((non-)?virtual thunk|covariant return thunk) to )?Zorvik::'
+namespace=$1
+shift
+ours='((vtable|typeinfo|typeinfo name|VTT|construction vtable|guard variable) for |((non-)?virtual thunk|covariant return thunk) to )?'"$namespace::"
 exceptions='typeinfo( name)? for boost::exception(_detail::.*)?$'
 
 looked_at=0

@@ -6,8 +6,6 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
-#include <memory>
-
 static void RegisterEditorResources()
 {
     Q_INIT_RESOURCE(LumetraEditor);

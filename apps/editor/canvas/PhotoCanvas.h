@@ -6,8 +6,6 @@
 #include <QImage>
 #include <QWidget>
 
-#include <optional>
-
 namespace LumetraEditor {
 
 /// A rendered picture of a part of the photo.

@@ -27,6 +27,7 @@ using LumetraHost::JsonValue;
 constexpr char PhotoKey[] = "photo", SavedKey[] = "saved", SizeKey[] = "size",
                ModifiedKey[] = "modified", HashKey[] = "sha256", PathKey[] = "path",
                VersionKey[] = "version", PackageKey[] = "package", PresetKey[] = "preset";
+constexpr auto& EffectsKey = Zorvik::Quindle::IEffectSettings::EFFECTS;
 
 template <class T>
 T FindValue(const JsonObject& object, const char* key)
@@ -98,7 +99,7 @@ void CarryOverLayers(const JsonArray& earlier, const JsonArray& now)
         const auto* const fresh = now.elements[i].As<JsonValue::Object>();
         if (old && fresh && HasSameText(**old, **fresh, PackageKey) &&
             HasSameText(**old, **fresh, PresetKey))
-            CarryOver(**old, **fresh);
+            CarryOver(**old, **fresh, {EffectsKey});
     }
 }
 

@@ -13,9 +13,11 @@
 namespace LumetraEditor {
 namespace {
 
+using LumetraHost::JsonArray;
 using LumetraHost::JsonDocument;
 using LumetraHost::JsonObject;
 using LumetraHost::JsonValue;
+using Zorvik::Brassel::ConstCollectionPtr;
 using Zorvik::Brassel::ISerializer;
 using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
@@ -26,6 +28,9 @@ constexpr char FormatKey[] = "format", VersionKey[] = "version", LayersKey[] = "
                BlendKey[] = "blend", NameKey[] = "name", IntensityKey[] = "intensity";
 /// The first version with layers of any kind; earlier ones have committed packages alone.
 constexpr int VersionOfLayers = 2;
+/// The first version in which an open layer may leave its effects to its module's part.
+constexpr int VersionOfSharedEffects = 3;
+constexpr auto& EffectsKey = IEffectSettings::EFFECTS;
 
 [[noreturn]] void Refuse(const std::string& place, const std::string& expected)
 {
@@ -33,14 +38,35 @@ constexpr int VersionOfLayers = 2;
                             "editor/EditStateFormat", __LINE__);
 }
 
+/// Refuses an object, whose members a serializer would take for the elements of a collection.
+void CheckIsArray(const JsonObject& object, const char* key, const std::string& place)
+{
+    const JsonValue* const value = object.Find(key);
+    if (value && value->As<JsonValue::Object>())
+        Refuse(place + "/" + key, std::string("collection, found ") + value->GetKindName());
+}
+
 void WriteEffects(const EffectsSettings& package, ISerializer& node)
 {
-    const auto effects = node.CreateCollection(IEffectSettings::EFFECTS);
+    const auto effects = node.CreateCollection(EffectsKey);
     for (const auto& effect : package.EffectsConst())
         effects->AddElement()->WriteObject(IEffectSettings::EFFECT, *effect);
 }
 
-void WriteLayer(const EditLayer& layer, ISerializer& node)
+/// True when the open layer's module has these very effects in its part of the edit.
+bool AreEffectsInPanel(const EditLayer& layer, const std::map<QString, PanelEdit>& panels)
+{
+    const auto panel = panels.find(layer.module);
+    const JsonValue* const effects =
+        layer.isOpen && panel != panels.end() ? panel->second.GetJson()->Find(EffectsKey) : nullptr;
+    if (!effects || !effects->As<JsonValue::Array>())
+        return false;
+    const JsonDocument written("part");
+    written.GetObject()->Set(EffectsKey, *effects);
+    return written.ToText() == EditStateFormat::EffectsText(*layer.settings);
+}
+
+void WriteLayer(const EditLayer& layer, const EditState& state, ISerializer& node)
 {
     const EffectsSettings& package = *layer.settings;
     node.Set(ModuleKey, layer.module.toStdString());
@@ -49,12 +75,28 @@ void WriteLayer(const EditLayer& layer, ISerializer& node)
     node.Set(PackageKey, package.Package().GetPackageName());
     node.Set(PresetKey, package.Package().GetPresetName());
     node.Set(BlendKey, package.GetBlendAmount());
-    WriteEffects(package, node);
+    if (!AreEffectsInPanel(layer, state.panels))
+        WriteEffects(package, node);
     node.Set(NameKey, layer.record.preset);
     node.Set(IntensityKey, layer.record.intensity);
 }
 
-EffectsSettings ReadPackage(const ISerializer& node)
+/// The effects of a layer: its own, or those of the part of its module.
+ConstCollectionPtr FindEffects(const ISerializer& layer, const ISerializer& root)
+{
+    const auto own = layer.GetCollection(EffectsKey);
+    if (own || root.Get(VersionKey, 0) < VersionOfSharedEffects || !layer.Get(OpenKey, false))
+        return own;
+    const auto panels = root.GetNode(PanelsKey);
+    const auto panel = panels ? panels->GetNode(layer.Get(ModuleKey, "")) : nullptr;
+    const auto effects = panel ? panel->GetCollection(EffectsKey) : nullptr;
+    if (!effects)
+        Refuse(layer.GetPath() + "/" + EffectsKey,
+               "collection, here or in the part of the layer's module, found none");
+    return effects;
+}
+
+EffectsSettings ReadPackage(const ISerializer& node, const ISerializer& root)
 {
     EffectsSettings package(EffectsSettings::PhotoAlone);
     package.Package().SetPackageName(node.Get(PackageKey, ""));
@@ -65,7 +107,7 @@ EffectsSettings ReadPackage(const ISerializer& node)
                "a number from " + std::to_string(EffectsSettings::FullEffect) + " to " +
                    std::to_string(EffectsSettings::NoEffect) + ", found " + std::to_string(blend));
     package.SetBlendAmount(blend);
-    const auto effects = node.GetCollection(IEffectSettings::EFFECTS);
+    const auto effects = FindEffects(node, root);
     for (std::size_t i = 0; effects && i < effects->GetCount(); ++i) {
         const auto item = effects->GetElement(i);
         const auto effect =
@@ -76,15 +118,15 @@ EffectsSettings ReadPackage(const ISerializer& node)
     return package;
 }
 
-EditLayer ReadLayer(const ISerializer& node, int version)
+EditLayer ReadLayer(const ISerializer& node, const ISerializer& root)
 {
     EditLayer layer;
-    if (version >= VersionOfLayers) {
+    if (root.Get(VersionKey, 0) >= VersionOfLayers) {
         layer.module = QString::fromStdString(node.Get(ModuleKey, ""));
         layer.isOn = node.Get(OnKey, true);
         layer.isOpen = node.Get(OpenKey, false);
     }
-    layer.settings = std::make_shared<const EffectsSettings>(ReadPackage(node));
+    layer.settings = std::make_shared<const EffectsSettings>(ReadPackage(node, root));
     const auto plain = EditState().MakeRecord(layer.module, *layer.settings);
     layer.record = {node.Get(NameKey, plain.preset), node.Get(IntensityKey, plain.intensity)};
     return layer;
@@ -104,14 +146,18 @@ void CheckPlace(const EditLayer& layer, const std::set<std::string>& openBelow,
                "another package than those of the open layers below, found \"" + name + "\"");
 }
 
-void ReadLayers(const ISerializer& root, std::vector<EditLayer>& layers)
+void ReadLayers(const JsonDocument& document, std::vector<EditLayer>& layers)
 {
-    const int version = root.Get(VersionKey, 0);
-    const auto list = root.GetCollection(EditStateFormat::GetLayersKey(version));
+    const auto root = document.GetRoot();
+    const char* const key = EditStateFormat::GetLayersKey(root->Get(VersionKey, 0));
+    CheckIsArray(*document.GetObject(), key, root->GetPath());
+    const auto list = root->GetCollection(key);
     std::set<std::string> open;
     for (std::size_t i = 0; list && i < list->GetCount(); ++i) {
         const auto node = list->GetElement(i);
-        EditLayer layer = ReadLayer(*node, version);
+        const JsonArray& stored = **document.GetObject()->Find(key)->As<JsonValue::Array>();
+        CheckIsArray(**stored.elements[i].As<JsonValue::Object>(), EffectsKey, node->GetPath());
+        EditLayer layer = ReadLayer(*node, *root);
         CheckPlace(layer, open, *node);
         if (layer.isOpen)
             open.insert(layer.settings->Package().GetPackageName());
@@ -167,7 +213,7 @@ JsonDocument EditStateFormat::ToDocument(const EditState& state)
     root->Set(VersionKey, Version);
     const auto layers = root->CreateCollection(LayersKey);
     for (const EditLayer& layer : state.layers)
-        WriteLayer(layer, *layers->AddElement());
+        WriteLayer(layer, state, *layers->AddElement());
     WritePanels(state.panels, *document.GetObject());
     return document;
 }
@@ -177,7 +223,7 @@ EditState EditStateFormat::FromDocument(const JsonDocument& document)
     const auto root = document.GetRoot();
     CheckHeader(*root);
     EditState state;
-    ReadLayers(*root, state.layers);
+    ReadLayers(document, state.layers);
     ReadPanels(document, state);
     return state;
 }

@@ -10,20 +10,22 @@
 namespace LumetraEditor {
 
 /// The stored form of an edit:
-/// { "format": "lumetra-sidecar", "version": 2,
+/// { "format": "lumetra-sidecar", "version": 3,
 ///   "layers": [ { "module": "MODULE", "on": true, "open": false, "package": "…", "preset": "…",
 ///                 "blend": 1, "effects": [ { "effect": {…} } ], "name": "…", "intensity": 100 } ],
 ///   "panels": { "MODULE": {…} } }
 /// Layers stand bottom first, open ones above the committed. "blend" is the blend amount, 1 (full
-/// effect) to 255; "name" and "intensity" are for the reader.
+/// effect) to 255; "name" and "intensity" are for the reader. An open layer has no "effects" where
+/// its module's part of the edit has the same ones under that key.
 ///
+/// In version 2 every layer had its "effects".
 /// Version 1 had "committed" in place of "layers": the committed layers alone, without "module",
 /// "on" and "open".
 class EditStateFormat
 {
 public:
     static constexpr char FormatName[] = "lumetra-sidecar";
-    static constexpr int Version = 2;
+    static constexpr int Version = 3;
 
     static LumetraHost::JsonDocument ToDocument(const EditState& state);
     /// Reads this version and all earlier ones. Zorvik::Exception, with file and place, for

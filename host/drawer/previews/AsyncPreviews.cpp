@@ -7,8 +7,6 @@
 
 #include <QMetaObject>
 
-#include <utility>
-
 namespace LumetraHost {
 
 AsyncPreviews::AsyncPreviews(Drawer& drawer, QObject* parent, std::size_t capacity)

@@ -5,7 +5,6 @@
 
 #include <boost/current_function.hpp>
 
-#include <algorithm>
 #include <utility>
 
 namespace LumetraHost {

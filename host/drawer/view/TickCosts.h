@@ -32,6 +32,8 @@ public:
     void AddTable(double time);
     /// These effects make no table.
     void RefuseTable() { m_isRefused = true; }
+    /// True when a table was refused since another effect, blend or size was drawn.
+    bool IsTableRefused() const { return m_isRefused; }
 
     /// The time that an exact tick is expected to take; empty before it has been measured.
     std::optional<double> GetExact() const { return m_exact; }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "drawer/view/ViewWorker.h"
 
+#include <chrono>
 #include <utility>
 
 namespace LumetraHost {
@@ -327,7 +328,8 @@ double ViewWorker::GetTableTime(const ViewJob& job)
 
 bool ViewWorker::IsScaled(const ViewJob& job) const
 {
-    return m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart());
+    return !m_ticks.IsTableRefused() &&
+           m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart());
 }
 
 /// True when tables make a preview of all pixels in time.

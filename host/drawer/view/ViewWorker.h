@@ -13,7 +13,6 @@
 #include "engine/run/Renderer.h"
 #include "threads/CancelToken.h"
 
-#include <chrono>
 #include <condition_variable>
 #include <exception>
 #include <functional>

@@ -11,7 +11,6 @@
 
 #include <boost/current_function.hpp>
 
-#include <algorithm>
 #include <array>
 #include <cstdlib>
 

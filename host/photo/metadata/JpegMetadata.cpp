@@ -6,7 +6,6 @@
 
 #include <QtEndian>
 
-#include <algorithm>
 #include <map>
 
 #include <exiv2/exiv2.hpp>

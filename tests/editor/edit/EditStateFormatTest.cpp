@@ -12,6 +12,7 @@
 #include <functional>
 #include <limits>
 #include <memory>
+#include <string>
 
 using namespace LumetraTest;
 using LumetraEditor::EditLayer;
@@ -19,6 +20,7 @@ using LumetraEditor::EditState;
 using LumetraEditor::EditStateFormat;
 using LumetraEditor::PanelEdit;
 using LumetraHost::JsonDocument;
+using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -35,6 +37,22 @@ constexpr char FirstVersion[] = R"({
         { "package": "lumetra.presets", "preset": "cool", "blend": 1, "effects": [] }
     ],
     "panels": { "exposure-panel": { "tenthsOfStops": 5 } }
+})";
+
+/// A file as version 2 has written it: an open layer and its module's part have the same effects.
+constexpr char SecondVersion[] = R"({
+    "format": "lumetra-sidecar",
+    "version": 2,
+    "layers": [
+        { "module": "looks", "on": true, "open": false, "package": "l", "preset": "cool", "blend": 1,
+          "effects": [], "name": "Cool", "intensity": 100 },
+        { "module": "looks", "on": true, "open": true, "package": "l", "preset": "warm", "blend": 52,
+          "effects": [ { "effect": { "id": "exposure", "stops": 0.3 } } ],
+          "name": "Warm", "intensity": 80 }
+    ],
+    "panels": {
+        "looks": { "preset": "warm", "effects": [ { "effect": { "id": "exposure", "stops": 0.3 } } ] }
+    }
 })";
 
 EditState Read(const char* text)
@@ -158,9 +176,45 @@ TEST(EditStateFormat, writesTheFirstVersionAsTheNewestWithAllThatItSaid)
 
     const auto document = EditStateFormat::ToDocument(read);
 
-    EXPECT_THAT(document.ToText().toStdString(), HasSubstr("\"version\": 2"));
+    EXPECT_THAT(document.ToText().toStdString(), HasSubstr("\"version\": 3"));
     EXPECT_THAT(document.ToText().toStdString(), Not(HasSubstr("\"committed\"")));
     EXPECT_TRUE(EditStateFormat::FromDocument(document) == read);
+}
+
+TEST(EditStateFormat, writesTheEffectsOfAnOpenLayerOnceWhereItsModuleHasThemToo)
+{
+    const EditState read = Read(SecondVersion);
+    ASSERT_EQ(read.layers.size(), 2U);
+
+    const std::string text = EditStateFormat::ToDocument(read).ToText().toStdString();
+    const EditState again = Read(text.c_str());
+
+    EXPECT_EQ(text.find("stops"), text.rfind("stops"));
+    EXPECT_TRUE(again == read);
+    EXPECT_EQ(again.layers[1].settings->Effects().at(0)->GetParameter("stops"), 0.3);
+    EXPECT_TRUE(again.layers[0].settings->Effects().empty());
+}
+
+TEST(EditStateFormat, writesTheEffectsOfALayerThatItsModuleDoesNotHaveToTheLetter)
+{
+    const auto writesOwn = [](const std::string& from, const char* to) {
+        std::string text = SecondVersion;
+        text.replace(text.rfind(from), from.size(), to);
+        const EditState read = Read(text.c_str());
+        const EditState again =
+            Read(EditStateFormat::ToDocument(read).ToText().toStdString().c_str());
+        EXPECT_TRUE(again == read);
+        const auto document = EditStateFormat::ToDocument(read);
+        const auto layers = document.GetRoot()->GetCollection("layers");
+        return layers->GetElement(layers->GetCount() - 1)->Has("effects");
+    };
+
+    EXPECT_FALSE(writesOwn("0.3", "0.3")) << "nothing is changed";
+    EXPECT_TRUE(writesOwn("0.3", "0.30"));
+    EXPECT_TRUE(writesOwn("0.3", "0.4"));
+    EXPECT_TRUE(writesOwn("\"effects\"", "\"drawn\""));
+    EXPECT_TRUE(writesOwn("\"looks\"", "\"others\""));
+    EXPECT_TRUE(writesOwn("\"open\": true", "\"open\": false"));
 }
 
 TEST(EditStateFormat, takesNoKeysOfLaterVersionsInAnEarlierOne)
@@ -223,8 +277,18 @@ TEST(EditStateFormat, namesThePlaceOfWhatIsWrong)
                 HasSubstr("layers[0]/on: expected bool"));
     EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 2, "layers": 3})"),
                 HasSubstr("layers: expected"));
-    EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 3, "layers": []})"),
-                HasSubstr("lake.json/version: expected a version up to 2, found 3"));
+    EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 4, "layers": []})"),
+                HasSubstr("lake.json/version: expected a version up to 3, found 4"));
+    for (const char* const layers :
+         {R"("version": 1, "committed": {})", R"("version": 2, "layers": {})",
+          R"("version": 3, "layers": {"first": {"preset": "warm"}})"})
+        EXPECT_THAT(read((R"({"format": "lumetra-sidecar", )" + std::string(layers) + "}").c_str()),
+                    ContainsRegex("(committed|layers): expected collection, found node"));
+    EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 2, "layers": [{"effects": {}}]})"),
+                HasSubstr("layers[0]/effects: expected collection, found node"));
+    EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 3,
+                         "layers": [{"open": true, "module": "a"}], "panels": {"a": {}}})"),
+                HasSubstr("layers[0]/effects: expected collection, here or in the part"));
     EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 1, "panels": {"a": 1}})"),
                 HasSubstr("lake.json/panels/a: expected node"));
 }

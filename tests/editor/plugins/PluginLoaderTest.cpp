@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "editor/EditorFixture.h"
+#include "editor/plugins/modules/HostPlaces.h"
 
 #include "LumetraEditor/IEditorPlugin.h"
 #include "plugins/PluginLoader.h"
@@ -46,6 +47,16 @@ TEST_F(PluginLoaderTest, loadsAModuleOfThirdParties)
     EXPECT_EQ(loader.GetPlugins()[0].id, QStringLiteral("exposure-panel"));
     EXPECT_EQ(loader.GetPlugins()[0].root->GetTitle(), QStringLiteral("Exposure"));
     EXPECT_TRUE(loader.GetReports().isEmpty());
+}
+
+TEST_F(PluginLoaderTest, letsModulesUseTheEditorsOwnHost)
+{
+    PluginLoader loader;
+
+    loader.LoadFolders({TestModule("host-module")});
+
+    ASSERT_EQ(loader.GetPlugins().size(), 1U);
+    EXPECT_EQ(loader.GetPlugins()[0].root->GetTitle(), DescribeHostPlaces());
 }
 
 TEST_F(PluginLoaderTest, refusesAnotherInterfaceVersion)

@@ -217,11 +217,11 @@ TEST_F(EditTest, leavesAnUnreadableSidecarAloneUntilTheNextStep)
 
 TEST_F(EditTest, opensNoSidecarOfANewerVersion)
 {
-    WriteFile("lake.png.lumetra.json", R"({"format": "lumetra-sidecar", "version": 3})");
+    WriteFile("lake.png.lumetra.json", R"({"format": "lumetra-sidecar", "version": 4})");
 
     Open(Path("lake.png"));
 
-    EXPECT_THAT(GetMessage().toStdString(), HasSubstr("a version up to 2, found 3"));
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr("a version up to 3, found 4"));
 }
 
 TEST_F(EditTest, reportsAPanelsPartThatMakesNoSense)

@@ -306,6 +306,23 @@ TEST_F(LayersTest, ofPanelsInUseAreDiscardedAlone)
     EXPECT_THAT(KeptEdit().toStdString(), HasSubstr("tenthsOfStops"));
 }
 
+TEST_F(LayersTest, ofALookHaveTheirEffectsOnceInTheFile)
+{
+    ClickLook(Look);
+    const Image picture = Draw();
+
+    const QByteArray text = KeptEdit();
+
+    EXPECT_EQ(text.count("\"effects\""), 1);
+    ExpectSameAfterReopening();
+    RestartWithoutPanels();
+    LoadExamplePanel();
+    Open(Path("lake.png"));
+    EXPECT_TRUE(HaveSamePixels(Draw(), picture)) << "the module is missing, its layer is there";
+    Slider()->setValue(10);
+    EXPECT_EQ(KeptEdit().count("\"effects\""), 2) << "its own and those of the other layer";
+}
+
 TEST_F(LayersTest, ofAFileThatIsOnlyLookedAtAreNotWritten)
 {
     ClickLook(Look);

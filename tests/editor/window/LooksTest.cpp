@@ -360,7 +360,6 @@ TEST_F(LooksTest, thePanelWaitsWhileAPhotoIsOpened)
     EXPECT_TRUE(FindLook(Look).first->isEnabled());
 }
 
-// The panel is a module with its own copy of the host's code: it reads what the program has opened.
 TEST_F(LooksTest, looksOfImportedTablesAreThereAfterARestart)
 {
     DropFiles({WriteFile("film.cube", "LUT_3D_SIZE 2\n"

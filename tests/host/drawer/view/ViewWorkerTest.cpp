@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "host/drawer/DrawerFixture.h"
+#include "host/drawer/GatedEffect.h"
 #include "host/engine/TestSpaces.h"
 
 #include "drawer/view/ViewWorker.h"
@@ -7,9 +8,12 @@
 #include "photo/colour/ColorConversion.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
+#include <functional>
 #include <limits>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace LumetraHost {
@@ -30,7 +34,7 @@ protected:
         });
         view = &worker;
         for (int tick = 1; tick <= ticks; ++tick) {
-            Apply(MakeTick(tick));
+            Apply(m_makeTick(tick));
             ViewJob job;
             job.serial = static_cast<quint64>(tick);
             job.recipe = m_drawer.GetRecipe();
@@ -66,7 +70,31 @@ protected:
         return target;
     }
 
+    std::function<Zorvik::Quindle::EffectsSettings(int tick)> m_makeTick = MakeTick;
     std::vector<ViewFrame> m_frames;
+};
+
+/// An exposure that takes renderers long to read; its gate counts how often they do.
+class SlowEffect : public GatedEffect
+{
+public:
+    SlowEffect(double stops, const EffectGatePtr& gate)
+        : GatedEffect(stops, gate), m_stops(stops), m_gate(gate)
+    {
+    }
+
+    Zorvik::Quindle::EffectPtr Clone() const override { return new SlowEffect(m_stops, m_gate); }
+    double GetParameter(const std::string& name) const override
+    {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(5);
+        while (std::chrono::steady_clock::now() < end) {
+        }
+        return GatedEffect::GetParameter(name);
+    }
+
+private:
+    double m_stops;
+    EffectGatePtr m_gate;
 };
 
 /// Tables for all ticks whose exact time is known.
@@ -195,6 +223,28 @@ TEST_F(DraggedExposure, isExactInSmallPictures)
     ASSERT_EQ(m_frames.size(), 5u);
     for (const ViewFrame& frame : m_frames)
         EXPECT_FALSE(frame.isReduced);
+}
+
+TEST_F(DraggedExposure, triesATableOnceWhereTheEffectsMakeNone)
+{
+    const auto countReadings = [this](std::chrono::microseconds previewBeyond) {
+        const auto gate = std::make_shared<EffectGate>();
+        m_makeTick = [&gate](int tick) {
+            return MakePackage(
+                "panel", 0,
+                {new SlowEffect(-0.01 * tick, gate), MakeEffect("grain", {{"amount", 20}})});
+        };
+        LiveViewOptions options;
+        options.previewBeyond = previewBeyond;
+        Drag(options, 6);
+        return gate->CountReadings();
+    };
+
+    // A table of that picture is expected to take a little more than 1500 microseconds.
+    const int withoutTables = countReadings(std::chrono::microseconds(1400));
+    const int withTables = countReadings(std::chrono::microseconds(1600));
+
+    EXPECT_EQ(withTables, withoutTables + 1);
 }
 
 } // namespace
