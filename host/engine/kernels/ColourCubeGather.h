@@ -163,14 +163,18 @@ LUMETRA_KERNEL_INLINE __m512i DrawGroup(const std::int16_t* cube, __m512i colour
     return _mm512_mask_blend_epi8(0x8888888888888888u, bytes, colours);
 }
 
-/// Appends the places of the marked pixels of a group that begins at `begin`.
-LUMETRA_KERNEL_INLINE void AppendMarked(MarkedPixels& rest, int begin, __mmask16 marked)
+/// Appends the marked pixels of a group that begins at `begin`.
+LUMETRA_KERNEL_INLINE void AppendMarked(MarkedPixels& rest, int begin, __m512i colours,
+                                        __mmask16 marked)
 {
     const __m512i places = _mm512_add_epi32(
         Repeat(begin), _mm512_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15));
     const int count = __builtin_popcount(marked);
-    _mm512_mask_storeu_epi32(rest.positions + rest.count, static_cast<__mmask16>((1u << count) - 1),
+    const auto first = static_cast<__mmask16>((1u << count) - 1);
+    _mm512_mask_storeu_epi32(rest.positions + rest.count, first,
                              _mm512_maskz_compress_epi32(marked, places));
+    _mm512_mask_storeu_epi32(rest.colours + rest.count, first,
+                             _mm512_maskz_compress_epi32(marked, colours));
     rest.count += count;
 }
 
@@ -183,12 +187,12 @@ LUMETRA_KERNEL_INLINE void DrawByGather(const std::int16_t* cube, const std::uin
         const int left = count - i;
         const auto mask = static_cast<__mmask16>(left < 16 ? (1u << left) - 1 : 0xFFFFu);
         std::uint32_t marked = 0;
-        const __m512i drawn =
-            DrawGroup<points>(cube, _mm512_maskz_loadu_epi32(mask, source + 4 * i), marked);
+        const __m512i colours = _mm512_maskz_loadu_epi32(mask, source + 4 * i);
+        const __m512i drawn = DrawGroup<points>(cube, colours, marked);
         _mm512_mask_storeu_epi32(target + 4 * i, mask, drawn);
         marked &= mask;
         if (marked != 0)
-            AppendMarked(rest, i, static_cast<__mmask16>(marked));
+            AppendMarked(rest, i, colours, static_cast<__mmask16>(marked));
     }
 }
 

@@ -182,11 +182,13 @@ LUMETRA_KERNEL_INLINE void Load(const std::int16_t* cube, const Corners& corners
 
 /// Has no branches, because marked pixels come at random.
 LUMETRA_KERNEL_INLINE void FindMarkedPixels(const std::int16_t* cube, const Corners& corners,
-                                            int count, MarkedPixels& rest)
+                                            const PackedPixel8* source, int count,
+                                            MarkedPixels& rest)
 {
     int found = 0;
     for (int i = 0; i < count; ++i) {
         rest.positions[found] = i;
+        rest.colours[found] = source[i];
         found += cube[corners.first[i] + ColourCube::Mark];
     }
     rest.count = found;
@@ -196,8 +198,9 @@ template <int points>
 LUMETRA_KERNEL_INLINE void Find(const std::int16_t* cube, const std::uint8_t* source, int count,
                                 Corners& corners, MarkedPixels& rest)
 {
-    FindCorners<points>(corners, reinterpret_cast<const PackedPixel8*>(source), count);
-    FindMarkedPixels(cube, corners, count, rest);
+    const auto* const pixels = reinterpret_cast<const PackedPixel8*>(source);
+    FindCorners<points>(corners, pixels, count);
+    FindMarkedPixels(cube, corners, pixels, count, rest);
 }
 
 #ifdef LUMETRA_KERNEL_GATHERS

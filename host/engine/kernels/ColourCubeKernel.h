@@ -31,13 +31,14 @@ struct MarkedPixels
 {
     int count;
     std::int32_t positions[ColourCube::MostPixels];
+    std::uint32_t colours[ColourCube::MostPixels]; ///< of the source, in the order of its bytes
 };
 
 /// Interleaved RGBA of 8 bits through a cube, interpolated in tetrahedra (see Lut3dParameters for
 /// the source), rounded to the nearest value and limited; alpha is the source's. `cube`: values
-/// with red running fastest, `points` along each axis, 33 or 65. `target` is another row. Integers
-/// only, so that all instruction sets agree. Pixels in marked cells get a colour too, and are told
-/// in `rest`.
+/// with red running fastest, `points` along each axis, 33 or 65. `target` may be the source.
+/// Integers only, so that all instruction sets agree. Pixels in marked cells get a colour too, and
+/// are told in `rest`, with the colours that they had.
 template <Isa isa>
 struct ColourCubeKernel8
 {

@@ -15,6 +15,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdlib>
+#include <cstring>
 #include <utility>
 
 namespace LumetraHost {
@@ -41,18 +42,6 @@ struct alignas(64) ColourTile
 };
 
 using PixelRow = std::uint8_t[Image::Channels * TileColours];
-
-void CopyPixel(const std::uint8_t* source, std::uint8_t* target)
-{
-    std::copy_n(source, Image::Channels, target);
-}
-
-/// The pixels of `rest` one after the other.
-void Gather(const std::uint8_t* source, const MarkedPixels& rest, PixelRow& target)
-{
-    for (int i = 0; i < rest.count; ++i)
-        CopyPixel(source + Image::Channels * rest.positions[i], target + Image::Channels * i);
-}
 
 std::int16_t Quantise(float value)
 {
@@ -224,28 +213,30 @@ void ColourTable::RunRow(const std::uint8_t* source, std::uint8_t* target, int p
 void ColourTable::RunPart(const std::uint8_t* source, std::uint8_t* target, int pixels,
                           int amount) const
 {
-    alignas(64) PixelRow before; // the target may be the source
-    std::copy_n(source, Image::Channels * pixels, before);
+    alignas(64) PixelRow before;
+    if (amount != FullEffect) // the target may be the source
+        std::copy_n(source, Image::Channels * pixels, before);
     MarkedPixels rest;
-    SelectKernel<ColourCubeKernel8>(m_isa)(m_cube.data(), m_points, before, target, pixels, rest);
+    SelectKernel<ColourCubeKernel8>(m_isa)(m_cube.data(), m_points, source, target, pixels, rest);
     if (rest.count > 0)
-        DrawExactly(before, target, rest);
+        DrawExactly(rest, target);
     if (amount != FullEffect)
         SelectKernel<BlendKernel8>(m_isa)(before, target, target, pixels, amount);
 }
 
-void ColourTable::DrawExactly(const std::uint8_t* source, std::uint8_t* target,
-                              const MarkedPixels& rest) const
+void ColourTable::DrawExactly(const MarkedPixels& rest, std::uint8_t* target) const
 {
     alignas(64) PixelRow pixels;
-    Gather(source, rest, pixels);
+    std::memcpy(pixels, rest.colours,
+                sizeof rest.colours[0] * static_cast<std::size_t>(rest.count));
     ColourTile colours;
     const Tile tile = colours.GetTile(rest.count);
     m_pixelStep.Load(tile, pixels);
     m_chain.Run(tile);
     m_pixelStep.Store(tile, pixels, pixels);
     for (int i = 0; i < rest.count; ++i)
-        CopyPixel(pixels + Image::Channels * i, target + Image::Channels * rest.positions[i]);
+        std::copy_n(pixels + Image::Channels * i, Image::Channels,
+                    target + Image::Channels * rest.positions[i]);
 }
 
 void ColourTable::Load(const Tile& tile, const std::uint8_t* row) const
@@ -258,15 +249,15 @@ void ColourTable::Load(const Tile& tile, const std::uint8_t* row) const
         SelectKernel<ColourCubeLoadKernel8>(m_isa)(
             m_cube.data(), m_points, source + std::ptrdiff_t{Image::Channels} * x, part, rest);
         if (rest.count > 0)
-            LoadExactly(source + std::ptrdiff_t{Image::Channels} * x, part, rest);
+            LoadExactly(rest, part);
     }
 }
 
-void ColourTable::LoadExactly(const std::uint8_t* source, const Tile& target,
-                              const MarkedPixels& rest) const
+void ColourTable::LoadExactly(const MarkedPixels& rest, const Tile& target) const
 {
     alignas(64) PixelRow pixels;
-    Gather(source, rest, pixels);
+    std::memcpy(pixels, rest.colours,
+                sizeof rest.colours[0] * static_cast<std::size_t>(rest.count));
     ColourTile colours;
     const Tile tile = colours.GetTile(rest.count);
     m_encodedStep.Load(tile, pixels);

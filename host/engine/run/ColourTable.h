@@ -70,10 +70,8 @@ private:
     bool Fill(ThreadPool& pool, const CancelToken* cancel);
     bool Probe(ThreadPool& pool, const CancelToken* cancel) const;
     void RunPart(const std::uint8_t* source, std::uint8_t* target, int pixels, int amount) const;
-    void DrawExactly(const std::uint8_t* source, std::uint8_t* target,
-                     const MarkedPixels& rest) const;
-    void LoadExactly(const std::uint8_t* source, const Tile& target,
-                     const MarkedPixels& rest) const;
+    void DrawExactly(const MarkedPixels& rest, std::uint8_t* target) const;
+    void LoadExactly(const MarkedPixels& rest, const Tile& target) const;
 
     Isa m_isa;
     int m_points;
