@@ -2,6 +2,7 @@
 #include "host/drawer/DrawerFixture.h"
 #include "host/drawer/GatedEffect.h"
 #include "host/engine/TestSpaces.h"
+#include "host/engine/TestTables.h"
 
 #include "drawer/view/ViewWorker.h"
 #include "image/DepthConversion.h"
@@ -227,12 +228,13 @@ TEST_F(DraggedExposure, isExactInSmallPictures)
 
 TEST_F(DraggedExposure, triesATableOnceWhereTheEffectsMakeNone)
 {
-    const auto countReadings = [this](std::chrono::microseconds previewBeyond) {
+    // No table of 33 points follows such a cube.
+    const LookUpTable random = MakeRandomTable(LookUpTable::Kind::Cube, 65, 1);
+    const auto cube = MakeLut3d(nullptr, &random);
+    const auto countReadings = [&](std::chrono::microseconds previewBeyond) {
         const auto gate = std::make_shared<EffectGate>();
-        m_makeTick = [&gate](int tick) {
-            return MakePackage(
-                "panel", 0,
-                {new SlowEffect(-0.01 * tick, gate), MakeEffect("grain", {{"amount", 20}})});
+        m_makeTick = [&](int tick) {
+            return MakePackage("panel", 0, {new SlowEffect(-0.01 * tick, gate), cube});
         };
         LiveViewOptions options;
         options.previewBeyond = previewBeyond;
