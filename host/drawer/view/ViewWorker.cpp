@@ -328,14 +328,14 @@ double ViewWorker::GetTableTime(const ViewJob& job)
 
 bool ViewWorker::IsScaled(const ViewJob& job) const
 {
-    return !m_ticks.IsTableRefused() &&
-           m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart());
+    return m_full.HasScaledAround(job.recipe.photo, job.geometry.GetPhotoPart());
 }
 
 /// True when tables make a preview of all pixels in time.
 bool ViewWorker::IsTableQuick(const ViewJob& job) const
 {
-    return IsScaled(job) && GetTableTime(job) <= double(m_options.previewBeyond.count());
+    return IsScaled(job) && !m_ticks.IsTableRefused() &&
+           GetTableTime(job) <= double(m_options.previewBeyond.count());
 }
 
 /// Nanoseconds that a tick from tables saves, since they lead to the screen's colours at once.

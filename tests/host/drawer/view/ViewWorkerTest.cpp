@@ -199,6 +199,23 @@ TEST_F(DraggedExposure, comesFromTablesInSrgbToo)
     EXPECT_LE(GetDistance(tick.shown, Renderer().Render(copy, MakeTick(5))), 1);
 }
 
+TEST_F(DraggedExposure, isDrawnInSrgbWhereTheEffectsMakeNoTable)
+{
+    m_drawer.SetPhoto(
+        InSpace(MakeRandomPicture(90, 60, Image::Depth::Bits8, 3), GetTestSpaces().front().space));
+    m_makeTick = [](int tick) {
+        return MakePackage("panel", 0,
+                           {MakeEffect("exposure", {{"stops", -0.01 * tick}}),
+                            MakeEffect("grain", {{"amount", 20}})});
+    };
+    Drag(GetTableOptions(), 8);
+
+    ASSERT_GE(m_frames.size(), 2u);
+    const ViewFrame& tick = m_frames[m_frames.size() - 2];
+    EXPECT_TRUE(tick.isReduced);
+    EXPECT_FALSE(tick.picture.GetSpace());
+}
+
 TEST_F(DraggedExposure, isReducedInSrgbToo)
 {
     m_drawer.SetPhoto(
