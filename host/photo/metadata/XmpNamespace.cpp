@@ -5,6 +5,8 @@
 
 #include "Zorvik/Exception.h"
 
+#include <QRegularExpression>
+
 #include <boost/current_function.hpp>
 
 #include <exiv2/exiv2.hpp>
@@ -33,12 +35,29 @@ bool IsPlainArray(const Exiv2::Value& value)
     return type == Exiv2::xmpSeq || type == Exiv2::xmpBag || type == Exiv2::xmpAlt;
 }
 
-XmpProperty Convert(const Exiv2::Xmpdatum& property, const QString& prefix)
+/// Members have whatever prefix their namespace had first in this process.
+QString WithoutPrefixes(const std::string& path)
+{
+    static const QRegularExpression prefixes(QStringLiteral("[^/\\[\\]:]+:"));
+    return QString::fromStdString(path).remove(prefixes);
+}
+
+bool IsStructure(const Exiv2::Value& value)
+{
+    const auto* const xmp = dynamic_cast<const Exiv2::XmpTextValue*>(&value);
+    return xmp && (xmp->xmpStruct() != Exiv2::XmpValue::xsNone ||
+                   xmp->xmpArrayType() != Exiv2::XmpValue::xaNone);
+}
+
+XmpProperty Convert(const Exiv2::Xmpdatum& property)
 {
     XmpProperty result;
-    result.path = QString::fromStdString(property.tagName()).remove(prefix + QLatin1Char(':'));
+    result.path = WithoutPrefixes(property.tagName());
     const Exiv2::Value& value = property.value();
     result.isArray = IsPlainArray(value);
+    result.isStructure = IsStructure(value);
+    if (result.isStructure)
+        return result;
     if (!result.isArray) {
         // A value in several languages gives its default with count 0.
         result.text = QString::fromStdString(value.typeId() == Exiv2::langAlt ? value.toString(0)
@@ -59,7 +78,7 @@ std::vector<XmpProperty> XmpNamespace::Read(const QByteArray& packet, const std:
     std::vector<XmpProperty> result;
     for (const Exiv2::Xmpdatum& property : properties)
         if (property.groupName() == prefix)
-            result.push_back(Convert(property, QString::fromStdString(prefix)));
+            result.push_back(Convert(property));
     return result;
 }
 

@@ -16,9 +16,10 @@ struct XmpProperty
     /// The name without prefix; members of structures as "Look/Name", entries of arrays of
     /// structures as "Masks[1]/Amount".
     QString path;
-    QString text;      ///< of a simple value, or of the default language
-    QStringList items; ///< of a plain array, in order
-    bool isArray = false;
+    QString text;             ///< of a simple value, or of the default language
+    QStringList items;        ///< of a plain array, in order
+    bool isArray = false;     ///< a plain array
+    bool isStructure = false; ///< a structure or an array of them; its members follow
 };
 
 /// Reads what an XMP packet says in one namespace.

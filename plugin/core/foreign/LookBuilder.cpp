@@ -83,11 +83,12 @@ void LookBuilder::Run(const QString& setting, const ForeignValue& value)
 void LookBuilder::RunRule(const MappingRow& row, const ForeignValue& value)
 {
     m_isLeftOut = m_isLimited = false;
+    m_step = row.step;
     row.rule(row, value, *this);
     if (m_isLeftOut)
         m_leftOut.push_back({ImportRemark::Kind::LeftOut, row.setting, Shorten(value), m_reason});
     else if ((row.carry == Carry::Approximate || m_isLimited) && !IsNeutral(row, value))
-        GetPlace(row.step).remarks.push_back(
+        GetPlace(m_step).remarks.push_back(
             {ImportRemark::Kind::Approximated, row.setting, Shorten(value),
              m_isLimited ? QStringLiteral("limited to what this program can do") : QString()});
 }
@@ -100,6 +101,7 @@ LookBuilder::Place& LookBuilder::GetPlace(LookStep step)
 void LookBuilder::Set(LookStep step, const std::string& parameter, double value)
 {
     Place& place = GetPlace(step);
+    m_step = step;
     if (!place.effect)
         place.effect = EffectSettingsImpl::Create(GetEffectId(step));
     const double limited = Limit(step, parameter, value);

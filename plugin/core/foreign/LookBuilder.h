@@ -61,6 +61,7 @@ private:
     // The rule that runs.
     bool m_isLeftOut = false;
     bool m_isLimited = false;
+    LookStep m_step = LookStep::Exposure; // where it has written, or else where its row says
     QString m_reason;
 };
 

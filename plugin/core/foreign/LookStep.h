@@ -23,6 +23,7 @@ enum class LookStep
     Vibrance,
     Saturation,
     Table,
+    SplitToning,
     ColourGrading,
     Sharpen,
     Vignette,

@@ -43,6 +43,20 @@ void SetMireds(LookBuilder& look, double warmer)
              1e6 / std::max(ToMireds(Neutral) - warmer, Least));
 }
 
+/// True for a look that says how its ranges overlap, as those with three ranges do.
+bool IsGraded(const LookBuilder& look)
+{
+    return look.GetLook().Find(QStringLiteral("ColorGradeBlending")) != nullptr;
+}
+
+/// Newer looks keep two of three ranges under the names of split toning.
+MappingRow WithSplitStep(MappingRow row, const LookBuilder& look)
+{
+    if (IsGraded(look))
+        row.step = LookStep::ColourGrading;
+    return row;
+}
+
 } // namespace
 
 void SetDifference(const MappingRow& row, const ForeignValue& value, LookBuilder& look)
@@ -108,12 +122,27 @@ void SetTemperatureStep(const MappingRow& row, const ForeignValue& value, LookBu
     WithNumber(value, look, [&](double number) { SetMireds(look, row.scale * number); });
 }
 
-/// Two ranges alone overlap in full.
-void SetSplitSaturation(const MappingRow& row, const ForeignValue& value, LookBuilder& look)
+void SetBlending(const MappingRow& row, const ForeignValue& value, LookBuilder& look)
+{
+    WithNumber(value, look,
+               [&](double number) { look.Set(row.step, row.parameter, 50 + row.scale * number); });
+}
+
+void SetGradeSaturation(const MappingRow& row, const ForeignValue& value, LookBuilder& look)
 {
     SetDifference(row, value, look);
-    if (!look.GetLook().Find(QStringLiteral("ColorGradeBlending")))
-        look.Set(row.step, "blending", 100);
+    if (!IsGraded(look))
+        look.Set(row.step, "blending", 75);
+}
+
+void SetSplitHue(const MappingRow& row, const ForeignValue& value, LookBuilder& look)
+{
+    SetHue(WithSplitStep(row, look), value, look);
+}
+
+void SetSplitNumber(const MappingRow& row, const ForeignValue& value, LookBuilder& look)
+{
+    SetDifference(WithSplitStep(row, look), value, look);
 }
 
 void SetGrey(const MappingRow& row, const ForeignValue& value, LookBuilder& look)

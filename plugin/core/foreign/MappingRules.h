@@ -26,7 +26,10 @@ RuleFunction SetCurve;      ///< a list of points from 0 to 255
 RuleFunction SetTypedCurve; ///< text: kind of curve, then its numbers
 
 // Colour.
-RuleFunction SetSplitSaturation;
+RuleFunction SetBlending;        ///< half of the value, and 50
+RuleFunction SetGradeSaturation; ///< blending too, where the look does not say
+RuleFunction SetSplitHue;        ///< of the effect that the look's other settings need
+RuleFunction SetSplitNumber;
 RuleFunction SetGrey;
 RuleFunction SetNestedLook;
 RuleFunction SetProfile;

@@ -55,8 +55,8 @@ void AddLight(Rows& rows)
                              "an S: 1 and 0.6 times that up for `highlights` and `lights`, down "
                              "for `shadows` and `darks`; negative 0.5 and 0.4 times"),
                         SetContrast));
-    rows.push_back(Like("Highlights2012", tones, "highlights"));
-    rows.push_back(Like("Shadows2012", tones, "shadows"));
+    rows.push_back(Like("Highlights2012", tones, "highlights", 0.8));
+    rows.push_back(Like("Shadows2012", tones, "shadows", 0.8));
     rows.push_back(Like("Whites2012", tones, "whites"));
     rows.push_back(Like("Blacks2012", tones, "blacks"));
     rows.push_back(Like("Texture", LookStep::Texture, "amount"));
@@ -135,7 +135,7 @@ void AddColour(Rows& rows)
     for (const char* primary : {"Red", "Green", "Blue"}) {
         const std::string lower = QByteArray(primary).toLower().toStdString();
         const QByteArray name(primary);
-        rows.push_back(Like(name + "Hue", LookStep::Primaries, (lower + "Hue").c_str()));
+        rows.push_back(Like(name + "Hue", LookStep::Primaries, (lower + "Hue").c_str(), 0.7));
         rows.push_back(
             Like(name + "Saturation", LookStep::Primaries, (lower + "Saturation").c_str()));
     }
@@ -168,21 +168,31 @@ void AddGrading(Rows& rows)
         const QByteArray name = QByteArray("ColorGrade") + range;
         const std::string lower = QByteArray(range).toLower().toStdString();
         rows.push_back(With(Like(name + "Hue", step, (lower + "Hue").c_str()), SetHue));
-        rows.push_back(Like(name + "Sat", step, (lower + "Saturation").c_str()));
+        rows.push_back(
+            With(Like(name + "Sat", step, (lower + "Saturation").c_str()), SetGradeSaturation));
         rows.push_back(Like(name + "Lum", step, (lower + "Luminance").c_str()));
     }
-    rows.push_back(With(Like("ColorGradeBlending", step, "blending", 1, 50), SetValue));
+    rows.push_back(With(Like("ColorGradeBlending", step, "blending", 0.5, 50,
+                             "and 50, for our ranges overlap less"),
+                        SetBlending));
     rows.push_back(Like("ColorGradeBalance", step, "balance"));
-    const char* const alone = "without `ColorGradeBlending` ranges overlap in full";
+}
+
+void AddSplitToning(Rows& rows)
+{
+    const LookStep step = LookStep::SplitToning;
+    const char* const together = "of `colourGrading` beside `ColorGradeBlending`";
     for (const char* range : {"Shadow", "Highlight"}) {
         const QByteArray name = QByteArray("SplitToning") + range;
         const std::string lower = QByteArray(range).toLower().toStdString();
-        rows.push_back(With(Like(name + "Hue", step, (lower + "Hue").c_str()), SetHue));
         rows.push_back(
-            With(Like(name + "Saturation", step, (lower + "Saturation").c_str(), 1, 0, alone),
-                 SetSplitSaturation));
+            With(Like(name + "Hue", step, (lower + "Hue").c_str(), 1, 0, together), SetSplitHue));
+        rows.push_back(
+            With(Like(name + "Saturation", step, (lower + "Saturation").c_str(), 1, 0, together),
+                 SetSplitNumber));
     }
-    rows.push_back(Like("SplitToningBalance", step, "balance"));
+    rows.push_back(
+        With(Like("SplitToningBalance", step, "balance", 1, 0, together), SetSplitNumber));
 }
 
 void AddFinish(Rows& rows)
@@ -407,6 +417,7 @@ Rows MakeRows()
     AddColour(rows);
     AddGrey(rows);
     AddGrading(rows);
+    AddSplitToning(rows);
     AddFinish(rows);
     AddProfileLight(rows);
     AddProfileColour(rows);
@@ -428,10 +439,10 @@ std::map<QString, const MappingRow*> MakeIndex()
 const char* GetEffectId(LookStep step)
 {
     static constexpr const char* ids[LookSteps] = {
-        "primaries",     "whiteBalance", "exposure",  "toneRegions",   "parametricCurve",
-        "texture",       "clarity",      "greyMixer", "blackAndWhite", "parametricCurve",
-        "toneCurve",     "colourMixer",  "vibrance",  "saturation",    "lut3d",
-        "colourGrading", "sharpen",      "vignette",  "grain"};
+        "primaries",   "whiteBalance",  "exposure",  "toneRegions",   "parametricCurve",
+        "texture",     "clarity",       "greyMixer", "blackAndWhite", "parametricCurve",
+        "toneCurve",   "colourMixer",   "vibrance",  "saturation",    "lut3d",
+        "splitToning", "colourGrading", "sharpen",   "vignette",      "grain"};
     return ids[static_cast<int>(step)];
 }
 

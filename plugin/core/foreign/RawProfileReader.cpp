@@ -66,7 +66,7 @@ ForeignLook RawProfileReader::Read(const QString& path, const QByteArray& conten
         if (MappingTable::HasSection(section))
             TakeSection(section, keys, look);
         else
-            look.SetText(QStringLiteral("[%1]").arg(section), QString());
+            look.settings[QStringLiteral("[%1]").arg(section)].isTree = true;
     }
     if (!hasSections)
         throw NoLookError(path.toStdString() + ": expected a profile with sections, found none");

@@ -7,6 +7,8 @@
 
 #include <QXmlStreamReader>
 
+#include <algorithm>
+
 namespace LumetraPlugin {
 namespace {
 
@@ -15,8 +17,19 @@ using LumetraHost::XmpProperty;
 
 constexpr int DeepestNesting = 64;
 
+/// The XMP library keeps the first meaning of a prefix that it sees, for the whole process.
+bool IsMisleading(const QXmlStreamReader& reader)
+{
+    const auto declarations = reader.namespaceDeclarations();
+    return std::any_of(declarations.begin(), declarations.end(), [](const auto& declaration) {
+        return declaration.prefix() == QLatin1String("crs") &&
+               declaration.namespaceUri() != QLatin1String(XmpNamespace::CameraRaw);
+    });
+}
+
 /// Refuses what the XMP library should not see: XML that is not well-formed, document types, whose
-/// entities can grow without bound, and nesting that its recursion could not bear.
+/// entities can grow without bound, nesting that its recursion could not bear, and another meaning
+/// of the prefix that is ours.
 void CheckXml(const QString& path, const QByteArray& content)
 {
     QXmlStreamReader reader(content);
@@ -29,6 +42,9 @@ void CheckXml(const QString& path, const QByteArray& content)
             --depth;
         if (token == QXmlStreamReader::StartElement && ++depth > DeepestNesting)
             ForeignFile::Fail(path, reader.lineNumber(), "expected nesting of at most 64 levels");
+        if (token == QXmlStreamReader::StartElement && IsMisleading(reader))
+            ForeignFile::Fail(path, reader.lineNumber(),
+                              "expected the prefix \"crs\" for camera-raw settings alone");
     }
     if (reader.hasError())
         ForeignFile::Fail(path, reader.lineNumber(),
@@ -59,7 +75,12 @@ void TakeMember(const XmpProperty& property, ForeignLook& look)
         look.SetText(QStringLiteral("Look"), property.text);
     else if (property.path == QLatin1String("Look/Parameters/ConvertToGrayscale"))
         look.SetText(QStringLiteral("Look/ConvertToGrayscale"), property.text);
-    else
+}
+
+/// Structures are named, and nothing of them is read but the nested look.
+void TakeStructure(const XmpProperty& property, ForeignLook& look)
+{
+    if (RootOf(property.path) != QLatin1String("Look"))
         look.settings[RootOf(property.path)].isTree = true;
 }
 
@@ -69,6 +90,8 @@ void Take(const XmpProperty& property, ForeignLook& look)
         look.name = property.text;
     else if (property.path == QLatin1String("Group"))
         look.group = property.text;
+    else if (property.isStructure)
+        TakeStructure(property, look);
     else if (RootOf(property.path) != property.path)
         TakeMember(property, look);
     else

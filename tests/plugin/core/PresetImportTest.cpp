@@ -92,6 +92,7 @@ TEST_F(PresetImportTest, anImportedLookIsTheSameAfterAReload)
 TEST_F(PresetImportTest, theIntensityLeadsFromThePhotoToTheWholeLook)
 {
     const auto report = Import({WriteLook("a.xmp")});
+    session.OpenPhoto(LumetraHost::Image::Allocate(2, 2, LumetraHost::Image::Depth::Bits8));
     const QModelIndex index = report.presets.front().index;
     const auto preset = session.GetModel().GetPreset(index);
     EXPECT_EQ(preset->GetIntensity(), 100);

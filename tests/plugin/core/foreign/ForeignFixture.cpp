@@ -185,12 +185,15 @@ std::string ForeignFixture::FindError(const std::string& name, const QByteArray&
     }
 }
 
-Image ForeignFixture::Draw(const Image& picture, const ImportedLook& look)
+Image ForeignFixture::Draw(const Image& picture, const ImportedLook& look,
+                           const std::optional<LumetraHost::PictureArea>& area)
 {
     Zorvik::Quindle::EffectList effects;
     for (const auto& effect : look.effects)
         effects.push_back(effect->Clone());
-    return LumetraHost::Renderer().Render(picture, effects, 1);
+    LumetraHost::RenderOptions options;
+    options.area = area;
+    return LumetraHost::Renderer().Render(picture, effects, 1, options);
 }
 
 std::vector<Rgb> ForeignFixture::Draw(const std::vector<Rgb>& colours, const ImportedLook& look)

@@ -3,12 +3,14 @@
 
 #include "core/ImportedLook.h"
 #include "image/Image.h"
+#include "image/PictureArea.h"
 
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -44,9 +46,10 @@ protected:
     /// The message of the error that the file gives.
     std::string FindError(const std::string& name, const QByteArray& content) const;
 
-    /// The look on a picture of 16 bits.
+    /// The look on a picture of 16 bits, which may be a part of a larger one.
     static LumetraHost::Image Draw(const LumetraHost::Image& picture,
-                                   const LumetraPlugin::ImportedLook& look);
+                                   const LumetraPlugin::ImportedLook& look,
+                                   const std::optional<LumetraHost::PictureArea>& area = {});
     /// Colours through the look.
     static std::vector<Rgb> Draw(const std::vector<Rgb>& colours,
                                  const LumetraPlugin::ImportedLook& look);

@@ -53,6 +53,7 @@ const std::map<std::string, SettingExample>& GetSpecial()
         {"SplitToningShadowHue", {"220", {Setting("SplitToningShadowSaturation", "20")}}},
         {"SplitToningHighlightHue", {"40", {Setting("SplitToningHighlightSaturation", "20")}}},
         {"SplitToningBalance", {"-38", {Setting("SplitToningShadowSaturation", "20")}}},
+        {"Exposure/Compensation", {"1.5", {}}},
         {"Exposure/Black", {"1500", {}}},
         {"Exposure/HighlightCompr", {"120", {}}},
         {"Exposure/Auto", {"true", {}}},
