@@ -82,7 +82,7 @@ public:
     {
         const PresetPtr copy = preset->Copy();
         const QString name =
-            PresetNames::MakeFree(QString::fromStdString(preset->GetName()), m_taken);
+            PresetNames::MakeFreeOf(QString::fromStdString(preset->GetName()), m_taken);
         copy->SetName(name.toUtf8().toStdString());
         Append(path, name, {}, copy);
     }
@@ -103,9 +103,9 @@ private:
         const QString plain = LumetraHost::VisibleText::WithoutControls(look.name).simplified();
         const QString name = plain.isEmpty() ? QStringLiteral("Look") : plain;
         if (look.group.trimmed().isEmpty() || !m_taken.contains(name))
-            return PresetNames::MakeFree(name, m_taken);
-        return PresetNames::MakeFree(QStringLiteral("%1 (%2)").arg(name, look.group.simplified()),
-                                     m_taken);
+            return PresetNames::MakeFreeOf(name, m_taken);
+        return PresetNames::MakeFreeOf(QStringLiteral("%1 (%2)").arg(name, look.group.simplified()),
+                                       m_taken);
     }
 
     void Append(const QString& path, const QString& name, const std::vector<ImportRemark>& remarks,

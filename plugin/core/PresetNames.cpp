@@ -49,7 +49,7 @@ QString PresetNames::MakeFree(const QString& name, const QStringList& taken)
     return MakeFreeName(name, taken);
 }
 
-QString PresetNames::MakeFree(const QString& name, const QSet<QString>& taken)
+QString PresetNames::MakeFreeOf(const QString& name, const QSet<QString>& taken)
 {
     return MakeFreeName(name, taken);
 }

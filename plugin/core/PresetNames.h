@@ -21,7 +21,8 @@ public:
     /// `name` without spaces around it and control characters, shortened, and numbered until it is
     /// not in `taken`.
     static QString MakeFree(const QString& name, const QStringList& taken);
-    static QString MakeFree(const QString& name, const QSet<QString>& taken);
+    /// MakeFree() where there are many names.
+    static QString MakeFreeOf(const QString& name, const QSet<QString>& taken);
 };
 
 } // namespace LumetraPlugin
