@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "core/foreign/ForeignImport.h"
 
-#include "core/foreign/ForeignFile.h"
-#include "core/foreign/LookBuilder.h"
-#include "core/foreign/LookMeaning.h"
-#include "core/foreign/RawProfileReader.h"
-#include "core/foreign/TemplateReader.h"
-#include "core/foreign/XmpLookReader.h"
+#include "core/foreign/files/ForeignFile.h"
+#include "core/foreign/files/RawProfileReader.h"
+#include "core/foreign/files/TemplateReader.h"
+#include "core/foreign/files/XmpLookReader.h"
+#include "core/foreign/mapping/LookBuilder.h"
+#include "core/foreign/mapping/LookMeaning.h"
 
 #include <QFileInfo>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // How looks of other programs are spelled.
-#include "core/foreign/ForeignFile.h"
 #include "core/foreign/ForeignImport.h"
-#include "core/foreign/LuaTable.h"
+#include "core/foreign/files/ForeignFile.h"
+#include "core/foreign/files/LuaTable.h"
 #include "image/Image.h"
 #include "photo/PhotoWriter.h"
 #include "plugin/core/foreign/ForeignFixture.h"

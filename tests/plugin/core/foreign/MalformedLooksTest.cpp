@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Damaged and hostile files: each costs itself alone, and its error says where it is damaged.
-#include "core/foreign/ForeignFile.h"
+#include "core/foreign/files/ForeignFile.h"
 #include "plugin/core/foreign/ForeignFixture.h"
 
 #include <QFile>

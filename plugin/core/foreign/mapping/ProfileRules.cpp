@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "core/foreign/ForeignNumber.h"
-#include "core/foreign/LookBuilder.h"
-#include "core/foreign/MappingRules.h"
+#include "core/foreign/mapping/LookBuilder.h"
+#include "core/foreign/mapping/MappingRules.h"
 #include "engine/effects/lut3d/Lut3dSettings.h"
 #include "lut/HaldReader.h"
 #include "storage/ErrorText.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/foreign/ForeignLook.h"
-#include "core/foreign/LookStep.h"
+#include "core/foreign/mapping/LookStep.h"
 
 #include <QString>
 

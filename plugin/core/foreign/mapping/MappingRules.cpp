@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "core/foreign/MappingRules.h"
+#include "core/foreign/mapping/MappingRules.h"
 
 #include "core/foreign/ForeignNumber.h"
-#include "core/foreign/LookBuilder.h"
-#include "core/foreign/LookMeaning.h"
+#include "core/foreign/mapping/LookBuilder.h"
+#include "core/foreign/mapping/LookMeaning.h"
 
 #include <algorithm>
 #include <cmath>

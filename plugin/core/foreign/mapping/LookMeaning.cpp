@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "core/foreign/LookMeaning.h"
+#include "core/foreign/mapping/LookMeaning.h"
 
 #include "core/foreign/ForeignNumber.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "core/foreign/TemplateReader.h"
+#include "core/foreign/files/TemplateReader.h"
 
-#include "core/foreign/ForeignFile.h"
-#include "core/foreign/LuaTable.h"
+#include "core/foreign/files/ForeignFile.h"
+#include "core/foreign/files/LuaTable.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "core/foreign/ForeignFile.h"
+#include "core/foreign/files/ForeignFile.h"
 
 #include "Zorvik/Exception.h"
 
@@ -52,7 +52,7 @@ void ForeignFile::Fail(const QString& path, qint64 line, const std::string& mess
     const std::string place =
         path.toStdString() + (line > 0 ? ":" + std::to_string(line) : std::string());
     throw Zorvik::Exception(place + ": " + message, BOOST_CURRENT_FUNCTION,
-                            "core/foreign/ForeignFile", __LINE__);
+                            "core/foreign/files/ForeignFile", __LINE__);
 }
 
 } // namespace LumetraPlugin

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "core/foreign/MappingTable.h"
+#include "core/foreign/mapping/MappingTable.h"
 
-#include "core/foreign/MappingRules.h"
+#include "core/foreign/mapping/MappingRules.h"
 
 #include <algorithm>
 #include <map>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "core/foreign/MappingTable.h"
+#include "core/foreign/mapping/MappingTable.h"
 
 namespace LumetraPlugin {
 

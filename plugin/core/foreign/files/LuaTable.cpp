@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "core/foreign/LuaTable.h"
+#include "core/foreign/files/LuaTable.h"
 
-#include "core/foreign/ForeignFile.h"
+#include "core/foreign/files/ForeignFile.h"
 
 #include <QRegularExpression>
 

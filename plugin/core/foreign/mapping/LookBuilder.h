@@ -2,8 +2,8 @@
 #pragma once
 
 #include "core/ImportedLook.h"
-#include "core/foreign/LookStep.h"
-#include "core/foreign/MappingTable.h"
+#include "core/foreign/mapping/LookStep.h"
+#include "core/foreign/mapping/MappingTable.h"
 
 #include <array>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "core/foreign/LookBuilder.h"
+#include "core/foreign/mapping/LookBuilder.h"
 
 #include "Zorvik/Quindle/EffectRegistry.h"
 #include "Zorvik/Quindle/EffectSettingsImpl.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "core/foreign/RawProfileReader.h"
+#include "core/foreign/files/RawProfileReader.h"
 
-#include "core/foreign/ForeignFile.h"
-#include "core/foreign/MappingTable.h"
+#include "core/foreign/files/ForeignFile.h"
+#include "core/foreign/mapping/MappingTable.h"
 
 #include <boost/property_tree/ini_parser.hpp>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "core/foreign/MappingTable.h"
+#include "core/foreign/mapping/MappingTable.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "core/foreign/XmpLookReader.h"
+#include "core/foreign/files/XmpLookReader.h"
 
-#include "core/foreign/ForeignFile.h"
+#include "core/foreign/files/ForeignFile.h"
 #include "photo/metadata/XmpNamespace.h"
 #include "storage/ErrorText.h"
 
