@@ -30,10 +30,7 @@ public:
     {
         m_files.clear();
         m_isTooLarge = false;
-        if (!QFileInfo(folder).isReadable())
-            m_problems.append(QStringLiteral("%1: cannot be read").arg(folder));
-        else
-            Visit(folder, 1);
+        Visit(folder, 1);
         if (m_isTooLarge) {
             m_problems.append(QStringLiteral("%1: expected at most %2 files in folders of at most "
                                              "%3 levels, found more")
@@ -53,6 +50,10 @@ private:
         m_isTooLarge = m_isTooLarge || depth > ImportFolder::DeepestFolder;
         if (m_isTooLarge)
             return;
+        if (!QFileInfo(folder).isReadable()) {
+            m_problems.append(QStringLiteral("%1: expected a folder that can be read").arg(folder));
+            return;
+        }
         const QDir::SortFlags order = QDir::Name | QDir::DirsLast;
         const auto entries =
             QDir(folder).entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot, order);

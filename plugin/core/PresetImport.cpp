@@ -30,18 +30,21 @@ bool IsLutName(const QString& path)
     return LutImport::IsLutName(path, true);
 }
 
-/// One kind of file: how it is known, and what reads it. `read` is null for a kind that is read as
-/// it is added.
+/// One kind of file: how it is known, and what reads it, which is one of two.
 struct Kind
 {
     bool (*isName)(const QString& path);
+    /// Reads looks, on any thread.
     ImportedLooks (*read)(const QString& path, const ImportOptions& options);
+    /// Reads whole presets, as they are added, with what the collection has.
+    std::vector<PresetPtr> (*readWhenAdded)(PresetCollection& collection, const QString& path,
+                                            QStringList& problems);
 };
 
 constexpr Kind Kinds[] = {
-    {&ForeignImport::IsForeignName, &ForeignImport::Read},
-    {&JsonImport::IsJsonName, nullptr},
-    {&IsLutName, &LutImport::Read},
+    {&ForeignImport::IsForeignName, &ForeignImport::Read, nullptr},
+    {&JsonImport::IsJsonName, nullptr, &JsonImport::Read},
+    {&IsLutName, &LutImport::Read, nullptr},
 };
 
 /// Null for a file that none of them reads.
@@ -131,7 +134,8 @@ void TakeFile(const ImportedFile& file, PresetCollection& collection, Gathering&
     if (!file.isReadWhenAdded)
         return;
     try {
-        for (const PresetPtr& preset : JsonImport::Read(collection, file.path, problems))
+        for (const PresetPtr& preset :
+             FindKind(file.path)->readWhenAdded(collection, file.path, problems))
             gathering.TakePreset(file.path, preset);
     } catch (const std::exception& error) {
         problems.append(ErrorText::Show(error));

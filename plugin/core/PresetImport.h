@@ -3,7 +3,7 @@
 
 #include "core/ImportedLook.h"
 
-#include <QModelIndex>
+#include <QPersistentModelIndex>
 
 #include <functional>
 #include <vector>
@@ -31,7 +31,7 @@ struct ImportedPreset
     QString path; ///< of its file
     QString name;
     std::vector<ImportRemark> remarks;
-    QModelIndex index; ///< good until the next insertion
+    QPersistentModelIndex index;
 };
 
 /// What came of an import.

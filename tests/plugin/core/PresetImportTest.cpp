@@ -4,13 +4,12 @@
 #include "core/ImportFolder.h"
 #include "core/PresetSession.h"
 #include "core/userstore/UserPresetStore.h"
+#include "photo/PhotoWriter.h"
 #include "plugin/core/foreign/ForeignFixture.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-
-#include <sys/stat.h>
 
 using namespace LumetraPlugin;
 using LumetraTest::ForeignFixture;
@@ -42,6 +41,13 @@ protected:
     {
         QDir(folder.path()).mkpath(QFileInfo(QString::fromStdString("looks/" + name)).path());
         return Write("looks/" + name, MakeXmp({{"Exposure2012", exposure}}, title));
+    }
+    void WritePicture(const std::string& name, int size)
+    {
+        LumetraHost::Photo photo;
+        photo.image = LumetraHost::Image::Allocate(size, size, LumetraHost::Image::Depth::Bits8);
+        LumetraHost::PhotoWriter::Write(folder.filePath(QString::fromStdString("looks/" + name)),
+                                        photo);
     }
     QString Looks() const { return folder.filePath(QStringLiteral("looks")); }
     ImportReport Import(const QStringList& paths)
@@ -133,6 +139,28 @@ TEST_F(PresetImportTest, aFolderStandsForAllLooksBelowIt)
     const auto report = Import({Looks()});
     EXPECT_THAT(GetNames(report), ElementsAre("b", "c", "d"));
     EXPECT_EQ(report.problems, QStringList());
+}
+
+TEST_F(PresetImportTest, ofPicturesInAFolderOnlyTablesCount)
+{
+    WritePicture("table.png", 8);
+    WritePicture("square.png", 30);
+    const auto report = Import({Looks()});
+    EXPECT_THAT(GetNames(report), ElementsAre("table"));
+    EXPECT_EQ(report.problems, QStringList());
+}
+
+TEST_F(PresetImportTest, aFolderThatIsTooDeepIsRefusedWhole)
+{
+    WriteLook("a.xmp");
+    QString deep = QStringLiteral("looks");
+    for (int i = 0; i < ImportFolder::DeepestFolder; ++i)
+        deep += QStringLiteral("/d");
+    ASSERT_TRUE(QDir(folder.path()).mkpath(deep));
+    const auto report = Import({Looks()});
+    EXPECT_TRUE(report.presets.empty());
+    ASSERT_EQ(report.problems.size(), 1);
+    EXPECT_THAT(report.problems[0].toStdString(), HasSubstr("in folders of at most 16 levels"));
 }
 
 TEST_F(PresetImportTest, tellsOfFilesThatAreNoLooksAndTakesTheOthers)

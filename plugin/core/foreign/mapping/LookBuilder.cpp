@@ -73,6 +73,9 @@ void LookBuilder::Build()
 void LookBuilder::Run(const QString& setting, const ForeignValue& value)
 {
     const MappingRow* const row = MappingTable::Find(setting);
+    const bool isEmpty = !value.isTree && !value.isList && value.text.trimmed().isEmpty();
+    if (isEmpty)
+        return;
     if (row && row->rule)
         return RunRule(*row, value);
     const bool isSilent = row && (row->carry == Carry::Silent || IsNeutral(*row, value));
