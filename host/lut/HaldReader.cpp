@@ -5,6 +5,10 @@
 #include "lut/LutError.h"
 #include "lut/OcioLutReader.h"
 #include "photo/PhotoReader.h"
+#include "photo/file/PhotoFile.h"
+#include "photo/file/PhotoHead.h"
+
+#include <cstdint>
 
 namespace LumetraHost {
 namespace {
@@ -12,11 +16,20 @@ namespace {
 constexpr int SmallestLevel = 2;
 constexpr int LargestLevel = 12;
 
-int FindLevel(const QString& path, const Image& image)
+/// The level of the table that a picture of this size holds; 0 for other sizes.
+int FindLevel(std::uint64_t width, std::uint64_t height)
 {
     for (int level = SmallestLevel; level <= LargestLevel; ++level)
-        if (image.GetWidth() == level * level * level && image.GetHeight() == image.GetWidth())
+        if (width == static_cast<std::uint64_t>(level * level * level) && height == width)
             return level;
+    return 0;
+}
+
+int FindLevel(const QString& path, const Image& image)
+{
+    if (const int level = FindLevel(static_cast<std::uint64_t>(image.GetWidth()),
+                                    static_cast<std::uint64_t>(image.GetHeight())))
+        return level;
     FailInLut(path, 0,
               "expected a HaldCLUT, a square picture of 8, 27, 64, 125 and so on to 1728 pixels, "
               "found " +
@@ -61,6 +74,17 @@ LookUpTable Resample(LookUpTable&& cube, int size)
 }
 
 } // namespace
+
+bool HaldReader::HasTableSize(const QString& path)
+{
+    try {
+        PhotoFile file(path);
+        const PhotoHead head = PhotoHead::Read(file);
+        return FindLevel(head.width, head.height) != 0;
+    } catch (const std::exception&) {
+        return false; // no picture, or one that announces nothing
+    }
+}
 
 LookUpTable HaldReader::Read(const QString& path)
 {

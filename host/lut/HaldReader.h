@@ -16,6 +16,8 @@ public:
     /// The cube; larger ones than 65 points are sampled down to that. Zorvik::Exception naming the
     /// file.
     static LookUpTable Read(const QString& path);
+    /// True when the file's head announces a picture of the size of a HaldCLUT. Reads no pixels.
+    static bool HasTableSize(const QString& path);
 };
 
 } // namespace LumetraHost

@@ -30,6 +30,14 @@ bool LutImport::IsLutName(const QString& path, bool withPictures)
     return format && (withPictures || format != LutFormat::Hald);
 }
 
+ImportedLooks LutImport::Read(const QString& path, const ImportOptions&)
+{
+    ImportedLooks looks;
+    for (const LutLook& look : LumetraHost::LutReader::Read(path))
+        looks.push_back({NameOf(look), {}, {look.effect}, {}});
+    return looks;
+}
+
 std::vector<QModelIndex> LutImport::AddTo(PresetCollection& collection, const QString& path)
 {
     return AddTo(collection, path, collection.GetModel().GetUserPresetNames());

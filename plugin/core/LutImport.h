@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "core/ImportedLook.h"
+
 #include <QModelIndex>
 #include <QString>
 #include <QStringList>
@@ -18,6 +20,9 @@ class LutImport
 public:
     /// True for names that end as those of LUT files do; pictures only when `withPictures`.
     static bool IsLutName(const QString& path, bool withPictures);
+
+    /// The looks of the file. Exception with file and place when it cannot be used.
+    static ImportedLooks Read(const QString& path, const ImportOptions& options);
 
     /// Appends a preset for each look of the file to the user's group and announces it; nothing is
     /// saved yet. Each has an intensity, at its full strength, an id of its own and the look's

@@ -60,18 +60,18 @@ QModelIndex PresetModel::GetUserGroup() const
     return {};
 }
 
-/// Makes room for one more preset before anything is announced: an index points at the preset's
-/// place in memory, which the list may move when it grows.
-void PresetModel::ReserveRow(const QModelIndex& group)
+/// Makes room for more presets before anything is announced: an index points at the preset's place
+/// in memory, which the list may move when it grows.
+void PresetModel::ReserveRows(const QModelIndex& group, std::size_t count)
 {
     auto& items = m_groups[group.row()].items;
-    if (items.size() < items.capacity())
+    if (items.size() + count <= items.capacity())
         return;
     QModelIndexList old;
     const QModelIndexList indexes = persistentIndexList();
     std::copy_if(indexes.begin(), indexes.end(), std::back_inserter(old),
                  [&group](const QModelIndex& index) { return index.parent() == group; });
-    items.reserve(2 * items.size() + 4);
+    items.reserve(2 * items.size() + count + 3);
     for (const QModelIndex& index : old)
         changePersistentIndex(index, this->index(index.row(), index.column(), group));
 }
@@ -81,20 +81,44 @@ void PresetModel::InsertPreset(int row, const QModelIndex& group, const PresetPt
     auto& items = m_groups.at(group.row()).items;
     const int count = static_cast<int>(items.size());
     const int place = row < 0 || row > count ? count : row;
-    ReserveRow(group);
+    ReserveRows(group, 1);
     beginInsertRows(group, place, place);
     items.insert(items.begin() + place, preset);
     endInsertRows();
 }
 
+void PresetModel::Attach(const PresetPtr& preset, const GroupInfo& group)
+{
+    preset->SetWorkspaceController(GetWorkspaceReference());
+    preset->SetGroupInfo(group.info.name, group.info.editable);
+}
+
 QModelIndex PresetModel::AddUserPreset(const PresetPtr& preset)
 {
     const QModelIndex group = GetUserGroup();
-    const GroupInfo& info = m_groups.at(group.row());
-    preset->SetWorkspaceController(GetWorkspaceReference());
-    preset->SetGroupInfo(info.info.name, info.info.editable);
+    Attach(preset, m_groups.at(group.row()));
     InsertPreset(-1, group, preset);
     return FindPreset(*preset);
+}
+
+QModelIndexList PresetModel::AddUserPresets(const std::vector<PresetPtr>& presets)
+{
+    if (presets.empty())
+        return {};
+    const QModelIndex group = GetUserGroup();
+    auto& items = m_groups.at(group.row()).items;
+    for (const PresetPtr& preset : presets)
+        Attach(preset, m_groups[group.row()]);
+    ReserveRows(group, presets.size());
+    const int first = static_cast<int>(items.size());
+    const int last = first + static_cast<int>(presets.size()) - 1;
+    beginInsertRows(group, first, last);
+    items.insert(items.end(), presets.begin(), presets.end());
+    endInsertRows();
+    QModelIndexList indexes;
+    for (int row = first; row <= last; ++row)
+        indexes.append(index(row, 0, group));
+    return indexes;
 }
 
 } // namespace LumetraPlugin

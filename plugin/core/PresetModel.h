@@ -34,8 +34,12 @@ public:
     /// attaches it to this model's workspace. Returns its index.
     QModelIndex AddUserPreset(const PresetPtr& preset);
 
+    /// Appends several in one insertion. Returns their indexes, in the same order.
+    QModelIndexList AddUserPresets(const std::vector<PresetPtr>& presets);
+
 private:
-    void ReserveRow(const QModelIndex& group);
+    void ReserveRows(const QModelIndex& group, std::size_t count);
+    void Attach(const PresetPtr& preset, const GroupInfo& group);
 };
 
 } // namespace LumetraPlugin

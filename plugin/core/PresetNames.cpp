@@ -17,6 +17,19 @@ QString Shortened(const QString& name, int length)
     return text.trimmed();
 }
 
+template <class Names>
+QString MakeFreeName(const QString& name, const Names& taken)
+{
+    const QString start =
+        Shortened(VisibleText::WithoutControls(name).trimmed(), PresetNames::MaxLength);
+    QString candidate = start;
+    for (int number = 2; taken.contains(candidate); ++number) {
+        const QString suffix = QStringLiteral(" %1").arg(number);
+        candidate = Shortened(start, PresetNames::MaxLength - suffix.size()) + suffix;
+    }
+    return candidate;
+}
+
 } // namespace
 
 QString PresetNames::FindFault(const QString& name)
@@ -33,13 +46,12 @@ QString PresetNames::FindFault(const QString& name)
 
 QString PresetNames::MakeFree(const QString& name, const QStringList& taken)
 {
-    const QString start = Shortened(VisibleText::WithoutControls(name).trimmed(), MaxLength);
-    QString candidate = start;
-    for (int number = 2; taken.contains(candidate); ++number) {
-        const QString suffix = QStringLiteral(" %1").arg(number);
-        candidate = Shortened(start, MaxLength - suffix.size()) + suffix;
-    }
-    return candidate;
+    return MakeFreeName(name, taken);
+}
+
+QString PresetNames::MakeFreeOf(const QString& name, const QSet<QString>& taken)
+{
+    return MakeFreeName(name, taken);
 }
 
 } // namespace LumetraPlugin

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <QSet>
 #include <QStringList>
 
 namespace LumetraPlugin {
@@ -20,6 +21,8 @@ public:
     /// `name` without spaces around it and control characters, shortened, and numbered until it is
     /// not in `taken`.
     static QString MakeFree(const QString& name, const QStringList& taken);
+    /// MakeFree() where there are many names.
+    static QString MakeFreeOf(const QString& name, const QSet<QString>& taken);
 };
 
 } // namespace LumetraPlugin

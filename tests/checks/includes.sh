@@ -26,7 +26,7 @@ rooms=(
     host/catalogue host/lut host/exporting
     host/drawer/stack host/drawer/render host/drawer host/drawer/previews host/drawer/view host/workspace
     plugin/api plugin/core
-    plugin/panel/appearance plugin/panel/commands plugin/panel/grid plugin/panel/widgets plugin/panel
+    plugin/panel/appearance plugin/panel/importing plugin/panel/commands plugin/panel/grid plugin/panel/widgets plugin/panel
     apps/cli/console apps/cli/output apps/cli/presets apps/cli/photos apps/cli/commands apps/cli
     apps/editor/settings apps/editor/edit apps/editor/plugins apps/editor/session apps/editor/canvas
     apps/editor/appearance apps/editor/histogram apps/editor/actions apps/editor/export apps/editor/window apps/editor

@@ -2,53 +2,92 @@
 #include "commands/Commands.h"
 
 #include "EffectPresets/EffectPresetModel.h"
-#include "Zorvik/Exception.h"
 #include "console/Console.h"
 #include "console/UsageError.h"
-#include "core/LutImport.h"
+#include "core/PresetImport.h"
 #include "core/PresetSession.h"
 #include "presets/CatalogueOptions.h"
 #include "presets/StoreCommand.h"
 
+#include <QFileInfo>
+
 namespace LumetraCli {
 namespace {
 
-using LumetraPlugin::LutImport;
+using LumetraPlugin::ImportedFiles;
+using LumetraPlugin::ImportedPreset;
+using LumetraPlugin::ImportOptions;
+using LumetraPlugin::ImportRemark;
+using LumetraPlugin::ImportReport;
+using LumetraPlugin::PresetImport;
 using LumetraPlugin::PresetSession;
 using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
 
 const QString NameOption = QStringLiteral("name");
-
-/// Adds the looks of one file; returns a line for each.
-QStringList Import(const QString& file, const QString& name, PresetSession& session)
-{
-    QStringList done;
-    const auto added = LutImport::AddTo(session, file);
-    if (!name.isEmpty() && added.size() == 1)
-        session.GetModel().setData(added.front(), name, EffectPresetModel::PresetNameRole);
-    for (const QModelIndex& preset : added)
-        done.append(QStringLiteral("imported \"%1\" from \"%2\"")
-                        .arg(preset.data(EffectPresetModel::PresetNameRole).toString(), file));
-    return done;
-}
+const QString TablesOption = QStringLiteral("luts");
 
 /// The name of the preset; empty: each preset is named by its file.
-QString ReadName(const QCommandLineParser& parser, PresetSession& session, int files)
+QString ReadName(const QCommandLineParser& parser, PresetSession& session, const QStringList& files)
 {
     if (!parser.isSet(NameOption))
         return {};
-    if (files != 1)
-        throw UsageError(QStringLiteral("--name: expected one file, found %1").arg(files));
+    if (files.size() != 1 || QFileInfo(files.front()).isDir())
+        throw UsageError(QStringLiteral("--name: expected one file, found %1")
+                             .arg(files.size() == 1 ? QStringLiteral("a folder")
+                                                    : QString::number(files.size())));
     return StoreCommand::NewName(session.GetModel(), parser.value(NameOption));
 }
 
-/// Makes presets of the user's own out of LUT files. A bad file does not keep the others out.
+ImportOptions ReadOptions(const QCommandLineParser& parser)
+{
+    const ImportOptions options{parser.values(TablesOption)};
+    for (const QString& folder : options.tableFolders)
+        if (!QFileInfo(folder).isDir())
+            throw UsageError(QStringLiteral("--luts: expected a folder, found \"%1\"").arg(folder));
+    return options;
+}
+
+ImportedFiles ReadFiles(const QStringList& paths, const ImportOptions& options, Console& console)
+{
+    const auto files =
+        PresetImport::ReadAll(paths, options, [&console](int done, int total, const QString& path) {
+            if (total > 1)
+                console.ShowProgress(done, total, path);
+            return true;
+        });
+    console.ClearProgress();
+    return files;
+}
+
+/// Prints what of the look is only like it, or is missing.
+void PrintRemarks(const ImportedPreset& preset, ImportRemark::Kind kind, const QString& title,
+                  Console& console)
+{
+    QStringList remarks;
+    for (const ImportRemark& remark : preset.remarks)
+        if (remark.kind == kind)
+            remarks.append(remark.ToText());
+    if (!remarks.isEmpty())
+        console.PrintLine(
+            QStringLiteral("  %1: %2").arg(title, remarks.join(QStringLiteral(", "))));
+}
+
+void Print(const ImportedPreset& preset, Console& console)
+{
+    console.PrintLine(QStringLiteral("imported \"%1\" from \"%2\"").arg(preset.name, preset.path));
+    PrintRemarks(preset, ImportRemark::Kind::Approximated, QStringLiteral("approximated"), console);
+    PrintRemarks(preset, ImportRemark::Kind::LeftOut, QStringLiteral("left out"), console);
+}
+
+/// Makes presets of the user's own out of files with looks. A bad file does not keep the others
+/// out.
 class ImportCommand : public Command
 {
 public:
     ImportCommand()
         : Command(QStringLiteral("import"),
-                  QStringLiteral("Makes presets of your own out of LUT files."))
+                  QStringLiteral("Makes presets of your own out of LUT files and looks of other "
+                                 "programs."))
     {
     }
 
@@ -61,38 +100,44 @@ void ImportCommand::AddOptions(QCommandLineParser& parser) const
 {
     parser.addPositionalArgument(
         QStringLiteral("FILE"),
-        QStringLiteral("LUT files: .cube, .3dl, .clf, .cc, .ccc, .cdl, HaldCLUT pictures."),
+        QStringLiteral("LUT files: .cube, .3dl, .clf, .cc, .ccc, .cdl, HaldCLUT pictures; looks of "
+                       "other programs: .xmp, .lrtemplate, .pp3; catalogues and presets: .json. A "
+                       "folder stands for all of these in it and below it."),
         QStringLiteral("FILE..."));
     parser.addOption({NameOption,
                       QStringLiteral("The preset's name, for a file with one look. Default: the "
-                                     "file's."),
+                                     "look's own, or else the file's."),
                       QStringLiteral("name")});
+    parser.addOption({TablesOption,
+                      QStringLiteral("Looks here too for the HaldCLUT pictures that .pp3 files "
+                                     "name. May be repeated."),
+                      QStringLiteral("folder")});
     CatalogueOptions::Add(parser);
 }
 
 ExitCode ImportCommand::Execute(const QCommandLineParser& parser, Console& console) const
 {
-    const QStringList files = parser.positionalArguments().mid(1);
-    if (files.isEmpty())
-        throw UsageError(QStringLiteral("expected at least one LUT file"));
+    const QStringList paths = parser.positionalArguments().mid(1);
+    if (paths.isEmpty())
+        throw UsageError(QStringLiteral("expected at least one file or folder with looks"));
+    const ImportOptions options = ReadOptions(parser);
     const auto session = CatalogueOptions::Load(parser, console);
     if (!session || !session->GetStore())
         return ExitCode::SomeFailed;
-    const QString name = ReadName(parser, *session, files.size());
-    QStringList done;
-    bool haveSomeFailed = false;
-    for (const QString& file : files)
-        try {
-            done += Import(file, name, *session);
-        } catch (const Zorvik::Exception& error) {
-            console.ReportPlace(QString::fromUtf8(error.what()));
-            haveSomeFailed = true;
-        }
-    if (!done.isEmpty() && StoreCommand::Save(*session, console) != ExitCode::Done)
+    const QString name = ReadName(parser, *session, paths);
+    ImportReport report = PresetImport::AddTo(*session, ReadFiles(paths, options, console));
+    if (!name.isEmpty() && report.presets.size() == 1) {
+        report.presets.front().name = name;
+        session->GetModel().setData(report.presets.front().index, name,
+                                    EffectPresetModel::PresetNameRole);
+    }
+    if (!report.presets.empty() && StoreCommand::Save(*session, console) != ExitCode::Done)
         return ExitCode::SomeFailed;
-    for (const QString& line : done)
-        console.PrintLine(line);
-    return haveSomeFailed ? ExitCode::SomeFailed : ExitCode::Done;
+    for (const ImportedPreset& preset : report.presets)
+        Print(preset, console);
+    for (const QString& problem : report.problems)
+        console.ReportPlace(problem);
+    return report.problems.isEmpty() ? ExitCode::Done : ExitCode::SomeFailed;
 }
 
 } // namespace

@@ -7,7 +7,6 @@
 #include "Zorvik/Exception.h"
 #include "Zorvik/Util/ObjectsConnector.h"
 #include "core/PresetCollection.h"
-#include "core/PresetImport.h"
 #include "core/PresetResource.h"
 #include "core/userstore/UserPresetStore.h"
 #include "lut/LookExport.h"
@@ -397,35 +396,6 @@ void PresetCommands::PutBack(const PresetModel::PresetPtr& preset, int row)
         Save();
         emit presetsChanged();
     });
-}
-
-void PresetCommands::ImportByDialog()
-{
-    Import(m_dialogs.AskImports());
-}
-
-void PresetCommands::Import(const QStringList& paths)
-{
-    int count = 0;
-    QPersistentModelIndex last;
-    for (const QString& path : paths) {
-        try {
-            QStringList problems;
-            const auto added = PresetImport::AddTo(m_presets, path, problems);
-            count += static_cast<int>(added.size());
-            last = added.back();
-            for (const QString& problem : problems)
-                Tell(problem);
-        } catch (const std::exception& error) {
-            Tell(LumetraHost::ErrorText::Show(error));
-        }
-    }
-    if (count == 0)
-        return;
-    Save();
-    emit presetsChanged();
-    emit presetAdded(last);
-    Tell(count == 1 ? tr("Imported “%1”.").arg(NameOf(last)) : tr("Imported %1 looks.").arg(count));
 }
 
 /// Exports looks of colour alone; others do not fit into a table.

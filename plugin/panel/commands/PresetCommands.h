@@ -18,6 +18,7 @@ namespace LumetraPlugin {
 class AppliedEdit;
 class PresetCollection;
 class RecentPresets;
+struct ImportReport;
 
 /// The user's operations on presets. Each works through the model's roles, saves the user's file,
 /// gives the editor the finished step and tells the panel's views. Indexes are those of the preset
@@ -78,9 +79,11 @@ public:
     /// Removes a preset of the user's own, after asking. Undoable.
     void Remove(const QModelIndex& preset);
     bool IsUsers(const QModelIndex& preset) const;
-    /// Imports files with looks, see PresetImport.
+    /// Imports files with looks, and folders of them, see PresetImport. Tells what came, and what
+    /// did not and why.
     void Import(const QStringList& paths);
     void ImportByDialog();
+    void ImportFolderByDialog();
     /// Writes the look at its current values as a .cube file that the user names.
     void Export(const QModelIndex& preset);
 
@@ -111,6 +114,8 @@ private:
     void GoBack();
     void ApplyOn(const QModelIndex& preset, bool isFinished);
     void TakeOff();
+    void ImportFiles(const QStringList& paths);
+    void TellOf(const ImportReport& report);
     void ExportLook(const QModelIndex& preset);
     void TellCommitted();
     void Save();
@@ -128,6 +133,7 @@ private:
     QStringList m_resourceFolders;
     Zorvik::Core::Property::Ptr m_lastStep; ///< never null, never changed
     bool m_hasUnsaved = false;
+    bool m_isImporting = false;
 };
 
 } // namespace LumetraPlugin

@@ -99,9 +99,18 @@ QStringList PresetDialogs::AskImports() const
     dialog.setFileMode(QFileDialog::ExistingFiles);
     dialog.setNameFilters(
         {tr("Looks (%1)")
-             .arg(QStringLiteral("*.cube *.3dl *.clf *.cc *.ccc *.cdl *.png *.tif *.tiff *.json")),
+             .arg(QStringLiteral("*.cube *.3dl *.clf *.cc *.ccc *.cdl *.png *.tif *.tiff *.xmp "
+                                 "*.lrtemplate *.pp3 *.json")),
          tr("All files (%1)").arg(QStringLiteral("*"))});
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+}
+
+QString PresetDialogs::AskImportFolder() const
+{
+    QFileDialog dialog(&m_window, tr("Import a folder of looks"));
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 QString PresetDialogs::AskExport(const QString& name) const

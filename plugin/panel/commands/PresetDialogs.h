@@ -34,8 +34,12 @@ public:
     Unsaved AskAboutUnsaved(const QString& problem, bool canTryAgain) const;
     /// Asks for files with looks.
     QStringList AskImports() const;
+    /// Asks for a folder with looks.
+    QString AskImportFolder() const;
     /// Asks for the .cube file to which the preset called `name` is written.
     QString AskExport(const QString& name) const;
+
+    QWidget& GetWindow() const { return m_window; }
 
 private:
     QWidget& m_window;

@@ -185,8 +185,8 @@
         <translation>Looks suchen</translation>
     </message>
     <message>
-        <source>Import looks: .cube, .3dl, CLF, CDL, HaldCLUT and preset files</source>
-        <translation>Looks importieren: .cube, .3dl, CLF, CDL, HaldCLUT und Preset-Dateien</translation>
+        <source>Import looks: .xmp, .lrtemplate, .pp3, .cube, .3dl, CLF, CDL, HaldCLUT and preset files</source>
+        <translation>Looks importieren: .xmp, .lrtemplate, .pp3, .cube, .3dl, CLF, CDL, HaldCLUT und Preset-Dateien</translation>
     </message>
     <message>
         <source>Import looks</source>
@@ -253,6 +253,64 @@
     </message>
 </context>
 <context>
+    <name>LumetraPlugin::ImportReading</name>
+    <message>
+        <source>Import looks</source>
+        <translation>Looks importieren</translation>
+    </message>
+    <message>
+        <source>Files that are read</source>
+        <translation>Gelesene Dateien</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraPlugin::ImportSummary</name>
+    <message>
+        <source>Imported looks</source>
+        <translation>Importierte Looks</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Einzelheiten</translation>
+    </message>
+    <message>
+        <source>No look was imported.</source>
+        <translation>Kein Look wurde importiert.</translation>
+    </message>
+    <message>
+        <source>Imported “%1”.</source>
+        <translation>„%1“ importiert.</translation>
+    </message>
+    <message>
+        <source>Imported %1 looks.</source>
+        <translation>%1 Looks importiert.</translation>
+    </message>
+    <message>
+        <source>One was not imported.</source>
+        <translation>Einer wurde nicht importiert.</translation>
+    </message>
+    <message>
+        <source>%1 were not imported.</source>
+        <translation>%1 wurden nicht importiert.</translation>
+    </message>
+    <message>
+        <source>Not imported</source>
+        <translation>Nicht importiert</translation>
+    </message>
+    <message>
+        <source>Imported</source>
+        <translation>Importiert</translation>
+    </message>
+    <message>
+        <source>Approximately:</source>
+        <translation>Annähernd:</translation>
+    </message>
+    <message>
+        <source>Left out:</source>
+        <translation>Weggelassen:</translation>
+    </message>
+</context>
+<context>
     <name>LumetraPlugin::PanelGuard</name>
     <message>
         <source>This did not work, and nothing says why.</source>
@@ -310,20 +368,16 @@
         <translation>„%1“ löschen</translation>
     </message>
     <message>
-        <source>Imported “%1”.</source>
-        <translation>„%1“ importiert.</translation>
-    </message>
-    <message>
-        <source>Imported %1 looks.</source>
-        <translation>%1 Looks importiert.</translation>
-    </message>
-    <message>
         <source>“%1” cannot become a .cube file, for it changes more than colours: %2</source>
         <translation>Aus „%1“ kann keine .cube-Datei werden, denn der Look ändert mehr als Farben: %2</translation>
     </message>
     <message>
         <source>Wrote “%1”.</source>
         <translation>„%1“ geschrieben.</translation>
+    </message>
+    <message>
+        <source>Nothing was imported.</source>
+        <translation>Nichts wurde importiert.</translation>
     </message>
 </context>
 <context>
@@ -369,6 +423,10 @@ Verwerfen beendet das Programm ohne sie.</translation>
     <message>
         <source>Export “%1” as .cube</source>
         <translation>„%1“ als .cube exportieren</translation>
+    </message>
+    <message>
+        <source>Import a folder of looks</source>
+        <translation>Einen Ordner mit Looks importieren</translation>
     </message>
 </context>
 <context>
@@ -492,6 +550,10 @@ Verwerfen beendet das Programm ohne sie.</translation>
     <message>
         <source>Import looks…</source>
         <translation>Looks importieren …</translation>
+    </message>
+    <message>
+        <source>Import a folder of looks…</source>
+        <translation>Ordner mit Looks importieren …</translation>
     </message>
     <message>
         <source>Export as .cube…</source>

@@ -129,7 +129,9 @@ void FilterBar::ShowTexts()
     m_clear->setToolTip(tr("Empty the search (Esc)"));
     m_clear->setAccessibleName(tr("Empty the search"));
     m_import->setIcon(PanelIcons::GetIcon(QStringLiteral("import"), palette()));
-    m_import->setToolTip(tr("Import looks: .cube, .3dl, CLF, CDL, HaldCLUT and preset files"));
+    m_import->setToolTip(
+        tr("Import looks: .xmp, .lrtemplate, .pp3, .cube, .3dl, CLF, CDL, HaldCLUT and "
+           "preset files"));
     m_import->setAccessibleName(tr("Import looks"));
     const QString texts[KindCount] = {tr("All"), tr("Favourites"), tr("Recent"), tr("Mine")};
     const QString hints[KindCount] = {tr("All looks"), tr("Looks that you marked with a star"),

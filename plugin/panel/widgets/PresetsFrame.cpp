@@ -7,6 +7,7 @@
 
 #include <QDragEnterEvent>
 #include <QEvent>
+#include <QFileInfo>
 #include <QMimeData>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -16,11 +17,17 @@ namespace {
 
 constexpr int SmallestWidth = 280;
 
+/// True for folders too: what is in them is looked at only when they are dropped.
+bool HasLooks(const QString& path)
+{
+    return PresetImport::IsImportable(path) || QFileInfo(path).isDir();
+}
+
 QStringList LooksOf(const QMimeData& data)
 {
     QStringList paths;
     for (const QUrl& url : data.urls())
-        if (url.isLocalFile() && PresetImport::IsImportable(url.toLocalFile()))
+        if (url.isLocalFile() && HasLooks(url.toLocalFile()))
             paths.append(url.toLocalFile());
     return paths;
 }

@@ -109,6 +109,8 @@ void PresetsWidget::MakeActions()
         AddAction("discardPreset", Qt::CTRL + Qt::Key_Backspace, [this] { m_commands.Discard(); });
     m_import =
         AddAction("importPresets", Qt::CTRL + Qt::Key_I, [this] { m_commands.ImportByDialog(); });
+    m_importFolder = AddAction("importPresetFolder", Qt::CTRL + Qt::SHIFT + Qt::Key_I,
+                               [this] { m_commands.ImportFolderByDialog(); });
     m_export = AddAction("exportPreset", Qt::CTRL + Qt::SHIFT + Qt::Key_E,
                          [this] { m_commands.Export(GetTargetPreset()); });
     m_search = AddAction("searchPresets", QKeySequence::Find, [this] { m_bar->FocusSearch(); });
@@ -131,6 +133,7 @@ void PresetsWidget::ShowActionTexts()
     m_discard->setText(tr("Discard the look"));
     m_search->setText(tr("Search looks"));
     m_import->setText(tr("Import looks…"));
+    m_importFolder->setText(tr("Import a folder of looks…"));
     m_export->setText(tr("Export as .cube…"));
     for (QShortcut* const shortcut : findChildren<QShortcut*>())
         shortcut->setWhatsThis(tr("Open or shut the group in that place")); // for lists of keys
@@ -166,6 +169,9 @@ void PresetsWidget::ShowMenu(const QModelIndex& preset, const QPoint& position)
         menu.addAction(m_discard);
         menu.addAction(m_commit);
     }
+    menu.addSeparator();
+    menu.addAction(m_import);
+    menu.addAction(m_importFolder);
     menu.exec(position);
     m_favourite->setCheckable(false);
     m_menuPreset = QModelIndex();

@@ -67,6 +67,7 @@ private:
     QAction* m_discard = nullptr;
     QAction* m_search = nullptr;
     QAction* m_import = nullptr;
+    QAction* m_importFolder = nullptr;
     QAction* m_export = nullptr;
 };
 

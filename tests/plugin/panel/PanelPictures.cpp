@@ -4,9 +4,11 @@
 #include "TestEditor.h"
 #include "core/CatalogueLocations.h"
 #include "core/PresetCollection.h"
+#include "core/PresetImport.h"
 #include "image/Image.h"
 #include "panel/PresetsPanel.h"
 #include "panel/appearance/PanelTranslation.h"
+#include "panel/importing/ImportSummary.h"
 #include "photo/PhotoReader.h"
 #include "style/EditorStyle.h"
 #include "style/StyleSheet.h"
@@ -110,6 +112,43 @@ void TakePictures(const QString& photoPath, const QString& folder, const QString
     }
 }
 
+/// What the report of an import looks like.
+LumetraPlugin::ImportReport MakeReport()
+{
+    using LumetraPlugin::ImportRemark;
+    const auto like = ImportRemark::Kind::Approximated;
+    const auto without = ImportRemark::Kind::LeftOut;
+    LumetraPlugin::ImportReport report;
+    report.presets = {{{},
+                       QStringLiteral("Faded Film"),
+                       {{like, QStringLiteral("Contrast2012"), QStringLiteral("-15"), {}},
+                        {like, QStringLiteral("Highlights2012"), QStringLiteral("-35"), {}},
+                        {like, QStringLiteral("GrainAmount"), QStringLiteral("28"), {}},
+                        {without, QStringLiteral("Look"), QStringLiteral("Adobe Color"), {}},
+                        {without, QStringLiteral("LuminanceSmoothing"), QStringLiteral("25"), {}}},
+                       {}},
+                      {{}, QStringLiteral("Exact"), {}, {}}};
+    report.problems = {QStringLiteral("looks/export.lrtemplate: expected a template of type "
+                                      "\"Develop\", found type \"Export\", which is no look"),
+                       QStringLiteral("looks/cut.xmp:12: expected well-formed XML: Premature end "
+                                      "of document.")};
+    return report;
+}
+
+void TakeSummary(const QString& folder, const QString& scale)
+{
+    for (const PaletteKind kind : {PaletteKind::Light, PaletteKind::Dark}) {
+        UseStyle(kind);
+        QWidget window;
+        auto* const summary = new LumetraPlugin::ImportSummary(MakeReport(), window);
+        summary->show();
+        QApplication::processEvents();
+        const char* const palette = kind == PaletteKind::Light ? "light" : "dark";
+        summary->grab().save(QDir(folder).filePath(
+            QStringLiteral("imported-%1-%2.png").arg(QLatin1String(palette), scale)));
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -125,5 +164,6 @@ int main(int argc, char** argv)
     LumetraPlugin::PanelTranslation::Follow();
     const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", QStringLiteral("1"));
     TakePictures(QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]), scale);
+    TakeSummary(QString::fromLocal8Bit(argv[2]), scale);
     return 0;
 }

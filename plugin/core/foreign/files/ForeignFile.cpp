@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "core/foreign/files/ForeignFile.h"
+
+#include "Zorvik/Exception.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <boost/current_function.hpp>
+
+namespace LumetraPlugin {
+namespace {
+
+constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
+
+/// Refuses everything but plain files: a pipe could keep the reader waiting for ever.
+void RefuseNoPlainFile(const QString& path)
+{
+    const QFileInfo info(path);
+    if (info.isDir())
+        ForeignFile::Fail(path, 0, "expected a file, found a folder");
+    if (info.exists() && !info.isFile())
+        ForeignFile::Fail(path, 0, "expected a plain file, found a pipe, a socket or a device");
+}
+
+} // namespace
+
+QByteArray ForeignFile::Read(const QString& path)
+{
+    RefuseNoPlainFile(path);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        Fail(path, 0, "cannot be read: " + file.errorString().toStdString());
+    QByteArray content = file.read(LargestFile + 1);
+    if (file.error() != QFileDevice::NoError)
+        Fail(path, 0, "cannot be read: " + file.errorString().toStdString());
+    if (content.size() > LargestFile)
+        Fail(path, 0,
+             "expected a file of at most " + std::to_string(LargestFile) + " bytes, found " +
+                 std::to_string(file.size()));
+    if (content.startsWith(ByteOrderMark))
+        content.remove(0, 3);
+    if (content.trimmed().isEmpty())
+        Fail(path, 0, "expected a look, found an empty file");
+    if (content.contains('\0'))
+        Fail(path, 0, "expected text in UTF-8, found binary data");
+    return content;
+}
+
+void ForeignFile::Fail(const QString& path, qint64 line, const std::string& message)
+{
+    const std::string place =
+        path.toStdString() + (line > 0 ? ":" + std::to_string(line) : std::string());
+    throw Zorvik::Exception(place + ": " + message, BOOST_CURRENT_FUNCTION,
+                            "core/foreign/files/ForeignFile", __LINE__);
+}
+
+} // namespace LumetraPlugin

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "panel/importing/ImportSummary.h"
+
+#include "catalogue/VisibleText.h"
+#include "core/PresetImport.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace LumetraPlugin {
+namespace {
+
+constexpr int MostMessages = 3; // that are read one by one
+constexpr QSize FirstSize(560, 420);
+
+QString Html(const QString& text)
+{
+    return LumetraHost::VisibleText::Make(text).toHtmlEscaped();
+}
+
+QString Heading(const QString& text)
+{
+    return QStringLiteral("<h3>%1</h3>").arg(Html(text));
+}
+
+/// The settings of one kind, as one text.
+QString ListRemarks(const ImportedPreset& preset, ImportRemark::Kind kind)
+{
+    QStringList texts;
+    for (const ImportRemark& remark : preset.remarks)
+        if (remark.kind == kind)
+            texts.append(remark.ToText());
+    return texts.join(QStringLiteral(", "));
+}
+
+QString Line(const QString& title, const QString& list)
+{
+    return list.isEmpty() ? QString() : QStringLiteral("<br/>%1 %2").arg(Html(title), Html(list));
+}
+
+} // namespace
+
+ImportSummary::ImportSummary(const ImportReport& report, QWidget& window) : QDialog(&window)
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    setObjectName(QStringLiteral("importSummary"));
+    setWindowTitle(tr("Imported looks"));
+    auto* const sentence = new QLabel(MakeSentence(report));
+    sentence->setTextFormat(Qt::PlainText);
+    sentence->setWordWrap(true);
+    auto* const details = new QTextBrowser;
+    details->setAccessibleName(tr("Details"));
+    details->setHtml(MakeDetails(report));
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* const column = new QVBoxLayout(this);
+    column->addWidget(sentence);
+    column->addWidget(details);
+    column->addWidget(buttons);
+    resize(FirstSize);
+}
+
+bool ImportSummary::IsNeeded(const ImportReport& report)
+{
+    return report.problems.size() > MostMessages ||
+           std::any_of(report.presets.begin(), report.presets.end(),
+                       [](const ImportedPreset& preset) { return !preset.remarks.empty(); });
+}
+
+QString ImportSummary::MakeSentence(const ImportReport& report)
+{
+    const int looks = static_cast<int>(report.presets.size());
+    const QString imported = looks == 0   ? tr("No look was imported.")
+                             : looks == 1 ? tr("Imported “%1”.").arg(report.presets.front().name)
+                                          : tr("Imported %1 looks.").arg(looks);
+    if (report.problems.isEmpty())
+        return imported;
+    return imported + QLatin1Char(' ') +
+           (report.problems.size() == 1 ? tr("One was not imported.")
+                                        : tr("%1 were not imported.").arg(report.problems.size()));
+}
+
+QString ImportSummary::MakeDetails(const ImportReport& report)
+{
+    QString html;
+    if (!report.problems.isEmpty())
+        html += Heading(tr("Not imported"));
+    for (const QString& problem : report.problems)
+        html += QStringLiteral("<p>%1</p>").arg(Html(problem));
+    if (!report.presets.empty())
+        html += Heading(tr("Imported"));
+    for (const ImportedPreset& preset : report.presets)
+        html += MakeLook(preset);
+    return html;
+}
+
+QString ImportSummary::MakeLook(const ImportedPreset& preset)
+{
+    using Kind = ImportRemark::Kind;
+    return QStringLiteral("<p><b>%1</b>%2%3</p>")
+        .arg(Html(preset.name), Line(tr("Approximately:"), ListRemarks(preset, Kind::Approximated)),
+             Line(tr("Left out:"), ListRemarks(preset, Kind::LeftOut)));
+}
+
+} // namespace LumetraPlugin

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Looks of other programs on their way through the panel.
+#include "PanelFixture.h"
+#include "panel/importing/ImportReading.h"
+#include "panel/importing/ImportSummary.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QDropEvent>
+#include <QFile>
+#include <QFileDialog>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTextBrowser>
+#include <QThread>
+#include <QTimer>
+#include <QUrl>
+
+#include <atomic>
+
+using LumetraPlugin::ImportedFile;
+using LumetraPlugin::ImportedFiles;
+using LumetraPlugin::ImportReading;
+using LumetraPlugin::ImportSummary;
+using LumetraPlugin::PresetImport;
+using LumetraTest::PanelFixture;
+
+namespace {
+
+/// A packet with these attributes.
+QByteArray MakeLook(const char* attributes)
+{
+    return QByteArray(
+               "<rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">"
+               "<rdf:Description xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\" ") +
+           attributes + "/></rdf:RDF>";
+}
+
+class ForeignImportTest : public PanelFixture
+{
+protected:
+    QString Write(const QString& name, const QByteArray& content)
+    {
+        QDir(folder.path()).mkpath(QFileInfo(name).path());
+        QFile file(folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        return file.fileName();
+    }
+    bool Drop(const QString& path)
+    {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(path)});
+        QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton,
+                              Qt::NoModifier);
+        enter.ignore();
+        QApplication::sendEvent(panel->GetWidget(), &enter);
+        QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        if (enter.isAccepted())
+            QApplication::sendEvent(panel->GetWidget(), &drop);
+        return enter.isAccepted();
+    }
+    /// The window that tells of the import; null when there is none.
+    ImportSummary* FindSummary() { return panel->GetWidget()->findChild<ImportSummary*>(); }
+};
+
+} // namespace
+
+TEST_F(ForeignImportTest, aDroppedLookOfAnotherProgramIsAppliedLikeAnyOther)
+{
+    ASSERT_TRUE(Drop(Write(QStringLiteral("Dark.xmp"), MakeLook("crs:Exposure2012=\"-1\""))));
+    EXPECT_EQ(Shown(UserPage), QStringList{QStringLiteral("Dark")});
+    EXPECT_EQ(editor.messages, QStringList{QStringLiteral("Imported “Dark”.")});
+    EXPECT_FALSE(FindSummary()) << "there is nothing more to tell";
+    Click("Dark");
+    EXPECT_LT(editor.GetResult().Row(0)[0], photo.Row(0)[0]);
+}
+
+TEST_F(ForeignImportTest, aWindowTellsWhatIsApproximatedAndWhatIsLeftOut)
+{
+    Drop(Write(
+        QStringLiteral("Warm <b>.xmp"),
+        MakeLook("crs:Exposure2012=\"1\" crs:Vibrance=\"20\" crs:LuminanceSmoothing=\"25\"")));
+    ImportSummary* const summary = FindSummary();
+    ASSERT_TRUE(summary);
+    EXPECT_FALSE(summary->isModal());
+    const QString text = summary->findChild<QTextBrowser*>()->toPlainText();
+    EXPECT_TRUE(text.contains(QStringLiteral("Warm <b>"))) << text.toStdString();
+    EXPECT_TRUE(text.contains(QStringLiteral("Approximately: Vibrance 20")));
+    EXPECT_TRUE(text.contains(QStringLiteral("Left out: LuminanceSmoothing 25")));
+}
+
+TEST_F(ForeignImportTest, aDroppedFolderGivesItsLooksAndTheReasonsForTheOthers)
+{
+    for (int i = 1; i <= 3; ++i)
+        Write(QStringLiteral("looks/%1.xmp").arg(i), MakeLook("crs:Exposure2012=\"1\""));
+    for (int i = 4; i <= 8; ++i)
+        Write(QStringLiteral("looks/%1.xmp").arg(i), "<broken");
+    ASSERT_TRUE(Drop(folder.filePath(QStringLiteral("looks"))));
+    EXPECT_EQ(Shown(UserPage).size(), 3);
+    EXPECT_TRUE(StoreText().contains(QStringLiteral("exposure")));
+    EXPECT_EQ(editor.messages,
+              QStringList{QStringLiteral("Imported 3 looks. 5 were not imported.")});
+    ASSERT_TRUE(FindSummary());
+    const QString text = FindSummary()->findChild<QTextBrowser*>()->toPlainText();
+    EXPECT_EQ(text.count(QStringLiteral("expected well-formed XML")), 5);
+}
+
+TEST_F(ForeignImportTest, theFolderActionAsksForAFolder)
+{
+    Write(QStringLiteral("looks/a.xmp"), MakeLook("crs:Exposure2012=\"1\""));
+    QTimer::singleShot(0, [this] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        dialog->selectFile(folder.filePath(QStringLiteral("looks")));
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    Trigger("importPresetFolder");
+    EXPECT_EQ(Shown(UserPage), QStringList{QStringLiteral("a")});
+}
+
+TEST_F(ForeignImportTest, readingThatTakesLongCanBeEndedWithNothingDone)
+{
+    QTimer click;
+    QObject::connect(&click, &QTimer::timeout, [] {
+        auto* const dialog = QApplication::activeModalWidget();
+        if (!dialog || dialog->objectName() != QLatin1String("importProgress"))
+            return;
+        EXPECT_EQ(dialog->findChild<QProgressBar*>()->maximum(), 1000);
+        dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click();
+    });
+    click.start(1);
+    const auto files = ImportReading(*panel->GetWidget()).Run([](const auto& progress) {
+        while (progress(7, 1000, QStringLiteral("a.xmp")))
+            QThread::yieldCurrentThread();
+        return ImportedFiles{ImportedFile()};
+    });
+    EXPECT_FALSE(files.has_value());
+}
+
+TEST_F(ForeignImportTest, theDialogOfLongReadingClosesByItself)
+{
+    std::atomic<bool> isShown{false};
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&isShown] {
+        isShown = isShown || QApplication::activeModalWidget() != nullptr;
+    });
+    look.start(1);
+    const auto files = ImportReading(*panel->GetWidget()).Run([&isShown](const auto& progress) {
+        while (!isShown && progress(7, 1000, QStringLiteral("a.xmp")))
+            QThread::yieldCurrentThread();
+        return ImportedFiles{ImportedFile()};
+    });
+    ASSERT_TRUE(files.has_value());
+    EXPECT_EQ(files->size(), 1u);
+    EXPECT_FALSE(QApplication::activeModalWidget());
+}
+
+TEST_F(ForeignImportTest, whatReadingThrowsComesBack)
+{
+    const auto fail = [](const PresetImport::Progress&) -> ImportedFiles {
+        throw std::runtime_error("no memory");
+    };
+    EXPECT_THROW(ImportReading(*panel->GetWidget()).Run(fail), std::runtime_error);
+}
