@@ -9,6 +9,7 @@
 #include "core/PresetNames.h"
 #include "core/userstore/UserPresetStore.h"
 #include "core/userstore/UserStoreChecker.h"
+#include "lut/LutReader.h"
 #include "storage/JsonDocument.h"
 
 #include <boost/current_function.hpp>
@@ -48,15 +49,15 @@ std::vector<PresetPtr> CollectPresets(const PresetModel& model, int first, const
             const PresetPtr preset = model.GetPreset(model.index(i, 0, group));
             const std::string problem = preset->FindProblem(LumetraHost::ContentCheck::Content);
             if (!problem.empty())
-                problems.append(QStringLiteral("%1: \"%2\" cannot be used: %3")
-                                    .arg(path, QString::fromStdString(preset->GetName()),
-                                         QString::fromStdString(problem)));
+                problems.append(
+                    QStringLiteral("%1: \"%2\" cannot be used: %3")
+                        .arg(path, preset->GetShownName(), QString::fromStdString(problem)));
             else if (!preset->IsDownloadable())
                 presets.push_back(preset);
             else
                 problems.append(QStringLiteral("%1: \"%2\": expected its effects, found only the "
                                                "name of a resource, \"%3\"")
-                                    .arg(path, QString::fromStdString(preset->GetName()),
+                                    .arg(path, preset->GetShownName(),
                                          QString::fromStdString(preset->GetResource())));
         }
     }
@@ -68,7 +69,7 @@ std::vector<PresetPtr> ReadJson(PresetCollection& collection, const QString& pat
                                 QStringList& problems)
 {
     const JsonDocument document = JsonDocument::Read(path);
-    CatalogueParser parser(PresetControllerFactory::GetKinds());
+    CatalogueParser parser(PresetControllerFactory::GetKinds(), LumetraHost::LutReader::ReadTable);
     for (const QString& file : collection.GetCatalogueFiles())
         parser.AddFile(file);
     PresetModel model(collection.GetSharedFactory());
@@ -78,7 +79,7 @@ std::vector<PresetPtr> ReadJson(PresetCollection& collection, const QString& pat
         for (const std::string& report : store.GetReports())
             problems.append(QString::fromStdString(report));
     } else {
-        parser.AddDocument(document);
+        parser.AddDocument(document, path);
         parser.Parse(model, nullptr);
     }
     problems += ErrorsOf(parser.GetReports(), document.GetName());
@@ -91,7 +92,7 @@ std::vector<PresetPtr> ReadJson(PresetCollection& collection, const QString& pat
     return presets;
 }
 
-/// Adds copies, which have ids of their own.
+/// Adds copies, which have ids of their own and the names that the user reads.
 std::vector<QModelIndex> AddCopies(PresetCollection& collection,
                                    const std::vector<PresetPtr>& presets)
 {
@@ -99,7 +100,7 @@ std::vector<QModelIndex> AddCopies(PresetCollection& collection,
     std::vector<PresetPtr> added;
     for (const PresetPtr& preset : presets) {
         const PresetPtr copy = preset->Copy();
-        const QString name = QString::fromStdString(preset->GetName());
+        const QString name = preset->GetShownName();
         copy->SetName(
             PresetNames::MakeFree(name, model.GetUserPresetNames()).toUtf8().toStdString());
         model.AddUserPreset(copy);
