@@ -9,6 +9,7 @@ struct CatalogueKeys
 {
     // Keys of a preset.
     static constexpr char Id[] = "id";
+    static constexpr char Names[] = "names"; // of a group too: translations, by language
     static constexpr char Popular[] = "popular";
     static constexpr char Image[] = "image";
     static constexpr char CropPolicy[] = "previewCropPolicy";

@@ -96,8 +96,9 @@ bool ReadElements(std::vector<CheckedNode> nodes, const CheckedNode* holder, con
 
 } // namespace
 
-CatalogueParser::CatalogueParser(const std::set<std::string>& controllerKinds)
-    : m_controllerKinds(controllerKinds)
+CatalogueParser::CatalogueParser(const std::set<std::string>& controllerKinds,
+                                 const TableFolder::Reader& readTable)
+    : m_controllerKinds(controllerKinds), m_readTable(readTable)
 {
 }
 
@@ -106,7 +107,7 @@ bool CatalogueParser::AddFile(const QString& fileName)
     const std::string file = fileName.toStdString();
     m_files.push_back(file);
     try {
-        return AddDocument(JsonDocument::Read(fileName));
+        return AddDocument(JsonDocument::Read(fileName), fileName);
     } catch (const JsonException& error) {
         m_reports.Add({CatalogueReport::Severity::Error, error.GetPlace(), {}, error.GetMessage()});
     } catch (const Zorvik::Exception& error) {
@@ -116,14 +117,23 @@ bool CatalogueParser::AddFile(const QString& fileName)
     return false;
 }
 
-bool CatalogueParser::AddDocument(const JsonDocument& document)
+bool CatalogueParser::AddDocument(const JsonDocument& document, const QString& fileName)
 {
     if (std::find(m_files.begin(), m_files.end(), document.GetName()) == m_files.end())
         m_files.push_back(document.GetName());
     if (!CheckHeader(CheckedNode(document.GetObject(), document.GetName(), m_reports)))
         return false;
-    m_documents.push_back(document);
+    const bool mayNameTables = m_readTable && !fileName.isEmpty();
+    m_sources.push_back({document, mayNameTables
+                                       ? std::make_shared<const TableFolder>(fileName, m_readTable)
+                                       : nullptr});
     return true;
+}
+
+CheckedNode CatalogueParser::GetRoot(const Source& source)
+{
+    return CheckedNode(source.document.GetObject(), source.document.GetName(), m_reports, nullptr,
+                       source.tables);
 }
 
 bool CatalogueParser::CheckHeader(const CheckedNode& root) const
@@ -166,11 +176,9 @@ void CatalogueParser::AddSlider(std::vector<CheckedNode>& sliders, const Checked
 std::vector<CheckedNode> CatalogueParser::CollectSliders()
 {
     std::vector<CheckedNode> sliders;
-    for (const JsonDocument& document : m_documents) {
-        const CheckedNode root(document.GetObject(), document.GetName(), m_reports);
-        for (const CheckedNode& slider : root.Elements(SlidersKey))
+    for (const Source& source : m_sources)
+        for (const CheckedNode& slider : GetRoot(source).Elements(SlidersKey))
             AddSlider(sliders, slider);
-    }
     return sliders;
 }
 
@@ -184,9 +192,12 @@ void CatalogueParser::ParseGroup(Target& target, const CheckedGroup& group)
 {
     const ConstSerializerPtr settings =
         group.settings ? ConstSerializerPtr(group.settings->GetSerializer()) : nullptr;
-    ReadElements(group.items, &group.node, [&](const ConstCollectionPtr& items) {
-        target.ParseGroup(group.name, items, settings);
-    });
+    const bool isThere =
+        ReadElements(group.items, &group.node, [&](const ConstCollectionPtr& items) {
+            target.ParseGroup(group.name, items, settings);
+        });
+    if (isThere)
+        m_groupNames.push_back(LocalNames::Read(group.node.GetSerializer()));
 }
 
 void CatalogueParser::ParseUserData(Target& target, const ConstSerializerPtr& userData)
@@ -206,12 +217,10 @@ void CatalogueParser::Parse(Target& target, const ConstSerializerPtr& userData)
     for (const CheckedNode& slider : sliders)
         parameters.push_back(IntensityChecker::ReadParameters(slider));
     GroupChecker checker(m_controllerKinds, std::move(parameters));
-    for (const JsonDocument& document : m_documents) {
-        const CheckedNode root(document.GetObject(), document.GetName(), m_reports);
-        for (const CheckedNode& node : root.Elements(GroupsKey))
+    for (const Source& source : m_sources)
+        for (const CheckedNode& node : GetRoot(source).Elements(GroupsKey))
             if (const auto group = checker.Check(node))
                 ParseGroup(target, *group);
-    }
     m_reports.Sort(m_files);
     ParseUserData(target, userData);
 }

@@ -45,8 +45,9 @@ struct CheckedNode::State : IJsonLocation
 struct CheckedNode::Top : State
 {
     Top(const JsonValue::Object& content, const std::string& fileName, CatalogueReports& target,
-        const std::shared_ptr<const ContentFolder>& folder)
-        : root(content), file(fileName), reports(target), contents(folder)
+        const std::shared_ptr<const ContentFolder>& folder,
+        const std::shared_ptr<const TableFolder>& tableFolder)
+        : root(content), file(fileName), reports(target), contents(folder), tables(tableFolder)
     {
         object = &root;
         top = this;
@@ -56,6 +57,7 @@ struct CheckedNode::Top : State
     std::string file;
     CatalogueReports& reports;
     std::shared_ptr<const ContentFolder> contents;
+    std::shared_ptr<const TableFolder> tables;
 };
 
 std::string CheckedNode::State::GetFile() const
@@ -88,8 +90,9 @@ std::shared_ptr<const ContentFolder> CheckedNode::State::GetContents() const
 
 CheckedNode::CheckedNode(const JsonValue::Object& object, const std::string& file,
                          CatalogueReports& reports,
-                         const std::shared_ptr<const ContentFolder>& contents)
-    : m_state(std::make_shared<const Top>(object, file, reports, contents))
+                         const std::shared_ptr<const ContentFolder>& contents,
+                         const std::shared_ptr<const TableFolder>& tables)
+    : m_state(std::make_shared<const Top>(object, file, reports, contents, tables))
 {
 }
 
@@ -131,6 +134,11 @@ JsonPlace CheckedNode::PlaceOf(const JsonValue& value) const
 Zorvik::Brassel::SerializerPtr CheckedNode::GetSerializer() const
 {
     return JsonSerializer::Create(*m_state->object, m_state, GetName());
+}
+
+const TableFolder* CheckedNode::GetTables() const
+{
+    return m_state->top->tables.get();
 }
 
 std::string CheckedNode::PathOf(std::string_view key) const

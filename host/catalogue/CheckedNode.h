@@ -15,6 +15,7 @@
 namespace LumetraHost {
 
 class ContentFolder;
+class TableFolder;
 
 /// A node of a catalogue file while it is checked. Reading a value that does not fit adds an error
 /// to the reports and gives nothing; reading a missing value gives nothing without an error. A
@@ -23,10 +24,11 @@ class ContentFolder;
 class CheckedNode
 {
 public:
-    /// The top of a file. `contents` holds the tables that the file names by their hash; null when
-    /// the file has to hold everything itself.
+    /// The top of a file. `contents` holds the tables that the file names by their hash, `tables`
+    /// those that it names by their files; null when the file has to hold everything itself.
     CheckedNode(const JsonValue::Object& object, const std::string& file, CatalogueReports& reports,
-                const std::shared_ptr<const ContentFolder>& contents = nullptr);
+                const std::shared_ptr<const ContentFolder>& contents = nullptr,
+                const std::shared_ptr<const TableFolder>& tables = nullptr);
 
     /// The key in the parent, or the name of the element; empty for an element without one.
     const std::string& GetName() const;
@@ -36,6 +38,8 @@ public:
     CatalogueReports& GetReports() const;
     const JsonObject& GetObject() const;
     Zorvik::Brassel::SerializerPtr GetSerializer() const;
+    /// The folder of the files with tables that the file may name; null when it may name none.
+    const TableFolder* GetTables() const;
 
     bool Has(std::string_view key) const;
     std::optional<bool> Bool(std::string_view key) const;

@@ -6,9 +6,11 @@
 #include "Zorvik/Quindle/EffectRegistry.h"
 #include "catalogue/CheckedNode.h"
 #include "catalogue/NearestName.h"
+#include "catalogue/TableFolder.h"
 #include "engine/base/IStoredElsewhere.h"
 #include "engine/effects/lut3d/Lut3dEffect.h"
 #include "engine/effects/lut3d/Lut3dSettings.h"
+#include "storage/ErrorText.h"
 #include "storage/JsonWriter.h"
 
 #include <boost/current_function.hpp>
@@ -24,7 +26,7 @@ using Zorvik::Quindle::EffectParameter;
 using Zorvik::Quindle::EffectRegistry;
 using Zorvik::Quindle::IEffectSettings;
 
-constexpr char FileKey[] = "file";
+constexpr const auto& FileKey = Lut3dSettings::KeyFile;
 
 std::vector<std::string> ParameterNames(const EffectDescriptor& descriptor)
 {
@@ -92,17 +94,40 @@ bool CheckKeys(const CheckedNode& effect, const EffectDescriptor& descriptor)
     return isPlain;
 }
 
-/// Refuses a table that is only named. Its file does not belong to the catalogue and would be
-/// missing beside a copy of it.
+bool HasTable(const CheckedNode& effect)
+{
+    return effect.Has(Lut3dSettings::KeyCurve) || effect.Has(Lut3dSettings::KeyCube);
+}
+
+/// Puts the tables of the named file into the effect's values, from which presets are read. No node
+/// below the effect has been taken yet that new members could disturb. Files of the user's presets
+/// name no files: they hold their tables themselves.
+void TakeTables(const CheckedNode& effect, const std::string& name)
+{
+    const TableFolder* const folder = effect.GetTables();
+    if (!folder)
+        return effect.ErrorAt(FileKey, "expected the table itself, as \"" +
+                                           std::string(Lut3dSettings::KeyCurve) + "\" or \"" +
+                                           Lut3dSettings::KeyCube + "\", found the name of a file");
+    if (HasTable(effect))
+        return effect.ErrorAt(FileKey, "expected either the name of a file or the table itself, "
+                                       "found both");
+    try {
+        const auto found = folder->Read(name);
+        dynamic_cast<const Lut3dSettings&>(*found).WriteTables(effect.GetSerializer());
+    } catch (const std::exception& error) {
+        effect.ErrorAt(FileKey, ErrorText::FirstLine(error));
+    }
+}
+
 void CheckTables(const CheckedNode& effect)
 {
-    if (effect.Has(FileKey))
-        effect.ErrorAt(FileKey, "expected the table itself, as \"" +
-                                    std::string(Lut3dSettings::KeyCurve) + "\" or \"" +
-                                    Lut3dSettings::KeyCube + "\", found the name of a file");
-    else if (!effect.Has(Lut3dSettings::KeyCurve) && !effect.Has(Lut3dSettings::KeyCube))
-        effect.Warning("expected a table, \"" + std::string(Lut3dSettings::KeyCurve) + "\" or \"" +
-                       Lut3dSettings::KeyCube + "\", found none: the effect changes nothing");
+    if (const auto name = effect.Text(FileKey))
+        TakeTables(effect, *name);
+    else if (!effect.Has(FileKey) && !HasTable(effect))
+        effect.Warning("expected a table, \"" + std::string(Lut3dSettings::KeyCurve) + "\", \"" +
+                       Lut3dSettings::KeyCube + "\" or \"" + FileKey +
+                       "\", found none: the effect changes nothing");
 }
 
 /// Lets effects that are more than numbers read the node: they know best what they can read.

@@ -6,6 +6,7 @@
 #include "catalogue/CatalogueKeys.h"
 #include "catalogue/EffectsChecker.h"
 #include "catalogue/IntensityChecker.h"
+#include "catalogue/LocalNames.h"
 #include "catalogue/NearestName.h"
 #include "catalogue/VisibleText.h"
 
@@ -22,7 +23,7 @@ using Zorvik::Quindle::IEffectSettings;
 /// Reads everything that is not looked at further, only to see that it fits.
 void CheckPlainKeys(const CheckedNode& item)
 {
-    item.NoteUnknownKeys({EffectInfo::KEY_NAME, Keys::Id, Keys::Popular, Keys::Image,
+    item.NoteUnknownKeys({EffectInfo::KEY_NAME, Keys::Names, Keys::Id, Keys::Popular, Keys::Image,
                           Keys::CropPolicy, Keys::FitPolicy, EffectInfo::TAG_SETTINGS,
                           EffectInfo::TAG_SETTINGS_PREVIEW, IEffectSettings::EFFECTS,
                           ConfigData::INTENSITY, ConfigData::CONTROLLER, Keys::Resource});
@@ -42,6 +43,24 @@ void WarnOfControls(const CheckedNode& node, const char* key)
     if (VisibleText::HasControls(name))
         node.WarningAt(key, "expected a text without control characters, found \"" +
                                 VisibleText::Make(name).toStdString() + "\"");
+}
+
+/// Checks the translations of a name.
+void CheckLocalNames(const CheckedNode& node)
+{
+    const auto names = node.Node(Keys::Names);
+    if (!names)
+        return;
+    for (const auto& [language, value] : names->GetObject().GetMembers()) {
+        if (!LocalNames::IsLanguage(language))
+            names->WarningAt(language, "expected a language, such as \"de\", \"pt-BR\" or "
+                                       "\"zh-Hant\", found \"" +
+                                           language + "\": no program asks for it");
+        const auto name = names->Text(language);
+        if (name && QString::fromStdString(*name).trimmed().isEmpty())
+            names->ErrorAt(language, "expected a name that is not empty");
+        WarnOfControls(*names, language.c_str());
+    }
 }
 
 /// Warns of a resource outside of its folder: resources are looked for inside it and nowhere else.
@@ -86,6 +105,7 @@ std::optional<std::string> GroupChecker::CheckName(const CheckedNode& group)
         return std::nullopt;
     }
     WarnOfControls(group, EffectInfo::KEY_NAME);
+    CheckLocalNames(group);
     if (name && !m_groupNames.insert(*name).second)
         group.WarningAt(EffectInfo::KEY_NAME,
                         "expected a name of its own, found \"" + *name + "\" again");
@@ -144,6 +164,7 @@ bool GroupChecker::CheckPreset(const CheckedNode& item,
         item.Error("expected the preset's \"name\", found none");
     WarnOfControls(item, EffectInfo::KEY_NAME);
     WarnOfControls(item, Keys::Id);
+    CheckLocalNames(item);
     const auto id = item.Text(Keys::Id);
     if (id && id->empty())
         item.ErrorAt(Keys::Id, "expected an id that is not empty");
@@ -171,7 +192,8 @@ bool GroupChecker::CheckPreset(const CheckedNode& item,
 std::optional<CheckedGroup> GroupChecker::Check(const CheckedNode& group)
 {
     const std::size_t errorCount = group.GetReports().GetErrorCount();
-    group.NoteUnknownKeys({EffectInfo::KEY_NAME, EffectInfo::TAG_SETTINGS, ConfigData::ITEMS});
+    group.NoteUnknownKeys(
+        {EffectInfo::KEY_NAME, Keys::Names, EffectInfo::TAG_SETTINGS, ConfigData::ITEMS});
     const auto name = CheckName(group);
     const auto settings = group.Node(EffectInfo::TAG_SETTINGS);
     if (settings)

@@ -80,4 +80,12 @@ LutLooks LutReader::Read(const QString& path)
     return {{name, OcioLutReader::ReadTable(path)}};
 }
 
+Zorvik::Quindle::EffectPtr LutReader::ReadTable(const QString& path)
+{
+    RefuseNoPlainFile(path);
+    if (GetFormat(path) == LutFormat::Cdl)
+        FailInLut(path, 0, "expected a look-up table, found colour decision lists");
+    return Read(path).front().effect;
+}
+
 } // namespace LumetraHost

@@ -18,6 +18,9 @@ public:
     /// At least one look; several only from a file of colour decision lists. Zorvik::Exception with
     /// the file, where possible the line, and what was expected.
     static LutLooks Read(const QString& path);
+    /// The effect "lut3d" of a file with look-up tables. Zorvik::Exception as above, and for a file
+    /// of colour decision lists.
+    static Zorvik::Quindle::EffectPtr ReadTable(const QString& path);
 };
 
 } // namespace LumetraHost

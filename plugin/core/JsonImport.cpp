@@ -7,6 +7,7 @@
 #include "core/PresetControllerFactory.h"
 #include "core/userstore/UserPresetStore.h"
 #include "core/userstore/UserStoreChecker.h"
+#include "lut/LutReader.h"
 #include "storage/JsonDocument.h"
 
 #include <boost/current_function.hpp>
@@ -46,15 +47,15 @@ std::vector<PresetPtr> CollectPresets(const PresetModel& model, int first, const
             const PresetPtr preset = model.GetPreset(model.index(i, 0, group));
             const std::string problem = preset->FindProblem(LumetraHost::ContentCheck::Content);
             if (!problem.empty())
-                problems.append(QStringLiteral("%1: \"%2\" cannot be used: %3")
-                                    .arg(path, QString::fromStdString(preset->GetName()),
-                                         QString::fromStdString(problem)));
+                problems.append(
+                    QStringLiteral("%1: \"%2\" cannot be used: %3")
+                        .arg(path, preset->GetShownName(), QString::fromStdString(problem)));
             else if (!preset->IsDownloadable())
                 presets.push_back(preset);
             else
                 problems.append(QStringLiteral("%1: \"%2\": expected its effects, found only the "
                                                "name of a resource, \"%3\"")
-                                    .arg(path, QString::fromStdString(preset->GetName()),
+                                    .arg(path, preset->GetShownName(),
                                          QString::fromStdString(preset->GetResource())));
         }
     }
@@ -73,7 +74,7 @@ std::vector<PresetPtr> JsonImport::Read(PresetCollection& collection, const QStr
                                         QStringList& problems)
 {
     const JsonDocument document = JsonDocument::Read(path);
-    CatalogueParser parser(PresetControllerFactory::GetKinds());
+    CatalogueParser parser(PresetControllerFactory::GetKinds(), LumetraHost::LutReader::ReadTable);
     for (const QString& file : collection.GetCatalogueFiles())
         parser.AddFile(file);
     PresetModel model(collection.GetSharedFactory());
@@ -83,7 +84,7 @@ std::vector<PresetPtr> JsonImport::Read(PresetCollection& collection, const QStr
         for (const std::string& report : store.GetReports())
             problems.append(QString::fromStdString(report));
     } else {
-        parser.AddDocument(document);
+        parser.AddDocument(document, path);
         parser.Parse(model, nullptr);
     }
     problems += ErrorsOf(parser.GetReports(), document.GetName());

@@ -7,6 +7,7 @@
 #include "core/PresetControllerFactory.h"
 #include "core/PresetModel.h"
 #include "core/userstore/UserPresetStore.h"
+#include "lut/LutReader.h"
 
 namespace LumetraPlugin {
 
@@ -38,12 +39,13 @@ QStringList PresetCollection::Load(const QStringList& catalogueFiles,
 {
     const auto stored = m_store ? m_store->Load() : userData;
     m_catalogueFiles = catalogueFiles;
-    CatalogueParser parser(PresetControllerFactory::GetKinds());
+    CatalogueParser parser(PresetControllerFactory::GetKinds(), LumetraHost::LutReader::ReadTable);
     QStringList unusable;
     for (const QString& file : catalogueFiles)
         if (!parser.AddFile(file))
             unusable.append(file);
     parser.Parse(*m_model, stored);
+    m_model->SetGroupNames(parser.GetGroupNames());
     if (m_store)
         m_store->Remember(*m_model);
     m_reports = parser.GetReports();

@@ -40,6 +40,7 @@ boost::intrusive_ptr<PresetController> PresetController::Copy() const
 {
     const boost::intrusive_ptr<PresetController> copy = new PresetController(*this);
     copy->m_startIntensity = GetIntensity();
+    copy->m_localNames = {};
     return copy;
 }
 
@@ -48,6 +49,19 @@ void PresetController::Deserialize(const Zorvik::Brassel::ConstSerializerPtr& no
     EffectPresetControllerBase::Deserialize(node);
     m_resource = node->Get(LumetraHost::CatalogueKeys::Resource, "");
     m_hasResource = false;
+    m_localNames = LumetraHost::LocalNames::Read(node);
+}
+
+const LumetraHost::LocalNames& PresetController::GetLocalNames() const
+{
+    static const LumetraHost::LocalNames none;
+    return m_groupEditable ? none : m_localNames;
+}
+
+QString PresetController::GetShownName() const
+{
+    const QString name = GetLocalNames().Find();
+    return name.isEmpty() ? QString::fromStdString(GetName()) : name;
 }
 
 void PresetController::InitDefaultSettings(const SliderSetting::List& sliders)

@@ -5,6 +5,7 @@
 #include "Settings/SliderSetting.h"
 
 #include "Zorvik/Proc/Frame.h"
+#include "catalogue/LocalNames.h"
 #include "drawer/render/PreviewPart.h"
 #include "engine/base/IStoredElsewhere.h"
 
@@ -49,7 +50,8 @@ public:
     PresetController(const PresetController& other);
     ~PresetController() override;
 
-    /// A new preset of this object's own class, with a copy of its settings.
+    /// A new preset of this object's own class, with a copy of its settings and of its name
+    /// without translations.
     virtual boost::intrusive_ptr<PresetController> Copy() const;
 
     /// The package that applying the preset now would put on the photo: its effects with the
@@ -69,6 +71,12 @@ public:
     /// Puts the intensity back to where it started, in the value and in the effects. Draws nothing
     /// and needs no workspace.
     void PutIntensityBack();
+
+    /// The name that the user reads: that of the catalogue in the user's language where there is
+    /// one, else GetName(). Presets of the user have one name.
+    QString GetShownName() const;
+    /// The translations of the name, by language; none for presets of the user.
+    const LumetraHost::LocalNames& GetLocalNames() const;
 
     /// The file with the preset's effects, inside the folder of the group's store id; empty for a
     /// preset that brings its effects along.
@@ -111,6 +119,7 @@ private:
 
     int m_startIntensity = 0;
     std::string m_intensityRemark;
+    LumetraHost::LocalNames m_localNames;
     std::string m_resource;
     bool m_hasResource = false;
     // Sliders and intensity that were given before the effects.

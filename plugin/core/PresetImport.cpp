@@ -84,8 +84,7 @@ public:
     void TakePreset(const QString& path, const PresetPtr& preset)
     {
         const PresetPtr copy = preset->Copy();
-        const QString name =
-            PresetNames::MakeFreeOf(QString::fromStdString(preset->GetName()), m_taken);
+        const QString name = PresetNames::MakeFreeOf(preset->GetShownName(), m_taken);
         copy->SetName(name.toUtf8().toStdString());
         Append(path, name, {}, copy);
     }

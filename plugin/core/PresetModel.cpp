@@ -121,4 +121,28 @@ QModelIndexList PresetModel::AddUserPresets(const std::vector<PresetPtr>& preset
     return indexes;
 }
 
+void PresetModel::SetGroupNames(const std::vector<LumetraHost::LocalNames>& names)
+{
+    m_groupNames = names;
+}
+
+const LumetraHost::LocalNames& PresetModel::GetGroupNames(const QModelIndex& group) const
+{
+    static const LumetraHost::LocalNames none;
+    const auto row = static_cast<std::size_t>(group.row());
+    return group.isValid() && row < m_groupNames.size() ? m_groupNames[row] : none;
+}
+
+QVariant PresetModel::data(const QModelIndex& index, int role) const
+{
+    if (role != ShownNameRole)
+        return EffectPresetModel::data(index, role);
+    if (const PresetPtr preset = GetPreset(index))
+        return preset->GetShownName();
+    const QVariant name = EffectPresetModel::data(index, PresetNameRole);
+    const QString shown =
+        index.parent().isValid() || !name.isValid() ? QString() : GetGroupNames(index).Find();
+    return shown.isEmpty() ? name : shown;
+}
+
 } // namespace LumetraPlugin

@@ -4,6 +4,8 @@
 #include "EffectPresets/EffectPresetModel.h"
 #include "core/PresetController.h"
 
+#include <vector>
+
 namespace LumetraPlugin {
 
 /// The library's model, filled by PresetControllerFactory. Adds what views of this program need
@@ -14,7 +16,17 @@ class PresetModel : public Zorvik::Lumetra::LumetraPresets::EffectPresetModel
 public:
     using PresetPtr = boost::intrusive_ptr<PresetController>;
 
+    /// Reads as a QString, on a preset and on a group: the name in the user's language, that of
+    /// QLocale's default, where the catalogue has one, else what PresetNameRole reads. It is for
+    /// showing alone; to store a name, read PresetNameRole. A change of the language is not
+    /// announced.
+    static constexpr int ShownNameRole = Qt::UserRole + 100;
+
     using EffectPresetModel::EffectPresetModel;
+
+    /// The translations of the groups' names, of the first group first.
+    void SetGroupNames(const std::vector<LumetraHost::LocalNames>& names);
+    const LumetraHost::LocalNames& GetGroupNames(const QModelIndex& group) const;
 
     /// Null for a group and for an index of no row.
     PresetPtr GetPreset(const QModelIndex& index) const;
@@ -37,9 +49,13 @@ public:
     /// Appends several in one insertion. Returns their indexes, in the same order.
     QModelIndexList AddUserPresets(const std::vector<PresetPtr>& presets);
 
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+
 private:
     void ReserveRows(const QModelIndex& group, std::size_t count);
     void Attach(const PresetPtr& preset, const GroupInfo& group);
+
+    std::vector<LumetraHost::LocalNames> m_groupNames;
 };
 
 } // namespace LumetraPlugin

@@ -9,6 +9,8 @@
 #include "Zorvik/Brassel/ISerializer.h"
 #include "Zorvik/Quindle/EffectRegistry.h"
 
+#include <QLocale>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -159,6 +161,30 @@ TEST_F(ShippedCatalogueTest, everyPresetHasAnIdOfItsOwnAndEachEffectOnce)
             EXPECT_TRUE(effects.insert(effect->GetEffectID()).second)
                 << preset.name << ", " << effect->GetEffectID();
     }
+}
+
+TEST_F(ShippedCatalogueTest, everyGroupAndEveryPresetHasAGermanNameOfItsOwn)
+{
+    QLocale::setDefault(QLocale(QLocale::German));
+    std::set<QString> names;
+    const int groups = session.GetModel().rowCount() - 1; // the last is the user's
+    for (int group = 0; group < groups; ++group)
+        EXPECT_FALSE(
+            session.GetModel().GetGroupNames(session.GetModel().index(group, 0)).GetAll().empty())
+            << "group " << group;
+    for (const QModelIndex& preset : Presets()) {
+        EXPECT_FALSE(session.GetModel().GetPreset(preset)->GetLocalNames().GetAll().empty())
+            << NameOf(preset);
+        const QString name = preset.data(PresetModel::ShownNameRole).toString();
+        EXPECT_TRUE(names.insert(name).second) << name.toStdString();
+    }
+    EXPECT_EQ(names.count(QStringLiteral("Herbst")), 1u);
+    QLocale::setDefault(QLocale(QLocale::English));
+    EXPECT_EQ(session.GetModel()
+                  .FindId(QStringLiteral("landscape.autumn"))
+                  .data(PresetModel::ShownNameRole)
+                  .toString(),
+              QStringLiteral("Autumn"));
 }
 
 TEST_F(ShippedCatalogueTest, showsAllKindsOfIntensity)

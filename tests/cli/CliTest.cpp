@@ -45,7 +45,15 @@ QProcessEnvironment CleanEnvironment(const QString& folder)
     const QString empty = folder + QStringLiteral("/empty");
     for (const char* name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_DATA_DIRS"})
         environment.insert(QLatin1String(name), empty);
+    environment.remove(QStringLiteral("LANGUAGE"));
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
     return environment;
+}
+
+QStringList OnlyLooks()
+{
+    return {QStringLiteral("--only-named"), QStringLiteral("--catalogue"),
+            QStringLiteral("looks.json")};
 }
 
 } // namespace
@@ -63,8 +71,20 @@ void CliTest::SetUp()
 
 CliResult CliTest::RunPlain(const QStringList& arguments) const
 {
+    return Start(CleanEnvironment(folder.path()), arguments);
+}
+
+CliResult CliTest::RunIn(const char* locale, const QStringList& arguments) const
+{
+    QProcessEnvironment environment = CleanEnvironment(folder.path());
+    environment.insert(QStringLiteral("LC_ALL"), QLatin1String(locale));
+    return Start(environment, arguments + OnlyLooks());
+}
+
+CliResult CliTest::Start(const QProcessEnvironment& environment, const QStringList& arguments) const
+{
     QProcess process;
-    process.setProcessEnvironment(CleanEnvironment(folder.path()));
+    process.setProcessEnvironment(environment);
     process.setWorkingDirectory(folder.path());
     process.start(QStringLiteral(LUMETRA_PRESETS_PROGRAM), arguments);
     const bool isDone = process.waitForFinished(-1);
@@ -78,9 +98,7 @@ CliResult CliTest::RunPlain(const QStringList& arguments) const
 
 CliResult CliTest::Run(const QStringList& arguments) const
 {
-    return RunPlain(arguments + QStringList{QStringLiteral("--only-named"),
-                                            QStringLiteral("--catalogue"),
-                                            QStringLiteral("looks.json")});
+    return RunPlain(arguments + OnlyLooks());
 }
 
 QString CliTest::Path(const char* name) const

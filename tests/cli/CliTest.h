@@ -3,6 +3,7 @@
 
 #include "image/Image.h"
 
+#include <QProcessEnvironment>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -46,6 +47,8 @@ protected:
     CliResult Run(const QStringList& arguments) const;
     /// Runs with no arguments but these.
     CliResult RunPlain(const QStringList& arguments) const;
+    /// Runs like Run(), with texts in the language of that locale, such as "de_DE.UTF-8".
+    CliResult RunIn(const char* locale, const QStringList& arguments) const;
 
     QString Path(const char* name) const;
     bool Exists(const char* name) const;
@@ -56,4 +59,7 @@ protected:
     LumetraHost::Image ReadPhoto(const char* name) const;
 
     QTemporaryDir folder;
+
+private:
+    CliResult Start(const QProcessEnvironment& environment, const QStringList& arguments) const;
 };

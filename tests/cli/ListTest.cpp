@@ -6,6 +6,17 @@
 using testing::HasSubstr;
 using testing::StartsWith;
 
+namespace {
+
+constexpr char Seasons[] = R"({"format": "lumetra-catalogue", "version": 1, "groups": [
+    {"name": "Seasons", "names": {"de": "Jahreszeiten"}, "items": [
+        {"name": "Autumn", "names": {"de": "Herbst"}, "id": "autumn",
+         "effects": [{"effect": {"id": "exposure", "stops": 0.5}}]},
+        {"name": "Winter", "names": {"de": "Eiszeit"}, "id": "winter",
+         "effects": [{"effect": {"id": "exposure", "stops": 1}}]}]}]})";
+
+} // namespace
+
 TEST_F(CliTest, listsPresetsWithIntensityAndSliders)
 {
     const CliResult result = Run({QStringLiteral("list")});
@@ -101,4 +112,43 @@ TEST_F(CliTest, goesOnWithAnIntensityOutOfItsRange)
         EXPECT_EQ(result.code, 0) << line << '\n' << result.messages;
     }
     EXPECT_EQ(ReadFile("odd.png"), ReadFile("yours.png"));
+}
+
+TEST_F(CliTest, listsNamesInTheUsersLanguageAndTheSameJsonInEveryOne)
+{
+    WriteFile("looks.json", Seasons);
+    const QStringList list{QStringLiteral("list")};
+    EXPECT_THAT(RunIn("de_DE.UTF-8", list).output,
+                StartsWith("Jahreszeiten\n  Herbst  [autumn]\n"));
+    EXPECT_THAT(RunIn("fr_FR.UTF-8", list).output, StartsWith("Seasons\n  Autumn  [autumn]\n"));
+    const QStringList json{QStringLiteral("list"), QStringLiteral("--json")};
+    const CliResult german = RunIn("de_DE.UTF-8", json);
+    EXPECT_EQ(german.output, Run(json).output);
+    EXPECT_THAT(german.output, HasSubstr("\"name\": \"Autumn\""));
+    EXPECT_THAT(german.output, HasSubstr("\"de\": \"Herbst\""));
+}
+
+TEST_F(CliTest, findsAPresetByItsNameInAnyLanguageAndRecordsTheCataloguesName)
+{
+    WriteFile("looks.json", Seasons);
+    WritePhoto("photo.png");
+    for (const char* preset : {"autumn", "Autumn", "Herbst", "herbst"}) {
+        const QStringList apply{QStringLiteral("apply"),    QStringLiteral("photo.png"),
+                                QStringLiteral("--preset"), QLatin1String(preset),
+                                QStringLiteral("-o"),       QStringLiteral("%1.png")};
+        for (const char* locale : {"de_DE.UTF-8", "C.UTF-8"}) {
+            QStringList arguments = apply;
+            const QString output = QLatin1String(preset) + QLatin1String(locale);
+            arguments.last() = output + QStringLiteral(".png");
+            const CliResult result = RunIn(locale, arguments);
+            EXPECT_EQ(result.code, 0) << preset << ", " << locale << ": " << result.messages;
+            const QByteArray written = ReadFile((output + QStringLiteral(".png")).toUtf8());
+            EXPECT_TRUE(written.contains("Autumn")) << preset << ", " << locale;
+            EXPECT_FALSE(written.contains("Herbst")) << preset << ", " << locale;
+        }
+    }
+    EXPECT_THAT(RunIn("de_DE.UTF-8", Words("apply photo.png --preset Herbts -o x.png")).messages,
+                HasSubstr("did you mean \"Herbst\"?"));
+    EXPECT_THAT(RunIn("de_DE.UTF-8", Words("remove Herbst")).messages,
+                HasSubstr("found \"Herbst\" of the catalogue's group \"Jahreszeiten\""));
 }

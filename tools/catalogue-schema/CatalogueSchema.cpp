@@ -2,6 +2,7 @@
 #include "CatalogueSchema.h"
 
 #include "Zorvik/Quindle/EffectRegistry.h"
+#include "engine/effects/lut3d/Lut3dEffect.h"
 #include "storage/JsonDocument.h"
 #include "storage/JsonWriter.h"
 
@@ -19,6 +20,7 @@ using Zorvik::Quindle::EffectRegistry;
 
 constexpr char Head[] = R"({
   "$schema": "https://json-schema.org/draft/2020-12/schema",
+  "$id": "https://lumetra.org/schema/catalogue-1.json",
   "title": "Catalogue of presets",
   "type": "object",
   "required": ["format", "version"],
@@ -29,17 +31,17 @@ constexpr char Head[] = R"({
     "version": { "const": 1 },
     "defaultSettings": {
       "description": "The extra sliders that presets offer. An array, or an object by name.",
-      "oneOf": [
-        { "type": "array", "items": { "$ref": "#/$defs/slider" } },
-        { "type": "object", "additionalProperties": { "$ref": "#/$defs/slider" } }
-      ]
+      "type": ["array", "object"],
+      "if": { "type": "array" },
+      "then": { "items": { "$ref": "#/$defs/slider" } },
+      "else": { "additionalProperties": { "$ref": "#/$defs/slider" } }
     },
     "groups": {
-      "oneOf": [
-        { "type": "array", "items": {
-            "allOf": [{ "$ref": "#/$defs/group" }], "required": ["name"] } },
-        { "type": "object", "additionalProperties": { "$ref": "#/$defs/group" } }
-      ]
+      "description": "An array, or an object by name.",
+      "type": ["array", "object"],
+      "if": { "type": "array" },
+      "then": { "items": { "allOf": [{ "$ref": "#/$defs/group" }], "required": ["name"] } },
+      "else": { "additionalProperties": { "$ref": "#/$defs/group" } }
     }
   },
   "$defs": {
@@ -48,14 +50,21 @@ constexpr char Head[] = R"({
       "additionalProperties": false,
       "properties": {
         "name": { "type": "string", "minLength": 1, "description": "What the panel shows." },
+        "names": { "$ref": "#/$defs/names" },
         "settings": { "$ref": "#/$defs/groupSettings" },
         "items": {
-          "oneOf": [
-            { "type": "array", "items": { "$ref": "#/$defs/preset" } },
-            { "type": "object", "additionalProperties": { "$ref": "#/$defs/preset" } }
-          ]
+          "type": ["array", "object"],
+          "if": { "type": "array" },
+          "then": { "items": { "$ref": "#/$defs/preset" } },
+          "else": { "additionalProperties": { "$ref": "#/$defs/preset" } }
         }
       }
+    },
+    "names": {
+      "description": "The name in other languages, such as \"de\" or \"pt-BR\".",
+      "type": "object",
+      "propertyNames": { "pattern": "^[a-z]{2,3}(-[A-Z][a-z]{3})?(-([A-Z]{2}|[0-9]{3}))?$" },
+      "additionalProperties": { "type": "string", "minLength": 1 }
     },
     "groupSettings": {
       "type": "object",
@@ -77,6 +86,7 @@ constexpr char Head[] = R"({
       "additionalProperties": false,
       "properties": {
         "name": { "type": "string", "minLength": 1, "description": "What the panel shows." },
+        "names": { "$ref": "#/$defs/names" },
         "id": { "type": "string", "minLength": 1,
                 "description": "One of its own among all catalogues. Never change it again." },
         "popular": { "type": "boolean", "default": false },
@@ -104,9 +114,9 @@ constexpr char Head[] = R"({
         "sliderSetting": { "$ref": "#/$defs/slider" }
       },
       "allOf": [
-        { "if": { "properties": { "type": { "const": 1 } } },
+        { "if": { "required": ["type"], "properties": { "type": { "const": 1 } } },
           "then": { "required": ["blendSetting"] } },
-        { "if": { "properties": { "type": { "const": 2 } } },
+        { "if": { "required": ["type"], "properties": { "type": { "const": 2 } } },
           "then": { "required": ["sliderSetting"] } }
       ]
     },
@@ -130,11 +140,11 @@ constexpr char Head[] = R"({
         "begin": { "type": "integer" },
         "end": { "type": "integer" },
         "variables": {
-          "oneOf": [
-            { "type": "array", "minItems": 1, "items": { "$ref": "#/$defs/variable" } },
-            { "type": "object", "minProperties": 1,
-              "additionalProperties": { "$ref": "#/$defs/variable" } }
-          ]
+          "type": ["array", "object"],
+          "minItems": 1, "minProperties": 1,
+          "if": { "type": "array" },
+          "then": { "items": { "$ref": "#/$defs/variable" } },
+          "else": { "additionalProperties": { "$ref": "#/$defs/variable" } }
         }
       }
     },
@@ -145,11 +155,11 @@ constexpr char Head[] = R"({
       "properties": { "effects": { "$ref": "#/$defs/effects" } }
     },
     "effects": {
-      "oneOf": [
-        { "type": "array", "minItems": 1, "items": { "$ref": "#/$defs/effectElement" } },
-        { "type": "object", "minProperties": 1,
-          "additionalProperties": { "$ref": "#/$defs/effectElement" } }
-      ]
+      "type": ["array", "object"],
+      "minItems": 1, "minProperties": 1,
+      "if": { "type": "array" },
+      "then": { "items": { "$ref": "#/$defs/effectElement" } },
+      "else": { "additionalProperties": { "$ref": "#/$defs/effectElement" } }
     },
     "effectElement": {
       "type": "object",
@@ -213,6 +223,11 @@ std::string ParameterText(const EffectParameter& parameter)
     return text + " }";
 }
 
+/// The table of "lut3d" as a file, which must lie inside the catalogue's folder.
+constexpr char FileText[] = R"json("file": { "type": "string", "minLength": 1,
+    "pattern": "^(?!/)(?!(.*/)?\\.\\.(/|$))",
+    "description": "A file of a look-up table, from the catalogue's folder." })json";
+
 /// The schema of an effect. Effects may read more than numbers, but an unknown number is a mistake.
 std::string EffectText(const EffectDescriptor& descriptor)
 {
@@ -220,8 +235,11 @@ std::string EffectText(const EffectDescriptor& descriptor)
     properties.Add("\"id\": { \"const\": " + Quote(descriptor.effectID) + " }");
     for (const EffectParameter& parameter : descriptor.parameters)
         properties.Add(ParameterText(parameter));
+    if (descriptor.effectID == LumetraHost::Lut3dParameters::EffectId)
+        properties.Add(FileText);
     return Quote("effect-" + descriptor.effectID) + ": { \"properties\": " + properties.InBraces() +
-           ", \"additionalProperties\": { \"not\": { \"type\": \"number\" } } }";
+           ", \"additionalProperties\": { \"type\": "
+           "[\"array\", \"boolean\", \"null\", \"object\", \"string\"] } }";
 }
 
 std::string IfIs(const std::string& key, const std::string& effectID, const std::string& then)

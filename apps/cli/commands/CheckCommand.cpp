@@ -45,7 +45,7 @@ std::optional<JsonDocument> TakeFile(const QString& file, CatalogueParser& catal
         if (UserStoreChecker::IsStore(document))
             UserStoreChecker::Check(document, PresetControllerFactory::GetKinds(), reports);
         else
-            catalogues.AddDocument(document);
+            catalogues.AddDocument(document, file);
         return document;
     } catch (const Zorvik::Exception&) {
         catalogues.AddFile(file); // AddFile() reports the error that was found here.
@@ -86,7 +86,8 @@ void AddOtherCatalogues(const QStringList& files, CatalogueParser& catalogues)
 bool CheckJson(const QStringList& files, Console& console)
 {
     LumetraPlugin::PresetSession session("lumetra.check");
-    CatalogueParser catalogues(PresetControllerFactory::GetKinds());
+    CatalogueParser catalogues(PresetControllerFactory::GetKinds(),
+                               LumetraHost::LutReader::ReadTable);
     CatalogueReports reports;
     std::vector<std::string> names;
     std::vector<JsonDocument> documents;

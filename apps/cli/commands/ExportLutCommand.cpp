@@ -66,7 +66,7 @@ ExitCode ExportLutCommand::Execute(const QCommandLineParser& parser, Console& co
                                               LookExport::ToCubeFile(table, use.GetPreset().name));
     } catch (const Zorvik::Exception& error) {
         console.Report(QStringLiteral("\"%1\": %2")
-                           .arg(use.GetPreset().name, QString::fromUtf8(error.what())));
+                           .arg(use.GetPreset().shown, QString::fromUtf8(error.what())));
         return ExitCode::SomeFailed;
     }
     console.PrintLine(output);

@@ -49,7 +49,7 @@ QStringList FavouriteCommand::Edit(const QCommandLineParser& parser,
     for (const PresetRow& row : presets) {
         session.GetModel().setData(row.index, isOn, EffectPresetModel::FavouriteRole);
         done.append((isOn ? QStringLiteral("marked \"%1\"") : QStringLiteral("unmarked \"%1\""))
-                        .arg(row.name));
+                        .arg(row.shown));
     }
     return done;
 }

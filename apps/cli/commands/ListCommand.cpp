@@ -34,7 +34,7 @@ QString SliderName(const SliderSetting& slider)
 
 QString Line(const PresetRow& row)
 {
-    QString line = QStringLiteral("  %1  [%2]").arg(row.name, row.id);
+    QString line = QStringLiteral("  %1  [%2]").arg(row.shown, row.id);
     if (row.HasIntensity())
         line += QStringLiteral("  intensity %1, %2")
                     .arg(Range(row.intensity, row.intensityMinimum, row.intensityMaximum),
@@ -79,9 +79,21 @@ void WriteSlider(ISerializer& node, const SliderSetting& slider)
     node.Set("maximum", slider.Max());
 }
 
+/// Writes the translations as the catalogue has them, so that the output is the same in every
+/// language.
+void WriteNames(ISerializer& node, const LumetraHost::LocalNames& names)
+{
+    if (names.GetAll().empty())
+        return;
+    const auto list = node.CreateNode("names");
+    for (const auto& [language, name] : names.GetAll())
+        list->Set(language.toStdString(), name.toStdString());
+}
+
 void WritePreset(ISerializer& node, const PresetRow& row)
 {
     node.Set("name", row.name.toStdString());
+    WriteNames(node, row.names);
     node.Set("id", row.id.toStdString());
     node.Set("popular", row.isPopular);
     node.Set("favourite", row.isFavourite);
@@ -100,7 +112,7 @@ void WritePreset(ISerializer& node, const PresetRow& row)
         WriteSlider(*sliders->AddElement(), slider);
 }
 
-void PrintJson(const QAbstractItemModel& model, const std::vector<PresetRow>& rows,
+void PrintJson(const LumetraPlugin::PresetModel& model, const std::vector<PresetRow>& rows,
                Console& console)
 {
     const LumetraHost::JsonDocument document("presets");
@@ -110,6 +122,7 @@ void PrintJson(const QAbstractItemModel& model, const std::vector<PresetRow>& ro
         const QModelIndex index = model.index(g, 0);
         const auto group = groups->AddElement();
         group->Set("name", index.data(EffectPresetModel::PresetNameRole).toString().toStdString());
+        WriteNames(*group, model.GetGroupNames(index));
         group->Set("editable", index.data(EffectPresetModel::PresetIdRole).toBool());
         const auto presets = group->CreateCollection("presets");
         for (; row != rows.end() && row->index.parent() == index; ++row)

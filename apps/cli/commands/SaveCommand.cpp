@@ -40,7 +40,7 @@ QStringList SaveCommand::Edit(const QCommandLineParser& parser,
     const QString name = NewName(session.GetModel(), arguments[1]);
     const PresetUse use = PresetOptions::MakeUse(parser, FindPreset(rows, arguments[0]));
     use.SaveAs(session, name);
-    return {QStringLiteral("saved \"%1\" from \"%2\"").arg(name, use.GetPreset().name)};
+    return {QStringLiteral("saved \"%1\" from \"%2\"").arg(name, use.GetPreset().shown)};
 }
 
 } // namespace

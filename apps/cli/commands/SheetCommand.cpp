@@ -91,7 +91,7 @@ Sections MakeSections(const std::vector<PresetRow>& rows)
         if (row.index.parent() != group)
             sections.push_back({row.group, {}});
         group = row.index.parent();
-        sections.back().tiles.push_back({row.name, QImage()});
+        sections.back().tiles.push_back({row.shown, QImage()});
     }
     return sections;
 }

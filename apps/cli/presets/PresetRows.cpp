@@ -32,6 +32,7 @@ PresetRow ReadRow(const QModelIndex& index, const QString& group)
     row.index = index;
     row.group = group;
     row.name = index.data(PresetModel::PresetNameRole).toString();
+    row.shown = index.data(PresetModel::ShownNameRole).toString();
     row.id = index.data(PresetModel::PresetIdRole).toString();
     row.intensityType =
         index.data(PresetModel::IntensitySettingTypeRole).value<IntensitySettingType>();
@@ -57,10 +58,10 @@ Rows FindAll(const Rows& rows, const QString& nameOrId)
     Rows matches = Select(rows, [&](const PresetRow& row) { return row.id == nameOrId; });
     if (matches.empty())
         matches = Select(rows, [&](const PresetRow& row) { return row.name == nameOrId; });
-    if (matches.empty())
-        matches = Select(rows, [&](const PresetRow& row) {
-            return row.name.compare(nameOrId, Qt::CaseInsensitive) == 0;
-        });
+    for (const auto sensitivity : {Qt::CaseSensitive, Qt::CaseInsensitive})
+        if (matches.empty())
+            matches = Select(
+                rows, [&](const PresetRow& row) { return row.IsNamed(nameOrId, sensitivity); });
     return matches;
 }
 
@@ -69,6 +70,7 @@ Rows FindAll(const Rows& rows, const QString& nameOrId)
     std::vector<std::string> names;
     for (const PresetRow& row : rows) {
         names.push_back(row.name.toStdString());
+        names.push_back(row.shown.toStdString());
         names.push_back(row.id.toStdString());
     }
     const QString hint =
@@ -88,6 +90,11 @@ Rows FindAll(const Rows& rows, const QString& nameOrId)
 }
 
 } // namespace
+
+bool PresetRow::IsNamed(const QString& text, Qt::CaseSensitivity sensitivity) const
+{
+    return name.compare(text, sensitivity) == 0 || names.Has(text, sensitivity);
+}
 
 bool PresetRow::HasIntensity() const
 {
@@ -112,11 +119,12 @@ std::vector<PresetRow> PresetRows::Read(PresetModel& model)
     Rows rows;
     for (int g = 0; g < model.rowCount(); ++g) {
         const QModelIndex group = model.index(g, 0);
-        const QString name = group.data(PresetModel::PresetNameRole).toString();
+        const QString name = group.data(PresetModel::ShownNameRole).toString();
         for (int i = 0; i < model.rowCount(group); ++i) {
             const QModelIndex preset = model.index(i, 0, group);
             const QString fault = PresetResource::FindFault(model, preset, folders);
             rows.push_back(ReadRow(preset, name));
+            rows.back().names = model.GetPreset(preset)->GetLocalNames();
             rows.back().problem =
                 fault.isEmpty() ? FindContentProblem(model, preset, ContentCheck::Presence) : fault;
         }

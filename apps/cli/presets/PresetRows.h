@@ -3,6 +3,7 @@
 
 #include "Settings/IntensitySettingType.h"
 #include "Settings/SliderSetting.h"
+#include "catalogue/LocalNames.h"
 
 #include <QModelIndex>
 #include <QString>
@@ -19,9 +20,11 @@ namespace LumetraCli {
 struct PresetRow
 {
     QModelIndex index;
-    QString group;
-    QString name;
+    QString group; ///< the name of the group that the user reads
+    QString name;  ///< of the catalogue, whatever the language; what is stored and scripted
+    QString shown; ///< the name that the user reads
     QString id;
+    LumetraHost::LocalNames names; ///< the translations of `name`
     Zorvik::Lumetra::LumetraPresets::IntensitySettingType intensityType;
     int intensity = 0;
     int intensityMinimum = 0;
@@ -32,6 +35,8 @@ struct PresetRow
     QString problem;      ///< a file that it needs and that is missing; empty when all are there
     Zorvik::Lumetra::LumetraPresets::SliderSetting::List sliders;
 
+    /// True when `text` is the name in one language or another.
+    bool IsNamed(const QString& text, Qt::CaseSensitivity sensitivity) const;
     bool HasIntensity() const;
     /// "none", "blending" or "slider".
     QString GetIntensityKind() const;
@@ -49,9 +54,10 @@ public:
 
     /// True when Find() would find one or several.
     static bool Has(const std::vector<PresetRow>& rows, const QString& nameOrId);
-    /// The preset with that id; else the one with that name, upper and lower case alike when no
-    /// name is written just so. UsageError, which begins with the `argument` it came from, for an
-    /// unknown name, with the nearest one, and for one that several presets have, with their ids.
+    /// The preset with that id; else the one with that name, in the catalogue or in any language,
+    /// upper and lower case alike when no name is written just so. UsageError, which begins with
+    /// the `argument` it came from, for an unknown name, with the nearest one, and for one that
+    /// several presets have, with their ids.
     static PresetRow Find(const std::vector<PresetRow>& rows, const QString& nameOrId,
                           const QString& argument = QStringLiteral("--preset"));
 };

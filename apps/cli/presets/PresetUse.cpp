@@ -52,7 +52,7 @@ bool IsNamed(const SliderSetting& slider, const QString& name)
     const QString known = shown.isEmpty() ? QStringLiteral("none, it has no sliders")
                                           : shown.join(QStringLiteral(", "));
     throw UsageError(QStringLiteral("--set: expected a slider of \"%1\" (%2), found \"%3\"")
-                         .arg(preset.name, known, name) +
+                         .arg(preset.shown, known, name) +
                      QString::fromStdString(LumetraHost::DidYouMean(name.toStdString(), names)));
 }
 
@@ -64,7 +64,7 @@ PresetUse::PresetUse(const PresetRow& preset, const QString& intensity, const QS
     const QString problem = PresetRows::FindProblem(preset);
     if (!problem.isEmpty())
         throw Zorvik::Exception(
-            QStringLiteral("\"%1\": %2").arg(preset.name, problem).toStdString(),
+            QStringLiteral("\"%1\": %2").arg(preset.shown, problem).toStdString(),
             BOOST_CURRENT_FUNCTION, "PresetUse", __LINE__);
     if (!intensity.isNull())
         SetIntensity(intensity);
@@ -77,7 +77,7 @@ void PresetUse::SetIntensity(const QString& text)
     if (!m_preset.HasIntensity())
         throw UsageError(
             QStringLiteral("--intensity: expected none, for \"%1\" has no intensity, found \"%2\"")
-                .arg(m_preset.name, text));
+                .arg(m_preset.shown, text));
     m_intensity = ReadValue(QStringLiteral("--intensity"), text, m_preset.intensityMinimum,
                             m_preset.intensityMaximum);
 }

@@ -56,7 +56,7 @@ PresetRow StoreCommand::FindUsersPreset(const Rows& rows, const QString& nameOrI
     if (!row.isUsers)
         throw UsageError(QStringLiteral("PRESET: expected one of your own presets, found \"%1\" of "
                                         "the catalogue's group \"%2\"")
-                             .arg(row.name, row.group));
+                             .arg(row.shown, row.group));
     return row;
 }
 

@@ -22,11 +22,7 @@ constexpr char Context[] = "Effects";
 /// These titles stand here only so that the translator's tool finds them.
 [[maybe_unused]] constexpr const char* ShippedTitles[] = {
     QT_TRANSLATE_NOOP("Effects", "Temperature"), QT_TRANSLATE_NOOP("Effects", "Tint"),
-    QT_TRANSLATE_NOOP("Effects", "Colour"),      QT_TRANSLATE_NOOP("Effects", "Portrait"),
-    QT_TRANSLATE_NOOP("Effects", "Landscape"),   QT_TRANSLATE_NOOP("Effects", "Black and White"),
-    QT_TRANSLATE_NOOP("Effects", "Warm Moods"),  QT_TRANSLATE_NOOP("Effects", "Cool Moods"),
-    QT_TRANSLATE_NOOP("Effects", "Faded"),       QT_TRANSLATE_NOOP("Effects", "Film"),
-    QT_TRANSLATE_NOOP("Effects", "Cinematic")};
+    QT_TRANSLATE_NOOP("Effects", "Colour")};
 
 bool IsMoved(const ConstEffectPtr& effect, const EffectParameter& parameter)
 {
@@ -89,8 +85,7 @@ QString EffectTexts::Translate(const std::string& text)
 QString EffectTexts::GetToolTip(PresetController& preset)
 {
     QStringList lines;
-    lines.append(
-        QStringLiteral("<b>%1</b>").arg(QString::fromStdString(preset.GetName()).toHtmlEscaped()));
+    lines.append(QStringLiteral("<b>%1</b>").arg(preset.GetShownName().toHtmlEscaped()));
     const auto settings = preset.MakeSettings();
     for (const ConstEffectPtr& effect : settings.EffectsConst())
         if (const QString text = EffectText(effect); !text.isEmpty())

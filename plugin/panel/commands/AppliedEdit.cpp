@@ -155,7 +155,9 @@ QStringList AppliedEdit::Restore(const Property::Ptr& edit)
     model.ActivatePreset(preset.isValid() ? std::string() : id, settings);
     std::string name = id;
     Try(reports, [&] { name = root->Get(IEditorPanel::EditName, id); });
-    m_stray = Stray{QString::fromStdString(name), edit};
+    m_stray = Stray{preset.isValid() ? preset.data(PresetModel::ShownNameRole).toString()
+                                     : QString::fromStdString(name),
+                    edit};
     reports.append(DescribeStray(problem));
     return reports;
 }

@@ -30,9 +30,10 @@ namespace {
 
 constexpr int CubeSize = 33; // points along each axis
 
+/// The name that the user reads.
 QString NameOf(const QModelIndex& preset)
 {
-    return preset.data(PresetModel::PresetNameRole).toString();
+    return preset.data(PresetModel::ShownNameRole).toString();
 }
 
 } // namespace
@@ -89,9 +90,9 @@ void PresetCommands::Tell(const QString& text)
 void PresetCommands::SendPresetChanged()
 {
     const QModelIndex applied = GetApplied();
-    ObjectsConnector::sendMessage(
-        IObjectsConnectorID::PRESET_CHANGED,
-        {applied.data(PresetModel::PresetIdRole).toString(), NameOf(applied)});
+    ObjectsConnector::sendMessage(IObjectsConnectorID::PRESET_CHANGED,
+                                  {applied.data(PresetModel::PresetIdRole).toString(),
+                                   applied.data(PresetModel::PresetNameRole).toString()});
 }
 
 /// Gets the effects of a preset that has none yet, and the tables that they need. Returns false,
@@ -422,7 +423,8 @@ void PresetCommands::ExportLook(const QModelIndex& preset)
         return;
     try {
         const auto table = LookExport::MakeTable(settings, CubeSize);
-        LumetraHost::CheckedFileWriter::Write(path, LookExport::ToCubeFile(table, name));
+        const QString title = preset.data(PresetModel::PresetNameRole).toString();
+        LumetraHost::CheckedFileWriter::Write(path, LookExport::ToCubeFile(table, title));
         Tell(tr("Wrote “%1”.").arg(path));
     } catch (const Zorvik::Exception& error) {
         Tell(QString::fromUtf8(error.what()));

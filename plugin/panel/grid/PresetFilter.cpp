@@ -2,7 +2,6 @@
 #include "panel/grid/PresetFilter.h"
 
 #include "core/PresetModel.h"
-#include "panel/appearance/EffectTexts.h"
 #include "panel/commands/RecentPresets.h"
 
 #include <algorithm>
@@ -34,9 +33,12 @@ bool PresetFilter::Accepts(const QModelIndex& preset) const
 {
     if (!IsOfKind(preset))
         return false;
-    const QString group = preset.parent().data(PresetModel::PresetNameRole).toString();
-    const QStringList names = {preset.data(PresetModel::PresetNameRole).toString(), group,
-                               EffectTexts::Translate(group.toStdString())};
+    // A look is found by its name in the catalogue too, which tutorials and colleagues may say.
+    QStringList names;
+    for (const QModelIndex& index : {preset, preset.parent()})
+        for (const int role :
+             {static_cast<int>(PresetModel::PresetNameRole), PresetModel::ShownNameRole})
+            names.append(index.data(role).toString());
     const QString text = names.join(QLatin1Char('\n'));
     return std::all_of(m_words.begin(), m_words.end(), [&text](const QString& word) {
         return text.contains(word, Qt::CaseInsensitive);

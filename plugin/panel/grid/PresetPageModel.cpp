@@ -83,7 +83,7 @@ QVariant PresetPageModel::data(const QModelIndex& row, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole:
-        return preset.data(PresetModel::PresetNameRole);
+        return preset.data(PresetModel::ShownNameRole);
     case Qt::AccessibleDescriptionRole:
         return DescribeMarks(preset);
     case Qt::DecorationRole:

@@ -16,38 +16,6 @@
         <translation>Farbe</translation>
     </message>
     <message>
-        <source>Portrait</source>
-        <translation>Porträt</translation>
-    </message>
-    <message>
-        <source>Landscape</source>
-        <translation>Landschaft</translation>
-    </message>
-    <message>
-        <source>Black and White</source>
-        <translation>Schwarz-Weiß</translation>
-    </message>
-    <message>
-        <source>Warm Moods</source>
-        <translation>Warme Stimmungen</translation>
-    </message>
-    <message>
-        <source>Cool Moods</source>
-        <translation>Kühle Stimmungen</translation>
-    </message>
-    <message>
-        <source>Faded</source>
-        <translation>Verblasst</translation>
-    </message>
-    <message>
-        <source>Film</source>
-        <translation>Film</translation>
-    </message>
-    <message>
-        <source>Cinematic</source>
-        <translation>Kino</translation>
-    </message>
-    <message>
         <source>Exposure</source>
         <translation>Belichtung</translation>
     </message>

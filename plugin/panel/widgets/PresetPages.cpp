@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "panel/widgets/PresetPages.h"
 
-#include "panel/appearance/EffectTexts.h"
 #include "panel/appearance/PanelIcons.h"
 #include "panel/commands/PresetCommands.h"
 #include "panel/grid/PresetFilter.h"
@@ -191,9 +190,7 @@ void PresetPages::ShowPageTexts(int page)
     const bool isUsers = group.data(PresetModel::PresetIdRole).toBool();
     // The library's own name of the user's group is not translated.
     const QString name =
-        isUsers ? tr("User presets")
-                : EffectTexts::Translate(
-                      group.data(PresetModel::PresetNameRole).toString().toStdString());
+        isUsers ? tr("User presets") : group.data(PresetModel::ShownNameRole).toString();
     const int count = presets.rowCount();
     m_box->setItemText(page, QString(name).replace(QLatin1Char('&'), QLatin1String("&&")));
     m_headers[page]->setAccessibleName(name);
@@ -361,7 +358,9 @@ void PresetPages::resizeEvent(QResizeEvent* event)
 void PresetPages::changeEvent(QEvent* event)
 {
     QScrollArea::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange || event->type() == QEvent::PaletteChange)
+    if (event->type() == QEvent::LanguageChange)
+        Refresh(); // the looks have other names, and the filter finds others
+    else if (event->type() == QEvent::PaletteChange)
         ShowTexts();
 }
 

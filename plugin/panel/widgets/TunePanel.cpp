@@ -178,7 +178,7 @@ void TunePanel::ShowNames()
 {
     const bool isBound = m_preset.isValid();
     const QString stray = m_edit.GetStrayName();
-    const QString name = m_preset.data(PresetModel::PresetNameRole).toString();
+    const QString name = m_preset.data(PresetModel::ShownNameRole).toString();
     m_title->setText(isBound ? name : stray.isEmpty() ? tr("No look applied") : stray);
     m_title->setToolTip(m_title->text());
     m_intensityRow->SetName(tr("Intensity"));

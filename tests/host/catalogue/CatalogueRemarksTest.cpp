@@ -129,7 +129,7 @@ TEST_F(CatalogueRemarks, onATableThatIsOnlyNamedOrMissing)
                      "itself, as \"curve\" or \"cube\", found the name of a file"}));
     EXPECT_EQ(CheckEffects(R"({"effect": {"id": "lut3d", "strength": 50}})"),
               (Lines{"a.json: warning: groups[0]/items[0]/effects[0]/effect: expected a table, "
-                     "\"curve\" or \"cube\", found none: the effect changes nothing"}));
+                     "\"curve\", \"cube\" or \"file\", found none: the effect changes nothing"}));
 }
 
 TEST_F(CatalogueRemarks, onAnIntensityThatMovesWhatAnExtraSliderMoves)
@@ -185,6 +185,34 @@ TEST_F(CatalogueRemarks, onAResourceOutsideItsFolder)
               (Lines{"a.json: warning: groups[0]/items[0]/resource: expected a file inside the "
                      "group's folder of resources, found \"../x.json\""}));
     EXPECT_EQ(check("/etc/passwd").size(), 1U);
+}
+
+TEST_F(CatalogueRemarks, onNamesInOtherLanguages)
+{
+    const auto check = [this](const char* group, const char* item) {
+        return Check(std::string(R"("groups": [{"name": "G", "names": )") + group +
+                     R"(, "items": [{"name": "x", "names": )" + item + R"(, "effects": [)" + Grey +
+                     "]}]}]");
+    };
+    EXPECT_EQ(check(R"({"de": "Gruppe", "pt-BR": "Grupo"})", "{}"), Lines{});
+    EXPECT_EQ(target.calls[1], "group G: x");
+    EXPECT_EQ(check("{}", R"({"de": 1})"),
+              (Lines{"a.json: error: groups[0]/items[0]/names/de: expected string, found number"}));
+    EXPECT_EQ(target.calls[1], "group G:");
+    EXPECT_EQ(check("{}", R"({"de": " "})"),
+              (Lines{"a.json: error: groups[0]/items[0]/names/de: expected a name that is not "
+                     "empty"}));
+    EXPECT_EQ(check("{}", R"("Herbst")"),
+              (Lines{"a.json: error: groups[0]/items[0]/names: expected node, found string"}));
+    EXPECT_EQ(check("{}", R"({"German": "Herbst"})"),
+              (Lines{"a.json: warning: groups[0]/items[0]/names/German: expected a language, such "
+                     "as \"de\", \"pt-BR\" or \"zh-Hant\", found \"German\": no program asks for "
+                     "it"}));
+    EXPECT_EQ(target.calls[1], "group G: x");
+    EXPECT_EQ(check("{}", R"({"de": "a\u001b"})").size(), 1U);
+    EXPECT_EQ(check("[]", "{}"),
+              (Lines{"a.json: error: groups[0]/names: expected node, found collection"}));
+    EXPECT_EQ(target.calls.size(), 2U); // sliders and user data, no group
 }
 
 TEST_F(CatalogueRemarks, onNamesWithControlCharacters)

@@ -60,7 +60,7 @@ void Lut3dSettings::Deserialize(const ConstSerializerPtr& node)
     const StoredTablePtr curve = ReadTable(node, KeyCurve, LookUpTable::Kind::Curve);
     const StoredTablePtr cube = ReadTable(node, KeyCube, LookUpTable::Kind::Cube);
     // The base class would copy the numbers, and copy them again with every clone.
-    EffectSettingsImpl::Deserialize(HideKeys(node, {KeyCurve, KeyCube}));
+    EffectSettingsImpl::Deserialize(HideKeys(node, {KeyCurve, KeyCube, KeyFile}));
     if (curve)
         m_curve = curve;
     if (cube)
@@ -70,6 +70,11 @@ void Lut3dSettings::Deserialize(const ConstSerializerPtr& node)
 void Lut3dSettings::Serialize(const Zorvik::Brassel::SerializerPtr& node) const
 {
     EffectSettingsImpl::Serialize(node);
+    WriteTables(node);
+}
+
+void Lut3dSettings::WriteTables(const Zorvik::Brassel::SerializerPtr& node) const
+{
     if (m_curve)
         m_curve->Write(node->CreateNode(KeyCurve));
     if (m_cube)

@@ -20,6 +20,9 @@ class Lut3dSettings : public Zorvik::Quindle::EffectSettingsImpl, public IStored
 public:
     static constexpr char KeyCurve[] = "curve";
     static constexpr char KeyCube[] = "cube";
+    /// The name of the file that the tables came from, in catalogues. It is not kept, for it leads
+    /// nowhere from any other file.
+    static constexpr char KeyFile[] = "file";
 
     /// An effect without tables. The effect kind must be registered.
     static Zorvik::Quindle::EffectPtr Create();
@@ -31,6 +34,8 @@ public:
     LookUpTablePtr GetCurve() const;
     LookUpTablePtr GetCube() const;
     bool HasTables() const { return m_curve || m_cube; }
+    /// Writes the tables alone. Zorvik::Exception as of Serialize().
+    void WriteTables(const Zorvik::Brassel::SerializerPtr& node) const;
     /// True when both have tables that draw the same, or none. Reads no file.
     bool HasSameTables(const Lut3dSettings& other) const;
 
