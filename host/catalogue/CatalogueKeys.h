@@ -15,6 +15,7 @@ struct CatalogueKeys
     static constexpr char CropPolicy[] = "previewCropPolicy";
     static constexpr char FitPolicy[] = "previewFitPolicy";
     static constexpr char Resource[] = "resource";
+    static constexpr char Sliders[] = "sliders";
 
     // Keys of an intensity: its type, and a node for each type.
     static constexpr char Type[] = "type";

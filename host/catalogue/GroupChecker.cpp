@@ -26,7 +26,8 @@ void CheckPlainKeys(const CheckedNode& item)
     item.NoteUnknownKeys({EffectInfo::KEY_NAME, Keys::Names, Keys::Id, Keys::Popular, Keys::Image,
                           Keys::CropPolicy, Keys::FitPolicy, EffectInfo::TAG_SETTINGS,
                           EffectInfo::TAG_SETTINGS_PREVIEW, IEffectSettings::EFFECTS,
-                          ConfigData::INTENSITY, ConfigData::CONTROLLER, Keys::Resource});
+                          ConfigData::INTENSITY, ConfigData::CONTROLLER, Keys::Resource,
+                          Keys::Sliders});
     item.Bool(Keys::Popular);
     item.Text(Keys::Image);
     item.Int(Keys::CropPolicy);
@@ -153,6 +154,17 @@ bool GroupChecker::TakeId(const CheckedNode& item)
     return isNew;
 }
 
+/// The extra sliders of a preset without errors: those that it lists, else the catalogue's.
+std::vector<SliderParameters> GroupChecker::SlidersOf(const CheckedNode& item) const
+{
+    if (!item.Has(Keys::Sliders))
+        return m_sliders;
+    std::vector<SliderParameters> sliders;
+    for (const CheckedNode& slider : item.Elements(Keys::Sliders))
+        sliders.push_back(IntensityChecker::ReadParameters(slider));
+    return sliders;
+}
+
 bool GroupChecker::CheckPreset(const CheckedNode& item,
                                const std::optional<CheckedNode>& groupIntensity) const
 {
@@ -179,12 +191,14 @@ bool GroupChecker::CheckPreset(const CheckedNode& item,
     const auto own = item.Node(ConfigData::INTENSITY);
     if (own)
         IntensityChecker::Check(*own);
+    for (const CheckedNode& slider : item.Elements(Keys::Sliders))
+        IntensityChecker::CheckSlider(slider);
     const auto& intensity = own ? own : groupIntensity;
     if (intensity && hasEffects && reports.GetErrorCount() == errorCount) {
         IntensityChecker::CheckEffects(*intensity, item, effectIDs);
         IntensityChecker::CheckStart(*intensity, item,
                                      item.Node(EffectInfo::TAG_SETTINGS).value_or(item));
-        IntensityChecker::CheckSharing(*intensity, item, effectIDs, m_sliders);
+        IntensityChecker::CheckSharing(*intensity, item, effectIDs, SlidersOf(item));
     }
     return reports.GetErrorCount() == errorCount;
 }

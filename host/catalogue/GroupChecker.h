@@ -44,6 +44,7 @@ private:
     void CheckSettings(const CheckedNode& settings) const;
     void CheckKind(const CheckedNode& node) const;
     bool TakeId(const CheckedNode& item);
+    std::vector<SliderParameters> SlidersOf(const CheckedNode& item) const;
 
     std::set<std::string> m_controllerKinds;
     std::vector<SliderParameters> m_sliders;

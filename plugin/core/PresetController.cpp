@@ -16,14 +16,32 @@
 #include <boost/current_function.hpp>
 
 #include <algorithm>
+#include <utility>
 
 namespace LumetraPlugin {
 namespace {
 
+using Zorvik::Brassel::ISerializable;
 using Zorvik::Lumetra::LumetraPresets::IntensitySettingsFactory;
 using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
+
+/// Reads the preset's own sliders; nothing when it lists none. Throws what a slider throws that
+/// moves an unknown parameter.
+std::optional<SliderSetting::List> ReadSliders(const Zorvik::Brassel::ISerializer& node)
+{
+    const auto list = node.GetCollection(LumetraHost::CatalogueKeys::Sliders);
+    if (!list)
+        return std::nullopt;
+    SliderSetting::List sliders;
+    for (std::size_t i = 0; i < list->GetCount(); ++i) {
+        SliderSetting slider(false);
+        list->ReadObject(i, slider.GetClassId(), slider);
+        sliders.push_back(std::move(slider));
+    }
+    return sliders;
+}
 
 } // namespace
 
@@ -50,6 +68,17 @@ void PresetController::Deserialize(const Zorvik::Brassel::ConstSerializerPtr& no
     m_resource = node->Get(LumetraHost::CatalogueKeys::Resource, "");
     m_hasResource = false;
     m_localNames = LumetraHost::LocalNames::Read(node);
+    m_ownSliders = ReadSliders(*node);
+}
+
+void PresetController::Serialize(const Zorvik::Brassel::SerializerPtr& node) const
+{
+    EffectPresetControllerBase::Serialize(node);
+    if (!m_ownSliders)
+        return;
+    const auto list = node->CreateCollection(LumetraHost::CatalogueKeys::Sliders);
+    for (const SliderSetting& slider : *m_ownSliders)
+        static_cast<const ISerializable&>(slider).Serialize(list->AddElement());
 }
 
 const LumetraHost::LocalNames& PresetController::GetLocalNames() const
@@ -69,7 +98,23 @@ void PresetController::InitDefaultSettings(const SliderSetting::List& sliders)
     if (IsDownloadable())
         m_laterSliders = sliders;
     else
-        EffectPresetControllerBase::InitDefaultSettings(sliders);
+        EffectPresetControllerBase::InitDefaultSettings(m_ownSliders.value_or(sliders));
+}
+
+void PresetController::ReplaceEffects(const Zorvik::Quindle::ConstEffectList& effects)
+{
+    EffectsSettings replaced(EffectsSettings::PhotoAlone);
+    for (const auto& effect : effects)
+        replaced.Effects().push_back(effect->Clone());
+    if (const auto* slider = dynamic_cast<const SliderSetting*>(&Intensity()))
+        CheckIntensityEffects(*slider, replaced);
+    m_effectSettings = std::move(replaced);
+    m_previewEffectSettings.SetEffectsConst(m_effectSettings.EffectsConst());
+    const SliderSetting::List sliders = std::exchange(m_defaultSettings, {});
+    EffectPresetControllerBase::InitDefaultSettings(sliders);
+    m_effectSettings.SetBlendAmount(EffectsSettings::FullEffect);
+    Intensity().LoadValue(m_effectSettings);
+    m_startIntensity = GetIntensity();
 }
 
 void PresetController::SetDownloadedResource(const std::string& resource)
@@ -102,7 +147,9 @@ void PresetController::InitIntensity(const Zorvik::Brassel::ConstSerializerPtr& 
         m_laterIntensity = node;
         return;
     }
-    CheckIntensityEffects(node);
+    const auto intensity = IntensitySettingsFactory().Create(node);
+    if (const auto* slider = dynamic_cast<const SliderSetting*>(intensity.get()))
+        CheckIntensityEffects(*slider, m_effectSettings);
     EffectPresetControllerBase::InitIntensity(node);
     LimitIntensity();
     m_startIntensity = GetIntensity();
@@ -123,15 +170,11 @@ std::string PresetController::FindProblem(LumetraHost::ContentCheck check) const
 
 /// Looks for all effects of the intensity: the library looks for the first one only, and would miss
 /// the others when the preset is applied.
-void PresetController::CheckIntensityEffects(const Zorvik::Brassel::ConstSerializerPtr& node) const
+void PresetController::CheckIntensityEffects(const SliderSetting& slider,
+                                             const EffectsSettings& settings)
 {
-    const auto intensity = IntensitySettingsFactory().Create(node);
-    const auto* slider = dynamic_cast<const SliderSetting*>(intensity.get());
-    if (!slider)
-        return;
-    const auto& effects = m_effectSettings.Effects();
-    for (const std::string& effectID : slider->GetEffectIDs())
-        if (!IEffectSettings::Find(effects, effectID))
+    for (const std::string& effectID : slider.GetEffectIDs())
+        if (!IEffectSettings::Find(settings.Effects(), effectID))
             throw Zorvik::Exception("expected the effect \"" + effectID +
                                         "\", which the intensity slider drives, found none in the "
                                         "preset",

@@ -13,6 +13,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace LumetraPlugin {
 
@@ -68,6 +69,10 @@ public:
     int GetStartIntensity() const { return m_startIntensity; }
     /// "expected …, found …" when the stored intensity was out of its range; else empty.
     const std::string& GetIntensityRemark() const { return m_intensityRemark; }
+    /// Gives the preset copies of other effects. Its sliders take their positions from them, and a
+    /// blending intensity starts at the full effect. Draws nothing. Exception, with nothing
+    /// changed, when the effects lack one that the intensity moves.
+    void ReplaceEffects(const Zorvik::Quindle::ConstEffectList& effects);
     /// Puts the intensity back to where it started, in the value and in the effects. Draws nothing
     /// and needs no workspace.
     void PutIntensityBack();
@@ -88,6 +93,7 @@ public:
     /// problem.
     std::string FindProblem(LumetraHost::ContentCheck check) const;
 
+    /// A preset that lists extra sliders has those, in place of `sliders`.
     void InitDefaultSettings(
         const std::vector<Zorvik::Lumetra::LumetraPresets::SliderSetting>& sliders) override;
     /// Exception for an intensity that moves effects which the preset has not.
@@ -105,6 +111,8 @@ public:
     QImage GetPreviewImage() override;
 
 protected:
+    /// These two know the preset's list of extra sliders, too.
+    void Serialize(const Zorvik::Brassel::SerializerPtr& node) const override;
     void Deserialize(const Zorvik::Brassel::ConstSerializerPtr& node) override;
     std::string GetStatisticEventNameClick() const override;
     std::string GetStatisticEventNameApply() const override;
@@ -113,7 +121,8 @@ protected:
     std::string GetStatisticEventNameFavoriteRemove() const override;
 
 private:
-    void CheckIntensityEffects(const Zorvik::Brassel::ConstSerializerPtr& node) const;
+    static void CheckIntensityEffects(const Zorvik::Lumetra::LumetraPresets::SliderSetting& slider,
+                                      const Zorvik::Quindle::EffectsSettings& settings);
     void LimitIntensity();
     void WriteIntensityToPreview();
 
@@ -121,6 +130,8 @@ private:
     std::string m_intensityRemark;
     LumetraHost::LocalNames m_localNames;
     std::string m_resource;
+    /// The sliders that the preset lists; without a value it has those of the catalogue.
+    std::optional<std::vector<Zorvik::Lumetra::LumetraPresets::SliderSetting>> m_ownSliders;
     bool m_hasResource = false;
     // Sliders and intensity that were given before the effects.
     std::vector<Zorvik::Lumetra::LumetraPresets::SliderSetting> m_laterSliders;

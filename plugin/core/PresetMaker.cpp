@@ -8,6 +8,7 @@
 #include "Zorvik/Brassel/SerializerProperty.h"
 #include "Zorvik/Brassel/SettingsKeys.h"
 #include "Zorvik/Quindle/EffectsSettings.h"
+#include "catalogue/CatalogueKeys.h"
 #include "core/PresetControllerFactory.h"
 
 #include <QUuid>
@@ -27,45 +28,79 @@ using Zorvik::Quindle::ConstEffectList;
 using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
 
-void WriteIntensity(const SerializerPtr& node, std::optional<int> intensity)
+void WriteSlider(const SerializerPtr& node, const PresetMaker::Slider& slider)
 {
-    const auto type = intensity ? IntensitySettingType::Blending : IntensitySettingType::None;
+    node->Set(SettingKeys::SliderTitle, slider.title.toStdString());
+    node->Set(SettingKeys::SliderBegin, slider.begin);
+    node->Set(SettingKeys::SliderEnd, slider.end);
+    const auto list = node->CreateCollection(SettingKeys::SliderVariables);
+    for (const auto& variable : slider.variables) {
+        const SerializerPtr element = list->AddElement();
+        element->Set(SettingKeys::SliderEffectID, variable.effectID);
+        element->Set(SettingKeys::SliderParameter, variable.setting);
+        element->Set(SettingKeys::SliderBegin, variable.begin);
+        element->Set(SettingKeys::SliderEnd, variable.end);
+    }
+}
+
+void WriteBlending(const SerializerPtr& node, int percent)
+{
+    node->Set(SettingKeys::BlendValue, percent);
+    node->Set(SettingKeys::BlendBegin, EffectsSettings::FullEffect);
+    node->Set(SettingKeys::BlendEnd, EffectsSettings::NoEffect);
+}
+
+void WriteIntensity(const SerializerPtr& node, const PresetMaker::Content& content)
+{
+    auto type = IntensitySettingType::None;
+    if (content.blend) {
+        type = IntensitySettingType::Blending;
+        WriteBlending(node->CreateNode(SettingKeys::BlendSetting), *content.blend);
+    } else if (content.intensity) {
+        type = IntensitySettingType::Slider;
+        WriteSlider(node->CreateNode(SettingKeys::SliderSetting), *content.intensity);
+    }
     node->Set(SettingKeys::Type, static_cast<int>(type));
-    if (!intensity)
-        return;
-    const SerializerPtr blending = node->CreateNode(SettingKeys::BlendSetting);
-    blending->Set(SettingKeys::BlendValue, *intensity);
-    blending->Set(SettingKeys::BlendBegin, EffectsSettings::FullEffect);
-    blending->Set(SettingKeys::BlendEnd, EffectsSettings::NoEffect);
 }
 
 /// The preset in its stored form.
-SerializerPtr MakeNode(const QString& name, const ConstEffectList& effects,
-                       std::optional<int> intensity)
+SerializerPtr MakeNode(const PresetMaker::Content& content)
 {
-    const auto node =
-        SerializerProperty::Create(std::make_shared<Zorvik::Core::Property>(name.toStdString()));
-    node->Set(EffectInfo::KEY_NAME, name.toStdString());
+    const std::string name = content.name.toStdString();
+    const auto node = SerializerProperty::Create(std::make_shared<Zorvik::Core::Property>(name));
+    node->Set(EffectInfo::KEY_NAME, name);
     node->Set(PresetKeys::ID, QUuid::createUuid().toString().toStdString());
     const auto list = node->CreateCollection(IEffectSettings::EFFECTS);
-    for (const auto& effect : effects)
+    for (const auto& effect : content.effects)
         list->AddElement()->WriteObject(IEffectSettings::EFFECT, *effect);
-    WriteIntensity(node->CreateNode(ConfigData::INTENSITY), intensity);
+    WriteIntensity(node->CreateNode(ConfigData::INTENSITY), content);
+    if (!content.sliders)
+        return node;
+    const auto sliders = node->CreateCollection(LumetraHost::CatalogueKeys::Sliders);
+    for (const PresetMaker::Slider& slider : *content.sliders)
+        WriteSlider(sliders->AddElement(), slider);
     return node;
 }
 
 } // namespace
 
+PresetModel::PresetPtr PresetMaker::Make(const Content& content, PresetControllerFactory& factory)
+{
+    const SerializerPtr node = MakeNode(content);
+    const PresetModel::PresetPtr preset(
+        dynamic_cast<PresetController*>(factory.CreateController({}).get()));
+    static_cast<ISerializable&>(*preset).Deserialize(node);
+    if (content.sliders)
+        preset->InitDefaultSettings({});
+    preset->InitIntensity(node->GetNode(ConfigData::INTENSITY));
+    return preset;
+}
+
 PresetModel::PresetPtr PresetMaker::Make(const QString& name, const ConstEffectList& effects,
                                          std::optional<int> intensity,
                                          PresetControllerFactory& factory)
 {
-    const SerializerPtr node = MakeNode(name, effects, intensity);
-    const PresetModel::PresetPtr preset(
-        dynamic_cast<PresetController*>(factory.CreateController({}).get()));
-    static_cast<ISerializable&>(*preset).Deserialize(node);
-    preset->InitIntensity(node->GetNode(ConfigData::INTENSITY));
-    return preset;
+    return Make({name, effects, intensity}, factory);
 }
 
 } // namespace LumetraPlugin

@@ -159,6 +159,17 @@ QString PresetsPanel::KeepLook(const LumetraEditor::NewLook& look)
     return m_commands->Keep(look);
 }
 
+QString PresetsPanel::FindLookName(const QString& id) const
+{
+    return m_commands->FindUsersName(id);
+}
+
+QString PresetsPanel::UpdateLook(const QString& id,
+                                 const Zorvik::Quindle::EffectsSettings& settings)
+{
+    return m_commands->Update(id, settings);
+}
+
 void PresetsPanel::OnActivatePreset(const QString& id)
 {
     m_commands->ApplyId(id);

@@ -54,6 +54,9 @@ public:
     void PackagesCommitted() override;
     LumetraEditor::ILookKeeper* GetLookKeeper() override { return this; }
     QString KeepLook(const LumetraEditor::NewLook& look) override;
+    QString FindLookName(const QString& id) const override;
+    QString UpdateLook(const QString& id,
+                       const Zorvik::Quindle::EffectsSettings& settings) override;
 
     PresetCollection& GetPresets() { return *m_presets; }
 

@@ -27,12 +27,18 @@ rooms=(
     host/drawer/stack host/drawer/render host/drawer host/drawer/previews host/drawer/view host/workspace
     plugin/api plugin/core
     plugin/panel/appearance plugin/panel/importing plugin/panel/commands plugin/panel/grid plugin/panel/widgets plugin/panel
+    plugin/adjust/edit plugin/adjust/controls plugin/adjust/curve plugin/adjust/wheel plugin/adjust/looks
+    plugin/adjust/sections plugin/adjust
     apps/cli/console apps/cli/output apps/cli/presets apps/cli/photos apps/cli/commands apps/cli
     apps/editor/settings apps/editor/edit apps/editor/plugins apps/editor/session apps/editor/canvas
     apps/editor/appearance apps/editor/histogram apps/editor/actions apps/editor/export apps/editor/window apps/editor
 )
 declare -A floor_of
 for i in "${!rooms[@]}"; do floor_of[${rooms[i]}]=$i; done
+
+# The Adjust panel is built as a third party's panel: of this layer and the ones below it may include these alone.
+third_party=plugin/adjust
+third_party_may='^(plugin/adjust|plugin/api|library|platform)/'
 
 # What of the world outside the platform and the library may know.
 allowed_outside='^(Q[A-Za-z]*|Qt[A-Za-z]*/.*|boost/.*|[a-z_]+|cxxabi\.h|dlfcn\.h|unistd\.h)$'
@@ -88,6 +94,8 @@ for layer in "${layers[@]}"; do
             owner=${target%%/*}
             if [[ -n "$target" && "$owner" != "$layer" && " ${may_include[$layer]} " != *" $owner "* ]]; then
                 violation "$file:$line: $layer/ includes \"$name\" of $owner/"
+            elif [[ -n "$target" && "$file" == "$third_party"/* && ! "$target" =~ $third_party_may ]]; then
+                violation "$file:$line: $third_party/ includes \"$name\" of ${target%/*}/, which no third party has"
             elif [[ -n "$target" && "$owner" == "$layer" ]]; then
                 check_rooms "$file" "$line" "$name"
             fi

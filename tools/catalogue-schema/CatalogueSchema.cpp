@@ -98,6 +98,10 @@ constexpr char Head[] = R"({
         "previewFitPolicy": { "enum": [0, 1], "default": 0,
                               "description": "0: scaled to its place, 1: never enlarged." },
         "intensity": { "$ref": "#/$defs/intensity" },
+        "sliders": {
+          "description": "Extra sliders in place of those that all presets offer.",
+          "type": "array", "items": { "$ref": "#/$defs/slider" }
+        },
         "settings": { "$ref": "#/$defs/effectsHolder" },
         "settingsPreview": { "$ref": "#/$defs/effectsHolder" },
         "effects": { "$ref": "#/$defs/effects" }

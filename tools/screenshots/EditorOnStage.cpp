@@ -4,6 +4,7 @@
 #include "drawer/previews/AsyncPreviews.h"
 #include "drawer/view/LiveView.h"
 #include "plugins/PluginLoader.h"
+#include "widgets/CustomToolBoxButton.h"
 
 #include <QAction>
 #include <QApplication>
@@ -17,6 +18,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QSettings>
+#include <QSlider>
+#include <QTabWidget>
 #include <QTimer>
 #include <QToolTip>
 
@@ -177,6 +180,29 @@ void EditorOnStage::AskForMenu(const QString& look)
 void EditorOnStage::Search(const QString& text)
 {
     Find<QLineEdit>("searchField").setText(text);
+    Settle();
+}
+
+void EditorOnStage::ShowAdjust(int section)
+{
+    auto& tabs = Find<QTabWidget>("panels");
+    auto* const panel = m_window->findChild<QWidget*>(QStringLiteral("adjustPanel"));
+    tabs.setCurrentWidget(panel);
+    Settle();
+    const auto headers =
+        panel->findChildren<Zorvik::Lumetra::LumetraPresets::CustomToolBoxButton*>();
+    for (int i = 0; i < headers.size(); ++i)
+        if (headers[i]->isSelected() != (i == section))
+            headers[i]->click();
+    Settle();
+}
+
+void EditorOnStage::SetAdjustment(const char* parameter, int position)
+{
+    auto& slider = Find<QSlider>(parameter);
+    slider.setSliderDown(true);
+    slider.setValue(position);
+    slider.setSliderDown(false);
     Settle();
 }
 

@@ -50,6 +50,10 @@ public:
     QPoint PlaceOf(const QString& look);
     void AskForMenu(const QString& look);
     void Search(const QString& text);
+    /// Shows the Adjust panel with that section open, and no other one; sections count from 0.
+    void ShowAdjust(int section);
+    /// Moves a control of the Adjust panel, a slider by its parameter, as "exposure.stops".
+    void SetAdjustment(const char* parameter, int position);
     /// Saves what is on the photo as a preset.
     void SaveLook(const QString& name);
 

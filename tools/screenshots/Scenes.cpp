@@ -12,9 +12,11 @@
 #include <QDialog>
 #include <QDir>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QSlider>
 #include <QTimer>
 #include <QToolButton>
@@ -138,6 +140,69 @@ QImage PlayMine(EditorOnStage& stage)
     return stage.Grab();
 }
 
+// Adjustments
+
+constexpr int Light = 0, Curve = 2, Mixer = 3, Grading = 4, Effects = 6;
+
+/// A warm evening of light, curve, wheels and vignette.
+void Adjust(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ShowAdjust(Light);
+    stage.SetAdjustment("exposure.stops", 35);
+    stage.SetAdjustment("contrast.amount", 18);
+    stage.SetAdjustment("toneRegions.highlights", -40);
+    stage.ShowAdjust(Effects);
+    stage.SetAdjustment("vignette.amount", -120);
+}
+
+QImage PlayAdjust(EditorOnStage& stage)
+{
+    Adjust(stage);
+    stage.ShowAdjust(Light);
+    return stage.Grab();
+}
+
+void Press(QWidget& widget, int key, Qt::KeyboardModifiers modifiers, int times)
+{
+    for (int i = 0; i < times; ++i)
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, modifiers);
+            QApplication::sendEvent(&widget, &event);
+        }
+}
+
+QImage PlayCurve(EditorOnStage& stage)
+{
+    Adjust(stage);
+    stage.ShowAdjust(Curve);
+    auto& curve = stage.Find<QWidget>("curveEditor");
+    Press(curve, Qt::Key_Insert, {}, 1);
+    Press(curve, Qt::Key_Left, Qt::ShiftModifier, 5);
+    Press(curve, Qt::Key_Down, Qt::ShiftModifier, 2);
+    Press(curve, Qt::Key_Insert, {}, 1);
+    Press(curve, Qt::Key_Up, Qt::ShiftModifier, 3);
+    return stage.Grab();
+}
+
+QImage PlayMixer(EditorOnStage& stage)
+{
+    Adjust(stage);
+    stage.ShowAdjust(Mixer);
+    stage.SetAdjustment("colourMixer.orangeHue", -20);
+    return stage.Grab();
+}
+
+QImage PlayGrading(EditorOnStage& stage)
+{
+    Adjust(stage);
+    stage.ShowAdjust(Grading);
+    auto& wheel = stage.Find<QWidget>("colourGrading.shadowHue");
+    Press(wheel, Qt::Key_Up, Qt::ShiftModifier, 4);
+    Press(wheel, Qt::Key_Left, Qt::ShiftModifier, 21);
+    return stage.Grab();
+}
+
 // Menus and tool tips
 
 QImage PlayMenu(EditorOnStage& stage)
@@ -185,6 +250,18 @@ QImage PlaySave(EditorOnStage& stage)
     stage.OpenSample();
     stage.ClickLook(Look);
     return WithDialog(stage, stage.Find<QAction>("savePreset"));
+}
+
+QImage PlaySaveLook(EditorOnStage& stage)
+{
+    Adjust(stage);
+    auto& save = stage.Find<QPushButton>("saveLook");
+    return stage.GrabWithPopups([&save] { save.click(); }, {},
+                                [] {
+                                    auto* const dialog =
+                                        qobject_cast<QDialog*>(QApplication::activeModalWidget());
+                                    dialog->findChild<QLineEdit*>()->setText(OwnLook);
+                                });
 }
 
 /// The name is taken already.
@@ -292,6 +369,11 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("nothing"), PlayNothing},
         {QStringLiteral("none-mine"), PlayNoneOfMine},
         {QStringLiteral("mine"), PlayMine, "dark-de@1x"},
+        {QStringLiteral("adjust"), PlayAdjust, "dark-en@1x"},
+        {QStringLiteral("curve"), PlayCurve, "light-de@1x"},
+        {QStringLiteral("mixer"), PlayMixer},
+        {QStringLiteral("grading"), PlayGrading, "dark-de@1x"},
+        {QStringLiteral("save-look"), PlaySaveLook, "light-en@1x"},
         {QStringLiteral("menu"), PlayMenu, "light-en@1x"},
         {QStringLiteral("view-menu"), PlayViewMenu},
         {QStringLiteral("tool-tip"), PlayToolTip},

@@ -108,6 +108,27 @@ std::optional<QString> GuardedPanel::KeepLook(const NewLook& look)
     return problem;
 }
 
+QString GuardedPanel::FindKeptLook(const QString& id)
+{
+    QString name;
+    GuardPanel([&](IEditorPanel& panel) {
+        if (const ILookKeeper* const keeper = panel.GetLookKeeper())
+            name = keeper->FindLookName(id);
+    });
+    return m_isUsable ? name : QString();
+}
+
+QString GuardedPanel::UpdateKeptLook(const QString& id,
+                                     const Zorvik::Quindle::EffectsSettings& settings)
+{
+    QString problem;
+    GuardPanel([&](IEditorPanel& panel) {
+        if (ILookKeeper* const keeper = panel.GetLookKeeper())
+            problem = keeper->UpdateLook(id, settings);
+    });
+    return m_isUsable ? problem : tr("The panel “%1” has failed.").arg(GetTitle());
+}
+
 // The end of a panel
 
 bool GuardedPanel::Owns(const QObject* object) const
@@ -187,6 +208,18 @@ void GuardedPanel::PushUndo(QUndoCommand* command)
 QString GuardedPanel::StoreLook(const NewLook& look)
 {
     return m_isUsable ? m_editor.StoreLook(look) : tr("The panel “%1” has failed.").arg(GetTitle());
+}
+
+QString GuardedPanel::FindLookName(const QString& id) const
+{
+    return m_isUsable ? m_editor.FindLookName(id) : QString();
+}
+
+QString GuardedPanel::UpdateLook(const QString& id,
+                                 const Zorvik::Quindle::EffectsSettings& settings)
+{
+    return m_isUsable ? m_editor.UpdateLook(id, settings)
+                      : tr("The panel “%1” has failed.").arg(GetTitle());
 }
 
 void GuardedPanel::ShowMessage(const QString& text)

@@ -55,6 +55,10 @@ public:
     /// Gives the look to the panel: why it is not kept, or empty. Nothing when the panel keeps no
     /// looks.
     std::optional<QString> KeepLook(const NewLook& look);
+    /// The name of a look that the panel keeps; empty when it keeps none of that id.
+    QString FindKeptLook(const QString& id);
+    /// Why the look has not got the effects; empty when it has.
+    QString UpdateKeptLook(const QString& id, const Zorvik::Quindle::EffectsSettings& settings);
 
     /// Runs a call into the module, unless it is out of use.
     template <class Call>
@@ -89,6 +93,13 @@ private:
     void ShowMessage(const QString& text) override;
     std::vector<EditorLayer> GetLayers() const override { return m_editor.GetLayers(); }
     QString StoreLook(const NewLook& look) override;
+    QString FindLookName(const QString& id) const override;
+    QString UpdateLook(const QString& id,
+                       const Zorvik::Quindle::EffectsSettings& settings) override;
+    std::vector<EffectDescription> DescribeEffects() const override
+    {
+        return m_editor.DescribeEffects();
+    }
 
     /// Runs a request to the editor; does nothing while the panel is only being made.
     template <class Call>

@@ -73,6 +73,22 @@ QString Panels::StoreLook(const NewLook& look)
     return tr("There is no panel that keeps looks.");
 }
 
+QString Panels::FindLookName(const QString& id) const
+{
+    for (const auto& panel : m_panels)
+        if (const QString name = panel->FindKeptLook(id); !name.isEmpty())
+            return name;
+    return {};
+}
+
+QString Panels::UpdateLook(const QString& id, const Zorvik::Quindle::EffectsSettings& settings)
+{
+    for (const auto& panel : m_panels)
+        if (!panel->FindKeptLook(id).isEmpty())
+            return panel->UpdateKeptLook(id, settings);
+    return tr("There is no such look among yours.");
+}
+
 bool Panels::HasUnsavedChanges() const
 {
     return std::any_of(m_panels.begin(), m_panels.end(),

@@ -40,6 +40,8 @@ public:
     void PackagesCommitted(const QString& module, const std::set<std::string>& owners);
     /// Gives the look to the first panel that keeps looks; returns why it is not kept, or empty.
     QString StoreLook(const NewLook& look);
+    QString FindLookName(const QString& id) const;
+    QString UpdateLook(const QString& id, const Zorvik::Quindle::EffectsSettings& settings);
     bool HasUnsavedChanges() const;
     /// Asks the panels in turn, up to the first one that objects.
     bool MayEnd() const;

@@ -7,6 +7,7 @@
 #include "plugins/ModuleWorkspace.h"
 #include "session/CommandStep.h"
 #include "session/DrawnLayers.h"
+#include "session/EffectDescriptions.h"
 #include "workspace/WorkspaceController.h"
 
 #include "Zorvik/Lumetra/IObjectsConnectorID.h"
@@ -413,6 +414,18 @@ std::vector<EditorLayer> Editor::GetLayers() const
         layers.push_back({layer.module, QString::fromStdString(layer.record.preset),
                           layer.record.intensity, layer.isOn, layer.isOpen, *layer.settings});
     return layers;
+}
+
+/// The module that asks notes the step, in which the look is drawn anew.
+QString Editor::UpdateLook(const QString& id, const EffectsSettings& settings)
+{
+    const QScopedValueRollback<bool> restoring(m_isRestoring, true);
+    return m_panels.UpdateLook(id, settings);
+}
+
+std::vector<EffectDescription> Editor::DescribeEffects() const
+{
+    return EffectDescriptions::Make();
 }
 
 std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> Editor::GetWorkspace()

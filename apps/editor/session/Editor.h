@@ -110,6 +110,10 @@ public:
     void ShowMessage(const QString& text) override { emit messageGiven(text); }
     std::vector<EditorLayer> GetLayers() const override;
     QString StoreLook(const NewLook& look) override { return m_panels.StoreLook(look); }
+    QString FindLookName(const QString& id) const override { return m_panels.FindLookName(id); }
+    QString UpdateLook(const QString& id,
+                       const Zorvik::Quindle::EffectsSettings& settings) override;
+    std::vector<EffectDescription> DescribeEffects() const override;
     /// Shows a message about the program, not a photo: it stays when another photo comes.
     void ShowNotice(const QString& text) { emit noticeGiven(text); }
 

@@ -2,6 +2,321 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>Effects</name>
+    <message>
+        <source>Amount</source>
+        <translation>Stärke</translation>
+    </message>
+    <message>
+        <source>Brightness</source>
+        <translation>Helligkeit</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Temperatur</translation>
+    </message>
+    <message>
+        <source>Tint</source>
+        <translation>Tönung</translation>
+    </message>
+    <message>
+        <source>Blacks</source>
+        <translation>Schwarz</translation>
+    </message>
+    <message>
+        <source>Shadows</source>
+        <translation>Schatten</translation>
+    </message>
+    <message>
+        <source>Mid-tones</source>
+        <translation>Mitteltöne</translation>
+    </message>
+    <message>
+        <source>Highlights</source>
+        <translation>Lichter</translation>
+    </message>
+    <message>
+        <source>Whites</source>
+        <translation>Weiß</translation>
+    </message>
+    <message>
+        <source>Darks</source>
+        <translation>Dunkle Töne</translation>
+    </message>
+    <message>
+        <source>Lights</source>
+        <translation>Helle Töne</translation>
+    </message>
+    <message>
+        <source>Whole photo</source>
+        <translation>Ganzes Foto</translation>
+    </message>
+    <message>
+        <source>Hue</source>
+        <translation>Farbton</translation>
+    </message>
+    <message>
+        <source>Saturation</source>
+        <translation>Sättigung</translation>
+    </message>
+    <message>
+        <source>Luminance</source>
+        <translation>Luminanz</translation>
+    </message>
+    <message>
+        <source>Blending</source>
+        <translation>Überblendung</translation>
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation>Balance</translation>
+    </message>
+    <message>
+        <source>Split</source>
+        <translation>Grenze</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>Orange</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>Gelb</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Aqua</source>
+        <translation>Aquamarin</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Purple</source>
+        <translation>Purpur</translation>
+    </message>
+    <message>
+        <source>Magenta</source>
+        <translation>Magenta</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>Radius</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>Schwelle</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Feather</source>
+        <translation>Auslauf</translation>
+    </message>
+    <message>
+        <source>Roundness</source>
+        <translation>Rundung</translation>
+    </message>
+    <message>
+        <source>Roughness</source>
+        <translation>Rauheit</translation>
+    </message>
+    <message>
+        <source>Pattern</source>
+        <translation>Muster</translation>
+    </message>
+    <message>
+        <source>Slope</source>
+        <translation>Steigung</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>Versatz</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>Exponent</translation>
+    </message>
+    <message>
+        <source>Clip between the steps</source>
+        <translation>Zwischenwerte begrenzen</translation>
+    </message>
+    <message>
+        <source>Strength</source>
+        <translation>Stärke</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>Red from red</source>
+        <translation>Rot aus Rot</translation>
+    </message>
+    <message>
+        <source>Red from green</source>
+        <translation>Rot aus Grün</translation>
+    </message>
+    <message>
+        <source>Red from blue</source>
+        <translation>Rot aus Blau</translation>
+    </message>
+    <message>
+        <source>Green from red</source>
+        <translation>Grün aus Rot</translation>
+    </message>
+    <message>
+        <source>Green from green</source>
+        <translation>Grün aus Grün</translation>
+    </message>
+    <message>
+        <source>Green from blue</source>
+        <translation>Grün aus Blau</translation>
+    </message>
+    <message>
+        <source>Blue from red</source>
+        <translation>Blau aus Rot</translation>
+    </message>
+    <message>
+        <source>Blue from green</source>
+        <translation>Blau aus Grün</translation>
+    </message>
+    <message>
+        <source>Blue from blue</source>
+        <translation>Blau aus Blau</translation>
+    </message>
+    <message>
+        <source>Shadows end at</source>
+        <translation>Schatten bis</translation>
+    </message>
+    <message>
+        <source>Middle at</source>
+        <translation>Mitte bei</translation>
+    </message>
+    <message>
+        <source>Highlights begin at</source>
+        <translation>Lichter ab</translation>
+    </message>
+    <message>
+        <source>Tint of the shadows</source>
+        <translation>Schattentönung</translation>
+    </message>
+    <message>
+        <source>Clarity</source>
+        <translation>Klarheit</translation>
+    </message>
+    <message>
+        <source>Colour grading</source>
+        <translation>Farbabstimmung</translation>
+    </message>
+    <message>
+        <source>Colour mixer</source>
+        <translation>Farbmischer</translation>
+    </message>
+    <message>
+        <source>Contrast</source>
+        <translation>Kontrast</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>Belichtung</translation>
+    </message>
+    <message>
+        <source>White balance</source>
+        <translation>Weißabgleich</translation>
+    </message>
+    <message>
+        <source>Channel mixer</source>
+        <translation>Kanalmixer</translation>
+    </message>
+    <message>
+        <source>Black and white</source>
+        <translation>Schwarz-Weiß</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>Weichzeichnung</translation>
+    </message>
+    <message>
+        <source>Grain</source>
+        <translation>Korn</translation>
+    </message>
+    <message>
+        <source>Grey mixer</source>
+        <translation>Graumischer</translation>
+    </message>
+    <message>
+        <source>Lift, gamma, gain</source>
+        <translation>Lift, Gamma, Gain</translation>
+    </message>
+    <message>
+        <source>Colour table</source>
+        <translation>Farbtabelle</translation>
+    </message>
+    <message>
+        <source>Parametric curve</source>
+        <translation>Parametrische Kurve</translation>
+    </message>
+    <message>
+        <source>Primaries</source>
+        <translation>Primärfarben</translation>
+    </message>
+    <message>
+        <source>Sharpening</source>
+        <translation>Schärfung</translation>
+    </message>
+    <message>
+        <source>Split toning</source>
+        <translation>Teiltonung</translation>
+    </message>
+    <message>
+        <source>Texture</source>
+        <translation>Struktur</translation>
+    </message>
+    <message>
+        <source>Tone curve</source>
+        <translation>Gradationskurve</translation>
+    </message>
+    <message>
+        <source>Tones</source>
+        <translation>Tonwerte</translation>
+    </message>
+    <message>
+        <source>Vibrance</source>
+        <translation>Dynamik</translation>
+    </message>
+    <message>
+        <source>Vignette</source>
+        <translation>Vignette</translation>
+    </message>
+    <message>
+        <source>stops</source>
+        <translation>Blenden</translation>
+    </message>
+    <message>
+        <source>points</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>8-bit steps</source>
+        <translation>8-Bit-Stufen</translation>
+    </message>
+    <message>
+        <source>% of the diagonal</source>
+        <translation>% der Diagonale</translation>
+    </message>
+</context>
+<context>
     <name>LumetraEditor::AboutDialog</name>
     <message>
         <source>About Lumetra</source>
@@ -511,6 +826,10 @@ Sein Teil der Bearbeitung bleibt erhalten, wie er war.</translation>
     <message>
         <source>There is no panel that keeps looks.</source>
         <translation>Es gibt kein Bedienfeld, das Looks aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>There is no such look among yours.</source>
+        <translation>Unter Ihren Looks gibt es diesen nicht.</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "LumetraEditor/EditorLayer.h"
+#include "LumetraEditor/EffectDescription.h"
 #include "LumetraEditor/ILookKeeper.h"
 #include "Zorvik/Proc/Frame.h"
 #include "Zorvik/Quindle/EffectsSettings.h"
@@ -68,6 +69,16 @@ public:
     /// in the user's language that says why that has failed; empty when the look is kept and saved.
     /// It fails where no panel keeps looks. No part of the edit changes.
     virtual QString StoreLook(const NewLook& look) = 0;
+    /// Returns the name of the look with that id among the user's; empty when there is none, as for
+    /// a look of the catalogue.
+    virtual QString FindLookName(const QString& id) const = 0;
+    /// Gives that look other effects, see ILookKeeper::UpdateLook(). It notes no step of the edit.
+    virtual QString UpdateLook(const QString& id,
+                               const Zorvik::Quindle::EffectsSettings& settings) = 0;
+
+    /// Describes the effects that the editor draws, with their titles in the user's language of
+    /// this moment; ask again when the language changes. Every effect's defaults change nothing.
+    virtual std::vector<EffectDescription> DescribeEffects() const = 0;
 
 protected:
     ~IEditor() = default;

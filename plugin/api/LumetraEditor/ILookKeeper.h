@@ -1,30 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Zorvik/Quindle/EffectsSettings.h"
+#include "LumetraEditor/NewLook.h"
 
 #include <QString>
 
 namespace LumetraEditor {
-
-/// A look that one module hands over and another one keeps among the looks of the user.
-struct NewLook
-{
-    enum class Intensity
-    {
-        None,  ///< the look has no intensity: it is used as it is
-        Blend, ///< the intensity mixes the look with the photo
-    };
-
-    /// The name for the user, of 1 to 50 characters without control characters, that no other look
-    /// of the user has. Spaces around it do not count.
-    QString name;
-    /// The effects, at least one, none of them null. The blend amount is the intensity that the
-    /// look starts with, kept to the next percent; without an intensity it is the full effect. The
-    /// names and the index of the package do not count.
-    Zorvik::Quindle::EffectsSettings settings{Zorvik::Quindle::EffectsSettings::PhotoAlone};
-    Intensity intensity = Intensity::Blend;
-};
 
 /// A panel that keeps the looks of the user implements this interface beside IEditorPanel and
 /// returns it from IEditorPanel::GetLookKeeper().
@@ -34,6 +15,16 @@ public:
     /// Keeps a copy of the look. Returns a sentence in the user's language that says why not; empty
     /// when the look is kept and saved.
     virtual QString KeepLook(const NewLook& look) = 0;
+
+    /// Returns the name of the look of the user with that id, which is the preset name of its
+    /// layers; empty when the panel keeps no such look.
+    virtual QString FindLookName(const QString& id) const = 0;
+    /// Gives the look of the user with that id the effects in place of its own. Its name stays, and
+    /// so do its intensity and its extra sliders, as far as the effects have what they move. Where
+    /// the look is on the photo, it is drawn anew at its full intensity. Returns a sentence as
+    /// KeepLook() does.
+    virtual QString UpdateLook(const QString& id,
+                               const Zorvik::Quindle::EffectsSettings& settings) = 0;
 
 protected:
     ~ILookKeeper() = default;

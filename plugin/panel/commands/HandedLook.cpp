@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "panel/commands/HandedLook.h"
 
+#include "Zorvik/Quindle/EffectRegistry.h"
 #include "catalogue/VisibleText.h"
 #include "core/PresetControllerFactory.h"
 #include "core/PresetMaker.h"
@@ -8,12 +9,19 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace LumetraPlugin {
 namespace {
 
+using LumetraEditor::LookSlider;
+using LumetraEditor::LookVariable;
 using LumetraEditor::NewLook;
+using Zorvik::Quindle::EffectRegistry;
 using Zorvik::Quindle::EffectsSettings;
+using Zorvik::Quindle::IEffectSettings;
+
+constexpr int WholeIntensity = 100;
 
 /// How much of the full effect a blend amount leaves.
 int PercentOf(int blendAmount)
@@ -32,9 +40,70 @@ bool HasEffects(const EffectsSettings& settings)
 bool FitsItsIntensity(const NewLook& look)
 {
     const int blend = look.settings.GetBlendAmount();
-    const int most = look.intensity == NewLook::Intensity::None ? EffectsSettings::FullEffect
-                                                                : EffectsSettings::NoEffect;
+    const int most = look.intensity == NewLook::Intensity::Blend ? EffectsSettings::NoEffect
+                                                                 : EffectsSettings::FullEffect;
     return blend >= EffectsSettings::FullEffect && blend <= most;
+}
+
+PresetMaker::Slider ToSlider(const LookSlider& given)
+{
+    PresetMaker::Slider slider{given.title, given.begin, given.end, {}};
+    for (const LookVariable& variable : given.variables)
+        slider.variables.push_back(
+            {variable.effectID, variable.parameter, variable.begin, variable.end});
+    return slider;
+}
+
+/// The intensity of a look, which goes from 0 to 100 per cent.
+LookSlider IntensityOf(const NewLook& look)
+{
+    return {QString(), 0, WholeIntensity, look.variables};
+}
+
+bool CanMove(const LookVariable& variable, const NewLook& look)
+{
+    const auto descriptor = EffectRegistry::Find(variable.effectID);
+    if (!descriptor || !IEffectSettings::Find(look.settings.Effects(), variable.effectID))
+        return false;
+    const auto& parameters = descriptor->parameters;
+    const auto found = std::find_if(parameters.begin(), parameters.end(), [&](const auto& one) {
+        return one.name == variable.parameter;
+    });
+    const auto isWithin = [&found](double value) {
+        return value >= found->minimum && value <= found->maximum;
+    };
+    return found != parameters.end() && isWithin(variable.begin) && isWithin(variable.end) &&
+           variable.begin != variable.end;
+}
+
+bool CanMove(const LookSlider& slider, const NewLook& look)
+{
+    return slider.begin < slider.end && !slider.variables.empty() &&
+           std::all_of(slider.variables.begin(), slider.variables.end(),
+                       [&look](const LookVariable& one) { return CanMove(one, look); });
+}
+
+/// True when the intensity moves a parameter of the slider, which then would do nothing.
+bool IsTaken(const LookSlider& slider, const NewLook& look)
+{
+    const auto isSame = [](const LookVariable& a, const LookVariable& b) {
+        return a.effectID == b.effectID && a.parameter == b.parameter;
+    };
+    return std::find_first_of(slider.variables.begin(), slider.variables.end(),
+                              look.variables.begin(), look.variables.end(),
+                              isSame) != slider.variables.end();
+}
+
+/// The title of the first slider that does not fit the look; nothing when all fit.
+std::optional<QString> FindUnfitSlider(const NewLook& look)
+{
+    const bool isSlider = look.intensity == NewLook::Intensity::Sliders;
+    if (isSlider && !CanMove(IntensityOf(look), look))
+        return HandedLook::tr("Intensity");
+    for (const LookSlider& slider : look.sliders.value_or(std::vector<LookSlider>()))
+        if (!CanMove(slider, look) || (isSlider && IsTaken(slider, look)))
+            return slider.title;
+    return std::nullopt;
 }
 
 } // namespace
@@ -53,15 +122,26 @@ QString HandedLook::FindFault(const NewLook& look, const QStringList& taken)
     if (!FitsItsIntensity(look))
         return tr("The look “%1” cannot be kept with the blend amount %2.")
             .arg(shown, QString::number(look.settings.GetBlendAmount()));
+    if (const auto slider = FindUnfitSlider(look))
+        return tr("The look “%1” cannot have the slider “%2”: it moves nothing of the look, or "
+                  "what the intensity moves.")
+            .arg(shown, LumetraHost::VisibleText::Make(*slider));
     return {};
 }
 
 PresetModel::PresetPtr HandedLook::MakePreset(const NewLook& look, PresetControllerFactory& factory)
 {
-    std::optional<int> intensity;
+    PresetMaker::Content content{look.name.trimmed(), look.settings.EffectsConst(), {}};
     if (look.intensity == NewLook::Intensity::Blend)
-        intensity = PercentOf(look.settings.GetBlendAmount());
-    return PresetMaker::Make(look.name.trimmed(), look.settings.EffectsConst(), intensity, factory);
+        content.blend = PercentOf(look.settings.GetBlendAmount());
+    if (look.intensity == NewLook::Intensity::Sliders)
+        content.intensity = ToSlider(IntensityOf(look));
+    if (look.sliders) {
+        content.sliders.emplace();
+        for (const LookSlider& slider : *look.sliders)
+            content.sliders->push_back(ToSlider(slider));
+    }
+    return PresetMaker::Make(content, factory);
 }
 
 } // namespace LumetraPlugin

@@ -75,6 +75,11 @@ public:
     /// says why not; a look that could not be saved on the disk alone is kept until the program
     /// ends, as SaveOrAsk() says.
     QString Keep(const LumetraEditor::NewLook& look);
+    /// The name of the user's preset with that id; empty when there is none.
+    QString FindUsersName(const QString& id) const;
+    /// Gives a preset of the user other effects and saves, see ILookKeeper::UpdateLook(). Returns a
+    /// sentence as Keep() does.
+    QString Update(const QString& id, const Zorvik::Quindle::EffectsSettings& settings);
     void Rename(const QModelIndex& preset);
     /// Removes a preset of the user's own, after asking. Undoable.
     void Remove(const QModelIndex& preset);
@@ -120,6 +125,8 @@ private:
     void TellCommitted();
     void Save();
     QString TryToSave();
+    void ReplaceEffects(const QModelIndex& preset,
+                        const Zorvik::Quindle::EffectsSettings& settings);
     void Tell(const QString& text);
     void SendPresetChanged();
     bool Fetch(const QModelIndex& preset);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // This part of the commands keeps presets on the disk.
+#include "Settings/TuneSettingType.h"
 #include "Zorvik/Exception.h"
 #include "core/PresetCollection.h"
 #include "core/userstore/UserPresetStore.h"
@@ -8,6 +9,9 @@
 #include "storage/ErrorText.h"
 
 namespace LumetraPlugin {
+
+using Zorvik::Lumetra::LumetraPresets::TuneSettingType;
+using Zorvik::Quindle::EffectsSettings;
 
 QString PresetCommands::Keep(const LumetraEditor::NewLook& look)
 {
@@ -24,6 +28,43 @@ QString PresetCommands::Keep(const LumetraEditor::NewLook& look)
     } catch (const std::exception& error) {
         return LumetraHost::ErrorText::Show(error);
     }
+}
+
+QString PresetCommands::FindUsersName(const QString& id) const
+{
+    const QModelIndex preset = m_presets.GetModel().FindId(id);
+    return IsUsers(preset) ? preset.data(PresetModel::PresetNameRole).toString() : QString();
+}
+
+/// The step is that of the module that gives the effects: nothing is noted here. A look that could
+/// not be saved goes back to what it was, since the module keeps its own layer then.
+QString PresetCommands::Update(const QString& id, const Zorvik::Quindle::EffectsSettings& settings)
+{
+    try {
+        const QModelIndex index = GetModel().FindId(id);
+        const auto preset = GetModel().GetPreset(index);
+        if (!preset || !IsUsers(index) || settings.Effects().empty())
+            return tr("This look cannot be changed.");
+        const EffectsSettings before = preset->MakeSettings();
+        ReplaceEffects(index, settings);
+        const QString problem = TryToSave();
+        if (!problem.isEmpty())
+            ReplaceEffects(index, before);
+        emit lookChanged(index);
+        emit valuesChanged();
+        RememberEdit();
+        return problem;
+    } catch (const std::exception& error) {
+        return LumetraHost::ErrorText::Show(error);
+    }
+}
+
+void PresetCommands::ReplaceEffects(const QModelIndex& preset, const EffectsSettings& settings)
+{
+    GetModel().GetPreset(preset)->ReplaceEffects(settings.EffectsConst());
+    if (preset.data(PresetModel::AppliedRole).toBool())
+        GetModel().setData(preset, QVariant::fromValue(TuneSettingType::Apply),
+                           PresetModel::TuneRole);
 }
 
 /// Saves; after a failure the next change tries again, and so does the end of the program.

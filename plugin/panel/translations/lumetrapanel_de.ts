@@ -219,6 +219,14 @@
         <source>The look “%1” cannot be kept with the blend amount %2.</source>
         <translation>Der Look „%1“ kann mit der Mischung %2 nicht aufbewahrt werden.</translation>
     </message>
+    <message>
+        <source>Intensity</source>
+        <translation>Intensität</translation>
+    </message>
+    <message>
+        <source>The look “%1” cannot have the slider “%2”: it moves nothing of the look, or what the intensity moves.</source>
+        <translation>Der Look „%1“ kann den Regler „%2“ nicht haben: Er bewegt nichts am Look oder das, was die Intensität bewegt.</translation>
+    </message>
 </context>
 <context>
     <name>LumetraPlugin::ImportReading</name>
@@ -347,6 +355,10 @@
         <source>Nothing was imported.</source>
         <translation>Nichts wurde importiert.</translation>
     </message>
+    <message>
+        <source>This look cannot be changed.</source>
+        <translation>Dieser Look kann nicht geändert werden.</translation>
+    </message>
 </context>
 <context>
     <name>LumetraPlugin::PresetDialogs</name>
@@ -464,14 +476,14 @@ Verwerfen beendet das Programm ohne sie.</translation>
     </message>
 </context>
 <context>
-    <name>LumetraPlugin::PresetsPlugin</name>
+    <name>LumetraPlugin::PresetsFrame</name>
     <message>
         <source>Looks</source>
         <translation>Looks</translation>
     </message>
 </context>
 <context>
-    <name>LumetraPlugin::PresetsFrame</name>
+    <name>LumetraPlugin::PresetsPlugin</name>
     <message>
         <source>Looks</source>
         <translation>Looks</translation>

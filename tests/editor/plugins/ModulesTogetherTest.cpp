@@ -168,7 +168,7 @@ TEST_F(ModulesTogetherTest, aPanelThatFailsAtACommitCostsOnlyItself)
     Find<QPushButton>("applyButton")->click();
 
     EXPECT_THAT(GetMessage().toStdString(), HasSubstr("the helper fails"));
-    EXPECT_EQ(Find<QTabWidget>("panels")->count(), 2);
+    EXPECT_EQ(Find<QTabWidget>("panels")->count(), 3);
     EXPECT_EQ(Slider()->value(), 0);
     EXPECT_EQ(CountOpen(), 0);
     EXPECT_TRUE(HaveSamePixels(Draw(), before));
@@ -248,6 +248,66 @@ TEST_F(ModulesTogetherTest, aLookThatCannotBeOneOfTheUsersIsRefused)
     EXPECT_FALSE(HasLook(QStringLiteral("Odd")));
 }
 
+TEST_F(ModulesTogetherTest, aLookMayHaveSlidersOfItsOwn)
+{
+    NewLook look = MakeLook("Mine", 1);
+    look.intensity = NewLook::Intensity::Sliders;
+    look.variables = {{"exposure", "stops", 0, 0.7}};
+    look.sliders.emplace();
+
+    EXPECT_EQ(Store(look), "");
+
+    ClickLook(QStringLiteral("Mine"));
+    auto* const intensity = Find<QSlider>("intensitySlider");
+    EXPECT_EQ(intensity->value(), 100);
+    intensity->setSliderDown(true);
+    intensity->setValue(50);
+    intensity->setSliderDown(false);
+    EXPECT_NEAR(editor->GetPackages().at(0).Effects().at(0)->GetParameter("stops"), 0.35, 1e-12);
+    EXPECT_EQ(window->findChild<QSlider*>(QStringLiteral("extraSlider0")), nullptr);
+}
+
+TEST_F(ModulesTogetherTest, aLookWithASliderThatMovesNothingIsRefused)
+{
+    const auto refuse = [this](const LumetraEditor::LookSlider& slider) {
+        NewLook look = MakeLook("Odd", 1);
+        look.sliders = {slider};
+        EXPECT_THAT(Store(look), HasSubstr("cannot have the slider “Light”"));
+    };
+    const QString title = QStringLiteral("Light");
+    refuse({title, 0, 100, {}});
+    refuse({title, 0, 100, {{"contrast", "amount", 0, 1}}});
+    refuse({title, 0, 100, {{"exposure", "steps", 0, 1}}});
+    refuse({title, 0, 100, {{"exposure", "stops", 1, 1}}});
+    refuse({title, 0, 100, {{"exposure", "stops", 0, 99}}});
+    refuse({title, 100, 100, {{"exposure", "stops", 0, 1}}});
+    NewLook look = MakeLook("Odd", 1);
+    look.intensity = NewLook::Intensity::Sliders;
+    EXPECT_THAT(Store(look), HasSubstr("cannot have the slider “Intensity”"));
+    look.variables = {{"exposure", "stops", 0, 0.7}};
+    look.sliders = {{title, 0, 100, {{"exposure", "stops", 0, 1}}}};
+    EXPECT_THAT(Store(look), HasSubstr("cannot have the slider “Light”"));
+    EXPECT_FALSE(HasLook(QStringLiteral("Odd")));
+}
+
+TEST_F(ModulesTogetherTest, onlyLooksOfTheUserCanGetOtherEffects)
+{
+    ASSERT_EQ(Store(MakeLook("Mine", 1)), "");
+    ClickLook(QStringLiteral("Mine"));
+    const QString id =
+        QString::fromStdString(editor->GetPackages().at(0).Package().GetPresetName());
+    EXPECT_EQ(editor->FindLookName(id), QStringLiteral("Mine"));
+    EXPECT_EQ(editor->FindLookName(QStringLiteral("candlelight")), QString());
+    NewLook other = MakeLook("Other", 1);
+    other.settings.Effects()[0]->SetParameter("stops", -1);
+
+    EXPECT_EQ(editor->UpdateLook(id, other.settings), QString());
+
+    EXPECT_EQ(editor->GetPackages().at(0).Effects().at(0)->GetParameter("stops"), -1);
+    EXPECT_THAT(editor->UpdateLook(QStringLiteral("none"), other.settings).toStdString(),
+                HasSubstr("no such look"));
+}
+
 TEST_F(ModulesTogetherTest, theFirstPanelThatKeepsLooksGetsThem)
 {
     qApp->setProperty("keptLook", QVariant());
@@ -265,7 +325,7 @@ TEST_F(ModulesTogetherTest, aPanelThatFailsToKeepALookCostsOnlyItself)
 
     EXPECT_THAT(editor->StoreLook(MakeLook("Mine")).toStdString(), HasSubstr("“Help” has failed"));
 
-    EXPECT_EQ(Find<QTabWidget>("panels")->count(), 2);
+    EXPECT_EQ(Find<QTabWidget>("panels")->count(), 3);
     qApp->setProperty("help", QVariant());
     EXPECT_EQ(editor->StoreLook(MakeLook("Mine")), QString());
     EXPECT_TRUE(HasLook(QStringLiteral("Mine")));

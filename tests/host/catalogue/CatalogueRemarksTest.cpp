@@ -155,6 +155,22 @@ TEST_F(CatalogueRemarks, onAnIntensityThatMovesWhatAnExtraSliderMoves)
     EXPECT_EQ(check("contrast", "", intensity + ", "), Lines{});
 }
 
+TEST_F(CatalogueRemarks, onTheSlidersThatAPresetListsItself)
+{
+    const auto check = [&](const std::string& members) {
+        return Check(
+            std::string(R"("groups": [{"name": "G", "items": [{"name": "x", "effects": [)") + Grey +
+            R"(], "sliders": [{"title": "Colour", "end": 100, "variables": [)" + members +
+            "]}]}]}]");
+    };
+
+    EXPECT_EQ(check(R"({"effectID": "saturation", "setting": "amount", "end": -100})"), Lines());
+    const Lines unknown = check(R"({"effectID": "saturation", "setting": "amuont", "end": -100})");
+    ASSERT_EQ(unknown.size(), 1U);
+    EXPECT_EQ(unknown[0].substr(0, 66),
+              "a.json: error: groups[0]/items[0]/sliders[0]/variables[0]/setting:");
+}
+
 TEST_F(CatalogueRemarks, onAnIntensityThatBeginsOutsideItsSlider)
 {
     const auto check = [this](const char* amount) {

@@ -3,6 +3,7 @@
 
 #include "EffectPresets/EffectPresetModel.h"
 #include "Zorvik/Exception.h"
+#include "Zorvik/Quindle/EffectSettingsImpl.h"
 #include "core/PresetControllerFactory.h"
 #include "storage/JsonDocument.h"
 #include "support/CallLog.h"
@@ -185,6 +186,104 @@ TEST_F(PresetControllerTest, needsEveryEffectThatItsIntensityMoves)
     static_cast<Zorvik::Brassel::ISerializable&>(*controller).Deserialize(node);
 
     EXPECT_THROW(controller->InitIntensity(node->GetNode("intensity")), Zorvik::Exception);
+}
+
+TEST_F(PresetControllerTest, hasTheSlidersThatItListsInPlaceOfTheCatalogues)
+{
+    const auto node = JsonDocument::Parse(R"({"items": [{"name": "Own",
+        "effects": [{"effect": {"id": "tone", "gain": 0.333}}],
+        "sliders": [{"title": "Fine", "begin": 0, "end": 2000,
+            "variables": [{"effectID": "tone", "setting": "gain", "begin": 0, "end": 2}]}]},
+        {"name": "Bare", "effects": [{"effect": {"id": "tone", "gain": 0.333}}], "sliders": []}]})",
+                                          "test.json")
+                          .GetRoot();
+    model.ParseGroup("Own", node->GetCollection("items"), nullptr);
+    const auto slidersOf = [&](int row) {
+        return model.index(row, 0, model.index(2, 0))
+            .data(EffectPresetModel::SettingsValuesRole)
+            .value<SliderSetting::List>();
+    };
+
+    ASSERT_EQ(slidersOf(0).size(), 1U);
+    EXPECT_EQ(slidersOf(0)[0].Title(), "Fine");
+    EXPECT_EQ(slidersOf(0)[0].Value(), 333);
+    EXPECT_TRUE(slidersOf(1).empty());
+}
+
+TEST_F(PresetControllerTest, writesTheSlidersThatItListsAndReadsThemAgain)
+{
+    const auto node = JsonDocument::Parse(R"({"name": "Own",
+        "effects": [{"effect": {"id": "tone", "gain": 0.333}}],
+        "sliders": [{"title": "Fine", "begin": 0, "end": 2000,
+            "variables": [{"effectID": "tone", "setting": "gain", "begin": 0, "end": 2}]}]})",
+                                          "test.json")
+                          .GetRoot();
+    const auto read = [this](const Zorvik::Brassel::ConstSerializerPtr& from) {
+        const auto controller = factory->CreateController("");
+        static_cast<Zorvik::Brassel::ISerializable&>(*controller).Deserialize(from);
+        controller->InitDefaultSettings({});
+        return controller;
+    };
+    const auto first = read(node);
+    JsonDocument written("written.json");
+    static_cast<const Zorvik::Brassel::ISerializable&>(*factory->CopyController(first))
+        .Serialize(written.GetRoot());
+
+    const auto second = read(written.GetRoot());
+
+    EXPECT_EQ(second->GetSettings(), first->GetSettings());
+    ASSERT_EQ(second->GetSettings().size(), 1U);
+    JsonDocument plain("plain.json");
+    static_cast<const Zorvik::Brassel::ISerializable&>(*factory->CreateController(""))
+        .Serialize(plain.GetRoot());
+    EXPECT_FALSE(plain.GetRoot()->Has("sliders")) << "the catalogue's are not written";
+}
+
+TEST_F(PresetControllerTest, takesOtherEffectsAndStartsAtTheirFullIntensity)
+{
+    const auto controller = factory->CreateController("");
+    auto& preset = dynamic_cast<PresetController&>(*controller);
+    const auto node = JsonDocument::Parse(R"({"name": "Blend",
+        "effects": [{"effect": {"id": "tone", "gain": 0.5}}],
+        "sliders": [{"title": "Fine", "begin": 0, "end": 2000,
+            "variables": [{"effectID": "tone", "setting": "gain", "begin": 0, "end": 2}]}],
+        "intensity": {"type": 1, "blendSetting": {"value": 30}}})",
+                                          "test.json")
+                          .GetRoot();
+    static_cast<Zorvik::Brassel::ISerializable&>(preset).Deserialize(node);
+    preset.InitDefaultSettings({});
+    preset.InitIntensity(node->GetNode("intensity"));
+    const auto tone = Zorvik::Quindle::EffectSettingsImpl::Create("tone");
+    tone->SetParameter("gain", 1.5);
+    const auto second = tone->Clone();
+
+    preset.ReplaceEffects({tone, second});
+    tone->SetParameter("gain", 0);
+
+    EXPECT_EQ(preset.MakeSettings().Effects().size(), 2U);
+    EXPECT_EQ(preset.MakeSettings().Effects()[0]->GetParameter("gain"), 1.5);
+    EXPECT_EQ(preset.GetSettings().at(0).Value(), 1500);
+    EXPECT_EQ(preset.GetIntensity(), 100);
+    EXPECT_EQ(preset.GetStartIntensity(), 100);
+}
+
+TEST_F(PresetControllerTest, keepsItsEffectsWhereOthersLackWhatItsIntensityMoves)
+{
+    const auto controller = factory->CreateController("");
+    auto& preset = dynamic_cast<PresetController&>(*controller);
+    const auto node = JsonDocument::Parse(R"({"name": "Slide",
+        "effects": [{"effect": {"id": "tone", "gain": 0.5}}],
+        "intensity": {"type": 2, "sliderSetting": {"end": 100,
+            "variables": [{"effectID": "tone", "setting": "gain", "end": 2}]}}})",
+                                          "test.json")
+                          .GetRoot();
+    static_cast<Zorvik::Brassel::ISerializable&>(preset).Deserialize(node);
+    preset.InitIntensity(node->GetNode("intensity"));
+
+    EXPECT_THROW(preset.ReplaceEffects({Zorvik::Quindle::EffectSettingsImpl::Create("grain")}),
+                 Zorvik::Exception);
+
+    EXPECT_EQ(preset.MakeSettings().Effects().at(0)->GetParameter("gain"), 0.5);
 }
 
 TEST_F(PresetControllerTest, isCopiedAsWhatItIs)

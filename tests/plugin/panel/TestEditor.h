@@ -63,6 +63,12 @@ public:
     void ShowMessage(const QString& text) override;
     std::vector<LumetraEditor::EditorLayer> GetLayers() const override { return {}; }
     QString StoreLook(const LumetraEditor::NewLook&) override { return {}; }
+    QString FindLookName(const QString&) const override { return {}; }
+    QString UpdateLook(const QString&, const Zorvik::Quindle::EffectsSettings&) override
+    {
+        return {};
+    }
+    std::vector<LumetraEditor::EffectDescription> DescribeEffects() const override { return {}; }
 
 private:
     struct Request

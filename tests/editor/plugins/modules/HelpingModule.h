@@ -34,6 +34,11 @@ public:
     void PackagesCommitted() override;
     LumetraEditor::ILookKeeper* GetLookKeeper() override;
     QString KeepLook(const LumetraEditor::NewLook& look) override;
+    QString FindLookName(const QString&) const override { return {}; }
+    QString UpdateLook(const QString&, const Zorvik::Quindle::EffectsSettings&) override
+    {
+        return {};
+    }
 
 private:
     void Act();

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "LumetraEditor/IEditorPlugin.h"
+
+#include <QObject>
+
+namespace LumetraAdjust {
+
+/// The root object of the module of the Adjust panel.
+class AdjustPlugin : public QObject, public LumetraEditor::IEditorPlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID LUMETRA_EDITOR_PLUGIN_IID)
+    Q_INTERFACES(LumetraEditor::IEditorPlugin)
+
+public:
+    QString GetTitle() const override;
+    std::unique_ptr<LumetraEditor::IEditorPanel>
+    CreatePanel(LumetraEditor::IEditor& editor) override;
+};
+
+} // namespace LumetraAdjust
