@@ -6,7 +6,11 @@
 #include "lut/HaldReader.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+
+#include <filesystem>
+#include <system_error>
 
 namespace LumetraPlugin {
 namespace {
@@ -54,16 +58,34 @@ private:
             m_problems.append(QStringLiteral("%1: expected a folder that can be read").arg(folder));
             return;
         }
-        const QDir::SortFlags order = QDir::Name | QDir::DirsLast;
-        const auto entries =
-            QDir(folder).entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot, order);
-        for (const QFileInfo& entry : entries) {
+        TellUnnameable(folder);
+        // Links that lead nowhere and pipes are listed too: reading tells what is wrong with them.
+        const QDir::Filters filters =
+            QDir::Files | QDir::Dirs | QDir::System | QDir::NoDotAndDotDot;
+        for (const QFileInfo& entry :
+             QDir(folder).entryInfoList(filters, QDir::Name | QDir::DirsLast)) {
             // Paths are put together here, so that they begin as the user has written the folder.
             const QString path = QDir(folder).filePath(entry.fileName());
             if (entry.isDir() && !entry.isSymLink())
                 Visit(path, depth + 1);
-            else if (entry.isFile() && IsLook(path))
+            else if (!entry.isDir() && IsLook(path))
                 Add(path);
+        }
+    }
+
+    /// Qt passes over names that are no text in the encoding of file names.
+    void TellUnnameable(const QString& folder)
+    {
+        std::error_code error;
+        const std::filesystem::path path(QFile::encodeName(folder).toStdString());
+        for (std::filesystem::directory_iterator entry(path, error), end; !error && entry != end;
+             entry.increment(error)) {
+            const auto bytes = QByteArray::fromStdString(entry->path().filename().native());
+            const QString name = QFile::decodeName(bytes);
+            if (QFile::encodeName(name) != bytes && PresetImport::IsImportable(name))
+                m_problems.append(
+                    QStringLiteral("%1: expected a name in the encoding of file names")
+                        .arg(QDir(folder).filePath(name)));
         }
     }
 

@@ -11,6 +11,10 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <fstream>
+
+#include <sys/stat.h>
+
 using namespace LumetraPlugin;
 using LumetraTest::ForeignFixture;
 using LumetraTest::Settings;
@@ -148,6 +152,20 @@ TEST_F(PresetImportTest, ofPicturesInAFolderOnlyTablesCount)
     const auto report = Import({Looks()});
     EXPECT_THAT(GetNames(report), ElementsAre("table"));
     EXPECT_EQ(report.problems, QStringList());
+}
+
+TEST_F(PresetImportTest, tellsOfFilesInAFolderThatCannotBeRead)
+{
+    WriteLook("a.xmp");
+    QFile::link(QStringLiteral("nowhere.xmp"), Looks() + QStringLiteral("/b.xmp"));
+    std::ofstream(QFile::encodeName(Looks()).toStdString() + "/c\xff.xmp") << "x";
+    ASSERT_EQ(mkfifo((QFile::encodeName(Looks()) + "/d.xmp").constData(), 0600), 0);
+    const auto report = Import({Looks()});
+    EXPECT_THAT(GetNames(report), ElementsAre("a"));
+    EXPECT_EQ(report.problems.size(), 3) << "one is told however file names are encoded";
+    const std::string all = report.problems.join(QLatin1Char('\n')).toStdString();
+    EXPECT_THAT(all, HasSubstr("b.xmp: cannot be read"));
+    EXPECT_THAT(all, HasSubstr("d.xmp: expected a plain file"));
 }
 
 TEST_F(PresetImportTest, aFolderThatIsTooDeepIsRefusedWhole)

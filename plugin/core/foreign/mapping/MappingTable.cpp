@@ -206,14 +206,14 @@ void AddFinish(Rows& rows)
         Part("SharpenDetail", sharpen, "amount", 25, "times 0.75 to 1.75; 25 leaves it as it is"));
     rows.push_back(With(Like("SharpenEdgeMasking", sharpen, "threshold", 0.08), SetValue));
     const LookStep vignette = LookStep::Vignette;
-    rows.push_back(With(Like("PostCropVignetteAmount", vignette, "amount", 0.03, 0,
+    rows.push_back(With(Like("PostCropVignetteAmount", vignette, "amount", 0.025, 0,
                              "two thirds of that where it brightens"),
                         SetVignette));
     rows.push_back(Part("PostCropVignetteMidpoint", vignette, "size", 50, "times 0.7"));
     rows.push_back(Part("PostCropVignetteFeather", vignette, "feather", 50, "40, and 0.6 times"));
     rows.push_back(Part("PostCropVignetteRoundness", vignette, "roundness", 0, "from 0 up"));
     const LookStep grain = LookStep::Grain;
-    rows.push_back(With(Like("GrainAmount", grain, "amount", 0.6), SetGrain));
+    rows.push_back(With(Like("GrainAmount", grain, "amount", 0.5), SetGrain));
     rows.push_back(Part("GrainSize", grain, "size", 25, "0.1, and 0.013 times"));
     rows.push_back(Part("GrainFrequency", grain, "roughness", 50, ""));
 }

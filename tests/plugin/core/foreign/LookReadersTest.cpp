@@ -65,7 +65,7 @@ TEST_F(LookReadersTest, knowsTheNamespaceNotThePrefix)
     QByteArray impostor = MakeXmp(brighter);
     impostor.replace("camera-raw-settings", "some-other-settings");
     EXPECT_THAT(FindError("look.xmp", impostor),
-                HasSubstr("look.xmp:3: expected the prefix \"crs\" for camera-raw settings"));
+                HasSubstr("look.xmp:5: expected the prefix \"crs\" for camera-raw settings"));
     impostor.replace("crs:", "zz:").replace("xmlns:crs", "xmlns:zz");
     EXPECT_THAT(FindError("look.xmp", impostor),
                 HasSubstr("expected camera-raw settings in the XMP packet, found none"));
