@@ -197,7 +197,7 @@ QImage PlayGrading(EditorOnStage& stage)
 {
     Adjust(stage);
     stage.ShowAdjust(Grading);
-    auto& wheel = stage.Find<QWidget>("colourGrading.shadowHue");
+    auto& wheel = stage.Find<QWidget>("colourGrading.wheel.shadowHue");
     Press(wheel, Qt::Key_Up, Qt::ShiftModifier, 4);
     Press(wheel, Qt::Key_Left, Qt::ShiftModifier, 21);
     return stage.Grab();

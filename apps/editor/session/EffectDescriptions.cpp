@@ -144,9 +144,13 @@ bool Draws(const EffectKind& kind, const EffectPtr& effect)
            (kind.createPass && kind.createPass(*effect, context));
 }
 
-/// True when one end of the parameter's range is seen, with all others at their defaults.
+/// True when one end of the parameter's range is seen, with all others at their defaults. Defaults
+/// change nothing, so the only parameter of an effect acts alone, even where the effect needs a
+/// picture to be seen.
 bool ActsAlone(const EffectKind& kind, const EffectParameter& parameter)
 {
+    if (kind.descriptor.parameters.size() == 1)
+        return true;
     const auto drawsAt = [&](double value) {
         const EffectPtr effect = EffectSettingsImpl::Create(kind.descriptor.effectID);
         effect->SetParameter(parameter.name, value);

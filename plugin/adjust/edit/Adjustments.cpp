@@ -179,7 +179,8 @@ Property::Ptr Adjustments::Save() const
     return saved;
 }
 
-/// Reads into a new effect, so that one that cannot be read leaves nothing behind.
+/// Reads into a new effect, so that one that cannot be read leaves nothing behind. Numbers out of
+/// their range are drawn as its ends, which they become.
 void Adjustments::LoadEffect(const Zorvik::Brassel::ConstSerializerPtr& element)
 {
     const auto node = element->GetNode(IEffectSettings::EFFECT);
@@ -197,6 +198,9 @@ void Adjustments::LoadEffect(const Zorvik::Brassel::ConstSerializerPtr& element)
                  .toStdString(),
              BOOST_CURRENT_FUNCTION, __LINE__);
     element->ReadObject(IEffectSettings::EFFECT, *read);
+    for (const ParameterDescription& one : m_descriptions[effect->description].parameters)
+        read->SetParameter(one.name,
+                           std::clamp(read->GetParameter(one.name), one.minimum, one.maximum));
     m_effects[static_cast<std::size_t>(effect - m_effects.data())].settings = read;
 }
 

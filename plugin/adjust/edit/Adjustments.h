@@ -16,8 +16,7 @@
 namespace LumetraAdjust {
 
 /// The values of all effects that the panel can change, each effect once, in the order in which
-/// they are drawn. Effects and parameters that nobody has described are refused. Values are kept as
-/// they are given.
+/// they are drawn. Effects and parameters that nobody has described are refused.
 class Adjustments
 {
     Q_DECLARE_TR_FUNCTIONS(LumetraAdjust::Adjustments)

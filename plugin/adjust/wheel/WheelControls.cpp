@@ -91,7 +91,7 @@ void WheelControls::AddRange(Range range, QGridLayout& grid)
     range.title = new QLabel(this);
     range.title->setAlignment(Qt::AlignHCenter);
     range.wheel = new HueWheel(this);
-    range.wheel->setObjectName(QString::fromStdString(m_effectID + '.' + range.hue));
+    range.wheel->setObjectName(QString::fromStdString(m_effectID + ".wheel." + range.hue));
     cell->addWidget(range.title);
     cell->addWidget(range.wheel);
     if (!range.luminance.empty()) {

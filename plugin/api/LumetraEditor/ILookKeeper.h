@@ -19,10 +19,11 @@ public:
     /// Returns the name of the look of the user with that id, which is the preset name of its
     /// layers; empty when the panel keeps no such look.
     virtual QString FindLookName(const QString& id) const = 0;
-    /// Gives the look of the user with that id the effects in place of its own. Its name stays, and
-    /// so do its intensity and its extra sliders, as far as the effects have what they move. Where
-    /// the look is on the photo, it is drawn anew at its full intensity. Returns a sentence as
-    /// KeepLook() does.
+    /// Gives the look of the user with that id copies of the effects in place of its own. Its name,
+    /// its kind of intensity and its extra sliders stay; effects that lack what the intensity moves
+    /// are refused. Where the look is on the photo, it is drawn anew at its full intensity. Returns
+    /// a sentence in the user's language that says why the look is as it was; empty when it has the
+    /// effects and is saved.
     virtual QString UpdateLook(const QString& id,
                                const Zorvik::Quindle::EffectsSettings& settings) = 0;
 

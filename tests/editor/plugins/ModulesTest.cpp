@@ -280,7 +280,7 @@ TEST_F(ModulesTest, whatAFailedPanelWasOfferedGoesToTheNext)
 
     DropFiles({table});
 
-    EXPECT_EQ(CountTabs(), 1);
+    EXPECT_EQ(CountTabs(), 2) << "the looks and the adjustments";
     EXPECT_TRUE(HasLook(QStringLiteral("look")));
 }
 

@@ -3,8 +3,11 @@
 #include "editor/EditorFixture.h"
 #include "host/drawer/DrawnPicture.h"
 
+#include "widgets/CustomToolBoxButton.h"
 #include "workspace/WorkspaceController.h"
 
+#include <QAbstractSpinBox>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -32,6 +35,7 @@ using LumetraHost::DrawWhole;
 using LumetraHost::HaveSamePixels;
 using LumetraHost::Image;
 using testing::HasSubstr;
+using Zorvik::Lumetra::LumetraPresets::CustomToolBoxButton;
 
 namespace {
 
@@ -64,6 +68,18 @@ protected:
         QApplication::processEvents();
     }
     QSlider& Slider(const char* name) const { return *Find<QSlider>(name); }
+    /// Opens all sections and headings; returns the panel.
+    QWidget* OpenEverything() const
+    {
+        auto* const panel = Find<QWidget>("adjustPanel");
+        for (auto* const header : panel->findChildren<CustomToolBoxButton*>())
+            if (!header->isSelected())
+                header->click();
+        for (auto* const heading : panel->findChildren<QToolButton*>())
+            if (heading->property("fold").toBool())
+                heading->setChecked(true);
+        return panel;
+    }
     void DragSlider(const char* name, double share) const
     {
         QSlider& slider = Slider(name);
@@ -109,6 +125,15 @@ protected:
         ClickLook(OwnLook);
         return Draw();
     }
+    /// Runs the command-line tool and expects that it does all that it is asked for.
+    static void RunTool(const QStringList& arguments)
+    {
+        QProcess tool;
+        tool.start(QStringLiteral(LUMETRA_PRESETS_PROGRAM), arguments);
+        ASSERT_TRUE(tool.waitForFinished(-1));
+        EXPECT_EQ(tool.exitCode(), 0) << tool.readAllStandardOutput().toStdString()
+                                      << tool.readAllStandardError().toStdString();
+    }
     void TriggerInMenu(const char* action) const
     {
         emit Find<QToolButton>("adjustMore")->menu()->aboutToShow();
@@ -123,6 +148,40 @@ TEST_F(AdjustTest, standsBehindTheLooks)
     auto* const tabs = Find<QTabWidget>("panels");
     EXPECT_EQ(tabs->tabText(0), QStringLiteral("Looks"));
     EXPECT_EQ(tabs->tabText(1), QStringLiteral("Adjust"));
+}
+
+TEST_F(AdjustTest, everyControlOfEverySectionHasAName)
+{
+    auto* const panel = OpenEverything();
+    QApplication::processEvents();
+
+    int looked = 0;
+    for (QWidget* const widget : panel->findChildren<QWidget*>()) {
+        const bool isReached = (widget->focusPolicy() & Qt::TabFocus) && widget->isVisible() &&
+                               !widget->focusProxy() &&
+                               !qobject_cast<QAbstractSpinBox*>(widget->parentWidget());
+        if (!isReached)
+            continue;
+        ++looked;
+        auto* const face = QAccessible::queryAccessibleInterface(widget);
+        ASSERT_NE(face, nullptr);
+        EXPECT_FALSE(face->text(QAccessible::Name).isEmpty())
+            << widget->metaObject()->className() << " " << widget->objectName().toStdString();
+    }
+    EXPECT_GT(looked, 150) << "two for most numbers";
+}
+
+TEST_F(AdjustTest, everyEffectOfNumbersHasItsControls)
+{
+    auto* const panel = OpenEverything();
+
+    for (const auto& effect : editor->DescribeEffects())
+        for (const auto& parameter : effect.parameters) {
+            const std::string name = effect.effectID + '.' + parameter.name;
+            if (effect.isOnlyNumbers && effect.effectID != "toneCurve")
+                EXPECT_NE(panel->findChild<QWidget*>(QString::fromStdString(name)), nullptr)
+                    << name;
+        }
 }
 
 TEST_F(AdjustTest, aDraggedSliderIsOneStepThatUndoTakesBack)
@@ -189,13 +248,10 @@ TEST_F(AdjustTest, exposedSlidersAreReadAgainByTheEditorAndTheTool)
     EXPECT_TRUE(HaveSamePixels(DrawLook(), adjusted));
     EXPECT_EQ(Slider("extraSlider0").value(), position);
     EXPECT_EQ(Slider("extraSlider0").maximum(), 500);
-    QProcess tool;
-    tool.start(QStringLiteral(LUMETRA_PRESETS_PROGRAM),
-               {QStringLiteral("apply"), Path("lake.png"), QStringLiteral("--preset"), OwnLook,
-                QStringLiteral("--set"), QStringLiteral("Exposure=-200"), QStringLiteral("-o"),
-                Path("dark.png"), QStringLiteral("--overwrite")});
-    ASSERT_TRUE(tool.waitForFinished(-1));
-    EXPECT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().toStdString();
+    RunTool({QStringLiteral("check"), Path("data/lumetra/presets.json")});
+    RunTool({QStringLiteral("apply"), Path("lake.png"), QStringLiteral("--preset"), OwnLook,
+             QStringLiteral("--set"), QStringLiteral("Exposure=-200"), QStringLiteral("-o"),
+             Path("dark.png"), QStringLiteral("--overwrite")});
     EXPECT_LT(qGray(QImage(Path("dark.png")).pixel(60, 40)),
               qGray(QImage(Path("lake.png")).pixel(60, 40)));
 }

@@ -85,6 +85,13 @@ TEST_F(AdjustmentsTest, leaveOutWhatIsWrongAndSaySo)
     EXPECT_EQ(adjustments.Get("exposure", "stops"), 2);
 }
 
+TEST_F(AdjustmentsTest, comeBackWithinTheirRanges)
+{
+    EXPECT_EQ(adjustments.Load(Part({{"exposure", "stops", 1e9}})), QStringList());
+
+    EXPECT_EQ(adjustments.Get("exposure", "stops"), 5);
+}
+
 TEST_F(AdjustmentsTest, keepAnEffectAsItIsWhereItsNewValuesCannotBeRead)
 {
     const auto part = std::make_shared<Property>(std::string());
