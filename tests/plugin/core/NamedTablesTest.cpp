@@ -124,9 +124,10 @@ TEST_F(NamedTablesTest, areThereInImportedCatalogues)
     PresetSession other("Looks");
     QStringList problems;
     other.LoadWithStore({}, Path("other.json"), problems);
-    const auto added = PresetImport::AddTo(other, Path("looks.json"), problems);
-    EXPECT_EQ(problems, QStringList());
-    EXPECT_EQ(added.size(), 1U);
+    const ImportReport report =
+        PresetImport::AddTo(other, {PresetImport::Read(Path("looks.json"), {})});
+    EXPECT_EQ(problems + report.problems, QStringList());
+    EXPECT_EQ(report.presets.size(), 1U);
 }
 
 TEST_F(NamedTablesTest, costOnlyTheirPresetWhenTheyCannotBeUsed)

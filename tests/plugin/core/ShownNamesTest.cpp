@@ -166,11 +166,11 @@ TEST_F(ShownNamesTest, becomeTheNamesOfImportedPresets)
     Write("others.json", R"({"format": "lumetra-catalogue", "version": 1, "groups": [
         {"name": "Others", "items": [{"name": "Spring", "names": {"de": "Frühling"}, "id": "spring",
          "effects": [{"effect": {"id": "exposure", "stops": 1}}]}]}]})");
-    QStringList problems;
-    const auto added = PresetImport::AddTo(*session, Path("others.json"), problems);
-    ASSERT_EQ(added.size(), 1U);
-    EXPECT_EQ(added.front().data(PresetModel::PresetNameRole).toString(),
-              QStringLiteral("Frühling"));
+    const ImportReport report =
+        PresetImport::AddTo(*session, {PresetImport::Read(Path("others.json"), {})});
+    ASSERT_EQ(report.presets.size(), 1U);
+    const QModelIndex added = report.presets.front().index;
+    EXPECT_EQ(added.data(PresetModel::PresetNameRole).toString(), QStringLiteral("Frühling"));
     Speak(QLocale::English);
-    EXPECT_EQ(Shown(added.front()), QStringLiteral("Frühling"));
+    EXPECT_EQ(Shown(added), QStringLiteral("Frühling"));
 }
