@@ -133,12 +133,12 @@ TEST_F(ForeignImportTest, readingThatTakesLongCanBeEndedWithNothingDone)
         dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click();
     });
     click.start(1);
-    const auto files = ImportReading(*panel->GetWidget()).Run([](const auto& progress) {
+    const auto read = ImportReading(*panel->GetWidget()).Run([](const auto& progress) {
         while (progress(7, 1000, QStringLiteral("a.xmp")))
             QThread::yieldCurrentThread();
         return ImportedFiles{ImportedFile()};
     });
-    EXPECT_FALSE(files.has_value());
+    EXPECT_FALSE(read.has_value());
 }
 
 TEST_F(ForeignImportTest, theDialogOfLongReadingClosesByItself)
@@ -149,13 +149,13 @@ TEST_F(ForeignImportTest, theDialogOfLongReadingClosesByItself)
         isShown = isShown || QApplication::activeModalWidget() != nullptr;
     });
     look.start(1);
-    const auto files = ImportReading(*panel->GetWidget()).Run([&isShown](const auto& progress) {
+    const auto read = ImportReading(*panel->GetWidget()).Run([&isShown](const auto& progress) {
         while (!isShown && progress(7, 1000, QStringLiteral("a.xmp")))
             QThread::yieldCurrentThread();
         return ImportedFiles{ImportedFile()};
     });
-    ASSERT_TRUE(files.has_value());
-    EXPECT_EQ(files->size(), 1u);
+    ASSERT_TRUE(read.has_value());
+    EXPECT_EQ(read->size(), 1u);
     EXPECT_FALSE(QApplication::activeModalWidget());
 }
 
