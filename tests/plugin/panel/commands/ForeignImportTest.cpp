@@ -4,6 +4,8 @@
 #include "panel/importing/ImportReading.h"
 #include "panel/importing/ImportSummary.h"
 
+#include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -120,6 +122,15 @@ TEST_F(ForeignImportTest, theFolderActionAsksForAFolder)
     });
     Trigger("importPresetFolder");
     EXPECT_EQ(Shown(UserPage), QStringList{QStringLiteral("a")});
+}
+
+TEST_F(ForeignImportTest, theMenuOfTheButtonOffersFilesAndFolders)
+{
+    QStringList names;
+    for (const QAction* const action : Find<QAbstractButton>("importButton").actions())
+        names.append(action->objectName());
+    EXPECT_EQ(names,
+              (QStringList{QStringLiteral("importPresets"), QStringLiteral("importPresetFolder")}));
 }
 
 TEST_F(ForeignImportTest, readingThatTakesLongCanBeEndedWithNothingDone)
