@@ -42,6 +42,13 @@ FilterBar::FilterBar(QWidget* parent)
     ShowTexts();
 }
 
+void FilterBar::OfferImports(const QList<QAction*>& actions)
+{
+    m_import->addActions(actions);
+    m_import->setPopupMode(QToolButton::DelayedPopup);
+    m_import->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
 /// Puts icon and button into a layout: actions of the field would not be in its middle where a
 /// style sheet makes it higher.
 void FilterBar::BuildSearch()

@@ -7,6 +7,7 @@
 
 #include <vector>
 
+class QAction;
 class QLabel;
 class QLineEdit;
 class QToolButton;
@@ -23,6 +24,9 @@ public:
 
     void FocusSearch();
     void Clear();
+    /// Offers these kinds of importing in the menu of the button: behind a right click or a long
+    /// press. The actions belong to others.
+    void OfferImports(const QList<QAction*>& actions);
 
 signals:
     void textChanged(const QString& text);

@@ -111,6 +111,7 @@ void PresetsWidget::MakeActions()
         AddAction("importPresets", Qt::CTRL + Qt::Key_I, [this] { m_commands.ImportByDialog(); });
     m_importFolder = AddAction("importPresetFolder", Qt::CTRL + Qt::SHIFT + Qt::Key_I,
                                [this] { m_commands.ImportFolderByDialog(); });
+    m_bar->OfferImports({m_import, m_importFolder});
     m_export = AddAction("exportPreset", Qt::CTRL + Qt::SHIFT + Qt::Key_E,
                          [this] { m_commands.Export(GetTargetPreset()); });
     m_search = AddAction("searchPresets", QKeySequence::Find, [this] { m_bar->FocusSearch(); });
@@ -169,9 +170,6 @@ void PresetsWidget::ShowMenu(const QModelIndex& preset, const QPoint& position)
         menu.addAction(m_discard);
         menu.addAction(m_commit);
     }
-    menu.addSeparator();
-    menu.addAction(m_import);
-    menu.addAction(m_importFolder);
     menu.exec(position);
     m_favourite->setCheckable(false);
     m_menuPreset = QModelIndex();

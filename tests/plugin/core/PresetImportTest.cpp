@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cstdio>
 #include <fstream>
 
 #include <sys/stat.h>
@@ -158,11 +159,13 @@ TEST_F(PresetImportTest, tellsOfFilesInAFolderThatCannotBeRead)
 {
     WriteLook("a.xmp");
     QFile::link(QStringLiteral("nowhere.xmp"), Looks() + QStringLiteral("/b.xmp"));
-    std::ofstream(QFile::encodeName(Looks()).toStdString() + "/c\xff.xmp") << "x";
+    const std::string unnameable = QFile::encodeName(Looks()).toStdString() + "/c\xff.xmp";
+    std::ofstream(unnameable) << "x";
     ASSERT_EQ(mkfifo((QFile::encodeName(Looks()) + "/d.xmp").constData(), 0600), 0);
     const auto report = Import({Looks()});
     EXPECT_THAT(GetNames(report), ElementsAre("a"));
     EXPECT_EQ(report.problems.size(), 3) << "one is told however file names are encoded";
+    EXPECT_EQ(std::remove(unnameable.c_str()), 0) << "Qt's folder could not";
     const std::string all = report.problems.join(QLatin1Char('\n')).toStdString();
     EXPECT_THAT(all, HasSubstr("b.xmp: cannot be read"));
     EXPECT_THAT(all, HasSubstr("d.xmp: expected a plain file"));

@@ -128,10 +128,11 @@ LumetraPlugin::ImportReport MakeReport()
                         {without, QStringLiteral("LuminanceSmoothing"), QStringLiteral("25"), {}}},
                        {}},
                       {{}, QStringLiteral("Exact"), {}, {}}};
-    report.problems = {QStringLiteral("looks/export.lrtemplate: expected a template of type "
-                                      "\"Develop\", found type \"Export\", which is no look"),
-                       QStringLiteral("looks/cut.xmp:12: expected well-formed XML: Premature end "
-                                      "of document.")};
+    report.problems =
+        QStringList{QStringLiteral("looks/export.lrtemplate: expected a template of type "
+                                   "\"Develop\", found type \"Export\", which is no look"),
+                    QStringLiteral("looks/cut.xmp:12: expected well-formed XML: Premature end "
+                                   "of document.")};
     return report;
 }
 

@@ -115,6 +115,14 @@ Image MakeDetail()
     return picture;
 }
 
+Image MakeFlat(int width, int height)
+{
+    Image picture = Image::Allocate(width, height, Image::Depth::Bits16);
+    for (int y = 0; y < height; ++y)
+        std::fill_n(picture.Row16(y), 4 * width, std::uint16_t{30000});
+    return picture;
+}
+
 /// The deviation of the green channel from its mean in the middle of the picture.
 double MeasureDeviation(const Image& picture)
 {
@@ -428,7 +436,7 @@ TEST_F(MappedLooksTest, newerSpellingsGoBeforeOlderOnes)
 TEST_F(MappedLooksTest, detailRisesWithItsSettings)
 {
     const Image detail = MakeDetail();
-    for (const char* name : {"Texture", "Clarity2012", "Sharpness", "GrainAmount"}) {
+    for (const char* name : {"Texture", "Clarity2012", "Sharpness"}) {
         double last = MeasureDeviation(detail);
         for (const double value : {20, 50, 100}) {
             const double now = MeasureDeviation(Draw(detail, Import(One(name, value)), LargePhoto));
@@ -441,14 +449,20 @@ TEST_F(MappedLooksTest, detailRisesWithItsSettings)
                   MeasureDeviation(detail));
 }
 
+TEST_F(MappedLooksTest, grainRisesWithItsAmount)
+{
+    double last = 0;
+    for (const double value : {20, 50, 100}) {
+        const double now = MeasureDeviation(
+            Draw(MakeFlat(240, 160), Import(One("GrainAmount", value)), LargePhoto));
+        EXPECT_GT(now, last) << value;
+        last = now;
+    }
+}
+
 TEST_F(MappedLooksTest, aVignetteDarkensCornersBySigns)
 {
-    const Image flat = [] {
-        Image picture = Image::Allocate(120, 80, Image::Depth::Bits16);
-        for (int y = 0; y < 80; ++y)
-            std::fill_n(picture.Row16(y), 4 * 120, std::uint16_t{30000});
-        return picture;
-    }();
+    const Image flat = MakeFlat(120, 80);
     const auto corner = [&](double value) {
         return Draw(flat, Import(One("PostCropVignetteAmount", value))).Row16(0)[0];
     };

@@ -4,6 +4,8 @@
 #include "panel/importing/ImportReading.h"
 #include "panel/importing/ImportSummary.h"
 
+#include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -76,7 +78,7 @@ TEST_F(ForeignImportTest, aDroppedLookOfAnotherProgramIsAppliedLikeAnyOther)
     EXPECT_EQ(editor.messages, QStringList{QStringLiteral("Imported “Dark”.")});
     EXPECT_FALSE(FindSummary()) << "there is nothing more to tell";
     Click("Dark");
-    EXPECT_LT(editor.GetResult().Row(0)[0], photo.Row(0)[0]);
+    EXPECT_FALSE(HaveSamePixels(editor.GetResult(), photo));
 }
 
 TEST_F(ForeignImportTest, aWindowTellsWhatIsApproximatedAndWhatIsLeftOut)
@@ -122,6 +124,15 @@ TEST_F(ForeignImportTest, theFolderActionAsksForAFolder)
     EXPECT_EQ(Shown(UserPage), QStringList{QStringLiteral("a")});
 }
 
+TEST_F(ForeignImportTest, theMenuOfTheButtonOffersFilesAndFolders)
+{
+    QStringList names;
+    for (const QAction* const action : Find<QAbstractButton>("importButton").actions())
+        names.append(action->objectName());
+    EXPECT_EQ(names,
+              (QStringList{QStringLiteral("importPresets"), QStringLiteral("importPresetFolder")}));
+}
+
 TEST_F(ForeignImportTest, readingThatTakesLongCanBeEndedWithNothingDone)
 {
     QTimer click;
@@ -133,12 +144,12 @@ TEST_F(ForeignImportTest, readingThatTakesLongCanBeEndedWithNothingDone)
         dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click();
     });
     click.start(1);
-    const auto files = ImportReading(*panel->GetWidget()).Run([](const auto& progress) {
+    const auto read = ImportReading(*panel->GetWidget()).Run([](const auto& progress) {
         while (progress(7, 1000, QStringLiteral("a.xmp")))
             QThread::yieldCurrentThread();
         return ImportedFiles{ImportedFile()};
     });
-    EXPECT_FALSE(files.has_value());
+    EXPECT_FALSE(read.has_value());
 }
 
 TEST_F(ForeignImportTest, theDialogOfLongReadingClosesByItself)
@@ -149,13 +160,13 @@ TEST_F(ForeignImportTest, theDialogOfLongReadingClosesByItself)
         isShown = isShown || QApplication::activeModalWidget() != nullptr;
     });
     look.start(1);
-    const auto files = ImportReading(*panel->GetWidget()).Run([&isShown](const auto& progress) {
+    const auto read = ImportReading(*panel->GetWidget()).Run([&isShown](const auto& progress) {
         while (!isShown && progress(7, 1000, QStringLiteral("a.xmp")))
             QThread::yieldCurrentThread();
         return ImportedFiles{ImportedFile()};
     });
-    ASSERT_TRUE(files.has_value());
-    EXPECT_EQ(files->size(), 1u);
+    ASSERT_TRUE(read.has_value());
+    EXPECT_EQ(read->size(), 1u);
     EXPECT_FALSE(QApplication::activeModalWidget());
 }
 
