@@ -13,8 +13,8 @@ namespace LumetraHost {
 class LookRecord
 {
 public:
-    /// The largest text of one layer, in bytes. A picture with one such layer keeps the rest of its
-    /// XMP data within one segment of a JPEG file.
+    /// The largest text of one layer, in bytes. A picture with one such layer keeps its XMP data
+    /// within one segment of a JPEG file, as a rule; quotes take more space there.
     static constexpr std::size_t LargestText = 32 * 1024;
 
     /// Fills in the look of `record` from the layer, or why it is left out. The name stays.

@@ -363,6 +363,10 @@
         <source>“%1” is here already, as “%2”.</source>
         <translation>„%1“ ist schon da, als „%2“.</translation>
     </message>
+    <message>
+        <source>%1 looks are here already.</source>
+        <translation>%1 Looks sind schon da.</translation>
+    </message>
 </context>
 <context>
     <name>LumetraPlugin::PresetDialogs</name>

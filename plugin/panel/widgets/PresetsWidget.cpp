@@ -189,11 +189,11 @@ void PresetsWidget::ShowMenu(const QModelIndex& preset, const QPoint& position)
 /// Hands the look as a file to wherever it is dropped.
 void PresetsWidget::Drag(const QModelIndex& preset)
 {
-    auto data = m_commands.MakeDragData(preset);
-    if (!data)
+    auto files = m_commands.MakeDragData(preset);
+    if (!files)
         return;
     auto* const drag = new QDrag(this); // Qt deletes it
-    drag->setMimeData(data.release());
+    drag->setMimeData(files.release());
     drag->exec(Qt::CopyAction);
 }
 

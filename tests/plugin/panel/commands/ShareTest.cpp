@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "PanelFixture.h"
+#include "core/PresetCollection.h"
+#include "core/PresetControllerFactory.h"
 #include "core/looks/LookReader.h"
 #include "editor/ScriptedAlerts.h"
 #include "panel/grid/PresetGrid.h"
@@ -13,8 +15,8 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QPushButton>
-#include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
 #include <QUrl>
@@ -66,13 +68,13 @@ protected:
             ASSERT_TRUE(dialog);
             ASSERT_EQ(dialog->objectName(), QStringLiteral("shareLooks"));
             work(*dialog);
-            dialog->grab().save(qEnvironmentVariable("SHARE_PICTURE", "/dev/null"), "PNG"); // TEMPORARY
+            dialog->grab().save(QString::fromLocal8Bit(qgetenv("SHARE_PICTURE")),
             QTimer::singleShot(0, [path] {
-                auto* const files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-                ASSERT_TRUE(files);
-                EXPECT_TRUE(files->selectedFiles().value(0).endsWith(QStringLiteral(".lumetra")));
-                files->selectFile(path);
-                QMetaObject::invokeMethod(files, "accept");
+                auto* const chooser = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+                ASSERT_TRUE(chooser);
+                EXPECT_TRUE(chooser->selectedFiles().value(0).endsWith(QStringLiteral(".lumetra")));
+                chooser->selectFile(path);
+                QMetaObject::invokeMethod(chooser, "accept");
             });
             dialog->findChild<QPushButton*>(QStringLiteral("shareButton"))->click();
         });
@@ -195,11 +197,13 @@ TEST_F(ShareTest, movingThePressedMouseAwayDragsTheLookAndIsNoClick)
     QObject::connect(&grid, &PresetGrid::dragged, [&dragged](const QModelIndex& preset) {
         dragged = preset.data(PresetModel::PresetNameRole).toString();
     });
-    QTest::mousePress(grid.viewport(), Qt::LeftButton, Qt::NoModifier, place);
-    const QPoint away = place + QPoint(2 * QApplication::startDragDistance(), 0);
-    QMouseEvent move(QEvent::MouseMove, away, Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(grid.viewport(), &move);
-    QTest::mouseRelease(grid.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    const auto send = [&grid](QEvent::Type type, const QPoint& position, Qt::MouseButton button) {
+        QMouseEvent event(type, position, button, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(grid.viewport(), &event);
+    };
+    send(QEvent::MouseButtonPress, place, Qt::LeftButton);
+    send(QEvent::MouseMove, place + QPoint(2 * QApplication::startDragDistance(), 0), Qt::NoButton);
+    send(QEvent::MouseButtonRelease, place, Qt::LeftButton);
     EXPECT_EQ(dragged, QStringLiteral("Bright"));
     EXPECT_FALSE(IsApplied("Bright"));
 }
