@@ -17,7 +17,7 @@ namespace {
 
 struct CommandLine
 {
-    QStringList photos;
+    QStringList files;
     std::optional<QString> monitorProfile;
     bool shallListModules = false;
 };
@@ -40,9 +40,11 @@ CommandLine ReadCommandLine(const QApplication& application)
                        "standard error output why others cannot be used, which ends with 1; open "
                        "no window."));
     parser.addOption(modules);
-    parser.addPositionalArgument(QStringLiteral("PHOTO"),
-                                 QStringLiteral("Photos to open; the first one is shown."),
-                                 QStringLiteral("[PHOTO...]"));
+    parser.addPositionalArgument(
+        QStringLiteral("FILE"),
+        QStringLiteral("Photos to open; the first one is shown. Files with looks (.lumetra, .zip, "
+                       ".cube and the like) go to the panel that takes them."),
+        QStringLiteral("[FILE...]"));
     parser.process(application);
     CommandLine line{parser.positionalArguments(), std::nullopt, parser.isSet(modules)};
     if (parser.isSet(monitorProfile))
@@ -93,6 +95,6 @@ int main(int argc, char** argv)
     if (line.monitorProfile)
         window.UseMonitorProfile(*line.monitorProfile);
     window.show();
-    window.OpenPhotos(line.photos);
+    window.TakeFiles(line.files);
     return QApplication::exec();
 }

@@ -16,6 +16,8 @@ struct CatalogueKeys
     static constexpr char FitPolicy[] = "previewFitPolicy";
     static constexpr char Resource[] = "resource";
     static constexpr char Sliders[] = "sliders";
+    static constexpr char Author[] = "author";
+    static constexpr char Licence[] = "licence";
 
     // Keys of an intensity: its type, and a node for each type.
     static constexpr char Type[] = "type";

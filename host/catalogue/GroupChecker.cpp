@@ -27,7 +27,9 @@ void CheckPlainKeys(const CheckedNode& item)
                           Keys::CropPolicy, Keys::FitPolicy, EffectInfo::TAG_SETTINGS,
                           EffectInfo::TAG_SETTINGS_PREVIEW, IEffectSettings::EFFECTS,
                           ConfigData::INTENSITY, ConfigData::CONTROLLER, Keys::Resource,
-                          Keys::Sliders});
+                          Keys::Sliders, Keys::Author, Keys::Licence});
+    item.Text(Keys::Author);
+    item.Text(Keys::Licence);
     item.Bool(Keys::Popular);
     item.Text(Keys::Image);
     item.Int(Keys::CropPolicy);

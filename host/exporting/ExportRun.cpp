@@ -7,6 +7,7 @@
 #include "image/Resize.h"
 #include "image/RgbSpace.h"
 #include "photo/colour/ColorConversion.h"
+#include "photo/metadata/ExtendedXmp.h"
 
 #include <QCoreApplication>
 
@@ -47,6 +48,20 @@ std::string GetCreatorTool()
         .toStdString();
 }
 
+/// The photo's packet. Earlier records that stand in its extension are joined with it: a packet and
+/// its extension cannot both hold a part of one list.
+PhotoMetadata WithRecordsInPacket(const PhotoMetadata& photo)
+{
+    PhotoMetadata metadata = photo;
+    if (!photo.xmpExtension.contains(EditRecords::Namespace))
+        return metadata;
+    if (const auto merged = ExtendedXmp{photo.xmp, photo.xmpExtension}.Merge()) {
+        metadata.xmp = *merged;
+        metadata.xmpExtension.clear();
+    }
+    return metadata;
+}
+
 /// The metadata of an exported file from those of its photo: kept or left out, with the presets and
 /// the program recorded in the XMP packet and with its profile, or an sRGB one, as the recipe says.
 /// A packet that cannot be decoded takes no record and goes on as it is, which `warnings` tells.
@@ -55,9 +70,9 @@ PhotoMetadata MakeExportMetadata(const PhotoMetadata& photo, const ExportRecipe&
 {
     PhotoMetadata metadata;
     if (recipe.keepsMetadata) {
-        metadata = photo;
+        metadata = WithRecordsInPacket(photo);
         TryOrWarn(warnings, "the looks are not recorded in the metadata", [&] {
-            metadata.xmp = EditRecords::Add(photo.xmp, recipe.records, GetCreatorTool());
+            metadata.xmp = EditRecords::Add(metadata.xmp, recipe.records, GetCreatorTool());
         });
     }
     metadata.iccProfile = photo.iccProfile;

@@ -32,6 +32,16 @@ QStringList CatalogueLocations::FindFiles()
     return files;
 }
 
+QString CatalogueLocations::GetSamplePhoto()
+{
+    const QString sample = QStringLiteral("/sample/sample.jpg");
+#ifdef LUMETRA_SOURCE_CATALOGUE
+    if (!QDir(InstalledDataFolder() + QStringLiteral("/lumetra/catalogue")).exists())
+        return QStringLiteral(LUMETRA_SOURCE_CATALOGUE) + sample;
+#endif
+    return InstalledDataFolder() + QStringLiteral("/lumetra/catalogue") + sample;
+}
+
 QStringList CatalogueLocations::GetResourceFolders()
 {
     QStringList folders;

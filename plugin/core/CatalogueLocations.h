@@ -16,6 +16,8 @@ public:
     /// The folders in which resources of presets are looked for: "lumetra/resources" below the same
     /// data folders, the user's first.
     static QStringList GetResourceFolders();
+    /// The path of the picture that is installed with the catalogues; it may not be there.
+    static QString GetSamplePhoto();
 };
 
 } // namespace LumetraPlugin

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "core/ImportFolder.h"
 
-#include "core/LutImport.h"
 #include "core/PresetImport.h"
+#include "core/looks/PictureLooks.h"
 #include "lut/HaldReader.h"
 
 #include <QDir>
@@ -21,8 +21,7 @@ bool IsLook(const QString& path)
 {
     if (!PresetImport::IsImportable(path))
         return false;
-    const bool isPicture = LutImport::IsLutName(path, true) && !LutImport::IsLutName(path, false);
-    return !isPicture || LumetraHost::HaldReader::HasTableSize(path);
+    return !PictureLooks::IsPictureName(path) || LumetraHost::HaldReader::HasTableSize(path);
 }
 
 class Walk

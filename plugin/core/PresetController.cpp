@@ -26,6 +26,31 @@ using Zorvik::Lumetra::LumetraPresets::IntensitySettingsFactory;
 using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
+using Keys = LumetraHost::CatalogueKeys;
+
+LookCredits ReadCredits(const Zorvik::Brassel::ISerializer& node)
+{
+    LookCredits credits;
+    credits.author = node.Get(Keys::Author, "");
+    credits.licence = node.Get(Keys::Licence, "");
+    if (const auto names = node.GetNode(Keys::Names))
+        for (const std::string& language : names->GetKeys())
+            credits.names[language] = names->Get(language, "");
+    return credits;
+}
+
+void WriteCredits(const LookCredits& credits, Zorvik::Brassel::ISerializer& node)
+{
+    if (!credits.author.empty())
+        node.Set(Keys::Author, credits.author);
+    if (!credits.licence.empty())
+        node.Set(Keys::Licence, credits.licence);
+    if (credits.names.empty())
+        return;
+    const auto names = node.CreateNode(Keys::Names);
+    for (const auto& [language, name] : credits.names)
+        names->Set(language, name);
+}
 
 /// Reads the preset's own sliders; nothing when it lists none. Throws what a slider throws that
 /// moves an unknown parameter.
@@ -62,21 +87,49 @@ boost::intrusive_ptr<PresetController> PresetController::Copy() const
     return copy;
 }
 
+boost::intrusive_ptr<PresetController> PresetController::CopyAtStart() const
+{
+    const boost::intrusive_ptr<PresetController> copy = Copy();
+    copy->m_settings = m_defaultSettings;
+    copy->m_defaultSettings = m_defaultSettings;
+    copy->m_startIntensity = m_startIntensity;
+    copy->PutIntensityBack();
+    return copy;
+}
+
+LookCredits PresetController::MakeCredits() const
+{
+    LookCredits credits = m_credits;
+    for (const auto& [language, name] : GetLocalNames().GetAll())
+        credits.names[language.toStdString()] = name.toStdString();
+    return credits;
+}
+
+void PresetController::SetName(const std::string& name)
+{
+    if (name != GetName())
+        m_credits.names.clear();
+    EffectPresetControllerBase::SetName(name);
+}
+
 void PresetController::Deserialize(const Zorvik::Brassel::ConstSerializerPtr& node)
 {
     EffectPresetControllerBase::Deserialize(node);
-    m_resource = node->Get(LumetraHost::CatalogueKeys::Resource, "");
+    m_resource = node->Get(Keys::Resource, "");
+    m_credits = ReadCredits(*node);
     m_hasResource = false;
     m_localNames = LumetraHost::LocalNames::Read(node);
     m_ownSliders = ReadSliders(*node);
 }
 
+/// Presets without credits and sliders of their own are written as they always were.
 void PresetController::Serialize(const Zorvik::Brassel::SerializerPtr& node) const
 {
     EffectPresetControllerBase::Serialize(node);
+    WriteCredits(m_credits, *node);
     if (!m_ownSliders)
         return;
-    const auto list = node->CreateCollection(LumetraHost::CatalogueKeys::Sliders);
+    const auto list = node->CreateCollection(Keys::Sliders);
     for (const SliderSetting& slider : *m_ownSliders)
         static_cast<const ISerializable&>(slider).Serialize(list->AddElement());
 }

@@ -12,8 +12,10 @@
 #include <QSize>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace LumetraPlugin {
 
@@ -29,6 +31,14 @@ struct PreviewOptions
                                       const Zorvik::Quindle::EffectsSettings&,
                                       const LumetraHost::PreviewPolicies&)>
         render = {};
+};
+
+/// What a look tells of itself beside its name; all of it may be empty.
+struct LookCredits
+{
+    std::map<std::string, std::string> names; ///< in other languages, by language
+    std::string author;
+    std::string licence;
 };
 
 /// A preset of the editor: names its statistics events, redraws while its extra sliders move, and
@@ -54,6 +64,15 @@ public:
     /// A new preset of this object's own class, with a copy of its settings and of its name
     /// without translations.
     virtual boost::intrusive_ptr<PresetController> Copy() const;
+    /// A copy whose sliders and intensity are where those of this preset start.
+    boost::intrusive_ptr<PresetController> CopyAtStart() const;
+
+    const LookCredits& GetCredits() const { return m_credits; }
+    /// The credits with the names that a catalogue has for the preset.
+    LookCredits MakeCredits() const;
+    void SetCredits(const LookCredits& credits) { m_credits = credits; }
+    /// Another name drops those in other languages, which are translations of the old one.
+    void SetName(const std::string& name) override;
 
     /// The package that applying the preset now would put on the photo: its effects with the
     /// current values of its sliders and its intensity. A copy of the preset's own.
@@ -111,7 +130,7 @@ public:
     QImage GetPreviewImage() override;
 
 protected:
-    /// These two know the preset's list of extra sliders, too.
+    /// These two know the preset's list of extra sliders and its credits, too.
     void Serialize(const Zorvik::Brassel::SerializerPtr& node) const override;
     void Deserialize(const Zorvik::Brassel::ConstSerializerPtr& node) override;
     std::string GetStatisticEventNameClick() const override;
@@ -132,6 +151,7 @@ private:
     std::string m_resource;
     /// The sliders that the preset lists; without a value it has those of the catalogue.
     std::optional<std::vector<Zorvik::Lumetra::LumetraPresets::SliderSetting>> m_ownSliders;
+    LookCredits m_credits;
     bool m_hasResource = false;
     // Sliders and intensity that were given before the effects.
     std::vector<Zorvik::Lumetra::LumetraPresets::SliderSetting> m_laterSliders;

@@ -9,6 +9,9 @@
 #include "core/PresetMaker.h"
 #include "core/PresetNames.h"
 #include "core/foreign/ForeignImport.h"
+#include "core/looks/KnownContents.h"
+#include "core/looks/LookImport.h"
+#include "core/looks/LookReader.h"
 #include "storage/ErrorText.h"
 
 #include <QFileInfo>
@@ -16,6 +19,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
+#include <optional>
 
 namespace LumetraPlugin {
 namespace {
@@ -30,7 +35,7 @@ bool IsLutName(const QString& path)
     return LutImport::IsLutName(path, true);
 }
 
-/// One kind of file: how it is known, and what reads it, which is one of two.
+/// One kind of file: how it is known, and what reads it, which is one of three.
 struct Kind
 {
     bool (*isName)(const QString& path);
@@ -39,11 +44,14 @@ struct Kind
     /// Reads whole presets, as they are added, with what the collection has.
     std::vector<PresetPtr> (*readWhenAdded)(PresetCollection& collection, const QString& path,
                                             QStringList& problems);
+    /// Reads whatever the file holds, on any thread.
+    void (*readAll)(ImportedFile& file) = nullptr;
 };
 
 constexpr Kind Kinds[] = {
     {&ForeignImport::IsForeignName, &ForeignImport::Read, nullptr},
     {&JsonImport::IsJsonName, nullptr, &JsonImport::Read},
+    {&LookImport::IsLookName, nullptr, nullptr, &LookImport::Read},
     {&IsLutName, &LutImport::Read, nullptr},
 };
 
@@ -58,8 +66,9 @@ const Kind* FindKind(const QString& path)
 
 QString DescribeUnknown(const QString& path)
 {
-    return QStringLiteral("%1: expected a name that ends in .xmp, .lrtemplate, .pp3, .cube, .3dl, "
-                          ".clf, .cc, .ccc, .cdl, .png, .tif or .json")
+    return QStringLiteral("%1: expected a name that ends in .lumetra, .xmp, .lrtemplate, .pp3, "
+                          ".cube, .3dl, .clf, .cc, .ccc, .cdl, .png, .tif, .jpg, .webp, .zip or "
+                          ".json")
         .arg(path);
 }
 
@@ -73,11 +82,36 @@ public:
             m_taken.insert(name);
     }
 
-    void TakeLook(const QString& path, const ImportedLook& look)
+    void TakeLook(const ImportedFile& file, const ImportedLook& look)
     {
         const QString name = MakeName(look);
-        Append(path, name, look.remarks,
-               PresetMaker::Make(name, look.effects, FullIntensity, m_collection.GetFactory()));
+        const PresetPtr preset =
+            PresetMaker::Make(name, look.effects, FullIntensity, m_collection.GetFactory());
+        if (!file.isCompared || IsNew(file.path, *preset))
+            Append(file.path, name, look.remarks, preset);
+    }
+
+    /// Adds those of the presets that the user has not. Names that are taken may be refused.
+    void TakeNew(const QString& path, std::vector<PresetPtr> presets,
+                 const PresetImport::AskNumbered& askNumbered, QStringList& problems)
+    {
+        const auto leaveOut = [&presets](const auto& isLeftOut) {
+            presets.erase(std::remove_if(presets.begin(), presets.end(), isLeftOut), presets.end());
+        };
+        leaveOut([&](const PresetPtr& preset) { return !IsNew(path, *preset); });
+        const QStringList clashes = FindTaken(presets);
+        if (!clashes.isEmpty() && askNumbered && !askNumbered(clashes)) {
+            leaveOut([&](const PresetPtr& preset) { return IsTaken(*preset); });
+            for (const QString& name : clashes)
+                problems.append(QStringLiteral("%1: \"%2\" is left out: a look of that name is "
+                                               "here already")
+                                    .arg(path, name));
+        }
+        for (const PresetPtr& preset : presets) {
+            const QString name = PresetNames::MakeFreeOf(NameOf(*preset), m_taken);
+            preset->SetName(name.toStdString());
+            Append(path, name, {}, preset);
+        }
     }
 
     /// Adds a copy, which has an id of its own.
@@ -97,8 +131,34 @@ public:
             m_added[i].index = indexes[static_cast<int>(i)];
         return std::move(m_added);
     }
+    const std::vector<KnownLook>& GetKnown() const { return m_known; }
 
 private:
+    static QString NameOf(const PresetController& preset)
+    {
+        return QString::fromStdString(preset.GetName());
+    }
+    bool IsTaken(const PresetController& preset) const { return m_taken.contains(NameOf(preset)); }
+    QStringList FindTaken(const std::vector<PresetPtr>& presets) const
+    {
+        QStringList names;
+        for (const PresetPtr& preset : presets)
+            if (IsTaken(*preset))
+                names.append(NameOf(*preset));
+        return names;
+    }
+
+    /// False, after noting it, for a preset whose content the user has.
+    bool IsNew(const QString& path, const PresetController& preset)
+    {
+        if (!m_contents)
+            m_contents = std::make_unique<KnownContents>(m_collection);
+        const auto knownAs = m_contents->TakeOrFind(preset);
+        if (knownAs)
+            m_known.push_back({path, NameOf(preset), *knownAs});
+        return !knownAs;
+    }
+
     /// Looks of one name are told apart by their groups before they are numbered.
     QString MakeName(const ImportedLook& look) const
     {
@@ -122,14 +182,32 @@ private:
     QSet<QString> m_taken;
     std::vector<PresetPtr> m_presets;
     std::vector<ImportedPreset> m_added;
+    std::vector<KnownLook> m_known;
+    std::unique_ptr<KnownContents> m_contents; ///< made when somebody asks
 };
 
+void TakeDocuments(const ImportedFile& file, PresetCollection& collection, Gathering& gathering,
+                   const PresetImport::AskNumbered& askNumbered, QStringList& problems)
+{
+    std::vector<PresetPtr> presets;
+    for (const LumetraHost::JsonDocument& document : file.documents)
+        try {
+            for (const PresetPtr& preset :
+                 LookReader::Read(document, collection.GetFactory(), problems))
+                presets.push_back(preset);
+        } catch (const std::exception& error) {
+            problems.append(ErrorText::Show(error));
+        }
+    gathering.TakeNew(file.path, std::move(presets), askNumbered, problems);
+}
+
 void TakeFile(const ImportedFile& file, PresetCollection& collection, Gathering& gathering,
-              QStringList& problems)
+              const PresetImport::AskNumbered& askNumbered, QStringList& problems)
 {
     problems += file.problems;
+    TakeDocuments(file, collection, gathering, askNumbered, problems);
     for (const ImportedLook& look : file.looks)
-        gathering.TakeLook(file.path, look);
+        gathering.TakeLook(file, look);
     if (!file.isReadWhenAdded)
         return;
     try {
@@ -156,6 +234,8 @@ ImportedFile PresetImport::Read(const QString& path, const ImportOptions& option
     try {
         if (!kind)
             file.problems.append(DescribeUnknown(path));
+        else if (kind->readAll)
+            kind->readAll(file);
         else if (kind->read)
             file.looks = kind->read(path, options);
         else
@@ -182,13 +262,15 @@ ImportedFiles PresetImport::ReadAll(const QStringList& paths, const ImportOption
     return files;
 }
 
-ImportReport PresetImport::AddTo(PresetCollection& collection, const ImportedFiles& files)
+ImportReport PresetImport::AddTo(PresetCollection& collection, const ImportedFiles& files,
+                                 const AskNumbered& askNumbered)
 {
     ImportReport report;
     Gathering gathering(collection);
     for (const ImportedFile& file : files)
-        TakeFile(file, collection, gathering, report.problems);
+        TakeFile(file, collection, gathering, askNumbered, report.problems);
     report.presets = gathering.Finish();
+    report.known = gathering.GetKnown();
     return report;
 }
 

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "core/ImportedLook.h"
+#include "storage/JsonDocument.h"
 
 #include <QPersistentModelIndex>
+#include <QStringList>
 
 #include <functional>
 #include <vector>
@@ -21,6 +23,9 @@ struct ImportedFile
     /// True for files whose presets are made of this program's catalogues: they are read as they
     /// are added.
     bool isReadWhenAdded = false;
+    std::vector<LumetraHost::JsonDocument> documents; ///< with looks, see LookReader
+    /// True for files of which nothing is added that the user has already.
+    bool isCompared = false;
 };
 
 using ImportedFiles = std::vector<ImportedFile>;
@@ -34,21 +39,35 @@ struct ImportedPreset
     QPersistentModelIndex index;
 };
 
+/// A look that the user has already.
+struct KnownLook
+{
+    QString path;    ///< of its file
+    QString name;    ///< in the file
+    QString knownAs; ///< the name of the user's preset
+};
+
 /// What came of an import.
 struct ImportReport
 {
     std::vector<ImportedPreset> presets;
+    std::vector<KnownLook> known;
     QStringList problems; ///< sentences, with file, about all that was not imported
 };
 
-/// Makes presets of the user out of files: LUT files, looks of other programs, catalogues, and
-/// preset files of other users as JSON. Reading is apart from adding, so that it may take its time
+/// Makes presets of the user out of files: files with looks, packs of files, pictures that tell of
+/// their looks, LUT files, looks of other programs, catalogues, and preset files of other users as
+/// JSON. Reading is apart from adding, so that it may take its time
 /// on another thread.
 class PresetImport
 {
 public:
     /// Is told how many files of how many are done, and the next one's path; returns false to end.
     using Progress = std::function<bool(int done, int total, const QString& path)>;
+
+    /// Names that looks of the user have already, with other content; returns true to add the new
+    /// ones under numbered names, false to leave them out.
+    using AskNumbered = std::function<bool(const QStringList& names)>;
 
     /// True when the name is that of a file that can be imported; the content is not read.
     static bool IsImportable(const QString& path);
@@ -64,8 +83,11 @@ public:
 
     /// Appends a preset for each look to the user's group, announced as one insertion; nothing is
     /// saved yet. Names that the user has already get their file's group in brackets, or a number;
-    /// every preset has an id of its own. To be called on the thread of the model.
-    static ImportReport AddTo(PresetCollection& collection, const ImportedFiles& files);
+    /// every preset has an id of its own. Looks of files with looks are left out where the user has
+    /// one with the same content, under whatever name; `askNumbered` is asked about the names of
+    /// the others, and an empty one always numbers. To be called on the thread of the model.
+    static ImportReport AddTo(PresetCollection& collection, const ImportedFiles& files,
+                              const AskNumbered& askNumbered = {});
 };
 
 } // namespace LumetraPlugin

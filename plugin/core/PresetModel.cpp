@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "core/PresetModel.h"
 
+#include "Zorvik/Brassel/ISerializerCollection.h"
+
 #include <algorithm>
 
 namespace LumetraPlugin {
+
+using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 
 PresetModel::PresetPtr PresetModel::GetPreset(const QModelIndex& index) const
 {
@@ -87,8 +91,21 @@ void PresetModel::InsertPreset(int row, const QModelIndex& group, const PresetPt
     endInsertRows();
 }
 
+void PresetModel::ParseAdditionalInfo(const Zorvik::Brassel::ConstCollectionPtr& collection)
+{
+    EffectPresetModel::ParseAdditionalInfo(collection);
+    m_sliders.clear();
+    for (std::size_t i = 0; collection && i < collection->GetCount(); ++i) {
+        SliderSetting slider(false);
+        collection->ReadObject(i, slider.GetClassId(), slider);
+        m_sliders.push_back(slider);
+    }
+}
+
 void PresetModel::Attach(const PresetPtr& preset, const GroupInfo& group)
 {
+    if (preset->GetSettingsDefault().empty())
+        preset->InitDefaultSettings(m_sliders);
     preset->SetWorkspaceController(GetWorkspaceReference());
     preset->SetGroupInfo(group.info.name, group.info.editable);
 }

@@ -43,7 +43,8 @@ public:
     /// group's end. Persistent indexes to other rows stay right.
     void InsertPreset(int row, const QModelIndex& group, const PresetPtr& preset);
     /// Appends a preset that is in no model yet to the user's group, announced as an insertion, and
-    /// attaches it to this model's workspace. Returns its index.
+    /// attaches it to this model's workspace. One without extra sliders gets those of the
+    /// catalogues that its effects have. Returns its index.
     QModelIndex AddUserPreset(const PresetPtr& preset);
 
     /// Appends several in one insertion. Returns their indexes, in the same order.
@@ -51,11 +52,16 @@ public:
 
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
+    using EffectPresetModel::ParseAdditionalInfo;
+    /// Keeps the default sliders for presets that are added later.
+    void ParseAdditionalInfo(const Zorvik::Brassel::ConstCollectionPtr& collection) override;
+
 private:
     void ReserveRows(const QModelIndex& group, std::size_t count);
     void Attach(const PresetPtr& preset, const GroupInfo& group);
 
     std::vector<LumetraHost::LocalNames> m_groupNames;
+    Zorvik::Lumetra::LumetraPresets::SliderSetting::List m_sliders;
 };
 
 } // namespace LumetraPlugin

@@ -45,6 +45,16 @@ if grep -rl 'lumetra-host' "$work/prefix/lib" --include='*.cmake' >&2 ||
     exit 1
 fi
 
+# Desktops know files with looks, and open them with the editor.
+if [[ -x "$work/prefix/bin/lumetra-editor" ]]; then
+    XDG_DATA_DIRS="$work/prefix/share" update-mime-database "$work/prefix/share/mime"
+    type=$(sed -n 's/^[0-9]*:\(.*\):\*\.lumetra$/\1/p' "$work/prefix/share/mime/globs2")
+    if [[ -z "$type" ]] || ! grep -q "^MimeType=.*;$type;" "$work"/prefix/share/applications/*.desktop; then
+        echo "expected a media type of *.lumetra that the editor opens, found: \"$type\"" >&2
+        exit 1
+    fi
+fi
+
 # A module is built with the installed package alone, and the installed editor loads it: from the folder of the
 # user, and from its own.
 if [[ -x "$work/prefix/bin/lumetra-editor" ]]; then

@@ -93,6 +93,8 @@ constexpr char Head[] = R"({
         "controller": { "enum": ["", "photo"] },
         "image": { "type": "string" },
         "resource": { "type": "string", "description": "The file that brings the effects later." },
+        "author": { "type": "string", "description": "Who has made the look." },
+        "licence": { "type": "string", "description": "What others may do with it." },
         "previewCropPolicy": { "enum": [0, 1], "default": 1,
                                "description": "0: the whole photo, 1: its centre." },
         "previewFitPolicy": { "enum": [0, 1], "default": 0,

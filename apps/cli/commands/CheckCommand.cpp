@@ -10,6 +10,7 @@
 #include "core/LutImport.h"
 #include "core/PresetControllerFactory.h"
 #include "core/PresetSession.h"
+#include "core/looks/LookReader.h"
 #include "core/userstore/UserStoreChecker.h"
 #include "lut/LutReader.h"
 #include "presets/TableNotes.h"
@@ -32,6 +33,7 @@ using LumetraHost::CatalogueReport;
 using LumetraHost::CatalogueReports;
 using LumetraHost::FileIdentity;
 using LumetraHost::JsonDocument;
+using LumetraPlugin::LookReader;
 using LumetraPlugin::PresetControllerFactory;
 using LumetraPlugin::UserStoreChecker;
 
@@ -130,14 +132,33 @@ bool CheckLuts(const QStringList& files, Console& console)
     return isGood;
 }
 
-/// Checks catalogues, the user's stores and LUT files. Reports each error with file, line and
-/// column.
+bool CheckLooks(const QStringList& files, Console& console)
+{
+    LumetraPlugin::PresetSession session("lumetra.check");
+    bool isGood = true;
+    for (const QString& file : files) {
+        QStringList problems;
+        try {
+            LookReader::Read(LookReader::ReadFile(file), session.GetFactory(), problems);
+        } catch (const Zorvik::Exception& error) {
+            problems.append(MarkError(file, QString::fromUtf8(error.what())));
+        }
+        for (const QString& problem : problems)
+            console.PrintLine(problem);
+        isGood = isGood && problems.isEmpty();
+    }
+    return isGood;
+}
+
+/// Checks catalogues, the user's stores, files with looks and LUT files. Reports each error with
+/// file, line and column.
 class CheckCommand : public Command
 {
 public:
     CheckCommand()
-        : Command(QStringLiteral("check"),
-                  QStringLiteral("Checks catalogues, files of your own presets and LUT files."))
+        : Command(
+              QStringLiteral("check"),
+              QStringLiteral("Checks catalogues, files of your own presets, looks and LUT files."))
     {
     }
 
@@ -151,7 +172,7 @@ void CheckCommand::AddOptions(QCommandLineParser& parser) const
     parser.addPositionalArgument(
         QStringLiteral("FILE"),
         QStringLiteral("Catalogues, taken together with the installed ones, files of your own "
-                       "presets and LUT files."),
+                       "presets, files with looks (.lumetra) and LUT files."),
         QStringLiteral("FILE..."));
 }
 
@@ -161,12 +182,16 @@ ExitCode CheckCommand::Execute(const QCommandLineParser& parser, Console& consol
     const QStringList files = parser.positionalArguments().mid(1);
     if (files.isEmpty())
         throw UsageError(QStringLiteral("expected at least one file"));
-    QStringList json, luts;
+    QStringList json, luts, looks;
     for (const QString& file : files)
-        (LumetraPlugin::LutImport::IsLutName(file, true) ? luts : json).append(file);
+        (LookReader::IsLookName(file)                      ? looks
+         : LumetraPlugin::LutImport::IsLutName(file, true) ? luts
+                                                           : json)
+            .append(file);
     const bool isJsonGood = CheckJson(json, console);
     const bool areLutsGood = CheckLuts(luts, console);
-    return isJsonGood && areLutsGood ? ExitCode::Done : ExitCode::SomeFailed;
+    const bool areLooksGood = CheckLooks(looks, console);
+    return isJsonGood && areLutsGood && areLooksGood ? ExitCode::Done : ExitCode::SomeFailed;
 }
 
 } // namespace

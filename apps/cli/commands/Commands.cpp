@@ -14,6 +14,7 @@ std::vector<std::unique_ptr<Command>> MakeCommands()
     commands.push_back(MakeSheetCommand());
     commands.push_back(MakeCheckCommand());
     commands.push_back(MakeImportCommand());
+    commands.push_back(MakeExportCommand());
     commands.push_back(MakeExportLutCommand());
     commands.push_back(MakeSaveCommand());
     commands.push_back(MakeRenameCommand());

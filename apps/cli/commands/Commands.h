@@ -14,6 +14,7 @@ std::unique_ptr<Command> MakeApplyCommand();
 std::unique_ptr<Command> MakeSheetCommand();
 std::unique_ptr<Command> MakeCheckCommand();
 std::unique_ptr<Command> MakeImportCommand();
+std::unique_ptr<Command> MakeExportCommand();
 std::unique_ptr<Command> MakeExportLutCommand();
 std::unique_ptr<Command> MakeSaveCommand();
 std::unique_ptr<Command> MakeRenameCommand();

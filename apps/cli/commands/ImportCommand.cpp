@@ -86,8 +86,8 @@ class ImportCommand : public Command
 public:
     ImportCommand()
         : Command(QStringLiteral("import"),
-                  QStringLiteral("Makes presets of your own out of LUT files and looks of other "
-                                 "programs."))
+                  QStringLiteral("Makes presets of your own out of files with looks, LUT files "
+                                 "and looks of other programs."))
     {
     }
 
@@ -100,9 +100,13 @@ void ImportCommand::AddOptions(QCommandLineParser& parser) const
 {
     parser.addPositionalArgument(
         QStringLiteral("FILE"),
-        QStringLiteral("LUT files: .cube, .3dl, .clf, .cc, .ccc, .cdl, HaldCLUT pictures; looks of "
-                       "other programs: .xmp, .lrtemplate, .pp3; catalogues and presets: .json. A "
-                       "folder stands for all of these in it and below it."),
+        QStringLiteral("Files with looks: .lumetra; pictures that this program has exported, which "
+                       "tell of their looks; LUT files: .cube, .3dl, .clf, .cc, .ccc, .cdl, "
+                       "HaldCLUT pictures; looks of "
+                       "other programs: .xmp, .lrtemplate, .pp3; catalogues and presets: .json; "
+                       "packs of these: .zip. A folder stands for the files in it and below it; of "
+                       "pictures it takes those alone that are tables. A look of a .lumetra file, "
+                       "a pack or a picture that you have already is not added again."),
         QStringLiteral("FILE..."));
     parser.addOption({NameOption,
                       QStringLiteral("The preset's name, for a file with one look. Default: the "
@@ -135,6 +139,9 @@ ExitCode ImportCommand::Execute(const QCommandLineParser& parser, Console& conso
         return ExitCode::SomeFailed;
     for (const ImportedPreset& preset : report.presets)
         Print(preset, console);
+    for (const LumetraPlugin::KnownLook& look : report.known)
+        console.PrintLine(QStringLiteral("\"%1\" from \"%2\" is here already, as \"%3\"")
+                              .arg(look.name, look.path, look.knownAs));
     for (const QString& problem : report.problems)
         console.ReportPlace(problem);
     return report.problems.isEmpty() ? ExitCode::Done : ExitCode::SomeFailed;

@@ -7,6 +7,7 @@
 #include "catalogue/NearestName.h"
 #include "console/UsageError.h"
 #include "core/PresetSession.h"
+#include "exporting/LookRecord.h"
 #include "workspace/WorkspaceController.h"
 
 #include <boost/current_function.hpp>
@@ -137,8 +138,10 @@ PresetUse::MakeRecords(const std::vector<EffectsSettings>& packages) const
         GetIntensity().value_or(record.intensity); // a preset without intensity has its full effect
     std::vector<LumetraHost::EditRecord> records;
     for (const auto& package : packages)
-        if (!package.Package().GetPresetName().empty())
+        if (!package.Package().GetPresetName().empty()) {
             records.push_back(record);
+            LumetraHost::LookRecord::AddLook(records.back(), package);
+        }
     return records;
 }
 

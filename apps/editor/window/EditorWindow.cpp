@@ -301,7 +301,7 @@ void EditorWindow::AskForPhoto()
     if (paths.isEmpty())
         return;
     m_settings.Set(FolderKey, QFileInfo(paths.first()).absolutePath());
-    OpenPhotos(paths);
+    TakeFiles(paths);
 }
 
 void EditorWindow::OpenPhotos(const QStringList& paths)
@@ -328,7 +328,7 @@ void EditorWindow::TakeFiles(const QStringList& paths)
 {
     QStringList photos, others;
     for (const QString& path : paths)
-        (IsTableFile(path) ? others : photos).append(path);
+        (IsLookFile(path) ? others : photos).append(path);
     if (!others.isEmpty() && !DropOnPanel(*m_panels, others))
         m_messages->Show(tr("%1: no panel takes files of this kind").arg(others.first()));
     if (!photos.isEmpty())
@@ -472,9 +472,10 @@ void EditorWindow::closeEvent(QCloseEvent* event)
     event->accept();
 }
 
+/// Files that a panel gives away are for other programs.
 void EditorWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!GetLocalFiles(*event->mimeData()).isEmpty())
+    if (!event->source() && !GetLocalFiles(*event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 

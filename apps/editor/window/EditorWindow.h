@@ -45,6 +45,8 @@ public:
     void AddPanel(const LoadedPlugin& plugin);
     /// Opens the first photo; the others follow by "Next Photo". Replaces an earlier list.
     void OpenPhotos(const QStringList& paths);
+    /// Opens photos, and hands files with looks to the panel that takes them.
+    void TakeFiles(const QStringList& paths);
 
     /// See MonitorColours::Use(); until the program ends.
     void UseMonitorProfile(const QString& choice);
@@ -67,7 +69,6 @@ private:
 
     void ConnectExporter();
     /// Takes files that are dropped on the window: opens photos, hands other files to the panels.
-    void TakeFiles(const QStringList& paths);
     void AskForPhoto();
     void OpenNeighbour(int step);
     void ShowPhoto();

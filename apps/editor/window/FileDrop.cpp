@@ -21,11 +21,12 @@ QStringList GetLocalFiles(const QMimeData& data)
     return paths;
 }
 
-bool IsTableFile(const QString& path)
+bool IsLookFile(const QString& path)
 {
-    static const QStringList endings{QStringLiteral("cube"), QStringLiteral("3dl"),
-                                     QStringLiteral("look"), QStringLiteral("cdl"),
-                                     QStringLiteral("cc"),   QStringLiteral("ccc")};
+    static const QStringList endings{
+        QStringLiteral("lumetra"), QStringLiteral("cube"), QStringLiteral("3dl"),
+        QStringLiteral("clf"),     QStringLiteral("look"), QStringLiteral("cdl"),
+        QStringLiteral("cc"),      QStringLiteral("ccc"),  QStringLiteral("zip")};
     return endings.contains(QFileInfo(path).suffix().toLower());
 }
 

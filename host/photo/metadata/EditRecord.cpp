@@ -8,6 +8,7 @@
 #include <boost/current_function.hpp>
 
 #include <mutex>
+#include <utility>
 
 #include <exiv2/exiv2.hpp>
 
@@ -44,6 +45,13 @@ std::string MemberKey(std::size_t place, const char* member)
     return ListKey + ("[" + std::to_string(place) + "]/lumetra:") + member;
 }
 
+/// The text of a member; empty where there is none.
+std::string ReadMember(const Exiv2::XmpData& properties, std::size_t place, const char* member)
+{
+    const auto found = properties.findKey(Exiv2::XmpKey(MemberKey(place, member)));
+    return found == properties.end() ? std::string() : found->toString();
+}
+
 std::size_t Count(const Exiv2::XmpData& properties)
 {
     std::size_t count = 0;
@@ -64,6 +72,10 @@ void AddAll(Exiv2::XmpData& properties, const std::vector<EditRecord>& records)
         ++place;
         properties[MemberKey(place, "Name")] = record.preset;
         properties[MemberKey(place, "Intensity")] = std::to_string(record.intensity);
+        for (const auto& [member, text] :
+             {std::pair("Look", record.look), std::pair("LookLeftOut", record.lookLeftOut)})
+            if (!text.empty())
+                properties[MemberKey(place, member)] = text;
     }
 }
 
@@ -89,12 +101,16 @@ std::vector<EditRecord> EditRecords::Read(const QByteArray& packet)
 {
     const Exiv2::XmpData properties = Decode(packet);
     std::vector<EditRecord> records;
-    for (std::size_t place = 1; place <= Count(properties); ++place) {
-        const auto name = properties.findKey(Exiv2::XmpKey(MemberKey(place, "Name")));
-        const auto intensity = properties.findKey(Exiv2::XmpKey(MemberKey(place, "Intensity")));
-        records.push_back({name->toString(), intensity == properties.end()
-                                                 ? 100
-                                                 : static_cast<int>(intensity->toLong())});
+    const std::size_t count = Count(properties);
+    for (std::size_t place = 1; place <= count; ++place) {
+        const std::string intensity = ReadMember(properties, place, "Intensity");
+        EditRecord record;
+        record.preset = ReadMember(properties, place, "Name");
+        if (!intensity.empty())
+            record.intensity = QByteArray::fromStdString(intensity).toInt();
+        record.look = ReadMember(properties, place, "Look");
+        record.lookLeftOut = ReadMember(properties, place, "LookLeftOut");
+        records.push_back(record);
     }
     return records;
 }

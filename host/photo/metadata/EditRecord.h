@@ -13,10 +13,14 @@ struct EditRecord
 {
     std::string preset;
     int intensity = 100; ///< percent: the share of the preset's full effect
+    /// The layer itself as JSON text; empty when the record has only its name.
+    std::string look = {};
+    std::string lookLeftOut = {}; ///< why the look is not there; empty when nobody knows
 };
 
 /// Keeps the presets of a photo in its XMP packet: an ordered array "Presets" of structures with
-/// "Name" and "Intensity" in a namespace of their own, and "xmp:CreatorTool".
+/// "Name", "Intensity" and, where they are not empty, "Look" and "LookLeftOut" in a namespace of
+/// their own, and "xmp:CreatorTool".
 class EditRecords
 {
 public:

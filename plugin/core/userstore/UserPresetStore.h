@@ -46,6 +46,8 @@ public:
     /// file comes from a newer program; nothing is lost then, and the next Save() tries again.
     std::vector<std::string> Save(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model);
 
+    /// The folder of the look-up tables beside the file.
+    const LumetraHost::ContentFolderPtr& GetTables() const { return m_file.GetContents(); }
     /// Sentences, with file and place, about data that Load() took from a backup or left aside.
     const std::vector<std::string>& GetReports() const { return m_reports; }
 

@@ -7,6 +7,12 @@
 #include "panel/commands/PresetDialogs.h"
 
 #include <QObject>
+#include <QTemporaryDir>
+
+#include <memory>
+#include <vector>
+
+class QMimeData;
 
 namespace LumetraEditor {
 class IEditor;
@@ -92,6 +98,12 @@ public:
     /// Writes the look at its current values as a .cube file that the user names.
     void Export(const QModelIndex& preset);
 
+    /// Writes looks that the user chooses, this one first, as a file for other people.
+    void Share(const QModelIndex& preset);
+    /// The look as a file that can be dragged to another program; null, after telling the user,
+    /// when it cannot be written. The file lives as long as the commands.
+    std::unique_ptr<QMimeData> MakeDragData(const QModelIndex& preset);
+
     /// Saves changes that could not be saved so far, and asks the user where that fails again.
     /// False when the user wants to see to it before the program ends.
     bool SaveOrAsk();
@@ -122,6 +134,8 @@ private:
     void ImportFiles(const QStringList& paths);
     void TellOf(const ImportReport& report);
     void ExportLook(const QModelIndex& preset);
+    bool WriteLooks(const std::vector<QModelIndex>& presets, const LookCredits& credits,
+                    const QString& path);
     void TellCommitted();
     void Save();
     QString TryToSave();
@@ -141,6 +155,7 @@ private:
     Zorvik::Core::Property::Ptr m_lastStep; ///< never null, never changed
     bool m_hasUnsaved = false;
     bool m_isImporting = false;
+    std::unique_ptr<QTemporaryDir> m_dragged; ///< of files that are dragged; made with the first
 };
 
 } // namespace LumetraPlugin

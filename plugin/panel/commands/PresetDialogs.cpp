@@ -5,6 +5,7 @@
 #include "Zorvik/Util/AlertBox.h"
 #include "catalogue/VisibleText.h"
 #include "core/PresetNames.h"
+#include "core/looks/LookFormat.h"
 #include "widgets/NewPresetDialog.h"
 
 #include <QFileDialog>
@@ -93,14 +94,40 @@ PresetDialogs::Unsaved PresetDialogs::AskAboutUnsaved(const QString& problem,
     }
 }
 
+bool PresetDialogs::AskNumbered(const QStringList& names) const
+{
+    constexpr int MostShown = 5;
+    QString list = names.mid(0, MostShown).join(QStringLiteral(", "));
+    if (names.size() > MostShown)
+        list += QStringLiteral(", …");
+    const QString text = tr("There are other looks of these names among yours: %1\n\n"
+                            "Keep Both adds the new ones with a number,\nCancel leaves them out.")
+                             .arg(list);
+    AlertBox box(AlertBox::Level::Information, tr("Keep Both"), text,
+                 QMessageBox::Yes | QMessageBox::Cancel, &m_window, Qt::WindowFlags());
+    Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Yes}, QMessageBox::Yes);
+    return box.Exec() == QMessageBox::Yes;
+}
+
+QString PresetDialogs::AskShareFile(const QString& fileName) const
+{
+    const QString suffix = QLatin1String(LookFormat::Suffix);
+    QFileDialog dialog(&m_window, tr("Share looks"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(suffix);
+    dialog.setNameFilter(QStringLiteral("*.") + suffix);
+    dialog.selectFile(fileName);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
 QStringList PresetDialogs::AskImports() const
 {
     QFileDialog dialog(&m_window, tr("Import looks"));
     dialog.setFileMode(QFileDialog::ExistingFiles);
     dialog.setNameFilters(
         {tr("Looks (%1)")
-             .arg(QStringLiteral("*.cube *.3dl *.clf *.cc *.ccc *.cdl *.png *.tif *.tiff *.xmp "
-                                 "*.lrtemplate *.pp3 *.json")),
+             .arg(QStringLiteral("*.lumetra *.cube *.3dl *.clf *.cc *.ccc *.cdl *.png *.tif *.tiff "
+                                 "*.jpg *.jpeg *.webp *.zip *.xmp *.lrtemplate *.pp3 *.json")),
          tr("All files (%1)").arg(QStringLiteral("*"))});
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
 }

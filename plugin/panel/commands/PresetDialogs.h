@@ -32,6 +32,10 @@ public:
     /// Asks whether the program may end without saving the presets. `problem` is a sentence that
     /// says why they are not saved; `canTryAgain`: true where that may change.
     Unsaved AskAboutUnsaved(const QString& problem, bool canTryAgain) const;
+    /// Asks whether looks of taken names are imported under numbered ones.
+    bool AskNumbered(const QStringList& names) const;
+    /// Asks for the file in which looks are shared; `fileName` is proposed.
+    QString AskShareFile(const QString& fileName) const;
     /// Asks for files with looks.
     QStringList AskImports() const;
     /// Asks for a folder with looks.

@@ -37,7 +37,8 @@ void PresetCommands::ImportFiles(const QStringList& paths)
         });
     if (!files)
         return Tell(tr("Nothing was imported."));
-    const ImportReport report = PresetImport::AddTo(m_presets, *files);
+    const ImportReport report = PresetImport::AddTo(
+        m_presets, *files, [this](const QStringList& names) { return m_dialogs.AskNumbered(names); });
     if (!report.presets.empty()) {
         const QPersistentModelIndex last = report.presets.back().index;
         Save();
@@ -54,10 +55,15 @@ void PresetCommands::TellOf(const ImportReport& report)
         (new ImportSummary(report, m_dialogs.GetWindow()))->show();
         return Tell(ImportSummary::MakeSentence(report));
     }
+    if (report.known.size() == 1)
+        Tell(tr("“%1” is here already, as “%2”.")
+                 .arg(report.known.front().name, report.known.front().knownAs));
+    else if (!report.known.empty())
+        Tell(tr("%1 looks are here already.").arg(report.known.size()));
     for (const QString& problem : report.problems)
         Tell(problem);
     if (!report.presets.empty())
-        Tell(ImportSummary::MakeSentence({report.presets, {}}));
+        Tell(ImportSummary::MakeSentence({report.presets, {}, {}}));
 }
 
 } // namespace LumetraPlugin

@@ -4,6 +4,7 @@
 #include "core/PresetModel.h"
 #include "panel/grid/PresetDelegate.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 
@@ -141,6 +142,7 @@ void PresetGrid::mousePressEvent(QMouseEvent* event)
 {
     const QModelIndex row = indexAt(event->pos());
     m_pressed = event->button() == Qt::LeftButton ? row : QModelIndex();
+    m_pressedAt = event->pos();
     if (row.isValid())
         SetCurrentPreset(m_presets->ToPreset(row));
     event->accept();
@@ -175,6 +177,13 @@ void PresetGrid::mouseMoveEvent(QMouseEvent* event)
     QListView::mouseMoveEvent(event);
     if (event->buttons() == Qt::NoButton)
         Point(indexAt(event->pos()));
+    const int way = (event->pos() - m_pressedAt).manhattanLength();
+    if (!(event->buttons() & Qt::LeftButton) || !m_pressed.isValid() ||
+        way < QApplication::startDragDistance())
+        return;
+    const QModelIndex preset = m_presets->ToPreset(m_pressed);
+    m_pressed = QModelIndex(); // its end is no click
+    emit dragged(preset);
 }
 
 void PresetGrid::leaveEvent(QEvent* event)

@@ -29,6 +29,8 @@ signals:
     void chosen(const QModelIndex& preset);
     void starClicked(const QModelIndex& preset);
     void pointed(const QModelIndex& preset); ///< the mouse is on it; invalid: on none any more
+    /// The mouse, pressed on it, is moved away: the preset is dragged to somewhere else.
+    void dragged(const QModelIndex& preset);
     void menuRequested(const QModelIndex& preset, const QPoint& globalPosition);
     /// The arrow keys have moved to this preset.
     void stepped(const QModelIndex& preset);
@@ -60,6 +62,7 @@ private:
     QPersistentModelIndex m_current; // of the preset model, so that it survives resets of the page
     QPersistentModelIndex m_pointed;
     QPersistentModelIndex m_pressed; // a row of the page
+    QPoint m_pressedAt;
 };
 
 } // namespace LumetraPlugin

@@ -359,6 +359,14 @@
         <source>This look cannot be changed.</source>
         <translation>Dieser Look kann nicht geändert werden.</translation>
     </message>
+    <message>
+        <source>“%1” is here already, as “%2”.</source>
+        <translation>„%1“ ist schon da, als „%2“.</translation>
+    </message>
+    <message>
+        <source>%1 looks are here already.</source>
+        <translation>%1 Looks sind schon da.</translation>
+    </message>
 </context>
 <context>
     <name>LumetraPlugin::PresetDialogs</name>
@@ -408,6 +416,24 @@ Verwerfen beendet das Programm ohne sie.</translation>
         <source>Import a folder of looks</source>
         <translation>Einen Ordner mit Looks importieren</translation>
     </message>
+    <message>
+        <source>There are other looks of these names among yours: %1
+
+Keep Both adds the new ones with a number,
+Cancel leaves them out.</source>
+        <translation>Unter Ihren Looks gibt es schon andere mit diesen Namen: %1
+
+„Beide behalten“ nummeriert die neuen,
+„Abbrechen“ lässt sie weg.</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>Beide behalten</translation>
+    </message>
+    <message>
+        <source>Share looks</source>
+        <translation>Looks weitergeben</translation>
+    </message>
 </context>
 <context>
     <name>LumetraPlugin::PresetPageModel</name>
@@ -455,10 +481,6 @@ Verwerfen beendet das Programm ohne sie.</translation>
         <translation>%1, einige sind noch zu laden</translation>
     </message>
     <message>
-        <source>Looks that you save or import appear here. Drop .cube and other LUT files to import them.</source>
-        <translation>Hier erscheinen Looks, die Sie speichern oder importieren. Ziehen Sie .cube- und andere LUT-Dateien hierher, um sie zu importieren.</translation>
-    </message>
-    <message>
         <source>No look is called “%1”.</source>
         <translation>Kein Look heißt „%1“.</translation>
     </message>
@@ -473,6 +495,10 @@ Verwerfen beendet das Programm ohne sie.</translation>
     <message>
         <source>There are no looks.</source>
         <translation>Es gibt keine Looks.</translation>
+    </message>
+    <message>
+        <source>Looks that you save or import appear here. Drop files with looks, .cube and other LUT files to import them.</source>
+        <translation>Hier erscheinen Looks, die Sie speichern oder importieren. Ziehen Sie Look-, .cube- und andere LUT-Dateien hierher, um sie zu importieren.</translation>
     </message>
 </context>
 <context>
@@ -542,6 +568,41 @@ Verwerfen beendet das Programm ohne sie.</translation>
     <message>
         <source>Open or shut the group in that place</source>
         <translation>Gruppe an dieser Stelle öffnen oder schließen</translation>
+    </message>
+    <message>
+        <source>Share…</source>
+        <translation>Weitergeben…</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraPlugin::ShareDialog</name>
+    <message>
+        <source>Share looks</source>
+        <translation>Looks weitergeben</translation>
+    </message>
+    <message>
+        <source>The file holds the looks with their tables and a small picture of each. Your photos stay with you.</source>
+        <translation>Die Datei enthält die Looks mit ihren Tabellen und je einem kleinen Bild. Ihre Fotos bleiben bei Ihnen.</translation>
+    </message>
+    <message>
+        <source>Share…</source>
+        <translation>Weitergeben…</translation>
+    </message>
+    <message>
+        <source>&amp;Author:</source>
+        <translation>&amp;Autor:</translation>
+    </message>
+    <message>
+        <source>&amp;Licence:</source>
+        <translation>&amp;Lizenz:</translation>
+    </message>
+    <message>
+        <source>Looks</source>
+        <translation>Looks</translation>
+    </message>
+    <message>
+        <source>User presets</source>
+        <translation>Eigene Presets</translation>
     </message>
 </context>
 <context>

@@ -113,6 +113,7 @@ void PresetPages::ConnectGrid(PresetGrid& grid)
     connect(&grid, &PresetGrid::chosen, this, &PresetPages::chosen);
     connect(&grid, &PresetGrid::starClicked, this, &PresetPages::starClicked);
     connect(&grid, &PresetGrid::pointed, this, &PresetPages::pointed);
+    connect(&grid, &PresetGrid::dragged, this, &PresetPages::dragged);
     connect(&grid, &PresetGrid::menuRequested, this, &PresetPages::menuRequested);
     connect(&grid, &PresetGrid::stepped, this, &PresetPages::ScrollLater);
     connect(&grid, &PresetGrid::stepped, this, &PresetPages::stepped);
@@ -241,8 +242,9 @@ QString PresetPages::MakeHint() const
 
 QString PresetPages::MakeUserHint()
 {
-    return tr("Looks that you save or import appear here. Drop .cube and other LUT files to import "
-              "them.");
+    return tr(
+        "Looks that you save or import appear here. Drop files with looks, .cube and other LUT "
+        "files to import them.");
 }
 
 void PresetPages::FocusOn(PresetGrid& grid, bool isLast)

@@ -48,6 +48,7 @@ signals:
     void chosen(const QModelIndex& preset);
     void starClicked(const QModelIndex& preset);
     void pointed(const QModelIndex& preset);
+    void dragged(const QModelIndex& preset); ///< to somewhere else
     void menuRequested(const QModelIndex& preset, const QPoint& globalPosition);
     void stepped(const QModelIndex& preset);
     void stepsEnded();

@@ -51,8 +51,12 @@ void PresetsFrame::ShowTexts()
     setAccessibleName(tr("Looks"));
 }
 
+/// A look that is dragged out of the panel is no file for the panel.
 void PresetsFrame::dragEnterEvent(QDragEnterEvent* event)
 {
+    auto* const source = qobject_cast<QWidget*>(event->source());
+    if (source && isAncestorOf(source))
+        return;
     if (!LooksOf(*event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }

@@ -9,8 +9,10 @@
 #include "panel/widgets/TunePanel.h"
 
 #include <QAction>
+#include <QDrag>
 #include <QEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -74,6 +76,10 @@ void PresetsWidget::ConnectPages(HoverPreview& hover)
         m_commands.SetFavourite(preset, !isFavourite);
     });
     connect(m_pages, &PresetPages::pointed, &hover, &HoverPreview::Point);
+    connect(m_pages, &PresetPages::dragged, this, [this, &hover](const QModelIndex& preset) {
+        hover.End();
+        Drag(preset);
+    });
     connect(m_pages, &PresetPages::menuRequested, this, &PresetsWidget::ShowMenu);
 }
 
@@ -114,6 +120,7 @@ void PresetsWidget::MakeActions()
     m_bar->OfferImports({m_import, m_importFolder});
     m_export = AddAction("exportPreset", Qt::CTRL + Qt::SHIFT + Qt::Key_E,
                          [this] { m_commands.Export(GetTargetPreset()); });
+    m_share = AddAction("sharePreset", {}, [this] { m_commands.Share(GetTargetPreset()); });
     m_search = AddAction("searchPresets", QKeySequence::Find, [this] { m_bar->FocusSearch(); });
     for (int page = 0; page < PagesWithKeys; ++page) {
         auto* shortcut = new QShortcut(QKeySequence(Qt::ALT + Qt::Key_1 + page), this);
@@ -136,6 +143,7 @@ void PresetsWidget::ShowActionTexts()
     m_import->setText(tr("Import looks…"));
     m_importFolder->setText(tr("Import a folder of looks…"));
     m_export->setText(tr("Export as .cube…"));
+    m_share->setText(tr("Share…"));
     for (QShortcut* const shortcut : findChildren<QShortcut*>())
         shortcut->setWhatsThis(tr("Open or shut the group in that place")); // for lists of keys
 }
@@ -159,6 +167,7 @@ void PresetsWidget::ShowMenu(const QModelIndex& preset, const QPoint& position)
     menu.addAction(m_favourite);
     menu.addSeparator();
     menu.addAction(m_saveAs);
+    menu.addAction(m_share);
     menu.addAction(m_export);
     if (isUsers) {
         menu.addAction(m_rename);
@@ -173,6 +182,17 @@ void PresetsWidget::ShowMenu(const QModelIndex& preset, const QPoint& position)
     menu.exec(position);
     m_favourite->setCheckable(false);
     m_menuPreset = QModelIndex();
+}
+
+/// Hands the look as a file to wherever it is dropped.
+void PresetsWidget::Drag(const QModelIndex& preset)
+{
+    auto files = m_commands.MakeDragData(preset);
+    if (!files)
+        return;
+    auto* const drag = new QDrag(this); // Qt deletes it
+    drag->setMimeData(files.release());
+    drag->exec(Qt::CopyAction);
 }
 
 void PresetsWidget::changeEvent(QEvent* event)

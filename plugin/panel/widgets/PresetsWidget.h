@@ -47,6 +47,7 @@ private:
     QAction* AddAction(const char* name, const QKeySequence& key, const std::function<void()>& run);
     void ShowActionTexts();
     void ShowMenu(const QModelIndex& preset, const QPoint& position);
+    void Drag(const QModelIndex& preset);
     /// The preset for an action: the one with the menu, else with the keyboard, else the one on the
     /// photo.
     QModelIndex GetTargetPreset() const;
@@ -69,6 +70,7 @@ private:
     QAction* m_import = nullptr;
     QAction* m_importFolder = nullptr;
     QAction* m_export = nullptr;
+    QAction* m_share = nullptr;
 };
 
 } // namespace LumetraPlugin

@@ -378,6 +378,24 @@ TEST_F(LooksTest, looksOfImportedTablesAreThereAfterARestart)
     EXPECT_EQ(GetPicture(), drawn);
 }
 
+TEST_F(LooksTest, filesWithLooksGoToThePanelHoweverTheyAreOpened)
+{
+    const auto writeLook = [this](const char* name, const char* stops) {
+        return WriteFile(name, QByteArray(R"({ "format": "lumetra-look", "version": 1, "looks": [
+            { "name": "Sent )") + stops + R"(", "effects": [ { "effect": { "id": "exposure",
+            "stops": )" + stops + " } } ] } ] }");
+    };
+    DropFiles({writeLook("dropped.lumetra", "1")});
+    EXPECT_TRUE(HasLook(QStringLiteral("Sent 1")));
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr("Sent 1"));
+
+    window->TakeFiles({writeLook("named.lumetra", "2"), Path("lake.png")}); // as at the start
+    WaitUntil([this] { return !editor->IsOpening(); });
+    EXPECT_TRUE(HasLook(QStringLiteral("Sent 2")));
+    ClickLook(QStringLiteral("Sent 2"));
+    EXPECT_NE(GetPicture(), original);
+}
+
 TEST_F(LooksTest, aTableOfGarbageIsRefused)
 {
     QByteArray garbage(5 << 20, '\0');

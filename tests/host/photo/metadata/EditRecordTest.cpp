@@ -56,3 +56,21 @@ TEST(EditRecords, refuseADamagedPacket)
 {
     EXPECT_THROW(EditRecords::Read("<x:xmpmeta"), Zorvik::Exception);
 }
+
+TEST(EditRecords, takeLooksAlongToTheByteAndSayWhereOneIsMissing)
+{
+    EditRecord whole{"Whole", 80};
+    whole.look = "{\"a\": [1, \"<&>\", \"\\n  \xc3\x9c\"]}";
+    EditRecord missing{"Missing", 100};
+    missing.lookLeftOut = "too large";
+
+    const auto records =
+        EditRecords::Read(EditRecords::Add({}, {whole, missing, {"Old", 5}}, "Lumetra"));
+
+    ASSERT_EQ(records.size(), 3U);
+    EXPECT_EQ(records[0].look, whole.look);
+    EXPECT_EQ(records[0].intensity, 80);
+    EXPECT_EQ(records[1].look, "");
+    EXPECT_EQ(records[1].lookLeftOut, "too large");
+    EXPECT_EQ(records[2].look + records[2].lookLeftOut, "");
+}

@@ -91,7 +91,8 @@ protected:
 TEST_F(PresetMenuTest, offersWhatTheLookAllows)
 {
     const QStringList always{QStringLiteral("applyPreset"), QStringLiteral("favouritePreset"),
-                             QStringLiteral("savePreset"), QStringLiteral("exportPreset")};
+                             QStringLiteral("savePreset"), QStringLiteral("sharePreset"),
+                             QStringLiteral("exportPreset")};
     EXPECT_EQ(NamesInMenu("Grey"), always);
     EXPECT_EQ(NamesInMenu("Mine"), always + QStringList({QStringLiteral("renamePreset"),
                                                          QStringLiteral("removePreset")}));
