@@ -48,9 +48,9 @@ std::vector<EffectPtr> MakeEffects()
          MakeEffect("colourGrading",
                     {{"shadowHue", 220}, {"shadowSaturation", 30}, {"midtoneLuminance", 10}}),
          MakeEffect("vignette", {{"amount", -1}}), MakeEffect("grain", {{"amount", 25}}),
-         MakeEffect("gaussianBlur", {{"radius", 0.05}}), MakeEffect("sharpen", {{"amount", 80}}),
-         MakeEffect("texture", {{"amount", 40}}), MakeEffect("clarity", {{"amount", 40}}),
-         MakeCube()});
+         MakeEffect("dehaze", {{"amount", 40}}), MakeEffect("gaussianBlur", {{"radius", 0.05}}),
+         MakeEffect("sharpen", {{"amount", 80}}), MakeEffect("texture", {{"amount", 40}}),
+         MakeEffect("clarity", {{"amount", 40}}), MakeCube()});
     return effects;
 }
 

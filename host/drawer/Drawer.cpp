@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "drawer/Drawer.h"
 
+#include "engine/run/WholePicture.h"
 #include "image/Overview.h"
 
 #include "Zorvik/Exception.h"
@@ -32,8 +33,10 @@ void Drawer::SetPhoto(const Image& photo)
     m_painter.DropPainting();
     m_stack.TakeAll();
     m_committed.clear();
-    if (!m_photo.SharesPixelsWith(photo))
+    if (!m_photo.SharesPixelsWith(photo)) {
         m_overview = photo.IsNull() ? nullptr : std::make_shared<Overview>(photo);
+        m_whole = photo.IsNull() ? nullptr : WholePicture::OfPhoto(photo);
+    }
     m_photo = photo;
     NotifyCommittedPhotoChanged();
     NotifyFrameChanged();
@@ -57,6 +60,7 @@ PictureRecipe Drawer::GetCommittedRecipe() const
     PictureRecipe recipe;
     recipe.photo = m_photo;
     recipe.overview = m_overview;
+    recipe.whole = m_whole;
     for (const StackedPackage& package : m_committed)
         AddLayer(package, recipe);
     recipe.committed = recipe.layers.size();

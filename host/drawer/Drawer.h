@@ -100,7 +100,8 @@ private:
 
     Renderer m_renderer;
     Image m_photo;
-    std::shared_ptr<Overview> m_overview; ///< of the photo; null without one
+    std::shared_ptr<Overview> m_overview;        ///< of the photo; null without one
+    std::shared_ptr<const WholePicture> m_whole; ///< the photo; null without one
     std::vector<StackedPackage> m_committed;
     PackageStack m_stack;
     Painter m_painter;

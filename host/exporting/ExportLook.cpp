@@ -79,8 +79,7 @@ ExportLook::Layer ExportLook::MakeLayer(const Package& package,
     Layer layer;
     layer.blendAmount = package.blendAmount;
     layer.table = std::move(table);
-    if (!layer.table)
-        layer.effects = package.colours;
+    (layer.table ? layer.tabled : layer.effects) = package.colours;
     layer.effects.insert(layer.effects.end(), package.others.begin(), package.others.end());
     return layer;
 }

@@ -34,7 +34,9 @@ public:
     struct Layer
     {
         std::shared_ptr<const ColourTable> table; ///< stands before the effects, or null
-        Zorvik::Quindle::EffectList effects;
+        /// The effects that the table stands for; empty without one.
+        Zorvik::Quindle::EffectList tabled;
+        Zorvik::Quindle::EffectList effects; ///< those behind the table
         int blendAmount = 1;
     };
 

@@ -173,7 +173,7 @@ void ExportRun::AddDrawing(ExportStream& stream, const PictureForm& source, Imag
     if (m_recipe.look)
         for (const auto& layer : m_recipe.look->GetLayers(source, depth == Image::Depth::Bits8,
                                                           m_pool, m_control.cancel))
-            stream.AddLayer(layer);
+            stream.AddLayer(layer, m_pool, m_control.cancel);
     if (m_isConverted)
         stream.ConvertToSrgb();
 }

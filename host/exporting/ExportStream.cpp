@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace LumetraHost {
 namespace {
@@ -34,17 +35,27 @@ std::optional<ColourSpace> GetFirstSpace(const ExportLook::Layer& layer)
     return std::nullopt;
 }
 
-StageContext MakeContext(const PictureRunForm& form, const std::shared_ptr<const RgbSpace>& space)
+StageContext MakeContext(const PictureRunForm& form, const std::shared_ptr<const RgbSpace>& space,
+                         std::shared_ptr<const PictureFacts> facts = nullptr)
 {
-    return {form.isa, PictureArea::Whole(form.width, form.height), form.depth, space};
+    return {form.isa, PictureArea::Whole(form.width, form.height), form.depth, space,
+            std::move(facts)};
+}
+
+Zorvik::Quindle::EffectList GetAllEffects(const ExportLook::Layer& layer)
+{
+    auto effects = layer.tabled;
+    effects.insert(effects.end(), layer.effects.begin(), layer.effects.end());
+    return effects;
 }
 
 } // namespace
 
 ExportLayer::ExportLayer(const ExportLook::Layer& layer, const PictureRunForm& form,
-                         const std::shared_ptr<const RgbSpace>& space)
+                         const std::shared_ptr<const RgbSpace>& space,
+                         std::shared_ptr<const PictureFacts> facts)
     : m_hasTable(layer.table != nullptr),
-      m_plan(layer.effects, MakeContext(form, space), GetFirstSpace(layer)),
+      m_plan(layer.effects, MakeContext(form, space, std::move(facts)), GetFirstSpace(layer)),
       m_run(m_plan, With(layer, form))
 {
 }
@@ -61,9 +72,17 @@ ExportStream::ExportStream(RowSource& source, Image::Depth drawingDepth, int thr
 {
 }
 
-void ExportStream::AddLayer(const ExportLook::Layer& layer)
+void ExportStream::AddLayer(const ExportLook::Layer& layer, ThreadPool& pool,
+                            const CancelToken* cancel)
 {
-    m_layers.emplace_back(layer, m_form, m_source.GetForm().space);
+    if (!m_whole)
+        m_whole = WholePicture::Of(
+            m_form.width, m_form.height, [this, &pool, cancel](const WholePicture::Size& size) {
+                return m_source.Reduce(size.width, size.height, m_form.threads, pool, cancel);
+            });
+    const auto below = layer.table ? m_whole->With(layer.tabled, FullEffect) : m_whole;
+    m_layers.emplace_back(layer, m_form, m_source.GetForm().space, below);
+    m_whole = m_whole->With(GetAllEffects(layer), layer.blendAmount);
     if (m_layers.back().ChangesNothing())
         m_layers.pop_back();
 }

@@ -3,6 +3,7 @@
 
 #include "engine/run/PictureRun.h"
 #include "engine/run/RenderPlan.h"
+#include "engine/run/WholePicture.h"
 #include "exporting/ExportLook.h"
 #include "exporting/RowSource.h"
 #include "exporting/ShrinkStep.h"
@@ -18,8 +19,10 @@ class ExportLayer
 {
 public:
     /// `form` without what the layer knows: table and blend amount. `space`: of the picture.
+    /// `facts`: of the picture below the effects behind the table.
     ExportLayer(const ExportLook::Layer& layer, const PictureRunForm& form,
-                const std::shared_ptr<const RgbSpace>& space);
+                const std::shared_ptr<const RgbSpace>& space,
+                std::shared_ptr<const PictureFacts> facts);
     /// Converts a picture from its space to sRGB.
     ExportLayer(const PictureRunForm& form, const std::shared_ptr<const RgbSpace>& space);
 
@@ -47,7 +50,9 @@ public:
     /// the source. `threads`: at least 1; they do not change the pixels.
     ExportStream(RowSource& source, Image::Depth drawingDepth, int threads);
 
-    void AddLayer(const ExportLook::Layer& layer);
+    /// Draws a layer on those before it. Where one of its effects looks at the whole picture,
+    /// `source` is reduced, which reads it once more, on `pool`; null when that was cancelled.
+    void AddLayer(const ExportLook::Layer& layer, ThreadPool& pool, const CancelToken* cancel);
     /// Converts a picture that is in a space of its own to sRGB, behind all layers.
     void ConvertToSrgb();
     /// Rounds behind all layers; `depth` has no more bits than they draw with.
@@ -93,6 +98,7 @@ private:
     Image::Depth m_depth;
     int m_width; ///< of the finished rows
     std::unique_ptr<const ShrinkStep> m_shrink;
+    WholePicture::Ptr m_whole; ///< with the layers so far; null before the first one
     std::deque<ExportLayer> m_layers;
     std::deque<Image> m_rings;
 };

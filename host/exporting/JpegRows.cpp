@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "exporting/JpegRows.h"
 
+#include "exporting/ExportStream.h"
 #include "image/DepthConversion.h"
 #include "photo/colour/ColorConversion.h"
 #include "photo/metadata/MetadataReader.h"
@@ -41,6 +42,21 @@ void JpegRows::Read(int /*y*/, int count, Image& rows, int first)
         m_narrow = Image::AllocateUninitialised(m_reader.GetWidth(), count, Image::Depth::Bits8);
     m_reader.Read(m_narrow, 0, count);
     CopyRows(m_narrow, 0, rows, first, count);
+}
+
+Image JpegRows::Reduce(int width, int height, int threads, ThreadPool& pool,
+                       const CancelToken* cancel) const
+{
+    JpegRows again(m_content, m_name);
+    ExportStream stream(again, Image::Depth::Bits8, threads);
+    stream.ShrinkTo(width, height);
+    Image reduced = Image::AllocateUninitialised(width, height, Image::Depth::Bits8, m_space);
+    int y = 0;
+    const auto keep = [&reduced, &y](const Image& rows, int first, int count) {
+        CopyRows(rows, first, reduced, y, count);
+        y += count;
+    };
+    return stream.Run(keep, pool, cancel) ? reduced : Image();
 }
 
 } // namespace LumetraHost

@@ -26,10 +26,18 @@ public:
     PictureForm GetForm() const override;
     bool IsInOrder() const override { return true; }
     void Read(int y, int count, Image& rows, int first) override;
+    /// Decodes the file another time, band by band: it is never whole in memory for this either.
+    Image Reduce(int width, int height, int threads, ThreadPool& pool,
+                 const CancelToken* cancel) const override;
 
 private:
-    JpegRows(const Bytes& content, const std::string& name) : m_reader(content, name) {}
+    JpegRows(const Bytes& content, const std::string& name)
+        : m_content(content), m_name(name), m_reader(content, name)
+    {
+    }
 
+    const Bytes& m_content;
+    const std::string m_name;
     JpegRowReader m_reader;
     PhotoMetadata m_metadata;
     std::shared_ptr<const RgbSpace> m_space; ///< null: sRGB

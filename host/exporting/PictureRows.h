@@ -14,6 +14,8 @@ public:
     PictureForm GetForm() const override { return m_form; }
     bool IsInOrder() const override { return false; }
     void Read(int y, int count, Image& rows, int first) override;
+    Image Reduce(int width, int height, int threads, ThreadPool& pool,
+                 const CancelToken* cancel) const override;
 
 private:
     const Image m_picture;

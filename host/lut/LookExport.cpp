@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "lut/LookExport.h"
 
-#include "catalogue/VisibleText.h"
 #include "engine/effects/EffectKinds.h"
+#include "engine/run/Blend.h"
+#include "engine/run/RenderPlan.h"
 #include "engine/run/Renderer.h"
 
 #include "Zorvik/Exception.h"
@@ -12,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace LumetraHost {
 namespace {
@@ -58,21 +60,13 @@ Image MakePicture(const LookUpTable& table)
     return picture;
 }
 
-void TakeColours(const Image& picture, LookUpTable& table)
+void ReadColours(const Image& picture, LookUpTable& table)
 {
     float* value = table.values.data();
     for (int y = 0; y < picture.GetHeight(); ++y)
         for (int x = 0; x < picture.GetWidth(); ++x, value += LookUpTable::Stride)
             for (int c = 0; c < 3; ++c)
                 value[c] = static_cast<float>(picture.Row16(y)[4 * x + c]) / 65535.0f;
-}
-
-// A title stands in quotes, on one line.
-QByteArray CleanTitle(const QString& title)
-{
-    QByteArray text = VisibleText::WithoutControls(title).simplified().toUtf8();
-    text.replace('"', '\'');
-    return text;
 }
 
 } // namespace
@@ -90,34 +84,39 @@ std::vector<std::string> LookExport::FindUnfitEffects(const EffectsSettings& loo
     return names;
 }
 
+EffectsSettings LookExport::TakeColours(const EffectsSettings& look)
+{
+    EffectsSettings colours = look;
+    auto& effects = colours.Effects();
+    effects.erase(std::remove_if(effects.begin(), effects.end(), std::not_fn(Fits)), effects.end());
+    return colours;
+}
+
+bool LookExport::ChangesNothing(const EffectsSettings& look)
+{
+    const StageContext context{Isa::Baseline, PictureArea::Whole(1024, 1024)};
+    return ClampBlendAmount(look.GetBlendAmount()) == SourceOnly ||
+           RenderPlan(look.Effects(), context).IsEmpty();
+}
+
+std::string LookExport::DescribeUnfit(const std::vector<std::string>& names)
+{
+    return "expected effects of colour alone, which fit into a table, found " + Quote(names);
+}
+
 LookUpTable LookExport::MakeTable(const EffectsSettings& look, int size)
 {
     const auto unfit = FindUnfitEffects(look);
     if (!unfit.empty())
-        throw Zorvik::Exception("expected effects of colour alone, which fit into a table, found " +
-                                    Quote(unfit),
-                                BOOST_CURRENT_FUNCTION, "lut/LookExport", __LINE__);
+        throw Zorvik::Exception(DescribeUnfit(unfit), BOOST_CURRENT_FUNCTION, "lut/LookExport",
+                                __LINE__);
     if (size < SmallestSize || size > LargestSize)
         throw Zorvik::Exception("expected a size from " + std::to_string(SmallestSize) + " to " +
                                     std::to_string(LargestSize) + ", found " + std::to_string(size),
                                 BOOST_CURRENT_FUNCTION, "lut/LookExport", __LINE__);
     auto table = LookUpTable::MakeIdentity(LookUpTable::Kind::Cube, size, {0, 0, 0}, {1, 1, 1});
-    TakeColours(Renderer().Render(MakePicture(table), look), table);
+    ReadColours(Renderer().Render(MakePicture(table), look), table);
     return table;
-}
-
-QByteArray LookExport::ToCubeFile(const LookUpTable& table, const QString& title)
-{
-    QByteArray text = "TITLE \"" + CleanTitle(title) + "\"\nLUT_3D_SIZE " +
-                      QByteArray::number(table.size) +
-                      "\nDOMAIN_MIN 0.0 0.0 0.0\nDOMAIN_MAX 1.0 1.0 1.0\n";
-    text.reserve(text.size() + static_cast<int>(table.GetCount()) * 27);
-    for (std::size_t i = 0; i < table.GetCount(); ++i)
-        for (std::size_t c = 0; c < 3; ++c)
-            text += QByteArray::number(
-                        static_cast<double>(table.values[LookUpTable::Stride * i + c]), 'f', 6) +
-                    (c == 2 ? '\n' : ' ');
-    return text;
 }
 
 } // namespace LumetraHost

@@ -101,7 +101,21 @@ TEST_F(CliTest, refusesToExportATableThatCannotBe)
     const std::vector<std::pair<const char*, const char*>> cases = {
         {"export-lut -o a.cube", "expected one --preset, found 0"},
         {"export-lut -p test.grey -p test.bright -o a.cube", "expected one --preset, found 2"},
-        {"export-lut -p test.grey -o a.png", "expected the name of a .cube file, found \"a.png\""},
+        {"export-lut -p test.grey -o a.txt",
+         "--output: expected a name that ends in .cube, .clf, .png, .tif or .tiff, or --format, "
+         "found \"a.txt\""},
+        {"export-lut -p test.grey -o a.3dl", "--output: expected a name that ends in .cube, .clf"},
+        {"export-lut -p test.grey -o a", "--output: expected a name that ends in .cube, .clf"},
+        {"export-lut -p test.grey", "--output: expected a name that ends in .cube, .clf"},
+        {"export-lut -p test.grey -o a.cube --format clf",
+         "--format: \"clf\" does not fit the file name \"a.cube\""},
+        {"export-lut -p test.grey -o a.cdl --format clf",
+         "--format: \"clf\" does not fit the file name \"a.cdl\""},
+        {"export-lut -p test.grey -o a.png --format 3dl",
+         "--format: expected cube, clf or hald, found \"3dl\""},
+        {"export-lut -p test.grey -o a.png --size 33",
+         "--size: expected a square for a HaldCLUT, 4, 9, 16, 25, 36, 49, 64, 81, 100 or 121, "
+         "found 33"},
         {"export-lut -p test.grey -o folder.cube --overwrite",
          "--output: expected a file to write, found the folder \"folder.cube\""},
         {"export-lut -p test.grey -o there.cube", "\"there.cube\" exists; --overwrite replaces it"},
@@ -198,8 +212,72 @@ TEST_F(CliTest, refusesToExportWhatDoesNotFitIntoALut)
     EXPECT_EQ(result.code, 1);
     EXPECT_EQ(result.messages,
               "lumetra-presets: \"Framed\": expected effects of colour alone, which "
-              "fit into a table, found \"vignette\", \"grain\"\n");
+              "fit into a table, found \"vignette\", \"grain\"; --colours-only leaves "
+              "them out\n");
     EXPECT_FALSE(Exists("look.cube"));
+}
+
+TEST_F(CliTest, exportsAPresetInEveryFormat)
+{
+    WritePhoto("photo.png");
+    const auto apply = [this](const char* preset) {
+        EXPECT_EQ(Run(WithStore({Text("apply"), Text("photo.png"), Text("--preset"), Text(preset),
+                                 Text("-o"), Text("out.png"), Text("--overwrite")}))
+                      .code,
+                  0)
+            << preset;
+        return ReadPhoto("out.png");
+    };
+    const auto expected = apply("test.bright");
+    for (const char* name : {"look.cube", "look.CLF", "look.png", "look.tif", "look.tiff"}) {
+        const CliResult result = Run(WithStore(
+            {Text("export-lut"), Text("-p"), Text("test.bright"), Text("-o"), Text(name)}));
+        EXPECT_EQ(result.code, 0) << result.messages;
+        EXPECT_EQ(result.output, std::string(name) + "\n");
+        EXPECT_EQ(result.messages, "");
+        EXPECT_LE(GetLargestDifference(expected, apply(name)), 2) << name;
+    }
+    EXPECT_EQ(Run(Words("export-lut -p test.bright -o look.lut --format clf")).code, 0);
+    EXPECT_EQ(ReadFile("look.lut"), ReadFile("look.CLF"));
+    EXPECT_EQ(Run(Words("export-lut -p test.bright -o small.png --format hald --size 16")).code, 0);
+    EXPECT_EQ(ReadPhoto("small.png").GetWidth(), 64);
+}
+
+TEST_F(CliTest, leavesOutWhatFitsIntoNoLutAndNamesIt)
+{
+    const auto writeLook = [this](const char* effects) {
+        WriteFile("place.json",
+                  QByteArray(R"({"format": "lumetra-catalogue", "version": 1, "groups": [
+        {"name": "G", "items": [{"name": "Framed", "id": "framed", "settings": {"effects": [)") +
+                      effects + "]}}]}]}");
+    };
+    const QStringList line =
+        QStringList(Words("export-lut --catalogue place.json -p framed --colours-only -o"));
+    const QByteArray exposure = R"({"effect": {"id": "exposure", "stops": 1}})";
+    const QByteArray vignette = R"({"effect": {"id": "vignette", "amount": -1}})";
+    const QByteArray dehaze = R"({"effect": {"id": "dehaze", "amount": 30}})";
+    writeLook(vignette + "," + exposure + "," + dehaze);
+
+    const CliResult result = Run(line + QStringList(Text("look.cube")));
+
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.output, "look.cube\n");
+    EXPECT_EQ(
+        result.messages,
+        "lumetra-presets: \"Framed\": left out \"vignette\", which does not fit into a table\n"
+        "lumetra-presets: \"Framed\": left out \"dehaze\", which does not fit into a table\n");
+    writeLook(exposure);
+    const CliResult plain = Run(line + QStringList(Text("plain.cube")));
+    EXPECT_EQ(plain.messages, "");
+    EXPECT_EQ(ReadFile("plain.cube"), ReadFile("look.cube"));
+
+    writeLook(vignette);
+    const CliResult nothing = Run(line + QStringList(Text("nothing.cube")));
+    EXPECT_EQ(nothing.code, 1);
+    EXPECT_THAT(
+        nothing.messages,
+        HasSubstr("\"Framed\": expected effects of colour, which fit into a table, found none"));
+    EXPECT_FALSE(Exists("nothing.cube"));
 }
 
 TEST_F(CliTest, exportNeedsAPresetASizeAndANewCubeFile)

@@ -7,28 +7,45 @@
 #include "console/UsageError.h"
 #include "core/PresetSession.h"
 #include "lut/LookExport.h"
+#include "lut/LutFormat.h"
+#include "lut/LutWriter.h"
 #include "output/OutputFile.h"
 #include "presets/CatalogueOptions.h"
 #include "presets/PresetOptions.h"
 #include "storage/CheckedFileWriter.h"
 
+#include <boost/current_function.hpp>
+
+#include <optional>
+#include <string>
+#include <vector>
+
 namespace LumetraCli {
 namespace {
 
 using LumetraHost::LookExport;
+using LumetraHost::LutFormat;
+using LumetraHost::LutWriter;
+using Zorvik::Quindle::EffectsSettings;
 
 constexpr int DefaultSize = 33;
+constexpr int DefaultHaldSize = 64; // level 8, as most programs have it
 
 const QString SizeOption = QStringLiteral("size");
+const QString FormatOption = QStringLiteral("format");
+const QString ColoursOnlyOption = QStringLiteral("colours-only");
 
-/// Writes a preset as a .cube file for other programs. Refused for presets with effects that look
-/// at the place or at neighbouring pixels.
+const QString Formats = QStringLiteral("cube, clf or hald");
+
+/// Writes a preset as a look-up table for other programs. Effects that look at the place, at
+/// neighbouring pixels or at the whole picture fit into none: presets with them are refused, or
+/// with --colours-only written without them.
 class ExportLutCommand : public Command
 {
 public:
     ExportLutCommand()
         : Command(QStringLiteral("export-lut"),
-                  QStringLiteral("Writes a preset as a .cube file for other programs."))
+                  QStringLiteral("Writes a preset as a look-up table for other programs."))
     {
     }
 
@@ -41,32 +58,119 @@ void ExportLutCommand::AddOptions(QCommandLineParser& parser) const
 {
     PresetOptions::Add(parser, QStringLiteral("The preset, by name or id."),
                        QStringLiteral("name|id"));
-    parser.addOption({SizeOption, QStringLiteral("Points along each axis, 2 to 129."),
-                      QStringLiteral("number"), QString::number(DefaultSize)});
-    OutputFile::AddOptions(parser, QStringLiteral("The file to write, .cube."));
+    parser.addOption(
+        {FormatOption,
+         QStringLiteral("Format of the file: cube, clf (Common LUT Format) or hald (a HaldCLUT "
+                        "picture of 16 bits). Default: by the name of the file."),
+         QStringLiteral("format")});
+    parser.addOption(
+        {SizeOption,
+         QStringLiteral("Points along each axis, 2 to 129; for a HaldCLUT a square, 4 to 121. "
+                        "Default: 33, for a HaldCLUT 64."),
+         QStringLiteral("number")});
+    parser.addOption({ColoursOnlyOption,
+                      QStringLiteral("Leaves out effects that do not fit into a table, such as "
+                                     "vignette and clarity, and names them.")});
+    OutputFile::AddOptions(parser,
+                           QStringLiteral("The file to write: .cube, .clf, .png, .tif or .tiff."));
     CatalogueOptions::Add(parser);
+}
+
+std::optional<LutFormat> ReadFormatOption(const QCommandLineParser& parser)
+{
+    if (!parser.isSet(FormatOption))
+        return std::nullopt;
+    const QString name = parser.value(FormatOption);
+    if (name == QLatin1String("cube"))
+        return LutFormat::Cube;
+    if (name == QLatin1String("clf"))
+        return LutFormat::Clf;
+    if (name == QLatin1String("hald"))
+        return LutFormat::Hald;
+    throw UsageError(QStringLiteral("--format: expected %1, found \"%2\"").arg(Formats, name));
+}
+
+/// A name that announces another format would be read as that, and not be understood.
+LutFormat ReadFormat(const QCommandLineParser& parser)
+{
+    const QString output = OutputFile::GetName(parser);
+    const auto wanted = ReadFormatOption(parser);
+    const auto named = LumetraHost::GetLutFormatOfName(output);
+    if (wanted && named && wanted != named)
+        throw UsageError(QStringLiteral("--format: \"%1\" does not fit the file name \"%2\"")
+                             .arg(parser.value(FormatOption), output));
+    if (!wanted && !(named && LutWriter::CanWrite(*named)))
+        throw UsageError(QStringLiteral("--output: expected a name that ends in .cube, .clf, .png, "
+                                        ".tif or .tiff, or --format, found \"%1\"")
+                             .arg(output));
+    return wanted.value_or(named.value_or(LutFormat::Cube));
+}
+
+int ReadSize(const QCommandLineParser& parser, LutFormat format)
+{
+    const bool isHald = format == LutFormat::Hald;
+    if (!parser.isSet(SizeOption))
+        return isHald ? DefaultHaldSize : DefaultSize;
+    const int size =
+        ReadNumber(parser, SizeOption, LookExport::SmallestSize, LookExport::LargestSize);
+    if (isHald && !LutWriter::IsHaldSize(size))
+        throw UsageError(
+            QStringLiteral("--size: expected a square for a HaldCLUT, 4, 9, 16, 25, 36, "
+                           "49, 64, 81, 100 or 121, found %1")
+                .arg(size));
+    return size;
+}
+
+[[noreturn]] void Fail(const std::string& text)
+{
+    throw Zorvik::Exception(text, BOOST_CURRENT_FUNCTION, "commands/ExportLutCommand", __LINE__);
+}
+
+/// The look without the effects that fit into no table. Zorvik::Exception when nothing remains.
+EffectsSettings LeaveOut(const std::vector<std::string>& unfit, const EffectsSettings& look,
+                         const QString& preset, Console& console)
+{
+    for (const std::string& effectID : unfit)
+        console.Report(QStringLiteral("\"%1\": left out \"%2\", which does not fit into a table")
+                           .arg(preset, QString::fromStdString(effectID)));
+    const EffectsSettings colours = LookExport::TakeColours(look);
+    if (LookExport::ChangesNothing(colours))
+        Fail("expected effects of colour, which fit into a table, found none");
+    return colours;
+}
+
+/// Zorvik::Exception for a look of which parts, or all, do not fit into a table.
+LumetraHost::LookUpTable MakeTable(const EffectsSettings& look, int size,
+                                   const QCommandLineParser& parser, const QString& preset,
+                                   Console& console)
+{
+    const auto unfit = LookExport::FindUnfitEffects(look);
+    if (unfit.empty())
+        return LookExport::MakeTable(look, size);
+    if (!parser.isSet(ColoursOnlyOption))
+        Fail(LookExport::DescribeUnfit(unfit) + "; --colours-only leaves them out");
+    return LookExport::MakeTable(LeaveOut(unfit, look, preset, console), size);
 }
 
 ExitCode ExportLutCommand::Execute(const QCommandLineParser& parser, Console& console) const
 {
     Arguments(parser, 0, 0);
     const QString preset = PresetOptions::ReadPreset(parser);
-    const int size =
-        ReadNumber(parser, SizeOption, LookExport::SmallestSize, LookExport::LargestSize);
-    const QString output =
-        OutputFile::Read(parser, QStringLiteral("cube"), QStringLiteral(".cube"));
+    const LutFormat format = ReadFormat(parser);
+    const int size = ReadSize(parser, format);
+    const QString output = OutputFile::Read(parser);
     const auto session = CatalogueOptions::Load(parser, console);
     if (!session)
         return ExitCode::SomeFailed;
     const PresetUse use = PresetOptions::MakeUse(
         parser, PresetRows::Find(PresetRows::Read(session->GetModel()), preset));
+    const QString shown = use.GetPreset().shown;
     try {
-        const auto table = LookExport::MakeTable(use.GetLook(*session), size);
-        LumetraHost::CheckedFileWriter::Write(output,
-                                              LookExport::ToCubeFile(table, use.GetPreset().name));
+        const auto table = MakeTable(use.GetLook(*session), size, parser, shown, console);
+        LumetraHost::CheckedFileWriter::Write(
+            output, LutWriter::Encode(table, format, use.GetPreset().name, output));
     } catch (const Zorvik::Exception& error) {
-        console.Report(QStringLiteral("\"%1\": %2")
-                           .arg(use.GetPreset().shown, QString::fromUtf8(error.what())));
+        console.Report(QStringLiteral("\"%1\": %2").arg(shown, QString::fromUtf8(error.what())));
         return ExitCode::SomeFailed;
     }
     console.PrintLine(output);

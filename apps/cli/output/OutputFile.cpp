@@ -29,10 +29,16 @@ QString OutputFile::Read(const QCommandLineParser& parser, const QString& suffix
                          const QString& kind)
 {
     const QString output = GetName(parser);
-    const QFileInfo info(output);
-    if (info.suffix().compare(suffix, Qt::CaseInsensitive) != 0)
+    if (QFileInfo(output).suffix().compare(suffix, Qt::CaseInsensitive) != 0)
         throw UsageError(QStringLiteral("--output: expected the name of a %1 file, found \"%2\"")
                              .arg(kind, output));
+    return Read(parser);
+}
+
+QString OutputFile::Read(const QCommandLineParser& parser)
+{
+    const QString output = GetName(parser);
+    const QFileInfo info(output);
     if (info.isDir())
         throw UsageError(
             QStringLiteral("--output: expected a file to write, found the folder \"%1\"")

@@ -14,8 +14,11 @@ public:
 
     /// The file name as it was given; empty without --output.
     static QString GetName(const QCommandLineParser& parser);
-    /// The file name, checked. UsageError unless it ends in `suffix`, such as "png", which the
-    /// message calls `kind`, and when there is such a file and no --overwrite.
+    /// The file name, checked. UsageError when it cannot be written, and when there is such a file
+    /// and no --overwrite.
+    static QString Read(const QCommandLineParser& parser);
+    /// The file name, checked in the same way. UsageError also unless it ends in `suffix`, such as
+    /// "png", which the message calls `kind`.
     static QString Read(const QCommandLineParser& parser, const QString& suffix,
                         const QString& kind);
 };

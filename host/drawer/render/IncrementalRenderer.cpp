@@ -7,6 +7,7 @@
 #include "engine/run/CutChain.h"
 #include "engine/run/PixelStep.h"
 #include "engine/run/RenderPlan.h"
+#include "engine/run/WholePicture.h"
 
 #include <algorithm>
 #include <memory>
@@ -56,8 +57,9 @@ Image IncrementalRenderer::Render(const Image& source,
     m_source = source;
     m_area = area;
 
+    const auto facts = options.facts ? options.facts : WholePicture::Of(source, area);
     const StageContext context{LimitToSupported(options.isa), area, source.GetDepth(),
-                               source.GetSpace()};
+                               source.GetSpace(), facts};
     const EffectList same = TakeSameEffects(effects.Effects());
     const RenderPlan plan(effects.Effects(), context);
     const auto& stages = plan.GetFirstStages();

@@ -5,6 +5,7 @@
 #include "engine/run/ColourTable.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace LumetraHost {
 namespace {
@@ -12,9 +13,14 @@ namespace {
 /// The frame on the screen, the one on its way there, and the ones being rendered.
 constexpr std::size_t InteractionSpares = 4;
 
+int GetBlend(const Layer& layer)
+{
+    return layer.paintedBlend.value_or(layer.settings->GetBlendAmount());
+}
+
 bool IsFullEffect(const Layer& layer)
 {
-    return layer.paintedBlend.value_or(layer.settings->GetBlendAmount()) == FullEffect;
+    return GetBlend(layer) == FullEffect;
 }
 
 } // namespace
@@ -25,10 +31,16 @@ LayerRenderer::LayerRenderer(const Renderer& renderer, LayerUse use)
 {
 }
 
-void LayerRenderer::SetSource(const Image& source, const std::optional<PictureArea>& area)
+void LayerRenderer::SetSource(const Image& source, const std::optional<PictureArea>& area,
+                              WholePicture::Ptr whole)
 {
     m_source = source;
     m_area = area;
+    m_whole = std::move(whole);
+    m_wholes.clear();
+    if (!m_whole && !source.IsNull())
+        m_whole = WholePicture::Of(
+            source, area.value_or(PictureArea::Whole(source.GetWidth(), source.GetHeight())));
     m_outputs.clear();
     m_fullEffect = {};
     m_incremental.Clear();
@@ -47,7 +59,7 @@ Image LayerRenderer::Render(const std::vector<Layer>& layers, std::size_t count,
     Image picture = next == 0 ? m_source : m_outputs[next - 1].picture;
     m_outputs.resize(std::max(m_outputs.size(), count));
     for (; next < count && !picture.IsNull(); ++next) {
-        picture = RenderLayer(next, layers[next], picture, cancel);
+        picture = RenderLayer(layers, next, picture, cancel);
         if (!picture.IsNull())
             m_outputs[next] = {layers[next], picture};
     }
@@ -91,10 +103,9 @@ Image LayerRenderer::RenderLayerFromTable(const Layer& layer, const Image& below
                                                pool, cancel, space);
     if (!table)
         return {};
-    const int amount = layer.paintedBlend.value_or(layer.settings->GetBlendAmount());
     RenderOptions options;
     options.cancel = cancel;
-    Image picture = m_renderer.Render(below, table, amount, options, TakeSpare());
+    Image picture = m_renderer.Render(below, table, GetBlend(layer), options, TakeSpare());
     if (isForScreen && !picture.IsNull())
         picture.SetSpace(*screen);
     m_spares.Remember(picture);
@@ -134,11 +145,27 @@ void LayerRenderer::MatchFullEffect(const std::vector<Layer>& layers, std::size_
     }
 }
 
-Image LayerRenderer::RenderLayer(std::size_t position, const Layer& layer, const Image& below,
-                                 const CancelToken* cancel)
+WholePicture::Ptr LayerRenderer::FindWhole(const std::vector<Layer>& layers, std::size_t count)
 {
+    WholePicture::Ptr whole = m_whole;
+    for (std::size_t i = 0; i < count; ++i) {
+        const Layer& layer = layers[i];
+        if (i < m_wholes.size() && m_wholes[i].layer != layer)
+            m_wholes.resize(i);
+        if (i == m_wholes.size())
+            m_wholes.push_back({layer, whole->With(layer.settings->Effects(), GetBlend(layer))});
+        whole = m_wholes[i].picture;
+    }
+    return whole;
+}
+
+Image LayerRenderer::RenderLayer(const std::vector<Layer>& layers, std::size_t position,
+                                 const Image& below, const CancelToken* cancel)
+{
+    const Layer& layer = layers[position];
     RenderOptions options;
     options.area = m_area;
+    options.facts = FindWhole(layers, position);
     options.cancel = cancel;
     const Image picture = layer.paintedBlend
                               ? RenderBlend(position, layer, below, options)

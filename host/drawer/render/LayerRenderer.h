@@ -6,6 +6,7 @@
 #include "image/ImagePool.h"
 
 #include "engine/run/Renderer.h"
+#include "engine/run/WholePicture.h"
 #include "image/PictureArea.h"
 #include "threads/CancelToken.h"
 
@@ -42,9 +43,13 @@ public:
     explicit LayerRenderer(const Renderer& renderer, LayerUse use = LayerUse::Once);
 
     /// Null: all results are null. `area`: where the source lies in the photo; empty: it is all
-    /// of it.
-    void SetSource(const Image& source, const std::optional<PictureArea>& area = std::nullopt);
+    /// of it. `whole`: the photo; null: the source counts as that.
+    void SetSource(const Image& source, const std::optional<PictureArea>& area = std::nullopt,
+                   WholePicture::Ptr whole = nullptr);
     const Image& GetSource() const { return m_source; }
+
+    /// The whole photo with the first `count` of the layers on it. Not without a source.
+    WholePicture::Ptr FindWhole(const std::vector<Layer>& layers, std::size_t count);
 
     /// The source with the first `count` of the layers on it. Null without a source, and when it
     /// was cancelled; what was finished by then is kept.
@@ -65,6 +70,13 @@ private:
         Image picture; ///< holds this layer and all below; null: not kept
     };
 
+    /// The whole photo with a layer and all below it.
+    struct Whole
+    {
+        Layer layer;
+        WholePicture::Ptr picture;
+    };
+
     struct FullEffect
     {
         std::size_t position = 0;
@@ -74,7 +86,7 @@ private:
 
     void MatchOutputs(const std::vector<Layer>& layers, std::size_t count);
     void MatchFullEffect(const std::vector<Layer>& layers, std::size_t firstOther);
-    Image RenderLayer(std::size_t position, const Layer& layer, const Image& below,
+    Image RenderLayer(const std::vector<Layer>& layers, std::size_t position, const Image& below,
                       const CancelToken* cancel);
     Image RenderSettings(std::size_t position, const Zorvik::Quindle::EffectsSettings& settings,
                          const Image& below, const RenderOptions& options);
@@ -90,6 +102,8 @@ private:
     IncrementalRenderer m_incremental;
     Image m_source;
     std::optional<PictureArea> m_area;
+    WholePicture::Ptr m_whole;   ///< the photo
+    std::vector<Whole> m_wholes; ///< the one of the lowest layer first
     std::vector<Output> m_outputs;
     std::size_t m_changed = 0; ///< the layer that was changed last
     FullEffect m_fullEffect;

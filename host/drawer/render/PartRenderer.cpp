@@ -4,8 +4,6 @@
 #include "image/Overview.h"
 #include "image/Resize.h"
 
-#include <optional>
-
 namespace LumetraHost {
 namespace {
 
@@ -38,19 +36,21 @@ Image PartRenderer::GetOriginal(const PictureRecipe& recipe, const PhotoPart& pa
     if (HasScaled(photo, part))
         return m_layers.GetSource();
     const bool isSeen = !photo.IsNull() && !part.IsEmpty();
-    SetOriginal(photo, part, isSeen ? Scale(recipe, part) : Image());
+    SetOriginal(recipe, part, isSeen ? Scale(recipe, part) : Image());
     return m_layers.GetSource();
 }
 
-void PartRenderer::SetOriginal(const Image& photo, const PhotoPart& part, const Image& original)
+void PartRenderer::SetOriginal(const PictureRecipe& recipe, const PhotoPart& part,
+                               const Image& original)
 {
-    m_photo = photo;
+    m_photo = recipe.photo;
     m_part = part;
     m_isOpaque = original.IsOpaque();
-    m_layers.SetSource(original,
-                       original.IsNull()
-                           ? std::nullopt
-                           : std::optional(part.GetArea(photo.GetWidth(), photo.GetHeight())));
+    if (original.IsNull())
+        m_layers.SetSource(original);
+    else
+        m_layers.SetSource(original, part.GetArea(m_photo.GetWidth(), m_photo.GetHeight()),
+                           recipe.whole ? recipe.whole : WholePicture::OfPhoto(m_photo));
 }
 
 Image PartRenderer::Render(const PictureRecipe& recipe, const PhotoPart& part,
@@ -59,6 +59,11 @@ Image PartRenderer::Render(const PictureRecipe& recipe, const PhotoPart& part,
     if (GetOriginal(recipe, part).IsNull())
         return {};
     return m_layers.Render(recipe.layers, recipe.layers.size(), cancel);
+}
+
+WholePicture::Ptr PartRenderer::FindWhole(const PictureRecipe& recipe)
+{
+    return m_layers.FindWhole(recipe.layers, recipe.layers.size());
 }
 
 Image PartRenderer::RenderFromTables(const PictureRecipe& recipe, const PhotoPart& part,

@@ -22,8 +22,8 @@ public:
 
     /// The scaled part without any layer; null without a photo and for an empty part.
     Image GetOriginal(const PictureRecipe& recipe, const PhotoPart& part);
-    /// Draws on `original` from now on, where that part of the photo is wanted.
-    void SetOriginal(const Image& photo, const PhotoPart& part, const Image& original);
+    /// Draws on `original` from now on, where that part of the recipe's photo is wanted.
+    void SetOriginal(const PictureRecipe& recipe, const PhotoPart& part, const Image& original);
     /// The scaled part with the recipe's layers; also null when it was cancelled. `cancel` may be
     /// null.
     Image Render(const PictureRecipe& recipe, const PhotoPart& part, const CancelToken* cancel);
@@ -32,6 +32,10 @@ public:
     /// done, see LayerRenderer::RenderFromTables().
     Image RenderFromTables(const PictureRecipe& recipe, const PhotoPart& part,
                            const CancelToken* cancel, const ScreenSpace& screen = {});
+
+    /// The whole photo with the recipe's layers. Only for the recipe of the last call, whose photo
+    /// and part were not empty.
+    WholePicture::Ptr FindWhole(const PictureRecipe& recipe);
 
     /// True when the part of the last call has no transparent pixels.
     bool IsOpaque() const { return m_isOpaque; }

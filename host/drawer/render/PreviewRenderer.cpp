@@ -33,7 +33,9 @@ Zorvik::Proc::Frame PreviewRenderer::Render(const PictureRecipe& recipe,
     options.area = part.GetArea(width, height);
     options.cancel = cancel;
     options.threads = m_threads;
-    const Image committed = FindPart(part).Render(recipe, part, cancel);
+    PartRenderer& renderer = FindPart(part);
+    const Image committed = renderer.Render(recipe, part, cancel);
+    options.facts = renderer.FindWhole(recipe);
     const Image picture = m_renderer.Render(committed, effects, options);
     auto frame = ImageToFrame(m_renderer.ToSrgb(picture, options));
     frame.pixelAspect = target.pixelAspect;

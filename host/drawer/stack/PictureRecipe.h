@@ -13,6 +13,7 @@
 namespace LumetraHost {
 
 class Overview;
+class WholePicture;
 
 /// Settings that nobody changes any more, so that any thread may read them. The same pointer means
 /// the same picture, which is what caches compare.
@@ -46,6 +47,8 @@ struct PictureRecipe
     std::shared_ptr<Overview> overview;
     std::vector<Layer> layers; ///< bottom first
     std::size_t committed = 0; ///< how many of them, from the bottom, are committed
+    /// The photo as effects know it that look at all of it; null: it is made from the photo.
+    std::shared_ptr<const WholePicture> whole = nullptr;
 };
 
 } // namespace LumetraHost

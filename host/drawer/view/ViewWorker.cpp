@@ -132,7 +132,7 @@ bool ViewWorker::RunTickFromCopy(const Queued& queued)
     const ViewGeometry geometry = MakeGeometry(job, false);
     const PhotoPart part = geometry.GetPhotoPart();
     if (!m_copy.HasScaled(job.recipe.photo, part))
-        m_copy.SetOriginal(job.recipe.photo, part,
+        m_copy.SetOriginal(job.recipe, part,
                            m_renderer.ToSrgb(m_full.GetOriginal(job.recipe, part)));
     Image picture;
     if (isFromTable)
@@ -267,8 +267,7 @@ Image ViewWorker::Render(const Queued& queued, const ViewGeometry& geometry, Par
     if (original.IsNull())
         return original;
     if (&renderer == &m_reduced && original.GetSpace() && HasSrgbTicks(job))
-        renderer.SetOriginal(job.recipe.photo, geometry.GetPhotoPart(),
-                             m_renderer.ToSrgb(original));
+        renderer.SetOriginal(job.recipe, geometry.GetPhotoPart(), m_renderer.ToSrgb(original));
     const Image picture = renderer.Render(job.recipe, geometry.GetPhotoPart(), queued.cancel.get());
     if (&renderer == &m_full && !picture.IsNull()) {
         const double pixels = geometry.GetPixelCount();

@@ -15,9 +15,10 @@ namespace LumetraHost {
 /// table; only effects without neighbours can be drawn tile by tile.
 enum class EffectReach
 {
-    ColourOnly, ///< the pixel's own colour
-    Positional, ///< its colour and where it lies in the picture
-    Spatial     ///< its neighbours too
+    ColourOnly,   ///< the pixel's own colour
+    Positional,   ///< its colour and where it lies in the picture
+    WholePicture, ///< those, and facts of the whole picture, see PictureFacts
+    Spatial       ///< its neighbours too
 };
 
 /// One kind of effect as the engine knows it: how it is described to the platform, and how settings

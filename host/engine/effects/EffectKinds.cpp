@@ -8,6 +8,7 @@
 #include "engine/effects/colourgrading/ColourGradingEffect.h"
 #include "engine/effects/colourmixer/ColourMixerEffect.h"
 #include "engine/effects/contrast/ContrastEffect.h"
+#include "engine/effects/dehaze/DehazeEffect.h"
 #include "engine/effects/exposure/ExposureEffect.h"
 #include "engine/effects/gaussianblur/GaussianBlurEffect.h"
 #include "engine/effects/grain/GrainEffect.h"
@@ -66,6 +67,7 @@ const std::vector<EffectKind>& EffectKinds::GetAll()
         MakeLut3dKind(),
         MakeVignetteKind(),
         MakeGrainKind(),
+        MakeDehazeKind(),
         MakeGaussianBlurKind(),
         MakeSharpenKind(),
         MakeTextureKind(),

@@ -16,6 +16,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <utility>
 
 namespace LumetraHost {
@@ -125,6 +126,21 @@ bool AreOfColourOnly(const Zorvik::Quindle::EffectList& effects)
     });
 }
 
+/// The stages of the effects; with a target, those that lead to that space (null: sRGB). Nothing
+/// when the effects look at anything but the colour.
+std::optional<std::vector<StagePtr>>
+FindStages(const Zorvik::Quindle::EffectList& effects, const StageContext& context,
+           const std::optional<std::shared_ptr<const RgbSpace>>& target)
+{
+    if (!AreOfColourOnly(effects))
+        return std::nullopt;
+    const RenderPlan plan(effects, context);
+    if (!target)
+        return plan.GetFirstStages();
+    return plan.IsEmpty() ? RenderPlan::MakeConversion(context, *target).GetFirstStages()
+                          : plan.GetStagesInto(*target);
+}
+
 } // namespace
 
 ColourTable::ColourTable(const std::vector<StagePtr>& stages, Isa isa, int points)
@@ -141,10 +157,8 @@ std::shared_ptr<const ColourTable> ColourTable::Make(const Zorvik::Quindle::Effe
                                                      const CancelToken* cancel,
                                                      std::shared_ptr<const RgbSpace> space)
 {
-    if (!AreOfColourOnly(effects))
-        return nullptr;
-    const RenderPlan plan(effects, MakeContext(isa, space));
-    return Make(plan.GetFirstStages(), points, isa, pool, cancel);
+    const auto stages = FindStages(effects, MakeContext(isa, space), {});
+    return stages ? Make(*stages, points, isa, pool, cancel) : nullptr;
 }
 
 std::shared_ptr<const ColourTable>
@@ -153,14 +167,8 @@ ColourTable::MakeInto(const std::shared_ptr<const RgbSpace>& target,
                       ThreadPool& pool, const CancelToken* cancel,
                       const std::shared_ptr<const RgbSpace>& space)
 {
-    if (!AreOfColourOnly(effects))
-        return nullptr;
-    const StageContext context = MakeContext(isa, space);
-    const RenderPlan plan(effects, context);
-    const auto stages = plan.IsEmpty()
-                            ? RenderPlan::MakeConversion(context, target).GetFirstStages()
-                            : plan.GetStagesInto(target);
-    return Make(stages, points, isa, pool, cancel);
+    const auto stages = FindStages(effects, MakeContext(isa, space), target);
+    return stages ? Make(*stages, points, isa, pool, cancel) : nullptr;
 }
 
 std::shared_ptr<const ColourTable> ColourTable::Make(const std::vector<StagePtr>& stages,

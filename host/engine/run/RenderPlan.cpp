@@ -34,14 +34,18 @@ RenderPlan RenderPlan::MakeConversion(const StageContext& context,
 
 void RenderPlan::AddEffects(const Zorvik::Quindle::EffectList& effects, const StageContext& context)
 {
-    for (const auto& effect : effects) {
-        const EffectKind* const kind = effect ? EffectKinds::Find(effect->GetEffectID()) : nullptr;
+    for (auto effect = effects.begin(); effect != effects.end(); ++effect) {
+        const EffectKind* const kind =
+            *effect ? EffectKinds::Find((*effect)->GetEffectID()) : nullptr;
         if (!kind)
             continue;
-        if (auto pass = kind->createPass ? kind->createPass(*effect, context) : nullptr) {
+        StageContext own = context;
+        if (kind->reach == EffectReach::WholePicture && context.facts && !IsEmpty())
+            own.facts = context.facts->With({effects.begin(), effect});
+        if (auto pass = kind->createPass ? kind->createPass(**effect, own) : nullptr) {
             m_passes.push_back(std::move(pass));
             m_stages.emplace_back();
-        } else if (auto stage = kind->createStage(*effect, context)) {
+        } else if (auto stage = kind->createStage(**effect, own)) {
             m_stages.back().push_back(std::move(stage));
         }
     }

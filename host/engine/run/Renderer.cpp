@@ -5,6 +5,7 @@
 #include "engine/run/Blend.h"
 #include "engine/run/PictureRun.h"
 #include "engine/run/RenderPlan.h"
+#include "engine/run/WholePicture.h"
 
 #include "Zorvik/Exception.h"
 
@@ -71,8 +72,9 @@ Image Renderer::Render(const Image& source, const EffectList& effects, int blend
         return source;
     const auto area =
         options.area.value_or(PictureArea::Whole(source.GetWidth(), source.GetHeight()));
-    const RenderPlan plan(
-        effects, {LimitToSupported(options.isa), area, source.GetDepth(), source.GetSpace()});
+    const auto facts = options.facts ? options.facts : WholePicture::Of(source, area);
+    const RenderPlan plan(effects, {LimitToSupported(options.isa), area, source.GetDepth(),
+                                    source.GetSpace(), facts});
     if (plan.IsEmpty())
         return source;
     return Draw(PictureRun(plan, MakeForm(source, blendAmount, options, *m_pool)), source,

@@ -20,6 +20,7 @@ namespace LumetraHost {
 
 class ColourTable;
 struct CutChain;
+class PictureFacts;
 
 /// How a picture is rendered. Threads and tile size do not change the pixels; for the instruction
 /// set see Isa.
@@ -31,6 +32,9 @@ struct RenderOptions
     /// Where the picture lies; empty: it is the whole one. Spatial effects take the mirror image
     /// for what lies outside of the pixels that they are given, see FindHalo().
     std::optional<PictureArea> area;
+    /// Of the whole picture below the effects; null: the source counts as the whole one, wherever
+    /// it lies.
+    std::shared_ptr<const PictureFacts> facts = nullptr;
     const CancelToken* cancel = nullptr; ///< may stop the rendering from another thread
 };
 

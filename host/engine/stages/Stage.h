@@ -4,6 +4,7 @@
 #include "engine/base/ColourMatrix.h"
 #include "engine/base/Isa.h"
 #include "engine/base/Tile.h"
+#include "engine/stages/PictureFacts.h"
 #include "image/PictureArea.h"
 
 #include "image/Image.h"
@@ -35,6 +36,9 @@ struct StageContext
     PictureArea area;
     Image::Depth depth = Image::Depth::Bits16; ///< of the pictures: how exact chains have to be
     std::shared_ptr<const RgbSpace> space = nullptr; ///< of the pictures; null: sRGB
+    /// Of the whole picture below the effects, and for one effect of that below it. Null: nothing
+    /// is known of it.
+    std::shared_ptr<const PictureFacts> facts = nullptr;
 };
 
 /// One effect, ready to run over tiles: its numbers are worked out, its kernel is chosen. Stages

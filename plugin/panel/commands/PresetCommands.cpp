@@ -10,6 +10,7 @@
 #include "core/PresetResource.h"
 #include "core/userstore/UserPresetStore.h"
 #include "lut/LookExport.h"
+#include "lut/LutWriter.h"
 #include "panel/appearance/EffectTexts.h"
 #include "panel/commands/AppliedEdit.h"
 #include "panel/commands/RecentPresets.h"
@@ -424,7 +425,8 @@ void PresetCommands::ExportLook(const QModelIndex& preset)
     try {
         const auto table = LookExport::MakeTable(settings, CubeSize);
         const QString title = preset.data(PresetModel::PresetNameRole).toString();
-        LumetraHost::CheckedFileWriter::Write(path, LookExport::ToCubeFile(table, title));
+        LumetraHost::CheckedFileWriter::Write(path,
+                                              LumetraHost::LutWriter::ToCubeFile(table, title));
         Tell(tr("Wrote “%1”.").arg(path));
     } catch (const Zorvik::Exception& error) {
         Tell(QString::fromUtf8(error.what()));

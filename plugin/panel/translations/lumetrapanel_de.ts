@@ -92,6 +92,10 @@
         <translation>Vignette</translation>
     </message>
     <message>
+        <source>Dehaze</source>
+        <translation>Dunst entfernen</translation>
+    </message>
+    <message>
         <source>Grain</source>
         <translation>Korn</translation>
     </message>

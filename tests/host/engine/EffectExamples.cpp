@@ -141,6 +141,7 @@ std::vector<EffectExample> MakeEffectExamples()
         {{"amount", 0}, {"size", 10}, {"roundness", 100}});
     add("grain", {{"amount", 25}, {"size", 5}}, {{"amount", 100}, {"size", 5}, {"roughness", 80}},
         {{"amount", 0}, {"size", 3}, {"seed", 9}});
+    add("dehaze", {{"amount", 40}}, {{"amount", -100}}, {{"amount", 0}});
     add("gaussianBlur", {{"radius", 0.5}}, {{"radius", 3}}, {{"radius", 0}});
     add("sharpen", {{"amount", 150}, {"radius", 0.2}}, {{"amount", 500}, {"radius", 0.2}},
         {{"amount", 0}, {"radius", 0.2}, {"threshold", 5}});

@@ -5,7 +5,9 @@
 #include "engine/effects/EffectKinds.h"
 #include "engine/run/Renderer.h"
 #include "lut/LookExport.h"
+#include "lut/LutFormat.h"
 #include "lut/LutReader.h"
+#include "lut/LutWriter.h"
 
 #include "Zorvik/Exception.h"
 
@@ -45,8 +47,8 @@ TEST_F(LutFiles, drawAnExportedLookLikeTheLook)
     const Image source = MakeRandomPicture(200, 80, Image::Depth::Bits8, 31);
     for (const int blendAmount : {1, 100}) {
         const EffectsSettings look = MakeLook(blendAmount);
-        const QByteArray text = LookExport::ToCubeFile(LookExport::MakeTable(look, 65),
-                                                       QStringLiteral("My \"look\"\nof today"));
+        const QByteArray text = LutWriter::ToCubeFile(LookExport::MakeTable(look, 65),
+                                                      QStringLiteral("My \"look\"\nof today"));
         const auto looks = LutReader::Read(Write("look.cube", text));
 
         const Image expected = Renderer().Render(source, look);
@@ -80,6 +82,33 @@ TEST(LookExport, passesOverEffectsOfThePlaceThatChangeNothing)
     look.Effects().push_back(MakeEffect("vignette", {}));
     look.Effects().push_back(MakeEffect("grain", {{"amount", 0}}));
     EXPECT_EQ(ErrorOf(look, 9), "no error");
+}
+
+TEST(LookExport, leavesOutWhatDoesNotFitWhereThatIsAskedFor)
+{
+    auto look = MakeLook(100);
+    const auto& effects = look.Effects();
+    look.Effects().insert(effects.begin(), MakeEffect("vignette", {{"amount", -1}}));
+    look.Effects().push_back(MakeEffect("dehaze", {{"amount", 20}}));
+    look.Effects().push_back(MakeEffect("clarity", {{"amount", 20}}));
+    EXPECT_EQ(LookExport::FindUnfitEffects(look),
+              (std::vector<std::string>{"vignette", "dehaze", "clarity"}));
+
+    const auto colours = LookExport::TakeColours(look);
+
+    EXPECT_EQ(look.Effects().size(), 6u);
+    EXPECT_EQ(LookExport::MakeTable(colours, 9).values,
+              LookExport::MakeTable(MakeLook(100), 9).values);
+    EXPECT_FALSE(LookExport::ChangesNothing(colours));
+}
+
+TEST(LookExport, tellsWhenNothingRemains)
+{
+    const auto place = MakeSettings(
+        {MakeEffect("vignette", {{"amount", -1}}), MakeEffect("exposure", {{"stops", 0}})});
+    EXPECT_FALSE(LookExport::ChangesNothing(place));
+    EXPECT_TRUE(LookExport::ChangesNothing(LookExport::TakeColours(place)));
+    EXPECT_TRUE(LookExport::ChangesNothing(MakeLook(255)));
 }
 
 TEST(LookExport, refusesSizesOutOfRange)

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/colourmixer/ColourMixerKernel.h"
 
-#include "engine/kernels/HueMath.h"
-#include "engine/kernels/KernelMath.h"
+#include "engine/kernels/ColourLoops.h"
 
 namespace LumetraHost {
 namespace {
@@ -36,18 +35,8 @@ LUMETRA_KERNEL_INLINE KernelColour Mix(const KernelColour& c, const ColourMixerN
 template <Isa isa>
 void ColourMixerKernel<isa>::Run(const Tile& tile, const ColourMixerNumbers& numbers)
 {
-    float* __restrict red = tile.red;
-    float* __restrict green = tile.green;
-    float* __restrict blue = tile.blue;
-    const ColourMixerNumbers n = numbers;
-    const int count = tile.count;
-    LUMETRA_KERNEL_INDEPENDENT
-    for (int i = 0; i < count; ++i) {
-        const KernelColour mixed = Mix({red[i], green[i], blue[i]}, n);
-        red[i] = mixed.red;
-        green[i] = mixed.green;
-        blue[i] = mixed.blue;
-    }
+    MapColours(tile,
+               [n = numbers](const KernelColour& c) LUMETRA_KERNEL_LAMBDA { return Mix(c, n); });
 }
 
 template struct ColourMixerKernel<KernelIsa>;

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/greymixer/GreyMixerKernel.h"
 
-#include "engine/kernels/HueMath.h"
-#include "engine/kernels/KernelMath.h"
+#include "engine/kernels/ColourLoops.h"
 
 namespace LumetraHost {
 namespace {
@@ -25,18 +24,12 @@ LUMETRA_KERNEL_INLINE float GetGrey(const KernelColour& c, const GreyMixerNumber
 template <Isa isa>
 void GreyMixerKernel<isa>::Run(const Tile& tile, const GreyMixerNumbers& numbers)
 {
-    float* __restrict red = tile.red;
-    float* __restrict green = tile.green;
-    float* __restrict blue = tile.blue;
-    const GreyMixerNumbers n = numbers;
-    const int count = tile.count;
-    LUMETRA_KERNEL_INDEPENDENT
-    for (int i = 0; i < count; ++i) {
-        const float grey = GetGrey({red[i], green[i], blue[i]}, n);
-        red[i] += n.amount * (grey - red[i]);
-        green[i] += n.amount * (grey - green[i]);
-        blue[i] += n.amount * (grey - blue[i]);
-    }
+    MapColours(tile, [n = numbers](const KernelColour& c) LUMETRA_KERNEL_LAMBDA {
+        const float grey = GetGrey(c, n);
+        return KernelColour{c.red + n.amount * (grey - c.red),
+                            c.green + n.amount * (grey - c.green),
+                            c.blue + n.amount * (grey - c.blue)};
+    });
 }
 
 template struct GreyMixerKernel<KernelIsa>;

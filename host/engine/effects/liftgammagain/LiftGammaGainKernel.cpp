@@ -10,13 +10,16 @@ namespace {
 // Lies within the range of Log2; any power of it is too small to be seen.
 constexpr float Smallest = 1e-37f;
 constexpr float Largest = 1e37f;
-constexpr float LargestExponent = 120.0f;
+constexpr float SmallestExponent = -120.0f;
+// No power of a colour inside of the picture's range comes this far: (1 * 10 + 2)^10 is below 2^36.
+// What effects behind make of it stays a number: from infinity less infinity, nothing comes back.
+constexpr float LargestExponent = 40.0f;
 
 /// Leaves zero and negative values as they are.
 LUMETRA_KERNEL_INLINE float Power(float value, float power)
 {
     const float exponent = power * Log2(Clamp(value, Smallest, Largest));
-    const float result = Exp2(Clamp(exponent, -LargestExponent, LargestExponent));
+    const float result = Exp2(Clamp(exponent, SmallestExponent, LargestExponent));
     return value > 0.0f ? result : value;
 }
 

@@ -113,5 +113,89 @@ TEST(EffectChains, ofImportedLooksStayWithinAStepOfTheFormulas)
     ExpectChainsOf(EffectsOfImportedLooks);
 }
 
+/// Values near the ends of the range of every parameter, of which some stay at their defaults.
+EffectList MakeExtremeChain(const Names& names, std::mt19937& random)
+{
+    EffectList chain;
+    for (const char* const name : names) {
+        chain.push_back(MakeEffect(name, {}));
+        for (const EffectParameter& parameter : EffectRegistry::Find(name)->parameters) {
+            const double part = std::uniform_real_distribution<double>(0, 0.1)(random);
+            const double width = parameter.maximum - parameter.minimum;
+            if (const auto choice = random() % 4; choice > 0)
+                chain.back()->SetParameter(parameter.name, choice == 1
+                                                               ? parameter.minimum + part * width
+                                                               : parameter.maximum - part * width);
+        }
+    }
+    return chain;
+}
+
+/// How far apart the two pictures are, in steps.
+unsigned GetLargestDifference(const Image& first, const Image& second)
+{
+    unsigned largest = 0;
+    for (int y = 0; y < first.GetHeight(); ++y)
+        for (int x = 0; x < first.GetWidth(); ++x)
+            for (int c = 0; c < 3; ++c) {
+                const unsigned one = GetChannel(first, x, y, c);
+                const unsigned other = GetChannel(second, x, y, c);
+                largest = std::max(largest, std::max(one, other) - std::min(one, other));
+            }
+    return largest;
+}
+
+void ExpectSameOnAllInstructionSets(const EffectList& chain, const Image& source)
+{
+    RenderOptions options;
+    options.isa = Isa::Baseline;
+    const Image expected = Renderer().Render(source, MakeSettings(chain), options);
+    for (const Isa isa : GetSupportedIsas()) {
+        options.isa = isa;
+        const Image drawn = Renderer().Render(source, MakeSettings(chain), options);
+        EXPECT_LE(GetLargestDifference(drawn, expected), 1u) << GetIsaName(isa);
+    }
+}
+
+TEST(EffectChains, ofExtremeValuesAreAlmostTheSameOnAllInstructionSets)
+{
+    std::mt19937 random(14);
+    for (const Names& names :
+         {Names{"exposure", "vibrance", "liftGammaGain", "toneRegions", "liftGammaGain"},
+          Names{"exposure", "vibrance", "liftGammaGain", "liftGammaGain"}})
+        for (int round = 0; round < 400; ++round) {
+            SCOPED_TRACE(testing::Message() << names.size() << " effects, round " << round);
+            const EffectList chain = MakeExtremeChain(names, random);
+            ExpectSameOnAllInstructionSets(
+                chain, MakeRandomPicture(48, 16, Image::Depth::Bits8, unsigned(round)));
+        }
+}
+
+// Values that grow from effect to effect must stay numbers: from infinity less infinity nothing
+// comes back. Pure colours of any size stay those colours.
+TEST(EffectChains, ofManyPowersKeepPureColours)
+{
+    const auto makeEffect = [](double power) {
+        return MakeEffect("liftGammaGain", {{"slopeRed", 10},
+                                            {"slopeGreen", 10},
+                                            {"slopeBlue", 10},
+                                            {"powerRed", power},
+                                            {"powerGreen", power},
+                                            {"powerBlue", power},
+                                            {"saturation", 10}});
+    };
+    const EffectList chain = {makeEffect(10), makeEffect(10), makeEffect(1),
+                              makeEffect(1),  makeEffect(1),  makeEffect(1)};
+    for (const auto depth : {Image::Depth::Bits8, Image::Depth::Bits16}) {
+        // Pixels 2 to 4 are red, green and blue.
+        const Image source = MakeRandomPicture(48, 1, depth, 1);
+        const Image drawn = Renderer().Render(source, MakeSettings(chain));
+        for (int x = 2; x < 5; ++x)
+            for (int c = 0; c < 3; ++c)
+                EXPECT_EQ(GetChannel(drawn, x, 0, c), GetChannel(source, x, 0, c))
+                    << "pixel " << x << ", channel " << c;
+    }
+}
+
 } // namespace
 } // namespace LumetraHost

@@ -15,22 +15,47 @@ namespace {
 
 using Zorvik::Quindle::EffectsSettings;
 
+std::vector<const EffectKind*> FindKinds(bool areOfWholePicture)
+{
+    std::vector<const EffectKind*> kinds;
+    for (const EffectKind& kind : EffectKinds::GetAll())
+        if ((kind.reach == EffectReach::WholePicture) == areOfWholePicture)
+            kinds.push_back(&kind);
+    return kinds;
+}
+
 // Makes values that go past the ranges a little; every fifth parameter stays at its default.
+Zorvik::Quindle::EffectPtr MakeRandomEffect(const EffectKind* kind, std::mt19937& random)
+{
+    const auto effect = MakeEffect(kind->descriptor.effectID, {});
+    for (const auto& parameter : kind->descriptor.parameters) {
+        std::uniform_real_distribution<double> value(parameter.minimum * 1.1,
+                                                     parameter.maximum * 1.1);
+        if (random() % 5 != 0)
+            effect->SetParameter(parameter.name, value(random));
+    }
+    return effect;
+}
+
+/// Puts an effect that looks at the whole picture anywhere into one of two chains.
+void AddEffectOfWholePicture(EffectsSettings& chain, std::mt19937& random)
+{
+    if (random() % 2 == 0)
+        return;
+    auto& effects = chain.Effects();
+    const auto kinds = FindKinds(true);
+    const auto place =
+        effects.begin() + static_cast<std::ptrdiff_t>(random() % (effects.size() + 1));
+    effects.insert(place, MakeRandomEffect(kinds[random() % kinds.size()], random));
+}
+
 EffectsSettings MakeRandomChain(std::mt19937& random)
 {
-    const auto& kinds = EffectKinds::GetAll();
+    const auto kinds = FindKinds(false);
     EffectsSettings chain(1);
     const std::size_t count = 1 + random() % 6;
     for (std::size_t i = 0; i < count; ++i) {
-        const auto& descriptor = kinds[random() % kinds.size()].descriptor;
-        const auto effect = MakeEffect(descriptor.effectID, {});
-        for (const auto& parameter : descriptor.parameters) {
-            std::uniform_real_distribution<double> value(parameter.minimum * 1.1,
-                                                         parameter.maximum * 1.1);
-            if (random() % 5 != 0)
-                effect->SetParameter(parameter.name, value(random));
-        }
-        chain.Effects().push_back(effect);
+        chain.Effects().push_back(MakeRandomEffect(kinds[random() % kinds.size()], random));
     }
     chain.SetBlendAmount(random() % 3 == 0 ? 1 : int(random() % 256));
     return chain;
@@ -63,6 +88,7 @@ protected:
     void RenderBoth(const RenderOptions& first, const RenderOptions& second, Compare compare)
     {
         std::mt19937 random(2024);
+        std::mt19937 others(14);
         ThreadPool pool(3);
         const Renderer renderer(pool);
         for (int round = 0; round < 40; ++round) {
@@ -71,7 +97,8 @@ protected:
             SCOPED_TRACE(testing::Message()
                          << "round " << round << ", " << width << " x " << height);
             const Image source = MakeRandomPicture(width, height, GetParam(), unsigned(round));
-            const EffectsSettings chain = MakeRandomChain(random);
+            EffectsSettings chain = MakeRandomChain(random);
+            AddEffectOfWholePicture(chain, others);
             compare(renderer.Render(source, chain, first), renderer.Render(source, chain, second));
         }
     }
