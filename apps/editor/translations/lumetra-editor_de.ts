@@ -248,6 +248,10 @@
         <translation>Weichzeichnung</translation>
     </message>
     <message>
+        <source>Dehaze</source>
+        <translation>Dunst entfernen</translation>
+    </message>
+    <message>
         <source>Grain</source>
         <translation>Korn</translation>
     </message>
