@@ -372,7 +372,7 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("adjust"), PlayAdjust, "dark-en@1x"},
         {QStringLiteral("curve"), PlayCurve, "light-de@1x"},
         {QStringLiteral("mixer"), PlayMixer},
-        {QStringLiteral("grading"), PlayGrading, "dark-de@1x"},
+        {QStringLiteral("grading"), PlayGrading},
         {QStringLiteral("save-look"), PlaySaveLook, "light-en@1x"},
         {QStringLiteral("menu"), PlayMenu, "light-en@1x"},
         {QStringLiteral("view-menu"), PlayViewMenu},
