@@ -319,10 +319,6 @@
         <source>% of the diagonal</source>
         <translation>% der Diagonale</translation>
     </message>
-    <message>
-        <source>Dehaze</source>
-        <translation>Dunst entfernen</translation>
-    </message>
 </context>
 <context>
     <name>LumetraEditor::AboutDialog</name>
