@@ -11,6 +11,7 @@ enum class LookStep
     Primaries,
     WhiteBalance,
     Exposure,
+    Dehaze,
     ToneRegions,
     Contrast, ///< a parametric curve of its own
     Texture,

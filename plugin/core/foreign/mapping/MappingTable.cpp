@@ -61,6 +61,7 @@ void AddLight(Rows& rows)
     rows.push_back(Like("Blacks2012", tones, "blacks"));
     rows.push_back(Like("Texture", LookStep::Texture, "amount"));
     rows.push_back(Like("Clarity2012", LookStep::Clarity, "amount", 0.8));
+    rows.push_back(Like("Dehaze", LookStep::Dehaze, "amount"));
 }
 
 void AddOlderLight(Rows& rows)
@@ -279,8 +280,7 @@ void AddWithoutRule(Rows& rows, Carry carry, std::initializer_list<const char*> 
 void AddLeftOut(Rows& rows)
 {
     AddWithoutRule(rows, Carry::LeftOut,
-                   {"Dehaze",
-                    "LuminanceSmoothing",
+                   {"LuminanceSmoothing",
                     "ColorNoiseReduction",
                     "PostCropVignetteHighlightContrast",
                     "LensProfileEnable",
@@ -439,10 +439,12 @@ std::map<QString, const MappingRow*> MakeIndex()
 const char* GetEffectId(LookStep step)
 {
     static constexpr const char* ids[LookSteps] = {
-        "primaries",   "whiteBalance",  "exposure",  "toneRegions",   "parametricCurve",
-        "texture",     "clarity",       "greyMixer", "blackAndWhite", "parametricCurve",
-        "toneCurve",   "colourMixer",   "vibrance",  "saturation",    "lut3d",
-        "splitToning", "colourGrading", "sharpen",   "vignette",      "grain"};
+        "primaries",   "whiteBalance",    "exposure",        "dehaze",
+        "toneRegions", "parametricCurve", "texture",         "clarity",
+        "greyMixer",   "blackAndWhite",   "parametricCurve", "toneCurve",
+        "colourMixer", "vibrance",        "saturation",      "lut3d",
+        "splitToning", "colourGrading",   "sharpen",         "vignette",
+        "grain"};
     return ids[static_cast<int>(step)];
 }
 
