@@ -175,13 +175,14 @@ TEST_F(AdjustTest, everyEffectOfNumbersHasItsControls)
 {
     auto* const panel = OpenEverything();
 
-    for (const auto& effect : editor->DescribeEffects())
+    for (const auto& effect : editor->DescribeEffects()) {
+        if (!effect.isOnlyNumbers || effect.effectID == "toneCurve")
+            continue;
         for (const auto& parameter : effect.parameters) {
             const std::string name = effect.effectID + '.' + parameter.name;
-            if (effect.isOnlyNumbers && effect.effectID != "toneCurve")
-                EXPECT_NE(panel->findChild<QWidget*>(QString::fromStdString(name)), nullptr)
-                    << name;
+            EXPECT_NE(panel->findChild<QWidget*>(QString::fromStdString(name)), nullptr) << name;
         }
+    }
 }
 
 TEST_F(AdjustTest, aDraggedSliderIsOneStepThatUndoTakesBack)
