@@ -28,14 +28,14 @@ using Zorvik::Quindle::EffectsSettings;
 using Zorvik::Quindle::IEffectSettings;
 using Keys = LumetraHost::CatalogueKeys;
 
-LookCredits ReadCredits(const Zorvik::Brassel::ISerializer& node)
+LookCredits ReadCredits(const Zorvik::Brassel::ConstSerializerPtr& node)
 {
     LookCredits credits;
-    credits.author = node.Get(Keys::Author, "");
-    credits.licence = node.Get(Keys::Licence, "");
-    if (const auto names = node.GetNode(Keys::Names))
-        for (const std::string& language : names->GetKeys())
-            credits.names[language] = names->Get(language, "");
+    credits.author = node->Get(Keys::Author, "");
+    credits.licence = node->Get(Keys::Licence, "");
+    const auto names = LumetraHost::LocalNames::Read(node);
+    for (const auto& [language, name] : names.GetAll())
+        credits.names[language.toStdString()] = name.toStdString();
     return credits;
 }
 
@@ -116,7 +116,7 @@ void PresetController::Deserialize(const Zorvik::Brassel::ConstSerializerPtr& no
 {
     EffectPresetControllerBase::Deserialize(node);
     m_resource = node->Get(Keys::Resource, "");
-    m_credits = ReadCredits(*node);
+    m_credits = ReadCredits(node);
     m_hasResource = false;
     m_localNames = LumetraHost::LocalNames::Read(node);
     m_ownSliders = ReadSliders(*node);

@@ -164,9 +164,9 @@ TEST_F(LookCommandsTest, oneLookTwiceIsOnePresetAndOneNameTwiceIsNumbered)
     EXPECT_EQ(result.code, 0) << result.messages;
     EXPECT_EQ(result.output,
               "imported \"Test Bright\" from \"bright.lumetra\"\n"
-              "\"Test Bright\" from \"bright.lumetra\" is here already, as \"Test Bright\"\n"
               "imported \"Test Twin\" from \"one.lumetra\"\n"
-              "imported \"Test Twin 2\" from \"two.lumetra\"\n");
+              "imported \"Test Twin 2\" from \"two.lumetra\"\n"
+              "\"Test Bright\" from \"bright.lumetra\" is here already, as \"Test Bright\"\n");
 }
 
 TEST_F(LookCommandsTest, exportWritesCreditsNamesAndAPreview)

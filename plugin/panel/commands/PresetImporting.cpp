@@ -37,8 +37,10 @@ void PresetCommands::ImportFiles(const QStringList& paths)
         });
     if (!files)
         return Tell(tr("Nothing was imported."));
-    const ImportReport report = PresetImport::AddTo(
-        m_presets, *files, [this](const QStringList& names) { return m_dialogs.AskNumbered(names); });
+    const ImportReport report =
+        PresetImport::AddTo(m_presets, *files, [this](const QStringList& names) {
+            return m_dialogs.AskNumbered(names);
+        });
     if (!report.presets.empty()) {
         const QPersistentModelIndex last = report.presets.back().index;
         Save();

@@ -212,7 +212,7 @@ TEST_F(ModulesTogetherTest, aLookThatAModuleStoresIsOneOfTheUsers)
     const auto packages = editor->GetPackages();
     ASSERT_EQ(packages.size(), 1U);
     EXPECT_NEAR(packages[0].GetBlendAmount(), 77, 2) << "one percent";
-    EXPECT_EQ(packages[0].Effects().at(0)->GetParameter("stops"), 0.7);
+    EXPECT_DOUBLE_EQ(packages[0].Effects().at(0)->GetParameter("stops"), 0.7);
     EXPECT_EQ(Find<QSlider>("intensitySlider")->value(), 70);
 }
 

@@ -382,7 +382,8 @@ TEST_F(LooksTest, filesWithLooksGoToThePanelHoweverTheyAreOpened)
 {
     const auto writeLook = [this](const char* name, const char* stops) {
         return WriteFile(name, QByteArray(R"({ "format": "lumetra-look", "version": 1, "looks": [
-            { "name": "Sent )") + stops + R"(", "effects": [ { "effect": { "id": "exposure",
+            { "name": "Sent )") + stops +
+                                   R"(", "effects": [ { "effect": { "id": "exposure",
             "stops": )" + stops + " } } ] } ] }");
     };
     DropFiles({writeLook("dropped.lumetra", "1")});

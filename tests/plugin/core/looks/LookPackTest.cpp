@@ -41,8 +41,8 @@ TEST_F(LookPackTest, everyTableAndLookOfAnArchiveBecomesAPreset)
                           File("cold/warm.CUBE", CubeText(4)), File("licence.pdf", "%PDF"),
                           File("grey.lumetra", LookText("Grey", Grey))}));
     EXPECT_TRUE(result.problems.isEmpty()) << result.problems.value(0).toStdString();
-    EXPECT_EQ(GetNames(), (QStringList{QStringLiteral("warm"), QStringLiteral("warm 2"),
-                                       QStringLiteral("Grey")}));
+    EXPECT_EQ(GetNames(), (QStringList{QStringLiteral("Grey"), QStringLiteral("warm"),
+                                       QStringLiteral("warm 2")}));
 }
 
 TEST_F(LookPackTest, anErrorNamesItsEntryAndCostsOnlyThat)
