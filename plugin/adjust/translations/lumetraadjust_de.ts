@@ -42,7 +42,7 @@
     </message>
     <message>
         <source>Save all layers as one look…</source>
-        <translation>Alle Ebenen als einen Look sichern…</translation>
+        <translation>Alle Ebenen als einen Look sichern …</translation>
     </message>
     <message>
         <source>Reset</source>
@@ -54,7 +54,7 @@
     </message>
     <message>
         <source>Save as look…</source>
-        <translation>Als Look sichern…</translation>
+        <translation>Als Look sichern …</translation>
     </message>
     <message>
         <source>More about looks</source>

@@ -2,7 +2,6 @@
 #include "panel/commands/ShareDialog.h"
 
 #include "core/looks/LookFormat.h"
-#include "panel/appearance/EffectTexts.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -17,6 +16,7 @@ namespace LumetraPlugin {
 namespace {
 
 constexpr int ListHeight = 260;
+constexpr int Width = 400;
 
 /// Names of licences are the same in all languages.
 const QStringList Licences{QString(), QStringLiteral("CC0-1.0"), QStringLiteral("CC-BY-4.0"),
@@ -45,11 +45,15 @@ ShareDialog::ShareDialog(const PresetModel& model, const QModelIndex& first, QWi
     column->addWidget(m_list, 1);
     column->addWidget(MakeCredits(CreditsOf(model, first)));
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
-    m_share = buttons->addButton(tr("Share…"), QDialogButtonBox::AcceptRole);
+    m_share = new QPushButton(tr("Share…"));
     m_share->setObjectName(QStringLiteral("shareButton"));
+    m_share->setProperty("accent", true); // before the box has the button styled
+    buttons->addButton(m_share, QDialogButtonBox::AcceptRole);
+    m_share->setDefault(true);
     column->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    setMinimumWidth(Width);
     FillList(model, first);
     connect(m_list, &QTreeWidget::itemChanged, this, &ShareDialog::ShowChoice);
     ShowChoice();
@@ -86,8 +90,8 @@ void ShareDialog::FillList(const PresetModel& model, const QModelIndex& first)
         const QModelIndex group = model.index(g, 0);
         auto* const item = new QTreeWidgetItem(m_list);
         const bool isUsers = group.data(PresetModel::PresetIdRole).toBool();
-        const QString name = group.data(PresetModel::PresetNameRole).toString();
-        item->setText(0, isUsers ? tr("User presets") : EffectTexts::Translate(name.toStdString()));
+        const QString name = group.data(PresetModel::ShownNameRole).toString();
+        item->setText(0, isUsers ? tr("User presets") : name);
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable |
                        Qt::ItemIsAutoTristate);
         for (int i = 0; i < model.rowCount(group); ++i) {
@@ -103,7 +107,7 @@ void ShareDialog::FillList(const PresetModel& model, const QModelIndex& first)
 void ShareDialog::AddPreset(QTreeWidgetItem& group, const QModelIndex& preset, bool isChosen)
 {
     auto* const item = new QTreeWidgetItem(&group);
-    item->setText(0, preset.data(PresetModel::PresetNameRole).toString());
+    item->setText(0, preset.data(PresetModel::ShownNameRole).toString());
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
     item->setCheckState(0, isChosen ? Qt::Checked : Qt::Unchecked);
     m_presets.emplace_back(item, preset);

@@ -575,7 +575,7 @@ Cancel leaves them out.</source>
     </message>
     <message>
         <source>Share…</source>
-        <translation>Weitergeben…</translation>
+        <translation>Weitergeben …</translation>
     </message>
 </context>
 <context>
@@ -590,7 +590,7 @@ Cancel leaves them out.</source>
     </message>
     <message>
         <source>Share…</source>
-        <translation>Weitergeben…</translation>
+        <translation>Weitergeben …</translation>
     </message>
     <message>
         <source>&amp;Author:</source>

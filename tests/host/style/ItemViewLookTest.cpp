@@ -6,7 +6,7 @@
 #include <QListView>
 #include <QStringListModel>
 #include <QTest>
-#include <QTreeView>
+#include <QTreeWidget>
 
 #include <gtest/gtest.h>
 
@@ -78,6 +78,23 @@ TEST_P(ItemViewLook, disabledTreeMutesItsNames)
     tree.setHeaderHidden(true);
     tree.setRootIsDecorated(false);
     ExpectMutedWhenDisabled(tree, ColoursOf(GetParam()).field);
+}
+
+TEST_P(ItemViewLook, treeShowsBoxesThatAreNotTicked)
+{
+    QTreeWidget tree;
+    auto* const item = new QTreeWidgetItem(&tree);
+    item->setCheckState(0, Qt::Unchecked);
+    tree.show();
+    (void)QTest::qWaitForWindowExposed(&tree);
+
+    const QImage drawn = tree.viewport()->grab(tree.visualItemRect(item)).toImage();
+    const QRgb border = ColoursOf(GetParam()).fieldBorder.rgb();
+    int count = 0;
+    for (int y = 0; y < drawn.height(); ++y)
+        for (int x = 0; x < drawn.width(); ++x)
+            count += drawn.pixel(x, y) == border ? 1 : 0;
+    EXPECT_GE(count, 4 * 10) << "the sides of a box";
 }
 
 INSTANTIATE_TEST_SUITE_P(Palettes, ItemViewLook,

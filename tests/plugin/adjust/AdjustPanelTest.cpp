@@ -207,7 +207,7 @@ TEST_F(AdjustPanelTest, speaksTheLanguageOfTheEditor)
     QEvent change(QEvent::LanguageChange);
     QApplication::sendEvent(panel.GetWidget(), &change);
     EXPECT_EQ(Header(0).text(), QStringLiteral("Licht"));
-    EXPECT_EQ(Find<QPushButton>("saveLook").text(), QStringLiteral("Als Look sichern…"));
+    EXPECT_EQ(Find<QPushButton>("saveLook").text(), QStringLiteral("Als Look sichern …"));
 
     QLocale::setDefault(QLocale(QLocale::English));
     QApplication::sendEvent(panel.GetWidget(), &change);

@@ -4,6 +4,7 @@
 
 #include "LumetraEditor/IEditorPlugin.h"
 #include "Zorvik/Brassel/SerializerProperty.h"
+#include "panel/grid/PresetGrid.h"
 #include "widgets/CustomToolBoxButton.h"
 
 #include <QAction>
@@ -14,10 +15,12 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QTimer>
+#include <QTreeWidget>
 
 #include <algorithm>
 
 using LumetraEditor::IEditorPanel;
+using LumetraPlugin::PresetGrid;
 using LumetraPlugin::PresetModel;
 using LumetraTest::PanelFixture;
 using Zorvik::Brassel::SerializerProperty;
@@ -101,6 +104,25 @@ TEST_F(PanelShownNamesTest, followAChangeOfTheLanguage)
     EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
         return label->text() == QStringLiteral("Autumn");
     }));
+}
+
+TEST_F(PanelShownNamesTest, areThoseOfTheLooksThatMayBeShared)
+{
+    PresetGrid& grid = Grid(0);
+    grid.SetCurrentPreset(Named("Autumn"));
+    grid.setFocus();
+    QStringList names;
+    QTimer::singleShot(0, [&names] {
+        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        const auto* const list = dialog->findChild<QTreeWidget*>(QStringLiteral("looksToShare"));
+        const QTreeWidgetItem* const group = list->topLevelItem(0);
+        names = QStringList{group->text(0), group->child(0)->text(0), group->child(1)->text(0)};
+        dialog->reject();
+    });
+    Trigger("sharePreset");
+    EXPECT_EQ(names, (QStringList{QStringLiteral("Jahreszeiten"), QStringLiteral("Herbst"),
+                                  QStringLiteral("Sommer")}));
 }
 
 TEST_F(PanelShownNamesTest, areFoundInBothLanguages)
