@@ -10,7 +10,7 @@
 
 namespace LumetraPlugin {
 
-/// What became of a setting of a foreign look that is not carried over exactly.
+/// A note on a setting of a foreign look that is not carried over exactly.
 struct ImportRemark
 {
     enum class Kind
@@ -39,7 +39,7 @@ struct ImportedLook
 
 using ImportedLooks = std::vector<ImportedLook>;
 
-/// What a user gives beside the files.
+/// The options of an import, which the user gives beside the files.
 struct ImportOptions
 {
     /// Folders in which tables of colours are looked for that looks name.

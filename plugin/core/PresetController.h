@@ -33,7 +33,7 @@ struct PreviewOptions
         render = {};
 };
 
-/// What a look tells of itself beside its name; all of it may be empty.
+/// The author, the licence and further names of a look; all of them may be empty.
 struct LookCredits
 {
     std::map<std::string, std::string> names; ///< in other languages, by language

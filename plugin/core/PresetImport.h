@@ -47,7 +47,7 @@ struct KnownLook
     QString knownAs; ///< the name of the user's preset
 };
 
-/// What came of an import.
+/// The outcome of an import.
 struct ImportReport
 {
     std::vector<ImportedPreset> presets;

@@ -41,7 +41,7 @@ public:
     /// std::invalid_argument for a slider that moves an unknown parameter, and the platform's
     /// Exception for an intensity that moves an effect which is not there.
     static PresetModel::PresetPtr Make(const Content& content, PresetControllerFactory& factory);
-    /// The same for a preset without sliders of its own, which starts at `intensity`, the per cent
+    /// Makes a preset without sliders of its own, which starts at `intensity`, the per cent
     /// of its full effect; without a value it has no intensity.
     static PresetModel::PresetPtr Make(const QString& name,
                                        const Zorvik::Quindle::ConstEffectList& effects,

@@ -32,8 +32,8 @@ struct RenderOptions
     /// Where the picture lies; empty: it is the whole one. Spatial effects take the mirror image
     /// for what lies outside of the pixels that they are given, see FindHalo().
     std::optional<PictureArea> area;
-    /// Of the whole picture below the effects; null: the source counts as the whole one, wherever
-    /// it lies.
+    /// Facts of the whole picture below the effects. Null: the source counts as the whole picture,
+    /// wherever it lies.
     std::shared_ptr<const PictureFacts> facts = nullptr;
     const CancelToken* cancel = nullptr; ///< may stop the rendering from another thread
 };

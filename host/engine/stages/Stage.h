@@ -36,8 +36,8 @@ struct StageContext
     PictureArea area;
     Image::Depth depth = Image::Depth::Bits16; ///< of the pictures: how exact chains have to be
     std::shared_ptr<const RgbSpace> space = nullptr; ///< of the pictures; null: sRGB
-    /// Of the whole picture below the effects, and for one effect of that below it. Null: nothing
-    /// is known of it.
+    /// Facts of the whole picture below the effects; while one effect is made ready, of the picture
+    /// below that one. Null: nothing is known.
     std::shared_ptr<const PictureFacts> facts = nullptr;
 };
 

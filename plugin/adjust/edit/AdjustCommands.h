@@ -44,7 +44,7 @@ public:
     void Commit();
 
     /// Puts all values back without a step: another photo is open, or another module has committed.
-    /// What is open on the photo stays there.
+    /// The open package stays on the photo.
     void Forget();
     /// Goes back to saved values and draws them. The drawer has no package of the panel.
     void Restore(const Zorvik::Core::Property::Ptr& saved);

@@ -15,8 +15,7 @@ namespace LumetraAdjust {
 
 class AdjustCommands;
 
-/// What the panel does with looks of the user: keeps new ones, and gives one of them the values of
-/// the panel.
+/// Commands on looks of the user: keeping a new one, and giving one the values of the panel.
 class LookCommands : public QObject
 {
     Q_OBJECT

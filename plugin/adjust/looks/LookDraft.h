@@ -32,8 +32,8 @@ public:
     std::set<int> FindSections() const;
     /// The parameters of these sections that can have an extra slider: those that have been moved.
     std::vector<Parameter> FindSliders(const std::set<int>& sections) const;
-    /// What an intensity of kind Sliders moves: every parameter that acts alone, from the value
-    /// that changes nothing to its own, without those that have a slider of their own.
+    /// Finds the parameters that an intensity of kind Sliders moves: each that acts alone, from the
+    /// value that changes nothing to its own, without those that have a slider of their own.
     std::vector<LumetraEditor::LookVariable> FindVariables(const Choices& choices) const;
     LumetraEditor::NewLook Make(const Choices& choices) const;
 

@@ -121,7 +121,7 @@ void WheelControls::ConnectWheel(const Range& range)
     });
 }
 
-/// What the names of the range's parameters have in common: "Shadows" of "Shadows: Hue".
+/// The common beginning of the names of a range's parameters: "Shadows" of "Shadows: Hue".
 QString WheelControls::GetTitle(const Range& range) const
 {
     const EffectDescription& effect = *m_commands.GetAdjustments().Find(m_effectID);

@@ -48,8 +48,8 @@ struct NewLook
     /// The names and the index of the package do not count.
     Zorvik::Quindle::EffectsSettings settings{Zorvik::Quindle::EffectsSettings::PhotoAlone};
     Intensity intensity = Intensity::Blend;
-    /// What an intensity of kind Sliders moves, from 0 to 100 per cent; at least one then. The look
-    /// starts at 100 where its effects have the values at the end.
+    /// The parameters that an intensity of kind Sliders moves, from 0 to 100 per cent; at least one
+    /// then. The look starts at 100 where its effects have the values at the end.
     std::vector<LookVariable> variables;
     /// The extra sliders of the look; they move other parameters than the intensity does. Without a
     /// value the look offers those that the catalogue has for its effects, whose positions may

@@ -12,7 +12,7 @@ constexpr float Smallest = 1e-37f;
 constexpr float Largest = 1e37f;
 constexpr float SmallestExponent = -120.0f;
 // No power of a colour inside of the picture's range comes this far: (1 * 10 + 2)^10 is below 2^36.
-// What effects behind make of it stays a number: from infinity less infinity, nothing comes back.
+// Later effects multiply such a power again; without a limit they would subtract infinities.
 constexpr float LargestExponent = 40.0f;
 
 /// Leaves zero and negative values as they are.

@@ -19,7 +19,7 @@ using Zorvik::Quindle::EffectSettingsImpl;
 
 constexpr int LongestValue = 40;
 
-/// What a remark shows of a value; nothing of lists and structures.
+/// Shortens a value for a remark; lists and structures are not shown.
 QString Shorten(const ForeignValue& value)
 {
     if (value.text.size() <= LongestValue)
