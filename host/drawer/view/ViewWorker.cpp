@@ -90,6 +90,8 @@ std::optional<ViewWorker::Queued> ViewWorker::TakeJob()
 void ViewWorker::Run(const Queued& queued)
 {
     try {
+        if (queued.job.isOtherPhoto)
+            m_copy.SetOriginal({}, {}, {}); // lets go of the photo before
         m_ticks.Begin(queued.job.recipe.layers, queued.job.geometry.GetPixelCount());
         if (RunQuickFrame(queued))
             RunStep(queued, false);
