@@ -29,7 +29,7 @@ constexpr double LeastDifference = 4;
 constexpr double MostClipped = 0.04;
 /// Side of the blocks in which a JPEG file stores its picture.
 constexpr int Block = 8;
-/// What a look may make of the differences between the blocks of a stored sky, as a multiple.
+/// The most by which a look may multiply the differences between the blocks of a stored sky.
 constexpr double MostRoughened = 1.6;
 /// The largest distance between two channels of a light grey, in steps of 8 bits.
 constexpr int MostCast = 12;

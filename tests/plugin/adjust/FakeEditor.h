@@ -24,7 +24,7 @@ public:
     FakeEditor();
     virtual ~FakeEditor();
 
-    /// What lies on the photo, painting included, as the recording drawer has it.
+    /// Returns the packages on the photo, painting included, as the recording drawer has them.
     std::vector<std::string> GetShown() { return m_workspace->GetDrawer().GetStack().GetShown(); }
     CallLog& GetLog() { return m_log; }
 

@@ -112,7 +112,7 @@ void TakePictures(const QString& photoPath, const QString& folder, const QString
     }
 }
 
-/// What the report of an import looks like.
+/// Makes the report of an import, with a remark of each kind.
 LumetraPlugin::ImportReport MakeReport()
 {
     using LumetraPlugin::ImportRemark;

@@ -32,7 +32,7 @@ protected:
 
     /// A packet with the settings as attributes; a value "x, y; x, y" becomes a list.
     static QByteArray MakeXmp(const Settings& settings, const std::string& name = {});
-    /// The same with elements, under another prefix and without a wrapper.
+    /// Makes the same settings as elements, under another prefix and without a wrapper.
     static QByteArray MakeElements(const Settings& settings);
     static QByteArray MakeTemplate(const Settings& settings);
     /// A profile: settings are named "Section/Key"; every section is on.

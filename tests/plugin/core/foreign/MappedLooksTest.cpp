@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What imported looks do to colours, setting by setting.
+// Each setting of an imported look changes the colours of a chart as its name says.
 #include "plugin/core/foreign/ForeignFixture.h"
 
 #include <algorithm>
