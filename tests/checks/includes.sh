@@ -25,6 +25,7 @@ rooms=(
     host/photo/file host/photo/colour host/photo/metadata host/photo/jpeg host/photo/tiff host/photo/formats host/photo
     host/catalogue host/lut host/exporting
     host/drawer/stack host/drawer/render host/drawer host/drawer/previews host/drawer/view host/workspace
+    host/edits
     plugin/api plugin/core
     plugin/panel/appearance plugin/panel/importing plugin/panel/commands plugin/panel/grid plugin/panel/widgets plugin/panel
     plugin/adjust/edit plugin/adjust/controls plugin/adjust/curve plugin/adjust/wheel plugin/adjust/looks

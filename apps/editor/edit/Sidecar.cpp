@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "edit/Sidecar.h"
 
-#include "edit/EditFile.h"
-#include "edit/EditSearch.h"
-#include "edit/KeptEdits.h"
+#include "edits/EditFile.h"
+#include "edits/EditSearch.h"
+#include "edits/KeptEdits.h"
 #include "storage/CheckedFileWriter.h"
 #include "storage/JsonDocument.h"
 #include "userdata/BackupRotation.h"
@@ -17,6 +17,11 @@
 
 namespace LumetraEditor {
 namespace {
+
+using LumetraHost::EditFile;
+using LumetraHost::EditSearch;
+using LumetraHost::EditState;
+using LumetraHost::PhotoIdentity;
 
 namespace EditPlaces = LumetraHost::EditPlaces;
 
@@ -132,7 +137,7 @@ std::optional<EditState> Sidecar::Open(const QString& photo, const PhotoIdentity
                       search.GetUnreadable().contains(path) ? Unreadable : Earlier};
     };
     m_place->beside = target(EditPlaces::GetBeside(photo));
-    m_place->kept = target(KeptEdits::GetPath(photo, identity));
+    m_place->kept = target(LumetraHost::KeptEdits::GetPath(photo, identity));
     m_isOfOtherPhoto = found && found->isOfOtherPhoto;
     if (!found)
         return std::nullopt;

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "edit/BackgroundThread.h"
-#include "edit/EditState.h"
-#include "edit/PhotoIdentity.h"
+#include "edits/EditState.h"
+#include "edits/PhotoIdentity.h"
 
 #include <QObject>
 #include <QString>
@@ -34,7 +34,8 @@ public:
 
     /// From now on the sidecar of this photo: its edit, see EditSearch; nothing when there is none
     /// or, after problem(), when it cannot be read. Waits until the earlier one is written.
-    std::optional<EditState> Open(const QString& photo, const PhotoIdentity& identity);
+    std::optional<LumetraHost::EditState> Open(const QString& photo,
+                                               const LumetraHost::PhotoIdentity& identity);
     /// The edit that was found was made for another file under the photo's name. The first write
     /// makes it an edit of this photo.
     bool IsOfOtherPhoto() const { return m_isOfOtherPhoto; }
@@ -43,7 +44,7 @@ public:
     void StartAnew();
 
     /// For the photo opened last.
-    void Write(const EditState& state);
+    void Write(const LumetraHost::EditState& state);
     /// Returns when everything is written and reported.
     void Flush();
     /// False after a write has failed at both places, until one succeeds or another photo is

@@ -4,9 +4,16 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace LumetraEditor {
+
+using LumetraHost::PanelEdit;
+
+static_assert(std::string_view(PanelEdit::Preset) == IEditorPanel::EditPreset);
+static_assert(std::string_view(PanelEdit::Name) == IEditorPanel::EditName);
+static_assert(std::string_view(PanelEdit::Intensity) == IEditorPanel::EditIntensity);
 
 GuardedPanel::GuardedPanel(const LoadedPlugin& plugin, IEditor& editor,
                            std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> workspace)

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "LumetraEditor/IEditor.h"
-#include "edit/PanelEdit.h"
+#include "edits/PanelEdit.h"
 #include "plugins/CallDepth.h"
 #include "plugins/Failure.h"
 #include "plugins/PluginLoader.h"
@@ -46,8 +46,8 @@ public:
     void PreviewReady(const QString& key);
     /// The panel's edit; nothing when the panel is out of use, or is now because it has failed or
     /// has given what no edit can hold.
-    std::optional<PanelEdit> SaveEdit();
-    void RestoreEdit(const PanelEdit& edit);
+    std::optional<LumetraHost::PanelEdit> SaveEdit();
+    void RestoreEdit(const LumetraHost::PanelEdit& edit);
     bool HasUnsavedChanges();
     /// True when the panel is out of use, or is now.
     bool MayEnd();

@@ -5,6 +5,9 @@
 
 namespace LumetraEditor {
 
+using LumetraHost::EditLayer;
+using LumetraHost::EditState;
+
 GuardedPanel& Panels::Add(const LoadedPlugin& plugin, IEditor& editor,
                           const std::shared_ptr<Zorvik::Lumetra::IWorkspaceController>& workspace)
 {

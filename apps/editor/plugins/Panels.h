@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "edit/EditState.h"
+#include "edits/EditState.h"
 #include "plugins/GuardedPanel.h"
 
 #include <QCoreApplication>
@@ -29,10 +29,10 @@ public:
     void PhotoChanged();
     void PreviewReady(const QString& key);
     /// Replaces the parts of the panels in use; all others stay as they are.
-    void Save(EditState& state) const;
-    void Restore(const EditState& state);
+    void Save(LumetraHost::EditState& state) const;
+    void Restore(const LumetraHost::EditState& state);
     /// Removes the parts of the panels in use, their open layers, and those that are nobody's.
-    void Forget(EditState& state) const;
+    void Forget(LumetraHost::EditState& state) const;
     /// True when the module has a panel that has not failed.
     bool IsInUse(const QString& module) const;
     /// Tells the modules among `owners`, but for `module`, that `module` has committed their open

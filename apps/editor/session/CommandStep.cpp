@@ -5,6 +5,8 @@
 
 namespace LumetraEditor {
 
+using LumetraHost::EditState;
+
 CommandStep::CommandStep(std::unique_ptr<QUndoCommand> command, EditState before, Run run,
                          Restore restore)
     : QUndoCommand(command->text()), m_command(std::move(command)), m_before(std::move(before)),

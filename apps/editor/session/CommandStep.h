@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "edit/EditState.h"
+#include "edits/EditState.h"
 
 #include <QUndoCommand>
 
@@ -18,9 +18,10 @@ public:
     /// Runs a part of the command, during which nothing makes steps of its own, and returns the
     /// edit afterwards.
     using Run = std::function<EditState(const std::function<void()>& part)>;
-    using Restore = std::function<void(const EditState& state)>;
+    using Restore = std::function<void(const LumetraHost::EditState& state)>;
 
-    CommandStep(std::unique_ptr<QUndoCommand> command, EditState before, Run run, Restore restore);
+    CommandStep(std::unique_ptr<QUndoCommand> command, LumetraHost::EditState before, Run run,
+                Restore restore);
 
     void undo() override;
     void redo() override;
@@ -29,8 +30,8 @@ public:
 
 private:
     std::unique_ptr<QUndoCommand> m_command;
-    EditState m_before;
-    EditState m_after;
+    LumetraHost::EditState m_before;
+    LumetraHost::EditState m_after;
     Run m_run;
     Restore m_restore;
     bool m_isDone = false;

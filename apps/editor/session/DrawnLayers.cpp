@@ -13,6 +13,7 @@ namespace LumetraEditor {
 namespace {
 
 using LumetraHost::Drawer;
+using LumetraHost::EditLayer;
 using LumetraHost::StackedPackage;
 using Zorvik::Quindle::EffectsSettings;
 

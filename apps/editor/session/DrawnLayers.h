@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "edit/EditState.h"
+#include "edits/EditState.h"
 
 #include <functional>
 #include <vector>
@@ -17,14 +17,15 @@ namespace LumetraEditor {
 namespace DrawnLayers {
 
 /// The drawer's packages as layers, without their records.
-std::vector<EditLayer> Read(const LumetraHost::Drawer& drawer);
+std::vector<LumetraHost::EditLayer> Read(const LumetraHost::Drawer& drawer);
 
 /// Leaves the committed layers of the edit on the photo, and no open ones. Nothing is rendered
 /// again where the drawer has the same ones committed already.
-void RestoreCommitted(LumetraHost::Drawer& drawer, const std::vector<EditLayer>& layers);
+void RestoreCommitted(LumetraHost::Drawer& drawer,
+                      const std::vector<LumetraHost::EditLayer>& layers);
 /// Follows the modules in use, which have drawn their open layers: draws those of all other
 /// modules, puts the open ones into the order of the edit, and sets layers on and off.
-void RestoreOpen(LumetraHost::Drawer& drawer, const std::vector<EditLayer>& layers,
+void RestoreOpen(LumetraHost::Drawer& drawer, const std::vector<LumetraHost::EditLayer>& layers,
                  const std::function<bool(const QString& module)>& isInUse);
 /// Takes the open layers of a module off.
 void RemoveOpen(LumetraHost::Drawer& drawer, const QString& module);

@@ -27,7 +27,10 @@ namespace LumetraEditor {
 namespace {
 
 using LumetraHost::AsyncPreviews;
+using LumetraHost::EditLayer;
+using LumetraHost::EditState;
 using LumetraHost::Photo;
+using LumetraHost::PhotoIdentity;
 using LumetraHost::WorkspaceController;
 using Zorvik::Quindle::EffectsSettings;
 

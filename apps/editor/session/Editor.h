@@ -3,8 +3,8 @@
 
 #include "LumetraEditor/IEditor.h"
 #include "drawer/stack/IDrawerObserver.h"
-#include "edit/EditState.h"
 #include "edit/Sidecar.h"
+#include "edits/EditState.h"
 #include "plugins/Panels.h"
 #include "session/PhotoLoader.h"
 
@@ -88,7 +88,7 @@ public:
     /// Returns when the edit as it is at this moment is on the disk.
     void SaveEdit();
     /// The layers of the edit, bottom first.
-    std::vector<EditLayer> CaptureLayers() const { return CaptureEdit().layers; }
+    std::vector<LumetraHost::EditLayer> CaptureLayers() const { return CaptureEdit().layers; }
     /// Sets a layer of CaptureLayers() on or off, as a step. A layer that is off is neither shown
     /// nor exported; an open one is on again when its module next draws it. Does nothing for a
     /// position without a layer.
@@ -133,25 +133,26 @@ private:
     void CommittedPhotoChanged() override {}
 
     void TakePhoto(const QString& path, const LumetraHost::Photo& photo,
-                   const PhotoIdentity& identity);
+                   const LumetraHost::PhotoIdentity& identity);
     void RefusePhoto(const QString& path, const QString& problem);
     void SetPhoto(const QString& path, const LumetraHost::Photo& photo,
-                  const PhotoIdentity& identity);
+                  const LumetraHost::PhotoIdentity& identity);
     /// Restores the edit of the photo's sidecar, or begins with the bare photo.
-    void OpenSidecar(const PhotoIdentity& identity);
+    void OpenSidecar(const LumetraHost::PhotoIdentity& identity);
     /// Asks the user about an edit that was made for another file.
     void SettleEditOfOtherPhoto();
     /// The edit as it is at this moment.
-    EditState CaptureEdit() const;
+    LumetraHost::EditState CaptureEdit() const;
     /// Adds the drawer's layers to a state that has its panels' parts.
-    void AddLayers(EditState& state) const;
-    void ForgetCommittedParts(EditState& state) const;
-    LumetraHost::EditRecord MakeRecord(const EditState& state, std::size_t position) const;
-    void RestoreEdit(const EditState& state);
-    void RestoreStep(const EditState& state);
+    void AddLayers(LumetraHost::EditState& state) const;
+    void ForgetCommittedParts(LumetraHost::EditState& state) const;
+    LumetraHost::EditRecord MakeRecord(const LumetraHost::EditState& state,
+                                       std::size_t position) const;
+    void RestoreEdit(const LumetraHost::EditState& state);
+    void RestoreStep(const LumetraHost::EditState& state);
     /// Makes the workspace of a module, whose commits the other modules hear of.
     std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> MakeWorkspace(const QString& module);
-    EditState RunCommand(const std::function<void()>& command);
+    LumetraHost::EditState RunCommand(const std::function<void()>& command);
     /// Handles an exception of an event handler, that of a panel's object or any other.
     void TakeFailure(QObject* receiver, const QString& reason);
     void LockDrawer(bool isLocked);
@@ -167,7 +168,7 @@ private:
     Panels m_panels;
     std::optional<Zorvik::Quindle::EffectsSettings> m_shownOnTop;
     std::shared_ptr<const LumetraHost::DisplayTransform> m_display;
-    EditState m_state; ///< after the last step
+    LumetraHost::EditState m_state; ///< after the last step
     bool m_isRestoring = false;
     bool m_mayLoseEdit = false; ///< the user lets m_state go unsaved
     EditorQuestions m_questions;

@@ -9,6 +9,8 @@
 
 namespace LumetraEditor {
 
+using LumetraHost::PhotoIdentity;
+
 struct PhotoLoader::Job
 {
     QString path;

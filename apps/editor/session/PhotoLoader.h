@@ -2,7 +2,7 @@
 #pragma once
 
 #include "edit/BackgroundThread.h"
-#include "edit/PhotoIdentity.h"
+#include "edits/PhotoIdentity.h"
 
 #include "photo/Photo.h"
 
@@ -29,7 +29,7 @@ public:
 signals:
     /// `identity` is that of the file before it was read.
     void loaded(const QString& path, const LumetraHost::Photo& photo,
-                const LumetraEditor::PhotoIdentity& identity);
+                const LumetraHost::PhotoIdentity& identity);
     /// `message` names the file and what was expected.
     void failed(const QString& path, const QString& message);
 

@@ -4,9 +4,9 @@
 #include "editor/ScriptedAlerts.h"
 #include "support/StoredForm.h"
 
-#include "edit/EditFile.h"
-#include "edit/KeptEdits.h"
-#include "edit/PhotoIdentity.h"
+#include "edits/EditFile.h"
+#include "edits/KeptEdits.h"
+#include "edits/PhotoIdentity.h"
 #include "userdata/EditPlaces.h"
 
 #include <QAction>
@@ -17,8 +17,8 @@
 #include <gmock/gmock.h>
 
 using namespace LumetraTest;
-using LumetraEditor::EditFile;
-using LumetraEditor::PhotoIdentity;
+using LumetraHost::EditFile;
+using LumetraHost::PhotoIdentity;
 using LumetraHost::EditPlaces::GetKeptFolder;
 using testing::HasSubstr;
 
@@ -68,14 +68,14 @@ protected:
     QString KeptFile() const
     {
         const auto identity = PhotoIdentity::Of(Path("lake.png"));
-        return LumetraEditor::KeptEdits::GetPath(Path("lake.png"), identity);
+        return LumetraHost::KeptEdits::GetPath(Path("lake.png"), identity);
     }
     /// An edit of "lake.png" that was written at `time`.
     QByteArray EditText(int value, const QDateTime& time) const
     {
         EditFile file;
         file.state.panels[QStringLiteral("exposure-panel")] =
-            LumetraEditor::PanelEdit(StoredNode{{"tenthsOfStops", value}}.ToProperty());
+            LumetraHost::PanelEdit(StoredNode{{"tenthsOfStops", value}}.ToProperty());
         file.photo = PhotoIdentity::Of(Path("lake.png"));
         file.saved = time;
         return file.ToText();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "editor/EditorFixture.h"
 
-#include "edit/EditStateFormat.h"
+#include "edits/EditStateFormat.h"
 #include "storage/JsonDocument.h"
 #include "window/MessageBar.h"
 
@@ -108,7 +108,7 @@ TEST_F(KillTest, aKilledEditorLeavesWholeFilesAndItsPresetsAreShownAgain)
     EXPECT_GE(sidecars.size(), 4);
     for (const QString& path : sidecars)
         EXPECT_NO_THROW(
-            LumetraEditor::EditStateFormat::FromDocument(LumetraHost::JsonDocument::Read(path)))
+            LumetraHost::EditStateFormat::FromDocument(LumetraHost::JsonDocument::Read(path)))
             << path.toStdString();
     int presets = 0;
     for (const QString& path : FindFiles("presets.json")) {

@@ -2,8 +2,8 @@
 #include "editor/EditorFixture.h"
 #include "editor/ScriptedAlerts.h"
 
-#include "edit/EditFile.h"
-#include "edit/PhotoIdentity.h"
+#include "edits/EditFile.h"
+#include "edits/PhotoIdentity.h"
 
 #include <QAction>
 #include <QCryptographicHash>
@@ -16,8 +16,8 @@
 #include <sys/stat.h>
 
 using namespace LumetraTest;
-using LumetraEditor::EditFile;
-using LumetraEditor::PhotoIdentity;
+using LumetraHost::EditFile;
+using LumetraHost::PhotoIdentity;
 using testing::HasSubstr;
 using testing::Not;
 

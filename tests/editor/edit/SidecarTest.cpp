@@ -3,9 +3,9 @@
 #include "editor/EditorFixture.h"
 #include "support/StoredForm.h"
 
-#include "edit/EditFile.h"
-#include "edit/KeptEdits.h"
 #include "edit/Sidecar.h"
+#include "edits/EditFile.h"
+#include "edits/KeptEdits.h"
 #include "userdata/EditPlaces.h"
 
 #include <QDir>
@@ -14,10 +14,10 @@
 #include <gmock/gmock.h>
 
 using namespace LumetraTest;
-using LumetraEditor::EditFile;
-using LumetraEditor::EditState;
-using LumetraEditor::PhotoIdentity;
 using LumetraEditor::Sidecar;
+using LumetraHost::EditFile;
+using LumetraHost::EditState;
+using LumetraHost::PhotoIdentity;
 using testing::HasSubstr;
 
 namespace {
@@ -27,7 +27,7 @@ EditState Edit(const char* look)
 {
     EditState state;
     state.panels[QStringLiteral("looks")] =
-        LumetraEditor::PanelEdit(StoredNode{{"name", look}}.ToProperty());
+        LumetraHost::PanelEdit(StoredNode{{"name", look}}.ToProperty());
     return state;
 }
 
@@ -142,7 +142,7 @@ TEST_F(SidecarTest, theKeptEditOfAnotherEditorStays)
 
     Write(first, "Porcelain"); // beside the photo again
 
-    const QString kept = LumetraEditor::KeptEdits::GetPath(photo, PhotoIdentity::Of(photo));
+    const QString kept = LumetraHost::KeptEdits::GetPath(photo, PhotoIdentity::Of(photo));
     ASSERT_TRUE(QFile::exists(kept));
     EXPECT_THAT(EditFile::Read(kept).text.toStdString(), HasSubstr("Candlelight"));
 }

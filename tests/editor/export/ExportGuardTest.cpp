@@ -2,8 +2,8 @@
 #include "ExportFixture.h"
 #include "editor/ScriptedAlerts.h"
 
-#include "edit/KeptEdits.h"
-#include "edit/PhotoIdentity.h"
+#include "edits/KeptEdits.h"
+#include "edits/PhotoIdentity.h"
 #include "export/ExportGuard.h"
 #include "userdata/EditPlaces.h"
 
@@ -142,9 +142,9 @@ TEST_F(ExportGuardTest, refusesAPhotoWithAnEditBesideIt)
 TEST_F(ExportGuardTest, refusesAPhotoWhoseEditIsKeptInTheUsersFolder)
 {
     WriteFile("edited.png", "a photo");
-    const auto identity = LumetraEditor::PhotoIdentity::Of(Path("edited.png"));
+    const auto identity = LumetraHost::PhotoIdentity::Of(Path("edited.png"));
     ASSERT_TRUE(QDir().mkpath(LumetraHost::EditPlaces::GetKeptFolder()));
-    QFile kept(LumetraEditor::KeptEdits::GetPath(Path("edited.png"), identity));
+    QFile kept(LumetraHost::KeptEdits::GetPath(Path("edited.png"), identity));
     ASSERT_TRUE(kept.open(QIODevice::WriteOnly));
 
     ExpectRefused(Path("edited.png"), "is a photo with an edit of its own");

@@ -19,8 +19,8 @@
 #include <vector>
 
 using namespace LumetraTest;
-using LumetraEditor::EditLayer;
 using LumetraHost::DrawWhole;
+using LumetraHost::EditLayer;
 using LumetraHost::HaveSamePixels;
 using LumetraHost::Image;
 using testing::ElementsAre;

@@ -9,7 +9,7 @@
 #include "canvas/PhotoCanvas.h"
 #include "drawer/previews/AsyncPreviews.h"
 #include "drawer/view/LiveView.h"
-#include "edit/EditFile.h"
+#include "edits/EditFile.h"
 #include "photo/PhotoWriter.h"
 #include "plugins/PluginLoader.h"
 #include "userdata/EditPlaces.h"
@@ -336,12 +336,11 @@ bool StressRun::CheckScreen()
 }
 
 /// The edit in the file beside the photo; that of no step where there is none.
-LumetraEditor::EditState StressRun::ReadEdit()
+LumetraHost::EditState StressRun::ReadEdit()
 {
     m_editor->SaveEdit();
     const QString file = LumetraHost::EditPlaces::GetBeside(m_editor->GetPhotoPath());
-    return QFile::exists(file) ? LumetraEditor::EditFile::Read(file).state
-                               : LumetraEditor::EditState();
+    return QFile::exists(file) ? LumetraHost::EditFile::Read(file).state : LumetraHost::EditState();
 }
 
 LumetraEditor::PhotoCanvas& StressRun::GetCanvas()

@@ -48,7 +48,7 @@ private:
     void Settle();
 
     LumetraEditor::PhotoCanvas& GetCanvas();
-    LumetraEditor::EditState ReadEdit();
+    LumetraHost::EditState ReadEdit();
 
     bool CheckNow();
     bool Check(const char* what, bool isTrue);

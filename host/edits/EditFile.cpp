@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "edit/EditFile.h"
+#include "edits/EditFile.h"
 
-#include "edit/EditStateFormat.h"
+#include "edits/EditStateFormat.h"
 
 #include "Zorvik/Exception.h"
 #include "storage/JsonDocument.h"
@@ -15,14 +15,8 @@
 #include <memory>
 #include <string>
 
-namespace LumetraEditor {
+namespace LumetraHost {
 namespace {
-
-using LumetraHost::JsonArray;
-using LumetraHost::JsonDocument;
-using LumetraHost::JsonNumber;
-using LumetraHost::JsonObject;
-using LumetraHost::JsonValue;
 
 constexpr char PhotoKey[] = "photo", SavedKey[] = "saved", SizeKey[] = "size",
                ModifiedKey[] = "modified", HashKey[] = "sha256", PathKey[] = "path",
@@ -158,4 +152,4 @@ QByteArray EditFile::ToText() const
     return encoded;
 }
 
-} // namespace LumetraEditor
+} // namespace LumetraHost

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "edit/EditState.h"
+#include "edits/EditState.h"
 
 #include "storage/JsonDocument.h"
 
 #include <QByteArray>
 
-namespace LumetraEditor {
+namespace LumetraHost {
 
 /// The stored form of an edit:
 /// { "format": "lumetra-sidecar", "version": 3,
@@ -27,11 +27,11 @@ public:
     static constexpr char FormatName[] = "lumetra-sidecar";
     static constexpr int Version = 3;
 
-    static LumetraHost::JsonDocument ToDocument(const EditState& state);
+    static JsonDocument ToDocument(const EditState& state);
     /// Reads this version and all earlier ones. Zorvik::Exception, with file and place, for
     /// anything that ToDocument() would not have written; members that it does not know are passed
     /// over.
-    static EditState FromDocument(const LumetraHost::JsonDocument& document);
+    static EditState FromDocument(const JsonDocument& document);
 
     /// The key of the list of layers in a file of that version.
     static const char* GetLayersKey(int version);
@@ -40,4 +40,4 @@ public:
     static QByteArray EffectsText(const Zorvik::Quindle::EffectsSettings& package);
 };
 
-} // namespace LumetraEditor
+} // namespace LumetraHost

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "edit/EditStateFormat.h"
+#include "edits/EditStateFormat.h"
 
 #include "Zorvik/Exception.h"
 #include "storage/JsonValue.h"
@@ -10,13 +10,9 @@
 #include <set>
 #include <utility>
 
-namespace LumetraEditor {
+namespace LumetraHost {
 namespace {
 
-using LumetraHost::JsonArray;
-using LumetraHost::JsonDocument;
-using LumetraHost::JsonObject;
-using LumetraHost::JsonValue;
 using Zorvik::Brassel::ConstCollectionPtr;
 using Zorvik::Brassel::ISerializer;
 using Zorvik::Quindle::EffectsSettings;
@@ -240,4 +236,4 @@ QByteArray EditStateFormat::EffectsText(const EffectsSettings& package)
     return document.ToText();
 }
 
-} // namespace LumetraEditor
+} // namespace LumetraHost

@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "edit/EditState.h"
+#include "edits/EditState.h"
 
-#include "LumetraEditor/IEditorPlugin.h"
-#include "edit/EditStateFormat.h"
+#include "edits/EditStateFormat.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <string>
 
-namespace LumetraEditor {
+namespace LumetraHost {
 namespace {
 
-using LumetraHost::JsonNumber;
-using LumetraHost::JsonObject;
-using LumetraHost::JsonValue;
 using Zorvik::Quindle::EffectsSettings;
 
 /// How much of the full effect a blend amount leaves.
@@ -42,19 +38,16 @@ int FindWhole(const JsonObject& edit, const char* key, int fallback)
 
 } // namespace
 
-// The keys are those that IEditorPanel::SaveEdit() gives a meaning to.
-LumetraHost::EditRecord EditState::MakeRecord(const QString& module,
-                                              const EffectsSettings& package) const
+EditRecord EditState::MakeRecord(const QString& module, const EffectsSettings& package) const
 {
     const std::string& preset = package.Package().GetPresetName();
     const int share = PercentOf(package.GetBlendAmount());
     for (const auto& [id, part] : panels) {
         const JsonObject& edit = *part.GetJson();
         const bool mayHaveDrawn = module.isEmpty() || module == id;
-        if (mayHaveDrawn && !preset.empty() &&
-            FindText(edit, IEditorPanel::EditPreset, {}) == preset)
-            return {FindText(edit, IEditorPanel::EditName, preset),
-                    FindWhole(edit, IEditorPanel::EditIntensity, share)};
+        if (mayHaveDrawn && !preset.empty() && FindText(edit, PanelEdit::Preset, {}) == preset)
+            return {FindText(edit, PanelEdit::Name, preset),
+                    FindWhole(edit, PanelEdit::Intensity, share)};
     }
     return {preset, share};
 }
@@ -86,4 +79,4 @@ bool operator==(const EditState& first, const EditState& second)
     return first.panels == second.panels && first.layers == second.layers;
 }
 
-} // namespace LumetraEditor
+} // namespace LumetraHost

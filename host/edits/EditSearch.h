@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "edit/EditFile.h"
+#include "edits/EditFile.h"
 
 #include <QString>
 #include <QStringList>
@@ -9,7 +9,7 @@
 #include <optional>
 #include <vector>
 
-namespace LumetraEditor {
+namespace LumetraHost {
 
 /// Looks for the edit of a photo: beside it, then in the user's own folder. Only reads.
 ///
@@ -45,4 +45,4 @@ private:
     QStringList m_problems;
 };
 
-} // namespace LumetraEditor
+} // namespace LumetraHost

@@ -4,12 +4,12 @@
 #include <QString>
 #include <QStringList>
 
-namespace LumetraEditor {
+namespace LumetraHost {
 
 struct PhotoIdentity;
 
 /// The edits of photos, by content, that could not be written beside them; see
-/// LumetraHost::EditPlaces.
+/// EditPlaces.
 namespace KeptEdits {
 
 /// The file of this photo, whether there is one or not.
@@ -18,4 +18,4 @@ QString GetPath(const QString& photo, const PhotoIdentity& identity);
 QStringList FindByContent(const PhotoIdentity& identity);
 
 } // namespace KeptEdits
-} // namespace LumetraEditor
+} // namespace LumetraHost

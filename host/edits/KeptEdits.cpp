@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "edit/KeptEdits.h"
+#include "edits/KeptEdits.h"
 
-#include "edit/PhotoIdentity.h"
+#include "edits/PhotoIdentity.h"
 #include "userdata/EditPlaces.h"
 
-namespace LumetraEditor {
+namespace LumetraHost {
 namespace {
 
-namespace EditPlaces = LumetraHost::EditPlaces;
+namespace EditPlaces = EditPlaces;
 
 constexpr int ContentDigits = 32;
 
@@ -32,4 +32,4 @@ QStringList KeptEdits::FindByContent(const PhotoIdentity& identity)
         EditPlaces::GetBeside(QStringLiteral("*-") + ContentPart(identity)));
 }
 
-} // namespace LumetraEditor
+} // namespace LumetraHost

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "edit/PanelEdit.h"
+#include "edits/PanelEdit.h"
 
 #include "Zorvik/Exception.h"
 #include "storage/JsonProperty.h"
@@ -10,13 +10,9 @@
 #include <memory>
 #include <string>
 
-namespace LumetraEditor {
+namespace LumetraHost {
 namespace {
 
-using LumetraHost::JsonObject;
-using LumetraHost::JsonProperty;
-using LumetraHost::JsonValue;
-using LumetraHost::JsonWriter;
 using Zorvik::Core::Property;
 
 constexpr char Place[] = "edit"; // begins the paths in messages
@@ -59,4 +55,4 @@ bool operator==(const PanelEdit& first, const PanelEdit& second)
            JsonWriter::Write(*first.GetJson()) == JsonWriter::Write(*second.GetJson());
 }
 
-} // namespace LumetraEditor
+} // namespace LumetraHost

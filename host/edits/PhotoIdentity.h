@@ -6,7 +6,7 @@
 
 class QString;
 
-namespace LumetraEditor {
+namespace LumetraHost {
 
 /// Tells a photo's file from another one that has got its name. Taken from the content, so that a
 /// copy and a file with another time are the same photo; a file into which a program has written
@@ -27,4 +27,4 @@ struct PhotoIdentity
     bool IsSamePhoto(const PhotoIdentity& other) const;
 };
 
-} // namespace LumetraEditor
+} // namespace LumetraHost

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "edit/EditState.h"
-#include "edit/PhotoIdentity.h"
+#include "edits/EditState.h"
+#include "edits/PhotoIdentity.h"
 
 #include "storage/JsonValue.h"
 
@@ -10,7 +10,7 @@
 #include <QDateTime>
 #include <QString>
 
-namespace LumetraEditor {
+namespace LumetraHost {
 
 /// An edit as it is on the disk: that of EditStateFormat and, beside its members,
 /// "photo": { "size": BYTES, "modified": TIME, "sha256": HASH, "path": PATH }, "saved": TIME.
@@ -23,7 +23,7 @@ struct EditFile
     QString photoPath;   ///< of a photo elsewhere; empty beside it
     QDateTime saved;     ///< UTC; the file's time where the text does not say it
     /// The file as it was read, or null. Members that this version does not know are written again.
-    LumetraHost::JsonValue::Object origin;
+    JsonValue::Object origin;
     QByteArray text; ///< all of the file as it was read
 
     /// Zorvik::Exception, with file and place, for what is no edit.
@@ -32,4 +32,4 @@ struct EditFile
     QByteArray ToText() const;
 };
 
-} // namespace LumetraEditor
+} // namespace LumetraHost

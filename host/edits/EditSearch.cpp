@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "edit/EditSearch.h"
+#include "edits/EditSearch.h"
 
-#include "edit/KeptEdits.h"
+#include "edits/KeptEdits.h"
 #include "userdata/EditPlaces.h"
 
 #include <QFileInfo>
@@ -10,10 +10,10 @@
 #include <exception>
 #include <utility>
 
-namespace LumetraEditor {
+namespace LumetraHost {
 namespace {
 
-namespace EditPlaces = LumetraHost::EditPlaces;
+namespace EditPlaces = EditPlaces;
 
 /// A file of an earlier version does not say it and is taken for an edit of the photo beside it.
 bool IsOf(const EditFile& edit, const PhotoIdentity& photo)
@@ -78,4 +78,4 @@ void EditSearch::Choose(std::vector<Found> edits, bool areOfOtherPhoto)
     m_found->isOfOtherPhoto = areOfOtherPhoto;
 }
 
-} // namespace LumetraEditor
+} // namespace LumetraHost

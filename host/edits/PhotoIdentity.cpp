@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "edit/PhotoIdentity.h"
+#include "edits/PhotoIdentity.h"
 
 #include <QCryptographicHash>
 #include <QFile>
@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace LumetraEditor {
+namespace LumetraHost {
 
 PhotoIdentity PhotoIdentity::Of(const QString& path)
 {
@@ -34,4 +34,4 @@ bool PhotoIdentity::IsSamePhoto(const PhotoIdentity& other) const
     return size == other.size && hash == other.hash;
 }
 
-} // namespace LumetraEditor
+} // namespace LumetraHost

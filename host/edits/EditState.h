@@ -2,7 +2,7 @@
 #pragma once
 
 #include "drawer/stack/PictureRecipe.h"
-#include "edit/PanelEdit.h"
+#include "edits/PanelEdit.h"
 #include "photo/metadata/EditRecord.h"
 
 #include "Zorvik/Quindle/EffectsSettings.h"
@@ -12,16 +12,16 @@
 #include <map>
 #include <vector>
 
-namespace LumetraEditor {
+namespace LumetraHost {
 
 /// One package of an edit, in its place.
 struct EditLayer
 {
-    QString module; ///< the id of the module that has drawn it; empty: unknown
-    LumetraHost::SharedSettings settings; ///< never null
-    LumetraHost::EditRecord record;       ///< the package in words for the user
-    bool isOn = true;                     ///< false: the layer keeps its place and is not drawn
-    bool isOpen = false;                  ///< its module can still change it
+    QString module;          ///< the id of the module that has drawn it; empty: unknown
+    SharedSettings settings; ///< never null
+    EditRecord record;       ///< the package in words for the user
+    bool isOn = true;        ///< false: the layer keeps its place and is not drawn
+    bool isOpen = false;     ///< its module can still change it
 };
 
 /// The edit of a photo at one moment: all that undo, redo and the next start need.
@@ -32,8 +32,8 @@ struct EditState
 
     /// A package in words for the user: those of the panel that has drawn it, else the package's
     /// own name and amount. An empty `module` asks all panels.
-    LumetraHost::EditRecord MakeRecord(const QString& module,
-                                       const Zorvik::Quindle::EffectsSettings& package) const;
+    EditRecord MakeRecord(const QString& module,
+                          const Zorvik::Quindle::EffectsSettings& package) const;
     /// How many layers, from the bottom, are committed.
     std::size_t CountCommitted() const;
 };
@@ -46,4 +46,4 @@ bool IsSamePackage(const Zorvik::Quindle::EffectsSettings& first,
 bool operator==(const EditLayer& first, const EditLayer& second);
 bool operator==(const EditState& first, const EditState& second);
 
-} // namespace LumetraEditor
+} // namespace LumetraHost

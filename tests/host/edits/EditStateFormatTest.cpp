@@ -3,7 +3,7 @@
 #include "support/StoredForm.h"
 
 #include "Zorvik/Quindle/EffectSettingsImpl.h"
-#include "edit/EditStateFormat.h"
+#include "edits/EditStateFormat.h"
 #include "storage/JsonDocument.h"
 
 #include <gmock/gmock.h>
@@ -15,11 +15,11 @@
 #include <string>
 
 using namespace LumetraTest;
-using LumetraEditor::EditLayer;
-using LumetraEditor::EditState;
-using LumetraEditor::EditStateFormat;
-using LumetraEditor::PanelEdit;
+using LumetraHost::EditLayer;
+using LumetraHost::EditState;
+using LumetraHost::EditStateFormat;
 using LumetraHost::JsonDocument;
+using LumetraHost::PanelEdit;
 using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::Not;
