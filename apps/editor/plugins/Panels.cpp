@@ -7,6 +7,7 @@ namespace LumetraEditor {
 
 using LumetraHost::EditLayer;
 using LumetraHost::EditState;
+using LumetraHost::PanelEdit;
 
 GuardedPanel& Panels::Add(const LoadedPlugin& plugin, IEditor& editor,
                           const std::shared_ptr<Zorvik::Lumetra::IWorkspaceController>& workspace)

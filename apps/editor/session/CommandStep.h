@@ -17,7 +17,7 @@ class CommandStep : public QUndoCommand
 public:
     /// Runs a part of the command, during which nothing makes steps of its own, and returns the
     /// edit afterwards.
-    using Run = std::function<EditState(const std::function<void()>& part)>;
+    using Run = std::function<LumetraHost::EditState(const std::function<void()>& part)>;
     using Restore = std::function<void(const LumetraHost::EditState& state)>;
 
     CommandStep(std::unique_ptr<QUndoCommand> command, LumetraHost::EditState before, Run run,

@@ -14,6 +14,7 @@ namespace {
 
 using LumetraHost::Drawer;
 using LumetraHost::EditLayer;
+using LumetraHost::IsSamePackage;
 using LumetraHost::StackedPackage;
 using Zorvik::Quindle::EffectsSettings;
 

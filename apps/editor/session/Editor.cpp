@@ -29,6 +29,7 @@ namespace {
 using LumetraHost::AsyncPreviews;
 using LumetraHost::EditLayer;
 using LumetraHost::EditState;
+using LumetraHost::IsSamePackage;
 using LumetraHost::Photo;
 using LumetraHost::PhotoIdentity;
 using LumetraHost::WorkspaceController;
