@@ -4,10 +4,8 @@
 #include "engine/run/WholePicture.h"
 #include "image/Overview.h"
 
-#include "Zorvik/Exception.h"
 #include "Zorvik/Proc/SettingsEffectEmpty.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <algorithm>
 #include <utility>
@@ -181,8 +179,7 @@ void Drawer::ApplyAs(const std::string& origin, const EffectsSettings& effects)
 void Drawer::CommitAs(const std::string& origin, const Zorvik::Quindle::ConstEffectPtr& effect)
 {
     if (!effect)
-        throw Zorvik::Exception("effect cannot be applied: expected an effect, found null",
-                                BOOST_CURRENT_FUNCTION, "drawer/Drawer", __LINE__);
+        FailWith("effect cannot be applied: expected an effect, found null");
     m_painter.FinishOpenPainting();
     for (StackedPackage& package : m_stack.TakeAll())
         m_committed.push_back(std::move(package));

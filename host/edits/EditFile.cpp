@@ -3,12 +3,10 @@
 
 #include "edits/EditStateFormat.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 #include "storage/JsonDocument.h"
 
 #include <QFileInfo>
-
-#include <boost/current_function.hpp>
 
 #include <algorithm>
 #include <initializer_list>
@@ -145,10 +143,9 @@ QByteArray EditFile::ToText() const
         CarryOverAll(*origin, root);
     const QByteArray encoded = document.ToText();
     if (encoded.size() > JsonDocument::MaxFileSize)
-        throw Zorvik::Exception("the edit: expected at most " +
-                                    std::to_string(JsonDocument::MaxFileSize) + " bytes, found " +
-                                    std::to_string(encoded.size()),
-                                BOOST_CURRENT_FUNCTION, "editor/EditFile", __LINE__);
+        LumetraHost::FailWith("the edit: expected at most " +
+                              std::to_string(JsonDocument::MaxFileSize) + " bytes, found " +
+                              std::to_string(encoded.size()));
     return encoded;
 }
 

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "edits/EditStateFormat.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 #include "storage/JsonValue.h"
-
-#include <boost/current_function.hpp>
 
 #include <memory>
 #include <set>
@@ -30,8 +28,7 @@ constexpr auto& EffectsKey = IEffectSettings::EFFECTS;
 
 [[noreturn]] void Refuse(const std::string& place, const std::string& expected)
 {
-    throw Zorvik::Exception(place + ": expected " + expected, BOOST_CURRENT_FUNCTION,
-                            "editor/EditStateFormat", __LINE__);
+    LumetraHost::FailWith(place + ": expected " + expected);
 }
 
 /// Refuses an object, whose members a serializer would take for the elements of a collection.

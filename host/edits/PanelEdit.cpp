@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "edits/PanelEdit.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 #include "storage/JsonProperty.h"
 #include "storage/JsonWriter.h"
-
-#include <boost/current_function.hpp>
 
 #include <memory>
 #include <string>
@@ -19,8 +17,7 @@ constexpr char Place[] = "edit"; // begins the paths in messages
 
 [[noreturn]] void Refuse(const std::string& expected)
 {
-    throw Zorvik::Exception(std::string(Place) + ": expected " + expected, BOOST_CURRENT_FUNCTION,
-                            "editor/PanelEdit", __LINE__);
+    LumetraHost::FailWith(std::string(Place) + ": expected " + expected);
 }
 
 JsonValue::Object Write(const Property::Ptr& given)

@@ -8,11 +8,9 @@
 #include "photo/file/PhotoLimits.h"
 #include "storage/CheckedFileWriter.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 
 #include <QFileInfo>
-
-#include <boost/current_function.hpp>
 
 #include <new>
 
@@ -34,8 +32,7 @@ Export::Result Export::Run(const QString& source, const QString& target, const E
         }
         return result;
     } catch (const std::bad_alloc&) {
-        throw Zorvik::Exception(name + ": " + PhotoLimits::OutOfMemory, BOOST_CURRENT_FUNCTION,
-                                "exporting/Export", __LINE__);
+        FailWith(name + ": " + PhotoLimits::OutOfMemory);
     }
 }
 

@@ -1,21 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "exporting/ExportRecipe.h"
 
-#include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace LumetraHost {
 namespace {
-
-[[noreturn]] void Fail(const std::string& name, const std::string& text)
-{
-    throw Zorvik::Exception(name + ": " + text, BOOST_CURRENT_FUNCTION, "exporting/ExportRecipe",
-                            __LINE__);
-}
 
 } // namespace
 
@@ -39,10 +31,10 @@ ExportRecipe::Size ExportRecipe::GetSize(int width, int height) const
 void ExportRecipe::Check(const std::string& name) const
 {
     if (format == PhotoFormat::Jpeg && depth == Image::Depth::Bits16)
-        Fail(name, "expected 8 bits for a JPEG file, found 16");
+        FailWith(name + ": expected 8 bits for a JPEG file, found 16");
     if (longestSide < 0 || longestSide > LargestSide)
-        Fail(name, "expected a longest side of at most " + std::to_string(LargestSide) +
-                       " pixels, found " + std::to_string(longestSide));
+        FailWith(name + ": expected a longest side of at most " + std::to_string(LargestSide) +
+                 " pixels, found " + std::to_string(longestSide));
 }
 
 } // namespace LumetraHost

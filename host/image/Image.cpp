@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "image/Image.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 #include "threads/RowBands.h"
-
-#include <boost/current_function.hpp>
 
 #include <cstring>
 #include <limits>
@@ -46,10 +44,8 @@ Image Image::AllocateUninitialised(int width, int height, Depth depth,
                                    std::shared_ptr<const RgbSpace> space)
 {
     if (width < 1 || height < 1 || width > MaximumSide || height > MaximumSide)
-        throw Zorvik::Exception("picture of " + std::to_string(width) + " x " +
-                                    std::to_string(height) + " pixels: expected 1 to " +
-                                    std::to_string(MaximumSide) + " on each side",
-                                BOOST_CURRENT_FUNCTION, "photo/Image", __LINE__);
+        FailWith("picture of " + std::to_string(width) + " x " + std::to_string(height) +
+                 " pixels: expected 1 to " + std::to_string(MaximumSide) + " on each side");
     Image image;
     image.m_width = width;
     image.m_height = height;

@@ -12,9 +12,7 @@
 #include "photo/metadata/MetadataWriter.h"
 #include "photo/tiff/TiffDecoder.h"
 
-#include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <algorithm>
 #include <new>
@@ -22,12 +20,6 @@
 
 namespace LumetraHost {
 namespace {
-
-[[noreturn]] void Fail(const std::string& name, const std::string& text)
-{
-    throw Zorvik::Exception(name + ": " + text, BOOST_CURRENT_FUNCTION, "photo/PhotoReader",
-                            __LINE__);
-}
 
 /// Half the size of any camera of this century is enough for a screen.
 RawSize ChooseRawSize(int smallestSide)
@@ -53,7 +45,7 @@ DecodedPhoto DecodePixels(const Bytes& content, const std::string& name, int sma
     case PhotoFormat::Raw:
         return DecodeRaw(content, name, ChooseRawSize(smallestSide));
     }
-    Fail(name, "unknown format");
+    FailWith(name + ": unknown format");
 }
 
 /// Cameras that say Adobe RGB only in the EXIF block embed no profile.
@@ -90,7 +82,7 @@ Photo ReadFile(const QString& path, const Decoding& decode)
     try {
         return decode(PhotoReader::ReadContent(path), name);
     } catch (const std::bad_alloc&) {
-        Fail(name, PhotoLimits::OutOfMemory);
+        FailWith(name + ": " + PhotoLimits::OutOfMemory);
     }
 }
 

@@ -8,21 +8,13 @@
 #include "photo/tiff/TiffEncoder.h"
 #include "storage/CheckedFileWriter.h"
 
-#include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <optional>
 #include <utility>
 
 namespace LumetraHost {
 namespace {
-
-[[noreturn]] void Fail(const std::string& name, const std::string& text)
-{
-    throw Zorvik::Exception(name + ": " + text, BOOST_CURRENT_FUNCTION, "photo/PhotoWriter",
-                            __LINE__);
-}
 
 /// Puts the metadata into the file that another encoder makes.
 class EmbeddingEncoder : public RowEncoder
@@ -66,7 +58,8 @@ void CheckOptions(const PictureForm& form, const PhotoWriter::Options& options,
                   const std::string& name)
 {
     if (options.quality < 1 || options.quality > 100)
-        Fail(name, "expected a quality from 1 to 100, found " + std::to_string(options.quality));
+        FailWith(name + ": expected a quality from 1 to 100, found " +
+                 std::to_string(options.quality));
     PhotoLimits::Check(name, static_cast<std::uint64_t>(form.width),
                        static_cast<std::uint64_t>(form.height));
 }
@@ -77,8 +70,8 @@ PhotoFormat PhotoWriter::GetFormatOf(const QString& path)
 {
     const std::optional<PhotoFormat> format = GetPhotoFormatOfName(path);
     if (!format)
-        Fail(path.toStdString(),
-             "expected a file name that ends in .jpg, .jpeg, .png, .tif or .tiff");
+        FailWith(path.toStdString() +
+                 ": expected a file name that ends in .jpg, .jpeg, .png, .tif or .tiff");
     return *format;
 }
 

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "storage/CheckedFileWriter.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
-
-#include <boost/current_function.hpp>
 
 #include <cerrno>
 #include <cstring>
@@ -26,8 +24,7 @@ std::string SystemReason(int error)
 
 [[noreturn]] void Fail(const QString& path, const std::string& step, const std::string& reason)
 {
-    throw Zorvik::Exception(path.toStdString() + ": cannot be written: " + step + ": " + reason,
-                            BOOST_CURRENT_FUNCTION, "storage/CheckedFileWriter", __LINE__);
+    FailWith(path.toStdString() + ": cannot be written: " + step + ": " + reason);
 }
 
 /// Throws with the system's reason: Qt's own text is often "Unknown error".
@@ -121,8 +118,7 @@ void CheckedFileWriter::MakeFolder(const QString& path)
     if (QFileInfo(path).isDir())
         return;
     if (!QDir().mkpath(path))
-        throw Zorvik::Exception(path.toStdString() + ": expected to make this folder",
-                                BOOST_CURRENT_FUNCTION, "storage/CheckedFileWriter", __LINE__);
+        FailWith(path.toStdString() + ": expected to make this folder");
     SyncEntry(path);
 }
 

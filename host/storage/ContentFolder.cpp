@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "storage/ContentFolder.h"
 
-#include "Zorvik/Exception.h"
 #include "storage/CheckedFileWriter.h"
+#include "storage/FailWith.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-
-#include <boost/current_function.hpp>
 
 #include <algorithm>
 
@@ -19,11 +17,6 @@ namespace {
 
 constexpr std::size_t NameLength = 64;
 constexpr int TemporaryFileMinutes = 10;
-
-[[noreturn]] void Fail(const std::string& description, int line)
-{
-    throw Zorvik::Exception(description, BOOST_CURRENT_FUNCTION, "storage/ContentFolder", line);
-}
 
 bool IsDigit(char c)
 {
@@ -67,17 +60,15 @@ QByteArray ContentFolder::Read(const std::string& name, qint64 size) const
 {
     const std::string problem = FindProblem(name, size);
     if (!problem.empty())
-        Fail(problem, __LINE__);
+        FailWith(problem);
     QFile file(FileOf(name));
     if (!file.open(QIODevice::ReadOnly))
-        Fail(file.fileName().toStdString() +
-                 ": cannot be read: " + file.errorString().toStdString(),
-             __LINE__);
+        FailWith(file.fileName().toStdString() +
+                 ": cannot be read: " + file.errorString().toStdString());
     const QByteArray content = file.read(size + 1);
     if (NameOf(content) != name)
-        Fail(file.fileName().toStdString() +
-                 ": expected the content that its name is the SHA-256 of, found a damaged one",
-             __LINE__);
+        FailWith(file.fileName().toStdString() +
+                 ": expected the content that its name is the SHA-256 of, found a damaged one");
     Remember(name);
     return content;
 }

@@ -2,7 +2,7 @@
 #include "storage/JsonDocument.h"
 
 #include "Zorvik/Brassel/ISerializer.h"
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 #include "storage/JsonException.h"
 #include "storage/JsonReader.h"
 #include "storage/JsonSerializer.h"
@@ -12,15 +12,12 @@
 #include <QFileInfo>
 #include <QString>
 
-#include <boost/current_function.hpp>
-
 namespace LumetraHost {
 namespace {
 
-[[noreturn]] void Fail(const QString& fileName, const std::string& reason, int line)
+[[noreturn]] void Fail(const QString& fileName, const std::string& reason)
 {
-    throw Zorvik::Exception(fileName.toStdString() + ": " + reason, BOOST_CURRENT_FUNCTION,
-                            "storage/JsonDocument", line);
+    FailWith(fileName.toStdString() + ": " + reason);
 }
 
 std::string TooLarge(qint64 largest, qint64 size)
@@ -33,16 +30,15 @@ QByteArray ReadAll(const QString& fileName, qint64 largest)
 {
     const QFileInfo info(fileName);
     if (info.exists() && !info.isFile())
-        Fail(fileName, info.isDir() ? "expected a file, found a folder" : "expected a plain file",
-             __LINE__);
+        Fail(fileName, info.isDir() ? "expected a file, found a folder" : "expected a plain file");
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
-        Fail(fileName, "cannot be read: " + file.errorString().toStdString(), __LINE__);
+        Fail(fileName, "cannot be read: " + file.errorString().toStdString());
     QByteArray text = file.read(largest + 1);
     if (file.error() != QFileDevice::NoError)
-        Fail(fileName, "cannot be read: " + file.errorString().toStdString(), __LINE__);
+        Fail(fileName, "cannot be read: " + file.errorString().toStdString());
     if (text.size() > largest)
-        Fail(fileName, TooLarge(largest, info.size()), __LINE__);
+        Fail(fileName, TooLarge(largest, info.size()));
     return text;
 }
 
@@ -94,11 +90,11 @@ JsonDocument JsonDocument::CheckReadable(const QByteArray& text, const QString& 
 {
     const std::string unwritten = "; it could not be read again, so nothing was written";
     if (text.size() > MaxFileSize)
-        Fail(fileName, TooLarge(MaxFileSize, text.size()) + unwritten, __LINE__);
+        Fail(fileName, TooLarge(MaxFileSize, text.size()) + unwritten);
     try {
         return Parse(text, fileName.toStdString());
     } catch (const JsonException& error) {
-        Fail(fileName, error.GetMessage() + unwritten, __LINE__);
+        Fail(fileName, error.GetMessage() + unwritten);
     }
 }
 

@@ -24,8 +24,10 @@ struct JsonPlace
 class JsonException : public Zorvik::Exception
 {
 public:
+    /// `function` and `line` name the place of the call: leave them out.
     JsonException(const std::string& description, const JsonPlace& place,
-                  const std::string& message, const std::string& function, int line);
+                  const std::string& message, const std::string& function = __builtin_FUNCTION(),
+                  int line = __builtin_LINE());
     ~JsonException() override;
 
     const JsonPlace& GetPlace() const { return m_place; }

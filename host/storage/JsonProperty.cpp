@@ -2,9 +2,8 @@
 #include "storage/JsonProperty.h"
 
 #include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 #include "storage/JsonWriter.h"
-
-#include <boost/current_function.hpp>
 
 #include <algorithm>
 #include <charconv>
@@ -21,8 +20,7 @@ constexpr char ElementNameKey[] = "";
 
 [[noreturn]] void Refuse(const std::string& place, const std::string& expected)
 {
-    throw Zorvik::Exception(place + ": expected " + expected, BOOST_CURRENT_FUNCTION,
-                            "storage/JsonProperty", __LINE__);
+    FailWith(place + ": expected " + expected);
 }
 
 /// The beginning of a damaged text, in letters that a message can show.

@@ -3,8 +3,6 @@
 
 #include "storage/JsonException.h"
 
-#include <boost/current_function.hpp>
-
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -277,10 +275,10 @@ bool TreeBuilder::parse_error(std::size_t position, const std::string& token,
 }
 
 [[noreturn]] void Fail(const LineCounter& place, const std::string& fileName,
-                       const std::string& message, int line)
+                       const std::string& message)
 {
     const JsonPlace at{fileName, place.line, place.column};
-    throw JsonException(at.ToText() + ": " + message, at, message, BOOST_CURRENT_FUNCTION, line);
+    throw JsonException(at.ToText() + ": " + message, at, message);
 }
 
 /// Refuses NUL: the parser takes it for the end of the text and would not look at the rest.
@@ -291,7 +289,7 @@ void RefuseNul(std::string_view text, const std::string& fileName)
         return;
     LineCounter place(text);
     place.MoveTo(nul);
-    Fail(place, fileName, "expected JSON text in UTF-8, found a NUL byte", __LINE__);
+    Fail(place, fileName, "expected JSON text in UTF-8, found a NUL byte");
 }
 
 } // namespace
@@ -301,7 +299,7 @@ JsonValue::Object JsonReader::Read(std::string_view text, const std::string& fil
     RefuseNul(text, fileName);
     const bool hasMark = text.substr(0, 3) == "\xEF\xBB\xBF";
     if (text.find_first_not_of(" \t\r\n", hasMark ? 3 : 0) == std::string_view::npos)
-        Fail(LineCounter(text), fileName, "expected a JSON object, found nothing", __LINE__);
+        Fail(LineCounter(text), fileName, "expected a JSON object, found nothing");
 
     if (hasMark)
         text.remove_prefix(3);
@@ -310,12 +308,11 @@ JsonValue::Object JsonReader::Read(std::string_view text, const std::string& fil
     nlohmann::ordered_json::sax_parse(TrackingIterator(text.data(), builder.Reached()),
                                       TrackingIterator(end, builder.Reached()), &builder);
     if (!builder.problem.empty())
-        Fail(builder.Place(), fileName, builder.problem, __LINE__);
+        Fail(builder.Place(), fileName, builder.problem);
     if (const auto* object = builder.root.As<JsonValue::Object>())
         return *object;
     Fail(LineCounter(text), fileName,
-         std::string("expected an object at the top, found ") + builder.root.GetKindName(),
-         __LINE__);
+         std::string("expected an object at the top, found ") + builder.root.GetKindName());
 }
 
 } // namespace LumetraHost

@@ -7,8 +7,6 @@
 #include "storage/JsonException.h"
 #include "storage/JsonWriter.h"
 
-#include <boost/current_function.hpp>
-
 #include <cmath>
 #include <limits>
 
@@ -69,8 +67,7 @@ private:
     std::shared_ptr<const ContentFolder> m_contents;
 };
 
-[[noreturn]] void Fail(const Location& location, const JsonValue* value, const std::string& message,
-                       int line)
+[[noreturn]] void Fail(const Location& location, const JsonValue* value, const std::string& message)
 {
     JsonPlace place;
     place.file = location.GetFile();
@@ -78,20 +75,18 @@ private:
         place.line = value->line;
         place.column = value->column;
     }
-    throw JsonException(location.GetPath() + ": " + message, place, message, BOOST_CURRENT_FUNCTION,
-                        line);
+    throw JsonException(location.GetPath() + ": " + message, place, message);
 }
 
 [[noreturn]] void Mismatch(const Location& location, const JsonValue& value, const char* expected,
-                           const std::string& found, int line)
+                           const std::string& found)
 {
-    Fail(location, &value, std::string("expected ") + expected + ", found " + found, line);
+    Fail(location, &value, std::string("expected ") + expected + ", found " + found);
 }
 
-[[noreturn]] void Mismatch(const Location& location, const JsonValue& value, const char* expected,
-                           int line)
+[[noreturn]] void Mismatch(const Location& location, const JsonValue& value, const char* expected)
 {
-    Mismatch(location, value, expected, value.GetKindName(), line);
+    Mismatch(location, value, expected, value.GetKindName());
 }
 
 ISerializer::Kind KindOf(const JsonValue& value)
@@ -212,14 +207,13 @@ ConstSerializerPtr JsonCollection::GetElement(std::size_t index) const
     if (index >= (array ? array->elements.size() : GetCount()))
         Fail(m_location, m_owner->Find(GetKey()),
              "expected an element " + std::to_string(index) + ", found " +
-                 std::to_string(GetCount()) + " elements",
-             __LINE__);
+                 std::to_string(GetCount()) + " elements");
     const JsonObject::Member* member = array ? nullptr : &Object()->GetMembers()[index];
     const JsonValue& value = array ? array->elements[index] : member->second;
     Location location = array ? Element(index) : Element(member->first);
     if (const auto* node = value.As<JsonValue::Object>())
         return new JsonNode(*node, std::move(location));
-    Mismatch(location, value, "node", __LINE__);
+    Mismatch(location, value, "node");
 }
 
 SerializerPtr JsonCollection::AddElement(const std::string& name)
@@ -230,7 +224,7 @@ SerializerPtr JsonCollection::AddElement(const std::string& name)
 SerializerPtr JsonCollection::AddUnnamed()
 {
     if (const JsonObject* object = Object(); object && !object->GetMembers().empty())
-        Fail(m_location, nullptr, "expected a name for the new element, found none", __LINE__);
+        Fail(m_location, nullptr, "expected a name for the new element, found none");
     if (!Array())
         m_owner->Set(GetKey(), JsonValue(std::make_shared<JsonArray>()));
     const auto node = std::make_shared<JsonObject>();
@@ -243,14 +237,13 @@ SerializerPtr JsonCollection::AddNamed(const std::string& name)
     JsonWriter::CheckText(name);
     if (const JsonArray* array = Array(); array && !array->elements.empty())
         Fail(m_location, nullptr,
-             "expected no name for the new element, found \"" + name + "\" after unnamed elements",
-             __LINE__);
+             "expected no name for the new element, found \"" + name + "\" after unnamed elements");
     if (!Object())
         m_owner->Set(GetKey(), JsonValue(std::make_shared<JsonObject>()));
     const auto node = std::make_shared<JsonObject>();
     if (!Object()->Append(name, JsonValue(node)))
         Fail(m_location, nullptr,
-             "expected a new name for the new element, found \"" + name + "\" again", __LINE__);
+             "expected a new name for the new element, found \"" + name + "\" again");
     return new JsonNode(node, Element(name));
 }
 
@@ -279,7 +272,7 @@ const T* JsonNode::Read(const std::string& key, const char* expected) const
         return nullptr;
     if (const T* typed = value->As<T>())
         return typed;
-    Mismatch(Member(key), *value, expected, __LINE__);
+    Mismatch(Member(key), *value, expected);
 }
 
 bool JsonNode::Get(const std::string& key, bool defaultValue) const
@@ -297,7 +290,7 @@ int JsonNode::Get(const std::string& key, int defaultValue) const
         number->value < std::numeric_limits<int>::min() ||
         number->value > std::numeric_limits<int>::max())
         Mismatch(Member(key), *m_object->Find(key), "a whole number from -2147483648 to 2147483647",
-                 "number " + number->text.substr(0, 40), __LINE__);
+                 "number " + number->text.substr(0, 40));
     return static_cast<int>(number->value);
 }
 
@@ -325,7 +318,7 @@ ConstCollectionPtr JsonNode::GetCollection(const std::string& key) const
     if (!value)
         return nullptr;
     if (!value->As<JsonValue::Array>() && !value->As<JsonValue::Object>())
-        Mismatch(Member(key), *value, "collection", __LINE__);
+        Mismatch(Member(key), *value, "collection");
     return new JsonCollection(m_object, Member(key));
 }
 
@@ -349,7 +342,7 @@ void JsonNode::Set(const std::string& key, double value)
 {
     if (!std::isfinite(value))
         Fail(Member(key), nullptr,
-             "expected a finite number to write, found " + std::to_string(value), __LINE__);
+             "expected a finite number to write, found " + std::to_string(value));
     Store(key, JsonNumber{value, JsonWriter::NumberText(value)});
 }
 

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "storage/JsonWriter.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 #include "storage/JsonReader.h"
-
-#include <boost/current_function.hpp>
 
 #include <nlohmann/json.hpp>
 
@@ -41,9 +39,8 @@ void NewLine(std::string& text, std::size_t depth)
 void RefuseDepth(std::size_t depth)
 {
     if (depth >= JsonReader::MaxDepth)
-        throw Zorvik::Exception("expected nesting of at most " +
-                                    std::to_string(JsonReader::MaxDepth) + " levels to write",
-                                BOOST_CURRENT_FUNCTION, "storage/JsonWriter", __LINE__);
+        FailWith("expected nesting of at most " + std::to_string(JsonReader::MaxDepth) +
+                 " levels to write");
 }
 
 void Append(std::string& text, const JsonObject& object, std::size_t depth)
@@ -123,8 +120,7 @@ std::string JsonWriter::Quote(const std::string& text)
     try {
         return nlohmann::ordered_json(text).dump();
     } catch (const nlohmann::ordered_json::type_error&) {
-        throw Zorvik::Exception("expected text in valid UTF-8 to write", BOOST_CURRENT_FUNCTION,
-                                "storage/JsonWriter", __LINE__);
+        FailWith("expected text in valid UTF-8 to write");
     }
 }
 

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "storage/NodeParts.h"
 
-#include "Zorvik/Exception.h"
 #include "Zorvik/RefCounted.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <algorithm>
 
@@ -80,11 +78,7 @@ private:
         return IsHidden(key) ? fallback : m_node->Get(key, fallback);
     }
 
-    [[noreturn]] void Refuse() const
-    {
-        throw Zorvik::Exception(GetPath() + ": expected to be read only", BOOST_CURRENT_FUNCTION,
-                                "storage/NodeParts", __LINE__);
-    }
+    [[noreturn]] void Refuse() const { FailWith(GetPath() + ": expected to be read only"); }
 
     ConstSerializerPtr m_node;
     std::vector<std::string> m_hidden;

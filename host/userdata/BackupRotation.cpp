@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "userdata/BackupRotation.h"
 
-#include "Zorvik/Exception.h"
 #include "storage/CheckedFileWriter.h"
+#include "storage/FailWith.h"
 
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-
-#include <boost/current_function.hpp>
 
 namespace LumetraHost {
 namespace {
@@ -62,9 +60,7 @@ QString BackupRotation::SetAside(const QString& word) const
     for (int attempt = 2; QFile::exists(name); ++attempt)
         name = dated + QStringLiteral("-%1").arg(attempt);
     if (!QFile::copy(m_path, name))
-        throw Zorvik::Exception(
-            (m_path + QStringLiteral(": expected to copy it to ") + name).toStdString(),
-            BOOST_CURRENT_FUNCTION, "userdata/BackupRotation", __LINE__);
+        FailWith((m_path + QStringLiteral(": expected to copy it to ") + name).toStdString());
     return name;
 }
 

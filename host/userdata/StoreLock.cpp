@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "userdata/StoreLock.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 
 #include <QDateTime>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QSysInfo>
-
-#include <boost/current_function.hpp>
 
 #include <cerrno>
 #include <cstring>
@@ -68,8 +66,7 @@ std::string ReasonAgainst(const QString& name)
 
 [[noreturn]] void Fail(const QString& path, const std::string& problem)
 {
-    throw Zorvik::Exception(path.toStdString() + ": cannot be locked for writing: " + problem,
-                            BOOST_CURRENT_FUNCTION, "userdata/StoreLock", __LINE__);
+    FailWith(path.toStdString() + ": cannot be locked for writing: " + problem);
 }
 
 [[noreturn]] void FailToMake(const QString& path)

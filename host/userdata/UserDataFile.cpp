@@ -3,6 +3,7 @@
 
 #include "Zorvik/Brassel/ISerializer.h"
 #include "storage/CheckedFileWriter.h"
+#include "storage/FailWith.h"
 #include "storage/JsonException.h"
 #include "userdata/ContentCollector.h"
 #include "userdata/StoreLock.h"
@@ -11,8 +12,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-
-#include <boost/current_function.hpp>
 
 namespace LumetraHost {
 namespace {
@@ -28,11 +27,6 @@ int MajorVersion(const JsonObject& object)
     return number ? static_cast<int>(std::min(std::max(number->value, 0.0), 1e6)) : FirstVersion;
 }
 
-[[noreturn]] void Fail(const std::string& description, int line)
-{
-    throw Zorvik::Exception(description, BOOST_CURRENT_FUNCTION, "userdata/UserDataFile", line);
-}
-
 QString Resolve(const QString& path)
 {
     const QFileInfo file(path);
@@ -44,14 +38,13 @@ QString Resolve(const QString& path)
 void RefuseUnusable(const QString& path, const UserDataForm& form)
 {
     if (path.isEmpty())
-        Fail("expected the name of a file of your own " + form.noun + ", found an empty text",
-             __LINE__);
+        FailWith("expected the name of a file of your own " + form.noun + ", found an empty text");
     const QFileInfo file(path);
     if (file.isSymLink() && !file.exists())
-        Fail((path + QStringLiteral(": expected a file, found a link to \"%1\", which is not there")
-                         .arg(file.symLinkTarget()))
-                 .toStdString(),
-             __LINE__);
+        FailWith(
+            (path + QStringLiteral(": expected a file, found a link to \"%1\", which is not there")
+                        .arg(file.symLinkTarget()))
+                .toStdString());
 }
 
 /// True when the text of the format stands at one end of the file: a new file of the first version
@@ -78,8 +71,7 @@ bool NamesFormatAtAnEnd(const QString& path, const std::string& format)
     }
     const std::string message = std::string("expected \"") + UserDataForm::KeyFormat +
                                 "\" to be \"" + expected + "\"" + (format ? "" : ", found none");
-    throw JsonException(place.ToText() + ": " + message, place, message, BOOST_CURRENT_FUNCTION,
-                        __LINE__);
+    throw JsonException(place.ToText() + ": " + message, place, message);
 }
 
 } // namespace
@@ -170,10 +162,9 @@ UserDataFile::Found UserDataFile::FindBackup(const std::string& reason)
             return {*document, backup, true};
         }
     if (QFileInfo(m_path).size() > 0)
-        Fail(reason + "; expected a file of your own " + m_form.noun +
+        FailWith(reason + "; expected a file of your own " + m_form.noun +
                  " or a good backup of one beside it, so the file is left alone and nothing is "
-                 "saved",
-             __LINE__);
+                 "saved");
     m_reports.push_back(reason + "; there is no good backup, so the list of " + m_form.noun +
                         " starts empty");
     return {JsonDocument(m_path.toStdString())};
@@ -188,9 +179,8 @@ JsonDocument UserDataFile::Update(const Edit& edit, const Contents& contents)
 
     const Found found = Find();
     if (MajorVersion(*found.document.GetObject()) > m_form.majorVersion)
-        Fail(m_path.toStdString() + ": expected version " + std::to_string(m_form.majorVersion) +
-                 ", found a newer one; nothing was written",
-             __LINE__);
+        FailWith(m_path.toStdString() + ": expected version " +
+                 std::to_string(m_form.majorVersion) + ", found a newer one; nothing was written");
     JsonObject& object = *found.document.GetObject();
     if (!object.Find(UserDataForm::KeyFormat))
         found.document.GetRoot()->Set(UserDataForm::KeyFormat, m_form.format);

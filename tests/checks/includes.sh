@@ -19,7 +19,7 @@ layers=(platform library host plugin apps)
 # The rooms inside a layer, from the ground up: a room may include files of itself and of the rooms before it.
 # A folder that is not listed belongs to the room that it lies in.
 rooms=(
-    host/threads host/image host/storage host/archive host/style host/userdata
+    host/threads host/storage host/image host/archive host/style host/userdata
     host/engine/base host/engine/kernels host/engine/pixels host/engine/stages host/engine/effects
     host/engine/gaussian host/engine/run
     host/photo/file host/photo/colour host/photo/metadata host/photo/jpeg host/photo/tiff host/photo/formats host/photo

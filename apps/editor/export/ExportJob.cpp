@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "export/ExportJob.h"
 
-#include "Zorvik/Exception.h"
 #include "export/ExportGuard.h"
 #include "storage/CheckedFileWriter.h"
+#include "storage/FailWith.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
-
-#include <boost/current_function.hpp>
 
 #include <utility>
 
@@ -66,8 +64,7 @@ void ExportJob::CheckOutput() const
         obstacle =
             Messages::tr("“%1” has appeared meanwhile and is not replaced.").arg(file.fileName());
     if (!obstacle.isEmpty())
-        throw Zorvik::Exception(obstacle.toStdString(), BOOST_CURRENT_FUNCTION, "editor/ExportJob",
-                                __LINE__);
+        LumetraHost::FailWith(obstacle.toStdString());
 }
 
 } // namespace LumetraEditor

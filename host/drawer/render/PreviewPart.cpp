@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "drawer/render/PreviewPart.h"
 
-#include "Zorvik/Exception.h"
 #include "Zorvik/Quindle/IQuindleDrawer.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <algorithm>
 #include <cmath>
@@ -24,11 +22,10 @@ void CheckTarget(const Zorvik::Proc::FrameTarget& target)
 {
     const bool hasAspect = std::isfinite(target.pixelAspect) && target.pixelAspect > 0;
     if (target.width < 1 || target.height < 1 || !hasAspect)
-        throw Zorvik::Exception("preview of " + std::to_string(target.width) + " x " +
-                                    std::to_string(target.height) + " pixels of aspect " +
-                                    std::to_string(target.pixelAspect) +
-                                    ": expected at least 1 x 1 and a positive aspect",
-                                BOOST_CURRENT_FUNCTION, "drawer/PreviewPart", __LINE__);
+        FailWith("preview of " + std::to_string(target.width) + " x " +
+                 std::to_string(target.height) + " pixels of aspect " +
+                 std::to_string(target.pixelAspect) +
+                 ": expected at least 1 x 1 and a positive aspect");
 }
 
 } // namespace

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "drawer/stack/Painter.h"
 
-#include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <utility>
 
@@ -67,8 +65,7 @@ std::optional<Layer> Painter::GetShownLayer() const
 void Painter::StartPainting(const boost::intrusive_ptr<SettingsPainterEffectsPackage>& package)
 {
     if (!package)
-        throw Zorvik::Exception("painting cannot start: expected a painter package, found null",
-                                BOOST_CURRENT_FUNCTION, "drawer/Painter", __LINE__);
+        FailWith("painting cannot start: expected a painter package, found null");
     FinishOpenPainting();
     m_package = package;
 }

@@ -9,11 +9,9 @@
 #include "photo/colour/ProfileSpaces.h"
 #include "threads/RowBands.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 
 #include <QImage>
-
-#include <boost/current_function.hpp>
 
 #include <algorithm>
 #include <cstring>
@@ -26,8 +24,7 @@ namespace {
 
 [[noreturn]] void Refuse(const std::string& origin, const std::string& found)
 {
-    throw Zorvik::Exception(origin + ": expected the ICC profile of an RGB monitor, found " + found,
-                            BOOST_CURRENT_FUNCTION, "drawer/DisplayTransform", __LINE__);
+    FailWith(origin + ": expected the ICC profile of an RGB monitor, found " + found);
 }
 
 ProfileHandle Open(const QByteArray& bytes, const std::string& origin)

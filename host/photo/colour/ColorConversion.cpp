@@ -7,9 +7,7 @@
 #include "photo/colour/ProfileSpaces.h"
 #include "threads/RowBands.h"
 
-#include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <array>
 #include <cstdlib>
@@ -33,8 +31,7 @@ constexpr char UnusableProfile[] =
 
 [[noreturn]] void Fail(const std::string& text)
 {
-    throw Zorvik::Exception("colour conversion: " + text, BOOST_CURRENT_FUNCTION,
-                            "photo/ColorConversion", __LINE__);
+    FailWith("colour conversion: " + text);
 }
 
 /// The bytes of a profile that we made, dated the same every time, so that equal photos become

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photo/file/PhotoFile.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 
 #include <QFileInfo>
-
-#include <boost/current_function.hpp>
 
 #include <algorithm>
 #include <cerrno>
@@ -71,8 +69,7 @@ Bytes PhotoFile::ReadAll()
 
 void PhotoFile::Fail(const std::string& text) const
 {
-    throw Zorvik::Exception(m_name + ": " + text, BOOST_CURRENT_FUNCTION, "photo/PhotoFile",
-                            __LINE__);
+    FailWith(m_name + ": " + text);
 }
 
 } // namespace LumetraHost

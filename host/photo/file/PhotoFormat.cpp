@@ -4,11 +4,9 @@
 #include "photo/file/Magic.h"
 #include "photo/file/RawSignature.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 
 #include <QFileInfo>
-
-#include <boost/current_function.hpp>
 
 #include <string>
 
@@ -60,11 +58,9 @@ PhotoFormat RequirePhotoFormat(const Bytes& content, const std::string& name)
     if (format)
         return *format;
     const std::string expected = "expected a JPEG, PNG, TIFF, WebP, HEIC or raw picture";
-    throw Zorvik::Exception(name + ": " +
-                                (content.empty()
-                                     ? "the file is empty: " + expected
-                                     : expected + ", found " + DescribeOtherContent(content)),
-                            BOOST_CURRENT_FUNCTION, "photo/PhotoFormat", __LINE__);
+    FailWith(name + ": " +
+             (content.empty() ? "the file is empty: " + expected
+                              : expected + ", found " + DescribeOtherContent(content)));
 }
 
 std::string DescribeOtherContent(const Bytes& content)

@@ -3,19 +3,12 @@
 
 #include "photo/file/PhotoHead.h"
 
-#include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <algorithm>
 
 namespace LumetraHost {
 namespace {
-
-[[noreturn]] void Fail(const std::string& text)
-{
-    throw Zorvik::Exception(text, BOOST_CURRENT_FUNCTION, "photo/PhotoLimits", __LINE__);
-}
 
 std::uint64_t GetLargestFile(const PhotoHead& head)
 {
@@ -34,9 +27,10 @@ void PhotoLimits::Check(const std::string& name, std::uint64_t width, std::uint6
                       width * height <= LargestArea;
     if (fits)
         return;
-    Fail(name + ": the picture is said to be " + std::to_string(width) + " x " +
-         std::to_string(height) + " pixels: expected 1 to " + std::to_string(LargestSide) +
-         " on each side and at most " + std::to_string(LargestArea / 1'000'000) + " megapixels");
+    FailWith(name + ": the picture is said to be " + std::to_string(width) + " x " +
+             std::to_string(height) + " pixels: expected 1 to " + std::to_string(LargestSide) +
+             " on each side and at most " + std::to_string(LargestArea / 1'000'000) +
+             " megapixels");
 }
 
 void PhotoLimits::CheckFile(const std::string& name, const PhotoHead& head, std::uint64_t size)
@@ -48,8 +42,8 @@ void PhotoLimits::CheckFile(const std::string& name, const PhotoHead& head, std:
                                     ? std::string("a picture whose size is not found")
                                     : "a picture of " + std::to_string(head.width) + " x " +
                                           std::to_string(head.height) + " pixels";
-    Fail(name + ": expected a file of at most " + std::to_string(largest) + " bytes for " +
-         picture + ", found " + std::to_string(size) + " bytes");
+    FailWith(name + ": expected a file of at most " + std::to_string(largest) + " bytes for " +
+             picture + ", found " + std::to_string(size) + " bytes");
 }
 
 } // namespace LumetraHost

@@ -5,9 +5,7 @@
 #include "photo/file/PhotoLimits.h"
 #include "threads/RowBands.h"
 
-#include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <cstring>
 #include <memory>
@@ -62,8 +60,7 @@ void Decoding::Check(const heif_error& error) const
     if (error.code == heif_error_Unsupported_filetype ||
         error.code == heif_error_Unsupported_feature)
         text = ": expected a HEIC or AVIF picture that this system can decode: ";
-    throw Zorvik::Exception(m_name + text + error.message, BOOST_CURRENT_FUNCTION,
-                            "photo/HeifDecoder", __LINE__);
+    FailWith(m_name + text + error.message);
 }
 
 /// Spreads values of `bits` over all 16, repeating the upper bits below.

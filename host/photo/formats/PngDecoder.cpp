@@ -3,11 +3,9 @@
 
 #include "photo/file/PhotoLimits.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 
 #include <QtEndian>
-
-#include <boost/current_function.hpp>
 
 #include <csetjmp>
 #include <cstring>
@@ -95,8 +93,7 @@ void Decoding::Guard(const Step& step)
 
 void Decoding::Throw(const std::string& text) const
 {
-    throw Zorvik::Exception(m_name + ": " + text, BOOST_CURRENT_FUNCTION, "photo/PngDecoder",
-                            __LINE__);
+    FailWith(m_name + ": " + text);
 }
 
 void Decoding::CheckSize()

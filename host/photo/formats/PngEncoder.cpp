@@ -4,10 +4,9 @@
 #include "photo/file/RowWriter.h"
 
 #include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 
 #include <QtGlobal>
-
-#include <boost/current_function.hpp>
 
 #include <csetjmp>
 #include <cstring>
@@ -101,8 +100,7 @@ void Encoding::Guard(const Step& step)
     if (setjmp(m_jump) != 0) {
         if (m_outOfMemory)
             throw std::bad_alloc();
-        throw Zorvik::Exception(m_name + ": cannot be encoded as PNG: " + m_text,
-                                BOOST_CURRENT_FUNCTION, "photo/PngEncoder", __LINE__);
+        FailWith(m_name + ": cannot be encoded as PNG: " + m_text);
     }
     step();
 }

@@ -3,9 +3,7 @@
 
 #include "photo/file/PhotoLimits.h"
 
-#include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <memory>
 #include <new>
@@ -69,8 +67,7 @@ void Development::Check(int code) const
 
 void Development::Throw(const std::string& text) const
 {
-    throw Zorvik::Exception(m_name + ": " + text, BOOST_CURRENT_FUNCTION, "photo/RawDecoder",
-                            __LINE__);
+    FailWith(m_name + ": " + text);
 }
 
 void Development::CheckData(DecodedPhoto& photo) const

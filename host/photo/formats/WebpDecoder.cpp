@@ -3,9 +3,7 @@
 
 #include "photo/file/PhotoLimits.h"
 
-#include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <memory>
 
@@ -15,24 +13,18 @@
 namespace LumetraHost {
 namespace {
 
-[[noreturn]] void Fail(const std::string& name, const std::string& text)
-{
-    throw Zorvik::Exception(name + ": " + text, BOOST_CURRENT_FUNCTION, "photo/WebpDecoder",
-                            __LINE__);
-}
-
 void CheckHeader(const Bytes& content, const std::string& name)
 {
     WebPBitstreamFeatures features;
     const VP8StatusCode status = WebPGetFeatures(content.data(), content.size(), &features);
     if (status == VP8_STATUS_NOT_ENOUGH_DATA)
-        Fail(name, "the file ends before its picture does: expected a WebP header");
+        FailWith(name + ": the file ends before its picture does: expected a WebP header");
     if (status != VP8_STATUS_OK)
-        Fail(name, "the WebP data cannot be read: the header is damaged");
+        FailWith(name + ": the WebP data cannot be read: the header is damaged");
     PhotoLimits::Check(name, static_cast<std::uint64_t>(features.width),
                        static_cast<std::uint64_t>(features.height));
     if (features.has_animation)
-        Fail(name, "expected a still picture, found a WebP animation");
+        FailWith(name + ": expected a still picture, found a WebP animation");
 }
 
 using Demuxer = std::unique_ptr<WebPDemuxer, void (*)(WebPDemuxer*)>;
@@ -63,7 +55,7 @@ Image ReadPixels(const Bytes& content, const std::string& name)
     Image pixels = Image::AllocateUninitialised(width, height, Image::Depth::Bits8);
     if (!WebPDecodeRGBAInto(content.data(), content.size(), pixels.Row(0), pixels.GetByteCount(),
                             static_cast<int>(pixels.GetStride())))
-        Fail(name, "the WebP data cannot be read; the file may be truncated");
+        FailWith(name + ": the WebP data cannot be read; the file may be truncated");
     return pixels;
 }
 

@@ -4,9 +4,7 @@
 #include "photo/file/RowWriter.h"
 #include "photo/metadata/JpegMetadata.h"
 
-#include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <csetjmp>
 #include <cstdio>
@@ -130,8 +128,7 @@ void Compression::Guard(const Step& step)
     if (setjmp(m_error.jump) != 0) {
         if (m_error.isOutOfMemory)
             throw std::bad_alloc();
-        throw Zorvik::Exception(m_name + ": cannot be encoded as JPEG: " + m_error.text,
-                                BOOST_CURRENT_FUNCTION, "photo/JpegEncoder", __LINE__);
+        FailWith(m_name + ": cannot be encoded as JPEG: " + m_error.text);
     }
     step();
 }

@@ -3,9 +3,7 @@
 
 #include "photo/file/PhotoLimits.h"
 
-#include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <algorithm>
 #include <csetjmp>
@@ -142,8 +140,7 @@ void JpegRowReader::Decompression::Throw() const
     const std::string text = MeansTruncated(m_error.code)
                                  ? "the file ends before its picture does: " + DescribeEnd()
                                  : std::string("the JPEG data cannot be read: ") + m_error.text;
-    throw Zorvik::Exception(m_name + ": " + text, BOOST_CURRENT_FUNCTION, "photo/JpegRowReader",
-                            __LINE__);
+    FailWith(m_name + ": " + text);
 }
 
 /// Describes data missing at the end of the file. The scans of progressive files hold all rows

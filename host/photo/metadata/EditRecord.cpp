@@ -3,9 +3,7 @@
 
 #include "photo/metadata/MetadataTags.h"
 
-#include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <mutex>
 #include <utility>
@@ -27,8 +25,7 @@ void Initialise()
 
 [[noreturn]] void Fail(const std::string& text)
 {
-    throw Zorvik::Exception("XMP packet: " + text, BOOST_CURRENT_FUNCTION, "photo/EditRecord",
-                            __LINE__);
+    FailWith("XMP packet: " + text);
 }
 
 Exiv2::XmpData Decode(const QByteArray& packet)

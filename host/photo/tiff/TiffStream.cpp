@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photo/tiff/TiffStream.h"
 
-#include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <algorithm>
 #include <cstdarg>
@@ -156,8 +154,7 @@ void TiffStream::Throw(const std::string& text) const
 {
     if (m_outOfMemory)
         throw std::bad_alloc();
-    throw Zorvik::Exception(m_name + ": " + text + (m_message.empty() ? "" : ": " + m_message),
-                            BOOST_CURRENT_FUNCTION, "photo/TiffStream", __LINE__);
+    FailWith(m_name + ": " + text + (m_message.empty() ? "" : ": " + m_message));
 }
 
 } // namespace LumetraHost
