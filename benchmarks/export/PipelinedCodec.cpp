@@ -3,7 +3,7 @@
 
 #include "photo/PhotoReader.h"
 #include "photo/PhotoWriter.h"
-#include "photo/jpeg/JpegDecoder.h"
+#include "photo/file/Decoders.h"
 #include "photo/jpeg/JpegRowReader.h"
 #include "storage/CheckedFileWriter.h"
 
@@ -78,7 +78,7 @@ void RunPipelinedCodec(const QString& source, const QString& target)
 void RunReducedDecode(const QString& source, int smallestSide)
 {
     const Bytes content = PhotoReader::ReadContent(source);
-    JpegDecoder::Decode(content, source.toStdString(), smallestSide);
+    DecodeJpeg(content, source.toStdString(), smallestSide);
 }
 
 } // namespace LumetraBench

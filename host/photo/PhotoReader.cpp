@@ -3,14 +3,12 @@
 
 #include "image/ImageOrientation.h"
 #include "photo/colour/ColorConversion.h"
+#include "photo/file/Decoders.h"
 #include "photo/file/PhotoFile.h"
 #include "photo/file/PhotoHead.h"
 #include "photo/file/PhotoLimits.h"
-#include "photo/formats/Decoders.h"
-#include "photo/jpeg/JpegDecoder.h"
 #include "photo/metadata/MetadataReader.h"
 #include "photo/metadata/MetadataWriter.h"
-#include "photo/tiff/TiffDecoder.h"
 
 #include "storage/FailWith.h"
 
@@ -33,11 +31,11 @@ DecodedPhoto DecodePixels(const Bytes& content, const std::string& name, int sma
 {
     switch (RequirePhotoFormat(content, name)) {
     case PhotoFormat::Jpeg:
-        return JpegDecoder::Decode(content, name, smallestSide);
+        return DecodeJpeg(content, name, smallestSide);
     case PhotoFormat::Png:
         return DecodePng(content, name);
     case PhotoFormat::Tiff:
-        return TiffDecoder::Decode(content, name);
+        return DecodeTiff(content, name);
     case PhotoFormat::Webp:
         return DecodeWebp(content, name);
     case PhotoFormat::Heif:

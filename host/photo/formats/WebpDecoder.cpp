@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "photo/formats/Decoders.h"
+#include "photo/file/Decoders.h"
 
 #include "photo/file/PhotoLimits.h"
 

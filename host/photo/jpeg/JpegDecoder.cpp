@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "photo/jpeg/JpegDecoder.h"
+#include "photo/file/Decoders.h"
 
 #include "photo/jpeg/JpegRowReader.h"
 
 namespace LumetraHost {
 
-DecodedPhoto JpegDecoder::Decode(const Bytes& content, const std::string& name, int smallestSide)
+DecodedPhoto DecodeJpeg(const Bytes& content, const std::string& name, int smallestSide)
 {
     JpegRowReader reader(content, name);
     if (smallestSide > 0)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "photo/tiff/TiffDecoder.h"
+#include "photo/file/Decoders.h"
 
 #include "photo/file/PhotoLimits.h"
 #include "photo/tiff/TiffSamples.h"
@@ -300,7 +300,7 @@ DecodedPhoto Decoding::Run()
 
 } // namespace
 
-DecodedPhoto TiffDecoder::Decode(const Bytes& content, const std::string& name)
+DecodedPhoto DecodeTiff(const Bytes& content, const std::string& name)
 {
     return Decoding(content, name).Run();
 }

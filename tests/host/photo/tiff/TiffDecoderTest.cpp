@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "photo/tiff/TiffDecoder.h"
+#include "photo/file/Decoders.h"
 
 #include "photo/PhotoReader.h"
 
@@ -130,12 +130,12 @@ TEST_F(TiffDecoderTest, readsGrayOfBothDirections)
     Layout layout;
     layout.samples = 1;
     layout.photometric = PHOTOMETRIC_MINISBLACK;
-    const Image image = TiffDecoder::Decode(Make(layout, {{1, 2, 3}, {4, 5, 6}}), "a").pixels;
+    const Image image = DecodeTiff(Make(layout, {{1, 2, 3}, {4, 5, 6}}), "a").pixels;
     EXPECT_EQ(DescribeRed(image), "3x2: 1 2 3 4 5 6");
     EXPECT_EQ(PixelOf(image, 1, 1), (Pixel{5, 5, 5, 255}));
 
     layout.photometric = PHOTOMETRIC_MINISWHITE;
-    const Image inverted = TiffDecoder::Decode(Make(layout, {{1, 2, 3}, {4, 5, 6}}), "a").pixels;
+    const Image inverted = DecodeTiff(Make(layout, {{1, 2, 3}, {4, 5, 6}}), "a").pixels;
     EXPECT_EQ(DescribeRed(inverted), "3x2: 254 253 252 251 250 249");
 }
 
@@ -162,15 +162,15 @@ TEST_F(TiffDecoderTest, readsPlanes)
     layout.samples = 4;
     layout.extra = EXTRASAMPLE_UNASSALPHA;
 
-    const Image image = TiffDecoder::Decode(Make(layout, {{1, 2, 3},
-                                                          {4, 5, 6},
-                                                          {11, 12, 13},
-                                                          {14, 15, 16},
-                                                          {21, 22, 23},
-                                                          {24, 25, 26},
-                                                          {31, 32, 33},
-                                                          {34, 35, 36}}),
-                                            "a")
+    const Image image = DecodeTiff(Make(layout, {{1, 2, 3},
+                                                 {4, 5, 6},
+                                                 {11, 12, 13},
+                                                 {14, 15, 16},
+                                                 {21, 22, 23},
+                                                 {24, 25, 26},
+                                                 {31, 32, 33},
+                                                 {34, 35, 36}}),
+                                   "a")
                             .pixels;
 
     EXPECT_EQ(PixelOf(image, 0, 0), (Pixel{1, 11, 21, 31}));
@@ -186,8 +186,7 @@ TEST_F(TiffDecoderTest, readsPlanesOfGrayWithAlpha)
     layout.extra = EXTRASAMPLE_UNASSALPHA;
 
     const Image image =
-        TiffDecoder::Decode(Make(layout, {{1, 2, 3}, {4, 5, 6}, {31, 32, 33}, {34, 35, 36}}), "a")
-            .pixels;
+        DecodeTiff(Make(layout, {{1, 2, 3}, {4, 5, 6}, {31, 32, 33}, {34, 35, 36}}), "a").pixels;
 
     EXPECT_EQ(PixelOf(image, 1, 0), (Pixel{2, 2, 2, 32}));
 }
@@ -205,7 +204,7 @@ TEST_F(TiffDecoderTest, readsTilesThatReachOverTheEdge)
     for (std::uint16_t tile = 0; tile < 4; ++tile)
         tiles.emplace_back(256, static_cast<std::uint16_t>(10 * tile + 1));
 
-    const Image image = TiffDecoder::Decode(Make(layout, tiles), "a").pixels;
+    const Image image = DecodeTiff(Make(layout, tiles), "a").pixels;
 
     EXPECT_EQ(PixelOf(image, 15, 15)[0], 1);
     EXPECT_EQ(PixelOf(image, 19, 15)[0], 11);
@@ -219,11 +218,10 @@ TEST_F(TiffDecoderTest, dividesMultipliedColorsByAlpha)
     layout.samples = 4;
     layout.extra = EXTRASAMPLE_ASSOCALPHA;
 
-    const Image image =
-        TiffDecoder::Decode(Make(layout, {{50, 0, 100, 100, 9, 9, 9, 0, 1, 2, 3, 255},
-                                          std::vector<std::uint16_t>(12)}),
-                            "a")
-            .pixels;
+    const Image image = DecodeTiff(Make(layout, {{50, 0, 100, 100, 9, 9, 9, 0, 1, 2, 3, 255},
+                                                 std::vector<std::uint16_t>(12)}),
+                                   "a")
+                            .pixels;
 
     EXPECT_EQ(PixelOf(image, 0, 0), (Pixel{128, 0, 255, 100}));
     EXPECT_EQ(PixelOf(image, 1, 0), (Pixel{0, 0, 0, 0}));
@@ -237,7 +235,7 @@ TEST_F(TiffDecoderTest, extraSampleOfNoMeaningIsNoAlpha)
     layout.extra = EXTRASAMPLE_UNSPECIFIED;
     const std::vector<std::uint16_t> row{1, 2, 3, 0, 1, 2, 3, 0, 1, 2, 3, 0};
 
-    const Image image = TiffDecoder::Decode(Make(layout, {row, row}), "a").pixels;
+    const Image image = DecodeTiff(Make(layout, {row, row}), "a").pixels;
 
     EXPECT_EQ(PixelOf(image, 1, 1), (Pixel{1, 2, 3, 255}));
 }
@@ -263,7 +261,7 @@ TEST_F(TiffDecoderTest, readsPalettes)
     layout.samples = 1;
     layout.photometric = PHOTOMETRIC_PALETTE;
 
-    const Image image = TiffDecoder::Decode(Make(layout, {{0, 1, 2}, {3, 4, 255}}), "a").pixels;
+    const Image image = DecodeTiff(Make(layout, {{0, 1, 2}, {3, 4, 255}}), "a").pixels;
 
     EXPECT_EQ(DescribeRed(image), "3x2: 255 254 253 252 251 0");
     EXPECT_EQ(PixelOf(image, 0, 0), (Pixel{255, 0, 0, 255}));
@@ -277,7 +275,7 @@ TEST_F(TiffDecoderTest, floatingPointSamplesAreRefused)
     const std::vector<std::uint16_t> row(9);
 
     EXPECT_THAT(ErrorOf([&] {
-                    TiffDecoder::Decode(Make(layout, {row, row}), "a.tif");
+                    DecodeTiff(Make(layout, {row, row}), "a.tif");
                 }),
                 HasSubstr("a.tif: expected whole numbers from 0 of 1 to 8 or of 16 bits per "
                           "channel, found 16 bits of floating-point numbers"));
@@ -292,7 +290,7 @@ TEST_F(TiffDecoderTest, bitsThatAreNotReadAreNamed)
     const std::vector<std::uint16_t> row(6);
 
     EXPECT_EQ(ErrorOf([&] {
-                  TiffDecoder::Decode(Make(layout, {row, row}), "a.tif");
+                  DecodeTiff(Make(layout, {row, row}), "a.tif");
               }),
               "a.tif: expected whole numbers from 0 of 1 to 8 or of 16 bits per channel, found 12 "
               "bits");
@@ -306,7 +304,7 @@ TEST_F(TiffDecoderTest, coloursThatAreNotReadWith16BitsAreNamed)
     const std::vector<std::uint16_t> row(9);
 
     EXPECT_EQ(ErrorOf([&] {
-                  TiffDecoder::Decode(Make(layout, {row, row}), "a.tif");
+                  DecodeTiff(Make(layout, {row, row}), "a.tif");
               }),
               "a.tif: expected grey, RGB or CMYK with 16 bits per channel, found L*a*b* with 3 "
               "channels");
