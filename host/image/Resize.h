@@ -2,9 +2,17 @@
 #pragma once
 
 #include "image/Image.h"
-#include "image/PixelRect.h"
 
 namespace LumetraHost {
+
+/// A rectangle of whole pixels.
+struct PixelRect
+{
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+};
 
 /// How carefully a picture is resized. Fast may show aliasing when it shrinks. Screen is for large
 /// pictures that are looked at: where whole numbers divide their sides it averages squares of whole

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "drawer/stack/StackedPackage.h"
+#include "drawer/stack/PictureRecipe.h"
 
 #include "Zorvik/Quindle/EffectsSettings.h"
 
@@ -11,6 +11,14 @@
 #include <vector>
 
 namespace LumetraHost {
+
+/// A package in its place in a drawer, open or committed.
+struct StackedPackage
+{
+    SharedSettings settings; ///< never null
+    std::string origin;      ///< who has applied it last; empty: unknown
+    bool isOn = true;        ///< false: it keeps its place, and no picture shows it
+};
 
 /// The open effect packages of a photo, bottom first, and the rules by which they replace each
 /// other. Knows nothing of pixels; copies share the settings. A position is a place in the stack;

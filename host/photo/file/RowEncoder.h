@@ -19,7 +19,11 @@ struct PictureForm
 };
 
 /// The form of a picture in memory; looks at its alpha.
-PictureForm DescribeForm(const Image& image);
+inline PictureForm DescribeForm(const Image& image)
+{
+    return {image.GetWidth(), image.GetHeight(), image.GetDepth(), image.IsOpaque(),
+            image.GetSpace()};
+}
 
 /// Encodes one picture, whose rows come from top to bottom. An encoder that threw is of no use any
 /// more. One thread at a time.
