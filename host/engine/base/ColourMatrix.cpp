@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/base/ColourMatrix.h"
 
-#include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <cmath>
 
@@ -43,8 +41,7 @@ ColourMatrix ColourMatrix::Inverse() const
     const double determinant = rows[0][0] * adjugate.rows[0][0] + rows[0][1] * adjugate.rows[1][0] +
                                rows[0][2] * adjugate.rows[2][0];
     if (determinant == 0 || !std::isfinite(determinant))
-        throw Zorvik::Exception("colour matrix cannot be inverted: its determinant is zero",
-                                BOOST_CURRENT_FUNCTION, "engine/ColourMatrix", __LINE__);
+        FailWith("colour matrix cannot be inverted: its determinant is zero");
     for (auto& row : adjugate.rows)
         for (double& value : row)
             value /= determinant;

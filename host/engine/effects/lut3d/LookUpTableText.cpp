@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/effects/lut3d/LookUpTableText.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 
 #include <QtEndian>
-
-#include <boost/current_function.hpp>
 
 #include <algorithm>
 #include <cmath>
@@ -68,11 +66,9 @@ void Unpack(const QByteArray& bytes, const Decode& decode, LookUpTable& table)
             table.values[LookUpTable::Stride * i + c] = decode(qFromLittleEndian<Number>(source));
 }
 
-[[noreturn]] void Fail(const ConstSerializerPtr& node, const char* key, const std::string& message,
-                       int line)
+[[noreturn]] void Fail(const ConstSerializerPtr& node, const char* key, const std::string& message)
 {
-    throw Zorvik::Exception(node->GetPath() + "/" + key + ": " + message, BOOST_CURRENT_FUNCTION,
-                            "engine/lut3d/LookUpTableText", line);
+    FailWith(node->GetPath() + "/" + key + ": " + message);
 }
 
 int ReadSize(const ConstSerializerPtr& node, LookUpTable::Kind kind)
@@ -82,8 +78,7 @@ int ReadSize(const ConstSerializerPtr& node, LookUpTable::Kind kind)
     if (size < 2 || size > largest)
         Fail(node, KeySize,
              "expected a whole number from 2 to " + std::to_string(largest) + ", found " +
-                 std::to_string(size),
-             __LINE__);
+                 std::to_string(size));
     return size;
 }
 
@@ -93,8 +88,7 @@ void ReadDomain(const ConstSerializerPtr& node, LookUpTableForm& table)
         table.minimum[c] = node->Get(KeyMinimum[c], 0.0);
         table.maximum[c] = node->Get(KeyMaximum[c], 1.0);
         if (!(table.maximum[c] > table.minimum[c]))
-            Fail(node, KeyMaximum[c], std::string("expected more than \"") + KeyMinimum[c] + "\"",
-                 __LINE__);
+            Fail(node, KeyMaximum[c], std::string("expected more than \"") + KeyMinimum[c] + "\"");
     }
 }
 
@@ -104,8 +98,7 @@ bool ReadIsFloat(const ConstSerializerPtr& node)
     if (format != FormatInteger && format != FormatFloat)
         Fail(node, KeyFormat,
              std::string("expected \"") + FormatInteger + "\" or \"" + FormatFloat +
-                 "\", found \"" + format + "\"",
-             __LINE__);
+                 "\", found \"" + format + "\"");
     return format == FormatFloat;
 }
 
@@ -117,13 +110,12 @@ QByteArray ReadBase64(const ConstSerializerPtr& node, std::size_t size)
     if (text.size() != (size + 2) / 3 * 4)
         Fail(node, key,
              "expected " + std::to_string((size + 2) / 3 * 4) + " characters of base64, found " +
-                 std::to_string(text.size()),
-             __LINE__);
+                 std::to_string(text.size()));
     const auto decoded = QByteArray::fromBase64Encoding(
         QByteArray::fromRawData(text.data(), static_cast<int>(text.size())),
         QByteArray::Base64Encoding | QByteArray::AbortOnBase64DecodingErrors);
     if (!decoded || static_cast<std::size_t>(decoded.decoded.size()) != size)
-        Fail(node, key, "expected base64, found something else", __LINE__);
+        Fail(node, key, "expected base64, found something else");
     return decoded.decoded;
 }
 
@@ -132,8 +124,7 @@ Range ReadRange(const ConstSerializerPtr& node)
     const Range range{node->Get(KeyLow, 0.0), node->Get(KeyHigh, 1.0)};
     if (!(range.high > range.low) || std::abs(range.low) > std::numeric_limits<float>::max() ||
         std::abs(range.high) > std::numeric_limits<float>::max())
-        Fail(node, KeyHigh, "expected more than \"low\", both within the range of a float",
-             __LINE__);
+        Fail(node, KeyHigh, "expected more than \"low\", both within the range of a float");
     return range;
 }
 
@@ -189,8 +180,7 @@ QByteArray LookUpTableText::ReadData(const ConstSerializerPtr& node, const LookU
 {
     QByteArray data = ReadBase64(node, form.GetByteCount());
     if (!AreNumbers(form, data))
-        Fail(node, KeyData, "expected finite numbers, found infinity or \"not a number\"",
-             __LINE__);
+        Fail(node, KeyData, "expected finite numbers, found infinity or \"not a number\"");
     return data;
 }
 

@@ -5,10 +5,9 @@
 #include "Zorvik/Brassel/SerializerProperty.h"
 #include "Zorvik/Exception.h"
 #include "storage/ContentFolder.h"
+#include "storage/FailWith.h"
 #include "storage/JsonSerializer.h"
 #include "storage/NodeParts.h"
-
-#include <boost/current_function.hpp>
 
 namespace LumetraHost {
 namespace {
@@ -18,18 +17,13 @@ using Zorvik::Brassel::NodeCopy;
 using Zorvik::Brassel::SerializerProperty;
 using Zorvik::Brassel::SerializerPtr;
 
-[[noreturn]] void Fail(const std::string& description, int line)
-{
-    throw Zorvik::Exception(description, BOOST_CURRENT_FUNCTION, "engine/lut3d/StoredTable", line);
-}
-
 /// The name of the file that holds the numbers.
 std::string ReadName(const ConstSerializerPtr& node)
 {
     const std::string name = node->Get(LookUpTableText::KeyName, "");
     const std::string place = node->GetPath() + "/" + LookUpTableText::KeyName;
     if (!ContentFolder::IsName(name))
-        Fail(place + ": expected 64 hexadecimal digits, found \"" + name + "\"", __LINE__);
+        FailWith(place + ": expected 64 hexadecimal digits, found \"" + name + "\"");
     return name;
 }
 
@@ -46,9 +40,9 @@ StoredTablePtr StoredTable::Read(const ConstSerializerPtr& node, LookUpTable::Ki
         table->m_name = ReadName(node);
         table->m_folder = JsonSerializer::FindContents(*node);
         if (!table->m_folder)
-            Fail(table->m_place + ": expected \"data\", found only the name of a file: tables in "
-                                  "files are for the file of the user's own presets alone",
-                 __LINE__);
+            FailWith(table->m_place +
+                     ": expected \"data\", found only the name of a file: tables in "
+                     "files are for the file of the user's own presets alone");
     } else {
         table->m_data = LookUpTableText::ReadData(node, table->m_form);
     }
@@ -65,13 +59,12 @@ const QByteArray& StoredTable::LoadData() const
     try {
         const QByteArray data = m_folder->Read(m_name, static_cast<qint64>(m_form.GetByteCount()));
         if (!LookUpTableText::AreNumbers(m_form, data))
-            Fail(m_folder->GetPath().toStdString() + "/" + m_name +
-                     ": expected finite numbers, found infinity or \"not a number\"",
-                 __LINE__);
+            FailWith(m_folder->GetPath().toStdString() + "/" + m_name +
+                     ": expected finite numbers, found infinity or \"not a number\"");
         m_data = data;
         return m_data;
     } catch (const Zorvik::Exception& error) {
-        Fail(m_place + ": " + error.GetDescription(), __LINE__);
+        FailWith(m_place + ": " + error.GetDescription());
     }
 }
 
