@@ -86,6 +86,8 @@ void PluginLoader::LoadModule(const QString& path)
         m_reports.append(QStringLiteral("%1: %2").arg(path, reason));
     };
     QPluginLoader loader(path);
+    // A function that is missing is told now; the first call of it would end the program.
+    loader.setLoadHints(QLibrary::ResolveAllSymbolsHint);
     // The metadata are read from the file; nothing of the module runs yet.
     const QString mismatch =
         FindMismatch(loader.metaData().value(QStringLiteral("IID")).toString());

@@ -73,6 +73,12 @@ TEST_F(PluginLoaderTest, refusesModulesOfOtherPrograms)
     EXPECT_THAT(LoadRefused(TestModule("foreign-module")), HasSubstr("no module of this editor"));
 }
 
+TEST_F(PluginLoaderTest, refusesAModuleThatCallsWhatNoLibraryHas)
+{
+    EXPECT_THAT(LoadRefused(TestModule("unresolved-module")),
+                HasSubstr("GetTitleOfAnotherRelease"));
+}
+
 TEST_F(PluginLoaderTest, refusesAFileThatOnlyHasTheName)
 {
     WriteFile("libbroken.so", "this is no module");
