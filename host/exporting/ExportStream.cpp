@@ -117,11 +117,19 @@ int ExportStream::GetLatencyBehind(std::size_t nextLayer) const
     return m_depth == m_form.depth ? GetLatencyOfEnd() : 0;
 }
 
+/// One band for each thread to work ahead, and one between the ring's writer and its reader. A
+/// second one between them smooths their waits, where rows are not so wide that it takes megabytes.
+int ExportStream::GetBandsAhead(int width) const
+{
+    constexpr int widestWithSpare = 8192;
+    return m_form.threads + (width <= widestWithSpare ? 2 : 1);
+}
+
 /// Adds a ring with room for the bands that its reader looks back, and for each thread to work
 /// ahead.
 Image& ExportStream::AddRing(int width, int latency, Image::Depth depth)
 {
-    const int bands = std::min(latency + GetThreadsAhead(), GetBandCount());
+    const int bands = std::min(latency + GetBandsAhead(width), GetBandCount());
     m_rings.push_back(Image::AllocateUninitialised(width, bands * RowsPerBand, depth));
     return m_rings.back();
 }

@@ -80,7 +80,7 @@ private:
     };
 
     int GetBandCount() const;
-    int GetThreadsAhead() const { return 2 + m_form.threads; }
+    int GetBandsAhead(int width) const;
     int GetLatencyBehind(std::size_t nextLayer) const;
     int GetLatencyOfEnd() const { return m_shrink ? m_shrink->GetLatency() : 0; }
     BandRows GetRows(int band, const Image& ring) const;
