@@ -13,6 +13,8 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -316,6 +318,33 @@ TEST_F(AdjustTest, aStackOfLayersBecomesOneLook)
     EXPECT_LE(Difference(DrawLook(), stacked), 1);
 }
 
+TEST_F(AdjustTest, aStackIsNamedOnceMoreWhereItsNameIsTaken)
+{
+    DragSlider("exposure.stops", 0.47);
+    ASSERT_TRUE(SaveLook());
+    const QString other = QStringLiteral("Dusk two");
+    const auto type = [](const QString& expected, const QString& name) {
+        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        auto* const edit = dialog->findChild<QLineEdit*>(QStringLiteral("lineEdit"));
+        EXPECT_EQ(edit->text(), expected);
+        edit->selectAll();
+        QTest::keyClicks(edit, name);
+        dialog->accept();
+    };
+    QTimer::singleShot(0, window.get(), [&] {
+        type(QStringLiteral("New look"), OwnLook);
+        QTimer::singleShot(0, window.get(), [&] {
+            EXPECT_THAT(GetMessage().toStdString(), HasSubstr("“Dusk” already"));
+            type(OwnLook, other);
+        });
+    });
+
+    TriggerInMenu("saveStack");
+
+    EXPECT_TRUE(HasLook(other));
+}
+
 TEST_F(AdjustTest, aMixedLayerKeepsAStackFromBecomingOneLook)
 {
     Show(QStringLiteral("Looks"));
@@ -354,4 +383,37 @@ TEST_F(AdjustTest, theUsersLookTakesTheValuesOver)
     Show(QStringLiteral("Looks"));
     ClickLook(OwnLook);
     EXPECT_LE(Difference(Draw(), both), 1);
+}
+
+TEST_F(AdjustTest, aLookThatCannotBeSavedStaysAsItWas)
+{
+    DragSlider("exposure.stops", 0.47);
+    ASSERT_TRUE(SaveLook());
+    const Image look = DrawLook();
+    Show(QStringLiteral("Adjust"));
+    DragSlider("contrast.amount", 0.4);
+    const Image both = Draw();
+    const int position = Slider("contrast.amount").value();
+    const int steps = editor->GetUndoStack().count();
+    const QByteArray store = ReadFile("data/lumetra/presets.json");
+    // Permissions would not stop root.
+    ASSERT_TRUE(QFile::remove(Path("data/lumetra/presets.json")));
+    ASSERT_TRUE(QDir().mkpath(Path("data/lumetra/presets.json/taken")));
+
+    TriggerInMenu("updateLook");
+
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr("presets.json"));
+    EXPECT_TRUE(HaveSamePixels(Draw(), both));
+    EXPECT_EQ(editor->GetPackages().size(), 2U);
+    EXPECT_EQ(Slider("contrast.amount").value(), position);
+    EXPECT_EQ(editor->GetUndoStack().count(), steps);
+    Find<QPushButton>("resetAdjustments")->click();
+    EXPECT_TRUE(HaveSamePixels(Draw(), look)) << "the look in the program is the one of before";
+
+    ASSERT_TRUE(QDir(Path("data/lumetra/presets.json")).removeRecursively());
+    WriteFile("data/lumetra/presets.json", store);
+    Show(QStringLiteral("Looks"));
+    Find<QPushButton>("discardButton")->click();
+    Reopen();
+    EXPECT_TRUE(HaveSamePixels(DrawLook(), look)) << "and so is the one on the disk";
 }
