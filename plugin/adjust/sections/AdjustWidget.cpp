@@ -158,7 +158,8 @@ std::vector<QWidget*> AdjustWidget::FindControls() const
         controls.push_back(headers[static_cast<int>(i)]);
         controls.push_back(m_resets[i]);
         for (QWidget* const widget : m_pages[i]->findChildren<QWidget*>())
-            if ((widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy())
+            if ((widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy() &&
+                widget->window() == window())
                 controls.push_back(widget);
     }
     return controls;
