@@ -7,7 +7,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 seconds="${1:-60}"
 shift || true
 targets=("$@")
-[[ ${#targets[@]} -gt 0 ]] || targets=(json catalogue store photo)
+[[ ${#targets[@]} -gt 0 ]] || targets=(json catalogue store photo record lumetra xmp lrtemplate pp3)
 
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz --target fuzz_seeds "${targets[@]/#/fuzz_}"
@@ -16,7 +16,8 @@ export LSAN_OPTIONS="suppressions=$PWD/tests/support/lsan.supp:print_suppression
 build/fuzz/bin/fuzz_seeds catalogue/presets.json catalogue/sample/sample.jpg build/fuzz/seeds
 for target in "${targets[@]}"; do
     echo "== $target, $seconds seconds"
-    mkdir -p "build/fuzz/corpus/$target" "build/fuzz/found"
+    mkdir -p "build/fuzz/corpus/$target" "build/fuzz/found" "build/fuzz/seeds/$target"
+    [[ ! -d "fuzz/seeds/$target" ]] || cp fuzz/seeds/"$target"/* "build/fuzz/seeds/$target"
     "build/fuzz/bin/fuzz_$target" "build/fuzz/corpus/$target" "build/fuzz/seeds/$target" \
         -max_total_time="$seconds" -max_len=20000 -timeout=20 -rss_limit_mb=3000 \
         -artifact_prefix="build/fuzz/found/$target-" -print_final_stats=1 2>&1 |

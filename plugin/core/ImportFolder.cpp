@@ -35,14 +35,15 @@ public:
         m_isTooLarge = false;
         Visit(folder, 1);
         if (m_isTooLarge) {
-            m_problems.append(QStringLiteral("%1: expected at most %2 files in folders of at most "
-                                             "%3 levels, found more")
-                                  .arg(folder, QString::number(ImportFolder::MostFiles),
-                                       QString::number(ImportFolder::DeepestFolder)));
+            m_problems.append(
+                ImportFolder::tr("%1: expected at most %2 files in folders of at most "
+                                 "%3 levels, found more")
+                    .arg(folder, QString::number(ImportFolder::MostFiles),
+                         QString::number(ImportFolder::DeepestFolder)));
             m_files.clear();
         } else if (m_files.isEmpty() && QFileInfo(folder).isReadable()) {
             m_problems.append(
-                QStringLiteral("%1: expected files with looks, found none").arg(folder));
+                ImportFolder::tr("%1: expected files with looks, found none").arg(folder));
         }
         return m_files;
     }
@@ -54,7 +55,8 @@ private:
         if (m_isTooLarge)
             return;
         if (!QFileInfo(folder).isReadable()) {
-            m_problems.append(QStringLiteral("%1: expected a folder that can be read").arg(folder));
+            m_problems.append(
+                ImportFolder::tr("%1: expected a folder that can be read").arg(folder));
             return;
         }
         TellUnnameable(folder);
@@ -83,7 +85,7 @@ private:
             const QString name = QFile::decodeName(bytes);
             if (QFile::encodeName(name) != bytes && PresetImport::IsImportable(name))
                 m_problems.append(
-                    QStringLiteral("%1: expected a name in the encoding of file names")
+                    ImportFolder::tr("%1: expected a name in the encoding of file names")
                         .arg(QDir(folder).filePath(name)));
         }
     }

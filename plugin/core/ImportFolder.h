@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -9,6 +10,8 @@ namespace LumetraPlugin {
 /// Finds the files with looks that paths of a user stand for.
 class ImportFolder
 {
+    Q_DECLARE_TR_FUNCTIONS(LumetraPlugin::ImportFolder)
+
 public:
     /// The most files that one import takes.
     static constexpr int MostFiles = 20000;

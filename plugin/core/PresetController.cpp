@@ -154,13 +154,15 @@ void PresetController::InitDefaultSettings(const SliderSetting::List& sliders)
         EffectPresetControllerBase::InitDefaultSettings(m_ownSliders.value_or(sliders));
 }
 
-void PresetController::ReplaceEffects(const Zorvik::Quindle::ConstEffectList& effects)
+std::function<void()>
+PresetController::ReplaceEffects(const Zorvik::Quindle::ConstEffectList& effects)
 {
     EffectsSettings replaced(EffectsSettings::PhotoAlone);
     for (const auto& effect : effects)
         replaced.Effects().push_back(effect->Clone());
     if (const auto* slider = dynamic_cast<const SliderSetting*>(&Intensity()))
         CheckIntensityEffects(*slider, replaced);
+    auto putBack = MakePutBack();
     m_effectSettings = std::move(replaced);
     m_previewEffectSettings.SetEffectsConst(m_effectSettings.EffectsConst());
     const SliderSetting::List sliders = std::exchange(m_defaultSettings, {});
@@ -168,6 +170,21 @@ void PresetController::ReplaceEffects(const Zorvik::Quindle::ConstEffectList& ef
     m_effectSettings.SetBlendAmount(EffectsSettings::FullEffect);
     Intensity().LoadValue(m_effectSettings);
     m_startIntensity = GetIntensity();
+    return putBack;
+}
+
+std::function<void()> PresetController::MakePutBack()
+{
+    return [this, effects = m_effectSettings, previewEffects = m_previewEffectSettings,
+            sliders = m_settings, defaults = m_defaultSettings, start = m_startIntensity,
+            intensity = GetIntensity()] {
+        m_effectSettings = effects;
+        m_previewEffectSettings = previewEffects;
+        m_settings = sliders;
+        m_defaultSettings = defaults;
+        m_startIntensity = start;
+        SetIntensity(intensity, false);
+    };
 }
 
 void PresetController::SetDownloadedResource(const std::string& resource)

@@ -91,7 +91,8 @@ public:
     /// Gives the preset copies of other effects. Its sliders take their positions from them, and a
     /// blending intensity starts at the full effect. Draws nothing. Exception, with nothing
     /// changed, when the effects lack one that the intensity moves.
-    void ReplaceEffects(const Zorvik::Quindle::ConstEffectList& effects);
+    /// Returns what puts the preset back to what it was, as long as it lives.
+    std::function<void()> ReplaceEffects(const Zorvik::Quindle::ConstEffectList& effects);
     /// Puts the intensity back to where it started, in the value and in the effects. Draws nothing
     /// and needs no workspace.
     void PutIntensityBack();
@@ -144,6 +145,8 @@ private:
                                       const Zorvik::Quindle::EffectsSettings& settings);
     void LimitIntensity();
     void WriteIntensityToPreview();
+
+    std::function<void()> MakePutBack();
 
     int m_startIntensity = 0;
     std::string m_intensityRemark;

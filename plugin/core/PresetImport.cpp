@@ -66,9 +66,9 @@ const Kind* FindKind(const QString& path)
 
 QString DescribeUnknown(const QString& path)
 {
-    return QStringLiteral("%1: expected a name that ends in .lumetra, .xmp, .lrtemplate, .pp3, "
-                          ".cube, .3dl, .clf, .cc, .ccc, .cdl, .png, .tif, .jpg, .webp, .zip or "
-                          ".json")
+    return PresetImport::tr("%1: expected a name that ends in .lumetra, .xmp, .lrtemplate, .pp3, "
+                            ".cube, .3dl, .clf, .cc, .ccc, .cdl, .png, .tif, .jpg, .webp, .zip or "
+                            ".json")
         .arg(path);
 }
 
@@ -82,13 +82,14 @@ public:
             m_taken.insert(name);
     }
 
-    void TakeLook(const ImportedFile& file, const ImportedLook& look)
+    /// Adds the look unless the user has it.
+    void TakeLook(const QString& path, const ImportedLook& look)
     {
         const QString name = MakeName(look);
         const PresetPtr preset =
             PresetMaker::Make(name, look.effects, FullIntensity, m_collection.GetFactory());
-        if (!file.isCompared || IsNew(file.path, *preset))
-            Append(file.path, name, look.remarks, preset);
+        if (IsNew(path, VisibleNameOf(look), *preset))
+            Append(path, name, look.remarks, preset);
     }
 
     /// Adds those of the presets that the user has not. Names that are taken may be refused.
@@ -98,14 +99,15 @@ public:
         const auto leaveOut = [&presets](const auto& isLeftOut) {
             presets.erase(std::remove_if(presets.begin(), presets.end(), isLeftOut), presets.end());
         };
-        leaveOut([&](const PresetPtr& preset) { return !IsNew(path, *preset); });
+        leaveOut([&](const PresetPtr& preset) { return !IsNew(path, NameOf(*preset), *preset); });
         const QStringList clashes = FindTaken(presets);
         if (!clashes.isEmpty() && askNumbered && !askNumbered(clashes)) {
             leaveOut([&](const PresetPtr& preset) { return IsTaken(*preset); });
             for (const QString& name : clashes)
-                problems.append(QStringLiteral("%1: \"%2\" is left out: a look of that name is "
-                                               "here already")
-                                    .arg(path, name));
+                problems.append(
+                    PresetImport::tr("%1: \"%2\" is left out: a look of that name is here "
+                                     "already")
+                        .arg(path, name));
         }
         for (const PresetPtr& preset : presets) {
             const QString name = PresetNames::MakeFreeOf(NameOf(*preset), m_taken);
@@ -114,13 +116,14 @@ public:
         }
     }
 
-    /// Adds a copy, which has an id of its own.
+    /// Adds a copy, which has an id of its own, unless the user has the look.
     void TakePreset(const QString& path, const PresetPtr& preset)
     {
         const PresetPtr copy = preset->Copy();
         const QString name = PresetNames::MakeFreeOf(preset->GetShownName(), m_taken);
         copy->SetName(name.toUtf8().toStdString());
-        Append(path, name, {}, copy);
+        if (IsNew(path, preset->GetShownName(), *copy))
+            Append(path, name, {}, copy);
     }
 
     /// Adds all presets to the model at once.
@@ -148,22 +151,27 @@ private:
         return names;
     }
 
-    /// False, after noting it, for a preset whose content the user has.
-    bool IsNew(const QString& path, const PresetController& preset)
+    /// False, after noting it, for a preset whose content the user has. `name` is that in the file.
+    bool IsNew(const QString& path, const QString& name, const PresetController& preset)
     {
         if (!m_contents)
             m_contents = std::make_unique<KnownContents>(m_collection);
         const auto knownAs = m_contents->TakeOrFind(preset);
         if (knownAs)
-            m_known.push_back({path, NameOf(preset), *knownAs});
+            m_known.push_back({path, name, *knownAs});
         return !knownAs;
+    }
+
+    static QString VisibleNameOf(const ImportedLook& look)
+    {
+        const QString name = LumetraHost::VisibleText::WithoutControls(look.name).simplified();
+        return name.isEmpty() ? QStringLiteral("Look") : name;
     }
 
     /// Looks of one name are told apart by their groups before they are numbered.
     QString MakeName(const ImportedLook& look) const
     {
-        const QString plain = LumetraHost::VisibleText::WithoutControls(look.name).simplified();
-        const QString name = plain.isEmpty() ? QStringLiteral("Look") : plain;
+        const QString name = VisibleNameOf(look);
         if (look.group.trimmed().isEmpty() || !m_taken.contains(name))
             return PresetNames::MakeFreeOf(name, m_taken);
         return PresetNames::MakeFreeOf(QStringLiteral("%1 (%2)").arg(name, look.group.simplified()),
@@ -207,7 +215,7 @@ void TakeFile(const ImportedFile& file, PresetCollection& collection, Gathering&
     problems += file.problems;
     TakeDocuments(file, collection, gathering, askNumbered, problems);
     for (const ImportedLook& look : file.looks)
-        gathering.TakeLook(file, look);
+        gathering.TakeLook(file.path, look);
     if (!file.isReadWhenAdded)
         return;
     try {

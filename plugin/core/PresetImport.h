@@ -4,6 +4,7 @@
 #include "core/ImportedLook.h"
 #include "storage/JsonDocument.h"
 
+#include <QCoreApplication>
 #include <QPersistentModelIndex>
 #include <QStringList>
 
@@ -24,8 +25,6 @@ struct ImportedFile
     /// are added.
     bool isReadWhenAdded = false;
     std::vector<LumetraHost::JsonDocument> documents; ///< with looks, see LookReader
-    /// True for files of which nothing is added that the user has already.
-    bool isCompared = false;
 };
 
 using ImportedFiles = std::vector<ImportedFile>;
@@ -58,9 +57,12 @@ struct ImportReport
 /// Makes presets of the user out of files: files with looks, packs of files, pictures that tell of
 /// their looks, LUT files, looks of other programs, catalogues, and preset files of other users as
 /// JSON. Reading is apart from adding, so that it may take its time
-/// on another thread.
+/// on another thread. Problems are in the user's language as far as the program has translations;
+/// mistakes in the content of files are told in English.
 class PresetImport
 {
+    Q_DECLARE_TR_FUNCTIONS(LumetraPlugin::PresetImport)
+
 public:
     /// Is told how many files of how many are done, and the next one's path; returns false to end.
     using Progress = std::function<bool(int done, int total, const QString& path)>;
@@ -83,9 +85,10 @@ public:
 
     /// Appends a preset for each look to the user's group, announced as one insertion; nothing is
     /// saved yet. Names that the user has already get their file's group in brackets, or a number;
-    /// every preset has an id of its own. Looks of files with looks are left out where the user has
-    /// one with the same content, under whatever name; `askNumbered` is asked about the names of
-    /// the others, and an empty one always numbers. To be called on the thread of the model.
+    /// every preset has an id of its own. A look is left out where the user has one with the same
+    /// content, under whatever name. `askNumbered` is asked about taken names of the others that
+    /// come from files with looks; an empty one always numbers. To be called on the thread of the
+    /// model.
     static ImportReport AddTo(PresetCollection& collection, const ImportedFiles& files,
                               const AskNumbered& askNumbered = {});
 };

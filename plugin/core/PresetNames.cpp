@@ -36,10 +36,10 @@ QString PresetNames::FindFault(const QString& name)
 {
     const QString trimmed = name.trimmed();
     if (trimmed.isEmpty() || trimmed.size() > MaxLength)
-        return QStringLiteral("expected 1 to %1 characters, found %2")
+        return tr("expected 1 to %1 characters, found %2")
             .arg(QString::number(MaxLength), QString::number(trimmed.size()));
     if (VisibleText::HasControls(trimmed))
-        return QStringLiteral("expected a name without control characters, found \"%1\"")
+        return tr("expected a name without control characters, found \"%1\"")
             .arg(VisibleText::Make(trimmed));
     return {};
 }
@@ -52,6 +52,17 @@ QString PresetNames::MakeFree(const QString& name, const QStringList& taken)
 QString PresetNames::MakeFreeOf(const QString& name, const QSet<QString>& taken)
 {
     return MakeFreeName(name, taken);
+}
+
+QString PresetNames::MakeFileName(const QString& name, const QString& suffix)
+{
+    QString file = VisibleText::WithoutControls(name).trimmed();
+    for (QChar& letter : file)
+        if (QStringLiteral("/\\:*?\"<>|").contains(letter))
+            letter = QLatin1Char('-');
+    while (file.startsWith(QLatin1Char('.')))
+        file.remove(0, 1);
+    return (file.isEmpty() ? QStringLiteral("look") : file) + QLatin1Char('.') + suffix;
 }
 
 } // namespace LumetraPlugin

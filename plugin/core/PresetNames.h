@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <QCoreApplication>
 #include <QSet>
 #include <QStringList>
 
@@ -10,12 +11,15 @@ namespace LumetraPlugin {
 /// with one name.
 class PresetNames
 {
+    Q_DECLARE_TR_FUNCTIONS(LumetraPlugin::PresetNames)
+
 public:
     /// The longest name, in characters as QString counts them.
     static constexpr int MaxLength = 50;
 
-    /// The fault of `name` (spaces around it do not count) as "expected …, found …"; empty for a
-    /// name that a preset may have. Whether another preset has it already is not checked.
+    /// The fault of `name` (spaces around it do not count) as "expected …, found …", in the user's
+    /// language where the program has translations; empty for a name that a preset may have.
+    /// Whether another preset has it already is not checked.
     static QString FindFault(const QString& name);
 
     /// `name` without spaces around it and control characters, shortened, and numbered until it is
@@ -23,6 +27,9 @@ public:
     static QString MakeFree(const QString& name, const QStringList& taken);
     /// MakeFree() where there are many names.
     static QString MakeFreeOf(const QString& name, const QSet<QString>& taken);
+
+    /// A file name that every file system takes, made of a preset's name and a suffix without dot.
+    static QString MakeFileName(const QString& name, const QString& suffix);
 };
 
 } // namespace LumetraPlugin

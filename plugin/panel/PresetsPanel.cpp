@@ -48,6 +48,7 @@ PresetsPanel::PresetsPanel(LumetraEditor::IEditor& editor, const PanelFiles& fil
     m_hover = std::make_unique<HoverPreview>(m_presets->GetModel(), editor);
     m_commands = std::make_unique<PresetCommands>(*m_presets, *m_edit, *m_recent, editor, *m_frame);
     m_commands->SetResourceFolders(files.resources);
+    m_commands->SetSettingsFile(files.recent);
     m_presets->StartPhoto();
     m_widget =
         new PresetsWidget(*m_commands, *m_edit, *m_recent, *m_thumbnails, *m_hover, *m_frame);

@@ -25,7 +25,7 @@ struct PanelFiles
 {
     QStringList catalogues;
     QString store;
-    QString recent;             ///< may be empty: not kept
+    QString recent;             ///< what was used last; may be empty: not kept
     QStringList resources = {}; ///< folders
 
     /// The places where this program looks for them.

@@ -36,6 +36,8 @@ QByteArray SwappingCube()
     return text;
 }
 
+const QByteArray InvertingCurve = "LUT_1D_SIZE 2\n1 1 1\n0 0 0\n";
+
 const QByteArray Corrections =
     "<ColorCorrectionCollection xmlns=\"urn:ASC:CDL:v1.2\">"
     "<ColorCorrection id=\"dawn\"><SOPNode><Slope>1.2 1 1</Slope><Offset>0 0 0</Offset>"
@@ -135,15 +137,19 @@ TEST_F(CliTest, importsLutFilesAsPresetsOfTheUser)
     WriteFile("swap.cube", SwappingCube());
     WriteFile("shots.ccc", Corrections);
     WriteFile("cut.cube", "LUT_3D_SIZE 2\n0 0 0\n");
+    ASSERT_TRUE(QDir().mkpath(Path("other")));
+    WriteFile("other/swap.cube", InvertingCurve);
 
-    const CliResult result = Run(WithStore({Text("import"), Text("swap.cube"), Text("cut.cube"),
-                                            Text("shots.ccc"), Text("swap.cube")}));
+    const CliResult result =
+        Run(WithStore({Text("import"), Text("swap.cube"), Text("cut.cube"), Text("shots.ccc"),
+                       Text("other/swap.cube"), Text("swap.cube")}));
 
     EXPECT_EQ(result.code, 1);
     EXPECT_EQ(result.output, "imported \"swap\" from \"swap.cube\"\n"
                              "imported \"dawn\" from \"shots.ccc\"\n"
                              "imported \"dusk\" from \"shots.ccc\"\n"
-                             "imported \"swap 2\" from \"swap.cube\"\n");
+                             "imported \"swap 2\" from \"other/swap.cube\"\n"
+                             "\"swap\" from \"swap.cube\" is here already, as \"swap\"\n");
     EXPECT_EQ(result.messages,
               "cut.cube:2: expected 8 rows of numbers, found 1: the file is cut off\n");
     EXPECT_THAT(Run(WithStore({Text("list"), Text("--user")})).output,
@@ -158,6 +164,16 @@ TEST_F(CliTest, importsLutFilesAsPresetsOfTheUser)
     EXPECT_EQ(apply("swap", "stored.png"), apply("swap.cube", "direct.png"));
     apply("swap.cube", "{name}-{preset}.png");
     EXPECT_TRUE(Exists("photo-swap.png")) << "named after the file, whatever was imported before";
+}
+
+TEST_F(CliTest, aNameForALookThatIsHereUnderAnotherOneIsNotGiven)
+{
+    WriteFile("swap.cube", SwappingCube());
+    ASSERT_EQ(Run(WithStore({Text("import"), Text("swap.cube")})).code, 0);
+    const CliResult result =
+        Run(WithStore({Text("import"), Text("swap.cube"), Text("--name"), Text("Blue Moon")}));
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(result.output, "\"swap\" from \"swap.cube\" is here already, as \"swap\"\n");
 }
 
 TEST_F(CliTest, importsUnderAGivenName)

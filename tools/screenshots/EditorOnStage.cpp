@@ -11,10 +11,12 @@
 #include <QContextMenuEvent>
 #include <QDialog>
 #include <QDir>
+#include <QDropEvent>
 #include <QFile>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QSettings>
@@ -22,6 +24,7 @@
 #include <QTabWidget>
 #include <QTimer>
 #include <QToolTip>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -175,6 +178,27 @@ void EditorOnStage::AskForMenu(const QString& look)
     const QPoint place = view->visualRect(index).center();
     QContextMenuEvent event(QContextMenuEvent::Mouse, place, view->viewport()->mapToGlobal(place));
     QApplication::sendEvent(view->viewport(), &event);
+}
+
+QString EditorOnStage::WriteFiles(const std::map<QString, QByteArray>& files)
+{
+    const QString folder = m_folder.filePath(QStringLiteral("Looks"));
+    QDir().mkpath(folder);
+    for (const auto& [name, content] : files) {
+        QFile file(QDir(folder).filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+            qFatal("expected to be able to write %s", qPrintable(file.fileName()));
+    }
+    return folder;
+}
+
+void EditorOnStage::DropOnPanel(const QString& path)
+{
+    auto& panel = Find<QWidget>("presetsPanel");
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path)});
+    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&panel, &drop);
 }
 
 void EditorOnStage::Search(const QString& text)

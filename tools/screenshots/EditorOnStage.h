@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 
 #include <functional>
+#include <map>
 #include <memory>
 
 class QAbstractItemView;
@@ -49,6 +50,10 @@ public:
     /// The place of the look's picture in the window.
     QPoint PlaceOf(const QString& look);
     void AskForMenu(const QString& look);
+    /// Writes a folder of files, by their names, and returns its path.
+    QString WriteFiles(const std::map<QString, QByteArray>& files);
+    /// Drops a file or a folder on the presets panel.
+    void DropOnPanel(const QString& path);
     void Search(const QString& text);
     /// Shows the Adjust panel with that section open, and no other one; sections count from 0.
     void ShowAdjust(int section);

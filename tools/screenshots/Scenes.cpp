@@ -7,8 +7,11 @@
 #include "window/MessageBar.h"
 #include "window/Questions.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDialog>
 #include <QDir>
 #include <QFileInfo>
@@ -264,6 +267,50 @@ QImage PlaySaveLook(EditorOnStage& stage)
                                 });
 }
 
+/// Two looks with their author on their way into a file.
+QImage PlayShare(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(Look);
+    stage.SaveLook(OwnLook);
+    stage.ClickLook(OwnLook);
+    return WithDialog(stage, stage.FindAction("sharePreset"), [] {
+        auto* const dialog = QApplication::activeModalWidget();
+        dialog->findChild<QLineEdit*>(QStringLiteral("author"))->setText(QStringLiteral("Ada"));
+        dialog->findChild<QComboBox*>(QStringLiteral("licence"))
+            ->setCurrentText(QStringLiteral("CC-BY-4.0"));
+    });
+}
+
+constexpr char Faded[] =
+    "<rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\"><rdf:Description "
+    "xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\" crs:Exposure2012=\"+0.25\" "
+    "crs:Contrast2012=\"-22\" crs:Vibrance=\"-14\" crs:GrainAmount=\"31\" "
+    "crs:LuminanceSmoothing=\"25\" crs:LensProfileEnable=\"1\"/></rdf:RDF>";
+
+/// A folder of other programs' looks has come in.
+QImage PlayImported(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    const QString folder =
+        stage.WriteFiles({{QStringLiteral("Faded Film.xmp"), Faded},
+                          {QStringLiteral("Print Sizes.lrtemplate"), "s = { type = \"Export\" }"}});
+    return stage.GrabWithPopups([&] { stage.DropOnPanel(folder); });
+}
+
+QImage PlayImportMenu(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    auto& button = stage.Find<QAbstractButton>("importButton");
+    const QPoint place = button.rect().bottomLeft();
+    return stage.GrabWithPopups(
+        [&button, place] {
+            QContextMenuEvent event(QContextMenuEvent::Mouse, place, button.mapToGlobal(place));
+            QApplication::sendEvent(&button, &event);
+        },
+        button.mapTo(&stage.GetWindow(), place));
+}
+
 /// The name is taken already.
 QImage PlayTaken(EditorOnStage& stage)
 {
@@ -363,7 +410,7 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("split"), PlaySplit, "light-en@1x"},
         {QStringLiteral("message"), PlayMessage, "dark-de@1x"},
         {QStringLiteral("look"), PlayLook, "dark-en@1x"},
-        {QStringLiteral("hover"), PlayHover, "light-de@2x"},
+        {QStringLiteral("hover"), PlayHover, "light-de@1x"},
         {QStringLiteral("focus"), PlayFocus},
         {QStringLiteral("search"), PlaySearch, "light-de@1x"},
         {QStringLiteral("nothing"), PlayNothing},
@@ -374,6 +421,9 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("mixer"), PlayMixer},
         {QStringLiteral("grading"), PlayGrading},
         {QStringLiteral("save-look"), PlaySaveLook, "light-en@1x"},
+        {QStringLiteral("share"), PlayShare, "light-en@1x"},
+        {QStringLiteral("imported"), PlayImported, "dark-en@1x"},
+        {QStringLiteral("import-menu"), PlayImportMenu},
         {QStringLiteral("menu"), PlayMenu, "light-en@1x"},
         {QStringLiteral("view-menu"), PlayViewMenu},
         {QStringLiteral("tool-tip"), PlayToolTip},

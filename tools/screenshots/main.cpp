@@ -8,6 +8,8 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 
 #include <cstdio>
@@ -18,6 +20,7 @@ using namespace LumetraScreenshots;
 using LumetraHost::PaletteKind;
 
 constexpr int Done = 0, Failed = 1;
+constexpr qint64 LargestPicture = 300 * 1000; // bytes, in the documents
 const char* const ScaleVariable = "QT_SCALE_FACTOR";
 
 void DescribeCommand(QCommandLineParser& parser)
@@ -54,18 +57,33 @@ bool SaveScale(const QString& scale)
     return process.exitStatus() == QProcess::NormalExit && process.exitCode() == Done;
 }
 
-/// Reduces a picture to 256 colours, which hardly shows on a photo and takes a third of the bytes.
-bool MakeSmall(const QString& path)
+/// Writes a copy of the picture with so many colours, which hardly shows on a photo. False, after
+/// saying why, when that has failed.
+bool ReduceColours(const QString& path, int colours, const QString& copy)
 {
     const int exitCode =
         QProcess::execute(QStringLiteral("pngquant"),
-                          {QStringLiteral("--quality=80-98"), QStringLiteral("--speed=1"),
-                           QStringLiteral("--force"), QStringLiteral("--output"), path, path});
+                          {QStringLiteral("--speed=1"), QStringLiteral("--force"),
+                           QStringLiteral("--output"), copy, QString::number(colours), path});
     if (exitCode != 0)
         std::fprintf(stderr,
                      "%s: expected pngquant to make the picture smaller; it ended with %d\n",
                      qPrintable(path), exitCode);
     return exitCode == 0;
+}
+
+/// Leaves the picture as many colours as a file of that size can have.
+bool MakeSmall(const QString& path)
+{
+    const QString copy = path + QStringLiteral(".small");
+    for (const int colours : {256, 192, 128, 96, 64}) {
+        if (!ReduceColours(path, colours, copy))
+            return false;
+        if (QFileInfo(copy).size() <= LargestPicture)
+            break;
+    }
+    QFile::remove(path);
+    return QFile::rename(copy, path);
 }
 
 bool SaveScene(const Scene& scene, const QString& path, PaletteKind kind, const QString& language)

@@ -5,6 +5,7 @@
 #include "Zorvik/Exception.h"
 #include "console/Console.h"
 #include "console/UsageError.h"
+#include "core/LutExport.h"
 #include "core/PresetSession.h"
 #include "lut/LookExport.h"
 #include "lut/LutFormat.h"
@@ -12,7 +13,6 @@
 #include "output/OutputFile.h"
 #include "presets/CatalogueOptions.h"
 #include "presets/PresetOptions.h"
-#include "storage/CheckedFileWriter.h"
 
 #include <boost/current_function.hpp>
 
@@ -26,10 +26,7 @@ namespace {
 using LumetraHost::LookExport;
 using LumetraHost::LutFormat;
 using LumetraHost::LutWriter;
-using Zorvik::Quindle::EffectsSettings;
-
-constexpr int DefaultSize = 33;
-constexpr int DefaultHaldSize = 64; // level 8, as most programs have it
+using LumetraPlugin::LutExport;
 
 const QString SizeOption = QStringLiteral("size");
 const QString FormatOption = QStringLiteral("format");
@@ -99,7 +96,7 @@ LutFormat ReadFormat(const QCommandLineParser& parser)
     if (wanted && named && wanted != named)
         throw UsageError(QStringLiteral("--format: \"%1\" does not fit the file name \"%2\"")
                              .arg(parser.value(FormatOption), output));
-    if (!wanted && !(named && LutWriter::CanWrite(*named)))
+    if (!wanted && !LutExport::FindFormat(output))
         throw UsageError(QStringLiteral("--output: expected a name that ends in .cube, .clf, .png, "
                                         ".tif or .tiff, or --format, found \"%1\"")
                              .arg(output));
@@ -110,7 +107,7 @@ int ReadSize(const QCommandLineParser& parser, LutFormat format)
 {
     const bool isHald = format == LutFormat::Hald;
     if (!parser.isSet(SizeOption))
-        return isHald ? DefaultHaldSize : DefaultSize;
+        return LutExport::GetDefaultSize(format);
     const int size =
         ReadNumber(parser, SizeOption, LookExport::SmallestSize, LookExport::LargestSize);
     if (isHald && !LutWriter::IsHaldSize(size))
@@ -121,35 +118,24 @@ int ReadSize(const QCommandLineParser& parser, LutFormat format)
     return size;
 }
 
-[[noreturn]] void Fail(const std::string& text)
+/// Says which effects are left out before the look is written without them.
+void ReportUnfit(const LutExport::Request& request, const QString& preset, Console& console)
 {
-    throw Zorvik::Exception(text, BOOST_CURRENT_FUNCTION, "commands/ExportLutCommand", __LINE__);
-}
-
-/// The look without the effects that fit into no table. Zorvik::Exception when nothing remains.
-EffectsSettings LeaveOut(const std::vector<std::string>& unfit, const EffectsSettings& look,
-                         const QString& preset, Console& console)
-{
-    for (const std::string& effectID : unfit)
+    if (!request.isColoursOnly)
+        return;
+    for (const std::string& effectID : LookExport::FindUnfitEffects(request.look))
         console.Report(QStringLiteral("\"%1\": left out \"%2\", which does not fit into a table")
                            .arg(preset, QString::fromStdString(effectID)));
-    const EffectsSettings colours = LookExport::TakeColours(look);
-    if (LookExport::ChangesNothing(colours))
-        Fail("expected effects of colour, which fit into a table, found none");
-    return colours;
 }
 
-/// Zorvik::Exception for a look of which parts, or all, do not fit into a table.
-LumetraHost::LookUpTable MakeTable(const EffectsSettings& look, int size,
-                                   const QCommandLineParser& parser, const QString& preset,
-                                   Console& console)
+/// Refuses a look with effects that do not fit, with the option that leaves them out.
+void CheckFits(const LutExport::Request& request)
 {
-    const auto unfit = LookExport::FindUnfitEffects(look);
-    if (unfit.empty())
-        return LookExport::MakeTable(look, size);
-    if (!parser.isSet(ColoursOnlyOption))
-        Fail(LookExport::DescribeUnfit(unfit) + "; --colours-only leaves them out");
-    return LookExport::MakeTable(LeaveOut(unfit, look, preset, console), size);
+    const auto unfit = LookExport::FindUnfitEffects(request.look);
+    if (!unfit.empty() && !request.isColoursOnly)
+        throw Zorvik::Exception(LookExport::DescribeUnfit(unfit) +
+                                    "; --colours-only leaves them out",
+                                BOOST_CURRENT_FUNCTION, "commands/ExportLutCommand", __LINE__);
 }
 
 ExitCode ExportLutCommand::Execute(const QCommandLineParser& parser, Console& console) const
@@ -166,9 +152,12 @@ ExitCode ExportLutCommand::Execute(const QCommandLineParser& parser, Console& co
         parser, PresetRows::Find(PresetRows::Read(session->GetModel()), preset));
     const QString shown = use.GetPreset().shown;
     try {
-        const auto table = MakeTable(use.GetLook(*session), size, parser, shown, console);
-        LumetraHost::CheckedFileWriter::Write(
-            output, LutWriter::Encode(table, format, use.GetPreset().name, output));
+        const LutExport::Request request{
+            use.GetLook(*session), format, size,
+            use.GetPreset().name,  output, parser.isSet(ColoursOnlyOption)};
+        CheckFits(request);
+        ReportUnfit(request, shown, console);
+        LutExport::Write(request);
     } catch (const Zorvik::Exception& error) {
         console.Report(QStringLiteral("\"%1\": %2").arg(shown, QString::fromUtf8(error.what())));
         return ExitCode::SomeFailed;

@@ -105,8 +105,8 @@ void ImportCommand::AddOptions(QCommandLineParser& parser) const
                        "HaldCLUT pictures; looks of "
                        "other programs: .xmp, .lrtemplate, .pp3; catalogues and presets: .json; "
                        "packs of these: .zip. A folder stands for the files in it and below it; of "
-                       "pictures it takes those alone that are tables. A look of a .lumetra file, "
-                       "a pack or a picture that you have already is not added again."),
+                       "pictures it takes those alone that are tables. A look that you have "
+                       "already, under whatever name, is not added again."),
         QStringLiteral("FILE..."));
     parser.addOption({NameOption,
                       QStringLiteral("The preset's name, for a file with one look. Default: the "
@@ -144,7 +144,8 @@ ExitCode ImportCommand::Execute(const QCommandLineParser& parser, Console& conso
                               .arg(look.name, look.path, look.knownAs));
     for (const QString& problem : report.problems)
         console.ReportPlace(problem);
-    return report.problems.isEmpty() ? ExitCode::Done : ExitCode::SomeFailed;
+    const bool isNamed = name.isEmpty() || report.known.empty(); // else another name stays
+    return report.problems.isEmpty() && isNamed ? ExitCode::Done : ExitCode::SomeFailed;
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "storage/FailWith.h"
 
 #include <mutex>
+#include <unordered_map>
 #include <utility>
 
 #include <exiv2/exiv2.hpp>
@@ -42,24 +43,36 @@ std::string MemberKey(std::size_t place, const char* member)
     return ListKey + ("[" + std::to_string(place) + "]/lumetra:") + member;
 }
 
-/// The text of a member; empty where there is none.
-std::string ReadMember(const Exiv2::XmpData& properties, std::size_t place, const char* member)
+/// The properties by their keys. The library itself looks for a key from the first one on, which
+/// would take minutes with thousands of records.
+using Index = std::unordered_map<std::string, const Exiv2::Xmpdatum*>;
+
+Index MakeIndex(const Exiv2::XmpData& properties)
 {
-    const auto found = properties.findKey(Exiv2::XmpKey(MemberKey(place, member)));
-    return found == properties.end() ? std::string() : found->toString();
+    Index index;
+    for (const Exiv2::Xmpdatum& property : properties)
+        index.emplace(property.key(), &property);
+    return index;
 }
 
-std::size_t Count(const Exiv2::XmpData& properties)
+/// The text of a member; empty where there is none.
+std::string ReadMember(const Index& index, std::size_t place, const char* member)
+{
+    const auto found = index.find(MemberKey(place, member));
+    return found == index.end() ? std::string() : found->second->toString();
+}
+
+std::size_t Count(const Index& index)
 {
     std::size_t count = 0;
-    while (properties.findKey(Exiv2::XmpKey(MemberKey(count + 1, "Name"))) != properties.end())
+    while (index.count(MemberKey(count + 1, "Name")) != 0)
         ++count;
     return count;
 }
 
 void AddAll(Exiv2::XmpData& properties, const std::vector<EditRecord>& records)
 {
-    std::size_t place = Count(properties);
+    std::size_t place = Count(MakeIndex(properties));
     if (place == 0 && !records.empty()) {
         Exiv2::XmpTextValue list;
         list.setXmpArrayType(Exiv2::XmpValue::xaSeq);
@@ -97,16 +110,17 @@ QByteArray EditRecords::Add(const QByteArray& packet, const std::vector<EditReco
 std::vector<EditRecord> EditRecords::Read(const QByteArray& packet)
 {
     const Exiv2::XmpData properties = Decode(packet);
+    const Index index = MakeIndex(properties);
     std::vector<EditRecord> records;
-    const std::size_t count = Count(properties);
+    const std::size_t count = Count(index);
     for (std::size_t place = 1; place <= count; ++place) {
-        const std::string intensity = ReadMember(properties, place, "Intensity");
+        const std::string intensity = ReadMember(index, place, "Intensity");
         EditRecord record;
-        record.preset = ReadMember(properties, place, "Name");
+        record.preset = ReadMember(index, place, "Name");
         if (!intensity.empty())
             record.intensity = QByteArray::fromStdString(intensity).toInt();
-        record.look = ReadMember(properties, place, "Look");
-        record.lookLeftOut = ReadMember(properties, place, "LookLeftOut");
+        record.look = ReadMember(index, place, "Look");
+        record.lookLeftOut = ReadMember(index, place, "LookLeftOut");
         records.push_back(record);
     }
     return records;

@@ -51,21 +51,31 @@ void LookCommands::SaveStack()
     const LayerStack::Flat flat = LayerStack::Flatten(m_editor.GetLayers());
     if (!flat.problem.isEmpty())
         return m_editor.ShowMessage(flat.problem);
+    NewLook look;
+    look.name = tr("New look");
+    look.settings = flat.settings;
+    look.sliders.emplace();
+    QString problem;
+    do {
+        look.name = AskName(look.name);
+        if (look.name.isEmpty())
+            return;
+        problem = m_editor.StoreLook(look);
+        m_editor.ShowMessage(problem.isEmpty() ? tr("“%1” is now among your looks.").arg(look.name)
+                                               : problem);
+    } while (!problem.isEmpty()); // the user may name another one, or cancel
+}
+
+/// The name that the user gives to a look in place of `proposed`; empty for none.
+QString LookCommands::AskName(const QString& proposed) const
+{
     NewPresetDialog dialog({}, NewPresetDialog::Create, &m_window);
     auto* const edit = dialog.findChild<QLineEdit*>(QStringLiteral("lineEdit"));
     edit->setAccessibleName(tr("Name of the look"));
-    edit->setText(tr("New look"));
+    edit->setText(proposed);
     edit->selectAll();
     edit->setFocus();
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    NewLook look;
-    look.name = dialog.GetName();
-    look.settings = flat.settings;
-    look.sliders.emplace();
-    const QString problem = m_editor.StoreLook(look);
-    m_editor.ShowMessage(problem.isEmpty() ? tr("“%1” is now among your looks.").arg(look.name)
-                                           : problem);
+    return dialog.exec() == QDialog::Accepted ? dialog.GetName() : QString();
 }
 
 LayerStack::Update LookCommands::FindUpdate() const

@@ -36,6 +36,7 @@ public:
     QString FindUpdatable() const;
 
 private:
+    QString AskName(const QString& proposed) const;
     LayerStack::Update FindUpdate() const;
 
     AdjustCommands& m_commands;

@@ -9,6 +9,7 @@
 #include "widgets/CustomToolBoxButton.h"
 
 #include <QAction>
+#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPushButton>
@@ -50,11 +51,11 @@ AdjustWidget::~AdjustWidget() = default;
 
 QWidget* AdjustWidget::MakeSections()
 {
-    auto* const scroll = new QScrollArea(this);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll->setFocusPolicy(Qt::NoFocus);
+    m_scroll = new QScrollArea(this);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scroll->setFocusPolicy(Qt::NoFocus);
     auto* const content = new QWidget;
     content->setObjectName(QStringLiteral("presetsPanel")); // gives the style's background
     content->setAttribute(Qt::WA_StyledBackground);
@@ -65,8 +66,8 @@ QWidget* AdjustWidget::MakeSections()
     column->addStretch();
     for (int section = 0; section < SectionPlan::Sections; ++section)
         AddSection(section);
-    scroll->setWidget(content);
-    return scroll;
+    m_scroll->setWidget(content);
+    return m_scroll;
 }
 
 /// The headers of the tool box take no focus by themselves; here they are the way to a section by
@@ -148,6 +149,52 @@ bool AdjustWidget::IsOpen(int section) const
     return !m_box->widget(section)->isHidden();
 }
 
+/// The controls of all sections that are made, each below its header.
+std::vector<QWidget*> AdjustWidget::FindControls() const
+{
+    std::vector<QWidget*> controls;
+    const auto headers = m_box->findChildren<CustomToolBoxButton*>();
+    for (std::size_t i = 0; i < m_pages.size(); ++i) {
+        controls.push_back(headers[static_cast<int>(i)]);
+        controls.push_back(m_resets[i]);
+        for (QWidget* const widget : m_pages[i]->findChildren<QWidget*>())
+            if ((widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy() &&
+                widget->window() == window())
+                controls.push_back(widget);
+    }
+    return controls;
+}
+
+/// The Tab key goes down the panel as it is seen. Qt's own order is that in which widgets were
+/// made, and the controls of a section are made when it is opened.
+void AdjustWidget::OrderTabs()
+{
+    std::vector<QWidget*> order = FindControls();
+    for (QWidget* const widget : order)
+        widget->installEventFilter(this);
+    order.insert(order.end(), {m_save, m_more, m_reset, m_apply});
+    for (std::size_t i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
+
+bool AdjustWidget::focusNextPrevChild(bool isNext)
+{
+    OrderTabs();
+    return QWidget::focusNextPrevChild(isNext);
+}
+
+/// Scrolls to a control that the Tab key has reached from outside of the sections, which a scroll
+/// area does not do by itself.
+bool AdjustWidget::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusIn) {
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason)
+            m_scroll->ensureWidgetVisible(static_cast<QWidget*>(watched), 0, Gap);
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
 /// Makes only what is seen: the panel may stand behind another one for ever.
 void AdjustWidget::showEvent(QShowEvent* event)
 {
@@ -160,6 +207,7 @@ void AdjustWidget::BuildOpenSections()
     for (std::size_t i = 0; i < m_pages.size(); ++i)
         if (IsOpen(static_cast<int>(i)))
             m_pages[i]->Build();
+    OrderTabs();
 }
 
 void AdjustWidget::ShowValues()

@@ -8,6 +8,7 @@
 class QAction;
 class QMenu;
 class QPushButton;
+class QScrollArea;
 class QToolButton;
 
 namespace Zorvik::Lumetra::LumetraPresets {
@@ -34,6 +35,8 @@ public:
     void ShowTexts();
 
 protected:
+    bool focusNextPrevChild(bool isNext) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
@@ -42,6 +45,8 @@ private:
     QWidget* MakeButtons();
     void MakeMenu();
     void BuildOpenSections();
+    void OrderTabs();
+    std::vector<QWidget*> FindControls() const;
     void ShowValues();
     void ShowState();
     void ShowMenuTexts();
@@ -50,6 +55,7 @@ private:
     AdjustCommands& m_commands;
     LookCommands& m_looks;
     Zorvik::Lumetra::LumetraPresets::CustomToolBox* m_box;
+    QScrollArea* m_scroll = nullptr;
     std::vector<SectionPage*> m_pages;
     std::vector<QToolButton*> m_resets;
     QPushButton* m_save = nullptr;

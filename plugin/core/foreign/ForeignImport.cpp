@@ -33,14 +33,15 @@ Reader FindReader(const QString& path)
 }
 
 /// "expected …, found …" for a look without effects.
-std::string DescribeNothing(const std::vector<ImportRemark>& remarks)
+QString DescribeNothing(const std::vector<ImportRemark>& remarks)
 {
     if (remarks.empty())
-        return "expected a setting that changes the picture, found none";
-    std::string names;
+        return ForeignFile::tr("expected a setting that changes the picture, found none");
+    QStringList names;
     for (const ImportRemark& remark : remarks)
-        names += (names.empty() ? "" : ", ") + remark.ToText().toStdString();
-    return "expected a setting that this program can carry over, found only " + names;
+        names.append(remark.ToText());
+    return ForeignFile::tr("expected a setting that this program can carry over, found only %1")
+        .arg(names.join(QStringLiteral(", ")));
 }
 
 } // namespace
@@ -54,7 +55,8 @@ ImportedLooks ForeignImport::Read(const QString& path, const ImportOptions& opti
 {
     const Reader reader = FindReader(path);
     if (!reader)
-        ForeignFile::Fail(path, 0, "expected a name that ends in .xmp, .lrtemplate or .pp3");
+        ForeignFile::Fail(
+            path, 0, ForeignFile::tr("expected a name that ends in .xmp, .lrtemplate or .pp3"));
     const ForeignLook look = LookMeaning::Resolve(reader(path, ForeignFile::Read(path)));
     LookBuilder builder(look, options, QFileInfo(path).path());
     builder.Build();

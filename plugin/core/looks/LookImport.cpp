@@ -31,10 +31,13 @@ void ReadPicture(ImportedFile& file)
     if (ReadRecords(file))
         return;
     if (!LutImport::IsLutName(file.path, true))
-        throw Zorvik::Exception(file.path.toStdString() +
-                                    ": expected a picture that tells of its look, as this program "
-                                    "exports them, found nothing of it in its metadata",
-                                BOOST_CURRENT_FUNCTION, "looks/LookImport", __LINE__);
+        throw Zorvik::Exception(
+            PictureLooks::tr("%1: expected a picture that tells of its look, as "
+                             "this program exports them, found nothing of it in "
+                             "its metadata")
+                .arg(file.path)
+                .toStdString(),
+            BOOST_CURRENT_FUNCTION, "looks/LookImport", __LINE__);
     file.looks = LutImport::Read(file.path, {});
 }
 
@@ -48,7 +51,6 @@ bool LookImport::IsLookName(const QString& path)
 
 void LookImport::Read(ImportedFile& file)
 {
-    file.isCompared = true;
     if (LookPack::IsPackName(file.path))
         LookPack::Read(file);
     else if (PictureLooks::IsPictureName(file.path))

@@ -40,7 +40,7 @@ std::vector<EditRecord> ReadRecords(const QString& path)
 QString MissingLook(const QString& place, const EditRecord& record)
 {
     const QString reason = QString::fromStdString(record.lookLeftOut);
-    return QStringLiteral("%1: expected the look itself, found only its name%2")
+    return PictureLooks::tr("%1: expected the look itself, found only its name%2")
         .arg(place, reason.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(reason));
 }
 
@@ -74,7 +74,7 @@ bool PictureLooks::Read(const QString& path, std::vector<JsonDocument>& document
     const std::vector<EditRecord> records = ReadRecords(path);
     for (std::size_t i = 0; i < records.size(); ++i) {
         const QString place =
-            QStringLiteral("%1: layer %2 \"%3\"")
+            tr("%1: layer %2 \"%3\"")
                 .arg(path, QString::number(i + 1), QString::fromStdString(records[i].preset));
         AddLayer(records[i], place, documents, problems);
     }

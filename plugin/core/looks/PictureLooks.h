@@ -3,6 +3,7 @@
 
 #include "storage/JsonDocument.h"
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -14,6 +15,8 @@ namespace LumetraPlugin {
 /// metadata which layers were put on the photo (see LumetraHost::EditRecords).
 class PictureLooks
 {
+    Q_DECLARE_TR_FUNCTIONS(LumetraPlugin::PictureLooks)
+
 public:
     /// True for names that end as those of pictures do that may tell of their looks.
     static bool IsPictureName(const QString& path);

@@ -9,27 +9,21 @@
 #include "core/PresetCollection.h"
 #include "core/PresetResource.h"
 #include "core/userstore/UserPresetStore.h"
-#include "lut/LookExport.h"
-#include "lut/LutWriter.h"
 #include "panel/appearance/EffectTexts.h"
 #include "panel/commands/AppliedEdit.h"
 #include "panel/commands/RecentPresets.h"
 #include "panel/commands/RemoveCommand.h"
-#include "storage/CheckedFileWriter.h"
 #include "storage/ErrorText.h"
 #include "storage/JsonProperty.h"
 
 namespace LumetraPlugin {
 
-using LumetraHost::LookExport;
 using Zorvik::Lumetra::LumetraPresets::IObjectsConnectorID;
 using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 using Zorvik::Lumetra::LumetraPresets::TuneSettingType;
 using Zorvik::Util::ObjectsConnector;
 
 namespace {
-
-constexpr int CubeSize = 33; // points along each axis
 
 /// The name that the user reads.
 QString NameOf(const QModelIndex& preset)
@@ -398,39 +392,6 @@ void PresetCommands::PutBack(const PresetModel::PresetPtr& preset, int row)
         Save();
         emit presetsChanged();
     });
-}
-
-/// Exports looks of colour alone; others do not fit into a table.
-void PresetCommands::Export(const QModelIndex& preset)
-{
-    Try([&] { ExportLook(preset); });
-}
-
-void PresetCommands::ExportLook(const QModelIndex& preset)
-{
-    const auto look = GetModel().GetPreset(preset);
-    if (!look || !Fetch(preset))
-        return;
-    const QString name = NameOf(preset);
-    const auto settings = look->MakeSettings();
-    QStringList unfit;
-    for (const std::string& effectID : LookExport::FindUnfitEffects(settings))
-        unfit.append(EffectTexts::GetEffectName(effectID));
-    if (!unfit.isEmpty())
-        return Tell(tr("“%1” cannot become a .cube file, for it changes more than colours: %2")
-                        .arg(name, unfit.join(QStringLiteral(", "))));
-    const QString path = m_dialogs.AskExport(name);
-    if (path.isEmpty())
-        return;
-    try {
-        const auto table = LookExport::MakeTable(settings, CubeSize);
-        const QString title = preset.data(PresetModel::PresetNameRole).toString();
-        LumetraHost::CheckedFileWriter::Write(path,
-                                              LumetraHost::LutWriter::ToCubeFile(table, title));
-        Tell(tr("Wrote “%1”.").arg(path));
-    } catch (const Zorvik::Exception& error) {
-        Tell(QString::fromUtf8(error.what()));
-    }
 }
 
 } // namespace LumetraPlugin

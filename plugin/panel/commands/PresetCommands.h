@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QMimeData;
@@ -24,6 +25,7 @@ namespace LumetraPlugin {
 class AppliedEdit;
 class PresetCollection;
 class RecentPresets;
+class ShareDialog;
 struct ImportReport;
 
 /// The user's operations on presets. Each works through the model's roles, saves the user's file,
@@ -42,6 +44,8 @@ public:
 
     /// Sets the folders in which resources of presets are looked for.
     void SetResourceFolders(const QStringList& folders) { m_resourceFolders = folders; }
+    /// Sets the ini file in which dialogs keep what they propose again; empty: they keep nothing.
+    void SetSettingsFile(const QString& path) { m_settingsFile = path; }
 
     PresetModel& GetModel();
     /// The preset that is on the photo; invalid when there is none.
@@ -78,8 +82,7 @@ public:
     void SetFavourite(const QModelIndex& preset, bool isFavourite);
     void SaveAs(const QModelIndex& preset);
     /// Keeps a look of another module among the user's presets and saves. Returns a sentence that
-    /// says why not; a look that could not be saved on the disk alone is kept until the program
-    /// ends, as SaveOrAsk() says.
+    /// says why not; the presets are as they were then.
     QString Keep(const LumetraEditor::NewLook& look);
     /// The name of the user's preset with that id; empty when there is none.
     QString FindUsersName(const QString& id) const;
@@ -95,7 +98,8 @@ public:
     void Import(const QStringList& paths);
     void ImportByDialog();
     void ImportFolderByDialog();
-    /// Writes the look at its current values as a .cube file that the user names.
+    /// Writes the look at its current values as a table of colours for other programs, to a file
+    /// that the user names. Asks whether effects that fit into none are left out.
     void Export(const QModelIndex& preset);
 
     /// Writes looks that the user chooses, this one first, as a file for other people.
@@ -134,13 +138,19 @@ private:
     void ImportFiles(const QStringList& paths);
     void TellOf(const ImportReport& report);
     void ExportLook(const QModelIndex& preset);
-    bool WriteLooks(const std::vector<QModelIndex>& presets, const LookCredits& credits,
+    void WriteTable(const Zorvik::Quindle::EffectsSettings& look, const QString& title,
                     const QString& path);
+    std::vector<PresetModel::PresetPtr> CopyLooks(const std::vector<QModelIndex>& presets,
+                                                  const ShareDialog& dialog);
+    bool WriteLooks(const std::vector<PresetModel::PresetPtr>& looks, const QString& path);
+    std::optional<std::vector<QByteArray>>
+    DrawPictures(const std::vector<PresetModel::PresetPtr>& looks);
+    bool WriteDragged(const PresetController& preset, const QString& path);
     void TellCommitted();
     void Save();
     QString TryToSave();
-    void ReplaceEffects(const QModelIndex& preset,
-                        const Zorvik::Quindle::EffectsSettings& settings);
+    QString TryToSaveOr(const std::function<void()>& takeBack);
+    void DrawAnew(const QModelIndex& preset);
     void Tell(const QString& text);
     void SendPresetChanged();
     bool Fetch(const QModelIndex& preset);
@@ -152,6 +162,7 @@ private:
     PanelGuard m_guard;
     PresetDialogs m_dialogs;
     QStringList m_resourceFolders;
+    QString m_settingsFile;
     Zorvik::Core::Property::Ptr m_lastStep; ///< never null, never changed
     bool m_hasUnsaved = false;
     bool m_isImporting = false;

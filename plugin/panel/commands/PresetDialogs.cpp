@@ -140,13 +140,36 @@ QString PresetDialogs::AskImportFolder() const
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
-QString PresetDialogs::AskExport(const QString& name) const
+bool PresetDialogs::AskColoursOnly(const QString& name, const QString& unfit) const
 {
-    QFileDialog dialog(&m_window, tr("Export “%1” as .cube").arg(name));
+    const QString text = tr("A table holds colours alone. “%1” does more: %2\n\n"
+                            "Colours Only writes the table without that.")
+                             .arg(name, unfit);
+    AlertBox box(AlertBox::Level::Information, tr("Colours Only"), text,
+                 QMessageBox::Yes | QMessageBox::Cancel, &m_window, Qt::WindowFlags());
+    Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Yes}, QMessageBox::Yes);
+    return box.Exec() == QMessageBox::Yes;
+}
+
+QString PresetDialogs::AskTableFile(const QString& name) const
+{
+    const QStringList suffixes{QStringLiteral("cube"), QStringLiteral("clf"),
+                               QStringLiteral("png")};
+    const QStringList filters{
+        tr("Cube (%1)").arg(QStringLiteral("*.cube")),
+        tr("Common LUT Format (%1)").arg(QStringLiteral("*.clf")),
+        tr("HaldCLUT picture (%1)").arg(QStringLiteral("*.png *.tif *.tiff"))};
+    QFileDialog dialog(&m_window, tr("Export “%1” as a table").arg(name));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("cube"));
-    dialog.setNameFilter(QStringLiteral("*.cube"));
-    dialog.selectFile(name + QStringLiteral(".cube"));
+    dialog.setNameFilters(filters);
+    const auto offer = [&](const QString& suffix) {
+        dialog.setDefaultSuffix(suffix);
+        dialog.selectFile(PresetNames::MakeFileName(name, suffix));
+    };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
+        offer(suffixes.value(filters.indexOf(filter)));
+    });
+    offer(suffixes.front());
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 

@@ -40,8 +40,11 @@ public:
     QStringList AskImports() const;
     /// Asks for a folder with looks.
     QString AskImportFolder() const;
-    /// Asks for the .cube file to which the preset called `name` is written.
-    QString AskExport(const QString& name) const;
+    /// Asks whether the preset called `name` is written to a table without `unfit`, the names of
+    /// effects that fit into none.
+    bool AskColoursOnly(const QString& name, const QString& unfit) const;
+    /// Asks for the file to which the preset called `name` is written as a table of colours.
+    QString AskTableFile(const QString& name) const;
 
     QWidget& GetWindow() const { return m_window; }
 

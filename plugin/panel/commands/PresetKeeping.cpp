@@ -19,11 +19,13 @@ QString PresetCommands::Keep(const LumetraEditor::NewLook& look)
         const QString fault = HandedLook::FindFault(look, GetModel().GetUserPresetNames());
         if (!fault.isEmpty())
             return fault;
-        const QPersistentModelIndex added =
-            GetModel().AddUserPreset(HandedLook::MakePreset(look, m_presets.GetFactory()));
-        const QString problem = TryToSave();
+        const auto preset = HandedLook::MakePreset(look, m_presets.GetFactory());
+        const QPersistentModelIndex added = GetModel().AddUserPreset(preset);
+        const QString problem =
+            TryToSaveOr([&] { GetModel().removeRows(added.row(), 1, added.parent()); });
         emit presetsChanged();
-        emit presetAdded(added);
+        if (problem.isEmpty())
+            emit presetAdded(added);
         return problem;
     } catch (const std::exception& error) {
         return LumetraHost::ErrorText::Show(error);
@@ -45,11 +47,9 @@ QString PresetCommands::Update(const QString& id, const Zorvik::Quindle::Effects
         const auto preset = GetModel().GetPreset(index);
         if (!preset || !IsUsers(index) || settings.Effects().empty())
             return tr("This look cannot be changed.");
-        const EffectsSettings before = preset->MakeSettings();
-        ReplaceEffects(index, settings);
-        const QString problem = TryToSave();
-        if (!problem.isEmpty())
-            ReplaceEffects(index, before);
+        const auto putBack = preset->ReplaceEffects(settings.EffectsConst());
+        const QString problem = TryToSaveOr(putBack);
+        DrawAnew(index);
         emit lookChanged(index);
         emit valuesChanged();
         RememberEdit();
@@ -59,9 +59,8 @@ QString PresetCommands::Update(const QString& id, const Zorvik::Quindle::Effects
     }
 }
 
-void PresetCommands::ReplaceEffects(const QModelIndex& preset, const EffectsSettings& settings)
+void PresetCommands::DrawAnew(const QModelIndex& preset)
 {
-    GetModel().GetPreset(preset)->ReplaceEffects(settings.EffectsConst());
     if (preset.data(PresetModel::AppliedRole).toBool())
         GetModel().setData(preset, QVariant::fromValue(TuneSettingType::Apply),
                            PresetModel::TuneRole);
@@ -73,6 +72,19 @@ void PresetCommands::Save()
     const QString problem = TryToSave();
     if (!problem.isEmpty())
         Tell(problem);
+}
+
+/// Saves a change that another module waits for, or takes it back: the module keeps what it has
+/// then, and nothing is left to be saved at the end.
+QString PresetCommands::TryToSaveOr(const std::function<void()>& takeBack)
+{
+    const bool hadUnsaved = m_hasUnsaved;
+    const QString problem = TryToSave();
+    if (problem.isEmpty())
+        return {};
+    takeBack();
+    m_hasUnsaved = hadUnsaved;
+    return problem;
 }
 
 /// Returns why the presets are not saved; empty when they are.

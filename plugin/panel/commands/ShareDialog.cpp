@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "panel/commands/ShareDialog.h"
 
+#include "catalogue/VisibleText.h"
 #include "core/looks/LookFormat.h"
 
 #include <QComboBox>
@@ -22,16 +23,41 @@ constexpr int Width = 400;
 const QStringList Licences{QString(), QStringLiteral("CC0-1.0"), QStringLiteral("CC-BY-4.0"),
                            QStringLiteral("CC-BY-SA-4.0"), QStringLiteral("CC-BY-NC-4.0")};
 
-LookCredits CreditsOf(const PresetModel& model, const QModelIndex& preset)
+ShareCredits CreditsOf(const PresetModel& model, const QModelIndex& preset)
 {
-    const auto look = model.GetPreset(preset);
-    return look ? look->GetCredits() : LookCredits();
+    ShareCredits credits;
+    if (const auto look = model.GetPreset(preset)) {
+        credits.author = QString::fromStdString(look->GetCredits().author);
+        credits.licence = QString::fromStdString(look->GetCredits().licence);
+    }
+    return credits;
+}
+
+QString FirstOf(const QString& one, const QString& other)
+{
+    return one.isEmpty() ? other : one;
+}
+
+/// The text in one line, as files with looks have it: nothing that was pasted makes one unreadable.
+QString Clean(const QString& text)
+{
+    return LumetraHost::VisibleText::WithoutControls(text).trimmed();
+}
+
+std::string Choose(const std::string& own, const QString& said, const QString& proposed)
+{
+    const bool isOwnKept = said.isEmpty() || (said == proposed && !own.empty());
+    return isOwnKept ? own : said.toStdString();
 }
 
 } // namespace
 
-ShareDialog::ShareDialog(const PresetModel& model, const QModelIndex& first, QWidget* parent)
-    : QDialog(parent), m_list(new QTreeWidget(this))
+ShareDialog::ShareDialog(const PresetModel& model, const QModelIndex& first,
+                         const ShareCredits& last, QWidget* parent)
+    : QDialog(parent), m_last(last),
+      m_own(CreditsOf(model, first)), m_proposed{FirstOf(m_own.author, last.author),
+                                                 FirstOf(m_own.licence, last.licence)},
+      m_list(new QTreeWidget(this))
 {
     setObjectName(QStringLiteral("shareLooks"));
     setWindowTitle(tr("Share looks"));
@@ -43,7 +69,7 @@ ShareDialog::ShareDialog(const PresetModel& model, const QModelIndex& first, QWi
     note->setWordWrap(true);
     column->addWidget(note);
     column->addWidget(m_list, 1);
-    column->addWidget(MakeCredits(CreditsOf(model, first)));
+    column->addWidget(MakeFields(m_proposed));
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
     m_share = new QPushButton(tr("Share…"));
     m_share->setObjectName(QStringLiteral("shareButton"));
@@ -61,12 +87,12 @@ ShareDialog::ShareDialog(const PresetModel& model, const QModelIndex& first, QWi
 
 ShareDialog::~ShareDialog() = default;
 
-QWidget* ShareDialog::MakeCredits(const LookCredits& credits)
+QWidget* ShareDialog::MakeFields(const ShareCredits& proposed)
 {
     auto* const part = new QWidget(this);
     auto* const form = new QFormLayout(part);
     form->setContentsMargins(0, 0, 0, 0);
-    m_author = new QLineEdit(QString::fromStdString(credits.author), part);
+    m_author = new QLineEdit(proposed.author, part);
     m_author->setObjectName(QStringLiteral("author"));
     m_author->setMaxLength(LookFormat::LongestCredit);
     m_licence = new QComboBox(part);
@@ -74,7 +100,7 @@ QWidget* ShareDialog::MakeCredits(const LookCredits& credits)
     m_licence->setEditable(true);
     m_licence->addItems(Licences);
     m_licence->lineEdit()->setMaxLength(LookFormat::LongestCredit);
-    m_licence->setCurrentText(QString::fromStdString(credits.licence));
+    m_licence->setCurrentText(proposed.licence);
     form->addRow(tr("&Author:"), m_author);
     form->addRow(tr("&Licence:"), m_licence);
     return part;
@@ -128,12 +154,30 @@ std::vector<QModelIndex> ShareDialog::GetPresets() const
 
 QString ShareDialog::GetAuthor() const
 {
-    return m_author->text().trimmed();
+    return Clean(m_author->text());
 }
 
 QString ShareDialog::GetLicence() const
 {
-    return m_licence->currentText().trimmed();
+    return Clean(m_licence->currentText());
+}
+
+LookCredits ShareDialog::MakeCredits(const LookCredits& own) const
+{
+    LookCredits credits = own;
+    credits.author = Choose(own.author, GetAuthor(), m_proposed.author);
+    credits.licence = Choose(own.licence, GetLicence(), m_proposed.licence);
+    return credits;
+}
+
+/// Somebody else's look does not make the user that person.
+ShareCredits ShareDialog::MakeLast() const
+{
+    const auto choose = [](const QString& said, const QString& own, const QString& last) {
+        return !own.isEmpty() && said == own ? last : said;
+    };
+    return {choose(GetAuthor(), m_own.author, m_last.author),
+            choose(GetLicence(), m_own.licence, m_last.licence)};
 }
 
 void ShareDialog::ShowChoice()

@@ -1,119 +1,22 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "panel/importing/ImportReading.h"
 
-#include <QDialog>
-#include <QDialogButtonBox>
-#include <QEventLoop>
-#include <QFileInfo>
-#include <QLabel>
-#include <QProgressBar>
-#include <QThread>
-#include <QTimer>
-#include <QVBoxLayout>
+#include "panel/importing/BackgroundWork.h"
 
-#include <atomic>
-#include <exception>
-#include <memory>
-#include <mutex>
+#include <QFileInfo>
 
 namespace LumetraPlugin {
-namespace {
-
-constexpr int PatienceInMs = 300; // before the dialog opens
-constexpr int RefreshInMs = 50;
-constexpr int DialogWidth = 420;
-
-/// How far the reading is. The two threads share it.
-class State
-{
-public:
-    bool Tell(int done, int total, const QString& path)
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_done = done;
-        m_total = total;
-        m_path = path;
-        return !isEnded;
-    }
-    void Show(QProgressBar& bar, QLabel& label)
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        bar.setRange(0, m_total);
-        bar.setValue(m_done);
-        const QString name = QFileInfo(m_path).fileName();
-        label.setText(label.fontMetrics().elidedText(name, Qt::ElideMiddle, label.width()));
-    }
-
-    std::atomic<bool> isEnded{false};
-    ImportedFiles files;      // read when the thread has ended
-    std::exception_ptr error; // as well
-
-private:
-    std::mutex m_mutex;
-    int m_done = 0;
-    int m_total = 0;
-    QString m_path;
-};
-
-void RunWork(const ImportReading::Work& work, State& state)
-{
-    try {
-        state.files = work([&state](int done, int total, const QString& path) {
-            return state.Tell(done, total, path);
-        });
-    } catch (...) {
-        state.error = std::current_exception();
-    }
-}
-
-/// Waits without letting the user start anything else, for reading is mostly done at once.
-void WaitAWhile(QThread& thread)
-{
-    QEventLoop loop;
-    QObject::connect(&thread, &QThread::finished, &loop, &QEventLoop::quit);
-    QTimer::singleShot(PatienceInMs, &loop, &QEventLoop::quit);
-    if (thread.isRunning())
-        loop.exec(QEventLoop::ExcludeUserInputEvents);
-}
-
-} // namespace
 
 std::optional<ImportedFiles> ImportReading::Run(const Work& work)
 {
-    State state;
-    const std::unique_ptr<QThread> thread(QThread::create([&] { RunWork(work, state); }));
-    QDialog dialog(&m_window);
-    dialog.setObjectName(QStringLiteral("importProgress"));
-    dialog.setWindowTitle(tr("Import looks"));
-    dialog.setModal(true);
-    auto* const column = new QVBoxLayout(&dialog);
-    auto* const label = new QLabel;
-    label->setTextFormat(Qt::PlainText);
-    label->setMinimumWidth(DialogWidth);
-    auto* const bar = new QProgressBar;
-    bar->setAccessibleName(tr("Files that are read"));
-    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
-    column->addWidget(label);
-    column->addWidget(bar);
-    column->addWidget(buttons);
-    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
-    QObject::connect(&dialog, &QDialog::rejected, &dialog, [&state] { state.isEnded = true; });
-    QObject::connect(thread.get(), &QThread::finished, &dialog, &QDialog::accept);
-    QTimer refresh;
-    QObject::connect(&refresh, &QTimer::timeout, &dialog,
-                     [&, label, bar] { state.Show(*bar, *label); });
-
-    thread->start();
-    WaitAWhile(*thread);
-    if (thread->isRunning()) {
-        state.Show(*bar, *label);
-        refresh.start(RefreshInMs);
-        dialog.exec();
-    }
-    thread->wait();
-    if (state.error)
-        std::rethrow_exception(state.error);
-    return state.isEnded ? std::nullopt : std::optional(std::move(state.files));
+    ImportedFiles files;
+    BackgroundWork background({tr("Import looks"), tr("Files that are read")}, m_window);
+    const bool isDone = background.Run([&](const BackgroundWork::Progress& progress) {
+        files = work([&progress](int done, int total, const QString& path) {
+            return progress(done, total, QFileInfo(path).fileName());
+        });
+    });
+    return isDone ? std::optional(std::move(files)) : std::nullopt;
 }
 
 } // namespace LumetraPlugin

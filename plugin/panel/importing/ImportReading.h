@@ -12,8 +12,7 @@ class QWidget;
 
 namespace LumetraPlugin {
 
-/// Reads files for an import on a thread of its own. The window goes on being drawn; when reading
-/// takes longer, a dialog shows how far it is and lets the user end it.
+/// Reads files for an import on a thread of its own, see BackgroundWork.
 class ImportReading
 {
     Q_DECLARE_TR_FUNCTIONS(LumetraPlugin::ImportReading)

@@ -37,6 +37,14 @@ QString ListRemarks(const ImportedPreset& preset, ImportRemark::Kind kind)
     return texts.join(QStringLiteral(", "));
 }
 
+/// One of the two sentences behind a space; nothing for a count of 0.
+QString CountSentence(int count, const QString& one, const QString& many)
+{
+    if (count == 0)
+        return {};
+    return QLatin1Char(' ') + (count == 1 ? one : many.arg(count));
+}
+
 QString Line(const QString& title, const QString& list)
 {
     return list.isEmpty() ? QString() : QStringLiteral("<br/>%1 %2").arg(Html(title), Html(list));
@@ -77,11 +85,10 @@ QString ImportSummary::MakeSentence(const ImportReport& report)
     const QString imported = looks == 0   ? tr("No look was imported.")
                              : looks == 1 ? tr("Imported “%1”.").arg(report.presets.front().name)
                                           : tr("Imported %1 looks.").arg(looks);
-    if (report.problems.isEmpty())
-        return imported;
-    return imported + QLatin1Char(' ') +
-           (report.problems.size() == 1 ? tr("One was not imported.")
-                                        : tr("%1 were not imported.").arg(report.problems.size()));
+    const int known = static_cast<int>(report.known.size());
+    const int problems = report.problems.size();
+    return imported + CountSentence(known, tr("One is here already."), tr("%1 are here already.")) +
+           CountSentence(problems, tr("One was not imported."), tr("%1 were not imported."));
 }
 
 QString ImportSummary::MakeDetails(const ImportReport& report)
@@ -95,7 +102,17 @@ QString ImportSummary::MakeDetails(const ImportReport& report)
         html += Heading(tr("Imported"));
     for (const ImportedPreset& preset : report.presets)
         html += MakeLook(preset);
+    if (!report.known.empty())
+        html += Heading(tr("Here already"));
+    for (const KnownLook& look : report.known)
+        html += QStringLiteral("<p>%1</p>").arg(MakeKnown(look));
     return html;
+}
+
+QString ImportSummary::MakeKnown(const KnownLook& look)
+{
+    return look.name == look.knownAs ? Html(look.name)
+                                     : Html(tr("%1, as “%2”").arg(look.name, look.knownAs));
 }
 
 QString ImportSummary::MakeLook(const ImportedPreset& preset)

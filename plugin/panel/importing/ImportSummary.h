@@ -7,10 +7,11 @@ namespace LumetraPlugin {
 
 struct ImportReport;
 struct ImportedPreset;
+struct KnownLook;
 
-/// Tells after an import which looks came, what of them is only like it or missing, and which files
-/// were not imported and why. Belongs to its window, keeps nobody waiting, and is deleted when it
-/// is closed.
+/// Tells after an import which looks came, what of them is only like it or missing, which ones the
+/// user had already, and which files were not imported and why. Belongs to its window, keeps nobody
+/// waiting, and is deleted when it is closed.
 class ImportSummary : public QDialog
 {
     Q_OBJECT
@@ -20,12 +21,14 @@ public:
 
     /// True for an import of which there is more to tell than fits into a message or two.
     static bool IsNeeded(const ImportReport& report);
-    /// One or two sentences: how many looks came, and how many files did not.
+    /// One to three sentences: how many looks came, how many were here, and how many files did not
+    /// come.
     static QString MakeSentence(const ImportReport& report);
 
 private:
     static QString MakeDetails(const ImportReport& report);
     static QString MakeLook(const ImportedPreset& preset);
+    static QString MakeKnown(const KnownLook& look);
 };
 
 } // namespace LumetraPlugin

@@ -206,6 +206,129 @@
     </message>
 </context>
 <context>
+    <name>LumetraPlugin::ForeignFile</name>
+    <message>
+        <source>expected a file, found a folder</source>
+        <translation>erwartet: eine Datei, gefunden: ein Ordner</translation>
+    </message>
+    <message>
+        <source>expected a plain file, found a pipe, a socket or a device</source>
+        <translation>erwartet: eine gewöhnliche Datei, gefunden: eine Pipe, ein Socket oder ein Gerät</translation>
+    </message>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>expected a file of at most %1 bytes, found %2</source>
+        <translation>erwartet: eine Datei von höchstens %1 Byte, gefunden: %2</translation>
+    </message>
+    <message>
+        <source>expected a look, found an empty file</source>
+        <translation>erwartet: ein Look, gefunden: eine leere Datei</translation>
+    </message>
+    <message>
+        <source>expected text in UTF-8, found binary data</source>
+        <translation>erwartet: Text in UTF-8, gefunden: Binärdaten</translation>
+    </message>
+    <message>
+        <source>a table, &quot;s = { … }&quot;</source>
+        <translation>eine Tabelle, „s = { … }“</translation>
+    </message>
+    <message>
+        <source>the end of the file</source>
+        <translation>das Ende der Datei</translation>
+    </message>
+    <message>
+        <source>expected %1, found %2</source>
+        <translation>erwartet: %1, gefunden: %2</translation>
+    </message>
+    <message>
+        <source>a comment that ends with its line</source>
+        <translation>ein Kommentar, der mit seiner Zeile endet</translation>
+    </message>
+    <message>
+        <source>expected tables in at most 32 levels</source>
+        <translation>erwartet: Tabellen in höchstens 32 Ebenen</translation>
+    </message>
+    <message>
+        <source>expected at most 100000 entries</source>
+        <translation>erwartet: höchstens 100000 Einträge</translation>
+    </message>
+    <message>
+        <source>&quot;,&quot; or &quot;}&quot;</source>
+        <translation>„,“ oder „}“</translation>
+    </message>
+    <message>
+        <source>a text, a number, true, false, nil or a table</source>
+        <translation>ein Text, eine Zahl, true, false, nil oder eine Tabelle</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>eine Zahl</translation>
+    </message>
+    <message>
+        <source>expected a text that ends in its line</source>
+        <translation>erwartet: ein Text, der in seiner Zeile endet</translation>
+    </message>
+    <message>
+        <source>expected a known character behind &quot;\&quot;</source>
+        <translation>erwartet: ein bekanntes Zeichen hinter „\“</translation>
+    </message>
+    <message>
+        <source>expected a byte of at most 255 behind &quot;\&quot;</source>
+        <translation>erwartet: ein Byte bis 255 hinter „\“</translation>
+    </message>
+    <message>
+        <source>expected sections with keys and values: %1</source>
+        <translation>erwartet: Abschnitte mit Schlüsseln und Werten: %1</translation>
+    </message>
+    <message>
+        <source>expected a profile with sections, found none</source>
+        <translation>erwartet: ein Profil mit Abschnitten, gefunden: keine</translation>
+    </message>
+    <message>
+        <source>expected a table &quot;settings&quot; in a table &quot;value&quot;</source>
+        <translation>erwartet: eine Tabelle „settings“ in einer Tabelle „value“</translation>
+    </message>
+    <message>
+        <source>expected a template of type &quot;Develop&quot;, found type &quot;%1&quot;, which is no look</source>
+        <translation>erwartet: eine Vorlage vom Typ „Develop“, gefunden: Typ „%1“, der kein Look ist</translation>
+    </message>
+    <message>
+        <source>expected no document type</source>
+        <translation>erwartet: kein Dokumenttyp</translation>
+    </message>
+    <message>
+        <source>expected nesting of at most 64 levels</source>
+        <translation>erwartet: höchstens 64 Ebenen Verschachtelung</translation>
+    </message>
+    <message>
+        <source>expected the prefix &quot;crs&quot; for camera-raw settings alone</source>
+        <translation>erwartet: das Präfix „crs“ nur für Camera-Raw-Einstellungen</translation>
+    </message>
+    <message>
+        <source>expected well-formed XML: %1</source>
+        <translation>erwartet: wohlgeformtes XML: %1</translation>
+    </message>
+    <message>
+        <source>expected camera-raw settings in the XMP packet, found none</source>
+        <translation>erwartet: Camera-Raw-Einstellungen im XMP-Paket, gefunden: keine</translation>
+    </message>
+    <message>
+        <source>expected a setting that changes the picture, found none</source>
+        <translation>erwartet: eine Einstellung, die das Bild ändert, gefunden: keine</translation>
+    </message>
+    <message>
+        <source>expected a setting that this program can carry over, found only %1</source>
+        <translation>erwartet: eine Einstellung, die dieses Programm übernehmen kann, gefunden: nur %1</translation>
+    </message>
+    <message>
+        <source>expected a name that ends in .xmp, .lrtemplate or .pp3</source>
+        <translation>erwartet: ein Name, der auf .xmp, .lrtemplate oder .pp3 endet</translation>
+    </message>
+</context>
+<context>
     <name>LumetraPlugin::HandedLook</name>
     <message>
         <source>A look cannot have this name: %1</source>
@@ -230,6 +353,25 @@
     <message>
         <source>The look “%1” cannot have the slider “%2”: it moves nothing of the look, or what the intensity moves.</source>
         <translation>Der Look „%1“ kann den Regler „%2“ nicht haben: Er bewegt nichts am Look oder das, was die Intensität bewegt.</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraPlugin::ImportFolder</name>
+    <message>
+        <source>%1: expected at most %2 files in folders of at most %3 levels, found more</source>
+        <translation>%1: erwartet: höchstens %2 Dateien in Ordnern von höchstens %3 Ebenen, gefunden: mehr</translation>
+    </message>
+    <message>
+        <source>%1: expected files with looks, found none</source>
+        <translation>%1: erwartet: Dateien mit Looks, gefunden: keine</translation>
+    </message>
+    <message>
+        <source>%1: expected a folder that can be read</source>
+        <translation>%1: erwartet: ein lesbarer Ordner</translation>
+    </message>
+    <message>
+        <source>%1: expected a name in the encoding of file names</source>
+        <translation>%1: erwartet: ein Name in der Kodierung der Dateinamen</translation>
     </message>
 </context>
 <context>
@@ -289,12 +431,78 @@
         <source>Left out:</source>
         <translation>Weggelassen:</translation>
     </message>
+    <message>
+        <source>One is here already.</source>
+        <translation>Einer ist schon da.</translation>
+    </message>
+    <message>
+        <source>%1 are here already.</source>
+        <translation>%1 sind schon da.</translation>
+    </message>
+    <message>
+        <source>Here already</source>
+        <translation>Schon da</translation>
+    </message>
+    <message>
+        <source>%1, as “%2”</source>
+        <translation>%1, als „%2“</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraPlugin::LookBuilder</name>
+    <message>
+        <source>expected a curve of 2 to 256 points</source>
+        <translation>erwartet: eine Kurve von 2 bis 256 Punkten</translation>
+    </message>
+    <message>
+        <source>expected seven numbers</source>
+        <translation>erwartet: sieben Zahlen</translation>
+    </message>
+    <message>
+        <source>expected numbers</source>
+        <translation>erwartet: Zahlen</translation>
+    </message>
+    <message>
+        <source>expected a curve of points</source>
+        <translation>erwartet: eine Kurve aus Punkten</translation>
+    </message>
+    <message>
+        <source>expected a curve of kind 0 to 4</source>
+        <translation>erwartet: eine Kurve der Art 0 bis 4</translation>
+    </message>
+    <message>
+        <source>limited to what this program can do</source>
+        <translation>begrenzt auf das, was dieses Programm kann</translation>
+    </message>
+    <message>
+        <source>expected a number</source>
+        <translation>erwartet: eine Zahl</translation>
+    </message>
+    <message>
+        <source>expected this picture beside the file or in a folder that is named for tables</source>
+        <translation>erwartet: dieses Bild neben der Datei oder in einem für Tabellen genannten Ordner</translation>
+    </message>
 </context>
 <context>
     <name>LumetraPlugin::PanelGuard</name>
     <message>
         <source>This did not work, and nothing says why.</source>
         <translation>Das hat nicht geklappt; ein Grund ist nicht bekannt.</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraPlugin::PictureLooks</name>
+    <message>
+        <source>%1: expected a picture that tells of its look, as this program exports them, found nothing of it in its metadata</source>
+        <translation>%1: erwartet: ein Bild, das von seinem Look erzählt, wie dieses Programm sie exportiert, gefunden: nichts davon in seinen Metadaten</translation>
+    </message>
+    <message>
+        <source>%1: expected the look itself, found only its name%2</source>
+        <translation>%1: erwartet: der Look selbst, gefunden: nur sein Name%2</translation>
+    </message>
+    <message>
+        <source>%1: layer %2 &quot;%3&quot;</source>
+        <translation>%1: Ebene %2 „%3“</translation>
     </message>
 </context>
 <context>
@@ -348,10 +556,6 @@
         <translation>„%1“ löschen</translation>
     </message>
     <message>
-        <source>“%1” cannot become a .cube file, for it changes more than colours: %2</source>
-        <translation>Aus „%1“ kann keine .cube-Datei werden, denn der Look ändert mehr als Farben: %2</translation>
-    </message>
-    <message>
         <source>Wrote “%1”.</source>
         <translation>„%1“ geschrieben.</translation>
     </message>
@@ -370,6 +574,38 @@
     <message>
         <source>%1 looks are here already.</source>
         <translation>%1 Looks sind schon da.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot become a table, for nothing of it is colours alone: %2</source>
+        <translation>„%1“ kann keine Tabelle werden, denn nichts davon sind Farben allein: %2</translation>
+    </message>
+    <message>
+        <source>“%1” was not written: expected a name that ends in .cube, .clf, .png, .tif or .tiff.</source>
+        <translation>„%1“ wurde nicht geschrieben: erwartet: ein Name, der auf .cube, .clf, .png, .tif oder .tiff endet.</translation>
+    </message>
+    <message>
+        <source>Export as a table</source>
+        <translation>Als Tabelle exportieren</translation>
+    </message>
+    <message>
+        <source>Tables</source>
+        <translation>Tabellen</translation>
+    </message>
+    <message>
+        <source>Left out: %1</source>
+        <translation>Weggelassen: %1</translation>
+    </message>
+    <message>
+        <source>Nothing was written.</source>
+        <translation>Es wurde nichts geschrieben.</translation>
+    </message>
+    <message>
+        <source>Share looks</source>
+        <translation>Looks weitergeben</translation>
+    </message>
+    <message>
+        <source>Pictures that are drawn</source>
+        <translation>Bilder, die gezeichnet werden</translation>
     </message>
 </context>
 <context>
@@ -413,10 +649,6 @@ Verwerfen beendet das Programm ohne sie.</translation>
         <translation>Alle Dateien (%1)</translation>
     </message>
     <message>
-        <source>Export “%1” as .cube</source>
-        <translation>„%1“ als .cube exportieren</translation>
-    </message>
-    <message>
         <source>Import a folder of looks</source>
         <translation>Einen Ordner mit Looks importieren</translation>
     </message>
@@ -437,6 +669,56 @@ Cancel leaves them out.</source>
     <message>
         <source>Share looks</source>
         <translation>Looks weitergeben</translation>
+    </message>
+    <message>
+        <source>A table holds colours alone. “%1” does more: %2
+
+Colours Only writes the table without that.</source>
+        <translation>Eine Tabelle enthält nur Farben. „%1“ tut mehr: %2
+
+„Nur Farben“ schreibt die Tabelle ohne das.</translation>
+    </message>
+    <message>
+        <source>Colours Only</source>
+        <translation>Nur Farben</translation>
+    </message>
+    <message>
+        <source>Cube (%1)</source>
+        <translation>Cube (%1)</translation>
+    </message>
+    <message>
+        <source>Common LUT Format (%1)</source>
+        <translation>Common LUT Format (%1)</translation>
+    </message>
+    <message>
+        <source>HaldCLUT picture (%1)</source>
+        <translation>HaldCLUT-Bild (%1)</translation>
+    </message>
+    <message>
+        <source>Export “%1” as a table</source>
+        <translation>„%1“ als Tabelle exportieren</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraPlugin::PresetImport</name>
+    <message>
+        <source>%1: expected a name that ends in .lumetra, .xmp, .lrtemplate, .pp3, .cube, .3dl, .clf, .cc, .ccc, .cdl, .png, .tif, .jpg, .webp, .zip or .json</source>
+        <translation>%1: erwartet: ein Name, der auf .lumetra, .xmp, .lrtemplate, .pp3, .cube, .3dl, .clf, .cc, .ccc, .cdl, .png, .tif, .jpg, .webp, .zip oder .json endet</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is left out: a look of that name is here already</source>
+        <translation>%1: „%2“ wird weggelassen: Ein Look dieses Namens ist schon da</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraPlugin::PresetNames</name>
+    <message>
+        <source>expected 1 to %1 characters, found %2</source>
+        <translation>erwartet: 1 bis %1 Zeichen, gefunden: %2</translation>
+    </message>
+    <message>
+        <source>expected a name without control characters, found &quot;%1&quot;</source>
+        <translation>erwartet: ein Name ohne Steuerzeichen, gefunden: „%1“</translation>
     </message>
 </context>
 <context>
@@ -566,16 +848,16 @@ Cancel leaves them out.</source>
         <translation>Ordner mit Looks importieren …</translation>
     </message>
     <message>
-        <source>Export as .cube…</source>
-        <translation>Als .cube exportieren …</translation>
-    </message>
-    <message>
         <source>Open or shut the group in that place</source>
         <translation>Gruppe an dieser Stelle öffnen oder schließen</translation>
     </message>
     <message>
         <source>Share…</source>
         <translation>Weitergeben …</translation>
+    </message>
+    <message>
+        <source>Export as a table…</source>
+        <translation>Als Tabelle exportieren…</translation>
     </message>
 </context>
 <context>

@@ -142,7 +142,7 @@ void PresetsWidget::ShowActionTexts()
     m_search->setText(tr("Search looks"));
     m_import->setText(tr("Import looks…"));
     m_importFolder->setText(tr("Import a folder of looks…"));
-    m_export->setText(tr("Export as .cube…"));
+    m_export->setText(tr("Export as a table…"));
     m_share->setText(tr("Share…"));
     for (QShortcut* const shortcut : findChildren<QShortcut*>())
         shortcut->setWhatsThis(tr("Open or shut the group in that place")); // for lists of keys

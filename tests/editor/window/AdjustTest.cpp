@@ -13,12 +13,16 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
 #include <QProcess>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSlider>
 #include <QTabWidget>
 #include <QTest>
@@ -171,6 +175,41 @@ TEST_F(AdjustTest, everyControlOfEverySectionHasAName)
     EXPECT_GT(looked, 150) << "two for most numbers";
 }
 
+TEST_F(AdjustTest, theTabKeyGoesFromAHeaderIntoItsSectionAndOnToTheNext)
+{
+    auto* const panel = Find<QWidget>("adjustPanel");
+    const auto headers = panel->findChildren<CustomToolBoxButton*>();
+    headers[0]->setFocus();
+
+    QTest::keyClick(headers[0], Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), &Slider("exposure.stops"));
+
+    headers[1]->click(); // its controls are made now
+    headers[1]->setFocus();
+    QTest::keyClick(headers[1], Qt::Key_Tab);
+    QWidget* const first = QApplication::focusWidget();
+    EXPECT_NE(first, headers[2]);
+    QTest::keyClick(first, Qt::Key_Backtab);
+    EXPECT_EQ(QApplication::focusWidget(), headers[1]);
+    QTest::keyClick(headers[1], Qt::Key_Backtab);
+    EXPECT_NE(QApplication::focusWidget(), headers[0]) << "the last control of the first section";
+}
+
+TEST_F(AdjustTest, aControlThatTheTabKeyReachesFromOutsideIsScrolledTo)
+{
+    auto* const panel = Find<QWidget>("adjustPanel");
+    auto* const scroll = panel->findChild<QScrollArea*>();
+    OpenEverything();
+    QApplication::processEvents();
+    scroll->verticalScrollBar()->setValue(scroll->verticalScrollBar()->maximum());
+    const auto headers = panel->findChildren<CustomToolBoxButton*>();
+    ASSERT_TRUE(headers[0]->visibleRegion().isEmpty());
+
+    headers[0]->setFocus(Qt::TabFocusReason); // as from the tabs above
+
+    EXPECT_EQ(headers[0]->visibleRegion().boundingRect(), headers[0]->rect());
+}
+
 TEST_F(AdjustTest, everyEffectOfNumbersHasItsControls)
 {
     auto* const panel = OpenEverything();
@@ -316,6 +355,33 @@ TEST_F(AdjustTest, aStackOfLayersBecomesOneLook)
     EXPECT_LE(Difference(DrawLook(), stacked), 1);
 }
 
+TEST_F(AdjustTest, aStackIsNamedOnceMoreWhereItsNameIsTaken)
+{
+    DragSlider("exposure.stops", 0.47);
+    ASSERT_TRUE(SaveLook());
+    const QString other = QStringLiteral("Dusk two");
+    const auto type = [](const QString& expected, const QString& name) {
+        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        auto* const edit = dialog->findChild<QLineEdit*>(QStringLiteral("lineEdit"));
+        EXPECT_EQ(edit->text(), expected);
+        edit->selectAll();
+        QTest::keyClicks(edit, name);
+        dialog->accept();
+    };
+    QTimer::singleShot(0, window.get(), [&] {
+        type(QStringLiteral("New look"), OwnLook);
+        QTimer::singleShot(0, window.get(), [&] {
+            EXPECT_THAT(GetMessage().toStdString(), HasSubstr("“Dusk” already"));
+            type(OwnLook, other);
+        });
+    });
+
+    TriggerInMenu("saveStack");
+
+    EXPECT_TRUE(HasLook(other));
+}
+
 TEST_F(AdjustTest, aMixedLayerKeepsAStackFromBecomingOneLook)
 {
     Show(QStringLiteral("Looks"));
@@ -354,4 +420,37 @@ TEST_F(AdjustTest, theUsersLookTakesTheValuesOver)
     Show(QStringLiteral("Looks"));
     ClickLook(OwnLook);
     EXPECT_LE(Difference(Draw(), both), 1);
+}
+
+TEST_F(AdjustTest, aLookThatCannotBeSavedStaysAsItWas)
+{
+    DragSlider("exposure.stops", 0.47);
+    ASSERT_TRUE(SaveLook());
+    const Image look = DrawLook();
+    Show(QStringLiteral("Adjust"));
+    DragSlider("contrast.amount", 0.4);
+    const Image both = Draw();
+    const int position = Slider("contrast.amount").value();
+    const int steps = editor->GetUndoStack().count();
+    const QByteArray store = ReadFile("data/lumetra/presets.json");
+    // Permissions would not stop root.
+    ASSERT_TRUE(QFile::remove(Path("data/lumetra/presets.json")));
+    ASSERT_TRUE(QDir().mkpath(Path("data/lumetra/presets.json/taken")));
+
+    TriggerInMenu("updateLook");
+
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr("presets.json"));
+    EXPECT_TRUE(HaveSamePixels(Draw(), both));
+    EXPECT_EQ(editor->GetPackages().size(), 2U);
+    EXPECT_EQ(Slider("contrast.amount").value(), position);
+    EXPECT_EQ(editor->GetUndoStack().count(), steps);
+    Find<QPushButton>("resetAdjustments")->click();
+    EXPECT_TRUE(HaveSamePixels(Draw(), look)) << "the look in the program is the one of before";
+
+    ASSERT_TRUE(QDir(Path("data/lumetra/presets.json")).removeRecursively());
+    WriteFile("data/lumetra/presets.json", store);
+    Show(QStringLiteral("Looks"));
+    Find<QPushButton>("discardButton")->click();
+    Reopen();
+    EXPECT_TRUE(HaveSamePixels(DrawLook(), look)) << "and so is the one on the disk";
 }

@@ -257,7 +257,8 @@ TEST_F(PresetControllerTest, takesOtherEffectsAndStartsAtTheirFullIntensity)
     tone->SetParameter("gain", 1.5);
     const auto second = tone->Clone();
 
-    preset.ReplaceEffects({tone, second});
+    preset.SetIntensity(45, false);
+    const auto putBack = preset.ReplaceEffects({tone, second});
     tone->SetParameter("gain", 0);
 
     EXPECT_EQ(preset.MakeSettings().Effects().size(), 2U);
@@ -265,6 +266,15 @@ TEST_F(PresetControllerTest, takesOtherEffectsAndStartsAtTheirFullIntensity)
     EXPECT_EQ(preset.GetSettings().at(0).Value(), 1500);
     EXPECT_EQ(preset.GetIntensity(), 100);
     EXPECT_EQ(preset.GetStartIntensity(), 100);
+
+    putBack();
+
+    EXPECT_EQ(preset.MakeSettings().Effects().size(), 1U);
+    EXPECT_EQ(preset.MakeSettings().Effects()[0]->GetParameter("gain"), 0.5);
+    EXPECT_EQ(preset.GetSettings().at(0).Value(), 500);
+    EXPECT_EQ(preset.GetSettingsDefault().at(0).Value(), 500);
+    EXPECT_EQ(preset.GetIntensity(), 45);
+    EXPECT_EQ(preset.GetStartIntensity(), 30);
 }
 
 TEST_F(PresetControllerTest, keepsItsEffectsWhereOthersLackWhatItsIntensityMoves)

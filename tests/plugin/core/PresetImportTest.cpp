@@ -115,13 +115,17 @@ TEST_F(PresetImportTest, theIntensityLeadsFromThePhotoToTheWholeLook)
 
 TEST_F(PresetImportTest, tellsLooksOfOneNameApartByGroupAndNumber)
 {
+    const auto writeTravel = [this](const char* name, const char* exposure) {
+        QByteArray travel = MakeXmp({{"Exposure2012", exposure}}, "Soft");
+        travel.replace("</crs:Name>",
+                       "</crs:Name><crs:Group><rdf:Alt><rdf:li xml:lang=\"x-default\">"
+                       "Travel</rdf:li></rdf:Alt></crs:Group>");
+        Write(name, travel);
+    };
     WriteLook("1.xmp", "1", "Soft");
-    QByteArray travel = MakeXmp({{"Exposure2012", "1"}}, "Soft");
-    travel.replace("</crs:Name>", "</crs:Name><crs:Group><rdf:Alt><rdf:li xml:lang=\"x-default\">"
-                                  "Travel</rdf:li></rdf:Alt></crs:Group>");
-    Write("looks/2.xmp", travel);
-    Write("looks/3.xmp", travel);
-    WriteLook("4.xmp", "1", "Soft");
+    writeTravel("looks/2.xmp", "2");
+    writeTravel("looks/3.xmp", "3");
+    WriteLook("4.xmp", "4", "Soft");
     EXPECT_THAT(GetNames(Import({Looks()})),
                 ElementsAre("Soft", "Soft (Travel)", "Soft (Travel) 2", "Soft 2"));
 }
@@ -135,7 +139,7 @@ TEST_F(PresetImportTest, givesALookWithoutAVisibleNameOne)
 TEST_F(PresetImportTest, aFolderStandsForAllLooksBelowIt)
 {
     WriteLook("b.xmp");
-    WriteLook("a/c.XMP");
+    WriteLook("a/c.XMP", "2");
     Write("looks/a/d.cube", Inverting);
     Write("looks/a.txt", "no look");
     Write("looks/photo.png", "no look either");
@@ -187,10 +191,10 @@ TEST_F(PresetImportTest, aFolderThatIsTooDeepIsRefusedWhole)
 TEST_F(PresetImportTest, tellsOfFilesThatAreNoLooksAndTakesTheOthers)
 {
     WriteLook("a.xmp");
+    WriteLook("d.xmp", "2");
     QByteArray other = MakeTemplate({{"Exposure2012", "1"}});
     Write("looks/b.lrtemplate", other.replace("Develop", "Export"));
     Write("looks/c.xmp", "<x>");
-    WriteLook("d.xmp");
     const auto report = Import({Looks()});
     EXPECT_THAT(GetNames(report), ElementsAre("a", "d"));
     ASSERT_EQ(report.problems.size(), 2);
@@ -210,7 +214,8 @@ TEST_F(PresetImportTest, tellsOfFoldersWithoutLooks)
 TEST_F(PresetImportTest, addsAThousandLooksInOneInsertion)
 {
     for (int i = 0; i < 1000; ++i)
-        WriteLook(std::to_string(1000 + i) + ".xmp", "1", "Same");
+        WriteLook(std::to_string(1000 + i) + ".xmp", std::to_string(0.001 * (i + 1)).c_str(),
+                  "Same");
     int insertions = 0;
     QObject::connect(&session.GetModel(), &QAbstractItemModel::rowsInserted,
                      [&insertions] { ++insertions; });
@@ -240,7 +245,7 @@ TEST_F(PresetImportTest, indexesThatOthersKeepStayRight)
 {
     const QPersistentModelIndex first = Import({WriteLook("a.xmp")}).presets.front().index;
     for (int i = 0; i < 50; ++i)
-        WriteLook("more/" + std::to_string(10 + i) + ".xmp");
+        WriteLook("more/" + std::to_string(10 + i) + ".xmp", std::to_string(0.01 * i).c_str());
     Import({folder.filePath(QStringLiteral("looks/more"))});
     EXPECT_EQ(first.data(PresetModel::PresetNameRole).toString(), QStringLiteral("a"));
 }
@@ -250,4 +255,51 @@ TEST_F(PresetImportTest, filesOfUnknownNamesAreRefusedByName)
     const auto report = Import({Write("looks/a.txt", "hello")});
     ASSERT_EQ(report.problems.size(), 1);
     EXPECT_THAT(report.problems[0].toStdString(), HasSubstr("a.txt: expected a name that ends in"));
+}
+
+TEST_F(PresetImportTest, aFolderThatIsImportedAgainAddsNothing)
+{
+    const Settings settings = {{"Exposure2012", "0.5"}, {"Vibrance", "21"}};
+    WriteLook("a.xmp", "1", "Soft");
+    Write("looks/b.lrtemplate", MakeTemplate(settings));
+    Write("looks/c.pp3", MakeProfile({{"Exposure/Contrast", "12"}}));
+    Write("looks/d.cube", Inverting);
+    Write("looks/e.json", R"({ "format": "lumetra-catalogue", "version": 1, "groups": [ {
+      "name": "Others", "items": [ { "name": "Dusk", "id": "others.dusk",
+      "effects": [ { "effect": { "id": "exposure", "stops": -1 } } ] } ] } ] })");
+    EXPECT_THAT(GetNames(Import({Looks()})), ElementsAre("Soft", "Old Paper", "c", "d", "Dusk"));
+    session.GetStore()->Save(session.GetModel());
+    PresetSession later("test");
+    later.OpenStore(folder.filePath(QStringLiteral("presets.json")));
+    later.Load({}, nullptr);
+
+    const auto again = PresetImport::AddTo(later, PresetImport::ReadAll({Looks()}, {}, &GoOn));
+
+    EXPECT_TRUE(again.presets.empty());
+    EXPECT_TRUE(again.problems.isEmpty());
+    std::vector<std::string> known;
+    for (const KnownLook& look : again.known)
+        known.push_back(look.name.toStdString() + " = " + look.knownAs.toStdString());
+    EXPECT_THAT(known, ElementsAre("Soft = Soft", "Old Paper = Old Paper", "c = c", "d = d",
+                                   "Dusk = Dusk"));
+}
+
+TEST_F(PresetImportTest, theSameSettingsInAnotherSpellingAreOnePreset)
+{
+    const Settings settings = {{"Exposure2012", "0.5"}, {"Vibrance", "21"}};
+    Write("looks/a.xmp", MakeXmp(settings, "First"));
+    Write("looks/b.xmp", MakeElements(settings));
+    Write("looks/c.lrtemplate", MakeTemplate(settings));
+    const auto report = Import({Looks()});
+    EXPECT_THAT(GetNames(report), ElementsAre("First"));
+    ASSERT_EQ(report.known.size(), 2u);
+    EXPECT_EQ(report.known[0].name, QStringLiteral("b"));
+    EXPECT_EQ(report.known[0].knownAs, QStringLiteral("First"));
+}
+
+TEST_F(PresetImportTest, aLookThatDiffersInOneValueIsAnotherOne)
+{
+    Write("looks/a.xmp", MakeXmp({{"Exposure2012", "0.5"}, {"Vibrance", "21"}}));
+    Write("looks/b.xmp", MakeXmp({{"Exposure2012", "0.5"}, {"Vibrance", "22"}}));
+    EXPECT_THAT(GetNames(Import({Looks()})), ElementsAre("a", "b"));
 }

@@ -18,41 +18,47 @@ void RefuseNoPlainFile(const QString& path)
 {
     const QFileInfo info(path);
     if (info.isDir())
-        ForeignFile::Fail(path, 0, "expected a file, found a folder");
+        ForeignFile::Fail(path, 0, ForeignFile::tr("expected a file, found a folder"));
     if (info.exists() && !info.isFile())
-        ForeignFile::Fail(path, 0, "expected a plain file, found a pipe, a socket or a device");
+        ForeignFile::Fail(
+            path, 0, ForeignFile::tr("expected a plain file, found a pipe, a socket or a device"));
 }
 
 } // namespace
+
+NoLookError::NoLookError(const QString& path, const QString& message)
+    : std::runtime_error((path + QStringLiteral(": ") + message).toStdString())
+{
+}
 
 QByteArray ForeignFile::Read(const QString& path)
 {
     RefuseNoPlainFile(path);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        Fail(path, 0, "cannot be read: " + file.errorString().toStdString());
+        Fail(path, 0, tr("cannot be read: %1").arg(file.errorString()));
     QByteArray content = file.read(LargestFile + 1);
     if (file.error() != QFileDevice::NoError)
-        Fail(path, 0, "cannot be read: " + file.errorString().toStdString());
+        Fail(path, 0, tr("cannot be read: %1").arg(file.errorString()));
     if (content.size() > LargestFile)
         Fail(path, 0,
-             "expected a file of at most " + std::to_string(LargestFile) + " bytes, found " +
-                 std::to_string(file.size()));
+             tr("expected a file of at most %1 bytes, found %2")
+                 .arg(QString::number(LargestFile), QString::number(file.size())));
     if (content.startsWith(ByteOrderMark))
         content.remove(0, 3);
     if (content.trimmed().isEmpty())
-        Fail(path, 0, "expected a look, found an empty file");
+        Fail(path, 0, tr("expected a look, found an empty file"));
     if (content.contains('\0'))
-        Fail(path, 0, "expected text in UTF-8, found binary data");
+        Fail(path, 0, tr("expected text in UTF-8, found binary data"));
     return content;
 }
 
-void ForeignFile::Fail(const QString& path, qint64 line, const std::string& message)
+void ForeignFile::Fail(const QString& path, qint64 line, const QString& message)
 {
-    const std::string place =
-        path.toStdString() + (line > 0 ? ":" + std::to_string(line) : std::string());
-    throw Zorvik::Exception(place + ": " + message, BOOST_CURRENT_FUNCTION,
-                            "core/foreign/files/ForeignFile", __LINE__);
+    const QString place =
+        line > 0 ? QStringLiteral("%1:%2").arg(path, QString::number(line)) : path;
+    throw Zorvik::Exception((place + QStringLiteral(": ") + message).toStdString(),
+                            BOOST_CURRENT_FUNCTION, "core/foreign/files/ForeignFile", __LINE__);
 }
 
 } // namespace LumetraPlugin

@@ -2,10 +2,10 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 
 #include <stdexcept>
-#include <string>
 
 namespace LumetraPlugin {
 
@@ -13,12 +13,15 @@ namespace LumetraPlugin {
 class NoLookError : public std::runtime_error
 {
 public:
-    using std::runtime_error::runtime_error;
+    NoLookError(const QString& path, const QString& message);
 };
 
-/// Files of other programs' looks: small texts, of which a file is read whole or not at all.
+/// Files of other programs' looks: small texts, of which a file is read whole or not at all. Errors
+/// are in the user's language where the program has translations.
 class ForeignFile
 {
+    Q_DECLARE_TR_FUNCTIONS(LumetraPlugin::ForeignFile)
+
 public:
     /// The largest file that is read, in bytes. Looks with tables inside have less than two
     /// million.
@@ -29,7 +32,7 @@ public:
     static QByteArray Read(const QString& path);
 
     /// Throws a Zorvik::Exception "file:line: message", or "file: message" when `line` is 0.
-    [[noreturn]] static void Fail(const QString& path, qint64 line, const std::string& message);
+    [[noreturn]] static void Fail(const QString& path, qint64 line, const QString& message);
 };
 
 } // namespace LumetraPlugin

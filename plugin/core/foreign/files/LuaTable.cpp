@@ -26,27 +26,29 @@ public:
     {
         SkipSpace();
         if (ReadWord().isEmpty())
-            Fail("a table, \"s = { … }\"");
+            Fail(ForeignFile::tr("a table, \"s = { … }\""));
         Expect('=');
         if (Peek() != '{')
-            Fail("\"{\"");
+            Fail(QStringLiteral("\"{\""));
         LuaValue table = ParseTable(1);
         SkipSpace();
         if (!IsAtEnd())
-            Fail("the end of the file");
+            Fail(ForeignFile::tr("the end of the file"));
         return table;
     }
 
 private:
-    [[noreturn]] void Fail(const char* expected) const
+    [[noreturn]] void Fail(const QString& expected) const
     {
         const QByteArray rest = m_content.mid(m_place, 20);
         const int end = rest.indexOf('\n');
         const QByteArray found = (end < 0 ? rest : rest.left(end)).trimmed();
-        FailWith(std::string("expected ") + expected + ", found " +
-                 (IsAtEnd() ? "the end of the file" : "\"" + found.toStdString() + "\""));
+        FailWith(ForeignFile::tr("expected %1, found %2")
+                     .arg(expected, IsAtEnd()
+                                        ? ForeignFile::tr("the end of the file")
+                                        : QStringLiteral("\"%1\"").arg(QString::fromUtf8(found))));
     }
-    [[noreturn]] void FailWith(const std::string& message) const
+    [[noreturn]] void FailWith(const QString& message) const
     {
         ForeignFile::Fail(m_path, m_line, message);
     }
@@ -76,7 +78,7 @@ private:
     void SkipComment()
     {
         if (m_content.mid(m_place, 3) == "--[")
-            Fail("a comment that ends with its line");
+            Fail(ForeignFile::tr("a comment that ends with its line"));
         while (!IsAtEnd() && Peek() != '\n')
             Next();
     }
@@ -91,9 +93,8 @@ private:
     }
     void Expect(char c)
     {
-        const char text[] = {'"', c, '"', '\0'};
         if (!Take(c))
-            Fail(text);
+            Fail(QStringLiteral("\"%1\"").arg(QLatin1Char(c)));
     }
 
     QString ReadWord()
@@ -107,16 +108,16 @@ private:
     LuaValue ParseTable(int depth)
     {
         if (depth > LuaTable::DeepestNesting)
-            FailWith("expected tables in at most 32 levels");
+            FailWith(ForeignFile::tr("expected tables in at most 32 levels"));
         LuaValue table;
         table.isTable = true;
         Expect('{');
         while (!Take('}')) {
             if (++m_entries > LuaTable::MostEntries)
-                FailWith("expected at most 100000 entries");
+                FailWith(ForeignFile::tr("expected at most 100000 entries"));
             table.entries.push_back(ParseEntry(depth));
             if (!Take(',') && !Take(';') && Peek() != '}')
-                Fail("\",\" or \"}\"");
+                Fail(ForeignFile::tr("\",\" or \"}\""));
         }
         return table;
     }
@@ -176,7 +177,7 @@ private:
             (Peek() == '"' || Peek() == '\''))
             return WithoutKey(ReadString());
         m_place = place;
-        Fail("a text, a number, true, false, nil or a table");
+        Fail(ForeignFile::tr("a text, a number, true, false, nil or a table"));
     }
 
     QString ReadNumber()
@@ -191,7 +192,7 @@ private:
         if (form.match(text).hasMatch())
             return text;
         m_place = start;
-        Fail("a number");
+        Fail(ForeignFile::tr("a number"));
     }
 
     QString ReadString()
@@ -200,7 +201,7 @@ private:
         QByteArray text;
         while (Peek() != quote) {
             if (IsAtEnd() || Peek() == '\n')
-                FailWith("expected a text that ends in its line");
+                FailWith(ForeignFile::tr("expected a text that ends in its line"));
             const char c = Next();
             text += c == '\\' ? ReadEscape() : QByteArray(1, c);
         }
@@ -226,7 +227,7 @@ private:
         case '\\':
             return QByteArray(1, c);
         default:
-            FailWith("expected a known character behind \"\\\"");
+            FailWith(ForeignFile::tr("expected a known character behind \"\\\""));
         }
     }
 
@@ -237,7 +238,7 @@ private:
         for (int i = 0; i < 2 && std::isdigit(static_cast<unsigned char>(Peek())); ++i)
             code = 10 * code + (Next() - '0');
         if (code > 255)
-            FailWith("expected a byte of at most 255 behind \"\\\"");
+            FailWith(ForeignFile::tr("expected a byte of at most 255 behind \"\\\""));
         return QByteArray(1, static_cast<char>(code));
     }
 

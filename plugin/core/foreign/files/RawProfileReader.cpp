@@ -22,7 +22,8 @@ Tree Parse(const QString& path, const QByteArray& content)
         boost::property_tree::read_ini(stream, tree);
     } catch (const boost::property_tree::ini_parser_error& error) {
         ForeignFile::Fail(path, static_cast<qint64>(error.line()),
-                          "expected sections with keys and values: " + error.message());
+                          ForeignFile::tr("expected sections with keys and values: %1")
+                              .arg(QString::fromStdString(error.message())));
     }
     return tree;
 }
@@ -69,7 +70,7 @@ ForeignLook RawProfileReader::Read(const QString& path, const QByteArray& conten
             look.settings[QStringLiteral("[%1]").arg(section)].isTree = true;
     }
     if (!hasSections)
-        throw NoLookError(path.toStdString() + ": expected a profile with sections, found none");
+        throw NoLookError(path, ForeignFile::tr("expected a profile with sections, found none"));
     return look;
 }
 

@@ -43,7 +43,8 @@ const LuaValue& FindSettings(const QString& path, const LuaValue& file)
     const LuaValue* const value = file.Find("value");
     const LuaValue* const settings = value ? value->Find("settings") : nullptr;
     if (!settings || !settings->isTable)
-        ForeignFile::Fail(path, 0, "expected a table \"settings\" in a table \"value\"");
+        ForeignFile::Fail(path, 0,
+                          ForeignFile::tr("expected a table \"settings\" in a table \"value\""));
     return *settings;
 }
 
@@ -54,9 +55,10 @@ ForeignLook TemplateReader::Read(const QString& path, const QByteArray& content)
     const LuaValue file = LuaTable::Read(path, content);
     const QString type = file.GetText("type");
     if (type != QLatin1String("Develop"))
-        throw NoLookError(path.toStdString() +
-                          ": expected a template of type \"Develop\", found type \"" +
-                          type.toStdString() + "\", which is no look");
+        throw NoLookError(path,
+                          ForeignFile::tr("expected a template of type \"Develop\", found type "
+                                          "\"%1\", which is no look")
+                              .arg(type));
     ForeignLook look;
     look.name = file.GetText("title");
     if (look.name.isEmpty())

@@ -37,18 +37,22 @@ void CheckXml(const QString& path, const QByteArray& content)
     while (!reader.atEnd()) {
         const auto token = reader.readNext();
         if (token == QXmlStreamReader::DTD)
-            ForeignFile::Fail(path, reader.lineNumber(), "expected no document type");
+            ForeignFile::Fail(path, reader.lineNumber(),
+                              ForeignFile::tr("expected no document type"));
         if (token == QXmlStreamReader::EndElement)
             --depth;
         if (token == QXmlStreamReader::StartElement && ++depth > DeepestNesting)
-            ForeignFile::Fail(path, reader.lineNumber(), "expected nesting of at most 64 levels");
-        if (token == QXmlStreamReader::StartElement && IsMisleading(reader))
             ForeignFile::Fail(path, reader.lineNumber(),
-                              "expected the prefix \"crs\" for camera-raw settings alone");
+                              ForeignFile::tr("expected nesting of at most 64 levels"));
+        if (token == QXmlStreamReader::StartElement && IsMisleading(reader))
+            ForeignFile::Fail(
+                path, reader.lineNumber(),
+                ForeignFile::tr("expected the prefix \"crs\" for camera-raw settings alone"));
     }
     if (reader.hasError())
-        ForeignFile::Fail(path, reader.lineNumber(),
-                          "expected well-formed XML: " + reader.errorString().toStdString());
+        ForeignFile::Fail(
+            path, reader.lineNumber(),
+            ForeignFile::tr("expected well-formed XML: %1").arg(reader.errorString()));
 }
 
 std::vector<XmpProperty> ReadProperties(const QString& path, const QByteArray& content)
@@ -56,7 +60,8 @@ std::vector<XmpProperty> ReadProperties(const QString& path, const QByteArray& c
     try {
         return XmpNamespace::Read(content, XmpNamespace::CameraRaw);
     } catch (const std::exception& error) {
-        ForeignFile::Fail(path, 0, LumetraHost::ErrorText::FirstLine(error));
+        ForeignFile::Fail(path, 0,
+                          QString::fromStdString(LumetraHost::ErrorText::FirstLine(error)));
     }
 }
 
@@ -105,8 +110,8 @@ ForeignLook XmpLookReader::Read(const QString& path, const QByteArray& content)
     CheckXml(path, content);
     const auto properties = ReadProperties(path, content);
     if (properties.empty())
-        throw NoLookError(path.toStdString() +
-                          ": expected camera-raw settings in the XMP packet, found none");
+        throw NoLookError(
+            path, ForeignFile::tr("expected camera-raw settings in the XMP packet, found none"));
     ForeignLook look;
     for (const XmpProperty& property : properties)
         Take(property, look);

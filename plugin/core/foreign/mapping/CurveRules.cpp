@@ -102,7 +102,7 @@ void SetPoints(const MappingRow& row, const Points& points, LookBuilder& look)
 void SetAnyPoints(const MappingRow& row, const std::optional<Points>& read, LookBuilder& look)
 {
     if (!read)
-        return look.LeaveOut(QStringLiteral("expected a curve of 2 to 256 points"));
+        return look.LeaveOut(LookBuilder::tr("expected a curve of 2 to 256 points"));
     Points points = *read;
     AddEnds(points);
     if (Thin(points))
@@ -117,7 +117,7 @@ void SetParametric(const Numbers& numbers, LookBuilder& look)
                                         "highlights",  "lights",       "darks",
                                         "shadows"};
     if (numbers.size() < 7)
-        return look.LeaveOut(QStringLiteral("expected seven numbers"));
+        return look.LeaveOut(LookBuilder::tr("expected seven numbers"));
     for (std::size_t i = 0; i < 7; ++i)
         look.Set(LookStep::ParametricCurve, names[i], i < 3 ? 100 * numbers[i] : numbers[i]);
 }
@@ -139,7 +139,7 @@ void SetTypedCurve(const MappingRow& row, const ForeignValue& value, LookBuilder
         text.chop(1);
     const auto numbers = ReadNumbers({text}, QLatin1Char(';'));
     if (!numbers)
-        return look.LeaveOut(QStringLiteral("expected numbers"));
+        return look.LeaveOut(LookBuilder::tr("expected numbers"));
     const Numbers rest(numbers->begin() + 1, numbers->end());
     const int kind = static_cast<int>(std::clamp(numbers->front(), -1.0, 9.0));
     switch (kind) {
@@ -151,12 +151,12 @@ void SetTypedCurve(const MappingRow& row, const ForeignValue& value, LookBuilder
     case 2:
         if (row.parameter.empty())
             return SetParametric(rest, look);
-        return look.LeaveOut(QStringLiteral("expected a curve of points"));
+        return look.LeaveOut(LookBuilder::tr("expected a curve of points"));
     case 3: // near points
         look.TellLimited();
         return SetAnyPoints(row, MakePoints(rest, 1), look);
     default:
-        look.LeaveOut(QStringLiteral("expected a curve of kind 0 to 4"));
+        look.LeaveOut(LookBuilder::tr("expected a curve of kind 0 to 4"));
     }
 }
 

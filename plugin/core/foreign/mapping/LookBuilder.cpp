@@ -93,7 +93,7 @@ void LookBuilder::RunRule(const MappingRow& row, const ForeignValue& value)
     else if ((row.carry == Carry::Approximate || m_isLimited) && !IsNeutral(row, value))
         GetPlace(m_step).remarks.push_back(
             {ImportRemark::Kind::Approximated, row.setting, Shorten(value),
-             m_isLimited ? QStringLiteral("limited to what this program can do") : QString()});
+             m_isLimited ? tr("limited to what this program can do") : QString()});
 }
 
 LookBuilder::Place& LookBuilder::GetPlace(LookStep step)

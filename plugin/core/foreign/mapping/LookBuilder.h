@@ -5,15 +5,20 @@
 #include "core/foreign/mapping/LookStep.h"
 #include "core/foreign/mapping/MappingTable.h"
 
+#include <QCoreApplication>
+
 #include <array>
 
 namespace LumetraPlugin {
 
 /// Makes effects out of a foreign look: runs the rules of the mapping table over its settings and
 /// notes which of them are only approximated or left out. Effects that change nothing in the end
-/// are dropped, with their remarks.
+/// are dropped, with their remarks. Reasons are in the user's language where the program has
+/// translations.
 class LookBuilder
 {
+    Q_DECLARE_TR_FUNCTIONS(LumetraPlugin::LookBuilder)
+
 public:
     /// `look` and `options` are kept by reference. `folder` is that of the look's file. Register
     /// the engine's effects first.

@@ -27,7 +27,7 @@ void WithNumber(const ForeignValue& value, LookBuilder& look, const Use& use)
 {
     if (const auto number = ForeignNumber::Read(value.text))
         return use(*number);
-    look.LeaveOut(QStringLiteral("expected a number"));
+    look.LeaveOut(LookBuilder::tr("expected a number"));
 }
 
 bool HasSign(const QString& text)

@@ -45,8 +45,8 @@ void SetTable(const MappingRow& row, const ForeignValue& value, LookBuilder& loo
     const QString path =
         FindTable(value.text, QStringList(look.GetFolder()) + look.GetTableFolders());
     if (path.isEmpty())
-        return look.LeaveOut(QStringLiteral("expected this picture beside the file or in a folder "
-                                            "that is named for tables"));
+        return look.LeaveOut(LookBuilder::tr("expected this picture beside the file or in a folder "
+                                             "that is named for tables"));
     try {
         const LumetraHost::LookUpTable cube = LumetraHost::HaldReader::Read(path);
         look.Put(row.step, LumetraHost::Lut3dSettings::Create(nullptr, &cube));

@@ -52,6 +52,26 @@ TEST(EditRecords, leaveOtherPropertiesAlone)
     EXPECT_TRUE(EditRecords::Read(packet).empty());
 }
 
+TEST(EditRecords, areReadHoweverManyAPictureHas)
+{
+    constexpr int Many = 20000; // with a search for each it would take an hour
+    QByteArray list;
+    for (int i = 0; i < Many; ++i)
+        list += "<rdf:li rdf:parseType=\"Resource\"><lumetra:Name>L" + QByteArray::number(i) +
+                "</lumetra:Name><lumetra:Intensity>80</lumetra:Intensity></rdf:li>";
+    const QByteArray packet =
+        R"(<x:xmpmeta xmlns:x="adobe:ns:meta/">
+<rdf:RDF xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#"><rdf:Description rdf:about=""
+ xmlns:lumetra="https://lumetra.org/ns/edit/1.0/"><lumetra:Presets><rdf:Seq>)" +
+        list + "</rdf:Seq></lumetra:Presets></rdf:Description></rdf:RDF></x:xmpmeta>";
+
+    const auto records = EditRecords::Read(packet);
+
+    ASSERT_EQ(records.size(), static_cast<std::size_t>(Many));
+    EXPECT_EQ(records.back().preset, "L19999");
+    EXPECT_EQ(records.back().intensity, 80);
+}
+
 TEST(EditRecords, refuseADamagedPacket)
 {
     EXPECT_THROW(EditRecords::Read("<x:xmpmeta"), Zorvik::Exception);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Looks of other programs on their way through the panel.
 #include "PanelFixture.h"
+#include "panel/appearance/PanelTranslation.h"
 #include "panel/importing/ImportReading.h"
 #include "panel/importing/ImportSummary.h"
 
@@ -13,6 +14,7 @@
 #include <QDropEvent>
 #include <QFile>
 #include <QFileDialog>
+#include <QLocale>
 #include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
@@ -27,13 +29,36 @@ using LumetraPlugin::ImportedFile;
 using LumetraPlugin::ImportedFiles;
 using LumetraPlugin::ImportReading;
 using LumetraPlugin::ImportSummary;
+using LumetraPlugin::PanelTranslation;
 using LumetraPlugin::PresetImport;
 using LumetraTest::PanelFixture;
 
 namespace {
 
+/// The panel speaks German during its life.
+class InGerman
+{
+public:
+    InGerman() { Speak(QLocale(QLocale::German)); }
+    ~InGerman()
+    {
+        Speak(QLocale(QLocale::English));
+        QLocale::setDefault(QLocale::c());
+    }
+    InGerman(const InGerman&) = delete;
+    InGerman& operator=(const InGerman&) = delete;
+
+private:
+    static void Speak(const QLocale& locale)
+    {
+        QLocale::setDefault(locale);
+        PanelTranslation::Follow();
+        QApplication::processEvents();
+    }
+};
+
 /// A packet with these attributes.
-QByteArray MakeLook(const char* attributes)
+QByteArray MakeLook(const QByteArray& attributes)
 {
     return QByteArray(
                "<rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">"
@@ -95,10 +120,61 @@ TEST_F(ForeignImportTest, aWindowTellsWhatIsApproximatedAndWhatIsLeftOut)
     EXPECT_TRUE(text.contains(QStringLiteral("Left out: LuminanceSmoothing 25")));
 }
 
+TEST_F(ForeignImportTest, theReportOfAnImportSpeaksTheUsersLanguage)
+{
+    const InGerman german;
+    Write(QStringLiteral("looks/a.xmp"), MakeLook("crs:Exposure2012=\"9\" crs:Vibrance=\"much\""));
+    Write(QStringLiteral("looks/b.lrtemplate"), "s = { type = \"Export\" }");
+    Write(QStringLiteral("looks/c.xmp"), "<broken");
+    Write(QStringLiteral("looks/d.xmp"), MakeLook("crs:LensProfileEnable=\"1\""));
+    Write(QStringLiteral("looks/e.lrtemplate"), "s = 7");
+    Drop(folder.filePath(QStringLiteral("looks")));
+    ASSERT_TRUE(FindSummary());
+    const QString text = FindSummary()->findChild<QTextBrowser*>()->toPlainText();
+    for (const char* const part :
+         {"Exposure2012 9 (begrenzt auf das, was dieses Programm kann)",
+          "Vibrance much (erwartet: eine Zahl)",
+          "b.lrtemplate: erwartet: eine Vorlage vom Typ „Develop“, gefunden: Typ „Export“",
+          "c.xmp:1: erwartet: wohlgeformtes XML", "gefunden: nur LensProfileEnable 1",
+          "e.lrtemplate:1: erwartet: \"{\", gefunden: \"7\""})
+        EXPECT_TRUE(text.contains(QString::fromUtf8(part))) << part << "\n" << text.toStdString();
+    EXPECT_FALSE(text.contains(QStringLiteral("expected"))) << text.toStdString();
+}
+
+TEST_F(ForeignImportTest, aFolderThatIsDroppedAgainIsHereAlready)
+{
+    for (int i = 1; i <= 3; ++i)
+        Write(QStringLiteral("looks/%1.xmp").arg(i),
+              MakeLook("crs:Exposure2012=\"" + QByteArray::number(i) + '"'));
+    Drop(folder.filePath(QStringLiteral("looks")));
+    const QString store = StoreText();
+    editor.messages.clear();
+
+    Drop(folder.filePath(QStringLiteral("looks")));
+
+    EXPECT_EQ(Shown(UserPage).size(), 3);
+    EXPECT_EQ(StoreText(), store);
+    EXPECT_EQ(editor.messages, QStringList{QStringLiteral("3 looks are here already.")});
+}
+
+TEST_F(ForeignImportTest, theWindowNamesLooksThatAreHereAlready)
+{
+    Drop(Write(QStringLiteral("Mine.xmp"), MakeLook("crs:Exposure2012=\"1\"")));
+    Write(QStringLiteral("looks/a.xmp"), MakeLook("crs:Exposure2012=\"1\""));
+    Write(QStringLiteral("looks/b.xmp"), MakeLook("crs:Vibrance=\"20\""));
+    editor.messages.clear();
+    Drop(folder.filePath(QStringLiteral("looks")));
+    EXPECT_EQ(editor.messages, QStringList{QStringLiteral("Imported “b”. One is here already.")});
+    ASSERT_TRUE(FindSummary());
+    const QString text = FindSummary()->findChild<QTextBrowser*>()->toPlainText();
+    EXPECT_TRUE(text.contains(QStringLiteral("Here already\na, as “Mine”"))) << text.toStdString();
+}
+
 TEST_F(ForeignImportTest, aDroppedFolderGivesItsLooksAndTheReasonsForTheOthers)
 {
     for (int i = 1; i <= 3; ++i)
-        Write(QStringLiteral("looks/%1.xmp").arg(i), MakeLook("crs:Exposure2012=\"1\""));
+        Write(QStringLiteral("looks/%1.xmp").arg(i),
+              MakeLook("crs:Exposure2012=\"" + QByteArray::number(i) + '"'));
     for (int i = 4; i <= 8; ++i)
         Write(QStringLiteral("looks/%1.xmp").arg(i), "<broken");
     ASSERT_TRUE(Drop(folder.filePath(QStringLiteral("looks"))));
@@ -138,7 +214,7 @@ TEST_F(ForeignImportTest, readingThatTakesLongCanBeEndedWithNothingDone)
     QTimer click;
     QObject::connect(&click, &QTimer::timeout, [] {
         auto* const dialog = QApplication::activeModalWidget();
-        if (!dialog || dialog->objectName() != QLatin1String("importProgress"))
+        if (!dialog || dialog->objectName() != QLatin1String("workProgress"))
             return;
         EXPECT_EQ(dialog->findChild<QProgressBar*>()->maximum(), 1000);
         dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click();

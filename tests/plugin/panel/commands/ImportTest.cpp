@@ -3,6 +3,10 @@
 
 #include "PanelFixture.h"
 #include "core/PresetCollection.h"
+#include "editor/ScriptedAlerts.h"
+#include "engine/effects/lut3d/Lut3dSettings.h"
+#include "lut/LookExport.h"
+#include "lut/LutReader.h"
 #include "panel/grid/PresetGrid.h"
 #include "panel/grid/PresetPageModel.h"
 #include "support/StoredForm.h"
@@ -18,9 +22,11 @@
 #include <QTimer>
 #include <QUrl>
 
+using LumetraHost::LutReader;
 using LumetraPlugin::PresetImport;
 using LumetraPlugin::PresetModel;
 using LumetraTest::PanelFixture;
+using LumetraTest::ScriptedAlerts;
 
 namespace {
 
@@ -69,6 +75,16 @@ protected:
             dialog->selectFile(path);
             QMetaObject::invokeMethod(dialog, "accept");
         });
+    }
+    /// A catalogue with another look of a name that Others has.
+    QString WriteOtherDusk(const char* name)
+    {
+        return Write(name, QByteArray(Others).replace("\"stops\": -1", "\"stops\": -2"));
+    }
+    void RemoveBackups()
+    {
+        for (int i = 1; i <= 5; ++i)
+            QFile::remove(files.store + QStringLiteral(".backup-%1").arg(i));
     }
     QString ReadText(const QString& path)
     {
@@ -131,9 +147,8 @@ TEST_F(ImportTest, takesTheGoodPresetsOfACatalogueAndTellsTheOthers)
 
 TEST_F(ImportTest, numbersNamesThatTheUserHas)
 {
-    const QString path = Write("others.json", Others);
-    Drop({path});
-    Drop({path});
+    Drop({Write("others.json", Others)});
+    Drop({WriteOtherDusk("other-dusk.json")});
 
     EXPECT_EQ(Shown(UserPage), (QStringList{QStringLiteral("Dusk"), QStringLiteral("Dusk 2")}));
     EXPECT_NE(Named("Dusk").data(PresetModel::PresetIdRole),
@@ -144,11 +159,28 @@ TEST_F(ImportTest, takesAnotherUsersPresets)
 {
     Drop({Write("others.json", Others)});
     const QString copy = folder.filePath(QStringLiteral("copy.json"));
-    ASSERT_TRUE(QFile::copy(files.store, copy));
+    ASSERT_TRUE(QFile::rename(files.store, copy));
+    RemoveBackups();
+    Restart();
+    ASSERT_EQ(Shown(UserPage), QStringList());
 
     Drop({copy});
 
-    EXPECT_EQ(Shown(UserPage), (QStringList{QStringLiteral("Dusk"), QStringLiteral("Dusk 2")}));
+    EXPECT_EQ(Shown(UserPage), QStringList{QStringLiteral("Dusk")});
+}
+
+TEST_F(ImportTest, saysOfPresetsThatAreHereAlreadyThatTheyAre)
+{
+    const QString path = Write("others.json", Others);
+    Drop({path});
+    const QString copy = folder.filePath(QStringLiteral("copy.json"));
+    ASSERT_TRUE(QFile::copy(files.store, copy));
+    editor.messages.clear();
+
+    Drop({copy});
+
+    EXPECT_EQ(Shown(UserPage), QStringList{QStringLiteral("Dusk")});
+    EXPECT_EQ(editor.messages, QStringList{QStringLiteral("“Dusk” is here already, as “Dusk”.")});
 }
 
 TEST_F(ImportTest, theImportButtonAsksForFiles)
@@ -177,6 +209,86 @@ TEST_F(ImportTest, exportsALookAtItsIntensity)
     EXPECT_NEAR(lines[first + 1].section(QLatin1Char(' '), 0, 0).toDouble(), 1.0 / 32, 1e-4);
     ASSERT_EQ(editor.messages.size(), 1);
     EXPECT_TRUE(editor.messages.front().contains(path));
+}
+
+TEST_F(ImportTest, exportsALookInTheFormatThatTheNameAnnounces)
+{
+    Click("Bright");
+    const auto look = Model().GetPreset(Named("Bright"))->MakeSettings();
+    for (const auto& [name, size] :
+         {std::pair{"bright.clf", 33}, std::pair{"bright.png", 64}, std::pair{"bright.tif", 64}}) {
+        const QString path = folder.filePath(QLatin1String(name));
+        Answer(path);
+        Trigger("exportPreset");
+        const auto looks = LutReader::Read(path);
+        ASSERT_EQ(looks.size(), 1u) << name;
+        const auto table =
+            dynamic_cast<const LumetraHost::Lut3dSettings&>(*looks.front().effect).GetCube();
+        const auto wanted = LumetraHost::LookExport::MakeTable(look, size);
+        ASSERT_TRUE(table) << name;
+        ASSERT_EQ(table->values.size(), wanted.values.size()) << name;
+        for (std::size_t i = 0; i < wanted.values.size(); ++i)
+            ASSERT_NEAR(table->values[i], wanted.values[i], 1.0 / 65535) << name << ' ' << i;
+    }
+}
+
+TEST_F(ImportTest, aNameThatAnnouncesNoTableIsRefused)
+{
+    const QString path = folder.filePath(QStringLiteral("bright.3dl"));
+    Click("Bright");
+    Answer(path);
+    Trigger("exportPreset");
+    EXPECT_FALSE(QFile::exists(path));
+    ASSERT_EQ(editor.messages.size(), 1);
+    EXPECT_TRUE(editor.messages.front().contains(QStringLiteral("expected a name that ends in")));
+}
+
+TEST_F(ImportTest, anotherFormatInTheDialogProposesAnotherName)
+{
+    Click("Bright");
+    QStringList proposed;
+    QTimer::singleShot(0, [&proposed] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        for (const QString& filter : dialog->nameFilters()) {
+            emit dialog->filterSelected(filter);
+            proposed.append(QFileInfo(dialog->selectedFiles().value(0)).fileName());
+        }
+        dialog->reject();
+    });
+    Trigger("exportPreset");
+    EXPECT_EQ(proposed, (QStringList{QStringLiteral("Bright.cube"), QStringLiteral("Bright.clf"),
+                                     QStringLiteral("Bright.png")}));
+}
+
+TEST_F(ImportTest, exportsTheColoursAloneAndNamesWhatIsLeftOut)
+{
+    Drop({Write("framed.json", R"({"format": "lumetra-catalogue", "version": 1, "groups": [
+      {"name": "Edges", "items": [{"name": "Framed", "id": "framed",
+        "effects": [{"effect": {"id": "exposure", "stops": 1}},
+                    {"effect": {"id": "vignette", "amount": -2}},
+                    {"effect": {"id": "grain", "amount": 20}}]}]}]})")});
+    editor.messages.clear();
+    Click("Framed");
+    const QString path = folder.filePath(QStringLiteral("framed.cube"));
+    {
+        const ScriptedAlerts alerts({QMessageBox::Cancel});
+        Trigger("exportPreset");
+        EXPECT_TRUE(alerts.GetTexts().front().contains(QStringLiteral("Vignette, Grain")))
+            << alerts.GetTexts().front().toStdString();
+        EXPECT_EQ(alerts.GetTitles().front(), QStringLiteral("Colours Only"));
+    }
+    EXPECT_FALSE(QFile::exists(path));
+    EXPECT_TRUE(editor.messages.isEmpty());
+
+    const ScriptedAlerts alerts({QMessageBox::Yes});
+    Answer(path);
+    Trigger("exportPreset");
+
+    EXPECT_EQ(LutReader::Read(path).size(), 1u);
+    ASSERT_EQ(editor.messages.size(), 1);
+    EXPECT_TRUE(editor.messages.front().endsWith(QStringLiteral("Left out: Vignette, Grain")))
+        << editor.messages.front().toStdString();
 }
 
 TEST_F(ImportTest, refusesToExportWhatIsNotColourAlone)
@@ -252,13 +364,14 @@ TEST_F(ImportTest, takesTheOthersOfAStoreThatWasCopiedWithoutItsTables)
 {
     Drop({Write("others.json", Others), Write("swap.cube", Swap)});
     const QString copy = folder.filePath(QStringLiteral("copy.json"));
-    ASSERT_TRUE(QFile::copy(files.store, copy));
+    ASSERT_TRUE(QFile::rename(files.store, copy));
+    RemoveBackups();
+    Restart();
     editor.messages.clear();
 
     Drop({copy});
 
-    EXPECT_EQ(Shown(UserPage), (QStringList{QStringLiteral("Dusk"), QStringLiteral("swap"),
-                                            QStringLiteral("Dusk 2")}));
+    EXPECT_EQ(Shown(UserPage), QStringList{QStringLiteral("Dusk")});
     ASSERT_EQ(editor.messages.size(), 2);
     EXPECT_TRUE(editor.messages[0].contains(QStringLiteral("\"swap\" cannot be used")));
 }
@@ -269,8 +382,7 @@ TEST_F(ImportTest, takesTablesFromBesideAnotherUsersPresets)
     const QString copy = folder.filePath(QStringLiteral("copy.json"));
     ASSERT_TRUE(QFile::rename(files.store, copy));
     ASSERT_TRUE(QDir().rename(TablesOf(files.store).path(), TablesOf(copy).path()));
-    for (int i = 1; i <= 5; ++i)
-        QFile::remove(files.store + QStringLiteral(".backup-%1").arg(i));
+    RemoveBackups();
     Restart();
     ASSERT_EQ(Shown(UserPage), QStringList());
 

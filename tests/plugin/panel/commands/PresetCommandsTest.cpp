@@ -2,7 +2,9 @@
 #include "panel/commands/PresetCommands.h"
 #include "host/drawer/DrawnPicture.h"
 
+#include "LumetraEditor/NewLook.h"
 #include "PanelFixture.h"
+#include "Zorvik/Quindle/EffectSettingsImpl.h"
 #include "Zorvik/Util/AlertBox.h"
 #include "panel/grid/PresetGrid.h"
 #include "workspace/WorkspaceController.h"
@@ -10,6 +12,7 @@
 #include <QAction>
 #include <QDir>
 #include <QFile>
+#include <QSlider>
 
 using LumetraPlugin::PresetModel;
 using LumetraTest::PanelFixture;
@@ -228,4 +231,93 @@ TEST_F(PresetCommandsTest, resetByKey)
     Trigger("resetPreset");
 
     EXPECT_EQ(Named("Bright").data(PresetModel::IntensityRole).toInt(), 80);
+}
+
+namespace {
+
+/// A store that cannot be written during a test; permissions would not stop root.
+class BlockedStore
+{
+public:
+    explicit BlockedStore(const QString& path) : m_path(path)
+    {
+        EXPECT_TRUE(!QFile::exists(path) || QFile::rename(path, path + QStringLiteral(".kept")));
+        EXPECT_TRUE(QDir().mkpath(path + QStringLiteral("/taken")));
+    }
+    ~BlockedStore()
+    {
+        EXPECT_TRUE(QDir(m_path).removeRecursively());
+        QFile::rename(m_path + QStringLiteral(".kept"), m_path);
+    }
+    BlockedStore(const BlockedStore&) = delete;
+    BlockedStore& operator=(const BlockedStore&) = delete;
+
+private:
+    QString m_path;
+};
+
+LumetraEditor::NewLook MakeLook(double stops)
+{
+    LumetraEditor::NewLook look;
+    look.name = QStringLiteral("Handed");
+    const auto effect = Zorvik::Quindle::EffectSettingsImpl::Create("exposure");
+    effect->SetParameter("stops", stops);
+    look.settings.Effects().push_back(effect);
+    return look;
+}
+
+} // namespace
+
+TEST_F(PresetCommandsTest, aHandedLookThatCannotBeSavedIsNotKept)
+{
+    {
+        const BlockedStore blocked(files.store);
+        EXPECT_TRUE(panel->KeepLook(MakeLook(1)).contains(QStringLiteral("presets.json")));
+        EXPECT_EQ(Shown(UserPage), QStringList());
+    }
+    const auto alerts = Answer(QMessageBox::Cancel);
+    EXPECT_TRUE(panel->MayEnd());
+    EXPECT_TRUE(alerts->texts.isEmpty()) << "nothing is left to be saved";
+
+    EXPECT_EQ(panel->KeepLook(MakeLook(1)), QString()) << "the name is still free";
+
+    EXPECT_EQ(Shown(UserPage), QStringList{QStringLiteral("Handed")});
+}
+
+TEST_F(PresetCommandsTest, aLookWhoseNewEffectsCannotBeSavedIsAsItWas)
+{
+    Click("Bright");
+    Drag("extraSlider0", {-10});
+    TriggerAndType("savePreset", QStringLiteral("Mine"));
+    Click("Mine");
+    Drag("intensitySlider", {45});
+    Drag("extraSlider0", {20});
+    const QModelIndex mine = Named("Mine");
+    const auto picture = editor.GetResult();
+    const auto preset = Model().GetPreset(mine);
+    const int start = preset->GetStartIntensity();
+    {
+        const BlockedStore blocked(files.store);
+        EXPECT_TRUE(
+            panel
+                ->UpdateLook(mine.data(PresetModel::PresetIdRole).toString(), MakeLook(-2).settings)
+                .contains(QStringLiteral("presets.json")));
+    }
+    EXPECT_TRUE(HaveSamePixels(editor.GetResult(), picture));
+    EXPECT_EQ(preset->GetIntensity(), 45);
+    EXPECT_EQ(preset->GetStartIntensity(), start);
+    EXPECT_EQ(Find<QSlider>("intensitySlider").value(), 45);
+    EXPECT_EQ(Find<QSlider>("extraSlider0").value(), 20);
+    EXPECT_EQ(preset->GetSettingsDefault().at(0).Value(), -10);
+
+    Focus("Mine");
+    Trigger("favouritePreset"); // saves
+
+    const auto alerts = Answer(QMessageBox::Cancel);
+    EXPECT_TRUE(panel->MayEnd());
+    EXPECT_TRUE(StoreText().contains(QStringLiteral("Mine")));
+    Restart();
+    editor.OpenPhoto(photo);
+    Click("Mine");
+    EXPECT_EQ(Find<QSlider>("extraSlider0").value(), -10);
 }

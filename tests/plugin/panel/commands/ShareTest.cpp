@@ -17,6 +17,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QSlider>
 #include <QTimer>
 #include <QTreeWidget>
 #include <QUrl>
@@ -36,6 +37,10 @@ constexpr char Grey[] = R"({ "format": "lumetra-look", "version": 1, "looks": [ 
   "effects": [ { "effect": { "id": "saturation", "amount": -70 } } ] } ] })";
 constexpr char OtherGrey[] = R"({ "format": "lumetra-look", "version": 1, "looks": [ {
   "name": "Sent", "effects": [ { "effect": { "id": "saturation", "amount": -71 } } ] } ] })";
+
+constexpr char OfGrace[] = R"({ "format": "lumetra-look", "version": 1, "looks": [ {
+  "name": "Hers", "author": "Grace", "licence": "CC0-1.0",
+  "effects": [ { "effect": { "id": "saturation", "amount": 33 } } ] } ] })";
 
 class ShareTest : public PanelFixture
 {
@@ -94,6 +99,20 @@ protected:
         items.front()->setCheckState(0, state);
     }
 
+    static QLineEdit& Author(const QDialog& dialog)
+    {
+        return *dialog.findChild<QLineEdit*>(QStringLiteral("author"));
+    }
+    static QComboBox& Licence(const QDialog& dialog)
+    {
+        return *dialog.findChild<QComboBox*>(QStringLiteral("licence"));
+    }
+    static QByteArray TextOf(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
     QStringList NamesIn(const QString& path)
     {
         QStringList names;
@@ -125,6 +144,74 @@ TEST_F(ShareTest, theLookOfTheMenuIsWrittenWithWhoHasMadeIt)
     EXPECT_TRUE(text.contains("\"mediaType\": \"image/jpeg\""));
     ASSERT_EQ(editor.messages.size(), 1);
     EXPECT_TRUE(editor.messages[0].contains(path));
+}
+
+TEST_F(ShareTest, whoHasMadeTheLastOneIsProposedAgain)
+{
+    Share("Bright", Path("bright.lumetra"), [](QDialog& dialog) {
+        Author(dialog).setText(QStringLiteral("Ada, \"the\" Great\u202e"));
+        Licence(dialog).setCurrentText(QStringLiteral("CC-BY-4.0"));
+    });
+    Restart();
+    Share("Grey", Path("grey.lumetra"), [](QDialog& dialog) {
+        EXPECT_EQ(Author(dialog).text(), QStringLiteral("Ada, \"the\" Great"));
+        EXPECT_EQ(Licence(dialog).currentText(), QStringLiteral("CC-BY-4.0"));
+        Author(dialog).clear();
+    });
+    EXPECT_EQ(NamesIn(Path("bright.lumetra")), QStringList(QStringLiteral("Bright")));
+    EXPECT_FALSE(TextOf(Path("grey.lumetra")).contains("author"));
+    EXPECT_TRUE(TextOf(Path("grey.lumetra")).contains("\"licence\": \"CC-BY-4.0\""));
+    Share("Grey", Path("again.lumetra"),
+          [](QDialog& dialog) { EXPECT_EQ(Author(dialog).text(), QString()); });
+}
+
+TEST_F(ShareTest, aLookOfSomebodyElseStaysTheirs)
+{
+    Drop(Write("sent.lumetra", OfGrace));
+    Share("Bright", Path("bright.lumetra"),
+          [](QDialog& dialog) { Author(dialog).setText(QStringLiteral("Ada")); });
+    Share("Bright", Path("pack.lumetra"), [](QDialog& dialog) {
+        EXPECT_EQ(Author(dialog).text(), QStringLiteral("Ada"));
+        Tick(dialog, "Hers", Qt::Checked);
+    });
+    const QByteArray pack = TextOf(Path("pack.lumetra"));
+    EXPECT_EQ(pack.count("\"author\": \"Ada\""), 1);
+    EXPECT_EQ(pack.count("\"author\": \"Grace\""), 1);
+
+    Share("Hers", Path("hers.lumetra"),
+          [](QDialog& dialog) { EXPECT_EQ(Author(dialog).text(), QStringLiteral("Grace")); });
+    EXPECT_TRUE(TextOf(Path("hers.lumetra")).contains("\"author\": \"Grace\""));
+    Share("Bright", Path("again.lumetra"), [](QDialog& dialog) {
+        EXPECT_EQ(Author(dialog).text(), QStringLiteral("Ada")) << "the user is not Grace";
+    });
+}
+
+TEST_F(ShareTest, theWindowLivesWhileThePicturesAreDrawn)
+{
+    int ticks = 0;
+    QTimer clock;
+    QObject::connect(&clock, &QTimer::timeout, [&] {
+        if (!QApplication::activeModalWidget())
+            ++ticks;
+    });
+    Share("Bright", Path("bright.lumetra"), [&clock](QDialog&) { clock.start(0); });
+    EXPECT_GT(ticks, 0);
+    EXPECT_TRUE(TextOf(Path("bright.lumetra")).contains("\"mediaType\": \"image/jpeg\""));
+}
+
+TEST_F(ShareTest, theIntensityThatIsShownIsWrittenAlsoAfterAnUndo)
+{
+    Click("Warm");
+    const auto before = panel->SaveEdit();
+    Drag("intensitySlider", {20});
+    Share("Warm", Path("weaker.lumetra"), [](QDialog&) {});
+    EXPECT_TRUE(TextOf(Path("weaker.lumetra")).contains("\"temperature\": 7100"));
+
+    panel->RestoreEdit(before);
+    Share("Warm", Path("warm.lumetra"), [](QDialog&) {});
+
+    EXPECT_EQ(Find<QSlider>("intensitySlider").value(), 50);
+    EXPECT_TRUE(TextOf(Path("warm.lumetra")).contains("\"temperature\": 8000"));
 }
 
 TEST_F(ShareTest, severalLooksMakeOneFile)
