@@ -24,6 +24,25 @@ constexpr std::uint64_t BytesPerPhoto = 16 << 20;
 /// that do not say their size in front.
 constexpr std::uint64_t PixelsPerByte = 1;
 
+/// Bytes of a new file's pixel that its codec holds until it has all rows. Lossless WebP was
+/// measured with photos of 24 megapixels.
+std::uint64_t GetBytesOfCodec(const ExportRecipe& recipe)
+{
+    if (recipe.format == PhotoFormat::Webp)
+        return recipe.encoding.isLossless ? 32 : 8;
+    return recipe.format == PhotoFormat::Jpeg && recipe.encoding.isProgressive ? 6 : 0;
+}
+
+/// Pixels of the new file.
+std::uint64_t CountResult(const PhotoHead& head, std::uint64_t pixels, const ExportRecipe& recipe)
+{
+    constexpr auto longest = static_cast<std::uint64_t>(ExportRecipe::LargestSide);
+    if (head.width == 0 || std::max(head.width, head.height) > longest)
+        return pixels;
+    const auto size = recipe.GetSize(static_cast<int>(head.width), static_cast<int>(head.height));
+    return static_cast<std::uint64_t>(size.width) * static_cast<std::uint64_t>(size.height);
+}
+
 std::uint64_t CountPixels(const PhotoHead& head, std::uint64_t fileSize)
 {
     const std::uint64_t pixels =
@@ -40,8 +59,10 @@ std::uint64_t ExportMemory::Estimate(const QString& photo, const ExportRecipe& r
         const PhotoHead head = PhotoHead::Read(file);
         const bool is16Bit =
             head.is16Bit || recipe.GetDepth(Image::Depth::Bits8) == Image::Depth::Bits16;
+        const std::uint64_t pixels = CountPixels(head, file.GetSize());
         return file.GetSize() + BytesPerPhoto +
-               (is16Bit ? BytesPerPixel16 : BytesPerPixel8) * CountPixels(head, file.GetSize());
+               (is16Bit ? BytesPerPixel16 : BytesPerPixel8) * pixels +
+               GetBytesOfCodec(recipe) * CountResult(head, pixels, recipe);
     } catch (const Zorvik::Exception&) {
         return 0;
     }

@@ -6,6 +6,7 @@
 #include "image/DepthConversion.h"
 #include "image/Resize.h"
 #include "image/RgbSpace.h"
+#include "photo/PhotoWriter.h"
 #include "photo/colour/ColorConversion.h"
 #include "photo/metadata/ExtendedXmp.h"
 
@@ -62,20 +63,19 @@ PhotoMetadata WithRecordsInPacket(const PhotoMetadata& photo)
     return metadata;
 }
 
-/// The metadata of an exported file from those of its photo: kept or left out, with the presets and
-/// the program recorded in the XMP packet and with its profile, or an sRGB one, as the recipe says.
-/// A packet that cannot be decoded takes no record and goes on as it is, which `warnings` tells.
+/// The metadata of an exported file from those of its photo: what the recipe keeps, with the
+/// presets and the program recorded in the XMP packet and with its profile, or an sRGB one. A
+/// packet that cannot be decoded takes no record and goes on as it is, which `warnings` tells.
 PhotoMetadata MakeExportMetadata(const PhotoMetadata& photo, const ExportRecipe& recipe,
                                  Warnings& warnings)
 {
-    PhotoMetadata metadata;
-    if (recipe.keepsMetadata) {
-        metadata = WithRecordsInPacket(photo);
+    PhotoMetadata metadata = MetadataFilter::Apply(photo, recipe.metadata, warnings);
+    if (recipe.HasRecords()) {
+        metadata = WithRecordsInPacket(metadata);
         TryOrWarn(warnings, "the looks are not recorded in the metadata", [&] {
             metadata.xmp = EditRecords::Add(metadata.xmp, recipe.records, GetCreatorTool());
         });
     }
-    metadata.iccProfile = photo.iccProfile;
     if (metadata.iccProfile.isEmpty())
         metadata.iccProfile = ColorConversion::GetSrgbProfile();
     if (!recipe.embedsProfile)
@@ -155,14 +155,19 @@ Image ExportRun::Collect(RowSource& source, const PictureForm& form)
 
 Bytes ExportRun::Encode(RowSource& source, const PictureForm& form, bool isDrawn)
 {
-    PhotoWriter::Options options;
-    options.quality = m_recipe.quality;
-    const auto encoder =
-        PhotoWriter::Start(form, m_metadata, m_recipe.format, options, m_targetName, &m_losses);
+    // WebP is encoded when all rows are there, which takes most of the time.
+    const int rowsPercent =
+        m_recipe.format == PhotoFormat::Webp ? CollectedPercent : EncodedPercent;
+    const auto goesOn = [this](int percent) {
+        Report(CollectedPercent + (EncodedPercent - CollectedPercent) * percent / 100);
+        return !IsCancelled();
+    };
+    const auto encoder = PhotoWriter::Start(form, m_metadata, m_recipe.format, m_recipe.encoding,
+                                            m_targetName, &m_losses, goesOn);
     const auto encode = [&encoder](const Image& rows, int first, int count) {
         encoder->Write(rows, first, count);
     };
-    if (!Stream(source, form, isDrawn, {isDrawn ? CollectedPercent : 0, EncodedPercent}, encode))
+    if (!Stream(source, form, isDrawn, {isDrawn ? CollectedPercent : 0, rowsPercent}, encode))
         return {};
     Bytes file = encoder->Finish();
     return IsCancelled() ? Bytes() : file;

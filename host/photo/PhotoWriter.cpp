@@ -3,6 +3,7 @@
 
 #include "photo/file/PhotoLimits.h"
 #include "photo/formats/PngEncoder.h"
+#include "photo/formats/WebpEncoder.h"
 #include "photo/jpeg/JpegEncoder.h"
 #include "photo/metadata/MetadataWriter.h"
 #include "photo/tiff/TiffEncoder.h"
@@ -46,12 +47,12 @@ private:
 };
 
 std::unique_ptr<RowEncoder> StartPixels(const PictureForm& form, const PhotoMetadata& metadata,
-                                        PhotoFormat format, const std::string& name,
-                                        Warnings& warnings)
+                                        PhotoFormat format, const PhotoWriter::Options& options,
+                                        const std::string& name, Warnings& warnings)
 {
     if (format == PhotoFormat::Png)
         return PngEncoder::Start(form, metadata.iccProfile, name, warnings);
-    return TiffEncoder::Start(form, metadata, name);
+    return TiffEncoder::Start(form, options.compression, metadata, name);
 }
 
 void CheckOptions(const PictureForm& form, const PhotoWriter::Options& options,
@@ -71,7 +72,7 @@ PhotoFormat PhotoWriter::GetFormatOf(const QString& path)
     const std::optional<PhotoFormat> format = GetPhotoFormatOfName(path);
     if (!format)
         FailWith(path.toStdString() +
-                 ": expected a file name that ends in .jpg, .jpeg, .png, .tif or .tiff");
+                 ": expected a file name that ends in .jpg, .jpeg, .png, .tif, .tiff or .webp");
     return *format;
 }
 
@@ -91,7 +92,7 @@ void PhotoWriter::Write(const QString& path, const Photo& photo, const Options& 
 std::unique_ptr<RowEncoder> PhotoWriter::Start(const PictureForm& form,
                                                const PhotoMetadata& metadata, PhotoFormat format,
                                                const Options& options, const std::string& name,
-                                               Warnings* warnings)
+                                               Warnings* warnings, const GoesOn& goesOn)
 {
     CheckOptions(form, options, name);
     Warnings unheard;
@@ -99,9 +100,11 @@ std::unique_ptr<RowEncoder> PhotoWriter::Start(const PictureForm& form,
     const PhotoMetadata upright =
         MetadataWriter::Normalise(metadata, form.width, form.height, !form.space, heard);
     if (format == PhotoFormat::Jpeg)
-        return JpegEncoder::Start(form, options.quality, upright, name, heard);
-    return std::make_unique<EmbeddingEncoder>(StartPixels(form, upright, format, name, heard),
-                                              format, upright, warnings);
+        return JpegEncoder::Start(form, options, upright, name, heard);
+    if (format == PhotoFormat::Webp)
+        return WebpEncoder::Start(form, options, upright, name, heard, goesOn);
+    return std::make_unique<EmbeddingEncoder>(
+        StartPixels(form, upright, format, options, name, heard), format, upright, warnings);
 }
 
 Bytes PhotoWriter::Encode(const Photo& photo, PhotoFormat format, const Options& options,

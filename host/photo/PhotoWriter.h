@@ -2,6 +2,7 @@
 #pragma once
 
 #include "photo/Photo.h"
+#include "photo/file/EncodingOptions.h"
 #include "photo/file/PhotoFormat.h"
 #include "photo/file/RowEncoder.h"
 
@@ -12,20 +13,14 @@
 
 namespace LumetraHost {
 
-/// Stores photos as JPEG, PNG or TIFF with their metadata and colour profile. 16 bits are kept
-/// where the format holds them, else rounded to 8; alpha is kept where the format holds it, else
-/// composed over white. Pictures are encoded in memory and reach the disk whole or not at all.
+/// Stores photos as JPEG, PNG, TIFF or WebP with their metadata and colour profile. 16 bits are
+/// kept where the format holds them, else rounded to 8; alpha is kept where the format holds it,
+/// else composed over white. Pictures are encoded in memory and reach the disk whole or not at all.
 /// Usable from any thread.
 class PhotoWriter
 {
 public:
-    /// The quality of all photos, whatever quality their own file had.
-    static constexpr int DefaultQuality = 92;
-
-    struct Options
-    {
-        int quality = DefaultQuality; ///< 1..100, for JPEG alone
-    };
+    using Options = EncodingOptions;
 
     /// Replaces or creates the file in the format of its extension. Zorvik::Exception naming the
     /// file and the reason: an unknown extension, a quality out of range, a picture that the format
@@ -42,10 +37,12 @@ public:
 
     /// Begins a file in memory whose rows come later; it becomes equal to that of Encode().
     /// `metadata` are those of an upright picture. `warnings` may grow until the encoder has
-    /// finished and outlives it; null where nobody asks for them.
+    /// finished and outlives it; null where nobody asks for them. `goesOn` is asked by encoders
+    /// that work on whole pictures (WebP); may be empty.
     static std::unique_ptr<RowEncoder> Start(const PictureForm& form, const PhotoMetadata& metadata,
                                              PhotoFormat format, const Options& options,
-                                             const std::string& name, Warnings* warnings = nullptr);
+                                             const std::string& name, Warnings* warnings = nullptr,
+                                             const GoesOn& goesOn = {});
 
     /// The encoded file in memory; `name` stands for it in errors. `warnings`, unless null, tells
     /// of transparency, metadata blocks and profiles that the format cannot hold.

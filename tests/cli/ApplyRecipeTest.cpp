@@ -89,7 +89,14 @@ TEST_F(ApplyRecipeTest, refusesWhatNoFileCanHave)
         {"--size 0", "--size: expected a whole number from 1 to 65500, found \"0\""},
         {"--size 65501", "--size: expected a whole number from 1 to 65500, found \"65501\""},
         {"--size 40%", "--size: expected a whole number from 1 to 65500, found \"40%\""},
-        {"--metadata some", "--metadata: expected all or none, found \"some\""},
+        {"--size 0MP", "--size: expected up to 500 megapixels, such as 12MP, found \"0MP\""},
+        {"--size 501MP", "--size: expected up to 500 megapixels, such as 12MP, found \"501MP\""},
+        {"--size nanMP", "--size: expected up to 500 megapixels"},
+        {"--metadata some", "--metadata: expected all, no-gps, copyright, none, found \"some\""},
+        {"--subsampling 4:1:1",
+         "--subsampling: expected automatic, 4:4:4, 4:2:2, 4:2:0, found \"4:1:1\""},
+        {"--compression zip", "--compression: expected none, lzw, deflate, found \"zip\""},
+        {"--depth 16 -o {name}-x.webp", "-x.webp\"; --output names another"},
         {"--depth 16", "--depth: expected an output that holds 16 bits, .png or .tif, found \""},
         {"--depth 16 --dry-run", "--depth: expected an output that holds 16 bits"},
         {"--depth 16 -o {name}-x.jpg", "-x.jpg\"; --output names another"},
@@ -146,6 +153,72 @@ TEST_F(ApplyRecipeTest, leavesTheMetadataOutWhenToldTo)
     EXPECT_FALSE(ReadMetadata("bare.jpg").iccProfile.isEmpty());
 }
 
+TEST_F(ApplyRecipeTest, limitsTheMegapixels)
+{
+    WritePhoto("wide.png", 300, 200);
+
+    EXPECT_EQ(Apply("wide.png -p test.bright --size 0.015MP -o small.png").code, 0);
+    EXPECT_EQ(Apply("wide.png -p test.bright --size 12mp -o same.png").code, 0);
+
+    EXPECT_EQ(Describe("small.png"), "150 x 100, 8");
+    EXPECT_EQ(Describe("same.png"), "300 x 200, 8");
+}
+
+TEST_F(ApplyRecipeTest, encodesAsItIsTold)
+{
+    WritePhoto("a.png", 300, 200);
+    const auto getSize = [this](const char* options, const char* name) {
+        EXPECT_EQ(Run(Words("apply a.png -p test.bright -o") + Words(name) + Words(options)).code,
+                  0)
+            << options;
+        return ReadFile(name).size();
+    };
+    const auto full = getSize("--subsampling 4:4:4 --quality 80", "full.jpg");
+    EXPECT_LT(getSize("--subsampling 4:2:2 --quality 80", "half.jpg"), full);
+    EXPECT_LT(getSize("--subsampling 4:2:0 --quality 80", "quarter.jpg"),
+              getSize("--subsampling 4:2:2 --quality 80", "again.jpg"));
+    EXPECT_NE(getSize("--subsampling 4:4:4 --quality 80 --progressive", "progressive.jpg"), full);
+    EXPECT_LT(getSize("--compression deflate", "deflate.tif"),
+              getSize("--compression none", "none.tif"));
+    getSize("--lossless", "lossless.webp");
+    EXPECT_LT(getSize("--quality 30", "lossy.webp"), ReadFile("lossless.webp").size());
+    getSize("", "plain.png");
+    EXPECT_TRUE(LumetraHost::HaveSamePixels(ReadPhoto("lossless.webp"), ReadPhoto("plain.png")));
+}
+
+TEST_F(ApplyRecipeTest, takesTheFormOfARecipeThatOptionsMayChange)
+{
+    WritePhoto("a.png", 300, 200);
+    WriteFile("empty/lumetra/export-recipes.json",
+              R"({ "format": "lumetra-export-recipes", "version": 1, "recipes": [
+                   { "name": "Small", "depth": 16, "format": "png", "longestSide": 60 } ] })");
+    const auto apply = [this](const char* options) {
+        return Run(Words("apply a.png -p test.bright --recipe Small") + Words(options));
+    };
+
+    EXPECT_EQ(apply("-o recipe.png").code, 0);
+    EXPECT_EQ(apply("--size 0.015MP --depth 8 -o changed.png").code, 0);
+    const CliResult unknown = Run(Words("apply a.png -p test.bright --recipe Large -o large.png"));
+
+    EXPECT_EQ(Describe("recipe.png"), "60 x 40, 16");
+    EXPECT_EQ(Describe("changed.png"), "150 x 100, 8");
+    EXPECT_EQ(unknown.code, 2);
+    EXPECT_THAT(unknown.messages, HasSubstr("expected the name of a recipe (\"Small\")"));
+}
+
+TEST_F(ApplyRecipeTest, keepsTheMetadataThatItIsToldTo)
+{
+    WritePhoto("a.png");
+    ASSERT_EQ(Apply("a.png -p test.bright -o all.jpg").code, 0);
+    ASSERT_EQ(Apply("a.png -p test.bright --metadata no-gps -o no-gps.webp").code, 0);
+    ASSERT_EQ(Apply("a.png -p test.bright --metadata copyright -o copyright.jpg").code, 0);
+
+    EXPECT_EQ(EditRecords::Read(ReadMetadata("all.jpg").xmp).size(), 1u);
+    EXPECT_EQ(EditRecords::Read(ReadMetadata("no-gps.webp").xmp).size(), 1u);
+    EXPECT_TRUE(ReadMetadata("copyright.jpg").xmp.isEmpty());
+    EXPECT_FALSE(ReadMetadata("copyright.jpg").iccProfile.isEmpty());
+}
+
 TEST_F(ApplyRecipeTest, makesTheSameFilesWhateverTheNumberOfJobs)
 {
     WritePhoto("a.jpg", 400, 300);
@@ -164,6 +237,9 @@ TEST_F(ApplyRecipeTest, saysInTheHelpWhatAFileMayBeLike)
 {
     const std::string help = Run(Words("apply --help")).output;
 
-    for (const char* option : {"--size <number>", "--depth <8|16>", "--metadata <all|none>"})
+    for (const char* option :
+         {"--size <number|numberMP>", "--depth <8|16>", "--metadata <all|no-gps|copyright|none>",
+          "--subsampling <automatic|4:4:4|4:2:2|4:2:0>", "--progressive", "--lossless",
+          "--compression <none|lzw|deflate>"})
         EXPECT_THAT(help, HasSubstr(option));
 }

@@ -544,8 +544,9 @@ TEST_F(ApplyTest, refusesOptionsThatCannotBe)
                      "--output: expected {folder}, {name}, {preset} or {ext}, found {nmae}");
     ExpectUsageError(Words("-p test.grey -o {name.png"),
                      "--output: expected braces in pairs, found \"{name.png\"");
-    ExpectUsageError(Words("-p test.grey -o out.gif"),
-                     "--output: expected a name that ends in .{ext}, .jpg, .png or .tif, found "
-                     "\"out.gif\"");
+    ExpectUsageError(
+        Words("-p test.grey -o out.gif"),
+        "--output: expected a name that ends in .{ext}, .jpg, .png, .tif or .webp, found "
+        "\"out.gif\"");
     EXPECT_EQ(Apply(Words("-p test.grey")).code, 2);
 }

@@ -81,8 +81,9 @@ OutputTemplate::OutputTemplate(const QString& text) : m_text(text)
     const QString example = Expand(QStringLiteral("photo.jpg"), QStringLiteral("preset"));
     if (!LumetraHost::GetPhotoFormatOfName(example))
         throw UsageError(
-            QStringLiteral("--output: expected a name that ends in .{ext}, .jpg, .png or .tif, "
-                           "found \"%1\"")
+            QStringLiteral(
+                "--output: expected a name that ends in .{ext}, .jpg, .png, .tif or .webp, "
+                "found \"%1\"")
                 .arg(text));
 }
 

@@ -4,6 +4,7 @@
 #include "exporting/Export.h"
 #include "exporting/ExportMemory.h"
 #include "exporting/MemoryBudget.h"
+#include "photo/PhotoWriter.h"
 #include "photo/file/PhotoLimits.h"
 
 #include <algorithm>

@@ -3,37 +3,115 @@
 
 #include "console/Command.h"
 #include "console/UsageError.h"
+#include "exporting/RecipeWords.h"
+#include "exporting/recipes/RecipeStore.h"
+#include "photo/file/WrittenFormat.h"
 #include "photo/jpeg/JpegEncoder.h"
+
+#include "Zorvik/Exception.h"
+
+#include <cmath>
 
 namespace LumetraCli {
 namespace {
 
+using LumetraHost::EncodingOptions;
 using LumetraHost::ExportRecipe;
 using LumetraHost::Image;
 using LumetraHost::JpegEncoder;
-using LumetraHost::PhotoFormat;
-using LumetraHost::PhotoWriter;
+using LumetraHost::RecipeStore;
 
+const QString RecipeOption = QStringLiteral("recipe");
 const QString QualityOption = QStringLiteral("quality");
+const QString SamplingOption = QStringLiteral("subsampling");
+const QString ProgressiveOption = QStringLiteral("progressive");
+const QString LosslessOption = QStringLiteral("lossless");
+const QString CompressionOption = QStringLiteral("compression");
 const QString SizeOption = QStringLiteral("size");
 const QString DepthOption = QStringLiteral("depth");
 const QString MetadataOption = QStringLiteral("metadata");
+
+const QString MegapixelSuffix = QStringLiteral("MP");
+constexpr double PixelsPerMegapixel = 1e6;
+
+[[noreturn]] void Fail(const QString& option, const std::string& expected, const QString& found)
+{
+    throw UsageError(QStringLiteral("--%1: expected %2, found \"%3\"")
+                         .arg(option, QString::fromStdString(expected), found));
+}
+
+/// The choice that the option's word names.
+template <class Words>
+auto ReadWord(const QCommandLineParser& parser, const QString& option, const Words& words)
+{
+    const QString text = parser.value(option);
+    const auto choice = LumetraHost::FindChoice(words, text.toStdString());
+    if (!choice)
+        Fail(option, LumetraHost::JoinWords(words, ", "), text);
+    return *choice;
+}
+
+template <class Words>
+QString JoinForHelp(const Words& words)
+{
+    return QString::fromStdString(LumetraHost::JoinWords(words, "|"));
+}
 
 Image::Depth ReadDepth(const QCommandLineParser& parser)
 {
     const QString depth = parser.value(DepthOption);
     if (depth != QLatin1String("8") && depth != QLatin1String("16"))
-        throw UsageError(QStringLiteral("--depth: expected 8 or 16, found \"%1\"").arg(depth));
+        Fail(DepthOption, "8 or 16", depth);
     return depth == QLatin1String("16") ? Image::Depth::Bits16 : Image::Depth::Bits8;
 }
 
-bool ReadMetadata(const QCommandLineParser& parser)
+/// The pixels of "12MP", or of "1.5mp".
+int ReadMegapixels(const QString& text)
 {
-    const QString metadata = parser.value(MetadataOption);
-    if (metadata != QLatin1String("all") && metadata != QLatin1String("none"))
-        throw UsageError(
-            QStringLiteral("--metadata: expected all or none, found \"%1\"").arg(metadata));
-    return metadata == QLatin1String("all");
+    bool isNumber = false;
+    const double pixels =
+        std::round(text.chopped(MegapixelSuffix.size()).toDouble(&isNumber) * PixelsPerMegapixel);
+    if (!isNumber || !(pixels >= 1) || pixels > ExportRecipe::LargestArea)
+        Fail(SizeOption,
+             "up to " + std::to_string(ExportRecipe::LargestArea / 1'000'000) +
+                 " megapixels, such as 12MP",
+             text);
+    return static_cast<int>(pixels);
+}
+
+void ReadSize(const QCommandLineParser& parser, ExportRecipe& recipe)
+{
+    const QString text = parser.value(SizeOption);
+    recipe.longestSide = 0;
+    recipe.mostPixels = 0;
+    if (text.endsWith(MegapixelSuffix, Qt::CaseInsensitive))
+        recipe.mostPixels = ReadMegapixels(text);
+    else
+        recipe.longestSide = ReadNumber(parser, SizeOption, 1, ExportRecipe::LargestSide);
+}
+
+void ReadEncoding(const QCommandLineParser& parser, EncodingOptions& encoding)
+{
+    if (parser.isSet(QualityOption))
+        encoding.quality = ReadNumber(parser, QualityOption, 1, 100);
+    if (parser.isSet(SamplingOption))
+        encoding.sampling = ReadWord(parser, SamplingOption, LumetraHost::SamplingWords);
+    if (parser.isSet(CompressionOption))
+        encoding.compression = ReadWord(parser, CompressionOption, LumetraHost::CompressionWords);
+    encoding.isProgressive = encoding.isProgressive || parser.isSet(ProgressiveOption);
+    encoding.isLossless = encoding.isLossless || parser.isSet(LosslessOption);
+}
+
+/// The user's recipe of --recipe; the usual one without it.
+ExportRecipe ReadNamed(const QCommandLineParser& parser)
+{
+    if (!parser.isSet(RecipeOption))
+        return {};
+    try {
+        return RecipeStore().Find(parser.value(RecipeOption)).recipe;
+    } catch (const Zorvik::Exception& error) {
+        throw UsageError(QStringLiteral("--recipe: ") + QString::fromUtf8(error.what()));
+    }
 }
 
 } // namespace
@@ -41,17 +119,34 @@ bool ReadMetadata(const QCommandLineParser& parser)
 void RecipeOptions::Add(QCommandLineParser& parser)
 {
     parser.addOptions({
+        {RecipeOption,
+         QStringLiteral(
+             "The form of the new files as one of the editor's export recipes has it; "
+             "the options below change it. Its format, folder and file name are not used"),
+         QStringLiteral("name")},
         {QualityOption,
-         QStringLiteral("JPEG quality, 1 to 100, whatever the photo's own is. From %1 on, colours "
-                        "keep their full resolution; below, a quarter of it. Default: %2")
-             .arg(JpegEncoder::FullColorQuality)
-             .arg(PhotoWriter::DefaultQuality),
+         QStringLiteral("Quality of JPEG and WebP, 1 to 100, whatever the photo's own is; each "
+                        "format has a scale of its own. Default: %1")
+             .arg(EncodingOptions::DefaultQuality),
          QStringLiteral("number")},
+        {SamplingOption,
+         QStringLiteral("Resolution of a JPEG's colours: 4:4:4 is full, 4:2:2 half, 4:2:0 a "
+                        "quarter. Default: automatic, which is 4:4:4 from quality %1 on, else "
+                        "4:2:0")
+             .arg(JpegEncoder::FullColorQuality),
+         JoinForHelp(LumetraHost::SamplingWords)},
+        {ProgressiveOption, QStringLiteral("Stores JPEG coarse first, then finer: smaller, slower "
+                                           "to make.")},
+        {LosslessOption, QStringLiteral("Stores every pixel of a WebP as it is.")},
+        {CompressionOption,
+         QStringLiteral("Compression of TIFF, none of which loses anything. Default: deflate"),
+         JoinForHelp(LumetraHost::CompressionWords)},
         {SizeOption,
          QStringLiteral("Shrinks photos whose longest side has more pixels to this number, 1 to "
-                        "%1. None is enlarged. Default: every photo's own size")
+                        "%1, or, as in 12MP, photos with more megapixels. None is enlarged. "
+                        "Default: every photo's own size")
              .arg(ExportRecipe::LargestSide),
-         QStringLiteral("number")},
+         QStringLiteral("number|numberMP")},
         {DepthOption,
          QStringLiteral("Bits per channel, 8 or 16; 16 for PNG and TIFF alone. Effects are drawn "
                         "with 16 where the photo or the file has them. Default: the photo's, "
@@ -59,21 +154,23 @@ void RecipeOptions::Add(QCommandLineParser& parser)
          QStringLiteral("8|16")},
         {MetadataOption,
          QStringLiteral("\"all\" keeps EXIF, IPTC and XMP and records the preset in the XMP data; "
-                        "\"none\" leaves them out. The colour profile stays. Default: all"),
-         QStringLiteral("all|none"), QStringLiteral("all")},
+                        "\"no-gps\" does so without coordinates; \"copyright\" keeps author, "
+                        "copyright and licence alone; \"none\" leaves all out. The colour profile "
+                        "stays. Default: all"),
+         JoinForHelp(LumetraHost::MetadataWords)},
     });
 }
 
 ExportRecipe RecipeOptions::Read(const QCommandLineParser& parser)
 {
-    ExportRecipe recipe;
-    if (parser.isSet(QualityOption))
-        recipe.quality = ReadNumber(parser, QualityOption, 1, 100);
+    ExportRecipe recipe = ReadNamed(parser);
+    ReadEncoding(parser, recipe.encoding);
     if (parser.isSet(SizeOption))
-        recipe.longestSide = ReadNumber(parser, SizeOption, 1, ExportRecipe::LargestSide);
+        ReadSize(parser, recipe);
     if (parser.isSet(DepthOption))
         recipe.depth = ReadDepth(parser);
-    recipe.keepsMetadata = ReadMetadata(parser);
+    if (parser.isSet(MetadataOption))
+        recipe.metadata = ReadWord(parser, MetadataOption, LumetraHost::MetadataWords);
     return recipe;
 }
 
@@ -82,7 +179,8 @@ void RecipeOptions::Check(const ExportRecipe& recipe, const std::vector<PhotoJob
     if (recipe.depth != Image::Depth::Bits16)
         return;
     for (const PhotoJob& job : jobs)
-        if (PhotoWriter::GetFormatOf(job.output) == PhotoFormat::Jpeg)
+        if (const auto format = LumetraHost::GetPhotoFormatOfName(job.output);
+            format && !LumetraHost::GetWrittenFormat(*format).holds16Bits)
             throw UsageError(QStringLiteral("--depth: expected an output that holds 16 bits, .png "
                                             "or .tif, found \"%1\"; --output names another")
                                  .arg(job.output));

@@ -8,7 +8,8 @@
 
 namespace LumetraCli {
 
-/// The options for the form of exported files: --quality, --size, --depth, --metadata.
+/// The options for the form of exported files: --recipe, --quality, --size, --metadata and the
+/// like.
 class RecipeOptions
 {
 public:

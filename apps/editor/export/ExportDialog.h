@@ -2,17 +2,14 @@
 #pragma once
 
 #include "export/ExportOptions.h"
+#include "export/RecipeForm.h"
 
 #include <QDialog>
 
-class QCheckBox;
-class QComboBox;
 class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QSlider;
-class QSpinBox;
 
 namespace LumetraEditor {
 
@@ -40,10 +37,9 @@ private:
     void BuildForm();
     void Connect();
     void Restore();
-    void Remember() const;
     LumetraHost::PhotoFormat GetFormat() const;
-    void FormatChanged();
-    void SizeChanged();
+    QString GetSuffix() const;
+    void RecipeChanged();
     void Browse();
     QString GetPath() const;
     static QString FindFolderProblem(const QString& path);
@@ -56,15 +52,8 @@ private:
     const ExportGuard& m_guard;
     bool m_mayReplace = false; ///< true: the user allows to replace the file that is there
     QFormLayout* m_form;
-    QComboBox* m_format;
-    QSlider* m_quality;
-    QSpinBox* m_qualityNumber;
-    QComboBox* m_bits;
-    QComboBox* m_sizeKind;
-    QSpinBox* m_longestSide;
+    RecipeForm m_recipe;
     QLabel* m_resultSize;
-    QCheckBox* m_metadata;
-    QCheckBox* m_profile;
     QLineEdit* m_path;
     QPushButton* m_browse;
     QPushButton* m_export;

@@ -13,7 +13,6 @@
 namespace LumetraEditor {
 namespace {
 
-using LumetraHost::PhotoFormat;
 using Zorvik::Quindle::EffectsSettings;
 
 struct Messages
@@ -22,13 +21,6 @@ struct Messages
 };
 
 } // namespace
-
-QString GetSuffix(PhotoFormat format)
-{
-    if (format == PhotoFormat::Jpeg)
-        return QStringLiteral("jpg");
-    return format == PhotoFormat::Png ? QStringLiteral("png") : QStringLiteral("tif");
-}
 
 ExportJob::ExportJob(const LumetraHost::Photo& photo, const std::vector<EffectsSettings>& packages,
                      const std::vector<LumetraHost::EditRecord>& records,

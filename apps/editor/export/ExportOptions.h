@@ -15,7 +15,4 @@ struct ExportOptions
     bool mayReplace = true;           ///< false: a file that appears before the export ends stays
 };
 
-/// "jpg", "png" or "tif": the formats that are written.
-QString GetSuffix(LumetraHost::PhotoFormat format);
-
 } // namespace LumetraEditor

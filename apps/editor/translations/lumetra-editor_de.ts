@@ -568,100 +568,12 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <translation>&amp;Exportieren</translation>
     </message>
     <message>
-        <source>JPEG</source>
-        <translation>JPEG</translation>
-    </message>
-    <message>
-        <source>PNG</source>
-        <translation>PNG</translation>
-    </message>
-    <message>
-        <source>TIFF</source>
-        <translation>TIFF</translation>
-    </message>
-    <message>
-        <source>8 bits per channel</source>
-        <translation>8 Bit je Kanal</translation>
-    </message>
-    <message>
-        <source>16 bits per channel</source>
-        <translation>16 Bit je Kanal</translation>
-    </message>
-    <message>
-        <source>Original size</source>
-        <translation>Originalgröße</translation>
-    </message>
-    <message>
-        <source>Limit the longest side</source>
-        <translation>Längste Seite begrenzen</translation>
-    </message>
-    <message>
-        <source> px</source>
-        <translation> px</translation>
-    </message>
-    <message>
-        <source>Keep the camera&apos;s data and record the presets</source>
-        <translation>Kameradaten behalten und Presets vermerken</translation>
-    </message>
-    <message>
-        <source>Embed the photo&apos;s colour profile</source>
-        <translation>Farbprofil des Fotos einbetten</translation>
-    </message>
-    <message>
-        <source>Without it, the colours become those of sRGB</source>
-        <translation>Ohne Profil werden die Farben nach sRGB umgerechnet</translation>
-    </message>
-    <message>
         <source>&amp;Browse…</source>
         <translation>&amp;Durchsuchen …</translation>
     </message>
     <message>
-        <source>&amp;Format</source>
-        <translation>&amp;Format</translation>
-    </message>
-    <message>
-        <source>&amp;Quality</source>
-        <translation>&amp;Qualität</translation>
-    </message>
-    <message>
-        <source>Bit &amp;depth</source>
-        <translation>Farb&amp;tiefe</translation>
-    </message>
-    <message>
-        <source>&amp;Size</source>
-        <translation>&amp;Größe</translation>
-    </message>
-    <message>
-        <source>Include</source>
-        <translation>Enthält</translation>
-    </message>
-    <message>
         <source>File &amp;name</source>
         <translation>Datei&amp;name</translation>
-    </message>
-    <message>
-        <source>Format</source>
-        <translation>Format</translation>
-    </message>
-    <message>
-        <source>Quality</source>
-        <translation>Qualität</translation>
-    </message>
-    <message>
-        <source>Bit depth</source>
-        <translation>Farbtiefe</translation>
-    </message>
-    <message>
-        <source>Size</source>
-        <translation>Größe</translation>
-    </message>
-    <message>
-        <source>Longest side in pixels</source>
-        <translation>Längste Seite in Pixeln</translation>
-    </message>
-    <message>
-        <source>File name</source>
-        <translation>Dateiname</translation>
     </message>
     <message>
         <source>%1_edited.%2</source>
@@ -670,10 +582,6 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
     <message>
         <source>%1 × %2 pixels</source>
         <translation>%1 × %2 Pixel</translation>
-    </message>
-    <message>
-        <source>Photos (*.jpg *.png *.tif);;All files (*)</source>
-        <translation>Fotos (*.jpg *.png *.tif);;Alle Dateien (*)</translation>
     </message>
     <message>
         <source>“%1” exists. Replace it?</source>
@@ -698,6 +606,10 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
     <message>
         <source>Replace</source>
         <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Photos (*.jpg *.png *.tif *.webp);;All files (*)</source>
+        <translation>Fotos (*.jpg *.png *.tif *.webp);;Alle Dateien (*)</translation>
     </message>
 </context>
 <context>
@@ -925,6 +837,149 @@ Die Bearbeitung verwerfen und das Foto verlassen?</translation>
     <message>
         <source>Quit</source>
         <translation>Beenden</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::RecipeForm</name>
+    <message>
+        <source>All, with the presets</source>
+        <translation>Alle, mit den Presets</translation>
+    </message>
+    <message>
+        <source>All but coordinates</source>
+        <translation>Alle außer Koordinaten</translation>
+    </message>
+    <message>
+        <source>Author and copyright only</source>
+        <translation>Nur Urheber und Copyright</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>&amp;Metadata</source>
+        <translation>&amp;Metadaten</translation>
+    </message>
+    <message>
+        <source>Embed the photo&apos;s colour profile</source>
+        <translation>Farbprofil des Fotos einbetten</translation>
+    </message>
+    <message>
+        <source>Without it, the colours become those of sRGB</source>
+        <translation>Ohne Profil werden die Farben nach sRGB umgerechnet</translation>
+    </message>
+    <message>
+        <source>Quality</source>
+        <translation>Qualität</translation>
+    </message>
+    <message>
+        <source>Lossless</source>
+        <translation>Verlustfrei</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>Full resolution (4:4:4)</source>
+        <translation>Volle Auflösung (4:4:4)</translation>
+    </message>
+    <message>
+        <source>Half (4:2:2)</source>
+        <translation>Halbe (4:2:2)</translation>
+    </message>
+    <message>
+        <source>A quarter (4:2:0)</source>
+        <translation>Ein Viertel (4:2:0)</translation>
+    </message>
+    <message>
+        <source>Automatic: full resolution from quality 90 on, a quarter below</source>
+        <translation>Automatisch: volle Auflösung ab Qualität 90, darunter ein Viertel</translation>
+    </message>
+    <message>
+        <source>Progressive</source>
+        <translation>Progressiv</translation>
+    </message>
+    <message>
+        <source>Shows coarse first while it loads; smaller, slower to make</source>
+        <translation>Erscheint beim Laden erst grob; kleiner, dauert länger</translation>
+    </message>
+    <message>
+        <source>8 bits per channel</source>
+        <translation>8 Bit je Kanal</translation>
+    </message>
+    <message>
+        <source>16 bits per channel</source>
+        <translation>16 Bit je Kanal</translation>
+    </message>
+    <message>
+        <source>&amp;Format</source>
+        <translation>&amp;Format</translation>
+    </message>
+    <message>
+        <source>&amp;Quality</source>
+        <translation>&amp;Qualität</translation>
+    </message>
+    <message>
+        <source>&amp;Colours</source>
+        <translation>F&amp;arben</translation>
+    </message>
+    <message>
+        <source>C&amp;ompression</source>
+        <translation>&amp;Kompression</translation>
+    </message>
+    <message>
+        <source>Bit &amp;depth</source>
+        <translation>Farb&amp;tiefe</translation>
+    </message>
+    <message>
+        <source>Original size</source>
+        <translation>Originalgröße</translation>
+    </message>
+    <message>
+        <source>Limit the longest side</source>
+        <translation>Längste Seite begrenzen</translation>
+    </message>
+    <message>
+        <source>Limit the megapixels</source>
+        <translation>Megapixel begrenzen</translation>
+    </message>
+    <message>
+        <source>Photos are never enlarged</source>
+        <translation>Fotos werden nie vergrößert</translation>
+    </message>
+    <message>
+        <source> px</source>
+        <translation> px</translation>
+    </message>
+    <message>
+        <source>Longest side in pixels</source>
+        <translation>Längste Seite in Pixeln</translation>
+    </message>
+    <message>
+        <source> MP</source>
+        <translation> MP</translation>
+    </message>
+    <message>
+        <source>Megapixels at most</source>
+        <translation>Höchstens so viele Megapixel</translation>
+    </message>
+    <message>
+        <source>&amp;Size</source>
+        <translation>&amp;Größe</translation>
+    </message>
+    <message>
+        <source>As the photo</source>
+        <translation>Wie das Foto</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>Farben</translation>
+    </message>
+    <message>
+        <source>Compression</source>
+        <translation>Kompression</translation>
     </message>
 </context>
 <context>

@@ -99,6 +99,8 @@ std::optional<PhotoFormat> GetPhotoFormatOfName(const QString& path)
         return PhotoFormat::Png;
     if (extension == QLatin1String("tif") || extension == QLatin1String("tiff"))
         return PhotoFormat::Tiff;
+    if (extension == QLatin1String("webp"))
+        return PhotoFormat::Webp;
     return std::nullopt;
 }
 

@@ -13,7 +13,7 @@ namespace LumetraHost {
 /// An encoded file in memory.
 using Bytes = std::vector<std::uint8_t>;
 
-/// The formats that are read. JPEG, PNG and TIFF are written too.
+/// The formats that are read. Some are written too, see WrittenFormat.
 enum class PhotoFormat
 {
     Jpeg,
@@ -32,7 +32,7 @@ PhotoFormat RequirePhotoFormat(const Bytes& content, const std::string& name);
 /// Describes content that is no photo, in words for a message: "a GIF picture", "other content".
 std::string DescribeOtherContent(const Bytes& content);
 /// The format that the name of a file to be written asks for by its extension (jpg, jpeg, jpe, png,
-/// tif, tiff, in upper or lower case); nothing for any other.
+/// tif, tiff, webp, in upper or lower case); nothing for any other.
 std::optional<PhotoFormat> GetPhotoFormatOfName(const QString& path);
 
 } // namespace LumetraHost

@@ -12,6 +12,8 @@
 
 #include <jpeglib.h>
 
+#include <jerror.h>
+
 namespace LumetraHost {
 namespace {
 
@@ -34,6 +36,7 @@ struct ErrorState
 {
     auto* const state = reinterpret_cast<ErrorState*>(info->err);
     info->err->format_message(info, state->text);
+    state->isOutOfMemory = info->err->msg_code == JERR_OUT_OF_MEMORY;
     std::longjmp(state->jump, 1);
 }
 
@@ -77,6 +80,14 @@ void OnEnd(j_compress_ptr info)
     Empty(info, sizeof Destination::buffer - info->dest->free_in_buffer);
 }
 
+ChromaSampling Settle(const EncodingOptions& options)
+{
+    if (options.sampling != ChromaSampling::Automatic)
+        return options.sampling;
+    return options.quality >= JpegEncoder::FullColorQuality ? ChromaSampling::Full
+                                                            : ChromaSampling::Quarter;
+}
+
 /// One compression. The C library leaves by longjmp, so every call into it stands in a step that
 /// holds nothing to be destroyed.
 class Compression : public RowEncoder
@@ -85,7 +96,7 @@ public:
     Compression(const PictureForm& form, const std::string& name);
     ~Compression() override { jpeg_destroy_compress(&m_info); }
 
-    void Begin(int quality, const PhotoMetadata& metadata, Warnings& warnings);
+    void Begin(const EncodingOptions& options, const PhotoMetadata& metadata, Warnings& warnings);
 
     void Write(const Image& rows, int first, int count) override;
     Bytes Finish() override;
@@ -94,7 +105,7 @@ private:
     template <class Step>
     void Guard(const Step& step);
 
-    void Configure(int quality);
+    void Configure(const EncodingOptions& options);
     void WriteSegments(const std::vector<JpegSegment>& segments);
     void WriteProfile(const QByteArray& profile, Warnings& warnings);
 
@@ -133,9 +144,9 @@ void Compression::Guard(const Step& step)
     step();
 }
 
-void Compression::Configure(int quality)
+void Compression::Configure(const EncodingOptions& options)
 {
-    Guard([this, quality] {
+    Guard([this, &options] {
         jpeg_create_compress(&m_info);
         m_info.dest = &m_destination.manager;
         m_info.image_width = static_cast<JDIMENSION>(m_form.width);
@@ -143,10 +154,12 @@ void Compression::Configure(int quality)
         m_info.input_components = m_direct ? 4 : 3;
         m_info.in_color_space = m_direct ? JCS_EXT_RGBX : JCS_EXT_RGB;
         jpeg_set_defaults(&m_info);
-        jpeg_set_quality(&m_info, quality, TRUE);
-        const int sampling = quality >= JpegEncoder::FullColorQuality ? 1 : 2;
-        m_info.comp_info[0].h_samp_factor = sampling;
-        m_info.comp_info[0].v_samp_factor = sampling;
+        jpeg_set_quality(&m_info, options.quality, TRUE);
+        const ChromaSampling sampling = Settle(options);
+        m_info.comp_info[0].h_samp_factor = sampling == ChromaSampling::Full ? 1 : 2;
+        m_info.comp_info[0].v_samp_factor = sampling == ChromaSampling::Quarter ? 2 : 1;
+        if (options.isProgressive)
+            jpeg_simple_progression(&m_info);
     });
 }
 
@@ -173,11 +186,12 @@ void Compression::WriteProfile(const QByteArray& profile, Warnings& warnings)
     });
 }
 
-void Compression::Begin(int quality, const PhotoMetadata& metadata, Warnings& warnings)
+void Compression::Begin(const EncodingOptions& options, const PhotoMetadata& metadata,
+                        Warnings& warnings)
 {
     if (!m_form.isOpaque)
         Warn(warnings, "JPEG holds no transparency: the picture is laid over white");
-    Configure(quality);
+    Configure(options);
     Guard([this] { jpeg_start_compress(&m_info, TRUE); });
     WriteSegments(JpegMetadata::Make(metadata, warnings));
     WriteProfile(metadata.iccProfile, warnings);
@@ -210,12 +224,13 @@ bool JpegEncoder::HoldsProfile(const QByteArray& iccProfile)
     return iccProfile.size() <= LargestProfile;
 }
 
-std::unique_ptr<RowEncoder> JpegEncoder::Start(const PictureForm& form, int quality,
+std::unique_ptr<RowEncoder> JpegEncoder::Start(const PictureForm& form,
+                                               const EncodingOptions& options,
                                                const PhotoMetadata& metadata,
                                                const std::string& name, Warnings& warnings)
 {
     auto compression = std::make_unique<Compression>(form, name);
-    compression->Begin(quality, metadata, warnings);
+    compression->Begin(options, metadata, warnings);
     return compression;
 }
 

@@ -112,15 +112,6 @@ PhotoMetadata WithoutHiddenThumbnails(const PhotoMetadata& metadata)
     return result;
 }
 
-/// Makes one packet of both parts.
-QByteArray JoinXmp(const PhotoMetadata& metadata, Warnings& warnings)
-{
-    const auto merged = ExtendedXmp{metadata.xmp, metadata.xmpExtension}.Merge();
-    if (!merged)
-        Warn(warnings, MetadataTags::ExtensionIsLost);
-    return merged.value_or(metadata.xmp);
-}
-
 } // namespace
 
 PhotoMetadata MetadataWriter::Normalise(const PhotoMetadata& metadata, int width, int height,
@@ -151,6 +142,14 @@ MetadataWriter::GetResolution(const PhotoMetadata& metadata)
     Exiv2::ExifData tags;
     MetadataTags::DecodeExif(metadata.exif, tags);
     return ReadResolution(tags);
+}
+
+QByteArray MetadataWriter::JoinXmp(const PhotoMetadata& metadata, Warnings& warnings)
+{
+    const auto merged = ExtendedXmp{metadata.xmp, metadata.xmpExtension}.Merge();
+    if (!merged)
+        Warn(warnings, MetadataTags::ExtensionIsLost);
+    return merged.value_or(metadata.xmp);
 }
 
 Bytes MetadataWriter::Embed(Bytes encoded, PhotoFormat format, const PhotoMetadata& metadata,

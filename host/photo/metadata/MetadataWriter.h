@@ -30,6 +30,11 @@ public:
     /// The resolution that a normalised EXIF block names; nothing where it names none.
     static std::optional<Resolution> GetResolution(const PhotoMetadata& metadata);
 
+    /// One XMP packet with the properties of the packet and its extension, for formats that hold no
+    /// extension; without those of the extension, and with a warning, where a part cannot be
+    /// decoded.
+    static QByteArray JoinXmp(const PhotoMetadata& metadata, Warnings& warnings);
+
     /// Returns `encoded`, a PNG or TIFF file which has no such blocks yet, with the blocks in it.
     static Bytes Embed(Bytes encoded, PhotoFormat format, const PhotoMetadata& metadata,
                        Warnings& warnings);

@@ -38,6 +38,19 @@ StripLayout ChooseLayout(const PictureForm& form)
     return layout;
 }
 
+void WriteCompression(TIFF* tiff, TiffCompression compression)
+{
+    if (compression == TiffCompression::None) {
+        TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_NONE);
+        return;
+    }
+    const bool isLzw = compression == TiffCompression::Lzw;
+    TIFFSetField(tiff, TIFFTAG_COMPRESSION, isLzw ? COMPRESSION_LZW : COMPRESSION_ADOBE_DEFLATE);
+    TIFFSetField(tiff, TIFFTAG_PREDICTOR, PREDICTOR_HORIZONTAL);
+    if (!isLzw)
+        TIFFSetField(tiff, TIFFTAG_ZIPQUALITY, CompressionLevel);
+}
+
 void WriteTags(TIFF* tiff, const PictureForm& form, const StripLayout& layout,
                const QByteArray& iccProfile)
 {
@@ -49,9 +62,6 @@ void WriteTags(TIFF* tiff, const PictureForm& form, const StripLayout& layout,
     TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
     TIFFSetField(tiff, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
     TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, static_cast<std::uint32_t>(layout.rowsPerStrip));
-    TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_ADOBE_DEFLATE);
-    TIFFSetField(tiff, TIFFTAG_PREDICTOR, PREDICTOR_HORIZONTAL);
-    TIFFSetField(tiff, TIFFTAG_ZIPQUALITY, CompressionLevel);
     if (!form.isOpaque) {
         const std::uint16_t straight = EXTRASAMPLE_UNASSALPHA;
         TIFFSetField(tiff, TIFFTAG_EXTRASAMPLES, 1, &straight);
@@ -75,7 +85,8 @@ void WriteResolution(TIFF* tiff, const std::optional<MetadataWriter::Resolution>
 class Encoding : public RowEncoder
 {
 public:
-    Encoding(const PictureForm& form, const PhotoMetadata& metadata, const std::string& name);
+    Encoding(const PictureForm& form, TiffCompression compression, const PhotoMetadata& metadata,
+             const std::string& name);
 
     void Write(const Image& rows, int first, int count) override;
     Bytes Finish() override { return m_stream.Finish(); }
@@ -93,11 +104,13 @@ private:
     std::uint32_t m_stripIndex = 0;
 };
 
-Encoding::Encoding(const PictureForm& form, const PhotoMetadata& metadata, const std::string& name)
+Encoding::Encoding(const PictureForm& form, TiffCompression compression,
+                   const PhotoMetadata& metadata, const std::string& name)
     : m_form(form), m_layout(ChooseLayout(form)), m_stream(name),
       m_strip(m_layout.rowSize * static_cast<std::size_t>(m_layout.rowsPerStrip))
 {
     WriteTags(m_stream.Get(), form, m_layout, metadata.iccProfile);
+    WriteCompression(m_stream.Get(), compression);
     WriteResolution(m_stream.Get(), MetadataWriter::GetResolution(metadata));
 }
 
@@ -132,10 +145,11 @@ void Encoding::WriteStrip()
 
 } // namespace
 
-std::unique_ptr<RowEncoder>
-TiffEncoder::Start(const PictureForm& form, const PhotoMetadata& metadata, const std::string& name)
+std::unique_ptr<RowEncoder> TiffEncoder::Start(const PictureForm& form, TiffCompression compression,
+                                               const PhotoMetadata& metadata,
+                                               const std::string& name)
 {
-    return std::make_unique<Encoding>(form, metadata, name);
+    return std::make_unique<Encoding>(form, compression, metadata, name);
 }
 
 } // namespace LumetraHost

@@ -25,8 +25,8 @@ QByteArray LookPreview::Draw(const Zorvik::Quindle::EffectsSettings& look, const
     ExportRecipe recipe;
     recipe.look = std::make_shared<ExportLook>(std::vector{look}, ExportLook::Precision::Exact);
     recipe.longestSide = LongestSide;
-    recipe.quality = 80;
-    recipe.keepsMetadata = false;
+    recipe.encoding.quality = 80;
+    recipe.metadata = LumetraHost::KeptMetadata::None;
     recipe.embedsProfile = false;
     const auto photo = LumetraHost::PhotoReader::ReadReduced(path, LongestSide);
     const auto file = LumetraHost::Export().MakeFromPhoto(photo, recipe, path.toStdString()).file;

@@ -98,10 +98,10 @@ TEST_F(ExportTest, writesSmallerFilesAtLowerQuality)
 {
     options.recipe.format = PhotoFormat::Jpeg;
     options.path = Path("high.jpg");
-    options.recipe.quality = 95;
+    options.recipe.encoding.quality = 95;
     Export();
     options.path = Path("low.jpg");
-    options.recipe.quality = 20;
+    options.recipe.encoding.quality = 20;
     Export();
 
     EXPECT_LT(ReadFile("low.jpg").size(), ReadFile("high.jpg").size());
@@ -148,7 +148,7 @@ TEST_F(ExportTest, keepsAnXmpPacketThatTakesNoRecord)
 
 TEST_F(ExportTest, leavesMetadataAndProfileOutWhenToldTo)
 {
-    options.recipe.keepsMetadata = false;
+    options.recipe.metadata = LumetraHost::KeptMetadata::None;
     options.recipe.embedsProfile = false;
 
     EXPECT_TRUE(Export().metadata.IsEmpty());
@@ -271,7 +271,7 @@ TEST_F(ExportTest, remembersTheOptions)
         Part<QSpinBox>(dialog, "exportLongestSide")->setValue(44);
         EXPECT_EQ(Part<QLabel>(dialog, "exportResultSize")->text(),
                   QStringLiteral("44 × 33 pixels"));
-        Part<QCheckBox>(dialog, "exportMetadata")->setChecked(false);
+        Part<QComboBox>(dialog, "exportMetadata")->setCurrentIndex(3);
         Part<QCheckBox>(dialog, "exportProfile")->setChecked(false);
         Part<QPushButton>(dialog, "exportButton")->click();
     });
@@ -282,7 +282,7 @@ TEST_F(ExportTest, remembersTheOptions)
         EXPECT_EQ(again.recipe.format, PhotoFormat::Tiff);
         EXPECT_EQ(again.recipe.depth, Image::Depth::Bits16);
         EXPECT_EQ(again.recipe.longestSide, 44);
-        EXPECT_FALSE(again.recipe.keepsMetadata);
+        EXPECT_EQ(again.recipe.metadata, LumetraHost::KeptMetadata::None);
         EXPECT_FALSE(again.recipe.embedsProfile);
         dialog.reject();
     });
@@ -295,7 +295,7 @@ TEST_F(ExportTest, offersQualityForJpegAndDepthForTheOthers)
         EXPECT_FALSE(Part<QComboBox>(dialog, "exportBits")->isEnabled());
         Part<QSlider>(dialog, "exportQuality")->setValue(33);
         EXPECT_EQ(Part<QSpinBox>(dialog, "exportQualityNumber")->value(), 33);
-        EXPECT_EQ(dialog.GetOptions().recipe.quality, 33);
+        EXPECT_EQ(dialog.GetOptions().recipe.encoding.quality, 33);
         Part<QComboBox>(dialog, "exportFormat")->setCurrentIndex(1);
         EXPECT_FALSE(Part<QSlider>(dialog, "exportQuality")->isEnabled());
         EXPECT_TRUE(Part<QComboBox>(dialog, "exportBits")->isEnabled());
@@ -308,7 +308,7 @@ TEST_F(ExportTest, theQualitysNumberMovesItsSlider)
     ExportByHand([](ExportDialog& dialog) {
         Part<QSpinBox>(dialog, "exportQualityNumber")->setValue(61);
         EXPECT_EQ(Part<QSlider>(dialog, "exportQuality")->value(), 61);
-        EXPECT_EQ(dialog.GetOptions().recipe.quality, 61);
+        EXPECT_EQ(dialog.GetOptions().recipe.encoding.quality, 61);
         dialog.reject();
     });
 }

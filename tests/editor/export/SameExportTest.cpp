@@ -4,6 +4,7 @@
 #include "image/DepthConversion.h"
 #include "photo/PhotoWriter.h"
 #include "photo/colour/ColorConversion.h"
+#include "photo/file/WrittenFormat.h"
 #include "photo/metadata/EditRecord.h"
 
 #include <QLineEdit>
@@ -128,7 +129,7 @@ protected:
                       << QString::number(depth == Image::Depth::Bits16 ? 16 : 8);
             if (longestSide > 0)
                 words << QStringLiteral("--size") << QString::number(longestSide);
-            const std::string suffix = LumetraEditor::GetSuffix(format).toStdString();
+            const std::string suffix = LumetraHost::GetWrittenFormat(format).suffix;
             const QByteArray made = ExportByEditor(options, ("editor." + suffix).c_str());
             EXPECT_FALSE(made.isEmpty());
             EXPECT_TRUE(made == ExportByTool(words, ("tool." + suffix).c_str()))
@@ -214,7 +215,7 @@ TEST_F(SameExportTest, isMadeWithoutMetadata)
 {
     Edit(WriteLarge("photo.jpg"));
     ExportOptions options;
-    options.recipe.keepsMetadata = false;
+    options.recipe.metadata = LumetraHost::KeptMetadata::None;
 
     const QByteArray made = ExportByEditor(options, "editor.jpg");
 

@@ -6,6 +6,7 @@
 
 #include "exporting/JpegRows.h"
 #include "photo/PhotoReader.h"
+#include "photo/PhotoWriter.h"
 #include "photo/metadata/MetadataTags.h"
 
 #include <memory>

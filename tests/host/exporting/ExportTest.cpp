@@ -12,6 +12,7 @@
 #include "image/DepthConversion.h"
 #include "image/Resize.h"
 #include "photo/PhotoReader.h"
+#include "photo/PhotoWriter.h"
 #include "photo/colour/ColorConversion.h"
 #include "photo/metadata/EditRecord.h"
 
@@ -206,7 +207,7 @@ TEST(Export, leavesMetadataAndProfileOutWhenToldTo)
     const Bytes jpeg = AddTags(MakeJpeg(64, 48, ColorConversion::GetSrgbProfile()), 1);
     ExportRecipe recipe = MakeRecipe(MakeColours());
     recipe.records = {{"Soft Light", 40}};
-    recipe.keepsMetadata = false;
+    recipe.metadata = LumetraHost::KeptMetadata::None;
 
     const PhotoMetadata bare = PhotoReader::Decode(Convert(jpeg, recipe).file, "out").metadata;
     EXPECT_EQ(bare.iccProfile, ColorConversion::GetSrgbProfile());

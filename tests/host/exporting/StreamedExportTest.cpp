@@ -6,6 +6,7 @@
 #include "host/photo/metadata/MetadataSamples.h"
 
 #include "photo/PhotoReader.h"
+#include "photo/PhotoWriter.h"
 #include "photo/colour/ColorConversion.h"
 
 #include <QCryptographicHash>

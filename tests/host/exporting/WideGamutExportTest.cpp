@@ -8,6 +8,7 @@
 
 #include "engine/run/Renderer.h"
 #include "photo/PhotoReader.h"
+#include "photo/PhotoWriter.h"
 #include "photo/colour/ColorConversion.h"
 #include "photo/metadata/MetadataTags.h"
 
@@ -83,7 +84,7 @@ TEST_P(WideGamutExport, coloursOutsideOfSrgbComeBackWithTheirProfile)
             continue;
         const Image patches = MakePatches(depth, GetSpace());
         ExportRecipe recipe = MakeRecipe(MakeTrace(), GetFormat());
-        recipe.quality = 100;
+        recipe.encoding.quality = 100;
 
         const Converted made = Convert(MakeFile(patches, GetFormat()), recipe);
         const Photo read = PhotoReader::Decode(made.file, "out");
@@ -120,7 +121,7 @@ TEST_P(WideGamutExport, becomesSrgbWhereItGetsNoProfile)
     const Image patches = MakePatches(Image::Depth::Bits8, GetSpace());
     ExportRecipe recipe = MakeRecipe(Packages(), GetFormat());
     recipe.embedsProfile = false;
-    recipe.quality = 100;
+    recipe.encoding.quality = 100;
 
     const Converted made = Convert(MakeFile(patches, PhotoFormat::Png), recipe);
     const Photo read = PhotoReader::Decode(made.file, "out");

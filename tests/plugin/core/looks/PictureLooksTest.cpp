@@ -22,6 +22,7 @@ using LumetraHost::Export;
 using LumetraHost::ExportLook;
 using LumetraHost::ExportRecipe;
 using LumetraHost::Image;
+using LumetraHost::KeptMetadata;
 using LumetraHost::LookRecord;
 using LumetraHost::Photo;
 using LumetraHost::PhotoFormat;
@@ -66,14 +67,15 @@ protected:
     /// The photo with the layers on it, as a file.
     static QByteArray MakeFile(const Photo& photo, const std::vector<EffectsSettings>& layers,
                                const std::vector<std::string>& names,
-                               PhotoFormat format = PhotoFormat::Png, bool keepsMetadata = true)
+                               PhotoFormat format = PhotoFormat::Png,
+                               KeptMetadata metadata = KeptMetadata::All)
     {
         ExportRecipe recipe;
         recipe.look = std::make_shared<ExportLook>(layers, ExportLook::Precision::Exact);
         for (std::size_t i = 0; i < layers.size(); ++i)
             recipe.records.push_back(MakeRecord(names[i], layers[i]));
         recipe.format = format;
-        recipe.keepsMetadata = keepsMetadata;
+        recipe.metadata = metadata;
         const auto file = Export().MakeFromPhoto(photo, recipe, "picture").file;
         return QByteArray(reinterpret_cast<const char*>(file.data()),
                           static_cast<int>(file.size()));
@@ -218,7 +220,8 @@ TEST_F(PictureLooksTest, aTableThatIsTooLargeIsLeftOutAndThePictureSaysSo)
 TEST_F(PictureLooksTest, withoutMetadataThereIsNoLook)
 {
     const EffectsSettings layer = AddPreset("Warm", Warm)->MakeSettings();
-    const QByteArray file = MakeFile(MakePhoto(), {layer}, {"Warm"}, PhotoFormat::Jpeg, false);
+    const QByteArray file =
+        MakeFile(MakePhoto(), {layer}, {"Warm"}, PhotoFormat::Jpeg, KeptMetadata::None);
     EXPECT_FALSE(file.contains("lumetra"));
     EXPECT_THAT(Refusal(Write("a.jpg", file)),
                 HasSubstr("a.jpg: expected a picture that tells of its look"));
@@ -227,9 +230,9 @@ TEST_F(PictureLooksTest, withoutMetadataThereIsNoLook)
 TEST_F(PictureLooksTest, aPictureThatMayBeATableIsOneWhenItTellsOfNoLook)
 {
     const EffectsSettings layer = AddPreset("Warm", Warm)->MakeSettings();
-    EXPECT_THAT(
-        Refusal(Write("a.png", MakeFile(MakePhoto(), {layer}, {"Warm"}, PhotoFormat::Png, false))),
-        HasSubstr("a.png: expected "));
+    EXPECT_THAT(Refusal(Write("a.png", MakeFile(MakePhoto(), {layer}, {"Warm"}, PhotoFormat::Png,
+                                                KeptMetadata::None))),
+                HasSubstr("a.png: expected "));
     EXPECT_EQ(GetNames(), QStringList(QStringLiteral("Warm")));
 }
 
