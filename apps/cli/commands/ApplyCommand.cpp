@@ -8,9 +8,10 @@
 #include "core/LutImport.h"
 #include "core/PresetSession.h"
 #include "exporting/MemoryBudget.h"
-#include "output/OutputTemplate.h"
+#include "exporting/batch/OutputPlan.h"
+#include "exporting/batch/OutputTemplate.h"
+#include "exporting/batch/PhotoBatch.h"
 #include "photos/ApplyReport.h"
-#include "photos/PhotoBatch.h"
 #include "photos/RecipeOptions.h"
 #include "presets/CatalogueOptions.h"
 #include "presets/PresetOptions.h"
@@ -25,8 +26,14 @@
 namespace LumetraCli {
 namespace {
 
+using LumetraHost::ExistingOutput;
 using LumetraHost::ExportLook;
 using LumetraHost::ExportRecipe;
+using LumetraHost::OutputPlan;
+using LumetraHost::OutputRules;
+using LumetraHost::OutputTemplate;
+using LumetraHost::PhotoBatch;
+using LumetraHost::PhotoJob;
 
 constexpr char DefaultOutput[] = "{folder}/{name}_{preset}.{ext}";
 constexpr int MaximumJobs = 64;
@@ -47,6 +54,15 @@ QStringList ReadPhotos(const QCommandLineParser& parser)
     if (photos.isEmpty())
         throw UsageError(QStringLiteral("expected at least one photo"));
     return photos;
+}
+
+OutputTemplate ReadOutput(const QCommandLineParser& parser)
+{
+    try {
+        return OutputTemplate(parser.value(OutputOption));
+    } catch (const Zorvik::Exception& error) {
+        throw UsageError(QStringLiteral("--output: ") + QString::fromUtf8(error.what()));
+    }
 }
 
 ExistingOutput ReadExisting(const QCommandLineParser& parser)
@@ -209,8 +225,9 @@ ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& consol
 {
     const QStringList photos = ReadPhotos(parser);
     const QString preset = PresetOptions::ReadPreset(parser);
-    const OutputTemplate outputs(parser.value(OutputOption));
-    const ExistingOutput existing = ReadExisting(parser);
+    const OutputTemplate outputs = ReadOutput(parser);
+    const OutputRules rules{ReadExisting(parser),
+                            QStringLiteral("; --overwrite replaces it, --skip leaves it")};
     const PhotoBatch batch(ReadLimits(parser));
     ExportRecipe recipe = RecipeOptions::Read(parser);
 
@@ -221,7 +238,7 @@ ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& consol
     if (!row)
         return ExitCode::SomeFailed;
     const PresetUse use = PresetOptions::MakeUse(parser, *row);
-    std::vector<PhotoJob> jobs = OutputPlan::Make(photos, outputs, use.GetPreset().name, existing);
+    std::vector<PhotoJob> jobs = OutputPlan::Make(photos, outputs, use.GetPreset().name, rules);
     RecipeOptions::Check(recipe, jobs);
 
     ApplyReport report(use, static_cast<int>(jobs.size()), parser.isSet(JsonOption), console);

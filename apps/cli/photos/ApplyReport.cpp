@@ -8,6 +8,8 @@
 namespace LumetraCli {
 namespace {
 
+using LumetraHost::PhotoJob;
+
 const char* StateName(PhotoJob::State state)
 {
     switch (state) {

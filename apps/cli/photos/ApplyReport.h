@@ -3,7 +3,7 @@
 
 #include "Zorvik/Brassel/ISerializer.h"
 #include "console/ExitCode.h"
-#include "output/OutputPlan.h"
+#include "exporting/batch/OutputPlan.h"
 #include "storage/JsonDocument.h"
 
 #include <string>
@@ -21,11 +21,11 @@ class ApplyReport
 public:
     ApplyReport(const PresetUse& use, int jobCount, bool isJson, Console& console);
 
-    void Add(const PhotoJob& job, const std::vector<std::string>& warnings);
+    void Add(const LumetraHost::PhotoJob& job, const std::vector<std::string>& warnings);
     ExitCode Finish();
 
 private:
-    void AddJson(const PhotoJob& job, const std::vector<std::string>& warnings);
+    void AddJson(const LumetraHost::PhotoJob& job, const std::vector<std::string>& warnings);
 
     Console& m_console;
     LumetraHost::JsonDocument m_document;

@@ -12,6 +12,7 @@ using LumetraHost::ExportRecipe;
 using LumetraHost::Image;
 using LumetraHost::JpegEncoder;
 using LumetraHost::PhotoFormat;
+using LumetraHost::PhotoJob;
 using LumetraHost::PhotoWriter;
 
 const QString QualityOption = QStringLiteral("quality");

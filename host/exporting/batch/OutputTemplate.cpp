@@ -1,18 +1,21 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "output/OutputTemplate.h"
+#include "exporting/batch/OutputTemplate.h"
 
 #include "catalogue/VisibleText.h"
-#include "console/UsageError.h"
 #include "photo/file/PhotoFormat.h"
+
+#include "Zorvik/Exception.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QMap>
 #include <QRegularExpression>
 
+#include <boost/current_function.hpp>
+
 #include <algorithm>
 
-namespace LumetraCli {
+namespace LumetraHost {
 namespace {
 
 using Values = QMap<QString, QString>;
@@ -21,6 +24,12 @@ constexpr char Folder[] = "folder";
 constexpr char Name[] = "name";
 constexpr char Preset[] = "preset";
 constexpr char Extension[] = "ext";
+
+[[noreturn]] void Refuse(const QString& expected)
+{
+    throw Zorvik::Exception("expected " + expected.toStdString(), BOOST_CURRENT_FUNCTION,
+                            "exporting/batch/OutputTemplate", __LINE__);
+}
 
 /// Replaces each {key} by its value in one pass, so that braces in a value stay what they are.
 QString Fill(const QString& text, const Values& values)
@@ -32,9 +41,7 @@ QString Fill(const QString& text, const Values& values)
          match = placeholder.match(text, end)) {
         const QString key = match.captured(1);
         if (!values.contains(key))
-            throw UsageError(QStringLiteral("--output: expected {folder}, {name}, {preset} or "
-                                            "{ext}, found {%1}")
-                                 .arg(key));
+            Refuse(QStringLiteral("{folder}, {name}, {preset} or {ext}, found {%1}").arg(key));
         result += text.mid(end, match.capturedStart() - end) + values.value(key);
         end = match.capturedEnd();
     }
@@ -47,8 +54,7 @@ void RefuseLoneBraces(const QString& text)
     QString rest = text;
     rest.remove(QRegularExpression(QStringLiteral("\\{[^{}]*\\}")));
     if (rest.contains(QLatin1Char('{')) || rest.contains(QLatin1Char('}')))
-        throw UsageError(
-            QStringLiteral("--output: expected braces in pairs, found \"%1\"").arg(text));
+        Refuse(QStringLiteral("braces in pairs, found \"%1\"").arg(text));
 }
 
 /// The text without characters that trouble file systems or shells; a word in place of an empty
@@ -57,7 +63,7 @@ QString FileNamePart(const QString& text)
 {
     const auto isUnfit = [](QChar character) {
         return QStringLiteral("/\\:*?\"<>|").contains(character) ||
-               LumetraHost::VisibleText::IsControl(character);
+               VisibleText::IsControl(character);
     };
     QString name = text.trimmed();
     std::replace_if(name.begin(), name.end(), isUnfit, QLatin1Char('_'));
@@ -68,7 +74,7 @@ QString FileNamePart(const QString& text)
 
 QString WritableExtension(const QString& photo)
 {
-    if (LumetraHost::GetPhotoFormatOfName(photo))
+    if (GetPhotoFormatOfName(photo))
         return QFileInfo(photo).suffix();
     return QStringLiteral("jpg");
 }
@@ -79,11 +85,9 @@ OutputTemplate::OutputTemplate(const QString& text) : m_text(text)
 {
     RefuseLoneBraces(text);
     const QString example = Expand(QStringLiteral("photo.jpg"), QStringLiteral("preset"));
-    if (!LumetraHost::GetPhotoFormatOfName(example))
-        throw UsageError(
-            QStringLiteral("--output: expected a name that ends in .{ext}, .jpg, .png or .tif, "
-                           "found \"%1\"")
-                .arg(text));
+    if (!GetPhotoFormatOfName(example))
+        Refuse(QStringLiteral("a name that ends in .{ext}, .jpg, .png or .tif, found \"%1\"")
+                   .arg(text));
 }
 
 QString OutputTemplate::Expand(const QString& photo, const QString& presetName) const
@@ -96,4 +100,4 @@ QString OutputTemplate::Expand(const QString& photo, const QString& presetName) 
     return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
 }
 
-} // namespace LumetraCli
+} // namespace LumetraHost

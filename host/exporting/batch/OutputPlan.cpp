@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "output/OutputPlan.h"
+#include "exporting/batch/OutputPlan.h"
 
-#include "output/OutputTemplate.h"
+#include "exporting/batch/OutputTemplate.h"
 
 #include "storage/FileIdentity.h"
 #include "userdata/EditPlaces.h"
@@ -13,10 +13,9 @@
 #include <map>
 #include <set>
 
-namespace LumetraCli {
+namespace LumetraHost {
 namespace {
 
-using LumetraHost::FileIdentity;
 using Jobs = std::vector<PhotoJob*>;
 
 void Fail(PhotoJob& job, const QString& message)
@@ -109,7 +108,7 @@ void SettleSharedOutputs(std::vector<PhotoJob>& jobs)
     }
 }
 
-void CheckOutput(PhotoJob& job, const std::set<FileIdentity>& inputs, ExistingOutput existing)
+void CheckOutput(PhotoJob& job, const std::set<FileIdentity>& inputs, const OutputRules& rules)
 {
     const QFileInfo output(job.output);
     if (inputs.count(FileIdentity::Of(job.output)) != 0)
@@ -124,20 +123,19 @@ void CheckOutput(PhotoJob& job, const std::set<FileIdentity>& inputs, ExistingOu
         return Fail(
             job,
             QStringLiteral("%1: expected a file to write, found no plain file").arg(job.output));
-    if (existing == ExistingOutput::Skip)
+    if (rules.existing == ExistingOutput::Skip)
         job.state = PhotoJob::State::Skipped;
-    else if (LumetraHost::EditPlaces::HasEdit(job.output))
+    else if (EditPlaces::HasEdit(job.output))
         Fail(job, QStringLiteral("%1: is a photo with an edit of its own and is not overwritten")
                       .arg(job.output));
-    else if (existing == ExistingOutput::Refuse)
-        Fail(job, QStringLiteral("%1: exists; --overwrite replaces it, --skip leaves it")
-                      .arg(job.output));
+    else if (rules.existing == ExistingOutput::Refuse)
+        Fail(job, QStringLiteral("%1: exists%2").arg(job.output, rules.existingHint));
 }
 
 } // namespace
 
 std::vector<PhotoJob> OutputPlan::Make(const QStringList& photos, const OutputTemplate& outputs,
-                                       const QString& presetName, ExistingOutput existing)
+                                       const QString& presetName, const OutputRules& rules)
 {
     std::vector<PhotoJob> jobs;
     std::set<FileIdentity> inputs;
@@ -152,8 +150,8 @@ std::vector<PhotoJob> OutputPlan::Make(const QStringList& photos, const OutputTe
     SettleSharedOutputs(jobs);
     for (PhotoJob& job : jobs)
         if (job.state == PhotoJob::State::Planned)
-            CheckOutput(job, inputs, existing);
+            CheckOutput(job, inputs, rules);
     return jobs;
 }
 
-} // namespace LumetraCli
+} // namespace LumetraHost

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace LumetraCli {
+namespace LumetraHost {
 
 class OutputTemplate;
 
@@ -35,6 +35,14 @@ enum class ExistingOutput
     Skip
 };
 
+/// How the plan treats files that are there.
+struct OutputRules
+{
+    ExistingOutput existing = ExistingOutput::Refuse;
+    /// Ends the message that a file exists: how its user can allow more. May be empty.
+    QString existingHint = {};
+};
+
 /// Chooses the output of each photo before anything is written.
 class OutputPlan
 {
@@ -45,7 +53,7 @@ public:
     /// photo that is named again, whether by another path or through a link, is skipped when it
     /// would be written to the same file.
     static std::vector<PhotoJob> Make(const QStringList& photos, const OutputTemplate& outputs,
-                                      const QString& presetName, ExistingOutput existing);
+                                      const QString& presetName, const OutputRules& rules);
 };
 
-} // namespace LumetraCli
+} // namespace LumetraHost

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-namespace LumetraCli {
+namespace LumetraHost {
 
 /// A file name with placeholders: {folder}, {name} and {ext} of the photo, {preset}. Characters
 /// that file names cannot have are taken out of the preset's name. A photo whose kind of file
@@ -11,8 +11,8 @@ namespace LumetraCli {
 class OutputTemplate
 {
 public:
-    /// UsageError for an unknown placeholder, a brace without partner and an extension that names
-    /// no format.
+    /// Zorvik::Exception for an unknown placeholder, a brace without partner and an extension that
+    /// names no format.
     explicit OutputTemplate(const QString& text);
 
     /// The clean absolute path for `photo`.
@@ -22,4 +22,4 @@ private:
     QString m_text;
 };
 
-} // namespace LumetraCli
+} // namespace LumetraHost

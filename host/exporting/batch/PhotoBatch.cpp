@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "photos/PhotoBatch.h"
+#include "exporting/batch/PhotoBatch.h"
 
 #include "exporting/Export.h"
 #include "exporting/ExportMemory.h"
@@ -12,17 +12,8 @@
 #include <future>
 #include <new>
 
-namespace LumetraCli {
+namespace LumetraHost {
 namespace {
-
-using LumetraHost::Export;
-using LumetraHost::ExportControl;
-using LumetraHost::ExportMemory;
-using LumetraHost::ExportRecipe;
-using LumetraHost::MemoryBudget;
-using LumetraHost::PhotoWriter;
-using LumetraHost::ThreadPool;
-using LumetraHost::Warnings;
 
 /// The threads of one batch, each of which takes the next job that nobody has begun.
 class Workers
@@ -69,12 +60,12 @@ void Workers::Carry(PhotoJob& job, Warnings& warnings)
         const auto result = Export().Run(job.photo, job.output, recipe, m_control);
         for (const Warnings& noticed : {result.damage, result.losses})
             for (const std::string& warning : noticed)
-                LumetraHost::Warn(warnings, warning);
+                Warn(warnings, warning);
         job.state = PhotoJob::State::Written;
     } catch (const std::bad_alloc&) {
         job.state = PhotoJob::State::Failed;
-        job.message = QStringLiteral("%1: %2").arg(
-            job.photo, QLatin1String(LumetraHost::PhotoLimits::OutOfMemory));
+        job.message =
+            QStringLiteral("%1: %2").arg(job.photo, QLatin1String(PhotoLimits::OutOfMemory));
     } catch (const std::exception& error) {
         job.state = PhotoJob::State::Failed;
         job.message = QString::fromUtf8(error.what());
@@ -105,4 +96,4 @@ void PhotoBatch::Run(std::vector<PhotoJob>& jobs, const ExportRecipe& recipe,
     }
 }
 
-} // namespace LumetraCli
+} // namespace LumetraHost

@@ -2,14 +2,14 @@
 #pragma once
 
 #include "exporting/ExportRecipe.h"
-#include "output/OutputPlan.h"
+#include "exporting/batch/OutputPlan.h"
 #include "photo/file/Warnings.h"
 
 #include <cstdint>
 #include <functional>
 #include <vector>
 
-namespace LumetraCli {
+namespace LumetraHost {
 
 /// Exports many photos by one recipe, several of them at the same time: each photo then has a share
 /// of the threads, which costs less than dividing every photo's work, and all share the look's
@@ -19,7 +19,7 @@ class PhotoBatch
 {
 public:
     /// Called on the calling thread with each job when it has ended, in the order of the jobs.
-    using Ended = std::function<void(const PhotoJob&, const LumetraHost::Warnings& warnings)>;
+    using Ended = std::function<void(const PhotoJob&, const Warnings& warnings)>;
 
     struct Limits
     {
@@ -31,11 +31,10 @@ public:
 
     /// Carries out the planned jobs, each in the format of its output's extension. Nobody may
     /// change the effects of the recipe meanwhile.
-    void Run(std::vector<PhotoJob>& jobs, const LumetraHost::ExportRecipe& recipe,
-             const Ended& ended) const;
+    void Run(std::vector<PhotoJob>& jobs, const ExportRecipe& recipe, const Ended& ended) const;
 
 private:
     Limits m_limits;
 };
 
-} // namespace LumetraCli
+} // namespace LumetraHost
