@@ -3,7 +3,7 @@
 
 #include "Zorvik/Brassel/ISerializer.h"
 #include "console/ExitCode.h"
-#include "exporting/batch/OutputPlan.h"
+#include "exporting/batch/PhotoJob.h"
 #include "storage/JsonDocument.h"
 
 #include <string>
@@ -12,14 +12,14 @@
 namespace LumetraCli {
 
 class Console;
-class PresetUse;
+struct ChosenLook;
 
 /// Reports the outcome for each photo: on stdout the names of written (in a dry run: planned) files
 /// or one JSON text, on stderr failures and warnings.
 class ApplyReport
 {
 public:
-    ApplyReport(const PresetUse& use, int jobCount, bool isJson, Console& console);
+    ApplyReport(const std::vector<ChosenLook>& looks, int jobCount, bool isJson, Console& console);
 
     void Add(const LumetraHost::PhotoJob& job, const std::vector<std::string>& warnings);
     ExitCode Finish();

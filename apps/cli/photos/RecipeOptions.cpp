@@ -3,6 +3,7 @@
 
 #include "console/Command.h"
 #include "console/UsageError.h"
+#include "photo/file/PhotoFormat.h"
 #include "photo/jpeg/JpegEncoder.h"
 
 namespace LumetraCli {
@@ -83,7 +84,7 @@ void RecipeOptions::Check(const ExportRecipe& recipe, const std::vector<PhotoJob
     if (recipe.depth != Image::Depth::Bits16)
         return;
     for (const PhotoJob& job : jobs)
-        if (PhotoWriter::GetFormatOf(job.output) == PhotoFormat::Jpeg)
+        if (LumetraHost::GetPhotoFormatOfName(job.output) == PhotoFormat::Jpeg)
             throw UsageError(QStringLiteral("--depth: expected an output that holds 16 bits, .png "
                                             "or .tif, found \"%1\"; --output names another")
                                  .arg(job.output));

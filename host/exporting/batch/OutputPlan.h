@@ -1,30 +1,31 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include "exporting/batch/OutputTemplate.h"
+#include "exporting/batch/PhotoJob.h"
 
+#include <QString>
+
+#include <memory>
 #include <vector>
 
 namespace LumetraHost {
 
-class OutputTemplate;
-
-/// One photo of a batch, its output, and the outcome.
-struct PhotoJob
+/// A photo as it was asked for.
+struct PhotoInput
 {
-    enum class State
-    {
-        Planned,
-        Written,
-        Skipped, ///< the output was there and is kept, or the photo was named before
-        Failed
-    };
+    QString path;
+    QString problem = {}; ///< why it cannot be a photo; empty: it may be one
+    bool isPiped = false; ///< comes through a pipe: `path` names it for the user, but no file
+};
 
-    QString photo;  ///< as the user named it
-    QString output; ///< absolute
-    State state = State::Planned;
-    QString message; ///< of a failure, and of a photo that was named before
+/// The files that one look in one form makes of all photos.
+struct OutputSet
+{
+    OutputTemplate names;
+    OutputValues values = {};                    ///< without photo and number
+    std::shared_ptr<const LookSource> look = {}; ///< null: the photos as they are
+    std::shared_ptr<const ExportRecipe> recipe = std::make_shared<ExportRecipe>();
 };
 
 /// Ways to treat an output that is there already.
@@ -41,19 +42,26 @@ struct OutputRules
     ExistingOutput existing = ExistingOutput::Refuse;
     /// Ends the message that a file exists: how its user can allow more. May be empty.
     QString existingHint = {};
+    /// Leaves out photos that are results: those that record a look, and those that are an output
+    /// of another photo of the batch.
+    bool leavesOutResults = false;
+    QString resultHint = {}; ///< ends the message about a result; may be empty
 };
 
 /// Chooses the output of each photo before anything is written.
 class OutputPlan
 {
 public:
-    /// Makes a job per photo, in their order. A photo's output that exists fails or is skipped,
-    /// unless it may be overwritten; no input is ever overwritten, and no photo with an edit of its
-    /// own. Photos that would be written to one file all fail, without effect on the others. A
-    /// photo that is named again, whether by another path or through a link, is skipped when it
-    /// would be written to the same file.
-    static std::vector<PhotoJob> Make(const QStringList& photos, const OutputTemplate& outputs,
-                                      const QString& presetName, const OutputRules& rules);
+    /// Makes a job per photo and set: photos in their order, each with all its sets. A photo that
+    /// is none or is left out has one job alone. A photo's output that exists fails or is skipped,
+    /// unless it may be overwritten; no photo of the batch is ever overwritten, and none with an
+    /// edit of its own; a result that was left out may be, if its metadata prove that it is one.
+    /// Jobs that would be written to one file all fail, without effect on the others. A photo that
+    /// is named again, whether by another path or through a link, is skipped when it would be
+    /// written to the same file. Photos are numbered in their order, without those that are left
+    /// out since they record a look.
+    static std::vector<PhotoJob> Make(const std::vector<PhotoInput>& photos,
+                                      const std::vector<OutputSet>& sets, const OutputRules& rules);
 };
 
 } // namespace LumetraHost

@@ -19,10 +19,9 @@ namespace {
 class Workers
 {
 public:
-    Workers(std::vector<PhotoJob>& jobs, const ExportRecipe& recipe, const ExportControl& control,
-            std::uint64_t memory)
-        : m_jobs(jobs), m_recipe(recipe), m_control(control), m_memory(memory),
-          m_warnings(jobs.size()), m_done(jobs.size())
+    Workers(std::vector<PhotoJob>& jobs, const ExportControl& control, std::uint64_t memory)
+        : m_jobs(jobs), m_control(control), m_memory(memory), m_warnings(jobs.size()),
+          m_done(jobs.size())
     {
     }
 
@@ -31,10 +30,12 @@ public:
     const Warnings& WaitFor(std::size_t job);
 
 private:
+    bool IsCancelled() const { return m_control.cancel && m_control.cancel->IsCancelled(); }
     void Carry(PhotoJob& job, Warnings& warnings);
+    /// False when it was cancelled.
+    bool WriteFile(const PhotoJob& job, Warnings& warnings);
 
     std::vector<PhotoJob>& m_jobs;
-    const ExportRecipe& m_recipe;
     const ExportControl m_control;
     MemoryBudget m_memory;
     std::vector<Warnings> m_warnings;
@@ -45,23 +46,35 @@ private:
 void Workers::Work()
 {
     for (std::size_t i = m_next++; i < m_jobs.size(); i = m_next++) {
-        if (m_jobs[i].state == PhotoJob::State::Planned)
+        if (m_jobs[i].state == PhotoJob::State::Planned && !IsCancelled())
             Carry(m_jobs[i], m_warnings[i]);
         m_done[i].set_value();
     }
 }
 
+bool Workers::WriteFile(const PhotoJob& job, Warnings& warnings)
+{
+    ExportRecipe recipe = *job.recipe;
+    recipe.format = PhotoWriter::GetFormatOf(job.output);
+    const MemoryBudget::Share share(m_memory, ExportMemory::Estimate(job.photo, recipe));
+    if (job.look) {
+        const PhotoLook look = job.look->Get(job.photo);
+        recipe.look = look.drawing;
+        recipe.records = look.records;
+        warnings = look.warnings;
+    }
+    const auto result = Export().Run(job.photo, job.output, recipe, m_control);
+    for (const Warnings& noticed : {result.damage, result.losses})
+        for (const std::string& warning : noticed)
+            Warn(warnings, warning);
+    return !result.file.empty();
+}
+
 void Workers::Carry(PhotoJob& job, Warnings& warnings)
 {
     try {
-        ExportRecipe recipe = m_recipe;
-        recipe.format = PhotoWriter::GetFormatOf(job.output);
-        const MemoryBudget::Share share(m_memory, ExportMemory::Estimate(job.photo, recipe));
-        const auto result = Export().Run(job.photo, job.output, recipe, m_control);
-        for (const Warnings& noticed : {result.damage, result.losses})
-            for (const std::string& warning : noticed)
-                Warn(warnings, warning);
-        job.state = PhotoJob::State::Written;
+        if (WriteFile(job, warnings))
+            job.state = PhotoJob::State::Written;
     } catch (const std::bad_alloc&) {
         job.state = PhotoJob::State::Failed;
         job.message =
@@ -80,13 +93,13 @@ const Warnings& Workers::WaitFor(std::size_t job)
 
 } // namespace
 
-void PhotoBatch::Run(std::vector<PhotoJob>& jobs, const ExportRecipe& recipe,
-                     const Ended& ended) const
+void PhotoBatch::Run(std::vector<PhotoJob>& jobs, const Ended& ended) const
 {
     const int count = std::min(m_limits.parallel, static_cast<int>(jobs.size()));
     ExportControl control;
     control.threads = std::max(1, ThreadPool::GetShared().GetThreadCount() / std::max(1, count));
-    Workers workers(jobs, recipe, control, m_limits.memory);
+    control.cancel = m_limits.cancel;
+    Workers workers(jobs, control, m_limits.memory);
     std::vector<std::future<void>> threads; // destroyed futures wait for their threads
     for (int i = 0; i < count; ++i)
         threads.push_back(std::async(std::launch::async, &Workers::Work, &workers));

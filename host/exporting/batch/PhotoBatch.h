@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "exporting/ExportRecipe.h"
-#include "exporting/batch/OutputPlan.h"
+#include "exporting/batch/PhotoJob.h"
 #include "photo/file/Warnings.h"
+#include "threads/CancelToken.h"
 
 #include <cstdint>
 #include <functional>
@@ -11,10 +11,9 @@
 
 namespace LumetraHost {
 
-/// Exports many photos by one recipe, several of them at the same time: each photo then has a share
-/// of the threads, which costs less than dividing every photo's work, and all share the look's
-/// tables. Photos wait while the running ones take too much memory. One that fails does not stop
-/// the others.
+/// Exports many photos, several of them at the same time: each photo then has a share of the
+/// threads, which costs less than dividing every photo's work. Photos wait while the running ones
+/// take too much memory. One that fails does not stop the others.
 class PhotoBatch
 {
 public:
@@ -25,13 +24,16 @@ public:
     {
         int parallel = 1;         ///< photos at the same time
         std::uint64_t memory = 0; ///< bytes that they may take together, by estimate
+        /// May stop the batch from another thread: running photos are given up, nothing half
+        /// written stays, and what is not done stays planned. Null: nobody stops it.
+        const CancelToken* cancel = nullptr;
     };
 
     explicit PhotoBatch(const Limits& limits) : m_limits(limits) {}
 
     /// Carries out the planned jobs, each in the format of its output's extension. Nobody may
-    /// change the effects of the recipe meanwhile.
-    void Run(std::vector<PhotoJob>& jobs, const ExportRecipe& recipe, const Ended& ended) const;
+    /// change the effects of the looks meanwhile.
+    void Run(std::vector<PhotoJob>& jobs, const Ended& ended) const;
 
 private:
     Limits m_limits;
