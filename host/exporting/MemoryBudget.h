@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <atomic>
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
@@ -9,6 +10,7 @@ namespace LumetraHost {
 
 /// Memory that several threads share by announcing how much they need. A thread that finds too
 /// little waits, in the order of arrival; one that needs more than there is gets all of it, alone.
+/// While a thread waits, parts that are given back go back to the system too, which takes time.
 /// Usable from several threads.
 class MemoryBudget
 {
@@ -39,6 +41,7 @@ private:
     std::mutex m_mutex;
     std::condition_variable m_given;
     std::uint64_t m_free;
+    std::atomic<int> m_waiting{0}; ///< threads
 };
 
 } // namespace LumetraHost

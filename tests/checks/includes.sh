@@ -23,7 +23,7 @@ rooms=(
     host/engine/base host/engine/kernels host/engine/pixels host/engine/stages host/engine/effects
     host/engine/gaussian host/engine/run
     host/photo/file host/photo/colour host/photo/metadata host/photo/jpeg host/photo/tiff host/photo/formats host/photo
-    host/catalogue host/lut host/exporting host/exporting/recipes
+    host/catalogue host/lut host/exporting host/exporting/recipes host/exporting/batch
     host/drawer/stack host/drawer/render host/drawer host/drawer/previews host/drawer/view host/workspace
     host/edits
     plugin/api plugin/core

@@ -56,8 +56,8 @@ TEST_F(ApplyRecipeTest, writesTheBitsThatAreAskedFor)
     WritePhoto("a.jpg");
 
     EXPECT_EQ(Apply("a.jpg -p test.bright --depth 16 -o wide.png").code, 0);
-    EXPECT_EQ(Apply("wide.png -p test.bright -o same.tif").code, 0);
-    EXPECT_EQ(Apply("wide.png -p test.bright --depth 8 -o narrow.tif").code, 0);
+    EXPECT_EQ(Apply("wide.png --again -p test.bright -o same.tif").code, 0);
+    EXPECT_EQ(Apply("wide.png --again -p test.bright --depth 8 -o narrow.tif").code, 0);
 
     EXPECT_EQ(Describe("wide.png"), "48 x 32, 16");
     EXPECT_EQ(Describe("same.tif"), "48 x 32, 16");
@@ -115,7 +115,7 @@ TEST_F(ApplyRecipeTest, recordsThePresetWithItsIntensity)
     WritePhoto("a.png");
 
     ASSERT_EQ(Apply("a.png -p test.bright -o own.jpg").code, 0);
-    ASSERT_EQ(Apply("own.jpg -p test.slide -i 30 -o both.tif").code, 0);
+    ASSERT_EQ(Apply("own.jpg --again -p test.slide -i 30 -o both.tif").code, 0);
 
     const auto records = EditRecords::Read(ReadMetadata("both.tif").xmp);
     ASSERT_EQ(records.size(), 2u);
@@ -144,7 +144,7 @@ TEST_F(ApplyRecipeTest, leavesTheMetadataOutWhenToldTo)
     WritePhoto("a.png");
     ASSERT_EQ(Apply("a.png -p test.bright -o kept.jpg --metadata all").code, 0);
 
-    const CliResult result = Apply("kept.jpg -p test.bright --metadata none -o bare.jpg");
+    const CliResult result = Apply("kept.jpg --again -p test.bright --metadata none -o bare.jpg");
 
     EXPECT_EQ(result.code, 0);
     EXPECT_FALSE(ReadMetadata("kept.jpg").xmp.isEmpty());

@@ -230,8 +230,9 @@ TEST_F(ApplyTest, oneBadPhotoNeverStopsTheRest)
     EXPECT_THAT(result.messages,
                 HasSubstr("lumetra-presets: missing.png: expected a photo, found no such file\n"));
     EXPECT_THAT(result.messages, HasSubstr("cut.jpg: "));
-    EXPECT_THAT(result.messages,
-                HasSubstr("lumetra-presets: folder.png: expected a photo, found a folder\n"));
+    EXPECT_THAT(
+        result.messages,
+        HasSubstr("lumetra-presets: folder.png: expected photos in the folder, found none\n"));
     EXPECT_THAT(result.messages, HasSubstr("text.png: "));
     EXPECT_THAT(result.messages, HasSubstr("empty.jpg: "));
     EXPECT_EQ(std::count(result.messages.begin(), result.messages.end(), '\n'), 5)
@@ -526,8 +527,10 @@ TEST_F(ApplyTest, refusesUnknownAndAmbiguousPresets)
     ExpectUsageError({QStringLiteral("-p"), QStringLiteral("Test Twin")},
                      "--preset: expected one preset, found 2 named \"Test Twin\"; their ids are "
                      "\"test.twin-1\" (Test looks), \"test.twin-2\" (Test looks)");
-    ExpectUsageError({}, "expected one --preset, found 0");
-    ExpectUsageError(Words("-p test.grey -p test.bright"), "expected one --preset, found 2");
+    ExpectUsageError({}, "expected a look: --preset, --favourites, --group or --edits");
+    ExpectUsageError(Words("-p test.grey -p test.brigth"),
+                     "--preset: expected the name or id of a preset, found \"test.brigth\", did "
+                     "you mean \"test.bright\"?");
 }
 
 TEST_F(ApplyTest, refusesOptionsThatCannotBe)
@@ -540,8 +543,10 @@ TEST_F(ApplyTest, refusesOptionsThatCannotBe)
                      "--memory: expected a whole number from 1 to 1000000, found \"0\"");
     ExpectUsageError(Words("-p test.grey --overwrite --skip"),
                      "expected --overwrite or --skip, found both");
-    ExpectUsageError(Words("-p test.grey -o {nmae}.png"),
-                     "--output: expected {folder}, {name}, {preset} or {ext}, found {nmae}");
+    ExpectUsageError(
+        Words("-p test.grey -o {nmae}.png"),
+        "--output: expected {folder}, {name}, {ext}, {original_ext}, {preset}, {group}, "
+        "{intensity}, {n} or {date}, found {nmae}");
     ExpectUsageError(Words("-p test.grey -o {name.png"),
                      "--output: expected braces in pairs, found \"{name.png\"");
     ExpectUsageError(

@@ -81,12 +81,29 @@ CliResult CliTest::RunIn(const char* locale, const QStringList& arguments) const
     return Start(environment, arguments + OnlyLooks());
 }
 
-CliResult CliTest::Start(const QProcessEnvironment& environment, const QStringList& arguments) const
+CliResult CliTest::RunWithInput(const QStringList& arguments, const QByteArray& input) const
+{
+    return Start(CleanEnvironment(folder.path()), arguments + OnlyLooks(), input);
+}
+
+CliResult CliTest::RunThrough(const QString& program, const QStringList& before,
+                              const QStringList& arguments) const
+{
+    return Start(CleanEnvironment(folder.path()),
+                 before + QStringList{QStringLiteral(LUMETRA_PRESETS_PROGRAM)} + arguments +
+                     OnlyLooks(),
+                 {}, program);
+}
+
+CliResult CliTest::Start(const QProcessEnvironment& environment, const QStringList& arguments,
+                         const QByteArray& input, const QString& program) const
 {
     QProcess process;
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(folder.path());
-    process.start(QStringLiteral(LUMETRA_PRESETS_PROGRAM), arguments);
+    process.start(program, arguments);
+    process.write(input);
+    process.closeWriteChannel();
     const bool isDone = process.waitForFinished(-1);
     CliResult result;
     if (isDone && process.exitStatus() == QProcess::NormalExit)

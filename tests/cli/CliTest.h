@@ -47,6 +47,11 @@ protected:
     CliResult Run(const QStringList& arguments) const;
     /// Runs with no arguments but these.
     CliResult RunPlain(const QStringList& arguments) const;
+    /// Runs like Run(), with these bytes at its standard input.
+    CliResult RunWithInput(const QStringList& arguments, const QByteArray& input) const;
+    /// Runs like Run(), through another program, such as "setpriv", with its own arguments.
+    CliResult RunThrough(const QString& program, const QStringList& before,
+                         const QStringList& arguments) const;
     /// Runs like Run(), with texts in the language of that locale, such as "de_DE.UTF-8".
     CliResult RunIn(const char* locale, const QStringList& arguments) const;
 
@@ -61,5 +66,7 @@ protected:
     QTemporaryDir folder;
 
 private:
-    CliResult Start(const QProcessEnvironment& environment, const QStringList& arguments) const;
+    CliResult Start(const QProcessEnvironment& environment, const QStringList& arguments,
+                    const QByteArray& input = {},
+                    const QString& program = QStringLiteral(LUMETRA_PRESETS_PROGRAM)) const;
 };

@@ -1,64 +1,46 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "commands/Commands.h"
 
-#include "EffectPresets/EffectPresetModel.h"
-#include "Zorvik/Exception.h"
 #include "console/Console.h"
 #include "console/UsageError.h"
-#include "core/LutImport.h"
 #include "core/PresetSession.h"
+#include "edits/SavedEdits.h"
 #include "exporting/MemoryBudget.h"
-#include "output/OutputTemplate.h"
+#include "exporting/batch/PhotoBatch.h"
 #include "photos/ApplyReport.h"
-#include "photos/PhotoBatch.h"
+#include "photos/OutputOptions.h"
+#include "photos/PhotoInputs.h"
+#include "photos/PipedPhoto.h"
 #include "photos/RecipeOptions.h"
 #include "presets/CatalogueOptions.h"
-#include "presets/PresetOptions.h"
+#include "presets/LookOptions.h"
 
-#include <QFileInfo>
 #include <QThread>
 
 #include <algorithm>
 #include <memory>
-#include <optional>
 
 namespace LumetraCli {
 namespace {
 
 using LumetraHost::ExportLook;
 using LumetraHost::ExportRecipe;
+using LumetraHost::LookSource;
+using LumetraHost::OutputPlan;
+using LumetraHost::OutputSet;
+using LumetraHost::OutputTemplate;
+using LumetraHost::PhotoBatch;
+using LumetraHost::PhotoInput;
+using LumetraHost::PhotoJob;
 
-constexpr char DefaultOutput[] = "{folder}/{name}_{preset}.{ext}";
 constexpr int MaximumJobs = 64;
 constexpr int MaximumMegabytes = 1'000'000;
 
-const QString OutputOption = QStringLiteral("output");
-const QString OverwriteOption = QStringLiteral("overwrite");
-const QString SkipOption = QStringLiteral("skip");
 const QString DryRunOption = QStringLiteral("dry-run");
 const QString JsonOption = QStringLiteral("json");
 const QString JobsOption = QStringLiteral("jobs");
 const QString MemoryOption = QStringLiteral("memory");
 const QString ExactOption = QStringLiteral("exact");
-
-QStringList ReadPhotos(const QCommandLineParser& parser)
-{
-    const QStringList photos = parser.positionalArguments().mid(1);
-    if (photos.isEmpty())
-        throw UsageError(QStringLiteral("expected at least one photo"));
-    return photos;
-}
-
-ExistingOutput ReadExisting(const QCommandLineParser& parser)
-{
-    const bool isOverwrite = parser.isSet(OverwriteOption);
-    const bool isSkip = parser.isSet(SkipOption);
-    if (isOverwrite && isSkip)
-        throw UsageError(QStringLiteral("expected --overwrite or --skip, found both"));
-    if (isOverwrite)
-        return ExistingOutput::Overwrite;
-    return isSkip ? ExistingOutput::Skip : ExistingOutput::Refuse;
-}
 
 /// The memory of --memory in bytes, or half of the machine's.
 std::uint64_t ReadMemory(const QCommandLineParser& parser)
@@ -83,74 +65,50 @@ ExportLook::Precision ReadPrecision(const QCommandLineParser& parser)
     return parser.isSet(ExactOption) ? ExportLook::Precision::Exact : ExportLook::Precision::Tables;
 }
 
-/// Adds the look of a LUT file to the user's presets for this run; nothing is saved. It keeps its
-/// name even when the user has imported it before: outputs are named after it.
-PresetRow AddLutPreset(LumetraPlugin::PresetSession& session, const QString& file)
+std::shared_ptr<const LookSource> MakeSource(const ChosenLook& look, bool takesEdits,
+                                             ExportLook::Precision precision)
 {
-    const auto added = LumetraPlugin::LutImport::AddTo(session, file, {});
-    if (added.size() != 1)
-        throw UsageError(QStringLiteral("--preset: expected a file with one look, found %1 in "
-                                        "\"%2\"; \"import\" makes a preset of each")
-                             .arg(QString::number(added.size()), file));
-    const QString id = added.front()
-                           .data(Zorvik::Lumetra::LumetraPresets::EffectPresetModel::PresetIdRole)
-                           .toString();
-    return PresetRows::Find(PresetRows::Read(session.GetModel()), id);
+    if (takesEdits)
+        return std::make_shared<LumetraHost::SavedEdits>(look.layers, precision);
+    return std::make_shared<LumetraHost::SharedLook>(look.layers, precision);
 }
 
-/// Throws for a name that no preset has and that is, or looks like, the name of a file: the file is
-/// missing or no LUT file.
-void RefuseFile(const QString& preset)
+/// The files that each photo becomes: one for each look.
+std::vector<OutputSet> MakeSets(const std::vector<ChosenLook>& looks, const OutputTemplate& names,
+                                const ExportRecipe& form, const QCommandLineParser& parser,
+                                bool takesEdits)
 {
-    const QFileInfo file(preset);
-    if (LumetraPlugin::LutImport::IsLutName(preset, true) && !file.exists())
-        throw UsageError(QStringLiteral("--preset: expected the name or id of a preset or a LUT "
-                                        "file, found \"%1\", which is neither: there is no such "
-                                        "file")
-                             .arg(preset));
-    if (file.exists())
-        throw UsageError(
-            QStringLiteral("--preset: expected the name or id of a preset or a LUT "
-                           "file (.cube, .3dl, .clf, .cc, .ccc, .cdl, .png, .tif), "
-                           "found the %1 \"%2\"")
-                .arg(file.isDir() ? QStringLiteral("folder") : QStringLiteral("file"), preset));
-}
-
-/// The preset; nothing, after a report, for a LUT file that cannot be used.
-std::optional<PresetRow> FindPreset(LumetraPlugin::PresetSession& session, const QString& preset,
-                                    Console& console)
-{
-    if (!LumetraPlugin::LutImport::IsLutName(preset, true) || !QFileInfo::exists(preset)) {
-        const auto rows = PresetRows::Read(session.GetModel());
-        if (!PresetRows::Has(rows, preset))
-            RefuseFile(preset);
-        return PresetRows::Find(rows, preset);
+    const auto recipe = std::make_shared<const ExportRecipe>(form);
+    std::vector<OutputSet> sets;
+    for (const ChosenLook& look : looks) {
+        OutputSet set{names};
+        set.values.preset = look.name;
+        set.values.group = look.group;
+        set.values.intensity = look.intensity;
+        set.look = MakeSource(look, takesEdits, ReadPrecision(parser));
+        set.recipe = recipe;
+        sets.push_back(set);
     }
-    try {
-        return AddLutPreset(session, preset);
-    } catch (const Zorvik::Exception& error) {
-        console.ReportPlace(QString::fromUtf8(error.what()));
-        return std::nullopt;
-    }
+    return sets;
 }
 
-/// Puts the preset's packages and records into the recipe.
-void AddEdit(ExportRecipe& recipe, const PresetUse& use, LumetraPlugin::PresetSession& session,
-             ExportLook::Precision precision)
+/// One job per photo and look; what may leave jobs out, does so here, behind their numbering.
+std::vector<PhotoJob> MakeJobs(const std::vector<PhotoInput>& photos,
+                               const std::vector<OutputSet>& sets, const OutputOptions& outputs)
 {
-    const auto packages = use.MakePackages(session);
-    recipe.look = std::make_shared<ExportLook>(packages, precision);
-    recipe.records = use.MakeRecords(packages);
+    if (outputs.IsPiped())
+        return {PipedPhoto::MakeJob(photos.front(), sets.front())};
+    return OutputPlan::Make(photos, sets, outputs.GetRules());
 }
 
-/// Applies a preset to photos and writes the results.
+/// Applies presets to photos and writes the results.
 class ApplyCommand : public Command
 {
 public:
     ApplyCommand()
-        : Command(
-              QStringLiteral("apply"),
-              QStringLiteral("Applies a preset to photos and prints the names of the new files."))
+        : Command(QStringLiteral("apply"),
+                  QStringLiteral(
+                      "Applies presets or edits to photos and prints the names of the new files."))
     {
     }
 
@@ -161,29 +119,11 @@ protected:
 
 void ApplyCommand::AddOptions(QCommandLineParser& parser) const
 {
-    parser.addPositionalArgument(
-        QStringLiteral("PHOTO"),
-        QStringLiteral("Photos: JPEG, PNG, TIFF, WebP, HEIC or raw files."),
-        QStringLiteral("PHOTO..."));
-    PresetOptions::Add(parser,
-                       QStringLiteral("The preset, by name or id, or a LUT file: .cube, .3dl, "
-                                      ".clf, .cc, .ccc, .cdl or a HaldCLUT picture."),
-                       QStringLiteral("name|id|file"));
-    parser.addOptions({
-        {{QStringLiteral("o"), OutputOption},
-         QStringLiteral("Where to write; {folder}, {name} and {ext} are the photo's, {preset} is "
-                        "the preset's name. Photos that would share one file are left out. "
-                        "Default: %1")
-             .arg(QLatin1String(DefaultOutput)),
-         QStringLiteral("template"),
-         QLatin1String(DefaultOutput)},
-    });
+    PhotoInputs::Add(parser);
+    LookOptions::Add(parser);
+    OutputOptions::Add(parser);
     RecipeOptions::Add(parser);
     parser.addOptions({
-        {OverwriteOption,
-         QStringLiteral("Replaces existing files, but never a photo of the batch or "
-                        "one with an edit of its own.")},
-        {SkipOption, QStringLiteral("Leaves out photos whose output exists.")},
         {DryRunOption, QStringLiteral("Only says what would be written.")},
         {JsonOption, QStringLiteral("Writes JSON.")},
         {{QStringLiteral("j"), JobsOption},
@@ -207,34 +147,38 @@ void ApplyCommand::AddOptions(QCommandLineParser& parser) const
 
 ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& console) const
 {
-    const QStringList photos = ReadPhotos(parser);
-    const QString preset = PresetOptions::ReadPreset(parser);
-    const OutputTemplate outputs(parser.value(OutputOption));
-    const ExistingOutput existing = ReadExisting(parser);
+    const LookOptions options(parser);
+    const OutputOptions outputs(parser, options);
     const PhotoBatch batch(ReadLimits(parser));
-    ExportRecipe recipe = RecipeOptions::Read(parser);
+    const ExportRecipe recipe = RecipeOptions::Read(parser);
+    const std::vector<PhotoInput> photos = PhotoInputs::Read(parser);
+    outputs.CheckPipes(parser, photos, options);
+    if (photos.empty())
+        console.Report(QStringLiteral("the list names no photo"));
 
     const auto session = CatalogueOptions::Load(parser, console);
     if (!session)
         return ExitCode::SomeFailed;
-    const auto row = FindPreset(*session, preset, console);
-    if (!row)
-        return ExitCode::SomeFailed;
-    const PresetUse use = PresetOptions::MakeUse(parser, *row);
-    std::vector<PhotoJob> jobs = OutputPlan::Make(photos, outputs, use.GetPreset().name, existing);
+    ExitCode code = ExitCode::Done;
+    const std::vector<ChosenLook> looks = options.Choose(*session, console, code);
+    if (looks.empty())
+        return code;
+    std::vector<PhotoJob> jobs = MakeJobs(
+        photos, MakeSets(looks, outputs.GetNames(), recipe, parser, options.TakesEdits()), outputs);
     RecipeOptions::Check(recipe, jobs);
 
-    ApplyReport report(use, static_cast<int>(jobs.size()), parser.isSet(JsonOption), console);
-    if (parser.isSet(DryRunOption)) {
+    ApplyReport report(looks, static_cast<int>(jobs.size()), parser.isSet(JsonOption), console);
+    const PhotoBatch::Ended add = [&report](const PhotoJob& job, const auto& warnings) {
+        report.Add(job, warnings);
+    };
+    if (parser.isSet(DryRunOption))
         for (const PhotoJob& job : jobs)
-            report.Add(job, {});
-    } else {
-        AddEdit(recipe, use, *session, ReadPrecision(parser));
-        batch.Run(jobs, recipe, [&report](const PhotoJob& job, const auto& warnings) {
-            report.Add(job, warnings);
-        });
-    }
-    return report.Finish();
+            add(job, {});
+    else if (photos.size() == 1 && (photos.front().isPiped || outputs.IsPiped()))
+        add(jobs.front(), PipedPhoto(console).Run(jobs.front(), photos.front()));
+    else
+        batch.Run(jobs, add);
+    return std::max(code, report.Finish());
 }
 
 } // namespace

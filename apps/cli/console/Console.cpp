@@ -35,11 +35,15 @@ Console::Console() : m_isTerminal(isatty(STDERR_FILENO) == 1)
 
 void Console::Write(const QByteArray& data)
 {
+    PrintData(data.constData(), static_cast<std::size_t>(data.size()));
+}
+
+void Console::PrintData(const void* data, std::size_t size)
+{
     ClearProgress();
     if (m_isReaderGone)
         return;
-    const auto size = static_cast<std::size_t>(data.size());
-    if (std::fwrite(data.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0)
+    if (std::fwrite(data, 1, size, stdout) == size && std::fflush(stdout) == 0)
         return;
     m_isBroken = true;
     m_isReaderGone = errno == EPIPE;

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <cstddef>
+
 namespace LumetraCli {
 
 /// The program's two outputs: data on stdout, messages and progress on stderr, all UTF-8. Each line
@@ -18,6 +20,8 @@ public:
     /// Prints several lines, such as a help text.
     void PrintText(const QString& text);
     void PrintJson(const QByteArray& json);
+    /// Writes bytes as they are.
+    void PrintData(const void* data, std::size_t size);
     /// Reports a message of the program, on a line of its own.
     void Report(const QString& message);
     /// Reports a message that begins with its own place ("file:line:column: …").

@@ -3,10 +3,13 @@
 
 #include "Zorvik/Brassel/ISerializer.h"
 #include "console/Console.h"
-#include "presets/PresetUse.h"
+#include "photos/PhotoInputs.h"
+#include "presets/LookOptions.h"
 
 namespace LumetraCli {
 namespace {
+
+using LumetraHost::PhotoJob;
 
 const char* StateName(PhotoJob::State state)
 {
@@ -17,21 +20,42 @@ const char* StateName(PhotoJob::State state)
         return "written";
     case PhotoJob::State::Skipped:
         return "skipped";
+    case PhotoJob::State::LeftOut:
+        return "left-out";
     default:
         return "failed";
     }
 }
 
+void WriteUse(const PresetUse& use, Zorvik::Brassel::ISerializer& node)
+{
+    node.Set("preset", use.GetPreset().name.toStdString());
+    node.Set("id", use.GetPreset().id.toStdString());
+    if (const auto intensity = use.GetIntensity())
+        node.Set("intensity", *intensity);
+}
+
+void WriteLooks(const std::vector<ChosenLook>& looks, Zorvik::Brassel::ISerializer& node)
+{
+    const auto list = node.CreateCollection("looks");
+    for (const ChosenLook& look : looks) {
+        const auto presets = list->AddElement()->CreateCollection("presets");
+        for (const PresetUse& use : look.uses)
+            WriteUse(use, *presets->AddElement());
+    }
+}
+
 } // namespace
 
-ApplyReport::ApplyReport(const PresetUse& use, int jobCount, bool isJson, Console& console)
+ApplyReport::ApplyReport(const std::vector<ChosenLook>& looks, int jobCount, bool isJson,
+                         Console& console)
     : m_console(console), m_document("results"), m_jobCount(jobCount), m_isJson(isJson)
 {
     const auto root = m_document.GetRoot();
-    root->Set("preset", use.GetPreset().name.toStdString());
-    root->Set("id", use.GetPreset().id.toStdString());
-    if (const auto intensity = use.GetIntensity())
-        root->Set("intensity", *intensity);
+    if (looks.size() == 1 && looks.front().uses.size() == 1)
+        WriteUse(looks.front().uses.front(), *root);
+    else
+        WriteLooks(looks, *root);
     m_results = root->CreateCollection("results");
 }
 
@@ -60,7 +84,8 @@ void ApplyReport::Add(const PhotoJob& job, const std::vector<std::string>& warni
         m_console.Report(job.message);
     if (m_isJson)
         AddJson(job, warnings);
-    else if (job.state == PhotoJob::State::Written || job.state == PhotoJob::State::Planned)
+    else if (job.output != PhotoInputs::Pipe &&
+             (job.state == PhotoJob::State::Written || job.state == PhotoJob::State::Planned))
         m_console.PrintLine(job.output);
     m_console.ShowProgress(++m_endedCount, m_jobCount, job.photo);
 }

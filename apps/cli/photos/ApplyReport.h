@@ -3,7 +3,7 @@
 
 #include "Zorvik/Brassel/ISerializer.h"
 #include "console/ExitCode.h"
-#include "output/OutputPlan.h"
+#include "exporting/batch/PhotoJob.h"
 #include "storage/JsonDocument.h"
 
 #include <string>
@@ -12,20 +12,20 @@
 namespace LumetraCli {
 
 class Console;
-class PresetUse;
+struct ChosenLook;
 
 /// Reports the outcome for each photo: on stdout the names of written (in a dry run: planned) files
 /// or one JSON text, on stderr failures and warnings.
 class ApplyReport
 {
 public:
-    ApplyReport(const PresetUse& use, int jobCount, bool isJson, Console& console);
+    ApplyReport(const std::vector<ChosenLook>& looks, int jobCount, bool isJson, Console& console);
 
-    void Add(const PhotoJob& job, const std::vector<std::string>& warnings);
+    void Add(const LumetraHost::PhotoJob& job, const std::vector<std::string>& warnings);
     ExitCode Finish();
 
 private:
-    void AddJson(const PhotoJob& job, const std::vector<std::string>& warnings);
+    void AddJson(const LumetraHost::PhotoJob& job, const std::vector<std::string>& warnings);
 
     Console& m_console;
     LumetraHost::JsonDocument m_document;

@@ -19,6 +19,7 @@ using LumetraHost::EncodingOptions;
 using LumetraHost::ExportRecipe;
 using LumetraHost::Image;
 using LumetraHost::JpegEncoder;
+using LumetraHost::PhotoJob;
 using LumetraHost::RecipeStore;
 
 const QString RecipeOption = QStringLiteral("recipe");

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "exporting/ExportRecipe.h"
-#include "output/OutputPlan.h"
+#include "exporting/batch/OutputPlan.h"
 
 #include <QCommandLineParser>
 
@@ -19,7 +19,8 @@ public:
     static LumetraHost::ExportRecipe Read(const QCommandLineParser& parser);
 
     /// UsageError when one of the jobs' outputs is of a format that cannot have the recipe's depth.
-    static void Check(const LumetraHost::ExportRecipe& recipe, const std::vector<PhotoJob>& jobs);
+    static void Check(const LumetraHost::ExportRecipe& recipe,
+                      const std::vector<LumetraHost::PhotoJob>& jobs);
 };
 
 } // namespace LumetraCli

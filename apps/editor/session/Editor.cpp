@@ -2,8 +2,8 @@
 #include "session/Editor.h"
 
 #include "drawer/previews/AsyncPreviews.h"
+#include "edits/DrawnEdit.h"
 #include "engine/effects/EffectKinds.h"
-#include "exporting/LookRecord.h"
 #include "plugins/GuardedApplication.h"
 #include "plugins/ModuleWorkspace.h"
 #include "session/CommandStep.h"
@@ -399,17 +399,7 @@ EditState Editor::RunCommand(const std::function<void()>& command)
 
 std::vector<LumetraHost::EditRecord> Editor::GetRecords() const
 {
-    std::vector<LumetraHost::EditRecord> records;
-    for (const EditLayer& layer : CaptureLayers()) {
-        const bool hasEffects = !layer.settings->Effects().empty();
-        if (!layer.isOn || (layer.record.preset.empty() && !hasEffects))
-            continue;
-        records.push_back(layer.record);
-        if (records.back().preset.empty()) // a record is told by its name
-            records.back().preset = layer.module.isEmpty() ? "Layer" : layer.module.toStdString();
-        LumetraHost::LookRecord::AddLook(records.back(), *layer.settings);
-    }
-    return records;
+    return LumetraHost::DrawnEdit::MakeRecords(CaptureLayers());
 }
 
 // Services for panels

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "photos/PhotoBatch.h"
+#include "exporting/batch/PhotoBatch.h"
 
 #include "exporting/Export.h"
 #include "exporting/ExportMemory.h"
@@ -13,26 +13,16 @@
 #include <future>
 #include <new>
 
-namespace LumetraCli {
+namespace LumetraHost {
 namespace {
-
-using LumetraHost::Export;
-using LumetraHost::ExportControl;
-using LumetraHost::ExportMemory;
-using LumetraHost::ExportRecipe;
-using LumetraHost::MemoryBudget;
-using LumetraHost::PhotoWriter;
-using LumetraHost::ThreadPool;
-using LumetraHost::Warnings;
 
 /// The threads of one batch, each of which takes the next job that nobody has begun.
 class Workers
 {
 public:
-    Workers(std::vector<PhotoJob>& jobs, const ExportRecipe& recipe, const ExportControl& control,
-            std::uint64_t memory)
-        : m_jobs(jobs), m_recipe(recipe), m_control(control), m_memory(memory),
-          m_warnings(jobs.size()), m_done(jobs.size())
+    Workers(std::vector<PhotoJob>& jobs, const ExportControl& control, std::uint64_t memory)
+        : m_jobs(jobs), m_control(control), m_memory(memory), m_warnings(jobs.size()),
+          m_done(jobs.size())
     {
     }
 
@@ -41,10 +31,12 @@ public:
     const Warnings& WaitFor(std::size_t job);
 
 private:
+    bool IsCancelled() const { return m_control.cancel && m_control.cancel->IsCancelled(); }
     void Carry(PhotoJob& job, Warnings& warnings);
+    /// False when it was cancelled.
+    bool WriteFile(const PhotoJob& job, Warnings& warnings);
 
     std::vector<PhotoJob>& m_jobs;
-    const ExportRecipe& m_recipe;
     const ExportControl m_control;
     MemoryBudget m_memory;
     std::vector<Warnings> m_warnings;
@@ -55,27 +47,39 @@ private:
 void Workers::Work()
 {
     for (std::size_t i = m_next++; i < m_jobs.size(); i = m_next++) {
-        if (m_jobs[i].state == PhotoJob::State::Planned)
+        if (m_jobs[i].state == PhotoJob::State::Planned && !IsCancelled())
             Carry(m_jobs[i], m_warnings[i]);
         m_done[i].set_value();
     }
 }
 
+bool Workers::WriteFile(const PhotoJob& job, Warnings& warnings)
+{
+    ExportRecipe recipe = *job.recipe;
+    recipe.format = PhotoWriter::GetFormatOf(job.output);
+    const MemoryBudget::Share share(m_memory, ExportMemory::Estimate(job.photo, recipe));
+    if (job.look) {
+        const PhotoLook look = job.look->Get(job.photo);
+        recipe.look = look.drawing;
+        recipe.records = look.records;
+        warnings = look.warnings;
+    }
+    const auto result = Export().Run(job.photo, job.output, recipe, m_control);
+    for (const Warnings& noticed : {result.damage, result.losses})
+        for (const std::string& warning : noticed)
+            Warn(warnings, warning);
+    return !result.file.empty();
+}
+
 void Workers::Carry(PhotoJob& job, Warnings& warnings)
 {
     try {
-        ExportRecipe recipe = m_recipe;
-        recipe.format = PhotoWriter::GetFormatOf(job.output);
-        const MemoryBudget::Share share(m_memory, ExportMemory::Estimate(job.photo, recipe));
-        const auto result = Export().Run(job.photo, job.output, recipe, m_control);
-        for (const Warnings& noticed : {result.damage, result.losses})
-            for (const std::string& warning : noticed)
-                LumetraHost::Warn(warnings, warning);
-        job.state = PhotoJob::State::Written;
+        if (WriteFile(job, warnings))
+            job.state = PhotoJob::State::Written;
     } catch (const std::bad_alloc&) {
         job.state = PhotoJob::State::Failed;
-        job.message = QStringLiteral("%1: %2").arg(
-            job.photo, QLatin1String(LumetraHost::PhotoLimits::OutOfMemory));
+        job.message =
+            QStringLiteral("%1: %2").arg(job.photo, QLatin1String(PhotoLimits::OutOfMemory));
     } catch (const std::exception& error) {
         job.state = PhotoJob::State::Failed;
         job.message = QString::fromUtf8(error.what());
@@ -90,13 +94,13 @@ const Warnings& Workers::WaitFor(std::size_t job)
 
 } // namespace
 
-void PhotoBatch::Run(std::vector<PhotoJob>& jobs, const ExportRecipe& recipe,
-                     const Ended& ended) const
+void PhotoBatch::Run(std::vector<PhotoJob>& jobs, const Ended& ended) const
 {
     const int count = std::min(m_limits.parallel, static_cast<int>(jobs.size()));
     ExportControl control;
     control.threads = std::max(1, ThreadPool::GetShared().GetThreadCount() / std::max(1, count));
-    Workers workers(jobs, recipe, control, m_limits.memory);
+    control.cancel = m_limits.cancel;
+    Workers workers(jobs, control, m_limits.memory);
     std::vector<std::future<void>> threads; // destroyed futures wait for their threads
     for (int i = 0; i < count; ++i)
         threads.push_back(std::async(std::launch::async, &Workers::Work, &workers));
@@ -106,4 +110,4 @@ void PhotoBatch::Run(std::vector<PhotoJob>& jobs, const ExportRecipe& recipe,
     }
 }
 
-} // namespace LumetraCli
+} // namespace LumetraHost

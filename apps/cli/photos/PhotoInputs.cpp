@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "photos/PhotoInputs.h"
+
+#include "console/UsageError.h"
+#include "photo/file/PhotoFolder.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstdio>
+
+namespace LumetraCli {
+namespace {
+
+using LumetraHost::PhotoFolder;
+using LumetraHost::PhotoInput;
+using Inputs = std::vector<PhotoInput>;
+
+const QString RecursiveOption = QStringLiteral("recursive");
+const QString FilesFromOption = QStringLiteral("files-from");
+const QString NullOption = QStringLiteral("null");
+const QString AgainOption = QStringLiteral("again");
+
+constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
+
+void AddFolder(const QString& path, PhotoFolder::Depth depth, Inputs& inputs)
+{
+    const PhotoFolder folder(path, depth);
+    for (const QString& photo : folder.GetPhotos())
+        inputs.push_back({photo});
+    for (const QString& problem : folder.GetProblems())
+        inputs.push_back({path, problem});
+    if (folder.GetPhotos().isEmpty() && folder.GetProblems().isEmpty())
+        inputs.push_back(
+            {path, QStringLiteral("%1: expected photos in the folder, found none").arg(path)});
+}
+
+void AddPath(const QString& path, PhotoFolder::Depth depth, Inputs& inputs)
+{
+    if (QFileInfo(path).isDir())
+        AddFolder(path, depth, inputs);
+    else
+        inputs.push_back({path});
+}
+
+QByteArray ReadList(const QString& name)
+{
+    QFile file(name);
+    const bool isOpen = name == PhotoInputs::Pipe ? file.open(stdin, QIODevice::ReadOnly)
+                                                  : file.open(QIODevice::ReadOnly);
+    const QByteArray text = isOpen ? file.readAll() : QByteArray();
+    if (!isOpen || file.error() != QFileDevice::NoError)
+        throw UsageError(QStringLiteral("--files-from: expected a list of photos, found \"%1\", "
+                                        "which cannot be read: %2")
+                             .arg(name, file.errorString()));
+    return text;
+}
+
+/// The names of a list, as bytes. Windows' ends of lines and a mark in front do not count where a
+/// name is a line.
+QList<QByteArray> SplitList(QByteArray text, bool isNullSeparated)
+{
+    if (isNullSeparated)
+        return text.split('\0');
+    if (text.startsWith(ByteOrderMark))
+        text.remove(0, static_cast<int>(sizeof ByteOrderMark) - 1);
+    QList<QByteArray> names = text.split('\n');
+    for (QByteArray& name : names)
+        if (name.endsWith('\r'))
+            name.chop(1);
+    return names;
+}
+
+void AddListed(const QByteArray& raw, PhotoFolder::Depth depth, Inputs& inputs)
+{
+    const QString path = QFile::decodeName(raw);
+    if (QFile::encodeName(path) != raw)
+        inputs.push_back(
+            {path, QStringLiteral("%1: expected a name in the system's encoding").arg(path)});
+    else if (!raw.isEmpty())
+        AddPath(path, depth, inputs);
+}
+
+void CheckPipes(const QStringList& arguments, const QCommandLineParser& parser)
+{
+    if (!arguments.contains(PhotoInputs::Pipe))
+        return;
+    if (arguments.size() > 1 || parser.isSet(FilesFromOption))
+        throw UsageError(
+            QStringLiteral("expected \"-\", the standard input, as the only photo, found more"));
+}
+
+} // namespace
+
+const QString PhotoInputs::Pipe = QStringLiteral("-");
+const QString PhotoInputs::PipedName = QStringLiteral("stdin");
+
+void PhotoInputs::Add(QCommandLineParser& parser)
+{
+    parser.addPositionalArgument(
+        QStringLiteral("PHOTO"),
+        QStringLiteral("Photos: JPEG, PNG, TIFF, WebP, HEIC or raw files; folders, which stand for "
+                       "the photos in them; or - alone, for a photo from the standard input."),
+        QStringLiteral("PHOTO..."));
+    parser.addOptions({
+        {{QStringLiteral("r"), RecursiveOption},
+         QStringLiteral("Takes the photos in the subfolders of folders too. Hidden ones and links "
+                        "to folders are passed over.")},
+        {FilesFromOption,
+         QStringLiteral("Takes the photos and folders that this file names too, one in a line; - "
+                        "is the standard input."),
+         QStringLiteral("file")},
+        {NullOption,
+         QStringLiteral("The names of --files-from are separated by zero bytes, as find -print0 "
+                        "writes them.")},
+        {AgainOption,
+         QStringLiteral("Takes results as photos too: files that record a look in their XMP data, "
+                        "and outputs of other photos of the list. Without it they are left out.")},
+    });
+}
+
+std::vector<PhotoInput> PhotoInputs::Read(const QCommandLineParser& parser)
+{
+    const QStringList arguments = parser.positionalArguments().mid(1);
+    CheckPipes(arguments, parser);
+    if (parser.isSet(NullOption) && !parser.isSet(FilesFromOption))
+        throw UsageError(QStringLiteral("--null: expected --files-from, whose names it separates"));
+    if (arguments.isEmpty() && !parser.isSet(FilesFromOption))
+        throw UsageError(QStringLiteral("expected at least one photo"));
+    if (arguments.contains(Pipe))
+        return {{PipedName, {}, true}};
+    const auto depth = parser.isSet(RecursiveOption) ? PhotoFolder::Depth::WithSubfolders
+                                                     : PhotoFolder::Depth::FolderAlone;
+    Inputs inputs;
+    for (const QString& argument : arguments)
+        AddPath(argument, depth, inputs);
+    for (const QString& list : parser.values(FilesFromOption))
+        for (const QByteArray& name : SplitList(ReadList(list), parser.isSet(NullOption)))
+            AddListed(name, depth, inputs);
+    return inputs;
+}
+
+bool PhotoInputs::TakesResults(const QCommandLineParser& parser)
+{
+    return parser.isSet(AgainOption);
+}
+
+} // namespace LumetraCli

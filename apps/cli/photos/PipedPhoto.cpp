@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "photos/PipedPhoto.h"
+
+#include "Zorvik/Exception.h"
+#include "console/Console.h"
+#include "exporting/Export.h"
+#include "photo/PhotoReader.h"
+#include "photo/PhotoWriter.h"
+#include "photo/file/PhotoLimits.h"
+#include "photos/PhotoInputs.h"
+#include "storage/CheckedFileWriter.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <boost/current_function.hpp>
+
+#include <cstdio>
+#include <new>
+
+namespace LumetraCli {
+namespace {
+
+using LumetraHost::Bytes;
+using LumetraHost::PhotoFormat;
+using LumetraHost::PhotoInput;
+using LumetraHost::PhotoJob;
+using LumetraHost::PhotoLimits;
+using LumetraHost::Warnings;
+
+constexpr std::size_t PartSize = 1 << 20;
+
+[[noreturn]] void Fail(const std::string& text)
+{
+    throw Zorvik::Exception(PhotoInputs::PipedName.toStdString() + ": " + text,
+                            BOOST_CURRENT_FUNCTION, "cli/PipedPhoto", __LINE__);
+}
+
+Bytes ReadStandardInput()
+{
+    Bytes content;
+    for (std::size_t found = PartSize; found == PartSize;) {
+        const std::size_t begin = content.size();
+        if (begin > PhotoLimits::LargestFile)
+            Fail("expected a photo of at most " + std::to_string(PhotoLimits::LargestFile) +
+                 " bytes, found more");
+        content.resize(begin + PartSize);
+        found = std::fread(content.data() + begin, 1, PartSize, stdin);
+        content.resize(begin + found);
+    }
+    if (std::ferror(stdin) != 0)
+        Fail("the standard input cannot be read");
+    return content;
+}
+
+PhotoFormat ChooseFormat(const QString& output, const Bytes& content)
+{
+    if (output != PhotoInputs::Pipe)
+        return LumetraHost::PhotoWriter::GetFormatOf(output);
+    const auto own = LumetraHost::DetectPhotoFormat(content);
+    return own == PhotoFormat::Png || own == PhotoFormat::Tiff ? *own : PhotoFormat::Jpeg;
+}
+
+} // namespace
+
+PhotoJob PipedPhoto::MakeJob(const PhotoInput& photo, const LumetraHost::OutputSet& set)
+{
+    PhotoJob job;
+    job.photo = photo.path;
+    job.output = PhotoInputs::Pipe;
+    job.look = set.look;
+    job.recipe = set.recipe;
+    if (!photo.problem.isEmpty()) {
+        job.state = PhotoJob::State::Failed;
+        job.message = photo.problem;
+    }
+    return job;
+}
+
+void PipedPhoto::Carry(PhotoJob& job, const PhotoInput& photo, Warnings& warnings)
+{
+    const Bytes content =
+        photo.isPiped ? ReadStandardInput() : LumetraHost::PhotoReader::ReadContent(photo.path);
+    LumetraHost::ExportRecipe recipe = *job.recipe;
+    recipe.format = ChooseFormat(job.output, content);
+    if (job.look) {
+        const auto look = job.look->Get(photo.path);
+        recipe.look = look.drawing;
+        recipe.records = look.records;
+        warnings = look.warnings;
+    }
+    const std::string target = job.output.toStdString();
+    recipe.Check(target);
+    const auto result =
+        LumetraHost::Export().MakeFromFile(content, photo.path.toStdString(), recipe, target);
+    for (const Warnings& noticed : {result.damage, result.losses})
+        for (const std::string& warning : noticed)
+            LumetraHost::Warn(warnings, warning);
+    if (job.output == PhotoInputs::Pipe) {
+        m_console.PrintData(result.file.data(), result.file.size());
+        return;
+    }
+    LumetraHost::CheckedFileWriter::MakeFolder(QFileInfo(job.output).absolutePath());
+    LumetraHost::CheckedFileWriter::Write(job.output, result.file.data(), result.file.size());
+}
+
+Warnings PipedPhoto::Run(PhotoJob& job, const PhotoInput& photo)
+{
+    Warnings warnings;
+    if (job.state != PhotoJob::State::Planned)
+        return warnings;
+    try {
+        Carry(job, photo, warnings);
+        job.state = PhotoJob::State::Written;
+    } catch (const std::bad_alloc&) {
+        job.state = PhotoJob::State::Failed;
+        job.message =
+            QStringLiteral("%1: %2").arg(job.photo, QLatin1String(PhotoLimits::OutOfMemory));
+    } catch (const std::exception& error) {
+        job.state = PhotoJob::State::Failed;
+        job.message = QString::fromUtf8(error.what());
+    }
+    return warnings;
+}
+
+} // namespace LumetraCli

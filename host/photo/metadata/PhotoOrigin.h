@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+namespace LumetraHost {
+
+/// Facts about where a photo file comes from, read from its metadata alone: the pixels are not
+/// looked at, and of a large file only a small part.
+struct PhotoOrigin
+{
+    /// When the photo was taken, by the camera's clock: EXIF DateTimeOriginal. Invalid where the
+    /// file does not say it.
+    QDateTime taken;
+    /// The file records presets that were put on it, so that it is an export of this program or
+    /// made from one; see EditRecords.
+    bool hasRecords = false;
+
+    /// Never throws: nothing is known of a file that cannot be read.
+    static PhotoOrigin Read(const QString& path);
+};
+
+} // namespace LumetraHost
