@@ -15,6 +15,7 @@
 #include "export/ExportGuard.h"
 #include "histogram/HistogramFeed.h"
 #include "histogram/HistogramWidget.h"
+#include "many/ManyCommands.h"
 #include "plugins/PluginLoader.h"
 #include "session/Editor.h"
 #include "window/AboutDialog.h"
@@ -68,6 +69,7 @@ EditorWindow::EditorWindow(Editor& editor)
       m_messages(new MessageBar(m_centre)), m_photoText(new QLabel(this)),
       m_zoomText(new QLabel(this)), m_progress(new QProgressBar(this)),
       m_cancel(new QToolButton(this)), m_export(new ExportCommand(editor, m_settings, *this)),
+      m_many(new ManyCommands(editor, *m_actions, m_settings, *this)),
       m_monitor(new MonitorColours(editor, *this))
 {
     setObjectName(QStringLiteral("editorWindow"));
@@ -136,6 +138,7 @@ void EditorWindow::BuildCentre()
     frame->setContentsMargins(16, 16, 16, 8);
     frame->addWidget(m_histogram);
     column->addLayout(frame);
+    column->addWidget(&m_many->GetFollowSwitch());
     column->addWidget(m_panels, 1);
 
     m_splitter->setStretchFactor(0, 1);
@@ -159,6 +162,7 @@ void EditorWindow::BuildStatusBar()
     m_cancel->setFocusPolicy(Qt::StrongFocus);
     m_cancel->setAutoRaise(true);
     m_cancel->hide();
+    statusBar()->addPermanentWidget(&m_many->GetProgress());
     statusBar()->addPermanentWidget(m_progress);
     statusBar()->addPermanentWidget(m_cancel);
     statusBar()->addPermanentWidget(m_zoomText);
@@ -222,6 +226,7 @@ void EditorWindow::ConnectEditor()
     connect(&m_editor, &Editor::noticeGiven, m_messages, [this](const QString& message) {
         m_messages->Show(message, MessageBar::About::Program);
     });
+    connect(m_many, &ManyCommands::told, &m_editor, &Editor::ShowNotice);
     // The bar is raised again, since a page that comes to the front would cover it.
     connect(m_centre, &QStackedWidget::currentChanged, m_messages, &MessageBar::raise);
     connect(m_panelKeys, &PanelKeys::keysTaken, &m_editor, &Editor::ShowNotice);
@@ -453,7 +458,7 @@ bool EditorWindow::MayClose()
 {
     if (m_export->GetExporter().IsRunning() && !AskToStopExport(this))
         return false;
-    if (!m_editor.MayEndPanels())
+    if (!m_many->MayEnd() || !m_editor.MayEndPanels())
         return false;
     if (m_editor.HasPhoto() && m_editor.HasUnsavedChanges() && !AskToLeaveEdit(m_editor, this))
         return false;

@@ -20,6 +20,7 @@ class Editor;
 class EditorActions;
 class ExportCommand;
 class HistogramWidget;
+class ManyCommands;
 class MessageBar;
 class MonitorColours;
 class PanelKeys;
@@ -104,6 +105,7 @@ private:
     QProgressBar* m_progress;
     QToolButton* m_cancel;
     ExportCommand* m_export;
+    ManyCommands* m_many;
     MonitorColours* m_monitor;
 };
 
