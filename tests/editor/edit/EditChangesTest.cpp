@@ -4,6 +4,7 @@
 
 #include "edit/EditChanges.h"
 #include "edits/EditStateFormat.h"
+#include "engine/effects/EffectKinds.h"
 
 #include <gmock/gmock.h>
 
@@ -24,6 +25,12 @@ const EditParts All;
 const EditParts OnlyLooks{{QString::fromLatin1(Looks)}, true};
 const EditParts AllButLooks{{QString::fromLatin1(Looks)}, false};
 
+class EditChangesTest : public testing::Test
+{
+protected:
+    EditChangesTest() { LumetraHost::RegisterEffects(); }
+};
+
 /// The edit as it comes back from a file, which refuses what cannot be stored.
 EditState Stored(const EditState& edit)
 {
@@ -33,7 +40,7 @@ EditState Stored(const EditState& edit)
 
 } // namespace
 
-TEST(EditChanges, replacingEverythingMakesTheEditThatWasCopied)
+TEST_F(EditChangesTest, replacingEverythingMakesTheEditThatWasCopied)
 {
     const EditState copied = MakeEdit({Committed(Adjust, "a"), Open(Looks, "Golden")});
     const EditState edit =
@@ -44,7 +51,7 @@ TEST(EditChanges, replacingEverythingMakesTheEditThatWasCopied)
     EXPECT_TRUE(EditChanges::Replace(edit, EditState(), All) == EditState());
 }
 
-TEST(EditChanges, aReplacedPartKeepsItsPlace)
+TEST_F(EditChangesTest, aReplacedPartKeepsItsPlace)
 {
     const EditState edit = MakeEdit({Committed(Looks, "Noir"), Committed(Adjust, "a"),
                                      Open(Looks, "Fresh"), Open(Adjust, "b")});
@@ -63,7 +70,7 @@ TEST(EditChanges, aReplacedPartKeepsItsPlace)
     EXPECT_THAT(NameParts(others), ElementsAre(Looks));
 }
 
-TEST(EditChanges, layersOnTopLeaveTheOthersBelowAsTheyAre)
+TEST_F(EditChangesTest, layersOnTopLeaveTheOthersBelowAsTheyAre)
 {
     const EditState edit = MakeEdit({Committed(Looks, "Noir"), Open(Adjust, "a")});
 
@@ -75,7 +82,7 @@ TEST(EditChanges, layersOnTopLeaveTheOthersBelowAsTheyAre)
     EXPECT_TRUE(nothing == edit);
 }
 
-TEST(EditChanges, openLayersThatAreInTheWayAreCommitted)
+TEST_F(EditChangesTest, openLayersThatAreInTheWayAreCommitted)
 {
     const EditState edit = MakeEdit({Open(Adjust, "a"), Open(Looks, "Fresh")});
 
@@ -89,7 +96,7 @@ TEST(EditChanges, openLayersThatAreInTheWayAreCommitted)
     EXPECT_THAT(NameParts(committed), IsEmpty());
 }
 
-TEST(EditChanges, everyResultCanBeStored)
+TEST_F(EditChangesTest, everyResultCanBeStored)
 {
     auto stranger = Open("other", "o");
     auto settings = *stranger.settings;
@@ -104,7 +111,7 @@ TEST(EditChanges, everyResultCanBeStored)
         EXPECT_TRUE(Stored(result) == result);
 }
 
-TEST(EditChanges, aClickOnALookFollowsInThePlaceOfTheLookThatWasThere)
+TEST_F(EditChangesTest, aClickOnALookFollowsInThePlaceOfTheLookThatWasThere)
 {
     const EditState before = MakeEdit({Open(Adjust, "a")});
     const EditState after = MakeEdit({Open(Adjust, "a"), Open(Looks, "Golden")});
@@ -119,7 +126,7 @@ TEST(EditChanges, aClickOnALookFollowsInThePlaceOfTheLookThatWasThere)
         << "the look is taken off again";
 }
 
-TEST(EditChanges, aCommitCommitsTheOpenLayersOfTheOthers)
+TEST_F(EditChangesTest, aCommitCommitsTheOpenLayersOfTheOthers)
 {
     const EditState before = MakeEdit({Open(Looks, "Golden")});
     EditState after = MakeEdit({Committed(Looks, "Golden")});
@@ -134,7 +141,7 @@ TEST(EditChanges, aCommitCommitsTheOpenLayersOfTheOthers)
     EXPECT_THAT(NameLayers(bare), IsEmpty()) << "what was put on before is not put on by Apply";
 }
 
-TEST(EditChanges, aLayerThatIsCommittedInTheStepThatMakesItComesAlong)
+TEST_F(EditChangesTest, aLayerThatIsCommittedInTheStepThatMakesItComesAlong)
 {
     const EditState before = MakeEdit({Open(Looks, "Golden", 1)});
     const EditState after = MakeEdit({Committed(Looks, "Golden", 2), Committed(Adjust, "c")});
@@ -145,7 +152,7 @@ TEST(EditChanges, aLayerThatIsCommittedInTheStepThatMakesItComesAlong)
     EXPECT_TRUE(result.layers == after.layers);
 }
 
-TEST(EditChanges, aStepThatChangesCommittedLayersIsNotFollowed)
+TEST_F(EditChangesTest, aStepThatChangesCommittedLayersIsNotFollowed)
 {
     const EditState before = MakeEdit({Committed(Looks, "Golden")});
     EditState after = before;
@@ -156,7 +163,7 @@ TEST(EditChanges, aStepThatChangesCommittedLayersIsNotFollowed)
     EXPECT_TRUE(EditChanges::Follow(edit, before, EditState()) == edit);
 }
 
-TEST(EditChanges, aPanelThatShowsNothingCountsAsNone)
+TEST_F(EditChangesTest, aPanelThatShowsNothingCountsAsNone)
 {
     EditState edit = MakeEdit({Committed(Looks, "Golden")});
     const EditState plain = edit;

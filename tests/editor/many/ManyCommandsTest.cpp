@@ -400,7 +400,7 @@ class ManyClosingTest : public ManyCommandsTest
 protected:
     ManyClosingTest()
     {
-        Zorvik::Util::AlertBox::SetBackend(backend);
+        earlier = Zorvik::Util::AlertBox::SetBackend(backend);
         ClickLook(Look);
         const EditState golden = editor->GetEdit();
         Find<QPushButton>("discardButton")->click();
@@ -416,10 +416,11 @@ protected:
     {
         backend->mayGoOn.release(2);
         Finish();
-        Zorvik::Util::AlertBox::SetBackend(nullptr);
+        Zorvik::Util::AlertBox::SetBackend(earlier);
     }
 
     QSemaphore begun;
+    std::shared_ptr<Zorvik::Util::IAlertBackend> earlier;
     std::shared_ptr<AnswerAndGoOn> backend = std::make_shared<AnswerAndGoOn>();
 };
 
