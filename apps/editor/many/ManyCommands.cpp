@@ -89,13 +89,6 @@ QStringList ManyCommands::GetFollowers() const
     return m_selection.size() > 1 && m_follow->isChecked() ? m_selection : QStringList();
 }
 
-/// A step on several photos says on how many.
-QString ManyCommands::NameStep(const QString& text) const
-{
-    const int count = GetTargets().size();
-    return count > 1 ? tr("%1 (%2 photos)").arg(text).arg(count) : text;
-}
-
 void ManyCommands::Copy()
 {
     m_copied = m_editor.GetEdit();
@@ -109,7 +102,7 @@ void ManyCommands::Paste()
     const auto paste = [copied = *m_copied](const EditState& edit) {
         return EditChanges::Replace(edit, copied, EditParts());
     };
-    m_editor.GetManySteps().Change(NameStep(tr("Paste edit")), GetTargets(), paste);
+    m_editor.GetManySteps().Change(tr("Paste edit"), GetTargets(), paste);
 }
 
 void ManyCommands::PasteParts()
@@ -125,7 +118,7 @@ void ManyCommands::PasteParts()
         return isOnTop ? EditChanges::AddOnTop(edit, copied, parts)
                        : EditChanges::Replace(edit, copied, parts);
     };
-    m_editor.GetManySteps().Change(NameStep(tr("Paste edit")), targets, paste);
+    m_editor.GetManySteps().Change(tr("Paste edit"), targets, paste);
 }
 
 void ManyCommands::PutLook()
@@ -134,21 +127,26 @@ void ManyCommands::PutLook()
     const auto put = [edit = m_editor.GetEdit(), looks](const EditState& other) {
         return EditChanges::Replace(other, edit, looks);
     };
-    m_editor.GetManySteps().Change(NameStep(tr("Put look on photos")), GetTargets(), put);
+    m_editor.GetManySteps().Change(tr("Put look on photos"), GetTargets(), put);
 }
 
 void ManyCommands::TakeOff()
 {
-    m_editor.GetManySteps().Change(NameStep(tr("Take edit off")), GetTargets(),
+    m_editor.GetManySteps().Change(tr("Take edit off"), GetTargets(),
                                    [](const EditState&) { return EditState(); });
 }
 
+/// Tells a notice once: that edits are kept elsewhere holds for all further steps too.
 void ManyCommands::ShowEnd(const ManyReport& report)
 {
     m_progress->ShowEnd(report);
     m_hasFailed = m_hasFailed || !report.problems.isEmpty();
-    if (HasMoreToTell(report))
-        emit told(DescribeReport(report));
+    ManyReport news = report;
+    for (const QString& notice : m_toldNotices)
+        news.notices.removeAll(notice);
+    m_toldNotices += news.notices;
+    if (HasMoreToTell(news))
+        emit told(DescribeReport(news));
 }
 
 bool ManyCommands::MayEnd()

@@ -51,7 +51,6 @@ private:
     void Connect();
     QStringList GetTargets() const;
     QStringList GetFollowers() const;
-    QString NameStep(const QString& text) const;
     void Copy();
     void Paste();
     void PasteParts();
@@ -68,6 +67,7 @@ private:
     std::optional<LumetraHost::EditState> m_copied;
     ManyProgress* m_progress;
     FollowSwitch* m_follow;
+    QStringList m_toldNotices;
     bool m_hasFailed = false; ///< a step has since the user was last asked
 };
 

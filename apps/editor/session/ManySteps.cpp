@@ -100,15 +100,17 @@ void ManySteps::Settle(const QString& photo)
     m_edits.Settle(Clean(photo));
 }
 
-void ManySteps::Push(const std::shared_ptr<Content>& content)
+/// A step on several photos says on how many.
+void ManySteps::Push(const QString& text, const std::shared_ptr<Content>& content)
 {
+    const int count = content->photos.size();
+    content->text = count > 1 ? tr("%1 (%2 photos)").arg(text).arg(count) : text;
     m_stack.push(new Step(*this, content, 1));
 }
 
 void ManySteps::Change(const QString& text, const QStringList& photos, const EditChange& change)
 {
     const auto content = std::make_shared<Content>();
-    content->text = text;
     ManyReport report;
     const bool isShownToo = std::any_of(photos.begin(), photos.end(),
                                         [this](const QString& photo) { return IsShown(photo); });
@@ -118,7 +120,7 @@ void ManySteps::Change(const QString& text, const QStringList& photos, const Edi
     }
     const QStringList others = FindOthers(photos);
     content->photos += others;
-    Push(content);
+    Push(text, content);
     m_edits.Do(content->states, others, change, report);
 }
 
@@ -140,13 +142,12 @@ void ManySteps::Follow(const QString& text, const EditState& before, const EditS
                        const QStringList& others)
 {
     const auto content = std::make_shared<Content>();
-    content->text = text;
     content->photos = QStringList(Clean(m_shown.getPath())) + others;
     content->states->Set(content->photos.first(), {std::make_shared<const EditState>(before),
                                                    std::make_shared<const EditState>(after)});
     ManyReport report;
     report.changed = 1;
-    Push(content);
+    Push(text, content);
     m_edits.Do(
         content->states, others,
         [before, after](const EditState& edit) { return EditChanges::Follow(edit, before, after); },

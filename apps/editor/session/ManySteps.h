@@ -62,7 +62,7 @@ private:
 
     bool IsShown(const QString& photo) const;
     void ChangeShown(const Content& content, const EditChange& change, ManyReport& report);
-    void Push(const std::shared_ptr<Content>& content);
+    void Push(const QString& text, const std::shared_ptr<Content>& content);
     void Return(const Content& content, ManyDirection direction);
     void ReturnShown(const Content& content, const QString& photo, ManyReport& report);
     void DropIfEmpty(const std::shared_ptr<ManyStates>& states);

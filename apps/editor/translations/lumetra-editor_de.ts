@@ -863,10 +863,6 @@ Sein Teil der Bearbeitung bleibt erhalten, wie er war.</translation>
 <context>
     <name>LumetraEditor::ManyCommands</name>
     <message>
-        <source>%1 (%2 photos)</source>
-        <translation>%1 (%2 Fotos)</translation>
-    </message>
-    <message>
         <source>Paste edit</source>
         <translation>Bearbeitung einfügen</translation>
     </message>
@@ -914,6 +910,10 @@ Sein Teil der Bearbeitung bleibt erhalten, wie er war.</translation>
     <message>
         <source>%1: it has been edited since</source>
         <translation>%1: es wurde seither bearbeitet</translation>
+    </message>
+    <message>
+        <source>%1 (%2 photos)</source>
+        <translation>%1 (%2 Fotos)</translation>
     </message>
 </context>
 <context>

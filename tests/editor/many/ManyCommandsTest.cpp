@@ -19,6 +19,7 @@
 #include <QPushButton>
 #include <QSemaphore>
 #include <QSlider>
+#include <QSpinBox>
 #include <QTest>
 #include <QTimer>
 
@@ -80,10 +81,15 @@ protected:
     }
     QSlider* Exposure() const { return Find<QSlider>("exposureSlider"); }
     QSlider* Intensity() const { return Find<QSlider>("intensitySlider"); }
+    /// Types an intensity of 40 percent.
     void LowerIntensity() const
     {
-        Intensity()->setFocus();
-        QTest::keyClick(Intensity(), Qt::Key_PageDown);
+        auto* const number = Intensity()->parentWidget()->findChild<QSpinBox*>();
+        ASSERT_NE(number, nullptr);
+        number->setFocus();
+        number->selectAll();
+        QTest::keyClicks(number, QStringLiteral("40"));
+        QTest::keyClick(number, Qt::Key_Return);
     }
     void ApplyForGood() const { Find<QPushButton>("applyButton")->click(); }
     Image Draw() const { return DrawWhole(editor->GetHost().GetDrawer()); }
@@ -227,6 +233,7 @@ TEST_F(ManyCommandsTest, clicksAndSlidersGoToAllSelectedPhotos)
     LowerIntensity();
     Finish();
     EXPECT_EQ(editor->GetUndoStack().count(), 3);
+    EXPECT_THAT(FindAction("undo")->text().toStdString(), HasSubstr("(3 photos)"));
 
     Show(photos[2]);
     EXPECT_EQ(Exposure()->value(), 5);
