@@ -28,6 +28,11 @@ EditorActions::EditorActions(QWidget& window, QUndoStack& undoStack)
     quit = Add("quit", {Qt::CTRL + Qt::Key_Q});
     undo = Add("undo", {Qt::CTRL + Qt::Key_Z});
     redo = Add("redo", {Qt::CTRL + Qt::SHIFT + Qt::Key_Z, Qt::CTRL + Qt::Key_Y});
+    copyEdit = Add("copyEdit", {Qt::CTRL + Qt::SHIFT + Qt::Key_C});
+    pasteEdit = Add("pasteEdit", {Qt::CTRL + Qt::SHIFT + Qt::Key_V});
+    pasteParts = Add("pasteParts", {Qt::CTRL + Qt::ALT + Qt::Key_V});
+    putLook = Add("putLook");
+    takeOff = Add("takeOff");
     selectAll = Add("selectAll", {Qt::CTRL + Qt::Key_A});
     selectOne = Add("selectOne", {Qt::CTRL + Qt::SHIFT + Qt::Key_A});
     orderByName = Add("orderByName");
@@ -81,6 +86,26 @@ void EditorActions::ShowSteps()
     redo->setIconText(tr("Redo"));
 }
 
+void EditorActions::SetTargets(int count)
+{
+    m_targets = count;
+    ShowTargets();
+}
+
+/// Commands that change several photos say so in the menu.
+void EditorActions::ShowTargets()
+{
+    const auto show = [this](QAction* action, const QString& one, const QString& many) {
+        SetText(action, m_targets > 1 ? many.arg(m_targets) : one);
+        QString name = one;
+        action->setIconText(name.remove(QLatin1Char('&')));
+    };
+    show(pasteEdit, tr("&Paste Edit"), tr("&Paste Edit on %1 Photos"));
+    show(pasteParts, tr("Paste P&arts of Edit…"), tr("Paste P&arts of Edit on %1 Photos…"));
+    show(putLook, tr("Put &Look on Selected Photos"), tr("Put &Look on All %1 Photos"));
+    show(takeOff, tr("&Take Edit Off"), tr("&Take Edit Off %1 Photos"));
+}
+
 QAction* EditorActions::Add(const char* name, const QList<QKeySequence>& keys)
 {
     auto* const action = new QAction(this);
@@ -102,9 +127,13 @@ void EditorActions::FillMenuBar(QMenuBar& bar)
     m_file->addSeparator();
     m_file->addAction(quit);
     m_edit->addActions({undo, redo});
+    m_edit->addSeparator();
+    m_edit->addActions({copyEdit, pasteEdit, pasteParts});
     photos->addActions({selectAll, selectOne});
     photos->addSeparator();
     photos->addActions({orderByName, orderByTime});
+    photos->addSeparator();
+    photos->addActions({copyEdit, pasteEdit, pasteParts, putLook, takeOff});
     photos->addSeparator();
     photos->addAction(refresh);
     m_view->addActions({fit, actualSize, zoomIn, zoomOut});
@@ -159,6 +188,8 @@ void EditorActions::Translate()
     SetText(closePhoto, tr("&Close Photo"));
     SetText(quit, tr("&Quit"));
     ShowSteps();
+    SetText(copyEdit, tr("&Copy Edit"));
+    ShowTargets();
     SetText(selectAll, tr("Select &All Photos"));
     SetText(selectOne, tr("Select &Only This Photo"));
     SetText(orderByName, tr("Order by &Name"));

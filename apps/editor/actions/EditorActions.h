@@ -38,6 +38,9 @@ public:
     /// Enables or disables the commands that need a row of photos.
     void SetRowEnabled(bool enabled);
 
+    /// Tells on how many photos the commands for several ones work.
+    void SetTargets(int count);
+
     /// All commands with a key, in the order of the menus.
     std::vector<QAction*> GetKeyed() const;
 
@@ -52,6 +55,11 @@ public:
     QAction* quit;
     QAction* undo;
     QAction* redo;
+    QAction* copyEdit;
+    QAction* pasteEdit;
+    QAction* pasteParts;
+    QAction* putLook;
+    QAction* takeOff;
     QAction* fit;
     QAction* actualSize;
     QAction* zoomIn;
@@ -79,6 +87,7 @@ private:
     void SetText(QAction* action, const QString& text);
     void ConnectUndo();
     void ShowSteps();
+    void ShowTargets();
 
     QWidget& m_window;
     QUndoStack& m_undoStack;
@@ -86,6 +95,7 @@ private:
     QActionGroup* m_orders;
     QActionGroup* m_languages;
     std::vector<QAction*> m_all;
+    int m_targets = 0;
     QMenu *m_file, *m_edit, *m_view, *m_palette, *m_language, *m_help;
 };
 

@@ -17,12 +17,10 @@
 
 namespace LumetraEditor {
 
-/// Keeps the edit of a photo in a file beside it, "PHOTO.lumetra.json", or in the user's own folder
-/// (KeptEdits) while that file cannot be written. Written beside the GUI thread, whole or not at
-/// all; of several states in a row the last one is written. A file is never lost from which the
-/// edit on the photo does not come, because it cannot be read, is older, of another photo, or was
-/// written by another program since it was read or written here: it is copied to a dated name
-/// before it is written over.
+class EditWriter;
+
+/// Keeps the edit of the photo that is shown in its file, see EditWriter. Written beside the GUI
+/// thread; of several states in a row the last one is written.
 class Sidecar : public QObject
 {
     Q_OBJECT
@@ -62,14 +60,13 @@ signals:
     void notice(const QString& message);
 
 private:
-    struct Place;
     struct Job;
 
     void ReportAll();
     void Report(const Job& job);
     void ReportKeptElsewhere(const Job& job);
 
-    std::shared_ptr<Place> m_place; ///< of the photo opened last
+    std::shared_ptr<EditWriter> m_writer; ///< of the photo opened last; only the jobs write
     bool m_isOfOtherPhoto = false;
     QString m_problem;
     QStringList m_toldFolders; ///< those of which the user knows that they cannot be written

@@ -115,6 +115,13 @@ std::optional<QString> GuardedPanel::KeepLook(const NewLook& look)
     return problem;
 }
 
+bool GuardedPanel::KeepsLooks()
+{
+    bool keepsLooks = false;
+    GuardPanel([&](IEditorPanel& panel) { keepsLooks = panel.GetLookKeeper() != nullptr; });
+    return m_isUsable && keepsLooks;
+}
+
 QString GuardedPanel::FindKeptLook(const QString& id)
 {
     QString name;

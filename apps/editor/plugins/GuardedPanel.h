@@ -55,6 +55,7 @@ public:
     /// Gives the look to the panel: why it is not kept, or empty. Nothing when the panel keeps no
     /// looks.
     std::optional<QString> KeepLook(const NewLook& look);
+    bool KeepsLooks();
     /// The name of a look that the panel keeps; empty when it keeps none of that id.
     QString FindKeptLook(const QString& id);
     /// Why the look has not got the effects; empty when it has.

@@ -77,6 +77,23 @@ QString Panels::StoreLook(const NewLook& look)
     return tr("There is no panel that keeps looks.");
 }
 
+QString Panels::FindLookModule() const
+{
+    for (const auto& panel : m_panels)
+        if (panel->KeepsLooks())
+            return panel->GetId();
+    return {};
+}
+
+std::vector<std::pair<QString, QString>> Panels::GetTitles() const
+{
+    std::vector<std::pair<QString, QString>> titles;
+    for (const auto& panel : m_panels)
+        if (panel->IsUsable())
+            titles.emplace_back(panel->GetId(), panel->GetTitle());
+    return titles;
+}
+
 QString Panels::FindLookName(const QString& id) const
 {
     for (const auto& panel : m_panels)

@@ -9,6 +9,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace LumetraEditor {
@@ -40,6 +41,10 @@ public:
     void PackagesCommitted(const QString& module, const std::set<std::string>& owners);
     /// Gives the look to the first panel that keeps looks; returns why it is not kept, or empty.
     QString StoreLook(const NewLook& look);
+    /// The id of the first module whose panel keeps looks; empty when there is none.
+    QString FindLookModule() const;
+    /// The ids and titles of the panels in use.
+    std::vector<std::pair<QString, QString>> GetTitles() const;
     QString FindLookName(const QString& id) const;
     QString UpdateLook(const QString& id, const Zorvik::Quindle::EffectsSettings& settings);
     bool HasUnsavedChanges() const;

@@ -8,6 +8,7 @@
 #include "plugins/ModuleWorkspace.h"
 #include "session/CommandStep.h"
 #include "session/DrawnLayers.h"
+#include "session/EditStep.h"
 #include "session/EffectDescriptions.h"
 #include "workspace/WorkspaceController.h"
 
@@ -19,12 +20,10 @@
 #include <QUndoCommand>
 
 #include <algorithm>
-#include <functional>
 #include <set>
 #include <utility>
 
 namespace LumetraEditor {
-namespace {
 
 using LumetraHost::AsyncPreviews;
 using LumetraHost::EditLayer;
@@ -35,42 +34,11 @@ using LumetraHost::PhotoIdentity;
 using LumetraHost::WorkspaceController;
 using Zorvik::Quindle::EffectsSettings;
 
-/// One step of an edit on the undo stack: the states before and after it. The step has been done
-/// before it is made, so the first redo() does nothing.
-class EditStep : public QUndoCommand
-{
-public:
-    using Restore = std::function<void(const EditState& state)>;
-
-    EditStep(const QString& text, EditState before, EditState after, Restore restore)
-        : QUndoCommand(text), m_before(std::move(before)), m_after(std::move(after)),
-          m_restore(std::move(restore))
-    {
-    }
-
-    void undo() override
-    {
-        m_isDone = false;
-        m_restore(m_before);
-    }
-    void redo() override
-    {
-        if (!std::exchange(m_isDone, true))
-            m_restore(m_after);
-    }
-
-private:
-    EditState m_before;
-    EditState m_after;
-    Restore m_restore;
-    bool m_isDone = true;
-};
-
-} // namespace
-
 Editor::Editor(QObject* parent)
     : QObject(parent), m_workspace(std::make_shared<WorkspaceController>()),
-      m_previews(std::make_unique<AsyncPreviews>(m_workspace->GetDrawer(), this))
+      m_previews(std::make_unique<AsyncPreviews>(m_workspace->GetDrawer(), this)),
+      m_manySteps(m_undoStack, {[this] { return m_path; }, [this] { return GetEdit(); },
+                                [this](const EditState& edit) { PutEdit(edit); }})
 {
     LumetraHost::RegisterEffects();
     connect(&m_loader, &PhotoLoader::loaded, this, &Editor::TakePhoto);
@@ -158,11 +126,12 @@ bool Editor::MayLeavePhoto()
 void Editor::SetPhoto(const QString& path, const Photo& photo, const PhotoIdentity& identity)
 {
     SaveEdit();
-    m_undoStack.clear();
+    m_manySteps.ForgetOwnSteps();
     ShowOnPhoto(nullptr);
     m_path = path;
     m_photo = photo;
     m_state = {};
+    m_found.reset();
     m_mayLoseEdit = false;
     m_workspace->GetDrawer().SetPhoto(photo.image);
     {
@@ -176,9 +145,10 @@ void Editor::SetPhoto(const QString& path, const Photo& photo, const PhotoIdenti
 
 void Editor::OpenSidecar(const PhotoIdentity& identity)
 {
-    const auto kept = m_sidecar.Open(m_path, identity);
-    if (kept)
-        RestoreEdit(*kept);
+    m_manySteps.Settle(m_path);
+    m_found = m_sidecar.Open(m_path, identity);
+    if (m_found)
+        RestoreEdit(*m_found);
     m_state = CaptureEdit(); // a panel may have left something out
 }
 
@@ -193,6 +163,7 @@ void Editor::SettleEditOfOtherPhoto()
     if (!isAnew)
         return KeepEdit(); // saves the answer, so that nobody is asked again
     m_sidecar.StartAnew();
+    m_found.reset();
     RestoreEdit(EditState());
     m_state = CaptureEdit();
 }
@@ -267,7 +238,23 @@ void Editor::DiscardUnsavedChanges()
 void Editor::KeepEdit()
 {
     m_mayLoseEdit = false;
+    m_found.reset();
     m_sidecar.Write(m_state);
+}
+
+/// The edit as its file has it, or as it is after further steps. A panel may show less than it was
+/// given, so that what is found and what is captured are two forms of one edit.
+EditState Editor::GetEdit() const
+{
+    EditState now = CaptureEdit();
+    return m_found && now == m_state ? *m_found : now;
+}
+
+void Editor::PutEdit(const EditState& edit)
+{
+    RestoreEdit(edit);
+    m_state = CaptureEdit();
+    KeepEdit();
 }
 
 void Editor::SaveEdit()
@@ -374,13 +361,17 @@ void Editor::NoteEdit(const QString& text)
 {
     if (m_isRestoring || !HasPhoto())
         return;
-    EditState after = CaptureEdit();
+    const EditState after = CaptureEdit();
     if (after == m_state)
         return;
-    const auto restore = [this](const EditState& state) { RestoreStep(state); };
-    m_undoStack.push(new EditStep(text, m_state, after, restore));
-    m_state = std::move(after);
+    const EditState before = std::exchange(m_state, after);
     KeepEdit();
+    const QStringList others = m_manySteps.FindOthers(m_followers ? m_followers() : QStringList());
+    const auto restore = [this](const EditState& state) { RestoreStep(state); };
+    if (others.isEmpty())
+        m_undoStack.push(new EditStep(text, before, after, restore));
+    else
+        m_manySteps.Follow(text, before, after, others);
 }
 
 void Editor::PushUndo(QUndoCommand* command)

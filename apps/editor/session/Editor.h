@@ -6,6 +6,7 @@
 #include "edit/Sidecar.h"
 #include "edits/EditState.h"
 #include "plugins/Panels.h"
+#include "session/ManySteps.h"
 #include "session/PhotoLoader.h"
 
 #include <QObject>
@@ -14,6 +15,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace LumetraHost {
@@ -60,6 +62,11 @@ public:
 
     LumetraHost::WorkspaceController& GetHost() { return *m_workspace; }
     QUndoStack& GetUndoStack() { return m_undoStack; }
+    /// Steps on several photos, the one that is shown among them or not.
+    ManySteps& GetManySteps() { return m_manySteps; }
+    /// Photos that every step goes to which a panel notes on the photo that is shown. It need not
+    /// be left out. Asked for at each step; an empty function: none.
+    void SetFollowers(const std::function<QStringList()>& followers) { m_followers = followers; }
     /// The package that a panel shows without having applied it; empty again after the next edit.
     const std::optional<Zorvik::Quindle::EffectsSettings>& GetShownOnTop() const
     {
@@ -79,6 +86,10 @@ public:
     GuardedPanel* AddPanel(const LoadedPlugin& plugin);
     /// Removes all panels. To be called before their widgets are deleted.
     void RemovePanels();
+    /// The ids and titles of the modules with panels in use, in the order of their tabs.
+    std::vector<std::pair<QString, QString>> GetModules() const { return m_panels.GetTitles(); }
+    /// The id of the module that keeps the user's looks; empty when there is none.
+    QString FindLookModule() const { return m_panels.FindLookModule(); }
     /// True when a panel shows a look that is not applied for good.
     bool HasUnsavedChanges() const { return m_panels.HasUnsavedChanges(); }
     /// False when a panel has to keep something else and the user wants to see to it.
@@ -87,6 +98,8 @@ public:
     void DiscardUnsavedChanges();
     /// Returns when the edit as it is at this moment is on the disk.
     void SaveEdit();
+    /// The edit as it is at this moment; without a photo empty.
+    LumetraHost::EditState GetEdit() const;
     /// The layers of the edit, bottom first.
     std::vector<LumetraHost::EditLayer> CaptureLayers() const { return CaptureEdit().layers; }
     /// Sets a layer of CaptureLayers() on or off, as a step. A layer that is off is neither shown
@@ -154,6 +167,8 @@ private:
                                        std::size_t position) const;
     void RestoreEdit(const LumetraHost::EditState& state);
     void RestoreStep(const LumetraHost::EditState& state);
+    /// Gives the photo another edit, as a part of a step, and saves it.
+    void PutEdit(const LumetraHost::EditState& edit);
     /// Makes the workspace of a module, whose commits the other modules hear of.
     std::shared_ptr<Zorvik::Lumetra::IWorkspaceController> MakeWorkspace(const QString& module);
     LumetraHost::EditState RunCommand(const std::function<void()>& command);
@@ -172,12 +187,15 @@ private:
     Panels m_panels;
     std::optional<Zorvik::Quindle::EffectsSettings> m_shownOnTop;
     std::shared_ptr<const LumetraHost::DisplayTransform> m_display;
-    LumetraHost::EditState m_state; ///< after the last step
+    LumetraHost::EditState m_state;                ///< after the last step
+    std::optional<LumetraHost::EditState> m_found; ///< in the photo's file, until it is written
     bool m_isRestoring = false;
     bool m_mayLoseEdit = false; ///< the user lets m_state go unsaved
     EditorQuestions m_questions;
     Sidecar m_sidecar;
     QUndoStack m_undoStack;
+    std::function<QStringList()> m_followers;
+    ManySteps m_manySteps;
 };
 
 } // namespace LumetraEditor

@@ -510,6 +510,42 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <source>Photo S&amp;trip</source>
         <translation>Foto&amp;streifen</translation>
     </message>
+    <message>
+        <source>&amp;Paste Edit</source>
+        <translation>Bearbeitung &amp;einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Edit on %1 Photos</source>
+        <translation>Bearbeitung in %1 Fotos &amp;einfügen</translation>
+    </message>
+    <message>
+        <source>Paste P&amp;arts of Edit…</source>
+        <translation>&amp;Teile der Bearbeitung einfügen…</translation>
+    </message>
+    <message>
+        <source>Paste P&amp;arts of Edit on %1 Photos…</source>
+        <translation>&amp;Teile der Bearbeitung in %1 Fotos einfügen…</translation>
+    </message>
+    <message>
+        <source>Put &amp;Look on Selected Photos</source>
+        <translation>&amp;Look auf die ausgewählten Fotos legen</translation>
+    </message>
+    <message>
+        <source>Put &amp;Look on All %1 Photos</source>
+        <translation>&amp;Look auf alle %1 Fotos legen</translation>
+    </message>
+    <message>
+        <source>&amp;Take Edit Off</source>
+        <translation>Bearbeitung &amp;abnehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Take Edit Off %1 Photos</source>
+        <translation>Bearbeitung von %1 Fotos &amp;abnehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Edit</source>
+        <translation>Bearbeitung &amp;kopieren</translation>
+    </message>
 </context>
 <context>
     <name>LumetraEditor::EditorWindow</name>
@@ -693,10 +729,38 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
     </message>
 </context>
 <context>
+    <name>LumetraEditor::FiledEdit</name>
+    <message>
+        <source>the photo cannot be read</source>
+        <translation>das Foto kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>its edit cannot be read: %1</source>
+        <translation>seine Bearbeitung kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>it was replaced or changed by another program since it was edited; open it to decide about its edit</source>
+        <translation>es wurde ersetzt oder von einem anderen Programm geändert, seit es bearbeitet wurde; öffnen Sie es, um über seine Bearbeitung zu entscheiden</translation>
+    </message>
+</context>
+<context>
     <name>LumetraEditor::FolderScan</name>
     <message>
         <source>The folder “%1” cannot be read.</source>
         <translation>Der Ordner „%1“ kann nicht gelesen werden.</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::FollowSwitch</name>
+    <message>
+        <source>Changes go to all %1 photos</source>
+        <translation>Änderungen gelten für alle %1 Fotos</translation>
+    </message>
+    <message>
+        <source>Looks and sliders change all selected photos, in one step that can be undone.
+Switched off, they change the photo that is shown.</source>
+        <translation>Looks und Regler ändern alle ausgewählten Fotos, in einem Schritt, der zurückgenommen werden kann.
+Ausgeschaltet ändern sie das Foto, das gezeigt wird.</translation>
     </message>
 </context>
 <context>
@@ -737,6 +801,119 @@ Sein Teil der Bearbeitung bleibt erhalten, wie er war.</translation>
     <message>
         <source>Shadows at the left, highlights at the right</source>
         <translation>Links die Schatten, rechts die Lichter</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::ManyCommands</name>
+    <message>
+        <source>Paste edit</source>
+        <translation>Bearbeitung einfügen</translation>
+    </message>
+    <message>
+        <source>Put look on photos</source>
+        <translation>Look auf Fotos legen</translation>
+    </message>
+    <message>
+        <source>Take edit off</source>
+        <translation>Bearbeitung abnehmen</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::ManyEdits</name>
+    <message>
+        <source>An earlier edit is kept as %1</source>
+        <translation>Eine frühere Bearbeitung bleibt als %1 erhalten</translation>
+    </message>
+    <message>
+        <source>Edits that cannot be kept beside their photos are kept in %1.</source>
+        <translation>Bearbeitungen, die nicht neben ihren Fotos aufbewahrt werden können, liegen in %1.</translation>
+    </message>
+    <message>
+        <source>it has been edited since</source>
+        <translation>es wurde seither bearbeitet</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::ManyProgress</name>
+    <message>
+        <source>Edit on %1 of %2 photos</source>
+        <translation>%1 von %2 Fotos bearbeitet</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Stop changing photos</source>
+        <translation>Das Ändern der Fotos anhalten</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::ManySteps</name>
+    <message>
+        <source>%1 (%2 photos)</source>
+        <translation>%1 (%2 Fotos)</translation>
+    </message>
+    <message>
+        <source>%1: it has been edited since</source>
+        <translation>%1: es wurde seither bearbeitet</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::ManyTexts</name>
+    <message>
+        <source>1 left as it was</source>
+        <translation>1 blieb, wie es war</translation>
+    </message>
+    <message>
+        <source>%1 left as they were</source>
+        <translation>%1 blieben, wie sie waren</translation>
+    </message>
+    <message>
+        <source>%1 (%2 %)</source>
+        <translation>%1 (%2 %)</translation>
+    </message>
+    <message>
+        <source>1 layer</source>
+        <translation>1 Ebene</translation>
+    </message>
+    <message>
+        <source>%1 layers</source>
+        <translation>%1 Ebenen</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+    <message>
+        <source>No photo changed</source>
+        <translation>Kein Foto geändert</translation>
+    </message>
+    <message>
+        <source>1 photo changed</source>
+        <translation>1 Foto geändert</translation>
+    </message>
+    <message>
+        <source>%1 photos changed</source>
+        <translation>%1 Fotos geändert</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>stopped before the rest</source>
+        <translation>vor den übrigen angehalten</translation>
+    </message>
+    <message>
+        <source>The edit has not come to all selected photos yet.
+
+Save finishes that before the program ends,
+Discard leaves the other photos as they are.</source>
+        <translation>Die Bearbeitung ist noch nicht auf allen ausgewählten Fotos.
+
+„Speichern“ führt das zu Ende, bevor das Programm endet,
+„Verwerfen“ lässt die übrigen Fotos, wie sie sind.</translation>
     </message>
 </context>
 <context>
@@ -792,6 +969,37 @@ Sein Teil der Bearbeitung bleibt erhalten, wie er war.</translation>
     <message>
         <source>There is no such look among yours.</source>
         <translation>Unter Ihren Looks gibt es diesen nicht.</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::PasteDialog</name>
+    <message>
+        <source>In place of the &amp;same parts</source>
+        <translation>Anstelle der &amp;gleichen Teile</translation>
+    </message>
+    <message>
+        <source>On &amp;top of all layers</source>
+        <translation>&amp;Über allen Ebenen</translation>
+    </message>
+    <message>
+        <source>Paste Edit</source>
+        <translation>Bearbeitung einfügen</translation>
+    </message>
+    <message>
+        <source>Paste on the photo:</source>
+        <translation>In das Foto einfügen:</translation>
+    </message>
+    <message>
+        <source>Paste on %1 photos:</source>
+        <translation>In %1 Fotos einfügen:</translation>
+    </message>
+    <message>
+        <source>Other layers</source>
+        <translation>Andere Ebenen</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Einfügen</translation>
     </message>
 </context>
 <context>

@@ -15,6 +15,7 @@
 #include "export/ExportGuard.h"
 #include "histogram/HistogramFeed.h"
 #include "histogram/HistogramWidget.h"
+#include "many/ManyCommands.h"
 #include "plugins/PluginLoader.h"
 #include "session/Editor.h"
 #include "strip/PhotoBrowser.h"
@@ -76,6 +77,7 @@ EditorWindow::EditorWindow(Editor& editor)
       m_placeText(new QLabel(this)), m_zoomText(new QLabel(this)),
       m_progress(new QProgressBar(this)), m_cancel(new QToolButton(this)),
       m_export(new ExportCommand(editor, m_settings, *this)),
+      m_many(new ManyCommands(editor, *m_actions, m_settings, *this)),
       m_monitor(new MonitorColours(editor, *this)),
       m_browser(new PhotoBrowser(editor, m_settings, *m_photos, *m_strip, this))
 {
@@ -145,6 +147,7 @@ void EditorWindow::BuildCentre()
     frame->setContentsMargins(16, 16, 16, 8);
     frame->addWidget(m_histogram);
     column->addLayout(frame);
+    column->addWidget(&m_many->GetFollowSwitch());
     column->addWidget(m_panels, 1);
 
     m_splitter->setStretchFactor(0, 1);
@@ -169,6 +172,7 @@ void EditorWindow::BuildStatusBar()
     m_cancel->setFocusPolicy(Qt::StrongFocus);
     m_cancel->setAutoRaise(true);
     m_cancel->hide();
+    statusBar()->addPermanentWidget(&m_many->GetProgress());
     statusBar()->addPermanentWidget(m_progress);
     statusBar()->addPermanentWidget(m_cancel);
     statusBar()->addPermanentWidget(m_placeText);
@@ -232,6 +236,7 @@ void EditorWindow::ConnectEditor()
     connect(&m_editor, &Editor::noticeGiven, m_messages, [this](const QString& message) {
         m_messages->Show(message, MessageBar::About::Program);
     });
+    connect(m_many, &ManyCommands::told, &m_editor, &Editor::ShowNotice);
     // The bar is raised again, since a page that comes to the front would cover it.
     connect(m_centre, &QStackedWidget::currentChanged, m_messages, &MessageBar::raise);
     connect(m_panelKeys, &PanelKeys::keysTaken, &m_editor, &Editor::ShowNotice);
@@ -260,6 +265,8 @@ void EditorWindow::ConnectBrowser()
             [this](const QStringList& paths) { m_export->GetGuard().AddPhotos(paths); });
     connect(m_browser, &PhotoBrowser::problemFound, m_messages,
             [this](const QString& text) { m_messages->Show(text); });
+    connect(m_browser, &PhotoBrowser::selectionChanged, m_many,
+            [this] { m_many->SetSelection(m_browser->GetSelectedPhotos()); });
     ConnectRowActions(*m_actions, *m_browser, *m_strip);
 }
 
@@ -447,7 +454,7 @@ bool EditorWindow::MayClose()
 {
     if (m_export->GetExporter().IsRunning() && !AskToStopExport(this))
         return false;
-    if (!m_editor.MayEndPanels())
+    if (!m_many->MayEnd() || !m_editor.MayEndPanels())
         return false;
     if (m_editor.HasPhoto() && m_editor.HasUnsavedChanges() && !AskToLeaveEdit(m_editor, this))
         return false;

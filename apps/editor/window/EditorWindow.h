@@ -19,6 +19,7 @@ class Editor;
 class EditorActions;
 class ExportCommand;
 class HistogramWidget;
+class ManyCommands;
 class MessageBar;
 class PhotoBrowser;
 class PhotoStrip;
@@ -110,6 +111,7 @@ private:
     QProgressBar* m_progress;
     QToolButton* m_cancel;
     ExportCommand* m_export;
+    ManyCommands* m_many;
     MonitorColours* m_monitor;
     PhotoBrowser* m_browser;
 };
