@@ -11,6 +11,7 @@ class QAction;
 class QActionGroup;
 class QMenu;
 class QMenuBar;
+class QToolBar;
 class QUndoStack;
 class QWidget;
 
@@ -28,15 +29,20 @@ public:
     EditorActions(QWidget& window, QUndoStack& undoStack);
 
     void FillMenuBar(QMenuBar& bar);
+    /// Adds the groups that a tool bar begins with.
+    void FillToolBar(QToolBar& bar);
     void Translate();
     void SetIcons(LumetraHost::PaletteKind kind);
     /// Enables or disables the commands that need a photo.
     void SetPhotoEnabled(bool enabled);
+    /// Enables or disables the commands that need a row of photos.
+    void SetRowEnabled(bool enabled);
 
     /// All commands with a key, in the order of the menus.
     std::vector<QAction*> GetKeyed() const;
 
     QAction* open;
+    QAction* openFolder;
     QMenu* recent;
     QAction* clearRecent;
     QAction* previousPhoto;
@@ -52,9 +58,17 @@ public:
     QAction* zoomOut;
     QAction* split;
     QAction* sidePanel;
+    QAction* strip;
     QAction* fullScreen;
     QAction* light;
     QAction* dark;
+    /// The menu of what is done to photos of the row; also that of the strip.
+    QMenu* photos;
+    QAction* selectAll;
+    QAction* selectOne;
+    QAction* orderByName;
+    QAction* orderByTime;
+    QAction* refresh;
     QAction* english;
     QAction* german;
     QAction* shortcuts;
@@ -69,6 +83,7 @@ private:
     QWidget& m_window;
     QUndoStack& m_undoStack;
     QActionGroup* m_palettes;
+    QActionGroup* m_orders;
     QActionGroup* m_languages;
     std::vector<QAction*> m_all;
     QMenu *m_file, *m_edit, *m_view, *m_palette, *m_language, *m_help;

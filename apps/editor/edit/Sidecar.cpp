@@ -193,6 +193,8 @@ void Sidecar::Report(const Job& job)
     const bool isNews = IsSafe();
     if (job.place == m_place)
         m_problem = job.error;
+    if (job.error.isEmpty())
+        emit written(job.place->photo);
     if (!job.error.isEmpty() && isNews)
         emit problem(
             tr("The edit of “%1” cannot be kept.").arg(QFileInfo(job.place->photo).fileName()) +
