@@ -4,10 +4,10 @@
 #include "image/ImageOrientation.h"
 #include "image/Resize.h"
 #include "photo/colour/ColorConversion.h"
+#include "photo/file/Decoders.h"
 #include "photo/file/PhotoFile.h"
 #include "photo/file/PhotoHead.h"
 #include "photo/file/PhotoLimits.h"
-#include "photo/jpeg/JpegDecoder.h"
 #include "photo/metadata/MetadataTags.h"
 
 #include <exiv2/exiv2.hpp>
@@ -93,7 +93,7 @@ std::optional<EmbeddedPreview> Decode(const Bytes& start, const PhotoHead& head,
     const Bytes content = FindPreview(*file, smallestSide);
     if (content.empty())
         return std::nullopt;
-    DecodedPhoto decoded = JpegDecoder::Decode(content, name, smallestSide);
+    DecodedPhoto decoded = DecodeJpeg(content, name, smallestSide);
     AddProfile(decoded, *file);
     Warnings warnings; // opening the photo tells of damage
     ColorConversion::Settle(decoded, warnings);
