@@ -42,8 +42,9 @@ CommandLine ReadCommandLine(const QApplication& application)
     parser.addOption(modules);
     parser.addPositionalArgument(
         QStringLiteral("FILE"),
-        QStringLiteral("Photos to open; the first one is shown. Files with looks (.lumetra, .zip, "
-                       ".cube and the like) go to the panel that takes them."),
+        QStringLiteral("Photos to open, or folders of photos; the first one is shown. Files with "
+                       "looks (.lumetra, .zip, .cube and the like) go to the panel that takes "
+                       "them."),
         QStringLiteral("[FILE...]"));
     parser.process(application);
     CommandLine line{parser.positionalArguments(), std::nullopt, parser.isSet(modules)};

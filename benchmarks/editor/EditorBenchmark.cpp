@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Measures the editor's answers: the time until its first window, the ticks of an intensity that is
-// dragged, and its memory. Times are real, so another program's work is in them.
+// dragged, thumbnails that load, and its memory. Times are real, so another program's work is in
+// them. With the argument "strip", the strip alone.
+#include "Memory.h"
+#include "StripBenchmark.h"
 #include "WatchedApplication.h"
 
 #include "canvas/CanvasFeed.h"
@@ -24,6 +27,7 @@
 
 namespace {
 
+using LumetraBenchmark::Memory;
 using LumetraBenchmark::WatchedApplication;
 using LumetraHost::Image;
 
@@ -45,18 +49,6 @@ QString WritePhoto(const QTemporaryDir& folder, int width, int height)
     const QString path = folder.filePath(QStringLiteral("%1.jpg").arg(width));
     LumetraHost::PhotoWriter::Write(path, photo);
     return path;
-}
-
-/// A line of /proc/self/status, in megabytes.
-double Memory(const char* key)
-{
-    QFile file(QStringLiteral("/proc/self/status"));
-    if (!file.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray& line : file.readAll().split('\n'))
-        if (line.startsWith(key))
-            return line.simplified().split(' ').value(1).toDouble() / 1024;
-    return 0;
 }
 
 void Send(QWidget& widget, QEvent::Type type, const QPoint& at, Qt::MouseButtons down)
@@ -105,7 +97,8 @@ void Open(LumetraEditor::Editor& editor, LumetraEditor::EditorWindow& window, co
 void ClickFirstLook(LumetraEditor::EditorWindow& window)
 {
     for (auto* const list : window.findChildren<QListView*>()) {
-        if (!list->isVisible() || list->model()->rowCount() < 2)
+        const bool isOfPanel = list->objectName() != QLatin1String("photoStrip");
+        if (!isOfPanel || !list->isVisible() || list->model()->rowCount() < 2)
             continue;
         const QPoint place = list->visualRect(list->model()->index(1, 0)).center();
         Send(*list->viewport(), QEvent::MouseButtonPress, place, Qt::LeftButton);
@@ -168,6 +161,10 @@ int main(int argc, char** argv)
     window.repaint();
     std::printf("first window           %5.0f ms, %4.0f MB\n", sinceStart.nsecsElapsed() / 1e6,
                 Memory("VmRSS"));
+    if (WatchedApplication::arguments().contains(QStringLiteral("strip"))) {
+        LumetraBenchmark::RunStripBenchmark(application, window, folder);
+        return 0;
+    }
 
     const struct
     {
@@ -184,5 +181,6 @@ int main(int argc, char** argv)
                     Memory("VmRSS"), Memory("VmHWM"));
         std::fflush(stdout);
     }
+    LumetraBenchmark::RunStripBenchmark(application, window, folder);
     return 0;
 }

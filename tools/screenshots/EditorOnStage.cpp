@@ -4,6 +4,7 @@
 #include "drawer/previews/AsyncPreviews.h"
 #include "drawer/view/LiveView.h"
 #include "plugins/PluginLoader.h"
+#include "strip/PhotoStripModel.h"
 #include "widgets/CustomToolBoxButton.h"
 
 #include <QAction>
@@ -29,6 +30,7 @@ namespace LumetraScreenshots {
 namespace {
 
 constexpr int SettlingRounds = 6;
+constexpr int FolderPhotos = 24;
 constexpr int PopupGap = 4; // to the edge of the window
 
 void Send(QWidget& widget, QEvent::Type type, const QPoint& at, Qt::MouseButtons down)
@@ -108,6 +110,37 @@ void EditorOnStage::OpenSample()
 {
     m_window->OpenPhotos({CopySample()});
     WaitUntilOpen();
+}
+
+void EditorOnStage::OpenFolder()
+{
+    const QDir folder(m_folder.filePath(QStringLiteral("Evening")));
+    folder.mkpath(QStringLiteral("."));
+    const QImage sample(QStringLiteral(LUMETRA_SAMPLE_PHOTO));
+    const int width = sample.width() / 2;
+    for (int i = 1; i <= FolderPhotos; ++i) {
+        const bool isUpright = i % 4 == 0;
+        const QSize size(isUpright ? width * 2 / 5 : width, width * 2 / 3);
+        const QRect part(QPoint((i * 97) % (sample.width() - size.width()),
+                                (i * 61) % (sample.height() - size.height())),
+                         size);
+        sample.copy(part).save(folder.filePath(QStringLiteral("IMG_%1.jpg").arg(i)));
+    }
+    QFile text(folder.filePath(QStringLiteral("IMG_5.jpg")));
+    if (text.open(QIODevice::WriteOnly))
+        text.write("milk, bread, apples");
+    text.close();
+    m_window->OpenPhotos({folder.path()});
+    while (!m_editor->HasPhoto())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    WaitUntilOpen();
+}
+
+void EditorOnStage::WaitForThumbnails()
+{
+    const auto& photos = *m_window->findChild<LumetraEditor::PhotoStripModel*>();
+    while (!photos.HasAllThumbnails())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 void EditorOnStage::StartOpening()
@@ -227,6 +260,9 @@ void EditorOnStage::Settle()
         m_editor->findChild<LumetraHost::AsyncPreviews*>()->WaitForAll();
         for (auto* const view : m_window->findChildren<LumetraHost::LiveView*>())
             view->WaitForFrame();
+        m_editor->SaveEdit();
+        m_editor->GetManySteps().GetEdits().WaitForAll();
+        WaitForThumbnails();
     }
 }
 

@@ -38,6 +38,8 @@ public:
     QAction& FindAction(const char* name) { return Find<QAction>(name); }
 
     void OpenSample();
+    /// Opens a folder with parts of the sample photo, one file of which is no photo.
+    void OpenFolder();
     /// Begins to open a photo and does not wait: the panel is locked then.
     void StartOpening();
     /// Opens a file that is no photo, under the name of one.
@@ -72,6 +74,7 @@ private:
     QString CopySample();
     QModelIndex FindLook(const QString& name, QAbstractItemView*& view) const;
     void WaitUntilOpen();
+    void WaitForThumbnails();
     QImage Compose(const QPoint& place);
 
     QTemporaryDir m_folder;

@@ -4,6 +4,7 @@
 #include "EditorOnStage.h"
 
 #include "canvas/PhotoCanvas.h"
+#include "strip/PhotoStrip.h"
 #include "window/MessageBar.h"
 #include "window/Questions.h"
 
@@ -29,6 +30,15 @@ const QString Look = QStringLiteral("Candlelight");
 const QString OtherLook = QStringLiteral("Fresh");
 const QString Sample = QStringLiteral("lake.jpg");
 const QString OwnLook = QStringLiteral("My Evening");
+
+void Press(QWidget& widget, int key, Qt::KeyboardModifiers modifiers, int times)
+{
+    for (int i = 0; i < times; ++i)
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, modifiers);
+            QApplication::sendEvent(&widget, &event);
+        }
+}
 
 // Without a photo
 
@@ -73,6 +83,37 @@ QImage PlaySplit(EditorOnStage& stage)
     stage.OpenSample();
     stage.ClickLook(Look);
     stage.FindAction("split").trigger();
+    return stage.Grab();
+}
+
+/// On a small screen, with an edited photo, a file that is no photo, and three selected.
+QImage PlayStrip(EditorOnStage& stage)
+{
+    stage.GetWindow().resize(1366, 768);
+    stage.OpenFolder();
+    stage.ClickLook(Look);
+    auto& strip = *stage.GetWindow().findChild<LumetraEditor::PhotoStrip*>();
+    for (int i = 0; i < 2; ++i)
+        Press(strip, Qt::Key_Right, {}, 1);
+    Press(strip, Qt::Key_Right, Qt::ShiftModifier, 2);
+    return stage.Grab();
+}
+
+/// One look on several photos, one of which cannot be changed.
+QImage PlayMany(EditorOnStage& stage)
+{
+    stage.GetWindow().resize(1366, 768);
+    stage.OpenFolder();
+    auto& strip = *stage.GetWindow().findChild<LumetraEditor::PhotoStrip*>();
+    Press(strip, Qt::Key_Right, Qt::ShiftModifier, 5);
+    stage.ClickLook(Look);
+    return stage.Grab();
+}
+
+QImage PlaySmallStrip(EditorOnStage& stage)
+{
+    stage.GetWindow().resize(600, 480);
+    stage.OpenFolder();
     return stage.Grab();
 }
 
@@ -163,15 +204,6 @@ QImage PlayAdjust(EditorOnStage& stage)
     return stage.Grab();
 }
 
-void Press(QWidget& widget, int key, Qt::KeyboardModifiers modifiers, int times)
-{
-    for (int i = 0; i < times; ++i)
-        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(type, key, modifiers);
-            QApplication::sendEvent(&widget, &event);
-        }
-}
-
 QImage PlayCurve(EditorOnStage& stage)
 {
     Adjust(stage);
@@ -236,6 +268,14 @@ QImage PlayToolTip(EditorOnStage& stage)
 QImage WithDialog(EditorOnStage& stage, QAction& command, const std::function<void()>& work = {})
 {
     return stage.GrabWithPopups([&command] { command.trigger(); }, {}, work);
+}
+
+QImage PlayPaste(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(Look);
+    stage.FindAction("copyEdit").trigger();
+    return WithDialog(stage, stage.FindAction("pasteParts"));
 }
 
 QImage PlayExport(EditorOnStage& stage)
@@ -361,6 +401,9 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("opening"), PlayOpening},
         {QStringLiteral("zoom"), PlayZoom},
         {QStringLiteral("split"), PlaySplit, "light-en@1x"},
+        {QStringLiteral("strip"), PlayStrip, "dark-en@1x"},
+        {QStringLiteral("small-strip"), PlaySmallStrip},
+        {QStringLiteral("many"), PlayMany},
         {QStringLiteral("message"), PlayMessage, "dark-de@1x"},
         {QStringLiteral("look"), PlayLook, "dark-en@1x"},
         {QStringLiteral("hover"), PlayHover, "light-de@2x"},
@@ -377,6 +420,7 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("menu"), PlayMenu, "light-en@1x"},
         {QStringLiteral("view-menu"), PlayViewMenu},
         {QStringLiteral("tool-tip"), PlayToolTip},
+        {QStringLiteral("paste"), PlayPaste},
         {QStringLiteral("export"), PlayExport, "dark-de@1x"},
         {QStringLiteral("save"), PlaySave, "light-en@1x"},
         {QStringLiteral("taken"), PlayTaken},

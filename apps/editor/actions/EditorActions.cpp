@@ -7,17 +7,20 @@
 #include <QActionGroup>
 #include <QMenu>
 #include <QMenuBar>
+#include <QToolBar>
 #include <QUndoStack>
 
 namespace LumetraEditor {
 
 EditorActions::EditorActions(QWidget& window, QUndoStack& undoStack)
-    : QObject(&window), recent(new QMenu(&window)), m_window(window), m_undoStack(undoStack),
-      m_palettes(new QActionGroup(this)), m_languages(new QActionGroup(this)),
-      m_file(new QMenu(&window)), m_edit(new QMenu(&window)), m_view(new QMenu(&window)),
-      m_palette(new QMenu(&window)), m_language(new QMenu(&window)), m_help(new QMenu(&window))
+    : QObject(&window), recent(new QMenu(&window)), photos(new QMenu(&window)), m_window(window),
+      m_undoStack(undoStack), m_palettes(new QActionGroup(this)), m_orders(new QActionGroup(this)),
+      m_languages(new QActionGroup(this)), m_file(new QMenu(&window)), m_edit(new QMenu(&window)),
+      m_view(new QMenu(&window)), m_palette(new QMenu(&window)), m_language(new QMenu(&window)),
+      m_help(new QMenu(&window))
 {
     open = Add("open", {Qt::CTRL + Qt::Key_O});
+    openFolder = Add("openFolder", {Qt::CTRL + Qt::SHIFT + Qt::Key_O});
     previousPhoto = Add("previousPhoto", {Qt::CTRL + Qt::Key_PageUp});
     nextPhoto = Add("nextPhoto", {Qt::CTRL + Qt::Key_PageDown});
     exportPhoto = Add("exportPhoto", {Qt::CTRL + Qt::Key_E});
@@ -30,12 +33,18 @@ EditorActions::EditorActions(QWidget& window, QUndoStack& undoStack)
     pasteParts = Add("pasteParts", {Qt::CTRL + Qt::ALT + Qt::Key_V});
     putLook = Add("putLook");
     takeOff = Add("takeOff");
+    selectAll = Add("selectAll", {Qt::CTRL + Qt::Key_A});
+    selectOne = Add("selectOne", {Qt::CTRL + Qt::SHIFT + Qt::Key_A});
+    orderByName = Add("orderByName");
+    orderByTime = Add("orderByTime");
+    refresh = Add("refresh", {Qt::Key_F5});
     fit = Add("fit", {Qt::CTRL + Qt::Key_0});
     actualSize = Add("actualSize", {Qt::CTRL + Qt::Key_1});
     zoomIn = Add("zoomIn", {Qt::CTRL + Qt::Key_Plus, Qt::CTRL + Qt::Key_Equal});
     zoomOut = Add("zoomOut", {Qt::CTRL + Qt::Key_Minus});
     split = Add("split", {Qt::CTRL + Qt::Key_B});
     sidePanel = Add("sidePanel", {Qt::Key_F9});
+    strip = Add("strip", {Qt::Key_F8});
     fullScreen = Add("fullScreen", {Qt::Key_F11});
     shortcuts = Add("shortcuts", {Qt::Key_F1});
     clearRecent = Add("clearRecent");
@@ -44,8 +53,11 @@ EditorActions::EditorActions(QWidget& window, QUndoStack& undoStack)
     english = Add("english");
     german = Add("german");
     about = Add("about");
-    for (QAction* const action : {split, sidePanel, fullScreen, dark, light, english, german})
+    for (QAction* const action : {split, sidePanel, strip, fullScreen, orderByName, orderByTime,
+                                  dark, light, english, german})
         action->setCheckable(true);
+    for (QAction* const action : {orderByName, orderByTime})
+        m_orders->addAction(action);
     for (QAction* const action : {dark, light})
         m_palettes->addAction(action);
     for (QAction* const action : {english, german})
@@ -106,7 +118,7 @@ QAction* EditorActions::Add(const char* name, const QList<QKeySequence>& keys)
 
 void EditorActions::FillMenuBar(QMenuBar& bar)
 {
-    m_file->addAction(open);
+    m_file->addActions({open, openFolder});
     m_file->addMenu(recent);
     m_file->addSeparator();
     m_file->addActions({previousPhoto, nextPhoto});
@@ -116,18 +128,35 @@ void EditorActions::FillMenuBar(QMenuBar& bar)
     m_file->addAction(quit);
     m_edit->addActions({undo, redo});
     m_edit->addSeparator();
-    m_edit->addActions({copyEdit, pasteEdit, pasteParts, putLook, takeOff});
+    m_edit->addActions({copyEdit, pasteEdit, pasteParts});
+    photos->addActions({selectAll, selectOne});
+    photos->addSeparator();
+    photos->addActions({orderByName, orderByTime});
+    photos->addSeparator();
+    photos->addActions({copyEdit, pasteEdit, pasteParts, putLook, takeOff});
+    photos->addSeparator();
+    photos->addAction(refresh);
     m_view->addActions({fit, actualSize, zoomIn, zoomOut});
     m_view->addSeparator();
-    m_view->addActions({split, sidePanel, fullScreen});
+    m_view->addActions({split, sidePanel, strip, fullScreen});
     m_view->addSeparator();
     m_palette->addActions({dark, light});
     m_language->addActions({english, german});
     m_view->addMenu(m_palette);
     m_view->addMenu(m_language);
     m_help->addActions({shortcuts, about});
-    for (QMenu* const menu : {m_file, m_edit, m_view, m_help})
+    for (QMenu* const menu : {m_file, m_edit, photos, m_view, m_help})
         bar.addMenu(menu);
+}
+
+void EditorActions::FillToolBar(QToolBar& bar)
+{
+    const QList<QAction*> groups[] = {
+        {open, previousPhoto, nextPhoto}, {undo, redo}, {zoomOut, zoomIn, fit, actualSize}};
+    for (const QList<QAction*>& group : groups) {
+        bar.addActions(group);
+        bar.addSeparator();
+    }
 }
 
 /// Sets the text, and the tool tip of a tool button, which names the key too.
@@ -144,12 +173,14 @@ void EditorActions::Translate()
 {
     m_file->setTitle(tr("&File"));
     m_edit->setTitle(tr("&Edit"));
+    photos->setTitle(tr("&Photos"));
     m_view->setTitle(tr("&View"));
     m_palette->setTitle(tr("&Theme"));
     m_language->setTitle(tr("&Language"));
     m_help->setTitle(tr("&Help"));
     recent->setTitle(tr("Open &Recent"));
     SetText(open, tr("&Open…"));
+    SetText(openFolder, tr("Open &Folder…"));
     SetText(clearRecent, tr("&Clear List"));
     SetText(previousPhoto, tr("&Previous Photo"));
     SetText(nextPhoto, tr("&Next Photo"));
@@ -159,12 +190,18 @@ void EditorActions::Translate()
     ShowSteps();
     SetText(copyEdit, tr("&Copy Edit"));
     ShowTargets();
+    SetText(selectAll, tr("Select &All Photos"));
+    SetText(selectOne, tr("Select &Only This Photo"));
+    SetText(orderByName, tr("Order by &Name"));
+    SetText(orderByTime, tr("Order by &Time Taken"));
+    SetText(refresh, tr("&Read Folder Again"));
     SetText(fit, tr("&Fit to Window"));
     SetText(actualSize, tr("&Actual Size"));
     SetText(zoomIn, tr("Zoom &In"));
     SetText(zoomOut, tr("Zoom &Out"));
     SetText(split, tr("&Before and After"));
     SetText(sidePanel, tr("&Side Panel"));
+    SetText(strip, tr("Photo S&trip"));
     SetText(fullScreen, tr("F&ull Screen"));
     SetText(dark, tr("&Dark"));
     SetText(light, tr("&Light"));
@@ -183,7 +220,8 @@ void EditorActions::SetIcons(LumetraHost::PaletteKind kind)
         {redo, "redo"},      {exportPhoto, "export"},
         {fit, "fit"},        {actualSize, "actual-size"},
         {zoomIn, "zoom-in"}, {zoomOut, "zoom-out"},
-        {split, "split"},    {sidePanel, "panel"}};
+        {split, "split"},    {sidePanel, "panel"},
+        {strip, "strip"}};
     for (const auto& [action, name] : icons)
         action->setIcon(MakeIcon(QLatin1String(name), kind));
 }
@@ -191,6 +229,12 @@ void EditorActions::SetIcons(LumetraHost::PaletteKind kind)
 void EditorActions::SetPhotoEnabled(bool enabled)
 {
     for (QAction* const action : {exportPhoto, closePhoto, fit, actualSize, zoomIn, zoomOut, split})
+        action->setEnabled(enabled);
+}
+
+void EditorActions::SetRowEnabled(bool enabled)
+{
+    for (QAction* const action : {selectAll, selectOne, refresh, strip})
         action->setEnabled(enabled);
 }
 

@@ -11,6 +11,7 @@ class QAction;
 class QActionGroup;
 class QMenu;
 class QMenuBar;
+class QToolBar;
 class QUndoStack;
 class QWidget;
 
@@ -28,10 +29,14 @@ public:
     EditorActions(QWidget& window, QUndoStack& undoStack);
 
     void FillMenuBar(QMenuBar& bar);
+    /// Adds the groups that a tool bar begins with.
+    void FillToolBar(QToolBar& bar);
     void Translate();
     void SetIcons(LumetraHost::PaletteKind kind);
     /// Enables or disables the commands that need a photo.
     void SetPhotoEnabled(bool enabled);
+    /// Enables or disables the commands that need a row of photos.
+    void SetRowEnabled(bool enabled);
 
     /// Tells on how many photos the commands for several ones work.
     void SetTargets(int count);
@@ -40,6 +45,7 @@ public:
     std::vector<QAction*> GetKeyed() const;
 
     QAction* open;
+    QAction* openFolder;
     QMenu* recent;
     QAction* clearRecent;
     QAction* previousPhoto;
@@ -60,9 +66,17 @@ public:
     QAction* zoomOut;
     QAction* split;
     QAction* sidePanel;
+    QAction* strip;
     QAction* fullScreen;
     QAction* light;
     QAction* dark;
+    /// The menu of what is done to photos of the row; also that of the strip.
+    QMenu* photos;
+    QAction* selectAll;
+    QAction* selectOne;
+    QAction* orderByName;
+    QAction* orderByTime;
+    QAction* refresh;
     QAction* english;
     QAction* german;
     QAction* shortcuts;
@@ -78,6 +92,7 @@ private:
     QWidget& m_window;
     QUndoStack& m_undoStack;
     QActionGroup* m_palettes;
+    QActionGroup* m_orders;
     QActionGroup* m_languages;
     std::vector<QAction*> m_all;
     int m_targets = 0;

@@ -27,6 +27,7 @@ ShortcutsDialog::ShortcutsDialog(const EditorActions& actions, QWidget* parent)
     m_list->setUniformRowHeights(true);
     AddCommands(actions);
     AddPhotoKeys();
+    AddStripKeys();
     m_list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
 
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
@@ -83,6 +84,14 @@ void ShortcutsDialog::AddPhotoKeys()
     AddSection(tr("Photo, while it has the focus"));
     AddRow(tr("See the original"), tr("Space held"));
     AddRow(tr("Move"), tr("Arrow keys"));
+}
+
+void ShortcutsDialog::AddStripKeys()
+{
+    AddSection(tr("Photo strip, while it has the focus"));
+    AddRow(tr("Open another photo"), tr("Left, Right, Page Up, Page Down, Home, End"));
+    AddRow(tr("Select up to there"), tr("Shift with these keys"));
+    AddRow(tr("Select only the current photo"), tr("Esc"));
 }
 
 void ShortcutsDialog::AddPanel(const QString& title, const QWidget& panel)

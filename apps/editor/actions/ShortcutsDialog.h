@@ -26,6 +26,7 @@ public:
 private:
     void AddCommands(const EditorActions& actions);
     void AddPhotoKeys();
+    void AddStripKeys();
     void AddSection(const QString& title);
     void AddRow(const QString& text, const QString& keys);
     void AddRow(const QString& text, const QList<QKeySequence>& keys);

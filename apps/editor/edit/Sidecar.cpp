@@ -90,6 +90,8 @@ void Sidecar::Report(const Job& job)
     const auto& [besideError, error, setAside] = job.outcome;
     if (job.writer == m_writer)
         m_problem = error;
+    if (error.isEmpty())
+        emit written(job.writer->GetPhoto());
     if (!error.isEmpty() && isNews)
         emit problem(tr("The edit of “%1” cannot be kept.")
                          .arg(QFileInfo(job.writer->GetPhoto()).fileName()) +

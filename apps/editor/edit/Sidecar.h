@@ -52,6 +52,8 @@ public:
     QString GetProblem() const { return m_problem; }
 
 signals:
+    /// An edit of this photo has been written, at either place.
+    void written(const QString& photo);
     /// A sentence with the file's name.
     void problem(const QString& message);
     /// A sentence about files elsewhere, which counts for other photos too.

@@ -40,8 +40,8 @@ bool IsOwnFile(const QString& path)
 void ExportGuard::AddPhotos(const QStringList& paths)
 {
     const std::lock_guard lock(m_mutex);
-    m_photos.append(paths);
-    m_photos.removeDuplicates();
+    for (const QString& path : paths)
+        m_photos.insert(path);
 }
 
 void ExportGuard::SetOpenPhoto(const QString& path)

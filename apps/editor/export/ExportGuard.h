@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -31,7 +32,7 @@ private:
     QString FindPhoto(const QString& output) const;
 
     mutable std::mutex m_mutex; ///< guards the rest
-    QStringList m_photos;
+    QSet<QString> m_photos;
     QString m_openPhoto;
 };
 

@@ -48,6 +48,8 @@ Editor::Editor(QObject* parent)
     if (auto* const application = qobject_cast<GuardedApplication*>(QCoreApplication::instance()))
         connect(application, &GuardedApplication::eventFailed, this, &Editor::TakeFailure);
     connect(&m_sidecar, &Sidecar::problem, this, &Editor::messageGiven);
+    connect(&m_sidecar, &Sidecar::written, this, &Editor::editSaved);
+    connect(&m_manySteps.GetEdits(), &ManyEdits::editChanged, this, &Editor::editSaved);
     connect(&m_sidecar, &Sidecar::notice, this, &Editor::noticeGiven);
     m_workspace->GetDrawer().AddObserver(this);
 }
@@ -102,6 +104,7 @@ void Editor::RefusePhoto(const QString& path, const QString& problem)
 {
     LockDrawer(false);
     emit openingEnded();
+    emit photoRefused(path, problem);
     ShowMessage(tr("“%1” cannot be opened.").arg(QFileInfo(path).fileName()) + QLatin1Char('\n') +
                 problem);
 }

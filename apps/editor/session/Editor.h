@@ -136,6 +136,10 @@ signals:
     void openingEnded();
     /// Another photo is open, or none.
     void photoChanged();
+    /// This photo cannot be opened; `problem` says why, with the file's name.
+    void photoRefused(const QString& path, const QString& problem);
+    /// The edit of this photo has been written to the disk.
+    void editSaved(const QString& path);
     void shownOnTopChanged();
     void displayChanged();
     void messageGiven(const QString& text);

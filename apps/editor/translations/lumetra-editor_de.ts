@@ -479,6 +479,38 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <translation>Wiederholen</translation>
     </message>
     <message>
+        <source>&amp;Photos</source>
+        <translation>&amp;Fotos</translation>
+    </message>
+    <message>
+        <source>Open &amp;Folder…</source>
+        <translation>&amp;Ordner öffnen …</translation>
+    </message>
+    <message>
+        <source>Select &amp;All Photos</source>
+        <translation>&amp;Alle Fotos auswählen</translation>
+    </message>
+    <message>
+        <source>Select &amp;Only This Photo</source>
+        <translation>Nur &amp;dieses Foto auswählen</translation>
+    </message>
+    <message>
+        <source>Order by &amp;Name</source>
+        <translation>Nach &amp;Namen ordnen</translation>
+    </message>
+    <message>
+        <source>Order by &amp;Time Taken</source>
+        <translation>Nach Aufnahme&amp;zeit ordnen</translation>
+    </message>
+    <message>
+        <source>&amp;Read Folder Again</source>
+        <translation>&amp;Ordner neu lesen</translation>
+    </message>
+    <message>
+        <source>Photo S&amp;trip</source>
+        <translation>Foto&amp;streifen</translation>
+    </message>
+    <message>
         <source>&amp;Paste Edit</source>
         <translation>Bearbeitung &amp;einfügen</translation>
     </message>
@@ -517,14 +549,6 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
 </context>
 <context>
     <name>LumetraEditor::EditorWindow</name>
-    <message>
-        <source>Open Photos</source>
-        <translation>Fotos öffnen</translation>
-    </message>
-    <message>
-        <source>Photos (%1);;All files (*)</source>
-        <translation>Fotos (%1);;Alle Dateien (*)</translation>
-    </message>
     <message>
         <source>%1: no panel takes files of this kind</source>
         <translation>%1: kein Bedienfeld nimmt Dateien dieser Art an</translation>
@@ -808,6 +832,13 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
     </message>
 </context>
 <context>
+    <name>LumetraEditor::FolderScan</name>
+    <message>
+        <source>The folder “%1” cannot be read.</source>
+        <translation>Der Ordner „%1“ kann nicht gelesen werden.</translation>
+    </message>
+</context>
+<context>
     <name>LumetraEditor::FollowSwitch</name>
     <message>
         <source>Changes go to all %1 photos</source>
@@ -908,12 +939,12 @@ Sein Teil der Bearbeitung bleibt erhalten, wie er war.</translation>
 <context>
     <name>LumetraEditor::ManySteps</name>
     <message>
-        <source>%1: it has been edited since</source>
-        <translation>%1: es wurde seither bearbeitet</translation>
-    </message>
-    <message>
         <source>%1 (%2 photos)</source>
         <translation>%1 (%2 Fotos)</translation>
+    </message>
+    <message>
+        <source>%1: it has been edited since</source>
+        <translation>%1: es wurde seither bearbeitet</translation>
     </message>
 </context>
 <context>
@@ -996,6 +1027,21 @@ Discard leaves the other photos as they are.</source>
     </message>
 </context>
 <context>
+    <name>LumetraEditor::OpenDialogs</name>
+    <message>
+        <source>Open Photos</source>
+        <translation>Fotos öffnen</translation>
+    </message>
+    <message>
+        <source>Photos (%1);;All files (*)</source>
+        <translation>Fotos (%1);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+</context>
+<context>
     <name>LumetraEditor::PanelKeys</name>
     <message>
         <source>Keys of the panel “%1” are taken already: %2</source>
@@ -1045,6 +1091,21 @@ Discard leaves the other photos as they are.</source>
     </message>
 </context>
 <context>
+    <name>LumetraEditor::PhotoBrowser</name>
+    <message>
+        <source>There are no photos in “%1”.</source>
+        <translation>In „%1“ sind keine Fotos.</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1, %2 selected</source>
+        <translation>%1, %2 ausgewählt</translation>
+    </message>
+</context>
+<context>
     <name>LumetraEditor::PhotoCanvas</name>
     <message>
         <source>Photo</source>
@@ -1064,6 +1125,28 @@ Discard leaves the other photos as they are.</source>
     <message>
         <source>%1: there is not enough memory for this photo</source>
         <translation>%1: der Speicher reicht für dieses Foto nicht aus</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::PhotoStrip</name>
+    <message>
+        <source>Photos</source>
+        <translation>Fotos</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::PhotoStripModel</name>
+    <message>
+        <source>cannot be opened</source>
+        <translation>kann nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>edited</source>
+        <translation>bearbeitet</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
     </message>
 </context>
 <context>
@@ -1204,6 +1287,30 @@ Die Bearbeitung verwerfen und das Foto verlassen?</translation>
     <message>
         <source>Space held</source>
         <translation>Leertaste gedrückt halten</translation>
+    </message>
+    <message>
+        <source>Photo strip, while it has the focus</source>
+        <translation>Fotostreifen, solange er den Fokus hat</translation>
+    </message>
+    <message>
+        <source>Open another photo</source>
+        <translation>Ein anderes Foto öffnen</translation>
+    </message>
+    <message>
+        <source>Left, Right, Page Up, Page Down, Home, End</source>
+        <translation>Links, Rechts, Bild auf, Bild ab, Pos1, Ende</translation>
+    </message>
+    <message>
+        <source>Select up to there</source>
+        <translation>Bis dorthin auswählen</translation>
+    </message>
+    <message>
+        <source>Shift with these keys</source>
+        <translation>Umschalt mit diesen Tasten</translation>
+    </message>
+    <message>
+        <source>Select only the current photo</source>
+        <translation>Nur das aktuelle Foto auswählen</translation>
     </message>
 </context>
 <context>

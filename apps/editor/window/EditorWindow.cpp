@@ -18,12 +18,18 @@
 #include "many/ManyCommands.h"
 #include "plugins/PluginLoader.h"
 #include "session/Editor.h"
+#include "strip/PhotoBrowser.h"
+#include "strip/PhotoStrip.h"
+#include "strip/PhotoStripModel.h"
+#include "strip/ThumbnailMaker.h"
 #include "window/AboutDialog.h"
 #include "window/FileDrop.h"
 #include "window/MessageBar.h"
+#include "window/OpenDialogs.h"
 #include "window/PanelTabs.h"
 #include "window/PhotoText.h"
 #include "window/Questions.h"
+#include "window/RowActions.h"
 #include "window/StartPage.h"
 #include "window/WindowPlace.h"
 #include "workspace/WorkspaceController.h"
@@ -31,7 +37,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
@@ -51,9 +56,9 @@ using LumetraHost::PaletteKind;
 
 const QString GeometryKey = QStringLiteral("window/geometry");
 const QString SplitterKey = QStringLiteral("window/splitter");
+const QString ColumnKey = QStringLiteral("window/column");
 const QString MonitorProfileKey = QStringLiteral("monitorProfile");
 const QString StatisticsFileKey = QStringLiteral("statisticsFile");
-const QString FolderKey = QStringLiteral("folders/open");
 constexpr int SideWidth = 336;
 
 } // namespace
@@ -61,16 +66,20 @@ constexpr int SideWidth = 336;
 EditorWindow::EditorWindow(Editor& editor)
     : m_editor(editor), m_actions(new EditorActions(*this, editor.GetUndoStack())),
       m_toolBar(new QToolBar(this)), m_compare(new QToolButton(this)),
-      m_splitter(new QSplitter(this)), m_centre(new QStackedWidget(m_splitter)),
-      m_start(new StartPage(m_centre)), m_canvas(new PhotoCanvas(m_centre)),
-      m_side(new QWidget(m_splitter)), m_histogram(new HistogramWidget(m_side)),
-      m_panels(new PanelTabs(m_side)),
+      m_splitter(new QSplitter(this)), m_column(new QSplitter(Qt::Vertical, m_splitter)),
+      m_centre(new QStackedWidget(m_column)), m_start(new StartPage(m_centre)),
+      m_canvas(new PhotoCanvas(m_centre)),
+      m_photos(new PhotoStripModel(&ThumbnailMaker::Make, this)),
+      m_strip(new PhotoStrip(*m_photos, m_column)), m_side(new QWidget(m_splitter)),
+      m_histogram(new HistogramWidget(m_side)), m_panels(new PanelTabs(m_side)),
       m_panelKeys(new PanelKeys(*this, [this](QWidget& panel) { RevealPanel(panel); })),
       m_messages(new MessageBar(m_centre)), m_photoText(new QLabel(this)),
-      m_zoomText(new QLabel(this)), m_progress(new QProgressBar(this)),
-      m_cancel(new QToolButton(this)), m_export(new ExportCommand(editor, m_settings, *this)),
+      m_placeText(new QLabel(this)), m_zoomText(new QLabel(this)),
+      m_progress(new QProgressBar(this)), m_cancel(new QToolButton(this)),
+      m_export(new ExportCommand(editor, m_settings, *this)),
       m_many(new ManyCommands(editor, *m_actions, m_settings, *this)),
-      m_monitor(new MonitorColours(editor, *this))
+      m_monitor(new MonitorColours(editor, *this)),
+      m_browser(new PhotoBrowser(editor, m_settings, *m_photos, *m_strip, this))
 {
     setObjectName(QStringLiteral("editorWindow"));
     new CanvasFeed(editor, *m_canvas, this); // these belong to the window
@@ -84,6 +93,7 @@ EditorWindow::EditorWindow(Editor& editor)
     ConnectActions();
     ConnectEditor();
     ConnectExporter();
+    ConnectBrowser();
     RestoreSettings();
     ShowPhoto();
 }
@@ -100,13 +110,7 @@ void EditorWindow::BuildToolBar()
     m_toolBar->setMovable(false);
     m_toolBar->setContextMenuPolicy(Qt::PreventContextMenu);
     m_toolBar->setIconSize({20, 20});
-    const auto addGroup = [this](const QList<QAction*>& actions) {
-        m_toolBar->addActions(actions);
-        m_toolBar->addSeparator();
-    };
-    addGroup({m_actions->open, m_actions->previousPhoto, m_actions->nextPhoto});
-    addGroup({m_actions->undo, m_actions->redo});
-    addGroup({m_actions->zoomOut, m_actions->zoomIn, m_actions->fit, m_actions->actualSize});
+    m_actions->FillToolBar(*m_toolBar);
     m_compare->setObjectName(QStringLiteral("compare"));
     m_compare->setFocusPolicy(Qt::StrongFocus);
     m_toolBar->addWidget(m_compare);
@@ -114,7 +118,7 @@ void EditorWindow::BuildToolBar()
     auto* const gap = new QWidget(m_toolBar);
     gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     m_toolBar->addWidget(gap);
-    m_toolBar->addActions({m_actions->exportPhoto, m_actions->sidePanel});
+    m_toolBar->addActions({m_actions->exportPhoto, m_actions->strip, m_actions->sidePanel});
     for (QAction* const action : m_toolBar->actions())
         if (auto* const button = qobject_cast<QToolButton*>(m_toolBar->widgetForAction(action)))
             button->setFocusPolicy(Qt::TabFocus);
@@ -126,6 +130,11 @@ void EditorWindow::BuildCentre()
     m_splitter->setObjectName(QStringLiteral("splitter"));
     m_splitter->setChildrenCollapsible(false);
     m_splitter->setHandleWidth(1);
+    m_column->setObjectName(QStringLiteral("column"));
+    m_column->setChildrenCollapsible(false);
+    m_column->setHandleWidth(1);
+    m_column->setStretchFactor(0, 1);
+    m_column->setStretchFactor(1, 0);
     m_centre->addWidget(m_start);
     m_centre->addWidget(m_canvas);
 
@@ -151,6 +160,7 @@ void EditorWindow::BuildStatusBar()
 {
     m_photoText->setObjectName(QStringLiteral("photoText"));
     m_photoText->setTextFormat(Qt::PlainText);
+    m_placeText->setObjectName(QStringLiteral("placeText"));
     m_zoomText->setObjectName(QStringLiteral("zoomText"));
     m_progress->setObjectName(QStringLiteral("progress"));
     m_progress->setFixedWidth(160);
@@ -165,6 +175,7 @@ void EditorWindow::BuildStatusBar()
     statusBar()->addPermanentWidget(&m_many->GetProgress());
     statusBar()->addPermanentWidget(m_progress);
     statusBar()->addPermanentWidget(m_cancel);
+    statusBar()->addPermanentWidget(m_placeText);
     statusBar()->addPermanentWidget(m_zoomText);
 }
 
@@ -173,9 +184,8 @@ void EditorWindow::ConnectActions()
     const auto on = [this](QAction* action, auto&& operation) {
         connect(action, &QAction::triggered, this, operation);
     };
-    on(m_actions->open, [this] { AskForPhoto(); });
-    on(m_actions->previousPhoto, [this] { OpenNeighbour(-1); });
-    on(m_actions->nextPhoto, [this] { OpenNeighbour(1); });
+    on(m_actions->open, [this] { TakeFiles(AskForPhotos(m_settings, this)); });
+    on(m_actions->openFolder, [this] { OpenPhotos(AskForFolder(m_settings, this)); });
     on(m_actions->exportPhoto, [this] { m_export->Ask(); });
     on(m_actions->closePhoto, [this] { m_editor.ClosePhoto(); });
     on(m_actions->quit, [this] { close(); });
@@ -200,7 +210,7 @@ void EditorWindow::ConnectActions()
     });
     connect(m_compare, &QToolButton::pressed, this, [this] { m_canvas->SetComparing(true); });
     connect(m_compare, &QToolButton::released, this, [this] { m_canvas->SetComparing(false); });
-    connect(m_start, &StartPage::openRequested, this, &EditorWindow::AskForPhoto);
+    connect(m_start, &StartPage::openRequested, m_actions->open, &QAction::trigger);
     connect(m_start, &StartPage::photoRequested, this,
             [this](const QString& path) { OpenPhotos({path}); });
 }
@@ -248,11 +258,24 @@ void EditorWindow::ConnectExporter()
     });
 }
 
+void EditorWindow::ConnectBrowser()
+{
+    connect(m_browser, &PhotoBrowser::placeChanged, this, &EditorWindow::ShowPlace);
+    connect(m_browser, &PhotoBrowser::photosFound, this,
+            [this](const QStringList& paths) { m_export->GetGuard().AddPhotos(paths); });
+    connect(m_browser, &PhotoBrowser::problemFound, m_messages,
+            [this](const QString& text) { m_messages->Show(text); });
+    connect(m_browser, &PhotoBrowser::selectionChanged, m_many,
+            [this] { m_many->SetSelection(m_browser->GetSelectedPhotos()); });
+    ConnectRowActions(*m_actions, *m_browser, *m_strip);
+}
+
 void EditorWindow::RestoreSettings()
 {
     m_actions->sidePanel->setChecked(true);
     RestorePlace(*this, m_settings.Get(GeometryKey).toByteArray(), {1280, 800});
     m_splitter->restoreState(m_settings.Get(SplitterKey).toByteArray());
+    m_column->restoreState(m_settings.Get(ColumnKey).toByteArray());
     m_monitor->Use(m_settings.Get(MonitorProfileKey).toString());
     m_editor.GetHost().GetStatisticsLog().SetPath(m_settings.Get(StatisticsFileKey).toString());
     UsePalette(m_settings.GetPalette());
@@ -295,38 +318,9 @@ void EditorWindow::RevealPanel(QWidget& panel)
     m_panels->setCurrentWidget(&panel);
 }
 
-void EditorWindow::AskForPhoto()
-{
-    const QStringList paths = QFileDialog::getOpenFileNames(
-        this, tr("Open Photos"), m_settings.Get(FolderKey).toString(),
-        tr("Photos (%1);;All files (*)")
-            .arg(QStringLiteral(
-                "*.jpg *.jpeg *.jpe *.png *.tif *.tiff *.webp *.heic *.heif *.avif *.dng "
-                "*.cr2 *.cr3 *.nef *.arw *.orf *.raf *.rw2 *.pef")));
-    if (paths.isEmpty())
-        return;
-    m_settings.Set(FolderKey, QFileInfo(paths.first()).absolutePath());
-    TakeFiles(paths);
-}
-
 void EditorWindow::OpenPhotos(const QStringList& paths)
 {
-    PhotoList photos;
-    photos.Replace(paths);
-    if (photos.GetCurrent().isEmpty() || !m_editor.OpenPhoto(photos.GetCurrent()))
-        return;
-    m_photos = photos;
-    m_export->GetGuard().AddPhotos(photos.GetPaths());
-    UpdateNeighbours();
-}
-
-void EditorWindow::OpenNeighbour(int step)
-{
-    const QString path = m_photos.GetNeighbour(step);
-    if (path.isEmpty() || !m_editor.OpenPhoto(path))
-        return;
-    m_photos.Step(step);
-    UpdateNeighbours();
+    m_browser->Open(paths);
 }
 
 void EditorWindow::TakeFiles(const QStringList& paths)
@@ -372,13 +366,13 @@ void EditorWindow::ShowPhoto()
                             : QStringLiteral("Lumetra"));
     m_photoText->setText(hasPhoto ? DescribePhoto(m_editor.GetPhotoPath(), m_editor.GetPhoto())
                                   : QString());
-    UpdateNeighbours();
+    ShowPlace();
 }
 
-void EditorWindow::UpdateNeighbours()
+void EditorWindow::ShowPlace()
 {
-    m_actions->previousPhoto->setEnabled(!m_photos.GetNeighbour(-1).isEmpty());
-    m_actions->nextPhoto->setEnabled(!m_photos.GetNeighbour(1).isEmpty());
+    m_placeText->setText(m_browser->GetPlaceText());
+    m_placeText->setVisible(!m_placeText->text().isEmpty());
 }
 
 void EditorWindow::ShowZoom(double zoom)
@@ -450,6 +444,8 @@ void EditorWindow::changeEvent(QEvent* event)
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         Translate();
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        m_browser->Refresh(); // other programs may have changed the folder meanwhile
     if (event->type() == QEvent::WindowStateChange)
         m_actions->fullScreen->setChecked(windowState().testFlag(Qt::WindowFullScreen));
 }
@@ -474,6 +470,7 @@ void EditorWindow::closeEvent(QCloseEvent* event)
     m_editor.SaveEdit();
     m_settings.Set(GeometryKey, saveGeometry());
     m_settings.Set(SplitterKey, m_splitter->saveState());
+    m_settings.Set(ColumnKey, m_column->saveState());
     event->accept();
 }
 

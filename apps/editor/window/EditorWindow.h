@@ -3,7 +3,6 @@
 
 #include "settings/EditorSettings.h"
 #include "style/StyleColours.h"
-#include "window/PhotoList.h"
 
 #include <QMainWindow>
 
@@ -22,6 +21,9 @@ class ExportCommand;
 class HistogramWidget;
 class ManyCommands;
 class MessageBar;
+class PhotoBrowser;
+class PhotoStrip;
+class PhotoStripModel;
 class MonitorColours;
 class PanelKeys;
 class PanelTabs;
@@ -44,9 +46,11 @@ public:
     void LoadPanels(const QStringList& folders);
     /// Places the module's panel; a module that fails is reported.
     void AddPanel(const LoadedPlugin& plugin);
-    /// Opens the first photo; the others follow by "Next Photo". Replaces an earlier list.
+    /// Opens photos and folders of photos, see PhotoBrowser::Open().
     void OpenPhotos(const QStringList& paths);
-    /// Opens photos, and hands files with looks to the panel that takes them.
+    /// The photos of the window and the selection among them.
+    PhotoBrowser& GetBrowser() { return *m_browser; }
+    /// Opens photos and folders, and hands files with looks to the panel that takes them.
     void TakeFiles(const QStringList& paths);
 
     /// See MonitorColours::Use(); until the program ends.
@@ -70,8 +74,7 @@ private:
 
     void ConnectExporter();
     /// Takes files that are dropped on the window: opens photos, hands other files to the panels.
-    void AskForPhoto();
-    void OpenNeighbour(int step);
+    void ConnectBrowser();
     void ShowPhoto();
     void ShowZoom(double zoom);
     void ShowOpening(const QString& path);
@@ -79,34 +82,38 @@ private:
     void ShowRecentPhotos();
     void ShowShortcuts();
     void RevealPanel(QWidget& panel);
-    void UpdateNeighbours();
+    void ShowPlace();
     void Translate();
     bool MayClose();
 
     Editor& m_editor;
     EditorSettings m_settings;
-    PhotoList m_photos;
     LumetraHost::PaletteKind m_palette = LumetraHost::PaletteKind::Dark;
 
     EditorActions* m_actions;
     QToolBar* m_toolBar;
     QToolButton* m_compare;
     QSplitter* m_splitter;
+    QSplitter* m_column; ///< the photo and the strip below it
     QStackedWidget* m_centre;
     StartPage* m_start;
     PhotoCanvas* m_canvas;
+    PhotoStripModel* m_photos;
+    PhotoStrip* m_strip;
     QWidget* m_side;
     HistogramWidget* m_histogram;
     PanelTabs* m_panels;
     PanelKeys* m_panelKeys;
     MessageBar* m_messages;
     QLabel* m_photoText;
+    QLabel* m_placeText;
     QLabel* m_zoomText;
     QProgressBar* m_progress;
     QToolButton* m_cancel;
     ExportCommand* m_export;
     ManyCommands* m_many;
     MonitorColours* m_monitor;
+    PhotoBrowser* m_browser;
 };
 
 } // namespace LumetraEditor

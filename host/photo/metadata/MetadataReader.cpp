@@ -10,26 +10,6 @@
 namespace LumetraHost {
 namespace {
 
-constexpr long AdobeRgbColorSpace = 2; // outside the standard, but written by several makers
-
-int GetOrientation(const Exiv2::ExifData& tags)
-{
-    const auto tag = tags.findKey(Exiv2::ExifKey("Exif.Image.Orientation"));
-    if (tag == tags.end() || tag->count() < 1)
-        return 0;
-    const long value = tag->toLong();
-    return value >= 1 && value <= 8 ? static_cast<int>(value) : 0;
-}
-
-bool SaysAdobeRgb(const Exiv2::ExifData& tags)
-{
-    const auto index = tags.findKey(Exiv2::ExifKey("Exif.Iop.InteroperabilityIndex"));
-    if (index != tags.end() && index->toString() == "R03")
-        return true;
-    const auto space = tags.findKey(Exiv2::ExifKey("Exif.Photo.ColorSpace"));
-    return space != tags.end() && space->count() == 1 && space->toLong() == AdobeRgbColorSpace;
-}
-
 std::string Unreadable(const std::string& block)
 {
     return "the " + block + " cannot be read and are left out";
@@ -37,8 +17,8 @@ std::string Unreadable(const std::string& block)
 
 void ReadExif(Exiv2::ExifData tags, Exiv2::ByteOrder order, MetadataReader::Result& result)
 {
-    result.orientation = GetOrientation(tags);
-    result.adobeRgb = SaysAdobeRgb(tags);
+    result.orientation = MetadataTags::GetOrientation(tags);
+    result.adobeRgb = MetadataTags::SaysAdobeRgb(tags);
     MetadataTags::RemoveStorageTags(tags);
     Exiv2::ExifThumb(tags).erase();
     result.metadata.exif = MetadataTags::EncodeExif(tags, order);

@@ -89,6 +89,8 @@ const Exiv2::byte* Data(const QByteArray& block)
 /// Below this size it drops nothing.
 constexpr long SmallestLargeExif = 32'000; // bytes
 
+constexpr long AdobeRgbColorSpace = 2; // outside the standard, but written by several makers
+
 constexpr int MostNamedFields = 3; // in a warning
 
 /// Bytes of the values of all tags.
@@ -219,6 +221,24 @@ Exiv2::ByteOrder MetadataTags::DecodeExif(const QByteArray& block, Exiv2::ExifDa
     if (order == Exiv2::invalidByteOrder)
         throw Exiv2::Error(Exiv2::kerErrorMessage, "the EXIF block is damaged");
     return order;
+}
+
+int MetadataTags::GetOrientation(const Exiv2::ExifData& tags)
+{
+    const auto tag = tags.findKey(Exiv2::ExifKey("Exif.Image.Orientation"));
+    if (tag == tags.end() || tag->count() < 1)
+        return 0;
+    const long value = tag->toLong();
+    return value >= 1 && value <= 8 ? static_cast<int>(value) : 0;
+}
+
+bool MetadataTags::SaysAdobeRgb(const Exiv2::ExifData& tags)
+{
+    const auto index = tags.findKey(Exiv2::ExifKey("Exif.Iop.InteroperabilityIndex"));
+    if (index != tags.end() && index->toString() == "R03")
+        return true;
+    const auto space = tags.findKey(Exiv2::ExifKey("Exif.Photo.ColorSpace"));
+    return space != tags.end() && space->count() == 1 && space->toLong() == AdobeRgbColorSpace;
 }
 
 QByteArray MetadataTags::EncodeIptc(const Exiv2::IptcData& records)

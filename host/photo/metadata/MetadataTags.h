@@ -31,6 +31,9 @@ public:
                                  Warnings& warnings);
     /// Returns the byte order that the block is written in.
     static Exiv2::ByteOrder DecodeExif(const QByteArray& block, Exiv2::ExifData& tags);
+    /// 1..8 as the tags have it, else 0.
+    static int GetOrientation(const Exiv2::ExifData& tags);
+    static bool SaysAdobeRgb(const Exiv2::ExifData& tags);
     static QByteArray EncodeIptc(const Exiv2::IptcData& records);
     static Exiv2::IptcData DecodeIptc(const QByteArray& block);
 

@@ -146,6 +146,7 @@ bool BelongsToText(const QString& key)
                                        QStringLiteral("0"),
                                        QStringLiteral("1"),
                                        QStringLiteral("Del"),
+                                       QStringLiteral("Ctrl+A"),
                                        QStringLiteral("Ctrl+Z"),
                                        QStringLiteral("Ctrl+Shift+Z"),
                                        QStringLiteral("Ctrl+Y"),

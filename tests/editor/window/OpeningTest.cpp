@@ -140,11 +140,6 @@ TEST_F(OpeningTest, refusesAHeaderThatPromisesTooMuch)
     ExpectRefused(WriteFile("bomb.png", bomb), "bomb.png");
 }
 
-TEST_F(OpeningTest, refusesAFolder)
-{
-    ExpectRefused(Path("."), "expected");
-}
-
 TEST_F(OpeningTest, refusesAFileThatCannotBeRead)
 {
     // Reading there fails for everybody; permissions would not stop root.
