@@ -285,6 +285,7 @@ void EditorOnStage::Settle()
         for (auto* const view : m_window->findChildren<LumetraHost::LiveView*>())
             view->WaitForFrame();
         m_editor->SaveEdit();
+        m_editor->GetManySteps().GetEdits().WaitForAll();
         WaitForThumbnails();
     }
 }

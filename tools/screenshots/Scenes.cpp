@@ -102,6 +102,17 @@ QImage PlayStrip(EditorOnStage& stage)
     return stage.Grab();
 }
 
+/// One look on several photos, one of which cannot be changed.
+QImage PlayMany(EditorOnStage& stage)
+{
+    stage.GetWindow().resize(1366, 768);
+    stage.OpenFolder();
+    auto& strip = *stage.GetWindow().findChild<LumetraEditor::PhotoStrip*>();
+    Press(strip, Qt::Key_Right, Qt::ShiftModifier, 5);
+    stage.ClickLook(Look);
+    return stage.Grab();
+}
+
 QImage PlaySmallStrip(EditorOnStage& stage)
 {
     stage.GetWindow().resize(600, 480);
@@ -260,6 +271,14 @@ QImage PlayToolTip(EditorOnStage& stage)
 QImage WithDialog(EditorOnStage& stage, QAction& command, const std::function<void()>& work = {})
 {
     return stage.GrabWithPopups([&command] { command.trigger(); }, {}, work);
+}
+
+QImage PlayPaste(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(Look);
+    stage.FindAction("copyEdit").trigger();
+    return WithDialog(stage, stage.FindAction("pasteParts"));
 }
 
 QImage PlayExport(EditorOnStage& stage)
@@ -431,6 +450,7 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("split"), PlaySplit, "light-en@1x"},
         {QStringLiteral("strip"), PlayStrip, "dark-en@1x"},
         {QStringLiteral("small-strip"), PlaySmallStrip},
+        {QStringLiteral("many"), PlayMany},
         {QStringLiteral("message"), PlayMessage, "dark-de@1x"},
         {QStringLiteral("look"), PlayLook, "dark-en@1x"},
         {QStringLiteral("hover"), PlayHover, "light-de@1x"},
@@ -450,6 +470,7 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("menu"), PlayMenu, "light-en@1x"},
         {QStringLiteral("view-menu"), PlayViewMenu},
         {QStringLiteral("tool-tip"), PlayToolTip},
+        {QStringLiteral("paste"), PlayPaste},
         {QStringLiteral("export"), PlayExport, "dark-de@1x"},
         {QStringLiteral("save"), PlaySave, "light-en@1x"},
         {QStringLiteral("taken"), PlayTaken},

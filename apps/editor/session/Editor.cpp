@@ -49,6 +49,7 @@ Editor::Editor(QObject* parent)
         connect(application, &GuardedApplication::eventFailed, this, &Editor::TakeFailure);
     connect(&m_sidecar, &Sidecar::problem, this, &Editor::messageGiven);
     connect(&m_sidecar, &Sidecar::written, this, &Editor::editSaved);
+    connect(&m_manySteps.GetEdits(), &ManyEdits::editChanged, this, &Editor::editSaved);
     connect(&m_sidecar, &Sidecar::notice, this, &Editor::noticeGiven);
     m_workspace->GetDrawer().AddObserver(this);
 }

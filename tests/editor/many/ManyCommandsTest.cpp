@@ -6,7 +6,9 @@
 
 #include "edits/EditFile.h"
 #include "many/FollowSwitch.h"
-#include "many/ManyCommands.h"
+#include "strip/PhotoBrowser.h"
+#include "strip/PhotoStrip.h"
+#include "strip/PhotoStripModel.h"
 #include "userdata/EditPlaces.h"
 #include "workspace/WorkspaceController.h"
 
@@ -15,6 +17,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QFile>
+#include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
 #include <QSemaphore>
@@ -26,7 +29,7 @@
 #include <gmock/gmock.h>
 
 using namespace LumetraTest;
-using LumetraEditor::ManyCommands;
+using LumetraEditor::PhotoStrip;
 using LumetraHost::DrawWhole;
 using LumetraHost::EditFile;
 using LumetraHost::EditState;
@@ -58,9 +61,15 @@ protected:
         WaitUntil([this] { return !editor->IsOpening(); });
     }
     LumetraEditor::ManyEdits& Edits() const { return editor->GetManySteps().GetEdits(); }
+    PhotoStrip& Strip() const { return GetPart<PhotoStrip>(); }
     void Select(const QStringList& selection) const
     {
-        GetPart<ManyCommands>().SetSelection(selection);
+        const auto& row = GetPart<LumetraEditor::PhotoStripModel>();
+        QItemSelection rows;
+        for (const QString& photo : selection)
+            rows.select(row.index(row.FindRow(photo)), row.index(row.FindRow(photo)));
+        Strip().selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
+        ASSERT_EQ(window->GetBrowser().GetSelectedPhotos().size(), selection.size());
     }
     /// All changes are on the disk and have been told.
     void Finish() const
@@ -76,7 +85,7 @@ protected:
     }
     void Show(const QString& photo)
     {
-        editor->OpenPhoto(photo);
+        emit Strip().chosen(photo);
         Wait();
     }
     QSlider* Exposure() const { return Find<QSlider>("exposureSlider"); }
