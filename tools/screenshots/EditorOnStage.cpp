@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "EditorOnStage.h"
 
+#include "EffectPresets/EffectPresetModel.h"
 #include "drawer/previews/AsyncPreviews.h"
 #include "drawer/view/LiveView.h"
 #include "plugins/PluginLoader.h"
@@ -31,6 +32,8 @@
 
 namespace LumetraScreenshots {
 namespace {
+
+using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
 
 constexpr int SettlingRounds = 6;
 constexpr int FolderPhotos = 24;
@@ -166,7 +169,7 @@ QModelIndex EditorOnStage::FindLook(const QString& name, QAbstractItemView*& vie
     for (auto* const list : m_window->findChildren<QListView*>()) {
         const auto* const model = list->model();
         for (int row = 0; model && row < model->rowCount(); ++row)
-            if (model->index(row, 0).data().toString() == name) {
+            if (model->index(row, 0).data(EffectPresetModel::PresetNameRole).toString() == name) {
                 view = list;
                 return model->index(row, 0);
             }

@@ -335,7 +335,8 @@ QImage PlayImported(EditorOnStage& stage)
     const QString folder =
         stage.WriteFiles({{QStringLiteral("Faded Film.xmp"), Faded},
                           {QStringLiteral("Print Sizes.lrtemplate"), "s = { type = \"Export\" }"}});
-    return stage.GrabWithPopups([&] { stage.DropOnPanel(folder); });
+    stage.DropOnPanel(folder); // the window that tells of it stays
+    return stage.GrabWithPopups([] {});
 }
 
 QImage PlayImportMenu(EditorOnStage& stage)
@@ -453,7 +454,7 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("many"), PlayMany},
         {QStringLiteral("message"), PlayMessage, "dark-de@1x"},
         {QStringLiteral("look"), PlayLook, "dark-en@1x"},
-        {QStringLiteral("hover"), PlayHover, "light-de@1x"},
+        {QStringLiteral("hover"), PlayHover, "light-de@2x"},
         {QStringLiteral("focus"), PlayFocus},
         {QStringLiteral("search"), PlaySearch, "light-de@1x"},
         {QStringLiteral("nothing"), PlayNothing},
@@ -465,7 +466,7 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("grading"), PlayGrading},
         {QStringLiteral("save-look"), PlaySaveLook, "light-en@1x"},
         {QStringLiteral("share"), PlayShare, "light-en@1x"},
-        {QStringLiteral("imported"), PlayImported, "dark-en@1x"},
+        {QStringLiteral("imported"), PlayImported},
         {QStringLiteral("import-menu"), PlayImportMenu},
         {QStringLiteral("menu"), PlayMenu, "light-en@1x"},
         {QStringLiteral("view-menu"), PlayViewMenu},
