@@ -33,7 +33,7 @@ Exiv2::XmpData Decode(const QByteArray& packet)
 {
     Initialise();
     Exiv2::XmpData properties;
-    if (!packet.isEmpty() && Exiv2::XmpParser::decode(properties, packet.toStdString()) != 0)
+    if (!packet.isEmpty() && !MetadataTags::DecodeXmp(packet, properties))
         Fail("it is damaged");
     return properties;
 }
@@ -99,7 +99,7 @@ QByteArray EditRecords::Add(const QByteArray& packet, const std::vector<EditReco
         AddAll(properties, records);
         properties["Xmp.xmp.CreatorTool"] = creatorTool;
         std::string text;
-        if (Exiv2::XmpParser::encode(text, properties) != 0)
+        if (!MetadataTags::EncodeXmp(properties, text))
             Fail("it cannot be written");
         return QByteArray::fromStdString(text);
     } catch (const Exiv2::AnyError& error) {

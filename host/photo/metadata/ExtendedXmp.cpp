@@ -23,13 +23,13 @@ constexpr int GuidLength = 32;
 bool Decode(const QByteArray& packet, Exiv2::XmpData& properties)
 {
     MetadataTags::Initialise();
-    return Exiv2::XmpParser::decode(properties, packet.toStdString()) == 0;
+    return MetadataTags::DecodeXmp(packet, properties);
 }
 
 std::optional<QByteArray> Encode(const Exiv2::XmpData& properties, std::uint16_t flags)
 {
     std::string text;
-    if (Exiv2::XmpParser::encode(text, properties, Exiv2::XmpParser::useCompactFormat | flags) != 0)
+    if (!MetadataTags::EncodeXmp(properties, text, Exiv2::XmpParser::useCompactFormat | flags))
         return std::nullopt;
     return QByteArray::fromStdString(text);
 }

@@ -75,7 +75,10 @@ void ReadFile(const Bytes& content, bool withExif, Warnings& warnings,
               MetadataReader::Result& result)
 {
     const auto file = Exiv2::ImageFactory::open(content.data(), static_cast<long>(content.size()));
-    file->readMetadata();
+    {
+        const auto lock = MetadataTags::LockXmp();
+        file->readMetadata();
+    }
     if (withExif)
         TryOrWarn(warnings, Unreadable("EXIF data"),
                   [&] { ReadExif(file->exifData(), file->byteOrder(), result); });

@@ -67,7 +67,15 @@ bool IsStorageTag(std::uint16_t tag)
     return StorageTags().count(tag) != 0 || (tag >= firstOfDng && tag <= lastOfDng);
 }
 
-void LockXmp(void* mutex, bool lock)
+std::recursive_mutex& GetXmpMutex()
+{
+    static std::recursive_mutex mutex;
+    return mutex;
+}
+
+/// The library calls it around a few operations of its own, some of which lie in those that we
+/// lock.
+void LockForLibrary(void* mutex, bool lock)
 {
     if (lock)
         static_cast<std::recursive_mutex*>(mutex)->lock();
@@ -162,15 +170,32 @@ bool RemoveThumbnails(Exiv2::XmpData& properties)
 
 void MetadataTags::Initialise()
 {
-    static std::recursive_mutex xmpMutex;
     static std::once_flag once;
     std::call_once(once, [] {
         // Exiv2's remarks about harmless oddities would go to the standard error stream.
         Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute);
-        Exiv2::XmpParser::initialize(LockXmp, &xmpMutex);
+        Exiv2::XmpParser::initialize(LockForLibrary, &GetXmpMutex());
         // Main packets name their extension in this namespace, which Exiv2 does not know by itself.
         Exiv2::XmpProperties::registerNs("http://ns.adobe.com/xmp/note/", "xmpNote");
     });
+}
+
+MetadataTags::XmpLock MetadataTags::LockXmp()
+{
+    return XmpLock(GetXmpMutex());
+}
+
+bool MetadataTags::DecodeXmp(const QByteArray& packet, Exiv2::XmpData& properties)
+{
+    const XmpLock lock = LockXmp();
+    return Exiv2::XmpParser::decode(properties, packet.toStdString()) == 0;
+}
+
+bool MetadataTags::EncodeXmp(const Exiv2::XmpData& properties, std::string& text,
+                             std::uint16_t flags)
+{
+    const XmpLock lock = LockXmp();
+    return Exiv2::XmpParser::encode(text, properties, flags) == 0;
 }
 
 QByteArray MetadataTags::EncodeExif(const Exiv2::ExifData& tags, Exiv2::ByteOrder order)
@@ -289,7 +314,7 @@ QByteArray MetadataTags::NormaliseXmp(const QByteArray& packet, int width, int h
     if (packet.isEmpty())
         return packet;
     Exiv2::XmpData properties;
-    if (Exiv2::XmpParser::decode(properties, packet.toStdString())) {
+    if (!DecodeXmp(packet, properties)) {
         Warn(warnings, "the XMP packet cannot be decoded and is carried over as it is");
         return packet;
     }
@@ -304,7 +329,7 @@ QByteArray MetadataTags::NormaliseXmp(const QByteArray& packet, int width, int h
     if (!changed)
         return packet;
     std::string text;
-    if (Exiv2::XmpParser::encode(text, properties))
+    if (!EncodeXmp(properties, text))
         throw Exiv2::Error(Exiv2::kerErrorMessage, "the XMP packet cannot be written");
     return QByteArray::fromStdString(text);
 }

@@ -8,6 +8,10 @@
 #include <exiv2/image.hpp>
 #include <exiv2/xmp_exiv2.hpp>
 
+#include <cstdint>
+#include <mutex>
+#include <string>
+
 namespace LumetraHost {
 
 /// Converts between the blocks of a photo's metadata and the metadata library's own containers.
@@ -18,6 +22,17 @@ public:
     /// Prepares the library once per process. To be called before any other use of it, on any
     /// thread.
     static void Initialise();
+
+    using XmpLock = std::unique_lock<std::recursive_mutex>;
+    /// Has to be held while the library decodes or encodes XMP, as it does when it reads a file. It
+    /// takes namespaces of its users out of the table of all threads and puts them back in, and
+    /// another thread that needs one in between fails.
+    static XmpLock LockXmp();
+    /// Decodes a packet under the lock; false when that is not possible.
+    static bool DecodeXmp(const QByteArray& packet, Exiv2::XmpData& properties);
+    /// Encodes a packet under the lock; false when that is not possible.
+    static bool EncodeXmp(const Exiv2::XmpData& properties, std::string& text,
+                          std::uint16_t flags = Exiv2::XmpParser::useCompactFormat);
 
     /// A warning for PNG and TIFF, whose files cannot hold a second packet.
     static constexpr char ExtensionIsLost[] =

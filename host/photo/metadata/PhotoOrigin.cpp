@@ -79,11 +79,12 @@ PhotoOrigin ReadJpeg(const Bytes& head)
 PhotoOrigin ReadOther(const QString& path)
 {
     const auto file = Exiv2::ImageFactory::open(QFile::encodeName(path).toStdString());
+    const auto lock = MetadataTags::LockXmp();
     file->readMetadata();
     PhotoOrigin origin;
     origin.taken = FindTime(file->exifData());
     std::string packet = file->xmpPacket();
-    if (packet.empty() && Exiv2::XmpParser::encode(packet, file->xmpData()) != 0)
+    if (packet.empty() && !MetadataTags::EncodeXmp(file->xmpData(), packet))
         packet.clear();
     origin.hasRecords = HasRecords(QByteArray::fromStdString(packet));
     return origin;

@@ -20,7 +20,7 @@ Exiv2::XmpData Decode(const QByteArray& packet)
     Exiv2::XmpData properties;
     std::string problem = "it is damaged, or has a property twice";
     try {
-        if (Exiv2::XmpParser::decode(properties, packet.toStdString()) == 0)
+        if (MetadataTags::DecodeXmp(packet, properties))
             return properties;
     } catch (const std::exception& error) {
         problem = error.what();

@@ -5,6 +5,9 @@
 
 #include <gmock/gmock.h>
 
+#include <future>
+#include <vector>
+
 using LumetraHost::EditRecord;
 using LumetraHost::EditRecords;
 using testing::HasSubstr;
@@ -93,4 +96,28 @@ TEST(EditRecords, takeLooksAlongToTheByteAndSayWhereOneIsMissing)
     EXPECT_EQ(records[1].look, "");
     EXPECT_EQ(records[1].lookLeftOut, "too large");
     EXPECT_EQ(records[2].look + records[2].lookLeftOut, "");
+}
+
+TEST(EditRecords, areWrittenAndReadByManyThreadsAtOnce)
+{
+    constexpr int Threads = 4;
+    constexpr int Rounds = 300;
+    const auto work = [] {
+        int failed = 0;
+        for (int round = 0; round < Rounds; ++round) {
+            try {
+                const auto packet = EditRecords::Add({}, {{"Golden Hour", round}}, "Lumetra");
+                failed += EditRecords::Read(packet).size() == 1 ? 0 : 1;
+            } catch (const Zorvik::Exception&) {
+                ++failed;
+            }
+        }
+        return failed;
+    };
+    std::vector<std::future<int>> threads;
+    for (int i = 0; i < Threads; ++i)
+        threads.push_back(std::async(std::launch::async, work));
+
+    for (auto& thread : threads)
+        EXPECT_EQ(thread.get(), 0);
 }
