@@ -248,6 +248,23 @@ QImage PlayExport(EditorOnStage& stage)
     return WithDialog(stage, stage.FindAction("exportPhoto"));
 }
 
+QImage PlayExportSeveral(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(Look);
+    return WithDialog(stage, stage.FindAction("exportSeveral"));
+}
+
+QImage PlayRecipe(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    return WithDialog(stage, stage.FindAction("exportSeveral"), [] {
+        QApplication::activeModalWidget()
+            ->findChild<QPushButton*>(QStringLiteral("recipeEdit"))
+            ->click();
+    });
+}
+
 QImage PlaySave(EditorOnStage& stage)
 {
     stage.OpenSample();
@@ -428,6 +445,8 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("view-menu"), PlayViewMenu},
         {QStringLiteral("tool-tip"), PlayToolTip},
         {QStringLiteral("export"), PlayExport, "dark-de@1x"},
+        {QStringLiteral("export-several"), PlayExportSeveral, "light-de@1x"},
+        {QStringLiteral("recipe"), PlayRecipe},
         {QStringLiteral("save"), PlaySave, "light-en@1x"},
         {QStringLiteral("taken"), PlayTaken},
         {QStringLiteral("delete"), PlayDelete},

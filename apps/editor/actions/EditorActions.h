@@ -42,6 +42,7 @@ public:
     QAction* previousPhoto;
     QAction* nextPhoto;
     QAction* exportPhoto;
+    QAction* exportSeveral;
     QAction* closePhoto;
     QAction* quit;
     QAction* undo;

@@ -85,8 +85,9 @@ public:
     bool MayEndPanels() const { return m_panels.MayEnd(); }
     /// Takes looks off that the panels show and have not applied for good.
     void DiscardUnsavedChanges();
-    /// Returns when the edit as it is at this moment is on the disk.
-    void SaveEdit();
+    /// Returns when the edit as it is at this moment is on the disk; false when it could not be
+    /// written.
+    bool SaveEdit();
     /// The layers of the edit, bottom first.
     std::vector<LumetraHost::EditLayer> CaptureLayers() const { return CaptureEdit().layers; }
     /// Sets a layer of CaptureLayers() on or off, as a step. A layer that is off is neither shown

@@ -173,6 +173,7 @@ void EditorWindow::ConnectActions()
     on(m_actions->previousPhoto, [this] { OpenNeighbour(-1); });
     on(m_actions->nextPhoto, [this] { OpenNeighbour(1); });
     on(m_actions->exportPhoto, [this] { m_export->Ask(); });
+    on(m_actions->exportSeveral, [this] { m_export->ExportSelection({m_editor.GetPhotoPath()}); });
     on(m_actions->closePhoto, [this] { m_editor.ClosePhoto(); });
     on(m_actions->quit, [this] { close(); });
     on(m_actions->fit, [this] { m_canvas->Fit(); });
@@ -451,7 +452,7 @@ void EditorWindow::changeEvent(QEvent* event)
 
 bool EditorWindow::MayClose()
 {
-    if (m_export->GetExporter().IsRunning() && !AskToStopExport(this))
+    if (m_export->IsRunning() && !AskToStopExport(this))
         return false;
     if (!m_editor.MayEndPanels())
         return false;
