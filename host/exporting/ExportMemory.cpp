@@ -24,8 +24,8 @@ constexpr std::uint64_t BytesPerPhoto = 16 << 20;
 /// that do not say their size in front.
 constexpr std::uint64_t PixelsPerByte = 1;
 
-/// Bytes of a new file's pixel that its codec holds until it has all rows. Lossless WebP was
-/// measured with photos of 24 megapixels.
+/// Bytes of a new file's pixel that its codec holds until it has all rows. Lossless WebP looks for
+/// repetitions among all pixels, which takes several words for each.
 std::uint64_t GetBytesOfCodec(const ExportRecipe& recipe)
 {
     if (recipe.format == PhotoFormat::Webp)

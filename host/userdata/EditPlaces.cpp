@@ -75,7 +75,7 @@ bool EditPlaces::HasEdit(const QString& photo)
     const QString canonical = file.canonicalFilePath();
     const QString target = canonical.isEmpty() ? file.absoluteFilePath() : canonical;
     return HasEditUnderThisName(file.absoluteFilePath()) || HasEditUnderThisName(target) ||
-           HasEditUnderAnotherName(target);
+           (file.exists() && HasEditUnderAnotherName(target));
 }
 
 } // namespace LumetraHost

@@ -93,6 +93,7 @@ TEST_F(ApplyRecipeTest, refusesWhatNoFileCanHave)
         {"--size 501MP", "--size: expected up to 500 megapixels, such as 12MP, found \"501MP\""},
         {"--size nanMP", "--size: expected up to 500 megapixels"},
         {"--metadata some", "--metadata: expected all, no-gps, copyright, none, found \"some\""},
+        {"--format gif", "--format: expected jpeg, png, tiff, webp, found \"gif\""},
         {"--subsampling 4:1:1",
          "--subsampling: expected automatic, 4:4:4, 4:2:2, 4:2:0, found \"4:1:1\""},
         {"--compression zip", "--compression: expected none, lzw, deflate, found \"zip\""},
@@ -162,6 +163,31 @@ TEST_F(ApplyRecipeTest, limitsTheMegapixels)
 
     EXPECT_EQ(Describe("small.png"), "150 x 100, 8");
     EXPECT_EQ(Describe("same.png"), "300 x 200, 8");
+}
+
+TEST_F(ApplyRecipeTest, writesTheFormatThatIsAskedFor)
+{
+    WritePhoto("a.png");
+    WritePhoto("b.jpg");
+
+    EXPECT_EQ(Apply("a.png b.jpg -p test.bright --format webp -o out/{name}.{ext}").code, 0);
+    EXPECT_EQ(Apply("a.png -p test.bright --format tiff -o out/named.tiff").code, 0);
+
+    for (const char* const name : {"out/a.webp", "out/b.webp"})
+        EXPECT_TRUE(ReadFile(name).startsWith("RIFF")) << name;
+    EXPECT_TRUE(ReadFile("out/named.tiff").startsWith("II*"));
+}
+
+TEST_F(ApplyRecipeTest, refusesANameOfAnotherFormatThanIsAskedFor)
+{
+    WritePhoto("a.png");
+
+    const CliResult result = Apply("a.png -p test.bright --format webp -o out.jpg");
+
+    EXPECT_EQ(result.code, 2);
+    EXPECT_THAT(result.messages,
+                HasSubstr("--format: expected an output that ends in .{ext} or .webp, found"));
+    EXPECT_FALSE(Exists("out.jpg"));
 }
 
 TEST_F(ApplyRecipeTest, encodesAsItIsTold)
@@ -238,8 +264,8 @@ TEST_F(ApplyRecipeTest, saysInTheHelpWhatAFileMayBeLike)
     const std::string help = Run(Words("apply --help")).output;
 
     for (const char* option :
-         {"--size <number|numberMP>", "--depth <8|16>", "--metadata <all|no-gps|copyright|none>",
-          "--subsampling <automatic|4:4:4|4:2:2|4:2:0>", "--progressive", "--lossless",
-          "--compression <none|lzw|deflate>"})
+         {"--format <jpeg|png|tiff|webp>", "--size <number|numberMP>", "--depth <8|16>",
+          "--metadata <all|no-gps|copyright|none>", "--subsampling <automatic|4:4:4|4:2:2|4:2:0>",
+          "--progressive", "--lossless", "--compression <none|lzw|deflate>"})
         EXPECT_THAT(help, HasSubstr(option));
 }

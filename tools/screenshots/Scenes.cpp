@@ -288,6 +288,23 @@ QImage PlayExport(EditorOnStage& stage)
     return WithDialog(stage, stage.FindAction("exportPhoto"));
 }
 
+QImage PlayExportSeveral(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    stage.ClickLook(Look);
+    return WithDialog(stage, stage.FindAction("exportSeveral"));
+}
+
+QImage PlayRecipe(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    return WithDialog(stage, stage.FindAction("exportSeveral"), [] {
+        QApplication::activeModalWidget()
+            ->findChild<QPushButton*>(QStringLiteral("recipeEdit"))
+            ->click();
+    });
+}
+
 QImage PlaySave(EditorOnStage& stage)
 {
     stage.OpenSample();
@@ -473,6 +490,8 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("tool-tip"), PlayToolTip},
         {QStringLiteral("paste"), PlayPaste},
         {QStringLiteral("export"), PlayExport, "dark-de@1x"},
+        {QStringLiteral("export-several"), PlayExportSeveral, "light-de@1x"},
+        {QStringLiteral("recipe"), PlayRecipe},
         {QStringLiteral("save"), PlaySave, "light-en@1x"},
         {QStringLiteral("taken"), PlayTaken},
         {QStringLiteral("delete"), PlayDelete},

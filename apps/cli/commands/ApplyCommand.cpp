@@ -79,12 +79,14 @@ std::vector<OutputSet> MakeSets(const std::vector<ChosenLook>& looks, const Outp
                                 bool takesEdits)
 {
     const auto recipe = std::make_shared<const ExportRecipe>(form);
+    const QString extension = RecipeOptions::ReadExtension(parser);
     std::vector<OutputSet> sets;
     for (const ChosenLook& look : looks) {
         OutputSet set{names};
         set.values.preset = look.name;
         set.values.group = look.group;
         set.values.intensity = look.intensity;
+        set.values.extension = extension;
         set.look = MakeSource(look, takesEdits, ReadPrecision(parser));
         set.recipe = recipe;
         sets.push_back(set);
@@ -165,7 +167,7 @@ ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& consol
         return code;
     std::vector<PhotoJob> jobs = MakeJobs(
         photos, MakeSets(looks, outputs.GetNames(), recipe, parser, options.TakesEdits()), outputs);
-    RecipeOptions::Check(recipe, jobs);
+    RecipeOptions::Check(parser, recipe, jobs);
 
     ApplyReport report(looks, static_cast<int>(jobs.size()), parser.isSet(JsonOption), console);
     const PhotoBatch::Ended add = [&report](const PhotoJob& job, const auto& warnings) {
@@ -175,7 +177,8 @@ ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& consol
         for (const PhotoJob& job : jobs)
             add(job, {});
     else if (photos.size() == 1 && (photos.front().isPiped || outputs.IsPiped()))
-        add(jobs.front(), PipedPhoto(console).Run(jobs.front(), photos.front()));
+        add(jobs.front(), PipedPhoto(console, RecipeOptions::ReadFormat(parser))
+                              .Run(jobs.front(), photos.front()));
     else
         batch.Run(jobs, add);
     return std::max(code, report.Finish());

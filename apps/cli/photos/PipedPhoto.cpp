@@ -7,6 +7,7 @@
 #include "photo/PhotoReader.h"
 #include "photo/PhotoWriter.h"
 #include "photo/file/PhotoLimits.h"
+#include "photo/file/WrittenFormat.h"
 #include "photos/PhotoInputs.h"
 #include "storage/CheckedFileWriter.h"
 
@@ -15,6 +16,7 @@
 
 #include <boost/current_function.hpp>
 
+#include <algorithm>
 #include <cstdio>
 #include <new>
 
@@ -27,6 +29,7 @@ using LumetraHost::PhotoInput;
 using LumetraHost::PhotoJob;
 using LumetraHost::PhotoLimits;
 using LumetraHost::Warnings;
+using LumetraHost::WrittenFormats;
 
 constexpr std::size_t PartSize = 1 << 20;
 
@@ -53,12 +56,18 @@ Bytes ReadStandardInput()
     return content;
 }
 
-PhotoFormat ChooseFormat(const QString& output, const Bytes& content)
+PhotoFormat ChooseFormat(const QString& output, const std::optional<PhotoFormat>& chosen,
+                         const Bytes& content)
 {
     if (output != PhotoInputs::Pipe)
         return LumetraHost::PhotoWriter::GetFormatOf(output);
+    if (chosen)
+        return *chosen;
     const auto own = LumetraHost::DetectPhotoFormat(content);
-    return own == PhotoFormat::Png || own == PhotoFormat::Tiff ? *own : PhotoFormat::Jpeg;
+    const bool isWritten =
+        std::any_of(WrittenFormats.begin(), WrittenFormats.end(),
+                    [own](const auto& written) { return written.format == own; });
+    return isWritten ? *own : PhotoFormat::Jpeg;
 }
 
 } // namespace
@@ -82,7 +91,7 @@ void PipedPhoto::Carry(PhotoJob& job, const PhotoInput& photo, Warnings& warning
     const Bytes content =
         photo.isPiped ? ReadStandardInput() : LumetraHost::PhotoReader::ReadContent(photo.path);
     LumetraHost::ExportRecipe recipe = *job.recipe;
-    recipe.format = ChooseFormat(job.output, content);
+    recipe.format = ChooseFormat(job.output, m_format, content);
     if (job.look) {
         const auto look = job.look->Get(photo.path);
         recipe.look = look.drawing;

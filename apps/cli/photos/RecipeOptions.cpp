@@ -19,10 +19,13 @@ using LumetraHost::EncodingOptions;
 using LumetraHost::ExportRecipe;
 using LumetraHost::Image;
 using LumetraHost::JpegEncoder;
+using LumetraHost::PhotoFormat;
 using LumetraHost::PhotoJob;
 using LumetraHost::RecipeStore;
+using LumetraHost::WrittenFormats;
 
 const QString RecipeOption = QStringLiteral("recipe");
+const QString FormatOption = QStringLiteral("format");
 const QString QualityOption = QStringLiteral("quality");
 const QString SamplingOption = QStringLiteral("subsampling");
 const QString ProgressiveOption = QStringLiteral("progressive");
@@ -115,16 +118,37 @@ ExportRecipe ReadNamed(const QCommandLineParser& parser)
     }
 }
 
+std::string JoinFormats(const char* separator)
+{
+    return LumetraHost::JoinWords(WrittenFormats, separator);
+}
+
+/// Outputs that are no files, such as the standard output, have no format of their own.
+void CheckFormat(PhotoFormat format, const std::vector<PhotoJob>& jobs)
+{
+    for (const PhotoJob& job : jobs) {
+        const auto named = LumetraHost::GetPhotoFormatOfName(job.output);
+        if (named && named != format)
+            Fail(FormatOption,
+                 std::string("an output that ends in .{ext} or .") +
+                     LumetraHost::GetWrittenFormat(format).suffix,
+                 job.output);
+    }
+}
+
 } // namespace
 
 void RecipeOptions::Add(QCommandLineParser& parser)
 {
     parser.addOptions({
         {RecipeOption,
-         QStringLiteral(
-             "The form of the new files as one of the editor's export recipes has it; "
-             "the options below change it. Its format, folder and file name are not used"),
+         QStringLiteral("The form of the new files as one of the editor's export recipes has it; "
+                        "the options below change it. Its folder and file name are not used"),
          QStringLiteral("name")},
+        {FormatOption,
+         QStringLiteral("The format of the new files, which {ext} then stands for. Default: what "
+                        "the name of the output says"),
+         QString::fromStdString(JoinFormats("|"))},
         {QualityOption,
          QStringLiteral("Quality of JPEG and WebP, 1 to 100, whatever the photo's own is; each "
                         "format has a scale of its own. Default: %1")
@@ -162,9 +186,23 @@ void RecipeOptions::Add(QCommandLineParser& parser)
     });
 }
 
+std::optional<PhotoFormat> RecipeOptions::ReadFormat(const QCommandLineParser& parser)
+{
+    if (!parser.isSet(FormatOption) && parser.isSet(RecipeOption))
+        return ReadNamed(parser).format;
+    if (!parser.isSet(FormatOption))
+        return std::nullopt;
+    const QString text = parser.value(FormatOption);
+    for (const auto& entry : WrittenFormats)
+        if (text == QLatin1String(entry.word))
+            return entry.format;
+    Fail(FormatOption, JoinFormats(", "), text);
+}
+
 ExportRecipe RecipeOptions::Read(const QCommandLineParser& parser)
 {
     ExportRecipe recipe = ReadNamed(parser);
+    recipe.format = ReadFormat(parser).value_or(recipe.format);
     ReadEncoding(parser, recipe.encoding);
     if (parser.isSet(SizeOption))
         ReadSize(parser, recipe);
@@ -175,8 +213,17 @@ ExportRecipe RecipeOptions::Read(const QCommandLineParser& parser)
     return recipe;
 }
 
-void RecipeOptions::Check(const ExportRecipe& recipe, const std::vector<PhotoJob>& jobs)
+QString RecipeOptions::ReadExtension(const QCommandLineParser& parser)
 {
+    const auto format = ReadFormat(parser);
+    return format ? QString::fromLatin1(LumetraHost::GetWrittenFormat(*format).suffix) : QString();
+}
+
+void RecipeOptions::Check(const QCommandLineParser& parser, const ExportRecipe& recipe,
+                          const std::vector<PhotoJob>& jobs)
+{
+    if (parser.isSet(FormatOption))
+        CheckFormat(recipe.format, jobs);
     if (recipe.depth != Image::Depth::Bits16)
         return;
     for (const PhotoJob& job : jobs)

@@ -24,6 +24,7 @@ EditorActions::EditorActions(QWidget& window, QUndoStack& undoStack)
     previousPhoto = Add("previousPhoto", {Qt::CTRL + Qt::Key_PageUp});
     nextPhoto = Add("nextPhoto", {Qt::CTRL + Qt::Key_PageDown});
     exportPhoto = Add("exportPhoto", {Qt::CTRL + Qt::Key_E});
+    exportSeveral = Add("exportSeveral", {Qt::CTRL + Qt::ALT + Qt::Key_E});
     closePhoto = Add("closePhoto", {Qt::CTRL + Qt::Key_W});
     quit = Add("quit", {Qt::CTRL + Qt::Key_Q});
     undo = Add("undo", {Qt::CTRL + Qt::Key_Z});
@@ -123,7 +124,7 @@ void EditorActions::FillMenuBar(QMenuBar& bar)
     m_file->addSeparator();
     m_file->addActions({previousPhoto, nextPhoto});
     m_file->addSeparator();
-    m_file->addActions({exportPhoto, closePhoto});
+    m_file->addActions({exportPhoto, exportSeveral, closePhoto});
     m_file->addSeparator();
     m_file->addAction(quit);
     m_edit->addActions({undo, redo});
@@ -185,6 +186,7 @@ void EditorActions::Translate()
     SetText(previousPhoto, tr("&Previous Photo"));
     SetText(nextPhoto, tr("&Next Photo"));
     SetText(exportPhoto, tr("&Export…"));
+    SetText(exportSeveral, tr("Export &Several…"));
     SetText(closePhoto, tr("&Close Photo"));
     SetText(quit, tr("&Quit"));
     ShowSteps();
@@ -228,7 +230,8 @@ void EditorActions::SetIcons(LumetraHost::PaletteKind kind)
 
 void EditorActions::SetPhotoEnabled(bool enabled)
 {
-    for (QAction* const action : {exportPhoto, closePhoto, fit, actualSize, zoomIn, zoomOut, split})
+    for (QAction* const action :
+         {exportPhoto, exportSeveral, closePhoto, fit, actualSize, zoomIn, zoomOut, split})
         action->setEnabled(enabled);
 }
 

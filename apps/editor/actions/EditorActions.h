@@ -51,6 +51,7 @@ public:
     QAction* previousPhoto;
     QAction* nextPhoto;
     QAction* exportPhoto;
+    QAction* exportSeveral;
     QAction* closePhoto;
     QAction* quit;
     QAction* undo;

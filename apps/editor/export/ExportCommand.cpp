@@ -3,15 +3,17 @@
 
 #include "export/ExportDialog.h"
 #include "export/ExportGuard.h"
+#include "export/selection/SelectionDialog.h"
 #include "session/Editor.h"
 
+#include <QFileInfo>
 #include <QWidget>
 
 namespace LumetraEditor {
 
 ExportCommand::ExportCommand(Editor& editor, EditorSettings& settings, QWidget& window)
     : QObject(&window), m_editor(editor), m_settings(settings), m_window(window),
-      m_guard(std::make_shared<ExportGuard>())
+      m_guard(std::make_shared<ExportGuard>()), m_selection(m_guard)
 {
     connect(&editor, &Editor::photoChanged, this,
             [this] { m_guard->SetOpenPhoto(m_editor.GetPhotoPath()); });
@@ -36,6 +38,31 @@ void ExportCommand::Ask()
                                                  m_editor.GetRecords(), dialog.GetOptions(),
                                                  m_guard));
     emit started();
+}
+
+void ExportCommand::ExportSelection(const QStringList& photos)
+{
+    if (m_selection.IsRunning())
+        return m_progress->Raise();
+    if (photos.isEmpty() || !SaveOpenPhoto())
+        return;
+    SelectionDialog dialog(photos, m_settings, m_guard, &m_window);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    delete m_progress; // one that speaks the language of now takes its place
+    m_progress = new SelectionProgress(m_selection, &m_window);
+    m_selection.Start(dialog.GetPlan());
+    m_progress->Begin();
+}
+
+/// False, after a message, when the edit cannot be saved: the file would be made of an earlier one.
+bool ExportCommand::SaveOpenPhoto()
+{
+    if (!m_editor.HasPhoto() || m_editor.SaveEdit())
+        return true;
+    m_editor.ShowMessage(tr("The edit of “%1” could not be saved, so that nothing is exported.")
+                             .arg(QFileInfo(m_editor.GetPhotoPath()).fileName()));
+    return false;
 }
 
 } // namespace LumetraEditor

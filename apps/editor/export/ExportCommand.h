@@ -2,8 +2,12 @@
 #pragma once
 
 #include "export/Exporter.h"
+#include "export/selection/SelectionExporter.h"
+#include "export/selection/SelectionProgress.h"
 
 #include <QObject>
+#include <QPointer>
+#include <QStringList>
 
 #include <memory>
 
@@ -15,20 +19,27 @@ class Editor;
 class EditorSettings;
 class ExportGuard;
 
-/// The command that exports the open photo: asks how, and lets the exporter do it.
+/// The commands that export the open photo, or several: they ask how, and let the exporters do it.
 class ExportCommand : public QObject
 {
     Q_OBJECT
 
 public:
-    /// All are kept by reference. `window` is the parent of the dialog.
+    /// All are kept by reference. `window` is the parent of the dialogs.
     ExportCommand(Editor& editor, EditorSettings& settings, QWidget& window);
 
     Exporter& GetExporter() { return m_exporter; }
     /// The guard, which has to be told of the photos; it hears of the open one by itself.
     ExportGuard& GetGuard() { return *m_guard; }
+    /// True while photos are exported, one or several.
+    bool IsRunning() const { return m_exporter.IsRunning() || m_selection.IsRunning(); }
     /// Asks with the dialog; the export then runs beside the window.
     void Ask();
+    /// Saves the edit of the open photo, asks how `photos` are to be exported, each with its own
+    /// saved edit, and exports them beside the window, with a window of its own that shows how far
+    /// it is. Shows that window alone while an earlier such export runs. Does nothing without
+    /// photos.
+    void ExportSelection(const QStringList& photos);
 
 signals:
     void started();
@@ -36,11 +47,15 @@ signals:
     void ended(const QString& message);
 
 private:
+    bool SaveOpenPhoto();
+
     Editor& m_editor;
     EditorSettings& m_settings;
     QWidget& m_window;
     std::shared_ptr<ExportGuard> m_guard;
     Exporter m_exporter;
+    SelectionExporter m_selection;
+    QPointer<SelectionProgress> m_progress; ///< of the last export of several; the window's child
 };
 
 } // namespace LumetraEditor

@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "export/ExportGuard.h"
 
-#include "storage/FileIdentity.h"
 #include "userdata/EditPlaces.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
-
-#include <algorithm>
 
 namespace LumetraEditor {
 namespace {
@@ -51,7 +48,31 @@ void ExportGuard::SetOpenPhoto(const QString& path)
     m_openPhoto = path;
 }
 
+ExportGuard::Photos ExportGuard::LookAtPhotos() const
+{
+    const std::lock_guard lock(m_mutex);
+    Photos photos;
+    photos.open = FileIdentity::Of(m_openPhoto);
+    for (const QString& photo : m_photos)
+        photos.all.insert(FileIdentity::Of(photo));
+    return photos;
+}
+
 QString ExportGuard::FindObstacle(const QString& output) const
+{
+    return FindObstacle(output, LookAtPhotos());
+}
+
+QStringList ExportGuard::FindObstacles(const QStringList& outputs) const
+{
+    const Photos photos = LookAtPhotos();
+    QStringList obstacles;
+    for (const QString& output : outputs)
+        obstacles.append(FindObstacle(output, photos));
+    return obstacles;
+}
+
+QString ExportGuard::FindObstacle(const QString& output, const Photos& photos)
 {
     const QFileInfo file(output);
     const QString name = file.fileName();
@@ -61,7 +82,7 @@ QString ExportGuard::FindObstacle(const QString& output) const
         return tr("“%1” is a link to a file that is not there.").arg(name);
     if (file.exists() && !file.isFile())
         return tr("“%1” is not an ordinary file.").arg(name);
-    const QString photo = FindPhoto(output);
+    const QString photo = FindPhoto(output, photos);
     if (!photo.isEmpty())
         return photo;
     const QString target = WithoutLinks(output);
@@ -75,15 +96,13 @@ QString ExportGuard::FindObstacle(const QString& output) const
     return {};
 }
 
-QString ExportGuard::FindPhoto(const QString& output) const
+QString ExportGuard::FindPhoto(const QString& output, const Photos& photos)
 {
     const FileIdentity file = FileIdentity::Of(output);
-    const auto isOutput = [&file](const QString& photo) { return FileIdentity::Of(photo) == file; };
     const QString name = QFileInfo(output).fileName();
-    const std::lock_guard lock(m_mutex);
-    if (isOutput(m_openPhoto))
+    if (photos.open == file)
         return tr("“%1” is the photo that is open. An export does not replace it.").arg(name);
-    if (std::any_of(m_photos.begin(), m_photos.end(), isOutput))
+    if (photos.all.count(file) != 0)
         return tr("“%1” is one of the photos that were opened. An export does not replace it.")
             .arg(name);
     return {};

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "storage/FileIdentity.h"
+
 #include <QCoreApplication>
 #include <QSet>
 #include <QString>
 #include <QStringList>
 
 #include <mutex>
+#include <set>
 
 namespace LumetraEditor {
 
@@ -27,9 +30,20 @@ public:
     /// A sentence for the user that names the file and says why it cannot be written; empty when
     /// the guard knows of no reason.
     QString FindObstacle(const QString& output) const;
+    /// The same for many outputs, in their order: looks at the photos of the session once.
+    QStringList FindObstacles(const QStringList& outputs) const;
 
 private:
-    QString FindPhoto(const QString& output) const;
+    /// The photos of the session, as they are on the disk at one moment.
+    struct Photos
+    {
+        LumetraHost::FileIdentity open;
+        std::set<LumetraHost::FileIdentity> all;
+    };
+
+    Photos LookAtPhotos() const;
+    static QString FindObstacle(const QString& output, const Photos& photos);
+    static QString FindPhoto(const QString& output, const Photos& photos);
 
     mutable std::mutex m_mutex; ///< guards the rest
     QSet<QString> m_photos;

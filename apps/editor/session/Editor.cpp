@@ -258,10 +258,10 @@ void Editor::PutEdit(const EditState& edit)
     KeepEdit();
 }
 
-void Editor::SaveEdit()
+bool Editor::SaveEdit()
 {
     if (!HasPhoto())
-        return;
+        return true;
     EditState state = CaptureEdit();
     if (!(state == m_state)) { // a drag may not have ended
         m_state = std::move(state);
@@ -271,6 +271,7 @@ void Editor::SaveEdit()
     if (!m_sidecar.IsSafe()) // the disk may be well again
         m_sidecar.Write(m_state);
     m_sidecar.Flush();
+    return m_sidecar.IsSafe();
 }
 
 std::vector<EffectsSettings> Editor::GetPackages() const

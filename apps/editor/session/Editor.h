@@ -96,8 +96,9 @@ public:
     bool MayEndPanels() const { return m_panels.MayEnd(); }
     /// Takes looks off that the panels show and have not applied for good.
     void DiscardUnsavedChanges();
-    /// Returns when the edit as it is at this moment is on the disk.
-    void SaveEdit();
+    /// Returns when the edit as it is at this moment is on the disk; false when it could not be
+    /// written.
+    bool SaveEdit();
     /// The edit as it is at this moment; without a photo empty.
     LumetraHost::EditState GetEdit() const;
     /// The layers of the edit, bottom first.

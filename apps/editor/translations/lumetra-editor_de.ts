@@ -546,6 +546,10 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <source>&amp;Copy Edit</source>
         <translation>Bearbeitung &amp;kopieren</translation>
     </message>
+    <message>
+        <source>Export &amp;Several…</source>
+        <translation>&amp;Mehrere exportieren …</translation>
+    </message>
 </context>
 <context>
     <name>LumetraEditor::EditorWindow</name>
@@ -615,6 +619,10 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
     <message>
         <source>Exported to %1</source>
         <translation>Exportiert nach %1</translation>
+    </message>
+    <message>
+        <source>The edit of “%1” could not be saved, so that nothing is exported.</source>
+        <translation>Die Bearbeitung von „%1“ konnte nicht gespeichert werden, deshalb wird nichts exportiert.</translation>
     </message>
 </context>
 <context>
@@ -1131,6 +1139,57 @@ Die Bearbeitung verwerfen und das Foto verlassen?</translation>
     </message>
 </context>
 <context>
+    <name>LumetraEditor::RecipeDialog</name>
+    <message>
+        <source>&amp;Browse…</source>
+        <translation>&amp;Durchsuchen …</translation>
+    </message>
+    <message>
+        <source>New Recipe</source>
+        <translation>Neues Rezept</translation>
+    </message>
+    <message>
+        <source>Edit Recipe</source>
+        <translation>Rezept bearbeiten</translation>
+    </message>
+    <message>
+        <source>Sa&amp;ve</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>The folder of each photo</source>
+        <translation>Der Ordner des jeweiligen Fotos</translation>
+    </message>
+    <message>
+        <source>A name alone is a folder beside the photos</source>
+        <translation>Ein bloßer Name ist ein Ordner neben den Fotos</translation>
+    </message>
+    <message>
+        <source>Without extension. {name} is that of the photo, {n} its number, {date:yyyy-MM-dd} its day</source>
+        <translation>Ohne Endung. {name} ist der des Fotos, {n} seine Nummer, {date:yyyy-MM-dd} sein Tag</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Name</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Fo&amp;lder</source>
+        <translation>&amp;Ordner</translation>
+    </message>
+    <message>
+        <source>F&amp;ile name</source>
+        <translation>Date&amp;iname</translation>
+    </message>
+    <message>
+        <source>Folder of the Exported Files</source>
+        <translation>Ordner der exportierten Dateien</translation>
+    </message>
+</context>
+<context>
     <name>LumetraEditor::RecipeForm</name>
     <message>
         <source>All, with the presets</source>
@@ -1271,6 +1330,209 @@ Die Bearbeitung verwerfen und das Foto verlassen?</translation>
     <message>
         <source>Compression</source>
         <translation>Kompression</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::RecipeList</name>
+    <message>
+        <source>&amp;New…</source>
+        <translation>&amp;Neu …</translation>
+    </message>
+    <message>
+        <source>E&amp;dit…</source>
+        <translation>&amp;Bearbeiten …</translation>
+    </message>
+    <message>
+        <source>Re&amp;move</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>Recipes</source>
+        <translation>Rezepte</translation>
+    </message>
+    <message>
+        <source>quality %1</source>
+        <translation>Qualität %1</translation>
+    </message>
+    <message>
+        <source>%1 px</source>
+        <translation>%1 px</translation>
+    </message>
+    <message>
+        <source>%1 MP</source>
+        <translation>%1 MP</translation>
+    </message>
+    <message>
+        <source>original size</source>
+        <translation>Originalgröße</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the recipe “%1”?</source>
+        <translation>Das Rezept „%1“ entfernen?</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::SelectionDialog</name>
+    <message>
+        <source>&amp;Browse…</source>
+        <translation>&amp;Durchsuchen …</translation>
+    </message>
+    <message>
+        <source>Export Several</source>
+        <translation>Mehrere exportieren</translation>
+    </message>
+    <message>
+        <source>Export %1 Photos</source>
+        <translation>%1 Fotos exportieren</translation>
+    </message>
+    <message>
+        <source>&amp;Export</source>
+        <translation>&amp;Exportieren</translation>
+    </message>
+    <message>
+        <source>As in each recipe</source>
+        <translation>Wie im jeweiligen Rezept</translation>
+    </message>
+    <message>
+        <source>Without extension. {name} is that of the photo, {n} its number, {date:yyyy-MM-dd} its day</source>
+        <translation>Ohne Endung. {name} ist der des Fotos, {n} seine Nummer, {date:yyyy-MM-dd} sein Tag</translation>
+    </message>
+    <message>
+        <source>Leave it and skip the photo</source>
+        <translation>Behalten und das Foto auslassen</translation>
+    </message>
+    <message>
+        <source>Replace it</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Recipes</source>
+        <translation>Rezepte</translation>
+    </message>
+    <message>
+        <source>&amp;Folder</source>
+        <translation>&amp;Ordner</translation>
+    </message>
+    <message>
+        <source>File n&amp;ame</source>
+        <translation>Datein&amp;ame</translation>
+    </message>
+    <message>
+        <source>If a file e&amp;xists</source>
+        <translation>&amp;Vorhandene Datei</translation>
+    </message>
+    <message>
+        <source>First file</source>
+        <translation>Erste Datei</translation>
+    </message>
+    <message>
+        <source>Folder of the Exported Files</source>
+        <translation>Ordner der exportierten Dateien</translation>
+    </message>
+    <message>
+        <source>Choose a recipe.</source>
+        <translation>Wählen Sie ein Rezept.</translation>
+    </message>
+    <message>
+        <source>Looking at files…</source>
+        <translation>Dateien werden geprüft …</translation>
+    </message>
+    <message>
+        <source>Files to write: %1</source>
+        <translation>Zu schreibende Dateien: %1</translation>
+    </message>
+    <message>
+        <source>Files that exist and stay as they are: %1</source>
+        <translation>Vorhandene Dateien, die bleiben: %1</translation>
+    </message>
+    <message>
+        <source>Files that cannot be written: %1</source>
+        <translation>Dateien, die nicht geschrieben werden können: %1</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::SelectionExporter</name>
+    <message>
+        <source>“%1” has appeared meanwhile and is not replaced.</source>
+        <translation>„%1“ ist inzwischen erschienen und wird nicht ersetzt.</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::SelectionProgress</name>
+    <message>
+        <source>&amp;Try Again What Failed</source>
+        <translation>Fehlgeschlagene &amp;wiederholen</translation>
+    </message>
+    <message>
+        <source>&amp;Show in Folder</source>
+        <translation>Im &amp;Ordner zeigen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Export</translation>
+    </message>
+    <message>
+        <source>Exporting</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>What failed or was reduced</source>
+        <translation>Was fehlgeschlagen ist oder reduziert wurde</translation>
+    </message>
+    <message>
+        <source>Exporting…</source>
+        <translation>Export läuft …</translation>
+    </message>
+    <message>
+        <source>%1 of %2: %3</source>
+        <translation>%1 von %2: %3</translation>
+    </message>
+    <message>
+        <source>Written: %1</source>
+        <translation>Geschrieben: %1</translation>
+    </message>
+    <message>
+        <source>Skipped: %1</source>
+        <translation>Ausgelassen: %1</translation>
+    </message>
+    <message>
+        <source>Failed: %1</source>
+        <translation>Fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>Not done: %1</source>
+        <translation>Nicht erledigt: %1</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::ShippedRecipe</name>
+    <message>
+        <source>Full size</source>
+        <translation>Volle Größe</translation>
+    </message>
+    <message>
+        <source>2048 pixels</source>
+        <translation>2048 Pixel</translation>
     </message>
 </context>
 <context>

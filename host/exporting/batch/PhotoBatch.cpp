@@ -20,9 +20,10 @@ namespace {
 class Workers
 {
 public:
-    Workers(std::vector<PhotoJob>& jobs, const ExportControl& control, std::uint64_t memory)
-        : m_jobs(jobs), m_control(control), m_memory(memory), m_warnings(jobs.size()),
-          m_done(jobs.size())
+    Workers(std::vector<PhotoJob>& jobs, const ExportControl& control,
+            const PhotoBatch::Limits& limits)
+        : m_jobs(jobs), m_control(control), m_limits(limits), m_memory(limits.memory),
+          m_warnings(jobs.size()), m_done(jobs.size())
     {
     }
 
@@ -38,6 +39,7 @@ private:
 
     std::vector<PhotoJob>& m_jobs;
     const ExportControl m_control;
+    const PhotoBatch::Limits& m_limits;
     MemoryBudget m_memory;
     std::vector<Warnings> m_warnings;
     std::vector<std::promise<void>> m_done;
@@ -73,6 +75,12 @@ bool Workers::WriteFile(const PhotoJob& job, Warnings& warnings)
 
 void Workers::Carry(PhotoJob& job, Warnings& warnings)
 {
+    if (m_limits.findObstacle)
+        job.message = m_limits.findObstacle(job);
+    if (!job.message.isEmpty()) {
+        job.state = PhotoJob::State::Failed;
+        return;
+    }
     try {
         if (WriteFile(job, warnings))
             job.state = PhotoJob::State::Written;
@@ -100,7 +108,7 @@ void PhotoBatch::Run(std::vector<PhotoJob>& jobs, const Ended& ended) const
     ExportControl control;
     control.threads = std::max(1, ThreadPool::GetShared().GetThreadCount() / std::max(1, count));
     control.cancel = m_limits.cancel;
-    Workers workers(jobs, control, m_limits.memory);
+    Workers workers(jobs, control, m_limits);
     std::vector<std::future<void>> threads; // destroyed futures wait for their threads
     for (int i = 0; i < count; ++i)
         threads.push_back(std::async(std::launch::async, &Workers::Work, &workers));

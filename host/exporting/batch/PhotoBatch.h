@@ -27,6 +27,9 @@ public:
         /// May stop the batch from another thread: running photos are given up, nothing half
         /// written stays, and what is not done stays planned. Null: nobody stops it.
         const CancelToken* cancel = nullptr;
+        /// Asked by the threads of the batch when a job begins, since much may have happened after
+        /// it was planned: the reason why its file may not be written, else nothing. May be empty.
+        std::function<QString(const PhotoJob&)> findObstacle = {};
     };
 
     explicit PhotoBatch(const Limits& limits) : m_limits(limits) {}

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "ExportFixture.h"
 
+#include "export/ExportGuard.h"
+#include "export/selection/SelectionExporter.h"
 #include "image/DepthConversion.h"
 #include "photo/PhotoWriter.h"
 #include "photo/colour/ColorConversion.h"
@@ -114,6 +116,25 @@ protected:
         return ReadFile(name);
     }
 
+    /// The file that the export of a selection makes of the photo's saved edit.
+    QByteArray ExportByBatch(const LumetraHost::NamedRecipe& named) const
+    {
+        EXPECT_TRUE(editor->SaveEdit());
+        const LumetraEditor::SelectionOrder order{{photo}, {named}, {}, {}, true};
+        LumetraEditor::SelectionExporter exporter(std::make_shared<LumetraEditor::ExportGuard>());
+        exporter.Start(LumetraEditor::SelectionPlan::Make(order, LumetraEditor::ExportGuard()));
+        WaitUntil([&exporter] { return !exporter.IsRunning(); });
+        const auto& jobs = exporter.GetOutcome().jobs;
+        if (jobs.size() != 1 || jobs.front().state != LumetraHost::PhotoJob::State::Written) {
+            ADD_FAILURE()
+                << exporter.GetOutcome().GetMessages().join(QLatin1Char(' ')).toStdString();
+            return {};
+        }
+        QFile file(jobs.front().output);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+
     /// Compares exports at the photo's size, at a smaller one and at a larger one, which is not
     /// enlarged.
     void ExpectSame(PhotoFormat format, std::optional<Image::Depth> depth = {}) const
@@ -152,6 +173,32 @@ protected:
 };
 
 } // namespace
+
+TEST_F(SameExportTest, isMadeOfTheSavedEditByTheEditorsBatchAndByTheTool)
+{
+    Edit(WriteLarge("photo.jpg"));
+    const auto shipped = LumetraHost::NamedRecipe::GetShipped();
+    for (const auto& named : shipped) {
+        ExportOptions options;
+        options.recipe = named.recipe;
+        const QByteArray single = ExportByEditor(options, "single.jpg");
+
+        const QByteArray batch = ExportByBatch(named);
+
+        QStringList words{QStringLiteral("apply"),    photo,
+                          QStringLiteral("--edits"),  QStringLiteral("--overwrite"),
+                          QStringLiteral("--output"), Path("tool.jpg")};
+        if (named.recipe.longestSide > 0)
+            words << QStringLiteral("--size") << QString::number(named.recipe.longestSide);
+        QProcess tool;
+        tool.start(QStringLiteral(LUMETRA_PRESETS_PROGRAM), words);
+        EXPECT_TRUE(tool.waitForFinished(-1));
+        EXPECT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().toStdString();
+        EXPECT_FALSE(single.isEmpty());
+        EXPECT_TRUE(batch == single) << named.name.toStdString();
+        EXPECT_TRUE(ReadFile("tool.jpg") == single) << named.name.toStdString();
+    }
+}
 
 TEST_F(SameExportTest, isMadeOfAJpegPhotoThatIsStreamed)
 {

@@ -99,7 +99,8 @@ TEST(OutputTemplate, refusesWhatItDoesNotKnow)
 
 TEST(OutputTemplate, refusesNamesThatNoFormatHas)
 {
-    const std::string name = "expected a name that ends in .{ext}, .jpg, .png or .tif, found ";
+    const std::string name =
+        "expected a name that ends in .{ext}, .jpg, .png, .tif or .webp, found ";
     EXPECT_EQ(Refuse("{name}"), name + "\"{name}\"");
     EXPECT_EQ(Refuse("out.gif"), name + "\"out.gif\"");
     EXPECT_EQ(Refuse("{name}.{original_ext}"), name + "\"{name}.{original_ext}\"");
