@@ -49,6 +49,8 @@ void WriteLook(const SerializerPtr& look, const std::string& name, const Effects
             effects->AddElement()->WriteObject(IEffectSettings::EFFECT, *effect);
     WriteIntensity(look->CreateNode(ConfigData::INTENSITY),
                    ClampBlendAmount(layer.GetBlendAmount()));
+    // Sliders of a catalogue would move values that lie between their steps.
+    look->CreateCollection(Keys::Sliders);
 }
 
 /// The text without the line ends and blanks that make it readable. No JSON string has line ends.

@@ -89,7 +89,10 @@ std::optional<EmbeddedPreview> Decode(const Bytes& start, const PhotoHead& head,
                                       const std::string& name, int smallestSide)
 {
     const auto file = Exiv2::ImageFactory::open(start.data(), static_cast<long>(start.size()));
-    file->readMetadata();
+    {
+        const auto lock = MetadataTags::LockXmp();
+        file->readMetadata();
+    }
     const Bytes content = FindPreview(*file, smallestSide);
     if (content.empty())
         return std::nullopt;

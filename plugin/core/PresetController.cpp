@@ -84,7 +84,19 @@ boost::intrusive_ptr<PresetController> PresetController::Copy() const
     const boost::intrusive_ptr<PresetController> copy = new PresetController(*this);
     copy->m_startIntensity = GetIntensity();
     copy->m_localNames = {};
+    copy->MoveEffectsTo(GetIntensity());
     return copy;
+}
+
+/// Moves the effects to where the intensity stands. Those that a drag has moved stay there when an
+/// undo puts the intensity back. Effects that are there already keep their exact values.
+void PresetController::MoveEffectsTo(int intensity)
+{
+    Intensity().LoadValue(m_effectSettings);
+    if (GetIntensity() == intensity)
+        return;
+    Intensity().SetValue(intensity);
+    Intensity().SaveValue(m_effectSettings);
 }
 
 boost::intrusive_ptr<PresetController> PresetController::CopyAtStart() const

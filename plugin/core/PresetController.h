@@ -147,6 +147,7 @@ private:
     void WriteIntensityToPreview();
 
     std::function<void()> MakePutBack();
+    void MoveEffectsTo(int intensity);
 
     int m_startIntensity = 0;
     std::string m_intensityRemark;

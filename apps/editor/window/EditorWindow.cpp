@@ -187,7 +187,8 @@ void EditorWindow::ConnectActions()
     on(m_actions->open, [this] { TakeFiles(AskForPhotos(m_settings, this)); });
     on(m_actions->openFolder, [this] { OpenPhotos(AskForFolder(m_settings, this)); });
     on(m_actions->exportPhoto, [this] { m_export->Ask(); });
-    on(m_actions->exportSeveral, [this] { m_export->ExportSelection({m_editor.GetPhotoPath()}); });
+    on(m_actions->exportSeveral,
+       [this] { m_export->ExportSelection(m_browser->GetSelectedPhotos()); });
     on(m_actions->closePhoto, [this] { m_editor.ClosePhoto(); });
     on(m_actions->quit, [this] { close(); });
     on(m_actions->fit, [this] { m_canvas->Fit(); });

@@ -28,6 +28,7 @@ Exiv2::ExifData ReadTags(const Bytes& start)
         return tags;
     }
     const auto file = Exiv2::ImageFactory::open(start.data(), static_cast<long>(start.size()));
+    const auto lock = MetadataTags::LockXmp();
     file->readMetadata();
     return file->exifData();
 }

@@ -108,7 +108,7 @@ QByteArray FilterIptc(const QByteArray& block, KeptMetadata kept)
 Exiv2::XmpData DecodeXmp(const QByteArray& packet)
 {
     Exiv2::XmpData properties;
-    if (Exiv2::XmpParser::decode(properties, packet.toStdString()) != 0)
+    if (!MetadataTags::DecodeXmp(packet, properties))
         throw Exiv2::Error(Exiv2::kerErrorMessage, "the XMP packet cannot be decoded");
     return properties;
 }
@@ -123,7 +123,7 @@ void FilterXmp(PhotoMetadata& metadata, KeptMetadata kept)
     if (!RemoveOthers(properties, kept))
         return;
     std::string text;
-    if (!properties.empty() && Exiv2::XmpParser::encode(text, properties) != 0)
+    if (!properties.empty() && !MetadataTags::EncodeXmp(properties, text))
         throw Exiv2::Error(Exiv2::kerErrorMessage, "the XMP packet cannot be written");
     metadata.xmp = QByteArray::fromStdString(text);
     metadata.xmpExtension.clear();

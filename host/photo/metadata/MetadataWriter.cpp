@@ -32,6 +32,7 @@ std::optional<MetadataWriter::Resolution> ReadResolution(const Exiv2::ExifData& 
 Bytes WriteBlocks(const Bytes& encoded, const PhotoMetadata& metadata)
 {
     const auto file = Exiv2::ImageFactory::open(encoded.data(), static_cast<long>(encoded.size()));
+    const auto lock = MetadataTags::LockXmp();
     file->readMetadata();
     if (!metadata.exif.isEmpty()) {
         Exiv2::ExifData tags;

@@ -140,18 +140,11 @@ protected:
 /// True for keys that a text field keeps for itself: they type or edit.
 bool BelongsToText(const QString& key)
 {
-    static const std::set<QString> own{QStringLiteral("\\"),
-                                       QStringLiteral("+"),
-                                       QStringLiteral("-"),
-                                       QStringLiteral("0"),
-                                       QStringLiteral("1"),
-                                       QStringLiteral("Del"),
-                                       QStringLiteral("Ctrl+A"),
-                                       QStringLiteral("Ctrl+Z"),
-                                       QStringLiteral("Ctrl+Shift+Z"),
-                                       QStringLiteral("Ctrl+Y"),
-                                       QStringLiteral("Ctrl+E"),
-                                       QStringLiteral("Ctrl+Backspace")};
+    static const std::set<QString> own{
+        QStringLiteral("\\"),     QStringLiteral("+"),      QStringLiteral("-"),
+        QStringLiteral("0"),      QStringLiteral("1"),      QStringLiteral("Del"),
+        QStringLiteral("Ctrl+A"), QStringLiteral("Ctrl+Z"), QStringLiteral("Ctrl+Shift+Z"),
+        QStringLiteral("Ctrl+Y"), QStringLiteral("Ctrl+E"), QStringLiteral("Ctrl+Backspace")};
     return own.count(key) > 0;
 }
 

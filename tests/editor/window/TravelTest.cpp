@@ -203,13 +203,9 @@ TEST_P(TravelTest, anExportedPictureDroppedOnThePanelGivesItsLook)
     WaitUntil([this] { return !IsExporting(); });
     BeginAsFriend();
 
-    const Image original = Draw();
     DropOnPanel(picture);
 
-    ASSERT_TRUE(HasLook(OwnLook));
-    EXPECT_EQ(GetMessage().toStdString(), GetParam().imported);
-    ClickLook(OwnLook);
-    EXPECT_FALSE(HaveSamePixels(Draw(), original));
+    ExpectSameLook();
     EXPECT_TRUE(editor->GetPhotoPath().endsWith(QStringLiteral("theirs.png")))
         << "the picture is not opened";
 }
