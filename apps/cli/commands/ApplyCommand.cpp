@@ -109,23 +109,24 @@ class ApplyCommand : public Command
 public:
     ApplyCommand()
         : Command(QStringLiteral("apply"),
-                  QStringLiteral(
+                  QT_TRANSLATE_NOOP(
+                      "LumetraCli::Text",
                       "Applies presets or edits to photos and prints the names of the new files."))
     {
     }
 
 protected:
-    void AddOptions(QCommandLineParser& parser) const override;
+    void AddOptions(OptionTable& options) const override;
     ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
 };
 
-void ApplyCommand::AddOptions(QCommandLineParser& parser) const
+void ApplyCommand::AddOptions(OptionTable& options) const
 {
-    PhotoInputs::Add(parser);
-    LookOptions::Add(parser);
-    OutputOptions::Add(parser);
-    RecipeOptions::Add(parser);
-    parser.addOptions({
+    PhotoInputs::Add(options);
+    LookOptions::Add(options);
+    OutputOptions::Add(options);
+    RecipeOptions::Add(options);
+    options.AddOptions({
         {DryRunOption, QStringLiteral("Only says what would be written.")},
         {JsonOption, QStringLiteral("Writes JSON.")},
         {{QStringLiteral("j"), JobsOption},
@@ -136,15 +137,17 @@ void ApplyCommand::AddOptions(QCommandLineParser& parser) const
         {MemoryOption,
          QStringLiteral("How much memory they may take together, in MB, by an estimate from their "
                         "sizes; a photo that needs more is worked on alone. Default: half of the "
-                        "machine's memory, here %1")
-             .arg(LumetraHost::MemoryBudget::GetDefault() >> 20),
+                        "machine's memory"),
          QStringLiteral("number")},
         {ExactOption,
          QStringLiteral("Draws every pixel by the effects' formulas. Without it, colours "
                         "of large 8-bit photos may come from a table, within 1 of 255 "
                         "of them, in half the time.")},
     });
-    CatalogueOptions::Add(parser);
+    options.AddNote(
+        MemoryOption,
+        QStringLiteral("(here: %1)").arg(LumetraHost::MemoryBudget::GetDefault() >> 20));
+    CatalogueOptions::Add(options);
 }
 
 ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& console) const

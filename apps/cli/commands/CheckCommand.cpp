@@ -156,20 +156,21 @@ class CheckCommand : public Command
 {
 public:
     CheckCommand()
-        : Command(
-              QStringLiteral("check"),
-              QStringLiteral("Checks catalogues, files of your own presets, looks and LUT files."))
+        : Command(QStringLiteral("check"),
+                  QT_TRANSLATE_NOOP(
+                      "LumetraCli::Text",
+                      "Checks catalogues, files of your own presets, looks and LUT files."))
     {
     }
 
 protected:
-    void AddOptions(QCommandLineParser& parser) const override;
+    void AddOptions(OptionTable& options) const override;
     ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
 };
 
-void CheckCommand::AddOptions(QCommandLineParser& parser) const
+void CheckCommand::AddOptions(OptionTable& options) const
 {
-    parser.addPositionalArgument(
+    options.AddArgument(
         QStringLiteral("FILE"),
         QStringLiteral("Catalogues, taken together with the installed ones, files of your own "
                        "presets, files with looks (.lumetra) and LUT files."),

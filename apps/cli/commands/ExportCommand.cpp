@@ -42,23 +42,23 @@ class ExportCommand : public Command
 {
 public:
     ExportCommand()
-        : Command(QStringLiteral("export"),
-                  QStringLiteral("Writes presets as one file for other people."))
+        : Command(
+              QStringLiteral("export"),
+              QT_TRANSLATE_NOOP("LumetraCli::Text", "Writes presets as one file for other people."))
     {
     }
 
 protected:
-    void AddOptions(QCommandLineParser& parser) const override;
+    void AddOptions(OptionTable& options) const override;
     ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
 };
 
-void ExportCommand::AddOptions(QCommandLineParser& parser) const
+void ExportCommand::AddOptions(OptionTable& options) const
 {
-    parser.addPositionalArgument(QStringLiteral("PRESET"),
-                                 QStringLiteral("Names or ids of presets."),
-                                 QStringLiteral("PRESET..."));
-    OutputFile::AddOptions(parser, QStringLiteral("The file to write, .lumetra."));
-    parser.addOptions({
+    options.AddArgument(QStringLiteral("PRESET"), QStringLiteral("Names or ids of presets."),
+                        QStringLiteral("PRESET..."));
+    OutputFile::AddOptions(options, QStringLiteral("The file to write, .lumetra."));
+    options.AddOptions({
         {AuthorOption, QStringLiteral("Who has made the looks. Default: as the presets say"),
          QStringLiteral("name")},
         {LicenceOption,
@@ -79,7 +79,7 @@ void ExportCommand::AddOptions(QCommandLineParser& parser) const
                         "are packed as .zip archives are")
              .arg(LookFormat::LargestPlainText / 1024)},
     });
-    CatalogueOptions::Add(parser);
+    CatalogueOptions::Add(options);
 }
 
 QString ReadCredit(const QCommandLineParser& parser, const QString& option)

@@ -42,35 +42,36 @@ class ExportLutCommand : public Command
 public:
     ExportLutCommand()
         : Command(QStringLiteral("export-lut"),
-                  QStringLiteral("Writes a preset as a look-up table for other programs."))
+                  QT_TRANSLATE_NOOP("LumetraCli::Text",
+                                    "Writes a preset as a look-up table for other programs."))
     {
     }
 
 protected:
-    void AddOptions(QCommandLineParser& parser) const override;
+    void AddOptions(OptionTable& options) const override;
     ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
 };
 
-void ExportLutCommand::AddOptions(QCommandLineParser& parser) const
+void ExportLutCommand::AddOptions(OptionTable& options) const
 {
-    PresetOptions::Add(parser, QStringLiteral("The preset, by name or id."),
+    PresetOptions::Add(options, QStringLiteral("The preset, by name or id."),
                        QStringLiteral("name|id"));
-    parser.addOption(
+    options.AddOption(
         {FormatOption,
          QStringLiteral("Format of the file: cube, clf (Common LUT Format) or hald (a HaldCLUT "
                         "picture of 16 bits). Default: by the name of the file."),
-         QStringLiteral("format")});
-    parser.addOption(
+         QStringLiteral("cube|clf|hald")});
+    options.AddOption(
         {SizeOption,
          QStringLiteral("Points along each axis, 2 to 129; for a HaldCLUT a square, 4 to 121. "
                         "Default: 33, for a HaldCLUT 64."),
          QStringLiteral("number")});
-    parser.addOption({ColoursOnlyOption,
-                      QStringLiteral("Leaves out effects that do not fit into a table, such as "
-                                     "vignette and clarity, and names them.")});
-    OutputFile::AddOptions(parser,
+    options.AddOption({ColoursOnlyOption,
+                       QStringLiteral("Leaves out effects that do not fit into a table, such as "
+                                      "vignette and clarity, and names them.")});
+    OutputFile::AddOptions(options,
                            QStringLiteral("The file to write: .cube, .clf, .png, .tif or .tiff."));
-    CatalogueOptions::Add(parser);
+    CatalogueOptions::Add(options);
 }
 
 std::optional<LutFormat> ReadFormatOption(const QCommandLineParser& parser)

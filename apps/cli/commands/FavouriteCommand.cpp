@@ -20,22 +20,22 @@ class FavouriteCommand : public StoreCommand
 {
 public:
     FavouriteCommand()
-        : StoreCommand(QStringLiteral("favourite"), QStringLiteral("Marks presets as favourites."))
+        : StoreCommand(QStringLiteral("favourite"),
+                       QT_TRANSLATE_NOOP("LumetraCli::Text", "Marks presets as favourites."))
     {
     }
 
 protected:
-    void AddArguments(QCommandLineParser& parser) const override;
+    void AddArguments(OptionTable& options) const override;
     QStringList Edit(const QCommandLineParser& parser, LumetraPlugin::PresetSession& session,
                      const Rows& rows) const override;
 };
 
-void FavouriteCommand::AddArguments(QCommandLineParser& parser) const
+void FavouriteCommand::AddArguments(OptionTable& options) const
 {
-    parser.addPositionalArgument(QStringLiteral("PRESET"),
-                                 QStringLiteral("Names or ids of presets."),
-                                 QStringLiteral("PRESET..."));
-    parser.addOption({OffOption, QStringLiteral("Takes the marks off.")});
+    options.AddArgument(QStringLiteral("PRESET"), QStringLiteral("Names or ids of presets."),
+                        QStringLiteral("PRESET..."));
+    options.AddOption({OffOption, QStringLiteral("Takes the marks off.")});
 }
 
 QStringList FavouriteCommand::Edit(const QCommandLineParser& parser,

@@ -86,19 +86,20 @@ class ImportCommand : public Command
 public:
     ImportCommand()
         : Command(QStringLiteral("import"),
-                  QStringLiteral("Makes presets of your own out of files with looks, LUT files "
-                                 "and looks of other programs."))
+                  QT_TRANSLATE_NOOP("LumetraCli::Text",
+                                    "Makes presets of your own out of files with looks, LUT files "
+                                    "and looks of other programs."))
     {
     }
 
 protected:
-    void AddOptions(QCommandLineParser& parser) const override;
+    void AddOptions(OptionTable& options) const override;
     ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
 };
 
-void ImportCommand::AddOptions(QCommandLineParser& parser) const
+void ImportCommand::AddOptions(OptionTable& options) const
 {
-    parser.addPositionalArgument(
+    options.AddArgument(
         QStringLiteral("FILE"),
         QStringLiteral("Files with looks: .lumetra; pictures that this program has exported, which "
                        "tell of their looks; LUT files: .cube, .3dl, .clf, .cc, .ccc, .cdl, "
@@ -108,15 +109,15 @@ void ImportCommand::AddOptions(QCommandLineParser& parser) const
                        "pictures it takes those alone that are tables. A look that you have "
                        "already, under whatever name, is not added again."),
         QStringLiteral("FILE..."));
-    parser.addOption({NameOption,
-                      QStringLiteral("The preset's name, for a file with one look. Default: the "
-                                     "look's own, or else the file's."),
-                      QStringLiteral("name")});
-    parser.addOption({TablesOption,
-                      QStringLiteral("Looks here too for the HaldCLUT pictures that .pp3 files "
-                                     "name. May be repeated."),
-                      QStringLiteral("folder")});
-    CatalogueOptions::Add(parser);
+    options.AddOption({NameOption,
+                       QStringLiteral("The preset's name, for a file with one look. Default: the "
+                                      "look's own, or else the file's."),
+                       QStringLiteral("name")});
+    options.AddOption({TablesOption,
+                       QStringLiteral("Looks here too for the HaldCLUT pictures that .pp3 files "
+                                      "name. May be repeated."),
+                       QStringLiteral("folder")});
+    CatalogueOptions::Add(options);
 }
 
 ExitCode ImportCommand::Execute(const QCommandLineParser& parser, Console& console) const

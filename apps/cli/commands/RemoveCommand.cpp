@@ -15,21 +15,21 @@ class RemoveCommand : public StoreCommand
 {
 public:
     RemoveCommand()
-        : StoreCommand(QStringLiteral("remove"), QStringLiteral("Removes presets of your own."))
+        : StoreCommand(QStringLiteral("remove"),
+                       QT_TRANSLATE_NOOP("LumetraCli::Text", "Removes presets of your own."))
     {
     }
 
 protected:
-    void AddArguments(QCommandLineParser& parser) const override;
+    void AddArguments(OptionTable& options) const override;
     QStringList Edit(const QCommandLineParser& parser, LumetraPlugin::PresetSession& session,
                      const Rows& rows) const override;
 };
 
-void RemoveCommand::AddArguments(QCommandLineParser& parser) const
+void RemoveCommand::AddArguments(OptionTable& options) const
 {
-    parser.addPositionalArgument(QStringLiteral("PRESET"),
-                                 QStringLiteral("Names or ids of your presets."),
-                                 QStringLiteral("PRESET..."));
+    options.AddArgument(QStringLiteral("PRESET"), QStringLiteral("Names or ids of your presets."),
+                        QStringLiteral("PRESET..."));
 }
 
 QStringList RemoveCommand::Edit(const QCommandLineParser& parser,

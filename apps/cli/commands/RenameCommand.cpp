@@ -15,21 +15,22 @@ class RenameCommand : public StoreCommand
 {
 public:
     RenameCommand()
-        : StoreCommand(QStringLiteral("rename"), QStringLiteral("Renames one of your own presets."))
+        : StoreCommand(QStringLiteral("rename"),
+                       QT_TRANSLATE_NOOP("LumetraCli::Text", "Renames one of your own presets."))
     {
     }
 
 protected:
-    void AddArguments(QCommandLineParser& parser) const override;
+    void AddArguments(OptionTable& options) const override;
     QStringList Edit(const QCommandLineParser& parser, LumetraPlugin::PresetSession& session,
                      const Rows& rows) const override;
 };
 
-void RenameCommand::AddArguments(QCommandLineParser& parser) const
+void RenameCommand::AddArguments(OptionTable& options) const
 {
-    parser.addPositionalArgument(QStringLiteral("PRESET"),
-                                 QStringLiteral("Name or id of one of your presets."));
-    parser.addPositionalArgument(QStringLiteral("NAME"), QStringLiteral("Its new name."));
+    options.AddArgument(QStringLiteral("PRESET"),
+                        QStringLiteral("Name or id of one of your presets."));
+    options.AddArgument(QStringLiteral("NAME"), QStringLiteral("Its new name."));
 }
 
 QStringList RenameCommand::Edit(const QCommandLineParser& parser,

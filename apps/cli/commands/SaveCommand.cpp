@@ -15,22 +15,23 @@ class SaveCommand : public StoreCommand
 public:
     SaveCommand()
         : StoreCommand(QStringLiteral("save"),
-                       QStringLiteral("Saves a preset under a new name among your own."))
+                       QT_TRANSLATE_NOOP("LumetraCli::Text",
+                                         "Saves a preset under a new name among your own."))
     {
     }
 
 protected:
-    void AddArguments(QCommandLineParser& parser) const override;
+    void AddArguments(OptionTable& options) const override;
     QStringList Edit(const QCommandLineParser& parser, LumetraPlugin::PresetSession& session,
                      const Rows& rows) const override;
 };
 
-void SaveCommand::AddArguments(QCommandLineParser& parser) const
+void SaveCommand::AddArguments(OptionTable& options) const
 {
-    parser.addPositionalArgument(QStringLiteral("PRESET"),
-                                 QStringLiteral("Name or id of the preset to start from."));
-    parser.addPositionalArgument(QStringLiteral("NAME"), QStringLiteral("The new name."));
-    PresetOptions::AddValues(parser);
+    options.AddArgument(QStringLiteral("PRESET"),
+                        QStringLiteral("Name or id of the preset to start from."));
+    options.AddArgument(QStringLiteral("NAME"), QStringLiteral("The new name."));
+    PresetOptions::AddValues(options);
 }
 
 QStringList SaveCommand::Edit(const QCommandLineParser& parser,

@@ -155,28 +155,29 @@ class SheetCommand : public Command
 public:
     SheetCommand()
         : Command(QStringLiteral("sheet"),
-                  QStringLiteral("Shows all presets on one photo in one picture."))
+                  QT_TRANSLATE_NOOP("LumetraCli::Text",
+                                    "Shows all presets on one photo in one picture."))
     {
     }
     bool DrawsText() const override { return true; }
 
 protected:
-    void AddOptions(QCommandLineParser& parser) const override;
+    void AddOptions(OptionTable& options) const override;
     ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
 };
 
-void SheetCommand::AddOptions(QCommandLineParser& parser) const
+void SheetCommand::AddOptions(OptionTable& options) const
 {
-    parser.addPositionalArgument(QStringLiteral("PHOTO"),
-                                 QStringLiteral("A JPEG, PNG, TIFF, WebP, HEIC or raw file."));
-    OutputFile::AddOptions(parser, QStringLiteral("The PNG file to write."));
-    parser.addOptions({
+    options.AddArgument(QStringLiteral("PHOTO"),
+                        QStringLiteral("A JPEG, PNG, TIFF, WebP, HEIC or raw file."));
+    OutputFile::AddOptions(options, QStringLiteral("The PNG file to write."));
+    options.AddOptions({
         {ColumnsOption, QStringLiteral("Previews side by side. Default: 5"),
          QStringLiteral("number"), QStringLiteral("5")},
         {TileOption, QStringLiteral("Width of a preview in pixels. Default: 240"),
          QStringLiteral("number"), QStringLiteral("240")},
     });
-    CatalogueOptions::Add(parser);
+    CatalogueOptions::Add(options);
 }
 
 ExitCode SheetCommand::Execute(const QCommandLineParser& parser, Console& console) const

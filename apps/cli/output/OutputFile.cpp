@@ -14,10 +14,10 @@ const QString OverwriteOption = QStringLiteral("overwrite");
 
 } // namespace
 
-void OutputFile::AddOptions(QCommandLineParser& parser, const QString& help)
+void OutputFile::AddOptions(OptionTable& options, const QString& help)
 {
-    parser.addOption({{QStringLiteral("o"), OutputOption}, help, QStringLiteral("file")});
-    parser.addOption({OverwriteOption, QStringLiteral("Replaces an existing file.")});
+    options.AddOption({{QStringLiteral("o"), OutputOption}, help, QStringLiteral("file")});
+    options.AddOption({OverwriteOption, QStringLiteral("Replaces an existing file.")});
 }
 
 QString OutputFile::GetName(const QCommandLineParser& parser)

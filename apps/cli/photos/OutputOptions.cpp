@@ -86,9 +86,9 @@ void CheckPipedIn(const OutputTemplate& names, const LookOptions& looks)
 
 } // namespace
 
-void OutputOptions::Add(QCommandLineParser& parser)
+void OutputOptions::Add(OptionTable& options)
 {
-    parser.addOptions({
+    options.AddOptions({
         {{QStringLiteral("o"), OutputOption},
          QStringLiteral("Where to write. {folder}, {name}, {ext} and {original_ext} are the "
                         "photo's, {preset}, {group} and {intensity} the preset's; {n} is the "

@@ -95,14 +95,14 @@ void CheckPipes(const QStringList& arguments, const QCommandLineParser& parser)
 const QString PhotoInputs::Pipe = QStringLiteral("-");
 const QString PhotoInputs::PipedName = QStringLiteral("stdin");
 
-void PhotoInputs::Add(QCommandLineParser& parser)
+void PhotoInputs::Add(OptionTable& options)
 {
-    parser.addPositionalArgument(
+    options.AddArgument(
         QStringLiteral("PHOTO"),
         QStringLiteral("Photos: JPEG, PNG, TIFF, WebP, HEIC or raw files; folders, which stand for "
                        "the photos in them; or - alone, for a photo from the standard input."),
         QStringLiteral("PHOTO..."));
-    parser.addOptions({
+    options.AddOptions({
         {{QStringLiteral("r"), RecursiveOption},
          QStringLiteral("Takes the photos in the subfolders of folders too. Hidden ones and links "
                         "to folders are passed over.")},

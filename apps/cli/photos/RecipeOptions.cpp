@@ -138,9 +138,9 @@ void CheckFormat(PhotoFormat format, const std::vector<PhotoJob>& jobs)
 
 } // namespace
 
-void RecipeOptions::Add(QCommandLineParser& parser)
+void RecipeOptions::Add(OptionTable& options)
 {
-    parser.addOptions({
+    options.AddOptions({
         {RecipeOption,
          QStringLiteral("The form of the new files as one of the editor's export recipes has it; "
                         "the options below change it. Its folder and file name are not used"),

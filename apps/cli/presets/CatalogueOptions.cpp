@@ -38,18 +38,21 @@ void Report(const PresetSession& session, Console& console)
 
 } // namespace
 
-void CatalogueOptions::Add(QCommandLineParser& parser)
+void CatalogueOptions::Add(OptionTable& options)
 {
-    parser.addOption({CatalogueOption,
-                      QStringLiteral("Also reads the presets of this catalogue file. May be given "
-                                     "more than once."),
-                      QStringLiteral("file")});
-    parser.addOption(
+    options.AddOption({CatalogueOption,
+                       QStringLiteral("Also reads the presets of this catalogue file. May be given "
+                                      "more than once."),
+                       QStringLiteral("file")});
+    options.AddOption(
         {OnlyNamedOption, QStringLiteral("Reads no other catalogues than those named.")});
-    parser.addOption({StoreOption,
-                      QStringLiteral("Keeps your own presets and favourites in this file (%1).")
-                          .arg(UserPresetStore::GetDefaultPath()),
-                      QStringLiteral("file"), UserPresetStore::GetDefaultPath()});
+    options.AddOption(
+        {StoreOption,
+         QStringLiteral("Keeps your own presets and favourites in this file. Default: "
+                        "lumetra/presets.json in your data folder"),
+         QStringLiteral("file"), UserPresetStore::GetDefaultPath()});
+    options.AddNote(StoreOption,
+                    QStringLiteral("(here: %1)").arg(UserPresetStore::GetDefaultPath()));
 }
 
 std::unique_ptr<PresetSession> CatalogueOptions::Load(const QCommandLineParser& parser,

@@ -121,15 +121,15 @@ ChosenLook MakeLook(PresetSession& session, const std::vector<PresetUse>& uses, 
 
 } // namespace
 
-void LookOptions::Add(QCommandLineParser& parser)
+void LookOptions::Add(OptionTable& options)
 {
-    PresetOptions::Add(parser,
+    PresetOptions::Add(options,
                        QStringLiteral("The preset, by name or id, or a LUT file: .cube, .3dl, "
                                       ".clf, .cc, .ccc, .cdl or a HaldCLUT picture. Given more "
                                       "than once, each lies upon the one before, and --intensity "
                                       "and --set belong to the preset before them."),
                        QStringLiteral("name|id|file"));
-    parser.addOptions({
+    options.AddOptions({
         {FavouritesOption,
          QStringLiteral("Makes a file of each photo with each favourite, upon the presets of "
                         "--preset, if there are any.")},

@@ -12,20 +12,20 @@ const QString SetOption = QStringLiteral("set");
 
 } // namespace
 
-void PresetOptions::Add(QCommandLineParser& parser, const QString& help, const QString& valueName)
+void PresetOptions::Add(OptionTable& options, const QString& help, const QString& valueName)
 {
-    parser.addOption({{QStringLiteral("p"), PresetOption}, help, valueName});
-    AddValues(parser);
+    options.AddOption({{QStringLiteral("p"), PresetOption}, help, valueName});
+    AddValues(options);
 }
 
-void PresetOptions::AddValues(QCommandLineParser& parser)
+void PresetOptions::AddValues(OptionTable& options)
 {
-    parser.addOption({{QStringLiteral("i"), IntensityOption},
-                      QStringLiteral("Intensity within the preset's range."),
-                      QStringLiteral("number")});
-    parser.addOption({SetOption,
-                      QStringLiteral("Moves an extra slider. May be given more than once."),
-                      QStringLiteral("slider=value")});
+    options.AddOption({{QStringLiteral("i"), IntensityOption},
+                       QStringLiteral("Intensity within the preset's range."),
+                       QStringLiteral("number")});
+    options.AddOption({SetOption,
+                       QStringLiteral("Moves an extra slider. May be given more than once."),
+                       QStringLiteral("slider=value")});
 }
 
 QString PresetOptions::ReadPreset(const QCommandLineParser& parser)

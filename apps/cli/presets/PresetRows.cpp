@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "presets/PresetRows.h"
 
-#include "catalogue/NearestName.h"
+#include "console/NameHint.h"
 #include "console/UsageError.h"
 #include "core/CatalogueLocations.h"
 #include "core/PresetModel.h"
@@ -73,10 +73,8 @@ Rows FindAll(const Rows& rows, const QString& nameOrId)
         names.push_back(row.shown.toStdString());
         names.push_back(row.id.toStdString());
     }
-    const QString hint =
-        QString::fromStdString(LumetraHost::DidYouMean(nameOrId.toStdString(), names));
     throw UsageError(QStringLiteral("%1: expected the name or id of a preset, found \"%2\"%3")
-                         .arg(argument, nameOrId, hint));
+                         .arg(argument, nameOrId, MakeNameHint(nameOrId, names)));
 }
 
 [[noreturn]] void RefuseAmbiguous(const Rows& matches, const QString& name, const QString& argument)

@@ -4,7 +4,7 @@
 #include "EffectPresets/EffectPresetModel.h"
 #include "Settings/TuneSettingType.h"
 #include "Zorvik/Exception.h"
-#include "catalogue/NearestName.h"
+#include "console/NameHint.h"
 #include "console/UsageError.h"
 #include "core/PresetSession.h"
 #include "exporting/LookRecord.h"
@@ -54,7 +54,7 @@ bool IsNamed(const SliderSetting& slider, const QString& name)
                                           : shown.join(QStringLiteral(", "));
     throw UsageError(QStringLiteral("--set: expected a slider of \"%1\" (%2), found \"%3\"")
                          .arg(preset.shown, known, name) +
-                     QString::fromStdString(LumetraHost::DidYouMean(name.toStdString(), names)));
+                     MakeNameHint(name, names));
 }
 
 } // namespace

@@ -14,10 +14,10 @@ namespace LumetraCli {
 
 using LumetraPlugin::PresetNames;
 
-void StoreCommand::AddOptions(QCommandLineParser& parser) const
+void StoreCommand::AddOptions(OptionTable& options) const
 {
-    AddArguments(parser);
-    CatalogueOptions::Add(parser);
+    AddArguments(options);
+    CatalogueOptions::Add(options);
 }
 
 ExitCode StoreCommand::Execute(const QCommandLineParser& parser, Console& console) const
