@@ -384,5 +384,53 @@ Wendet Presets auf Fotos an.</translation>
         <source>, did you mean &quot;%1&quot;?</source>
         <translation>, meinten Sie &quot;%1&quot;?</translation>
     </message>
+    <message>
+        <source>about %1 h</source>
+        <translation>etwa %1 h</translation>
+    </message>
+    <message>
+        <source>about %1 min</source>
+        <translation>etwa %1 min</translation>
+    </message>
+    <message>
+        <source>about %1 s</source>
+        <translation>etwa %1 s</translation>
+    </message>
+    <message>
+        <source>%1 failed</source>
+        <translation>%1 fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Writes a line of JSON for each file when it is done, and one with the summary at the end, in place of the names.</source>
+        <translation>Schreibt statt der Namen je Datei eine Zeile JSON, sobald sie fertig ist, und am Ende eine mit der Zusammenfassung.</translation>
+    </message>
+    <message>
+        <source>Writes no names, no progress and no summary; warnings and failures stay.</source>
+        <translation>Schreibt keine Namen, keinen Fortschritt und keine Zusammenfassung; Warnungen und Fehler bleiben.</translation>
+    </message>
+    <message>
+        <source>%1: warning: %2</source>
+        <translation>%1: Warnung: %2</translation>
+    </message>
+    <message>
+        <source>%1 written</source>
+        <translation>%1 geschrieben</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>%1 übersprungen</translation>
+    </message>
+    <message>
+        <source>%1 not done</source>
+        <translation>%1 nicht bearbeitet</translation>
+    </message>
+    <message>
+        <source>%1 to be written</source>
+        <translation>%1 zu schreiben</translation>
+    </message>
+    <message>
+        <source>interrupted: %1</source>
+        <translation>unterbrochen: %1</translation>
+    </message>
 </context>
 </TS>
