@@ -3,6 +3,7 @@
 
 #include "console/Console.h"
 #include "console/Interruption.h"
+#include "console/Text.h"
 #include "console/UsageError.h"
 #include "core/PresetSession.h"
 #include "edits/SavedEdits.h"
@@ -171,25 +172,23 @@ void ApplyCommand::AddOptions(OptionTable& options) const
     RecipeOptions::Add(options);
     ApplyReport::AddOptions(options);
     options.AddOptions({
-        {DryRunOption, QStringLiteral("Only says what would be written.")},
+        {DryRunOption, Text::tr("Only says what would be written.")},
         {{QStringLiteral("j"), JobsOption},
-         QStringLiteral("How many photos to work on at the same time, 1 to %1, as far as --memory "
-                        "allows. Default: the number of processor cores")
+         Text::tr("How many photos to work on at the same time, 1 to %1, as far as --memory "
+                  "allows. Default: the number of processor cores")
              .arg(MaximumJobs),
          QStringLiteral("number")},
         {MemoryOption,
-         QStringLiteral("How much memory they may take together, in MB, by an estimate from their "
-                        "sizes; a photo that needs more is worked on alone. Default: half of the "
-                        "machine's memory"),
+         Text::tr("How much memory they may take together, in MB, by an estimate from their "
+                  "sizes; a photo that needs more is worked on alone. Default: half of the "
+                  "machine's memory"),
          QStringLiteral("number")},
-        {ExactOption,
-         QStringLiteral("Draws every pixel by the effects' formulas. Without it, colours "
-                        "of large 8-bit photos may come from a table, within 1 of 255 "
-                        "of them, in half the time.")},
+        {ExactOption, Text::tr("Draws every pixel by the effects' formulas. Without it, colours "
+                               "of large 8-bit photos may come from a table, within 1 of 255 "
+                               "of them, in half the time.")},
     });
-    options.AddNote(
-        MemoryOption,
-        QStringLiteral("(here: %1)").arg(LumetraHost::MemoryBudget::GetDefault() >> 20));
+    options.AddNote(MemoryOption,
+                    Text::tr("(here: %1)").arg(LumetraHost::MemoryBudget::GetDefault() >> 20));
     CatalogueOptions::Add(options);
 }
 
@@ -204,7 +203,7 @@ ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& consol
     ApplyReport::Form form = ApplyReport::ReadForm(parser);
     form.isDryRun = parser.isSet(DryRunOption);
     if (photos.empty() && !form.isQuiet)
-        console.Report(QStringLiteral("the list names no photo"));
+        console.Report(Text::tr("the list names no photo"));
 
     const auto session = CatalogueOptions::Load(parser, console);
     if (!session)

@@ -2,6 +2,7 @@
 #include "commands/Commands.h"
 
 #include "EffectPresets/EffectPresetModel.h"
+#include "console/Text.h"
 #include "core/PresetSession.h"
 #include "presets/StoreCommand.h"
 
@@ -33,9 +34,9 @@ protected:
 
 void FavouriteCommand::AddArguments(OptionTable& options) const
 {
-    options.AddArgument(QStringLiteral("PRESET"), QStringLiteral("Names or ids of presets."),
+    options.AddArgument(QStringLiteral("PRESET"), Text::tr("Names or ids of presets."),
                         QStringLiteral("PRESET..."));
-    options.AddOption({OffOption, QStringLiteral("Takes the marks off.")});
+    options.AddOption({OffOption, Text::tr("Takes the marks off.")});
 }
 
 QStringList FavouriteCommand::Edit(const QCommandLineParser& parser,
@@ -48,8 +49,8 @@ QStringList FavouriteCommand::Edit(const QCommandLineParser& parser,
     QStringList done;
     for (const PresetRow& row : presets) {
         session.GetModel().setData(row.index, isOn, EffectPresetModel::FavouriteRole);
-        done.append((isOn ? QStringLiteral("marked \"%1\"") : QStringLiteral("unmarked \"%1\""))
-                        .arg(row.shown));
+        done.append(
+            (isOn ? Text::tr("marked \"%1\"") : Text::tr("unmarked \"%1\"")).arg(row.shown));
     }
     return done;
 }

@@ -30,7 +30,7 @@ const QString FavouritesOption = QStringLiteral("favourites");
 
 QString Range(int value, int minimum, int maximum)
 {
-    return QStringLiteral("%1 (%2 to %3)").arg(value).arg(minimum).arg(maximum);
+    return Text::tr("%1 (%2 to %3)").arg(value).arg(minimum).arg(maximum);
 }
 
 QString SliderName(const SliderSetting& slider)
@@ -42,15 +42,13 @@ QString Line(const PresetRow& row)
 {
     QString line = QStringLiteral("  %1  [%2]").arg(row.shown, row.id);
     if (row.HasIntensity())
-        line += QStringLiteral("  intensity %1, %2")
-                    .arg(Range(row.intensity, row.intensityMinimum, row.intensityMaximum),
-                         row.GetIntensityKind());
+        line += Text::tr("  intensity %1").arg(row.DescribeIntensity());
     if (row.isPopular)
-        line += QStringLiteral("  popular");
+        line += QStringLiteral("  ") + Text::tr("popular");
     if (row.isFavourite)
-        line += QStringLiteral("  favourite");
+        line += QStringLiteral("  ") + Text::tr("favourite");
     if (!row.problem.isEmpty())
-        line += QStringLiteral("  not usable: ") + row.problem;
+        line += Text::tr("  not usable: ") + row.problem;
     return line;
 }
 
@@ -132,12 +130,12 @@ protected:
 
 void ListCommand::AddOptions(OptionTable& options) const
 {
-    options.AddOption({JsonOption, QStringLiteral("Writes JSON.")});
+    options.AddOption({JsonOption, Text::tr("Writes JSON.")});
     options.AddOption(
         {NamesOption, Text::tr("Writes nothing but the names, a line each; the id of a preset that "
                                "shares its name with another.")});
-    options.AddOption({UserOption, QStringLiteral("Only your own presets.")});
-    options.AddOption({FavouritesOption, QStringLiteral("Only favourites.")});
+    options.AddOption({UserOption, Text::tr("Only your own presets.")});
+    options.AddOption({FavouritesOption, Text::tr("Only favourites.")});
     CatalogueOptions::Add(options);
 }
 

@@ -2,6 +2,7 @@
 #include "commands/Commands.h"
 
 #include "EffectPresets/EffectPresetModel.h"
+#include "console/Text.h"
 #include "core/PresetSession.h"
 #include "presets/StoreCommand.h"
 
@@ -28,7 +29,7 @@ protected:
 
 void RemoveCommand::AddArguments(OptionTable& options) const
 {
-    options.AddArgument(QStringLiteral("PRESET"), QStringLiteral("Names or ids of your presets."),
+    options.AddArgument(QStringLiteral("PRESET"), Text::tr("Names or ids of your presets."),
                         QStringLiteral("PRESET..."));
 }
 
@@ -45,7 +46,7 @@ QStringList RemoveCommand::Edit(const QCommandLineParser& parser,
     QStringList done;
     for (const auto& [index, name] : presets)
         if (index.isValid() && session.GetModel().removeRows(index.row(), 1, index.parent()))
-            done.append(QStringLiteral("removed \"%1\"").arg(name));
+            done.append(Text::tr("removed \"%1\"").arg(name));
     return done;
 }
 

@@ -2,6 +2,7 @@
 #include "commands/Commands.h"
 
 #include "EffectPresets/EffectPresetModel.h"
+#include "console/Text.h"
 #include "core/PresetSession.h"
 #include "presets/StoreCommand.h"
 
@@ -28,9 +29,8 @@ protected:
 
 void RenameCommand::AddArguments(OptionTable& options) const
 {
-    options.AddArgument(QStringLiteral("PRESET"),
-                        QStringLiteral("Name or id of one of your presets."));
-    options.AddArgument(QStringLiteral("NAME"), QStringLiteral("Its new name."));
+    options.AddArgument(QStringLiteral("PRESET"), Text::tr("Name or id of one of your presets."));
+    options.AddArgument(QStringLiteral("NAME"), Text::tr("Its new name."));
 }
 
 QStringList RenameCommand::Edit(const QCommandLineParser& parser,
@@ -41,7 +41,7 @@ QStringList RenameCommand::Edit(const QCommandLineParser& parser,
     const PresetRow row = FindUsersPreset(rows, arguments[0]);
     const QString name = NewName(model, arguments[1]);
     model.setData(row.index, name, EffectPresetModel::PresetNameRole);
-    return {QStringLiteral("renamed \"%1\" to \"%2\"").arg(row.name, name)};
+    return {Text::tr("renamed \"%1\" to \"%2\"").arg(row.name, name)};
 }
 
 } // namespace

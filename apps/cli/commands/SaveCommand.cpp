@@ -2,6 +2,7 @@
 #include "commands/Commands.h"
 
 #include "EffectPresets/EffectPresetModel.h"
+#include "console/Text.h"
 #include "core/PresetSession.h"
 #include "presets/PresetOptions.h"
 #include "presets/StoreCommand.h"
@@ -29,8 +30,8 @@ protected:
 void SaveCommand::AddArguments(OptionTable& options) const
 {
     options.AddArgument(QStringLiteral("PRESET"),
-                        QStringLiteral("Name or id of the preset to start from."));
-    options.AddArgument(QStringLiteral("NAME"), QStringLiteral("The new name."));
+                        Text::tr("Name or id of the preset to start from."));
+    options.AddArgument(QStringLiteral("NAME"), Text::tr("The new name."));
     PresetOptions::AddValues(options);
 }
 
@@ -41,7 +42,7 @@ QStringList SaveCommand::Edit(const QCommandLineParser& parser,
     const QString name = NewName(session.GetModel(), arguments[1]);
     const PresetUse use = PresetOptions::MakeUse(parser, FindPreset(rows, arguments[0]));
     use.SaveAs(session, name);
-    return {QStringLiteral("saved \"%1\" from \"%2\"").arg(name, use.GetPreset().shown)};
+    return {Text::tr("saved \"%1\" from \"%2\"").arg(name, use.GetPreset().shown)};
 }
 
 } // namespace

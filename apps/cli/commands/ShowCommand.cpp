@@ -55,17 +55,6 @@ QString DescribeReach(EffectReach reach)
     }
 }
 
-QString DescribeIntensity(const PresetRow& row)
-{
-    if (!row.HasIntensity())
-        return Text::tr("none");
-    return Text::tr("%1 (%2 to %3), %4")
-        .arg(QString::number(row.intensity), QString::number(row.intensityMinimum),
-             QString::number(row.intensityMaximum),
-             row.GetIntensityKind() == QLatin1String("blending") ? Text::tr("blending")
-                                                                 : Text::tr("slider"));
-}
-
 QString DescribeNames(const PresetRow& row)
 {
     QStringList names;
@@ -156,7 +145,7 @@ void PrintText(const PresetDetails& details, Console& console)
                  {Text::tr("Licence"), Show(details.licence)},
                  {Text::tr("Marks"), DescribeMarks(row)},
                  {Text::tr("Not usable"), row.problem},
-                 {Text::tr("Intensity"), DescribeIntensity(row)},
+                 {Text::tr("Intensity"), row.DescribeIntensity()},
                  {Text::tr("Depends on"),
                   row.problem.isEmpty() ? DescribeReach(details.reach) : QString()}},
                 console);

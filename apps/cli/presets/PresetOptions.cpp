@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "presets/PresetOptions.h"
 
+#include "console/Text.h"
 #include "console/UsageError.h"
 
 namespace LumetraCli {
@@ -21,10 +22,9 @@ void PresetOptions::Add(OptionTable& options, const QString& help, const QString
 void PresetOptions::AddValues(OptionTable& options)
 {
     options.AddOption({{QStringLiteral("i"), IntensityOption},
-                       QStringLiteral("Intensity within the preset's range."),
+                       Text::tr("Intensity within the preset's range."),
                        QStringLiteral("number")});
-    options.AddOption({SetOption,
-                       QStringLiteral("Moves an extra slider. May be given more than once."),
+    options.AddOption({SetOption, Text::tr("Moves an extra slider. May be given more than once."),
                        QStringLiteral("slider=value")});
 }
 
@@ -32,7 +32,7 @@ QString PresetOptions::ReadPreset(const QCommandLineParser& parser)
 {
     const QStringList presets = parser.values(PresetOption);
     if (presets.size() != 1)
-        throw UsageError(QStringLiteral("expected one --preset, found %1").arg(presets.size()));
+        throw UsageError(Text::tr("expected one --preset, found %1").arg(presets.size()));
     return presets.first();
 }
 
