@@ -76,6 +76,8 @@ OutputRules ReadRules(const QCommandLineParser& parser)
 
 void CheckPipedIn(const OutputTemplate& names, const LookOptions& looks)
 {
+    if (looks.IsSeries())
+        throw UsageError(Text::tr("expected one look for the standard input, found a series"));
     if (looks.TakesEdits())
         throw UsageError(
             Text::tr("--edits: expected the name of a photo, found the standard input"));

@@ -813,6 +813,10 @@ Wendet Presets auf Fotos an.</translation>
         <translation>erwartet wurde --overwrite oder --skip, gefunden beide</translation>
     </message>
     <message>
+        <source>expected one look for the standard input, found a series</source>
+        <translation>erwartet wurde ein einziger Look für die Standardeingabe, gefunden eine Reihe</translation>
+    </message>
+    <message>
         <source>--edits: expected the name of a photo, found the standard input</source>
         <translation>--edits: erwartet wurde der Name eines Fotos, gefunden die Standardeingabe</translation>
     </message>
