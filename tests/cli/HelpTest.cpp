@@ -224,6 +224,17 @@ TEST_F(HelpTest, bashCompletesCommandsOptionsAndClosedChoices)
     EXPECT_THAT(Complete(Words("apply --jobs 1")), IsEmpty());
 }
 
+TEST_F(HelpTest, completesChoicesWithColons)
+{
+    EXPECT_THAT(Complete(Words("apply --subsampling 4")), ElementsAre("4:4:4", "4:2:2", "4:2:0"));
+    EXPECT_THAT(Complete(Words("apply --subsampling 4 :")), ElementsAre("4:4", "2:2", "2:0"))
+        << "bash breaks words at colons, and replaces what stands behind the last one";
+    EXPECT_THAT(Complete(Words("apply --subsampling = 4 : 2")), ElementsAre("2:2", "2:0"));
+    EXPECT_THAT(Complete(Words("apply --subsampling 4 : 2 :")), ElementsAre("2", "0"));
+    EXPECT_TRUE(GetScript("zsh").contains(QStringLiteral(":(automatic 4\\:4\\:4 ")))
+        << "a colon ends an action of zsh";
+}
+
 TEST_F(HelpTest, bashCompletesPresetsAndFiles)
 {
     WriteFile("empty/lumetra/catalogue/looks.json", ReadFile("looks.json"));

@@ -40,14 +40,20 @@ _lumetra_presets_value()
 
 _lumetra_presets()
 {
-    local program=$1 word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-    local options="" arguments="" value=""
+    local program=$1 at=$COMP_CWORD kept="" options="" arguments="" value=""
     COMPREPLY=()
-    # Bash breaks words at "=": "--preset=Name" arrives as three words.
+    # Bash breaks words at ":" and "=". "4:2:0" arrives as five words, and a reply replaces what stands
+    # behind the last ":"; "--preset=Name" arrives as three words.
+    while [[ $at -gt 2 && (${COMP_WORDS[at]} == : || ${COMP_WORDS[at - 1]} == :) ]]; do
+        at=$((at - 1))
+        kept=${COMP_WORDS[at]}$kept
+    done
+    local word=$kept${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[at - 1]}
+    [[ -n $kept && $word == *: ]] && kept=$word
     if [[ $word == = ]]; then
         word=""
-    elif [[ $previous == = && $COMP_CWORD -gt 2 ]]; then
-        previous=${COMP_WORDS[COMP_CWORD - 2]}
+    elif [[ $previous == = && $at -gt 2 ]]; then
+        previous=${COMP_WORDS[at - 2]}
     fi
     case $word in
         [\"\']*) word=${word:1} ;;
@@ -65,6 +71,7 @@ constexpr char Ending[] = R"script(
     else
         _lumetra_presets_value "$arguments"
     fi
+    COMPREPLY=("${COMPREPLY[@]#"$kept"}")
 }
 
 complete -F _lumetra_presets lumetra-presets

@@ -56,7 +56,7 @@ QString GetAction(const QString& valueName)
         return QStringLiteral("_lumetra-presets_commands");
     case ValueKind::Choice:
         return QStringLiteral("(%1)").arg(
-            OptionTable::GetChoices(valueName).join(QLatin1Char(' ')));
+            Escape(OptionTable::GetChoices(valueName).join(QLatin1Char(' '))));
     default:
         return QStringLiteral(" ");
     }
