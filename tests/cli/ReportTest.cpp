@@ -11,6 +11,7 @@
 #include <csignal>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <pty.h>
 #include <unistd.h>
 
@@ -49,6 +50,14 @@ public:
              size = ::read(m_master, buffer, sizeof buffer))
             text.append(buffer, static_cast<std::size_t>(size));
         return text;
+    }
+
+    /// Waits until something has been written to the terminal.
+    void WaitForText() const
+    {
+        struct pollfd terminal = {m_master, POLLIN, 0};
+        while (::poll(&terminal, 1, -1) < 0 && errno == EINTR) {
+        }
     }
 
 protected:
@@ -222,6 +231,18 @@ TEST_F(ReportTest, anInterruptedRunLeavesWholeFilesAndTellsHowFarItCame)
             EXPECT_EQ(ReadPhoto((QStringLiteral("out/") + file).toUtf8()).GetWidth(), 600);
         QDir(Path("out")).removeRecursively();
     }
+}
+
+TEST_F(ReportTest, aSignalEndsAWaitForThePhotoFromThePipeAtOnce)
+{
+    TerminalProcess process(80);
+    Start(process, Words("apply - -p test.bright -o out.png"));
+    process.WaitForText(); // the progress, which is shown before the photo is read
+    ::kill(static_cast<pid_t>(process.processId()), SIGINT);
+    process.closeWriteChannel();
+    ASSERT_TRUE(process.waitForFinished(-1));
+    EXPECT_EQ(process.exitStatus(), QProcess::CrashExit);
+    EXPECT_FALSE(Exists("out.png"));
 }
 
 TEST_F(ReportTest, anIgnoredSignalStaysIgnored)
