@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "Zorvik/Exception.h"
-#include "catalogue/NearestName.h"
 #include "commands/Commands.h"
 #include "console/Console.h"
+#include "console/Language.h"
+#include "console/Text.h"
+#include "console/UsageError.h"
+#include "manual/ProgramHelp.h"
 #include "storage/ErrorText.h"
 
 #include <QFile>
@@ -19,38 +22,22 @@ namespace {
 
 constexpr char Version[] = LUMETRA_VERSION;
 
-QString Usage()
+ExitCode RunCommand(const QStringList& arguments, Console& console)
 {
-    QString text = QStringLiteral("Usage: lumetra-presets COMMAND [options]\n"
-                                  "Applies presets to photos.\n\nCommands:\n");
-    for (const auto& command : GetCommands())
-        text += QStringLiteral("  %1%2\n").arg(command->GetName(), -11).arg(command->GetSummary());
-    return text +
-           QStringLiteral("\nOptions:\n"
-                          "  -h, --help     Shows this help; after a command, its own.\n"
-                          "  -v, --version  Shows the version.\n\n"
-                          "Exit code: 0 done, 1 an input could not be used, 2 wrong usage.\n");
-}
-
-ExitCode RefuseCommand(const QString& name, Console& console)
-{
-    std::vector<std::string> names;
-    for (const auto& command : GetCommands())
-        names.push_back(command->GetName().toStdString());
-    const std::string found = name.toStdString();
-    console.Report(QString::fromStdString("expected a command, found \"" + found + "\"" +
-                                          LumetraHost::DidYouMean(found, names)));
-    console.Report(QStringLiteral("\"lumetra-presets --help\" lists the commands"));
-    return ExitCode::Usage;
+    try {
+        return GetCommand(arguments[1]).Run(arguments, console);
+    } catch (const UsageError& error) {
+        console.Report(QString::fromUtf8(error.what()));
+        console.Report(Text::tr("\"lumetra-presets --help\" lists the commands"));
+        return ExitCode::Usage;
+    }
 }
 
 ExitCode Run(const QStringList& arguments, Console& console)
 {
     const QString first = arguments.value(1);
-    if (const Command* command = FindCommand(first))
-        return command->Run(arguments, console);
     if (first == QLatin1String("-h") || first == QLatin1String("--help")) {
-        console.PrintText(Usage());
+        console.PrintText(ProgramHelp::Make(GetShownCommands()));
         return ExitCode::Done;
     }
     if (first == QLatin1String("-v") || first == QLatin1String("--version")) {
@@ -58,8 +45,8 @@ ExitCode Run(const QStringList& arguments, Console& console)
         return ExitCode::Done;
     }
     if (!first.isEmpty())
-        return RefuseCommand(first, console);
-    console.ReportText(Usage());
+        return RunCommand(arguments, console);
+    console.ReportText(ProgramHelp::Make(GetShownCommands()));
     return ExitCode::Usage;
 }
 
@@ -93,6 +80,7 @@ int main(int argc, char** argv)
     const auto application = MakeApplication(argc, argv, runtimeFolder);
     QCoreApplication::setApplicationName(QStringLiteral("lumetra-presets"));
     QCoreApplication::setApplicationVersion(QLatin1String(Version));
+    Language::Use();
     Console console;
     ExitCode code = ExitCode::SomeFailed;
     try {
@@ -104,7 +92,7 @@ int main(int argc, char** argv)
     }
     if (!console.Finish()) {
         if (!console.IsReaderGone())
-            console.Report(QStringLiteral("the output could not be written"));
+            console.Report(Text::tr("the output could not be written"));
         code = ExitCode::SomeFailed;
     }
     return static_cast<int>(code);

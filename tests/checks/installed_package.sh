@@ -55,6 +55,17 @@ if [[ -x "$work/prefix/bin/lumetra-editor" ]]; then
     fi
 fi
 
+# The tool comes with its manual page and its completions.
+if [[ -x "$work/prefix/bin/lumetra-presets" ]]; then
+    for file in man/man1/lumetra-presets.1 bash-completion/completions/lumetra-presets \
+            zsh/site-functions/_lumetra-presets fish/vendor_completions.d/lumetra-presets.fish; do
+        if [[ ! -s "$work/prefix/share/$file" ]]; then
+            echo "expected share/$file, found nothing" >&2
+            exit 1
+        fi
+    done
+fi
+
 # A module is built with the installed package alone, and the installed editor loads it: from the folder of the
 # user, and from its own.
 if [[ -x "$work/prefix/bin/lumetra-editor" ]]; then

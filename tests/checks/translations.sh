@@ -36,6 +36,7 @@ check() {
 }
 
 check library/translations/lumetrapresetsutil_de.ts library
+check apps/cli/translations/lumetra-presets_de.ts -I apps/cli apps/cli host/engine
 check apps/editor/translations/lumetra-editor_de.ts apps/editor host/engine
 check plugin/adjust/translations/lumetraadjust_de.ts -I plugin plugin/adjust
 check plugin/panel/translations/lumetrapanel_de.ts -I plugin plugin/panel plugin/core host/engine

@@ -13,6 +13,7 @@
 
 #include <unistd.h>
 
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -46,7 +47,8 @@ TEST_F(ApplyFailuresTest, oneUnreadableOfAHundredCostsItselfAlone)
     EXPECT_EQ(result.code, 1);
     EXPECT_EQ(std::count(result.output.begin(), result.output.end(), '\n'), 99);
     EXPECT_THAT(result.messages, StartsWith("lumetra-presets: p/50.png: "));
-    EXPECT_EQ(std::count(result.messages.begin(), result.messages.end(), '\n'), 1);
+    EXPECT_THAT(result.messages, EndsWith("\nlumetra-presets: 99 written, 1 failed\n"));
+    EXPECT_EQ(std::count(result.messages.begin(), result.messages.end(), '\n'), 2);
     EXPECT_EQ(CountFiles("out"), 99);
 }
 

@@ -10,7 +10,6 @@
 #include <unistd.h>
 
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::Not;
 
 namespace {
@@ -50,7 +49,7 @@ TEST_F(ApplyInputsTest, takesThePhotosOfAFolderByName)
 
     EXPECT_EQ(result.code, 0) << result.messages;
     EXPECT_THAT(Outputs(result), testing::ElementsAre("a.jpg", "b.png"));
-    EXPECT_THAT(result.messages, IsEmpty());
+    EXPECT_EQ(result.messages, "lumetra-presets: 2 written\n");
 }
 
 TEST_F(ApplyInputsTest, takesSubfoldersWhenToldTo)
@@ -75,8 +74,8 @@ TEST_F(ApplyInputsTest, saysThatAFolderHasNoPhotos)
     const CliResult result = Apply("empty a.png -o out/{name}.png");
 
     EXPECT_EQ(result.code, 1);
-    EXPECT_EQ(result.messages,
-              "lumetra-presets: empty: expected photos in the folder, found none\n");
+    EXPECT_EQ(result.messages, "lumetra-presets: empty: expected photos in the folder, found none\n"
+                               "lumetra-presets: 1 written, 1 failed\n");
     EXPECT_TRUE(Exists("out/a.png"));
 }
 
@@ -146,6 +145,7 @@ TEST_F(ApplyInputsTest, anEmptyListIsDoneAtOnce)
 
     EXPECT_EQ(result.code, 0);
     EXPECT_EQ(result.messages, "lumetra-presets: the list names no photo\n");
+    EXPECT_EQ(Apply("--files-from list.txt --quiet").messages, "");
 }
 
 TEST_F(ApplyInputsTest, refusesListsThatCannotBe)
@@ -180,7 +180,7 @@ TEST_F(ApplyInputsTest, leavesItsOwnResultsOutOfTheNextRun)
     EXPECT_THAT(other.messages,
                 HasSubstr("lumetra-presets: a_Test Bright.png: is left out: it is a result, whose "
                           "XMP data record a look; --again takes it\n"));
-    EXPECT_THAT(other.output, HasSubstr("\"left-out\""));
+    EXPECT_THAT(other.output, HasSubstr("\"state\": \"leftOut\""));
     EXPECT_TRUE(Exists("a_Test Grey.png") && Exists("b_Test Grey.jpg"));
     EXPECT_FALSE(Exists("a_Test Bright_Test Grey.png"));
 
@@ -217,7 +217,8 @@ TEST_F(ApplyInputsTest, leavesOutputsOfOtherPhotosOutThatRecordNothing)
     const CliResult skipped = Apply(photos + Words("--skip"));
     EXPECT_EQ(skipped.code, 0);
     EXPECT_EQ(skipped.messages, "lumetra-presets: link.png: is left out: it is the output of "
-                                "\"a.png\"; --again takes it\n");
+                                "\"a.png\"; --again takes it\n"
+                                "lumetra-presets: 1 skipped, 1 left out\n");
     EXPECT_FALSE(Exists("link_Test Bright.png"));
 
     const CliResult replaced = Apply(photos + Words("--overwrite"));

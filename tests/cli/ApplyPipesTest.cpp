@@ -108,6 +108,9 @@ TEST_F(ApplyPipesTest, refusesWhatOnePipeCannotTake)
         {"a.png --json -o -", "--output -: expected no --json, which needs the standard output"},
         {"a.png --dry-run -o -", "--output -: expected no --dry-run"},
         {"- --edits -o -", "--edits: expected the name of a photo, found the standard input"},
+        {"- --group x -o {preset}.png", "expected one look for the standard input, found a series"},
+        {"- --favourites -o {preset}.png",
+         "expected one look for the standard input, found a series"},
         {"- -o {date}.png",
          "--output: expected no {date}, which the standard input does not have"}};
     for (const auto& [line, message] : cases) {

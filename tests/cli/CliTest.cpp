@@ -81,15 +81,29 @@ CliResult CliTest::RunIn(const char* locale, const QStringList& arguments) const
     return Start(environment, arguments + OnlyLooks());
 }
 
+CliResult CliTest::RunWith(const std::map<const char*, QString>& variables,
+                           const QStringList& arguments) const
+{
+    QProcessEnvironment environment = GetEnvironment();
+    for (const auto& [name, value] : variables)
+        environment.insert(QLatin1String(name), value);
+    return Start(environment, arguments);
+}
+
+QProcessEnvironment CliTest::GetEnvironment() const
+{
+    return CleanEnvironment(folder.path());
+}
+
 CliResult CliTest::RunWithInput(const QStringList& arguments, const QByteArray& input) const
 {
-    return Start(CleanEnvironment(folder.path()), arguments + OnlyLooks(), input);
+    return Start(GetEnvironment(), arguments + OnlyLooks(), input);
 }
 
 CliResult CliTest::RunThrough(const QString& program, const QStringList& before,
                               const QStringList& arguments) const
 {
-    return Start(CleanEnvironment(folder.path()),
+    return Start(GetEnvironment(),
                  before + QStringList{QStringLiteral(LUMETRA_PRESETS_PROGRAM)} + arguments +
                      OnlyLooks(),
                  {}, program);

@@ -9,6 +9,7 @@
 
 #include <gmock/gmock.h>
 
+#include <map>
 #include <sstream>
 #include <string>
 
@@ -54,6 +55,12 @@ protected:
                          const QStringList& arguments) const;
     /// Runs like Run(), with texts in the language of that locale, such as "de_DE.UTF-8".
     CliResult RunIn(const char* locale, const QStringList& arguments) const;
+
+    /// Runs like RunPlain(), with these environment variables set besides.
+    CliResult RunWith(const std::map<const char*, QString>& variables,
+                      const QStringList& arguments) const;
+    /// The environment of all runs.
+    QProcessEnvironment GetEnvironment() const;
 
     QString Path(const char* name) const;
     bool Exists(const char* name) const;

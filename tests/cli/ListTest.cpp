@@ -148,7 +148,7 @@ TEST_F(CliTest, findsAPresetByItsNameInAnyLanguageAndRecordsTheCataloguesName)
         }
     }
     EXPECT_THAT(RunIn("de_DE.UTF-8", Words("apply photo.png --preset Herbts -o x.png")).messages,
-                HasSubstr("did you mean \"Herbst\"?"));
+                HasSubstr("meinten Sie \"Herbst\"?"));
     EXPECT_THAT(RunIn("de_DE.UTF-8", Words("remove Herbst")).messages,
-                HasSubstr("found \"Herbst\" of the catalogue's group \"Jahreszeiten\""));
+                HasSubstr("gefunden \"Herbst\" aus der Gruppe \"Jahreszeiten\""));
 }

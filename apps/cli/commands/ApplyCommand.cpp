@@ -2,6 +2,8 @@
 #include "commands/Commands.h"
 
 #include "console/Console.h"
+#include "console/Interruption.h"
+#include "console/Text.h"
 #include "console/UsageError.h"
 #include "core/PresetSession.h"
 #include "edits/SavedEdits.h"
@@ -18,6 +20,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <map>
 #include <memory>
 
 namespace LumetraCli {
@@ -37,7 +40,6 @@ constexpr int MaximumJobs = 64;
 constexpr int MaximumMegabytes = 1'000'000;
 
 const QString DryRunOption = QStringLiteral("dry-run");
-const QString JsonOption = QStringLiteral("json");
 const QString JobsOption = QStringLiteral("jobs");
 const QString MemoryOption = QStringLiteral("memory");
 const QString ExactOption = QStringLiteral("exact");
@@ -103,60 +105,105 @@ std::vector<PhotoJob> MakeJobs(const std::vector<PhotoInput>& photos,
     return OutputPlan::Make(photos, sets, outputs.GetRules());
 }
 
+/// Finds the presets of a job by the look that its set has given it.
+ApplyReport::LooksOf MakeLooksOf(const std::vector<ChosenLook>& looks,
+                                 const std::vector<OutputSet>& sets)
+{
+    std::map<const LookSource*, std::vector<ApplyReport::Look>> found;
+    for (std::size_t i = 0; i < looks.size(); ++i)
+        for (const PresetUse& use : looks[i].uses)
+            found[sets[i].look.get()].push_back(
+                {use.GetPreset().name, use.GetPreset().id, use.GetIntensity()});
+    return [found](const PhotoJob& job) {
+        const auto own = found.find(job.look.get());
+        return own == found.end() ? std::vector<ApplyReport::Look>() : own->second;
+    };
+}
+
+/// Reports jobs that nobody carries out.
+ExitCode Tell(const std::vector<PhotoJob>& jobs, ApplyReport& report)
+{
+    for (const PhotoJob& job : jobs)
+        report.Add(job, {});
+    return report.Finish();
+}
+
+/// Carries out a job without a hold on signals: each ends it at once, even while it waits for its
+/// input, and leaves no half file.
+ExitCode RunPiped(PipedPhoto piped, const PhotoInput& photo, std::vector<PhotoJob>& jobs,
+                  ApplyReport& report)
+{
+    const LumetraHost::Warnings warnings = piped.Run(jobs.front(), photo);
+    report.Add(jobs.front(), warnings);
+    return report.Finish();
+}
+
+ExitCode RunBatch(PhotoBatch::Limits limits, std::vector<PhotoJob>& jobs, ApplyReport& report)
+{
+    const Interruption interruption;
+    limits.cancel = &interruption.GetToken();
+    PhotoBatch(limits).Run(
+        jobs, [&report](const PhotoJob& job, const auto& warnings) { report.Add(job, warnings); });
+    return report.Finish(&interruption);
+}
+
 /// Applies presets to photos and writes the results.
 class ApplyCommand : public Command
 {
 public:
     ApplyCommand()
         : Command(QStringLiteral("apply"),
-                  QStringLiteral(
+                  QT_TRANSLATE_NOOP(
+                      "LumetraCli::Text",
                       "Applies presets or edits to photos and prints the names of the new files."))
     {
     }
 
 protected:
-    void AddOptions(QCommandLineParser& parser) const override;
+    void AddOptions(OptionTable& options) const override;
     ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
 };
 
-void ApplyCommand::AddOptions(QCommandLineParser& parser) const
+void ApplyCommand::AddOptions(OptionTable& options) const
 {
-    PhotoInputs::Add(parser);
-    LookOptions::Add(parser);
-    OutputOptions::Add(parser);
-    RecipeOptions::Add(parser);
-    parser.addOptions({
-        {DryRunOption, QStringLiteral("Only says what would be written.")},
-        {JsonOption, QStringLiteral("Writes JSON.")},
+    PhotoInputs::Add(options);
+    LookOptions::Add(options);
+    OutputOptions::Add(options);
+    RecipeOptions::Add(options);
+    ApplyReport::AddOptions(options);
+    options.AddOptions({
+        {DryRunOption, Text::tr("Only says what would be written.")},
         {{QStringLiteral("j"), JobsOption},
-         QStringLiteral("How many photos to work on at the same time, 1 to %1, as far as --memory "
-                        "allows. Default: the number of processor cores")
+         Text::tr("How many photos to work on at the same time, 1 to %1, as far as --memory "
+                  "allows. Default: the number of processor cores")
              .arg(MaximumJobs),
          QStringLiteral("number")},
         {MemoryOption,
-         QStringLiteral("How much memory they may take together, in MB, by an estimate from their "
-                        "sizes; a photo that needs more is worked on alone. Default: half of the "
-                        "machine's memory, here %1")
-             .arg(LumetraHost::MemoryBudget::GetDefault() >> 20),
+         Text::tr("How much memory they may take together, in MB, by an estimate from their "
+                  "sizes; a photo that needs more is worked on alone. Default: half of the "
+                  "machine's memory"),
          QStringLiteral("number")},
-        {ExactOption,
-         QStringLiteral("Draws every pixel by the effects' formulas. Without it, colours "
-                        "of large 8-bit photos may come from a table, within 1 of 255 "
-                        "of them, in half the time.")},
+        {ExactOption, Text::tr("Draws every pixel by the effects' formulas. Without it, colours "
+                               "of large 8-bit photos may come from a table, within 1 of 255 "
+                               "of them, in half the time.")},
     });
-    CatalogueOptions::Add(parser);
+    options.AddNote(MemoryOption,
+                    Text::tr("(here: %1)").arg(LumetraHost::MemoryBudget::GetDefault() >> 20));
+    CatalogueOptions::Add(options);
 }
 
 ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& console) const
 {
     const LookOptions options(parser);
     const OutputOptions outputs(parser, options);
-    const PhotoBatch batch(ReadLimits(parser));
+    const PhotoBatch::Limits limits = ReadLimits(parser);
     const ExportRecipe recipe = RecipeOptions::Read(parser);
     const std::vector<PhotoInput> photos = PhotoInputs::Read(parser);
     outputs.CheckPipes(parser, photos, options);
-    if (photos.empty())
-        console.Report(QStringLiteral("the list names no photo"));
+    ApplyReport::Form form = ApplyReport::ReadForm(parser);
+    form.isDryRun = parser.isSet(DryRunOption);
+    if (photos.empty() && !form.isQuiet)
+        console.Report(Text::tr("the list names no photo"));
 
     const auto session = CatalogueOptions::Load(parser, console);
     if (!session)
@@ -165,23 +212,19 @@ ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& consol
     const std::vector<ChosenLook> looks = options.Choose(*session, console, code);
     if (looks.empty())
         return code;
-    std::vector<PhotoJob> jobs = MakeJobs(
-        photos, MakeSets(looks, outputs.GetNames(), recipe, parser, options.TakesEdits()), outputs);
+    const std::vector<OutputSet> sets =
+        MakeSets(looks, outputs.GetNames(), recipe, parser, options.TakesEdits());
+    std::vector<PhotoJob> jobs = MakeJobs(photos, sets, outputs);
     RecipeOptions::Check(parser, recipe, jobs);
 
-    ApplyReport report(looks, static_cast<int>(jobs.size()), parser.isSet(JsonOption), console);
-    const PhotoBatch::Ended add = [&report](const PhotoJob& job, const auto& warnings) {
-        report.Add(job, warnings);
-    };
-    if (parser.isSet(DryRunOption))
-        for (const PhotoJob& job : jobs)
-            add(job, {});
-    else if (photos.size() == 1 && (photos.front().isPiped || outputs.IsPiped()))
-        add(jobs.front(), PipedPhoto(console, RecipeOptions::ReadFormat(parser))
-                              .Run(jobs.front(), photos.front()));
-    else
-        batch.Run(jobs, add);
-    return std::max(code, report.Finish());
+    ApplyReport report(form, static_cast<int>(jobs.size()), MakeLooksOf(looks, sets), console);
+    const bool isPiped = photos.size() == 1 && (photos.front().isPiped || outputs.IsPiped());
+    if (form.isDryRun)
+        return std::max(code, Tell(jobs, report));
+    if (isPiped)
+        return std::max(code, RunPiped(PipedPhoto(console, RecipeOptions::ReadFormat(parser)),
+                                       photos.front(), jobs, report));
+    return std::max(code, RunBatch(limits, jobs, report));
 }
 
 } // namespace

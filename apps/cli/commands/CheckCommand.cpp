@@ -5,6 +5,7 @@
 #include "Zorvik/Exception.h"
 #include "catalogue/CatalogueParser.h"
 #include "console/Console.h"
+#include "console/Text.h"
 #include "console/UsageError.h"
 #include "core/CatalogueLocations.h"
 #include "core/LutImport.h"
@@ -156,23 +157,24 @@ class CheckCommand : public Command
 {
 public:
     CheckCommand()
-        : Command(
-              QStringLiteral("check"),
-              QStringLiteral("Checks catalogues, files of your own presets, looks and LUT files."))
+        : Command(QStringLiteral("check"),
+                  QT_TRANSLATE_NOOP(
+                      "LumetraCli::Text",
+                      "Checks catalogues, files of your own presets, looks and LUT files."))
     {
     }
 
 protected:
-    void AddOptions(QCommandLineParser& parser) const override;
+    void AddOptions(OptionTable& options) const override;
     ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
 };
 
-void CheckCommand::AddOptions(QCommandLineParser& parser) const
+void CheckCommand::AddOptions(OptionTable& options) const
 {
-    parser.addPositionalArgument(
+    options.AddArgument(
         QStringLiteral("FILE"),
-        QStringLiteral("Catalogues, taken together with the installed ones, files of your own "
-                       "presets, files with looks (.lumetra) and LUT files."),
+        Text::tr("Catalogues, taken together with the installed ones, files of your own "
+                 "presets, files with looks (.lumetra) and LUT files."),
         QStringLiteral("FILE..."));
 }
 
@@ -181,7 +183,7 @@ ExitCode CheckCommand::Execute(const QCommandLineParser& parser, Console& consol
 {
     const QStringList files = parser.positionalArguments().mid(1);
     if (files.isEmpty())
-        throw UsageError(QStringLiteral("expected at least one file"));
+        throw UsageError(Text::tr("expected at least one file"));
     QStringList json, luts, looks;
     for (const QString& file : files)
         (LookReader::IsLookName(file)                      ? looks

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "commands/Commands.h"
 
+#include "console/NameHint.h"
+#include "console/Text.h"
+#include "console/UsageError.h"
+
 #include <algorithm>
 
 namespace LumetraCli {
@@ -10,6 +14,7 @@ std::vector<std::unique_ptr<Command>> MakeCommands()
 {
     std::vector<std::unique_ptr<Command>> commands;
     commands.push_back(MakeListCommand());
+    commands.push_back(MakeShowCommand());
     commands.push_back(MakeApplyCommand());
     commands.push_back(MakeSheetCommand());
     commands.push_back(MakeCheckCommand());
@@ -20,6 +25,9 @@ std::vector<std::unique_ptr<Command>> MakeCommands()
     commands.push_back(MakeRenameCommand());
     commands.push_back(MakeRemoveCommand());
     commands.push_back(MakeFavouriteCommand());
+    commands.push_back(MakeCompletionCommand());
+    commands.push_back(MakeHelpCommand());
+    commands.push_back(MakeManualPageCommand());
     return commands;
 }
 
@@ -37,6 +45,26 @@ const Command* FindCommand(const QString& name)
     const auto found = std::find_if(commands.begin(), commands.end(),
                                     [&name](const auto& c) { return c->GetName() == name; });
     return found == commands.end() ? nullptr : found->get();
+}
+
+CommandList GetShownCommands()
+{
+    CommandList shown;
+    for (const auto& command : GetCommands())
+        if (!command->IsHidden())
+            shown.push_back(command.get());
+    return shown;
+}
+
+const Command& GetCommand(const QString& name)
+{
+    if (const Command* const command = FindCommand(name))
+        return *command;
+    std::vector<std::string> names;
+    for (const Command* command : GetShownCommands())
+        names.push_back(command->GetName().toStdString());
+    throw UsageError(Text::tr("expected a command, found \"%1\"").arg(name) +
+                     MakeNameHint(name, names));
 }
 
 } // namespace LumetraCli

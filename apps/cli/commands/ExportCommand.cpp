@@ -5,6 +5,7 @@
 #include "catalogue/LocalNames.h"
 #include "catalogue/VisibleText.h"
 #include "console/Console.h"
+#include "console/Text.h"
 #include "console/UsageError.h"
 #include "core/PresetNames.h"
 #include "core/PresetSession.h"
@@ -42,52 +43,52 @@ class ExportCommand : public Command
 {
 public:
     ExportCommand()
-        : Command(QStringLiteral("export"),
-                  QStringLiteral("Writes presets as one file for other people."))
+        : Command(
+              QStringLiteral("export"),
+              QT_TRANSLATE_NOOP("LumetraCli::Text", "Writes presets as one file for other people."))
     {
     }
 
 protected:
-    void AddOptions(QCommandLineParser& parser) const override;
+    void AddOptions(OptionTable& options) const override;
     ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
 };
 
-void ExportCommand::AddOptions(QCommandLineParser& parser) const
+void ExportCommand::AddOptions(OptionTable& options) const
 {
-    parser.addPositionalArgument(QStringLiteral("PRESET"),
-                                 QStringLiteral("Names or ids of presets."),
-                                 QStringLiteral("PRESET..."));
-    OutputFile::AddOptions(parser, QStringLiteral("The file to write, .lumetra."));
-    parser.addOptions({
-        {AuthorOption, QStringLiteral("Who has made the looks. Default: as the presets say"),
+    options.AddArgument(QStringLiteral("PRESET"), Text::tr("Names or ids of presets."),
+                        QStringLiteral("PRESET..."));
+    OutputFile::AddOptions(options, Text::tr("The file to write, .lumetra."));
+    options.AddOptions({
+        {AuthorOption, Text::tr("Who has made the looks. Default: as the presets say"),
          QStringLiteral("name")},
         {LicenceOption,
-         QStringLiteral("What others may do with them, such as CC-BY-4.0. Default: as the presets "
-                        "say"),
+         Text::tr("What others may do with them, such as CC-BY-4.0. Default: as the presets "
+                  "say"),
          QStringLiteral("licence")},
         {NameInOption,
-         QStringLiteral("The name of one preset in another language, such as de=Lagerfeuer. May be "
-                        "given more than once."),
+         Text::tr("The name of one preset in another language, such as de=Lagerfeuer. May be "
+                  "given more than once."),
          QStringLiteral("language=name")},
         {PreviewOption,
-         QStringLiteral("Draws the small picture of each look on this photo. Default: the picture "
-                        "that is installed with the program"),
+         Text::tr("Draws the small picture of each look on this photo. Default: the picture "
+                  "that is installed with the program"),
          QStringLiteral("photo")},
-        {NoPreviewOption, QStringLiteral("Leaves the small pictures out.")},
+        {NoPreviewOption, Text::tr("Leaves the small pictures out.")},
         {PlainOption,
-         QStringLiteral("Writes JSON text whatever its length. Default: texts of more than %1 KB "
-                        "are packed as .zip archives are")
+         Text::tr("Writes JSON text whatever its length. Default: texts of more than %1 KB "
+                  "are packed as .zip archives are")
              .arg(LookFormat::LargestPlainText / 1024)},
     });
-    CatalogueOptions::Add(parser);
+    CatalogueOptions::Add(options);
 }
 
 QString ReadCredit(const QCommandLineParser& parser, const QString& option)
 {
     const QString text = parser.value(option).trimmed();
     if (text.size() > LookFormat::LongestCredit || LumetraHost::VisibleText::HasControls(text))
-        throw UsageError(QStringLiteral("--%1: expected at most %2 characters without control "
-                                        "characters, found %3")
+        throw UsageError(Text::tr("--%1: expected at most %2 characters without control "
+                                  "characters, found %3")
                              .arg(option, QString::number(LookFormat::LongestCredit),
                                   QString::number(text.size())));
     return text;
@@ -102,13 +103,13 @@ std::map<std::string, std::string> ReadNames(const QCommandLineParser& parser, s
         const QString fault = PresetNames::FindFault(name);
         if (!LumetraHost::LocalNames::IsLanguage(language.toStdString()) || !fault.isEmpty())
             throw UsageError(
-                QStringLiteral("--name-in: expected language=name, such as de=Lagerfeuer, found "
-                               "\"%1\"%2")
+                Text::tr("--name-in: expected language=name, such as de=Lagerfeuer, found "
+                         "\"%1\"%2")
                     .arg(value, fault.isEmpty() ? QString() : QStringLiteral(": ") + fault));
         names[language.toStdString()] = name.toStdString();
     }
     if (!names.empty() && presets != 1)
-        throw UsageError(QStringLiteral("--name-in: expected one preset, found %1").arg(presets));
+        throw UsageError(Text::tr("--name-in: expected one preset, found %1").arg(presets));
     return names;
 }
 
@@ -124,7 +125,7 @@ Rows FindPresets(const QCommandLineParser& parser, PresetModel& model)
             rows.push_back(row);
     }
     if (rows.empty())
-        throw UsageError(QStringLiteral("expected at least one preset"));
+        throw UsageError(Text::tr("expected at least one preset"));
     return rows;
 }
 
@@ -140,7 +141,7 @@ LookCredits ReadCredits(const QCommandLineParser& parser, std::size_t presets)
 QString ReadPreview(const QCommandLineParser& parser)
 {
     if (parser.isSet(PreviewOption) && parser.isSet(NoPreviewOption))
-        throw UsageError(QStringLiteral("expected --preview or --no-preview, found both"));
+        throw UsageError(Text::tr("expected --preview or --no-preview, found both"));
     if (parser.isSet(NoPreviewOption))
         return {};
     return parser.isSet(PreviewOption) ? parser.value(PreviewOption) : LookPreview::FindSample();

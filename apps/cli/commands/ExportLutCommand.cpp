@@ -4,6 +4,7 @@
 #include "EffectPresets/EffectPresetModel.h"
 #include "Zorvik/Exception.h"
 #include "console/Console.h"
+#include "console/Text.h"
 #include "console/UsageError.h"
 #include "core/LutExport.h"
 #include "core/PresetSession.h"
@@ -32,8 +33,6 @@ const QString SizeOption = QStringLiteral("size");
 const QString FormatOption = QStringLiteral("format");
 const QString ColoursOnlyOption = QStringLiteral("colours-only");
 
-const QString Formats = QStringLiteral("cube, clf or hald");
-
 /// Writes a preset as a look-up table for other programs. Effects that look at the place, at
 /// neighbouring pixels or at the whole picture fit into none: presets with them are refused, or
 /// with --colours-only written without them.
@@ -42,35 +41,35 @@ class ExportLutCommand : public Command
 public:
     ExportLutCommand()
         : Command(QStringLiteral("export-lut"),
-                  QStringLiteral("Writes a preset as a look-up table for other programs."))
+                  QT_TRANSLATE_NOOP("LumetraCli::Text",
+                                    "Writes a preset as a look-up table for other programs."))
     {
     }
 
 protected:
-    void AddOptions(QCommandLineParser& parser) const override;
+    void AddOptions(OptionTable& options) const override;
     ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
 };
 
-void ExportLutCommand::AddOptions(QCommandLineParser& parser) const
+void ExportLutCommand::AddOptions(OptionTable& options) const
 {
-    PresetOptions::Add(parser, QStringLiteral("The preset, by name or id."),
-                       QStringLiteral("name|id"));
-    parser.addOption(
+    PresetOptions::Add(options, Text::tr("The preset, by name or id."), QStringLiteral("name|id"));
+    options.AddOption(
         {FormatOption,
-         QStringLiteral("Format of the file: cube, clf (Common LUT Format) or hald (a HaldCLUT "
-                        "picture of 16 bits). Default: by the name of the file."),
-         QStringLiteral("format")});
-    parser.addOption(
+         Text::tr("Format of the file: cube, clf (Common LUT Format) or hald (a HaldCLUT "
+                  "picture of 16 bits). Default: by the name of the file."),
+         QStringLiteral("cube|clf|hald")});
+    options.AddOption(
         {SizeOption,
-         QStringLiteral("Points along each axis, 2 to 129; for a HaldCLUT a square, 4 to 121. "
-                        "Default: 33, for a HaldCLUT 64."),
+         Text::tr("Points along each axis, 2 to 129; for a HaldCLUT a square, 4 to 121. "
+                  "Default: 33, for a HaldCLUT 64."),
          QStringLiteral("number")});
-    parser.addOption({ColoursOnlyOption,
-                      QStringLiteral("Leaves out effects that do not fit into a table, such as "
+    options.AddOption(
+        {ColoursOnlyOption, Text::tr("Leaves out effects that do not fit into a table, such as "
                                      "vignette and clarity, and names them.")});
-    OutputFile::AddOptions(parser,
-                           QStringLiteral("The file to write: .cube, .clf, .png, .tif or .tiff."));
-    CatalogueOptions::Add(parser);
+    OutputFile::AddOptions(options,
+                           Text::tr("The file to write: .cube, .clf, .png, .tif or .tiff."));
+    CatalogueOptions::Add(options);
 }
 
 std::optional<LutFormat> ReadFormatOption(const QCommandLineParser& parser)
@@ -84,7 +83,7 @@ std::optional<LutFormat> ReadFormatOption(const QCommandLineParser& parser)
         return LutFormat::Clf;
     if (name == QLatin1String("hald"))
         return LutFormat::Hald;
-    throw UsageError(QStringLiteral("--format: expected %1, found \"%2\"").arg(Formats, name));
+    throw UsageError(Text::tr("--format: expected cube, clf or hald, found \"%1\"").arg(name));
 }
 
 /// A name that announces another format would be read as that, and not be understood.
@@ -94,11 +93,11 @@ LutFormat ReadFormat(const QCommandLineParser& parser)
     const auto wanted = ReadFormatOption(parser);
     const auto named = LumetraHost::GetLutFormatOfName(output);
     if (wanted && named && wanted != named)
-        throw UsageError(QStringLiteral("--format: \"%1\" does not fit the file name \"%2\"")
+        throw UsageError(Text::tr("--format: \"%1\" does not fit the file name \"%2\"")
                              .arg(parser.value(FormatOption), output));
     if (!wanted && !LutExport::FindFormat(output))
-        throw UsageError(QStringLiteral("--output: expected a name that ends in .cube, .clf, .png, "
-                                        ".tif or .tiff, or --format, found \"%1\"")
+        throw UsageError(Text::tr("--output: expected a name that ends in .cube, .clf, .png, "
+                                  ".tif or .tiff, or --format, found \"%1\"")
                              .arg(output));
     return wanted.value_or(named.value_or(LutFormat::Cube));
 }
@@ -111,10 +110,9 @@ int ReadSize(const QCommandLineParser& parser, LutFormat format)
     const int size =
         ReadNumber(parser, SizeOption, LookExport::SmallestSize, LookExport::LargestSize);
     if (isHald && !LutWriter::IsHaldSize(size))
-        throw UsageError(
-            QStringLiteral("--size: expected a square for a HaldCLUT, 4, 9, 16, 25, 36, "
-                           "49, 64, 81, 100 or 121, found %1")
-                .arg(size));
+        throw UsageError(Text::tr("--size: expected a square for a HaldCLUT, 4, 9, 16, 25, 36, "
+                                  "49, 64, 81, 100 or 121, found %1")
+                             .arg(size));
     return size;
 }
 
@@ -124,7 +122,7 @@ void ReportUnfit(const LutExport::Request& request, const QString& preset, Conso
     if (!request.isColoursOnly)
         return;
     for (const std::string& effectID : LookExport::FindUnfitEffects(request.look))
-        console.Report(QStringLiteral("\"%1\": left out \"%2\", which does not fit into a table")
+        console.Report(Text::tr("\"%1\": left out \"%2\", which does not fit into a table")
                            .arg(preset, QString::fromStdString(effectID)));
 }
 

@@ -2,6 +2,7 @@
 #include "commands/Commands.h"
 
 #include "EffectPresets/EffectPresetModel.h"
+#include "console/Text.h"
 #include "core/PresetSession.h"
 #include "presets/StoreCommand.h"
 
@@ -20,22 +21,22 @@ class FavouriteCommand : public StoreCommand
 {
 public:
     FavouriteCommand()
-        : StoreCommand(QStringLiteral("favourite"), QStringLiteral("Marks presets as favourites."))
+        : StoreCommand(QStringLiteral("favourite"),
+                       QT_TRANSLATE_NOOP("LumetraCli::Text", "Marks presets as favourites."))
     {
     }
 
 protected:
-    void AddArguments(QCommandLineParser& parser) const override;
+    void AddArguments(OptionTable& options) const override;
     QStringList Edit(const QCommandLineParser& parser, LumetraPlugin::PresetSession& session,
                      const Rows& rows) const override;
 };
 
-void FavouriteCommand::AddArguments(QCommandLineParser& parser) const
+void FavouriteCommand::AddArguments(OptionTable& options) const
 {
-    parser.addPositionalArgument(QStringLiteral("PRESET"),
-                                 QStringLiteral("Names or ids of presets."),
-                                 QStringLiteral("PRESET..."));
-    parser.addOption({OffOption, QStringLiteral("Takes the marks off.")});
+    options.AddArgument(QStringLiteral("PRESET"), Text::tr("Names or ids of presets."),
+                        QStringLiteral("PRESET..."));
+    options.AddOption({OffOption, Text::tr("Takes the marks off.")});
 }
 
 QStringList FavouriteCommand::Edit(const QCommandLineParser& parser,
@@ -48,8 +49,8 @@ QStringList FavouriteCommand::Edit(const QCommandLineParser& parser,
     QStringList done;
     for (const PresetRow& row : presets) {
         session.GetModel().setData(row.index, isOn, EffectPresetModel::FavouriteRole);
-        done.append((isOn ? QStringLiteral("marked \"%1\"") : QStringLiteral("unmarked \"%1\""))
-                        .arg(row.shown));
+        done.append(
+            (isOn ? Text::tr("marked \"%1\"") : Text::tr("unmarked \"%1\"")).arg(row.shown));
     }
     return done;
 }

@@ -3,6 +3,7 @@
 
 #include "EffectPresets/EffectPresetModel.h"
 #include "console/Console.h"
+#include "console/Text.h"
 #include "console/UsageError.h"
 #include "core/PresetImport.h"
 #include "core/PresetSession.h"
@@ -32,9 +33,9 @@ QString ReadName(const QCommandLineParser& parser, PresetSession& session, const
     if (!parser.isSet(NameOption))
         return {};
     if (files.size() != 1 || QFileInfo(files.front()).isDir())
-        throw UsageError(QStringLiteral("--name: expected one file, found %1")
-                             .arg(files.size() == 1 ? QStringLiteral("a folder")
-                                                    : QString::number(files.size())));
+        throw UsageError(
+            Text::tr("--name: expected one file, found %1")
+                .arg(files.size() == 1 ? Text::tr("a folder") : QString::number(files.size())));
     return StoreCommand::NewName(session.GetModel(), parser.value(NameOption));
 }
 
@@ -43,7 +44,7 @@ ImportOptions ReadOptions(const QCommandLineParser& parser)
     const ImportOptions options{parser.values(TablesOption)};
     for (const QString& folder : options.tableFolders)
         if (!QFileInfo(folder).isDir())
-            throw UsageError(QStringLiteral("--luts: expected a folder, found \"%1\"").arg(folder));
+            throw UsageError(Text::tr("--luts: expected a folder, found \"%1\"").arg(folder));
     return options;
 }
 
@@ -74,9 +75,9 @@ void PrintRemarks(const ImportedPreset& preset, ImportRemark::Kind kind, const Q
 
 void Print(const ImportedPreset& preset, Console& console)
 {
-    console.PrintLine(QStringLiteral("imported \"%1\" from \"%2\"").arg(preset.name, preset.path));
-    PrintRemarks(preset, ImportRemark::Kind::Approximated, QStringLiteral("approximated"), console);
-    PrintRemarks(preset, ImportRemark::Kind::LeftOut, QStringLiteral("left out"), console);
+    console.PrintLine(Text::tr("imported \"%1\" from \"%2\"").arg(preset.name, preset.path));
+    PrintRemarks(preset, ImportRemark::Kind::Approximated, Text::tr("approximated"), console);
+    PrintRemarks(preset, ImportRemark::Kind::LeftOut, Text::tr("left out"), console);
 }
 
 /// Makes presets of the user's own out of files with looks. A bad file does not keep the others
@@ -86,44 +87,45 @@ class ImportCommand : public Command
 public:
     ImportCommand()
         : Command(QStringLiteral("import"),
-                  QStringLiteral("Makes presets of your own out of files with looks, LUT files "
-                                 "and looks of other programs."))
+                  QT_TRANSLATE_NOOP("LumetraCli::Text",
+                                    "Makes presets of your own out of files with looks, LUT files "
+                                    "and looks of other programs."))
     {
     }
 
 protected:
-    void AddOptions(QCommandLineParser& parser) const override;
+    void AddOptions(OptionTable& options) const override;
     ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
 };
 
-void ImportCommand::AddOptions(QCommandLineParser& parser) const
+void ImportCommand::AddOptions(OptionTable& options) const
 {
-    parser.addPositionalArgument(
+    options.AddArgument(
         QStringLiteral("FILE"),
-        QStringLiteral("Files with looks: .lumetra; pictures that this program has exported, which "
-                       "tell of their looks; LUT files: .cube, .3dl, .clf, .cc, .ccc, .cdl, "
-                       "HaldCLUT pictures; looks of "
-                       "other programs: .xmp, .lrtemplate, .pp3; catalogues and presets: .json; "
-                       "packs of these: .zip. A folder stands for the files in it and below it; of "
-                       "pictures it takes those alone that are tables. A look that you have "
-                       "already, under whatever name, is not added again."),
+        Text::tr("Files with looks: .lumetra; pictures that this program has exported, which "
+                 "tell of their looks; LUT files: .cube, .3dl, .clf, .cc, .ccc, .cdl, "
+                 "HaldCLUT pictures; looks of "
+                 "other programs: .xmp, .lrtemplate, .pp3; catalogues and presets: .json; "
+                 "packs of these: .zip. A folder stands for the files in it and below it; of "
+                 "pictures it takes those alone that are tables. A look that you have "
+                 "already, under whatever name, is not added again."),
         QStringLiteral("FILE..."));
-    parser.addOption({NameOption,
-                      QStringLiteral("The preset's name, for a file with one look. Default: the "
-                                     "look's own, or else the file's."),
-                      QStringLiteral("name")});
-    parser.addOption({TablesOption,
-                      QStringLiteral("Looks here too for the HaldCLUT pictures that .pp3 files "
-                                     "name. May be repeated."),
-                      QStringLiteral("folder")});
-    CatalogueOptions::Add(parser);
+    options.AddOption({NameOption,
+                       Text::tr("The preset's name, for a file with one look. Default: the "
+                                "look's own, or else the file's."),
+                       QStringLiteral("name")});
+    options.AddOption({TablesOption,
+                       Text::tr("Looks here too for the HaldCLUT pictures that .pp3 files "
+                                "name. May be repeated."),
+                       QStringLiteral("folder")});
+    CatalogueOptions::Add(options);
 }
 
 ExitCode ImportCommand::Execute(const QCommandLineParser& parser, Console& console) const
 {
     const QStringList paths = parser.positionalArguments().mid(1);
     if (paths.isEmpty())
-        throw UsageError(QStringLiteral("expected at least one file or folder with looks"));
+        throw UsageError(Text::tr("expected at least one file or folder with looks"));
     const ImportOptions options = ReadOptions(parser);
     const auto session = CatalogueOptions::Load(parser, console);
     if (!session || !session->GetStore())
@@ -140,7 +142,7 @@ ExitCode ImportCommand::Execute(const QCommandLineParser& parser, Console& conso
     for (const ImportedPreset& preset : report.presets)
         Print(preset, console);
     for (const LumetraPlugin::KnownLook& look : report.known)
-        console.PrintLine(QStringLiteral("\"%1\" from \"%2\" is here already, as \"%3\"")
+        console.PrintLine(Text::tr("\"%1\" from \"%2\" is here already, as \"%3\"")
                               .arg(look.name, look.path, look.knownAs));
     for (const QString& problem : report.problems)
         console.ReportPlace(problem);

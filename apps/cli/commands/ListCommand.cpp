@@ -3,28 +3,34 @@
 
 #include "EffectPresets/EffectPresetModel.h"
 #include "Zorvik/Brassel/ISerializer.h"
+#include "catalogue/VisibleText.h"
 #include "console/Console.h"
+#include "console/Text.h"
+#include "console/UsageError.h"
 #include "core/PresetSession.h"
 #include "presets/CatalogueOptions.h"
-#include "presets/PresetRows.h"
+#include "presets/PresetJson.h"
 #include "storage/JsonDocument.h"
+
+#include <QHash>
+#include <QSet>
 
 #include <algorithm>
 
 namespace LumetraCli {
 namespace {
 
-using Zorvik::Brassel::ISerializer;
 using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
 using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 
 const QString JsonOption = QStringLiteral("json");
+const QString NamesOption = QStringLiteral("names");
 const QString UserOption = QStringLiteral("user");
 const QString FavouritesOption = QStringLiteral("favourites");
 
 QString Range(int value, int minimum, int maximum)
 {
-    return QStringLiteral("%1 (%2 to %3)").arg(value).arg(minimum).arg(maximum);
+    return Text::tr("%1 (%2 to %3)").arg(value).arg(minimum).arg(maximum);
 }
 
 QString SliderName(const SliderSetting& slider)
@@ -36,15 +42,13 @@ QString Line(const PresetRow& row)
 {
     QString line = QStringLiteral("  %1  [%2]").arg(row.shown, row.id);
     if (row.HasIntensity())
-        line += QStringLiteral("  intensity %1, %2")
-                    .arg(Range(row.intensity, row.intensityMinimum, row.intensityMaximum),
-                         row.GetIntensityKind());
+        line += Text::tr("  intensity %1").arg(row.DescribeIntensity());
     if (row.isPopular)
-        line += QStringLiteral("  popular");
+        line += QStringLiteral("  ") + Text::tr("popular");
     if (row.isFavourite)
-        line += QStringLiteral("  favourite");
+        line += QStringLiteral("  ") + Text::tr("favourite");
     if (!row.problem.isEmpty())
-        line += QStringLiteral("  not usable: ") + row.problem;
+        line += Text::tr("  not usable: ") + row.problem;
     return line;
 }
 
@@ -70,48 +74,6 @@ void PrintText(const std::vector<PresetRow>& rows, Console& console)
     }
 }
 
-void WriteSlider(ISerializer& node, const SliderSetting& slider)
-{
-    node.Set("id", slider.EffectID());
-    node.Set("title", slider.Title());
-    node.Set("value", slider.Value());
-    node.Set("minimum", slider.Min());
-    node.Set("maximum", slider.Max());
-}
-
-/// Writes the translations as the catalogue has them, so that the output is the same in every
-/// language.
-void WriteNames(ISerializer& node, const LumetraHost::LocalNames& names)
-{
-    if (names.GetAll().empty())
-        return;
-    const auto list = node.CreateNode("names");
-    for (const auto& [language, name] : names.GetAll())
-        list->Set(language.toStdString(), name.toStdString());
-}
-
-void WritePreset(ISerializer& node, const PresetRow& row)
-{
-    node.Set("name", row.name.toStdString());
-    WriteNames(node, row.names);
-    node.Set("id", row.id.toStdString());
-    node.Set("popular", row.isPopular);
-    node.Set("favourite", row.isFavourite);
-    node.Set("usable", row.problem.isEmpty());
-    if (!row.problem.isEmpty())
-        node.Set("problem", row.problem.toStdString());
-    const auto intensity = node.CreateNode("intensity");
-    intensity->Set("kind", row.GetIntensityKind().toStdString());
-    if (row.HasIntensity()) {
-        intensity->Set("value", row.intensity);
-        intensity->Set("minimum", row.intensityMinimum);
-        intensity->Set("maximum", row.intensityMaximum);
-    }
-    const auto sliders = node.CreateCollection("sliders");
-    for (const SliderSetting& slider : row.sliders)
-        WriteSlider(*sliders->AddElement(), slider);
-}
-
 void PrintJson(const LumetraPlugin::PresetModel& model, const std::vector<PresetRow>& rows,
                Console& console)
 {
@@ -122,13 +84,32 @@ void PrintJson(const LumetraPlugin::PresetModel& model, const std::vector<Preset
         const QModelIndex index = model.index(g, 0);
         const auto group = groups->AddElement();
         group->Set("name", index.data(EffectPresetModel::PresetNameRole).toString().toStdString());
-        WriteNames(*group, model.GetGroupNames(index));
+        PresetJson::WriteNames(*group, model.GetGroupNames(index));
         group->Set("editable", index.data(EffectPresetModel::PresetIdRole).toBool());
         const auto presets = group->CreateCollection("presets");
         for (; row != rows.end() && row->index.parent() == index; ++row)
-            WritePreset(*presets->AddElement(), *row);
+            PresetJson::Write(*presets->AddElement(), *row);
     }
     console.PrintJson(document.ToText());
+}
+
+/// Prints what other commands take for each preset: the name that the user reads, or the id where
+/// that name leads to several or to another one. A name with control characters cannot be printed.
+void PrintNames(const std::vector<PresetRow>& rows, Console& console)
+{
+    QHash<QString, int> uses;
+    for (const PresetRow& row : rows) {
+        QSet<QString> names{row.name, row.shown};
+        for (const auto& [language, name] : row.names.GetAll())
+            names.insert(name);
+        for (const QString& name : names)
+            ++uses[name];
+    }
+    for (const PresetRow& row : rows) {
+        const QString& name = uses.value(row.shown) == 1 ? row.shown : row.id;
+        if (!name.isEmpty() && !LumetraHost::VisibleText::HasControls(name))
+            console.PrintLine(name);
+    }
 }
 
 /// Lists groups and presets with their ids, intensities and sliders.
@@ -137,26 +118,32 @@ class ListCommand : public Command
 public:
     ListCommand()
         : Command(QStringLiteral("list"),
-                  QStringLiteral("Lists the presets with their ids, intensities and sliders."))
+                  QT_TRANSLATE_NOOP("LumetraCli::Text",
+                                    "Lists the presets with their ids, intensities and sliders."))
     {
     }
 
 protected:
-    void AddOptions(QCommandLineParser& parser) const override;
+    void AddOptions(OptionTable& options) const override;
     ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
 };
 
-void ListCommand::AddOptions(QCommandLineParser& parser) const
+void ListCommand::AddOptions(OptionTable& options) const
 {
-    parser.addOption({JsonOption, QStringLiteral("Writes JSON.")});
-    parser.addOption({UserOption, QStringLiteral("Only your own presets.")});
-    parser.addOption({FavouritesOption, QStringLiteral("Only favourites.")});
-    CatalogueOptions::Add(parser);
+    options.AddOption({JsonOption, Text::tr("Writes JSON.")});
+    options.AddOption(
+        {NamesOption, Text::tr("Writes nothing but the names, a line each; the id of a preset that "
+                               "shares its name with another.")});
+    options.AddOption({UserOption, Text::tr("Only your own presets.")});
+    options.AddOption({FavouritesOption, Text::tr("Only favourites.")});
+    CatalogueOptions::Add(options);
 }
 
 ExitCode ListCommand::Execute(const QCommandLineParser& parser, Console& console) const
 {
     Arguments(parser, 0, 0);
+    if (parser.isSet(JsonOption) && parser.isSet(NamesOption))
+        throw UsageError(Text::tr("expected --json or --names, found both"));
     const auto session = CatalogueOptions::Load(parser, console);
     if (!session)
         return ExitCode::SomeFailed;
@@ -168,6 +155,8 @@ ExitCode ListCommand::Execute(const QCommandLineParser& parser, Console& console
     rows.erase(std::remove_if(rows.begin(), rows.end(), isLeftOut), rows.end());
     if (parser.isSet(JsonOption))
         PrintJson(session->GetModel(), rows, console);
+    else if (parser.isSet(NamesOption))
+        PrintNames(rows, console);
     else
         PrintText(rows, console);
     return ExitCode::Done;

@@ -2,6 +2,7 @@
 #include "commands/Commands.h"
 
 #include "EffectPresets/EffectPresetModel.h"
+#include "console/Text.h"
 #include "core/PresetSession.h"
 #include "presets/StoreCommand.h"
 
@@ -15,21 +16,21 @@ class RemoveCommand : public StoreCommand
 {
 public:
     RemoveCommand()
-        : StoreCommand(QStringLiteral("remove"), QStringLiteral("Removes presets of your own."))
+        : StoreCommand(QStringLiteral("remove"),
+                       QT_TRANSLATE_NOOP("LumetraCli::Text", "Removes presets of your own."))
     {
     }
 
 protected:
-    void AddArguments(QCommandLineParser& parser) const override;
+    void AddArguments(OptionTable& options) const override;
     QStringList Edit(const QCommandLineParser& parser, LumetraPlugin::PresetSession& session,
                      const Rows& rows) const override;
 };
 
-void RemoveCommand::AddArguments(QCommandLineParser& parser) const
+void RemoveCommand::AddArguments(OptionTable& options) const
 {
-    parser.addPositionalArgument(QStringLiteral("PRESET"),
-                                 QStringLiteral("Names or ids of your presets."),
-                                 QStringLiteral("PRESET..."));
+    options.AddArgument(QStringLiteral("PRESET"), Text::tr("Names or ids of your presets."),
+                        QStringLiteral("PRESET..."));
 }
 
 QStringList RemoveCommand::Edit(const QCommandLineParser& parser,
@@ -45,7 +46,7 @@ QStringList RemoveCommand::Edit(const QCommandLineParser& parser,
     QStringList done;
     for (const auto& [index, name] : presets)
         if (index.isValid() && session.GetModel().removeRows(index.row(), 1, index.parent()))
-            done.append(QStringLiteral("removed \"%1\"").arg(name));
+            done.append(Text::tr("removed \"%1\"").arg(name));
     return done;
 }
 

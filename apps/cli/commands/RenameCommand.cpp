@@ -2,6 +2,7 @@
 #include "commands/Commands.h"
 
 #include "EffectPresets/EffectPresetModel.h"
+#include "console/Text.h"
 #include "core/PresetSession.h"
 #include "presets/StoreCommand.h"
 
@@ -15,21 +16,21 @@ class RenameCommand : public StoreCommand
 {
 public:
     RenameCommand()
-        : StoreCommand(QStringLiteral("rename"), QStringLiteral("Renames one of your own presets."))
+        : StoreCommand(QStringLiteral("rename"),
+                       QT_TRANSLATE_NOOP("LumetraCli::Text", "Renames one of your own presets."))
     {
     }
 
 protected:
-    void AddArguments(QCommandLineParser& parser) const override;
+    void AddArguments(OptionTable& options) const override;
     QStringList Edit(const QCommandLineParser& parser, LumetraPlugin::PresetSession& session,
                      const Rows& rows) const override;
 };
 
-void RenameCommand::AddArguments(QCommandLineParser& parser) const
+void RenameCommand::AddArguments(OptionTable& options) const
 {
-    parser.addPositionalArgument(QStringLiteral("PRESET"),
-                                 QStringLiteral("Name or id of one of your presets."));
-    parser.addPositionalArgument(QStringLiteral("NAME"), QStringLiteral("Its new name."));
+    options.AddArgument(QStringLiteral("PRESET"), Text::tr("Name or id of one of your presets."));
+    options.AddArgument(QStringLiteral("NAME"), Text::tr("Its new name."));
 }
 
 QStringList RenameCommand::Edit(const QCommandLineParser& parser,
@@ -40,7 +41,7 @@ QStringList RenameCommand::Edit(const QCommandLineParser& parser,
     const PresetRow row = FindUsersPreset(rows, arguments[0]);
     const QString name = NewName(model, arguments[1]);
     model.setData(row.index, name, EffectPresetModel::PresetNameRole);
-    return {QStringLiteral("renamed \"%1\" to \"%2\"").arg(row.name, name)};
+    return {Text::tr("renamed \"%1\" to \"%2\"").arg(row.name, name)};
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "commands/Commands.h"
 
 #include "EffectPresets/EffectPresetModel.h"
+#include "console/Text.h"
 #include "core/PresetSession.h"
 #include "presets/PresetOptions.h"
 #include "presets/StoreCommand.h"
@@ -15,22 +16,23 @@ class SaveCommand : public StoreCommand
 public:
     SaveCommand()
         : StoreCommand(QStringLiteral("save"),
-                       QStringLiteral("Saves a preset under a new name among your own."))
+                       QT_TRANSLATE_NOOP("LumetraCli::Text",
+                                         "Saves a preset under a new name among your own."))
     {
     }
 
 protected:
-    void AddArguments(QCommandLineParser& parser) const override;
+    void AddArguments(OptionTable& options) const override;
     QStringList Edit(const QCommandLineParser& parser, LumetraPlugin::PresetSession& session,
                      const Rows& rows) const override;
 };
 
-void SaveCommand::AddArguments(QCommandLineParser& parser) const
+void SaveCommand::AddArguments(OptionTable& options) const
 {
-    parser.addPositionalArgument(QStringLiteral("PRESET"),
-                                 QStringLiteral("Name or id of the preset to start from."));
-    parser.addPositionalArgument(QStringLiteral("NAME"), QStringLiteral("The new name."));
-    PresetOptions::AddValues(parser);
+    options.AddArgument(QStringLiteral("PRESET"),
+                        Text::tr("Name or id of the preset to start from."));
+    options.AddArgument(QStringLiteral("NAME"), Text::tr("The new name."));
+    PresetOptions::AddValues(options);
 }
 
 QStringList SaveCommand::Edit(const QCommandLineParser& parser,
@@ -40,7 +42,7 @@ QStringList SaveCommand::Edit(const QCommandLineParser& parser,
     const QString name = NewName(session.GetModel(), arguments[1]);
     const PresetUse use = PresetOptions::MakeUse(parser, FindPreset(rows, arguments[0]));
     use.SaveAs(session, name);
-    return {QStringLiteral("saved \"%1\" from \"%2\"").arg(name, use.GetPreset().shown)};
+    return {Text::tr("saved \"%1\" from \"%2\"").arg(name, use.GetPreset().shown)};
 }
 
 } // namespace

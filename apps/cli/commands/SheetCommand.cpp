@@ -4,6 +4,7 @@
 #include "EffectPresets/EffectPresetModel.h"
 #include "Zorvik/Exception.h"
 #include "console/Console.h"
+#include "console/Text.h"
 #include "console/UsageError.h"
 #include "core/PresetControllerFactory.h"
 #include "core/PresetSession.h"
@@ -48,7 +49,7 @@ QString ReadPhotoName(const QCommandLineParser& parser)
 {
     const QStringList photos = parser.positionalArguments().mid(1);
     if (photos.size() != 1)
-        throw UsageError(QStringLiteral("expected one photo, found %1").arg(photos.size()));
+        throw UsageError(Text::tr("expected one photo, found %1").arg(photos.size()));
     return photos.first();
 }
 
@@ -56,7 +57,7 @@ QString ReadOutput(const QCommandLineParser& parser, const QString& photo)
 {
     const QString output = OutputFile::GetName(parser);
     if (LumetraHost::FileIdentity::Of(output) == LumetraHost::FileIdentity::Of(photo))
-        throw UsageError(QStringLiteral("--output: \"%1\" is the photo itself").arg(output));
+        throw UsageError(Text::tr("--output: \"%1\" is the photo itself").arg(output));
     return OutputFile::Read(parser, QStringLiteral("png"), QStringLiteral("PNG"));
 }
 
@@ -104,7 +105,7 @@ QString RenderPreview(const PresetRow& row, QImage& picture)
         if (!problem.isEmpty())
             return problem;
         picture = row.index.data(EffectPresetModel::PreviewImageRole).value<QImage>();
-        return picture.isNull() ? QStringLiteral("expected a picture, found none") : QString();
+        return picture.isNull() ? Text::tr("expected a picture, found none") : QString();
     } catch (const std::exception& error) {
         return LumetraHost::ErrorText::Show(error);
     }
@@ -142,8 +143,8 @@ QByteArray EncodePng(const QImage& picture)
 void RefuseTooLarge(const QSize& size)
 {
     if (size.width() > ContactSheet::MaxSide || size.height() > ContactSheet::MaxSide)
-        throw UsageError(QStringLiteral("--columns and --tile: expected a sheet of at most %1 "
-                                        "pixels a side, found %2 x %3")
+        throw UsageError(Text::tr("--columns and --tile: expected a sheet of at most %1 "
+                                  "pixels a side, found %2 x %3")
                              .arg(ContactSheet::MaxSide)
                              .arg(size.width())
                              .arg(size.height()));
@@ -155,28 +156,29 @@ class SheetCommand : public Command
 public:
     SheetCommand()
         : Command(QStringLiteral("sheet"),
-                  QStringLiteral("Shows all presets on one photo in one picture."))
+                  QT_TRANSLATE_NOOP("LumetraCli::Text",
+                                    "Shows all presets on one photo in one picture."))
     {
     }
     bool DrawsText() const override { return true; }
 
 protected:
-    void AddOptions(QCommandLineParser& parser) const override;
+    void AddOptions(OptionTable& options) const override;
     ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
 };
 
-void SheetCommand::AddOptions(QCommandLineParser& parser) const
+void SheetCommand::AddOptions(OptionTable& options) const
 {
-    parser.addPositionalArgument(QStringLiteral("PHOTO"),
-                                 QStringLiteral("A JPEG, PNG, TIFF, WebP, HEIC or raw file."));
-    OutputFile::AddOptions(parser, QStringLiteral("The PNG file to write."));
-    parser.addOptions({
-        {ColumnsOption, QStringLiteral("Previews side by side. Default: 5"),
-         QStringLiteral("number"), QStringLiteral("5")},
-        {TileOption, QStringLiteral("Width of a preview in pixels. Default: 240"),
+    options.AddArgument(QStringLiteral("PHOTO"),
+                        Text::tr("A JPEG, PNG, TIFF, WebP, HEIC or raw file."));
+    OutputFile::AddOptions(options, Text::tr("The PNG file to write."));
+    options.AddOptions({
+        {ColumnsOption, Text::tr("Previews side by side. Default: 5"), QStringLiteral("number"),
+         QStringLiteral("5")},
+        {TileOption, Text::tr("Width of a preview in pixels. Default: 240"),
          QStringLiteral("number"), QStringLiteral("240")},
     });
-    CatalogueOptions::Add(parser);
+    CatalogueOptions::Add(options);
 }
 
 ExitCode SheetCommand::Execute(const QCommandLineParser& parser, Console& console) const
@@ -189,7 +191,7 @@ ExitCode SheetCommand::Execute(const QCommandLineParser& parser, Console& consol
     if (!session)
         return ExitCode::SomeFailed;
     if (QFontDatabase().families().isEmpty())
-        console.Report(QStringLiteral("no font found: the sheet has no names"));
+        console.Report(Text::tr("no font found: the sheet has no names"));
 
     const Photo photo =
         LumetraHost::PhotoReader::ReadReduced(photoName, GetSmallestSide(photoName, tile));

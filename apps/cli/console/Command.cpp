@@ -2,44 +2,60 @@
 #include "console/Command.h"
 
 #include "console/Console.h"
+#include "console/Text.h"
 #include "console/UsageError.h"
 
 namespace LumetraCli {
 namespace {
 
-QString Help(const QCommandLineParser& parser, const QString& command)
-{
-    // The usage line is mended, as Qt names the program by the path it was started with, and knows
-    // no commands.
-    QString help = parser.helpText();
-    help.replace(0, help.indexOf(QStringLiteral(" [options]")),
-                 QStringLiteral("Usage: lumetra-presets ") + command);
-    return help;
-}
+const QString HelpOption = QStringLiteral("help");
 
 } // namespace
 
 Command::~Command() = default;
 
+QString Command::GetSummary() const
+{
+    return Text::tr(m_summary);
+}
+
+OptionTable Command::GetTable() const
+{
+    OptionTable table;
+    table.AddOption({{QStringLiteral("h"), HelpOption}, Text::tr("Shows this help.")});
+    AddOptions(table);
+    return table;
+}
+
+QString Command::GetHelp() const
+{
+    const OptionTable table = GetTable();
+    QCommandLineParser parser;
+    parser.setApplicationDescription(GetSummary());
+    table.Fill(parser);
+    // Qt's usage line gives way, as it names the program by the path it was started with, and knows
+    // no commands.
+    const QString help = parser.helpText();
+    return Text::tr("Usage: lumetra-presets %1 %2")
+               .arg(GetName(), table.GetUsage(Text::tr("[options]"))) +
+           help.mid(help.indexOf(QLatin1Char('\n')));
+}
+
 ExitCode Command::Run(const QStringList& arguments, Console& console) const
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(GetSummary());
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                  QStringLiteral("Shows this help."));
-    parser.addOption(help);
-    AddOptions(parser);
+    GetTable().Fill(parser);
     try {
         if (!parser.parse(arguments))
             throw UsageError(parser.errorText());
-        if (parser.isSet(help)) {
-            console.PrintText(Help(parser, GetName()));
+        if (parser.isSet(HelpOption)) {
+            console.PrintText(GetHelp());
             return ExitCode::Done;
         }
         return Execute(parser, console);
     } catch (const UsageError& error) {
         console.Report(QString::fromUtf8(error.what()));
-        console.Report(QStringLiteral("\"lumetra-presets %1 --help\" tells more").arg(GetName()));
+        console.Report(Text::tr("\"lumetra-presets %1 --help\" tells more").arg(GetName()));
         return ExitCode::Usage;
     }
 }
@@ -48,10 +64,10 @@ QStringList Command::Arguments(const QCommandLineParser& parser, int minimum, in
 {
     const QStringList arguments = parser.positionalArguments().mid(1);
     if (arguments.size() < minimum)
-        throw UsageError(QStringLiteral("expected %1 argument(s), found %2")
+        throw UsageError(Text::tr("expected %1 argument(s), found %2")
                              .arg(QString::number(minimum), QString::number(arguments.size())));
     if (arguments.size() > maximum)
-        throw UsageError(QStringLiteral("unexpected argument \"%1\"").arg(arguments[maximum]));
+        throw UsageError(Text::tr("unexpected argument \"%1\"").arg(arguments[maximum]));
     return arguments;
 }
 
@@ -62,7 +78,7 @@ int ReadNumber(const QCommandLineParser& parser, const QString& option, int mini
     const int number = text.toInt(&isNumber);
     if (!isNumber || number < minimum || number > maximum)
         throw UsageError(
-            QStringLiteral("--%1: expected a whole number from %2 to %3, found \"%4\"")
+            Text::tr("--%1: expected a whole number from %2 to %3, found \"%4\"")
                 .arg(option, QString::number(minimum), QString::number(maximum), text));
     return number;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "console/ExitCode.h"
+#include "console/OptionTable.h"
 
 #include <QCommandLineParser>
 
@@ -13,20 +14,29 @@ class Console;
 class Command
 {
 public:
-    /// `summary`: one line for the list of commands.
-    Command(const QString& name, const QString& summary) : m_name(name), m_summary(summary) {}
+    /// `summary`: one line for the list of commands, marked for translation as one of Text; it has
+    /// to outlive the command.
+    Command(const QString& name, const char* summary) : m_name(name), m_summary(summary) {}
     virtual ~Command();
 
     const QString& GetName() const { return m_name; }
-    const QString& GetSummary() const { return m_summary; }
+    /// The summary in the user's language.
+    QString GetSummary() const;
     /// True when the command draws text, which needs fonts.
     virtual bool DrawsText() const { return false; }
+    /// True for a command that serves the build of this program alone: no list shows it.
+    virtual bool IsHidden() const { return false; }
+
+    /// All options and arguments, --help among them.
+    OptionTable GetTable() const;
+    /// The text of --help.
+    QString GetHelp() const;
 
     /// `arguments` begin with the program's and the command's name.
     ExitCode Run(const QStringList& arguments, Console& console) const;
 
 protected:
-    virtual void AddOptions(QCommandLineParser& parser) const = 0;
+    virtual void AddOptions(OptionTable& options) const = 0;
     /// Does the command's work. Throws UsageError before anything was changed.
     virtual ExitCode Execute(const QCommandLineParser& parser, Console& console) const = 0;
 
@@ -35,7 +45,7 @@ protected:
 
 private:
     QString m_name;
-    QString m_summary;
+    const char* m_summary;
 };
 
 /// A positive whole number given as `option`. UsageError for anything out of minimum..maximum.

@@ -2,6 +2,7 @@
 #include "console/Console.h"
 
 #include "catalogue/VisibleText.h"
+#include "console/ProgressLine.h"
 
 #include <QStringList>
 
@@ -10,6 +11,7 @@
 #include <csignal>
 #include <cstdio>
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace LumetraCli {
@@ -26,9 +28,24 @@ QString MakeVisibleLines(const QString& text)
     return lines.join(QLatin1Char('\n'));
 }
 
+/// True for a terminal that understands ClearLine.
+bool IsTerminal()
+{
+    return isatty(STDERR_FILENO) == 1 && qgetenv("TERM") != "dumb";
+}
+
+/// Columns of the terminal that a line may fill without a jump to the next one.
+int GetColumns()
+{
+    constexpr int usual = 80;
+    struct winsize size = {};
+    const bool isKnown = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 1;
+    return (isKnown ? size.ws_col : usual) - 1;
+}
+
 } // namespace
 
-Console::Console() : m_isTerminal(isatty(STDERR_FILENO) == 1)
+Console::Console() : m_isTerminal(IsTerminal())
 {
     std::signal(SIGPIPE, SIG_IGN); // write() then reports a reader that has gone
 }
@@ -64,6 +81,14 @@ void Console::PrintJson(const QByteArray& json)
     Write(VisibleText::MakeJson(json));
 }
 
+void Console::PrintJsonLine(const QByteArray& json)
+{
+    QByteArray line;
+    for (const QByteArray& part : json.split('\n')) // no line breaks stand inside of texts
+        line += part.trimmed();
+    PrintJson(line + '\n');
+}
+
 void Console::WriteError(const QByteArray& text)
 {
     std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stderr);
@@ -86,15 +111,24 @@ void Console::ReportText(const QString& text)
     WriteError(MakeVisibleLines(text).toUtf8());
 }
 
+void Console::ShowLine(const QString& line)
+{
+    WriteError(ClearLine + line.toUtf8());
+    m_hasProgress = true;
+}
+
 void Console::ShowProgress(int done, int total, const QString& what)
 {
-    if (!m_isTerminal)
-        return;
-    WriteError(ClearLine +
-               QStringLiteral("[%1/%2] %3")
-                   .arg(QString::number(done), QString::number(total), VisibleText::Make(what))
-                   .toUtf8());
-    m_hasProgress = true;
+    if (m_isTerminal)
+        ShowLine(QStringLiteral("[%1/%2] %3")
+                     .arg(QString::number(done), QString::number(total), VisibleText::Make(what))
+                     .left(GetColumns()));
+}
+
+void Console::ShowProgress(const ProgressLine& progress)
+{
+    if (m_isTerminal)
+        ShowLine(progress.ToText(GetColumns()));
 }
 
 void Console::ClearProgress()

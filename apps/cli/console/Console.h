@@ -7,6 +7,8 @@
 
 namespace LumetraCli {
 
+class ProgressLine;
+
 /// The program's two outputs: data on stdout, messages and progress on stderr, all UTF-8. Each line
 /// reaches its output at once, so that a reader of a pipe sees it, even if the program is killed.
 /// Control characters, which names from files may have, are written out (\x1b). Progress is shown
@@ -20,6 +22,8 @@ public:
     /// Prints several lines, such as a help text.
     void PrintText(const QString& text);
     void PrintJson(const QByteArray& json);
+    /// Prints a JSON text on one line.
+    void PrintJsonLine(const QByteArray& json);
     /// Writes bytes as they are.
     void PrintData(const void* data, std::size_t size);
     /// Reports a message of the program, on a line of its own.
@@ -28,8 +32,10 @@ public:
     void ReportPlace(const QString& message);
     /// Reports several lines, such as a help text.
     void ReportText(const QString& text);
-    /// Shows how far a longer task is; replaces the progress shown before.
+    /// Shows how far a longer task is, on one line; replaces the progress shown before. Messages
+    /// and data take its place.
     void ShowProgress(int done, int total, const QString& what);
+    void ShowProgress(const ProgressLine& progress);
     void ClearProgress();
 
     /// Ends the progress. False when something could not be written to stdout.
@@ -41,6 +47,7 @@ public:
 private:
     void Write(const QByteArray& data);
     void WriteError(const QByteArray& text);
+    void ShowLine(const QString& line);
 
     bool m_isTerminal;
     bool m_hasProgress = false;

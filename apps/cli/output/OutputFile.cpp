@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "output/OutputFile.h"
 
+#include "console/Text.h"
 #include "console/UsageError.h"
 #include "userdata/EditPlaces.h"
 
@@ -14,10 +15,10 @@ const QString OverwriteOption = QStringLiteral("overwrite");
 
 } // namespace
 
-void OutputFile::AddOptions(QCommandLineParser& parser, const QString& help)
+void OutputFile::AddOptions(OptionTable& options, const QString& help)
 {
-    parser.addOption({{QStringLiteral("o"), OutputOption}, help, QStringLiteral("file")});
-    parser.addOption({OverwriteOption, QStringLiteral("Replaces an existing file.")});
+    options.AddOption({{QStringLiteral("o"), OutputOption}, help, QStringLiteral("file")});
+    options.AddOption({OverwriteOption, Text::tr("Replaces an existing file.")});
 }
 
 QString OutputFile::GetName(const QCommandLineParser& parser)
@@ -30,8 +31,8 @@ QString OutputFile::Read(const QCommandLineParser& parser, const QString& suffix
 {
     const QString output = GetName(parser);
     if (QFileInfo(output).suffix().compare(suffix, Qt::CaseInsensitive) != 0)
-        throw UsageError(QStringLiteral("--output: expected the name of a %1 file, found \"%2\"")
-                             .arg(kind, output));
+        throw UsageError(
+            Text::tr("--output: expected the name of a %1 file, found \"%2\"").arg(kind, output));
     return Read(parser);
 }
 
@@ -41,21 +42,18 @@ QString OutputFile::Read(const QCommandLineParser& parser)
     const QFileInfo info(output);
     if (info.isDir())
         throw UsageError(
-            QStringLiteral("--output: expected a file to write, found the folder \"%1\"")
-                .arg(output));
+            Text::tr("--output: expected a file to write, found the folder \"%1\"").arg(output));
     if (info.exists() && !info.isFile())
         throw UsageError(
-            QStringLiteral("--output: expected a file to write, found a pipe, a socket or a device "
-                           "named \"%1\"")
+            Text::tr("--output: expected a file to write, found a pipe, a socket or a device "
+                     "named \"%1\"")
                 .arg(output));
     if (info.exists() && LumetraHost::EditPlaces::HasEdit(output))
-        throw UsageError(
-            QStringLiteral("--output: \"%1\" is a photo with an edit of its own and is "
-                           "not overwritten")
-                .arg(output));
+        throw UsageError(Text::tr("--output: \"%1\" is a photo with an edit of its own and is "
+                                  "not overwritten")
+                             .arg(output));
     if (info.exists() && !parser.isSet(OverwriteOption))
-        throw UsageError(
-            QStringLiteral("--output: \"%1\" exists; --overwrite replaces it").arg(output));
+        throw UsageError(Text::tr("--output: \"%1\" exists; --overwrite replaces it").arg(output));
     return output;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "console/OptionTable.h"
+
 #include <QCommandLineParser>
 
 namespace LumetraCli {
@@ -10,7 +12,7 @@ class OutputFile
 {
 public:
     /// Adds --output, described by `help`, and --overwrite.
-    static void AddOptions(QCommandLineParser& parser, const QString& help);
+    static void AddOptions(OptionTable& options, const QString& help);
 
     /// The file name as it was given; empty without --output.
     static QString GetName(const QCommandLineParser& parser);

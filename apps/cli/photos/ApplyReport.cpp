@@ -3,98 +3,176 @@
 
 #include "Zorvik/Brassel/ISerializer.h"
 #include "console/Console.h"
+#include "console/Interruption.h"
+#include "console/OptionTable.h"
+#include "console/Text.h"
 #include "photos/PhotoInputs.h"
-#include "presets/LookOptions.h"
+#include "storage/JsonDocument.h"
+
+#include <QCommandLineParser>
+#include <QStringList>
 
 namespace LumetraCli {
 namespace {
 
 using LumetraHost::PhotoJob;
+using State = PhotoJob::State;
+using Zorvik::Brassel::ISerializer;
 
-const char* StateName(PhotoJob::State state)
+/// Version of the report's form.
+constexpr int Version = 1;
+
+const QString JsonOption = QStringLiteral("json");
+const QString QuietOption = QStringLiteral("quiet");
+
+struct NamedState
 {
-    switch (state) {
-    case PhotoJob::State::Planned:
-        return "planned";
-    case PhotoJob::State::Written:
-        return "written";
-    case PhotoJob::State::Skipped:
-        return "skipped";
-    case PhotoJob::State::LeftOut:
-        return "left-out";
-    default:
-        return "failed";
-    }
+    State state;
+    const char* name; ///< in JSON
+};
+
+constexpr NamedState NamedStates[] = {
+    {State::Planned, "planned"}, {State::Written, "written"}, {State::Skipped, "skipped"},
+    {State::LeftOut, "leftOut"}, {State::Failed, "failed"},
+};
+
+const char* GetName(State state)
+{
+    for (const NamedState& one : NamedStates)
+        if (one.state == state)
+            return one.name;
+    return "";
 }
 
-void WriteUse(const PresetUse& use, Zorvik::Brassel::ISerializer& node)
+void WriteWarnings(ISerializer& node, const std::vector<std::string>& warnings)
 {
-    node.Set("preset", use.GetPreset().name.toStdString());
-    node.Set("id", use.GetPreset().id.toStdString());
-    if (const auto intensity = use.GetIntensity())
-        node.Set("intensity", *intensity);
+    const auto list = node.CreateCollection("warnings");
+    for (const std::string& warning : warnings)
+        list->AddElement()->Set("message", warning);
 }
 
-void WriteLooks(const std::vector<ChosenLook>& looks, Zorvik::Brassel::ISerializer& node)
+void WriteLooks(ISerializer& node, const std::vector<ApplyReport::Look>& looks)
 {
     const auto list = node.CreateCollection("looks");
-    for (const ChosenLook& look : looks) {
-        const auto presets = list->AddElement()->CreateCollection("presets");
-        for (const PresetUse& use : look.uses)
-            WriteUse(use, *presets->AddElement());
+    for (const ApplyReport::Look& look : looks) {
+        const auto element = list->AddElement();
+        element->Set("name", look.name.toStdString());
+        element->Set("id", look.id.toStdString());
+        if (look.intensity)
+            element->Set("intensity", *look.intensity);
     }
 }
 
 } // namespace
 
-ApplyReport::ApplyReport(const std::vector<ChosenLook>& looks, int jobCount, bool isJson,
-                         Console& console)
-    : m_console(console), m_document("results"), m_jobCount(jobCount), m_isJson(isJson)
+void ApplyReport::AddOptions(OptionTable& options)
 {
-    const auto root = m_document.GetRoot();
-    if (looks.size() == 1 && looks.front().uses.size() == 1)
-        WriteUse(looks.front().uses.front(), *root);
-    else
-        WriteLooks(looks, *root);
-    m_results = root->CreateCollection("results");
+    options.AddOptions({
+        {JsonOption, Text::tr("Writes a line of JSON for each file when it is done, and one with "
+                              "the summary at the end, in place of the names.")},
+        {{QStringLiteral("q"), QuietOption},
+         Text::tr("Writes no names, no progress and no summary; warnings and failures stay.")},
+    });
 }
 
-void ApplyReport::AddJson(const PhotoJob& job, const std::vector<std::string>& warnings)
+ApplyReport::Form ApplyReport::ReadForm(const QCommandLineParser& parser)
 {
-    const auto result = m_results->AddElement();
-    result->Set("photo", job.photo.toStdString());
-    result->Set("output", job.output.toStdString());
-    result->Set("state", StateName(job.state));
+    Form form;
+    form.isJson = parser.isSet(JsonOption);
+    form.isQuiet = parser.isSet(QuietOption);
+    return form;
+}
+
+ApplyReport::ApplyReport(const Form& form, int jobCount, const LooksOf& looksOf, Console& console)
+    : m_form(form), m_looksOf(looksOf), m_console(console), m_progress(jobCount),
+      m_jobCount(jobCount)
+{
+    if (!m_form.isQuiet && !m_form.isDryRun)
+        m_console.ShowProgress(m_progress);
+}
+
+int ApplyReport::Count(State state) const
+{
+    const auto found = m_counts.find(state);
+    return found == m_counts.end() ? 0 : found->second;
+}
+
+void ApplyReport::PrintJson(const PhotoJob& job, const std::vector<std::string>& warnings)
+{
+    const LumetraHost::JsonDocument line("report");
+    const auto root = line.GetRoot();
+    root->Set("photo", job.photo.toStdString());
+    if (!job.output.isEmpty())
+        root->Set("output", job.output.toStdString());
+    root->Set("state", GetName(job.state));
     if (!job.message.isEmpty())
-        result->Set("message", job.message.toStdString());
-    if (!warnings.empty()) {
-        const auto list = result->CreateCollection("warnings");
-        for (const std::string& warning : warnings)
-            list->AddElement()->Set("message", warning);
-    }
+        root->Set("message", job.message.toStdString());
+    if (!warnings.empty())
+        WriteWarnings(*root, warnings);
+    WriteLooks(*root, m_looksOf(job));
+    m_console.PrintJsonLine(line.ToText());
 }
 
 void ApplyReport::Add(const PhotoJob& job, const std::vector<std::string>& warnings)
 {
+    const bool isFailed = job.state == State::Failed;
+    ++m_counts[job.state];
     for (const std::string& warning : warnings)
         m_console.Report(
-            QStringLiteral("%1: warning: %2").arg(job.photo, QString::fromStdString(warning)));
-    m_hasFailures = m_hasFailures || job.state == PhotoJob::State::Failed;
-    if (!job.message.isEmpty())
+            Text::tr("%1: warning: %2").arg(job.photo, QString::fromStdString(warning)));
+    if (!job.message.isEmpty() && (isFailed || !m_form.isQuiet))
         m_console.Report(job.message);
-    if (m_isJson)
-        AddJson(job, warnings);
-    else if (job.output != PhotoInputs::Pipe &&
-             (job.state == PhotoJob::State::Written || job.state == PhotoJob::State::Planned))
+    const bool isNamed = job.state == State::Written ||
+                         (m_form.isDryRun && !isFailed && job.state == State::Planned);
+    if (m_form.isJson)
+        PrintJson(job, warnings);
+    else if (isNamed && !m_form.isQuiet && job.output != PhotoInputs::Pipe)
         m_console.PrintLine(job.output);
-    m_console.ShowProgress(++m_endedCount, m_jobCount, job.photo);
+    m_progress.Step(isFailed);
+    if (!m_form.isQuiet && !m_form.isDryRun)
+        m_console.ShowProgress(m_progress);
 }
 
-ExitCode ApplyReport::Finish()
+QString ApplyReport::MakeSummary(bool isInterrupted) const
 {
-    if (m_isJson)
-        m_console.PrintJson(m_document.ToText());
-    return m_hasFailures ? ExitCode::SomeFailed : ExitCode::Done;
+    const QPair<State, const char*> parts[] = {
+        {State::Written, QT_TRANSLATE_NOOP("LumetraCli::Text", "%1 written")},
+        {State::Skipped, QT_TRANSLATE_NOOP("LumetraCli::Text", "%1 skipped")},
+        {State::LeftOut, QT_TRANSLATE_NOOP("LumetraCli::Text", "%1 left out")},
+        {State::Failed, QT_TRANSLATE_NOOP("LumetraCli::Text", "%1 failed")},
+        {State::Planned, isInterrupted ? QT_TRANSLATE_NOOP("LumetraCli::Text", "%1 not done")
+                                       : QT_TRANSLATE_NOOP("LumetraCli::Text", "%1 to be written")},
+    };
+    QStringList texts;
+    for (const auto& [state, text] : parts)
+        if (Count(state) > 0)
+            texts.append(Text::tr(text).arg(Count(state)));
+    const QString summary = texts.join(QStringLiteral(", "));
+    return isInterrupted ? Text::tr("interrupted: %1").arg(summary) : summary;
+}
+
+void ApplyReport::PrintSummary(bool isInterrupted)
+{
+    const LumetraHost::JsonDocument line("report");
+    const auto summary = line.GetRoot()->CreateNode("summary");
+    summary->Set("version", Version);
+    summary->Set("jobs", m_jobCount);
+    for (const NamedState& one : NamedStates)
+        summary->Set(one.name, Count(one.state));
+    summary->Set("interrupted", isInterrupted);
+    m_console.PrintJsonLine(line.ToText());
+}
+
+ExitCode ApplyReport::Finish(const Interruption* interruption)
+{
+    const bool isInterrupted = interruption && interruption->HasCome() && Count(State::Planned) > 0;
+    m_console.ClearProgress();
+    if (m_form.isJson)
+        PrintSummary(isInterrupted);
+    if (!m_form.isQuiet && (m_jobCount > 1 || isInterrupted))
+        m_console.Report(MakeSummary(isInterrupted));
+    const ExitCode code = Count(State::Failed) > 0 ? ExitCode::SomeFailed : ExitCode::Done;
+    return isInterrupted ? interruption->GetExitCode(code) : code;
 }
 
 } // namespace LumetraCli

@@ -1,39 +1,74 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "Zorvik/Brassel/ISerializer.h"
 #include "console/ExitCode.h"
+#include "console/ProgressLine.h"
 #include "exporting/batch/PhotoJob.h"
-#include "storage/JsonDocument.h"
 
+#include <QCommandLineParser>
+#include <QString>
+
+#include <functional>
+#include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace LumetraCli {
 
 class Console;
-struct ChosenLook;
+class Interruption;
+class OptionTable;
 
-/// Reports the outcome for each photo: on stdout the names of written (in a dry run: planned) files
-/// or one JSON text, on stderr failures and warnings.
+/// Tells the outcome of each job when it has ended, and of all of them at the end. On stdout: the
+/// names of written (in a dry run: planned) files, or a line of JSON for each job and one for the
+/// whole, see docs/apply-report.schema.json. On stderr: failures, warnings, the progress and, of
+/// several jobs, a summary.
 class ApplyReport
 {
 public:
-    ApplyReport(const std::vector<ChosenLook>& looks, int jobCount, bool isJson, Console& console);
+    /// A preset that a job puts on its photo.
+    struct Look
+    {
+        QString name; ///< in the catalogue
+        QString id;
+        std::optional<int> intensity; ///< none for a preset without one
+    };
+    /// The looks of a job, the lowest first.
+    using LooksOf = std::function<std::vector<Look>(const LumetraHost::PhotoJob&)>;
+
+    struct Form
+    {
+        bool isJson = false;
+        /// Leaves out names, notices, progress and summary; JSON, warnings and failures stay.
+        bool isQuiet = false;
+        bool isDryRun = false;
+    };
+
+    /// Adds --json and --quiet.
+    static void AddOptions(OptionTable& options);
+    /// Reads them.
+    static Form ReadForm(const QCommandLineParser& parser);
+
+    ApplyReport(const Form& form, int jobCount, const LooksOf& looksOf, Console& console);
 
     void Add(const LumetraHost::PhotoJob& job, const std::vector<std::string>& warnings);
-    ExitCode Finish();
+    /// Tells of all jobs. The code is that of the interruption, if there is one and it has kept
+    /// jobs from being done.
+    ExitCode Finish(const Interruption* interruption = nullptr);
 
 private:
-    void AddJson(const LumetraHost::PhotoJob& job, const std::vector<std::string>& warnings);
+    void PrintJson(const LumetraHost::PhotoJob& job, const std::vector<std::string>& warnings);
+    void PrintSummary(bool isInterrupted);
+    QString MakeSummary(bool isInterrupted) const;
+    int Count(LumetraHost::PhotoJob::State state) const;
 
+    Form m_form;
+    LooksOf m_looksOf;
     Console& m_console;
-    LumetraHost::JsonDocument m_document;
-    Zorvik::Brassel::CollectionPtr m_results;
+    ProgressLine m_progress;
+    std::map<LumetraHost::PhotoJob::State, int> m_counts;
     int m_jobCount;
-    int m_endedCount = 0;
-    bool m_isJson;
-    bool m_hasFailures = false;
 };
 
 } // namespace LumetraCli

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photos/ContactSheet.h"
 
+#include "console/Text.h"
+
 #include <QFont>
 #include <QFontMetrics>
 #include <QPainter>
@@ -41,7 +43,7 @@ void DrawGap(QPainter& painter, const QRect& area)
 {
     painter.setPen(QColor(GapColour));
     painter.drawRect(area.adjusted(0, 0, -1, -1));
-    DrawText(painter, area, QStringLiteral("no picture"), FontOf(LabelPixels, false), GapColour,
+    DrawText(painter, area, Text::tr("no picture"), FontOf(LabelPixels, false), GapColour,
              Qt::AlignHCenter);
 }
 

@@ -2,6 +2,7 @@
 #include "photos/OutputOptions.h"
 
 #include "Zorvik/Exception.h"
+#include "console/Text.h"
 #include "console/UsageError.h"
 #include "photos/PhotoInputs.h"
 #include "presets/LookOptions.h"
@@ -32,12 +33,11 @@ void CheckPlaceholders(const OutputTemplate& names, const LookOptions& looks)
 {
     for (const char* const name : {"preset", "group", "intensity"})
         if (!looks.HasPresets() && names.Uses(QLatin1String(name)))
-            throw UsageError(
-                QStringLiteral("--output: expected no {%1}, as no preset is named, found it")
-                    .arg(QLatin1String(name)));
+            throw UsageError(Text::tr("--output: expected no {%1}, as no preset is named, found it")
+                                 .arg(QLatin1String(name)));
     if (looks.IsSeries() && !names.Uses(QStringLiteral("preset")))
-        throw UsageError(QStringLiteral("--output: expected {preset} in the name, as each preset "
-                                        "makes a file of its own"));
+        throw UsageError(Text::tr("--output: expected {preset} in the name, as each preset "
+                                  "makes a file of its own"));
 }
 
 OutputTemplate ReadNames(const QCommandLineParser& parser, const LookOptions& looks)
@@ -58,7 +58,7 @@ ExistingOutput ReadExisting(const QCommandLineParser& parser)
     const bool isOverwrite = parser.isSet(OverwriteOption);
     const bool isSkip = parser.isSet(SkipOption);
     if (isOverwrite && isSkip)
-        throw UsageError(QStringLiteral("expected --overwrite or --skip, found both"));
+        throw UsageError(Text::tr("expected --overwrite or --skip, found both"));
     if (isOverwrite)
         return ExistingOutput::Overwrite;
     return isSkip ? ExistingOutput::Skip : ExistingOutput::Refuse;
@@ -76,32 +76,33 @@ OutputRules ReadRules(const QCommandLineParser& parser)
 
 void CheckPipedIn(const OutputTemplate& names, const LookOptions& looks)
 {
+    if (looks.IsSeries())
+        throw UsageError(Text::tr("expected one look for the standard input, found a series"));
     if (looks.TakesEdits())
         throw UsageError(
-            QStringLiteral("--edits: expected the name of a photo, found the standard input"));
+            Text::tr("--edits: expected the name of a photo, found the standard input"));
     if (names.Uses(QStringLiteral("date")))
         throw UsageError(
-            QStringLiteral("--output: expected no {date}, which the standard input does not have"));
+            Text::tr("--output: expected no {date}, which the standard input does not have"));
 }
 
 } // namespace
 
-void OutputOptions::Add(QCommandLineParser& parser)
+void OutputOptions::Add(OptionTable& options)
 {
-    parser.addOptions({
+    options.AddOptions({
         {{QStringLiteral("o"), OutputOption},
-         QStringLiteral("Where to write. {folder}, {name}, {ext} and {original_ext} are the "
-                        "photo's, {preset}, {group} and {intensity} the preset's; {n} is the "
-                        "photo's number, {n:04} with four digits; {date} is when it was taken, "
-                        "{date:yyyy-MM-dd} in that form. Photos that would share one file are "
-                        "left out. - alone is the standard output, for one photo. Default: %1, "
-                        "with --edits alone %2")
+         Text::tr("Where to write. {folder}, {name}, {ext} and {original_ext} are the "
+                  "photo's, {preset}, {group} and {intensity} the preset's; {n} is the "
+                  "photo's number, {n:04} with four digits; {date} is when it was taken, "
+                  "{date:yyyy-MM-dd} in that form. Photos that would share one file are "
+                  "left out. - alone is the standard output, for one photo. Default: %1, "
+                  "with --edits alone %2")
              .arg(QLatin1String(DefaultOutput), QLatin1String(DefaultOutputOfEdits)),
          QStringLiteral("template")},
-        {OverwriteOption,
-         QStringLiteral("Replaces existing files, but never a photo of the batch or "
-                        "one with an edit of its own.")},
-        {SkipOption, QStringLiteral("Leaves out photos whose output exists.")},
+        {OverwriteOption, Text::tr("Replaces existing files, but never a photo of the batch or "
+                                   "one with an edit of its own.")},
+        {SkipOption, Text::tr("Leaves out photos whose output exists.")},
     });
 }
 
@@ -119,17 +120,15 @@ void OutputOptions::CheckPipes(const QCommandLineParser& parser,
     if (!m_isPiped)
         return;
     if (photos.size() != 1 || looks.IsSeries())
-        throw UsageError(
-            QStringLiteral("--output -: expected one photo and one look, found %1")
-                .arg(photos.empty() ? QStringLiteral("none") : QStringLiteral("more")));
+        throw UsageError(Text::tr("--output -: expected one photo and one look, found %1")
+                             .arg(photos.empty() ? Text::tr("none") : Text::tr("more")));
     for (const char* const option : {"json", "dry-run"})
         if (parser.isSet(QLatin1String(option)))
-            throw UsageError(
-                QStringLiteral("--output -: expected no --%1, which needs the standard "
-                               "output for itself")
-                    .arg(QLatin1String(option)));
+            throw UsageError(Text::tr("--output -: expected no --%1, which needs the standard "
+                                      "output for itself")
+                                 .arg(QLatin1String(option)));
     if (isatty(STDOUT_FILENO) == 1)
-        throw UsageError(QStringLiteral("--output -: expected a pipe or a file, found a terminal"));
+        throw UsageError(Text::tr("--output -: expected a pipe or a file, found a terminal"));
 }
 
 } // namespace LumetraCli

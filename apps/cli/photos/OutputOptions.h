@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "console/OptionTable.h"
 #include "exporting/batch/OutputPlan.h"
 
 #include <QCommandLineParser>
@@ -15,7 +16,7 @@ class LookOptions;
 class OutputOptions
 {
 public:
-    static void Add(QCommandLineParser& parser);
+    static void Add(OptionTable& options);
 
     /// UsageError for a template that cannot be, or does not fit the looks, and for both ways to
     /// treat existing files at once.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photos/PhotoInputs.h"
 
+#include "console/Text.h"
 #include "console/UsageError.h"
 #include "photo/file/PhotoFolder.h"
 
@@ -50,8 +51,8 @@ QByteArray ReadList(const QString& name)
                                                   : file.open(QIODevice::ReadOnly);
     const QByteArray text = isOpen ? file.readAll() : QByteArray();
     if (!isOpen || file.error() != QFileDevice::NoError)
-        throw UsageError(QStringLiteral("--files-from: expected a list of photos, found \"%1\", "
-                                        "which cannot be read: %2")
+        throw UsageError(Text::tr("--files-from: expected a list of photos, found \"%1\", "
+                                  "which cannot be read: %2")
                              .arg(name, file.errorString()));
     return text;
 }
@@ -87,7 +88,7 @@ void CheckPipes(const QStringList& arguments, const QCommandLineParser& parser)
         return;
     if (arguments.size() > 1 || parser.isSet(FilesFromOption))
         throw UsageError(
-            QStringLiteral("expected \"-\", the standard input, as the only photo, found more"));
+            Text::tr("expected \"-\", the standard input, as the only photo, found more"));
 }
 
 } // namespace
@@ -95,27 +96,27 @@ void CheckPipes(const QStringList& arguments, const QCommandLineParser& parser)
 const QString PhotoInputs::Pipe = QStringLiteral("-");
 const QString PhotoInputs::PipedName = QStringLiteral("stdin");
 
-void PhotoInputs::Add(QCommandLineParser& parser)
+void PhotoInputs::Add(OptionTable& options)
 {
-    parser.addPositionalArgument(
+    options.AddArgument(
         QStringLiteral("PHOTO"),
-        QStringLiteral("Photos: JPEG, PNG, TIFF, WebP, HEIC or raw files; folders, which stand for "
-                       "the photos in them; or - alone, for a photo from the standard input."),
+        Text::tr("Photos: JPEG, PNG, TIFF, WebP, HEIC or raw files; folders, which stand for "
+                 "the photos in them; or - alone, for a photo from the standard input."),
         QStringLiteral("PHOTO..."));
-    parser.addOptions({
+    options.AddOptions({
         {{QStringLiteral("r"), RecursiveOption},
-         QStringLiteral("Takes the photos in the subfolders of folders too. Hidden ones and links "
-                        "to folders are passed over.")},
+         Text::tr("Takes the photos in the subfolders of folders too. Hidden ones and links "
+                  "to folders are passed over.")},
         {FilesFromOption,
-         QStringLiteral("Takes the photos and folders that this file names too, one in a line; - "
-                        "is the standard input."),
+         Text::tr("Takes the photos and folders that this file names too, one in a line; - "
+                  "is the standard input."),
          QStringLiteral("file")},
         {NullOption,
-         QStringLiteral("The names of --files-from are separated by zero bytes, as find -print0 "
-                        "writes them.")},
+         Text::tr("The names of --files-from are separated by zero bytes, as find -print0 "
+                  "writes them.")},
         {AgainOption,
-         QStringLiteral("Takes results as photos too: files that record a look in their XMP data, "
-                        "and outputs of other photos of the list. Without it they are left out.")},
+         Text::tr("Takes results as photos too: files that record a look in their XMP data, "
+                  "and outputs of other photos of the list. Without it they are left out.")},
     });
 }
 
@@ -124,9 +125,9 @@ std::vector<PhotoInput> PhotoInputs::Read(const QCommandLineParser& parser)
     const QStringList arguments = parser.positionalArguments().mid(1);
     CheckPipes(arguments, parser);
     if (parser.isSet(NullOption) && !parser.isSet(FilesFromOption))
-        throw UsageError(QStringLiteral("--null: expected --files-from, whose names it separates"));
+        throw UsageError(Text::tr("--null: expected --files-from, whose names it separates"));
     if (arguments.isEmpty() && !parser.isSet(FilesFromOption))
-        throw UsageError(QStringLiteral("expected at least one photo"));
+        throw UsageError(Text::tr("expected at least one photo"));
     if (arguments.contains(Pipe))
         return {{PipedName, {}, true}};
     const auto depth = parser.isSet(RecursiveOption) ? PhotoFolder::Depth::WithSubfolders

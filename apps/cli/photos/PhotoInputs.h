@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "console/OptionTable.h"
 #include "exporting/batch/OutputPlan.h"
 
 #include <QCommandLineParser>
@@ -19,7 +20,7 @@ public:
     static const QString PipedName;
 
     /// Adds the argument PHOTO, --recursive, --files-from, --null and --again.
-    static void Add(QCommandLineParser& parser);
+    static void Add(OptionTable& options);
 
     /// The photos in the order of the command line, those of a list last; folders are replaced by
     /// their photos. Folders and names that cannot be used are photos with a problem. Reads the

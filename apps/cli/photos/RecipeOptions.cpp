@@ -2,6 +2,7 @@
 #include "photos/RecipeOptions.h"
 
 #include "console/Command.h"
+#include "console/Text.h"
 #include "console/UsageError.h"
 #include "exporting/RecipeWords.h"
 #include "exporting/recipes/RecipeStore.h"
@@ -38,10 +39,9 @@ const QString MetadataOption = QStringLiteral("metadata");
 const QString MegapixelSuffix = QStringLiteral("MP");
 constexpr double PixelsPerMegapixel = 1e6;
 
-[[noreturn]] void Fail(const QString& option, const std::string& expected, const QString& found)
+[[noreturn]] void Fail(const QString& option, const QString& expected, const QString& found)
 {
-    throw UsageError(QStringLiteral("--%1: expected %2, found \"%3\"")
-                         .arg(option, QString::fromStdString(expected), found));
+    throw UsageError(Text::tr("--%1: expected %2, found \"%3\"").arg(option, expected, found));
 }
 
 /// The choice that the option's word names.
@@ -51,7 +51,7 @@ auto ReadWord(const QCommandLineParser& parser, const QString& option, const Wor
     const QString text = parser.value(option);
     const auto choice = LumetraHost::FindChoice(words, text.toStdString());
     if (!choice)
-        Fail(option, LumetraHost::JoinWords(words, ", "), text);
+        Fail(option, QString::fromStdString(LumetraHost::JoinWords(words, ", ")), text);
     return *choice;
 }
 
@@ -65,7 +65,7 @@ Image::Depth ReadDepth(const QCommandLineParser& parser)
 {
     const QString depth = parser.value(DepthOption);
     if (depth != QLatin1String("8") && depth != QLatin1String("16"))
-        Fail(DepthOption, "8 or 16", depth);
+        Fail(DepthOption, Text::tr("8 or 16"), depth);
     return depth == QLatin1String("16") ? Image::Depth::Bits16 : Image::Depth::Bits8;
 }
 
@@ -77,8 +77,8 @@ int ReadMegapixels(const QString& text)
         std::round(text.chopped(MegapixelSuffix.size()).toDouble(&isNumber) * PixelsPerMegapixel);
     if (!isNumber || !(pixels >= 1) || pixels > ExportRecipe::LargestArea)
         Fail(SizeOption,
-             "up to " + std::to_string(ExportRecipe::LargestArea / 1'000'000) +
-                 " megapixels, such as 12MP",
+             Text::tr("up to %1 megapixels, such as 12MP")
+                 .arg(ExportRecipe::LargestArea / 1'000'000),
              text);
     return static_cast<int>(pixels);
 }
@@ -118,9 +118,9 @@ ExportRecipe ReadNamed(const QCommandLineParser& parser)
     }
 }
 
-std::string JoinFormats(const char* separator)
+QString JoinFormats(const char* separator)
 {
-    return LumetraHost::JoinWords(WrittenFormats, separator);
+    return QString::fromStdString(LumetraHost::JoinWords(WrittenFormats, separator));
 }
 
 /// Outputs that are no files, such as the standard output, have no format of their own.
@@ -130,58 +130,58 @@ void CheckFormat(PhotoFormat format, const std::vector<PhotoJob>& jobs)
         const auto named = LumetraHost::GetPhotoFormatOfName(job.output);
         if (named && named != format)
             Fail(FormatOption,
-                 std::string("an output that ends in .{ext} or .") +
-                     LumetraHost::GetWrittenFormat(format).suffix,
+                 Text::tr("an output that ends in .{ext} or .%1")
+                     .arg(QLatin1String(LumetraHost::GetWrittenFormat(format).suffix)),
                  job.output);
     }
 }
 
 } // namespace
 
-void RecipeOptions::Add(QCommandLineParser& parser)
+void RecipeOptions::Add(OptionTable& options)
 {
-    parser.addOptions({
+    options.AddOptions({
         {RecipeOption,
-         QStringLiteral("The form of the new files as one of the editor's export recipes has it; "
-                        "the options below change it. Its folder and file name are not used"),
+         Text::tr("The form of the new files as one of the editor's export recipes has it; "
+                  "the options below change it. Its folder and file name are not used"),
          QStringLiteral("name")},
         {FormatOption,
-         QStringLiteral("The format of the new files, which {ext} then stands for. Default: what "
-                        "the name of the output says"),
-         QString::fromStdString(JoinFormats("|"))},
+         Text::tr("The format of the new files, which {ext} then stands for. Default: what "
+                  "the name of the output says"),
+         JoinFormats("|")},
         {QualityOption,
-         QStringLiteral("Quality of JPEG and WebP, 1 to 100, whatever the photo's own is; each "
-                        "format has a scale of its own. Default: %1")
+         Text::tr("Quality of JPEG and WebP, 1 to 100, whatever the photo's own is; each "
+                  "format has a scale of its own. Default: %1")
              .arg(EncodingOptions::DefaultQuality),
          QStringLiteral("number")},
         {SamplingOption,
-         QStringLiteral("Resolution of a JPEG's colours: 4:4:4 is full, 4:2:2 half, 4:2:0 a "
-                        "quarter. Default: automatic, which is 4:4:4 from quality %1 on, else "
-                        "4:2:0")
+         Text::tr("Resolution of a JPEG's colours: 4:4:4 is full, 4:2:2 half, 4:2:0 a "
+                  "quarter. Default: automatic, which is 4:4:4 from quality %1 on, else "
+                  "4:2:0")
              .arg(JpegEncoder::FullColorQuality),
          JoinForHelp(LumetraHost::SamplingWords)},
-        {ProgressiveOption, QStringLiteral("Stores JPEG coarse first, then finer: smaller, slower "
-                                           "to make.")},
-        {LosslessOption, QStringLiteral("Stores every pixel of a WebP as it is.")},
+        {ProgressiveOption, Text::tr("Stores JPEG coarse first, then finer: smaller, slower "
+                                     "to make.")},
+        {LosslessOption, Text::tr("Stores every pixel of a WebP as it is.")},
         {CompressionOption,
-         QStringLiteral("Compression of TIFF, none of which loses anything. Default: deflate"),
+         Text::tr("Compression of TIFF, none of which loses anything. Default: deflate"),
          JoinForHelp(LumetraHost::CompressionWords)},
         {SizeOption,
-         QStringLiteral("Shrinks photos whose longest side has more pixels to this number, 1 to "
-                        "%1, or, as in 12MP, photos with more megapixels. None is enlarged. "
-                        "Default: every photo's own size")
+         Text::tr("Shrinks photos whose longest side has more pixels to this number, 1 to "
+                  "%1, or, as in 12MP, photos with more megapixels. None is enlarged. "
+                  "Default: every photo's own size")
              .arg(ExportRecipe::LargestSide),
          QStringLiteral("number|numberMP")},
         {DepthOption,
-         QStringLiteral("Bits per channel, 8 or 16; 16 for PNG and TIFF alone. Effects are drawn "
-                        "with 16 where the photo or the file has them. Default: the photo's, "
-                        "where the format holds them"),
+         Text::tr("Bits per channel, 8 or 16; 16 for PNG and TIFF alone. Effects are drawn "
+                  "with 16 where the photo or the file has them. Default: the photo's, "
+                  "where the format holds them"),
          QStringLiteral("8|16")},
         {MetadataOption,
-         QStringLiteral("\"all\" keeps EXIF, IPTC and XMP and records the preset in the XMP data; "
-                        "\"no-gps\" does so without coordinates; \"copyright\" keeps author, "
-                        "copyright and licence alone; \"none\" leaves all out. The colour profile "
-                        "stays. Default: all"),
+         Text::tr("\"all\" keeps EXIF, IPTC and XMP and records the preset in the XMP data; "
+                  "\"no-gps\" does so without coordinates; \"copyright\" keeps author, "
+                  "copyright and licence alone; \"none\" leaves all out. The colour profile "
+                  "stays. Default: all"),
          JoinForHelp(LumetraHost::MetadataWords)},
     });
 }
@@ -229,8 +229,8 @@ void RecipeOptions::Check(const QCommandLineParser& parser, const ExportRecipe& 
     for (const PhotoJob& job : jobs)
         if (const auto format = LumetraHost::GetPhotoFormatOfName(job.output);
             format && !LumetraHost::GetWrittenFormat(*format).holds16Bits)
-            throw UsageError(QStringLiteral("--depth: expected an output that holds 16 bits, .png "
-                                            "or .tif, found \"%1\"; --output names another")
+            throw UsageError(Text::tr("--depth: expected an output that holds 16 bits, .png "
+                                      "or .tif, found \"%1\"; --output names another")
                                  .arg(job.output));
 }
 

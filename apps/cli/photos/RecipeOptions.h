@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "console/OptionTable.h"
 #include "exporting/ExportRecipe.h"
 #include "exporting/batch/OutputPlan.h"
 
@@ -16,7 +17,7 @@ namespace LumetraCli {
 class RecipeOptions
 {
 public:
-    static void Add(QCommandLineParser& parser);
+    static void Add(OptionTable& options);
 
     /// The format of --format or --recipe; nothing where the names of the outputs say it.
     /// UsageError.

@@ -2,6 +2,7 @@
 #include "presets/CatalogueOptions.h"
 
 #include "console/Console.h"
+#include "console/Text.h"
 #include "core/CatalogueLocations.h"
 #include "core/PresetModel.h"
 #include "core/PresetResource.h"
@@ -38,18 +39,18 @@ void Report(const PresetSession& session, Console& console)
 
 } // namespace
 
-void CatalogueOptions::Add(QCommandLineParser& parser)
+void CatalogueOptions::Add(OptionTable& options)
 {
-    parser.addOption({CatalogueOption,
-                      QStringLiteral("Also reads the presets of this catalogue file. May be given "
-                                     "more than once."),
-                      QStringLiteral("file")});
-    parser.addOption(
-        {OnlyNamedOption, QStringLiteral("Reads no other catalogues than those named.")});
-    parser.addOption({StoreOption,
-                      QStringLiteral("Keeps your own presets and favourites in this file (%1).")
-                          .arg(UserPresetStore::GetDefaultPath()),
-                      QStringLiteral("file"), UserPresetStore::GetDefaultPath()});
+    options.AddOption({CatalogueOption,
+                       Text::tr("Also reads the presets of this catalogue file. May be given "
+                                "more than once."),
+                       QStringLiteral("file")});
+    options.AddOption({OnlyNamedOption, Text::tr("Reads no other catalogues than those named.")});
+    options.AddOption({StoreOption,
+                       Text::tr("Keeps your own presets and favourites in this file. Default: "
+                                "lumetra/presets.json in your data folder"),
+                       QStringLiteral("file"), UserPresetStore::GetDefaultPath()});
+    options.AddNote(StoreOption, Text::tr("(here: %1)").arg(UserPresetStore::GetDefaultPath()));
 }
 
 std::unique_ptr<PresetSession> CatalogueOptions::Load(const QCommandLineParser& parser,
@@ -74,8 +75,8 @@ std::unique_ptr<PresetSession> CatalogueOptions::Load(const QCommandLineParser& 
             return nullptr;
     if (HasPresets(session->GetModel()))
         return session;
-    console.Report(QStringLiteral("expected at least one preset, found none in any catalogue; "
-                                  "--catalogue names a file"));
+    console.Report(Text::tr("expected at least one preset, found none in any catalogue; "
+                            "--catalogue names a file"));
     return nullptr;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "console/OptionTable.h"
+
 #include <QCommandLineParser>
 
 #include <memory>
@@ -17,7 +19,7 @@ class Console;
 class CatalogueOptions
 {
 public:
-    static void Add(QCommandLineParser& parser);
+    static void Add(OptionTable& options);
 
     /// A session with the presets of the system's, the user's and the named catalogues, and with
     /// the user's own. Errors in them are reported. Null, after a report, when a named one cannot

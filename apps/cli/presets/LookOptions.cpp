@@ -2,8 +2,9 @@
 #include "presets/LookOptions.h"
 
 #include "Zorvik/Exception.h"
-#include "catalogue/NearestName.h"
 #include "console/Console.h"
+#include "console/NameHint.h"
+#include "console/Text.h"
 #include "console/UsageError.h"
 #include "core/LutImport.h"
 #include "core/PresetModel.h"
@@ -39,8 +40,8 @@ QString AddLutPreset(PresetSession& session, const QString& file)
 {
     const auto added = LutImport::AddTo(session, file, {});
     if (added.size() != 1)
-        throw UsageError(QStringLiteral("--preset: expected a file with one look, found %1 in "
-                                        "\"%2\"; \"import\" makes a preset of each")
+        throw UsageError(Text::tr("--preset: expected a file with one look, found %1 in "
+                                  "\"%2\"; \"import\" makes a preset of each")
                              .arg(QString::number(added.size()), file));
     return added.front().data(PresetModel::PresetIdRole).toString();
 }
@@ -51,16 +52,15 @@ void RefuseFile(const QString& preset)
 {
     const QFileInfo file(preset);
     if (LutImport::IsLutName(preset, true) && !file.exists())
-        throw UsageError(QStringLiteral("--preset: expected the name or id of a preset or a LUT "
-                                        "file, found \"%1\", which is neither: there is no such "
-                                        "file")
+        throw UsageError(Text::tr("--preset: expected the name or id of a preset or a LUT "
+                                  "file, found \"%1\", which is neither: there is no such "
+                                  "file")
                              .arg(preset));
     if (file.exists())
-        throw UsageError(
-            QStringLiteral("--preset: expected the name or id of a preset or a LUT "
-                           "file (.cube, .3dl, .clf, .cc, .ccc, .cdl, .png, .tif), "
-                           "found the %1 \"%2\"")
-                .arg(file.isDir() ? QStringLiteral("folder") : QStringLiteral("file"), preset));
+        throw UsageError(Text::tr("--preset: expected the name or id of a preset or a LUT "
+                                  "file (.cube, .3dl, .clf, .cc, .ccc, .cdl, .png, .tif), "
+                                  "found the %1 \"%2\"")
+                             .arg(file.isDir() ? Text::tr("folder") : Text::tr("file"), preset));
 }
 
 /// The id of the preset or of the LUT file, which becomes a preset.
@@ -85,10 +85,9 @@ QString GetGroupName(const PresetRow& row)
         for (const QString& name : {GetGroupName(row), row.group})
             if (names.empty() || names.back() != name.toStdString())
                 names.push_back(name.toStdString());
-    throw UsageError(QStringLiteral("--group: expected the name of a group with presets, found "
-                                    "\"%1\"%2")
-                         .arg(group, QString::fromStdString(
-                                         LumetraHost::DidYouMean(group.toStdString(), names))));
+    throw UsageError(Text::tr("--group: expected the name of a group with presets, found "
+                              "\"%1\"%2")
+                         .arg(group, MakeNameHint(group, names)));
 }
 
 void AddOnce(QStringList& texts, const QString& text)
@@ -121,23 +120,22 @@ ChosenLook MakeLook(PresetSession& session, const std::vector<PresetUse>& uses, 
 
 } // namespace
 
-void LookOptions::Add(QCommandLineParser& parser)
+void LookOptions::Add(OptionTable& options)
 {
-    PresetOptions::Add(parser,
-                       QStringLiteral("The preset, by name or id, or a LUT file: .cube, .3dl, "
-                                      ".clf, .cc, .ccc, .cdl or a HaldCLUT picture. Given more "
-                                      "than once, each lies upon the one before, and --intensity "
-                                      "and --set belong to the preset before them."),
+    PresetOptions::Add(options,
+                       Text::tr("The preset, by name or id, or a LUT file: .cube, .3dl, "
+                                ".clf, .cc, .ccc, .cdl or a HaldCLUT picture. Given more "
+                                "than once, each lies upon the one before, and --intensity "
+                                "and --set belong to the preset before them."),
                        QStringLiteral("name|id|file"));
-    parser.addOptions({
+    options.AddOptions({
         {FavouritesOption,
-         QStringLiteral("Makes a file of each photo with each favourite, upon the presets of "
-                        "--preset, if there are any.")},
-        {GroupOption, QStringLiteral("Does so with each preset of this group."),
-         QStringLiteral("name")},
+         Text::tr("Makes a file of each photo with each favourite, upon the presets of "
+                  "--preset, if there are any.")},
+        {GroupOption, Text::tr("Does so with each preset of this group."), QStringLiteral("name")},
         {EditsOption,
-         QStringLiteral("Begins with each photo's own edit, as the editor has saved it, below the "
-                        "presets, if there are any.")},
+         Text::tr("Begins with each photo's own edit, as the editor has saved it, below the "
+                  "presets, if there are any.")},
     });
 }
 
@@ -148,10 +146,9 @@ LookOptions::LookOptions(const QCommandLineParser& parser)
         m_group = parser.value(GroupOption);
     ReadRequests(parser);
     if (m_isFavourites && m_group)
-        throw UsageError(QStringLiteral("expected --favourites or --group, found both"));
+        throw UsageError(Text::tr("expected --favourites or --group, found both"));
     if (!HasPresets() && !m_takesEdits)
-        throw UsageError(
-            QStringLiteral("expected a look: --preset, --favourites, --group or --edits"));
+        throw UsageError(Text::tr("expected a look: --preset, --favourites, --group or --edits"));
 }
 
 /// The parser gives the values of each option, and the order of the options alone.
@@ -180,7 +177,7 @@ void LookOptions::ReadRequests(const QCommandLineParser& parser)
             m_requests.push_back({value, {}, {}});
     }
     if (m_requests.empty() && !(first.intensity.isNull() && first.settings.isEmpty()))
-        throw UsageError(QStringLiteral("%1: expected a --preset that it belongs to, found none")
+        throw UsageError(Text::tr("%1: expected a --preset that it belongs to, found none")
                              .arg(first.settings.isEmpty() ? QStringLiteral("--intensity")
                                                            : QStringLiteral("--set")));
 }
@@ -203,8 +200,8 @@ QStringList LookOptions::FindSeries(const Rows& rows) const
     if (!ids.isEmpty())
         return ids;
     if (m_isFavourites)
-        throw UsageError(QStringLiteral("--favourites: expected favourites, found none; "
-                                        "\"favourite\" makes a preset one"));
+        throw UsageError(Text::tr("--favourites: expected favourites, found none; "
+                                  "\"favourite\" makes a preset one"));
     RefuseGroup(rows, *m_group);
 }
 

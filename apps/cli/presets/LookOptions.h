@@ -2,6 +2,7 @@
 #pragma once
 
 #include "console/ExitCode.h"
+#include "console/OptionTable.h"
 #include "exporting/batch/PhotoLook.h"
 #include "presets/PresetUse.h"
 
@@ -31,7 +32,7 @@ struct ChosenLook
 class LookOptions
 {
 public:
-    static void Add(QCommandLineParser& parser);
+    static void Add(OptionTable& options);
 
     /// Reads the options. UsageError for values that belong to no preset, and when no look is
     /// chosen at all.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "presets/PresetOptions.h"
 
+#include "console/Text.h"
 #include "console/UsageError.h"
 
 namespace LumetraCli {
@@ -12,27 +13,26 @@ const QString SetOption = QStringLiteral("set");
 
 } // namespace
 
-void PresetOptions::Add(QCommandLineParser& parser, const QString& help, const QString& valueName)
+void PresetOptions::Add(OptionTable& options, const QString& help, const QString& valueName)
 {
-    parser.addOption({{QStringLiteral("p"), PresetOption}, help, valueName});
-    AddValues(parser);
+    options.AddOption({{QStringLiteral("p"), PresetOption}, help, valueName});
+    AddValues(options);
 }
 
-void PresetOptions::AddValues(QCommandLineParser& parser)
+void PresetOptions::AddValues(OptionTable& options)
 {
-    parser.addOption({{QStringLiteral("i"), IntensityOption},
-                      QStringLiteral("Intensity within the preset's range."),
-                      QStringLiteral("number")});
-    parser.addOption({SetOption,
-                      QStringLiteral("Moves an extra slider. May be given more than once."),
-                      QStringLiteral("slider=value")});
+    options.AddOption({{QStringLiteral("i"), IntensityOption},
+                       Text::tr("Intensity within the preset's range."),
+                       QStringLiteral("number")});
+    options.AddOption({SetOption, Text::tr("Moves an extra slider. May be given more than once."),
+                       QStringLiteral("slider=value")});
 }
 
 QString PresetOptions::ReadPreset(const QCommandLineParser& parser)
 {
     const QStringList presets = parser.values(PresetOption);
     if (presets.size() != 1)
-        throw UsageError(QStringLiteral("expected one --preset, found %1").arg(presets.size()));
+        throw UsageError(Text::tr("expected one --preset, found %1").arg(presets.size()));
     return presets.first();
 }
 

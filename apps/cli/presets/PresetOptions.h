@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "console/OptionTable.h"
 #include "presets/PresetUse.h"
 
 #include <QCommandLineParser>
@@ -12,9 +13,9 @@ class PresetOptions
 {
 public:
     /// Adds --preset, described by `help`, with its `valueName`; --intensity and --set.
-    static void Add(QCommandLineParser& parser, const QString& help, const QString& valueName);
+    static void Add(OptionTable& options, const QString& help, const QString& valueName);
     /// Adds --intensity and --set alone, for commands that get the preset as an argument.
-    static void AddValues(QCommandLineParser& parser);
+    static void AddValues(OptionTable& options);
 
     /// The value of --preset. UsageError unless it was given once.
     static QString ReadPreset(const QCommandLineParser& parser);

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "presets/PresetRows.h"
 
-#include "catalogue/NearestName.h"
+#include "console/NameHint.h"
+#include "console/Text.h"
 #include "console/UsageError.h"
 #include "core/CatalogueLocations.h"
 #include "core/PresetModel.h"
@@ -73,10 +74,8 @@ Rows FindAll(const Rows& rows, const QString& nameOrId)
         names.push_back(row.shown.toStdString());
         names.push_back(row.id.toStdString());
     }
-    const QString hint =
-        QString::fromStdString(LumetraHost::DidYouMean(nameOrId.toStdString(), names));
-    throw UsageError(QStringLiteral("%1: expected the name or id of a preset, found \"%2\"%3")
-                         .arg(argument, nameOrId, hint));
+    throw UsageError(Text::tr("%1: expected the name or id of a preset, found \"%2\"%3")
+                         .arg(argument, nameOrId, MakeNameHint(nameOrId, names)));
 }
 
 [[noreturn]] void RefuseAmbiguous(const Rows& matches, const QString& name, const QString& argument)
@@ -85,7 +84,7 @@ Rows FindAll(const Rows& rows, const QString& nameOrId)
     for (const PresetRow& row : matches)
         ids.append(QStringLiteral("\"%1\" (%2)").arg(row.id, row.group));
     throw UsageError(
-        QStringLiteral("%1: expected one preset, found %2 named \"%3\"; their ids are %4")
+        Text::tr("%1: expected one preset, found %2 named \"%3\"; their ids are %4")
             .arg(argument, QString::number(matches.size()), name, ids.join(QStringLiteral(", "))));
 }
 
@@ -111,6 +110,17 @@ QString PresetRow::GetIntensityKind() const
     default:
         return QStringLiteral("none");
     }
+}
+
+QString PresetRow::DescribeIntensity() const
+{
+    if (!HasIntensity())
+        return Text::tr("none");
+    const bool isBlending = intensityType == IntensitySettingType::Blending;
+    return Text::tr("%1 (%2 to %3), %4")
+        .arg(QString::number(intensity), QString::number(intensityMinimum),
+             QString::number(intensityMaximum),
+             isBlending ? Text::tr("blending") : Text::tr("slider"));
 }
 
 std::vector<PresetRow> PresetRows::Read(PresetModel& model)

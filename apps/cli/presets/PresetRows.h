@@ -40,6 +40,8 @@ struct PresetRow
     bool HasIntensity() const;
     /// "none", "blending" or "slider".
     QString GetIntensityKind() const;
+    /// The same with value and range in the user's language: "80 (1 to 100), blending".
+    QString DescribeIntensity() const;
 };
 
 /// Reads the presets of a model through its roles. Resources that are there are handed over.

@@ -4,7 +4,8 @@
 #include "EffectPresets/EffectPresetModel.h"
 #include "Settings/TuneSettingType.h"
 #include "Zorvik/Exception.h"
-#include "catalogue/NearestName.h"
+#include "console/NameHint.h"
+#include "console/Text.h"
 #include "console/UsageError.h"
 #include "core/PresetSession.h"
 #include "exporting/LookRecord.h"
@@ -28,7 +29,7 @@ int ReadValue(const QString& what, const QString& text, int minimum, int maximum
     const int lowest = isUpwards ? minimum : maximum;
     const int highest = isUpwards ? maximum : minimum;
     if (!isNumber || value < lowest || value > highest)
-        throw UsageError(QStringLiteral("%1: expected a whole number from %2 to %3, found \"%4\"")
+        throw UsageError(Text::tr("%1: expected a whole number from %2 to %3, found \"%4\"")
                              .arg(what, QString::number(lowest), QString::number(highest), text));
     return value;
 }
@@ -50,11 +51,11 @@ bool IsNamed(const SliderSetting& slider, const QString& name)
         names.push_back(own);
         shown.append(QString::fromStdString("\"" + own + "\""));
     }
-    const QString known = shown.isEmpty() ? QStringLiteral("none, it has no sliders")
-                                          : shown.join(QStringLiteral(", "));
-    throw UsageError(QStringLiteral("--set: expected a slider of \"%1\" (%2), found \"%3\"")
+    const QString known =
+        shown.isEmpty() ? Text::tr("none, it has no sliders") : shown.join(QStringLiteral(", "));
+    throw UsageError(Text::tr("--set: expected a slider of \"%1\" (%2), found \"%3\"")
                          .arg(preset.shown, known, name) +
-                     QString::fromStdString(LumetraHost::DidYouMean(name.toStdString(), names)));
+                     MakeNameHint(name, names));
 }
 
 } // namespace
@@ -77,7 +78,7 @@ void PresetUse::SetIntensity(const QString& text)
 {
     if (!m_preset.HasIntensity())
         throw UsageError(
-            QStringLiteral("--intensity: expected none, for \"%1\" has no intensity, found \"%2\"")
+            Text::tr("--intensity: expected none, for \"%1\" has no intensity, found \"%2\"")
                 .arg(m_preset.shown, text));
     m_intensity = ReadValue(QStringLiteral("--intensity"), text, m_preset.intensityMinimum,
                             m_preset.intensityMaximum);
@@ -87,7 +88,7 @@ void PresetUse::SetSlider(const QString& setting)
 {
     const int equals = setting.indexOf(QLatin1Char('='));
     if (equals < 1)
-        throw UsageError(QStringLiteral("--set: expected slider=value, found \"%1\"").arg(setting));
+        throw UsageError(Text::tr("--set: expected slider=value, found \"%1\"").arg(setting));
     const QString name = setting.left(equals).trimmed();
     for (SliderSetting& slider : m_preset.sliders) {
         if (!IsNamed(slider, name))

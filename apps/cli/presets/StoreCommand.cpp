@@ -4,6 +4,7 @@
 #include "EffectPresets/EffectPresetModel.h"
 #include "Zorvik/Exception.h"
 #include "console/Console.h"
+#include "console/Text.h"
 #include "console/UsageError.h"
 #include "core/PresetNames.h"
 #include "core/PresetSession.h"
@@ -14,10 +15,10 @@ namespace LumetraCli {
 
 using LumetraPlugin::PresetNames;
 
-void StoreCommand::AddOptions(QCommandLineParser& parser) const
+void StoreCommand::AddOptions(OptionTable& options) const
 {
-    AddArguments(parser);
-    CatalogueOptions::Add(parser);
+    AddArguments(options);
+    CatalogueOptions::Add(options);
 }
 
 ExitCode StoreCommand::Execute(const QCommandLineParser& parser, Console& console) const
@@ -54,8 +55,8 @@ PresetRow StoreCommand::FindUsersPreset(const Rows& rows, const QString& nameOrI
 {
     const PresetRow row = FindPreset(rows, nameOrId);
     if (!row.isUsers)
-        throw UsageError(QStringLiteral("PRESET: expected one of your own presets, found \"%1\" of "
-                                        "the catalogue's group \"%2\"")
+        throw UsageError(Text::tr("PRESET: expected one of your own presets, found \"%1\" of "
+                                  "the catalogue's group \"%2\"")
                              .arg(row.shown, row.group));
     return row;
 }
@@ -69,7 +70,7 @@ QString StoreCommand::NewName(const Zorvik::Lumetra::LumetraPresets::EffectPrese
         throw UsageError(QStringLiteral("NAME: ") + fault);
     if (model.GetUserPresetNames().contains(trimmed))
         throw UsageError(
-            QStringLiteral("NAME: expected a new name, found \"%1\", which one of your presets has")
+            Text::tr("NAME: expected a new name, found \"%1\", which one of your presets has")
                 .arg(trimmed));
     return trimmed;
 }

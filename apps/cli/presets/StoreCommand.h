@@ -30,11 +30,11 @@ public:
 protected:
     using Rows = std::vector<PresetRow>;
 
-    void AddOptions(QCommandLineParser& parser) const override;
+    void AddOptions(OptionTable& options) const override;
     ExitCode Execute(const QCommandLineParser& parser, Console& console) const override;
 
     /// Adds the command's own arguments and options.
-    virtual void AddArguments(QCommandLineParser& parser) const = 0;
+    virtual void AddArguments(OptionTable& options) const = 0;
     /// Changes the model; returns a line for each change. UsageError before anything changed.
     virtual QStringList Edit(const QCommandLineParser& parser,
                              LumetraPlugin::PresetSession& session, const Rows& rows) const = 0;
