@@ -72,6 +72,7 @@ EditorFolder::EditorFolder()
     EXPECT_TRUE(m_folder.isValid());
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, Path("settings"));
     qputenv("XDG_DATA_HOME", QFile::encodeName(Path("data")));
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(Path("config")));
 }
 
 QString EditorFolder::Path(const char* name) const

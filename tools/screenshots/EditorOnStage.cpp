@@ -84,6 +84,7 @@ EditorOnStage::EditorOnStage(LumetraHost::PaletteKind kind, const QString& langu
     : m_folder(QDir::temp().filePath(QStringLiteral("Photos-XXXXXX")))
 {
     qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.filePath(QStringLiteral("data"))));
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_folder.filePath(QStringLiteral("config"))));
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
                        m_folder.filePath(QStringLiteral("settings")));
     m_editor = std::make_unique<LumetraEditor::Editor>();

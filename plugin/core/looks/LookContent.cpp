@@ -27,6 +27,13 @@ bool IsOfContent(const std::string& key)
            key != Keys::Names && key != Keys::Author && key != Keys::Licence;
 }
 
+/// Looks that are taken from pictures have an empty list of sliders, which their makers' have not.
+bool IsEmptyList(const JsonValue& value)
+{
+    const auto* array = value.As<JsonValue::Array>();
+    return array && (*array)->elements.empty();
+}
+
 /// Appends a text that does not depend on the order of members or on how a number was written.
 void Append(std::string& text, const JsonValue& value);
 
@@ -71,7 +78,7 @@ std::string LookContent::MakeKey(const PresetController& preset,
     StoreTables().TakeOut(*stored.GetObject());
     std::map<std::string, JsonValue> content;
     for (const auto& member : stored.GetObject()->GetMembers())
-        if (IsOfContent(member.first))
+        if (IsOfContent(member.first) && !IsEmptyList(member.second))
             content.insert(member);
     std::string text;
     Append(text, content);

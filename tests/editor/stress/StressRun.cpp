@@ -85,6 +85,7 @@ Widget* StressRun::PickOne()
 StressRun::StressRun(unsigned seed) : m_random(seed)
 {
     qputenv("XDG_DATA_HOME", m_folder.filePath(QStringLiteral("data")).toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", m_folder.filePath(QStringLiteral("config")).toLocal8Bit());
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
     for (int i = 0; i < 3; ++i) {
         LumetraHost::Photo photo;
