@@ -66,7 +66,7 @@ SelectionDialog::SelectionDialog(const QStringList& photos, EditorSettings& sett
     connect(buttons, &QDialogButtonBox::accepted, this, &SelectionDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &SelectionDialog::reject);
     column->addWidget(buttons);
-    setMinimumWidth(560);
+    setMinimumWidth(680);
     Connect();
     Restore();
 }
