@@ -471,7 +471,7 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("many"), PlayMany},
         {QStringLiteral("message"), PlayMessage, "dark-de@1x"},
         {QStringLiteral("look"), PlayLook, "dark-en@1x"},
-        {QStringLiteral("hover"), PlayHover, "light-de@2x"},
+        {QStringLiteral("hover"), PlayHover, "light-de@1x"},
         {QStringLiteral("focus"), PlayFocus},
         {QStringLiteral("search"), PlaySearch, "light-de@1x"},
         {QStringLiteral("nothing"), PlayNothing},
