@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What apply does when the machine fails: full disks, folders that cannot be written, a kill.
+// These tests let the machine fail under apply: full disks, folders that cannot be written, a kill.
 #include "CliTest.h"
 
 #include <QDir>

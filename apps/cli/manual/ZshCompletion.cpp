@@ -33,7 +33,7 @@ else
 fi
 )script";
 
-/// `text` inside '…[text]…' or '…:text:…' of a specification.
+/// `text` inside '…[text]…' or '…:text:…' of what _arguments takes.
 QString Escape(QString text)
 {
     for (const char* special : {"\\", "[", "]", ":"})

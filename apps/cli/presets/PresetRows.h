@@ -40,7 +40,7 @@ struct PresetRow
     bool HasIntensity() const;
     /// "none", "blending" or "slider".
     QString GetIntensityKind() const;
-    /// The same with value and range in the user's language: "80 (1 to 100), blending".
+    /// Tells value and range too, in the user's language: "80 (1 to 100), blending".
     QString DescribeIntensity() const;
 };
 

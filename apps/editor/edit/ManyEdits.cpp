@@ -40,7 +40,7 @@ struct ManyEdits::Batch
     int left = 0; ///< photos
 };
 
-/// What a step has made of one photo.
+/// Holds what a step has made of one photo.
 struct ManyEdits::Result
 {
     bool isChanged = false;

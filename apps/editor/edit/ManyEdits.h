@@ -30,7 +30,7 @@ enum class ManyDirection
     Forward ///< redo
 };
 
-/// What a step has made of its photos.
+/// Holds what a step has made of its photos.
 struct ManyReport
 {
     ManyDirection direction = ManyDirection::Do;
@@ -74,7 +74,7 @@ public:
     void WaitForAll();
 
 signals:
-    /// Of `total` photos since nothing was to be done `done` are done.
+    /// `done` of `total` photos are done, counted since nothing was to be done.
     void progressed(int done, int total);
     /// The edit of a photo is another one on the disk.
     void editChanged(const QString& photo);

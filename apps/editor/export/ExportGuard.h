@@ -30,7 +30,7 @@ public:
     /// A sentence for the user that names the file and says why it cannot be written; empty when
     /// the guard knows of no reason.
     QString FindObstacle(const QString& output) const;
-    /// The same for many outputs, in their order: looks at the photos of the session once.
+    /// Answers for many outputs, in their order, and looks at the photos of the session once.
     QStringList FindObstacles(const QStringList& outputs) const;
 
 private:

@@ -23,7 +23,7 @@ QString DescribeReport(const ManyReport& report);
 /// True when the user has to be told more than CountChanged().
 bool HasMoreToTell(const ManyReport& report);
 
-/// What becomes of changes that are not made yet when the program ends.
+/// Says what becomes of changes that are not made yet when the program ends.
 enum class LateChanges
 {
     Finish,

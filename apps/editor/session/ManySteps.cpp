@@ -27,7 +27,7 @@ QString Clean(const QString& photo)
 
 } // namespace
 
-/// What is shared by a step and its successors on the stack after another photo has been shown.
+/// A step shares this with its successors on the stack after another photo has been shown.
 struct ManySteps::Content
 {
     QString text;

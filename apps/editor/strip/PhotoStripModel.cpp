@@ -343,7 +343,7 @@ void PhotoStripModel::Take(const Thumbnail& thumbnail)
     Announce(FindRow(*item), ThumbnailRoles);
 }
 
-// What a view asks for
+// Roles that a view asks for
 
 int PhotoStripModel::rowCount(const QModelIndex& parent) const
 {

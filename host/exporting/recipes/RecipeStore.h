@@ -11,7 +11,7 @@
 namespace LumetraHost {
 
 /// The user's named recipes, in "lumetra/export-recipes.json" in the user's configuration folder.
-/// As long as nothing is stored there are the shipped ones; they are stored with the first change.
+/// The shipped ones are there as long as nothing is stored; they are stored with the first change.
 /// Reading writes nothing. A recipe that cannot be used is reported and stays in the file.
 class RecipeStore
 {

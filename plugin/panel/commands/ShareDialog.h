@@ -35,7 +35,7 @@ public:
     /// The credits of a look that has `own` ones. What the user typed goes for every look; what
     /// was only proposed, or left empty, leaves looks their own.
     LookCredits MakeCredits(const LookCredits& own) const;
-    /// What is to be proposed next time.
+    /// Keeps what is to be proposed next time.
     ShareCredits MakeLast() const;
 
 private:
