@@ -17,6 +17,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QSlider>
 #include <QTimer>
 #include <QTreeWidget>
 #include <QUrl>
@@ -198,12 +199,19 @@ TEST_F(ShareTest, theWindowLivesWhileThePicturesAreDrawn)
     EXPECT_TRUE(TextOf(Path("bright.lumetra")).contains("\"mediaType\": \"image/jpeg\""));
 }
 
-TEST_F(ShareTest, theIntensityThatIsShownIsWritten)
+TEST_F(ShareTest, theIntensityThatIsShownIsWrittenAlsoAfterAnUndo)
 {
     Click("Warm");
+    const auto before = panel->SaveEdit();
     Drag("intensitySlider", {20});
     Share("Warm", Path("weaker.lumetra"), [](QDialog&) {});
     EXPECT_TRUE(TextOf(Path("weaker.lumetra")).contains("\"temperature\": 7100"));
+
+    panel->RestoreEdit(before);
+    Share("Warm", Path("warm.lumetra"), [](QDialog&) {});
+
+    EXPECT_EQ(Find<QSlider>("intensitySlider").value(), 50);
+    EXPECT_TRUE(TextOf(Path("warm.lumetra")).contains("\"temperature\": 8000"));
 }
 
 TEST_F(ShareTest, severalLooksMakeOneFile)
