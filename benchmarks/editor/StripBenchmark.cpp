@@ -50,19 +50,19 @@ QString WriteFolder(const QTemporaryDir& folder, int count)
     return path;
 }
 
+/// Does the work inside an event, so that it is measured, and all that follows from it.
+void RunInEvent(QObject& receiver, const std::function<void()>& work)
+{
+    QMetaObject::invokeMethod(&receiver, work, Qt::QueuedConnection);
+    QApplication::processEvents();
+}
+
 void WaitForRow(LumetraEditor::EditorWindow& window, const QString& path, int count)
 {
     const auto* const photos = window.findChild<PhotoStripModel*>();
     RunInEvent(window, [&] { window.OpenPhotos({path}); });
     while (photos->rowCount() < count || photos->GetCurrent().isEmpty())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
-
-/// Does the work inside an event, so that it is measured, and all that follows from it.
-void RunInEvent(QObject& receiver, const std::function<void()>& work)
-{
-    QMetaObject::invokeMethod(&receiver, work, Qt::QueuedConnection);
-    QApplication::processEvents();
 }
 
 /// True when all rows in sight have their thumbnails.
