@@ -41,7 +41,7 @@ public:
         ::close(m_slave);
     }
 
-    /// What has been written to the terminal; a few kilobytes at most.
+    /// Returns what has been written to the terminal, a few kilobytes at most.
     std::string ReadTerminal() const
     {
         std::string text;
