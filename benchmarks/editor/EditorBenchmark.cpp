@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Measures the editor's answers: the time until its first window, the ticks of an intensity that is
-// dragged, thumbnails that load, and its memory. Times are real, so another program's work is in
-// them. With the argument "strip", the strip alone.
+// dragged, thumbnails that load, an export beside the tool's, and its memory. Times are real, so
+// another program's work is in them. With the argument "strip", the strip alone.
+#include "EditorExportBenchmark.h"
 #include "Memory.h"
 #include "StripBenchmark.h"
 #include "WatchedApplication.h"
@@ -174,8 +175,10 @@ int main(int argc, char** argv)
                   {"24 megapixels", 6000, 4000},
                   {"100 megapixels", 12240, 8160}};
     for (const auto& photo : photos) {
-        Open(editor, window, photo.name, WritePhoto(folder, photo.width, photo.height));
+        const QString path = WritePhoto(folder, photo.width, photo.height);
+        Open(editor, window, photo.name, path);
         ClickFirstLook(window);
+        LumetraBenchmark::RunEditorExportBenchmark(editor, path);
         Drag(application, window, photo.name);
         std::printf("edited  %-14s %5.0f MB, at most so far %5.0f MB\n", photo.name,
                     Memory("VmRSS"), Memory("VmHWM"));

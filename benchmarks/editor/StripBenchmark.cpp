@@ -4,6 +4,8 @@
 #include "Memory.h"
 #include "WatchedApplication.h"
 
+#include "export/ExportGuard.h"
+#include "export/selection/SelectionExporter.h"
 #include "photo/PhotoWriter.h"
 #include "strip/PhotoBrowser.h"
 #include "strip/PhotoStrip.h"
@@ -18,6 +20,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <functional>
+#include <memory>
 
 namespace LumetraBenchmark {
 namespace {
@@ -91,6 +94,36 @@ void LoadAll(PhotoStrip& strip)
     }
 }
 
+/// Exports all photos of a folder again and again until it is destroyed.
+class EndlessExport
+{
+public:
+    explicit EndlessExport(const QString& folder)
+        : m_exporter(std::make_shared<LumetraEditor::ExportGuard>())
+    {
+        LumetraEditor::SelectionOrder order;
+        for (const QString& name : QDir(folder).entryList(QDir::Files))
+            order.photos << folder + QLatin1Char('/') + name;
+        order.recipes = LumetraHost::NamedRecipe::GetShipped();
+        order.folder = folder + QStringLiteral("-exported");
+        order.replaces = true;
+        m_plan = LumetraEditor::SelectionPlan::Make(order, LumetraEditor::ExportGuard());
+        QObject::connect(&m_exporter, &LumetraEditor::SelectionExporter::progressed,
+                         [this] { ++m_count; });
+        QObject::connect(&m_exporter, &LumetraEditor::SelectionExporter::ended,
+                         [this] { m_exporter.Start(m_plan); });
+        m_exporter.Start(m_plan);
+    }
+
+    /// The files that have been written so far.
+    int GetCount() const { return m_count; }
+
+private:
+    LumetraEditor::SelectionPlan m_plan;
+    int m_count = 0;
+    LumetraEditor::SelectionExporter m_exporter; ///< destroyed first: it tells no more
+};
+
 /// Drags the scroll bar from one end to the other, waiting for nothing.
 void Sweep(PhotoStrip& strip)
 {
@@ -128,6 +161,13 @@ void RunStripBenchmark(WatchedApplication& application, LumetraEditor::EditorWin
     };
     measure("open 1,000", [&] { WaitForRow(window, thousand, 1000); });
     measure("1,000 thumbnails", [&] { LoadAll(strip); });
+    const QString another = WriteFolder(folder, 1001);
+    WaitForRow(window, another, 1001);
+    {
+        const EndlessExport exported(thousand);
+        measure("... beside an export", [&] { LoadAll(strip); });
+        std::printf("%d files were exported meanwhile\n", exported.GetCount());
+    }
     measure("open 10,000", [&] { WaitForRow(window, tenThousand, 10000); });
     measure("scroll 10,000", [&] { Sweep(strip); });
     measure("select 10,000", [&] { RunInEvent(window, [&] { window.GetBrowser().SelectAll(); }); });
