@@ -133,24 +133,25 @@ std::vector<Peer> MakePeers(const QString& source, const QString& folder)
         QString words;
         const char* remark;
         std::optional<double> atLeast = {};
+        bool isQuick = false;
     };
     const Line lines[] = {
         {"imagemagick", "convert", MagickLine(), "the same formulas; 16 bits, limited after each"},
         {"graphicsmagick", "gm", GraphicsMagickLine(),
-         "the same formulas, power 2.2 for sRGB; 16 bits, limited after each", 5},
-        {"libvips", "vips_chain", VipsLine(), "the same formulas in float, from C", 2.5},
+         "the same formulas, power 2.2 for sRGB; 16 bits, limited after each", 5, true},
+        {"libvips", "vips_chain", VipsLine(), "the same formulas in float, from C", 2.5, true},
         {"gmic", "gmic", GmicLine(), "the same formulas in float", 40},
-        {"gegl", "gegl", GeglLine(), "its own operations of similar names and amounts"},
+        {"gegl", "gegl", GeglLine(), "its own operations of similar names and amounts", {}, true},
         {"rawtherapee", "rawtherapee-cli", RawTherapeeLine(folder),
          "its own tools of similar names and amounts", 40},
         {"darktable", "darktable-cli",
          QStringLiteral("darktable-cli {in} {out} --core --configdir %1/darktable --conf "
                         "plugins/imageio/format/jpeg/quality=92")
              .arg(folder),
-         "its default modules alone, none of the five effects", 15}};
+         "its default modules alone, none of the five effects", 15, true}};
     std::vector<Peer> peers;
     for (const Line& line : lines) {
-        Peer peer{line.name, line.program, {}, line.remark, line.atLeast};
+        Peer peer{line.name, line.program, {}, line.remark, line.atLeast, line.isQuick};
         QString words = line.words;
         words.replace(QStringLiteral("{in}"), source);
         words.replace(QStringLiteral("{out}"), GetPeerOutput(peer, folder));

@@ -17,6 +17,7 @@ struct Peer
     std::vector<std::string> words; ///< the whole command line
     std::string remark;             ///< how its chain differs from ours
     std::optional<double> atLeast;  ///< how many times our time we want it to take
+    bool isQuick = false;           ///< quick enough to be measured on many photos
 };
 
 /// The commands that put the five colour effects of our case on a photo, as far as each program has
