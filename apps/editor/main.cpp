@@ -25,7 +25,7 @@ struct CommandLine
 CommandLine ReadCommandLine(const QApplication& application)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("A photo editor built around presets."));
+    parser.setApplicationDescription(QStringLiteral("A photo editor built around looks."));
     parser.addHelpOption();
     parser.addVersionOption();
     const QCommandLineOption monitorProfile(

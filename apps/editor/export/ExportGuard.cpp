@@ -89,7 +89,7 @@ QString ExportGuard::FindObstacle(const QString& output, const Photos& photos)
     if (IsEditFile(target))
         return tr("“%1” is the edit of a photo.").arg(name);
     if (IsOwnFile(target))
-        return tr("“%1” is in the folder where the program keeps presets and edits.").arg(name);
+        return tr("“%1” is in the folder where the program keeps looks and edits.").arg(name);
     if (LumetraHost::EditPlaces::HasEdit(output))
         return tr("“%1” is a photo with an edit of its own. An export does not replace it.")
             .arg(name);

@@ -115,7 +115,7 @@ RecipeForm::RecipeForm(QFormLayout& form, QWidget* parent)
     form.setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     AddFormatRows(form);
     AddSizeRows(form);
-    AddChoice(*m_metadata, tr("All, with the presets"), KeptMetadata::All);
+    AddChoice(*m_metadata, tr("All, with the looks"), KeptMetadata::All);
     AddChoice(*m_metadata, tr("All but coordinates"), KeptMetadata::NoGps);
     AddChoice(*m_metadata, tr("Author and copyright only"), KeptMetadata::Copyright);
     AddChoice(*m_metadata, tr("None"), KeptMetadata::None);

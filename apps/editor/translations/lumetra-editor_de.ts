@@ -331,11 +331,11 @@
         <translation>Version %1</translation>
     </message>
     <message>
-        <source>A photo editor built around presets.
+        <source>A photo editor built around looks.
 
 Free software under the GNU General Public License,
 version 2 or later. It comes without any warranty.</source>
-        <translation>Ein Fotoeditor rund um Presets.
+        <translation>Ein Fotoeditor rund um Looks.
 
 Freie Software unter der GNU General Public License,
 Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
@@ -699,8 +699,8 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <translation>„%1“ ist die Bearbeitung eines Fotos.</translation>
     </message>
     <message>
-        <source>“%1” is in the folder where the program keeps presets and edits.</source>
-        <translation>„%1“ liegt in dem Ordner, in dem das Programm Presets und Bearbeitungen aufbewahrt.</translation>
+        <source>“%1” is in the folder where the program keeps looks and edits.</source>
+        <translation>„%1“ liegt in dem Ordner, in dem das Programm Looks und Bearbeitungen aufbewahrt.</translation>
     </message>
     <message>
         <source>“%1” is a photo with an edit of its own. An export does not replace it.</source>
@@ -1192,8 +1192,8 @@ Die Bearbeitung verwerfen und das Foto verlassen?</translation>
 <context>
     <name>LumetraEditor::RecipeForm</name>
     <message>
-        <source>All, with the presets</source>
-        <translation>Alle, mit den Presets</translation>
+        <source>All, with the looks</source>
+        <translation>Alle, mit den Looks</translation>
     </message>
     <message>
         <source>All but coordinates</source>

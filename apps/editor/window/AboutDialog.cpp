@@ -32,7 +32,7 @@ AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent)
     version->setProperty("muted", true);
     version->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* const text = new QLabel(
-        tr("A photo editor built around presets.\n\nFree software under the GNU General Public "
+        tr("A photo editor built around looks.\n\nFree software under the GNU General Public "
            "License,\nversion 2 or later. It comes without any warranty."),
         this);
     text->setObjectName(QStringLiteral("aboutText"));

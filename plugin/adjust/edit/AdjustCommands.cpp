@@ -168,7 +168,7 @@ void AdjustCommands::Commit()
         EffectSettingsImpl::Create(Zorvik::Proc::SettingsEffectEmpty());
     m_editor.GetWorkspace()->GetCoreDrawer().ApplyEffect(empty, {});
     Forget();
-    m_editor.NoteEdit(tr("Apply the adjustments"));
+    m_editor.NoteEdit(tr("Add another layer"));
 }
 
 /// A painting that is open is the drawer's to end.

@@ -243,8 +243,9 @@ void AdjustWidget::ShowTexts()
     m_more->setAccessibleName(tr("More about looks"));
     m_more->setToolTip(m_more->accessibleName());
     m_reset->setText(tr("Reset all"));
-    m_apply->setText(tr("Apply"));
-    m_apply->setToolTip(tr("Makes the adjustments part of the photo"));
+    m_apply->setText(tr("Add another"));
+    m_apply->setToolTip(
+        tr("Leaves these adjustments on the photo; what you adjust next comes on top of them"));
     ShowMenuTexts();
     ShowState();
 }

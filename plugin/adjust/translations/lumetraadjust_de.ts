@@ -8,8 +8,8 @@
         <translation>Anpassungen zurücksetzen</translation>
     </message>
     <message>
-        <source>Apply the adjustments</source>
-        <translation>Anpassungen anwenden</translation>
+        <source>Add another layer</source>
+        <translation>Weitere Ebene</translation>
     </message>
     <message>
         <source>Adjustments: %1</source>
@@ -65,12 +65,12 @@
         <translation>Alles zurücksetzen</translation>
     </message>
     <message>
-        <source>Apply</source>
-        <translation>Anwenden</translation>
+        <source>Add another</source>
+        <translation>Weitere Ebene</translation>
     </message>
     <message>
-        <source>Makes the adjustments part of the photo</source>
-        <translation>Macht die Anpassungen zu einem Teil des Fotos</translation>
+        <source>Leaves these adjustments on the photo; what you adjust next comes on top of them</source>
+        <translation>Lässt diese Anpassungen auf dem Foto; was Sie als Nächstes anpassen, kommt darüber</translation>
     </message>
 </context>
 <context>

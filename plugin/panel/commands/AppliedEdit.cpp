@@ -137,7 +137,7 @@ QStringList AppliedEdit::Restore(const Property::Ptr& edit)
     Try(reports, [&] { id = root->Get(IEditorPanel::EditPreset, ""); });
     if (id.empty()) {
         if (!root->GetKeys().empty())
-            reports.append(tr("The edit names no preset; nothing is applied."));
+            reports.append(tr("The edit names no look; none is put on the photo."));
         model.ActivatePreset(std::string(), EffectsSettings(EffectsSettings::PhotoAlone));
         return reports;
     }
@@ -166,7 +166,7 @@ QStringList AppliedEdit::Restore(const Property::Ptr& edit)
 QString AppliedEdit::DescribeStray(const std::string& problem) const
 {
     return problem.empty()
-               ? tr("The look “%1” is no longer among the presets. The photo keeps it as it was.")
+               ? tr("The look “%1” is no longer there. The photo keeps it as it was.")
                      .arg(m_stray->name)
                : tr("The look “%1” cannot be changed: %2. The photo keeps it as it was.")
                      .arg(m_stray->name, QString::fromStdString(problem));

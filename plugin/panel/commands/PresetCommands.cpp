@@ -146,7 +146,7 @@ void PresetCommands::ApplyId(const QString& id)
     if (preset.isValid())
         Apply(preset);
     else
-        Tell(tr("There is no preset with the id “%1”.").arg(id));
+        Tell(tr("There is no look with the id “%1”.").arg(id));
 }
 
 void PresetCommands::SetIntensity(int value)
@@ -247,7 +247,7 @@ void PresetCommands::Commit()
         GetModel().ApplyCurrentChanges(true);
         GetModel().setData(preset, false, PresetModel::AppliedRole);
         TellCommitted();
-        m_editor.NoteEdit(tr("Apply “%1”").arg(name));
+        m_editor.NoteEdit(tr("Add another look to “%1”").arg(name));
     });
 }
 

@@ -9,6 +9,7 @@
 #include "widgets/NewPresetDialog.h"
 
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QWidget>
 
@@ -26,6 +27,13 @@ void KeepFreeOfControls(QLineEdit& edit)
         if (VisibleText::HasControls(text))
             edit.setText(VisibleText::WithoutControls(text));
     });
+}
+
+/// The library's dialog speaks of presets; users of this program know them as looks.
+void SetCaption(NewPresetDialog& dialog, const QString& caption)
+{
+    dialog.findChild<QLabel*>(QStringLiteral("captionLabel"))->setText(caption);
+    dialog.setWindowTitle(caption);
 }
 
 QLineEdit& PrepareEdit(NewPresetDialog& dialog, const QString& accessibleName)
@@ -48,7 +56,8 @@ QString Ask(NewPresetDialog& dialog, QLineEdit& edit)
 QString PresetDialogs::AskNewName(const QString& old, const QStringList& taken) const
 {
     NewPresetDialog dialog(taken, NewPresetDialog::Create, &m_window);
-    QLineEdit& edit = PrepareEdit(dialog, tr("Name of the preset"));
+    SetCaption(dialog, tr("New look"));
+    QLineEdit& edit = PrepareEdit(dialog, tr("Name of the look"));
     edit.setText(PresetNames::MakeFree(old, taken));
     return Ask(dialog, edit);
 }
@@ -56,7 +65,8 @@ QString PresetDialogs::AskNewName(const QString& old, const QStringList& taken) 
 QString PresetDialogs::AskOtherName(const QString& old, const QStringList& taken) const
 {
     NewPresetDialog dialog(taken, NewPresetDialog::Rename, &m_window);
-    QLineEdit& edit = PrepareEdit(dialog, tr("Name of the preset"));
+    SetCaption(dialog, tr("Rename look"));
+    QLineEdit& edit = PrepareEdit(dialog, tr("Name of the look"));
     dialog.SetName(old);
     return Ask(dialog, edit);
 }
@@ -64,7 +74,7 @@ QString PresetDialogs::AskOtherName(const QString& old, const QStringList& taken
 bool PresetDialogs::AskRemoval(const QString& name) const
 {
     // The editor's alerts give Yes the title for its text where Cancel stands beside it.
-    AlertBox box(AlertBox::Level::Warning, tr("Delete"), tr("Delete the preset “%1”?").arg(name),
+    AlertBox box(AlertBox::Level::Warning, tr("Delete"), tr("Delete the look “%1”?").arg(name),
                  QMessageBox::Yes | QMessageBox::Cancel, &m_window,
                  Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);
     Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Cancel}, QMessageBox::Cancel);
@@ -79,7 +89,7 @@ PresetDialogs::Unsaved PresetDialogs::AskAboutUnsaved(const QString& problem,
     const QMessageBox::StandardButtons again =
         canTryAgain ? QMessageBox::Retry : QMessageBox::NoButton;
     AlertBox box(AlertBox::Level::Warning, QStringLiteral("Lumetra"),
-                 tr("The last changes to your own presets and favourites are not saved.") +
+                 tr("The last changes to your own looks and favourites are not saved.") +
                      QStringLiteral("\n\n") + problem + QStringLiteral("\n\n") + choice,
                  again | QMessageBox::Discard | QMessageBox::Cancel, &m_window, Qt::WindowFlags());
     const auto proposed = canTryAgain ? QMessageBox::Retry : QMessageBox::Cancel;

@@ -92,12 +92,12 @@ QString PresetCommands::TryToSave()
 {
     m_hasUnsaved = true;
     if (!m_presets.GetStore())
-        return tr("Your presets cannot be saved: their file could not be read.");
+        return tr("Your looks cannot be saved: their file could not be read.");
     try {
         for (const std::string& report : m_presets.GetStore()->Save(GetModel()))
             Tell(QString::fromStdString(report));
     } catch (const Zorvik::Exception& error) {
-        return tr("Your presets could not be saved: %1").arg(QString::fromUtf8(error.what()));
+        return tr("Your looks could not be saved: %1").arg(QString::fromUtf8(error.what()));
     }
     m_hasUnsaved = false;
     return {};

@@ -117,7 +117,7 @@ void ShareDialog::FillList(const PresetModel& model, const QModelIndex& first)
         auto* const item = new QTreeWidgetItem(m_list);
         const bool isUsers = group.data(PresetModel::PresetIdRole).toBool();
         const QString name = group.data(PresetModel::ShownNameRole).toString();
-        item->setText(0, isUsers ? tr("User presets") : name);
+        item->setText(0, isUsers ? tr("My looks") : name);
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable |
                        Qt::ItemIsAutoTristate);
         for (int i = 0; i < model.rowCount(group); ++i) {

@@ -131,16 +131,16 @@
 <context>
     <name>LumetraPlugin::AppliedEdit</name>
     <message>
-        <source>The edit names no preset; nothing is applied.</source>
-        <translation>Die Bearbeitung nennt kein Preset; es wird nichts angewendet.</translation>
+        <source>The edit names no look; none is put on the photo.</source>
+        <translation>Die Bearbeitung nennt keinen Look; auf das Foto kommt keiner.</translation>
     </message>
     <message>
         <source>The look “%1” cannot be changed: %2. The photo keeps it as it was.</source>
         <translation>Der Look „%1“ kann nicht geändert werden: %2. Das Foto behält ihn, wie er war.</translation>
     </message>
     <message>
-        <source>The look “%1” is no longer among the presets. The photo keeps it as it was.</source>
-        <translation>Der Look „%1“ ist nicht mehr unter den Presets. Das Foto behält ihn, wie er war.</translation>
+        <source>The look “%1” is no longer there. The photo keeps it as it was.</source>
+        <translation>Den Look „%1“ gibt es nicht mehr. Das Foto behält ihn, wie er war.</translation>
     </message>
 </context>
 <context>
@@ -157,8 +157,8 @@
         <translation>Looks suchen</translation>
     </message>
     <message>
-        <source>Import looks: .xmp, .lrtemplate, .pp3, .cube, .3dl, CLF, CDL, HaldCLUT and preset files</source>
-        <translation>Looks importieren: .xmp, .lrtemplate, .pp3, .cube, .3dl, CLF, CDL, HaldCLUT und Preset-Dateien</translation>
+        <source>Import looks: .xmp, .lrtemplate, .pp3, .cube, .3dl, CLF, CDL, HaldCLUT and look files</source>
+        <translation>Looks importieren: .xmp, .lrtemplate, .pp3, .cube, .3dl, CLF, CDL, HaldCLUT und Look-Dateien</translation>
     </message>
     <message>
         <source>Import looks</source>
@@ -520,8 +520,8 @@
         <translation>„%1“ braucht die Datei „%2“, erwartet im Ordner „%3“.</translation>
     </message>
     <message>
-        <source>There is no preset with the id “%1”.</source>
-        <translation>Es gibt kein Preset mit der Kennung „%1“.</translation>
+        <source>There is no look with the id “%1”.</source>
+        <translation>Es gibt keinen Look mit der Kennung „%1“.</translation>
     </message>
     <message>
         <source>Intensity of “%1”</source>
@@ -532,8 +532,8 @@
         <translation>„%1“ zurücksetzen</translation>
     </message>
     <message>
-        <source>Apply “%1”</source>
-        <translation>„%1“ anwenden</translation>
+        <source>Add another look to “%1”</source>
+        <translation>Weiterer Look zu „%1“</translation>
     </message>
     <message>
         <source>Discard the look</source>
@@ -544,12 +544,12 @@
         <translation>Look „%1“</translation>
     </message>
     <message>
-        <source>Your presets cannot be saved: their file could not be read.</source>
-        <translation>Ihre Presets können nicht gespeichert werden: Ihre Datei war nicht lesbar.</translation>
+        <source>Your looks cannot be saved: their file could not be read.</source>
+        <translation>Ihre Looks können nicht gespeichert werden: Ihre Datei war nicht lesbar.</translation>
     </message>
     <message>
-        <source>Your presets could not be saved: %1</source>
-        <translation>Ihre Presets konnten nicht gespeichert werden: %1</translation>
+        <source>Your looks could not be saved: %1</source>
+        <translation>Ihre Looks konnten nicht gespeichert werden: %1</translation>
     </message>
     <message>
         <source>Delete “%1”</source>
@@ -611,16 +611,24 @@
 <context>
     <name>LumetraPlugin::PresetDialogs</name>
     <message>
-        <source>Name of the preset</source>
-        <translation>Name des Presets</translation>
+        <source>New look</source>
+        <translation>Neuer Look</translation>
+    </message>
+    <message>
+        <source>Rename look</source>
+        <translation>Look umbenennen</translation>
+    </message>
+    <message>
+        <source>Name of the look</source>
+        <translation>Name des Looks</translation>
     </message>
     <message>
         <source>Delete</source>
         <translation>Löschen</translation>
     </message>
     <message>
-        <source>Delete the preset “%1”?</source>
-        <translation>Das Preset „%1“ löschen?</translation>
+        <source>Delete the look “%1”?</source>
+        <translation>Den Look „%1“ löschen?</translation>
     </message>
     <message>
         <source>Retry saves them again,
@@ -633,8 +641,8 @@ Verwerfen beendet das Programm ohne sie.</translation>
         <translation>Verwerfen beendet das Programm ohne sie.</translation>
     </message>
     <message>
-        <source>The last changes to your own presets and favourites are not saved.</source>
-        <translation>Die letzten Änderungen an Ihren eigenen Presets und Favoriten sind nicht gespeichert.</translation>
+        <source>The last changes to your own looks and favourites are not saved.</source>
+        <translation>Die letzten Änderungen an Ihren eigenen Looks und Favoriten sind nicht gespeichert.</translation>
     </message>
     <message>
         <source>Import looks</source>
@@ -747,8 +755,8 @@ Colours Only writes the table without that.</source>
 <context>
     <name>LumetraPlugin::PresetPages</name>
     <message>
-        <source>User presets</source>
-        <translation>Eigene Presets</translation>
+        <source>My looks</source>
+        <translation>Meine Looks</translation>
     </message>
     <message>
         <source>Alt+%1 opens and shuts this group</source>
@@ -812,8 +820,8 @@ Colours Only writes the table without that.</source>
         <translation>Favorit</translation>
     </message>
     <message>
-        <source>Save as preset…</source>
-        <translation>Als Preset speichern …</translation>
+        <source>Save as a look…</source>
+        <translation>Als Look speichern …</translation>
     </message>
     <message>
         <source>Rename…</source>
@@ -828,12 +836,12 @@ Colours Only writes the table without that.</source>
         <translation>Alle Werte zurücksetzen</translation>
     </message>
     <message>
-        <source>Apply to the photo</source>
-        <translation>Auf das Foto anwenden</translation>
+        <source>Add another look on top</source>
+        <translation>Weiteren Look darüberlegen</translation>
     </message>
     <message>
-        <source>Discard the look</source>
-        <translation>Look verwerfen</translation>
+        <source>Remove the look</source>
+        <translation>Look entfernen</translation>
     </message>
     <message>
         <source>Search looks</source>
@@ -887,8 +895,8 @@ Colours Only writes the table without that.</source>
         <translation>Looks</translation>
     </message>
     <message>
-        <source>User presets</source>
-        <translation>Eigene Presets</translation>
+        <source>My looks</source>
+        <translation>Meine Looks</translation>
     </message>
 </context>
 <context>
@@ -901,8 +909,8 @@ Colours Only writes the table without that.</source>
 <context>
     <name>LumetraPlugin::TunePanel</name>
     <message>
-        <source>No look applied</source>
-        <translation>Kein Look angewendet</translation>
+        <source>Choose a look</source>
+        <translation>Look auswählen</translation>
     </message>
     <message>
         <source>Intensity</source>
@@ -917,8 +925,8 @@ Colours Only writes the table without that.</source>
         <translation>Alle Werte dieses Looks zurücksetzen</translation>
     </message>
     <message>
-        <source>Discard</source>
-        <translation>Verwerfen</translation>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
     </message>
     <message>
         <source>Takes the look off the photo</source>
@@ -929,16 +937,16 @@ Colours Only writes the table without that.</source>
         <translation>Sichern …</translation>
     </message>
     <message>
-        <source>Saves the look with these values as a preset of your own</source>
-        <translation>Speichert den Look mit diesen Werten als eigenes Preset</translation>
+        <source>Saves the look with these values as a look of your own</source>
+        <translation>Speichert den Look mit diesen Werten als eigenen Look</translation>
     </message>
     <message>
-        <source>Apply</source>
-        <translation>Anwenden</translation>
+        <source>Add another</source>
+        <translation>Noch ein Look</translation>
     </message>
     <message>
-        <source>Makes the look part of the photo, so that the next comes on top</source>
-        <translation>Macht den Look zum Teil des Fotos; der nächste kommt darüber</translation>
+        <source>Leaves this look on the photo; the look that you choose next comes on top of it</source>
+        <translation>Lässt diesen Look auf dem Foto; der nächste, den Sie wählen, kommt darüber</translation>
     </message>
 </context>
 </TS>

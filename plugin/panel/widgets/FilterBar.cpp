@@ -138,7 +138,7 @@ void FilterBar::ShowTexts()
     m_import->setIcon(PanelIcons::GetIcon(QStringLiteral("import"), palette()));
     m_import->setToolTip(
         tr("Import looks: .xmp, .lrtemplate, .pp3, .cube, .3dl, CLF, CDL, HaldCLUT and "
-           "preset files"));
+           "look files"));
     m_import->setAccessibleName(tr("Import looks"));
     const QString texts[KindCount] = {tr("All"), tr("Favourites"), tr("Recent"), tr("Mine")};
     const QString hints[KindCount] = {tr("All looks"), tr("Looks that you marked with a star"),

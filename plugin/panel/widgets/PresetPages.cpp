@@ -191,7 +191,7 @@ void PresetPages::ShowPageTexts(int page)
     const bool isUsers = group.data(PresetModel::PresetIdRole).toBool();
     // The library's own name of the user's group is not translated.
     const QString name =
-        isUsers ? tr("User presets") : group.data(PresetModel::ShownNameRole).toString();
+        isUsers ? tr("My looks") : group.data(PresetModel::ShownNameRole).toString();
     const int count = presets.rowCount();
     m_box->setItemText(page, QString(name).replace(QLatin1Char('&'), QLatin1String("&&")));
     m_headers[page]->setAccessibleName(name);

@@ -133,12 +133,12 @@ void PresetsWidget::ShowActionTexts()
 {
     m_apply->setText(tr("Show on the photo"));
     m_favourite->setText(tr("Favourite"));
-    m_saveAs->setText(tr("Save as preset…"));
+    m_saveAs->setText(tr("Save as a look…"));
     m_rename->setText(tr("Rename…"));
     m_remove->setText(tr("Delete…"));
     m_reset->setText(tr("Reset all values"));
-    m_commit->setText(tr("Apply to the photo"));
-    m_discard->setText(tr("Discard the look"));
+    m_commit->setText(tr("Add another look on top"));
+    m_discard->setText(tr("Remove the look"));
     m_search->setText(tr("Search looks"));
     m_import->setText(tr("Import looks…"));
     m_importFolder->setText(tr("Import a folder of looks…"));

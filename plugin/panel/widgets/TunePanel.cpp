@@ -179,7 +179,7 @@ void TunePanel::ShowNames()
     const bool isBound = m_preset.isValid();
     const QString stray = m_edit.GetStrayName();
     const QString name = m_preset.data(PresetModel::ShownNameRole).toString();
-    m_title->setText(isBound ? name : stray.isEmpty() ? tr("No look applied") : stray);
+    m_title->setText(isBound ? name : stray.isEmpty() ? tr("Choose a look") : stray);
     m_title->setToolTip(m_title->text());
     m_intensityRow->SetName(tr("Intensity"));
     m_favourite->setChecked(m_preset.data(PresetModel::FavouriteRole).toBool());
@@ -187,12 +187,13 @@ void TunePanel::ShowNames()
     m_reset->setToolTip(tr("Reset all values of this look"));
     for (QToolButton* const button : {m_favourite, m_reset})
         button->setAccessibleName(button->toolTip());
-    m_discard->setText(tr("Discard"));
+    m_discard->setText(tr("Remove"));
     m_discard->setToolTip(tr("Takes the look off the photo"));
     m_saveAs->setText(tr("Save as…"));
-    m_saveAs->setToolTip(tr("Saves the look with these values as a preset of your own"));
-    m_apply->setText(tr("Apply"));
-    m_apply->setToolTip(tr("Makes the look part of the photo, so that the next comes on top"));
+    m_saveAs->setToolTip(tr("Saves the look with these values as a look of your own"));
+    m_apply->setText(tr("Add another"));
+    m_apply->setToolTip(
+        tr("Leaves this look on the photo; the look that you choose next comes on top of it"));
     for (QWidget* const widget :
          {static_cast<QWidget*>(m_favourite), static_cast<QWidget*>(m_reset),
           static_cast<QWidget*>(m_saveAs), static_cast<QWidget*>(m_apply)})

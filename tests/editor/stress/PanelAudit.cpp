@@ -151,7 +151,7 @@ void PanelAudit::ComparePage(int group)
                             !Find<QToolButton>(QStringLiteral("filterButton0"))->isChecked();
     const auto* const header = m_widget.findChildren<CustomToolBoxButton*>().at(group);
     Expect(page + QStringLiteral("title"), box.itemText(group),
-           isUsers ? QStringLiteral("User presets") : NameOf(index));
+           isUsers ? QStringLiteral("My looks") : NameOf(index));
     Expect(page + QStringLiteral("number in the title"), titles.at(group)->text(),
            QLocale().toString(expected.size()));
     Expect(page + QStringLiteral("is there"), header->isVisibleTo(&m_widget),
@@ -206,7 +206,7 @@ void PanelAudit::CompareThumbnail(PresetGrid& grid, int row, const QModelIndex& 
 void PanelAudit::CompareControls()
 {
     Expect(QStringLiteral("name of the look"), Find<QLabel>(QStringLiteral("appliedName"))->text(),
-           m_applied.isValid() ? NameOf(m_applied) : QStringLiteral("No look applied"));
+           m_applied.isValid() ? NameOf(m_applied) : QStringLiteral("Choose a look"));
     Expect(QStringLiteral("star"),
            Find<QToolButton>(QStringLiteral("favouriteButton"))->isChecked(),
            m_applied.data(PresetModel::FavouriteRole).toBool());

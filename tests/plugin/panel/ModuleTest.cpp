@@ -73,16 +73,16 @@ TEST_F(ModuleTest, speaksTheLanguageOfTheEditor)
     auto* const discard =
         panel->GetWidget()->findChild<QAbstractButton*>(QStringLiteral("discardButton"));
     ASSERT_TRUE(discard);
-    EXPECT_EQ(discard->text(), QStringLiteral("Discard"));
+    EXPECT_EQ(discard->text(), QStringLiteral("Remove"));
 
     QLocale::setDefault(QLocale(QLocale::German));
     QEvent change(QEvent::LanguageChange);
     QCoreApplication::sendEvent(panel->GetWidget(), &change);
     QCoreApplication::sendPostedEvents();
-    EXPECT_EQ(discard->text(), QStringLiteral("Verwerfen"));
+    EXPECT_EQ(discard->text(), QStringLiteral("Entfernen"));
 
     QLocale::setDefault(QLocale(QLocale::English));
     QCoreApplication::sendEvent(panel->GetWidget(), &change);
     QCoreApplication::sendPostedEvents();
-    EXPECT_EQ(discard->text(), QStringLiteral("Discard"));
+    EXPECT_EQ(discard->text(), QStringLiteral("Remove"));
 }

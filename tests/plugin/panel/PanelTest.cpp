@@ -81,7 +81,7 @@ TEST_F(PanelTest, applyMakesTheLookPartOfThePhoto)
     EXPECT_TRUE(
         HaveSamePixels(LumetraHost::DrawCommitted(editor.GetHostWorkspace().GetDrawer()), shown));
     EXPECT_FALSE(panel->HasUnsavedChanges());
-    EXPECT_EQ(editor.steps.last(), QStringLiteral("Apply “Bright”"));
+    EXPECT_EQ(editor.steps.last(), QStringLiteral("Add another look to “Bright”"));
 }
 
 TEST_F(PanelTest, appliesNothingWithoutAPhoto)

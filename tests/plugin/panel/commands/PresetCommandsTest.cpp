@@ -131,7 +131,7 @@ TEST_F(PresetCommandsTest, deletingAsksAndCanBeUndone)
 
     const auto alerts = Answer(QMessageBox::Yes);
     Trigger("removePreset");
-    EXPECT_EQ(alerts->texts.front(), QStringLiteral("Delete the preset “One”?"));
+    EXPECT_EQ(alerts->texts.front(), QStringLiteral("Delete the look “One”?"));
     EXPECT_EQ(alerts->titles.front(), QStringLiteral("Delete")); // the button bears that name too
     EXPECT_EQ(Shown(UserPage), QStringList{QStringLiteral("Two")});
     EXPECT_FALSE(StoreText().contains(QStringLiteral("\"One\"")));
