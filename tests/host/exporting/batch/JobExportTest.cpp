@@ -86,7 +86,7 @@ TEST_F(JobExportTest, refusesOrReplacesAnyOtherFile)
     Bytes cut = whole;
     cut.resize(whole.size() / 2);
     auto other = MakeJob(Existing::Replace);
-    other.recipe.quality = 50;
+    other.recipe.encoding.quality = 50;
     Run(other);
     for (const Bytes& found :
          {ReadFile(Path("out.jpg")), MakeJpeg(30, 30), Bytes{1, 2, 3}, Bytes{}, cut}) {
