@@ -120,30 +120,67 @@ void JobJournal::ReadText(const QString& path, Entries& entries)
     }
 }
 
-JobJournal::Entries JobJournal::Read(const QString& folder)
+/// The texts of all other processes: nobody needs to be told of one's own files.
+JobJournal::Sizes JobJournal::ListTexts(const QString& folder) const
 {
-    Entries entries;
+    Sizes sizes;
     const auto texts =
         QDir(folder).entryInfoList({QStringLiteral("*.jsonl")}, QDir::Files | QDir::Hidden);
     for (const QFileInfo& text : texts)
-        ReadText(text.filePath(), entries);
-    return entries;
+        sizes[text.filePath()] = text.size();
+    const std::lock_guard lock(m_mutex);
+    const auto own = m_ownTexts.find(folder);
+    if (own != m_ownTexts.end())
+        sizes.erase(own->second);
+    return sizes;
 }
 
-const JobJournal::Entries& JobJournal::GetEntries(const QString& folder) const
+/// Lists first: what is written while the texts are read makes the journal look grown.
+JobJournal::ReadingPtr JobJournal::Read(const QString& folder) const
 {
+    const auto reading = std::make_shared<Reading>();
+    reading->sizes = ListTexts(folder);
+    for (const auto& [text, size] : reading->sizes)
+        ReadText(text, reading->entries);
     const std::lock_guard lock(m_mutex);
-    const auto found = m_entries.find(folder);
-    return found != m_entries.end() ? found->second
-                                    : m_entries.emplace(folder, Read(folder)).first->second;
+    m_readings[folder] = reading;
+    return reading;
+}
+
+JobJournal::ReadingPtr JobJournal::GetReading(const QString& folder) const
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        const auto found = m_readings.find(folder);
+        if (found != m_readings.end())
+            return found->second;
+    }
+    return Read(folder);
+}
+
+bool JobJournal::HasGrown(const QString& folder, const Reading& reading) const
+{
+    return ListTexts(folder) != reading.sizes;
 }
 
 bool JobJournal::IsDone(const QString& output, const std::string& fingerprint) const
 {
+    if (fingerprint.empty())
+        return false;
+    const QString folder = GetFolder(output);
+    const ReadingPtr reading = GetReading(folder);
+    if (Names(reading->entries, output, fingerprint))
+        return true;
+    return HasGrown(folder, *reading) && Names(Read(folder)->entries, output, fingerprint);
+}
+
+bool JobJournal::Names(const Entries& entries, const QString& output,
+                       const std::string& fingerprint)
+{
     const QFileInfo info(output);
-    const auto [begin, end] = GetEntries(GetFolder(output)).equal_range(info.fileName());
+    const auto [begin, end] = entries.equal_range(info.fileName());
     std::string hash; // made when an entry asks for it
-    return !fingerprint.empty() && std::any_of(begin, end, [&](const auto& named) {
+    return std::any_of(begin, end, [&](const auto& named) {
         const Entry& entry = named.second;
         if (entry.job != fingerprint || entry.size != info.size())
             return false;

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <map>
+#include <memory>
 #include <mutex>
 #include <string>
 
@@ -41,14 +42,28 @@ private:
     };
     /// Entries by the name of the file, without folder.
     using Entries = std::multimap<QString, Entry>;
+    /// The sizes of texts by their names.
+    using Sizes = std::map<QString, qint64>;
 
-    static Entries Read(const QString& folder);
+    /// A journal as it was when it was read. Never changed, so that threads share it.
+    struct Reading
+    {
+        Entries entries;
+        Sizes sizes;
+    };
+    using ReadingPtr = std::shared_ptr<const Reading>;
+
     static void ReadText(const QString& path, Entries& entries);
-    const Entries& GetEntries(const QString& folder) const;
+    static bool Names(const Entries& entries, const QString& output,
+                      const std::string& fingerprint);
+    Sizes ListTexts(const QString& folder) const;
+    ReadingPtr Read(const QString& folder) const;
+    ReadingPtr GetReading(const QString& folder) const;
+    bool HasGrown(const QString& folder, const Reading& reading) const;
     QString GetOwnText(const QString& folder) const;
 
     mutable std::mutex m_mutex;
-    mutable std::map<QString, Entries> m_entries; ///< by folder, as they were at the first look
+    mutable std::map<QString, ReadingPtr> m_readings; ///< by folder
     mutable std::map<QString, QString> m_ownTexts;
 };
 

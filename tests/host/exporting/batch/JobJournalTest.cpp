@@ -124,6 +124,21 @@ TEST_F(JobJournalTest, givesEveryWriterATextOfItsOwn)
         EXPECT_TRUE(IsDone(name, "job")) << name;
 }
 
+// A node that was taken for dead may work on.
+TEST_F(JobJournalTest, seesWhatOtherProgramsWriteMeanwhile)
+{
+    const JobJournal journal;
+    WriteOutput(journal, "a.jpg", "job", {1});
+    EXPECT_FALSE(journal.IsDone(Path("b.jpg"), "job"));
+
+    const JobJournal other;
+    WriteOutput(other, "b.jpg", "job", {2});
+    EXPECT_TRUE(journal.IsDone(Path("b.jpg"), "job"));
+    WriteOutput(other, "c.jpg", "job", {3});
+    EXPECT_TRUE(journal.IsDone(Path("c.jpg"), "job"));
+    EXPECT_FALSE(journal.IsDone(Path("c.jpg"), "other job"));
+}
+
 TEST_F(JobJournalTest, takesLinesOfManyThreads)
 {
     constexpr int outputs = 100;
