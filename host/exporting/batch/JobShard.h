@@ -33,7 +33,8 @@ struct JobShard
     QString GetName() const;
 
     /// The positions of the items of this part, in their order. Parts have about the same number of
-    /// bytes: the largest item that is left goes to the part that has least.
+    /// bytes: the largest item that is left goes to the part that has least. None exceeds
+    /// the mean by more than the largest item.
     std::vector<std::size_t> Choose(const std::vector<Item>& items) const;
 };
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <map>
+#include <numeric>
 #include <set>
 
 using LumetraHost::JobShard;
@@ -38,6 +39,22 @@ std::uint64_t SumBytes(const Items& items, const std::vector<std::size_t>& posit
     return sum;
 }
 
+std::vector<std::uint64_t> SumShards(const Items& items, int count)
+{
+    std::vector<std::uint64_t> sums;
+    for (int index = 1; index <= count; ++index)
+        sums.push_back(SumBytes(items, JobShard{index, count}.Choose(items)));
+    return sums;
+}
+
+std::uint64_t GetLargest(const Items& items)
+{
+    std::uint64_t largest = 0;
+    for (const JobShard::Item& item : items)
+        largest = std::max(largest, item.bytes);
+    return largest;
+}
+
 std::set<std::string> GetNames(const Items& items, const std::vector<std::size_t>& positions)
 {
     std::set<std::string> names;
@@ -58,15 +75,31 @@ TEST(JobShard, reachesEveryItemOnce)
     }
 }
 
-TEST(JobShard, hasAboutAsManyBytesAsAnyOther)
+TEST(JobShard, exceedsTheMeanByNoMoreThanTheLargestFile)
 {
-    const Items items = MakeItems(1000);
-    std::vector<std::uint64_t> sums;
-    for (int index = 1; index <= 7; ++index)
-        sums.push_back(SumBytes(items, JobShard{index, 7}.Choose(items)));
+    for (const int files : {20, 100, 1000}) {
+        const Items items = MakeItems(files);
+        const std::vector<std::uint64_t> sums = SumShards(items, 7);
+        const std::uint64_t all = std::accumulate(sums.begin(), sums.end(), std::uint64_t{0});
+        const std::uint64_t most = *std::max_element(sums.begin(), sums.end());
+        EXPECT_LE(most, all / 7 + GetLargest(items)) << files;
+    }
+}
 
-    const auto [least, most] = std::minmax_element(sums.begin(), sums.end());
-    EXPECT_LE(100 * (*most - *least), *most);
+// The last file that a part gets is its smallest one, and no part had less before it came.
+TEST(JobShard, exceedsNoOtherByMoreThanItsSmallestFile)
+{
+    Items items = MakeItems(1000);
+    for (JobShard::Item& item : items)
+        item.bytes += 1000;
+    const std::vector<std::uint64_t> sums = SumShards(items, 7);
+    const std::uint64_t least = *std::min_element(sums.begin(), sums.end());
+    for (int index = 1; index <= 7; ++index) {
+        std::uint64_t smallest = sums[0];
+        for (const std::size_t position : JobShard{index, 7}.Choose(items))
+            smallest = std::min(smallest, items[position].bytes);
+        EXPECT_LE(sums[static_cast<std::size_t>(index) - 1] - smallest, least) << index;
+    }
 }
 
 // Machines with other releases of the program have to divide a list alike.
