@@ -81,11 +81,16 @@ QByteArray ReadPacket(const Bytes& file)
 
 std::string JobFingerprint::Of(const Bytes& photo, const ExportRecipe& recipe)
 {
-    if (recipe.look && recipe.look->GetDigest().empty())
+    return OfContent(ContentHash::Of(photo.data(), photo.size()), recipe);
+}
+
+std::string JobFingerprint::OfContent(const std::string& contentHash, const ExportRecipe& recipe)
+{
+    if (contentHash.empty() || (recipe.look && recipe.look->GetDigest().empty()))
         return {};
     ValueList values;
     values.Add("drawing", DrawingVersion);
-    values.Add("photo", ContentHash::Of(photo.data(), photo.size()));
+    values.Add("photo", contentHash);
     AddRecipe(values, recipe);
     return ContentHash::Of(values.GetText());
 }

@@ -22,6 +22,8 @@ struct JobFingerprint
     /// 64 hexadecimal digits. Empty when the look cannot be told from others (see
     /// ExportLook::GetDigest()).
     static std::string Of(const Bytes& photo, const ExportRecipe& recipe);
+    /// The fingerprint for a photo whose content has that hash; empty for an empty hash too.
+    static std::string OfContent(const std::string& contentHash, const ExportRecipe& recipe);
 
     /// The fingerprint that the file at `path` carries; empty when it carries none, was cut, or
     /// cannot be read.

@@ -140,7 +140,7 @@ TEST(JobFingerprint, standsInExportedFilesOfEveryFormat)
     const QTemporaryDir folder;
     for (const auto& [format, name] :
          {std::pair(PhotoFormat::Jpeg, "a.jpg"), std::pair(PhotoFormat::Png, "a.png"),
-          std::pair(PhotoFormat::Tiff, "a.tif")}) {
+          std::pair(PhotoFormat::Tiff, "a.tif"), std::pair(PhotoFormat::Webp, "a.webp")}) {
         ExportRecipe recipe = MakeRecipe(MakeColours(), format);
         const Bytes photo = MakeJpeg(40, 30);
         recipe.job = JobFingerprint::Of(photo, recipe);
@@ -156,7 +156,8 @@ TEST(JobFingerprint, standsInExportedFilesOfEveryFormat)
 // A copy that was broken off may have its metadata, which stand in front.
 TEST(JobFingerprint, isNotFoundInACutFile)
 {
-    for (const auto format : {PhotoFormat::Jpeg, PhotoFormat::Png, PhotoFormat::Tiff}) {
+    for (const auto format :
+         {PhotoFormat::Jpeg, PhotoFormat::Png, PhotoFormat::Tiff, PhotoFormat::Webp}) {
         ExportRecipe recipe = MakeRecipe(MakeColours(), format);
         const Bytes photo = MakeJpeg(400, 300);
         recipe.job = JobFingerprint::Of(photo, recipe);
