@@ -6,6 +6,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+
 #include <sys/stat.h>
 
 using testing::HasSubstr;
@@ -111,6 +113,20 @@ TEST_F(ReportCommandTest, findsShardsThatAreMissingOrWereKilled)
     EXPECT_THAT(result.messages, IsEmpty());
 }
 
+TEST_F(ReportCommandTest, namesAShardAgainThatWasInterrupted)
+{
+    Write("1.jsonl", Line("a.jpg", "written", "1/2") + End(3, "1/2"));
+    Write("2.jsonl",
+          Line("b.jpg", "planned", "2/2") +
+              "{\"summary\": {\"version\": 1, \"jobs\": 1, \"planned\": 1, \"list\": 2}, "
+              "\"shard\": \"2/2\"}\n");
+
+    const CliResult result = Report("1.jsonl 2.jsonl");
+
+    EXPECT_EQ(result.code, 1);
+    EXPECT_THAT(result.output, HasSubstr("not done: b.jpg\nshards to run again, of 2: 2\n"));
+}
+
 TEST_F(ReportCommandTest, isCompleteWhenAKilledShardWasRunAgain)
 {
     Write("1.jsonl", Line("a.jpg", "written", "1/2") + End(3, "1/2"));
@@ -207,6 +223,20 @@ TEST_F(ReportCommandTest, namesLinesThatAreNoneOfAReport)
         EXPECT_THAT(result.messages, HasSubstr(place));
     EXPECT_THAT(result.messages, HasSubstr("found \"eaten\""));
     EXPECT_THAT(result.messages, Not(HasSubstr("1.jsonl:1:")));
+}
+
+TEST_F(ReportCommandTest, tellsOfAFewLinesOfAFileThatIsSomethingElse)
+{
+    std::string text;
+    for (int i = 0; i < 1000; ++i)
+        text += "no report\n";
+    Write("1.jsonl", text);
+
+    const CliResult result = Report("1.jsonl");
+
+    EXPECT_EQ(result.code, 1);
+    EXPECT_EQ(std::count(result.messages.begin(), result.messages.end(), '\n'), 11);
+    EXPECT_THAT(result.messages, HasSubstr("1.jsonl: 990 more such lines\n"));
 }
 
 TEST_F(ReportCommandTest, refusesShardsOfTwoDivisions)

@@ -23,6 +23,8 @@ using Zorvik::Brassel::ISerializer;
 /// The form of docs/apply-report.schema.json.
 constexpr int ReportVersion = 1;
 constexpr qint64 LongestLine = 1024 * 1024;
+/// Wrong lines of a file that are told one by one: it may be something else altogether.
+constexpr int MostProblems = 10;
 
 [[noreturn]] void Fail(const std::string& place, const std::string& text)
 {
@@ -77,16 +79,21 @@ void JobReports::Read(const QString& name)
     QFile file(name);
     Open(file);
     m_hasEnd = false;
+    m_isWhole = false;
     m_shard.reset();
+    m_problemCount = 0;
     for (int number = 1; !file.atEnd(); ++number) {
         const QByteArray line = file.readLine(LongestLine);
         AddLine(line, name.toStdString() + ":" + std::to_string(number));
     }
+    if (m_problemCount > MostProblems)
+        m_problems.append(QStringLiteral("%1: %2 more such lines")
+                              .arg(name, QString::number(m_problemCount - MostProblems)));
     if (file.error() != QFileDevice::NoError)
         Fail(name.toStdString(), "cannot be read: " + file.errorString().toStdString());
     if (!m_hasEnd)
         m_unfinished.append(name);
-    else if (m_shard)
+    else if (m_shard && m_isWhole)
         m_finishedShards.insert(m_shard->index);
     m_finished += m_hasEnd ? 1 : 0;
 }
@@ -118,12 +125,15 @@ void JobReports::AddEnd(const ISerializer& summary)
     if (version > ReportVersion)
         Refuse("expected version " + std::to_string(ReportVersion) + ", found " +
                std::to_string(version));
+    m_isWhole = summary.Get("planned", 0) == 0;
     const int jobs = summary.Get("jobs", 0);
     m_jobCount = std::max(m_jobCount, summary.Get("list", jobs));
 }
 
 void JobReports::AddProblem(const std::string& place, const std::string& reason)
 {
+    if (++m_problemCount > MostProblems)
+        return;
     m_problems.append(QString::fromStdString(
         place + ": expected a line of a report of \"apply --json\": " + reason));
 }

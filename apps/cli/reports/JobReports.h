@@ -54,12 +54,13 @@ public:
     QStringList GetUnreported() const;
     /// The photos to be done again: those with a job that is not done, and those unreported.
     QStringList GetPhotosToRepeat() const;
-    /// The shards of which no report has an end, from 1 on.
+    /// The shards of which no report has an end with all jobs carried out, from 1 on.
     std::vector<int> GetMissingShards() const;
     int GetShardCount() const { return m_shardCount; }
     /// The reports that have no end, because their program was killed or still runs.
     const QStringList& GetUnfinished() const { return m_unfinished; }
-    /// "file:line: …" for each line that is no part of a report, or of one of another division.
+    /// "file:line: …" for each line that is no part of a report, or of one of another division; for
+    /// the first ones of a file that has many.
     const QStringList& GetProblems() const { return m_problems; }
 
     /// True when every job of the whole list is told of, none has failed, and no line was passed
@@ -84,9 +85,11 @@ private:
     QStringList m_problems;
     std::set<int> m_finishedShards;
     int m_shardCount = 0;
-    int m_jobCount = 0; ///< of the whole list, as far as a report says it
-    int m_finished = 0; ///< reports with an end
+    int m_jobCount = 0;     ///< of the whole list, as far as a report says it
+    int m_finished = 0;     ///< reports with an end
+    int m_problemCount = 0; ///< in the report that is read
     bool m_hasEnd = false;
+    bool m_isWhole = false;                       ///< the end says that no job was given up
     std::optional<LumetraHost::JobShard> m_shard; ///< of the report that is read
 };
 
