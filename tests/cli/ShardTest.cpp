@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "CliTest.h"
 
+#include "Zorvik/Brassel/ISerializer.h"
+#include "storage/JsonDocument.h"
+
 #include <QDir>
 
 #include <set>
@@ -81,7 +84,7 @@ TEST_F(ShardTest, tellsOfEveryPhotoInOneShard)
             Apply((std::string("-p test.bright -o out/{name}.png --shard ") + shard).c_str())
                 .messages;
 
-    EXPECT_EQ(Lines(messages).size(), 2U) << messages;
+    EXPECT_EQ(Lines(messages).size(), 2U + 2U) << "two summaries: " << messages;
     EXPECT_THAT(messages, HasSubstr("missing.png: expected a photo, found no such file"));
     EXPECT_THAT(messages, HasSubstr("p1.png: is the photo \"p1.png\" again, which is done once"));
 }
@@ -96,6 +99,58 @@ TEST_F(ShardTest, refusesSharedOutputsOfTheWholeList)
         EXPECT_THAT(result.messages, HasSubstr("expected an output of its own"));
     }
     EXPECT_FALSE(Exists("out"));
+}
+
+// A shard alone would count its own photos.
+TEST_F(ShardTest, numbersPhotosByTheirPlaceInTheWholeList)
+{
+    const auto all = Lines(Apply("-p test.bright -o out/{n}_{name}.png --dry-run").output);
+    std::multiset<std::string> parts;
+    for (const char* const shard : {"2/3", "1/3", "3/3"})
+        parts.merge(Lines(
+            Apply((std::string("-p test.bright -o out/{n}_{name}.png --dry-run --shard ") + shard)
+                      .c_str())
+                .output));
+
+    EXPECT_EQ(parts, all);
+    EXPECT_EQ(all.count(Path("out/9_p9.png").toStdString()), 1U);
+}
+
+TEST_F(ShardTest, isNamedInEveryLineOfAReportWithTheSizeOfTheList)
+{
+    const CliResult result = Apply("-p test.bright -o out/{name}.png --json --shard 1/3");
+
+    EXPECT_EQ(result.code, 0) << result.messages;
+    std::istringstream stream(result.output);
+    int jobs = 0;
+    for (std::string line; std::getline(stream, line);) {
+        const auto document =
+            LumetraHost::JsonDocument::Parse(QByteArray::fromStdString(line), "report");
+        EXPECT_EQ(document.GetRoot()->Get("shard", ""), "1/3") << line;
+        const auto summary = document.GetRoot()->GetNode("summary");
+        jobs += summary ? 0 : 1;
+        if (summary) {
+            EXPECT_EQ(summary->Get("jobs", -1), jobs);
+            EXPECT_EQ(summary->Get("list", -1), 9);
+        }
+    }
+    EXPECT_GE(jobs, 2);
+    EXPECT_LE(jobs, 4);
+}
+
+TEST_F(ShardTest, needsFiles)
+{
+    WritePhoto("a.png");
+    const QByteArray photo = ReadFile("a.png");
+    for (const char* const line : {"apply - -p test.bright -o out.png --shard 2/2",
+                                   "apply a.png -p test.bright -o - --shard 1/2"}) {
+        const CliResult result = RunWithInput(Words(line), photo);
+        EXPECT_EQ(result.code, 2) << line;
+        EXPECT_THAT(result.messages, HasSubstr("--shard: expected photos and outputs that are "
+                                               "files, found a pipe"));
+        EXPECT_THAT(result.output, IsEmpty());
+    }
+    EXPECT_FALSE(Exists("out.png"));
 }
 
 TEST_F(ShardTest, mayHaveNothingToDo)

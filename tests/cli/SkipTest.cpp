@@ -118,6 +118,26 @@ TEST_F(SkipTest, needsPhotosWithNames)
 
     EXPECT_EQ(refused.code, 2);
     EXPECT_THAT(refused.messages, HasSubstr("--skip: expected the name of a photo"));
+    WritePhoto("a.jpg");
+    const CliResult piped = Apply("a.jpg -p test.bright -o - --skip");
+    EXPECT_EQ(piped.code, 2);
+    EXPECT_THAT(piped.messages, HasSubstr("--output -: expected no --skip"));
+    EXPECT_THAT(piped.output, IsEmpty());
+}
+
+TEST_F(SkipTest, isToldOfInAReport)
+{
+    WritePhoto("a.jpg");
+    WritePhoto("b.jpg", 50, 40);
+    ASSERT_EQ(Apply("a.jpg -p test.bright -o out/{name}.jpg").code, 0);
+
+    const CliResult result = Apply("a.jpg b.jpg -p test.bright -o out/{name}.jpg --skip --json");
+
+    EXPECT_EQ(result.code, 0) << result.messages;
+    EXPECT_THAT(result.output,
+                HasSubstr("{\"photo\": \"a.jpg\",\"output\": \"" + Path("out/a.jpg").toStdString() +
+                          "\",\"state\": \"skipped\""));
+    EXPECT_THAT(result.output, HasSubstr("\"written\": 1,\"skipped\": 1,"));
 }
 
 TEST_F(SkipTest, takesACutFileForNoResult)
@@ -146,7 +166,8 @@ TEST_F(SkipTest, tellsInADryRunWhatItWouldDo)
 
     EXPECT_EQ(result.code, 1);
     EXPECT_EQ(result.output, Output("out/c.jpg"));
-    EXPECT_EQ(result.messages, "lumetra-presets: " + Path("out/b.jpg").toStdString() + Other);
+    EXPECT_EQ(result.messages, "lumetra-presets: " + Path("out/b.jpg").toStdString() + Other +
+                                   "lumetra-presets: 1 skipped, 1 failed, 1 to be written\n");
     EXPECT_EQ(List("out"), (QStringList{QStringLiteral("a.jpg"), QStringLiteral("b.jpg")}));
 }
 

@@ -8,6 +8,7 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 root=$PWD
+export LC_ALL=C.UTF-8 # the texts of reports are looked at
 # shellcheck source=tests/cluster/support.sh
 source tests/cluster/support.sh
 # shellcheck source=tests/cluster/ssh.sh

@@ -92,15 +92,15 @@ void PrintText(const JobReports& reports, Console& console)
     const auto jobs = reports.GetJobs();
     for (const auto& job : jobs)
         if (job.state == State::Failed)
-            console.PrintLine(Text::tr("failed: ") +
-                              (job.message.isEmpty() ? job.photo : job.message));
+            console.PrintLine(
+                Text::tr("failed: %1").arg(job.message.isEmpty() ? job.photo : job.message));
     for (const auto& job : jobs)
         if (job.state == State::Open)
-            console.PrintLine(Text::tr("not done: ") + job.photo);
+            console.PrintLine(Text::tr("not done: %1").arg(job.photo));
     for (const QString& photo : reports.GetUnreported())
-        console.PrintLine(Text::tr("in no report: ") + photo);
+        console.PrintLine(Text::tr("in no report: %1").arg(photo));
     for (const QString& report : reports.GetUnfinished())
-        console.PrintLine(Text::tr("without an end: ") + report);
+        console.PrintLine(Text::tr("without an end: %1").arg(report));
     const auto missing = reports.GetMissingShards();
     if (!missing.empty())
         console.PrintLine(Text::tr("shards to run again, of %1: %2")

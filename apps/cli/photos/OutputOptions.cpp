@@ -128,6 +128,9 @@ void OutputOptions::CheckPipes(const QCommandLineParser& parser,
     if (photos.size() != 1 || looks.IsSeries())
         throw UsageError(Text::tr("--output -: expected one photo and one look, found %1")
                              .arg(photos.empty() ? Text::tr("none") : Text::tr("more")));
+    if (parser.isSet(SkipOption))
+        throw UsageError(Text::tr("--output -: expected no --skip, as there is no file that could "
+                                  "be done"));
     for (const char* const option : {"json", "dry-run"})
         if (parser.isSet(QLatin1String(option)))
             throw UsageError(Text::tr("--output -: expected no --%1, which needs the standard "
