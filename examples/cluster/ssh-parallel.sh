@@ -23,10 +23,15 @@ presets=${LUMETRA_PRESETS:-lumetra-presets}
 
 # Every attempt writes a report of its own: one that is believed dead may still be writing.
 printf -v apply '%q ' "$presets" apply --files-from "$list" --again --skip --json "$@"
-shard="$apply --shard {}/$shards >$(printf %q "$reports")/shard-{}.\$(hostname)-\$\$.jsonl"
+# Photos that fail do so on every machine; the report names them, and the shard is done (exit code 1).
+shard="$apply --shard {}/$shards >$(printf %q "$reports")/shard-{}.\$(hostname)-\$\$.jsonl || [ \$? -eq 1 ]"
 
-# A shard whose machine went down, or whose program was killed, is tried again on another machine.
-seq "$shards" | parallel --will-cite --sshloginfile "$nodes" --wd "$PWD" --retries 3 \
-    --joblog "$reports/jobs.log" "$shard" || true
+# A shard whose machine went down, or whose program was killed, is tried again on another machine. One that is down
+# takes and fails shard after shard until the next round, which begins with those machines that answer.
+rm -f "$reports/jobs.log"
+for _ in 1 2 3; do
+    seq "$shards" | parallel --will-cite --filter-hosts --sshloginfile "$nodes" --wd "$PWD" --retries 3 \
+        --resume-failed --joblog "$reports/jobs.log" "$shard" && break
+done
 
 exec "$presets" report --files-from "$list" --failed-list "$reports/again.txt" --overwrite "$reports"/shard-*.jsonl
