@@ -4,6 +4,11 @@
 #include "engine/effects/EffectKinds.h"
 #include "engine/run/Blend.h"
 #include "engine/run/RenderPlan.h"
+#include "storage/ContentHash.h"
+#include "storage/JsonDocument.h"
+
+#include "Zorvik/Brassel/ISerializer.h"
+#include "Zorvik/Exception.h"
 
 #include <algorithm>
 #include <utility>
@@ -29,6 +34,14 @@ bool IsLong(const EffectList& colours, const std::shared_ptr<const RgbSpace>& sp
     const RenderPlan plan(colours,
                           {GetDefaultIsa(), PictureArea::Whole(1, 1), Image::Depth::Bits8, space});
     return plan.MakeChains().front().GetStages().size() >= FewestStages;
+}
+
+void WriteEffects(const EffectList& effects, const Zorvik::Brassel::CollectionPtr& list)
+{
+    using Zorvik::Quindle::IEffectSettings;
+    for (const EffectPtr& effect : effects)
+        if (effect)
+            list->AddElement()->WriteObject(IEffectSettings::EFFECT, *effect);
 }
 
 } // namespace
@@ -97,6 +110,34 @@ std::vector<ExportLook::Layer> ExportLook::GetLayers(const PictureForm& picture,
         layers.push_back(MakeLayer(
             package, isTabled ? FindTable(package, picture.space, pool, cancel) : nullptr));
     return layers;
+}
+
+std::string ExportLook::MakeDigest() const
+{
+    const JsonDocument document("look");
+    const auto root = document.GetRoot();
+    root->Set("exact", m_precision == Precision::Exact);
+    const auto layers = root->CreateCollection("layers");
+    for (const Package& package : m_packages) {
+        const auto layer = layers->AddElement();
+        layer->Set("blend", package.blendAmount);
+        const auto effects = layer->CreateCollection("effects");
+        WriteEffects(package.colours, effects);
+        WriteEffects(package.others, effects);
+    }
+    return ContentHash::Of(document.ToText().toStdString());
+}
+
+const std::string& ExportLook::GetDigest() const
+{
+    std::call_once(m_isDigested, [this] {
+        try {
+            m_digest = MakeDigest();
+        } catch (const Zorvik::Exception&) {
+            m_digest.clear(); // such effects are drawn, but are equal to nothing
+        }
+    });
+    return m_digest;
 }
 
 } // namespace LumetraHost

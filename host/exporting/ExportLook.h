@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <mutex>
+#include <string>
 #include <vector>
 
 namespace LumetraHost {
@@ -50,6 +51,12 @@ public:
     std::vector<Layer> GetLayers(const PictureForm& picture, bool is8Bit, ThreadPool& pool,
                                  const CancelToken* cancel) const;
 
+    /// A hash of everything that decides how pictures are drawn: the precision, and the effects
+    /// with their tables and blends as they stand in files. Equal looks have equal digests in any
+    /// process and on any machine. Made when it is first asked for, and kept. Empty for effects
+    /// that cannot be written.
+    const std::string& GetDigest() const;
+
 private:
     /// The table of a package for pictures of one space; null where none serves.
     struct SpaceTable
@@ -71,6 +78,7 @@ private:
         std::vector<SpaceTable> tables; ///< oldest first
     };
 
+    std::string MakeDigest() const;
     static Package Divide(const Zorvik::Quindle::EffectsSettings& settings);
     static std::shared_ptr<const ColourTable>
     FindTable(Package& package, const std::shared_ptr<const RgbSpace>& space, ThreadPool& pool,
@@ -80,6 +88,8 @@ private:
     const Precision m_precision;
     mutable std::mutex m_mutex;
     mutable std::vector<Package> m_packages;
+    mutable std::once_flag m_isDigested;
+    mutable std::string m_digest;
 };
 
 } // namespace LumetraHost

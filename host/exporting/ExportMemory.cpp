@@ -24,13 +24,20 @@ constexpr std::uint64_t BytesPerPhoto = 16 << 20;
 /// that do not say their size in front.
 constexpr std::uint64_t PixelsPerByte = 1;
 
-/// Bytes of a new file's pixel that its codec holds until it has all rows. Lossless WebP looks for
-/// repetitions among all pixels, which takes several words for each.
+/// Bytes that a pixel of the new file takes besides, in its codec and where files are large,
+/// measured with noise, which no codec makes small. Progressive JPEG keeps the coefficients of all
+/// rows. WebP keeps the picture, and lossless WebP a place of repetition for each pixel too.
 std::uint64_t GetBytesOfCodec(const ExportRecipe& recipe)
 {
+    constexpr std::uint64_t lossless = 4;
+    constexpr std::uint64_t progressiveJpeg = 6;
+    constexpr std::uint64_t lossyWebp = 22;
+    constexpr std::uint64_t losslessWebp = 28;
     if (recipe.format == PhotoFormat::Webp)
-        return recipe.encoding.isLossless ? 32 : 8;
-    return recipe.format == PhotoFormat::Jpeg && recipe.encoding.isProgressive ? 6 : 0;
+        return recipe.encoding.isLossless ? losslessWebp : lossyWebp;
+    if (recipe.format == PhotoFormat::Jpeg)
+        return recipe.encoding.isProgressive ? progressiveJpeg : 0;
+    return lossless;
 }
 
 /// Pixels of the new file.

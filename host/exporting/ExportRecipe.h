@@ -42,6 +42,9 @@ struct ExportRecipe
     /// The photo's own, or sRGB where it has none. Programs take a file without a profile for sRGB:
     /// photos in other spaces are converted for it.
     bool embedsProfile = true;
+    /// The fingerprint of the job, which goes into the metadata with the records; empty: none. See
+    /// JobFingerprint, which covers every other member.
+    std::string job;
 
     /// The depth of the file of a photo with `photoDepth`.
     Image::Depth GetDepth(Image::Depth photoDepth) const;

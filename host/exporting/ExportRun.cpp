@@ -73,7 +73,8 @@ PhotoMetadata MakeExportMetadata(const PhotoMetadata& photo, const ExportRecipe&
     if (recipe.HasRecords()) {
         metadata = WithRecordsInPacket(metadata);
         TryOrWarn(warnings, "the looks are not recorded in the metadata", [&] {
-            metadata.xmp = EditRecords::Add(metadata.xmp, recipe.records, GetCreatorTool());
+            metadata.xmp =
+                EditRecords::Add(metadata.xmp, recipe.records, GetCreatorTool(), recipe.job);
         });
     }
     if (metadata.iccProfile.isEmpty())

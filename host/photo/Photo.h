@@ -5,6 +5,8 @@
 #include "photo/file/Warnings.h"
 #include "photo/metadata/PhotoMetadata.h"
 
+#include <string>
+
 namespace LumetraHost {
 
 /// A photo as the editor works on it: upright pixels, sRGB or in a space of their own, and the
@@ -18,6 +20,9 @@ struct Photo
     /// Sound parts of the file that the picture does not hold: further pages, inks.
     /// They matter when the photo is written again.
     Warnings reductions;
+    /// The hash of the file's content (see ContentHash), by which an export of the photo is known.
+    /// Empty for a photo that was not read whole from a file.
+    std::string contentHash = {};
 };
 
 } // namespace LumetraHost

@@ -10,6 +10,7 @@
 #include "photo/metadata/MetadataReader.h"
 #include "photo/metadata/MetadataWriter.h"
 
+#include "storage/ContentHash.h"
 #include "storage/FailWith.h"
 
 #include <algorithm>
@@ -88,7 +89,11 @@ Photo ReadFile(const QString& path, const Decoding& decode)
 
 Photo PhotoReader::Read(const QString& path)
 {
-    return ReadFile(path, Decode);
+    return ReadFile(path, [](const Bytes& content, const std::string& name) {
+        Photo photo = Decode(content, name);
+        photo.contentHash = ContentHash::Of(content.data(), content.size());
+        return photo;
+    });
 }
 
 Photo PhotoReader::ReadReduced(const QString& path, int smallestSide)

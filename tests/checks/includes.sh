@@ -30,7 +30,7 @@ rooms=(
     plugin/panel/appearance plugin/panel/importing plugin/panel/commands plugin/panel/grid plugin/panel/widgets plugin/panel
     plugin/adjust/edit plugin/adjust/controls plugin/adjust/curve plugin/adjust/wheel plugin/adjust/looks
     plugin/adjust/sections plugin/adjust
-    apps/cli/console apps/cli/manual apps/cli/output apps/cli/presets apps/cli/photos apps/cli/commands apps/cli
+    apps/cli/console apps/cli/manual apps/cli/output apps/cli/presets apps/cli/photos apps/cli/reports apps/cli/commands apps/cli
     apps/editor/settings apps/editor/edit apps/editor/plugins apps/editor/session apps/editor/canvas
     apps/editor/appearance apps/editor/histogram apps/editor/actions apps/editor/strip apps/editor/many apps/editor/export apps/editor/window apps/editor
 )

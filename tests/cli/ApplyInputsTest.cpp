@@ -199,7 +199,8 @@ TEST_F(ApplyInputsTest, theSameRunOnceMoreReplacesItsResultsOrLeavesThem)
     const CliResult refused = Apply(photos);
     EXPECT_EQ(refused.code, 1);
     EXPECT_THAT(refused.messages, HasSubstr("a_Test Bright.png: exists"));
-    EXPECT_EQ(Apply(photos + Words("--skip")).code, 0);
+    EXPECT_EQ(Apply(photos + Words("-i 10 --skip")).code, 0);
+    EXPECT_EQ(Apply(photos + Words("--skip")).code, 1) << "of another intensity";
     EXPECT_EQ(ReadFile("a_Test Bright.png"), first);
     EXPECT_EQ(Apply(photos + Words("--overwrite")).code, 0);
     EXPECT_NE(ReadFile("a_Test Bright.png"), first);
@@ -208,7 +209,7 @@ TEST_F(ApplyInputsTest, theSameRunOnceMoreReplacesItsResultsOrLeavesThem)
 TEST_F(ApplyInputsTest, leavesOutputsOfOtherPhotosOutThatRecordNothing)
 {
     WritePhoto("a.png");
-    ASSERT_EQ(Apply("a.png --metadata none").code, 0);
+    ASSERT_EQ(Apply("a.png --metadata none --skip").code, 0);
     const QByteArray before = ReadFile("a_Test Bright.png");
     ASSERT_TRUE(QFile::link(Path("a_Test Bright.png"), Path("link.png")));
     const QStringList photos = {QStringLiteral("a.png"), QStringLiteral("link.png"),

@@ -2,6 +2,9 @@
 // How much memory apply takes for many photos.
 #include "CliTest.h"
 
+#include "exporting/ExportMemory.h"
+#include "exporting/ExportRecipe.h"
+#include "image/DepthConversion.h"
 #include "photo/PhotoWriter.h"
 #include "support/AddressSanitizer.h"
 
@@ -12,7 +15,11 @@
 #include <algorithm>
 #include <cstdint>
 
+using LumetraHost::ChromaSampling;
+using LumetraHost::ExportMemory;
+using LumetraHost::ExportRecipe;
 using LumetraHost::Image;
+using LumetraHost::PhotoFormat;
 
 namespace {
 
@@ -72,7 +79,8 @@ protected:
     };
 
     /// A photo that no compression makes small.
-    void WriteNoise(const char* name, int width, int height) const
+    void WriteNoise(const char* name, int width, int height,
+                    Image::Depth depth = Image::Depth::Bits16) const
     {
         LumetraHost::Photo photo;
         photo.image = Image::Allocate(width, height, Image::Depth::Bits16);
@@ -83,6 +91,9 @@ protected:
                 photo.image.Row16(y)[i] =
                     i % 4 == 3 ? 0xFFFF : static_cast<std::uint16_t>(state >> 16);
             }
+        Image narrow = Image::Allocate(width, height, depth);
+        CopyRows(photo.image, 0, narrow, 0, height);
+        photo.image = narrow;
         LumetraHost::PhotoWriter::Write(Path(name), photo);
     }
 
@@ -120,6 +131,36 @@ TEST_F(ApplyMemoryTest, manyJobsOn16BitPhotosStayWithinTheBudget)
 
     EXPECT_GT(base, 0);
     EXPECT_LE(peak - base, Megabytes * KilobytesPerMegabyte) << base << " " << peak;
+}
+
+TEST_F(ApplyMemoryTest, noFormatTakesMoreThanIsEstimated)
+{
+    WriteNoise("noise.png", 3000, 2000, Image::Depth::Bits8);
+    WritePhoto("tiny.png", 4, 4);
+    CopyPhoto("tiny.png", 40); // the program is still at work when its memory is looked at
+    const int base = FindPeak("apply many -p test.grey -o base/{name}.png -j 1");
+    ExportRecipe progressive;
+    progressive.encoding = {100, ChromaSampling::Full, true};
+    ExportRecipe webp;
+    webp.format = PhotoFormat::Webp;
+    ExportRecipe lossless = webp;
+    lossless.encoding.isLossless = true;
+    ExportRecipe png;
+    png.format = PhotoFormat::Png;
+    const std::pair<const char*, ExportRecipe> cases[] = {
+        {"{name}.png", png},
+        {"{name}.jpg --quality 100 --progressive", progressive},
+        {"{name}.webp --quality 100", webp},
+        {"{name}.webp --lossless", lossless},
+    };
+    for (const auto& [form, recipe] : cases) {
+        const int peak = FindPeak(
+            (std::string("apply noise.png many -p test.grey -j 1 --overwrite -o out/") + form)
+                .c_str());
+        const auto estimate = ExportMemory::Estimate(Path("noise.png"), recipe) >> 10;
+        EXPECT_GT(peak, base) << form;
+        EXPECT_LE(peak - base, static_cast<int>(estimate)) << form;
+    }
 }
 
 TEST_F(ApplyMemoryTest, theLastPhotosTakeNoMoreThanTheFirst)

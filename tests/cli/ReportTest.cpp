@@ -122,7 +122,7 @@ protected:
 TEST_F(ReportTest, endsWithASummaryOfSeveralPhotosOnStderr)
 {
     WritePhotos(2);
-    WriteFile("out/p01.png", "here");
+    ASSERT_EQ(Run(Words("apply p01.png -p test.bright -o out/{name}.png")).code, 0);
     const CliResult result =
         Run(Words("apply p00.png p01.png missing.png -p test.bright -o out/{name}.png --skip"));
     EXPECT_EQ(result.code, 1);
@@ -139,7 +139,7 @@ TEST_F(ReportTest, endsWithASummaryOfSeveralPhotosOnStderr)
 TEST_F(ReportTest, isQuietButForWarningsAndFailures)
 {
     WritePhotos(2);
-    WriteFile("out/p01.png", "here");
+    ASSERT_EQ(Run(Words("apply p01.png -p test.bright -o out/{name}.png")).code, 0);
     const CliResult result = Run(
         Words("apply p00.png p00.png p01.png missing.png -p test.bright -o out/{name}.png --skip "
               "--quiet"));

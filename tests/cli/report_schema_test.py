@@ -38,7 +38,9 @@ def make_reports(program, photo):
         photos.remove("looks.json")
         form = ["-o", "out/{name}.png"]
         yield run(program, folder, *photos, "a.jpg", "missing.jpg", "-p", "bright", *form)
-        yield run(program, folder, *photos, "-p", "plain", "--skip", *form)
+        yield run(program, folder, *photos, "-p", "bright", "--skip", *form)
+        yield run(program, folder, *photos, "-p", "bright", "--skip", "--shard", "2/3", *form)
+        yield run(program, folder, "a.jpg", "-p", "bright", "--shard", "2/2", *form)
         yield run(program, folder, *photos, "-p", "bright", "--dry-run")
         yield run(program, folder, "a.jpg", "-p", "plain", "--metadata", "none", "-o", "x.jpg")
 

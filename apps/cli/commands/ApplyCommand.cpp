@@ -14,6 +14,7 @@
 #include "photos/PhotoInputs.h"
 #include "photos/PipedPhoto.h"
 #include "photos/RecipeOptions.h"
+#include "photos/ShardOptions.h"
 #include "presets/CatalogueOptions.h"
 #include "presets/LookOptions.h"
 
@@ -121,10 +122,10 @@ ApplyReport::LooksOf MakeLooksOf(const std::vector<ChosenLook>& looks,
 }
 
 /// Reports jobs that nobody carries out.
-ExitCode Tell(const std::vector<PhotoJob>& jobs, ApplyReport& report)
+ExitCode Tell(const PhotoBatch::Limits& limits, std::vector<PhotoJob>& jobs, ApplyReport& report)
 {
-    for (const PhotoJob& job : jobs)
-        report.Add(job, {});
+    PhotoBatch(limits).Check(
+        jobs, [&report](const PhotoJob& job, const auto& warnings) { report.Add(job, warnings); });
     return report.Finish();
 }
 
@@ -170,6 +171,7 @@ void ApplyCommand::AddOptions(OptionTable& options) const
     LookOptions::Add(options);
     OutputOptions::Add(options);
     RecipeOptions::Add(options);
+    ShardOptions::Add(options);
     ApplyReport::AddOptions(options);
     options.AddOptions({
         {DryRunOption, Text::tr("Only says what would be written.")},
@@ -200,8 +202,11 @@ ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& consol
     const ExportRecipe recipe = RecipeOptions::Read(parser);
     const std::vector<PhotoInput> photos = PhotoInputs::Read(parser);
     outputs.CheckPipes(parser, photos, options);
+    const bool isPiped = photos.size() == 1 && (photos.front().isPiped || outputs.IsPiped());
+    const ShardOptions shard(parser, isPiped);
     ApplyReport::Form form = ApplyReport::ReadForm(parser);
     form.isDryRun = parser.isSet(DryRunOption);
+    form.shard = shard.GetName();
     if (photos.empty() && !form.isQuiet)
         console.Report(Text::tr("the list names no photo"));
 
@@ -215,12 +220,13 @@ ExitCode ApplyCommand::Execute(const QCommandLineParser& parser, Console& consol
     const std::vector<OutputSet> sets =
         MakeSets(looks, outputs.GetNames(), recipe, parser, options.TakesEdits());
     std::vector<PhotoJob> jobs = MakeJobs(photos, sets, outputs);
+    form.listCount = static_cast<int>(jobs.size());
+    shard.Choose(jobs);
     RecipeOptions::Check(parser, recipe, jobs);
 
     ApplyReport report(form, static_cast<int>(jobs.size()), MakeLooksOf(looks, sets), console);
-    const bool isPiped = photos.size() == 1 && (photos.front().isPiped || outputs.IsPiped());
     if (form.isDryRun)
-        return std::max(code, Tell(jobs, report));
+        return std::max(code, Tell(limits, jobs, report));
     if (isPiped)
         return std::max(code, RunPiped(PipedPhoto(console, RecipeOptions::ReadFormat(parser)),
                                        photos.front(), jobs, report));

@@ -16,6 +16,7 @@ std::vector<std::unique_ptr<Command>> MakeCommands()
     commands.push_back(MakeListCommand());
     commands.push_back(MakeShowCommand());
     commands.push_back(MakeApplyCommand());
+    commands.push_back(MakeReportCommand());
     commands.push_back(MakeSheetCommand());
     commands.push_back(MakeCheckCommand());
     commands.push_back(MakeImportCommand());

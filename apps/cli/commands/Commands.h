@@ -13,6 +13,7 @@ namespace LumetraCli {
 std::unique_ptr<Command> MakeListCommand();
 std::unique_ptr<Command> MakeShowCommand();
 std::unique_ptr<Command> MakeApplyCommand();
+std::unique_ptr<Command> MakeReportCommand();
 std::unique_ptr<Command> MakeSheetCommand();
 std::unique_ptr<Command> MakeCheckCommand();
 std::unique_ptr<Command> MakeImportCommand();

@@ -63,6 +63,12 @@ void WriteLooks(ISerializer& node, const std::vector<ApplyReport::Look>& looks)
     }
 }
 
+void WriteShard(ISerializer& node, const QString& shard)
+{
+    if (!shard.isEmpty())
+        node.Set("shard", shard.toStdString());
+}
+
 } // namespace
 
 void ApplyReport::AddOptions(OptionTable& options)
@@ -110,6 +116,7 @@ void ApplyReport::PrintJson(const PhotoJob& job, const std::vector<std::string>&
     if (!warnings.empty())
         WriteWarnings(*root, warnings);
     WriteLooks(*root, m_looksOf(job));
+    WriteShard(*root, m_form.shard);
     m_console.PrintJsonLine(line.ToText());
 }
 
@@ -160,6 +167,9 @@ void ApplyReport::PrintSummary(bool isInterrupted)
     for (const NamedState& one : NamedStates)
         summary->Set(one.name, Count(one.state));
     summary->Set("interrupted", isInterrupted);
+    if (!m_form.shard.isEmpty())
+        summary->Set("list", m_form.listCount);
+    WriteShard(*line.GetRoot(), m_form.shard);
     m_console.PrintJsonLine(line.ToText());
 }
 

@@ -43,6 +43,8 @@ public:
         /// Leaves out names, notices, progress and summary; JSON, warnings and failures stay.
         bool isQuiet = false;
         bool isDryRun = false;
+        QString shard = {}; ///< "2/4": the part of the list that the jobs are; empty: all of it
+        int listCount = 0;  ///< the number of jobs of the whole list, where there is a shard
     };
 
     /// Adds --json and --quiet.

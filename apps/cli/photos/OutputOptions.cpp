@@ -57,27 +57,29 @@ ExistingOutput ReadExisting(const QCommandLineParser& parser)
 {
     const bool isOverwrite = parser.isSet(OverwriteOption);
     const bool isSkip = parser.isSet(SkipOption);
-    if (isOverwrite && isSkip)
-        throw UsageError(Text::tr("expected --overwrite or --skip, found both"));
     if (isOverwrite)
-        return ExistingOutput::Overwrite;
-    return isSkip ? ExistingOutput::Skip : ExistingOutput::Refuse;
+        return isSkip ? ExistingOutput::KeepDoneOrOverwrite : ExistingOutput::Overwrite;
+    return isSkip ? ExistingOutput::KeepDone : ExistingOutput::Refuse;
 }
 
 OutputRules ReadRules(const QCommandLineParser& parser)
 {
     OutputRules rules;
     rules.existing = ReadExisting(parser);
-    rules.existingHint = QStringLiteral("; --overwrite replaces it, --skip leaves it");
+    rules.existingHint = QStringLiteral("; --overwrite replaces it, --skip leaves what is done");
+    rules.otherHint = QStringLiteral("; --overwrite replaces it");
     rules.leavesOutResults = !PhotoInputs::TakesResults(parser);
     rules.resultHint = QStringLiteral("; --again takes it");
     return rules;
 }
 
-void CheckPipedIn(const OutputTemplate& names, const LookOptions& looks)
+void CheckPipedIn(const OutputTemplate& names, const LookOptions& looks, bool keepsDone)
 {
     if (looks.IsSeries())
         throw UsageError(Text::tr("expected one look for the standard input, found a series"));
+    if (keepsDone)
+        throw UsageError(
+            Text::tr("--skip: expected the name of a photo, found the standard input"));
     if (looks.TakesEdits())
         throw UsageError(
             Text::tr("--edits: expected the name of a photo, found the standard input"));
@@ -102,7 +104,11 @@ void OutputOptions::Add(OptionTable& options)
          QStringLiteral("template")},
         {OverwriteOption, Text::tr("Replaces existing files, but never a photo of the batch or "
                                    "one with an edit of its own.")},
-        {SkipOption, Text::tr("Leaves out photos whose output exists.")},
+        {SkipOption,
+         Text::tr("Leaves out photos whose output is there and is what this photo, look and "
+                  "options make, by their content. Any other file fails, or is replaced with "
+                  "--overwrite. Outputs without XMP data are remembered in a folder "
+                  ".lumetra-journal beside them.")},
     });
 }
 
@@ -116,12 +122,15 @@ void OutputOptions::CheckPipes(const QCommandLineParser& parser,
                                const LookOptions& looks) const
 {
     if (photos.size() == 1 && photos.front().isPiped)
-        CheckPipedIn(m_names, looks);
+        CheckPipedIn(m_names, looks, parser.isSet(SkipOption));
     if (!m_isPiped)
         return;
     if (photos.size() != 1 || looks.IsSeries())
         throw UsageError(Text::tr("--output -: expected one photo and one look, found %1")
                              .arg(photos.empty() ? Text::tr("none") : Text::tr("more")));
+    if (parser.isSet(SkipOption))
+        throw UsageError(Text::tr("--output -: expected no --skip, as there is no file that could "
+                                  "be done"));
     for (const char* const option : {"json", "dry-run"})
         if (parser.isSet(QLatin1String(option)))
             throw UsageError(Text::tr("--output -: expected no --%1, which needs the standard "

@@ -18,8 +18,7 @@ class OutputOptions
 public:
     static void Add(OptionTable& options);
 
-    /// UsageError for a template that cannot be, or does not fit the looks, and for both ways to
-    /// treat existing files at once.
+    /// UsageError for a template that cannot be, or does not fit the looks.
     OutputOptions(const QCommandLineParser& parser, const LookOptions& looks);
 
     /// The names of the files; the usual ones for the standard output, which nobody asks for.

@@ -4,11 +4,10 @@
 #include "console/Text.h"
 #include "console/UsageError.h"
 #include "photo/file/PhotoFolder.h"
+#include "photos/PhotoList.h"
 
 #include <QFile>
 #include <QFileInfo>
-
-#include <cstdio>
 
 namespace LumetraCli {
 namespace {
@@ -21,8 +20,6 @@ const QString RecursiveOption = QStringLiteral("recursive");
 const QString FilesFromOption = QStringLiteral("files-from");
 const QString NullOption = QStringLiteral("null");
 const QString AgainOption = QStringLiteral("again");
-
-constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
 
 void AddFolder(const QString& path, PhotoFolder::Depth depth, Inputs& inputs)
 {
@@ -42,34 +39,6 @@ void AddPath(const QString& path, PhotoFolder::Depth depth, Inputs& inputs)
         AddFolder(path, depth, inputs);
     else
         inputs.push_back({path});
-}
-
-QByteArray ReadList(const QString& name)
-{
-    QFile file(name);
-    const bool isOpen = name == PhotoInputs::Pipe ? file.open(stdin, QIODevice::ReadOnly)
-                                                  : file.open(QIODevice::ReadOnly);
-    const QByteArray text = isOpen ? file.readAll() : QByteArray();
-    if (!isOpen || file.error() != QFileDevice::NoError)
-        throw UsageError(Text::tr("--files-from: expected a list of photos, found \"%1\", "
-                                  "which cannot be read: %2")
-                             .arg(name, file.errorString()));
-    return text;
-}
-
-/// The names of a list, as bytes. Windows' ends of lines and a mark in front do not count where a
-/// name is a line.
-QList<QByteArray> SplitList(QByteArray text, bool isNullSeparated)
-{
-    if (isNullSeparated)
-        return text.split('\0');
-    if (text.startsWith(ByteOrderMark))
-        text.remove(0, static_cast<int>(sizeof ByteOrderMark) - 1);
-    QList<QByteArray> names = text.split('\n');
-    for (QByteArray& name : names)
-        if (name.endsWith('\r'))
-            name.chop(1);
-    return names;
 }
 
 void AddListed(const QByteArray& raw, PhotoFolder::Depth depth, Inputs& inputs)
@@ -136,7 +105,7 @@ std::vector<PhotoInput> PhotoInputs::Read(const QCommandLineParser& parser)
     for (const QString& argument : arguments)
         AddPath(argument, depth, inputs);
     for (const QString& list : parser.values(FilesFromOption))
-        for (const QByteArray& name : SplitList(ReadList(list), parser.isSet(NullOption)))
+        for (const QByteArray& name : PhotoList::ReadNames(list, parser.isSet(NullOption)))
             AddListed(name, depth, inputs);
     return inputs;
 }

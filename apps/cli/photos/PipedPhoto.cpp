@@ -4,6 +4,7 @@
 #include "Zorvik/Exception.h"
 #include "console/Console.h"
 #include "exporting/Export.h"
+#include "exporting/JobFingerprint.h"
 #include "photo/PhotoReader.h"
 #include "photo/PhotoWriter.h"
 #include "photo/file/PhotoLimits.h"
@@ -100,6 +101,7 @@ void PipedPhoto::Carry(PhotoJob& job, const PhotoInput& photo, Warnings& warning
     }
     const std::string target = job.output.toStdString();
     recipe.Check(target);
+    recipe.job = LumetraHost::JobFingerprint::Of(content, recipe);
     const auto result =
         LumetraHost::Export().MakeFromFile(content, photo.path.toStdString(), recipe, target);
     for (const Warnings& noticed : {result.damage, result.losses})

@@ -809,10 +809,6 @@ Wendet Presets auf Fotos an.</translation>
         <translation>--output: erwartet wurde {preset} im Namen, denn jedes Preset macht eine eigene Datei</translation>
     </message>
     <message>
-        <source>expected --overwrite or --skip, found both</source>
-        <translation>erwartet wurde --overwrite oder --skip, gefunden beide</translation>
-    </message>
-    <message>
         <source>expected one look for the standard input, found a series</source>
         <translation>erwartet wurde ein einziger Look für die Standardeingabe, gefunden eine Reihe</translation>
     </message>
@@ -831,10 +827,6 @@ Wendet Presets auf Fotos an.</translation>
     <message>
         <source>Replaces existing files, but never a photo of the batch or one with an edit of its own.</source>
         <translation>Ersetzt vorhandene Dateien, aber nie ein Foto dieses Laufs oder eines mit eigener Bearbeitung.</translation>
-    </message>
-    <message>
-        <source>Leaves out photos whose output exists.</source>
-        <translation>Lässt Fotos aus, deren Ausgabe es schon gibt.</translation>
     </message>
     <message>
         <source>--output -: expected one photo and one look, found %1</source>
@@ -1003,6 +995,102 @@ Wendet Presets auf Fotos an.</translation>
     <message>
         <source>--favourites: expected favourites, found none; &quot;favourite&quot; makes a preset one</source>
         <translation>--favourites: erwartet wurden Favoriten, gefunden keine; &quot;favourite&quot; macht ein Preset dazu</translation>
+    </message>
+    <message>
+        <source>--failed-list: expected a file to write, found &quot;%1&quot;</source>
+        <translation>--failed-list: erwartet wurde eine Datei zum Schreiben, gefunden &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>--failed-list: &quot;%1&quot; is read, and is not overwritten</source>
+        <translation>--failed-list: &quot;%1&quot; wird gelesen und nicht überschrieben</translation>
+    </message>
+    <message>
+        <source>--failed-list: &quot;%1&quot; exists; --overwrite replaces it</source>
+        <translation>--failed-list: &quot;%1&quot; gibt es schon; --overwrite ersetzt es</translation>
+    </message>
+    <message>
+        <source>--files-from: expected photos, found the folder &quot;%1&quot;</source>
+        <translation>--files-from: erwartet wurden Fotos, gefunden der Ordner &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>failed: %1</source>
+        <translation>fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>not done: %1</source>
+        <translation>nicht getan: %1</translation>
+    </message>
+    <message>
+        <source>in no report: %1</source>
+        <translation>in keinem Bericht: %1</translation>
+    </message>
+    <message>
+        <source>without an end: %1</source>
+        <translation>ohne Ende: %1</translation>
+    </message>
+    <message>
+        <source>shards to run again, of %1: %2</source>
+        <translation>noch einmal auszuführende Teile, von %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 written, %2 skipped, %3 left out, %4 failed, %5 not done: %6</source>
+        <translation>%1 geschrieben, %2 übersprungen, %3 ausgelassen, %4 fehlgeschlagen, %5 nicht getan: %6</translation>
+    </message>
+    <message>
+        <source>complete</source>
+        <translation>vollständig</translation>
+    </message>
+    <message>
+        <source>not complete</source>
+        <translation>nicht vollständig</translation>
+    </message>
+    <message>
+        <source>Joins reports of &quot;apply --json&quot; and tells what is to be done again.</source>
+        <translation>Führt Berichte von &quot;apply --json&quot; zusammen und sagt, was noch einmal zu tun ist.</translation>
+    </message>
+    <message>
+        <source>Reports: the lines that &quot;apply --json&quot; wrote, of every shard and of every attempt, in any order. A photo is done when one of them says so.</source>
+        <translation>Berichte: die Zeilen, die &quot;apply --json&quot; geschrieben hat, von jedem Teil und jedem Versuch, in beliebiger Reihenfolge. Ein Foto ist fertig, wenn einer von ihnen es sagt.</translation>
+    </message>
+    <message>
+        <source>The list of photos that &quot;apply&quot; was given; photos of which no report tells are then found too.</source>
+        <translation>Die Liste von Fotos, die &quot;apply&quot; bekommen hat; damit werden auch Fotos gefunden, von denen kein Bericht etwas sagt.</translation>
+    </message>
+    <message>
+        <source>The names of both lists are separated by zero bytes.</source>
+        <translation>Die Namen beider Listen sind durch Nullbytes getrennt.</translation>
+    </message>
+    <message>
+        <source>Writes the photos that are to be done again into this file, for &quot;apply --files-from&quot;; it is empty when there are none.</source>
+        <translation>Schreibt die Fotos, die noch einmal zu tun sind, in diese Datei, für &quot;apply --files-from&quot;; sie ist leer, wenn es keine gibt.</translation>
+    </message>
+    <message>
+        <source>expected at least one report</source>
+        <translation>erwartet wurde mindestens ein Bericht</translation>
+    </message>
+    <message>
+        <source>--skip: expected the name of a photo, found the standard input</source>
+        <translation>--skip: erwartet wurde der Name eines Fotos, gefunden die Standardeingabe</translation>
+    </message>
+    <message>
+        <source>Leaves out photos whose output is there and is what this photo, look and options make, by their content. Any other file fails, or is replaced with --overwrite. Outputs without XMP data are remembered in a folder .lumetra-journal beside them.</source>
+        <translation>Lässt Fotos aus, deren Ausgabe da ist und, nach dem Inhalt, das ist, was dieses Foto mit diesem Look und diesen Optionen ergibt. Jede andere Datei schlägt fehl oder wird mit --overwrite ersetzt. Ausgaben ohne XMP-Daten merkt sich ein Ordner .lumetra-journal neben ihnen.</translation>
+    </message>
+    <message>
+        <source>--output -: expected no --skip, as there is no file that could be done</source>
+        <translation>--output -: erwartet wurde kein --skip, da es keine Datei gibt, die fertig sein könnte</translation>
+    </message>
+    <message>
+        <source>--shard: expected i/n, such as 2/4, with i from 1 to n and n up to %1, found &quot;%2&quot;</source>
+        <translation>--shard: erwartet wurde i/n, etwa 2/4, mit i von 1 bis n und n bis %1, gefunden &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>Works on one of several parts of about as many bytes, such as 2/4, the second of four. All parts together are the whole list, as long as every machine has the same list and photos of the same sizes.</source>
+        <translation>Bearbeitet einen von mehreren Teilen mit etwa gleich vielen Bytes, etwa 2/4, den zweiten von vieren. Alle Teile zusammen sind die ganze Liste, solange jeder Rechner dieselbe Liste und gleich große Fotos hat.</translation>
+    </message>
+    <message>
+        <source>--shard: expected photos and outputs that are files, found a pipe</source>
+        <translation>--shard: erwartet wurden Fotos und Ausgaben, die Dateien sind, gefunden eine Pipe</translation>
     </message>
 </context>
 </TS>

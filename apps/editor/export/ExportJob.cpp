@@ -2,6 +2,7 @@
 #include "export/ExportJob.h"
 
 #include "export/ExportGuard.h"
+#include "exporting/JobFingerprint.h"
 #include "storage/CheckedFileWriter.h"
 #include "storage/FailWith.h"
 
@@ -36,8 +37,10 @@ bool ExportJob::Run(const Progress& progress)
     LumetraHost::ExportControl control;
     control.cancel = &m_cancel;
     control.progress = progress;
-    const auto exported = LumetraHost::Export().MakeFromPhoto(
-        m_photo, m_options.recipe, m_options.path.toStdString(), control);
+    LumetraHost::ExportRecipe recipe = m_options.recipe;
+    recipe.job = LumetraHost::JobFingerprint::OfContent(m_photo.contentHash, recipe);
+    const auto exported =
+        LumetraHost::Export().MakeFromPhoto(m_photo, recipe, m_options.path.toStdString(), control);
     m_warnings = exported.losses;
     if (exported.file.empty())
         return false;

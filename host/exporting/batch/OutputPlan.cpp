@@ -128,6 +128,27 @@ struct Inputs
     std::set<FileIdentity> results; ///< left out, and not known for what they are
 };
 
+bool KeepsDone(const OutputRules& rules)
+{
+    return rules.existing == ExistingOutput::KeepDone ||
+           rules.existing == ExistingOutput::KeepDoneOrOverwrite;
+}
+
+/// Lets the job look at a file when it begins: the content of the photo is not known before.
+void KeepDone(PhotoJob& job, const Inputs& inputs, const OutputRules& rules)
+{
+    job.existing = JobExport::Existing::KeepDone;
+    if (EditPlaces::HasEdit(job.output))
+        job.refusal = QStringLiteral("is a photo with an edit of its own and is not overwritten");
+    else if (rules.existing == ExistingOutput::KeepDone)
+        job.refusal = QStringLiteral("exists, and is not what this photo, look and options make%1")
+                          .arg(rules.otherHint);
+    else if (inputs.results.count(FileIdentity::Of(job.output)) != 0)
+        job.refusal = QStringLiteral("is one of the photos and is not overwritten");
+    else
+        job.existing = JobExport::Existing::KeepDoneOrReplace;
+}
+
 void CheckExisting(PhotoJob& job, const QFileInfo& output, const Inputs& inputs,
                    const OutputRules& rules)
 {
@@ -140,6 +161,8 @@ void CheckExisting(PhotoJob& job, const QFileInfo& output, const Inputs& inputs,
             QStringLiteral("%1: expected a file to write, found no plain file").arg(job.output));
     if (rules.existing == ExistingOutput::Skip)
         job.state = PhotoJob::State::Skipped;
+    else if (KeepsDone(rules))
+        KeepDone(job, inputs, rules);
     else if (EditPlaces::HasEdit(job.output))
         Fail(job, QStringLiteral("%1: is a photo with an edit of its own and is not overwritten")
                       .arg(job.output));
@@ -158,6 +181,8 @@ void CheckOutput(PhotoJob& job, const Inputs& inputs, const OutputRules& rules)
              QStringLiteral("%1: is one of the photos and is not overwritten").arg(job.output));
     else if (output.exists())
         CheckExisting(job, output, inputs, rules);
+    else if (KeepsDone(rules)) // another program may write it meanwhile
+        KeepDone(job, inputs, rules);
 }
 
 /// A plan in the making.

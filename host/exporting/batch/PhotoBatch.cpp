@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "exporting/batch/PhotoBatch.h"
 
-#include "exporting/Export.h"
 #include "exporting/ExportMemory.h"
 #include "exporting/MemoryBudget.h"
 #include "photo/PhotoWriter.h"
@@ -21,9 +20,9 @@ class Workers
 {
 public:
     Workers(std::vector<PhotoJob>& jobs, const ExportControl& control,
-            const PhotoBatch::Limits& limits)
+            const PhotoBatch::Limits& limits, bool isDry)
         : m_jobs(jobs), m_control(control), m_limits(limits), m_memory(limits.memory),
-          m_warnings(jobs.size()), m_done(jobs.size())
+          m_isDry(isDry), m_warnings(jobs.size()), m_done(jobs.size())
     {
     }
 
@@ -34,13 +33,14 @@ public:
 private:
     bool IsCancelled() const { return m_control.cancel && m_control.cancel->IsCancelled(); }
     void Carry(PhotoJob& job, Warnings& warnings);
-    /// False when it was cancelled.
-    bool WriteFile(const PhotoJob& job, Warnings& warnings);
+    JobExport::Outcome WriteFile(const PhotoJob& job, Warnings& warnings);
 
     std::vector<PhotoJob>& m_jobs;
     const ExportControl m_control;
     const PhotoBatch::Limits& m_limits;
     MemoryBudget m_memory;
+    const bool m_isDry; ///< nothing is written
+    const JobExport m_exports;
     std::vector<Warnings> m_warnings;
     std::vector<std::promise<void>> m_done;
     std::atomic<std::size_t> m_next{0};
@@ -55,8 +55,10 @@ void Workers::Work()
     }
 }
 
-bool Workers::WriteFile(const PhotoJob& job, Warnings& warnings)
+JobExport::Outcome Workers::WriteFile(const PhotoJob& job, Warnings& warnings)
 {
+    if (m_isDry && job.existing == JobExport::Existing::Replace)
+        return JobExport::Outcome::Written; // whatever is there
     ExportRecipe recipe = *job.recipe;
     recipe.format = PhotoWriter::GetFormatOf(job.output);
     const MemoryBudget::Share share(m_memory, ExportMemory::Estimate(job.photo, recipe));
@@ -66,11 +68,8 @@ bool Workers::WriteFile(const PhotoJob& job, Warnings& warnings)
         recipe.records = look.records;
         warnings = look.warnings;
     }
-    const auto result = Export().Run(job.photo, job.output, recipe, m_control);
-    for (const Warnings& noticed : {result.damage, result.losses})
-        for (const std::string& warning : noticed)
-            Warn(warnings, warning);
-    return !result.file.empty();
+    const JobExport::Job work{job.photo, job.output, recipe, job.existing, job.refusal};
+    return m_isDry ? m_exports.Check(work) : m_exports.Run(work, m_control, warnings);
 }
 
 void Workers::Carry(PhotoJob& job, Warnings& warnings)
@@ -82,7 +81,10 @@ void Workers::Carry(PhotoJob& job, Warnings& warnings)
         return;
     }
     try {
-        if (WriteFile(job, warnings))
+        const auto outcome = WriteFile(job, warnings);
+        if (outcome == JobExport::Outcome::Kept)
+            job.state = PhotoJob::State::Skipped;
+        else if (outcome == JobExport::Outcome::Written && !m_isDry)
             job.state = PhotoJob::State::Written;
     } catch (const std::bad_alloc&) {
         job.state = PhotoJob::State::Failed;
@@ -104,11 +106,21 @@ const Warnings& Workers::WaitFor(std::size_t job)
 
 void PhotoBatch::Run(std::vector<PhotoJob>& jobs, const Ended& ended) const
 {
+    Start(jobs, ended, false);
+}
+
+void PhotoBatch::Check(std::vector<PhotoJob>& jobs, const Ended& ended) const
+{
+    Start(jobs, ended, true);
+}
+
+void PhotoBatch::Start(std::vector<PhotoJob>& jobs, const Ended& ended, bool isDry) const
+{
     const int count = std::min(m_limits.parallel, static_cast<int>(jobs.size()));
     ExportControl control;
     control.threads = std::max(1, ThreadPool::GetShared().GetThreadCount() / std::max(1, count));
     control.cancel = m_limits.cancel;
-    Workers workers(jobs, control, m_limits);
+    Workers workers(jobs, control, m_limits, isDry);
     std::vector<std::future<void>> threads; // destroyed futures wait for their threads
     for (int i = 0; i < count; ++i)
         threads.push_back(std::async(std::launch::async, &Workers::Work, &workers));

@@ -37,8 +37,13 @@ public:
     /// Carries out the planned jobs, each in the format of its output's extension. Nobody may
     /// change the effects of the looks meanwhile.
     void Run(std::vector<PhotoJob>& jobs, const Ended& ended) const;
+    /// Finds out which of the planned jobs are done already, and writes nothing: those become
+    /// skipped, those whose output may not be replaced fail, and the others stay planned.
+    void Check(std::vector<PhotoJob>& jobs, const Ended& ended) const;
 
 private:
+    void Start(std::vector<PhotoJob>& jobs, const Ended& ended, bool isDry) const;
+
     Limits m_limits;
 };
 

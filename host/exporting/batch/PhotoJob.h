@@ -2,6 +2,7 @@
 #pragma once
 
 #include "exporting/ExportRecipe.h"
+#include "exporting/batch/JobExport.h"
 #include "exporting/batch/PhotoLook.h"
 
 #include <QString>
@@ -18,7 +19,7 @@ struct PhotoJob
     {
         Planned, ///< not done yet, or given up when the batch was cancelled
         Written,
-        Skipped, ///< the output was there and is kept, or the photo was named before
+        Skipped, ///< the output is there and is kept, or the photo was named before
         LeftOut, ///< the photo is a result of an earlier batch
         Failed
     };
@@ -29,6 +30,9 @@ struct PhotoJob
     QString message;                            ///< the reason, unless planned or written
     std::shared_ptr<const LookSource> look;     ///< null: the photo as it is
     std::shared_ptr<const ExportRecipe> recipe; ///< without look, records and format; never null
+    /// Says what becomes of a file that is at `output` when the job begins.
+    JobExport::Existing existing = JobExport::Existing::Replace;
+    QString refusal = {}; ///< the message about such a file that may not be replaced; no name
 };
 
 } // namespace LumetraHost

@@ -15,6 +15,7 @@ namespace LumetraHost {
 namespace {
 
 constexpr char ListKey[] = "Xmp.lumetra.Presets";
+constexpr char JobKey[] = "Xmp.lumetra.Job";
 
 void Initialise()
 {
@@ -89,14 +90,24 @@ void AddAll(Exiv2::XmpData& properties, const std::vector<EditRecord>& records)
     }
 }
 
+void SetJob(Exiv2::XmpData& properties, const std::string& job)
+{
+    const auto earlier = properties.findKey(Exiv2::XmpKey(JobKey));
+    if (earlier != properties.end())
+        properties.erase(earlier);
+    if (!job.empty())
+        properties[JobKey] = job;
+}
+
 } // namespace
 
 QByteArray EditRecords::Add(const QByteArray& packet, const std::vector<EditRecord>& records,
-                            const std::string& creatorTool)
+                            const std::string& creatorTool, const std::string& job)
 {
     Exiv2::XmpData properties = Decode(packet);
     try {
         AddAll(properties, records);
+        SetJob(properties, job);
         properties["Xmp.xmp.CreatorTool"] = creatorTool;
         std::string text;
         if (!MetadataTags::EncodeXmp(properties, text))
@@ -124,6 +135,13 @@ std::vector<EditRecord> EditRecords::Read(const QByteArray& packet)
         records.push_back(record);
     }
     return records;
+}
+
+std::string EditRecords::ReadJob(const QByteArray& packet)
+{
+    const Exiv2::XmpData properties = Decode(packet);
+    const auto found = properties.findKey(Exiv2::XmpKey(JobKey));
+    return found == properties.end() ? std::string() : found->toString();
 }
 
 } // namespace LumetraHost

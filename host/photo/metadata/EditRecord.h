@@ -20,18 +20,23 @@ struct EditRecord
 
 /// Keeps the presets of a photo in its XMP packet: an ordered array "Presets" of structures with
 /// "Name", "Intensity" and, where they are not empty, "Look" and "LookLeftOut" in a namespace of
-/// their own, and "xmp:CreatorTool".
+/// their own, "Job" there, and "xmp:CreatorTool".
 class EditRecords
 {
 public:
     static constexpr char Namespace[] = "https://lumetra.org/ns/edit/1.0/";
 
-    /// `packet` with the records added after those that it has; empty: a new packet. The other
-    /// properties stay. Zorvik::Exception for a damaged packet, which then is left as it is.
+    /// `packet` with the records added after those that it has; empty: a new packet. `job` is the
+    /// fingerprint of the job that makes the file (see JobFingerprint). It replaces that of an
+    /// earlier export, which is removed for an empty one too. The other properties stay.
+    /// Zorvik::Exception for a damaged packet, which then is left as it is.
     static QByteArray Add(const QByteArray& packet, const std::vector<EditRecord>& records,
-                          const std::string& creatorTool);
+                          const std::string& creatorTool, const std::string& job = {});
     /// The records of a packet, bottom first. Zorvik::Exception for a damaged packet.
     static std::vector<EditRecord> Read(const QByteArray& packet);
+    /// The fingerprint of the job that made the file; empty where there is none.
+    /// Zorvik::Exception for a damaged packet.
+    static std::string ReadJob(const QByteArray& packet);
 };
 
 } // namespace LumetraHost

@@ -3,6 +3,7 @@
 
 #include "export/ExportGuard.h"
 #include "export/selection/SelectionExporter.h"
+#include "exporting/JobFingerprint.h"
 #include "image/DepthConversion.h"
 #include "photo/PhotoWriter.h"
 #include "photo/colour/ColorConversion.h"
@@ -15,7 +16,7 @@
 #include <QSpinBox>
 #include <QTest>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <optional>
 
@@ -194,7 +195,8 @@ TEST_F(SameExportTest, isMadeOfTheSavedEditByTheEditorsBatchAndByTheTool)
         tool.start(QStringLiteral(LUMETRA_PRESETS_PROGRAM), words);
         EXPECT_TRUE(tool.waitForFinished(-1));
         EXPECT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().toStdString();
-        EXPECT_FALSE(single.isEmpty());
+        EXPECT_THAT(LumetraHost::JobFingerprint::ReadFrom(Path("single.jpg")),
+                    testing::MatchesRegex("[0-9a-f]{64}"));
         EXPECT_TRUE(batch == single) << named.name.toStdString();
         EXPECT_TRUE(ReadFile("tool.jpg") == single) << named.name.toStdString();
     }

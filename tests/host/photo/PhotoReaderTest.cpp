@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photo/PhotoReader.h"
 #include "photo/PhotoWriter.h"
+#include "storage/ContentHash.h"
 
 #include "PhotoSamples.h"
 
@@ -248,6 +249,16 @@ TEST_F(PhotoReaderTest, emptyAndForeignContentIsTold)
     EXPECT_THAT(ErrorOfReading("empty.jpg"), HasSubstr("the file is empty"));
     EXPECT_THAT(ErrorOfReading("text.jpg"),
                 HasSubstr("expected a JPEG, PNG, TIFF, WebP, HEIC or raw picture"));
+}
+
+TEST_F(PhotoReaderTest, photosKnowTheContentOfTheirFile)
+{
+    const Bytes content = EncodePattern(PhotoFormat::Jpeg);
+    WriteFile(PathOf("a.jpg"), content);
+
+    EXPECT_EQ(PhotoReader::Read(PathOf("a.jpg")).contentHash,
+              ContentHash::Of(content.data(), content.size()));
+    EXPECT_EQ(PhotoReader::ReadReduced(PathOf("a.jpg"), 5).contentHash, "");
 }
 
 TEST_F(PhotoReaderTest, contentCountsAndNotTheName)

@@ -2,6 +2,7 @@
 // Compares every effect with a stored picture, so that no change of its look goes unseen. After an
 // intended one, write the pictures anew and look at them:
 //   LUMETRA_WRITE_GOLDEN=1 build/dev/bin/host-engine --gtest_filter='*GoldenPictures*'
+// Raise JobFingerprint::DrawingVersion too: files that were exported before are then done anew.
 #include "host/engine/EffectExamples.h"
 #include "host/engine/TestPictures.h"
 

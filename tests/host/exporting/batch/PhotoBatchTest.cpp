@@ -163,12 +163,13 @@ TEST_F(PhotoBatchTest, takesResultsUnlessToldToLeaveThemOut)
     const std::vector<PhotoInput> photos = {WritePhoto("a.png"), WritePhoto("a_x.png")};
     const std::vector<OutputSet> sets = {MakeSet("{name}_x.png")};
     OutputRules rules;
-    rules.existing = ExistingOutput::Skip;
+    rules.existing = ExistingOutput::KeepDone;
 
     EXPECT_EQ(OutputPlan::Make(photos, sets, rules)[1].state, PhotoJob::State::Planned);
     rules.leavesOutResults = true;
     const auto jobs = OutputPlan::Make(photos, sets, rules);
-    EXPECT_EQ(jobs[0].state, PhotoJob::State::Skipped);
+    EXPECT_EQ(jobs[0].state, PhotoJob::State::Planned);
+    EXPECT_EQ(jobs[0].existing, JobExport::Existing::KeepDone);
     EXPECT_EQ(jobs[1].state, PhotoJob::State::LeftOut);
 }
 

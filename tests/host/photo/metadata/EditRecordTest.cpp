@@ -121,3 +121,17 @@ TEST(EditRecords, areWrittenAndReadByManyThreadsAtOnce)
     for (auto& thread : threads)
         EXPECT_EQ(thread.get(), 0);
 }
+
+TEST(EditRecords, nameTheJobOfTheFileItselfAndOfNoEarlierOne)
+{
+    const QByteArray first = EditRecords::Add({}, {{"First", 10}}, "Lumetra", "abc1");
+    const QByteArray second = EditRecords::Add(first, {{"Second", 20}}, "Lumetra", "abc2");
+    const QByteArray third = EditRecords::Add(second, {{"Third", 30}}, "Lumetra");
+
+    EXPECT_EQ(EditRecords::ReadJob({}), "");
+    EXPECT_EQ(EditRecords::ReadJob(first), "abc1");
+    EXPECT_EQ(EditRecords::ReadJob(second), "abc2");
+    EXPECT_EQ(EditRecords::ReadJob(third), "");
+    EXPECT_EQ(EditRecords::Read(third).size(), 3U);
+    EXPECT_THROW(EditRecords::ReadJob("<x:xmpmeta"), Zorvik::Exception);
+}
