@@ -20,6 +20,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <exception>
 #include <map>
 #include <memory>
 
@@ -120,11 +121,27 @@ ApplyReport::LooksOf MakeLooksOf(const std::vector<ChosenLook>& looks,
     };
 }
 
-/// Reports jobs that nobody carries out.
-ExitCode Tell(const std::vector<PhotoJob>& jobs, ApplyReport& report)
+/// Reads the look of a job that nobody carries out: a photo's edit may be one that cannot be read.
+LumetraHost::Warnings TryLook(PhotoJob& job)
 {
-    for (const PhotoJob& job : jobs)
-        report.Add(job, {});
+    if (job.state != PhotoJob::State::Planned || !job.look)
+        return {};
+    try {
+        return job.look->Get(job.photo).warnings;
+    } catch (const std::exception& error) {
+        job.state = PhotoJob::State::Failed;
+        job.message = QString::fromUtf8(error.what());
+        return {};
+    }
+}
+
+/// Reports jobs that nobody carries out.
+ExitCode Tell(std::vector<PhotoJob>& jobs, ApplyReport& report)
+{
+    for (PhotoJob& job : jobs) {
+        const LumetraHost::Warnings warnings = TryLook(job);
+        report.Add(job, warnings);
+    }
     return report.Finish();
 }
 
