@@ -405,6 +405,28 @@ TEST_F(SelectionTest, makesARecipeAndRemembersThatItWasTicked)
     EXPECT_FALSE(QFileInfo::exists(Path("export")));
 }
 
+TEST_F(SelectionTest, aShippedRecipeIsEditedUnderTheNameThatTheListShows)
+{
+    window->UseLanguage(QStringLiteral("de"));
+    Export({hill}, [](SelectionDialog& dialog) {
+        auto* const list = PartOf<QListWidget>(dialog, "recipeList");
+        EXPECT_THAT(list->item(0)->text().toStdString(), HasSubstr("Volle Größe"));
+        QTimer::singleShot(0, &dialog, [&dialog] {
+            auto* const recipe = dialog.findChild<RecipeDialog*>();
+            EXPECT_EQ(PartOf<QLineEdit>(*recipe, "recipeName")->text(),
+                      QStringLiteral("Volle Größe"));
+            PartOf<QPushButton>(*recipe, "recipeSave")->click();
+        });
+        PartOf<QPushButton>(dialog, "recipeEdit")->click();
+        EXPECT_THAT(list->item(0)->text().toStdString(), HasSubstr("Volle Größe"));
+    });
+    window->UseLanguage(QStringLiteral("en"));
+    Export({hill}, [](SelectionDialog& dialog) {
+        EXPECT_THAT(PartOf<QListWidget>(dialog, "recipeList")->item(0)->text().toStdString(),
+                    HasSubstr("Full size"));
+    });
+}
+
 TEST_F(SelectionTest, refusesANameThatARecipeHasAndKeepsTheDialogOpen)
 {
     const ScriptedAlerts alerts({QMessageBox::Ok});

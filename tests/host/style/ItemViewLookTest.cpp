@@ -85,7 +85,7 @@ TEST_P(ItemViewLook, itemsOfAListStandApartFromItsEdgeAndFromEachOther)
     const QImage drawn = list.viewport()->grab().toImage();
 
     EXPECT_GE(list.sizeHintForRow(0), list.fontMetrics().height() + 2 * Above);
-    const QColor field = drawn.pixelColor(0, 0);
+    const QColor field = ColoursOf(GetParam()).field;
     for (int x = 0; x < Beside; ++x)
         for (int y = 0; y < list.sizeHintForRow(0); ++y)
             EXPECT_EQ(drawn.pixelColor(x, y), field) << x << ", " << y;
