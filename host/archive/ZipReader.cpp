@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "archive/ZipReader.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 
 #include <QFile>
 #include <QFileInfo>
-
-#include <boost/current_function.hpp>
 
 #include <algorithm>
 #include <map>
@@ -179,14 +177,12 @@ QString ZipReader::NameOf(const ZipEntry& entry) const
 
 void ZipReader::Fail(const std::string& text) const
 {
-    throw Zorvik::Exception(m_path.toStdString() + ": " + text, BOOST_CURRENT_FUNCTION,
-                            "archive/ZipReader", __LINE__);
+    FailWith(m_path.toStdString() + ": " + text);
 }
 
 void ZipReader::Fail(const ZipEntry& entry, const std::string& text) const
 {
-    throw Zorvik::Exception(NameOf(entry).toStdString() + ": " + text, BOOST_CURRENT_FUNCTION,
-                            "archive/ZipReader", __LINE__);
+    FailWith(NameOf(entry).toStdString() + ": " + text);
 }
 
 } // namespace LumetraHost

@@ -2,8 +2,7 @@
 #include "archive/ZipWriter.h"
 
 #include "Zorvik/Exception.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <memory>
 
@@ -16,8 +15,7 @@ constexpr zip_uint16_t FirstDate = (1 << 5) | 1; // 1 January 1980
 
 [[noreturn]] void Fail(const std::string& step)
 {
-    throw Zorvik::Exception("the zip archive cannot be made: " + step, BOOST_CURRENT_FUNCTION,
-                            "archive/ZipWriter", __LINE__);
+    FailWith("the zip archive cannot be made: " + step);
 }
 
 using Source = std::unique_ptr<zip_source_t, void (*)(zip_source_t*)>;

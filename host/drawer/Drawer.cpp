@@ -110,6 +110,18 @@ std::vector<StackedPackage> Drawer::GetStack() const
     return packages;
 }
 
+std::vector<StackedPackage> Drawer::GetShownStack() const
+{
+    std::vector<StackedPackage> packages = GetStack();
+    const auto painted = m_painter.FindPackage();
+    if (painted && m_painter.GetPainted()) {
+        StackedPackage& package = packages[m_committed.size() + *painted];
+        package.settings = m_painter.GetPainted();
+        package.isOn = true;
+    }
+    return packages;
+}
+
 void Drawer::SetCommitted(std::vector<StackedPackage> committed)
 {
     m_painter.DropPainting();

@@ -62,6 +62,9 @@ public:
 
     /// All packages, bottom first: the committed ones, then the open ones.
     std::vector<StackedPackage> GetStack() const;
+    /// GetStack() as it would be after finishing an open painting, which goes on: what the user
+    /// sees.
+    std::vector<StackedPackage> GetShownStack() const;
     /// How many packages of GetStack(), from the bottom, are committed.
     std::size_t CountCommitted() const { return m_committed.size(); }
     /// Replaces all packages by these, which are committed; an open painting is dropped.

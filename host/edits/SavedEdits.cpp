@@ -5,21 +5,18 @@
 #include "edits/EditSearch.h"
 #include "edits/PhotoIdentity.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 
 #include <QFileInfo>
-
-#include <boost/current_function.hpp>
 
 namespace LumetraHost {
 namespace {
 
 [[noreturn]] void Fail(const QString& photo, const QString& problem)
 {
-    throw Zorvik::Exception(QStringLiteral("%1: the edit of the photo cannot be read: %2")
-                                .arg(photo, problem)
-                                .toStdString(),
-                            BOOST_CURRENT_FUNCTION, "edits/SavedEdits", __LINE__);
+    FailWith(QStringLiteral("%1: the edit of the photo cannot be read: %2")
+                 .arg(photo, problem)
+                 .toStdString());
 }
 
 } // namespace

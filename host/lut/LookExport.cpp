@@ -6,10 +6,8 @@
 #include "engine/run/RenderPlan.h"
 #include "engine/run/Renderer.h"
 
-#include "Zorvik/Exception.h"
 #include "Zorvik/Proc/SettingsEffectEmpty.h"
-
-#include <boost/current_function.hpp>
+#include "storage/FailWith.h"
 
 #include <algorithm>
 #include <cmath>
@@ -108,12 +106,10 @@ LookUpTable LookExport::MakeTable(const EffectsSettings& look, int size)
 {
     const auto unfit = FindUnfitEffects(look);
     if (!unfit.empty())
-        throw Zorvik::Exception(DescribeUnfit(unfit), BOOST_CURRENT_FUNCTION, "lut/LookExport",
-                                __LINE__);
+        FailWith(DescribeUnfit(unfit));
     if (size < SmallestSize || size > LargestSize)
-        throw Zorvik::Exception("expected a size from " + std::to_string(SmallestSize) + " to " +
-                                    std::to_string(LargestSize) + ", found " + std::to_string(size),
-                                BOOST_CURRENT_FUNCTION, "lut/LookExport", __LINE__);
+        FailWith("expected a size from " + std::to_string(SmallestSize) + " to " +
+                 std::to_string(LargestSize) + ", found " + std::to_string(size));
     auto table = LookUpTable::MakeIdentity(LookUpTable::Kind::Cube, size, {0, 0, 0}, {1, 1, 1});
     ReadColours(Renderer().Render(MakePicture(table), look), table);
     return table;

@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include <algorithm>
+#include <cstdio>
 
 #include <unistd.h>
 
@@ -135,6 +136,23 @@ TEST_F(ApplyInputsTest, namesOfAListThatAreNoPhotosFailAlone)
     EXPECT_THAT(result.messages, HasSubstr("none.png: expected a photo, found no such file"));
     EXPECT_THAT(result.messages, HasSubstr(".png: expected a name in the system's encoding"));
     EXPECT_TRUE(Exists("out/a.png"));
+}
+
+TEST_F(ApplyInputsTest, aNameInAnotherEncodingIsToldApartFromAMissingFile)
+{
+    WritePhoto("a.png");
+    const QByteArray name = QFile::encodeName(folder.path()) + "/b\xe4r.png";
+    ASSERT_EQ(std::rename(qPrintable(Path("a.png")), name.constData()), 0);
+
+    const CliResult result = RunThrough(
+        QStringLiteral("sh"),
+        {QStringLiteral("-c"), QStringLiteral("exec \"$@\" b*.png"), QStringLiteral("sh")},
+        Words("apply -p test.grey -o out.png"));
+
+    std::remove(name.constData()); // Qt could not remove it with its folder
+    EXPECT_EQ(result.code, 1);
+    EXPECT_THAT(result.messages, HasSubstr("r.png: expected a name in the system's encoding, "
+                                           "UTF-8, found other bytes in it; rename it"));
 }
 
 TEST_F(ApplyInputsTest, anEmptyListIsDoneAtOnce)

@@ -234,7 +234,10 @@ void EditorOnStage::DropOnPanel(const QString& path)
     auto& panel = Find<QWidget>("presetsPanel");
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(path)});
-    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    const QPoint place(10, 10);
+    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&panel, &enter); // without it Qt knows of no target for the drop
+    QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&panel, &drop);
 }
 
@@ -305,9 +308,8 @@ QImage EditorOnStage::Grab()
     return GrabNow();
 }
 
-QImage EditorOnStage::Compose(const QPoint& place)
+QImage EditorOnStage::Compose(QImage picture, const QPoint& place) const
 {
-    QImage picture = Grab();
     QPainter painter(&picture);
     for (QWidget* const popup : FindPopups(*m_window)) {
         const bool isDialog = qobject_cast<QDialog*>(popup) != nullptr;
@@ -331,12 +333,31 @@ QImage EditorOnStage::GrabWithPopups(const std::function<void()>& open, const QP
     QTimer::singleShot(0, m_window.get(), [&] {
         QTimer::singleShot(0, m_window.get(), [&] {
             QApplication::processEvents();
-            picture = Compose(place);
+            picture = Compose(Grab(), place);
             ClosePopups(*m_window);
         });
         if (work)
             work();
     });
+    open();
+    while (picture.isNull())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return picture;
+}
+
+QImage EditorOnStage::GrabWhenShown(const char* name, const std::function<void()>& open)
+{
+    QImage picture;
+    QTimer look; // a loop here would keep that of the caller from going on
+    QObject::connect(&look, &QTimer::timeout, m_window.get(), [&] {
+        const auto* const part = m_window->findChild<QWidget*>(QLatin1String(name));
+        if (!part || !part->isVisible())
+            return;
+        look.stop();
+        picture = Compose(GrabNow(), {});
+        ClosePopups(*m_window);
+    });
+    look.start();
     open();
     while (picture.isNull())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);

@@ -74,13 +74,17 @@ public:
     /// middle, other things at `place`. Everything is shut again.
     QImage GrabWithPopups(const std::function<void()>& open, const QPoint& place = {},
                           const std::function<void()>& work = {});
+    /// Does `open`, and gives the window with what is over it as soon as a part of this object name
+    /// is seen, which may be much later. Everything is shut again.
+    QImage GrabWhenShown(const char* name, const std::function<void()>& open);
 
 private:
     QString CopySample();
     QModelIndex FindLook(const QString& name, QAbstractItemView*& view) const;
     void WaitUntilOpen();
     void WaitForThumbnails();
-    QImage Compose(const QPoint& place);
+    /// The picture with all that is open over the window.
+    QImage Compose(QImage picture, const QPoint& place) const;
 
     QTemporaryDir m_folder;
     std::unique_ptr<LumetraEditor::Editor> m_editor;

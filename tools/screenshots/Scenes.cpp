@@ -1,47 +1,23 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "Scenes.h"
 
+#include "DialogScenes.h"
 #include "EditorOnStage.h"
+#include "SceneParts.h"
 
 #include "canvas/PhotoCanvas.h"
 #include "strip/PhotoStrip.h"
-#include "window/MessageBar.h"
-#include "window/Questions.h"
 
-#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
-#include <QComboBox>
-#include <QContextMenuEvent>
-#include <QDialog>
-#include <QDir>
-#include <QFileInfo>
-#include <QKeyEvent>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPushButton>
 #include <QSlider>
-#include <QTimer>
 #include <QToolButton>
 #include <QToolTip>
 
 namespace LumetraScreenshots {
 namespace {
-
-const QString Look = QStringLiteral("Candlelight");
-const QString OtherLook = QStringLiteral("Fresh");
-const QString Sample = QStringLiteral("lake.jpg");
-const QString OwnLook = QStringLiteral("My Evening");
-
-void Press(QWidget& widget, int key, Qt::KeyboardModifiers modifiers, int times)
-{
-    for (int i = 0; i < times; ++i)
-        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(type, key, modifiers);
-            QApplication::sendEvent(&widget, &event);
-        }
-}
 
 // Without a photo
 
@@ -186,20 +162,6 @@ QImage PlayMine(EditorOnStage& stage)
 
 // Adjustments
 
-constexpr int Light = 0, Curve = 2, Mixer = 3, Grading = 4, Effects = 6;
-
-/// A warm evening of light, curve, wheels and vignette.
-void Adjust(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    stage.ShowAdjust(Light);
-    stage.SetAdjustment("exposure.stops", 35);
-    stage.SetAdjustment("contrast.amount", 18);
-    stage.SetAdjustment("toneRegions.highlights", -40);
-    stage.ShowAdjust(Effects);
-    stage.SetAdjustment("vignette.amount", -120);
-}
-
 QImage PlayAdjust(EditorOnStage& stage)
 {
     Adjust(stage);
@@ -266,199 +228,11 @@ QImage PlayToolTip(EditorOnStage& stage)
                                 place);
 }
 
-// Dialogs
-
-QImage WithDialog(EditorOnStage& stage, QAction& command, const std::function<void()>& work = {})
-{
-    return stage.GrabWithPopups([&command] { command.trigger(); }, {}, work);
-}
-
-QImage PlayPaste(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    stage.ClickLook(Look);
-    stage.FindAction("copyEdit").trigger();
-    return WithDialog(stage, stage.FindAction("pasteParts"));
-}
-
-QImage PlayExport(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    stage.ClickLook(Look);
-    return WithDialog(stage, stage.FindAction("exportPhoto"));
-}
-
-QImage PlayExportSeveral(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    stage.ClickLook(Look);
-    return WithDialog(stage, stage.FindAction("exportSeveral"));
-}
-
-QImage PlayRecipe(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    return WithDialog(stage, stage.FindAction("exportSeveral"), [] {
-        QApplication::activeModalWidget()
-            ->findChild<QPushButton*>(QStringLiteral("recipeEdit"))
-            ->click();
-    });
-}
-
-QImage PlaySave(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    stage.ClickLook(Look);
-    return WithDialog(stage, stage.Find<QAction>("savePreset"));
-}
-
-QImage PlaySaveLook(EditorOnStage& stage)
-{
-    Adjust(stage);
-    auto& save = stage.Find<QPushButton>("saveLook");
-    return stage.GrabWithPopups([&save] { save.click(); }, {},
-                                [] {
-                                    auto* const dialog =
-                                        qobject_cast<QDialog*>(QApplication::activeModalWidget());
-                                    dialog->findChild<QLineEdit*>()->setText(OwnLook);
-                                });
-}
-
-/// Two looks with their author on their way into a file.
-QImage PlayShare(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    stage.ClickLook(Look);
-    stage.SaveLook(OwnLook);
-    stage.ClickLook(OwnLook);
-    return WithDialog(stage, stage.FindAction("sharePreset"), [] {
-        auto* const dialog = QApplication::activeModalWidget();
-        dialog->findChild<QLineEdit*>(QStringLiteral("author"))->setText(QStringLiteral("Ada"));
-        dialog->findChild<QComboBox*>(QStringLiteral("licence"))
-            ->setCurrentText(QStringLiteral("CC-BY-4.0"));
-    });
-}
-
-constexpr char Faded[] =
-    "<rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\"><rdf:Description "
-    "xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\" crs:Exposure2012=\"+0.25\" "
-    "crs:Contrast2012=\"-22\" crs:Vibrance=\"-14\" crs:GrainAmount=\"31\" "
-    "crs:LuminanceSmoothing=\"25\" crs:LensProfileEnable=\"1\"/></rdf:RDF>";
-
-/// A folder of other programs' looks has come in.
-QImage PlayImported(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    const QString folder =
-        stage.WriteFiles({{QStringLiteral("Faded Film.xmp"), Faded},
-                          {QStringLiteral("Print Sizes.lrtemplate"), "s = { type = \"Export\" }"}});
-    stage.DropOnPanel(folder); // the window that tells of it stays
-    return stage.GrabWithPopups([] {});
-}
-
-QImage PlayImportMenu(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    auto& button = stage.Find<QAbstractButton>("importButton");
-    const QPoint place = button.rect().bottomLeft();
-    return stage.GrabWithPopups(
-        [&button, place] {
-            QContextMenuEvent event(QContextMenuEvent::Mouse, place, button.mapToGlobal(place));
-            QApplication::sendEvent(&button, &event);
-        },
-        button.mapTo(&stage.GetWindow(), place));
-}
-
-/// The name is taken already.
-QImage PlayTaken(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    stage.ClickLook(Look);
-    stage.SaveLook(OwnLook);
-    return WithDialog(stage, stage.Find<QAction>("savePreset"), [] {
-        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        dialog->findChild<QLineEdit*>()->setText(OwnLook);
-        dialog->accept();
-    });
-}
-
-QImage PlayDelete(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    stage.ClickLook(Look);
-    stage.SaveLook(OwnLook);
-    stage.ClickLook(OwnLook);
-    return WithDialog(stage, stage.Find<QAction>("removePreset"));
-}
-
-QImage PlayLeave(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    stage.ClickLook(Look);
-    return stage.GrabWithPopups([&stage] { stage.GetWindow().close(); });
-}
-
-/// The photo itself was chosen as the output.
-QImage PlayRefused(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    stage.ClickLook(Look);
-    return WithDialog(stage, stage.FindAction("exportPhoto"), [] {
-        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        auto* const path = dialog->findChild<QLineEdit*>(QStringLiteral("exportPath"));
-        path->setText(path->text().replace(QFileInfo(path->text()).fileName(), Sample));
-        dialog->accept();
-    });
-}
-
-/// A folder is in the way of the file beside the photo, as on a medium that cannot be written.
-QImage PlayKept(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    QDir().mkpath(stage.GetWindow().windowFilePath() + QStringLiteral(".lumetra.json"));
-    stage.ClickLook(Look);
-    while (stage.GetWindow().findChild<LumetraEditor::MessageBar*>()->GetText().isEmpty())
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    return stage.Grab();
-}
-
-QImage PlayReplaced(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    stage.ClickLook(Look);
-    return stage.GrabWithPopups(
-        [&stage] { LumetraEditor::AskToStartAnew(Sample, &stage.GetWindow()); });
-}
-
-QImage PlayLost(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    stage.ClickLook(Look);
-    return stage.GrabWithPopups([&stage] {
-        LumetraEditor::AskToLoseEdit(
-            Sample,
-            QStringLiteral("/media/card/lake.jpg.lumetra.json: cannot be written: No "
-                           "space left on device (error 28)"),
-            &stage.GetWindow());
-    });
-}
-
-QImage PlayShortcuts(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    return WithDialog(stage, stage.FindAction("shortcuts"));
-}
-
-QImage PlayAbout(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    return WithDialog(stage, stage.FindAction("about"));
-}
-
 } // namespace
 
 const std::vector<Scene>& AllScenes()
 {
+    using namespace DialogScenes;
     static const std::vector<Scene> scenes{
         {QStringLiteral("start"), PlayStart, "light-de@2x"},
         {QStringLiteral("recent"), PlayRecent},
@@ -483,7 +257,8 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("grading"), PlayGrading},
         {QStringLiteral("save-look"), PlaySaveLook, "light-en@1x"},
         {QStringLiteral("share"), PlayShare, "light-en@1x"},
-        {QStringLiteral("imported"), PlayImported},
+        {QStringLiteral("imported"), PlayImported, "light-en@1x"},
+        {QStringLiteral("importing"), PlayImporting},
         {QStringLiteral("import-menu"), PlayImportMenu},
         {QStringLiteral("menu"), PlayMenu, "light-en@1x"},
         {QStringLiteral("view-menu"), PlayViewMenu},
@@ -491,6 +266,7 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("paste"), PlayPaste},
         {QStringLiteral("export"), PlayExport, "dark-de@1x"},
         {QStringLiteral("export-several"), PlayExportSeveral, "light-de@1x"},
+        {QStringLiteral("exported"), PlayExported},
         {QStringLiteral("recipe"), PlayRecipe},
         {QStringLiteral("save"), PlaySave, "light-en@1x"},
         {QStringLiteral("taken"), PlayTaken},

@@ -21,6 +21,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <exception>
 #include <map>
 #include <memory>
 

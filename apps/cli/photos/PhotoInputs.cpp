@@ -46,7 +46,7 @@ void AddListed(const QByteArray& raw, PhotoFolder::Depth depth, Inputs& inputs)
     const QString path = QFile::decodeName(raw);
     if (QFile::encodeName(path) != raw)
         inputs.push_back(
-            {path, QStringLiteral("%1: expected a name in the system's encoding").arg(path)});
+            {path, QStringLiteral("%1: %2").arg(path, PhotoFolder::DescribeBadName())});
     else if (!raw.isEmpty())
         AddPath(path, depth, inputs);
 }

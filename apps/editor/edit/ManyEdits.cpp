@@ -100,27 +100,34 @@ void ManyEdits::WorkOff()
     Batches batches;
     for (QString photo = TakeNext(batches); !photo.isEmpty(); photo = TakeNext(batches)) {
         ChangePhoto(photo, batches);
+        Leave(photo);
         PostReports();
     }
 }
 
-/// Takes the next photo that waits, with what waits for it; none: empty. The photo before it is
-/// done.
+/// Takes the next photo that waits, with what waits for it; none: empty. A photo that another
+/// thread is changing is taken when that is done.
 QString ManyEdits::TakeNext(Batches& batches)
 {
-    const std::lock_guard lock(m_mutex);
-    m_busy.clear();
-    batches.clear();
-    while (batches.empty() && !m_order.empty()) {
+    std::unique_lock lock(m_mutex);
+    while (!m_order.empty()) {
         const QString photo = m_order.front();
         m_order.pop_front();
+        m_isFree.wait(lock, [&] { return m_busy.count(photo) == 0; });
         if (auto waiting = m_waiting.extract(photo)) {
             batches = std::move(waiting.mapped());
-            m_busy = photo;
+            m_busy.insert(photo);
+            return photo;
         }
     }
+    return {};
+}
+
+void ManyEdits::Leave(const QString& photo)
+{
+    const std::lock_guard lock(m_mutex);
+    m_busy.erase(photo);
     m_isFree.notify_all();
-    return m_busy;
 }
 
 void ManyEdits::Settle(const QString& photo)
@@ -128,12 +135,15 @@ void ManyEdits::Settle(const QString& photo)
     Batches batches;
     {
         std::unique_lock lock(m_mutex);
-        if (auto waiting = m_waiting.extract(photo))
-            batches = std::move(waiting.mapped());
-        m_isFree.wait(lock, [&] { return m_busy != photo; });
+        m_isFree.wait(lock, [&] { return m_busy.count(photo) == 0; });
+        auto waiting = m_waiting.extract(photo);
+        if (!waiting)
+            return;
+        batches = std::move(waiting.mapped());
+        m_busy.insert(photo);
     }
-    if (!batches.empty())
-        ChangePhoto(photo, batches);
+    ChangePhoto(photo, batches);
+    Leave(photo);
     PostReports();
 }
 
@@ -262,6 +272,10 @@ bool ManyEdits::IsRunning() const
 void ManyEdits::WaitForAll()
 {
     m_thread.WaitForJobs();
+    {
+        std::unique_lock lock(m_mutex);
+        m_isFree.wait(lock, [this] { return m_busy.empty(); });
+    }
     ReportAll();
 }
 

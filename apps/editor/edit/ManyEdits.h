@@ -16,6 +16,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <set>
 #include <vector>
 
 namespace LumetraEditor {
@@ -65,7 +66,7 @@ public:
                 const ManyReport& begun);
 
     /// Makes the changes that wait for this photo at once; they are on the disk on return. To be
-    /// called before the photo's edit is read.
+    /// called before the photo's edit is read, from any thread.
     void Settle(const QString& photo);
     /// Gives up all changes that have not begun.
     void Cancel();
@@ -89,6 +90,7 @@ private:
     void Start(const std::shared_ptr<Batch>& batch, const QStringList& photos);
     void WorkOff();
     QString TakeNext(Batches& batches);
+    void Leave(const QString& photo);
     void ChangePhoto(const QString& photo, const Batches& batches);
     static QString Write(FiledEdit& file, const SharedEdit& edit, Result& result);
     Result ChangeEdit(Batch& batch, const QString& photo, SharedEdit& edit);
@@ -105,7 +107,7 @@ private:
     std::condition_variable m_isFree;
     std::deque<QString> m_order;          ///< photos that wait; some may have been settled
     std::map<QString, Batches> m_waiting; ///< by photo
-    QString m_busy;                       ///< the photo that the thread is changing
+    std::set<QString> m_busy;             ///< photos whose edits are being changed
     int m_done = 0;
     int m_total = 0;
     std::vector<std::shared_ptr<Batch>> m_finished;                          ///< yet to be reported

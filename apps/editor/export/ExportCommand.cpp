@@ -46,7 +46,10 @@ void ExportCommand::ExportSelection(const QStringList& photos)
         return m_progress->Raise();
     if (photos.isEmpty() || !SaveOpenPhoto())
         return;
-    SelectionDialog dialog(photos, m_settings, m_guard, &m_window);
+    const auto settle = [steps = &m_editor.GetManySteps()](const QString& photo) {
+        steps->Settle(photo);
+    };
+    SelectionDialog dialog(photos, settle, m_settings, m_guard, &m_window);
     if (dialog.exec() != QDialog::Accepted)
         return;
     delete m_progress; // one that speaks the language of now takes its place

@@ -36,9 +36,9 @@ public:
     /// Asks with the dialog; the export then runs beside the window.
     void Ask();
     /// Saves the edit of the open photo, asks how `photos` are to be exported, each with its own
-    /// saved edit, and exports them beside the window, with a window of its own that shows how far
-    /// it is. Shows that window alone while an earlier such export runs. Does nothing without
-    /// photos.
+    /// edit, changes that are still waiting for it included, and exports them beside the window,
+    /// with a window of its own that shows how far it is. Shows that window alone while an earlier
+    /// such export runs. Does nothing without photos.
     void ExportSelection(const QStringList& photos);
 
 signals:

@@ -55,6 +55,8 @@ void ManyCommands::Connect()
         m_progress->Clear();
         Update();
     });
+    // By then the photo has the edit of its file, which is no step.
+    connect(&m_editor, &Editor::openingEnded, this, &ManyCommands::Update);
     connect(&m_editor.GetUndoStack(), &QUndoStack::indexChanged, this, &ManyCommands::Update);
     connect(&m_editor.GetManySteps(), &ManySteps::ended, this, &ManyCommands::ShowEnd);
     connect(m_follow, &FollowSwitch::toggled, this,

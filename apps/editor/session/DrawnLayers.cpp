@@ -74,7 +74,7 @@ void SetOnAndOff(Drawer& drawer, const std::vector<EditLayer>& layers)
 std::vector<EditLayer> DrawnLayers::Read(const Drawer& drawer)
 {
     std::vector<EditLayer> layers;
-    for (const StackedPackage& package : drawer.GetStack()) {
+    for (const StackedPackage& package : drawer.GetShownStack()) {
         EditLayer layer;
         layer.module = QString::fromStdString(package.origin);
         layer.settings = package.settings;

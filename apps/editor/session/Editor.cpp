@@ -277,7 +277,7 @@ bool Editor::SaveEdit()
 std::vector<EffectsSettings> Editor::GetPackages() const
 {
     std::vector<EffectsSettings> packages;
-    for (const LumetraHost::StackedPackage& package : m_workspace->GetDrawer().GetStack())
+    for (const LumetraHost::StackedPackage& package : m_workspace->GetDrawer().GetShownStack())
         if (package.isOn)
             packages.push_back(*package.settings);
     return packages;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "strip/FolderScan.h"
 
-#include "photo/metadata/CaptureTime.h"
-#include "strip/PhotoNames.h"
+#include "photo/file/PhotoFolder.h"
+#include "photo/metadata/PhotoOrigin.h"
 #include "userdata/EditPlaces.h"
 
 #include <QDir>
@@ -52,7 +52,7 @@ struct FolderScan::Job
         QDirIterator files(folder, QDir::Files);
         while (files.hasNext() && !isCancelled()) {
             files.next();
-            if (PhotoNames::IsPhoto(files.fileName()))
+            if (LumetraHost::PhotoFolder::IsPhotoName(files.fileName()))
                 List(files.fileInfo());
         }
     }
@@ -79,7 +79,7 @@ struct FolderScan::Job
         const auto known = times->constFind(photo.path);
         if (known != times->constEnd() && known->modified == photo.modified)
             return known->captured;
-        return LumetraHost::CaptureTime::Find(photo.path);
+        return LumetraHost::PhotoOrigin::ReadTime(photo.path);
     }
 };
 

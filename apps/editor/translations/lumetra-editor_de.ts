@@ -1470,6 +1470,13 @@ Die Bearbeitung verwerfen und das Foto verlassen?</translation>
     </message>
 </context>
 <context>
+    <name>LumetraEditor::SelectionPlan</name>
+    <message>
+        <source>Files cannot be named after {%1}: each photo has its own edit, which may be of several looks or of none. Use {name}, {n} or {date}.</source>
+        <translation>Dateien können nicht nach {%1} benannt werden: Jedes Foto hat seine eigene Bearbeitung, die aus mehreren Looks bestehen kann oder aus keinem. Möglich sind {name}, {n} und {date}.</translation>
+    </message>
+</context>
+<context>
     <name>LumetraEditor::SelectionProgress</name>
     <message>
         <source>&amp;Try Again What Failed</source>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "window/OpenDialogs.h"
 
+#include "photo/file/PhotoFolder.h"
 #include "settings/EditorSettings.h"
-#include "strip/PhotoNames.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
@@ -13,6 +13,13 @@ namespace {
 
 const QString FolderKey = QStringLiteral("folders/open");
 
+/// The patterns of a file dialog: "*.jpg *.png".
+QString MakePatterns()
+{
+    return QStringLiteral("*.") +
+           LumetraHost::PhotoFolder::GetExtensions().join(QStringLiteral(" *."));
+}
+
 } // namespace
 
 QStringList AskForPhotos(EditorSettings& settings, QWidget* parent)
@@ -21,7 +28,7 @@ QStringList AskForPhotos(EditorSettings& settings, QWidget* parent)
         parent, QCoreApplication::translate("LumetraEditor::OpenDialogs", "Open Photos"),
         settings.Get(FolderKey).toString(),
         QCoreApplication::translate("LumetraEditor::OpenDialogs", "Photos (%1);;All files (*)")
-            .arg(PhotoNames::GetPatterns()));
+            .arg(MakePatterns()));
     if (!paths.isEmpty())
         settings.Set(FolderKey, QFileInfo(paths.first()).absolutePath());
     return paths;

@@ -35,6 +35,9 @@ public:
     /// The layer that is shown instead of that package; empty before the first update.
     std::optional<Layer> GetShownLayer() const;
 
+    /// The settings that finishing would give that package; null before the first update.
+    const SharedSettings& GetPainted() const { return m_shown; }
+
     /// Zorvik::Exception for a null package.
     void StartPainting(const boost::intrusive_ptr<Zorvik::Quindle::SettingsPainterEffectsPackage>&
                            package) override;

@@ -2,6 +2,7 @@
 #include "exporting/batch/OutputPlan.h"
 
 #include "exporting/batch/ResultSearch.h"
+#include "photo/file/PhotoFolder.h"
 #include "photo/metadata/PhotoOrigin.h"
 
 #include "storage/FileIdentity.h"
@@ -61,6 +62,8 @@ QString FindProblem(const PhotoInput& input)
     if (!input.problem.isEmpty() || input.isPiped)
         return input.problem;
     const QFileInfo photo(input.path);
+    if (const QString problem = PhotoFolder::FindNameProblem(input.path); !problem.isEmpty())
+        return QStringLiteral("%1: %2").arg(input.path, problem);
     if (!photo.exists())
         return QStringLiteral("%1: expected a photo, found no such file").arg(input.path);
     if (photo.isDir())

@@ -5,14 +5,12 @@
 #include "photo/file/PhotoFormat.h"
 #include "photo/metadata/PhotoOrigin.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 #include <QRegularExpression>
-
-#include <boost/current_function.hpp>
 
 #include <algorithm>
 #include <functional>
@@ -28,8 +26,7 @@ const QString DefaultDate = QStringLiteral("yyyy-MM-dd");
 
 [[noreturn]] void Refuse(const QString& expected)
 {
-    throw Zorvik::Exception("expected " + expected.toStdString(), BOOST_CURRENT_FUNCTION,
-                            "exporting/batch/OutputTemplate", __LINE__);
+    FailWith("expected " + expected.toStdString());
 }
 
 bool IsUnfit(QChar character)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photo/file/PhotoFile.h"
 
+#include "photo/file/PhotoFolder.h"
 #include "storage/FailWith.h"
 
 #include <QFileInfo>
@@ -34,6 +35,8 @@ PhotoFile::PhotoFile(const QString& path) : m_name(path.toStdString())
 void PhotoFile::CheckKind(const QString& path) const
 {
     const QFileInfo info(path);
+    if (const QString problem = PhotoFolder::FindNameProblem(path); !problem.isEmpty())
+        Fail(problem.toStdString());
     if (!info.exists())
         Fail("there is no such file");
     if (info.isDir())

@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QTextCodec>
 
 #include <filesystem>
 #include <system_error>
@@ -11,11 +12,6 @@ namespace LumetraHost {
 namespace {
 
 namespace Files = std::filesystem;
-
-bool IsPhotoName(const QString& name)
-{
-    return PhotoFolder::GetExtensions().contains(QFileInfo(name).suffix().toLower());
-}
 
 QString Join(const QString& folder, const QString& name)
 {
@@ -29,6 +25,25 @@ bool IsReadable(const QByteArray& name)
 }
 
 } // namespace
+
+QString PhotoFolder::FindNameProblem(const QString& path)
+{
+    const bool hasLost = path.contains(QChar::ReplacementCharacter) && !QFileInfo::exists(path);
+    return hasLost ? DescribeBadName() : QString();
+}
+
+QString PhotoFolder::DescribeBadName()
+{
+    return QStringLiteral("expected a name in the system's encoding, %1, found other bytes in it; "
+                          "rename it")
+        .arg(QString::fromLatin1(QTextCodec::codecForLocale()->name()));
+}
+
+bool PhotoFolder::IsPhotoName(const QString& name)
+{
+    return !name.startsWith(QLatin1Char('.')) &&
+           GetExtensions().contains(QFileInfo(name).suffix().toLower());
+}
 
 const QStringList& PhotoFolder::GetExtensions()
 {
@@ -61,8 +76,7 @@ void PhotoFolder::List(const QString& folder, Depth depth)
                                   ? depth == Depth::WithSubfolders && !entries->is_symlink(unknown)
                                   : IsPhotoName(name);
         if (isWanted && !IsReadable(raw))
-            m_problems.append(QStringLiteral("%1: expected a name in the system's encoding")
-                                  .arg(Join(folder, name)));
+            m_problems.append(QStringLiteral("%1: %2").arg(Join(folder, name), DescribeBadName()));
         else if (isWanted)
             (isFolder ? folders : photos).append(name);
     }

@@ -27,6 +27,16 @@ public:
     /// with the path.
     const QStringList& GetProblems() const { return m_problems; }
 
+    /// "expected …, found …" for a name whose bytes are no text in the system's encoding, so that
+    /// no path leads to its file.
+    static QString DescribeBadName();
+    /// DescribeBadName() for a path that has lost such bytes, in which the replacement character
+    /// stands for them; empty for all others, and where there is such a file.
+    static QString FindNameProblem(const QString& path);
+
+    /// True for the name of a file that is taken for a photo, without its folder: hidden files are
+    /// not. Reading decides by the content; nobody waits for 10,000 files to be opened.
+    static bool IsPhotoName(const QString& name);
     /// The extensions, in lower case and without dot, of the files that are taken for photos.
     static const QStringList& GetExtensions();
 

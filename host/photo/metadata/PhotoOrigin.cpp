@@ -42,13 +42,36 @@ Bytes ReadHead(PhotoFile& file)
     return head;
 }
 
+QString FindText(const Exiv2::ExifData& tags, const char* key)
+{
+    const auto tag = tags.findKey(Exiv2::ExifKey(key));
+    return tag == tags.end() ? QString() : QString::fromStdString(tag->toString()).trimmed();
+}
+
 QDateTime FindTime(const Exiv2::ExifData& tags)
 {
-    const auto tag = tags.findKey(Exiv2::ExifKey("Exif.Photo.DateTimeOriginal"));
-    if (tag == tags.end())
-        return {};
-    const QString text = QString::fromStdString(tag->toString()).trimmed();
-    return QDateTime::fromString(text, QStringLiteral("yyyy:MM:dd HH:mm:ss"));
+    const auto time = QDateTime::fromString(FindText(tags, "Exif.Photo.DateTimeOriginal"),
+                                            QStringLiteral("yyyy:MM:dd HH:mm:ss"));
+    const QString fraction = FindText(tags, "Exif.Photo.SubSecTimeOriginal");
+    bool isNumber = false;
+    const double seconds = (QStringLiteral("0.") + fraction).toDouble(&isNumber);
+    return isNumber ? time.addMSecs(static_cast<qint64>(seconds * 1000)) : time;
+}
+
+/// The tags at the beginning of a file: cameras write the EXIF block in front, and in a raw file it
+/// is part of the first directories. Damage elsewhere in the file is nothing to them.
+Exiv2::ExifData ReadTags(const Bytes& start)
+{
+    Exiv2::ExifData tags;
+    if (DetectPhotoFormat(start) == PhotoFormat::Jpeg) {
+        Warnings ignored;
+        MetadataTags::DecodeExif(JpegMetadata::Read(start, ignored).exif, tags);
+        return tags;
+    }
+    const auto file = Exiv2::ImageFactory::open(start.data(), static_cast<long>(start.size()));
+    const auto lock = MetadataTags::LockXmp();
+    file->readMetadata();
+    return file->exifData();
 }
 
 bool HasRecords(const QByteArray& packet)
@@ -102,6 +125,17 @@ PhotoOrigin PhotoOrigin::Read(const QString& path)
         if (!format)
             return {};
         return format == PhotoFormat::Jpeg ? ReadJpeg(head) : ReadOther(path);
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
+QDateTime PhotoOrigin::ReadTime(const QString& path)
+{
+    MetadataTags::Initialise();
+    try {
+        PhotoFile file(path);
+        return FindTime(ReadTags(file.ReadPart(0, FirstPart)));
     } catch (const std::exception&) {
         return {};
     }

@@ -10,8 +10,8 @@ namespace LumetraHost {
 /// looked at, and of a large file only a small part.
 struct PhotoOrigin
 {
-    /// When the photo was taken, by the camera's clock: EXIF DateTimeOriginal. Invalid where the
-    /// file does not say it.
+    /// When the photo was taken, by the camera's clock, as local time: EXIF DateTimeOriginal, to
+    /// the millisecond where the camera tells that. Invalid where the file does not say it.
     QDateTime taken;
     /// The file records presets that were put on it, so that it is an export of this program or
     /// made from one; see EditRecords.
@@ -19,6 +19,9 @@ struct PhotoOrigin
 
     /// Never throws: nothing is known of a file that cannot be read.
     static PhotoOrigin Read(const QString& path);
+    /// The time alone, from the beginning of the file (256 KB at most), so that a folder of photos
+    /// can be put into order. Never throws.
+    static QDateTime ReadTime(const QString& path);
 };
 
 } // namespace LumetraHost

@@ -3,11 +3,9 @@
 
 #include "photo/metadata/MetadataTags.h"
 
-#include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 
 #include <QRegularExpression>
-
-#include <boost/current_function.hpp>
 
 #include <exiv2/exiv2.hpp>
 
@@ -25,8 +23,7 @@ Exiv2::XmpData Decode(const QByteArray& packet)
     } catch (const std::exception& error) {
         problem = error.what();
     }
-    throw Zorvik::Exception("expected an XMP packet that can be decoded: " + problem,
-                            BOOST_CURRENT_FUNCTION, "photo/XmpNamespace", __LINE__);
+    FailWith("expected an XMP packet that can be decoded: " + problem);
 }
 
 bool IsPlainArray(const Exiv2::Value& value)

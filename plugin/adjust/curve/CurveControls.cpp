@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QSignalBlocker>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -79,6 +80,8 @@ QDoubleSpinBox* CurveControls::MakeNumber(const char* name)
     number->setButtonSymbols(QAbstractSpinBox::NoButtons);
     number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     number->setKeyboardTracking(false);
+    number->setFocusPolicy(Qt::StrongFocus);
+    number->installEventFilter(this);
     connect(number, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
             &CurveControls::TakeNumbers);
     return number;
@@ -131,6 +134,16 @@ void CurveControls::ShowCurve()
     m_editor->Show(CurvePoints::Read(m_commands.GetAdjustments(), m_channel));
 }
 
+/// The wheel scrolls the panel over a number that does not have the focus.
+bool CurveControls::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Wheel && !static_cast<QWidget*>(watched)->hasFocus()) {
+        event->ignore();
+        return true;
+    }
+    return EffectControls::eventFilter(watched, event);
+}
+
 void CurveControls::SetChannel(int channel)
 {
     m_channel = channel;
@@ -176,8 +189,10 @@ void CurveControls::ShowTexts()
     m_outName->setText(tr("Out"));
     m_in->setAccessibleName(tr("Selected point: brightness before, in per cent"));
     m_out->setAccessibleName(tr("Selected point: brightness after, in per cent"));
-    for (QDoubleSpinBox* const number : {m_in, m_out})
+    for (QDoubleSpinBox* const number : {m_in, m_out}) {
+        number->setLocale(QLocale());
         number->findChild<QLineEdit*>()->setAccessibleName(number->accessibleName());
+    }
     m_remove->setText(tr("Remove point"));
     m_reset->setText(tr("Reset curve"));
 }

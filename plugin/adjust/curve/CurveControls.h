@@ -29,6 +29,9 @@ public:
     void ShowValues() override;
     void ShowTexts() override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void MakeChannels(QVBoxLayout& column);
     void MakeNumbers(QVBoxLayout& column);

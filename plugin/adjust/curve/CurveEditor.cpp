@@ -59,8 +59,12 @@ QSize CurveEditor::sizeHint() const
     return {UsualSide, UsualSide};
 }
 
+/// A drag ends where other points come meanwhile, such as those of an undo: it would go on with
+/// another point.
 void CurveEditor::Show(const CurvePoints& points)
 {
+    if (points.Get() != m_points.Get())
+        m_isDragging = m_isStepOpen = false;
     m_points = points;
     m_selected = std::clamp(m_selected, 0, m_points.Count() - 1);
     Speak();
@@ -201,9 +205,10 @@ void CurveEditor::mouseMoveEvent(QMouseEvent* event)
         MoveTo(ToPoint(event->localPos()));
 }
 
-void CurveEditor::mouseReleaseEvent(QMouseEvent* /*event*/)
+void CurveEditor::mouseReleaseEvent(QMouseEvent* event)
 {
-    EndStep();
+    if (event->button() == Qt::LeftButton)
+        EndStep();
 }
 
 void CurveEditor::mouseDoubleClickEvent(QMouseEvent* event)

@@ -133,9 +133,10 @@ void HueWheel::mouseMoveEvent(QMouseEvent* event)
         MoveMark(event->localPos());
 }
 
-void HueWheel::mouseReleaseEvent(QMouseEvent* /*event*/)
+void HueWheel::mouseReleaseEvent(QMouseEvent* event)
 {
-    EndStep();
+    if (event->button() == Qt::LeftButton)
+        EndStep();
 }
 
 void HueWheel::mouseDoubleClickEvent(QMouseEvent* event)

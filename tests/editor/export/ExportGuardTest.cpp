@@ -16,6 +16,8 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdio>
+
 #include <unistd.h>
 
 using namespace LumetraTest;
@@ -176,6 +178,50 @@ TEST_F(ExportGuardTest, refusesWhatIsNoOrdinaryFile)
     ExpectRefused(Path("dangling.png"), "is a link to a file that is not there");
     ExpectRefused(Path("device.png"), "is not an ordinary file");
     EXPECT_FALSE(QFile::exists(Path("nowhere.png")));
+}
+
+TEST_F(ExportGuardTest, refusesAPhotoThatAnotherProgramHasReplaced)
+{
+    WriteFile("photo.png", "a photo");
+    Link(".", "folder-link");
+    ExportGuard guard;
+    guard.AddPhotos({Path("photo.png")});
+    EXPECT_NE(guard.FindObstacle(Path("photo.png")), QString());
+
+    WriteFile("new.png", "another photo");
+    ASSERT_EQ(std::rename(qPrintable(Path("new.png")), qPrintable(Path("photo.png"))), 0);
+
+    for (const char* const name : {"photo.png", "folder-link/photo.png"})
+        EXPECT_THAT(guard.FindObstacle(Path(name)).toStdString(),
+                    HasSubstr("is one of the photos that were opened"));
+}
+
+TEST_F(ExportGuardTest, allowsAFileThatWasAPhotoUnderAnotherName)
+{
+    WriteFile("photo.png", "a photo");
+    LinkHard("photo.png", "out.png");
+    ExportGuard guard;
+    guard.AddPhotos({Path("photo.png")});
+    EXPECT_NE(guard.FindObstacle(Path("out.png")), QString());
+
+    WriteFile("new.png", "another photo");
+    ASSERT_EQ(std::rename(qPrintable(Path("new.png")), qPrintable(Path("photo.png"))), 0);
+
+    EXPECT_EQ(guard.FindObstacle(Path("out.png")), QString());
+}
+
+TEST_F(ExportGuardTest, knowsEachOfManyPhotosAtOnce)
+{
+    QStringList photos;
+    for (int i = 0; i < 500; ++i)
+        photos.append(WriteFile(qPrintable(QStringLiteral("many%1.png").arg(i)), "a photo"));
+    LinkHard("many499.png", "last.png");
+    ExportGuard guard;
+
+    guard.AddPhotos(photos);
+
+    EXPECT_NE(guard.FindObstacle(Path("last.png")), QString());
+    EXPECT_EQ(guard.FindObstacle(Path("none.png")), QString());
 }
 
 TEST_F(ExportGuardTest, looksAgainBeforeItWrites)

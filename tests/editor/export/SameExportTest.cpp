@@ -9,7 +9,11 @@
 #include "photo/colour/ColorConversion.h"
 #include "photo/file/WrittenFormat.h"
 #include "photo/metadata/EditRecord.h"
+#include "strip/PhotoStrip.h"
+#include "strip/PhotoStripModel.h"
 
+#include <QAction>
+#include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QProcess>
 #include <QSlider>
@@ -19,6 +23,7 @@
 #include <gmock/gmock.h>
 
 #include <optional>
+#include <vector>
 
 using namespace LumetraTest;
 using LumetraEditor::ExportJob;
@@ -121,7 +126,7 @@ protected:
     QByteArray ExportByBatch(const LumetraHost::NamedRecipe& named) const
     {
         EXPECT_TRUE(editor->SaveEdit());
-        const LumetraEditor::SelectionOrder order{{photo}, {named}, {}, {}, true};
+        const LumetraEditor::SelectionOrder order{{photo}, {named}, {}, {}, true, {}};
         LumetraEditor::SelectionExporter exporter(std::make_shared<LumetraEditor::ExportGuard>());
         exporter.Start(LumetraEditor::SelectionPlan::Make(order, LumetraEditor::ExportGuard()));
         WaitUntil([&exporter] { return !exporter.IsRunning(); });
@@ -134,6 +139,29 @@ protected:
         QFile file(jobs.front().output);
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
         return file.readAll();
+    }
+
+    /// The file that the export of the open photo makes by the recipe.
+    QByteArray ExportAlone(const LumetraHost::NamedRecipe& named) const
+    {
+        ExportOptions options;
+        options.recipe = named.recipe;
+        return ExportByEditor(options, "single.jpg");
+    }
+
+    /// The file that the tool makes of the photo's saved edit.
+    QByteArray ExportEditByTool(const LumetraHost::NamedRecipe& named) const
+    {
+        QStringList words{QStringLiteral("apply"),    photo,
+                          QStringLiteral("--edits"),  QStringLiteral("--overwrite"),
+                          QStringLiteral("--output"), Path("tool.jpg")};
+        if (named.recipe.longestSide > 0)
+            words << QStringLiteral("--size") << QString::number(named.recipe.longestSide);
+        QProcess tool;
+        tool.start(QStringLiteral(LUMETRA_PRESETS_PROGRAM), words);
+        EXPECT_TRUE(tool.waitForFinished(-1));
+        EXPECT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().toStdString();
+        return ReadFile("tool.jpg");
     }
 
     /// Compares exports at the photo's size, at a smaller one and at a larger one, which is not
@@ -178,28 +206,48 @@ protected:
 TEST_F(SameExportTest, isMadeOfTheSavedEditByTheEditorsBatchAndByTheTool)
 {
     Edit(WriteLarge("photo.jpg"));
-    const auto shipped = LumetraHost::NamedRecipe::GetShipped();
-    for (const auto& named : shipped) {
-        ExportOptions options;
-        options.recipe = named.recipe;
-        const QByteArray single = ExportByEditor(options, "single.jpg");
-
-        const QByteArray batch = ExportByBatch(named);
-
-        QStringList words{QStringLiteral("apply"),    photo,
-                          QStringLiteral("--edits"),  QStringLiteral("--overwrite"),
-                          QStringLiteral("--output"), Path("tool.jpg")};
-        if (named.recipe.longestSide > 0)
-            words << QStringLiteral("--size") << QString::number(named.recipe.longestSide);
-        QProcess tool;
-        tool.start(QStringLiteral(LUMETRA_PRESETS_PROGRAM), words);
-        EXPECT_TRUE(tool.waitForFinished(-1));
-        EXPECT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().toStdString();
+    for (const auto& named : LumetraHost::NamedRecipe::GetShipped()) {
+        const QByteArray single = ExportAlone(named);
+        EXPECT_FALSE(single.isEmpty());
         EXPECT_THAT(LumetraHost::JobFingerprint::ReadFrom(Path("single.jpg")),
                     testing::MatchesRegex("[0-9a-f]{64}"));
-        EXPECT_TRUE(batch == single) << named.name.toStdString();
-        EXPECT_TRUE(ReadFile("tool.jpg") == single) << named.name.toStdString();
+        EXPECT_TRUE(ExportByBatch(named) == single) << named.name.toStdString();
+        EXPECT_TRUE(ExportEditByTool(named) == single) << named.name.toStdString();
     }
+}
+
+TEST_F(SameExportTest, isMadeOfAPastedEditByTheEditorsBatchAndByTheTool)
+{
+    const QString target = WriteLarge("target.jpg");
+    Edit(WriteLarge("photo.jpg"));
+    window->OpenPhotos({photo, target});
+    WaitUntil([this] { return !editor->IsOpening(); });
+    FindAction("copyEdit")->trigger();
+    const auto& row = GetPart<LumetraEditor::PhotoStripModel>();
+    WaitUntil([&] { return row.FindRow(target) >= 0; });
+    const QModelIndex other = row.index(row.FindRow(target));
+    GetPart<LumetraEditor::PhotoStrip>().selectionModel()->select(other,
+                                                                  QItemSelectionModel::Select);
+    FindAction("pasteEdit")->trigger();
+    editor->GetManySteps().GetEdits().WaitForAll();
+    ASSERT_EQ(editor->GetPhotoPath(), photo) << "the other photo gets its edit unseen";
+    photo = target;
+
+    const auto shipped = LumetraHost::NamedRecipe::GetShipped();
+    std::vector<QByteArray> batches, tools;
+    for (const auto& named : shipped) {
+        batches.push_back(ExportByBatch(named));
+        tools.push_back(ExportEditByTool(named));
+    }
+
+    Open(target);
+    for (std::size_t i = 0; i < shipped.size(); ++i) {
+        const QByteArray single = ExportAlone(shipped[i]);
+        EXPECT_FALSE(single.isEmpty());
+        EXPECT_TRUE(batches[i] == single) << shipped[i].name.toStdString();
+        EXPECT_TRUE(tools[i] == single) << shipped[i].name.toStdString();
+    }
+    ExpectRecord("single.jpg", Intensity);
 }
 
 TEST_F(SameExportTest, isMadeOfAJpegPhotoThatIsStreamed)

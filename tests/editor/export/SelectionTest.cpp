@@ -18,6 +18,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QSemaphore>
 #include <QSpinBox>
 #include <QUrl>
 
@@ -171,6 +172,49 @@ TEST_F(SelectionTest, savesTheEditOfTheShownPhotoFirst)
               ExportAlone(NamedRecipe::GetShipped().front(), "alone.jpg"));
 }
 
+TEST_F(SelectionTest, exportsAPhotoWithTheChangesThatStillWaitForIt)
+{
+    QSemaphore begun, mayGoOn;
+    const QString bare = WritePhoto("bare.png", 50, 40);
+    const auto change = [&, edit = editor->GetEdit()](const LumetraHost::EditState& before) {
+        if (before.layers.empty()) {
+            begun.release();
+            mayGoOn.acquire();
+        }
+        return edit;
+    };
+    editor->GetManySteps().Change(QStringLiteral("Test"), {bare, hill}, change);
+    begun.acquire(); // the bare photo is being changed, the other one waits
+
+    Export({hill}, [](SelectionDialog& dialog) {
+        Tick(dialog, {0, 1}); // two files of one photo are made at the same time
+        Accept(dialog);
+    });
+    mayGoOn.release();
+    editor->GetManySteps().GetEdits().WaitForAll();
+
+    EXPECT_EQ(GetOutcome(), "Written: 2");
+    Open(hill);
+    ASSERT_EQ(Find<QSlider>("exposureSlider")->value(), -10);
+    const auto shipped = NamedRecipe::GetShipped();
+    EXPECT_EQ(ReadFile("export/hill.jpg"), ExportAlone(shipped[0], "alone.jpg"));
+    EXPECT_EQ(ReadFile("export/hill_2048.jpg"), ExportAlone(shipped[1], "alone_2048.jpg"));
+}
+
+TEST_F(SelectionTest, refusesNamesThatStandForOneLook)
+{
+    Export({hill, lake}, [](SelectionDialog& dialog) {
+        Tick(dialog, {0});
+        for (const char* const name : {"{preset}", "{group}", "{intensity}"}) {
+            PartOf<QLineEdit>(dialog, "selectionFile")->setText(QLatin1String(name));
+            WaitUntil([&] { return GetSummary(dialog).find(name) != std::string::npos; });
+            EXPECT_FALSE(PartOf<QPushButton>(dialog, "selectionExport")->isEnabled());
+            EXPECT_EQ(PartOf<QLabel>(dialog, "selectionFirst")->text(), QString());
+        }
+    });
+    EXPECT_FALSE(QFileInfo::exists(Path("export")));
+}
+
 TEST_F(SelectionTest, showsTheFirstFileAndHowManyThereWillBe)
 {
     Export({hill, lake}, [this](SelectionDialog& dialog) {
@@ -227,7 +271,7 @@ TEST_F(SelectionTest, neverReplacesAPhotoOrAnEdit)
     const QByteArray photo = ReadFile("lake.png");
     NamedRecipe named;
     named.recipe.format = LumetraHost::PhotoFormat::Png;
-    SelectionOrder order{{lake}, {named}, {}, {}, true};
+    SelectionOrder order{{lake}, {named}, {}, {}, true, {}};
 
     const SelectionPlan plan = SelectionPlan::Make(order, LumetraEditor::ExportGuard());
 
@@ -359,6 +403,28 @@ TEST_F(SelectionTest, makesARecipeAndRemembersThatItWasTicked)
     Export({lake}, [](SelectionDialog& dialog) { Accept(dialog); });
     EXPECT_EQ(PhotoReader::Read(Path("web/lake.webp")).image.GetWidth(), 40);
     EXPECT_FALSE(QFileInfo::exists(Path("export")));
+}
+
+TEST_F(SelectionTest, aShippedRecipeIsEditedUnderTheNameThatTheListShows)
+{
+    window->UseLanguage(QStringLiteral("de"));
+    Export({hill}, [](SelectionDialog& dialog) {
+        auto* const list = PartOf<QListWidget>(dialog, "recipeList");
+        EXPECT_THAT(list->item(0)->text().toStdString(), HasSubstr("Volle Größe"));
+        QTimer::singleShot(0, &dialog, [&dialog] {
+            auto* const recipe = dialog.findChild<RecipeDialog*>();
+            EXPECT_EQ(PartOf<QLineEdit>(*recipe, "recipeName")->text(),
+                      QStringLiteral("Volle Größe"));
+            PartOf<QPushButton>(*recipe, "recipeSave")->click();
+        });
+        PartOf<QPushButton>(dialog, "recipeEdit")->click();
+        EXPECT_THAT(list->item(0)->text().toStdString(), HasSubstr("Volle Größe"));
+    });
+    window->UseLanguage(QStringLiteral("en"));
+    Export({hill}, [](SelectionDialog& dialog) {
+        EXPECT_THAT(PartOf<QListWidget>(dialog, "recipeList")->item(0)->text().toStdString(),
+                    HasSubstr("Full size"));
+    });
 }
 
 TEST_F(SelectionTest, refusesANameThatARecipeHasAndKeepsTheDialogOpen)

@@ -144,6 +144,19 @@ TEST_F(ManyCommandsTest, aPastedEditIsTheSameAsOneMadeByHand)
     EXPECT_TRUE(HaveSamePixels(Draw(), pasted));
 }
 
+TEST_F(ManyCommandsTest, aSavedEditCanBeCopiedAndTakenOffAsSoonAsItsPhotoIsOpen)
+{
+    ClickLook(Look);
+    Finish();
+    Show(photos[1]);
+    EXPECT_FALSE(FindAction("copyEdit")->isEnabled());
+
+    Show(photos[0]);
+
+    EXPECT_TRUE(FindAction("copyEdit")->isEnabled());
+    EXPECT_TRUE(FindAction("takeOff")->isEnabled());
+}
+
 TEST_F(ManyCommandsTest, pastingOnTheSelectedIsOneStep)
 {
     ClickLook(Look);

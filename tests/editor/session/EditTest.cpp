@@ -99,6 +99,26 @@ TEST_F(EditTest, takesADragForOneStep)
     EXPECT_EQ(Slider()->value(), 0);
 }
 
+TEST_F(EditTest, takenInTheMiddleOfADragHasItsValuesInTheLayerToo)
+{
+    LoadPresetsPanel();
+    ClickLook(QStringLiteral("Candlelight"));
+    auto* const intensity = Find<QSlider>("intensitySlider");
+    intensity->setSliderDown(true);
+    intensity->setSliderPosition(intensity->value() / 2);
+
+    const auto taken = editor->GetEdit();
+    const auto exported = editor->GetPackages();
+    intensity->setSliderDown(false);
+
+    const auto finished = editor->GetEdit();
+    ASSERT_EQ(taken.layers.size(), 1u);
+    EXPECT_TRUE(taken == finished);
+    EXPECT_EQ(taken.layers[0].record.intensity, finished.layers[0].record.intensity);
+    ASSERT_EQ(exported.size(), 1u);
+    EXPECT_TRUE(LumetraHost::IsSamePackage(exported[0], *finished.layers[0].settings));
+}
+
 TEST_F(EditTest, takesNoStepForNoChange)
 {
     editor->NoteEdit(QStringLiteral("Nothing"));

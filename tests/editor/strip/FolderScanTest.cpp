@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "strip/FolderScan.h"
 #include "editor/EditorFixture.h"
-#include "strip/PhotoNames.h"
 
 #include <QDir>
 #include <QFile>

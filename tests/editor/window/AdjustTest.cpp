@@ -21,6 +21,8 @@
 #include <QMenu>
 #include <QProcess>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QSet>
 #include <QSlider>
 #include <QTabWidget>
 #include <QTest>
@@ -68,6 +70,14 @@ protected:
             if (tabs->tabText(i) == title)
                 tabs->setCurrentIndex(i);
         QApplication::processEvents();
+    }
+    /// The height of the part of the panel that a widget is scrolled in.
+    static int HeightInSight(const QWidget& widget)
+    {
+        for (const QWidget* parent = &widget; parent; parent = parent->parentWidget())
+            if (const auto* const area = qobject_cast<const QScrollArea*>(parent))
+                return area->viewport()->height();
+        return widget.height();
     }
     QSlider& Slider(const char* name) const { return *Find<QSlider>(name); }
     /// Opens all sections and headings; returns the panel.
@@ -183,6 +193,31 @@ TEST_F(AdjustTest, theTabKeyGoesFromAHeaderIntoItsSection)
     headers[1]->setFocus();
     QTest::keyClick(headers[1], Qt::Key_Backtab);
     EXPECT_NE(QApplication::focusWidget(), headers[0]) << "the last control of the first section";
+}
+
+TEST_F(AdjustTest, aControlThatTheTabKeyReachesIsInSight)
+{
+    window->resize(600, 480);
+    QWidget* const panel = OpenEverything();
+    QApplication::setActiveWindow(window.get());
+    panel->findChild<CustomToolBoxButton*>()->setFocus(Qt::TabFocusReason);
+    QApplication::processEvents();
+
+    QSet<const QWidget*> reached;
+    for (QWidget* focus = window->focusWidget(); focus && panel->isAncestorOf(focus);
+         focus = window->focusWidget()) {
+        if (reached.contains(focus))
+            break;
+        reached.insert(focus);
+        const QRect seen = focus->visibleRegion().boundingRect();
+        const int most = std::min(focus->height(), HeightInSight(*focus));
+        EXPECT_TRUE(seen.width() == focus->width() && seen.height() >= most)
+            << focus->metaObject()->className() << " " << focus->objectName().toStdString() << ", "
+            << focus->accessibleName().toStdString();
+        QTest::keyClick(focus, Qt::Key_Tab);
+        QApplication::processEvents();
+    }
+    EXPECT_GT(reached.size(), 100);
 }
 
 TEST_F(AdjustTest, everyEffectOfNumbersHasItsControls)

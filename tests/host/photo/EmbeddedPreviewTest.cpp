@@ -6,7 +6,7 @@
 #include "photo/EmbeddedPreview.h"
 #include "photo/PhotoWriter.h"
 #include "photo/colour/ColorConversion.h"
-#include "photo/metadata/CaptureTime.h"
+#include "photo/metadata/PhotoOrigin.h"
 
 #include <QDateTime>
 #include <QTemporaryDir>
@@ -22,7 +22,7 @@
 
 using namespace LumetraTest;
 using LumetraHost::EmbeddedPreview;
-namespace CaptureTime = LumetraHost::CaptureTime;
+using LumetraHost::PhotoOrigin;
 
 namespace {
 
@@ -180,13 +180,13 @@ TEST_F(EmbeddedPreviewTest, isNotThereWhereItIsDamaged)
 TEST_F(EmbeddedPreviewTest, timesComeFromTheCamera)
 {
     const QString path = WriteJpeg("photo.jpg", Plain(60, 40, PhotoRed));
-    EXPECT_FALSE(CaptureTime::Find(path).isValid());
+    EXPECT_FALSE(PhotoOrigin::ReadTime(path).isValid());
     Tag(path, [](Exiv2::ExifData& tags) {
         tags["Exif.Photo.DateTimeOriginal"] = "2026:05:17 18:04:09";
         tags["Exif.Photo.SubSecTimeOriginal"] = "25";
     });
 
-    EXPECT_EQ(CaptureTime::Find(path), QDateTime(QDate(2026, 5, 17), QTime(18, 4, 9, 250)));
+    EXPECT_EQ(PhotoOrigin::ReadTime(path), QDateTime(QDate(2026, 5, 17), QTime(18, 4, 9, 250)));
 }
 
 TEST_F(EmbeddedPreviewTest, timesOfOtherFilesAreUnknown)
@@ -200,5 +200,5 @@ TEST_F(EmbeddedPreviewTest, timesOfOtherFilesAreUnknown)
 
     for (const char* const name :
          {"pipe.jpg", "notes.jpg", "empty.jpg", "gone.jpg", ".", "odd.jpg"})
-        EXPECT_FALSE(CaptureTime::Find(Path(name)).isValid()) << name;
+        EXPECT_FALSE(PhotoOrigin::ReadTime(Path(name)).isValid()) << name;
 }

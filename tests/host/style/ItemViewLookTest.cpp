@@ -4,6 +4,7 @@
 #include "StyledApplication.h"
 
 #include <QListView>
+#include <QListWidget>
 #include <QStringListModel>
 #include <QTest>
 #include <QTreeWidget>
@@ -35,7 +36,7 @@ protected:
 
     double NameContrast(QAbstractItemView& view, int row)
     {
-        const QRect place = view.visualRect(m_names.index(row, 0)).adjusted(1, 1, -1, -1);
+        const QRect place = view.visualRect(view.model()->index(row, 0)).adjusted(1, 1, -1, -1);
         return DrawnContrast(view.viewport()->grab().toImage(), place);
     }
 
@@ -70,6 +71,38 @@ TEST_P(ItemViewLook, disabledListMutesItsNames)
 {
     QListView list;
     ExpectMutedWhenDisabled(list, ColoursOf(GetParam()).panel);
+}
+
+TEST_P(ItemViewLook, itemsOfAListStandApartFromItsEdgeAndFromEachOther)
+{
+    QListWidget list;
+    list.addItem(QStringLiteral("Warm Window"));
+    list.resize(200, 120);
+    list.show();
+    (void)QTest::qWaitForWindowExposed(&list);
+    constexpr int Above = 4, Beside = 8;
+
+    const QImage drawn = list.viewport()->grab().toImage();
+
+    EXPECT_GE(list.sizeHintForRow(0), list.fontMetrics().height() + 2 * Above);
+    const QColor field = ColoursOf(GetParam()).field;
+    for (int x = 0; x < Beside; ++x)
+        for (int y = 0; y < list.sizeHintForRow(0); ++y)
+            EXPECT_EQ(drawn.pixelColor(x, y), field) << x << ", " << y;
+}
+
+TEST_P(ItemViewLook, disabledListWidgetMutesItsNames)
+{
+    QListWidget list;
+    list.addItems(m_names.stringList());
+    list.resize(200, 120);
+    list.show();
+    (void)QTest::qWaitForWindowExposed(&list);
+    list.setCurrentRow(1);
+    list.setEnabled(false);
+
+    ExpectDisabled(list, 0, ColoursOf(GetParam()).field);
+    ExpectDisabled(list, 1, ColoursOf(GetParam()).header);
 }
 
 TEST_P(ItemViewLook, disabledTreeMutesItsNames)

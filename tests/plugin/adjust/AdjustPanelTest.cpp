@@ -9,13 +9,16 @@
 #include "adjust/curve/CurveEditor.h"
 #include "widgets/CustomToolBoxButton.h"
 
+#include <QAbstractSpinBox>
 #include <QAction>
 #include <QApplication>
+#include <QDoubleSpinBox>
 #include <QLocale>
 #include <QMenu>
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>
+#include <QWheelEvent>
 
 #include <gmock/gmock.h>
 
@@ -147,6 +150,24 @@ TEST_F(AdjustPanelTest, drawsThePointsOfTheCurve)
     EXPECT_EQ(editor.steps.last(), QStringLiteral("Tone curve"));
 }
 
+TEST_F(AdjustPanelTest, isScrolledByTheWheelOverNumbersThatDoNotHaveTheFocus)
+{
+    for (int section = 1; section < 7; ++section)
+        Header(section).click();
+    const auto numbers = panel.GetWidget()->findChildren<QAbstractSpinBox*>();
+    EXPECT_TRUE(numbers.contains(&Find<QAbstractSpinBox>("curveIn")));
+    for (QAbstractSpinBox* const number : numbers) {
+        EXPECT_FALSE((number->focusPolicy() & Qt::WheelFocus) == Qt::WheelFocus)
+            << number->accessibleName().toStdString();
+        const QPointF at = number->rect().center();
+        QWheelEvent wheel(at, number->mapToGlobal(at.toPoint()), {}, {0, 120}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        number->clearFocus();
+        QApplication::sendEvent(number, &wheel);
+    }
+    EXPECT_TRUE(editor.steps.isEmpty()) << editor.steps.join(QStringLiteral(", ")).toStdString();
+}
+
 TEST_F(AdjustPanelTest, isDisabledWhileTheDrawerIsLockedAndWithoutAPhoto)
 {
     using Zorvik::Lumetra::LumetraInt::IObjectsConnectorID;
@@ -205,8 +226,13 @@ TEST_F(AdjustPanelTest, speaksTheLanguageOfTheEditor)
 {
     QLocale::setDefault(QLocale(QLocale::German));
     QEvent change(QEvent::LanguageChange);
+    for (int section = 1; section < 7; ++section)
+        Header(section).click();
     QApplication::sendEvent(panel.GetWidget(), &change);
     EXPECT_EQ(Header(0).text(), QStringLiteral("Licht"));
+    for (const auto* const number : panel.GetWidget()->findChildren<QDoubleSpinBox*>())
+        EXPECT_EQ(number->locale().decimalPoint(), QLatin1Char(','))
+            << number->accessibleName().toStdString();
     EXPECT_EQ(Find<QPushButton>("saveLook").text(), QStringLiteral("Als Look sichern …"));
 
     QLocale::setDefault(QLocale(QLocale::English));

@@ -167,11 +167,17 @@ std::optional<std::size_t> RecipeList::GetCurrent() const
     return static_cast<std::size_t>(row);
 }
 
+/// The dialog shows the name that the list shows; one that is left as it is stays in the store.
 void RecipeList::Edit(const NamedRecipe& named, const QString& replaced)
 {
-    RecipeDialog dialog(named, this);
+    NamedRecipe shown = named;
+    if (!named.name.isEmpty())
+        shown.name = ShowName(named.name);
+    RecipeDialog dialog(shown, this);
     while (dialog.exec() == QDialog::Accepted) {
-        const NamedRecipe edited = dialog.Get();
+        NamedRecipe edited = dialog.Get();
+        if (edited.name == shown.name)
+            edited.name = named.name;
         if (!TryToStore([&] { m_store.Save(edited, replaced); }))
             continue; // the user changes the name, or gives up
         QStringList ticked = GetTickedNames();

@@ -42,10 +42,11 @@ QLabel* MakeNote(QWidget* parent, const char* name)
 
 } // namespace
 
-SelectionDialog::SelectionDialog(const QStringList& photos, EditorSettings& settings,
-                                 std::shared_ptr<const ExportGuard> guard, QWidget* parent)
-    : QDialog(parent), m_photos(photos), m_settings(settings), m_guard(std::move(guard)),
-      m_recipes(Named(new RecipeList(this), "selectionRecipes")),
+SelectionDialog::SelectionDialog(const QStringList& photos, const SettleEdit& settle,
+                                 EditorSettings& settings, std::shared_ptr<const ExportGuard> guard,
+                                 QWidget* parent)
+    : QDialog(parent), m_photos(photos), m_settle(settle), m_settings(settings),
+      m_guard(std::move(guard)), m_recipes(Named(new RecipeList(this), "selectionRecipes")),
       m_folder(Named(new QLineEdit(this), "selectionFolder")),
       m_browse(Named(new QPushButton(tr("&Browse…"), this), "selectionBrowse")),
       m_file(Named(new QLineEdit(this), "selectionFile")),
@@ -142,6 +143,7 @@ SelectionOrder SelectionDialog::GetOrder() const
     order.folder = m_folder->text().trimmed();
     order.file = m_file->text().trimmed();
     order.replaces = m_existing->currentData().toBool();
+    order.settle = m_settle;
     return order;
 }
 

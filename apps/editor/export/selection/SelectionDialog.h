@@ -28,8 +28,8 @@ class SelectionDialog : public QDialog
     Q_OBJECT
 
 public:
-    /// `settings` is kept by reference.
-    SelectionDialog(const QStringList& photos, EditorSettings& settings,
+    /// `settings` is kept by reference. `settle` becomes part of the plan, see SelectionOrder.
+    SelectionDialog(const QStringList& photos, const SettleEdit& settle, EditorSettings& settings,
                     std::shared_ptr<const ExportGuard> guard, QWidget* parent = nullptr);
     ~SelectionDialog() override;
 
@@ -53,6 +53,7 @@ private:
     QString Describe(const SelectionPlan& plan) const;
 
     const QStringList m_photos;
+    const SettleEdit m_settle;
     EditorSettings& m_settings;
     const std::shared_ptr<const ExportGuard> m_guard;
     SelectionPlan m_plan;

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "export/selection/SelectionPlan.h"
 
-#include "edits/SavedEdits.h"
 #include "export/ExportGuard.h"
 #include "exporting/batch/OutputTemplate.h"
 #include "photo/file/WrittenFormat.h"
+#include "storage/FailWith.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 #include <exception>
@@ -19,7 +21,24 @@ using LumetraHost::NamedRecipe;
 using LumetraHost::OutputSet;
 using LumetraHost::OutputTemplate;
 using LumetraHost::PhotoJob;
-using LumetraHost::SavedEdits;
+
+struct PlanTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(LumetraEditor::SelectionPlan)
+};
+
+/// Throws for placeholders that stand for one look.
+void RefuseLookNames(const OutputTemplate& names)
+{
+    for (const char* const name : {"preset", "group", "intensity"})
+        if (names.Uses(QLatin1String(name)))
+            LumetraHost::FailWith(
+                PlanTexts::tr("Files cannot be named after {%1}: each photo has its own edit, "
+                              "which may be of several looks or of none. Use {name}, {n} or "
+                              "{date}.")
+                    .arg(QLatin1String(name))
+                    .toStdString());
+}
 
 QString GetTemplate(const SelectionOrder& order, NamedRecipe named)
 {
@@ -31,9 +50,10 @@ QString GetTemplate(const SelectionOrder& order, NamedRecipe named)
 }
 
 OutputSet MakeSet(const SelectionOrder& order, const NamedRecipe& named,
-                  const std::shared_ptr<const SavedEdits>& edits)
+                  const std::shared_ptr<const CurrentEdits>& edits)
 {
     OutputSet set{OutputTemplate(GetTemplate(order, named))};
+    RefuseLookNames(set.names);
     set.values.extension = QLatin1String(LumetraHost::GetWrittenFormat(named.recipe.format).suffix);
     set.look = edits;
     set.recipe = std::make_shared<const ExportRecipe>(named.recipe);
@@ -42,7 +62,7 @@ OutputSet MakeSet(const SelectionOrder& order, const NamedRecipe& named,
 
 std::vector<PhotoJob> MakeJobs(const SelectionOrder& order)
 {
-    const auto edits = std::make_shared<const SavedEdits>(LumetraHost::LookLayers());
+    const auto edits = std::make_shared<const CurrentEdits>(order.settle);
     std::vector<OutputSet> sets;
     for (const NamedRecipe& named : order.recipes)
         sets.push_back(MakeSet(order, named, edits));
@@ -56,16 +76,12 @@ std::vector<PhotoJob> MakeJobs(const SelectionOrder& order)
 
 void AskGuard(std::vector<PhotoJob>& jobs, const ExportGuard& guard)
 {
-    QStringList outputs;
-    for (const PhotoJob& job : jobs)
-        outputs.append(job.output);
-    const QStringList obstacles = guard.FindObstacles(outputs);
-    for (std::size_t i = 0; i < jobs.size(); ++i) {
-        const QString& obstacle = obstacles[static_cast<int>(i)];
-        if (jobs[i].state != PhotoJob::State::Planned || obstacle.isEmpty())
+    for (PhotoJob& job : jobs) {
+        if (job.state != PhotoJob::State::Planned)
             continue;
-        jobs[i].state = PhotoJob::State::Failed;
-        jobs[i].message = obstacle;
+        job.message = guard.FindObstacle(job.output);
+        if (!job.message.isEmpty())
+            job.state = PhotoJob::State::Failed;
     }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "export/selection/CurrentEdits.h"
 #include "exporting/batch/OutputPlan.h"
 #include "exporting/recipes/NamedRecipe.h"
 
@@ -21,6 +22,7 @@ struct SelectionOrder
     QString folder;                                ///< in place of the recipes' own; empty: theirs
     QString file;          ///< name without extension, in place of theirs; empty: theirs
     bool replaces = false; ///< false: files that are there stay, and their photos are skipped
+    SettleEdit settle;     ///< called for each photo before its edit is read; may be empty
 };
 
 /// The files that an order makes, known before anything is written.
@@ -30,8 +32,9 @@ struct SelectionPlan
     bool replaces = false;                   ///< files that are there may be replaced
     QString problem; ///< why nothing can be planned; empty in a plan that holds
 
-    /// Looks at the files of all photos and outputs, each photo with its own saved edit. Usable
-    /// from any thread.
+    /// Looks at the files of all photos and outputs, each photo with its own edit. Refuses names
+    /// with {preset}, {group} or {intensity}, since an edit may be of several looks or of none.
+    /// Usable from any thread.
     static SelectionPlan Make(const SelectionOrder& order, const ExportGuard& guard);
     /// The name of the first photo's first file; empty without photo or recipe. Zorvik::Exception
     /// for names that cannot be used.

@@ -305,6 +305,21 @@ TEST_F(PainterScenario, tellsOfEveryTickAndOfTheEnd)
     EXPECT_EQ(m_observer.frames, 3);
 }
 
+TEST_F(PainterScenario, isPartOfTheShownStackAndNotOfTheAppliedOne)
+{
+    Apply(m_panel);
+    m_drawer.SetOn(0, false);
+    StartBlend("panel");
+    EXPECT_FALSE(m_drawer.GetShownStack().at(0).isOn) << "nothing is painted yet";
+    UpdateBlend(100);
+
+    EXPECT_EQ(m_drawer.GetShownStack().at(0).settings->GetBlendAmount(), 100);
+    EXPECT_TRUE(m_drawer.GetShownStack().at(0).isOn);
+    EXPECT_EQ(m_drawer.GetStack().at(0).settings->GetBlendAmount(), m_panel.GetBlendAmount());
+    Finish();
+    EXPECT_EQ(m_drawer.GetStack().at(0).settings->GetBlendAmount(), 100);
+}
+
 TEST_F(PainterScenario, refusesANullPackage)
 {
     EXPECT_THROW(m_painter.StartPainting(nullptr), Zorvik::Exception);

@@ -96,7 +96,12 @@ TEST_F(PhotoFolderTest, tellsOfNamesThatCannotBeReadAndFoldersThatAreMissing)
     EXPECT_THAT(found.GetPhotos(), SizeIs(1));
     ASSERT_THAT(found.GetProblems(), SizeIs(1));
     EXPECT_THAT(found.GetProblems().first().toStdString(),
-                HasSubstr("expected a name in the system's encoding"));
+                HasSubstr("expected a name in the system's encoding, UTF-8, found other bytes in "
+                          "it; rename it"));
+
+    const QString lost = folder.filePath(QFile::decodeName("b\xff.jpg"));
+    EXPECT_EQ(PhotoFolder::FindNameProblem(lost), PhotoFolder::DescribeBadName());
+    EXPECT_EQ(PhotoFolder::FindNameProblem(folder.filePath(QStringLiteral("a.jpg"))), QString());
 
     const PhotoFolder missing(folder.filePath(QStringLiteral("none")));
     ASSERT_THAT(missing.GetProblems(), SizeIs(1));

@@ -29,9 +29,14 @@ protected:
     void Drag(const QPoint& from, const QPoint& to)
     {
         QTest::mousePress(&editor, Qt::LeftButton, {}, from);
+        MoveTo(to);
+        QTest::mouseRelease(&editor, Qt::LeftButton, {}, to);
+    }
+    /// Moves the pointer with the left button down.
+    void MoveTo(const QPoint& to)
+    {
         QMouseEvent move(QEvent::MouseMove, to, Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(&editor, &move);
-        QTest::mouseRelease(&editor, Qt::LeftButton, {}, to);
     }
     void ExpectPoint(int position, double x, double y)
     {
@@ -125,6 +130,35 @@ TEST_F(CurveEditorTest, endsAStepThatIsCutShort)
     QTest::mousePress(&editor, Qt::LeftButton, {}, At(50, 50));
     editor.setEnabled(false);
 
+    EXPECT_EQ(finished.count(), 1);
+}
+
+TEST_F(CurveEditorTest, leavesOtherPointsAloneThatComeDuringADrag)
+{
+    QTest::mousePress(&editor, Qt::LeftButton, {}, At(50, 50));
+    MoveTo(At(50, 70));
+    CurvePoints undone;
+    undone.Move(1, {100, 80});
+
+    editor.Show(undone);
+    MoveTo(At(30, 20));
+    QTest::mouseRelease(&editor, Qt::LeftButton, {}, At(30, 20));
+
+    ASSERT_EQ(editor.GetPoints().Count(), 2);
+    ExpectPoint(0, 0, 0);
+    ExpectPoint(1, 100, 80);
+    EXPECT_EQ(finished.count(), 0);
+}
+
+TEST_F(CurveEditorTest, goesOnWithADragWhileAnotherButtonIsPressed)
+{
+    QTest::mousePress(&editor, Qt::LeftButton, {}, At(50, 50));
+    QTest::mousePress(&editor, Qt::RightButton, {}, At(50, 50));
+    QTest::mouseRelease(&editor, Qt::RightButton, {}, At(50, 50));
+    MoveTo(At(50, 70));
+    QTest::mouseRelease(&editor, Qt::LeftButton, {}, At(50, 70));
+
+    ExpectPoint(1, 50, 70);
     EXPECT_EQ(finished.count(), 1);
 }
 

@@ -50,6 +50,21 @@ TEST_F(HueWheelTest, goesNoFurtherThanItsRim)
     EXPECT_EQ(wheel.GetSaturation(), 100);
 }
 
+TEST_F(HueWheelTest, goesOnWithADragWhileAnotherButtonIsPressed)
+{
+    QTest::mousePress(&wheel, Qt::LeftButton, {}, {107, 107 - 80});
+    QTest::mousePress(&wheel, Qt::RightButton, {}, {107, 107 - 80});
+    QTest::mouseRelease(&wheel, Qt::RightButton, {}, {107, 107 - 80});
+    QMouseEvent move(QEvent::MouseMove, QPointF(107 + 50, 107), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(&wheel, &move);
+    QTest::mouseRelease(&wheel, Qt::LeftButton, {}, {107 + 50, 107});
+
+    EXPECT_NEAR(wheel.GetHue(), 0, 1);
+    EXPECT_NEAR(wheel.GetSaturation(), 50, 1);
+    EXPECT_EQ(finished.count(), 1);
+}
+
 TEST_F(HueWheelTest, isWorkedByKeyboard)
 {
     QTest::keyClick(&wheel, Qt::Key_Up, Qt::ShiftModifier);
