@@ -269,15 +269,17 @@ TEST_F(ApplyLooksTest, aDryRunFindsTheEditsThatCannotBeRead)
     edit.insert(edit.indexOf("\"layers\""), R"("photo": { "size": 5, "sha256": "00" }, )");
     WriteFile("b.png.lumetra.json", edit);
 
-    const CliResult result = Apply("a.png b.png c.png --edits --dry-run");
+    for (const std::string more : {"", " --overwrite", " --skip"}) {
+        const CliResult result = Apply(("a.png b.png c.png --edits --dry-run" + more).c_str());
 
-    EXPECT_EQ(result.code, 1);
-    EXPECT_THAT(result.messages,
-                HasSubstr("lumetra-presets: a.png: the edit of the photo cannot be read: "));
-    EXPECT_THAT(result.messages, HasSubstr("b.png: warning: the edit \""));
-    EXPECT_THAT(result.messages, HasSubstr("2 to be written"));
-    EXPECT_THAT(result.output, HasSubstr("c_edited.png"));
-    EXPECT_THAT(result.output, testing::Not(HasSubstr("a_edited.png")));
+        EXPECT_EQ(result.code, 1);
+        EXPECT_THAT(result.messages,
+                    HasSubstr("lumetra-presets: a.png: the edit of the photo cannot be read: "));
+        EXPECT_THAT(result.messages, HasSubstr("b.png: warning: the edit \""));
+        EXPECT_THAT(result.messages, HasSubstr("2 to be written"));
+        EXPECT_THAT(result.output, HasSubstr("c_edited.png"));
+        EXPECT_THAT(result.output, testing::Not(HasSubstr("a_edited.png")));
+    }
     EXPECT_FALSE(Exists("c_edited.png"));
 }
 

@@ -57,17 +57,17 @@ void Workers::Work()
 
 JobExport::Outcome Workers::WriteFile(const PhotoJob& job, Warnings& warnings)
 {
-    if (m_isDry && job.existing == JobExport::Existing::Replace)
-        return JobExport::Outcome::Written; // whatever is there
     ExportRecipe recipe = *job.recipe;
     recipe.format = PhotoWriter::GetFormatOf(job.output);
-    const MemoryBudget::Share share(m_memory, ExportMemory::Estimate(job.photo, recipe));
     if (job.look) {
         const PhotoLook look = job.look->Get(job.photo);
         recipe.look = look.drawing;
         recipe.records = look.records;
         warnings = look.warnings;
     }
+    if (m_isDry && job.existing == JobExport::Existing::Replace)
+        return JobExport::Outcome::Written; // whatever is there
+    const MemoryBudget::Share share(m_memory, ExportMemory::Estimate(job.photo, recipe));
     const JobExport::Job work{job.photo, job.output, recipe, job.existing, job.refusal};
     return m_isDry ? m_exports.Check(work) : m_exports.Run(work, m_control, warnings);
 }
