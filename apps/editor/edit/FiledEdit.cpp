@@ -28,6 +28,9 @@ FiledEdit::FiledEdit(const QString& photo)
         Search(photo);
     } catch (const std::exception& error) {
         m_problem = QString::fromUtf8(error.what());
+        const QString name = photo + QStringLiteral(": ");
+        if (m_problem.startsWith(name)) // whoever tells of it names the photo in front
+            m_problem.remove(0, name.size());
     }
 }
 

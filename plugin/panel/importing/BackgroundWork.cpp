@@ -84,11 +84,14 @@ bool BackgroundWork::Run(const Work& work)
     dialog.setWindowTitle(m_texts.title);
     dialog.setModal(true);
     auto* const column = new QVBoxLayout(&dialog);
+    column->setContentsMargins(24, 24, 24, 16);
+    column->setSpacing(16);
     auto* const label = new QLabel;
     label->setTextFormat(Qt::PlainText);
     label->setMinimumWidth(DialogWidth);
     auto* const bar = new QProgressBar;
     bar->setAccessibleName(m_texts.parts);
+    bar->setTextVisible(false); // the bar is thinner than a text
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     column->addWidget(label);
     column->addWidget(bar);

@@ -7,6 +7,7 @@
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QTextBrowser>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -15,7 +16,8 @@ namespace LumetraPlugin {
 namespace {
 
 constexpr int MostMessages = 3; // that are read one by one
-constexpr QSize FirstSize(560, 420);
+constexpr QSize FirstSize(600, 440);
+constexpr double TextMargin = 12; // pixels around the details
 
 QString Html(const QString& text)
 {
@@ -62,10 +64,13 @@ ImportSummary::ImportSummary(const ImportReport& report, QWidget& window) : QDia
     sentence->setWordWrap(true);
     auto* const details = new QTextBrowser;
     details->setAccessibleName(tr("Details"));
+    details->document()->setDocumentMargin(TextMargin);
     details->setHtml(MakeDetails(report));
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(24, 24, 24, 16);
+    column->setSpacing(16);
     column->addWidget(sentence);
     column->addWidget(details);
     column->addWidget(buttons);
