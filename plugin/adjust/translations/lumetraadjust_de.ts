@@ -42,7 +42,7 @@
     </message>
     <message>
         <source>Save all layers as one look…</source>
-        <translation>Alle Ebenen als einen Look sichern …</translation>
+        <translation>Alle Ebenen als einen Look speichern …</translation>
     </message>
     <message>
         <source>Reset</source>
@@ -54,7 +54,7 @@
     </message>
     <message>
         <source>Save as look…</source>
-        <translation>Als Look sichern …</translation>
+        <translation>Als Look speichern …</translation>
     </message>
     <message>
         <source>More about looks</source>
@@ -168,7 +168,7 @@ Einfg fügt einen hinzu, Entf entfernt ihn.</translation>
     </message>
     <message>
         <source>The layers cannot become one look: %1 has an intensity of %2 % and is mixed with what lies below it. Set it to 100 %, and save again.</source>
-        <translation>Die Ebenen können kein einzelner Look werden: %1 hat eine Intensität von %2 % und wird mit dem gemischt, was darunter liegt. Auf 100 % stellen und noch einmal sichern.</translation>
+        <translation>Die Ebenen können kein einzelner Look werden: %1 hat eine Intensität von %2 % und wird mit dem gemischt, was darunter liegt. Auf 100 % stellen und noch einmal speichern.</translation>
     </message>
     <message>
         <source>There is nothing on the photo that could become a look.</source>
@@ -217,7 +217,7 @@ Einfg fügt einen hinzu, Entf entfernt ihn.</translation>
     <name>LumetraAdjust::SaveLookDialog</name>
     <message>
         <source>Save as look</source>
-        <translation>Als Look sichern</translation>
+        <translation>Als Look speichern</translation>
     </message>
     <message>
         <source>&amp;Name</source>
@@ -225,7 +225,7 @@ Einfg fügt einen hinzu, Entf entfernt ihn.</translation>
     </message>
     <message>
         <source>Save</source>
-        <translation>Sichern</translation>
+        <translation>Speichern</translation>
     </message>
     <message>
         <source>Sections</source>

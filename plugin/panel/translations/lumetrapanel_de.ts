@@ -934,7 +934,7 @@ Colours Only writes the table without that.</source>
     </message>
     <message>
         <source>Save as…</source>
-        <translation>Sichern …</translation>
+        <translation>Speichern …</translation>
     </message>
     <message>
         <source>Saves the look with these values as a look of your own</source>

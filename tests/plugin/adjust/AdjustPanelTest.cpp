@@ -233,7 +233,7 @@ TEST_F(AdjustPanelTest, speaksTheLanguageOfTheEditor)
     for (const auto* const number : panel.GetWidget()->findChildren<QDoubleSpinBox*>())
         EXPECT_EQ(number->locale().decimalPoint(), QLatin1Char(','))
             << number->accessibleName().toStdString();
-    EXPECT_EQ(Find<QPushButton>("saveLook").text(), QStringLiteral("Als Look sichern …"));
+    EXPECT_EQ(Find<QPushButton>("saveLook").text(), QStringLiteral("Als Look speichern …"));
 
     QLocale::setDefault(QLocale(QLocale::English));
     QApplication::sendEvent(panel.GetWidget(), &change);
