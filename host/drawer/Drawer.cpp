@@ -8,6 +8,7 @@
 #include "storage/FailWith.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace LumetraHost {
@@ -31,6 +32,7 @@ void Drawer::SetPhoto(const Image& photo)
     m_painter.DropPainting();
     m_stack.TakeAll();
     m_committed.clear();
+    m_above.clear();
     if (!m_photo.SharesPixelsWith(photo)) {
         m_overview = photo.IsNull() ? nullptr : std::make_shared<Overview>(photo);
         m_whole = photo.IsNull() ? nullptr : WholePicture::OfPhoto(photo);
@@ -50,7 +52,14 @@ PictureRecipe Drawer::GetRecipe() const
             recipe.layers.push_back(*shown);
         else
             AddLayer(m_stack.GetPackage(i), recipe);
+    AddAbove(recipe);
     return recipe;
+}
+
+void Drawer::AddAbove(PictureRecipe& recipe) const
+{
+    for (const StackedPackage& package : m_above)
+        AddLayer(package, recipe);
 }
 
 PictureRecipe Drawer::GetCommittedRecipe() const
@@ -72,6 +81,7 @@ PictureRecipe Drawer::GetRecipeWith(const EffectsSettings& settings) const
     PictureRecipe recipe = GetCommittedRecipe();
     for (const StackedPackage& package : stack.TakeAll())
         AddLayer(package, recipe);
+    AddAbove(recipe);
     return recipe;
 }
 
@@ -107,6 +117,7 @@ std::vector<StackedPackage> Drawer::GetStack() const
     std::vector<StackedPackage> packages = m_committed;
     for (std::size_t i = 0; i < m_stack.GetCount(); ++i)
         packages.push_back(m_stack.GetPackage(i));
+    packages.insert(packages.end(), m_above.begin(), m_above.end());
     return packages;
 }
 
@@ -122,13 +133,29 @@ std::vector<StackedPackage> Drawer::GetShownStack() const
     return packages;
 }
 
-void Drawer::SetCommitted(std::vector<StackedPackage> committed)
+void Drawer::SetCommitted(std::vector<StackedPackage> committed, std::vector<StackedPackage> above)
 {
     m_painter.DropPainting();
     m_stack.TakeAll();
     m_committed = std::move(committed);
+    m_above = std::move(above);
     NotifyCommittedPhotoChanged();
     NotifyFrameChanged();
+}
+
+bool Drawer::CommitAbove()
+{
+    if (m_above.empty() || m_stack.GetCount() > 0)
+        return false;
+    TakeAboveForCommitted();
+    NotifyCommittedPhotoChanged();
+    return true;
+}
+
+void Drawer::TakeAboveForCommitted()
+{
+    std::move(m_above.begin(), m_above.end(), std::back_inserter(m_committed));
+    m_above.clear();
 }
 
 void Drawer::ArrangeOpen(const std::vector<std::string>& names)
@@ -141,12 +168,15 @@ void Drawer::SetOn(std::size_t position, bool isOn)
 {
     m_painter.FinishOpenPainting();
     const bool isCommitted = position < m_committed.size();
+    const std::size_t firstAbove = m_committed.size() + m_stack.GetCount();
     if (GetStack()[position].isOn == isOn)
         return;
     if (isCommitted)
         m_committed[position].isOn = isOn;
-    else
+    else if (position < firstAbove)
         m_stack.SetOn(position - m_committed.size(), isOn);
+    else
+        m_above[position - firstAbove].isOn = isOn;
     if (isCommitted)
         NotifyCommittedPhotoChanged();
     NotifyFrameChanged();
@@ -201,6 +231,7 @@ void Drawer::CommitAs(const std::string& origin, const Zorvik::Quindle::ConstEff
         single->Effects().push_back(effect->Clone());
         m_committed.push_back({std::move(single), origin, true});
     }
+    TakeAboveForCommitted();
     NotifyCommittedPhotoChanged();
     if (!isEmpty)
         NotifyFrameChanged();

@@ -36,6 +36,10 @@ namespace LumetraHost {
 ///
 /// A package that is off keeps its place and is found as before, but is in no picture. Applying to
 /// it, or painting on it, sets it on.
+///
+/// While a lower layer of an edit is open again, packages may lie above the open ones. They are in
+/// every picture of the photo, and no operation of the platform's interface finds them. A commit
+/// makes them committed ones above those that it commits.
 class Drawer : public Zorvik::Quindle::IQuindleDrawer
 {
 public:
@@ -45,9 +49,10 @@ public:
     void SetPhoto(const Image& photo);
     /// The photo that SetPhoto() was given.
     const Image& GetPhoto() const { return m_photo; }
-    /// The photo with all packages and with what an open painting shows.
+    /// The photo with all packages, those above the open ones included, and with what an open
+    /// painting shows.
     PictureRecipe GetRecipe() const;
-    /// The photo with the committed packages alone.
+    /// The photo with the committed packages below the open ones alone.
     PictureRecipe GetCommittedRecipe() const;
     /// GetRecipe() as it would be after applying `settings`, without what an open painting shows.
     PictureRecipe GetRecipeWith(const Zorvik::Quindle::EffectsSettings& settings) const;
@@ -60,15 +65,22 @@ public:
     std::vector<Zorvik::Quindle::EffectsSettings> GetOpenPackages() const;
     std::vector<Zorvik::Quindle::EffectsSettings> GetCommittedPackages() const;
 
-    /// All packages, bottom first: the committed ones, then the open ones.
+    /// All packages, bottom first: the committed ones, the open ones, and those above them.
     std::vector<StackedPackage> GetStack() const;
     /// GetStack() as it would be after finishing an open painting, which goes on: what the user
     /// sees.
     std::vector<StackedPackage> GetShownStack() const;
     /// How many packages of GetStack(), from the bottom, are committed.
     std::size_t CountCommitted() const { return m_committed.size(); }
-    /// Replaces all packages by these, which are committed; an open painting is dropped.
-    void SetCommitted(std::vector<StackedPackage> committed);
+    /// How many packages of GetStack() are open. They lie together.
+    std::size_t CountOpen() const { return m_stack.GetCount(); }
+    /// Replaces all packages by these: the committed ones, and those above the open ones that are
+    /// to come. An open painting is dropped.
+    void SetCommitted(std::vector<StackedPackage> committed,
+                      std::vector<StackedPackage> above = {});
+    /// Where no package is open, makes the packages above the place of the open ones committed, so
+    /// that the next one comes on top of all. Returns whether there were any.
+    bool CommitAbove();
     /// Puts the open packages of these names into this order, below all other open ones.
     void ArrangeOpen(const std::vector<std::string>& names);
     /// Sets a package of GetStack() on or off, after finishing an open painting. `position` is
@@ -98,6 +110,8 @@ public:
                                       int cropPolicy, int fitPolicy, unsigned flags) override;
 
 private:
+    void AddAbove(PictureRecipe& recipe) const;
+    void TakeAboveForCommitted();
     void NotifyFrameChanged();
     void NotifyCommittedPhotoChanged();
 
@@ -107,6 +121,7 @@ private:
     std::shared_ptr<const WholePicture> m_whole; ///< the photo; null without one
     std::vector<StackedPackage> m_committed;
     PackageStack m_stack;
+    std::vector<StackedPackage> m_above;
     Painter m_painter;
     PreviewRenderer m_previews;
     std::vector<IDrawerObserver*> m_observers;

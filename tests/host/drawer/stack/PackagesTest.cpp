@@ -348,6 +348,108 @@ TEST_F(Packages, areArrangedByTheirNames)
     EXPECT_EQ(m_observer.frames, frames + 1) << "nothing has changed";
 }
 
+/// A stack as the host makes it when a lower layer is opened again.
+class PackagesAbove : public Packages
+{
+protected:
+    PackagesAbove()
+    {
+        Apply(MakePackage("a", None, 1));
+        Apply(MakePackage("b", None, -2));
+        Apply(MakePackage("c", None, 0.5));
+        m_all = DrawWhole(m_drawer);
+        const auto stack = m_drawer.GetStack();
+        m_drawer.SetCommitted({stack[0]}, {stack[2]});
+        Apply(MakePackage("b", None, -2));
+    }
+
+    void Commit()
+    {
+        ApplySingle(
+            Zorvik::Quindle::EffectSettingsImpl::Create(Zorvik::Proc::SettingsEffectEmpty()));
+    }
+    std::string GetNames() const
+    {
+        std::string names;
+        for (const StackedPackage& package : m_drawer.GetStack())
+            names += package.settings->Package().GetPackageName();
+        return names;
+    }
+
+    Image m_all;
+};
+
+TEST_F(PackagesAbove, areDrawnAndFoundByNoOperation)
+{
+    EXPECT_TRUE(HaveSamePixels(DrawWhole(m_drawer), m_all));
+    EXPECT_EQ(GetNames(), "abc");
+    EXPECT_EQ(m_drawer.CountCommitted(), 1u);
+    EXPECT_EQ(m_drawer.CountOpen(), 1u);
+    EXPECT_EQ(m_drawer.GetPackageIndex("c"), None);
+    EXPECT_EQ(m_drawer.GetPackage(None).GetPackageName(), "b");
+    EXPECT_EQ(m_drawer.GetCommittedRecipe().layers.size(), 1u);
+    EXPECT_EQ(m_drawer.GetRecipeWith(MakePackage("b", None, 3)).layers.size(), 3u);
+    Apply(MakePackage("c", None, 2));
+
+    EXPECT_EQ(GetNames(), "abcc") << "a package of that name is opened below it";
+    EXPECT_EQ(m_drawer.CountOpen(), 2u);
+}
+
+TEST_F(PackagesAbove, areSeenWhileTheOpenOneIsPainted)
+{
+    const auto painting = Zorvik::Quindle::SettingsPainterEffectsPackageBlendSource::Create();
+    painting->SetPackageName("b");
+    auto& painter = m_drawer.GetPainter();
+    painter.StartPainting(painting);
+    painter.UpdatePainting(MakePackage("b", None, {}, 100), 0);
+
+    const auto recipe = m_drawer.GetRecipe();
+    ASSERT_EQ(recipe.layers.size(), 3u);
+    EXPECT_EQ(recipe.layers[1].paintedBlend, 100);
+    EXPECT_FALSE(recipe.layers[2].paintedBlend);
+    painter.FinishPainting(0, 0, true);
+    EXPECT_TRUE(HaveSamePixels(DrawWhole(m_drawer), m_all));
+}
+
+TEST_F(PackagesAbove, areCommittedAboveThePackagesThatACommitTakes)
+{
+    Commit();
+
+    EXPECT_EQ(GetNames(), "abc");
+    EXPECT_EQ(m_drawer.CountCommitted(), 3u);
+    EXPECT_TRUE(HaveSamePixels(DrawWhole(m_drawer), m_all));
+    Apply(MakePackage("d", None, 1));
+    EXPECT_EQ(GetNames(), "abcd");
+}
+
+TEST_F(PackagesAbove, areCommittedOnRequestOnlyWhereNothingIsOpen)
+{
+    EXPECT_FALSE(m_drawer.CommitAbove());
+    m_drawer.ResetPackage(m_drawer.GetPackageIndex("b"));
+    const int commits = m_observer.commits;
+
+    EXPECT_TRUE(m_drawer.CommitAbove());
+
+    EXPECT_EQ(m_observer.commits, commits + 1);
+    EXPECT_EQ(m_drawer.CountCommitted(), 2u);
+    EXPECT_FALSE(m_drawer.CommitAbove()) << "there are none any more";
+    EXPECT_EQ(GetNames(), "ac");
+}
+
+TEST_F(PackagesAbove, goOffAndGoWithThePhoto)
+{
+    m_drawer.SetOn(2, false);
+    EXPECT_FALSE(HaveSamePixels(DrawWhole(m_drawer), m_all));
+    EXPECT_EQ(m_drawer.GetRecipe().layers.size(), 2u);
+    m_drawer.SetOn(2, true);
+    EXPECT_TRUE(HaveSamePixels(DrawWhole(m_drawer), m_all));
+
+    m_drawer.SetPhoto(m_drawer.GetPhoto());
+
+    EXPECT_EQ(GetNames(), "");
+    EXPECT_TRUE(m_drawer.GetRecipe().layers.empty());
+}
+
 TEST_F(Packages, rememberWhoHasAppliedThem)
 {
     m_drawer.ApplyAs("one", MakePackage("a", None, 1));
