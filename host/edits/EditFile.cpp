@@ -18,7 +18,8 @@ namespace {
 
 constexpr char PhotoKey[] = "photo", SavedKey[] = "saved", SizeKey[] = "size",
                ModifiedKey[] = "modified", HashKey[] = "sha256", PathKey[] = "path",
-               VersionKey[] = "version", PackageKey[] = "package", PresetKey[] = "preset";
+               VersionKey[] = "version", PackageKey[] = "package", PresetKey[] = "preset",
+               PartKey[] = "part";
 constexpr auto& EffectsKey = Zorvik::Quindle::IEffectSettings::EFFECTS;
 
 template <class T>
@@ -91,7 +92,7 @@ void CarryOverLayers(const JsonArray& earlier, const JsonArray& now)
         const auto* const fresh = now.elements[i].As<JsonValue::Object>();
         if (old && fresh && HasSameText(**old, **fresh, PackageKey) &&
             HasSameText(**old, **fresh, PresetKey))
-            CarryOver(**old, **fresh, {EffectsKey});
+            CarryOver(**old, **fresh, {EffectsKey, PartKey});
     }
 }
 

@@ -59,6 +59,13 @@ std::size_t EditState::CountCommitted() const
                                     layers.begin());
 }
 
+std::size_t EditState::CountAbove() const
+{
+    const auto isOpen = [](const EditLayer& layer) { return layer.isOpen; };
+    const auto topmost = std::find_if(layers.rbegin(), layers.rend(), isOpen);
+    return topmost == layers.rend() ? 0 : static_cast<std::size_t>(topmost - layers.rbegin());
+}
+
 bool IsSamePackage(const EffectsSettings& first, const EffectsSettings& second)
 {
     return &first == &second ||

@@ -19,11 +19,14 @@ using Zorvik::Quindle::IEffectSettings;
 constexpr char FormatKey[] = "format", VersionKey[] = "version", LayersKey[] = "layers",
                CommittedKey[] = "committed", PanelsKey[] = "panels", ModuleKey[] = "module",
                OnKey[] = "on", OpenKey[] = "open", PackageKey[] = "package", PresetKey[] = "preset",
-               BlendKey[] = "blend", NameKey[] = "name", IntensityKey[] = "intensity";
+               BlendKey[] = "blend", NameKey[] = "name", IntensityKey[] = "intensity",
+               PartKey[] = "part";
 /// The first version with layers of any kind; earlier ones have committed packages alone.
 constexpr int VersionOfLayers = 2;
 /// The first version in which an open layer may leave its effects to its module's part.
 constexpr int VersionOfSharedEffects = 3;
+/// The first version in which closed layers may lie above open ones.
+constexpr int VersionOfReopened = 4;
 constexpr auto& EffectsKey = IEffectSettings::EFFECTS;
 
 [[noreturn]] void Refuse(const std::string& place, const std::string& expected)
@@ -46,17 +49,56 @@ void WriteEffects(const EffectsSettings& package, ISerializer& node)
         effects->AddElement()->WriteObject(IEffectSettings::EFFECT, *effect);
 }
 
-/// True when the open layer's module has these very effects in its part of the edit.
-bool AreEffectsInPanel(const EditLayer& layer, const std::map<QString, PanelEdit>& panels)
+/// True when the part has the layer's very effects.
+bool AreEffectsInPart(const EditLayer& layer, const PanelEdit& part)
 {
-    const auto panel = panels.find(layer.module);
-    const JsonValue* const effects =
-        layer.isOpen && panel != panels.end() ? panel->second.GetJson()->Find(EffectsKey) : nullptr;
+    const JsonValue* const effects = part.GetJson()->Find(EffectsKey);
     if (!effects || !effects->As<JsonValue::Array>())
         return false;
     const JsonDocument written("part");
     written.GetObject()->Set(EffectsKey, *effects);
     return written.ToText() == EditStateFormat::EffectsText(*layer.settings);
+}
+
+/// True when the open layer's module has these very effects in its part of the edit.
+bool AreEffectsInPanel(const EditLayer& layer, const std::map<QString, PanelEdit>& panels)
+{
+    const auto panel = panels.find(layer.module);
+    return layer.isOpen && panel != panels.end() && AreEffectsInPart(layer, panel->second);
+}
+
+/// Copies an object with another value under a key that it has.
+std::shared_ptr<JsonObject> CopyWith(const JsonObject& object, const char* key,
+                                     const JsonValue& value)
+{
+    const auto copy = std::make_shared<JsonObject>();
+    for (const auto& member : object.GetMembers())
+        copy->Set(member.first, member.first == key ? value : member.second);
+    return copy;
+}
+
+/// Writes the part of a closed layer's module. The layer itself always has its effects; where the
+/// part has the same ones, they are null there.
+void WritePart(const EditLayer& layer, JsonObject& object)
+{
+    if (!layer.part || layer.isOpen)
+        return;
+    const auto& part = layer.part->GetJson();
+    const bool isShared = AreEffectsInPart(layer, *layer.part);
+    object.Set(PartKey, JsonValue(isShared ? CopyWith(*part, EffectsKey, JsonValue()) : part));
+}
+
+/// Reads the part that WritePart() has written. A part that is no object costs itself alone.
+void ReadPart(const JsonObject& object, EditLayer& layer)
+{
+    const JsonValue* const value = object.Find(PartKey);
+    const auto* const part = value ? value->As<JsonValue::Object>() : nullptr;
+    if (!part || layer.isOpen)
+        return;
+    const JsonValue* const effects = (*part)->Find(EffectsKey);
+    const JsonValue* const own = object.Find(EffectsKey);
+    const bool isShared = effects && effects->As<std::monostate>() && own;
+    layer.part = PanelEdit(isShared ? CopyWith(**part, EffectsKey, *own) : *part);
 }
 
 void WriteLayer(const EditLayer& layer, const EditState& state, ISerializer& node)
@@ -125,15 +167,18 @@ EditLayer ReadLayer(const ISerializer& node, const ISerializer& root)
     return layer;
 }
 
-/// Refuses a layer that cannot lie on the open ones of these packages: no committed layer lies on
-/// an open one, and no two open layers have the same package.
-void CheckPlace(const EditLayer& layer, const std::set<std::string>& openBelow,
-                const ISerializer& node)
+/// Refuses a layer that cannot lie on these. Open layers lie together, before version 4 with none
+/// above them, and no two of them have the same package.
+void CheckPlace(const EditLayer& layer, const std::vector<EditLayer>& below,
+                const std::set<std::string>& openBelow, int version, const ISerializer& node)
 {
     const std::string& name = layer.settings->Package().GetPackageName();
-    if (!layer.isOpen && !openBelow.empty())
+    if (version < VersionOfReopened && !layer.isOpen && !openBelow.empty())
         Refuse(node.GetPath() + "/" + OpenKey,
                "true, since the layer lies on an open one, found false");
+    if (layer.isOpen && !openBelow.empty() && !below.back().isOpen)
+        Refuse(node.GetPath() + "/" + OpenKey,
+               "false, since a closed layer lies between this one and an open one, found true");
     if (layer.isOpen && openBelow.count(name) > 0)
         Refuse(node.GetPath() + "/" + PackageKey,
                "another package than those of the open layers below, found \"" + name + "\"");
@@ -151,10 +196,21 @@ void ReadLayers(const JsonDocument& document, std::vector<EditLayer>& layers)
         const JsonArray& stored = **document.GetObject()->Find(key)->As<JsonValue::Array>();
         CheckIsArray(**stored.elements[i].As<JsonValue::Object>(), EffectsKey, node->GetPath());
         EditLayer layer = ReadLayer(*node, *root);
-        CheckPlace(layer, open, *node);
+        CheckPlace(layer, layers, open, root->Get(VersionKey, 0), *node);
         if (layer.isOpen)
             open.insert(layer.settings->Package().GetPackageName());
+        ReadPart(**stored.elements[i].As<JsonValue::Object>(), layer);
         layers.push_back(std::move(layer));
+    }
+}
+
+void WriteLayers(const EditState& state, const JsonDocument& document)
+{
+    const auto list = document.GetRoot()->CreateCollection(LayersKey);
+    const auto stored = *document.GetObject()->Find(LayersKey)->As<JsonValue::Array>();
+    for (const EditLayer& layer : state.layers) {
+        WriteLayer(layer, state, *list->AddElement());
+        WritePart(layer, **stored->elements.back().As<JsonValue::Object>());
     }
 }
 
@@ -203,10 +259,8 @@ JsonDocument EditStateFormat::ToDocument(const EditState& state)
     const JsonDocument document("sidecar");
     const auto root = document.GetRoot();
     root->Set(FormatKey, FormatName);
-    root->Set(VersionKey, Version);
-    const auto layers = root->CreateCollection(LayersKey);
-    for (const EditLayer& layer : state.layers)
-        WriteLayer(layer, state, *layers->AddElement());
+    root->Set(VersionKey, state.CountAbove() > 0 ? Version : VersionOfSharedEffects);
+    WriteLayers(state, document);
     WritePanels(state.panels, *document.GetObject());
     return document;
 }
@@ -224,6 +278,18 @@ EditState EditStateFormat::FromDocument(const JsonDocument& document)
 const char* EditStateFormat::GetLayersKey(int version)
 {
     return version < VersionOfLayers ? CommittedKey : LayersKey;
+}
+
+PanelEdit EditStateFormat::MakePart(const EditLayer& layer)
+{
+    const JsonDocument document("part");
+    const auto root = document.GetRoot();
+    root->Set(PresetKey, layer.settings->Package().GetPresetName());
+    root->Set(NameKey, layer.record.preset);
+    root->Set(IntensityKey, layer.record.intensity);
+    root->Set(BlendKey, layer.settings->GetBlendAmount());
+    WriteEffects(*layer.settings, *root);
+    return PanelEdit(document.GetObject());
 }
 
 QByteArray EditStateFormat::EffectsText(const EffectsSettings& package)

@@ -237,11 +237,11 @@ TEST_F(EditTest, leavesAnUnreadableSidecarAloneUntilTheNextStep)
 
 TEST_F(EditTest, opensNoSidecarOfANewerVersion)
 {
-    WriteFile("lake.png.lumetra.json", R"({"format": "lumetra-sidecar", "version": 4})");
+    WriteFile("lake.png.lumetra.json", R"({"format": "lumetra-sidecar", "version": 5})");
 
     Open(Path("lake.png"));
 
-    EXPECT_THAT(GetMessage().toStdString(), HasSubstr("a version up to 3, found 4"));
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr("a version up to 4, found 5"));
 }
 
 TEST_F(EditTest, reportsAPanelsPartThatMakesNoSense)
@@ -267,22 +267,10 @@ TEST_F(EditTest, saysOnceThatTheEditCannotBeKept)
     EXPECT_THAT(GetMessage().toStdString(), HasSubstr("lake.png.lumetra.json"));
 }
 
-TEST_F(EditTest, asksBeforeALookIsLeft)
+TEST_F(EditTest, quittingAsksNothingAndKeepsWhatIsOpen)
 {
     Slider()->setValue(10);
-    const ScriptedAlerts alerts({QMessageBox::Cancel});
-
-    EXPECT_FALSE(window->close());
-
-    EXPECT_TRUE(window->isVisible());
-    EXPECT_THAT(alerts.GetTexts().join(QString()).toStdString(), HasSubstr("lake.png"));
-    EXPECT_EQ(Slider()->value(), 10);
-}
-
-TEST_F(EditTest, keepsTheLookWhenToldTo)
-{
-    Slider()->setValue(10);
-    const ScriptedAlerts alerts({QMessageBox::Save});
+    const ScriptedAlerts alerts({});
 
     EXPECT_TRUE(window->close());
 
@@ -290,23 +278,16 @@ TEST_F(EditTest, keepsTheLookWhenToldTo)
                 HasSubstr("\"tenthsOfStops\": 10"));
 }
 
-TEST_F(EditTest, takesTheLookOffWhenToldTo)
+TEST_F(EditTest, quittingAsksWhereTheEditCanBeKeptNowhere)
 {
+    ASSERT_TRUE(QDir().mkpath(Path("lake.png.lumetra.json"))); // a folder in its place
+    ASSERT_TRUE(QDir().mkpath(Path("data/lumetra")));
+    WriteFile("data/lumetra/edits", "a file in the folder's place");
     Slider()->setValue(10);
-    const ScriptedAlerts alerts({QMessageBox::Discard});
+    const ScriptedAlerts alerts({QMessageBox::Cancel});
 
-    EXPECT_TRUE(window->close());
+    EXPECT_FALSE(window->close());
 
-    EXPECT_TRUE(Drawer().GetOpenPackages().empty());
-    EXPECT_THAT(ReadFile("lake.png.lumetra.json").toStdString(),
-                testing::Not(HasSubstr("tenthsOfStops")));
-}
-
-TEST_F(EditTest, closesWithoutAQuestionWhenNothingIsOpen)
-{
-    Slider()->setValue(10);
-    Commit();
-    const ScriptedAlerts alerts({});
-
-    EXPECT_TRUE(window->close());
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_THAT(alerts.GetTexts().join(QString()).toStdString(), HasSubstr("lake.png"));
 }

@@ -217,6 +217,46 @@ TEST(EditStateFormat, writesTheEffectsOfALayerThatItsModuleDoesNotHaveToTheLette
     EXPECT_TRUE(writesOwn("\"open\": true", "\"open\": false"));
 }
 
+TEST(EditStateFormat, writesTheNewestVersionOnlyForLayersAboveOpenOnes)
+{
+    const auto versionOf = [](const EditState& state) {
+        return EditStateFormat::ToDocument(state).GetRoot()->Get("version", 0);
+    };
+    EditState state = Read(SecondVersion);
+    EXPECT_EQ(versionOf(state), 3) << "earlier versions read it";
+    std::swap(state.layers[0], state.layers[1]);
+
+    EXPECT_EQ(versionOf(state), 4);
+    const EditState again = Read(EditStateFormat::ToDocument(state).ToText().toStdString().c_str());
+    EXPECT_TRUE(again == state);
+    EXPECT_EQ(again.CountAbove(), 1U);
+}
+
+TEST(EditStateFormat, keepsThePartOfAClosedLayerWithItsEffectsOnce)
+{
+    EditState state = Read(SecondVersion);
+    EditLayer& closed = state.layers[1];
+    closed.isOpen = false;
+    closed.part = state.panels.extract(QStringLiteral("looks")).mapped();
+
+    const std::string text = EditStateFormat::ToDocument(state).ToText().toStdString();
+    const EditState again = Read(text.c_str());
+
+    EXPECT_EQ(text.find("stops"), text.rfind("stops"));
+    ASSERT_TRUE(again.layers[1].part);
+    EXPECT_TRUE(*again.layers[1].part == *state.layers[1].part);
+    EXPECT_FALSE(again.layers[0].part) << "a layer without one";
+}
+
+TEST(EditStateFormat, aWrongPartOfAClosedLayerCostsItselfAlone)
+{
+    const EditState read = Read(R"({"format": "lumetra-sidecar", "version": 3,
+        "layers": [{"preset": "One", "effects": [], "part": 3}]})");
+
+    ASSERT_EQ(read.layers.size(), 1U);
+    EXPECT_FALSE(read.layers[0].part);
+}
+
 TEST(EditStateFormat, takesNoKeysOfLaterVersionsInAnEarlierOne)
 {
     const EditState read = Read(R"({"format": "lumetra-sidecar", "version": 1, "layers": [{}],
@@ -277,8 +317,11 @@ TEST(EditStateFormat, namesThePlaceOfWhatIsWrong)
                 HasSubstr("layers[0]/on: expected bool"));
     EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 2, "layers": 3})"),
                 HasSubstr("layers: expected"));
-    EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 4, "layers": []})"),
-                HasSubstr("lake.json/version: expected a version up to 3, found 4"));
+    EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 5, "layers": []})"),
+                HasSubstr("lake.json/version: expected a version up to 4, found 5"));
+    EXPECT_THAT(read(R"({"format": "lumetra-sidecar", "version": 4, "layers": [
+                         {"open": true, "effects": []}, {}, {"open": true, "effects": []}]})"),
+                HasSubstr("layers[2]/open: expected false, since a closed layer lies between"));
     for (const char* const layers :
          {R"("version": 1, "committed": {})", R"("version": 2, "layers": {})",
           R"("version": 3, "layers": {"first": {"preset": "warm"}})"})
