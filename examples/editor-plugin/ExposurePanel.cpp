@@ -100,8 +100,3 @@ void ExposurePanel::RestoreEdit(const Property::Ptr& edit)
     if (m_slider->value() != 0)
         m_editor.GetWorkspace()->GetCoreDrawer().ApplyEffect(MakeExposure(m_slider->value()), {});
 }
-
-bool ExposurePanel::HasUnsavedChanges() const
-{
-    return m_slider->value() != 0;
-}

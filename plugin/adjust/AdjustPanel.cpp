@@ -73,11 +73,6 @@ void AdjustPanel::RestoreEdit(const Zorvik::Core::Property::Ptr& edit)
     m_commands->Restore(edit);
 }
 
-bool AdjustPanel::HasUnsavedChanges() const
-{
-    return !m_adjustments->IsNeutral();
-}
-
 void AdjustPanel::FollowLanguage()
 {
     m_adjustments->SetDescriptions(m_editor.DescribeEffects());

@@ -31,7 +31,6 @@ public:
     void PreviewReady(const QString&) override {}
     Zorvik::Core::Property::Ptr SaveEdit() const override;
     void RestoreEdit(const Zorvik::Core::Property::Ptr& edit) override;
-    bool HasUnsavedChanges() const override;
     void PackagesCommitted() override;
 
 private slots:

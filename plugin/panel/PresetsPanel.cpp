@@ -139,11 +139,6 @@ void PresetsPanel::RestoreEdit(const Zorvik::Core::Property::Ptr& edit)
     m_commands->RememberEdit();
 }
 
-bool PresetsPanel::HasUnsavedChanges() const
-{
-    return m_presets->GetModel().HasUnsavedChanges() || !m_edit->GetStrayName().isEmpty();
-}
-
 bool PresetsPanel::MayEnd()
 {
     return m_commands->SaveOrAsk();
@@ -163,6 +158,11 @@ QString PresetsPanel::KeepLook(const LumetraEditor::NewLook& look)
 QString PresetsPanel::FindLookName(const QString& id) const
 {
     return m_commands->FindUsersName(id);
+}
+
+QString PresetsPanel::FindShownName(const QString& id) const
+{
+    return m_presets->GetModel().FindId(id).data(PresetModel::ShownNameRole).toString();
 }
 
 QString PresetsPanel::UpdateLook(const QString& id,

@@ -49,12 +49,12 @@ public:
     void PreviewReady(const QString& key) override;
     Zorvik::Core::Property::Ptr SaveEdit() const override;
     void RestoreEdit(const Zorvik::Core::Property::Ptr& edit) override;
-    bool HasUnsavedChanges() const override;
     bool MayEnd() override;
     void PackagesCommitted() override;
     LumetraEditor::ILookKeeper* GetLookKeeper() override { return this; }
     QString KeepLook(const LumetraEditor::NewLook& look) override;
     QString FindLookName(const QString& id) const override;
+    QString FindShownName(const QString& id) const override;
     QString UpdateLook(const QString& id,
                        const Zorvik::Quindle::EffectsSettings& settings) override;
 

@@ -32,7 +32,7 @@ rooms=(
     plugin/adjust/sections plugin/adjust
     apps/cli/console apps/cli/manual apps/cli/output apps/cli/presets apps/cli/photos apps/cli/reports apps/cli/commands apps/cli
     apps/editor/settings apps/editor/edit apps/editor/plugins apps/editor/session apps/editor/canvas
-    apps/editor/appearance apps/editor/histogram apps/editor/actions apps/editor/strip apps/editor/many apps/editor/export apps/editor/window apps/editor
+    apps/editor/appearance apps/editor/histogram apps/editor/actions apps/editor/strip apps/editor/many apps/editor/layers apps/editor/export apps/editor/window apps/editor
 )
 declare -A floor_of
 for i in "${!rooms[@]}"; do floor_of[${rooms[i]}]=$i; done

@@ -184,13 +184,6 @@ QImage DialogScenes::PlayDelete(EditorOnStage& stage)
     return WithDialog(stage, stage.Find<QAction>("removePreset"));
 }
 
-QImage DialogScenes::PlayLeave(EditorOnStage& stage)
-{
-    stage.OpenSample();
-    stage.ClickLook(Look);
-    return stage.GrabWithPopups([&stage] { stage.GetWindow().close(); });
-}
-
 /// The photo itself was chosen as the output.
 QImage DialogScenes::PlayRefused(EditorOnStage& stage)
 {

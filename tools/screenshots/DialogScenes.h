@@ -23,7 +23,6 @@ QImage PlayImporting(EditorOnStage& stage);
 QImage PlayImportMenu(EditorOnStage& stage);
 QImage PlayTaken(EditorOnStage& stage);
 QImage PlayDelete(EditorOnStage& stage);
-QImage PlayLeave(EditorOnStage& stage);
 QImage PlayRefused(EditorOnStage& stage);
 QImage PlayKept(EditorOnStage& stage);
 QImage PlayReplaced(EditorOnStage& stage);

@@ -8,10 +8,12 @@
 #include "canvas/PhotoCanvas.h"
 #include "strip/PhotoStrip.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QSlider>
 #include <QToolButton>
 #include <QToolTip>
@@ -160,6 +162,50 @@ QImage PlayMine(EditorOnStage& stage)
     return stage.Grab();
 }
 
+// What is on the photo
+
+/// Three looks, one of them off, and an adjustment; the lowest look is open again.
+void PutLayers(EditorOnStage& stage)
+{
+    stage.GetWindow().resize(1366, 768);
+    stage.OpenSample();
+    for (const QString& look : {Look, OtherLook, QStringLiteral("Golden")}) {
+        stage.ClickLook(look);
+        stage.Find<QPushButton>("applyButton").click();
+    }
+    stage.ShowAdjust(0);
+    stage.SetAdjustment("exposure.stops", 15);
+    QApplication::setActiveWindow(&stage.GetWindow());
+    auto& list = stage.Find<QAbstractItemView>("layersList");
+    list.setFocus(Qt::TabFocusReason);
+    list.setCurrentIndex(list.model()->index(2, 0));
+    Press(list, Qt::Key_Space, {}, 1);
+    list.setCurrentIndex(list.model()->index(3, 0));
+    Press(list, Qt::Key_Return, {}, 1);
+}
+
+QImage PlayLayers(EditorOnStage& stage)
+{
+    PutLayers(stage);
+    return stage.Grab();
+}
+
+QImage PlayLayersMenu(EditorOnStage& stage)
+{
+    PutLayers(stage);
+    auto& list = stage.Find<QAbstractItemView>("layersList");
+    const QPoint place = list.visualRect(list.model()->index(1, 0)).center();
+    return stage.GrabWithPopups([&list, place] { emit list.customContextMenuRequested(place); },
+                                list.viewport()->mapTo(&stage.GetWindow(), place) - QPoint(160, 0));
+}
+
+QImage PlayLayersFolded(EditorOnStage& stage)
+{
+    PutLayers(stage);
+    stage.Find<QToolButton>("layersHeading").click();
+    return stage.Grab();
+}
+
 // Adjustments
 
 QImage PlayAdjust(EditorOnStage& stage)
@@ -250,6 +296,9 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("search"), PlaySearch, "light-de@1x"},
         {QStringLiteral("nothing"), PlayNothing},
         {QStringLiteral("none-mine"), PlayNoneOfMine},
+        {QStringLiteral("layers"), PlayLayers, "dark-en@1x"},
+        {QStringLiteral("layers-menu"), PlayLayersMenu, "light-de@1x"},
+        {QStringLiteral("layers-folded"), PlayLayersFolded},
         {QStringLiteral("mine"), PlayMine, "dark-de@1x"},
         {QStringLiteral("adjust"), PlayAdjust, "dark-en@1x"},
         {QStringLiteral("curve"), PlayCurve, "light-de@1x"},
@@ -271,7 +320,6 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("save"), PlaySave, "light-en@1x"},
         {QStringLiteral("taken"), PlayTaken},
         {QStringLiteral("delete"), PlayDelete},
-        {QStringLiteral("leave"), PlayLeave, "dark-en@1x"},
         {QStringLiteral("refused"), PlayRefused},
         {QStringLiteral("kept"), PlayKept},
         {QStringLiteral("replaced"), PlayReplaced},

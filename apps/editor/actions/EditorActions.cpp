@@ -33,7 +33,7 @@ EditorActions::EditorActions(QWidget& window, QUndoStack& undoStack)
     pasteEdit = Add("pasteEdit", {Qt::CTRL + Qt::SHIFT + Qt::Key_V});
     pasteParts = Add("pasteParts", {Qt::CTRL + Qt::ALT + Qt::Key_V});
     putLook = Add("putLook");
-    takeOff = Add("takeOff");
+    revert = Add("revert");
     selectAll = Add("selectAll", {Qt::CTRL + Qt::Key_A});
     selectOne = Add("selectOne", {Qt::CTRL + Qt::SHIFT + Qt::Key_A});
     orderByName = Add("orderByName");
@@ -104,7 +104,7 @@ void EditorActions::ShowTargets()
     show(pasteEdit, tr("&Paste Edit"), tr("&Paste Edit on %1 Photos"));
     show(pasteParts, tr("Paste P&arts of Edit…"), tr("Paste P&arts of Edit on %1 Photos…"));
     show(putLook, tr("Put &Look on Selected Photos"), tr("Put &Look on All %1 Photos"));
-    show(takeOff, tr("&Take Edit Off"), tr("&Take Edit Off %1 Photos"));
+    show(revert, tr("Re&vert to Original"), tr("Re&vert %1 Photos to Original"));
 }
 
 QAction* EditorActions::Add(const char* name, const QList<QKeySequence>& keys)
@@ -130,11 +130,13 @@ void EditorActions::FillMenuBar(QMenuBar& bar)
     m_edit->addActions({undo, redo});
     m_edit->addSeparator();
     m_edit->addActions({copyEdit, pasteEdit, pasteParts});
+    m_edit->addSeparator();
+    m_edit->addAction(revert);
     photos->addActions({selectAll, selectOne});
     photos->addSeparator();
     photos->addActions({orderByName, orderByTime});
     photos->addSeparator();
-    photos->addActions({copyEdit, pasteEdit, pasteParts, putLook, takeOff});
+    photos->addActions({copyEdit, pasteEdit, pasteParts, putLook, revert});
     photos->addSeparator();
     photos->addAction(refresh);
     m_view->addActions({fit, actualSize, zoomIn, zoomOut});
@@ -223,7 +225,7 @@ void EditorActions::SetIcons(LumetraHost::PaletteKind kind)
         {fit, "fit"},        {actualSize, "actual-size"},
         {zoomIn, "zoom-in"}, {zoomOut, "zoom-out"},
         {split, "split"},    {sidePanel, "panel"},
-        {strip, "strip"}};
+        {strip, "strip"},    {revert, "revert"}};
     for (const auto& [action, name] : icons)
         action->setIcon(MakeIcon(QLatin1String(name), kind));
 }

@@ -60,7 +60,7 @@ public:
     QAction* pasteEdit;
     QAction* pasteParts;
     QAction* putLook;
-    QAction* takeOff;
+    QAction* revert;
     QAction* fit;
     QAction* actualSize;
     QAction* zoomIn;

@@ -28,6 +28,7 @@ ShortcutsDialog::ShortcutsDialog(const EditorActions& actions, QWidget* parent)
     AddCommands(actions);
     AddPhotoKeys();
     AddStripKeys();
+    AddLayerKeys();
     m_list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
 
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
@@ -92,6 +93,19 @@ void ShortcutsDialog::AddStripKeys()
     AddRow(tr("Open another photo"), tr("Left, Right, Page Up, Page Down, Home, End"));
     AddRow(tr("Select up to there"), tr("Shift with these keys"));
     AddRow(tr("Select only the current photo"), tr("Esc"));
+}
+
+void ShortcutsDialog::AddLayerKeys()
+{
+    const auto text = [](const QKeySequence& key) {
+        return key.toString(QKeySequence::NativeText);
+    };
+    AddSection(tr("List of what is on the photo, while it has the focus"));
+    AddRow(tr("Open a layer again"), text(Qt::Key_Return));
+    AddRow(tr("Switch a layer off or on"), text(Qt::Key_Space));
+    AddRow(tr("Move a layer up, down"),
+           QStringLiteral("%1, %2").arg(text(Qt::ALT + Qt::Key_Up), text(Qt::ALT + Qt::Key_Down)));
+    AddRow(tr("Take a layer away"), text(Qt::Key_Delete));
 }
 
 void ShortcutsDialog::AddPanel(const QString& title, const QWidget& panel)

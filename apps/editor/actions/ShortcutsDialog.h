@@ -27,6 +27,7 @@ private:
     void AddCommands(const EditorActions& actions);
     void AddPhotoKeys();
     void AddStripKeys();
+    void AddLayerKeys();
     void AddSection(const QString& title);
     void AddRow(const QString& text, const QString& keys);
     void AddRow(const QString& text, const QList<QKeySequence>& keys);

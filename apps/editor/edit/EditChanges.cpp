@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "edit/EditChanges.h"
 
+#include "edit/LayerChanges.h"
+
 #include <algorithm>
 #include <iterator>
 #include <map>
@@ -64,6 +66,24 @@ Layers Join(Layers committed, const Layers& open)
     return committed;
 }
 
+Layers PickBelow(const EditState& edit)
+{
+    const auto count = static_cast<std::ptrdiff_t>(edit.CountCommitted());
+    return Layers(edit.layers.begin(), edit.layers.begin() + count);
+}
+
+Layers PickAbove(const EditState& edit)
+{
+    return Layers(edit.layers.end() - static_cast<std::ptrdiff_t>(edit.CountAbove()),
+                  edit.layers.end());
+}
+
+/// Closes a lower layer that is open again, so that open layers lie on top.
+EditState Settle(const EditState& edit)
+{
+    return edit.CountAbove() > 0 ? LayerChanges::CloseAll(edit) : edit;
+}
+
 /// The layers with `added` in the place of the replaced ones.
 Layers PutInPlace(const Layers& layers, const Layers& added, const Choice& isReplaced)
 {
@@ -94,15 +114,6 @@ bool Collide(const Layers& first, const Layers& second)
     });
 }
 
-/// Commits the open layers. Their modules' parts go, as on the photo that is shown: a module knows
-/// nothing of a layer once it is committed.
-void CommitOpen(EditState& edit)
-{
-    for (EditLayer& layer : edit.layers)
-        if (std::exchange(layer.isOpen, false))
-            edit.panels.erase(layer.module);
-}
-
 PanelEdit FindPart(const EditState& edit, const QString& module)
 {
     const auto found = edit.panels.find(module);
@@ -113,11 +124,12 @@ void ReplaceOpen(EditState& edit, const Layers& added, const Choice& isReplaced)
 {
     const Layers kept = PickOpen(edit, [&](const EditLayer& layer) { return !isReplaced(layer); });
     if (Collide(kept, added)) {
-        edit.layers = Join(PickCommitted(edit, IsAny), kept);
-        CommitOpen(edit);
+        edit.layers = Join(Join(PickBelow(edit), kept), PickAbove(edit));
+        edit = LayerChanges::CloseAll(edit);
     }
+    const Layers above = PickAbove(edit);
     edit.layers =
-        Join(PickCommitted(edit, IsAny), PutInPlace(PickOpen(edit, IsAny), added, isReplaced));
+        Join(Join(PickBelow(edit), PutInPlace(PickOpen(edit, IsAny), added, isReplaced)), above);
 }
 
 std::set<QString> FindModules(const EditState& first, const EditState& second)
@@ -168,8 +180,21 @@ void FollowCommit(EditState& edit, const EditState& before, const EditState& aft
         else
             added.push_back(after.layers[i]);
     }
-    CommitOpen(edit);
+    edit = LayerChanges::CloseAll(edit);
     Append(edit.layers, added);
+}
+
+/// Takes the layers off both edits that lie above the open ones of the first. Returns false, and
+/// changes nothing, where the second has not got them on top.
+bool LeaveOutAbove(EditState& before, EditState& after)
+{
+    const Layers above = PickAbove(before);
+    if (above.size() > after.layers.size() ||
+        !std::equal(above.rbegin(), above.rend(), after.layers.rbegin()))
+        return false;
+    before.layers.resize(before.layers.size() - above.size());
+    after.layers.resize(after.layers.size() - above.size());
+    return true;
 }
 
 } // namespace
@@ -177,14 +202,15 @@ void FollowCommit(EditState& edit, const EditState& before, const EditState& aft
 EditState EditChanges::Replace(const EditState& edit, const EditState& copied,
                                const EditParts& parts)
 {
-    EditState result = edit;
+    EditState result = Settle(edit);
+    const EditState source = Settle(copied);
     for (auto panel = result.panels.begin(); panel != result.panels.end();)
         panel = parts.Has(panel->first) ? result.panels.erase(panel) : std::next(panel);
-    ReplaceOpen(result, PickOpen(copied, IsOf(parts)), IsOf(parts));
+    ReplaceOpen(result, PickOpen(source, IsOf(parts)), IsOf(parts));
     result.layers = Join(
-        PutInPlace(PickCommitted(result, IsAny), PickCommitted(copied, IsOf(parts)), IsOf(parts)),
+        PutInPlace(PickCommitted(result, IsAny), PickCommitted(source, IsOf(parts)), IsOf(parts)),
         PickOpen(result, IsAny));
-    for (const auto& [module, part] : copied.panels)
+    for (const auto& [module, part] : source.panels)
         if (parts.Has(module))
             result.panels[module] = part;
     return result;
@@ -193,30 +219,32 @@ EditState EditChanges::Replace(const EditState& edit, const EditState& copied,
 EditState EditChanges::AddOnTop(const EditState& edit, const EditState& copied,
                                 const EditParts& parts)
 {
-    EditState result = edit;
-    const Layers committed = PickCommitted(copied, IsOf(parts));
-    const Layers open = PickOpen(copied, IsOf(parts));
-    if (!committed.empty() || Collide(PickOpen(edit, IsAny), open))
-        CommitOpen(result);
+    EditState result = Settle(edit);
+    const EditState source = Settle(copied);
+    const Layers committed = PickCommitted(source, IsOf(parts));
+    const Layers open = PickOpen(source, IsOf(parts));
+    if (!committed.empty() || Collide(PickOpen(result, IsAny), open))
+        result = LayerChanges::CloseAll(result);
     result.layers =
         Join(Join(PickCommitted(result, IsAny), committed), Join(PickOpen(result, IsAny), open));
     for (const EditLayer& layer : open)
-        result.panels[layer.module] = FindPart(copied, layer.module);
+        result.panels[layer.module] = FindPart(source, layer.module);
     return result;
 }
 
 EditState EditChanges::Follow(const EditState& edit, const EditState& before,
                               const EditState& after)
 {
-    if (!KeepsCommitted(before, after))
+    EditState from = before, to = after;
+    if (!LeaveOutAbove(from, to) || !KeepsCommitted(from, to))
         return edit;
     EditState result = edit;
-    if (after.CountCommitted() > before.CountCommitted())
-        FollowCommit(result, before, after);
-    for (const QString& module : FindModules(before, after)) {
-        const Layers open = PickOpen(after, IsOf(module));
-        const PanelEdit part = FindPart(after, module);
-        if (open == PickOpen(before, IsOf(module)) && part == FindPart(before, module))
+    if (to.CountCommitted() > from.CountCommitted())
+        FollowCommit(result, from, to);
+    for (const QString& module : FindModules(from, to)) {
+        const Layers open = PickOpen(to, IsOf(module));
+        const PanelEdit part = FindPart(to, module);
+        if (open == PickOpen(from, IsOf(module)) && part == FindPart(from, module))
             continue;
         ReplaceOpen(result, open, IsOf(module));
         result.panels[module] = part;

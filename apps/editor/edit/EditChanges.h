@@ -24,18 +24,18 @@ struct EditParts
 };
 
 /// Changes of edits that bring what was done on one photo to others. All of them give edits that
-/// EditStateFormat can store: committed layers lie below open ones, and no two open layers have the
-/// same package.
+/// EditStateFormat can store: open layers lie together, and no two of them have the same package.
 namespace EditChanges {
 
 /// Puts the chosen parts of `copied` in the place of those of `edit`, whose other parts stay. The
-/// layers that come lie where the lowest lay that go, else on top.
+/// layers that come lie where the lowest lay that go, else on top. A lower layer that is open again
+/// is closed first, in both edits.
 LumetraHost::EditState Replace(const LumetraHost::EditState& edit,
                                const LumetraHost::EditState& copied, const EditParts& parts);
 
 /// Puts the chosen layers of `copied` on top of all layers of `edit`. Open layers of `edit` become
 /// committed where they would be in the way: below a committed layer, or below an open one of the
-/// same module.
+/// same module. A lower layer that is open again is closed first, in both edits.
 LumetraHost::EditState AddOnTop(const LumetraHost::EditState& edit,
                                 const LumetraHost::EditState& copied, const EditParts& parts);
 

@@ -50,7 +50,7 @@ void ManyCommands::Connect()
     on(m_actions.pasteEdit, &ManyCommands::Paste);
     on(m_actions.pasteParts, &ManyCommands::PasteParts);
     on(m_actions.putLook, &ManyCommands::PutLook);
-    on(m_actions.takeOff, &ManyCommands::TakeOff);
+    on(m_actions.revert, &ManyCommands::Revert);
     connect(&m_editor, &Editor::photoChanged, this, [this] {
         m_progress->Clear();
         Update();
@@ -58,6 +58,7 @@ void ManyCommands::Connect()
     // By then the photo has the edit of its file, which is no step.
     connect(&m_editor, &Editor::openingEnded, this, &ManyCommands::Update);
     connect(&m_editor.GetUndoStack(), &QUndoStack::indexChanged, this, &ManyCommands::Update);
+    connect(&m_editor, &Editor::layersChanged, this, &ManyCommands::Update);
     connect(&m_editor.GetManySteps(), &ManySteps::ended, this, &ManyCommands::ShowEnd);
     connect(m_follow, &FollowSwitch::toggled, this,
             [this](bool isOn) { m_settings.Set(FollowKey, isOn); });
@@ -132,9 +133,9 @@ void ManyCommands::PutLook()
     m_editor.GetManySteps().Change(tr("Put look on photos"), GetTargets(), put);
 }
 
-void ManyCommands::TakeOff()
+void ManyCommands::Revert()
 {
-    m_editor.GetManySteps().Change(tr("Take edit off"), GetTargets(),
+    m_editor.GetManySteps().Change(tr("Revert to original"), GetTargets(),
                                    [](const EditState&) { return EditState(); });
 }
 
@@ -179,7 +180,7 @@ void ManyCommands::Update()
     m_actions.pasteEdit->setEnabled(m_copied && count > 0);
     m_actions.pasteParts->setEnabled(m_copied && count > 0);
     m_actions.putLook->setEnabled(count > 1 && hasLook);
-    m_actions.takeOff->setEnabled(count > 1 || !layers.empty());
+    m_actions.revert->setEnabled(count > 1 || !layers.empty());
     m_follow->SetCount(m_selection.size());
 }
 

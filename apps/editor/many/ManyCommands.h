@@ -55,7 +55,7 @@ private:
     void Paste();
     void PasteParts();
     void PutLook();
-    void TakeOff();
+    void Revert();
     void ShowEnd(const ManyReport& report);
     void Update();
 

@@ -83,13 +83,6 @@ void GuardedPanel::RestoreEdit(const PanelEdit& edit)
     GuardPanel([&edit](IEditorPanel& panel) { panel.RestoreEdit(edit.MakeProperty()); });
 }
 
-bool GuardedPanel::HasUnsavedChanges()
-{
-    bool hasChanges = false;
-    GuardPanel([&](const IEditorPanel& panel) { hasChanges = panel.HasUnsavedChanges(); });
-    return m_isUsable && hasChanges;
-}
-
 bool GuardedPanel::MayEnd()
 {
     bool mayEnd = true;
@@ -128,6 +121,16 @@ QString GuardedPanel::FindKeptLook(const QString& id)
     GuardPanel([&](IEditorPanel& panel) {
         if (const ILookKeeper* const keeper = panel.GetLookKeeper())
             name = keeper->FindLookName(id);
+    });
+    return m_isUsable ? name : QString();
+}
+
+QString GuardedPanel::FindShownName(const QString& id)
+{
+    QString name;
+    GuardPanel([&](IEditorPanel& panel) {
+        if (const ILookKeeper* const keeper = panel.GetLookKeeper())
+            name = keeper->FindShownName(id);
     });
     return m_isUsable ? name : QString();
 }

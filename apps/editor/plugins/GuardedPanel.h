@@ -48,7 +48,6 @@ public:
     /// has given what no edit can hold.
     std::optional<LumetraHost::PanelEdit> SaveEdit();
     void RestoreEdit(const LumetraHost::PanelEdit& edit);
-    bool HasUnsavedChanges();
     /// True when the panel is out of use, or is now.
     bool MayEnd();
     void PackagesCommitted();
@@ -58,6 +57,8 @@ public:
     bool KeepsLooks();
     /// The name of a look that the panel keeps; empty when it keeps none of that id.
     QString FindKeptLook(const QString& id);
+    /// The name, in the user's language, of a look that the panel knows; else empty.
+    QString FindShownName(const QString& id);
     /// Why the look has not got the effects; empty when it has.
     QString UpdateKeptLook(const QString& id, const Zorvik::Quindle::EffectsSettings& settings);
 

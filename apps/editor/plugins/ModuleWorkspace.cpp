@@ -41,7 +41,8 @@ void ModuleDrawer::ApplyEffect(const Zorvik::Quindle::ConstEffectPtr& effect,
 {
     const auto stack = m_drawer.GetStack();
     std::set<std::string> owners;
-    for (std::size_t i = m_drawer.CountCommitted(); i < stack.size(); ++i)
+    const std::size_t committed = m_drawer.CountCommitted();
+    for (std::size_t i = committed; i < committed + m_drawer.CountOpen(); ++i)
         owners.insert(stack[i].origin);
     m_drawer.CommitAs(m_module, effect);
     m_committed(m_module, owners);

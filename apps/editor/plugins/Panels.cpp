@@ -5,7 +5,6 @@
 
 namespace LumetraEditor {
 
-using LumetraHost::EditLayer;
 using LumetraHost::EditState;
 using LumetraHost::PanelEdit;
 
@@ -41,18 +40,6 @@ void Panels::Restore(const EditState& state)
         const auto found = state.panels.find(panel->GetId());
         panel->RestoreEdit(found == state.panels.end() ? PanelEdit() : found->second);
     }
-}
-
-void Panels::Forget(EditState& state) const
-{
-    for (const auto& panel : m_panels)
-        if (panel->IsUsable())
-            state.panels.erase(panel->GetId());
-    const auto isForgotten = [this](const EditLayer& layer) {
-        return layer.isOpen && (layer.module.isEmpty() || IsInUse(layer.module));
-    };
-    state.layers.erase(std::remove_if(state.layers.begin(), state.layers.end(), isForgotten),
-                       state.layers.end());
 }
 
 bool Panels::IsInUse(const QString& module) const
@@ -102,18 +89,20 @@ QString Panels::FindLookName(const QString& id) const
     return {};
 }
 
+QString Panels::FindShownName(const QString& module, const QString& id) const
+{
+    for (const auto& panel : m_panels)
+        if (panel->GetId() == module)
+            return panel->FindShownName(id);
+    return {};
+}
+
 QString Panels::UpdateLook(const QString& id, const Zorvik::Quindle::EffectsSettings& settings)
 {
     for (const auto& panel : m_panels)
         if (!panel->FindKeptLook(id).isEmpty())
             return panel->UpdateKeptLook(id, settings);
     return tr("There is no such look among yours.");
-}
-
-bool Panels::HasUnsavedChanges() const
-{
-    return std::any_of(m_panels.begin(), m_panels.end(),
-                       [](const auto& panel) { return panel->HasUnsavedChanges(); });
 }
 
 bool Panels::MayEnd() const

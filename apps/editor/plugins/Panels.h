@@ -32,8 +32,6 @@ public:
     /// Replaces the parts of the panels in use; all others stay as they are.
     void Save(LumetraHost::EditState& state) const;
     void Restore(const LumetraHost::EditState& state);
-    /// Removes the parts of the panels in use, their open layers, and those that are nobody's.
-    void Forget(LumetraHost::EditState& state) const;
     /// True when the module has a panel that has not failed.
     bool IsInUse(const QString& module) const;
     /// Tells the modules among `owners`, but for `module`, that `module` has committed their open
@@ -46,8 +44,9 @@ public:
     /// The ids and titles of the panels in use.
     std::vector<std::pair<QString, QString>> GetTitles() const;
     QString FindLookName(const QString& id) const;
+    /// The name, in the user's language, of a look that the module knows; else empty.
+    QString FindShownName(const QString& module, const QString& id) const;
     QString UpdateLook(const QString& id, const Zorvik::Quindle::EffectsSettings& settings);
-    bool HasUnsavedChanges() const;
     /// Asks the panels in turn, up to the first one that objects.
     bool MayEnd() const;
     /// The panel that the object belongs to, in use or not; null when there is none.

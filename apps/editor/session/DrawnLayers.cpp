@@ -30,15 +30,46 @@ StackedPackage ToPackage(const EditLayer& layer)
     return {layer.settings, layer.module.toStdString(), layer.isOn};
 }
 
-bool HasCommitted(const Drawer& drawer, const std::vector<EditLayer>& committed)
+/// The closed layers of an edit: those below the open ones, and those above.
+struct ClosedLayers
+{
+    std::vector<EditLayer> below;
+    std::vector<EditLayer> above;
+};
+
+ClosedLayers PickClosed(const std::vector<EditLayer>& layers)
+{
+    ClosedLayers closed;
+    bool isAbove = false;
+    for (const EditLayer& layer : layers)
+        if (layer.isOpen)
+            isAbove = true;
+        else
+            (isAbove ? closed.above : closed.below).push_back(layer);
+    return closed;
+}
+
+bool IsDrawn(const EditLayer& layer, const StackedPackage& package)
+{
+    return package.origin == layer.module.toStdString() &&
+           IsSamePackage(*layer.settings, *package.settings);
+}
+
+bool HasClosed(const Drawer& drawer, const ClosedLayers& closed)
 {
     const auto stack = drawer.GetStack();
-    return drawer.CountCommitted() == committed.size() &&
-           std::equal(committed.begin(), committed.end(), stack.begin(),
-                      [](const EditLayer& layer, const StackedPackage& package) {
-                          return package.origin == layer.module.toStdString() &&
-                                 IsSamePackage(*layer.settings, *package.settings);
-                      });
+    const std::size_t firstAbove = drawer.CountCommitted() + drawer.CountOpen();
+    return drawer.CountCommitted() == closed.below.size() &&
+           stack.size() - firstAbove == closed.above.size() &&
+           std::equal(closed.below.begin(), closed.below.end(), stack.begin(), IsDrawn) &&
+           std::equal(closed.above.rbegin(), closed.above.rend(), stack.rbegin(), IsDrawn);
+}
+
+std::vector<StackedPackage> ToPackages(const std::vector<EditLayer>& layers)
+{
+    std::vector<StackedPackage> packages;
+    std::transform(layers.begin(), layers.end(), std::back_inserter(packages), ToPackage);
+    return packages;
 }
 
 /// Applies the layer without the index that it had, which may be another package's by now.
@@ -58,15 +89,19 @@ void SetOnAndOff(Drawer& drawer, const std::vector<EditLayer>& layers)
         if (layer.isOpen)
             isOn[NameOf(layer)] = layer.isOn;
     const auto stack = drawer.GetStack();
+    const ClosedLayers closed = PickClosed(layers);
     const std::size_t committed = drawer.CountCommitted();
-    for (std::size_t i = 0; i < std::min(committed, layers.size()); ++i)
-        if (!layers[i].isOpen)
-            drawer.SetOn(i, layers[i].isOn);
-    for (std::size_t i = committed; i < stack.size(); ++i) {
+    const std::size_t firstAbove = committed + drawer.CountOpen();
+    for (std::size_t i = 0; i < std::min(committed, closed.below.size()); ++i)
+        drawer.SetOn(i, closed.below[i].isOn);
+    for (std::size_t i = committed; i < firstAbove; ++i) {
         const auto found = isOn.find(stack[i].settings->Package().GetPackageName());
         if (found != isOn.end())
             drawer.SetOn(i, found->second);
     }
+    for (std::size_t i = firstAbove; i < stack.size(); ++i)
+        if (const std::size_t above = i - firstAbove; above < closed.above.size())
+            drawer.SetOn(i, closed.above[above].isOn);
 }
 
 } // namespace
@@ -79,25 +114,22 @@ std::vector<EditLayer> DrawnLayers::Read(const Drawer& drawer)
         layer.module = QString::fromStdString(package.origin);
         layer.settings = package.settings;
         layer.isOn = package.isOn;
-        layer.isOpen = layers.size() >= drawer.CountCommitted();
+        layer.isOpen = layers.size() >= drawer.CountCommitted() &&
+                       layers.size() < drawer.CountCommitted() + drawer.CountOpen();
         layers.push_back(std::move(layer));
     }
     return layers;
 }
 
-void DrawnLayers::RestoreCommitted(Drawer& drawer, const std::vector<EditLayer>& layers)
+void DrawnLayers::RestoreClosed(Drawer& drawer, const std::vector<EditLayer>& layers)
 {
-    std::vector<EditLayer> committed;
-    std::copy_if(layers.begin(), layers.end(), std::back_inserter(committed),
-                 [](const EditLayer& layer) { return !layer.isOpen; });
-    if (HasCommitted(drawer, committed)) {
+    const ClosedLayers closed = PickClosed(layers);
+    if (HasClosed(drawer, closed)) {
         for (const EffectsSettings& package : drawer.GetOpenPackages())
             drawer.ResetPackage(package.Package().GetIndex());
         return;
     }
-    std::vector<StackedPackage> packages;
-    std::transform(committed.begin(), committed.end(), std::back_inserter(packages), ToPackage);
-    drawer.SetCommitted(std::move(packages));
+    drawer.SetCommitted(ToPackages(closed.below), ToPackages(closed.above));
 }
 
 void DrawnLayers::RestoreOpen(Drawer& drawer, const std::vector<EditLayer>& layers,
@@ -119,7 +151,8 @@ void DrawnLayers::RemoveOpen(Drawer& drawer, const QString& module)
 {
     const auto stack = drawer.GetStack();
     const std::string origin = module.toStdString();
-    for (std::size_t i = drawer.CountCommitted(); i < stack.size(); ++i)
+    const std::size_t firstAbove = drawer.CountCommitted() + drawer.CountOpen();
+    for (std::size_t i = drawer.CountCommitted(); i < firstAbove; ++i)
         if (stack[i].origin == origin)
             drawer.ResetPackage(stack[i].settings->Package().GetIndex());
 }

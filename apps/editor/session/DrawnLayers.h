@@ -19,10 +19,9 @@ namespace DrawnLayers {
 /// The drawer's packages as layers, without their records.
 std::vector<LumetraHost::EditLayer> Read(const LumetraHost::Drawer& drawer);
 
-/// Leaves the committed layers of the edit on the photo, and no open ones. Nothing is rendered
-/// again where the drawer has the same ones committed already.
-void RestoreCommitted(LumetraHost::Drawer& drawer,
-                      const std::vector<LumetraHost::EditLayer>& layers);
+/// Leaves the closed layers of the edit on the photo, below and above the place of the open ones,
+/// and no open ones. Nothing is rendered again where the drawer has the same ones already.
+void RestoreClosed(LumetraHost::Drawer& drawer, const std::vector<LumetraHost::EditLayer>& layers);
 /// Follows the modules in use, which have drawn their open layers: draws those of all other
 /// modules, puts the open ones into the order of the edit, and sets layers on and off.
 void RestoreOpen(LumetraHost::Drawer& drawer, const std::vector<LumetraHost::EditLayer>& layers,

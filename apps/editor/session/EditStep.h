@@ -6,40 +6,70 @@
 #include <QUndoCommand>
 
 #include <functional>
+#include <memory>
 #include <utility>
 
 namespace LumetraEditor {
 
-/// One step of an edit on the undo stack: the states before and after it. The step has been done
-/// before it is made, so the first redo() does nothing.
+/// Steps are numbered in the order in which the user has taken them, on whatever photo.
+class StepNumber
+{
+public:
+    static quint64 GiveNext() { return ++s_last; }
+
+private:
+    inline static quint64 s_last = 0;
+};
+
+/// One step of the edit of one photo: the edits before and after it. Nobody changes them, and
+/// copies share them.
+struct OwnStep
+{
+    QString text;
+    std::shared_ptr<const LumetraHost::EditState> before; ///< never null
+    std::shared_ptr<const LumetraHost::EditState> after;  ///< never null
+    quint64 number = 0;
+    bool isDone = true; ///< false: the step has been undone
+};
+
+/// A step of the photo that is shown, on the undo stack. The first calls are passed over that bring
+/// it into its place there.
 class EditStep : public QUndoCommand
 {
 public:
     using Restore = std::function<void(const LumetraHost::EditState& state)>;
 
-    EditStep(const QString& text, LumetraHost::EditState before, LumetraHost::EditState after,
-             Restore restore)
-        : QUndoCommand(text), m_before(std::move(before)), m_after(std::move(after)),
-          m_restore(std::move(restore))
+    /// A step that has been done just now.
+    EditStep(const QString& text, const LumetraHost::EditState& before,
+             const LumetraHost::EditState& after, Restore restore)
+        : EditStep({text, std::make_shared<const LumetraHost::EditState>(before),
+                    std::make_shared<const LumetraHost::EditState>(after), StepNumber::GiveNext()},
+                   std::move(restore), 1)
     {
     }
 
-    void undo() override
+    EditStep(const OwnStep& step, Restore restore, int passedOver)
+        : QUndoCommand(step.text), m_step(step), m_restore(std::move(restore)),
+          m_passedOver(passedOver)
     {
-        m_isDone = false;
-        m_restore(m_before);
     }
-    void redo() override
-    {
-        if (!std::exchange(m_isDone, true))
-            m_restore(m_after);
-    }
+
+    const OwnStep& GetStep() const { return m_step; }
+    void undo() override { Go(*m_step.before); }
+    void redo() override { Go(*m_step.after); }
 
 private:
-    LumetraHost::EditState m_before;
-    LumetraHost::EditState m_after;
+    void Go(const LumetraHost::EditState& state)
+    {
+        if (m_passedOver > 0)
+            --m_passedOver;
+        else
+            m_restore(state);
+    }
+
+    OwnStep m_step;
     Restore m_restore;
-    bool m_isDone = true;
+    int m_passedOver;
 };
 
 } // namespace LumetraEditor

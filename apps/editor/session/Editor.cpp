@@ -10,6 +10,7 @@
 #include "session/DrawnLayers.h"
 #include "session/EditStep.h"
 #include "session/EffectDescriptions.h"
+#include "session/LayerRecords.h"
 #include "workspace/WorkspaceController.h"
 
 #include "Zorvik/Lumetra/IObjectsConnectorID.h"
@@ -127,11 +128,11 @@ bool Editor::MayLeavePhoto()
 void Editor::SetPhoto(const QString& path, const Photo& photo, const PhotoIdentity& identity)
 {
     SaveEdit();
-    m_manySteps.ForgetOwnSteps();
+    m_manySteps.LeavePhoto();
     ShowOnPhoto(nullptr);
     m_path = path;
     m_photo = photo;
-    m_state = {};
+    Enter({});
     m_found.reset();
     m_mayLoseEdit = false;
     m_workspace->GetDrawer().SetPhoto(photo.image);
@@ -150,7 +151,9 @@ void Editor::OpenSidecar(const PhotoIdentity& identity)
     m_found = m_sidecar.Open(m_path, identity);
     if (m_found)
         RestoreEdit(*m_found);
-    m_state = CaptureEdit(); // a panel may have left something out
+    Enter(CaptureEdit()); // a panel may have left something out
+    if (!m_sidecar.IsOfOtherPhoto())
+        m_manySteps.ComeToPhoto();
 }
 
 void Editor::SettleEditOfOtherPhoto()
@@ -166,7 +169,7 @@ void Editor::SettleEditOfOtherPhoto()
     m_sidecar.StartAnew();
     m_found.reset();
     RestoreEdit(EditState());
-    m_state = CaptureEdit();
+    Enter(CaptureEdit());
 }
 
 void Editor::SetDisplay(const std::shared_ptr<const LumetraHost::DisplayTransform>& display)
@@ -205,7 +208,7 @@ GuardedPanel* Editor::AddPanel(const LoadedPlugin& plugin)
         panel.RestoreEdit(part->second);
         RestoreOpenLayers();
     }
-    m_state = CaptureEdit();
+    Enter(CaptureEdit());
     return panel.IsUsable() ? &panel : nullptr;
 }
 
@@ -221,17 +224,6 @@ void Editor::TakeFailure(QObject* receiver, const QString& reason)
         panel->PutOutOfUse(reason);
     else
         ShowNotice(tr("Something has gone wrong: %1").arg(reason));
-}
-
-/// Discards changes of panels in use. Parts of missing panels stay: nobody sees what would be taken
-/// off.
-void Editor::DiscardUnsavedChanges()
-{
-    EditState state = CaptureEdit();
-    m_panels.Forget(state);
-    RestoreEdit(state);
-    m_state = CaptureEdit();
-    KeepEdit();
 }
 
 // The edit
@@ -254,7 +246,7 @@ EditState Editor::GetEdit() const
 void Editor::PutEdit(const EditState& edit)
 {
     RestoreEdit(edit);
-    m_state = CaptureEdit();
+    Enter(CaptureEdit());
     KeepEdit();
 }
 
@@ -264,7 +256,7 @@ bool Editor::SaveEdit()
         return true;
     EditState state = CaptureEdit();
     if (!(state == m_state)) { // a drag may not have ended
-        m_state = std::move(state);
+        Enter(std::move(state));
         KeepEdit();
     }
     m_sidecar.Flush();
@@ -286,24 +278,30 @@ std::vector<EffectsSettings> Editor::GetPackages() const
 void Editor::SetLayerOn(std::size_t position, bool isOn)
 {
     auto& drawer = m_workspace->GetDrawer();
-    if (position >= drawer.GetStack().size())
+    if (!HasPhoto() || IsOpening() || position >= drawer.GetStack().size())
         return;
     drawer.SetOn(position, isOn);
-    NoteEdit(isOn ? tr("Show layer") : tr("Hide layer"));
+    KeepStep(isOn ? tr("Show layer") : tr("Hide layer"), {});
 }
 
-/// Puts a layer of a new state into words. Those of layers that cannot have changed since the last
-/// step stay; a layer that has been committed since was open then.
-LumetraHost::EditRecord Editor::MakeRecord(const EditState& state, std::size_t position) const
+bool Editor::ChangeEdit(const QString& text, const EditChange& change, const IsRight& isRight)
 {
-    const EditLayer& layer = state.layers[position];
-    if (!layer.isOpen && position < m_state.CountCommitted())
-        return m_state.layers[position].record;
-    if (!m_panels.IsInUse(layer.module))
-        for (const EditLayer& earlier : m_state.layers)
-            if (earlier.isOpen && IsSamePackage(*earlier.settings, *layer.settings))
-                return earlier.record;
-    return (layer.isOpen ? state : m_state).MakeRecord(layer.module, *layer.settings);
+    if (!HasPhoto() || m_isRestoring || IsOpening())
+        return false;
+    const EditState before = CaptureEdit();
+    const EditState wanted = change(before);
+    if (wanted == before)
+        return false;
+    RestoreEdit(wanted);
+    Enter(CaptureEdit());
+    if (isRight && !isRight(wanted, m_state)) {
+        RestoreEdit(before);
+        return false;
+    }
+    KeepEdit();
+    m_undoStack.push(new EditStep(text, before, m_state,
+                                  [this](const EditState& state) { RestoreStep(state); }));
+    return true;
 }
 
 EditState Editor::CaptureEdit() const
@@ -312,35 +310,31 @@ EditState Editor::CaptureEdit() const
     state.panels = m_state.panels; // keeps parts of modules that are missing or out of use
     m_panels.Save(state);
     AddLayers(state);
-    ForgetCommittedParts(state);
+    LayerRecords::ForgetClosedParts(state, m_state, MakeIsInUse());
     return state;
 }
 
 void Editor::AddLayers(EditState& state) const
 {
     state.layers = DrawnLayers::Read(m_workspace->GetDrawer());
-    for (std::size_t i = 0; i < state.layers.size(); ++i)
-        state.layers[i].record = MakeRecord(state, i);
+    LayerRecords::Describe(state, m_state, MakeIsInUse());
 }
 
-/// Removes the parts of modules that are not in use and whose open layers have all become part of
-/// the photo since the last step: such a module would draw them once more when it comes back.
-void Editor::ForgetCommittedParts(EditState& state) const
+std::function<bool(const QString&)> Editor::MakeIsInUse() const
 {
-    const auto hasOpenLayer = [&state](const QString& module) {
-        return std::any_of(
-            state.layers.begin(), state.layers.end(),
-            [&module](const EditLayer& layer) { return layer.isOpen && layer.module == module; });
-    };
-    for (const EditLayer& earlier : m_state.layers)
-        if (earlier.isOpen && !m_panels.IsInUse(earlier.module) && !hasOpenLayer(earlier.module))
-            state.panels.erase(earlier.module);
+    return [this](const QString& module) { return m_panels.IsInUse(module); };
+}
+
+/// Enters the edit after a step, or after another edit has come.
+void Editor::Enter(EditState state)
+{
+    m_state = std::move(state);
+    emit layersChanged();
 }
 
 void Editor::RestoreOpenLayers()
 {
-    DrawnLayers::RestoreOpen(m_workspace->GetDrawer(), m_state.layers,
-                             [this](const QString& module) { return m_panels.IsInUse(module); });
+    DrawnLayers::RestoreOpen(m_workspace->GetDrawer(), m_state.layers, MakeIsInUse());
 }
 
 void Editor::RestoreEdit(const EditState& state)
@@ -348,9 +342,10 @@ void Editor::RestoreEdit(const EditState& state)
     const QScopedValueRollback<bool> restoring(m_isRestoring, true);
     ShowOnPhoto(nullptr);
     m_state = state;
-    DrawnLayers::RestoreCommitted(m_workspace->GetDrawer(), state.layers);
+    DrawnLayers::RestoreClosed(m_workspace->GetDrawer(), state.layers);
     m_panels.Restore(state);
     RestoreOpenLayers();
+    emit layersChanged();
 }
 
 void Editor::RestoreStep(const EditState& state)
@@ -361,14 +356,20 @@ void Editor::RestoreStep(const EditState& state)
 
 void Editor::NoteEdit(const QString& text)
 {
-    if (m_isRestoring || !HasPhoto())
-        return;
+    if (!m_isRestoring && HasPhoto())
+        KeepStep(text, m_manySteps.FindOthers(m_followers ? m_followers() : QStringList()));
+}
+
+/// Keeps a step that has been done, and does it on the other photos.
+void Editor::KeepStep(const QString& text, const QStringList& others)
+{
+    m_workspace->GetDrawer().CommitAbove();
     const EditState after = CaptureEdit();
     if (after == m_state)
         return;
-    const EditState before = std::exchange(m_state, after);
+    const EditState before = m_state;
+    Enter(after);
     KeepEdit();
-    const QStringList others = m_manySteps.FindOthers(m_followers ? m_followers() : QStringList());
     const auto restore = [this](const EditState& state) { RestoreStep(state); };
     if (others.isEmpty())
         m_undoStack.push(new EditStep(text, before, after, restore));
@@ -389,6 +390,7 @@ EditState Editor::RunCommand(const std::function<void()>& command)
 {
     const QScopedValueRollback<bool> restoring(m_isRestoring, true);
     command();
+    m_workspace->GetDrawer().CommitAbove();
     return HasPhoto() ? CaptureEdit() : m_state;
 }
 
@@ -410,6 +412,13 @@ std::vector<EditorLayer> Editor::GetLayers() const
         layers.push_back({layer.module, QString::fromStdString(layer.record.preset),
                           layer.record.intensity, layer.isOn, layer.isOpen, *layer.settings});
     return layers;
+}
+
+QString Editor::FindShownName(const EditLayer& layer) const
+{
+    const auto id = QString::fromStdString(layer.settings->Package().GetPresetName());
+    const QString shown = id.isEmpty() ? id : m_panels.FindShownName(layer.module, id);
+    return shown.isEmpty() ? QString::fromStdString(layer.record.preset) : shown;
 }
 
 /// The module that asks notes the step, in which the look is drawn anew.
@@ -451,6 +460,12 @@ Zorvik::Proc::Frame Editor::RequestPreview(const QString& key,
 void Editor::CancelPreviews()
 {
     m_previews->CancelAll();
+}
+
+/// Has the panels ask for their pictures again, which show looks on the committed photo.
+void Editor::CommittedPhotoChanged()
+{
+    m_panels.PreviewReady(QString());
 }
 
 /// Ends what a panel shows under the pointer: a user who edits wants to see the edit.

@@ -90,12 +90,8 @@ public:
     std::vector<std::pair<QString, QString>> GetModules() const { return m_panels.GetTitles(); }
     /// The id of the module that keeps the user's looks; empty when there is none.
     QString FindLookModule() const { return m_panels.FindLookModule(); }
-    /// True when a panel shows a look that is not applied for good.
-    bool HasUnsavedChanges() const { return m_panels.HasUnsavedChanges(); }
     /// False when a panel has to keep something else and the user wants to see to it.
     bool MayEndPanels() const { return m_panels.MayEnd(); }
-    /// Takes looks off that the panels show and have not applied for good.
-    void DiscardUnsavedChanges();
     /// Returns when the edit as it is at this moment is on the disk; false when it could not be
     /// written.
     bool SaveEdit();
@@ -103,10 +99,23 @@ public:
     LumetraHost::EditState GetEdit() const;
     /// The layers of the edit, bottom first.
     std::vector<LumetraHost::EditLayer> CaptureLayers() const { return CaptureEdit().layers; }
-    /// Sets a layer of CaptureLayers() on or off, as a step. A layer that is off is neither shown
-    /// nor exported; an open one is on again when its module next draws it. Does nothing for a
-    /// position without a layer.
+    /// Sets a layer of CaptureLayers() on or off, as a step of this photo alone. A layer that is
+    /// off is neither shown nor exported; an open one is on again when its module next draws it.
+    /// Does nothing for a position without a layer, and while another photo is being read.
     void SetLayerOn(std::size_t position, bool isOn);
+    /// Tells whether panels have made the wanted edit of one that they were given.
+    using IsRight = std::function<bool(const LumetraHost::EditState& wanted,
+                                       const LumetraHost::EditState& made)>;
+    /// Changes the edit of the photo as one step called `text`. Returns false where that would
+    /// change nothing, while another photo is being read, and where `isRight`, if there is one,
+    /// says no: the edit is then as it was before.
+    bool ChangeEdit(const QString& text, const EditChange& change, const IsRight& isRight = {});
+    /// True when the module has a panel that has not failed.
+    bool IsInUse(const QString& module) const { return m_panels.IsInUse(module); }
+    /// The name of the layer's look in the user's language; empty for a layer without a look.
+    QString FindShownName(const LumetraHost::EditLayer& layer) const;
+    /// The layers after the last step, bottom first. Asks no panel.
+    const std::vector<LumetraHost::EditLayer>& GetSteppedLayers() const { return m_state.layers; }
     /// The packages of all layers that are on, bottom first.
     std::vector<Zorvik::Quindle::EffectsSettings> GetPackages() const;
     /// Records of those packages that are presets.
@@ -142,13 +151,15 @@ signals:
     /// The edit of this photo has been written to the disk.
     void editSaved(const QString& path);
     void shownOnTopChanged();
+    /// The layers are other ones, or another photo is open.
+    void layersChanged();
     void displayChanged();
     void messageGiven(const QString& text);
     void noticeGiven(const QString& text);
 
 private:
     void FrameChanged() override;
-    void CommittedPhotoChanged() override {}
+    void CommittedPhotoChanged() override;
 
     void TakePhoto(const QString& path, const LumetraHost::Photo& photo,
                    const LumetraHost::PhotoIdentity& identity);
@@ -163,9 +174,8 @@ private:
     LumetraHost::EditState CaptureEdit() const;
     /// Adds the drawer's layers to a state that has its panels' parts.
     void AddLayers(LumetraHost::EditState& state) const;
-    void ForgetCommittedParts(LumetraHost::EditState& state) const;
-    LumetraHost::EditRecord MakeRecord(const LumetraHost::EditState& state,
-                                       std::size_t position) const;
+    std::function<bool(const QString& module)> MakeIsInUse() const;
+    void Enter(LumetraHost::EditState state);
     void RestoreEdit(const LumetraHost::EditState& state);
     void RestoreStep(const LumetraHost::EditState& state);
     /// Gives the photo another edit, as a part of a step, and saves it.
@@ -177,6 +187,7 @@ private:
     void TakeFailure(QObject* receiver, const QString& reason);
     void LockDrawer(bool isLocked);
     void KeepEdit();
+    void KeepStep(const QString& text, const QStringList& others);
     /// Follows the restoring of panels, see DrawnLayers.
     void RestoreOpenLayers();
 

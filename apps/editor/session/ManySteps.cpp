@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "session/ManySteps.h"
 
+#include "edit/EditChanges.h"
 #include "storage/FileIdentity.h"
 #include "userdata/EditPlaces.h"
 
@@ -10,6 +11,9 @@
 #include <QUndoStack>
 
 #include <algorithm>
+#include <functional>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace LumetraEditor {
@@ -33,7 +37,16 @@ struct ManySteps::Content
     QString text;
     QStringList photos;
     std::shared_ptr<ManyStates> states = std::make_shared<ManyStates>();
+    quint64 number = StepNumber::GiveNext();
     bool isDropped = false; ///< the step has changed nothing
+};
+
+/// A step in the order of the stack, or on its way there.
+struct ManySteps::Entry
+{
+    quint64 number;
+    bool isDone;
+    std::function<QUndoCommand*(int passedOver)> make;
 };
 
 /// A step on the undo stack. The first calls are passed over that bring it into its place there.
@@ -46,6 +59,9 @@ public:
     }
 
     const std::shared_ptr<Content>& GetContent() const { return m_content; }
+    Entry MakeEntry(bool isDone) const;
+    /// Adds the step as one of its only photo, unless it has changed nothing.
+    void AddOwn(bool isDone, std::vector<OwnStep>& own) const;
     void undo() override { Go(ManyDirection::Back); }
     void redo() override { Go(ManyDirection::Forward); }
 
@@ -63,6 +79,26 @@ private:
     std::shared_ptr<Content> m_content;
     int m_passedOver;
 };
+
+ManySteps::Entry ManySteps::Step::MakeEntry(bool isDone) const
+{
+    return {m_content->number, isDone, [&steps = m_steps, content = m_content](int passedOver) {
+                return new Step(steps, content, passedOver);
+            }};
+}
+
+void ManySteps::Step::AddOwn(bool isDone, std::vector<OwnStep>& own) const
+{
+    const auto change = m_content->photos.isEmpty()
+                            ? std::nullopt
+                            : m_content->states->Find(m_content->photos.first());
+    if (!change)
+        return;
+    const auto whole = [](const SharedEdit& edit) {
+        return edit ? edit : std::make_shared<const EditState>();
+    };
+    own.push_back({text(), whole(change->before), whole(change->after), m_content->number, isDone});
+}
 
 ManySteps::ManySteps(QUndoStack& stack, const ShownEdit& shown, QObject* parent)
     : QObject(parent), m_stack(stack), m_shown(shown)
@@ -198,21 +234,104 @@ void ManySteps::DropIfEmpty(const std::shared_ptr<ManyStates>& states)
     m_stack.undo(); // the stack deletes the step
 }
 
-void ManySteps::ForgetOwnSteps()
+/// Returns the steps on several photos. `own`, unless it is null, gets those of the one photo.
+std::vector<ManySteps::Entry> ManySteps::ReadStack(std::vector<OwnStep>* own) const
 {
-    std::vector<std::shared_ptr<Content>> kept;
-    int done = 0;
+    std::vector<Entry> entries;
     for (int i = 0; i < m_stack.count(); ++i) {
+        const bool isDone = i < m_stack.index();
         const auto* const step = dynamic_cast<const Step*>(m_stack.command(i));
-        if (!step || step->GetContent()->photos.size() < 2)
-            continue;
-        kept.push_back(step->GetContent());
-        done += i < m_stack.index() ? 1 : 0;
+        const auto* const edit = dynamic_cast<const EditStep*>(m_stack.command(i));
+        if (step && step->GetContent()->photos.size() > 1)
+            entries.push_back(step->MakeEntry(isDone));
+        else if (step && own)
+            step->AddOwn(isDone, *own);
+        else if (edit && own) {
+            own->push_back(edit->GetStep());
+            own->back().isDone = isDone;
+        }
     }
+    return entries;
+}
+
+/// Gives the stack these steps: those that are done, then those that are not, each in their order.
+void ManySteps::FillStack(std::vector<Entry> entries)
+{
+    std::sort(entries.begin(), entries.end(), [](const Entry& first, const Entry& second) {
+        return std::tie(second.isDone, first.number) < std::tie(first.isDone, second.number);
+    });
     m_stack.clear();
-    for (int i = 0; i < static_cast<int>(kept.size()); ++i)
-        m_stack.push(new Step(*this, kept[static_cast<std::size_t>(i)], i < done ? 1 : 2));
+    int done = 0;
+    for (const Entry& entry : entries) {
+        m_stack.push(entry.make(entry.isDone ? 1 : 2));
+        done += entry.isDone ? 1 : 0;
+    }
     m_stack.setIndex(done);
+}
+
+void ManySteps::LeavePhoto()
+{
+    StepShelf::Steps kept;
+    const auto entries = ReadStack(&kept.steps);
+    kept.photo = Clean(m_shown.getPath());
+    kept.left = m_shown.getEdit();
+    if (!m_shown.getPath().isEmpty())
+        m_shelf.Put(std::move(kept));
+    FillStack(entries);
+}
+
+std::vector<std::shared_ptr<ManySteps::Content>> ManySteps::FindContents() const
+{
+    std::vector<std::shared_ptr<Content>> contents;
+    for (int i = 0; i < m_stack.count(); ++i)
+        if (const auto* const step = dynamic_cast<const Step*>(m_stack.command(i)))
+            contents.push_back(step->GetContent());
+    return contents;
+}
+
+/// True when the photo has the edit that it was left with, or what the steps on several photos on
+/// the stack have made of that.
+bool ManySteps::CanComeBack(const StepShelf::Steps& kept) const
+{
+    const EditState now = m_shown.getEdit();
+    EditState state = kept.left;
+    bool isReached = EditChanges::AreSame(state, now);
+    const auto contents = FindContents();
+    const auto go = [&](const Content& content, bool isForward) {
+        const auto change = content.states->Find(kept.photo);
+        if (isReached || !change)
+            return;
+        const EditState before = change->before ? *change->before : EditState();
+        const EditState after = change->after ? *change->after : EditState();
+        if (!EditChanges::AreSame(isForward ? before : after, state))
+            return;
+        state = isForward ? after : before;
+        isReached = EditChanges::AreSame(state, now);
+    };
+    const auto undone = contents.begin() + m_stack.index();
+    for (auto content = contents.rbegin(); content.base() != undone; ++content)
+        go(**content, false);
+    for (auto content = contents.begin(); content != undone; ++content)
+        go(**content, true);
+    return isReached;
+}
+
+void ManySteps::ComeToPhoto()
+{
+    const auto kept = m_shelf.Take(Clean(m_shown.getPath()));
+    if (!kept || !CanComeBack(*kept))
+        return;
+    std::vector<Entry> entries = ReadStack(nullptr);
+    quint64 newest = 0;
+    for (const Entry& entry : entries)
+        newest = entry.isDone ? std::max(newest, entry.number) : newest;
+    const auto restore = [this](const EditState& state) { m_shown.putEdit(state); };
+    for (const OwnStep& step : kept->steps)
+        if (step.isDone || step.number > newest) // a new step ends those that were undone
+            entries.push_back({step.number, step.isDone, [step, restore](int passedOver) {
+                                   return new EditStep(step, restore, passedOver);
+                               }});
+    FillStack(std::move(entries));
 }
 
 } // namespace LumetraEditor

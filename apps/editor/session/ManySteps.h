@@ -2,6 +2,7 @@
 #pragma once
 
 #include "edit/ManyEdits.h"
+#include "session/StepShelf.h"
 
 #include <QObject>
 #include <QString>
@@ -9,6 +10,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 class QUndoStack;
 
@@ -24,9 +26,9 @@ struct ShownEdit
 
 /// Changes the edits of several photos as one step on the undo stack: that of the photo that is
 /// shown at once, through the drawer, and the others in their files, in the background. Such steps
-/// stay on the stack when another photo is shown. Undo and redo take each photo as it is then: the
-/// one that is shown through the drawer, others in their files; a photo that has been edited since
-/// is left as it is and reported.
+/// stay on the stack when another photo is shown, and steps of one photo come back with it. Undo
+/// and redo take each photo as it is then: the one that is shown through the drawer, others in
+/// their files; a photo that has been edited since is left as it is and reported.
 class ManySteps : public QObject
 {
     Q_OBJECT
@@ -43,9 +45,14 @@ public:
     /// too, see EditChanges::Follow().
     void Follow(const QString& text, const LumetraHost::EditState& before,
                 const LumetraHost::EditState& after, const QStringList& others);
-    /// Removes the steps of the one photo that is left from the stack. Those on several photos stay
-    /// as they are, done or undone.
-    void ForgetOwnSteps();
+    /// Takes the steps of the one photo that is shown off the stack and keeps them. Those on
+    /// several photos stay as they are, done or undone. Steps of panels that are no part of the
+    /// edit go.
+    void LeavePhoto();
+    /// Puts the steps that are kept for the photo, which is shown now, back among those on several
+    /// photos. They go instead where the photo has another edit than it was left with and than
+    /// steps on several photos have made of that one.
+    void ComeToPhoto();
 
     /// See ManyEdits::Settle().
     void Settle(const QString& photo);
@@ -59,6 +66,12 @@ signals:
 private:
     struct Content;
     class Step;
+    struct Entry;
+
+    std::vector<Entry> ReadStack(std::vector<OwnStep>* own) const;
+    void FillStack(std::vector<Entry> entries);
+    bool CanComeBack(const StepShelf::Steps& kept) const;
+    std::vector<std::shared_ptr<Content>> FindContents() const;
 
     bool IsShown(const QString& photo) const;
     void ChangeShown(const Content& content, const EditChange& change, ManyReport& report);
@@ -70,6 +83,7 @@ private:
     QUndoStack& m_stack;
     ShownEdit m_shown;
     ManyEdits m_edits;
+    StepShelf m_shelf;
 };
 
 } // namespace LumetraEditor

@@ -535,20 +535,20 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <translation>&amp;Look auf alle %1 Fotos legen</translation>
     </message>
     <message>
-        <source>&amp;Take Edit Off</source>
-        <translation>Bearbeitung &amp;abnehmen</translation>
-    </message>
-    <message>
-        <source>&amp;Take Edit Off %1 Photos</source>
-        <translation>Bearbeitung von %1 Fotos &amp;abnehmen</translation>
-    </message>
-    <message>
         <source>&amp;Copy Edit</source>
         <translation>Bearbeitung &amp;kopieren</translation>
     </message>
     <message>
         <source>Export &amp;Several…</source>
         <translation>&amp;Mehrere exportieren …</translation>
+    </message>
+    <message>
+        <source>Re&amp;vert to Original</source>
+        <translation>Auf Original &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Re&amp;vert %1 Photos to Original</source>
+        <translation>%1 Fotos auf Original &amp;zurücksetzen</translation>
     </message>
 </context>
 <context>
@@ -812,6 +812,109 @@ Sein Teil der Bearbeitung bleibt erhalten, wie er war.</translation>
     </message>
 </context>
 <context>
+    <name>LumetraEditor::LayerSteps</name>
+    <message>
+        <source>Layer</source>
+        <translation>Ebene</translation>
+    </message>
+    <message>
+        <source>Open “%1”</source>
+        <translation>„%1“ öffnen</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be opened again: its panel does not draw it as it is.</source>
+        <translation>„%1“ kann nicht wieder geöffnet werden: Das Bedienfeld zeichnet es nicht so, wie es ist.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be opened again: its panel is not there.</source>
+        <translation>„%1“ kann nicht wieder geöffnet werden: Das Bedienfeld dazu fehlt.</translation>
+    </message>
+    <message>
+        <source>Close the layer</source>
+        <translation>Ebene schließen</translation>
+    </message>
+    <message>
+        <source>Take “%1” away</source>
+        <translation>„%1“ wegnehmen</translation>
+    </message>
+    <message>
+        <source>Move “%1”</source>
+        <translation>„%1“ verschieben</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::LayersModel</name>
+    <message>
+        <source>Double click: open again. Drag: put above or below another one.
+Right click: all that can be done.</source>
+        <translation>Doppelklick: wieder öffnen. Ziehen: über oder unter eine andere Ebene legen.
+Rechtsklick: alles, was damit geht.</translation>
+    </message>
+    <message>
+        <source>Intensity %1</source>
+        <translation>Intensität %1</translation>
+    </message>
+    <message>
+        <source>open</source>
+        <translation>offen</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>an</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::LayersPanel</name>
+    <message>
+        <source>On the photo (%1)</source>
+        <translation>Auf dem Foto (%1)</translation>
+    </message>
+    <message>
+        <source>On the photo</source>
+        <translation>Auf dem Foto</translation>
+    </message>
+    <message>
+        <source>Fold or unfold the list of what is on the photo</source>
+        <translation>Liste dessen, was auf dem Foto liegt, auf- oder zuklappen</translation>
+    </message>
+    <message>
+        <source>Nothing yet – this is the original.</source>
+        <translation>Noch nichts – das ist das Original.</translation>
+    </message>
+    <message>
+        <source>No photo is open.</source>
+        <translation>Es ist kein Foto geöffnet.</translation>
+    </message>
+    <message>
+        <source>&amp;Open Again</source>
+        <translation>Wieder ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Visible</source>
+        <translation>Si&amp;chtbar</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation>Nach &amp;unten</translation>
+    </message>
+    <message>
+        <source>&amp;Take Away</source>
+        <translation>&amp;Wegnehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Close What Is Open</source>
+        <translation>Offenes &amp;schließen</translation>
+    </message>
+</context>
+<context>
     <name>LumetraEditor::ManyCommands</name>
     <message>
         <source>Paste edit</source>
@@ -822,8 +925,8 @@ Sein Teil der Bearbeitung bleibt erhalten, wie er war.</translation>
         <translation>Look auf Fotos legen</translation>
     </message>
     <message>
-        <source>Take edit off</source>
-        <translation>Bearbeitung abnehmen</translation>
+        <source>Revert to original</source>
+        <translation>Auf Original zurücksetzen</translation>
     </message>
 </context>
 <context>
@@ -1104,16 +1207,6 @@ Discard leaves the other photos as they are.</source>
     <message>
         <source>The export has not finished. Quit all the same?</source>
         <translation>Der Export ist noch nicht fertig. Trotzdem beenden?</translation>
-    </message>
-    <message>
-        <source>The look on “%1” has not been applied for good.
-
-Save keeps it for the next time,
-Discard takes it off.</source>
-        <translation>Der Look auf „%1“ ist noch nicht endgültig angewendet.
-
-Speichern hebt ihn für das nächste Mal auf,
-Verwerfen nimmt ihn herunter.</translation>
     </message>
     <message>
         <source>“%1” was replaced or changed by another program since it was edited.
@@ -1635,6 +1728,26 @@ Die Bearbeitung verwerfen und das Foto verlassen?</translation>
     <message>
         <source>Select only the current photo</source>
         <translation>Nur das aktuelle Foto auswählen</translation>
+    </message>
+    <message>
+        <source>List of what is on the photo, while it has the focus</source>
+        <translation>Liste „Auf dem Foto“, solange sie den Fokus hat</translation>
+    </message>
+    <message>
+        <source>Open a layer again</source>
+        <translation>Ebene wieder öffnen</translation>
+    </message>
+    <message>
+        <source>Switch a layer off or on</source>
+        <translation>Ebene aus- oder einschalten</translation>
+    </message>
+    <message>
+        <source>Move a layer up, down</source>
+        <translation>Ebene nach oben, unten verschieben</translation>
+    </message>
+    <message>
+        <source>Take a layer away</source>
+        <translation>Ebene wegnehmen</translation>
     </message>
 </context>
 <context>

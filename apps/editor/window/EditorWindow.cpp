@@ -15,6 +15,7 @@
 #include "export/ExportGuard.h"
 #include "histogram/HistogramFeed.h"
 #include "histogram/HistogramWidget.h"
+#include "layers/LayersPanel.h"
 #include "many/ManyCommands.h"
 #include "plugins/PluginLoader.h"
 #include "session/Editor.h"
@@ -71,7 +72,9 @@ EditorWindow::EditorWindow(Editor& editor)
       m_canvas(new PhotoCanvas(m_centre)),
       m_photos(new PhotoStripModel(&ThumbnailMaker::Make, this)),
       m_strip(new PhotoStrip(*m_photos, m_column)), m_side(new QWidget(m_splitter)),
-      m_histogram(new HistogramWidget(m_side)), m_panels(new PanelTabs(m_side)),
+      m_histogram(new HistogramWidget(m_side)),
+      m_layers(new LayersPanel(editor, m_settings, *m_actions->revert, m_side)),
+      m_panels(new PanelTabs(m_side)),
       m_panelKeys(new PanelKeys(*this, [this](QWidget& panel) { RevealPanel(panel); })),
       m_messages(new MessageBar(m_centre)), m_photoText(new QLabel(this)),
       m_placeText(new QLabel(this)), m_zoomText(new QLabel(this)),
@@ -147,6 +150,7 @@ void EditorWindow::BuildCentre()
     frame->setContentsMargins(16, 16, 16, 8);
     frame->addWidget(m_histogram);
     column->addLayout(frame);
+    column->addWidget(m_layers);
     column->addWidget(&m_many->GetFollowSwitch());
     column->addWidget(m_panels, 1);
 
@@ -238,6 +242,7 @@ void EditorWindow::ConnectEditor()
     connect(&m_editor, &Editor::noticeGiven, m_messages, [this](const QString& message) {
         m_messages->Show(message, MessageBar::About::Program);
     });
+    connect(m_layers, &LayersPanel::opened, m_panels, &PanelTabs::ShowPanel);
     connect(m_many, &ManyCommands::told, &m_editor, &Editor::ShowNotice);
     // The bar is raised again, since a page that comes to the front would cover it.
     connect(m_centre, &QStackedWidget::currentChanged, m_messages, &MessageBar::raise);
@@ -407,6 +412,7 @@ void EditorWindow::UsePalette(PaletteKind kind)
     m_actions->SetIcons(kind);
     m_compare->setIcon(MakeIcon(QStringLiteral("compare"), kind));
     m_start->SetIcons(kind);
+    m_layers->SetIcons(kind);
 }
 
 void EditorWindow::UseLanguage(const QString& language)
@@ -457,8 +463,6 @@ bool EditorWindow::MayClose()
     if (m_export->IsRunning() && !AskToStopExport(this))
         return false;
     if (!m_many->MayEnd() || !m_editor.MayEndPanels())
-        return false;
-    if (m_editor.HasPhoto() && m_editor.HasUnsavedChanges() && !AskToLeaveEdit(m_editor, this))
         return false;
     return m_editor.MayLeavePhoto();
 }

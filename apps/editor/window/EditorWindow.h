@@ -19,6 +19,7 @@ class Editor;
 class EditorActions;
 class ExportCommand;
 class HistogramWidget;
+class LayersPanel;
 class ManyCommands;
 class MessageBar;
 class PhotoBrowser;
@@ -102,6 +103,7 @@ private:
     PhotoStrip* m_strip;
     QWidget* m_side;
     HistogramWidget* m_histogram;
+    LayersPanel* m_layers;
     PanelTabs* m_panels;
     PanelKeys* m_panelKeys;
     MessageBar* m_messages;

@@ -40,6 +40,13 @@ void PanelTabs::RemovePanel(const GuardedPanel& panel, QWidget* widget)
         removeTab(tab);
 }
 
+void PanelTabs::ShowPanel(const QString& module)
+{
+    for (GuardedPanel* const panel : m_shown)
+        if (panel->GetId() == module)
+            return setCurrentWidget(panel->GetWidget());
+}
+
 void PanelTabs::UpdateTitles()
 {
     const auto panels = m_shown; // a copy, as a panel that fails at its title is removed

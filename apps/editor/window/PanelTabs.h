@@ -21,6 +21,8 @@ public:
     void AddPanel(GuardedPanel& panel);
     /// The panels that have a tab, in their order.
     const std::vector<GuardedPanel*>& GetPanels() const { return m_shown; }
+    /// Brings the panel of the module to the front, where it has a tab.
+    void ShowPanel(const QString& module);
     /// Asks the panels for their titles again.
     void UpdateTitles();
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "window/Questions.h"
 
-#include "session/Editor.h"
-
 #include "Zorvik/Lumetra/StyleProvider.h"
 #include "Zorvik/Util/AlertBox.h"
 
@@ -28,21 +26,6 @@ bool AskToStopExport(QWidget* parent)
                  QMessageBox::Yes | QMessageBox::Cancel, parent, Qt::WindowFlags());
     Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Cancel}, QMessageBox::Cancel);
     return box.Exec() != QMessageBox::Cancel;
-}
-
-bool AskToLeaveEdit(Editor& editor, QWidget* parent)
-{
-    AlertBox box(AlertBox::Level::Warning, QStringLiteral("Lumetra"),
-                 Questions::tr("The look on “%1” has not been applied for good.\n\n"
-                               "Save keeps it for the next time,\nDiscard takes it off.")
-                     .arg(QFileInfo(editor.GetPhotoPath()).fileName()),
-                 QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, parent,
-                 Qt::WindowFlags());
-    Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Save}, QMessageBox::Save);
-    const auto answer = box.Exec();
-    if (answer == QMessageBox::Discard)
-        editor.DiscardUnsavedChanges();
-    return answer != QMessageBox::Cancel;
 }
 
 bool AskToStartAnew(const QString& photo, QWidget* parent)

@@ -6,15 +6,8 @@ class QWidget;
 
 namespace LumetraEditor {
 
-class Editor;
-
 /// Asks before the program ends during an export; true when the user gives the export up.
 bool AskToStopExport(QWidget* parent);
-
-/// Asks before the program ends while a look shows that has not been applied for good. The user
-/// keeps it for the next time or takes it off, which is then done. False when he wants to go on
-/// editing.
-bool AskToLeaveEdit(Editor& editor, QWidget* parent);
 
 /// Asks when the file of `photo` is not the one that was edited; true discards the edit for this
 /// file. The default is No, as it changes nothing that is seen on the photo.

@@ -62,8 +62,10 @@ public:
     /// Shows a message to the user, in the user's language, without waiting for an answer.
     virtual void ShowMessage(const QString& text) = 0;
 
-    /// Returns the layers of the edit as they are now, bottom first, committed ones below open
-    /// ones. Names and intensities of open ones are those of the last step.
+    /// Returns the layers of the edit as they are now, bottom first. Open ones lie together on the
+    /// committed ones; while the user has opened a lower layer again, the later ones lie above it,
+    /// closed and in no package of the drawer. Names and intensities of open ones are those of the
+    /// last step.
     virtual std::vector<EditorLayer> GetLayers() const = 0;
     /// Has the look kept among the user's, by the first panel that keeps looks. Returns a sentence
     /// in the user's language that says why that has failed; empty when the look is kept and saved.

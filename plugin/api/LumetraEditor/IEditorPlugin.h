@@ -33,7 +33,7 @@ public:
     virtual void PhotoChanged() = 0;
     /// Tells that a preview can be had now by the request that asked for it. Every panel hears of
     /// every key, so pass over foreign ones. An empty key says that all previews have to be asked
-    /// for again, because the monitor's colours have changed.
+    /// for again, because the monitor's colours or the committed photo have changed.
     virtual void PreviewReady(const QString& key) = 0;
 
     // Keys of an edit that have a meaning to the editor.
@@ -57,10 +57,11 @@ public:
     /// tree is a copy for the panel, which may keep and change it; it is never null, and the first
     /// node has no name. A node without entries means that nothing is applied. Unknown and wrong
     /// entries are left out and reported by IEditor::ShowMessage().
+    /// A layer that was committed is opened again in the same way, with the part that the panel had
+    /// before the commit. Where nobody has kept that part, as in edits of earlier releases, it has
+    /// EditPreset, EditName, EditIntensity, the blend amount as "blend" and the effects as
+    /// "effects". The layer stays closed unless the panel draws the package as it was.
     virtual void RestoreEdit(const Zorvik::Core::Property::Ptr& edit) = 0;
-    /// True when the user has changed something and neither committed nor saved it. The editor asks
-    /// the user about such changes when its window is closed.
-    virtual bool HasUnsavedChanges() const = 0;
     /// Tells that the user ends the program. False keeps it running. Ask the user here when
     /// something would be lost that is no part of the edit and could not be saved; else return true
     /// at once.
@@ -96,5 +97,5 @@ public:
 
 } // namespace LumetraEditor
 
-#define LUMETRA_EDITOR_PLUGIN_IID "org.lumetra.Editor.Plugin/2.2"
+#define LUMETRA_EDITOR_PLUGIN_IID "org.lumetra.Editor.Plugin/3.0"
 Q_DECLARE_INTERFACE(LumetraEditor::IEditorPlugin, LUMETRA_EDITOR_PLUGIN_IID)

@@ -26,6 +26,9 @@ public:
     /// effects and is saved.
     virtual QString UpdateLook(const QString& id,
                                const Zorvik::Quindle::EffectsSettings& settings) = 0;
+    /// Returns the name, in the user's language, of the look with that id, the user's or not; empty
+    /// when the panel knows no such look.
+    virtual QString FindShownName(const QString& /*id*/) const { return {}; }
 
 protected:
     ~ILookKeeper() = default;

@@ -286,8 +286,7 @@ TEST_F(KeptEditsTest, asksBeforeThePhotoOrTheWindowIsClosed)
     Block("lake.png.lumetra.json");
     BlockOwnFolder();
     Slider()->setValue(10);
-    const ScriptedAlerts alerts({QMessageBox::Cancel, QMessageBox::Save, QMessageBox::Cancel,
-                                 QMessageBox::Save, QMessageBox::Discard});
+    const ScriptedAlerts alerts({QMessageBox::Cancel, QMessageBox::Cancel, QMessageBox::Discard});
 
     FindAction("closePhoto")->trigger();
     EXPECT_TRUE(editor->HasPhoto());

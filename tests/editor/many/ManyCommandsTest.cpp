@@ -196,7 +196,7 @@ TEST_F(ManyCommandsTest, aPhotoOpensWithThePastedLookAtItsIntensity)
     EXPECT_EQ(Intensity()->value(), intensity);
     EXPECT_EQ(GetMessage(), QString());
     Select({photos[2]});
-    Trigger("takeOff");
+    Trigger("revert");
     ClickLook(Look);
     LowerIntensity();
 
@@ -261,7 +261,7 @@ TEST_F(ManyCommandsTest, clicksAndSlidersGoToAllSelectedPhotos)
     EXPECT_EQ(Exposure()->value(), 5);
     const Image other = Draw();
     Select({photos[2]});
-    Trigger("takeOff");
+    Trigger("revert");
     ClickLook(Look);
     Exposure()->setValue(5);
     LowerIntensity();
@@ -334,7 +334,7 @@ TEST_F(ManyCommandsTest, takingOffIsForAllSelectedPhotos)
     Exposure()->setValue(7);
     Finish();
 
-    Trigger("takeOff");
+    Trigger("revert");
 
     EXPECT_TRUE(editor->GetLayers().empty());
     EXPECT_EQ(Exposure()->value(), 0);
@@ -366,7 +366,7 @@ TEST_F(ManyCommandsTest, aStepThatChangesNothingIsNoStep)
 {
     Select(photos);
 
-    Trigger("takeOff");
+    Trigger("revert");
 
     EXPECT_EQ(editor->GetUndoStack().count(), 0);
     EXPECT_EQ(GetManyText(), QStringLiteral("No photo changed"));

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Misbehaviour of modules, and the editor's reaction.
 #include "editor/EditorFixture.h"
-#include "editor/ScriptedAlerts.h"
 
 #include "drawer/previews/AsyncPreviews.h"
 #include "window/MessageBar.h"
@@ -115,7 +114,6 @@ protected:
              }},
             {QStringLiteral("SaveEdit"), [this] { Slider()->setValue(10); }},
             {QStringLiteral("RestoreEdit"), [this] { OpenLake(); }},
-            {QStringLiteral("HasUnsavedChanges"), [this] { editor->HasUnsavedChanges(); }},
             {QStringLiteral("MayEnd"), [this] { editor->MayEndPanels(); }},
             {QStringLiteral("event"), [this] { QTest::mouseClick(Button(), Qt::LeftButton); }},
             {QStringLiteral("paint"), [this] { Button()->repaint(); }},
@@ -180,9 +178,8 @@ INSTANTIATE_TEST_SUITE_P(AtEveryOperation, FailingModuleTest,
                          testing::Values("GetTitle", "GetTitle 42", "PhotoChanged",
                                          "PhotoChanged 42", "PreviewReady", "PreviewReady 42",
                                          "SaveEdit", "SaveEdit 42", "RestoreEdit", "RestoreEdit 42",
-                                         "HasUnsavedChanges", "HasUnsavedChanges 42", "MayEnd",
-                                         "MayEnd 42", "event", "event 42", "paint", "paint 42",
-                                         "redo", "redo 42", "undo", "undo 42"));
+                                         "MayEnd", "MayEnd 42", "event", "event 42", "paint",
+                                         "paint 42", "redo", "redo 42", "undo", "undo 42"));
 
 TEST_P(OddEditTest, costsOnlyThePanelThatGivesIt)
 {
@@ -340,22 +337,6 @@ TEST_F(ModulesTest, theStepsOfAFailedPanelCanStillBeUndone)
     FindAction("redo")->trigger();
 
     EXPECT_THAT(KeptEdit(), HasSubstr("\"strength\":8"));
-}
-
-TEST_F(ModulesTest, discardingTakesOffOnlyWhatIsSeen)
-{
-    Load();
-    OpenLake();
-    Misbehave("SaveEdit");
-    Slider()->setValue(10);
-    Misbehave("");
-    const ScriptedAlerts alerts({QMessageBox::Discard});
-
-    EXPECT_TRUE(window->close());
-
-    EXPECT_THAT(KeptEdit(), Not(HasSubstr("tenthsOfStops")));
-    EXPECT_THAT(KeptEdit(), HasSubstr(Strength));
-    EXPECT_THAT(KeptEdit(), HasSubstr(Elsewhere));
 }
 
 TEST_F(ModulesTest, aPartWithMoreKeysThanAPanelCanTakeStaysInTheFile)

@@ -65,7 +65,7 @@ TEST_F(PluginLoaderTest, refusesAnotherInterfaceVersion)
 
     EXPECT_THAT(report, HasSubstr("liboutdated-module.so"));
     EXPECT_THAT(report, HasSubstr("version 1.1"));
-    EXPECT_THAT(report, HasSubstr("expected version 2.2"));
+    EXPECT_THAT(report, HasSubstr("expected version 3.0"));
 }
 
 TEST_F(PluginLoaderTest, refusesModulesOfOtherPrograms)

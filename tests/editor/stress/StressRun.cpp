@@ -9,7 +9,10 @@
 #include "canvas/PhotoCanvas.h"
 #include "drawer/previews/AsyncPreviews.h"
 #include "drawer/view/LiveView.h"
+#include "edit/EditChanges.h"
+#include "edits/DrawnEdit.h"
 #include "edits/EditFile.h"
+#include "layers/LayersView.h"
 #include "photo/PhotoWriter.h"
 #include "plugins/PluginLoader.h"
 #include "userdata/EditPlaces.h"
@@ -22,6 +25,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPixmap>
 #include <QScreen>
@@ -213,6 +217,55 @@ void StressRun::UseCanvas()
     QApplication::sendEvent(&canvas, &release);
 }
 
+LumetraEditor::LayersView& StressRun::GetList()
+{
+    return *m_window->findChild<LumetraEditor::LayersView*>();
+}
+
+void StressRun::PressInList(int key, Qt::KeyboardModifiers modifiers)
+{
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, key, modifiers,
+                        key == Qt::Key_Space ? QStringLiteral(" ") : QString());
+        QApplication::sendEvent(&GetList(), &event);
+    }
+}
+
+/// Does what the end of a drag does. The list moves the row in an event of its own.
+void StressRun::DragInList()
+{
+    auto& model = *GetList().model();
+    const std::unique_ptr<QMimeData> data(model.mimeData({model.index(Pick(model.rowCount()), 0)}));
+    model.dropMimeData(data.get(), Qt::MoveAction, Pick(model.rowCount() + 1), 0, {});
+    QApplication::processEvents();
+}
+
+void StressRun::UseList()
+{
+    auto& list = GetList();
+    const int rows = list.model()->rowCount();
+    if (rows == 0 || !list.isEnabled())
+        return;
+    list.setCurrentIndex(list.model()->index(Pick(rows), 0));
+    const int kind = Pick(20);
+    if (kind < 6)
+        PressInList(Qt::Key_Return, Qt::NoModifier);
+    else if (kind < 10)
+        PressInList(Qt::Key_Space, Qt::NoModifier);
+    else if (kind < 13)
+        PressInList(Pick(2) == 0 ? Qt::Key_Up : Qt::Key_Down, Qt::AltModifier);
+    else if (kind < 15)
+        DragInList();
+    else if (kind < 17)
+        PressInList(Qt::Key_Delete, Qt::NoModifier);
+    else if (kind < 18)
+        m_window->findChild<QAction*>(QStringLiteral("closeLayer"))->trigger();
+    else if (kind < 19)
+        m_window->findChild<QAbstractButton*>(QStringLiteral("layersHeading"))->click();
+    else if (rows > 6)
+        m_window->findChild<QAction*>(QStringLiteral("revert"))->trigger();
+}
+
 void StressRun::Filter()
 {
     static const char* const texts[] = {"", "", "a", "li", "zzz"};
@@ -250,8 +303,10 @@ void StressRun::Act()
         ClickButton();
     else if (kind < 82)
         TriggerAction();
-    else if (kind < 92)
+    else if (kind < 87)
         UseCanvas();
+    else if (kind < 92)
+        UseList();
     else if (kind < 96)
         Filter();
     else if (kind < 97)
@@ -309,6 +364,40 @@ bool StressRun::CheckCanvas()
     if (difference > 1)
         std::fprintf(stderr, "%d steps apart%s\n", difference, onTop ? ", with a look on top" : "");
     return Check("the canvas shows what the drawer makes", difference <= 1);
+}
+
+/// True when the list shows the layers that are on the photo, as they are.
+bool StressRun::CheckList()
+{
+    const auto layers = m_editor->CaptureLayers();
+    const auto& model = *GetList().model();
+    bool isSame = model.rowCount() == static_cast<int>(layers.size());
+    for (int row = 0; isSame && row < model.rowCount(); ++row) {
+        const auto& layer = layers[layers.size() - 1 - static_cast<std::size_t>(row)];
+        const QModelIndex name = model.index(row, 0);
+        isSame = name.data().toString().toStdString() == layer.record.preset &&
+                 (name.data(Qt::CheckStateRole).toInt() == Qt::Checked) == layer.isOn &&
+                 name.data(Qt::DecorationRole).isNull() != layer.isOpen &&
+                 model.index(row, 1).data().toInt() == layer.record.intensity;
+    }
+    return Check("the list shows the layers", isSame);
+}
+
+/// True when the file has the edit, and a program that reads it draws the same photo.
+bool StressRun::CheckFile()
+{
+    const LumetraHost::EditState kept = ReadEdit();
+    auto& drawer = m_editor->GetHost().GetDrawer();
+    LumetraHost::PictureRecipe recipe = drawer.GetRecipe();
+    recipe.layers.clear();
+    for (const auto& package : LumetraHost::DrawnEdit::Make(kept.layers).packages)
+        recipe.layers.push_back(
+            {std::make_shared<Zorvik::Quindle::EffectsSettings>(package), std::nullopt});
+    recipe.committed = 0;
+    return Check("the file has the edit",
+                 LumetraEditor::EditChanges::AreSame(kept, m_editor->GetEdit())) &&
+           Check("the file draws what is shown",
+                 HaveSamePixels(LumetraHost::DrawRecipe(recipe), LumetraHost::DrawWhole(drawer)));
 }
 
 bool StressRun::CheckPanel()
@@ -389,7 +478,8 @@ bool StressRun::CheckMemory()
 
 bool StressRun::CheckNow()
 {
-    if (m_action % 100 == 0 && !(CheckCanvas() && CheckPanel() && CheckScreen()))
+    if (m_action % 100 == 0 &&
+        !(CheckCanvas() && CheckPanel() && CheckList() && CheckFile() && CheckScreen()))
         return false;
     if (m_action % 250 == 0 && !CheckUndo())
         return false;

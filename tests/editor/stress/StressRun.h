@@ -15,14 +15,16 @@
 #include <random>
 
 namespace LumetraEditor {
+class LayersView;
 class PhotoCanvas;
-}
+} // namespace LumetraEditor
 
 namespace LumetraTest {
 
 /// Random actions of a user on the editor with its looks, the same for the same seed. Checks now
-/// and then that the canvas shows the drawer's packages, the panel its model and the screen the
-/// panel; that undoing everything and redoing it changes nothing; that a restart brings the last
+/// and then that the canvas shows the drawer's packages, the list of layers and the file have them,
+/// and the file draws the same photo; that the panel shows its model and the screen the panel; that
+/// undoing everything and redoing it changes nothing; that a restart brings the last
 /// edit back; and that memory does not grow.
 class StressRun
 {
@@ -41,6 +43,9 @@ private:
     void ClickButton();
     void TriggerAction();
     void UseCanvas();
+    void UseList();
+    void PressInList(int key, Qt::KeyboardModifiers modifiers);
+    void DragInList();
     void Filter();
     void SaveLook();
     void OpenPhoto();
@@ -48,12 +53,15 @@ private:
     void Settle();
 
     LumetraEditor::PhotoCanvas& GetCanvas();
+    LumetraEditor::LayersView& GetList();
     LumetraHost::EditState ReadEdit();
 
     bool CheckNow();
     bool Check(const char* what, bool isTrue);
     bool CheckCanvas();
     bool CheckPanel();
+    bool CheckList();
+    bool CheckFile();
     bool CheckScreen();
     bool CheckUndo();
     bool CheckRestart();

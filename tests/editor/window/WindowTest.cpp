@@ -166,7 +166,8 @@ TEST_F(WindowTest, listsAllKeys)
 
     for (const QAction* const action : GetPart<LumetraEditor::EditorActions>().GetKeyed())
         EXPECT_THAT(keys, Contains(HasSubstr(action->shortcut().toString().toStdString())));
-    EXPECT_THAT(keys, Contains("Ctrl+D")); // the panel's
+    EXPECT_THAT(keys, Contains("Alt+Up, Alt+Down")); // the list of layers
+    EXPECT_THAT(keys, Contains("Ctrl+D"));           // the panel's
     EXPECT_THAT(keys, Contains("Alt+1 to Alt+9"));
 }
 

@@ -30,7 +30,6 @@ public:
     void PreviewReady(const QString&) override {}
     Zorvik::Core::Property::Ptr SaveEdit() const override;
     void RestoreEdit(const Zorvik::Core::Property::Ptr& edit) override;
-    bool HasUnsavedChanges() const override { return false; }
     void PackagesCommitted() override;
     LumetraEditor::ILookKeeper* GetLookKeeper() override;
     QString KeepLook(const LumetraEditor::NewLook& look) override;

@@ -48,5 +48,4 @@ public:
         return std::make_shared<Zorvik::Core::Property>(std::string());
     }
     void RestoreEdit(const Zorvik::Core::Property::Ptr&) override {}
-    bool HasUnsavedChanges() const override { return false; }
 };

@@ -125,12 +125,6 @@ void MisbehavingPanel::RestoreEdit(const Property::Ptr& edit)
     m_strength = strength ? static_cast<int>(std::get<std::int64_t>(*strength)) : 0;
 }
 
-bool MisbehavingPanel::HasUnsavedChanges() const
-{
-    Enter("HasUnsavedChanges");
-    return false;
-}
-
 bool MisbehavingPanel::MayEnd()
 {
     Enter("MayEnd");

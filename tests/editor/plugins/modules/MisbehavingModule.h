@@ -44,7 +44,6 @@ public:
     void PreviewReady(const QString& key) override;
     Zorvik::Core::Property::Ptr SaveEdit() const override;
     void RestoreEdit(const Zorvik::Core::Property::Ptr& edit) override;
-    bool HasUnsavedChanges() const override;
     bool MayEnd() override;
 
 private:
