@@ -109,7 +109,7 @@ void LayersPanel::Connect()
     connect(&m_editor, &Editor::layersChanged, this, &LayersPanel::ShowLayers);
     for (const auto changed : {&Editor::photoChanged, &Editor::openingEnded})
         connect(&m_editor, changed, this, &LayersPanel::ShowLayers);
-    connect(&m_editor, &Editor::openingStarted, this, &LayersPanel::ShowLayers);
+    connect(&m_editor, &Editor::openingStarted, this, [this] { setEnabled(false); });
 }
 
 void LayersPanel::SetIcons(LumetraHost::PaletteKind kind)
@@ -132,6 +132,8 @@ void LayersPanel::ShowFold()
 {
     const bool isOpen = !IsFolded();
     const bool isEmpty = m_model->rowCount() == 0;
+    if (!isOpen && m_view->hasFocus())
+        m_heading->setFocus();
     m_heading->setArrowType(isOpen ? Qt::DownArrow : Qt::RightArrow);
     m_view->setVisible(isOpen && !isEmpty);
     m_empty->setVisible(isOpen && isEmpty);

@@ -102,7 +102,7 @@ protected:
 TEST_F(KillTest, aKilledEditorLeavesWholeFilesAndItsPresetsAreShownAgain)
 {
     for (int seed = 1; seed <= 4; ++seed)
-        RunAndKill(seed, 3 * seed);
+        RunAndKill(seed, 12 * seed);
 
     const QStringList sidecars = FindFiles("*.lumetra.json");
     EXPECT_GE(sidecars.size(), 4);

@@ -386,13 +386,14 @@ TEST_F(LayersPanelTest, foldsAndRemembersIt)
 {
     PutThree();
     auto& panel = GetPart<LayersPanel>();
-    const int height = panel.height();
+    const int height = panel.sizeHint().height();
+    List().setFocus();
 
     Find<QToolButton>("layersHeading")->click();
-    QApplication::processEvents();
 
     EXPECT_FALSE(List().isVisible());
-    EXPECT_LT(panel.height(), height);
+    EXPECT_LT(panel.sizeHint().height(), height);
+    EXPECT_EQ(QApplication::focusWidget(), Find<QToolButton>("layersHeading"));
     Restart();
     LoadPresetsPanel();
     Open(Path("lake.png"));

@@ -5,6 +5,7 @@
 
 #include "edits/EditFile.h"
 #include "export/ExportJob.h"
+#include "layers/LayerSteps.h"
 #include "photo/PhotoReader.h"
 #include "workspace/WorkspaceController.h"
 
@@ -12,6 +13,7 @@
 #include <QApplication>
 #include <QPushButton>
 #include <QSlider>
+#include <QUndoStack>
 
 #include <gmock/gmock.h>
 
@@ -309,6 +311,42 @@ TEST_F(LayersTest, ofALookHaveTheirEffectsOnceInTheFile)
     EXPECT_TRUE(HaveSamePixels(Draw(), picture)) << "the module is missing, its layer is there";
     Slider()->setValue(10);
     EXPECT_EQ(KeptEdit().count("\"effects\""), 2) << "its own and those of the other layer";
+}
+
+TEST_F(LayersTest, openAgainFromThePartThatAnyModuleHad)
+{
+    Slider()->setValue(10);
+    ClickLook(Look);
+    ApplyForGood();
+    ASSERT_EQ(Slider()->value(), 0);
+    const Image picture = Draw();
+    Reopen();
+
+    EXPECT_TRUE(LumetraEditor::LayerSteps(*editor).Open(0));
+
+    EXPECT_EQ(Slider()->value(), 10);
+    EXPECT_THAT(GetLayers(), ElementsAre("exposure-panel*", Looks));
+    EXPECT_TRUE(HaveSamePixels(Draw(), picture));
+    ExpectSameAfterReopening();
+    EXPECT_EQ(Slider()->value(), 10);
+    Slider()->setValue(0);
+    EXPECT_THAT(GetLayers(), ElementsAre("exposure-panel*", Looks)) << "its effect is neutral now";
+}
+
+TEST_F(LayersTest, stayClosedWhereTheirModuleDrawsSomethingElse)
+{
+    WriteFile("hill.png.lumetra.json", R"({"format": "lumetra-sidecar", "version": 3, "layers": [
+        {"module": "exposure-panel", "open": false, "package": "exposure",
+         "effects": [{"effect": {"id": "exposure", "stops": 1}}], "name": "", "intensity": 100}]})");
+    Open(WritePhoto("hill.png", 60, 40));
+    const Image picture = Draw();
+
+    EXPECT_FALSE(LumetraEditor::LayerSteps(*editor).Open(0));
+
+    EXPECT_THAT(GetMessage().toStdString(), HasSubstr("cannot be opened again"));
+    EXPECT_THAT(GetLayers(), ElementsAre(Exposure));
+    EXPECT_TRUE(HaveSamePixels(Draw(), picture));
+    EXPECT_FALSE(editor->GetUndoStack().canUndo());
 }
 
 TEST_F(LayersTest, ofAFileThatIsOnlyLookedAtAreNotWritten)
