@@ -132,7 +132,7 @@ void LayersPanel::ShowFold()
 {
     const bool isOpen = !IsFolded();
     const bool isEmpty = m_model->rowCount() == 0;
-    if (!isOpen && m_view->hasFocus())
+    if ((!isOpen || isEmpty) && m_view->hasFocus())
         m_heading->setFocus();
     m_heading->setArrowType(isOpen ? Qt::DownArrow : Qt::RightArrow);
     m_view->setVisible(isOpen && !isEmpty);

@@ -136,6 +136,7 @@ TEST_F(LayersPanelTest, theOpenLayerCanBeTakenAwayToo)
     Press(0, Qt::Key_Delete);
 
     EXPECT_THAT(Rows(), IsEmpty());
+    EXPECT_EQ(QApplication::focusWidget(), Find<QToolButton>("layersHeading"));
     EXPECT_NE(GetAppliedName(), First);
     ExpectSamePicture(original, "nothing is left");
 }
