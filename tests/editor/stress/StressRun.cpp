@@ -325,18 +325,22 @@ void StressRun::Settle()
     auto& canvas =
         *m_window->findChild<LumetraEditor::CanvasFeed*>()->findChild<LumetraHost::LiveView*>();
     quint64 serial;
+    const auto paint = [this] {
+        QEvent update(QEvent::UpdateRequest);
+        QApplication::sendEvent(m_window.get(), &update);
+    };
     QApplication::processEvents();
     do {
         serial = canvas.GetFrame().serial;
         for (int i = 0; i < 3; ++i) {
             for (auto* const view : views)
                 view->WaitForFrame();
+            paint();
             m_editor->findChild<LumetraHost::AsyncPreviews*>()->WaitForAll();
             QApplication::processEvents();
         }
     } while (canvas.GetFrame().serial != serial);
-    QEvent paint(QEvent::UpdateRequest);
-    QApplication::sendEvent(m_window.get(), &paint);
+    paint();
 }
 
 bool StressRun::Check(const char* what, bool isTrue)
