@@ -154,7 +154,7 @@ TEST_F(ManyCommandsTest, aSavedEditCanBeCopiedAndTakenOffAsSoonAsItsPhotoIsOpen)
     Show(photos[0]);
 
     EXPECT_TRUE(FindAction("copyEdit")->isEnabled());
-    EXPECT_TRUE(FindAction("takeOff")->isEnabled());
+    EXPECT_TRUE(FindAction("revert")->isEnabled());
 }
 
 TEST_F(ManyCommandsTest, pastingOnTheSelectedIsOneStep)
