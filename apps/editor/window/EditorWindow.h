@@ -18,7 +18,7 @@ namespace LumetraEditor {
 class Editor;
 class EditorActions;
 class ExportCommand;
-class HistogramWidget;
+class FullScreen;
 class ManyCommands;
 class MessageBar;
 class PhotoBrowser;
@@ -28,6 +28,7 @@ class MonitorColours;
 class PanelKeys;
 class PanelTabs;
 class PhotoCanvas;
+class SideColumn;
 class StartPage;
 struct LoadedPlugin;
 
@@ -100,8 +101,7 @@ private:
     PhotoCanvas* m_canvas;
     PhotoStripModel* m_photos;
     PhotoStrip* m_strip;
-    QWidget* m_side;
-    HistogramWidget* m_histogram;
+    SideColumn* m_side;
     PanelTabs* m_panels;
     PanelKeys* m_panelKeys;
     MessageBar* m_messages;
@@ -114,6 +114,7 @@ private:
     ManyCommands* m_many;
     MonitorColours* m_monitor;
     PhotoBrowser* m_browser;
+    FullScreen* m_fullScreen;
 };
 
 } // namespace LumetraEditor

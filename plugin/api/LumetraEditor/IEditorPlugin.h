@@ -96,5 +96,5 @@ public:
 
 } // namespace LumetraEditor
 
-#define LUMETRA_EDITOR_PLUGIN_IID "org.lumetra.Editor.Plugin/2.2"
+#define LUMETRA_EDITOR_PLUGIN_IID "org.lumetra.Editor.Plugin/2.3"
 Q_DECLARE_INTERFACE(LumetraEditor::IEditorPlugin, LUMETRA_EDITOR_PLUGIN_IID)
