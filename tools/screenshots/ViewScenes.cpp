@@ -2,6 +2,7 @@
 #include "ViewScenes.h"
 
 #include "EditorOnStage.h"
+#include "SceneParts.h"
 
 #include <QAbstractButton>
 #include <QMenu>
@@ -10,8 +11,6 @@
 
 namespace LumetraScreenshots {
 namespace {
-
-const QString Look = QStringLiteral("Candlelight");
 
 QImage PlaySixSliders(EditorOnStage& stage, const QSize& size)
 {
@@ -37,7 +36,7 @@ QImage PlaySideBySide(EditorOnStage& stage)
 QImage PlayClipping(EditorOnStage& stage)
 {
     stage.OpenSample();
-    stage.ShowAdjust(0);
+    stage.ShowAdjust(Light);
     stage.SetAdjustment("exposure.stops", 120);
     stage.FindAction("clipping").trigger();
     stage.FindAction("backgroundMiddle").trigger();
