@@ -13,7 +13,6 @@
 #include "panel/commands/PresetCommands.h"
 #include "panel/commands/RecentPresets.h"
 #include "panel/grid/HoverPreview.h"
-#include "panel/grid/PresetDelegate.h"
 #include "panel/grid/ThumbnailCache.h"
 #include "panel/widgets/PresetsFrame.h"
 #include "panel/widgets/PresetsWidget.h"
@@ -21,6 +20,8 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLayout>
+
+#include <utility>
 
 namespace LumetraPlugin {
 
@@ -43,15 +44,19 @@ PresetsPanel::PresetsPanel(LumetraEditor::IEditor& editor, const PanelFiles& fil
       m_recent(std::make_unique<RecentPresets>(files.recent)), m_frame(new PresetsFrame)
 {
     Load(files);
-    UseEditorsPreviews();
+    UseEditorsPreviews(ThumbnailSize::Medium);
     m_thumbnails = std::make_unique<ThumbnailCache>(m_presets->GetModel());
     m_hover = std::make_unique<HoverPreview>(m_presets->GetModel(), editor);
     m_commands = std::make_unique<PresetCommands>(*m_presets, *m_edit, *m_recent, editor, *m_frame);
     m_commands->SetResourceFolders(files.resources);
     m_commands->SetSettingsFile(files.recent);
     m_presets->StartPhoto();
-    m_widget =
-        new PresetsWidget(*m_commands, *m_edit, *m_recent, *m_thumbnails, *m_hover, *m_frame);
+    m_widget = new PresetsWidget(*m_commands, *m_edit, *m_recent, *m_thumbnails, *m_hover,
+                                 PanelChoices(files.recent), *m_frame);
+    connect(m_widget, &PresetsWidget::thumbnailSizeChanged, this, [this](ThumbnailSize size) {
+        UseEditorsPreviews(size);
+        m_thumbnails->Clear();
+    });
     m_frame->layout()->addWidget(m_widget);
     connect(m_frame, &PresetsFrame::looksDropped, m_commands.get(), &PresetCommands::Import);
     ListenToBus();
@@ -77,10 +82,10 @@ void PresetsPanel::Load(const PanelFiles& files)
 }
 
 /// Lets the editor render thumbnails, away from this thread.
-void PresetsPanel::UseEditorsPreviews()
+void PresetsPanel::UseEditorsPreviews(ThumbnailSize size)
 {
     PreviewOptions options;
-    options.size = PresetDelegate::PictureSize * m_frame->devicePixelRatioF();
+    options.size = ThumbnailShape::Of(size).picture * m_frame->devicePixelRatioF();
     options.isDraft = false; // nobody waits for it
     options.render = [this](const std::string& key, const Zorvik::Proc::FrameTarget& target,
                             const Zorvik::Quindle::EffectsSettings& settings,
@@ -110,6 +115,7 @@ QWidget* PresetsPanel::GetWidget()
 void PresetsPanel::PhotoChanged()
 {
     m_hover->End();
+    m_isNewPhoto = true;
     m_editor.CancelPreviews();
     m_edit->ForgetStray();
     m_presets->StartPhoto();
@@ -137,6 +143,12 @@ void PresetsPanel::RestoreEdit(const Zorvik::Core::Property::Ptr& edit)
         m_editor.ShowMessage(report);
     m_thumbnails->MarkAllOld();
     m_commands->RememberEdit();
+    if (!m_widget)
+        return;
+    if (std::exchange(m_isNewPhoto, false))
+        m_widget->RevealApplied();
+    else
+        m_widget->ShowApplied();
 }
 
 bool PresetsPanel::MayEnd()

@@ -4,6 +4,8 @@
 #include "LumetraEditor/IEditorPlugin.h"
 #include "LumetraEditor/ILookKeeper.h"
 
+#include "panel/grid/ThumbnailSize.h"
+
 #include <QObject>
 #include <QPointer>
 
@@ -68,7 +70,7 @@ private slots:
 
 private:
     void Load(const PanelFiles& files);
-    void UseEditorsPreviews();
+    void UseEditorsPreviews(ThumbnailSize size);
     void ListenToBus();
 
     LumetraEditor::IEditor& m_editor;
@@ -80,6 +82,7 @@ private:
     std::unique_ptr<PresetCommands> m_commands;
     QPointer<PresetsFrame> m_frame; // the editor's, once it has been placed
     QPointer<PresetsWidget> m_widget;
+    bool m_isNewPhoto = false; ///< the edit that comes next is that of another photo
 };
 
 } // namespace LumetraPlugin

@@ -4,6 +4,7 @@
 #include "DialogScenes.h"
 #include "EditorOnStage.h"
 #include "SceneParts.h"
+#include "ViewScenes.h"
 
 #include "canvas/PhotoCanvas.h"
 #include "strip/PhotoStrip.h"
@@ -286,6 +287,15 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("opening"), PlayOpening},
         {QStringLiteral("zoom"), PlayZoom},
         {QStringLiteral("split"), PlaySplit, "light-en@1x"},
+        {QStringLiteral("side-by-side"), PlaySideBySide},
+        {QStringLiteral("clipping"), PlayClipping},
+        {QStringLiteral("full-screen"), PlayFullScreen},
+        {QStringLiteral("laptop"), PlayLaptop},
+        {QStringLiteral("smallest"), PlaySmallest},
+        {QStringLiteral("large-screen"), PlayLargeScreen},
+        {QStringLiteral("folded"), PlayFolded},
+        {QStringLiteral("list-folded"), PlayListFolded},
+        {QStringLiteral("panel-menu"), PlayPanelMenu},
         {QStringLiteral("strip"), PlayStrip, "dark-en@1x"},
         {QStringLiteral("small-strip"), PlaySmallStrip},
         {QStringLiteral("many"), PlayMany},

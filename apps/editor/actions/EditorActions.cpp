@@ -17,7 +17,7 @@ EditorActions::EditorActions(QWidget& window, QUndoStack& undoStack)
       m_undoStack(undoStack), m_palettes(new QActionGroup(this)), m_orders(new QActionGroup(this)),
       m_languages(new QActionGroup(this)), m_file(new QMenu(&window)), m_edit(new QMenu(&window)),
       m_view(new QMenu(&window)), m_palette(new QMenu(&window)), m_language(new QMenu(&window)),
-      m_help(new QMenu(&window))
+      m_background(new QMenu(&window)), m_help(new QMenu(&window))
 {
     open = Add("open", {Qt::CTRL + Qt::Key_O});
     openFolder = Add("openFolder", {Qt::CTRL + Qt::SHIFT + Qt::Key_O});
@@ -41,9 +41,13 @@ EditorActions::EditorActions(QWidget& window, QUndoStack& undoStack)
     refresh = Add("refresh", {Qt::Key_F5});
     fit = Add("fit", {Qt::CTRL + Qt::Key_0});
     actualSize = Add("actualSize", {Qt::CTRL + Qt::Key_1});
+    zoom200 = Add("zoom200", {Qt::CTRL + Qt::Key_2});
+    zoom400 = Add("zoom400", {Qt::CTRL + Qt::Key_4});
     zoomIn = Add("zoomIn", {Qt::CTRL + Qt::Key_Plus, Qt::CTRL + Qt::Key_Equal});
     zoomOut = Add("zoomOut", {Qt::CTRL + Qt::Key_Minus});
     split = Add("split", {Qt::CTRL + Qt::Key_B});
+    sideBySide = Add("sideBySide", {Qt::CTRL + Qt::SHIFT + Qt::Key_B});
+    clipping = Add("clipping", {Qt::CTRL + Qt::Key_J});
     sidePanel = Add("sidePanel", {Qt::Key_F9});
     strip = Add("strip", {Qt::Key_F8});
     fullScreen = Add("fullScreen", {Qt::Key_F11});
@@ -54,9 +58,10 @@ EditorActions::EditorActions(QWidget& window, QUndoStack& undoStack)
     english = Add("english");
     german = Add("german");
     about = Add("about");
-    for (QAction* const action : {split, sidePanel, strip, fullScreen, orderByName, orderByTime,
-                                  dark, light, english, german})
+    for (QAction* const action : {split, sideBySide, clipping, sidePanel, strip, fullScreen,
+                                  orderByName, orderByTime, dark, light, english, german})
         action->setCheckable(true);
+    MakeBackgrounds();
     for (QAction* const action : {orderByName, orderByTime})
         m_orders->addAction(action);
     for (QAction* const action : {dark, light})
@@ -65,6 +70,18 @@ EditorActions::EditorActions(QWidget& window, QUndoStack& undoStack)
         m_languages->addAction(action);
     ConnectUndo();
     Translate();
+}
+
+void EditorActions::MakeBackgrounds()
+{
+    auto* const group = new QActionGroup(this);
+    for (const char* const name : {"backgroundTheme", "backgroundDark", "backgroundMiddle",
+                                   "backgroundLight", "backgroundWhite"}) {
+        backgrounds.push_back(Add(name));
+        backgrounds.back()->setCheckable(true);
+        group->addAction(backgrounds.back());
+        m_background->addAction(backgrounds.back());
+    }
 }
 
 void EditorActions::ConnectUndo()
@@ -139,10 +156,13 @@ void EditorActions::FillMenuBar(QMenuBar& bar)
     photos->addActions({copyEdit, pasteEdit, pasteParts, putLook, revert});
     photos->addSeparator();
     photos->addAction(refresh);
-    m_view->addActions({fit, actualSize, zoomIn, zoomOut});
+    m_view->addActions({fit, actualSize, zoom200, zoom400, zoomIn, zoomOut});
     m_view->addSeparator();
-    m_view->addActions({split, sidePanel, strip, fullScreen});
+    m_view->addActions({split, sideBySide, clipping});
     m_view->addSeparator();
+    m_view->addActions({sidePanel, strip, fullScreen});
+    m_view->addSeparator();
+    m_view->addMenu(m_background);
     m_palette->addActions({dark, light});
     m_language->addActions({english, german});
     m_view->addMenu(m_palette);
@@ -179,6 +199,7 @@ void EditorActions::Translate()
     photos->setTitle(tr("&Photos"));
     m_view->setTitle(tr("&View"));
     m_palette->setTitle(tr("&Theme"));
+    m_background->setTitle(tr("Back&ground"));
     m_language->setTitle(tr("&Language"));
     m_help->setTitle(tr("&Help"));
     recent->setTitle(tr("Open &Recent"));
@@ -201,12 +222,20 @@ void EditorActions::Translate()
     SetText(refresh, tr("&Read Folder Again"));
     SetText(fit, tr("&Fit to Window"));
     SetText(actualSize, tr("&Actual Size"));
+    SetText(zoom200, tr("&200 %"));
+    SetText(zoom400, tr("&400 %"));
     SetText(zoomIn, tr("Zoom &In"));
     SetText(zoomOut, tr("Zoom &Out"));
     SetText(split, tr("&Before and After"));
+    SetText(sideBySide, tr("Side &by Side"));
+    SetText(clipping, tr("&Clipping Warnings"));
     SetText(sidePanel, tr("&Side Panel"));
     SetText(strip, tr("Photo S&trip"));
     SetText(fullScreen, tr("F&ull Screen"));
+    const QString names[] = {tr("As the &Theme"), tr("&Dark"), tr("&Middle Grey"),
+                             tr("&Light Grey"), tr("&White")};
+    for (std::size_t i = 0; i < backgrounds.size(); ++i)
+        SetText(backgrounds[i], names[i]);
     SetText(dark, tr("&Dark"));
     SetText(light, tr("&Light"));
     // Languages are named in their own words, so that users of a wrong one find back.
@@ -224,16 +253,17 @@ void EditorActions::SetIcons(LumetraHost::PaletteKind kind)
         {redo, "redo"},      {exportPhoto, "export"},
         {fit, "fit"},        {actualSize, "actual-size"},
         {zoomIn, "zoom-in"}, {zoomOut, "zoom-out"},
-        {split, "split"},    {sidePanel, "panel"},
-        {strip, "strip"},    {revert, "revert"}};
+        {split, "split"},    {sideBySide, "side-by-side"},
+        {strip, "strip"},    {sidePanel, "panel"},
+        {revert, "revert"}};
     for (const auto& [action, name] : icons)
         action->setIcon(MakeIcon(QLatin1String(name), kind));
 }
 
 void EditorActions::SetPhotoEnabled(bool enabled)
 {
-    for (QAction* const action :
-         {exportPhoto, exportSeveral, closePhoto, fit, actualSize, zoomIn, zoomOut, split})
+    for (QAction* const action : {exportPhoto, exportSeveral, closePhoto, fit, actualSize, zoom200,
+                                  zoom400, zoomIn, zoomOut, split, sideBySide, clipping})
         action->setEnabled(enabled);
 }
 

@@ -63,9 +63,15 @@ public:
     QAction* revert;
     QAction* fit;
     QAction* actualSize;
+    QAction* zoom200;
+    QAction* zoom400;
     QAction* zoomIn;
     QAction* zoomOut;
     QAction* split;
+    QAction* sideBySide;
+    QAction* clipping;
+    /// The colours around the photo, in the order of their menu.
+    std::vector<QAction*> backgrounds;
     QAction* sidePanel;
     QAction* strip;
     QAction* fullScreen;
@@ -92,12 +98,14 @@ private:
 
     QWidget& m_window;
     QUndoStack& m_undoStack;
+    void MakeBackgrounds();
+
     QActionGroup* m_palettes;
     QActionGroup* m_orders;
     QActionGroup* m_languages;
     std::vector<QAction*> m_all;
     int m_targets = 0;
-    QMenu *m_file, *m_edit, *m_view, *m_palette, *m_language, *m_help;
+    QMenu *m_file, *m_edit, *m_view, *m_palette, *m_language, *m_background, *m_help;
 };
 
 } // namespace LumetraEditor

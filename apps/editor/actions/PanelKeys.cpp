@@ -103,6 +103,8 @@ void PanelKeys::FollowEnabled(const QWidget& panel)
 
 void PanelKeys::RevealPanelOf(const QObject* action)
 {
+    if (m_areHiddenWanted && !action->property(ShowsPanel).toBool())
+        return;
     for (const Keyed& keyed : m_keyed)
         if (keyed.action == action && keyed.panel && !keyed.panel->isVisible())
             return m_reveal(*keyed.panel);

@@ -13,9 +13,9 @@ class QAction;
 namespace LumetraEditor {
 
 /// Lets the keys of the panels' actions work in the whole window, wherever the focus is and whether
-/// the panel is seen or not: a hidden panel is shown first. While a panel is disabled, its keys are
-/// too. No key has two meanings: one that is taken already is taken off the action or shortcut that
-/// comes later, and the user is told.
+/// the panel is seen or not: a hidden panel is shown first, unless hidden panels are wanted. While
+/// a panel is disabled, its keys are too. No key has two meanings: one that is taken already is
+/// taken off the action or shortcut that comes later, and the user is told.
 class PanelKeys : public QObject
 {
     Q_OBJECT
@@ -30,6 +30,10 @@ public:
     void Take(QWidget& panel, const QString& title);
     /// Removes the keys of `panel`; null stands for one that is deleted already.
     void Release(QWidget* panel);
+    /// True: keys leave hidden panels hidden. An action whose property ShowsPanel is true brings
+    /// its panel all the same, since it does nothing that could be seen without it.
+    void KeepHidden(bool areHiddenWanted) { m_areHiddenWanted = areHiddenWanted; }
+    static constexpr char ShowsPanel[] = "showsPanel";
 
 signals:
     void keysTaken(const QString& message);
@@ -52,6 +56,7 @@ private:
 
     QWidget& m_window;
     Reveal m_reveal;
+    bool m_areHiddenWanted = false;
     std::vector<Keyed> m_keyed;
 };
 

@@ -13,7 +13,7 @@ namespace {
 bool IsZoomKey(int key)
 {
     return key == Qt::Key_Plus || key == Qt::Key_Equal || key == Qt::Key_Minus ||
-           key == Qt::Key_0 || key == Qt::Key_1;
+           key == Qt::Key_0 || key == Qt::Key_1 || key == Qt::Key_2 || key == Qt::Key_4;
 }
 
 bool IsSideArrow(int key)

@@ -75,9 +75,10 @@ void ShortcutsDialog::AddCommands(const EditorActions& actions)
     for (const QAction* const action : actions.GetKeyed())
         AddRow(action->iconText(), action->shortcuts());
     AddRow(tr("See the original"), tr("\\ held"));
-    AddRow(tr("Zoom in, out, fit, actual size"), QStringLiteral("+, -, 0, 1"));
+    AddRow(tr("Zoom in, out, fit, 100 %, 200 %, 400 %"), QStringLiteral("+, -, 0, 1, 2, 4"));
     AddRow(tr("Move the line of the split view"), tr("Alt+Left, Alt+Right"));
     AddRow(tr("Close a message that has the focus"), tr("Esc"));
+    AddRow(tr("Leave full screen"), tr("Esc"));
 }
 
 void ShortcutsDialog::AddPhotoKeys()

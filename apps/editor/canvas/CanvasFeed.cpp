@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "canvas/CanvasFeed.h"
 
+#include "canvas/ClippingMarks.h"
 #include "session/Editor.h"
 #include "workspace/WorkspaceController.h"
 
@@ -34,6 +35,7 @@ CanvasFeed::CanvasFeed(Editor& editor, PhotoCanvas& canvas, QObject* parent)
         m_view.SetNeedsOriginal(isNeeded);
         ShowOriginal();
     });
+    connect(&canvas, &PhotoCanvas::clippingChanged, this, [this] { ShowFrame(m_view.GetFrame()); });
     connect(&m_view, &LiveView::frameReady, this, &CanvasFeed::ShowFrame);
     connect(&m_view, &LiveView::renderingFailed, &editor, &Editor::messageGiven);
 }
@@ -56,8 +58,15 @@ void CanvasFeed::ShowFrame(const ViewFrame& frame)
     const QRect photo(QPoint(0, 0), m_canvas.GetView().GetPhotoSize());
     if (frame.picture.IsNull() || !photo.contains(frame.part))
         return;
-    m_canvas.SetFrame(PhotoCanvas::Layer::Edited, {ForScreen(frame.ToQImage()), frame.part});
+    m_canvas.SetFrame(PhotoCanvas::Layer::Edited,
+                      {ForScreen(frame.ToQImage()), frame.part, DrawClipping(frame.picture)});
     ShowOriginal();
+}
+
+/// The marks are those of the photo's own values, whatever the monitor makes of them.
+QImage CanvasFeed::DrawClipping(const LumetraHost::Image& picture) const
+{
+    return m_canvas.IsClippingShown() ? ClippingMarks::Draw(picture) : QImage();
 }
 
 void CanvasFeed::ShowOriginal()
@@ -68,7 +77,8 @@ void CanvasFeed::ShowOriginal()
     const QImage original = ViewFrame::WrapImage(m_view.GetShownOriginal(), frame.isOpaque);
     if (original.isNull())
         return; // a frame with the original is on its way
-    m_canvas.SetFrame(PhotoCanvas::Layer::Original, {ForScreen(original), frame.part});
+    m_canvas.SetFrame(PhotoCanvas::Layer::Original,
+                      {ForScreen(original), frame.part, DrawClipping(m_view.GetOriginal())});
 }
 
 } // namespace LumetraEditor

@@ -26,6 +26,7 @@ private:
     void RequestView();
     void ShowFrame(const LumetraHost::ViewFrame& frame);
     void ShowOriginal();
+    QImage DrawClipping(const LumetraHost::Image& picture) const;
 
     Editor& m_editor;
     PhotoCanvas& m_canvas;

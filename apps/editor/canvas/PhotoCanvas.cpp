@@ -1,25 +1,34 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "canvas/PhotoCanvas.h"
 
+#include "canvas/CanvasMarks.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStyle>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace LumetraEditor {
 namespace {
 
-constexpr double WheelStep = 1.2;  // one notch
-constexpr double ButtonStep = 1.5; // one press of + or -
-constexpr double KeyPan = 64;      // view coordinates
+constexpr double WheelStep = 1.2; // one notch
+constexpr double KeyPan = 64;     // view coordinates
+constexpr int PlaceGap = 2;       // between photos side by side
 constexpr double SplitKeyStep = 0.02;
 constexpr double SplitReach = 8; // to both sides of the line, view coordinates
 constexpr int AngleOfNotch = 120;
+
+/// True where single pixels are looked for and come out in one size: smoothing would blur them.
+bool ShowsSinglePixels(double zoom)
+{
+    constexpr double small = 0.01;
+    return zoom >= 3 || (zoom > 2 - small && std::abs(zoom - std::round(zoom)) < small);
+}
 
 bool IsCompareKey(int key)
 {
@@ -33,10 +42,10 @@ PhotoCanvas::PhotoCanvas(QWidget* parent) : QWidget(parent)
     setObjectName(QStringLiteral("photoCanvas"));
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
-    setMinimumSize(320, 240);
+    setMinimumSize(240, 180);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAccessibleName(tr("Photo"));
-    m_view.SetViewSize(size(), devicePixelRatioF());
+    ArrangePlaces();
 }
 
 QSize PhotoCanvas::sizeHint() const
@@ -73,16 +82,6 @@ void PhotoCanvas::Fit()
 {
     m_view.Fit();
     AnnounceView();
-}
-
-void PhotoCanvas::ZoomIn()
-{
-    SetZoom(m_view.GetZoom() * ButtonStep);
-}
-
-void PhotoCanvas::ZoomOut()
-{
-    SetZoom(m_view.GetZoom() / ButtonStep);
 }
 
 void PhotoCanvas::ZoomAt(double zoom, const QPointF& anchor)
@@ -122,6 +121,67 @@ void PhotoCanvas::SetComparing(bool compare)
     ChangeNeeds(m_isComparing, compare);
 }
 
+void PhotoCanvas::SetSplit(bool split)
+{
+    if (split)
+        SetSideBySide(false);
+    ChangeNeeds(m_isSplit, split);
+}
+
+void PhotoCanvas::SetSideBySide(bool sideBySide)
+{
+    if (sideBySide)
+        SetSplit(false);
+    if (m_isSideBySide == sideBySide)
+        return;
+    ChangeNeeds(m_isSideBySide, sideBySide);
+    ArrangePlaces();
+    AnnounceView();
+}
+
+void PhotoCanvas::SetClippingShown(bool isShown)
+{
+    if (std::exchange(m_isClippingShown, isShown) == isShown)
+        return;
+    update();
+    emit clippingChanged();
+}
+
+void PhotoCanvas::SetBackground(const QColor& colour)
+{
+    m_background = colour;
+    update();
+}
+
+QColor PhotoCanvas::GetBackground() const
+{
+    return m_background.isValid() ? m_background : palette().color(QPalette::Window);
+}
+
+// The places of the photo
+
+QRect PhotoCanvas::GetFirstPlace() const
+{
+    return m_isSideBySide ? QRect(0, 0, std::max(1, (width() - PlaceGap) / 2), height()) : rect();
+}
+
+QRect PhotoCanvas::GetSecondPlace() const
+{
+    const QRect first = GetFirstPlace();
+    return m_isSideBySide ? first.translated(width() - first.width(), 0) : first;
+}
+
+void PhotoCanvas::ArrangePlaces()
+{
+    m_view.SetViewSize(GetFirstPlace().size(), devicePixelRatioF());
+}
+
+QPointF PhotoCanvas::ToPlace(const QPointF& position) const
+{
+    const QRect second = GetSecondPlace();
+    return position.x() < second.left() ? position : position - second.topLeft();
+}
+
 void PhotoCanvas::SetSplitPosition(double position)
 {
     m_splitPosition = std::clamp(position, 0.0, 1.0);
@@ -131,7 +191,7 @@ void PhotoCanvas::SetSplitPosition(double position)
 void PhotoCanvas::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    m_view.SetViewSize(size(), devicePixelRatioF());
+    ArrangePlaces();
     AnnounceView();
 }
 
@@ -148,7 +208,7 @@ void PhotoCanvas::wheelEvent(QWheelEvent* event)
 {
     const double notches = event->angleDelta().y() / static_cast<double>(AngleOfNotch);
     if (notches != 0)
-        ZoomAt(m_view.GetZoom() * std::pow(WheelStep, notches), event->position());
+        ZoomAt(m_view.GetZoom() * std::pow(WheelStep, notches), ToPlace(event->position()));
     event->accept();
 }
 
@@ -199,7 +259,7 @@ void PhotoCanvas::mouseDoubleClickEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton || IsAtSplitLine(event->localPos()))
         return;
     if (m_view.IsFitted())
-        ZoomAt(1, event->localPos());
+        ZoomAt(1, ToPlace(event->localPos()));
     else
         Fit();
 }
@@ -236,7 +296,9 @@ bool PhotoCanvas::HandleViewKey(int key)
         Fit();
         return true;
     case Qt::Key_1:
-        SetZoom(1);
+    case Qt::Key_2:
+    case Qt::Key_4:
+        SetZoom(key - Qt::Key_0);
         return true;
     default:
         return PanByKey(key);
@@ -284,26 +346,37 @@ void PhotoCanvas::focusOutEvent(QFocusEvent* event)
 
 // Painting
 
+/// Paints the image over its part of the photo. Where pixels of the screen are whole numbers of the
+/// photo's, or the other way round, nothing is blurred.
+void PhotoCanvas::DrawImage(QPainter& painter, const QImage& image, const QRect& part) const
+{
+    QRectF target = m_view.ToView(QRectF(part));
+    const double ratio = devicePixelRatioF();
+    const QSizeF screen = target.size() * ratio;
+    const QPointF corner = target.topLeft() * ratio;
+    const QPointF onPixels = QPointF(std::round(corner.x()), std::round(corner.y())) / ratio;
+    if (std::abs(screen.width() - image.width()) < 1 &&
+        std::abs(screen.height() - image.height()) < 1) {
+        QImage sharp = image;
+        sharp.setDevicePixelRatio(ratio);
+        painter.drawImage(onPixels, sharp);
+        return;
+    }
+    const bool hasAllPixels = image.width() >= part.width();
+    const bool showsPixels = hasAllPixels && ShowsSinglePixels(m_view.GetZoom());
+    if (showsPixels)
+        target.moveTopLeft(onPixels);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, !showsPixels);
+    painter.drawImage(target, image);
+}
+
 void PhotoCanvas::DrawFrame(QPainter& painter, const CanvasFrame& frame) const
 {
     if (frame.image.isNull())
         return;
-    const QRectF target = m_view.ToView(QRectF(frame.part));
-    const double ratio = devicePixelRatioF();
-    const QSizeF screen = target.size() * ratio;
-    if (std::abs(screen.width() - frame.image.width()) < 1 &&
-        std::abs(screen.height() - frame.image.height()) < 1) {
-        // Pixels match one to one: nothing is scaled, nothing blurred.
-        QImage image = frame.image;
-        image.setDevicePixelRatio(ratio);
-        const QPointF corner = target.topLeft() * ratio;
-        painter.drawImage(QPointF(std::round(corner.x()), std::round(corner.y())) / ratio, image);
-        return;
-    }
-    // At a high zoom one looks for single pixels, so they are not smoothed.
-    painter.setRenderHint(QPainter::SmoothPixmapTransform,
-                          screen.width() / frame.image.width() < 3);
-    painter.drawImage(target, frame.image);
+    DrawImage(painter, frame.image, frame.part);
+    if (m_isClippingShown && !frame.clipping.isNull())
+        DrawImage(painter, frame.clipping, frame.part);
 }
 
 void PhotoCanvas::DrawLayer(QPainter& painter, const LayerFrames& frames) const
@@ -313,58 +386,50 @@ void PhotoCanvas::DrawLayer(QPainter& painter, const LayerFrames& frames) const
     DrawFrame(painter, frames.sharp);
 }
 
-void PhotoCanvas::DrawSplitLine(QPainter& painter) const
+/// Paints a layer into its place, and nothing beside it.
+void PhotoCanvas::DrawPlace(QPainter& painter, const QRect& place, const LayerFrames& frames) const
 {
-    const double x = std::round(GetSplitX());
-    painter.fillRect(QRectF(x - 1.5, 0, 3, height()), QColor(0, 0, 0, 90));
-    painter.fillRect(QRectF(x - 0.5, 0, 1, height()), Qt::white);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColor(0, 0, 0, 90), 1));
-    painter.setBrush(Qt::white);
-    const QPointF middle(x, height() / 2.0);
-    painter.drawEllipse(middle, 12, 12);
-    painter.setPen(
-        QPen(QColor(0x30, 0x33, 0x3a), 1.75, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    for (const double side : {-1.0, 1.0}) {
-        const QPointF arrow[] = {middle + QPointF(side * 3.5, -3.5), middle + QPointF(side * 7, 0),
-                                 middle + QPointF(side * 3.5, 3.5)};
-        painter.drawPolyline(arrow, 3);
-    }
+    const double ratio = devicePixelRatioF();
+    painter.save();
+    painter.setClipRect(place);
+    painter.translate(std::round(place.left() * ratio) / ratio, 0); // onto a pixel of the screen
+    DrawLayer(painter, frames);
+    painter.restore();
 }
 
-void PhotoCanvas::DrawTag(QPainter& painter, const QString& text, Qt::Alignment side) const
+void PhotoCanvas::DrawSplit(QPainter& painter) const
 {
-    const QSize textSize = fontMetrics().size(Qt::TextSingleLine, text);
-    const QRect box =
-        QStyle::alignedRect(layoutDirection(), side | Qt::AlignTop, textSize + QSize(16, 8),
-                            rect().adjusted(16, 16, -16, -16));
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0, 0, 0, 150));
-    painter.drawRoundedRect(box, 4, 4);
-    painter.setPen(Qt::white);
-    painter.drawText(box, Qt::AlignCenter, text);
+    const double line = std::round(GetSplitX());
+    painter.save();
+    painter.setClipRect(QRectF(0, 0, line, height()));
+    painter.fillRect(rect(), GetBackground());
+    DrawLayer(painter, m_original);
+    painter.restore();
+    CanvasMarks::DrawSplitLine(painter, line, height());
+}
+
+void PhotoCanvas::DrawTags(QPainter& painter) const
+{
+    if (NeedsOriginal())
+        CanvasMarks::DrawTag(painter, tr("Original"), GetFirstPlace(), Qt::AlignLeft);
+    if ((m_isSplit || m_isSideBySide) && !m_isComparing)
+        CanvasMarks::DrawTag(painter, tr("Edited"), GetSecondPlace(), Qt::AlignRight);
 }
 
 void PhotoCanvas::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), palette().color(QPalette::Window));
+    painter.fillRect(rect(), GetBackground());
     if (!m_view.HasPhoto())
         return;
     const bool hasOriginal = !m_original.sharp.image.isNull();
-    DrawLayer(painter, m_isComparing && hasOriginal ? m_original : m_edited);
-    if (m_isSplit && !m_isComparing) {
-        painter.save();
-        painter.setClipRect(QRectF(0, 0, std::round(GetSplitX()), height()));
-        painter.fillRect(rect(), palette().color(QPalette::Window));
-        DrawLayer(painter, m_original);
-        painter.restore();
-        DrawSplitLine(painter);
-        DrawTag(painter, tr("Edited"), Qt::AlignRight);
-    }
-    if (NeedsOriginal())
-        DrawTag(painter, tr("Original"), Qt::AlignLeft);
+    const LayerFrames& shown = m_isComparing && hasOriginal ? m_original : m_edited;
+    if (m_isSideBySide)
+        DrawPlace(painter, GetFirstPlace(), m_original);
+    DrawPlace(painter, GetSecondPlace(), shown);
+    if (m_isSplit && !m_isComparing)
+        DrawSplit(painter);
+    DrawTags(painter);
     if (hasFocus() && m_showsFocus) {
         painter.setRenderHint(QPainter::Antialiasing, false);
         painter.setPen(QPen(palette().color(QPalette::Highlight), 1));

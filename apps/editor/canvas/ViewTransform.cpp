@@ -3,9 +3,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace LumetraEditor {
 namespace {
+
+/// Shares in which a pixel of the photo is a whole number of the screen's, and some between them.
+constexpr double ZoomSteps[] = {0.05, 0.0625, 0.0833, 0.125, 0.1667, 0.25, 0.3333, 0.5, 0.6667,
+                                1,    1.5,    2,      3,     4,      6,    8,      12,  16};
+constexpr double SameZoom = 0.001; // relative
 
 /// A centre coordinate that leaves no gap beside a photo which is larger than the view.
 double LimitCentre(double centre, double photoLength, double viewLength)
@@ -64,6 +70,18 @@ void ViewTransform::SetZoom(double zoom, const QPointF& anchor)
     m_zoom = std::min(zoom, MaximumZoom);
     m_centre = kept - (anchor - GetViewCentre()) / GetViewScale();
     Limit();
+}
+
+double ViewTransform::GetNextStep(bool isInwards) const
+{
+    if (isInwards) {
+        const auto* const next =
+            std::upper_bound(std::begin(ZoomSteps), std::end(ZoomSteps), m_zoom * (1 + SameZoom));
+        return next == std::end(ZoomSteps) ? m_zoom : *next;
+    }
+    const auto* const next =
+        std::lower_bound(std::begin(ZoomSteps), std::end(ZoomSteps), m_zoom * (1 - SameZoom));
+    return std::max(GetFittingZoom(), next == std::begin(ZoomSteps) ? 0 : *std::prev(next));
 }
 
 void ViewTransform::Pan(const QPointF& delta)

@@ -28,6 +28,9 @@ public:
     /// Zooms; the photo's point under `anchor` (view coordinates) stays there where the limits
     /// allow it.
     void SetZoom(double zoom, const QPointF& anchor);
+    /// The zoom to which one press of a button or key leads; GetZoom() at the end of the steps.
+    /// Outwards the last step is the fitting zoom.
+    double GetNextStep(bool isInwards) const;
     /// Moves the photo by `delta` in view coordinates.
     void Pan(const QPointF& delta);
 

@@ -17,13 +17,15 @@ ExportCommand::ExportCommand(Editor& editor, EditorSettings& settings, QWidget& 
 {
     connect(&editor, &Editor::photoChanged, this,
             [this] { m_guard->SetOpenPhoto(m_editor.GetPhotoPath()); });
-    connect(&m_exporter, &Exporter::failed, this, &ExportCommand::ended);
+    connect(&m_exporter, &Exporter::failed, this,
+            [this](const QString& problem) { emit ended(problem, false); });
     connect(&m_exporter, &Exporter::cancelled, this,
-            [this] { emit ended(tr("The export was cancelled.")); });
+            [this] { emit ended(tr("The export was cancelled."), true); });
     connect(&m_exporter, &Exporter::finished, this,
             [this](const QString& path, const QStringList& warnings) {
                 const QString exported = tr("Exported to %1").arg(path);
-                emit ended((QStringList(exported) + warnings).join(QLatin1Char('\n')));
+                emit ended((QStringList(exported) + warnings).join(QLatin1Char('\n')),
+                           warnings.isEmpty());
             });
 }
 

@@ -43,8 +43,9 @@ public:
 
 signals:
     void started();
-    /// An export that had started has ended; `message` is for the user.
-    void ended(const QString& message);
+    /// An export that had started has ended; `message` is for the user. `isAsWanted` false: it says
+    /// something that has to be read.
+    void ended(const QString& message, bool isAsWanted);
 
 private:
     bool SaveOpenPhoto();

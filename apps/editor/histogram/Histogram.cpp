@@ -49,4 +49,16 @@ std::uint32_t Histogram::GetTallestInner() const
     return tallest == 0 && total > 0 ? total : tallest;
 }
 
+bool Histogram::HasClippedShadows() const
+{
+    return std::any_of(channels.begin(), channels.end(),
+                       [](const Counts& counts) { return counts.front() > 0; });
+}
+
+bool Histogram::HasClippedHighlights() const
+{
+    return std::any_of(channels.begin(), channels.end(),
+                       [](const Counts& counts) { return counts.back() > 0; });
+}
+
 } // namespace LumetraEditor

@@ -23,6 +23,10 @@ struct Histogram
     /// The largest count between the two ends of the range; 0 for an empty histogram.
     std::uint32_t GetTallestInner() const;
 
+    /// True when a channel has values at the lower or the upper end, where detail is lost.
+    bool HasClippedShadows() const;
+    bool HasClippedHighlights() const;
+
     std::array<Counts, Channels> channels{};
 };
 

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "histogram/HistogramWidget.h"
 
+#include "canvas/ClippingMarks.h"
+
 #include <QEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -10,6 +13,8 @@
 
 namespace LumetraEditor {
 namespace {
+
+constexpr int CornerSize = 16;
 
 /// An outline of square roots, so that small amounts show. The tallest inner value has full height,
 /// since clipped ends would flatten the rest.
@@ -25,6 +30,15 @@ QPainterPath OutlineOf(const Histogram::Counts& counts, std::uint32_t tallest, c
     return path;
 }
 
+/// The place of a corner that is lit, with room around it for the pointer.
+QRect CornerOf(const QRect& widget, bool isRight)
+{
+    QRect corner(0, 0, CornerSize, CornerSize);
+    if (isRight)
+        corner.moveRight(widget.right());
+    return corner;
+}
+
 } // namespace
 
 HistogramWidget::HistogramWidget(QWidget* parent) : QWidget(parent)
@@ -37,13 +51,26 @@ HistogramWidget::HistogramWidget(QWidget* parent) : QWidget(parent)
 void HistogramWidget::SetHistogram(const Histogram& histogram)
 {
     m_histogram = histogram;
+    DescribeClipping();
     update();
 }
 
 void HistogramWidget::Translate()
 {
     setAccessibleName(tr("Histogram"));
-    setToolTip(tr("Shadows at the left, highlights at the right"));
+    setToolTip(tr("Shadows at the left, highlights at the right.\nA lit corner says that they are "
+                  "clipped; click it to see where."));
+    DescribeClipping();
+}
+
+void HistogramWidget::DescribeClipping()
+{
+    QStringList clipped;
+    if (m_histogram.HasClippedShadows())
+        clipped.append(tr("Shadows are clipped"));
+    if (m_histogram.HasClippedHighlights())
+        clipped.append(tr("Highlights are clipped"));
+    setAccessibleDescription(clipped.join(QStringLiteral(", ")));
 }
 
 void HistogramWidget::changeEvent(QEvent* event)
@@ -53,13 +80,15 @@ void HistogramWidget::changeEvent(QEvent* event)
         Translate();
 }
 
-void HistogramWidget::paintEvent(QPaintEvent* /*event*/)
+void HistogramWidget::mousePressEvent(QMouseEvent* event)
 {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(palette().color(QPalette::Base));
-    painter.drawRoundedRect(rect(), 4, 4);
+    for (const bool isRight : {false, true})
+        if (event->button() == Qt::LeftButton && CornerOf(rect(), isRight).contains(event->pos()))
+            emit clippingClicked();
+}
+
+void HistogramWidget::DrawBars(QPainter& painter) const
+{
     const std::uint32_t tallest = m_histogram.GetTallestInner();
     if (tallest == 0)
         return;
@@ -73,6 +102,36 @@ void HistogramWidget::paintEvent(QPaintEvent* /*event*/)
         painter.setBrush(isDark ? dark[channel] : light[channel]);
         painter.drawPath(OutlineOf(m_histogram.channels[channel], tallest, area));
     }
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+}
+
+/// Draws triangles in the corners, which are filled where that end is clipped.
+void HistogramWidget::DrawCorners(QPainter& painter) const
+{
+    const QColor faint = palette().color(QPalette::Disabled, QPalette::Text);
+    for (const bool isRight : {false, true}) {
+        const bool isLit =
+            isRight ? m_histogram.HasClippedHighlights() : m_histogram.HasClippedShadows();
+        const QRectF place = QRectF(CornerOf(rect(), isRight)).adjusted(3.5, 3.5, -3.5, -3.5);
+        QPolygonF corner;
+        corner << place.topLeft() << place.topRight()
+               << (isRight ? place.bottomRight() : place.bottomLeft());
+        const QColor& lit = isRight ? ClippingMarks::Highlights : ClippingMarks::Shadows;
+        painter.setPen(QPen(isLit ? lit : faint, 1));
+        painter.setBrush(isLit ? QBrush(lit) : QBrush(Qt::NoBrush));
+        painter.drawPolygon(corner);
+    }
+}
+
+void HistogramWidget::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette().color(QPalette::Base));
+    painter.drawRoundedRect(rect(), 4, 4);
+    DrawBars(painter);
+    DrawCorners(painter);
 }
 
 } // namespace LumetraEditor

@@ -5,9 +5,12 @@
 
 #include <QWidget>
 
+class QPainter;
+
 namespace LumetraEditor {
 
-/// Draws how often each value of red, green and blue occurs in the picture.
+/// Draws how often each value of red, green and blue occurs in the picture. Its upper corners are
+/// lit while shadows, at the left, or highlights are clipped.
 class HistogramWidget : public QWidget
 {
     Q_OBJECT
@@ -17,14 +20,23 @@ public:
 
     void SetHistogram(const Histogram& histogram);
 
-    QSize sizeHint() const override { return {304, 96}; }
+    QSize sizeHint() const override { return {304, 80}; }
+
+signals:
+    /// A corner was clicked: the user wants to see where the photo is clipped.
+    void clippingClicked();
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
     void Translate();
+    /// Says in words which ends are clipped.
+    void DescribeClipping();
+    void DrawBars(QPainter& painter) const;
+    void DrawCorners(QPainter& painter) const;
 
     Histogram m_histogram;
 };

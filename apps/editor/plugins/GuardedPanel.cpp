@@ -249,4 +249,10 @@ void GuardedPanel::ShowMessage(const QString& text)
         emit noticeGiven(text);
 }
 
+void GuardedPanel::ShowBriefly(const QString& text)
+{
+    if (m_isUsable)
+        m_editor.ShowBriefly(text);
+}
+
 } // namespace LumetraEditor

@@ -93,6 +93,7 @@ private:
     void NoteEdit(const QString& text) override;
     void PushUndo(QUndoCommand* command) override;
     void ShowMessage(const QString& text) override;
+    void ShowBriefly(const QString& text) override;
     std::vector<EditorLayer> GetLayers() const override { return m_editor.GetLayers(); }
     QString StoreLook(const NewLook& look) override;
     QString FindLookName(const QString& id) const override;

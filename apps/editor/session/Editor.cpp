@@ -454,7 +454,9 @@ Zorvik::Proc::Frame Editor::RequestPreview(const QString& key,
                                            const EffectsSettings& settings, int cropPolicy,
                                            int fitPolicy, unsigned flags)
 {
-    return m_previews->Request(key, target, settings, {cropPolicy, fitPolicy, flags});
+    return m_previews->Request(
+        key, target, settings,
+        {cropPolicy, fitPolicy, flags, LumetraHost::PreviewPolicies::PortraitUpperThird});
 }
 
 void Editor::CancelPreviews()

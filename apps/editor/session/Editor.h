@@ -131,6 +131,7 @@ public:
     void NoteEdit(const QString& text) override;
     void PushUndo(QUndoCommand* command) override;
     void ShowMessage(const QString& text) override { emit messageGiven(text); }
+    void ShowBriefly(const QString& text) override { emit briefGiven(text); }
     std::vector<EditorLayer> GetLayers() const override;
     QString StoreLook(const NewLook& look) override { return m_panels.StoreLook(look); }
     QString FindLookName(const QString& id) const override { return m_panels.FindLookName(id); }
@@ -156,6 +157,7 @@ signals:
     void displayChanged();
     void messageGiven(const QString& text);
     void noticeGiven(const QString& text);
+    void briefGiven(const QString& text);
 
 private:
     void FrameChanged() override;

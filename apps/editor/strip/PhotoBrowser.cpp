@@ -198,14 +198,22 @@ QString PhotoBrowser::SettingsKey() const
 
 void PhotoBrowser::SetStripShown(bool isShown)
 {
+    m_isStripAway = m_isStripAway && !isShown;
     m_settings.Set(SettingsKey(), isShown);
+    ShowStrip();
+}
+
+void PhotoBrowser::SetStripAway(bool isAway)
+{
+    m_isStripAway = isAway;
     ShowStrip();
 }
 
 void PhotoBrowser::ShowStrip()
 {
     const bool isPossible = m_photos.rowCount() > 0;
-    const bool isShown = isPossible && m_settings.Get(SettingsKey(), !m_isAlone).toBool();
+    const bool isShown =
+        isPossible && !m_isStripAway && m_settings.Get(SettingsKey(), !m_isAlone).toBool();
     m_strip.setVisible(isShown);
     emit stripChanged(isShown, isPossible);
     if (isShown && m_isAlone)

@@ -55,6 +55,8 @@ public:
     void Refresh();
     /// Folds or unfolds the strip; remembered.
     void SetStripShown(bool isShown);
+    /// Takes the strip out of sight for a while, whatever is remembered, until the user unfolds it.
+    void SetStripAway(bool isAway);
 
 signals:
     /// Neighbours or the text of the place may have changed.
@@ -89,7 +91,8 @@ private:
     PhotoSources m_scanned;  ///< of the latest scan
     QSet<QString> m_found;   ///< by the scan that is running
     bool m_isNewRow = false; ///< the first photos of the scan take the place of the row
-    bool m_isAlone = true;   ///< the row was begun by one photo
+    bool m_isStripAway = false;
+    bool m_isAlone = true; ///< the row was begun by one photo
 };
 
 } // namespace LumetraEditor

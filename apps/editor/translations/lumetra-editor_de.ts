@@ -550,6 +550,42 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <source>Re&amp;vert %1 Photos to Original</source>
         <translation>%1 Fotos auf Original &amp;zurücksetzen</translation>
     </message>
+    <message>
+        <source>Back&amp;ground</source>
+        <translation>&amp;Hintergrund</translation>
+    </message>
+    <message>
+        <source>&amp;200 %</source>
+        <translation>&amp;200 %</translation>
+    </message>
+    <message>
+        <source>&amp;400 %</source>
+        <translation>&amp;400 %</translation>
+    </message>
+    <message>
+        <source>Side &amp;by Side</source>
+        <translation>&amp;Nebeneinander</translation>
+    </message>
+    <message>
+        <source>&amp;Clipping Warnings</source>
+        <translation>&amp;Warnung bei fehlender Zeichnung</translation>
+    </message>
+    <message>
+        <source>As the &amp;Theme</source>
+        <translation>Wie das &amp;Erscheinungsbild</translation>
+    </message>
+    <message>
+        <source>&amp;Middle Grey</source>
+        <translation>&amp;Mittelgrau</translation>
+    </message>
+    <message>
+        <source>&amp;Light Grey</source>
+        <translation>&amp;Hellgrau</translation>
+    </message>
+    <message>
+        <source>&amp;White</source>
+        <translation>&amp;Weiß</translation>
+    </message>
 </context>
 <context>
     <name>LumetraEditor::EditorWindow</name>
@@ -600,14 +636,6 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
     <message>
         <source>Tools</source>
         <translation>Werkzeuge</translation>
-    </message>
-    <message>
-        <source>Side Panel</source>
-        <translation>Seitenleiste</translation>
-    </message>
-    <message>
-        <source>Panels</source>
-        <translation>Bedienfelder</translation>
     </message>
 </context>
 <context>
@@ -772,6 +800,17 @@ Ausgeschaltet ändern sie das Foto, das gezeigt wird.</translation>
     </message>
 </context>
 <context>
+    <name>LumetraEditor::FullScreen</name>
+    <message>
+        <source>Leave Full Screen</source>
+        <translation>Vollbild verlassen</translation>
+    </message>
+    <message>
+        <source>Esc and F11 do the same</source>
+        <translation>Esc und F11 tun dasselbe</translation>
+    </message>
+</context>
+<context>
     <name>LumetraEditor::GuardedPanel</name>
     <message>
         <source>it makes no panel</source>
@@ -807,8 +846,18 @@ Sein Teil der Bearbeitung bleibt erhalten, wie er war.</translation>
         <translation>Histogramm</translation>
     </message>
     <message>
-        <source>Shadows at the left, highlights at the right</source>
-        <translation>Links die Schatten, rechts die Lichter</translation>
+        <source>Shadows are clipped</source>
+        <translation>Schatten ohne Zeichnung</translation>
+    </message>
+    <message>
+        <source>Highlights are clipped</source>
+        <translation>Lichter ohne Zeichnung</translation>
+    </message>
+    <message>
+        <source>Shadows at the left, highlights at the right.
+A lit corner says that they are clipped; click it to see where.</source>
+        <translation>Links die Schatten, rechts die Lichter.
+Eine leuchtende Ecke sagt, dass dort Zeichnung fehlt: ein Klick zeigt, wo.</translation>
     </message>
 </context>
 <context>
@@ -1698,10 +1747,6 @@ Die Bearbeitung verwerfen und das Foto verlassen?</translation>
         <translation>\ gedrückt halten</translation>
     </message>
     <message>
-        <source>Zoom in, out, fit, actual size</source>
-        <translation>Vergrößern, verkleinern, anpassen, Originalgröße</translation>
-    </message>
-    <message>
         <source>Space held</source>
         <translation>Leertaste gedrückt halten</translation>
     </message>
@@ -1748,6 +1793,25 @@ Die Bearbeitung verwerfen und das Foto verlassen?</translation>
     <message>
         <source>Take a layer away</source>
         <translation>Ebene wegnehmen</translation>
+    </message>
+    <message>
+        <source>Zoom in, out, fit, 100 %, 200 %, 400 %</source>
+        <translation>Vergrößern, verkleinern, einpassen, 100 %, 200 %, 400 %</translation>
+    </message>
+    <message>
+        <source>Leave full screen</source>
+        <translation>Vollbild verlassen</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraEditor::SideColumn</name>
+    <message>
+        <source>Side Panel</source>
+        <translation>Seitenleiste</translation>
+    </message>
+    <message>
+        <source>Panels</source>
+        <translation>Bedienfelder</translation>
     </message>
 </context>
 <context>

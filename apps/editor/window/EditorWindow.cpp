@@ -14,7 +14,6 @@
 #include "export/ExportCommand.h"
 #include "export/ExportGuard.h"
 #include "histogram/HistogramFeed.h"
-#include "histogram/HistogramWidget.h"
 #include "layers/LayersPanel.h"
 #include "many/ManyCommands.h"
 #include "plugins/PluginLoader.h"
@@ -24,14 +23,19 @@
 #include "strip/PhotoStripModel.h"
 #include "strip/ThumbnailMaker.h"
 #include "window/AboutDialog.h"
+#include "window/ElidedLabel.h"
 #include "window/FileDrop.h"
+#include "window/FullScreen.h"
 #include "window/MessageBar.h"
 #include "window/OpenDialogs.h"
 #include "window/PanelTabs.h"
 #include "window/PhotoText.h"
 #include "window/Questions.h"
 #include "window/RowActions.h"
+#include "window/SideColumn.h"
 #include "window/StartPage.h"
+#include "window/TipPlace.h"
+#include "window/ViewCommands.h"
 #include "window/WindowPlace.h"
 #include "workspace/WorkspaceController.h"
 
@@ -48,7 +52,6 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
-#include <QVBoxLayout>
 
 namespace LumetraEditor {
 namespace {
@@ -61,6 +64,8 @@ const QString ColumnKey = QStringLiteral("window/column");
 const QString MonitorProfileKey = QStringLiteral("monitorProfile");
 const QString StatisticsFileKey = QStringLiteral("statisticsFile");
 constexpr int SideWidth = 336;
+constexpr QSize FirstSize(1280, 800);
+constexpr QSize SmallestSize(600, 480);
 
 } // namespace
 
@@ -71,24 +76,25 @@ EditorWindow::EditorWindow(Editor& editor)
       m_centre(new QStackedWidget(m_column)), m_start(new StartPage(m_centre)),
       m_canvas(new PhotoCanvas(m_centre)),
       m_photos(new PhotoStripModel(&ThumbnailMaker::Make, this)),
-      m_strip(new PhotoStrip(*m_photos, m_column)), m_side(new QWidget(m_splitter)),
-      m_histogram(new HistogramWidget(m_side)),
+      m_strip(new PhotoStrip(*m_photos, m_column)), m_side(new SideColumn(m_settings, m_splitter)),
       m_layers(new LayersPanel(editor, m_settings, *m_actions->revert, m_side)),
-      m_panels(new PanelTabs(m_side)),
+      m_panels(&m_side->GetPanels()),
       m_panelKeys(new PanelKeys(*this, [this](QWidget& panel) { RevealPanel(panel); })),
-      m_messages(new MessageBar(m_centre)), m_photoText(new QLabel(this)),
+      m_messages(new MessageBar(m_centre)), m_photoText(new ElidedLabel(this)),
       m_placeText(new QLabel(this)), m_zoomText(new QLabel(this)),
       m_progress(new QProgressBar(this)), m_cancel(new QToolButton(this)),
       m_export(new ExportCommand(editor, m_settings, *this)),
       m_many(new ManyCommands(editor, *m_actions, m_settings, *this)),
       m_monitor(new MonitorColours(editor, *this)),
-      m_browser(new PhotoBrowser(editor, m_settings, *m_photos, *m_strip, this))
+      m_browser(new PhotoBrowser(editor, m_settings, *m_photos, *m_strip, this)),
+      m_fullScreen(new FullScreen(*this, *m_actions, *m_browser, *m_side, *m_canvas))
 {
     setObjectName(QStringLiteral("editorWindow"));
     new CanvasFeed(editor, *m_canvas, this); // these belong to the window
-    new HistogramFeed(editor, *m_histogram);
+    new HistogramFeed(editor, m_side->GetHistogram());
     setWindowIcon(MakeProgramIcon());
     setAcceptDrops(true);
+    setMinimumSize(SmallestSize);
     m_actions->FillMenuBar(*menuBar());
     BuildToolBar();
     BuildCentre();
@@ -117,7 +123,7 @@ void EditorWindow::BuildToolBar()
     m_compare->setObjectName(QStringLiteral("compare"));
     m_compare->setFocusPolicy(Qt::StrongFocus);
     m_toolBar->addWidget(m_compare);
-    m_toolBar->addAction(m_actions->split);
+    m_toolBar->addActions({m_actions->split, m_actions->sideBySide});
     auto* const gap = new QWidget(m_toolBar);
     gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     m_toolBar->addWidget(gap);
@@ -141,29 +147,21 @@ void EditorWindow::BuildCentre()
     m_centre->addWidget(m_start);
     m_centre->addWidget(m_canvas);
 
-    m_side->setObjectName(QStringLiteral("sidePanel"));
-    m_side->setMinimumWidth(280);
-    auto* const column = new QVBoxLayout(m_side);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    auto* const frame = new QVBoxLayout;
-    frame->setContentsMargins(16, 16, 16, 8);
-    frame->addWidget(m_histogram);
-    column->addLayout(frame);
-    column->addWidget(m_layers);
-    column->addWidget(&m_many->GetFollowSwitch());
-    column->addWidget(m_panels, 1);
+    m_side->AddAbovePanels(m_layers);
+    m_side->AddAbovePanels(&m_many->GetFollowSwitch());
+    auto* const tips = new TipPlace(this);
+    tips->Keep(*m_side, Qt::LeftEdge);
+    tips->Keep(*m_strip, Qt::TopEdge);
 
     m_splitter->setStretchFactor(0, 1);
     m_splitter->setStretchFactor(1, 0);
-    m_splitter->setSizes({1280 - SideWidth, SideWidth});
+    m_splitter->setSizes({FirstSize.width() - SideWidth, SideWidth});
     setCentralWidget(m_splitter);
 }
 
 void EditorWindow::BuildStatusBar()
 {
     m_photoText->setObjectName(QStringLiteral("photoText"));
-    m_photoText->setTextFormat(Qt::PlainText);
     m_placeText->setObjectName(QStringLiteral("placeText"));
     m_zoomText->setObjectName(QStringLiteral("zoomText"));
     m_progress->setObjectName(QStringLiteral("progress"));
@@ -195,20 +193,13 @@ void EditorWindow::ConnectActions()
        [this] { m_export->ExportSelection(m_browser->GetSelectedPhotos()); });
     on(m_actions->closePhoto, [this] { m_editor.ClosePhoto(); });
     on(m_actions->quit, [this] { close(); });
-    on(m_actions->fit, [this] { m_canvas->Fit(); });
-    on(m_actions->actualSize, [this] { m_canvas->SetZoom(1); });
-    on(m_actions->zoomIn, [this] { m_canvas->ZoomIn(); });
-    on(m_actions->zoomOut, [this] { m_canvas->ZoomOut(); });
-    on(m_actions->split, [this](bool checked) { m_canvas->SetSplit(checked); });
     on(m_actions->sidePanel, [this](bool checked) { m_side->setVisible(checked); });
-    on(m_actions->fullScreen, [this](bool checked) {
-        setWindowState(windowState().setFlag(Qt::WindowFullScreen, checked));
-    });
     on(m_actions->dark, [this] { UsePalette(PaletteKind::Dark); });
     on(m_actions->light, [this] { UsePalette(PaletteKind::Light); });
     on(m_actions->english, [this] { UseLanguage(QStringLiteral("en")); });
     on(m_actions->german, [this] { UseLanguage(QStringLiteral("de")); });
     on(m_actions->shortcuts, [this] { ShowShortcuts(); });
+    ConnectViewCommands(*m_actions, *m_canvas, m_side->GetHistogram(), m_settings);
     on(m_actions->about, [this] { AboutDialog(this).exec(); });
     on(m_actions->clearRecent, [this] {
         m_settings.ClearRecentPhotos();
@@ -243,11 +234,15 @@ void EditorWindow::ConnectEditor()
         m_messages->Show(message, MessageBar::About::Program);
     });
     connect(m_layers, &LayersPanel::opened, m_panels, &PanelTabs::ShowPanel);
+    connect(&m_editor, &Editor::briefGiven, m_messages, [this](const QString& message) {
+        m_messages->Show(message, MessageBar::About::Moment);
+    });
     connect(m_many, &ManyCommands::told, &m_editor, &Editor::ShowNotice);
     // The bar is raised again, since a page that comes to the front would cover it.
     connect(m_centre, &QStackedWidget::currentChanged, m_messages, &MessageBar::raise);
     connect(m_panelKeys, &PanelKeys::keysTaken, &m_editor, &Editor::ShowNotice);
     connect(m_canvas, &PhotoCanvas::zoomChanged, this, &EditorWindow::ShowZoom);
+    connect(m_fullScreen, &FullScreen::changed, m_panelKeys, &PanelKeys::KeepHidden);
     new PhotoKeys(*this, *m_canvas); // these belong to the window
     new TextKeys(*this);
 }
@@ -258,10 +253,11 @@ void EditorWindow::ConnectExporter()
     connect(m_cancel, &QToolButton::clicked, &exporter, &Exporter::Cancel);
     connect(&exporter, &Exporter::progressed, m_progress, &QProgressBar::setValue);
     connect(m_export, &ExportCommand::started, this, &EditorWindow::ShowExport);
-    connect(m_export, &ExportCommand::ended, this, [this](const QString& message) {
+    connect(m_export, &ExportCommand::ended, this, [this](const QString& message, bool isAsWanted) {
         m_cancel->hide();
         ShowPhoto();
-        m_messages->Show(message);
+        m_messages->Show(message,
+                         isAsWanted ? MessageBar::About::Moment : MessageBar::About::Photo);
     });
 }
 
@@ -280,7 +276,7 @@ void EditorWindow::ConnectBrowser()
 void EditorWindow::RestoreSettings()
 {
     m_actions->sidePanel->setChecked(true);
-    RestorePlace(*this, m_settings.Get(GeometryKey).toByteArray(), {1280, 800});
+    RestorePlace(*this, m_settings.Get(GeometryKey).toByteArray(), FirstSize);
     m_splitter->restoreState(m_settings.Get(SplitterKey).toByteArray());
     m_column->restoreState(m_settings.Get(ColumnKey).toByteArray());
     m_monitor->Use(m_settings.Get(MonitorProfileKey).toString());
@@ -431,8 +427,6 @@ void EditorWindow::Translate()
     m_cancel->setText(tr("Cancel"));
     m_cancel->setAccessibleName(tr("Cancel the export"));
     m_toolBar->setWindowTitle(tr("Tools"));
-    m_side->setAccessibleName(tr("Side Panel"));
-    m_panels->setAccessibleName(tr("Panels"));
     m_canvas->setAccessibleName(PhotoCanvas::tr("Photo"));
     m_panels->UpdateTitles();
     ShowZoom(m_canvas->GetView().GetZoom());
@@ -454,8 +448,6 @@ void EditorWindow::changeEvent(QEvent* event)
         Translate();
     if (event->type() == QEvent::ActivationChange && isActiveWindow())
         m_browser->Refresh(); // other programs may have changed the folder meanwhile
-    if (event->type() == QEvent::WindowStateChange)
-        m_actions->fullScreen->setChecked(windowState().testFlag(Qt::WindowFullScreen));
 }
 
 bool EditorWindow::MayClose()
@@ -475,6 +467,7 @@ void EditorWindow::closeEvent(QCloseEvent* event)
     }
     m_editor.SaveEdit();
     m_settings.Set(GeometryKey, saveGeometry());
+    m_fullScreen->Leave(); // the splitters are remembered with all that they divide
     m_settings.Set(SplitterKey, m_splitter->saveState());
     m_settings.Set(ColumnKey, m_column->saveState());
     event->accept();

@@ -18,7 +18,7 @@ namespace LumetraEditor {
 class Editor;
 class EditorActions;
 class ExportCommand;
-class HistogramWidget;
+class FullScreen;
 class LayersPanel;
 class ManyCommands;
 class MessageBar;
@@ -29,6 +29,7 @@ class MonitorColours;
 class PanelKeys;
 class PanelTabs;
 class PhotoCanvas;
+class SideColumn;
 class StartPage;
 struct LoadedPlugin;
 
@@ -101,8 +102,7 @@ private:
     PhotoCanvas* m_canvas;
     PhotoStripModel* m_photos;
     PhotoStrip* m_strip;
-    QWidget* m_side;
-    HistogramWidget* m_histogram;
+    SideColumn* m_side;
     LayersPanel* m_layers;
     PanelTabs* m_panels;
     PanelKeys* m_panelKeys;
@@ -116,6 +116,7 @@ private:
     ManyCommands* m_many;
     MonitorColours* m_monitor;
     PhotoBrowser* m_browser;
+    FullScreen* m_fullScreen;
 };
 
 } // namespace LumetraEditor

@@ -4,10 +4,12 @@
 #include "appearance/Icons.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QTimer>
 #include <QToolButton>
 
 #include <algorithm>
@@ -15,7 +17,8 @@
 namespace LumetraEditor {
 
 MessageBar::MessageBar(QWidget* parent)
-    : QFrame(parent), m_label(new QLabel(this)), m_close(new QToolButton(this))
+    : QFrame(parent), m_label(new QLabel(this)), m_close(new QToolButton(this)),
+      m_brief(new QTimer(this))
 {
     setObjectName(QStringLiteral("messageBar"));
     m_label->setObjectName(QStringLiteral("messageText"));
@@ -35,6 +38,10 @@ MessageBar::MessageBar(QWidget* parent)
     layout->addWidget(m_close, 0, Qt::AlignTop);
 
     connect(m_close, &QToolButton::clicked, this, &MessageBar::Close);
+    m_brief->setObjectName(QStringLiteral("briefTime"));
+    m_brief->setSingleShot(true);
+    m_brief->setInterval(BriefTime);
+    connect(m_brief, &QTimer::timeout, this, &MessageBar::EndBriefOnes);
     parent->installEventFilter(this);
     Translate();
     hide();
@@ -47,6 +54,8 @@ void MessageBar::Show(const QString& message, About about)
                      m_messages.end());
     m_messages.push_back({message, about});
     DropOldOnes();
+    if (about == About::Moment)
+        m_brief->start();
     Update();
 }
 
@@ -64,12 +73,23 @@ void MessageBar::Close()
     Update();
 }
 
-void MessageBar::ClearPhoto()
+void MessageBar::Remove(About about)
 {
-    m_messages.erase(std::remove_if(m_messages.begin(), m_messages.end(),
-                                    [](const Message& one) { return one.about == About::Photo; }),
-                     m_messages.end());
+    const auto last = std::remove_if(m_messages.begin(), m_messages.end(),
+                                     [about](const Message& one) { return one.about == about; });
+    if (last == m_messages.end())
+        return;
+    m_messages.erase(last, m_messages.end());
     Update();
+}
+
+/// Waits on while somebody may be reading.
+void MessageBar::EndBriefOnes()
+{
+    if (underMouse() || isAncestorOf(QApplication::focusWidget()))
+        m_brief->start();
+    else
+        Remove(About::Moment);
 }
 
 void MessageBar::Update()

@@ -13,6 +13,11 @@
 #include <algorithm>
 
 namespace LumetraEditor {
+namespace {
+
+constexpr int LongestName = 192; // logical pixels, so that the page fits into the smallest window
+
+} // namespace
 
 StartPage::StartPage(QWidget* parent)
     : QWidget(parent), m_picture(new QLabel(this)), m_title(new QLabel(this)),
@@ -54,7 +59,8 @@ void StartPage::SetRecentPhotos(const QStringList& paths)
         auto* const button = new QPushButton(m_recent);
         button->setObjectName(QStringLiteral("recentPhoto%1").arg(i));
         button->setProperty("link", true);
-        QString name = QFileInfo(path).fileName();
+        QString name =
+            fontMetrics().elidedText(QFileInfo(path).fileName(), Qt::ElideMiddle, LongestName);
         button->setText(name.replace(QLatin1Char('&'), QStringLiteral("&&")));
         button->setToolTip(path);
         button->setAccessibleDescription(path);

@@ -42,9 +42,11 @@ void RestorePlace(QWidget& window, const QByteArray& stored, const QSize& first)
         window.resize(first.boundedTo(GetRoom(window).size()));
         return;
     }
-    // Windows that fill the screen are left alone: Qt limits the size to which they go back.
+    // A program begins with its menus in sight, whatever it was left with.
+    window.setWindowState(window.windowState() & ~Qt::WindowFullScreen);
+    // Maximized windows are left alone: Qt limits the size to which they go back.
     const QRect fitting = FitInto(GetRoom(window), window.geometry());
-    if (!window.isMaximized() && !window.isFullScreen() && fitting != window.geometry())
+    if (!window.isMaximized() && fitting != window.geometry())
         window.setGeometry(fitting);
 }
 

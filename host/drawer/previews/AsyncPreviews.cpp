@@ -35,7 +35,8 @@ Zorvik::Proc::Frame AsyncPreviews::Request(const QString& key,
     if (photo.IsNull())
         return {};
     // Throws for a bad target here, where the caller hears of it.
-    MakePreviewPart(photo.GetWidth(), photo.GetHeight(), target, policies.crop, policies.fit);
+    MakePreviewPart(photo.GetWidth(), photo.GetHeight(), target, policies.crop, policies.fit,
+                    policies.portraitMiddle);
     const PreviewRequest request{
         target, std::make_shared<Zorvik::Quindle::EffectsSettings>(effects), policies};
     if (const auto* const entry = m_cache->Find(key, request)) {

@@ -23,6 +23,7 @@ bool ShowTheSame(const PreviewRequest& first, const PreviewRequest& second)
            first.policies.crop == second.policies.crop &&
            first.policies.fit == second.policies.fit &&
            first.policies.flags == second.policies.flags &&
+           first.policies.portraitMiddle == second.policies.portraitMiddle &&
            DrawTheSame(*first.effects, *second.effects);
 }
 

@@ -18,6 +18,13 @@ int RoundToPixels(double length, int largest)
     return static_cast<int>(std::clamp(std::floor(length + 0.5), 1.0, double(largest)));
 }
 
+/// Where a length begins that is to have its middle at that share of the whole.
+int PlaceMiddle(double middle, int length, int whole)
+{
+    const auto start = static_cast<int>(std::floor(middle * whole - length / 2.0));
+    return std::clamp(start, 0, whole - length);
+}
+
 void CheckTarget(const Zorvik::Proc::FrameTarget& target)
 {
     const bool hasAspect = std::isfinite(target.pixelAspect) && target.pixelAspect > 0;
@@ -31,7 +38,7 @@ void CheckTarget(const Zorvik::Proc::FrameTarget& target)
 } // namespace
 
 PhotoPart MakePreviewPart(int photoWidth, int photoHeight, const Zorvik::Proc::FrameTarget& target,
-                          int cropPolicy, int fitPolicy)
+                          int cropPolicy, int fitPolicy, double portraitMiddle)
 {
     CheckTarget(target);
     const double aspect = target.pixelAspect;
@@ -51,7 +58,9 @@ PhotoPart MakePreviewPart(int photoWidth, int photoHeight, const Zorvik::Proc::F
         preview.part.width = RoundToPixels(target.width * aspect / scale, photoWidth);
         preview.part.height = RoundToPixels(target.height / scale, photoHeight);
         preview.part.x = (photoWidth - preview.part.width) / 2;
-        preview.part.y = (photoHeight - preview.part.height) / 2;
+        const double middle =
+            photoHeight > photoWidth ? portraitMiddle : PreviewPolicies::PortraitCentre;
+        preview.part.y = PlaceMiddle(middle, preview.part.height, photoHeight);
     }
     return preview;
 }

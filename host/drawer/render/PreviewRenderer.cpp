@@ -25,7 +25,8 @@ Zorvik::Proc::Frame PreviewRenderer::Render(const PictureRecipe& recipe,
         return {};
     const int width = m_photo.GetWidth();
     const int height = m_photo.GetHeight();
-    auto part = MakePreviewPart(width, height, target, policies.crop, policies.fit);
+    auto part = MakePreviewPart(width, height, target, policies.crop, policies.fit,
+                                policies.portraitMiddle);
     if ((policies.flags & Zorvik::Quindle::IQuindleDrawer::FlagDraft) != 0)
         part.quality = ResizeQuality::Fast;
 

@@ -36,7 +36,7 @@ void LookCommands::Save()
         },
         &m_window);
     if (dialog.exec() == QDialog::Accepted)
-        m_editor.ShowMessage(tr("“%1” is now among your looks.").arg(name));
+        m_editor.ShowBriefly(tr("“%1” is now among your looks.").arg(name));
 }
 
 bool LookCommands::HasLayers() const
@@ -61,8 +61,10 @@ void LookCommands::SaveStack()
         if (look.name.isEmpty())
             return;
         problem = m_editor.StoreLook(look);
-        m_editor.ShowMessage(problem.isEmpty() ? tr("“%1” is now among your looks.").arg(look.name)
-                                               : problem);
+        if (problem.isEmpty())
+            m_editor.ShowBriefly(tr("“%1” is now among your looks.").arg(look.name));
+        else
+            m_editor.ShowMessage(problem);
     } while (!problem.isEmpty()); // the user may name another one, or cancel
 }
 

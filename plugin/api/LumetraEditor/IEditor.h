@@ -36,7 +36,8 @@ public:
     /// the photo as it is. The next change of what the drawer shows ends it, too.
     virtual void ShowOnPhoto(const Zorvik::Quindle::EffectsSettings* settings) = 0;
     /// Returns a picture of the settings on the committed photo, cut and scaled as
-    /// IQuindleDrawer::RenderPreview() does, if it was rendered for the same key and arguments.
+    /// IQuindleDrawer::RenderPreview() does, but that what is cut out of a portrait lies around its
+    /// upper third, where heads are, if it was rendered for the same key and arguments.
     /// Otherwise returns a null frame, queues the rendering on a worker and calls PreviewReady()
     /// later; the request made last is rendered first. All panels share the keys, so begin them
     /// with a name of the panel's own. Without a photo the frame is null and nothing is queued. A
@@ -81,6 +82,10 @@ public:
     /// Describes the effects that the editor draws, with their titles in the user's language of
     /// this moment; ask again when the language changes. Every effect's defaults change nothing.
     virtual std::vector<EffectDescription> DescribeEffects() const = 0;
+
+    /// Shows a message that leaves by itself after some seconds, for something that went as the
+    /// user wanted. What the user has to read, such as an error, goes to ShowMessage().
+    virtual void ShowBriefly(const QString& text) = 0;
 
 protected:
     ~IEditor() = default;

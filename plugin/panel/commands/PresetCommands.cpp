@@ -82,6 +82,11 @@ void PresetCommands::Tell(const QString& text)
     m_editor.ShowMessage(text);
 }
 
+void PresetCommands::TellBriefly(const QString& text)
+{
+    m_editor.ShowBriefly(text);
+}
+
 void PresetCommands::SendPresetChanged()
 {
     const QModelIndex applied = GetApplied();

@@ -152,6 +152,8 @@ private:
     QString TryToSaveOr(const std::function<void()>& takeBack);
     void DrawAnew(const QModelIndex& preset);
     void Tell(const QString& text);
+    /// Tells something that the user need not read: it leaves by itself.
+    void TellBriefly(const QString& text);
     void SendPresetChanged();
     bool Fetch(const QModelIndex& preset);
 

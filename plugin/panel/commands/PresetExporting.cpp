@@ -61,9 +61,10 @@ void PresetCommands::WriteTable(const EffectsSettings& look, const QString& titl
                 {look, *format, LutExport::GetDefaultSize(*format), title, path, true});
         });
     const QString written = tr("Wrote “%1”.").arg(path);
-    Tell(leftOut.empty()
-             ? written
-             : written + QLatin1Char(' ') + tr("Left out: %1").arg(ListEffects(leftOut)));
+    if (leftOut.empty())
+        TellBriefly(written);
+    else
+        Tell(written + QLatin1Char(' ') + tr("Left out: %1").arg(ListEffects(leftOut)));
 }
 
 } // namespace LumetraPlugin

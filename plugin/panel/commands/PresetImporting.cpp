@@ -36,7 +36,7 @@ void PresetCommands::ImportFiles(const QStringList& paths)
             return PresetImport::ReadAll(paths, {}, progress);
         });
     if (!files)
-        return Tell(tr("Nothing was imported."));
+        return TellBriefly(tr("Nothing was imported."));
     const ImportReport report =
         PresetImport::AddTo(m_presets, *files, [this](const QStringList& names) {
             return m_dialogs.AskNumbered(names);
@@ -55,7 +55,7 @@ void PresetCommands::TellOf(const ImportReport& report)
 {
     if (ImportSummary::IsNeeded(report)) {
         (new ImportSummary(report, m_dialogs.GetWindow()))->show();
-        return Tell(ImportSummary::MakeSentence(report));
+        return TellBriefly(ImportSummary::MakeSentence(report)); // the window says it too
     }
     if (report.known.size() == 1)
         Tell(tr("“%1” is here already, as “%2”.")
@@ -65,7 +65,7 @@ void PresetCommands::TellOf(const ImportReport& report)
     for (const QString& problem : report.problems)
         Tell(problem);
     if (!report.presets.empty())
-        Tell(ImportSummary::MakeSentence({report.presets, {}, {}}));
+        TellBriefly(ImportSummary::MakeSentence({report.presets, {}, {}}));
 }
 
 } // namespace LumetraPlugin

@@ -41,7 +41,7 @@ void PresetCommands::Share(const QModelIndex& preset)
         if (path.isEmpty() || !WriteLooks(CopyLooks(presets, dialog), path))
             return;
         dialog.MakeLast().Save(m_settingsFile);
-        Tell(tr("Wrote “%1”.").arg(path));
+        TellBriefly(tr("Wrote “%1”.").arg(path));
     });
 }
 
@@ -71,7 +71,7 @@ bool PresetCommands::WriteLooks(const std::vector<PresetModel::PresetPtr>& looks
     try {
         const auto pictures = DrawPictures(looks);
         if (!pictures) {
-            Tell(tr("Nothing was written."));
+            TellBriefly(tr("Nothing was written."));
             return false;
         }
         LookWriter writer;

@@ -114,15 +114,16 @@ QSize PresetDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelI
 }
 
 void PresetDelegate::PaintPicture(QPainter& painter, const QRect& place,
-                                  const QStyleOptionViewItem& option, const QModelIndex& index)
+                                  const QStyleOptionViewItem& option,
+                                  const QModelIndex& index) const
 {
     QPainterPath shape;
     shape.addRoundedRect(place, Radius, Radius);
     painter.save();
     painter.setClipPath(shape);
     const auto picture = index.data(Qt::DecorationRole).value<QPixmap>();
-    const QSize asked = PictureSize * (option.widget ? option.widget->devicePixelRatioF()
-                                                     : painter.device()->devicePixelRatioF());
+    const QSize asked = m_pictureSize * (option.widget ? option.widget->devicePixelRatioF()
+                                                       : painter.device()->devicePixelRatioF());
     if (picture.isNull()) {
         PaintPlaceholder(painter, place);
     } else if (picture.width() >= asked.width() && picture.height() >= asked.height()) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "panel/grid/ThumbnailSize.h"
+
 #include <QStyledItemDelegate>
 
 namespace LumetraPlugin {
@@ -12,12 +14,10 @@ class PresetDelegate : public QStyledItemDelegate
     Q_OBJECT
 
 public:
-    /// Size in which pictures are asked for, in logical pixels: the largest cell of the grid. A
-    /// smaller picture, of a preset that wants the whole photo seen or no pixel enlarged, stands in
-    /// the middle.
-    static constexpr QSize PictureSize{168, 112};
-
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    /// Sets the size in which pictures are asked for, in logical pixels, see ThumbnailShape.
+    void SetPictureSize(const QSize& size) { m_pictureSize = size; }
 
     /// The height of a cell of this width, in logical pixels.
     static int GetCellHeight(int width, const QFontMetrics& metrics);
@@ -32,14 +32,16 @@ public:
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 private:
-    static void PaintPicture(QPainter& painter, const QRect& place,
-                             const QStyleOptionViewItem& option, const QModelIndex& index);
+    void PaintPicture(QPainter& painter, const QRect& place, const QStyleOptionViewItem& option,
+                      const QModelIndex& index) const;
     static void PaintFrame(QPainter& painter, const QRect& place,
                            const QStyleOptionViewItem& option, bool isApplied);
     static void PaintMarks(QPainter& painter, const QRect& cell, const QStyleOptionViewItem& option,
                            const QModelIndex& index);
     static void PaintName(QPainter& painter, const QRect& cell, const QStyleOptionViewItem& option,
                           const QModelIndex& index);
+
+    QSize m_pictureSize = ThumbnailShape::Of(ThumbnailSize::Medium).picture;
 };
 
 } // namespace LumetraPlugin

@@ -11,9 +11,6 @@
 namespace LumetraPlugin {
 namespace {
 
-constexpr int SmallestCell = 112;
-constexpr int FewestColumns = 2;
-
 bool IsArrow(int key)
 {
     return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
@@ -32,7 +29,7 @@ bool IsChoice(int key)
 } // namespace
 
 PresetGrid::PresetGrid(std::unique_ptr<PresetPageModel> presets, QWidget* parent)
-    : QListView(parent), m_presets(std::move(presets))
+    : QListView(parent), m_presets(std::move(presets)), m_delegate(new PresetDelegate(this))
 {
     setViewMode(QListView::IconMode);
     setMovement(QListView::Static);
@@ -44,7 +41,7 @@ PresetGrid::PresetGrid(std::unique_ptr<PresetPageModel> presets, QWidget* parent
     setSelectionMode(QAbstractItemView::NoSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setMouseTracking(true);
-    setItemDelegate(new PresetDelegate(this));
+    setItemDelegate(m_delegate);
     setModel(m_presets.get());
     connect(m_presets.get(), &PresetPageModel::refreshed, this, &PresetGrid::Arrange);
     connect(m_presets.get(), &PresetPageModel::modelReset, this, &PresetGrid::KeepCurrent);
@@ -72,12 +69,32 @@ void PresetGrid::KeepCurrent()
     setCurrentIndex(m_presets->FromPreset(m_current));
 }
 
+void PresetGrid::SetThumbnailSize(ThumbnailSize size)
+{
+    m_size = size;
+    m_delegate->SetPictureSize(ThumbnailShape::Of(size).picture);
+    Arrange();
+    scheduleDelayedItemsLayout();
+}
+
+int PresetGrid::CountColumns(int width, ThumbnailSize size)
+{
+    const ThumbnailShape shape = ThumbnailShape::Of(size);
+    return std::max(shape.fewestColumns, width / shape.smallestCell);
+}
+
+QSize PresetGrid::MakeCell(int width, ThumbnailSize size, const QFontMetrics& metrics)
+{
+    // One pixel less, or the last cell wraps.
+    const int cellWidth = std::max(1, (width - 1) / CountColumns(width, size));
+    return {cellWidth, PresetDelegate::GetCellHeight(cellWidth, metrics)};
+}
+
 /// Divides the width among the cells; the height is that of their rows.
 void PresetGrid::Arrange()
 {
-    const int columns = std::max(FewestColumns, width() / SmallestCell);
-    const int cellWidth = std::max(1, (width() - 1) / columns); // one less, or the last one wraps
-    const QSize cell(cellWidth, PresetDelegate::GetCellHeight(cellWidth, fontMetrics()));
+    const int columns = CountColumns(width(), m_size);
+    const QSize cell = MakeCell(width(), m_size, fontMetrics());
     if (cell != gridSize())
         setGridSize(cell);
     const int rows = (m_presets->rowCount() + columns - 1) / columns;

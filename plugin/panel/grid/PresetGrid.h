@@ -2,10 +2,13 @@
 #pragma once
 
 #include "panel/grid/PresetPageModel.h"
+#include "panel/grid/ThumbnailSize.h"
 
 #include <QListView>
 
 namespace LumetraPlugin {
+
+class PresetDelegate;
 
 /// The grid of one page: as many columns as fit, and as high as its rows, so that the panel scrolls
 /// and not the page. Reports the user's actions; changes nothing itself.
@@ -19,6 +22,11 @@ public:
     ~PresetGrid() override;
 
     PresetPageModel& GetPresets() { return *m_presets; }
+    void SetThumbnailSize(ThumbnailSize size);
+    /// The number of columns in a grid of this width.
+    static int CountColumns(int width, ThumbnailSize size);
+    /// The size of a cell in a grid of this width.
+    static QSize MakeCell(int width, ThumbnailSize size, const QFontMetrics& metrics);
     /// Makes a preset of the preset model the current one, and shows it.
     void SetCurrentPreset(const QModelIndex& preset);
     /// The current row of the preset model; invalid when none.
@@ -59,6 +67,8 @@ private:
     bool IsOnStar(const QModelIndex& row, const QPoint& position) const;
 
     std::unique_ptr<PresetPageModel> m_presets;
+    PresetDelegate* m_delegate;
+    ThumbnailSize m_size = ThumbnailSize::Medium;
     QPersistentModelIndex m_current; // of the preset model, so that it survives resets of the page
     QPersistentModelIndex m_pointed;
     QPersistentModelIndex m_pressed; // a row of the page

@@ -204,6 +204,22 @@
         <source>Empty the search</source>
         <translation>Suche leeren</translation>
     </message>
+    <message>
+        <source>Size of the thumbnails, and what is unfolded</source>
+        <translation>Größe der Vorschaubilder, und was aufgeklappt ist</translation>
+    </message>
+    <message>
+        <source>Arrange the panel</source>
+        <translation>Bedienfeld einrichten</translation>
+    </message>
+    <message>
+        <source>Fold the list of looks</source>
+        <translation>Liste der Looks zuklappen</translation>
+    </message>
+    <message>
+        <source>Unfold the list of looks</source>
+        <translation>Liste der Looks aufklappen</translation>
+    </message>
 </context>
 <context>
     <name>LumetraPlugin::ForeignFile</name>
@@ -867,6 +883,34 @@ Colours Only writes the table without that.</source>
         <source>Export as a table…</source>
         <translation>Als Tabelle exportieren…</translation>
     </message>
+    <message>
+        <source>Small Thumbnails</source>
+        <translation>Kleine Vorschaubilder</translation>
+    </message>
+    <message>
+        <source>Medium Thumbnails</source>
+        <translation>Mittlere Vorschaubilder</translation>
+    </message>
+    <message>
+        <source>Large Thumbnails</source>
+        <translation>Große Vorschaubilder</translation>
+    </message>
+    <message>
+        <source>List of Looks</source>
+        <translation>Liste der Looks</translation>
+    </message>
+    <message>
+        <source>Sliders</source>
+        <translation>Regler</translation>
+    </message>
+    <message>
+        <source>Next look</source>
+        <translation>Nächster Look</translation>
+    </message>
+    <message>
+        <source>Previous look</source>
+        <translation>Voriger Look</translation>
+    </message>
 </context>
 <context>
     <name>LumetraPlugin::ShareDialog</name>
@@ -947,6 +991,14 @@ Colours Only writes the table without that.</source>
     <message>
         <source>Leaves this look on the photo; the look that you choose next comes on top of it</source>
         <translation>Lässt diesen Look auf dem Foto; der nächste, den Sie wählen, kommt darüber</translation>
+    </message>
+    <message>
+        <source>Fold the sliders</source>
+        <translation>Regler zuklappen</translation>
+    </message>
+    <message>
+        <source>Unfold the sliders</source>
+        <translation>Regler aufklappen</translation>
     </message>
 </context>
 </TS>

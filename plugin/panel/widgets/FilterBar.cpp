@@ -22,22 +22,28 @@ constexpr int KindCount = 4;
 
 FilterBar::FilterBar(QWidget* parent)
     : QWidget(parent), m_search(new QLineEdit(this)), m_searchIcon(new QLabel(m_search)),
-      m_clear(new QToolButton(m_search)), m_import(new QToolButton(this))
+      m_clear(new QToolButton(m_search)), m_import(new QToolButton(this)),
+      m_view(new QToolButton(this)), m_fold(new QToolButton(this))
 {
     setObjectName(QStringLiteral("filterBar"));
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(Gutter, Gap, Gutter, Gap);
-    column->setSpacing(Gap);
+    column->setContentsMargins(Gutter, Gap, Gutter, Gap / 2);
+    column->setSpacing(Gap / 2);
     BuildSearch();
     auto* searchRow = new QHBoxLayout;
     searchRow->setSpacing(Gap);
     searchRow->addWidget(m_search, 1);
     searchRow->addWidget(m_import);
+    searchRow->addWidget(m_view);
     column->addLayout(searchRow);
     m_import->setObjectName(QStringLiteral("importButton"));
     m_import->setFixedWidth(26);
     m_import->setFocusPolicy(Qt::StrongFocus);
     connect(m_import, &QToolButton::clicked, this, &FilterBar::importRequested);
+    m_view->setObjectName(QStringLiteral("viewButton"));
+    m_view->setFixedWidth(26);
+    m_view->setFocusPolicy(Qt::StrongFocus);
+    m_view->setPopupMode(QToolButton::InstantPopup);
     BuildKinds();
     ShowTexts();
 }
@@ -47,6 +53,17 @@ void FilterBar::OfferImports(const QList<QAction*>& actions)
     m_import->addActions(actions);
     m_import->setPopupMode(QToolButton::DelayedPopup);
     m_import->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void FilterBar::OfferView(QMenu* menu)
+{
+    m_view->setMenu(menu);
+}
+
+void FilterBar::ShowListOpen(bool isOpen)
+{
+    m_isListOpen = isOpen;
+    ShowTexts();
 }
 
 /// Puts icon and button into a layout: actions of the field would not be in its middle where a
@@ -80,6 +97,11 @@ void FilterBar::BuildKinds()
     auto* row = new QHBoxLayout;
     row->setSpacing(2);
     static_cast<QVBoxLayout*>(layout())->addLayout(row);
+    m_fold->setObjectName(QStringLiteral("foldList"));
+    m_fold->setFixedWidth(24);
+    m_fold->setFocusPolicy(Qt::StrongFocus);
+    connect(m_fold, &QToolButton::clicked, this, &FilterBar::foldRequested);
+    row->addWidget(m_fold);
     auto* group = new QButtonGroup(this);
     for (int i = 0; i < KindCount; ++i) {
         auto* button = new QToolButton(this);
@@ -140,6 +162,15 @@ void FilterBar::ShowTexts()
         tr("Import looks: .xmp, .lrtemplate, .pp3, .cube, .3dl, CLF, CDL, HaldCLUT and "
            "look files"));
     m_import->setAccessibleName(tr("Import looks"));
+    m_view->setIcon(PanelIcons::GetIcon(QStringLiteral("view"), palette()));
+    m_view->setToolTip(tr("Size of the thumbnails, and what is unfolded"));
+    m_view->setAccessibleName(tr("Arrange the panel"));
+    m_fold->setIcon(PanelIcons::GetIcon(m_isListOpen ? QStringLiteral("chevron-down")
+                                                     : QStringLiteral("chevron-right"),
+                                        palette()));
+    m_fold->setToolTip(m_isListOpen ? tr("Fold the list of looks")
+                                    : tr("Unfold the list of looks"));
+    m_fold->setAccessibleName(m_fold->toolTip());
     const QString texts[KindCount] = {tr("All"), tr("Favourites"), tr("Recent"), tr("Mine")};
     const QString hints[KindCount] = {tr("All looks"), tr("Looks that you marked with a star"),
                                       tr("Looks that you applied last"),

@@ -10,6 +10,7 @@
 class QAction;
 class QLabel;
 class QLineEdit;
+class QMenu;
 class QToolButton;
 
 namespace LumetraPlugin {
@@ -27,6 +28,10 @@ public:
     /// Offers these kinds of importing in the menu of the button: behind a right click or a long
     /// press. The actions belong to others.
     void OfferImports(const QList<QAction*>& actions);
+    /// Offers how the panel is arranged, in a menu of another owner.
+    void OfferView(QMenu* menu);
+    /// Shows whether the list of looks is unfolded.
+    void ShowListOpen(bool isOpen);
 
 signals:
     void textChanged(const QString& text);
@@ -34,6 +39,8 @@ signals:
     /// Enter or the down arrow was pressed in the search field: the results want the focus.
     void left();
     void importRequested();
+    /// The user folds or unfolds the list of looks.
+    void foldRequested();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -48,6 +55,9 @@ private:
     QLabel* m_searchIcon;
     QToolButton* m_clear;
     QToolButton* m_import;
+    QToolButton* m_view;
+    QToolButton* m_fold;
+    bool m_isListOpen = true;
     std::vector<QToolButton*> m_kinds; // in the order of PresetFilter::Kind
 };
 

@@ -13,6 +13,8 @@
 #include <QLabel>
 #include <QLayout>
 #include <QLocale>
+#include <QResizeEvent>
+#include <QScrollBar>
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -29,6 +31,7 @@ namespace {
 constexpr int Gap = 8;
 constexpr int Gutter = 2 * Gap;
 constexpr int PagesWithKeys = 9;
+constexpr int LayoutRounds = 4;
 
 /// Makes a page. The grid's cells have a margin of half a gap; the right one follows the scroll
 /// bar.
@@ -62,6 +65,7 @@ PresetPages::PresetPages(PresetCommands& commands, const PresetFilter& filter,
       m_box(new CustomToolBox), m_hint(new QLabel)
 {
     setWidgetResizable(true);
+    setMinimumHeight(1); // in a low window the list gives way, and not the controls
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
@@ -125,7 +129,7 @@ void PresetPages::ConnectGrid(PresetGrid& grid)
 
 bool PresetPages::IsOpen(int page) const
 {
-    return m_headers[page]->isSelected();
+    return page >= 0 && page < static_cast<int>(m_headers.size()) && m_headers[page]->isSelected();
 }
 
 void PresetPages::SetOpen(int page, bool isOpen)
@@ -301,21 +305,98 @@ void PresetPages::FocusFirst()
             return FocusOn(*grid, false);
 }
 
+/// The grid of the nearest open page with looks, beyond `page`; null when there is none.
+PresetGrid* PresetPages::FindNextGrid(int page, bool isForward) const
+{
+    const int pages = static_cast<int>(m_grids.size());
+    const int step = isForward ? 1 : -1;
+    for (int next = page + step; next >= 0 && next < pages; next += step)
+        if (m_grids[next]->isVisibleTo(this) && m_grids[next]->GetPresets().rowCount() > 0)
+            return m_grids[next];
+    return nullptr;
+}
+
 /// Moves on to the nearest open page.
 void PresetPages::StepOut(const PresetGrid& grid, bool isForward)
 {
-    const int pages = static_cast<int>(m_grids.size());
     const auto found = std::find(m_grids.begin(), m_grids.end(), &grid);
-    const int step = isForward ? 1 : -1;
-    for (int page = static_cast<int>(found - m_grids.begin()) + step; page >= 0 && page < pages;
-         page += step) {
-        PresetGrid& next = *m_grids[page];
-        if (!next.isVisibleTo(this) || next.GetPresets().rowCount() == 0)
-            continue;
-        FocusOn(next, !isForward);
-        emit stepped(next.GetCurrentPreset());
+    PresetGrid* const next = FindNextGrid(static_cast<int>(found - m_grids.begin()), isForward);
+    if (!next)
         return;
+    FocusOn(*next, !isForward);
+    emit stepped(next->GetCurrentPreset());
+}
+
+void PresetPages::StepFromApplied(bool isForward)
+{
+    const QModelIndex applied = m_commands.GetApplied();
+    const int none = isForward ? -1 : static_cast<int>(m_grids.size());
+    const int page = applied.isValid() ? applied.parent().row() : none;
+    PresetGrid* grid = applied.isValid() ? m_grids[page] : nullptr;
+    const QModelIndex shown = grid ? grid->GetPresets().FromPreset(applied) : QModelIndex();
+    QModelIndex next =
+        shown.isValid() ? shown.sibling(shown.row() + (isForward ? 1 : -1), 0) : QModelIndex();
+    if (!next.isValid()) {
+        grid = FindNextGrid(page, isForward);
+        if (!grid)
+            return;
+        next = grid->GetPresets().index(isForward ? 0 : grid->GetPresets().rowCount() - 1);
     }
+    const QModelIndex preset = grid->GetPresets().ToPreset(next);
+    grid->SetCurrentPreset(preset);
+    emit chosen(preset);
+}
+
+void PresetPages::ShowApplied()
+{
+    const QModelIndex applied = m_commands.GetApplied();
+    if (!applied.isValid() || !IsOpen(applied.parent().row()))
+        return;
+    const bool isUnderWay = m_scrollings > 0;
+    m_scrollings = LayoutRounds;
+    if (!isUnderWay)
+        FollowApplied();
+}
+
+/// Scrolls again until the layouts have answered each other: the list may still be growing.
+void PresetPages::FollowApplied()
+{
+    QTimer::singleShot(0, this, [this] {
+        if (const QModelIndex applied = m_commands.GetApplied(); applied.isValid())
+            ScrollTo(applied);
+        if (--m_scrollings > 0)
+            FollowApplied();
+    });
+}
+
+/// True when the look on the photo is seen, at least in part, in a viewport of that height.
+bool PresetPages::IsAppliedInSight(int height) const
+{
+    const QModelIndex applied = m_commands.GetApplied();
+    if (!applied.isValid() || !IsOpen(applied.parent().row()))
+        return false;
+    PresetGrid& grid = *m_grids[applied.parent().row()];
+    const QRect cell = grid.visualRect(grid.GetPresets().FromPreset(applied));
+    const int top = grid.mapTo(widget(), cell.topLeft()).y() - verticalScrollBar()->value();
+    return cell.isValid() && top < height && top + cell.height() > 0;
+}
+
+void PresetPages::SetThumbnailSize(ThumbnailSize size)
+{
+    m_size = size;
+    for (PresetGrid* const grid : m_grids)
+        grid->SetThumbnailSize(size);
+    ShowApplied();
+}
+
+int PresetPages::GetUsefulHeight() const
+{
+    constexpr int looks = 6;
+    const int room = width() - 2 * (Gutter - Gap / 2);
+    const int columns = PresetGrid::CountColumns(room, m_size);
+    const int rows = (looks + columns - 1) / columns;
+    return m_headers.front()->sizeHint().height() + Gap +
+           rows * PresetGrid::MakeCell(room, m_size, fontMetrics()).height();
 }
 
 QModelIndex PresetPages::GetCurrentPreset() const
@@ -353,8 +434,11 @@ void PresetPages::KeepGutter()
 
 void PresetPages::resizeEvent(QResizeEvent* event)
 {
+    const bool wasInSight = m_scrollings > 0 || IsAppliedInSight(event->oldSize().height());
     QScrollArea::resizeEvent(event);
     KeepGutter();
+    if (wasInSight)
+        ShowApplied();
 }
 
 void PresetPages::changeEvent(QEvent* event)

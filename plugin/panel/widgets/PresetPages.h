@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "panel/grid/ThumbnailSize.h"
+
 #include <QScrollArea>
 
 #include <vector>
@@ -37,8 +39,19 @@ public:
     /// Shows the pages for the filter's new settings.
     void FollowFilter();
     void TogglePage(int page);
+    /// False for a page that there is not.
+    bool IsOpen(int page) const;
     /// Opens the preset's page and scrolls to it.
     void Reveal(const QModelIndex& preset);
+    /// Scrolls to the look on the photo, if its page is open.
+    void ShowApplied();
+    /// Goes from the look on the photo to the next or previous one in an open page, and chooses it;
+    /// without a look to the first or the last one.
+    void StepFromApplied(bool isForward);
+
+    void SetThumbnailSize(ThumbnailSize size);
+    /// The height in which half a dozen looks of a page are seen with their names.
+    int GetUsefulHeight() const;
     /// Gives the keyboard focus to the first preset that is seen.
     void FocusFirst();
     /// The preset with the keyboard's focus; invalid when none.
@@ -62,6 +75,9 @@ private:
     void AddPage(int group);
     void ConnectGrid(PresetGrid& grid);
     void StepOut(const PresetGrid& grid, bool isForward);
+    PresetGrid* FindNextGrid(int page, bool isForward) const;
+    bool IsAppliedInSight(int height) const;
+    void FollowApplied();
     void FocusOn(PresetGrid& grid, bool isLast);
     void ShowPage(int page);
     QString MakeHint() const;
@@ -71,10 +87,10 @@ private:
     void KeepGutter();
     void ShowTexts();
     void ShowPageTexts(int page);
-    bool IsOpen(int page) const;
     void SetOpen(int page, bool isOpen);
 
     PresetCommands& m_commands;
+    ThumbnailSize m_size = ThumbnailSize::Medium;
     const PresetFilter& m_filter;
     ThumbnailCache& m_thumbnails;
     Zorvik::Lumetra::LumetraPresets::CustomToolBox* m_box;
@@ -83,6 +99,7 @@ private:
     std::vector<QToolButton*> m_titles; // the pages' title widgets
     std::vector<QLabel*> m_emptyHints;
     std::vector<Zorvik::Lumetra::LumetraPresets::CustomToolBoxButton*> m_headers;
+    int m_scrollings = 0;        ///< that are still to come, to the look on the photo
     std::vector<bool> m_wasOpen; // before the filter came on; empty without one
 };
 

@@ -9,6 +9,7 @@
 #include "panel/widgets/TunePanel.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QDrag>
 #include <QEvent>
 #include <QMenu>
@@ -16,26 +17,33 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace LumetraPlugin {
 namespace {
 
 constexpr int PagesWithKeys = 9;
+constexpr int MostOfTheList = 65; // percent of the height, before the controls have to scroll
 
 } // namespace
 
 PresetsWidget::PresetsWidget(PresetCommands& commands, const AppliedEdit& edit,
                              const RecentPresets& recent, ThumbnailCache& thumbnails,
-                             HoverPreview& hover, QWidget& frame)
+                             HoverPreview& hover, const PanelChoices& choices, QWidget& frame)
     : QWidget(&frame), m_commands(commands), m_frame(frame), m_filter(recent),
-      m_bar(new FilterBar(this)), m_pages(new PresetPages(commands, m_filter, thumbnails, this))
+      m_bar(new FilterBar(this)), m_pages(new PresetPages(commands, m_filter, thumbnails, this)),
+      m_tune(new TunePanel(commands, edit, this)), m_choices(choices), m_view(new QMenu(this))
 {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_bar);
     column->addWidget(m_pages, 1);
-    column->addWidget(new TunePanel(commands, edit, this));
+    column->addWidget(m_tune);
+    column->addStretch();
     ConnectPages(hover);
+    MakeViewMenu();
+    ConnectArrangement();
     MakeActions();
     connect(&commands, &PresetCommands::presetsChanged, m_pages, &PresetPages::Refresh);
     connect(&commands, &PresetCommands::presetAdded, m_pages, &PresetPages::Reveal);
@@ -54,10 +62,12 @@ void PresetsWidget::ConnectPages(HoverPreview& hover)
 {
     connect(m_bar, &FilterBar::textChanged, this, [this](const QString& text) {
         m_filter.SetText(text);
+        SetListOpen(m_choices.IsListOpen() || !text.isEmpty());
         m_pages->FollowFilter();
     });
     connect(m_bar, &FilterBar::kindChosen, this, [this](PresetFilter::Kind kind) {
         m_filter.SetKind(kind);
+        SetListOpen(true);
         m_pages->FollowFilter();
     });
     connect(m_bar, &FilterBar::importRequested, &m_commands, &PresetCommands::ImportByDialog);
@@ -81,6 +91,114 @@ void PresetsWidget::ConnectPages(HoverPreview& hover)
         Drag(preset);
     });
     connect(m_pages, &PresetPages::menuRequested, this, &PresetsWidget::ShowMenu);
+}
+
+void PresetsWidget::ConnectArrangement()
+{
+    connect(m_bar, &FilterBar::foldRequested, this,
+            [this] { SetListOpen(!m_choices.IsListOpen()); });
+    connect(m_tune, &TunePanel::foldRequested, this,
+            [this] { SetSlidersOpen(!m_choices.AreSlidersOpen()); });
+    connect(m_tune, &TunePanel::contentChanged, this, &PresetsWidget::Arrange);
+    connect(&m_commands, &PresetCommands::appliedChanged, m_pages, &PresetPages::ShowApplied);
+    m_pages->setVisible(m_choices.IsListOpen());
+    m_bar->ShowListOpen(m_choices.IsListOpen());
+    m_tune->SetOpen(m_choices.AreSlidersOpen());
+}
+
+void PresetsWidget::MakeViewMenu()
+{
+    m_view->setObjectName(QStringLiteral("viewMenu"));
+    auto* const sizes = new QActionGroup(this);
+    const auto add = [this](const char* name) {
+        auto* const action = m_view->addAction(QString());
+        action->setObjectName(QLatin1String(name));
+        action->setCheckable(true);
+        return action;
+    };
+    for (const char* const name : {"smallThumbnails", "mediumThumbnails", "largeThumbnails"}) {
+        const auto size = static_cast<ThumbnailSize>(m_sizes.size());
+        m_sizes.push_back(add(name));
+        sizes->addAction(m_sizes.back());
+        connect(m_sizes.back(), &QAction::triggered, this, [this, size] { ChooseSize(size); });
+    }
+    m_view->addSeparator();
+    m_listOpen = add("listOpen");
+    m_slidersOpen = add("slidersOpen");
+    connect(m_listOpen, &QAction::triggered, this, &PresetsWidget::SetListOpen);
+    connect(m_slidersOpen, &QAction::triggered, this, &PresetsWidget::SetSlidersOpen);
+    m_sizes[static_cast<std::size_t>(m_size)]->setChecked(true);
+    m_listOpen->setChecked(m_choices.IsListOpen());
+    m_slidersOpen->setChecked(m_choices.AreSlidersOpen());
+    m_bar->OfferView(m_view);
+}
+
+void PresetsWidget::ShowViewTexts()
+{
+    const QString names[] = {tr("Small Thumbnails"), tr("Medium Thumbnails"),
+                             tr("Large Thumbnails")};
+    for (std::size_t i = 0; i < m_sizes.size(); ++i)
+        m_sizes[i]->setText(names[i]);
+    m_listOpen->setText(tr("List of Looks"));
+    m_slidersOpen->setText(tr("Sliders"));
+}
+
+void PresetsWidget::ChooseSize(ThumbnailSize size)
+{
+    m_choices.SetThumbnailSize(size);
+    Arrange();
+}
+
+void PresetsWidget::SetListOpen(bool isOpen)
+{
+    if (isOpen == m_choices.IsListOpen())
+        return;
+    m_choices.SetListOpen(isOpen);
+    m_listOpen->setChecked(isOpen);
+    m_bar->ShowListOpen(isOpen);
+    m_pages->setVisible(isOpen);
+    Arrange();
+    m_pages->ShowApplied();
+}
+
+void PresetsWidget::SetSlidersOpen(bool areOpen)
+{
+    m_choices.SetSlidersOpen(areOpen);
+    m_slidersOpen->setChecked(areOpen);
+    m_tune->SetOpen(areOpen);
+    Arrange();
+    m_pages->ShowApplied();
+}
+
+void PresetsWidget::FollowSize()
+{
+    const ThumbnailSize size = m_choices.GetThumbnailSize(window()->height());
+    m_sizes[static_cast<std::size_t>(size)]->setChecked(true);
+    if (size == m_size)
+        return;
+    m_size = size;
+    m_pages->SetThumbnailSize(size);
+    emit thumbnailSizeChanged(size);
+}
+
+void PresetsWidget::Arrange()
+{
+    FollowSize();
+    const int room = height() - m_bar->sizeHint().height();
+    const int most = room * MostOfTheList / 100;
+    const int list = m_choices.IsListOpen() ? std::min(m_pages->GetUsefulHeight(), most) : 0;
+    m_tune->SetRoom(room - list);
+}
+
+void PresetsWidget::RevealApplied()
+{
+    if (const QModelIndex applied = m_commands.GetApplied(); applied.isValid())
+        m_pages->Reveal(applied);
+}
+
+void PresetsWidget::ShowApplied()
+{
+    m_pages->ShowApplied();
 }
 
 QAction* PresetsWidget::AddAction(const char* name, const QKeySequence& key,
@@ -121,10 +239,23 @@ void PresetsWidget::MakeActions()
     m_export = AddAction("exportPreset", Qt::CTRL + Qt::SHIFT + Qt::Key_E,
                          [this] { m_commands.Export(GetTargetPreset()); });
     m_share = AddAction("sharePreset", {}, [this] { m_commands.Share(GetTargetPreset()); });
-    m_search = AddAction("searchPresets", QKeySequence::Find, [this] { m_bar->FocusSearch(); });
+    m_search = AddAction("searchPresets", QKeySequence::Find, [this] {
+        SetListOpen(true);
+        m_bar->FocusSearch();
+    });
+    m_search->setProperty("showsPanel", true); // for editors that keep a hidden panel hidden
+    m_next = AddAction("nextPreset", Qt::CTRL + Qt::Key_Down,
+                       [this] { m_pages->StepFromApplied(true); });
+    m_previous = AddAction("previousPreset", Qt::CTRL + Qt::Key_Up,
+                           [this] { m_pages->StepFromApplied(false); });
     for (int page = 0; page < PagesWithKeys; ++page) {
         auto* shortcut = new QShortcut(QKeySequence(Qt::ALT + Qt::Key_1 + page), this);
-        connect(shortcut, &QShortcut::activated, this, [this, page] { m_pages->TogglePage(page); });
+        connect(shortcut, &QShortcut::activated, this, [this, page] {
+            const bool wasFolded = !m_choices.IsListOpen();
+            SetListOpen(true);
+            if (!wasFolded || !m_pages->IsOpen(page))
+                m_pages->TogglePage(page);
+        });
     }
     ShowActionTexts();
 }
@@ -140,12 +271,15 @@ void PresetsWidget::ShowActionTexts()
     m_commit->setText(tr("Add another look on top"));
     m_discard->setText(tr("Remove the look"));
     m_search->setText(tr("Search looks"));
+    m_next->setText(tr("Next look"));
+    m_previous->setText(tr("Previous look"));
     m_import->setText(tr("Import looks…"));
     m_importFolder->setText(tr("Import a folder of looks…"));
     m_export->setText(tr("Export as a table…"));
     m_share->setText(tr("Share…"));
     for (QShortcut* const shortcut : findChildren<QShortcut*>())
         shortcut->setWhatsThis(tr("Open or shut the group in that place")); // for lists of keys
+    ShowViewTexts();
 }
 
 QModelIndex PresetsWidget::GetTargetPreset() const
@@ -193,6 +327,12 @@ void PresetsWidget::Drag(const QModelIndex& preset)
     auto* const drag = new QDrag(this); // Qt deletes it
     drag->setMimeData(files.release());
     drag->exec(Qt::CopyAction);
+}
+
+void PresetsWidget::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    Arrange();
 }
 
 void PresetsWidget::changeEvent(QEvent* event)

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "panel/grid/PresetFilter.h"
+#include "panel/widgets/PanelChoices.h"
 
 #include <QPersistentModelIndex>
 #include <QWidget>
 
 #include <functional>
+#include <vector>
 
 class QAction;
 class QMenu;
@@ -24,6 +26,7 @@ class PresetCommands;
 class PresetPages;
 class RecentPresets;
 class ThumbnailCache;
+class TunePanel;
 
 /// The panel's contents: filter, pages, and the controls of the applied look. It refers to the
 /// presets and ends before them.
@@ -35,14 +38,35 @@ public:
     /// All are kept by reference. `frame` is the parent and gets the actions: an editor looks for
     /// their keys on the widget that it has placed.
     PresetsWidget(PresetCommands& commands, const AppliedEdit& edit, const RecentPresets& recent,
-                  ThumbnailCache& thumbnails, HoverPreview& hover, QWidget& frame);
+                  ThumbnailCache& thumbnails, HoverPreview& hover, const PanelChoices& choices,
+                  QWidget& frame);
     ~PresetsWidget() override;
+
+    ThumbnailSize GetThumbnailSize() const { return m_size; }
+    /// Opens the group of the look on the photo and scrolls to it.
+    void RevealApplied();
+    /// Scrolls to the look on the photo, where its group is open.
+    void ShowApplied();
+
+signals:
+    /// Pictures of another size are wanted.
+    void thumbnailSizeChanged(ThumbnailSize size);
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void ConnectPages(HoverPreview& hover);
+    void ConnectArrangement();
+    void MakeViewMenu();
+    void ShowViewTexts();
+    void ChooseSize(ThumbnailSize size);
+    void SetListOpen(bool isOpen);
+    void SetSlidersOpen(bool areOpen);
+    void FollowSize();
+    /// Divides the height between the looks and the controls below them.
+    void Arrange();
     void MakeActions();
     QAction* AddAction(const char* name, const QKeySequence& key, const std::function<void()>& run);
     void ShowActionTexts();
@@ -57,6 +81,15 @@ private:
     PresetFilter m_filter;
     FilterBar* m_bar;
     PresetPages* m_pages;
+    TunePanel* m_tune;
+    PanelChoices m_choices;
+    ThumbnailSize m_size = ThumbnailSize::Medium;
+    QMenu* m_view;
+    std::vector<QAction*> m_sizes; ///< in the order of ThumbnailSize
+    QAction* m_listOpen = nullptr;
+    QAction* m_slidersOpen = nullptr;
+    QAction* m_next = nullptr;
+    QAction* m_previous = nullptr;
     QPersistentModelIndex m_menuPreset;
     QAction* m_apply = nullptr;
     QAction* m_favourite = nullptr;

@@ -13,8 +13,12 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QToolButton>
+
+#include <algorithm>
 
 namespace LumetraPlugin {
 
@@ -26,6 +30,8 @@ using Zorvik::Lumetra::LumetraPresets::SliderSetting;
 namespace {
 
 constexpr int Gap = 8;
+constexpr int Gutter = 2 * Gap;
+constexpr int RowGap = 4;
 constexpr int ToolTipOffset = 24;
 
 QToolButton* MakeToolButton(const char* name, QWidget* parent)
@@ -60,14 +66,15 @@ TunePanel::TunePanel(PresetCommands& commands, const AppliedEdit& edit, QWidget*
     setObjectName(QStringLiteral("tunePanel"));
     setAttribute(Qt::WA_StyledBackground);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(2 * Gap, Gap, 2 * Gap, 2 * Gap);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    column->setContentsMargins(0, Gap, 0, Gap);
     column->setSpacing(Gap);
     MakeHeader(*column);
     m_intensity->setObjectName(QStringLiteral("intensitySlider"));
     m_intensity->setProperty("tipYOffest", ToolTipOffset);
+    m_intensityRow->layout()->setContentsMargins(Gutter, 0, Gutter, 0);
     column->addWidget(m_intensityRow);
-    m_sliderColumn->setSpacing(4);
-    column->addLayout(m_sliderColumn);
+    MakeScroll(*column);
     MakeButtons(*column);
     connect(m_intensityRow, &SliderRow::finished, &commands, &PresetCommands::FinishIntensity);
     connect(m_intensityRow, &SliderRow::typed, &commands, &PresetCommands::SetIntensity);
@@ -91,8 +98,12 @@ void TunePanel::MakeHeader(QVBoxLayout& column)
     m_favourite = MakeToolButton("favouriteButton", this);
     m_favourite->setCheckable(true);
     m_reset = MakeToolButton("resetButton", this);
+    m_fold = MakeToolButton("foldSliders", this);
+    connect(m_fold, &QToolButton::clicked, this, &TunePanel::foldRequested);
     auto* row = new QHBoxLayout;
     row->setSpacing(0);
+    row->setContentsMargins(Gap, 0, Gutter, 0);
+    row->addWidget(m_fold);
     row->addWidget(m_title, 1);
     row->addWidget(m_favourite);
     row->addWidget(m_reset);
@@ -102,12 +113,75 @@ void TunePanel::MakeHeader(QVBoxLayout& column)
     connect(m_reset, &QToolButton::clicked, &m_commands, &PresetCommands::Reset);
 }
 
+void TunePanel::MakeScroll(QVBoxLayout& column)
+{
+    auto* const content = new QWidget;
+    content->setLayout(m_sliderColumn);
+    m_sliderColumn->setContentsMargins(Gutter, 0, Gutter, 0);
+    m_sliderColumn->setSpacing(RowGap);
+    m_scroll = new QScrollArea(this);
+    m_scroll->setObjectName(QStringLiteral("sliderArea"));
+    m_scroll->setWidget(content);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setFocusPolicy(Qt::NoFocus);
+    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scroll->viewport()->setAutoFillBackground(false); // the ground is the panel's
+    content->setAutoFillBackground(false);
+    column.addWidget(m_scroll);
+}
+
+/// The height of the extra sliders that the look has, all of them seen.
+int TunePanel::GetSlidersHeight() const
+{
+    const auto shown = static_cast<int>(std::count_if(
+        m_sliders.begin(), m_sliders.end(), [](const SliderRow* row) { return !row->isHidden(); }));
+    const int row = m_intensityRow->sizeHint().height();
+    return shown * row + std::max(0, shown - 1) * RowGap;
+}
+
+/// Divides the height: what does not fit of the sliders is scrolled, and the scroll bar stands in
+/// the gutter.
+void TunePanel::SetRoom(int height)
+{
+    m_room = height;
+    const int all = GetSlidersHeight();
+    m_scroll->setVisible(m_isOpen && all > 0);
+    m_intensityRow->setVisible(m_isOpen);
+    if (m_scroll->isHidden())
+        return;
+    const QMargins margins = layout()->contentsMargins();
+    const int others = margins.top() + margins.bottom() + m_fold->height() +
+                       m_intensityRow->sizeHint().height() + m_apply->sizeHint().height() + 3 * Gap;
+    const int least = std::min(all, m_intensityRow->sizeHint().height());
+    const int shown = std::clamp(height - others, least, all);
+    const int bar = shown < all ? m_scroll->verticalScrollBar()->sizeHint().width() : 0;
+    m_sliderColumn->setContentsMargins(Gutter, 0, std::max(0, Gutter - bar), 0);
+    m_scroll->setFixedHeight(shown);
+}
+
+void TunePanel::SetOpen(bool isOpen)
+{
+    m_isOpen = isOpen;
+    SetRoom(m_room);
+    ShowFold();
+}
+
+void TunePanel::ShowFold()
+{
+    m_fold->setIcon(PanelIcons::GetIcon(
+        m_isOpen ? QStringLiteral("chevron-down") : QStringLiteral("chevron-right"), palette()));
+    m_fold->setToolTip(m_isOpen ? tr("Fold the sliders") : tr("Unfold the sliders"));
+    m_fold->setAccessibleName(m_fold->toolTip());
+}
+
 void TunePanel::MakeButtons(QVBoxLayout& column)
 {
     m_discard = MakePushButton("discardButton", this);
     m_saveAs = MakePushButton("saveAsButton", this);
     m_apply = MakePushButton("applyButton", this);
     auto* row = new QHBoxLayout;
+    row->setContentsMargins(Gutter, 0, Gutter, 0);
     row->setSpacing(Gap);
     for (QPushButton* const button : {m_discard, m_saveAs, m_apply})
         row->addWidget(button, 1);
@@ -144,6 +218,8 @@ void TunePanel::MakeSliders()
     }
     for (std::size_t i = 0; i < m_sliders.size(); ++i)
         m_sliders[i]->setVisible(i < needed);
+    SetRoom(m_room);
+    emit contentChanged();
 }
 
 void TunePanel::BindApplied()
@@ -206,6 +282,7 @@ void TunePanel::ShowNames()
 
 void TunePanel::ShowIcons()
 {
+    ShowFold();
     const bool isOn = m_favourite->isChecked();
     m_favourite->setIcon(PanelIcons::GetIcon(
         isOn ? QStringLiteral("star-filled") : QStringLiteral("star"), palette()));

@@ -8,6 +8,7 @@
 
 class QLabel;
 class QPushButton;
+class QScrollArea;
 class QToolButton;
 class QVBoxLayout;
 
@@ -21,8 +22,8 @@ class AppliedEdit;
 class PresetCommands;
 class SliderRow;
 
-/// The controls of the look that is on the photo: intensity, extra sliders and commands. Disabled
-/// without a look.
+/// The controls of the look that is on the photo: intensity, extra sliders, which scroll where
+/// there is no room for all, and commands. Disabled without a look. The sliders can be folded.
 class TunePanel : public QWidget
 {
     Q_OBJECT
@@ -36,12 +37,26 @@ public:
     /// Reads the values again.
     void ReadValues();
 
+    void SetOpen(bool isOpen);
+    bool IsOpen() const { return m_isOpen; }
+    /// Takes at most that height, and at least what one slider needs.
+    void SetRoom(int height);
+
+signals:
+    /// There is more or less to show than before: SetRoom() may be called again.
+    void contentChanged();
+    /// The user folds or unfolds the sliders.
+    void foldRequested();
+
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
     void MakeHeader(QVBoxLayout& column);
+    void MakeScroll(QVBoxLayout& column);
     void MakeButtons(QVBoxLayout& column);
+    int GetSlidersHeight() const;
+    void ShowFold();
     void MakeSliders();
     SliderRow* MakeSlider(int position);
     void ShowNames();
@@ -55,7 +70,11 @@ private:
     QToolButton* m_reset = nullptr;
     Zorvik::Lumetra::LumetraPresets::IntensityWidget* m_intensity;
     SliderRow* m_intensityRow;
+    QToolButton* m_fold = nullptr;
+    QScrollArea* m_scroll = nullptr;
     QVBoxLayout* m_sliderColumn;
+    bool m_isOpen = true;
+    int m_room = QWIDGETSIZE_MAX;
     std::vector<SliderRow*> m_sliders;
     QPushButton* m_apply = nullptr;
     QPushButton* m_discard = nullptr;

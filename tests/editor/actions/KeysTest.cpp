@@ -119,8 +119,9 @@ protected:
                 note();
             });
         }
-        QObject::connect(&Canvas(), &PhotoCanvas::zoomChanged, window.get(),
-                         [this] { done.append(QStringLiteral("Zoom in, out, fit, actual size")); });
+        QObject::connect(&Canvas(), &PhotoCanvas::zoomChanged, window.get(), [this] {
+            done.append(QStringLiteral("Zoom in, out, fit, 100 %, 200 %, 400 %"));
+        });
     }
 
     /// The effects of the key, commands or not.
@@ -140,11 +141,20 @@ protected:
 /// True for keys that a text field keeps for itself: they type or edit.
 bool BelongsToText(const QString& key)
 {
-    static const std::set<QString> own{
-        QStringLiteral("\\"),     QStringLiteral("+"),      QStringLiteral("-"),
-        QStringLiteral("0"),      QStringLiteral("1"),      QStringLiteral("Del"),
-        QStringLiteral("Ctrl+A"), QStringLiteral("Ctrl+Z"), QStringLiteral("Ctrl+Shift+Z"),
-        QStringLiteral("Ctrl+Y"), QStringLiteral("Ctrl+E"), QStringLiteral("Ctrl+Backspace")};
+    static const std::set<QString> own{QStringLiteral("\\"),
+                                       QStringLiteral("+"),
+                                       QStringLiteral("-"),
+                                       QStringLiteral("0"),
+                                       QStringLiteral("1"),
+                                       QStringLiteral("2"),
+                                       QStringLiteral("4"),
+                                       QStringLiteral("Del"),
+                                       QStringLiteral("Ctrl+A"),
+                                       QStringLiteral("Ctrl+Z"),
+                                       QStringLiteral("Ctrl+Shift+Z"),
+                                       QStringLiteral("Ctrl+Y"),
+                                       QStringLiteral("Ctrl+E"),
+                                       QStringLiteral("Ctrl+Backspace")};
     return own.count(key) > 0;
 }
 

@@ -6,7 +6,6 @@
 #include "panel/PresetsPanel.h"
 #include "panel/appearance/EffectTexts.h"
 #include "panel/commands/RecentPresets.h"
-#include "panel/grid/PresetDelegate.h"
 #include "panel/grid/PresetGrid.h"
 #include "panel/widgets/PresetPages.h"
 #include "panel/widgets/PresetsWidget.h"
@@ -190,7 +189,9 @@ void PanelAudit::CompareThumbnail(PresetGrid& grid, int row, const QModelIndex& 
     auto& host = m_editor.GetHost();
     const auto controller = m_model.GetPreset(preset);
     const auto policies = controller->GetPreviewPolicies();
-    const QSize size = LumetraPlugin::PresetDelegate::PictureSize * m_widget.devicePixelRatioF();
+    const auto wanted = m_widget.findChild<LumetraPlugin::PresetsWidget*>()->GetThumbnailSize();
+    const QSize size =
+        LumetraPlugin::ThumbnailShape::Of(wanted).picture * m_widget.devicePixelRatioF();
     const auto frame = host.GetDrawer().RenderPreview({size.width(), size.height(), 1.0},
                                                       controller->MakePreviewSettings(),
                                                       policies.crop, policies.fit, policies.flags);

@@ -53,6 +53,7 @@ public:
     void NoteEdit(const QString& text) override { steps.append(text); }
     void PushUndo(QUndoCommand* command) override { delete command; }
     void ShowMessage(const QString& text) override { messages.append(text); }
+    void ShowBriefly(const QString& text) override { messages.append(text); }
     std::vector<LumetraEditor::EditorLayer> GetLayers() const override { return layers; }
     QString StoreLook(const LumetraEditor::NewLook& look) override;
     QString FindLookName(const QString& id) const override;

@@ -45,6 +45,7 @@ public:
     // Messages of the panel.
     QString photoPath = QStringLiteral("photo.jpg");
     QStringList messages;
+    QStringList briefMessages; ///< those that leave by themselves
     QStringList steps;
     std::vector<Zorvik::Core::Property::Ptr> edits;
     std::optional<Zorvik::Quindle::EffectsSettings> shown; ///< on the photo, without applying
@@ -61,6 +62,11 @@ public:
     void NoteEdit(const QString& text) override;
     void PushUndo(QUndoCommand* command) override;
     void ShowMessage(const QString& text) override;
+    void ShowBriefly(const QString& text) override
+    {
+        messages.append(text);
+        briefMessages.append(text);
+    }
     std::vector<LumetraEditor::EditorLayer> GetLayers() const override { return {}; }
     QString StoreLook(const LumetraEditor::NewLook&) override { return {}; }
     QString FindLookName(const QString&) const override { return {}; }

@@ -78,6 +78,21 @@ TEST_P(PreviewSize, followsCropAndFit)
     EXPECT_EQ(preview.part.height, p.part.height);
 }
 
+TEST(PreviewPart, aPortraitIsCutAroundTheGivenShareOfItsHeight)
+{
+    const auto cut = [](int width, int height, double middle) {
+        return MakePreviewPart(width, height, MakeTarget(150, 100), 1, 0, middle).part;
+    };
+    EXPECT_EQ(cut(600, 900, 0.5).y, 250);
+    EXPECT_EQ(cut(600, 900, 1.0 / 3).y, 100) << "its middle is at 300";
+    EXPECT_EQ(cut(600, 900, 1.0 / 3).height, 400);
+    EXPECT_EQ(cut(600, 700, 1.0 / 3).y, 33);
+    EXPECT_EQ(cut(600, 610, 0.1).y, 0) << "the photo ends there";
+    EXPECT_EQ(cut(600, 601, 1.0 / 3).y, 0);
+    EXPECT_EQ(cut(600, 600, 1.0 / 3).y, 100) << "a square has no upper third";
+    EXPECT_EQ(cut(600, 450, 1.0 / 3).y, 25) << "nor has a landscape";
+}
+
 class Preview : public DrawerFixture
 {
 protected:

@@ -15,6 +15,8 @@
 
 using LumetraPlugin::PresetDelegate;
 using LumetraPlugin::PresetModel;
+using LumetraPlugin::ThumbnailShape;
+using LumetraPlugin::ThumbnailSize;
 using LumetraTest::PanelFixture;
 
 namespace {
@@ -106,7 +108,7 @@ TEST_F(PreviewTest, aThumbnailIsCutAsThePresetWantsIt)
     panel->GetWidget()->findChild<LumetraPlugin::PresetPages*>()->Reveal(Named("Plain"));
     Paint();
 
-    EXPECT_EQ(Thumbnail("Warm").size(), PresetDelegate::PictureSize);
+    EXPECT_EQ(Thumbnail("Warm").size(), ThumbnailShape::Of(ThumbnailSize::Medium).picture);
     EXPECT_EQ(Thumbnail("Plain").size(), QSize(56, 112)) << "the whole photo is to be seen";
     const QImage seen = PaintedPicture("Plain");
     const auto redAt = [&](double x) {

@@ -331,6 +331,7 @@ TEST_F(PresetPagesTest, aNewPresetIsScrolledIntoSight)
 
 TEST_F(PresetPagesTest, picturesKeepTheirPlacesWithoutTheScrollBar)
 {
+    Trigger("mediumThumbnails"); // in a window of any height
     panel->GetWidget()->resize(320, 420);
     QApplication::processEvents();
     ASSERT_TRUE(Pages().verticalScrollBar()->isVisible());

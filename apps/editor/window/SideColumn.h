@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QWidget>
+
+class QVBoxLayout;
+
+namespace LumetraEditor {
+
+class EditorSettings;
+class FoldingSection;
+class HistogramWidget;
+class PanelTabs;
+
+/// The column beside the photo: the histogram, which folds, and below it the panels with what
+/// concerns all of them. In a low window the histogram gives its room to the panels.
+class SideColumn : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// The settings are kept by reference.
+    explicit SideColumn(EditorSettings& settings, QWidget* parent = nullptr);
+
+    HistogramWidget& GetHistogram() { return *m_histogram; }
+    PanelTabs& GetPanels() { return *m_panels; }
+    /// Places a widget between the histogram and the panels, and takes it as a child.
+    void AddAbovePanels(QWidget* widget);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void Translate();
+
+    QVBoxLayout* m_column;
+    HistogramWidget* m_histogram;
+    FoldingSection* m_section;
+    PanelTabs* m_panels;
+};
+
+} // namespace LumetraEditor
