@@ -188,7 +188,11 @@ MetadataTags::XmpLock MetadataTags::LockXmp()
 bool MetadataTags::DecodeXmp(const QByteArray& packet, Exiv2::XmpData& properties)
 {
     const XmpLock lock = LockXmp();
-    return Exiv2::XmpParser::decode(properties, packet.toStdString()) == 0;
+    try {
+        return Exiv2::XmpParser::decode(properties, packet.toStdString()) == 0;
+    } catch (const Exiv2::AnyError&) { // for texts such as "type=x", which it takes for a type
+        return false;
+    }
 }
 
 bool MetadataTags::EncodeXmp(const Exiv2::XmpData& properties, std::string& text,

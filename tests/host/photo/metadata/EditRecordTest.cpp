@@ -80,6 +80,16 @@ TEST(EditRecords, refuseADamagedPacket)
     EXPECT_THROW(EditRecords::Read("<x:xmpmeta"), Zorvik::Exception);
 }
 
+TEST(EditRecords, refuseAPacketWithATextThatTheLibraryTakesForAType)
+{
+    const QByteArray packet = R"(<x:xmpmeta xmlns:x="adobe:ns:meta/">
+<rdf:RDF xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#"><rdf:Description rdf:about=""
+ xmlns:lumetra="https://lumetra.org/ns/edit/1.0/"><lumetra:Presets><rdf:Seq>
+<rdf:li rdf:parseType="Resource"><lumetra:Name>type=warm and soft</lumetra:Name></rdf:li>
+</rdf:Seq></lumetra:Presets></rdf:Description></rdf:RDF></x:xmpmeta>)";
+    EXPECT_THROW(EditRecords::Read(packet), Zorvik::Exception);
+}
+
 TEST(EditRecords, takeLooksAlongToTheByteAndSayWhereOneIsMissing)
 {
     EditRecord whole{"Whole", 80};
