@@ -147,7 +147,7 @@ void EditorWindow::BuildCentre()
     m_centre->addWidget(m_start);
     m_centre->addWidget(m_canvas);
 
-    m_side->AddAbovePanels(m_layers);
+    m_side->AddLayers(*m_layers);
     m_side->AddAbovePanels(&m_many->GetFollowSwitch());
     auto* const tips = new TipPlace(this);
     tips->Keep(*m_side, Qt::LeftEdge);

@@ -2,6 +2,7 @@
 #include "window/SideColumn.h"
 
 #include "histogram/HistogramWidget.h"
+#include "layers/LayersPanel.h"
 #include "window/FoldingSection.h"
 #include "window/PanelTabs.h"
 
@@ -12,7 +13,8 @@ namespace LumetraEditor {
 namespace {
 
 constexpr int SmallestWidth = 280;
-constexpr int SmallestHeightWithHistogram = 440;
+constexpr int SmallestHeightWithHistogram = 560;
+constexpr int SmallestHeightWithLayers = 440;
 const QString HistogramKey = QStringLiteral("window/histogramOpen");
 
 /// The histogram with the distances of the side panel.
@@ -48,10 +50,18 @@ void SideColumn::AddAbovePanels(QWidget* widget)
     m_column->insertWidget(m_column->indexOf(m_panels), widget);
 }
 
+void SideColumn::AddLayers(LayersPanel& layers)
+{
+    AddAbovePanels(&layers);
+    m_layers = &layers;
+}
+
 void SideColumn::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     m_section->SetHasRoom(height() >= SmallestHeightWithHistogram);
+    if (m_layers)
+        m_layers->setVisible(height() >= SmallestHeightWithLayers);
 }
 
 void SideColumn::changeEvent(QEvent* event)

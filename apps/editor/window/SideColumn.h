@@ -10,10 +10,12 @@ namespace LumetraEditor {
 class EditorSettings;
 class FoldingSection;
 class HistogramWidget;
+class LayersPanel;
 class PanelTabs;
 
 /// The column beside the photo: the histogram, which folds, and below it the panels with what
-/// concerns all of them. In a low window the histogram gives its room to the panels.
+/// concerns all of them. In a low window the histogram gives its room to the panels, in a very low
+/// one the list of layers does too, and is hidden.
 class SideColumn : public QWidget
 {
     Q_OBJECT
@@ -26,6 +28,8 @@ public:
     PanelTabs& GetPanels() { return *m_panels; }
     /// Places a widget between the histogram and the panels, and takes it as a child.
     void AddAbovePanels(QWidget* widget);
+    /// Places the list of layers as AddAbovePanels() does.
+    void AddLayers(LayersPanel& layers);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -38,6 +42,7 @@ private:
     HistogramWidget* m_histogram;
     FoldingSection* m_section;
     PanelTabs* m_panels;
+    LayersPanel* m_layers = nullptr;
 };
 
 } // namespace LumetraEditor

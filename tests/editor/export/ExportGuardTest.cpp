@@ -164,7 +164,7 @@ TEST_F(ExportGuardTest, refusesEditsAndTheUsersOwnFilesBehindLinks)
 
     ExpectRefused(Path("edit.png"), "is the edit of a photo");
     ExpectRefused(Path("old-edit.png"), "is the edit of a photo");
-    ExpectRefused(Path("backup.png"), "where the program keeps presets and edits");
+    ExpectRefused(Path("backup.png"), "where the program keeps looks and edits");
     EXPECT_EQ(ReadFile("data/lumetra/presets.json.backup-1"), "presets");
 }
 

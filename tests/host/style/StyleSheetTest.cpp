@@ -43,7 +43,7 @@ TEST_P(StyleSheetTest, everyPictureExistsAndIsDrawn)
         const QString path = found.next().captured(1);
         EXPECT_FALSE(QImage(path).isNull()) << path.toStdString();
     }
-    EXPECT_EQ(pictures, 13);
+    EXPECT_EQ(pictures, 15);
 }
 
 // A sheet with an error in it is refused as a whole, with a warning, which fails the test.
