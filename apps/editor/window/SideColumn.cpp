@@ -13,8 +13,8 @@ namespace LumetraEditor {
 namespace {
 
 constexpr int SmallestWidth = 280;
-constexpr int SmallestHeightWithHistogram = 560;
-constexpr int SmallestHeightWithLayers = 440;
+constexpr int SmallestHeightWithHistogram = 440;
+constexpr int SmallestHeightWithLayers = 520;
 const QString HistogramKey = QStringLiteral("window/histogramOpen");
 
 /// The histogram with the distances of the side panel.

@@ -14,8 +14,8 @@ class LayersPanel;
 class PanelTabs;
 
 /// The column beside the photo: the histogram, which folds, and below it the panels with what
-/// concerns all of them. In a low window the histogram gives its room to the panels, in a very low
-/// one the list of layers does too, and is hidden.
+/// concerns all of them. In a low window the list of layers gives its room to the panels, in a very
+/// low one the histogram too.
 class SideColumn : public QWidget
 {
     Q_OBJECT

@@ -183,9 +183,11 @@ TEST_F(AccessTest, saysTheSameWhetherItStartedInALanguageOrChangedToIt)
     QApplication::processEvents();
     EXPECT_EQ(AllTexts(), english);
 
+    const QSize size = window->size(); // the histogram is seen in high windows alone
     window->UseLanguage(QStringLiteral("de"));
     window.reset();
     window = std::make_unique<LumetraEditor::EditorWindow>(*editor);
+    window->resize(size);
     window->show();
     LoadPresetsPanel();
     Open(Path("lake.png"));
