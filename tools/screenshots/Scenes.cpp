@@ -163,7 +163,7 @@ QImage PlayMine(EditorOnStage& stage)
     return stage.Grab();
 }
 
-// What is on the photo
+// The list of layers
 
 /// Three looks, one of them off, and an adjustment; the lowest look is open again.
 void PutLayers(EditorOnStage& stage)

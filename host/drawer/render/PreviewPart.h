@@ -28,7 +28,7 @@ struct PreviewPolicies
 /// height). Zorvik::Exception for a target without pixels or with an aspect that is not positive
 /// and finite.
 ///
-/// What is cut out of a photo that is higher than it is wide has its middle at the share
+/// The part of a photo that is higher than it is wide has its middle at the share
 /// `portraitMiddle` of the height, as far as the photo's edges allow it.
 PhotoPart MakePreviewPart(int photoWidth, int photoHeight, const Zorvik::Proc::FrameTarget& target,
                           int cropPolicy, int fitPolicy,

@@ -13,7 +13,7 @@ enum class ThumbnailSize
     Large
 };
 
-/// What a size means for a grid, in logical pixels.
+/// The measures of a grid with thumbnails of one size, in logical pixels.
 struct ThumbnailShape
 {
     int smallestCell; ///< the width from which on a cell has room for one more beside it

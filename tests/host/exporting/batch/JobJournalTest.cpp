@@ -36,7 +36,7 @@ protected:
         WriteFile(Path(name), content);
     }
 
-    /// What a program that is started later knows.
+    /// The journal as a program reads it that is started later.
     bool IsDone(const char* name, const std::string& job) const
     {
         return JobJournal().IsDone(Path(name), job);
