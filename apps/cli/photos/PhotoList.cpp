@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "photos/PhotoList.h"
 
-#include "Zorvik/Exception.h"
 #include "console/Text.h"
 #include "console/UsageError.h"
 #include "photos/PhotoInputs.h"
+#include "storage/FailWith.h"
 
 #include <QFile>
-
-#include <boost/current_function.hpp>
 
 #include <cstdio>
 
@@ -65,10 +63,9 @@ QByteArray PhotoList::Join(const QStringList& photos, bool isNullSeparated)
     for (const QString& photo : photos) {
         if (!isNullSeparated &&
             (photo.contains(QLatin1Char('\n')) || photo.endsWith(QLatin1Char('\r'))))
-            throw Zorvik::Exception(photo.toStdString() +
-                                        ": expected a name without line breaks for a list of "
-                                        "lines; --null separates names by zero bytes",
-                                    BOOST_CURRENT_FUNCTION, "photos/PhotoList", __LINE__);
+            LumetraHost::FailWith(photo.toStdString() +
+                                  ": expected a name without line breaks for a list of "
+                                  "lines; --null separates names by zero bytes");
         text += QFile::encodeName(photo) + (isNullSeparated ? '\0' : '\n');
     }
     return text;

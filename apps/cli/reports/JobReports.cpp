@@ -3,13 +3,12 @@
 
 #include "Zorvik/Brassel/ISerializer.h"
 #include "Zorvik/Exception.h"
+#include "storage/FailWith.h"
 #include "storage/JsonDocument.h"
 #include "storage/JsonException.h"
 
 #include <QFile>
 #include <QFileInfo>
-
-#include <boost/current_function.hpp>
 
 #include <algorithm>
 #include <iterator>
@@ -17,6 +16,7 @@
 namespace LumetraCli {
 namespace {
 
+using LumetraHost::FailWith;
 using State = JobReports::State;
 using Zorvik::Brassel::ISerializer;
 
@@ -25,17 +25,6 @@ constexpr int ReportVersion = 1;
 constexpr qint64 LongestLine = 1024 * 1024;
 /// Wrong lines of a file that are told one by one: it may be something else altogether.
 constexpr int MostProblems = 10;
-
-[[noreturn]] void Fail(const std::string& place, const std::string& text)
-{
-    throw Zorvik::Exception(place + ": " + text, BOOST_CURRENT_FUNCTION, "reports/JobReports",
-                            __LINE__);
-}
-
-[[noreturn]] void Refuse(const std::string& text)
-{
-    throw Zorvik::Exception(text, BOOST_CURRENT_FUNCTION, "reports/JobReports", __LINE__);
-}
 
 QString GetText(const ISerializer& line, const char* key)
 {
@@ -50,7 +39,7 @@ State ReadState(const std::string& name)
     };
     const auto found = states.find(name);
     if (found == states.end())
-        Refuse("expected written, skipped, leftOut, failed or planned, found \"" + name + "\"");
+        FailWith("expected written, skipped, leftOut, failed or planned, found \"" + name + "\"");
     return found->second;
 }
 
@@ -65,11 +54,11 @@ void Open(QFile& file)
     const std::string name = file.fileName().toStdString();
     const QFileInfo info(file.fileName());
     if (!info.exists())
-        Fail(name, "expected a report, found no such file");
+        FailWith(name + ": expected a report, found no such file");
     if (!info.isFile())
-        Fail(name, "expected a report, found no plain file");
+        FailWith(name + ": expected a report, found no plain file");
     if (!file.open(QIODevice::ReadOnly))
-        Fail(name, "cannot be read: " + file.errorString().toStdString());
+        FailWith(name + ": cannot be read: " + file.errorString().toStdString());
 }
 
 } // namespace
@@ -90,7 +79,7 @@ void JobReports::Read(const QString& name)
         m_problems.append(QStringLiteral("%1: %2 more such lines")
                               .arg(name, QString::number(m_problemCount - MostProblems)));
     if (file.error() != QFileDevice::NoError)
-        Fail(name.toStdString(), "cannot be read: " + file.errorString().toStdString());
+        FailWith(name.toStdString() + ": cannot be read: " + file.errorString().toStdString());
     if (!m_hasEnd)
         m_unfinished.append(name);
     else if (m_shard && m_isWhole)
@@ -123,8 +112,8 @@ void JobReports::AddEnd(const ISerializer& summary)
 {
     const int version = summary.Get("version", ReportVersion);
     if (version > ReportVersion)
-        Refuse("expected version " + std::to_string(ReportVersion) + ", found " +
-               std::to_string(version));
+        FailWith("expected version " + std::to_string(ReportVersion) + ", found " +
+                 std::to_string(version));
     m_isWhole = summary.Get("planned", 0) == 0;
     const int jobs = summary.Get("jobs", 0);
     m_jobCount = std::max(m_jobCount, summary.Get("list", jobs));
@@ -144,10 +133,10 @@ void JobReports::AddShard(const ISerializer& line)
         return;
     const auto shard = LumetraHost::JobShard::Parse(GetText(line, "shard"));
     if (!shard)
-        Refuse("expected a shard such as 2/4, found \"" + line.Get("shard", "") + "\"");
+        FailWith("expected a shard such as 2/4, found \"" + line.Get("shard", "") + "\"");
     if (m_shardCount != 0 && m_shardCount != shard->count)
-        Refuse("expected one of " + std::to_string(m_shardCount) +
-               " shards, as in the reports before, found " + shard->GetName().toStdString());
+        FailWith("expected one of " + std::to_string(m_shardCount) +
+                 " shards, as in the reports before, found " + shard->GetName().toStdString());
     m_shardCount = shard->count;
     m_shard = shard;
 }
