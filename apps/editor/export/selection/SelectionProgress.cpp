@@ -46,6 +46,7 @@ SelectionProgress::SelectionProgress(SelectionExporter& exporter, QWidget* paren
     m_bar->setAccessibleName(tr("Exporting"));
     m_problems->setAccessibleName(tr("What failed or was reduced"));
     m_problems->setWordWrap(true);
+    m_problems->setResizeMode(QListView::Adjust); // lines are broken anew at the final width
     m_problems->setSelectionMode(QAbstractItemView::NoSelection);
     auto* const buttons = new QHBoxLayout;
     buttons->setSpacing(8);
