@@ -37,6 +37,28 @@ constexpr char Faded[] =
     "crs:Contrast2012=\"-22\" crs:Vibrance=\"-14\" crs:GrainAmount=\"31\" "
     "crs:LuminanceSmoothing=\"25\" crs:LensProfileEnable=\"1\"/></rdf:RDF>";
 
+/// Selects photos of which one is none, presses Export as soon as the dialog has its plan, and
+/// returns the picture when the button of that name shows.
+QImage ExportSelection(EditorOnStage& stage, const char* shownButton)
+{
+    stage.GetWindow().resize(1366, 768);
+    stage.OpenFolder();
+    Press(*stage.GetWindow().findChild<LumetraEditor::PhotoStrip*>(), Qt::Key_Right,
+          Qt::ShiftModifier, 23);
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &stage.GetWindow(), [&] {
+        auto* const button =
+            stage.GetWindow().findChild<QPushButton*>(QStringLiteral("selectionExport"));
+        if (!button || !button->isEnabled())
+            return;
+        look.stop();
+        button->click();
+    });
+    look.start();
+    return stage.GrabWhenShown(shownButton,
+                               [&stage] { stage.FindAction("exportSeveral").trigger(); });
+}
+
 } // namespace
 
 QImage DialogScenes::PlayPaste(EditorOnStage& stage)
@@ -61,25 +83,14 @@ QImage DialogScenes::PlayExportSeveral(EditorOnStage& stage)
     return WithDialog(stage, stage.FindAction("exportSeveral"));
 }
 
-/// Presses Export as soon as the dialog has its plan; one of the photos is none.
+QImage DialogScenes::PlayExporting(EditorOnStage& stage)
+{
+    return ExportSelection(stage, "selectionCancel");
+}
+
 QImage DialogScenes::PlayExported(EditorOnStage& stage)
 {
-    stage.GetWindow().resize(1366, 768);
-    stage.OpenFolder();
-    Press(*stage.GetWindow().findChild<LumetraEditor::PhotoStrip*>(), Qt::Key_Right,
-          Qt::ShiftModifier, 23);
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, &stage.GetWindow(), [&] {
-        auto* const button =
-            stage.GetWindow().findChild<QPushButton*>(QStringLiteral("selectionExport"));
-        if (!button || !button->isEnabled())
-            return;
-        look.stop();
-        button->click();
-    });
-    look.start();
-    return stage.GrabWhenShown("selectionClose",
-                               [&stage] { stage.FindAction("exportSeveral").trigger(); });
+    return ExportSelection(stage, "selectionClose");
 }
 
 QImage DialogScenes::PlayRecipe(EditorOnStage& stage)

@@ -13,6 +13,7 @@ namespace DialogScenes {
 QImage PlayPaste(EditorOnStage& stage);
 QImage PlayExport(EditorOnStage& stage);
 QImage PlayExportSeveral(EditorOnStage& stage);
+QImage PlayExporting(EditorOnStage& stage);
 QImage PlayExported(EditorOnStage& stage);
 QImage PlayRecipe(EditorOnStage& stage);
 QImage PlaySave(EditorOnStage& stage);
