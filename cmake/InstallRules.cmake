@@ -3,7 +3,8 @@
 # library, and the programs with what they read at run time.
 include(CMakePackageConfigHelpers)
 
-set(LUMETRA_PACKAGE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/LumetraPresetsUtil")
+set(LUMETRA_PACKAGE "LumetraPresetsUtil${LUMETRA_QT_SUFFIX}")
+set(LUMETRA_PACKAGE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/${LUMETRA_PACKAGE}")
 
 # lumetra_install_headers(TARGET FOLDER PATTERN...): the target's headers with the generated export header;
 # headers that match a PATTERN are the library's own business and stay behind.
@@ -13,11 +14,11 @@ function(lumetra_install_headers target folder)
         list(APPEND private_headers PATTERN "${pattern}" EXCLUDE)
     endforeach()
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/${folder}/"
-        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${target}"
+        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${target}${LUMETRA_QT_SUFFIX}"
         COMPONENT development
         FILES_MATCHING PATTERN "*.h" ${private_headers})
     install(FILES "${PROJECT_BINARY_DIR}/${folder}/${target}Export.h"
-        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${target}"
+        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${target}${LUMETRA_QT_SUFFIX}"
         COMPONENT development)
 endfunction()
 
@@ -37,15 +38,15 @@ install(EXPORT LumetraPresetsUtilTargets
 
 configure_package_config_file(
     "${CMAKE_CURRENT_LIST_DIR}/LumetraPresetsUtilConfig.cmake.in"
-    "${PROJECT_BINARY_DIR}/cmake/LumetraPresetsUtilConfig.cmake"
+    "${PROJECT_BINARY_DIR}/cmake/${LUMETRA_PACKAGE}Config.cmake"
     INSTALL_DESTINATION "${LUMETRA_PACKAGE_DIR}")
 # Before 1.0 a minor version may change the interface.
 write_basic_package_version_file(
-    "${PROJECT_BINARY_DIR}/cmake/LumetraPresetsUtilConfigVersion.cmake"
+    "${PROJECT_BINARY_DIR}/cmake/${LUMETRA_PACKAGE}ConfigVersion.cmake"
     COMPATIBILITY SameMinorVersion)
 install(FILES
-    "${PROJECT_BINARY_DIR}/cmake/LumetraPresetsUtilConfig.cmake"
-    "${PROJECT_BINARY_DIR}/cmake/LumetraPresetsUtilConfigVersion.cmake"
+    "${PROJECT_BINARY_DIR}/cmake/${LUMETRA_PACKAGE}Config.cmake"
+    "${PROJECT_BINARY_DIR}/cmake/${LUMETRA_PACKAGE}ConfigVersion.cmake"
     DESTINATION "${LUMETRA_PACKAGE_DIR}"
     COMPONENT development)
 
@@ -69,7 +70,7 @@ if(TARGET lumetra-plugin-api)
 endif()
 
 install(FILES LICENSE LICENSES/MIT.txt LICENSES/GPL-2.0-or-later.txt
-    DESTINATION "${CMAKE_INSTALL_DOCDIR}"
+    DESTINATION "${CMAKE_INSTALL_DOCDIR}${LUMETRA_QT_SUFFIX}"
     COMPONENT libraries)
 
 foreach(program IN ITEMS lumetra-presets lumetra-editor)

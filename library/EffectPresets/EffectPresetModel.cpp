@@ -24,6 +24,14 @@ std::string ToUtf8(const QVariant& value)
     return value.toString().toUtf8().toStdString();
 }
 
+// Hosts may give the number instead of the enumerator, which QVariant of Qt 6 does not convert.
+TuneSettingType ReadTune(const QVariant& value)
+{
+    if (value.userType() == qMetaTypeId<TuneSettingType>())
+        return value.value<TuneSettingType>();
+    return static_cast<TuneSettingType>(static_cast<int>(value.toLongLong()));
+}
+
 } // namespace
 
 EffectPresetModel::EffectPresetModel(
@@ -165,7 +173,7 @@ void EffectPresetModel::SetAppliedData(const QModelIndex& index, const Controlle
 
 void EffectPresetModel::Tune(const ControllerPtr& controller, const QVariant& value)
 {
-    switch (value.value<TuneSettingType>()) {
+    switch (ReadTune(value)) {
     case TuneSettingType::Apply:
         DeactivatePresets(controller);
         controller->SetApplied(true, true);

@@ -65,7 +65,9 @@ int CustomToolBox::insertItem(int index, QWidget* widget, const QIcon& icon, con
         InsertPage(index, page);
     } else {
         index = count();
+        const int currentRow = CurrentRow();
         pageList.append(page);
+        SetCurrentRow(currentRow);
         AddToLayout(page);
     }
     page.button->show();
@@ -103,10 +105,27 @@ CustomToolBox::Page CustomToolBox::MakePage(QWidget* widget, const QIcon& icon, 
 
 void CustomToolBox::InsertPage(int index, const Page& page)
 {
+    const int currentRow = CurrentRow();
     pageList.insert(index, page);
+    SetCurrentRow(currentRow >= index ? currentRow + 1 : currentRow);
     relayout();
     if (currentPage && currentIndex() >= index)
         currentPage = nullptr;
+}
+
+int CustomToolBox::CurrentRow() const
+{
+    for (int i = 0; i < count(); ++i) {
+        if (currentPage == &pageList.at(i))
+            return i;
+    }
+    return -1;
+}
+
+// The list of Qt 6 moves its pages when it grows or shrinks, so the current one is found again.
+void CustomToolBox::SetCurrentRow(int row)
+{
+    currentPage = HasPage(row) ? &pageList[row] : nullptr;
 }
 
 void CustomToolBox::AddToLayout(const Page& page)
@@ -164,8 +183,12 @@ void CustomToolBox::_q_widgetDestroyed(QObject* object)
 void CustomToolBox::DropPages(const QObject* pageWidget)
 {
     for (int i = count() - 1; i >= 0; --i) {
-        if (pageList.at(i).widget == pageWidget)
-            DeleteHeader(pageList.takeAt(i));
+        if (pageList.at(i).widget != pageWidget)
+            continue;
+        const int currentRow = CurrentRow();
+        const Page page = pageList.takeAt(i);
+        SetCurrentRow(currentRow > i ? currentRow - 1 : currentRow);
+        DeleteHeader(page);
     }
 }
 
@@ -185,7 +208,7 @@ void CustomToolBox::DeleteHeader(const Page& page)
 
 int CustomToolBox::count() const
 {
-    return pageList.size();
+    return static_cast<int>(pageList.size());
 }
 
 int CustomToolBox::currentIndex() const
@@ -207,7 +230,7 @@ int CustomToolBox::indexOf(QWidget* widget) const
 {
     Page page;
     page.widget = widget;
-    return pageList.indexOf(page);
+    return static_cast<int>(pageList.indexOf(page));
 }
 
 bool CustomToolBox::HasPage(int index) const
@@ -230,13 +253,13 @@ void CustomToolBox::setItemEnabled(int index, bool enabled)
 {
     if (!HasPage(index))
         return;
-    const Page& page = pageList.at(index);
+    const Page page = pageList.at(index); // a copy: the events of a change may add pages
     page.button->setEnabled(enabled);
     if (enabled)
         return;
     if (page.titleWidget)
         page.titleWidget->setDisabled(true);
-    if (currentPage == &page)
+    if (CurrentRow() == index)
         setCurrentIndex(EnabledNeighbour(index), true);
 }
 
@@ -293,9 +316,8 @@ void CustomToolBox::addWidgetTitleButton(QWidget* w, int index)
     w->setParent(this);
     if (!HasPage(index))
         return;
-    Page& page = pageList[index];
-    page.titleLayout->addWidget(w);
-    page.titleWidget = w;
+    pageList.at(index).titleLayout->addWidget(w);
+    pageList[index].titleWidget = w;
     connect(w, SIGNAL(destroyed(QObject*)), this, SLOT(_q_widgetDestroyed(QObject*)));
 }
 
@@ -341,7 +363,7 @@ void CustomToolBox::setCurrentIndex(int index, bool forceSelect)
 {
     if (!HasPage(index))
         return;
-    Page& page = pageList[index];
+    const Page page = pageList.at(index); // a copy: the events of a change may add pages
     const bool wasSelected = page.button->isSelected();
     page.button->setSelected(forceSelect || !wasSelected);
     page.button->setChecked(forceSelect || !wasSelected);
@@ -350,7 +372,7 @@ void CustomToolBox::setCurrentIndex(int index, bool forceSelect)
 
     if (compat)
         ShutCurrentPage();
-    currentPage = &page;
+    SetCurrentRow(index);
     // In compatibility mode the page may itself have been the one just shut.
     const bool isOpen = page.button->isSelected();
     page.widget->setVisible(isOpen);
@@ -396,7 +418,7 @@ void CustomToolBox::updateTabs()
     const CustomToolBoxButton* const current = currentPage ? currentPage->button : nullptr;
     bool isAfterCurrent = false;
     for (int i = 0; i < count(); ++i) {
-        const Page& page = pageList.at(i);
+        const Page page = pageList.at(i); // a copy: the events of a change may add pages
         page.button->setIndex(i);
         if (isAfterCurrent) {
             QPalette palette = page.button->palette();

@@ -138,6 +138,8 @@ private:
     CustomToolBoxButton* ButtonAt(int index) const;
     Page MakePage(QWidget* widget, const QIcon& icon, const QString& text);
     void InsertPage(int index, const Page& page);
+    int CurrentRow() const;
+    void SetCurrentRow(int row);
     void AddToLayout(const Page& page);
     void relayout();
     void ShutCurrentPage();

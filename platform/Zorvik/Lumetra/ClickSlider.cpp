@@ -65,7 +65,8 @@ void ClickSlider::PressHandleAt(QMouseEvent* event)
 {
     setSliderDown(true);
     setSliderPosition(ValueAt(event->pos()));
-    QMouseEvent onHandle(event->type(), ControlRect(QStyle::SC_SliderHandle).center(),
+    const QPoint centre = ControlRect(QStyle::SC_SliderHandle).center();
+    QMouseEvent onHandle(event->type(), centre, mapTo(window(), centre), mapToGlobal(centre),
                          event->button(), event->buttons(), event->modifiers());
     QSlider::mousePressEvent(&onHandle);
     event->accept();
@@ -141,8 +142,9 @@ void ClickSlider::EndDrag()
 {
     if (!isSliderDown())
         return;
-    QMouseEvent release(QEvent::MouseButtonRelease, ControlRect(QStyle::SC_SliderHandle).center(),
-                        Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    const QPoint centre = ControlRect(QStyle::SC_SliderHandle).center();
+    QMouseEvent release(QEvent::MouseButtonRelease, centre, mapTo(window(), centre),
+                        mapToGlobal(centre), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
     QSlider::mouseReleaseEvent(&release);
     setSliderDown(false); // A handle that the program put down ignores the release above.
 }

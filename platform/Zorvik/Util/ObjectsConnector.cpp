@@ -46,13 +46,22 @@ QMetaMethod FindSlot(const QObject& receiver, const QString& slot)
     return receiver.metaObject()->method(receiver.metaObject()->indexOfMethod(signature));
 }
 
+bool Convert(QVariant& value, int type)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return value.convert(QMetaType(type));
+#else
+    return value.convert(type);
+#endif
+}
+
 /// Converts `arguments` to the types that `method` takes. False when one does not convert.
 bool ConvertArguments(const QMetaMethod& method, QVariantList& arguments)
 {
     for (int i = 0; i < method.parameterCount(); ++i) {
         const int type = method.parameterType(i);
         if (type != QMetaType::QVariant && arguments[i].userType() != type &&
-            !arguments[i].convert(type))
+            !Convert(arguments[i], type))
             return false;
     }
     return true;
@@ -88,7 +97,7 @@ void DropDead(Channel& channel)
     registrations.erase(std::remove_if(registrations.begin(), registrations.end(),
                                        [](const auto& r) { return r.receiver.isNull(); }),
                         registrations.end());
-    channel.sweepAt = std::max(SweepBegin, 2 * registrations.size());
+    channel.sweepAt = std::max(SweepBegin, 2 * static_cast<int>(registrations.size()));
 }
 
 } // namespace

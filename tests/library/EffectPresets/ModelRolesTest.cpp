@@ -85,10 +85,8 @@ TEST_F(ModelRolesTest, aPresetAnswersByItsTable)
     EXPECT_EQ(model.data(index, 264), QVariant::fromValue(IntensitySettingType::Blending));
     EXPECT_STREQ(model.data(index, 264).typeName(),
                  "Zorvik::Lumetra::LumetraPresets::IntensitySettingType");
-    EXPECT_STREQ(model.data(index, 266).typeName(),
-                 "Zorvik::Lumetra::LumetraPresets::SliderSetting::List");
-    EXPECT_STREQ(model.data(index, 267).typeName(),
-                 "Zorvik::Lumetra::LumetraPresets::SliderSetting::List");
+    EXPECT_EQ(model.data(index, 266).userType(), qMetaTypeId<SliderSetting::List>());
+    EXPECT_EQ(model.data(index, 267).userType(), qMetaTypeId<SliderSetting::List>());
     EXPECT_EQ(model.data(index, 269), true);
     EXPECT_EQ(model.data(index, 270), false);
     EXPECT_EQ(model.data(index, 271), true);
@@ -291,8 +289,9 @@ TEST_F(ModelRolesTest, tuneZeroAndWhatDoesNotConvertEndTheChange)
 TEST_F(ModelRolesTest, tuneOneAppliesWithoutAnAnnouncement)
 {
     Set(At(0, 1), Model::AppliedRole, true);
-    for (const QVariant& value : {QVariant::fromValue(TuneSettingType::Apply), QVariant(1),
-                                  QVariant(true), QVariant(1.0), QVariant(QStringLiteral("1"))}) {
+    for (const QVariant& value :
+         {QVariant::fromValue(TuneSettingType::Apply), QVariant(1), QVariant(true), QVariant(1.0),
+          QVariant(QStringLiteral("1")), QVariant(1U), QVariant(1LL)}) {
         log.Clear();
         ExpectHandled(At(0, 0), Model::TuneRole, value);
         EXPECT_TRUE(IsApplied(0, 0));

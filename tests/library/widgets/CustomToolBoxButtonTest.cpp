@@ -64,8 +64,10 @@ TEST(CustomToolBoxButton, checkedButtonStaysCheckedUnlessCollapsable)
 
 TEST(CustomToolBoxButton, checkedButtonClicksAlsoWhenReleasedOutside)
 {
-    CustomToolBoxButton button;
-    Show(button);
+    QWidget window;
+    window.resize(200, 200);
+    CustomToolBoxButton button(&window);
+    Show(window);
     button.setChecked(true);
     int clicks = 0;
     QObject::connect(&button, &QPushButton::clicked, &button, [&] { ++clicks; });

@@ -349,5 +349,25 @@ TEST_F(CustomToolBoxPages, otherChangesLeaveTheHeadersAlone)
     EXPECT_EQ(Header(2)->backgroundRole(), QPalette::Base);
 }
 
+TEST_F(CustomToolBoxPages, theCurrentPageStaysItsPageWhileOthersComeAndGo)
+{
+    AddPages("abc");
+    m_box->setCurrentIndex(1, true);
+    QWidget* const current = m_box->currentWidget();
+    for (int i = 0; i < 100; ++i) {
+        m_box->addItem(new QLabel, QString::number(i));
+        ASSERT_EQ(m_box->currentWidget(), current) << "with " << i << " more";
+    }
+    m_box->removeItem(0);
+    EXPECT_EQ(m_box->currentIndex(), 0);
+    for (int i = 0; i < 100; ++i)
+        m_box->removeItem(2);
+    EXPECT_EQ(m_box->count(), 2);
+    EXPECT_EQ(m_box->currentWidget(), current);
+    m_box->removeItem(0);
+    EXPECT_EQ(m_box->currentIndex(), 0);
+    EXPECT_NE(m_box->currentWidget(), current);
+}
+
 } // namespace
 } // namespace LumetraTest

@@ -94,9 +94,9 @@ public:
         m_log += QStringLiteral("%1:%2=%3%4")
                      .arg(changed.row())
                      .arg(role)
-                     .arg(isTune                          ? QStringLiteral("tune ")
-                          : value.type() == QVariant::Int ? QString()
-                                                          : QStringLiteral("? "))
+                     .arg(isTune                               ? QStringLiteral("tune ")
+                          : value.userType() == QMetaType::Int ? QString()
+                                                               : QStringLiteral("? "))
                      .arg(number);
         return EffectPresetModel::setData(changed, value, role);
     }
