@@ -2,6 +2,7 @@
 #include "plugins/GuardedApplication.h"
 #include "plugins/PluginLoader.h"
 #include "session/Editor.h"
+#include "settings/EditorSettings.h"
 #include "style/EditorStyle.h"
 #include "style/MessageBoxAlertBackend.h"
 #include "window/EditorWindow.h"
@@ -36,9 +37,9 @@ CommandLine ReadCommandLine(const QApplication& application)
     parser.addOption(monitorProfile);
     const QCommandLineOption modules(
         QStringLiteral("modules"),
-        QStringLiteral("Print the id and the file of each module that the editor loads, and on the "
-                       "standard error output why others cannot be used, which ends with 1; open "
-                       "no window."));
+        QStringLiteral("Print the id, the file and the version of each module that the editor "
+                       "loads, and on the standard error output why others cannot be used, which "
+                       "ends with 1; open no window."));
     parser.addOption(modules);
     parser.addPositionalArgument(
         QStringLiteral("FILE"),
@@ -57,10 +58,12 @@ CommandLine ReadCommandLine(const QApplication& application)
 int ListModules()
 {
     LumetraEditor::PluginLoader loader;
-    loader.LoadFolders(LumetraEditor::GetPluginFolders());
-    for (const LumetraEditor::LoadedPlugin& plugin : loader.GetPlugins())
-        std::printf("%s\t%s\n", qUtf8Printable(plugin.id),
-                    QFile::encodeName(plugin.path).constData());
+    loader.LoadFolders(LumetraEditor::GetPluginFolders(),
+                       LumetraEditor::EditorSettings().GetModulesOff());
+    for (const LumetraEditor::FoundModule& module : loader.GetModules())
+        if (module.isLoaded)
+            std::printf("%s\t%s\t%s\n", qUtf8Printable(module.id),
+                        QFile::encodeName(module.path).constData(), qUtf8Printable(module.version));
     for (const QString& report : loader.GetReports())
         std::fprintf(stderr, "%s\n", qUtf8Printable(report));
     return loader.GetReports().isEmpty() ? EXIT_SUCCESS : EXIT_FAILURE;

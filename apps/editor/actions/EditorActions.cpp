@@ -52,6 +52,7 @@ EditorActions::EditorActions(QWidget& window, QUndoStack& undoStack)
     strip = Add("strip", {Qt::Key_F8});
     fullScreen = Add("fullScreen", {Qt::Key_F11});
     shortcuts = Add("shortcuts", {Qt::Key_F1});
+    modules = Add("modules");
     clearRecent = Add("clearRecent");
     dark = Add("dark");
     light = Add("light");
@@ -167,7 +168,7 @@ void EditorActions::FillMenuBar(QMenuBar& bar)
     m_language->addActions({english, german});
     m_view->addMenu(m_palette);
     m_view->addMenu(m_language);
-    m_help->addActions({shortcuts, about});
+    m_help->addActions({shortcuts, modules, about});
     for (QMenu* const menu : {m_file, m_edit, photos, m_view, m_help})
         bar.addMenu(menu);
 }
@@ -242,6 +243,7 @@ void EditorActions::Translate()
     SetText(english, QStringLiteral("&English"));
     SetText(german, QStringLiteral("&Deutsch"));
     SetText(shortcuts, tr("&Keyboard Shortcuts"));
+    SetText(modules, tr("&Modules…"));
     SetText(about, tr("&About Lumetra"));
 }
 

@@ -87,6 +87,7 @@ public:
     QAction* english;
     QAction* german;
     QAction* shortcuts;
+    QAction* modules;
     QAction* about;
 
 private:

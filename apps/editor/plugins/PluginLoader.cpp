@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QLibrary>
 #include <QPluginLoader>
 
@@ -35,6 +37,12 @@ QString FindMismatch(const QString& interfaceId)
     return PluginLoader::tr("it is no module of this editor");
 }
 
+/// The version that moc was given for the module, as lumetra_editor_plugin() does.
+QString ReadVersion(const QJsonObject& metaData)
+{
+    return metaData.value(QStringLiteral("moduleVersion")).toArray().at(0).toString();
+}
+
 QString IdOf(const QString& path)
 {
     const QString name = QFileInfo(path).completeBaseName();
@@ -61,13 +69,13 @@ QStringList GetPluginFolders()
     return folders;
 }
 
-void PluginLoader::LoadFolders(const QStringList& folders)
+void PluginLoader::LoadFolders(const QStringList& folders, const QStringList& off)
 {
     for (const QString& folder : folders) {
         const QFileInfoList files = QDir(folder).entryInfoList(QDir::Files, QDir::Name);
         for (const QFileInfo& file : files)
             if (QLibrary::isLibrary(file.fileName()))
-                LoadModule(file.absoluteFilePath());
+                LoadModule(file.absoluteFilePath(), off);
     }
 }
 
@@ -77,34 +85,46 @@ bool PluginLoader::IsKnown(const QString& id) const
                        [&id](const LoadedPlugin& plugin) { return plugin.id == id; });
 }
 
-void PluginLoader::LoadModule(const QString& path)
+void PluginLoader::LoadModule(const QString& path, const QStringList& off)
 {
-    const QString id = IdOf(path);
-    if (IsKnown(id))
-        return;
-    const auto report = [this, &path](const QString& reason) {
-        m_reports.append(QStringLiteral("%1: %2").arg(path, reason));
-    };
     QPluginLoader loader(path);
     // A function that is missing is told now; the first call of it would end the program.
     loader.setLoadHints(QLibrary::ResolveAllSymbolsHint);
     // The metadata are read from the file; nothing of the module runs yet.
-    const QString mismatch =
-        FindMismatch(loader.metaData().value(QStringLiteral("IID")).toString());
-    if (!mismatch.isEmpty()) {
-        report(mismatch);
-        return;
-    }
+    const QJsonObject metaData = loader.metaData();
+    FoundModule module{IdOf(path), path, ReadVersion(metaData), false, {}};
+    const QString mismatch = FindMismatch(metaData.value(QStringLiteral("IID")).toString());
+    if (IsKnown(module.id))
+        module.reason = tr("another module of that name was found before it");
+    else if (!mismatch.isEmpty())
+        Refuse(module, mismatch);
+    else if (off.contains(module.id))
+        module.reason = tr("switched off");
+    else
+        Load(module, loader);
+    m_modules.push_back(module);
+}
+
+void PluginLoader::Load(FoundModule& module, QPluginLoader& loader)
+{
     try {
-        if (auto* const root = qobject_cast<IEditorPlugin*>(loader.instance()))
-            m_plugins.push_back({id, path, root});
-        else
-            report(tr("it cannot be loaded: %1")
-                       .arg(loader.isLoaded() ? tr("its root object is of another kind")
-                                              : loader.errorString()));
+        if (auto* const root = qobject_cast<IEditorPlugin*>(loader.instance())) {
+            m_plugins.push_back({module.id, module.path, root});
+            module.isLoaded = true;
+        } else {
+            Refuse(module, tr("it cannot be loaded: %1")
+                               .arg(loader.isLoaded() ? tr("its root object is of another kind")
+                                                      : loader.errorString()));
+        }
     } catch (...) {
-        report(tr("it cannot be loaded: %1").arg(Failure::Describe()));
+        Refuse(module, tr("it cannot be loaded: %1").arg(Failure::Describe()));
     }
+}
+
+void PluginLoader::Refuse(FoundModule& module, const QString& reason)
+{
+    module.reason = reason;
+    m_reports.append(QStringLiteral("%1: %2").arg(module.path, reason));
 }
 
 } // namespace LumetraEditor

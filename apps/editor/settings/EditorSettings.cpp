@@ -11,6 +11,7 @@ using LumetraHost::PaletteKind;
 
 const QString PaletteKey = QStringLiteral("palette");
 const QString LanguageKey = QStringLiteral("language");
+const QString ModulesOffKey = QStringLiteral("modulesOff");
 const QString RecentKey = QStringLiteral("recentPhotos");
 
 } // namespace
@@ -42,6 +43,16 @@ QString EditorSettings::GetLanguage() const
 void EditorSettings::SetLanguage(const QString& language)
 {
     m_settings.setValue(LanguageKey, language);
+}
+
+QStringList EditorSettings::GetModulesOff() const
+{
+    return m_settings.value(ModulesOffKey).toStringList();
+}
+
+void EditorSettings::SetModulesOff(const QStringList& ids)
+{
+    m_settings.setValue(ModulesOffKey, ids);
 }
 
 QStringList EditorSettings::GetRecentPhotos() const

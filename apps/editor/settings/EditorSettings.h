@@ -28,6 +28,10 @@ public:
     void AddRecentPhoto(const QString& path);
     void ClearRecentPhotos();
 
+    /// The ids of modules that are not to be loaded.
+    QStringList GetModulesOff() const;
+    void SetModulesOff(const QStringList& ids);
+
     /// A value without an operation of its own.
     QVariant Get(const QString& key, const QVariant& defaultValue = {}) const;
     void Set(const QString& key, const QVariant& value) { m_settings.setValue(key, value); }

@@ -16,6 +16,7 @@
 #include "histogram/HistogramFeed.h"
 #include "layers/LayersPanel.h"
 #include "many/ManyCommands.h"
+#include "plugins/ModulesDialog.h"
 #include "plugins/PluginLoader.h"
 #include "session/Editor.h"
 #include "strip/PhotoBrowser.h"
@@ -200,6 +201,11 @@ void EditorWindow::ConnectActions()
     on(m_actions->german, [this] { UseLanguage(QStringLiteral("de")); });
     on(m_actions->shortcuts, [this] { ShowShortcuts(); });
     ConnectViewCommands(*m_actions, *m_canvas, m_side->GetHistogram(), m_settings);
+    on(m_actions->modules, [this] {
+        ModulesDialog(
+            m_modules, m_settings, [this](const QString& id) { return m_editor.IsInUse(id); }, this)
+            .exec();
+    });
     on(m_actions->about, [this] { AboutDialog(this).exec(); });
     on(m_actions->clearRecent, [this] {
         m_settings.ClearRecentPhotos();
@@ -290,7 +296,8 @@ void EditorWindow::RestoreSettings()
 void EditorWindow::LoadPanels(const QStringList& folders)
 {
     PluginLoader loader;
-    loader.LoadFolders(folders);
+    loader.LoadFolders(folders, m_settings.GetModulesOff());
+    m_modules = loader.GetModules();
     UseLanguage(m_settings.GetLanguage()); // libraries that came with panels have texts too
     for (const LoadedPlugin& plugin : loader.GetPlugins())
         AddPanel(plugin);

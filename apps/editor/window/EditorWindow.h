@@ -6,6 +6,8 @@
 
 #include <QMainWindow>
 
+#include <vector>
+
 class QLabel;
 class QProgressBar;
 class QSplitter;
@@ -31,6 +33,7 @@ class PanelTabs;
 class PhotoCanvas;
 class SideColumn;
 class StartPage;
+struct FoundModule;
 struct LoadedPlugin;
 
 /// The editor's one window: the photo in the middle, the panels beside it, commands around them. It
@@ -90,6 +93,7 @@ private:
 
     Editor& m_editor;
     EditorSettings m_settings;
+    std::vector<FoundModule> m_modules;
     LumetraHost::PaletteKind m_palette = LumetraHost::PaletteKind::Dark;
 
     EditorActions* m_actions;
