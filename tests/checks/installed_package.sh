@@ -69,6 +69,30 @@ fi
 # A module is built with the installed package alone, and the installed editor loads it: from the folder of the
 # user, and from its own.
 if [[ -x "$work/prefix/bin/lumetra-editor" ]]; then
+    # The template becomes a module of another name by the commands that it tells, and needs no path of its own.
+    cp -r examples/plugin-template "$work/my-panel"
+    (
+        cd "$work/my-panel"
+        sed -n 's/^    \(sed -i.*\|mv .*\)/\1/p' README.md >rename.sh
+        bash -e rename.sh
+        for compiler in g++ clang++; do
+            for standard in 17 20; do
+                cmake -B build -G Ninja -DCMAKE_PREFIX_PATH="$work/prefix" -DCMAKE_INSTALL_PREFIX="$work/template" \
+                    -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_STANDARD="$standard" -DCMAKE_SKIP_INSTALL_RPATH=ON \
+                    -DCMAKE_CXX_FLAGS="-Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Werror" >/dev/null
+                cmake --build build
+                cmake --install build >/dev/null
+                rm -r build
+            done
+        done
+    )
+    found=$(HOME="$work/home" QT_QPA_PLATFORM=offscreen LUMETRA_PLUGIN_PATH="$work/template/lib/lumetra/plugins" \
+        "$work/prefix/bin/lumetra-editor" --modules | grep '^my-panel')
+    if [[ "$found" != "my-panel	$work/template/lib/lumetra/plugins/libmy-panel.so	1.0.0" ]]; then
+        echo "expected that the editor loads the template as my-panel, found: $found" >&2
+        exit 1
+    fi
+
     cp -r examples/editor-plugin "$work/module-sources"
     list_modules() {
         HOME="$work/home" QT_QPA_PLATFORM=offscreen "$work/prefix/bin/lumetra-editor" --modules

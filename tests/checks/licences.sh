@@ -6,7 +6,7 @@ source tests/checks/files.sh
 
 licence_of() {
     case $1 in
-        plugin/api/*) echo MIT ;;
+        plugin/api/* | examples/plugin-template/*) echo MIT ;;
         host/* | plugin/* | apps/* | tools/* | tests/host/* | tests/plugin/* | tests/apps/* | tests/cli/* | \
             tests/editor/* | tests/tools/* | tests/catalogue/* | fuzz/* | benchmarks/* | \
             examples/*) echo GPL-2.0-or-later ;;

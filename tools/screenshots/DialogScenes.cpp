@@ -246,6 +246,12 @@ QImage DialogScenes::PlayShortcuts(EditorOnStage& stage)
     return WithDialog(stage, stage.FindAction("shortcuts"));
 }
 
+QImage DialogScenes::PlayModules(EditorOnStage& stage)
+{
+    stage.OpenSample();
+    return WithDialog(stage, stage.FindAction("modules"));
+}
+
 QImage DialogScenes::PlayAbout(EditorOnStage& stage)
 {
     stage.OpenSample();

@@ -29,6 +29,7 @@ QImage PlayKept(EditorOnStage& stage);
 QImage PlayReplaced(EditorOnStage& stage);
 QImage PlayLost(EditorOnStage& stage);
 QImage PlayShortcuts(EditorOnStage& stage);
+QImage PlayModules(EditorOnStage& stage);
 QImage PlayAbout(EditorOnStage& stage);
 
 } // namespace DialogScenes

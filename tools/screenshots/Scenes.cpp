@@ -336,6 +336,7 @@ const std::vector<Scene>& AllScenes()
         {QStringLiteral("replaced"), PlayReplaced},
         {QStringLiteral("lost"), PlayLost},
         {QStringLiteral("shortcuts"), PlayShortcuts, "light-de@1x"},
+        {QStringLiteral("modules"), PlayModules},
         {QStringLiteral("about"), PlayAbout, "dark-en@1x"}};
     return scenes;
 }

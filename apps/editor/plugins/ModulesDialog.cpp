@@ -44,8 +44,8 @@ ModulesDialog::ModulesDialog(const std::vector<FoundModule>& modules, EditorSett
                        : module.isLoaded ? tr("loaded")
                                          : module.reason);
     }
-    for (const Column column : {NameColumn, VersionColumn})
-        m_list->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    m_list->header()->setSectionResizeMode(VersionColumn, QHeaderView::ResizeToContents);
+    m_list->setColumnWidth(NameColumn, 180);
     m_list->setColumnWidth(StateColumn, 240);
     connect(m_list, &QTreeWidget::itemChanged, this, &ModulesDialog::Save);
 

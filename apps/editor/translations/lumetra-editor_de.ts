@@ -586,6 +586,10 @@ Version 2 oder neuer. Ohne jede Gewährleistung.</translation>
         <source>&amp;White</source>
         <translation>&amp;Weiß</translation>
     </message>
+    <message>
+        <source>&amp;Modules…</source>
+        <translation>&amp;Module …</translation>
+    </message>
 </context>
 <context>
     <name>LumetraEditor::EditorWindow</name>
@@ -1088,6 +1092,41 @@ Discard leaves the other photos as they are.</source>
     </message>
 </context>
 <context>
+    <name>LumetraEditor::ModulesDialog</name>
+    <message>
+        <source>Modules</source>
+        <translation>Module</translation>
+    </message>
+    <message>
+        <source>Module</source>
+        <translation>Modul</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>put out of use, since it failed</source>
+        <translation>außer Betrieb, weil es versagt hat</translation>
+    </message>
+    <message>
+        <source>loaded</source>
+        <translation>geladen</translation>
+    </message>
+    <message>
+        <source>A module that is ticked is loaded when the editor starts the next time. Its part of an edit stays in the edit&apos;s file.</source>
+        <translation>Ein Modul mit Haken wird geladen, wenn der Editor das nächste Mal startet. Sein Teil einer Bearbeitung bleibt in deren Datei.</translation>
+    </message>
+</context>
+<context>
     <name>LumetraEditor::MonitorColours</name>
     <message>
         <source>The monitor&apos;s profile “%1” cannot be read: %2</source>
@@ -1249,6 +1288,14 @@ Discard leaves the other photos as they are.</source>
     <message>
         <source>its root object is of another kind</source>
         <translation>sein Wurzelobjekt ist von anderer Art</translation>
+    </message>
+    <message>
+        <source>another module of that name was found before it</source>
+        <translation>ein anderes Modul dieses Namens wurde vorher gefunden</translation>
+    </message>
+    <message>
+        <source>switched off</source>
+        <translation>ausgeschaltet</translation>
     </message>
 </context>
 <context>

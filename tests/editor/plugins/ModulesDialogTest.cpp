@@ -14,6 +14,8 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+
 using namespace LumetraTest;
 using LumetraEditor::EditorSettings;
 using LumetraEditor::FoundModule;
@@ -32,8 +34,7 @@ class ModulesDialogTest : public EditorTest
 {
 protected:
     /// Opens the list, lets `use` look at it or change it, and closes it.
-    template <class Use>
-    void UseList(const Use& use)
+    void UseList(const std::function<void(QTreeWidget& list)>& use)
     {
         bool wasOpen = false;
         QTimer::singleShot(0, window.get(), [&] {
