@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // These tests let the machine fail under apply: full disks, folders that cannot be written, a kill.
 #include "CliTest.h"
+#include "Places.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // How much memory apply takes for many photos.
 #include "CliTest.h"
+#include "Places.h"
 
 #include "exporting/ExportMemory.h"
 #include "exporting/ExportRecipe.h"

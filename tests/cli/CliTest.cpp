@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "CliTest.h"
+#include "Places.h"
 
 #include "photo/PhotoReader.h"
 #include "photo/PhotoWriter.h"
@@ -103,14 +104,20 @@ CliResult CliTest::RunWithInput(const QStringList& arguments, const QByteArray& 
 CliResult CliTest::RunThrough(const QString& program, const QStringList& before,
                               const QStringList& arguments) const
 {
-    return Start(GetEnvironment(),
-                 before + QStringList{QStringLiteral(LUMETRA_PRESETS_PROGRAM)} + arguments +
-                     OnlyLooks(),
-                 {}, program);
+    return StartProgram(program, GetEnvironment(),
+                        before + QStringList{QStringLiteral(LUMETRA_PRESETS_PROGRAM)} + arguments +
+                            OnlyLooks(),
+                        {});
 }
 
 CliResult CliTest::Start(const QProcessEnvironment& environment, const QStringList& arguments,
-                         const QByteArray& input, const QString& program) const
+                         const QByteArray& input) const
+{
+    return StartProgram(QStringLiteral(LUMETRA_PRESETS_PROGRAM), environment, arguments, input);
+}
+
+CliResult CliTest::StartProgram(const QString& program, const QProcessEnvironment& environment,
+                                const QStringList& arguments, const QByteArray& input) const
 {
     QProcess process;
     process.setProcessEnvironment(environment);

@@ -74,6 +74,7 @@ protected:
 
 private:
     CliResult Start(const QProcessEnvironment& environment, const QStringList& arguments,
-                    const QByteArray& input = {},
-                    const QString& program = QStringLiteral(LUMETRA_PRESETS_PROGRAM)) const;
+                    const QByteArray& input = {}) const;
+    CliResult StartProgram(const QString& program, const QProcessEnvironment& environment,
+                           const QStringList& arguments, const QByteArray& input) const;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Help, manual page and completions: what is written from the tables of options.
 #include "CliTest.h"
+#include "Places.h"
 
 #include <QProcess>
 #include <QRegularExpression>

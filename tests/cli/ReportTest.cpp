@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // How apply tells of its work: names, JSON lines, summary, progress, and the end by a signal.
 #include "CliTest.h"
+#include "Places.h"
 #include "Zorvik/Brassel/ISerializer.h"
 #include "storage/JsonDocument.h"
 
@@ -248,6 +249,8 @@ TEST_F(ReportTest, anInterruptedRunLeavesWholeFilesAndTellsHowFarItCame)
 
 TEST_F(ReportTest, aSignalEndsAWaitForThePhotoFromThePipeAtOnce)
 {
+    if (!HasTerminals())
+        GTEST_SKIP() << "no terminal can be opened here";
     TerminalProcess process(80);
     Start(process, Words("apply - -p test.bright -o out.png"));
     process.WaitForText(); // the progress, which is shown before the photo is read

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "CliTest.h"
+#include "Places.h"
 #include "Zorvik/Brassel/ISerializer.h"
 #include "catalogue/CatalogueFiles.h"
 #include "storage/JsonDocument.h"

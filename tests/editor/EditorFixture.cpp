@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "EditorFixture.h"
+#include "Places.h"
 
 #include "canvas/CanvasFeed.h"
 #include "canvas/PhotoCanvas.h"

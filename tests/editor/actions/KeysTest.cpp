@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // One set of keys for the whole window, wherever the focus is.
+#include "Places.h"
 #include "editor/EditorFixture.h"
 #include "editor/canvas/SplitLine.h"
 

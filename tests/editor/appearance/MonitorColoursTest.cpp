@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include "Places.h"
 #include "drawer/view/LiveView.h"
 #include "editor/EditorFixture.h"
 #include "host/drawer/view/DisplaySamples.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "ExportFixture.h"
+#include "Places.h"
 
 #include "export/ExportGuard.h"
 #include "export/selection/SelectionExporter.h"

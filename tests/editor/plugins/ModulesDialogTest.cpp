@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The list of modules: what was found, why some are not loaded, and which are switched off.
+#include "Places.h"
 #include "editor/EditorFixture.h"
 
 #include "actions/EditorActions.h"

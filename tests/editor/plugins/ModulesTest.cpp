@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Misbehaviour of modules, and the editor's reaction.
+#include "Places.h"
 #include "editor/EditorFixture.h"
 
 #include "drawer/previews/AsyncPreviews.h"

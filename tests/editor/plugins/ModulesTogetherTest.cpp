@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Modules that work with each other's layers and looks.
+#include "Places.h"
 #include "editor/EditorFixture.h"
 #include "host/drawer/DrawnPicture.h"
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include "Places.h"
 #include "editor/EditorFixture.h"
 #include "editor/plugins/modules/HostPlaces.h"
 

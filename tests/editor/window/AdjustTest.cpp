@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The Adjust panel beside the looks, as a user has them: every step goes through widgets.
+#include "Places.h"
 #include "editor/EditorFixture.h"
 #include "host/drawer/DrawnPicture.h"
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The window's own commands and dialogs.
+#include "Places.h"
 #include "editor/EditorFixture.h"
 
 #include "actions/EditorActions.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Runs the gallery's command, and checks that the pictures show what they are named after.
+#include "Places.h"
 #include <QDir>
 #include <QImage>
 #include <QProcess>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "LumetraEditor/IEditorPlugin.h"
+#include "Places.h"
 #include "TestEditor.h"
 #include "image/Image.h"
 

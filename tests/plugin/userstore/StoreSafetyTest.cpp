@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The store under programs that are killed, and under two that work at once.
+#include "Places.h"
 #include "StoreFixture.h"
 
 #include <QDir>

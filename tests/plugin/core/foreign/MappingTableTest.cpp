@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "core/foreign/mapping/MappingTable.h"
+#include "Places.h"
 
 #include "plugin/core/foreign/SettingExamples.h"
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "panel/appearance/EffectTexts.h"
+#include "Places.h"
 
 #include "Zorvik/Quindle/EffectRegistry.h"
 #include "engine/effects/EffectKinds.h"
