@@ -12,8 +12,10 @@ namespace LumetraHost {
 /// decision lists.
 struct LutLook
 {
-    std::string name;
+    std::string name; ///< of the correction in the file, else of the file
     Zorvik::Quindle::EffectPtr effect;
+    /// The name that a table gives itself, UTF-8 in one line; empty where it says nothing.
+    std::string title = {};
 };
 
 using LutLooks = std::vector<LutLook>;

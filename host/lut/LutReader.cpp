@@ -2,6 +2,7 @@
 #include "lut/LutReader.h"
 
 #include "engine/effects/lut3d/Lut3dSettings.h"
+#include "lut/CubeTitle.h"
 #include "lut/HaldReader.h"
 #include "lut/LutError.h"
 #include "lut/LutFormat.h"
@@ -70,9 +71,11 @@ LutLooks LutReader::Read(const QString& path)
     case LutFormat::Clf:
         XmlTableCheck::CheckClf(path, ReadContent(path));
         break;
-    case LutFormat::Cube:
-        TextTableCheck::CheckCube(path, ReadContent(path));
-        break;
+    case LutFormat::Cube: {
+        const QByteArray content = ReadContent(path);
+        TextTableCheck::CheckCube(path, content);
+        return {{name, OcioLutReader::ReadTable(path), CubeTitle::Find(content).toStdString()}};
+    }
     case LutFormat::ThreeDl:
         TextTableCheck::CheckThreeDl(path, ReadContent(path));
         break;
