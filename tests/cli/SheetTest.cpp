@@ -87,6 +87,30 @@ TEST_F(CliTest, showsAllPresetsWithTheirNamesWithoutADisplay)
     EXPECT_NE(sheet.copy(firstTile), sheet.copy(firstTile.translated(70, 0)));
 }
 
+TEST_F(CliTest, showsTheUpperThirdOfPortraitsThatAreCut)
+{
+    LumetraHost::Photo photo;
+    photo.image = LumetraHost::Image::Allocate(40, 200, LumetraHost::Image::Depth::Bits8);
+    for (int y = 0; y < 200; ++y)
+        for (int x = 0; x < 40; ++x) {
+            std::uint8_t* const pixel = photo.image.Row(y) + 4 * x;
+            pixel[0] = y < 100 ? 200 : 20; // red above, blue below
+            pixel[1] = 40;
+            pixel[2] = y < 100 ? 20 : 200;
+            pixel[3] = 255;
+        }
+    LumetraHost::PhotoWriter::Write(Path("portrait.png"), photo);
+    ASSERT_EQ(Run(Words("sheet portrait.png -o sheet.png --columns 6 --tile 60")).code, 0);
+
+    // The tile is half as high again as it is wide; a third of the photo's height is seen.
+    const QRect tile(16, 16 + 34, 60, 90);
+    const QImage sheet(Path("sheet.png"));
+    for (const int y : {tile.top() + 2, tile.center().y(), tile.bottom() - 2}) {
+        const QRgb pixel = sheet.pixel(tile.center().x(), y);
+        EXPECT_GT(qRed(pixel), qBlue(pixel)) << "at " << y;
+    }
+}
+
 TEST_F(CliTest, refusesASheetThatCannotBe)
 {
     WritePhoto("a.png");

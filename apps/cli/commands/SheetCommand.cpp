@@ -8,6 +8,9 @@
 #include "console/UsageError.h"
 #include "core/PresetControllerFactory.h"
 #include "core/PresetSession.h"
+#include "drawer/Drawer.h"
+#include "drawer/render/PreviewRenderer.h"
+#include "engine/run/Renderer.h"
 #include "output/OutputFile.h"
 #include "photo/PhotoReader.h"
 #include "photo/file/PhotoFile.h"
@@ -82,6 +85,28 @@ QSize TileSize(int width, const Image& photo)
     return {width,
             static_cast<int>(std::lround(width * std::clamp(aspect, FlattestTile, TallestTile)))};
 }
+
+/// Draws previews of the photo that is open. Of portraits that are cut it shows the part around
+/// their upper third, as the editor does.
+class SheetPreviews
+{
+public:
+    /// `drawer` is kept by reference.
+    explicit SheetPreviews(const LumetraHost::Drawer& drawer) : m_drawer(drawer) {}
+
+    Zorvik::Proc::Frame Render(const Zorvik::Proc::FrameTarget& target,
+                               const Zorvik::Quindle::EffectsSettings& effects,
+                               LumetraHost::PreviewPolicies policies)
+    {
+        policies.portraitMiddle = LumetraHost::PreviewPolicies::PortraitUpperThird;
+        return m_previews.Render(m_drawer.GetCommittedRecipe(), target, effects, policies);
+    }
+
+private:
+    const LumetraHost::Drawer& m_drawer;
+    LumetraHost::Renderer m_renderer;
+    LumetraHost::PreviewRenderer m_previews{m_renderer};
+};
 
 /// One section per group that has presets, the pictures yet to be drawn.
 Sections MakeSections(const std::vector<PresetRow>& rows)
@@ -196,7 +221,11 @@ ExitCode SheetCommand::Execute(const QCommandLineParser& parser, Console& consol
     const Photo photo =
         LumetraHost::PhotoReader::ReadReduced(photoName, GetSmallestSide(photoName, tile));
     const QSize tileSize = TileSize(tile, photo.image);
-    session->GetFactory().SetPreviewOptions({tileSize, false});
+    SheetPreviews previews(session->GetWorkspace().GetDrawer());
+    session->GetFactory().SetPreviewOptions(
+        {tileSize, false,
+         [&previews](const std::string&, const auto& target, const auto& effects,
+                     const auto& policies) { return previews.Render(target, effects, policies); }});
     session->OpenPhoto(photo.image);
     const auto rows = PresetRows::Read(session->GetModel());
     Sections sections = MakeSections(rows);

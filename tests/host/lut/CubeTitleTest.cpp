@@ -46,7 +46,7 @@ TEST(CubeTitle, isReadInEitherEncodingAndWithoutControlCharacters)
 TEST(CubeTitle, ofAFileIsItsBaseName)
 {
     Expect({{"TITLE \"C:\\LUTs\\Golden Hour.cube\"\n", "Golden Hour"},
-            {"TITLE \"/home/ada/Golden.3dl\"\n", "Golden"},
+            {"TITLE \"/luts/ada/Golden.3dl\"\n", "Golden"},
             {"TITLE \"50/50\"\n", "50/50"},
             {"TITLE \"No. 5\"\n", "No. 5"}});
 }
