@@ -8,18 +8,28 @@
 #include "lut/LutFormat.h"
 #include "lut/LutReader.h"
 
+#include <QFileInfo>
+
 namespace LumetraPlugin {
 namespace {
 
 using LumetraHost::LutFormat;
 using LumetraHost::LutLook;
 
-/// The look's name; "LUT" for a look without one.
-QString NameOf(const LutLook& look)
+/// The name without control characters; "LUT" for none.
+QString Visible(const std::string& name)
 {
-    const QString name =
-        LumetraHost::VisibleText::WithoutControls(QString::fromStdString(look.name)).trimmed();
-    return name.isEmpty() ? QStringLiteral("LUT") : name;
+    const QString visible =
+        LumetraHost::VisibleText::WithoutControls(QString::fromStdString(name)).trimmed();
+    return visible.isEmpty() ? QStringLiteral("LUT") : visible;
+}
+
+/// The look under the name that it gives itself. The file's name is its group, which tells looks of
+/// one name apart.
+ImportedLook MakeLook(const LutLook& look, const QString& file)
+{
+    const QString name = Visible(look.title.empty() ? look.name : look.title);
+    return {name, name == file ? QString() : file, {look.effect}, {}};
 }
 
 } // namespace
@@ -33,8 +43,9 @@ bool LutImport::IsLutName(const QString& path, bool withPictures)
 ImportedLooks LutImport::Read(const QString& path, const ImportOptions&)
 {
     ImportedLooks looks;
+    const QString file = Visible(QFileInfo(path).completeBaseName().toStdString());
     for (const LutLook& look : LumetraHost::LutReader::Read(path))
-        looks.push_back({NameOf(look), {}, {look.effect}, {}});
+        looks.push_back(MakeLook(look, file));
     return looks;
 }
 
@@ -49,7 +60,7 @@ std::vector<QModelIndex> LutImport::AddTo(PresetCollection& collection, const QS
     PresetModel& model = collection.GetModel();
     std::vector<PresetModel::PresetPtr> presets;
     for (const LutLook& look : LumetraHost::LutReader::Read(path)) {
-        taken.append(PresetNames::MakeFree(NameOf(look), taken));
+        taken.append(PresetNames::MakeFree(Visible(look.name), taken));
         presets.push_back(
             PresetMaker::Make(taken.last(), {look.effect}, 100, collection.GetFactory()));
     }

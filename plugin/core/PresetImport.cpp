@@ -3,24 +3,20 @@
 
 #include "catalogue/VisibleText.h"
 #include "core/ImportFolder.h"
+#include "core/ImportGathering.h"
 #include "core/JsonImport.h"
 #include "core/LutImport.h"
 #include "core/PresetCollection.h"
 #include "core/PresetMaker.h"
-#include "core/PresetNames.h"
 #include "core/foreign/ForeignImport.h"
-#include "core/looks/KnownContents.h"
 #include "core/looks/LookImport.h"
 #include "core/looks/LookReader.h"
 #include "storage/ErrorText.h"
 
 #include <QFileInfo>
-#include <QSet>
 
 #include <algorithm>
 #include <iterator>
-#include <memory>
-#include <optional>
 
 namespace LumetraPlugin {
 namespace {
@@ -72,156 +68,49 @@ QString DescribeUnknown(const QString& path)
         .arg(path);
 }
 
-/// Collects presets that are still to be added, under names that are free.
-class Gathering
+QString NameOf(const PresetController& preset)
 {
-public:
-    explicit Gathering(PresetCollection& collection) : m_collection(collection)
-    {
-        for (const QString& name : collection.GetModel().GetUserPresetNames())
-            m_taken.insert(name);
-    }
+    return QString::fromStdString(preset.GetName());
+}
 
-    /// Adds the look unless the user has it.
-    void TakeLook(const QString& path, const ImportedLook& look)
-    {
-        const QString name = MakeName(look);
-        const PresetPtr preset =
-            PresetMaker::Make(name, look.effects, FullIntensity, m_collection.GetFactory());
-        if (IsNew(path, VisibleNameOf(look), *preset))
-            Append(path, name, look.remarks, preset);
-    }
-
-    /// Adds those of the presets that the user has not. Names that are taken may be refused.
-    void TakeNew(const QString& path, std::vector<PresetPtr> presets,
-                 const PresetImport::AskNumbered& askNumbered, QStringList& problems)
-    {
-        const auto leaveOut = [&presets](const auto& isLeftOut) {
-            presets.erase(std::remove_if(presets.begin(), presets.end(), isLeftOut), presets.end());
-        };
-        leaveOut([&](const PresetPtr& preset) { return !IsNew(path, NameOf(*preset), *preset); });
-        const QStringList clashes = FindTaken(presets);
-        if (!clashes.isEmpty() && askNumbered && !askNumbered(clashes)) {
-            leaveOut([&](const PresetPtr& preset) { return IsTaken(*preset); });
-            for (const QString& name : clashes)
-                problems.append(
-                    PresetImport::tr("%1: \"%2\" is left out: a look of that name is here "
-                                     "already")
-                        .arg(path, name));
-        }
-        for (const PresetPtr& preset : presets) {
-            const QString name = PresetNames::MakeFreeOf(NameOf(*preset), m_taken);
-            preset->SetName(name.toStdString());
-            Append(path, name, {}, preset);
-        }
-    }
-
-    /// Adds a copy, which has an id of its own, unless the user has the look.
-    void TakePreset(const QString& path, const PresetPtr& preset)
-    {
-        const PresetPtr copy = preset->Copy();
-        const QString name = PresetNames::MakeFreeOf(preset->GetShownName(), m_taken);
-        copy->SetName(name.toUtf8().toStdString());
-        if (IsNew(path, preset->GetShownName(), *copy))
-            Append(path, name, {}, copy);
-    }
-
-    /// Adds all presets to the model at once.
-    std::vector<ImportedPreset> Finish()
-    {
-        const QModelIndexList indexes = m_collection.GetModel().AddUserPresets(m_presets);
-        for (std::size_t i = 0; i < m_added.size(); ++i)
-            m_added[i].index = indexes[static_cast<int>(i)];
-        return std::move(m_added);
-    }
-    const std::vector<KnownLook>& GetKnown() const { return m_known; }
-
-private:
-    static QString NameOf(const PresetController& preset)
-    {
-        return QString::fromStdString(preset.GetName());
-    }
-    bool IsTaken(const PresetController& preset) const { return m_taken.contains(NameOf(preset)); }
-    QStringList FindTaken(const std::vector<PresetPtr>& presets) const
-    {
-        QStringList names;
-        for (const PresetPtr& preset : presets)
-            if (IsTaken(*preset))
-                names.append(NameOf(*preset));
-        return names;
-    }
-
-    /// False, after noting it, for a preset whose content the user has. `name` is that in the file.
-    bool IsNew(const QString& path, const QString& name, const PresetController& preset)
-    {
-        if (!m_contents)
-            m_contents = std::make_unique<KnownContents>(m_collection);
-        const auto knownAs = m_contents->TakeOrFind(preset);
-        if (knownAs)
-            m_known.push_back({path, name, *knownAs});
-        return !knownAs;
-    }
-
-    static QString VisibleNameOf(const ImportedLook& look)
-    {
-        const QString name = LumetraHost::VisibleText::WithoutControls(look.name).simplified();
-        return name.isEmpty() ? QStringLiteral("Look") : name;
-    }
-
-    /// Looks of one name are told apart by their groups before they are numbered.
-    QString MakeName(const ImportedLook& look) const
-    {
-        const QString name = VisibleNameOf(look);
-        if (look.group.trimmed().isEmpty() || !m_taken.contains(name))
-            return PresetNames::MakeFreeOf(name, m_taken);
-        return PresetNames::MakeFreeOf(QStringLiteral("%1 (%2)").arg(name, look.group.simplified()),
-                                       m_taken);
-    }
-
-    void Append(const QString& path, const QString& name, const std::vector<ImportRemark>& remarks,
-                const PresetPtr& preset)
-    {
-        m_taken.insert(name);
-        m_presets.push_back(preset);
-        m_added.push_back({path, name, remarks, {}});
-    }
-
-    PresetCollection& m_collection;
-    QSet<QString> m_taken;
-    std::vector<PresetPtr> m_presets;
-    std::vector<ImportedPreset> m_added;
-    std::vector<KnownLook> m_known;
-    std::unique_ptr<KnownContents> m_contents; ///< made when somebody asks
-};
-
-void TakeDocuments(const ImportedFile& file, PresetCollection& collection, Gathering& gathering,
-                   const PresetImport::AskNumbered& askNumbered, QStringList& problems)
+/// The name of a look, which may come from anywhere, in one line.
+QString VisibleNameOf(const ImportedLook& look)
 {
-    std::vector<PresetPtr> presets;
+    const QString name = LumetraHost::VisibleText::WithoutControls(look.name).simplified();
+    return name.isEmpty() ? QStringLiteral("Look") : name;
+}
+
+void TakeDocuments(const ImportedFile& file, PresetCollection& collection,
+                   ImportGathering& gathering, QStringList& problems)
+{
     for (const LumetraHost::JsonDocument& document : file.documents)
         try {
             for (const PresetPtr& preset :
                  LookReader::Read(document, collection.GetFactory(), problems))
-                presets.push_back(preset);
+                gathering.Take({file.path, NameOf(*preset), {}, {}, preset});
         } catch (const std::exception& error) {
             problems.append(ErrorText::Show(error));
         }
-    gathering.TakeNew(file.path, std::move(presets), askNumbered, problems);
 }
 
-void TakeFile(const ImportedFile& file, PresetCollection& collection, Gathering& gathering,
-              const PresetImport::AskNumbered& askNumbered, QStringList& problems)
+void TakeLooks(const ImportedFile& file, PresetCollection& collection, ImportGathering& gathering)
 {
-    problems += file.problems;
-    TakeDocuments(file, collection, gathering, askNumbered, problems);
-    for (const ImportedLook& look : file.looks)
-        gathering.TakeLook(file.path, look);
-    if (!file.isReadWhenAdded)
-        return;
+    for (const ImportedLook& look : file.looks) {
+        const QString name = VisibleNameOf(look);
+        gathering.Take(
+            {file.path, name, look.group.simplified(), look.remarks,
+             PresetMaker::Make(name, look.effects, FullIntensity, collection.GetFactory())});
+    }
+}
+
+/// Takes copies, which have ids of their own.
+void TakePresets(const ImportedFile& file, PresetCollection& collection, ImportGathering& gathering,
+                 QStringList& problems)
+{
     try {
         for (const PresetPtr& preset :
              FindKind(file.path)->readWhenAdded(collection, file.path, problems))
-            gathering.TakePreset(file.path, preset);
+            gathering.Take({file.path, preset->GetShownName(), {}, {}, preset->Copy()});
     } catch (const std::exception& error) {
         problems.append(ErrorText::Show(error));
     }
@@ -271,14 +160,19 @@ ImportedFiles PresetImport::ReadAll(const QStringList& paths, const ImportOption
 }
 
 ImportReport PresetImport::AddTo(PresetCollection& collection, const ImportedFiles& files,
-                                 const AskNumbered& askNumbered)
+                                 const ImportNaming& naming)
 {
-    ImportReport report;
-    Gathering gathering(collection);
-    for (const ImportedFile& file : files)
-        TakeFile(file, collection, gathering, askNumbered, report.problems);
-    report.presets = gathering.Finish();
-    report.known = gathering.GetKnown();
+    QStringList problems;
+    ImportGathering gathering(collection, naming);
+    for (const ImportedFile& file : files) {
+        problems += file.problems;
+        TakeDocuments(file, collection, gathering, problems);
+        TakeLooks(file, collection, gathering);
+        if (file.isReadWhenAdded)
+            TakePresets(file, collection, gathering, problems);
+    }
+    ImportReport report = gathering.Finish();
+    report.problems = problems + report.problems;
     return report;
 }
 

@@ -34,6 +34,7 @@ struct ImportedPreset
 {
     QString path; ///< of its file
     QString name;
+    QString nameInFile; ///< or its beginning, where that is too long for a preset; else empty
     std::vector<ImportRemark> remarks;
     QPersistentModelIndex index;
 };
@@ -52,6 +53,26 @@ struct ImportReport
     std::vector<ImportedPreset> presets;
     std::vector<KnownLook> known;
     QStringList problems; ///< sentences, with file, about all that was not imported
+    int tooLong = 0;      ///< how many of the problems are names that are too long
+};
+
+/// How an import names its presets.
+struct ImportNaming
+{
+    /// Is told names of looks; returns true to import them under other names, false to leave them
+    /// out.
+    using Ask = std::function<bool(const QStringList& names)>;
+
+    /// Asks about names that looks of the user or of a catalogue have already: true numbers them.
+    /// Empty: they are numbered.
+    Ask askNumbered = {};
+    /// Asks about names that are too long: true shortens them. Empty: they are left out.
+    Ask askShortened = {};
+    /// True to take names of the catalogues as they are; nothing is asked about those.
+    bool sharesCatalogueNames = false;
+    /// The name of the one new look in place of its own. With several new looks none is imported,
+    /// which is a problem of the report. Empty: every look has its own.
+    QString name = {};
 };
 
 /// Makes presets of the user out of files: files with looks, packs of files, pictures that tell of
@@ -67,10 +88,6 @@ public:
     /// Is told how many files of how many are done, and the next one's path; returns false to end.
     using Progress = std::function<bool(int done, int total, const QString& path)>;
 
-    /// Names that looks of the user have already, with other content; returns true to add the new
-    /// ones under numbered names, false to leave them out.
-    using AskNumbered = std::function<bool(const QStringList& names)>;
-
     /// True when the name is that of a file that can be imported; the content is not read.
     static bool IsImportable(const QString& path);
 
@@ -84,13 +101,12 @@ public:
                                  const Progress& progress);
 
     /// Appends a preset for each look to the user's group, announced as one insertion; nothing is
-    /// saved yet. Names that the user has already get their file's group in brackets, or a number;
-    /// every preset has an id of its own. A look is left out where the user has one with the same
-    /// content, under whatever name. `askNumbered` is asked about taken names of the others that
-    /// come from files with looks; an empty one always numbers. To be called on the thread of the
-    /// model.
+    /// saved yet. Names that looks have already, the user's or a catalogue's, get their file's
+    /// group in brackets, or a number; every preset has an id of its own. A look is left out where
+    /// the user has one with the same content, under whatever name; nothing is asked about it. To
+    /// be called on the thread of the model.
     static ImportReport AddTo(PresetCollection& collection, const ImportedFiles& files,
-                              const AskNumbered& askNumbered = {});
+                              const ImportNaming& naming = {});
 };
 
 } // namespace LumetraPlugin

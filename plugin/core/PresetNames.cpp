@@ -17,19 +17,6 @@ QString Shortened(const QString& name, int length)
     return text.trimmed();
 }
 
-template <class Names>
-QString MakeFreeName(const QString& name, const Names& taken)
-{
-    const QString start =
-        Shortened(VisibleText::WithoutControls(name).trimmed(), PresetNames::MaxLength);
-    QString candidate = start;
-    for (int number = 2; taken.contains(candidate); ++number) {
-        const QString suffix = QStringLiteral(" %1").arg(number);
-        candidate = Shortened(start, PresetNames::MaxLength - suffix.size()) + suffix;
-    }
-    return candidate;
-}
-
 } // namespace
 
 QString PresetNames::FindFault(const QString& name)
@@ -46,12 +33,18 @@ QString PresetNames::FindFault(const QString& name)
 
 QString PresetNames::MakeFree(const QString& name, const QStringList& taken)
 {
-    return MakeFreeName(name, taken);
+    return MakeFreeOf(name, [&taken](const QString& other) { return taken.contains(other); });
 }
 
-QString PresetNames::MakeFreeOf(const QString& name, const QSet<QString>& taken)
+QString PresetNames::MakeFreeOf(const QString& name, const IsTaken& isTaken)
 {
-    return MakeFreeName(name, taken);
+    const QString start = Shortened(VisibleText::WithoutControls(name).trimmed(), MaxLength);
+    QString candidate = start;
+    for (int number = 2; isTaken(candidate); ++number) {
+        const QString suffix = QStringLiteral(" %1").arg(number);
+        candidate = Shortened(start, MaxLength - suffix.size()) + suffix;
+    }
+    return candidate;
 }
 
 QString PresetNames::MakeFileName(const QString& name, const QString& suffix)

@@ -120,3 +120,63 @@ TEST_F(ImportTest, takesFilesWithUnusualNames)
                   .output,
               "imported \"a b\" from \"a\\nb.xmp\"\n");
 }
+
+TEST_F(ImportTest, refusesALongNameWithFileAndLimitAndTakesTheOthers)
+{
+    const std::string name(63, 'x');
+    WriteFile("long.cube",
+              "TITLE \"" + QByteArray::fromStdString(name) + "\"\nLUT_1D_SIZE 2\n1 1 1\n0 0 0\n");
+    WriteFile("a.xmp", MakeLook("crs:Exposure2012=\"1\""));
+    const CliResult refused = Import("long.cube a.xmp");
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_EQ(refused.output, "imported \"a\" from \"a.xmp\"\n");
+    EXPECT_THAT(refused.messages, HasSubstr("long.cube: a look cannot be called \"" + name +
+                                            "\": expected 1 to 50 characters, found 63\n"));
+    EXPECT_THAT(refused.messages, HasSubstr("--shorten-names"));
+
+    const CliResult shortened = Import("long.cube --shorten-names");
+    EXPECT_EQ(shortened.code, 0) << shortened.messages;
+    EXPECT_EQ(shortened.output, "imported \"" + name.substr(0, 50) +
+                                    "\" from \"long.cube\"\n  shortened from \"" + name + "\"\n");
+}
+
+TEST_F(ImportTest, namesALookThatHasALongName)
+{
+    WriteFile("long.cube", "TITLE \"" + QByteArray(63, 'x') + "\"\nLUT_1D_SIZE 2\n1 1 1\n0 0 0\n");
+    const CliResult named = Import("long.cube --name Short");
+    EXPECT_EQ(named.code, 0) << named.messages;
+    EXPECT_EQ(named.output, "imported \"Short\" from \"long.cube\"\n");
+}
+
+TEST_F(ImportTest, aNameForAFileOfSeveralLooksImportsNone)
+{
+    ASSERT_EQ(Run(Words("export test.grey test.bright -o two.lumetra")).code, 0);
+    const CliResult result = Import("two.lumetra --name Mine");
+    EXPECT_EQ(result.code, 1);
+    EXPECT_THAT(result.messages,
+                HasSubstr("two.lumetra: expected one look for the name \"Mine\", found 2"));
+    EXPECT_FALSE(Exists("presets.json"));
+}
+
+TEST_F(ImportTest, aNameOfTheCatalogueIsNumberedOrKeptWhenToldTo)
+{
+    WriteFile("a.cube", "TITLE \"Test Bright\"\nLUT_1D_SIZE 2\n1 1 1\n0 0 0\n");
+    WriteFile("b.cube", "TITLE \"Test Bright\"\nLUT_1D_SIZE 2\n1 0 1\n0 0 0\n");
+    EXPECT_EQ(Import("a.cube").output, "imported \"Test Bright (a)\" from \"a.cube\"\n");
+    EXPECT_EQ(Import("b.cube --name").code, 2);
+    EXPECT_EQ(Run({QStringLiteral("import"), QStringLiteral("b.cube"), QStringLiteral("--name"),
+                   QStringLiteral("Test Bright"), QStringLiteral("--store"),
+                   QStringLiteral("presets.json")})
+                  .code,
+              2);
+    EXPECT_EQ(Import("b.cube --keep-both").output, "imported \"Test Bright\" from \"b.cube\"\n");
+}
+
+TEST_F(ImportTest, aTableIsAppliedUnderTheNameOfItsFile)
+{
+    WritePhoto("photo.png");
+    WriteFile("warm.cube", "TITLE \"Golden Hour\"\nLUT_1D_SIZE 2\n1 1 1\n0 0 0\n");
+    const CliResult result = Run(Words("apply photo.png -p warm.cube -o {name}-{preset}.png"));
+    EXPECT_EQ(result.code, 0) << result.messages;
+    EXPECT_TRUE(Exists("photo-warm.png")) << result.output;
+}

@@ -163,10 +163,10 @@ TEST_F(LookCommandsTest, oneLookTwiceIsOnePresetAndOneNameTwiceIsNumbered)
         Theirs(QStringLiteral("import bright.lumetra bright.lumetra one.lumetra two.lumetra"));
     EXPECT_EQ(result.code, 0) << result.messages;
     EXPECT_EQ(result.output,
-              "imported \"Test Bright\" from \"bright.lumetra\"\n"
-              "imported \"Test Twin\" from \"one.lumetra\"\n"
-              "imported \"Test Twin 2\" from \"two.lumetra\"\n"
-              "\"Test Bright\" from \"bright.lumetra\" is here already, as \"Test Bright\"\n");
+              "imported \"Test Bright 2\" from \"bright.lumetra\"\n"
+              "imported \"Test Twin 2\" from \"one.lumetra\"\n"
+              "imported \"Test Twin 3\" from \"two.lumetra\"\n"
+              "\"Test Bright\" from \"bright.lumetra\" is here already, as \"Test Bright 2\"\n");
 }
 
 TEST_F(LookCommandsTest, exportWritesCreditsNamesAndAPreview)
@@ -229,7 +229,7 @@ TEST_F(LookCommandsTest, aBadFileChangesNothingAndKeepsNoOtherOut)
     EXPECT_FALSE(Exists("theirs.json"));
     const CliResult both = Theirs(QStringLiteral("import bad.lumetra grey.lumetra"));
     EXPECT_EQ(both.code, 1);
-    EXPECT_EQ(both.output, "imported \"Test Grey\" from \"grey.lumetra\"\n");
+    EXPECT_EQ(both.output, "imported \"Test Grey 2\" from \"grey.lumetra\"\n");
 }
 
 TEST_F(LookCommandsTest, checkTellsWhatIsWrongInAFileWithLooks)
@@ -243,4 +243,16 @@ TEST_F(LookCommandsTest, checkTellsWhatIsWrongInAFileWithLooks)
     EXPECT_EQ(bad.code, 1);
     EXPECT_THAT(bad.output, StartsWith("bad.lumetra:2:12: error: looks[0]: expected node"));
     EXPECT_THAT(bad.output, HasSubstr("none.lumetra: error: cannot be read: "));
+}
+
+TEST_F(LookCommandsTest, checkTellsNamesThatAreTooLong)
+{
+    ASSERT_EQ(Run(Words("export test.grey -o grey.lumetra --plain")).code, 0);
+    QByteArray text = ReadFile("grey.lumetra");
+    WriteFile("long.lumetra", text.replace("\"Test Grey\"", '"' + QByteArray(60, 'x') + '"'));
+    const CliResult result = RunPlain(Words("check long.lumetra"));
+    EXPECT_EQ(result.code, 1);
+    EXPECT_THAT(result.output, HasSubstr("long.lumetra:"));
+    EXPECT_THAT(result.output,
+                HasSubstr("error: looks[0]/name: expected 1 to 50 characters, found 60"));
 }

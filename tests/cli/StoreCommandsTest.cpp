@@ -221,3 +221,28 @@ TEST_F(CliTest, succeedsWithAWarningWhenOnlyTheBackupFails)
     EXPECT_EQ(saved.output, "saved \"Mine\" from \"Test Grey\"\n");
     EXPECT_THAT(saved.messages, HasSubstr("the presets were saved, but not a backup of them"));
 }
+
+TEST_F(CliTest, refusesANameOfTheCatalogueUnlessToldToKeepBoth)
+{
+    ASSERT_EQ(Run(WithStore({QStringLiteral("save"), QStringLiteral("Test Grey"), Mine()})).code,
+              0);
+    const QByteArray before = ReadFile("presets.json");
+    for (const QStringList& command :
+         {QStringList{QStringLiteral("save"), QStringLiteral("Test Grey"),
+                      QStringLiteral("test bright")},
+          QStringList{QStringLiteral("rename"), Mine(), QStringLiteral("test bright")}}) {
+        const CliResult refused = Run(WithStore(command));
+        EXPECT_EQ(refused.code, 2);
+        EXPECT_THAT(
+            refused.messages,
+            HasSubstr("NAME: expected a new name, found \"test bright\", which a look of the "
+                      "group \"Test looks\" has; --keep-both"));
+        EXPECT_EQ(ReadFile("presets.json"), before);
+    }
+    EXPECT_EQ(Run(WithStore({QStringLiteral("rename"), Mine(), QStringLiteral("mine")})).code, 0)
+        << "a look may have its own name in other letters";
+    EXPECT_EQ(Run(WithStore({QStringLiteral("save"), QStringLiteral("Test Grey"),
+                             QStringLiteral("Test Bright"), QStringLiteral("--keep-both")}))
+                  .code,
+              0);
+}

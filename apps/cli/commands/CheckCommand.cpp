@@ -140,7 +140,9 @@ bool CheckLooks(const QStringList& files, Console& console)
     for (const QString& file : files) {
         QStringList problems;
         try {
-            LookReader::Read(LookReader::ReadFile(file), session.GetFactory(), problems);
+            const JsonDocument document = LookReader::ReadFile(file);
+            LookReader::Read(document, session.GetFactory(), problems);
+            problems += LookReader::FindLongNames(document);
         } catch (const Zorvik::Exception& error) {
             problems.append(MarkError(file, QString::fromUtf8(error.what())));
         }

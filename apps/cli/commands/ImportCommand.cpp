@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "commands/Commands.h"
 
-#include "EffectPresets/EffectPresetModel.h"
 #include "console/Console.h"
 #include "console/Text.h"
 #include "console/UsageError.h"
@@ -17,15 +16,16 @@ namespace {
 
 using LumetraPlugin::ImportedFiles;
 using LumetraPlugin::ImportedPreset;
+using LumetraPlugin::ImportNaming;
 using LumetraPlugin::ImportOptions;
 using LumetraPlugin::ImportRemark;
 using LumetraPlugin::ImportReport;
 using LumetraPlugin::PresetImport;
 using LumetraPlugin::PresetSession;
-using Zorvik::Lumetra::LumetraPresets::EffectPresetModel;
 
 const QString NameOption = QStringLiteral("name");
 const QString TablesOption = QStringLiteral("luts");
+const QString ShortenOption = QStringLiteral("shorten-names");
 
 /// The name of the preset; empty: each preset is named by its file.
 QString ReadName(const QCommandLineParser& parser, PresetSession& session, const QStringList& files)
@@ -36,7 +36,19 @@ QString ReadName(const QCommandLineParser& parser, PresetSession& session, const
         throw UsageError(
             Text::tr("--name: expected one file, found %1")
                 .arg(files.size() == 1 ? Text::tr("a folder") : QString::number(files.size())));
-    return StoreCommand::NewName(session.GetModel(), parser.value(NameOption));
+    return StoreCommand::NewName(parser, session.GetModel(), parser.value(NameOption));
+}
+
+/// Presets are named without questions: names that are taken get a number.
+ImportNaming ReadNaming(const QCommandLineParser& parser, PresetSession& session,
+                        const QStringList& files)
+{
+    ImportNaming naming;
+    naming.name = ReadName(parser, session, files);
+    naming.sharesCatalogueNames = StoreCommand::SharesCatalogueNames(parser);
+    if (parser.isSet(ShortenOption))
+        naming.askShortened = [](const QStringList&) { return true; };
+    return naming;
 }
 
 ImportOptions ReadOptions(const QCommandLineParser& parser)
@@ -76,6 +88,9 @@ void PrintRemarks(const ImportedPreset& preset, ImportRemark::Kind kind, const Q
 void Print(const ImportedPreset& preset, Console& console)
 {
     console.PrintLine(Text::tr("imported \"%1\" from \"%2\"").arg(preset.name, preset.path));
+    if (!preset.nameInFile.isEmpty())
+        console.PrintLine(QStringLiteral("  ") +
+                          Text::tr("shortened from \"%1\"").arg(preset.nameInFile));
     PrintRemarks(preset, ImportRemark::Kind::Approximated, Text::tr("approximated"), console);
     PrintRemarks(preset, ImportRemark::Kind::LeftOut, Text::tr("left out"), console);
 }
@@ -118,6 +133,10 @@ void ImportCommand::AddOptions(OptionTable& options) const
                        Text::tr("Looks here too for the HaldCLUT pictures that .pp3 files "
                                 "name. May be repeated."),
                        QStringLiteral("folder")});
+    options.AddOption({ShortenOption,
+                       Text::tr("Shortens names of more than 50 characters. Without it, such looks "
+                                "are not imported.")});
+    StoreCommand::AddNameOption(options);
     CatalogueOptions::Add(options);
 }
 
@@ -130,13 +149,9 @@ ExitCode ImportCommand::Execute(const QCommandLineParser& parser, Console& conso
     const auto session = CatalogueOptions::Load(parser, console);
     if (!session || !session->GetStore())
         return ExitCode::SomeFailed;
-    const QString name = ReadName(parser, *session, paths);
-    ImportReport report = PresetImport::AddTo(*session, ReadFiles(paths, options, console));
-    if (!name.isEmpty() && report.presets.size() == 1) {
-        report.presets.front().name = name;
-        session->GetModel().setData(report.presets.front().index, name,
-                                    EffectPresetModel::PresetNameRole);
-    }
+    const ImportNaming naming = ReadNaming(parser, *session, paths);
+    const ImportReport report =
+        PresetImport::AddTo(*session, ReadFiles(paths, options, console), naming);
     if (!report.presets.empty() && StoreCommand::Save(*session, console) != ExitCode::Done)
         return ExitCode::SomeFailed;
     for (const ImportedPreset& preset : report.presets)
@@ -146,7 +161,10 @@ ExitCode ImportCommand::Execute(const QCommandLineParser& parser, Console& conso
                               .arg(look.name, look.path, look.knownAs));
     for (const QString& problem : report.problems)
         console.ReportPlace(problem);
-    const bool isNamed = name.isEmpty() || report.known.empty(); // else another name stays
+    if (report.tooLong > 0)
+        console.Report(Text::tr("--shorten-names imports looks with longer names under shortened "
+                                "ones, and --name gives a single one another name"));
+    const bool isNamed = naming.name.isEmpty() || report.known.empty(); // else another name stays
     return report.problems.isEmpty() && isNamed ? ExitCode::Done : ExitCode::SomeFailed;
 }
 

@@ -31,16 +31,16 @@ void RenameCommand::AddArguments(OptionTable& options) const
 {
     options.AddArgument(QStringLiteral("PRESET"), Text::tr("Name or id of one of your presets."));
     options.AddArgument(QStringLiteral("NAME"), Text::tr("Its new name."));
+    AddNameOption(options);
 }
 
 QStringList RenameCommand::Edit(const QCommandLineParser& parser,
                                 LumetraPlugin::PresetSession& session, const Rows& rows) const
 {
     const QStringList arguments = Arguments(parser, 2, 2);
-    EffectPresetModel& model = session.GetModel();
     const PresetRow row = FindUsersPreset(rows, arguments[0]);
-    const QString name = NewName(model, arguments[1]);
-    model.setData(row.index, name, EffectPresetModel::PresetNameRole);
+    const QString name = NewName(parser, session.GetModel(), arguments[1], row.index);
+    session.GetModel().setData(row.index, name, EffectPresetModel::PresetNameRole);
     return {Text::tr("renamed \"%1\" to \"%2\"").arg(row.name, name)};
 }
 

@@ -33,13 +33,14 @@ void SaveCommand::AddArguments(OptionTable& options) const
                         Text::tr("Name or id of the preset to start from."));
     options.AddArgument(QStringLiteral("NAME"), Text::tr("The new name."));
     PresetOptions::AddValues(options);
+    AddNameOption(options);
 }
 
 QStringList SaveCommand::Edit(const QCommandLineParser& parser,
                               LumetraPlugin::PresetSession& session, const Rows& rows) const
 {
     const QStringList arguments = Arguments(parser, 2, 2);
-    const QString name = NewName(session.GetModel(), arguments[1]);
+    const QString name = NewName(parser, session.GetModel(), arguments[1]);
     const PresetUse use = PresetOptions::MakeUse(parser, FindPreset(rows, arguments[0]));
     use.SaveAs(session, name);
     return {Text::tr("saved \"%1\" from \"%2\"").arg(name, use.GetPreset().shown)};

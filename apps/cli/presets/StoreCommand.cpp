@@ -1,19 +1,27 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "presets/StoreCommand.h"
 
-#include "EffectPresets/EffectPresetModel.h"
 #include "Zorvik/Exception.h"
 #include "console/Console.h"
 #include "console/Text.h"
 #include "console/UsageError.h"
 #include "core/PresetNames.h"
 #include "core/PresetSession.h"
+#include "core/TakenNames.h"
 #include "core/userstore/UserPresetStore.h"
 #include "presets/CatalogueOptions.h"
 
 namespace LumetraCli {
 
+using LumetraPlugin::PresetModel;
 using LumetraPlugin::PresetNames;
+using LumetraPlugin::TakenNames;
+
+namespace {
+
+const QString KeepBothOption = QStringLiteral("keep-both");
+
+} // namespace
 
 void StoreCommand::AddOptions(OptionTable& options) const
 {
@@ -61,8 +69,21 @@ PresetRow StoreCommand::FindUsersPreset(const Rows& rows, const QString& nameOrI
     return row;
 }
 
-QString StoreCommand::NewName(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model,
-                              const QString& name)
+void StoreCommand::AddNameOption(OptionTable& options)
+{
+    options.AddOption({KeepBothOption,
+                       Text::tr("Takes a name even where a look of the catalogue has it, too. The "
+                                "id tells the two apart then.")});
+}
+
+bool StoreCommand::SharesCatalogueNames(const QCommandLineParser& parser)
+{
+    return parser.isSet(KeepBothOption);
+}
+
+QString StoreCommand::NewName(const QCommandLineParser& parser,
+                              const LumetraPlugin::PresetModel& model, const QString& name,
+                              const QModelIndex& renamed)
 {
     const QString trimmed = name.trimmed();
     const QString fault = PresetNames::FindFault(name);
@@ -72,6 +93,12 @@ QString StoreCommand::NewName(const Zorvik::Lumetra::LumetraPresets::EffectPrese
         throw UsageError(
             Text::tr("NAME: expected a new name, found \"%1\", which one of your presets has")
                 .arg(trimmed));
+    const auto group = TakenNames::OfAll(model, renamed).FindGroup(trimmed);
+    if (group && !SharesCatalogueNames(parser))
+        throw UsageError(
+            Text::tr("NAME: expected a new name, found \"%1\", which a look of the group \"%2\" "
+                     "has; --keep-both takes it all the same")
+                .arg(trimmed, model.index(*group, 0).data(PresetModel::ShownNameRole).toString()));
     return trimmed;
 }
 

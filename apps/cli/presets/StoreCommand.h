@@ -4,13 +4,10 @@
 #include "console/Command.h"
 #include "presets/PresetRows.h"
 
-namespace Zorvik::Lumetra::LumetraPresets {
-class EffectPresetModel;
-}
-
 namespace LumetraPlugin {
+class PresetModel;
 class PresetSession;
-}
+} // namespace LumetraPlugin
 
 namespace LumetraCli {
 
@@ -22,10 +19,16 @@ public:
 
     /// Saves to the session's store; reports errors.
     static ExitCode Save(LumetraPlugin::PresetSession& session, Console& console);
-    /// `name`, trimmed. UsageError for one that no preset of the user's may have (1 to 50
-    /// characters without control characters), or that one has already.
-    static QString NewName(const Zorvik::Lumetra::LumetraPresets::EffectPresetModel& model,
-                           const QString& name);
+    /// Adds the option with which NewName() takes names of the catalogue.
+    static void AddNameOption(OptionTable& options);
+    static bool SharesCatalogueNames(const QCommandLineParser& parser);
+    /// `name`, trimmed, for `renamed` or, where that is invalid, for a new preset. UsageError for a
+    /// name that no preset of the user's may have (1 to 50 characters without control characters),
+    /// that one of them has already, or that a look has, in any case of letters and in the
+    /// catalogue's or the user's language, unless the option allows that.
+    static QString NewName(const QCommandLineParser& parser,
+                           const LumetraPlugin::PresetModel& model, const QString& name,
+                           const QModelIndex& renamed = {});
 
 protected:
     using Rows = std::vector<PresetRow>;

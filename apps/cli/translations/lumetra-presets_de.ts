@@ -1092,5 +1092,25 @@ Wendet Presets auf Fotos an.</translation>
         <source>--shard: expected photos and outputs that are files, found a pipe</source>
         <translation>--shard: erwartet wurden Fotos und Ausgaben, die Dateien sind, gefunden eine Pipe</translation>
     </message>
+    <message>
+        <source>shortened from &quot;%1&quot;</source>
+        <translation>gekürzt aus „%1“</translation>
+    </message>
+    <message>
+        <source>Shortens names of more than 50 characters. Without it, such looks are not imported.</source>
+        <translation>Kürzt Namen von mehr als 50 Zeichen. Ohne diese Option werden solche Looks nicht importiert.</translation>
+    </message>
+    <message>
+        <source>--shorten-names imports looks with longer names under shortened ones, and --name gives a single one another name</source>
+        <translation>--shorten-names importiert Looks mit längeren Namen unter gekürzten, und --name gibt einem einzelnen einen anderen Namen</translation>
+    </message>
+    <message>
+        <source>Takes a name even where a look of the catalogue has it, too. The id tells the two apart then.</source>
+        <translation>Nimmt einen Namen auch dann, wenn ihn ein Look des Katalogs schon hat. Die Id unterscheidet die beiden dann.</translation>
+    </message>
+    <message>
+        <source>NAME: expected a new name, found &quot;%1&quot;, which a look of the group &quot;%2&quot; has; --keep-both takes it all the same</source>
+        <translation>NAME: erwartet: ein neuer Name, gefunden: „%1“, den ein Look der Gruppe „%2“ hat; --keep-both nimmt ihn trotzdem</translation>
+    </message>
 </context>
 </TS>

@@ -3,10 +3,14 @@
 
 #include "LumetraEditor/IEditor.h"
 #include "adjust/edit/AdjustCommands.h"
+#include "adjust/looks/NameCounter.h"
 #include "adjust/looks/SaveLookDialog.h"
 #include "widgets/NewPresetDialog.h"
 
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
+#include <QVBoxLayout>
 #include <QWidget>
 
 #include <algorithm>
@@ -16,6 +20,22 @@ namespace LumetraAdjust {
 using LumetraEditor::EditorLayer;
 using LumetraEditor::NewLook;
 using Zorvik::Lumetra::LumetraPresets::NewPresetDialog;
+
+namespace {
+
+/// Puts a second label on the right of the first one, in the same line.
+void PutBeside(QLabel& first, QLabel& second)
+{
+    auto* const row = new QHBoxLayout;
+    auto* const column =
+        first.parentWidget()->findChild<QVBoxLayout*>(QStringLiteral("verticalLayout"));
+    column->insertLayout(column->indexOf(&first), row);
+    column->removeWidget(&first);
+    row->addWidget(&first, 1);
+    row->addWidget(&second);
+}
+
+} // namespace
 
 LookCommands::LookCommands(AdjustCommands& commands, LumetraEditor::IEditor& editor,
                            QWidget& window)
@@ -74,6 +94,8 @@ QString LookCommands::AskName(const QString& proposed) const
     NewPresetDialog dialog({}, NewPresetDialog::Create, &m_window);
     auto* const edit = dialog.findChild<QLineEdit*>(QStringLiteral("lineEdit"));
     edit->setAccessibleName(tr("Name of the look"));
+    if (auto* const caption = dialog.findChild<QLabel*>(QStringLiteral("label")))
+        PutBeside(*caption, *new NameCounter(*edit, SaveLookDialog::LongestName, &dialog));
     edit->setText(proposed);
     edit->selectAll();
     edit->setFocus();

@@ -3,10 +3,12 @@
 
 #include "adjust/edit/AdjustTexts.h"
 #include "adjust/edit/SectionPlan.h"
+#include "adjust/looks/NameCounter.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -31,16 +33,23 @@ constexpr int RowHeight = 26;
 
 SaveLookDialog::SaveLookDialog(const Adjustments& adjustments, Keep keep, QWidget* parent)
     : QDialog(parent), m_adjustments(adjustments), m_draft(adjustments), m_keep(std::move(keep)),
-      m_name(new QLineEdit(this)), m_problem(new QLabel(this))
+      m_name(new QLineEdit(this)), m_counter(new NameCounter(*m_name, LongestName, this)),
+      m_problem(new QLabel(this))
 {
     setObjectName(QStringLiteral("saveLookDialog"));
     setWindowTitle(tr("Save as look"));
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(2 * Gap, 2 * Gap, 2 * Gap, 2 * Gap);
     column->setSpacing(Gap / 2);
-    AddCaption(tr("&Name"), *column)->setBuddy(m_name);
+    auto* const caption = new QHBoxLayout;
+    column->addLayout(caption);
+    auto* const name = new QLabel(tr("&Name"), this);
+    name->setProperty("muted", true);
+    name->setBuddy(m_name);
+    caption->addWidget(name);
+    caption->addStretch();
+    caption->addWidget(m_counter);
     m_name->setObjectName(QStringLiteral("lookName"));
-    m_name->setMaxLength(LongestName);
     column->addWidget(m_name);
     MakeSections(*column);
     MakeIntensity(*column);
@@ -170,7 +179,12 @@ void SaveLookDialog::Follow()
         box->setEnabled(choices.sections.count(SectionPlan::Find(parameter.first)) > 0);
     const bool movesValues = choices.intensity == NewLook::Intensity::Sliders;
     m_hint->setVisible(movesValues && !m_sliders.empty());
-    m_save->setEnabled(!choices.name.isEmpty() && !choices.sections.empty() &&
+    if (m_counter->IsTooLong()) {
+        m_problem->setText(tr("A look's name has at most %1 characters.").arg(LongestName));
+        m_problem->show();
+    }
+    m_save->setEnabled(!choices.name.isEmpty() && !m_counter->IsTooLong() &&
+                       !choices.sections.empty() &&
                        (!movesValues || !m_draft.FindVariables(choices).empty()));
     adjustSize();
 }

@@ -18,6 +18,8 @@ class QVBoxLayout;
 
 namespace LumetraAdjust {
 
+class NameCounter;
+
 /// Asks how the adjustments are to become a look, and has it kept. The dialog stays open as long as
 /// the look is refused, and says why.
 class SaveLookDialog : public QDialog
@@ -25,6 +27,7 @@ class SaveLookDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// The longest name that a look may have, see NewLook.
     static constexpr int LongestName = 50;
 
     /// Keeps a look; returns a sentence that says why not, or nothing.
@@ -48,6 +51,7 @@ private:
     LookDraft m_draft;
     Keep m_keep;
     QLineEdit* m_name;
+    NameCounter* m_counter;
     QComboBox* m_intensity = nullptr;
     QLabel* m_hint = nullptr;
     QLabel* m_problem;

@@ -214,6 +214,25 @@ Einfg fügt einen hinzu, Entf entfernt ihn.</translation>
     </message>
 </context>
 <context>
+    <name>LumetraAdjust::NameCounter</name>
+    <message>
+        <source>%1, at most %2</source>
+        <translation>%1, höchstens %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 of at most %2 characters</source>
+        <translation>%1 von höchstens %2 Zeichen</translation>
+    </message>
+    <message>
+        <source>The rest of the text was left out.</source>
+        <translation>Der Rest des Textes wurde weggelassen.</translation>
+    </message>
+</context>
+<context>
     <name>LumetraAdjust::SaveLookDialog</name>
     <message>
         <source>Save as look</source>
@@ -254,6 +273,10 @@ Einfg fügt einen hinzu, Entf entfernt ihn.</translation>
     <message>
         <source>Extra sliders</source>
         <translation>Zusätzliche Regler</translation>
+    </message>
+    <message>
+        <source>A look&apos;s name has at most %1 characters.</source>
+        <translation>Der Name eines Looks hat höchstens %1 Zeichen.</translation>
     </message>
 </context>
 <context>

@@ -12,8 +12,8 @@ namespace LumetraEditor {
 class ILookKeeper
 {
 public:
-    /// Keeps a copy of the look. Returns a sentence in the user's language that says why not; empty
-    /// when the look is kept and saved.
+    /// Keeps a copy of the look, and may ask the user about its name. Returns a sentence in the
+    /// user's language that says why not; empty when the look is kept and saved.
     virtual QString KeepLook(const NewLook& look) = 0;
 
     /// Returns the name of the look of the user with that id, which is the preset name of its

@@ -13,19 +13,31 @@ KnownContents::KnownContents(PresetCollection& collection)
 {
     const PresetModel& model = collection.GetModel();
     const QModelIndex group = model.GetUserGroup();
-    for (int i = 0; i < model.rowCount(group); ++i)
-        TakeOrFind(*model.GetPreset(model.index(i, 0, group)));
+    for (int i = 0; i < model.rowCount(group); ++i) {
+        const auto preset = model.GetPreset(model.index(i, 0, group));
+        Add(MakeKey(*preset), QString::fromStdString(preset->GetName()));
+    }
 }
 
-std::optional<QString> KnownContents::TakeOrFind(const PresetController& preset)
+KnownContents::Key KnownContents::MakeKey(const PresetController& preset) const
 {
     try {
-        const auto [known, isNew] = m_names.emplace(LookContent::MakeKey(preset, m_tables),
-                                                    QString::fromStdString(preset.GetName()));
-        return isNew ? std::nullopt : std::optional<QString>(known->second);
+        return LookContent::MakeKey(preset, m_tables);
     } catch (const Zorvik::Exception&) {
         return std::nullopt;
     }
+}
+
+std::optional<QString> KnownContents::Find(const Key& key) const
+{
+    const auto found = key ? m_names.find(*key) : m_names.end();
+    return found == m_names.end() ? std::nullopt : std::optional<QString>(found->second);
+}
+
+void KnownContents::Add(const Key& key, const QString& name)
+{
+    if (key)
+        m_names.emplace(*key, name);
 }
 
 } // namespace LumetraPlugin

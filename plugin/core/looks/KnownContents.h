@@ -18,12 +18,17 @@ class PresetCollection;
 class KnownContents
 {
 public:
+    /// The content of a preset; nothing for one whose tables are missing, which is like no other.
+    using Key = std::optional<std::string>;
+
     /// Looks at the user's presets as they are now.
     explicit KnownContents(PresetCollection& collection);
 
-    /// The name of the preset with this content; nothing, and the preset is known from now on, when
-    /// there is none. A preset whose tables are missing is like no other.
-    std::optional<QString> TakeOrFind(const PresetController& preset);
+    Key MakeKey(const PresetController& preset) const;
+    /// The name of the preset with this content; nothing when there is none.
+    std::optional<QString> Find(const Key& key) const;
+    /// Notes that a preset of that name has the content, unless another one has it.
+    void Add(const Key& key, const QString& name);
 
 private:
     LumetraHost::ContentFolderPtr m_tables;

@@ -139,7 +139,14 @@ JsonValue::Object WithoutCredits(const JsonObject& look)
     return preset;
 }
 
-/// A name that is too long for a preset is no fault: it is shortened.
+void AppendErrors(const CatalogueReports& reports, QStringList& problems)
+{
+    for (const CatalogueReport& report : reports.GetAll())
+        if (report.severity == CatalogueReport::Severity::Error)
+            problems.append(QString::fromStdString(report.ToText()));
+}
+
+/// A name that is too long for a preset is no fault here: whoever imports the look decides on it.
 bool CheckName(const CheckedNode& look)
 {
     const auto name = look.Text(EffectInfo::KEY_NAME);
@@ -250,10 +257,24 @@ std::vector<PresetPtr> LookReader::Read(const JsonDocument& document,
     for (const CheckedNode& look : looks)
         if (const PresetPtr preset = ReadLook(look, document.GetName(), factory))
             presets.push_back(preset);
-    for (const CatalogueReport& report : reports.GetAll())
-        if (report.severity == CatalogueReport::Severity::Error)
-            problems.append(QString::fromStdString(report.ToText()));
+    AppendErrors(reports, problems);
     return presets;
+}
+
+QStringList LookReader::FindLongNames(const JsonDocument& document)
+{
+    CatalogueReports all, longNames; // Read() tells the others
+    const CheckedNode root(document.GetObject(), document.GetName(), all);
+    for (const CheckedNode& look : root.Elements(LookFormat::KeyLooks)) {
+        const QString name = QString::fromStdString(look.Text(EffectInfo::KEY_NAME).value_or(""));
+        if (!PresetNames::IsTooLong(name))
+            continue;
+        look.ErrorAt(EffectInfo::KEY_NAME, PresetNames::FindFault(name).toStdString());
+        longNames.Add(all.GetAll().back());
+    }
+    QStringList problems;
+    AppendErrors(longNames, problems);
+    return problems;
 }
 
 } // namespace LumetraPlugin

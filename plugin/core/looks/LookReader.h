@@ -30,6 +30,9 @@ public:
     static std::vector<PresetModel::PresetPtr> Read(const LumetraHost::JsonDocument& document,
                                                     PresetControllerFactory& factory,
                                                     QStringList& problems);
+    /// A sentence with the place for each name of the document that is too long for a preset. An
+    /// import decides what becomes of these looks, so that Read() takes them.
+    static QStringList FindLongNames(const LumetraHost::JsonDocument& document);
 };
 
 } // namespace LumetraPlugin

@@ -16,6 +16,8 @@
 #include "storage/ErrorText.h"
 #include "storage/JsonProperty.h"
 
+#include <utility>
+
 namespace LumetraPlugin {
 
 using Zorvik::Lumetra::LumetraPresets::IObjectsConnectorID;
@@ -138,7 +140,9 @@ void PresetCommands::ApplyOn(const QModelIndex& preset, bool isFinished)
         return;
     m_edit.ForgetStray();
     GetModel().setData(preset, true, PresetModel::AppliedRole);
-    m_recent.Add(preset.data(PresetModel::PresetIdRole).toString());
+    m_isStepping = !isFinished;
+    if (isFinished)
+        m_recent.Add(preset.data(PresetModel::PresetIdRole).toString());
     emit appliedChanged();
     SendPresetChanged();
     if (isFinished)
@@ -301,8 +305,13 @@ void PresetCommands::FinishStep(const QString& text)
     });
 }
 
+/// Of the looks that a held arrow key has passed, the last one was used.
 void PresetCommands::FinishApplyStep()
 {
+    if (std::exchange(m_isStepping, false)) {
+        m_recent.Add(GetApplied().data(PresetModel::PresetIdRole).toString());
+        emit presetsChanged(); // the look is among the recent ones
+    }
     FinishStep(tr("Look “%1”").arg(NameOf(GetApplied())));
 }
 
@@ -327,40 +336,6 @@ void PresetCommands::SetFavourite(const QModelIndex& preset, bool isFavourite)
 bool PresetCommands::IsUsers(const QModelIndex& preset) const
 {
     return preset.data(PresetModel::EditableRole).toBool();
-}
-
-void PresetCommands::SaveAs(const QModelIndex& preset)
-{
-    Try([&] {
-        if (!GetModel().GetPreset(preset) || !Fetch(preset))
-            return;
-        const QPersistentModelIndex source = preset;
-        const QString name = m_dialogs.AskNewName(NameOf(preset), GetModel().GetUserPresetNames());
-        if (name.isEmpty() || !source.isValid())
-            return;
-        GetModel().setData(source, name, PresetModel::SaveAsUserPresetRole);
-        Save();
-        emit presetsChanged();
-        const QModelIndex group = GetModel().GetUserGroup();
-        emit presetAdded(GetModel().index(GetModel().rowCount(group) - 1, 0, group));
-    });
-}
-
-void PresetCommands::Rename(const QModelIndex& preset)
-{
-    Try([&] {
-        if (!IsUsers(preset))
-            return;
-        const QPersistentModelIndex renamed = preset;
-        const QString name =
-            m_dialogs.AskOtherName(NameOf(preset), GetModel().GetUserPresetNames());
-        if (name.isEmpty() || !renamed.isValid())
-            return;
-        GetModel().setData(renamed, name, PresetModel::PresetNameRole);
-        Save();
-        emit presetsChanged();
-        emit appliedChanged(); // the name may be shown there
-    });
 }
 
 void PresetCommands::Remove(const QModelIndex& preset)

@@ -26,6 +26,7 @@ class AppliedEdit;
 class PresetCollection;
 class RecentPresets;
 class ShareDialog;
+class TakenNames;
 struct ImportReport;
 
 /// The user's operations on presets. Each works through the model's roles, saves the user's file,
@@ -127,15 +128,22 @@ signals:
     void photoChanged();
     /// Names have changed, or which presets there are.
     void presetsChanged();
-    /// The user's group has a new preset.
+    /// The user's group has this preset, which is new or has been imported again: the first one of
+    /// several.
     void presetAdded(const QModelIndex& preset);
 
 private:
+    /// Asks the user for a name; the first argument is proposed, names of the second are refused.
+    using Ask = std::function<QString(const QString& proposed, const QStringList& taken)>;
+
     void Try(const std::function<void()>& work);
+    bool MayBeCalled(const QString& name, const TakenNames& taken);
+    QString AskName(const QString& proposed, const TakenNames& taken, const Ask& ask);
     void GoBack();
     void ApplyOn(const QModelIndex& preset, bool isFinished);
     void TakeOff();
     void ImportFiles(const QStringList& paths);
+    QModelIndex FindUsers(const QString& name);
     void TellOf(const ImportReport& report);
     void ExportLook(const QModelIndex& preset);
     void WriteTable(const Zorvik::Quindle::EffectsSettings& look, const QString& title,
@@ -168,6 +176,7 @@ private:
     Zorvik::Core::Property::Ptr m_lastStep; ///< never null, never changed
     bool m_hasUnsaved = false;
     bool m_isImporting = false;
+    bool m_isStepping = false;                ///< by a key that is held
     std::unique_ptr<QTemporaryDir> m_dragged; ///< of files that are dragged; made with the first
 };
 

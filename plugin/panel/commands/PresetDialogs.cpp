@@ -6,11 +6,15 @@
 #include "catalogue/VisibleText.h"
 #include "core/PresetNames.h"
 #include "core/looks/LookFormat.h"
+#include "panel/commands/NameCounter.h"
 #include "widgets/NewPresetDialog.h"
 
+#include <QApplication>
 #include <QFileDialog>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QVBoxLayout>
 #include <QWidget>
 
 namespace LumetraPlugin {
@@ -41,7 +45,24 @@ QLineEdit& PrepareEdit(NewPresetDialog& dialog, const QString& accessibleName)
     auto& edit = *dialog.findChild<QLineEdit*>(QStringLiteral("lineEdit"));
     edit.setAccessibleName(accessibleName);
     KeepFreeOfControls(edit);
+    auto* const label = dialog.findChild<QLabel*>(QStringLiteral("label"));
+    auto* const column = dialog.findChild<QVBoxLayout*>(QStringLiteral("verticalLayout"));
+    auto* const row = new QHBoxLayout;
+    column->insertLayout(column->indexOf(label), row);
+    column->removeWidget(label);
+    row->addWidget(label, 1);
+    row->addWidget(new NameCounter(edit, PresetNames::MaxLength, &dialog));
     return edit;
+}
+
+/// The first few of the names, as a sentence lists them.
+QString ListFirst(const QStringList& names)
+{
+    constexpr int MostShown = 5;
+    QStringList list = names.mid(0, MostShown);
+    if (names.size() > MostShown)
+        list.append(QStringLiteral("…"));
+    return list.join(QStringLiteral(", "));
 }
 
 QString Ask(NewPresetDialog& dialog, QLineEdit& edit)
@@ -53,22 +74,38 @@ QString Ask(NewPresetDialog& dialog, QLineEdit& edit)
 
 } // namespace
 
-QString PresetDialogs::AskNewName(const QString& old, const QStringList& taken) const
+QString PresetDialogs::AskNewName(const QString& proposed, const QStringList& taken) const
 {
     NewPresetDialog dialog(taken, NewPresetDialog::Create, &m_window);
     SetCaption(dialog, tr("New look"));
     QLineEdit& edit = PrepareEdit(dialog, tr("Name of the look"));
-    edit.setText(PresetNames::MakeFree(old, taken));
+    edit.setText(proposed);
     return Ask(dialog, edit);
 }
 
-QString PresetDialogs::AskOtherName(const QString& old, const QStringList& taken) const
+QString PresetDialogs::AskOtherName(const QString& old, const QString& proposed,
+                                    const QStringList& taken) const
 {
     NewPresetDialog dialog(taken, NewPresetDialog::Rename, &m_window);
     SetCaption(dialog, tr("Rename look"));
     QLineEdit& edit = PrepareEdit(dialog, tr("Name of the look"));
     dialog.SetName(old);
+    edit.setText(proposed);
     return Ask(dialog, edit);
+}
+
+bool PresetDialogs::AskSameName(const QString& name, const QString& group) const
+{
+    const QString text =
+        tr("There is a look “%1” already, in the group “%2”.\n\n"
+           "Use This Name gives it to your look, too,\nCancel goes back to the name.")
+            .arg(VisibleText::Make(name), group);
+    QWidget* const asking = QApplication::activeModalWidget();
+    AlertBox box(AlertBox::Level::Information, tr("Use This Name"), text,
+                 QMessageBox::Yes | QMessageBox::Cancel, asking ? asking : &m_window,
+                 Qt::WindowFlags());
+    Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Cancel}, QMessageBox::Cancel);
+    return box.Exec() == QMessageBox::Yes;
 }
 
 bool PresetDialogs::AskRemoval(const QString& name) const
@@ -106,14 +143,21 @@ PresetDialogs::Unsaved PresetDialogs::AskAboutUnsaved(const QString& problem,
 
 bool PresetDialogs::AskNumbered(const QStringList& names) const
 {
-    constexpr int MostShown = 5;
-    QString list = names.mid(0, MostShown).join(QStringLiteral(", "));
-    if (names.size() > MostShown)
-        list += QStringLiteral(", …");
-    const QString text = tr("There are other looks of these names among yours: %1\n\n"
+    const QString text = tr("There are other looks of these names: %1\n\n"
                             "Keep Both adds the new ones with a number,\nCancel leaves them out.")
-                             .arg(list);
+                             .arg(ListFirst(names));
     AlertBox box(AlertBox::Level::Information, tr("Keep Both"), text,
+                 QMessageBox::Yes | QMessageBox::Cancel, &m_window, Qt::WindowFlags());
+    Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Yes}, QMessageBox::Yes);
+    return box.Exec() == QMessageBox::Yes;
+}
+
+bool PresetDialogs::AskShortened(const QStringList& names) const
+{
+    const QString text = tr("A look's name has at most %1 characters. These are longer: %2\n\n"
+                            "Shorten cuts the names off,\nCancel leaves the looks out.")
+                             .arg(QString::number(PresetNames::MaxLength), ListFirst(names));
+    AlertBox box(AlertBox::Level::Information, tr("Shorten"), text,
                  QMessageBox::Yes | QMessageBox::Cancel, &m_window, Qt::WindowFlags());
     Zorvik::Lumetra::StyleAlertBox(box, {QMessageBox::Yes}, QMessageBox::Yes);
     return box.Exec() == QMessageBox::Yes;

@@ -18,10 +18,14 @@ public:
     /// `window` is the parent of the dialogs, kept by reference.
     explicit PresetDialogs(QWidget& window) : m_window(window) {}
 
-    /// Asks for the name of a copy of the preset called `old`.
-    QString AskNewName(const QString& old, const QStringList& taken) const;
-    /// Asks for another name of the preset called `old`.
-    QString AskOtherName(const QString& old, const QStringList& taken) const;
+    /// Asks for the name of a new preset; `proposed` stands in the field. Names of `taken` are
+    /// refused.
+    QString AskNewName(const QString& proposed, const QStringList& taken) const;
+    /// Asks for another name of the preset called `old`; `proposed` stands in the field.
+    QString AskOtherName(const QString& old, const QString& proposed,
+                         const QStringList& taken) const;
+    /// Asks whether a look gets a name that one of the group called `group` has already.
+    bool AskSameName(const QString& name, const QString& group) const;
     bool AskRemoval(const QString& name) const;
     enum class Unsaved
     {
@@ -34,6 +38,8 @@ public:
     Unsaved AskAboutUnsaved(const QString& problem, bool canTryAgain) const;
     /// Asks whether looks of taken names are imported under numbered ones.
     bool AskNumbered(const QStringList& names) const;
+    /// Asks whether looks of names that are too long are imported under shortened ones.
+    bool AskShortened(const QStringList& names) const;
     /// Asks for the file in which looks are shared; `fileName` is proposed.
     QString AskShareFile(const QString& fileName) const;
     /// Asks for files with looks.

@@ -37,17 +37,28 @@ void PresetCommands::ImportFiles(const QStringList& paths)
         });
     if (!files)
         return TellBriefly(tr("Nothing was imported."));
-    const ImportReport report =
-        PresetImport::AddTo(m_presets, *files, [this](const QStringList& names) {
-            return m_dialogs.AskNumbered(names);
-        });
+    ImportNaming naming;
+    naming.askNumbered = [this](const QStringList& names) { return m_dialogs.AskNumbered(names); };
+    naming.askShortened = [this](const QStringList& names) {
+        return m_dialogs.AskShortened(names);
+    };
+    const ImportReport report = PresetImport::AddTo(m_presets, *files, naming);
     if (!report.presets.empty()) {
-        const QPersistentModelIndex last = report.presets.back().index;
+        const QPersistentModelIndex first = report.presets.front().index;
         Save();
         emit presetsChanged();
-        emit presetAdded(last);
+        emit presetAdded(first);
+    } else if (!report.known.empty()) {
+        emit presetAdded(FindUsers(report.known.front().knownAs));
     }
     TellOf(report);
+}
+
+/// The preset of the user with that name.
+QModelIndex PresetCommands::FindUsers(const QString& name)
+{
+    const int row = GetModel().GetUserPresetNames().indexOf(name);
+    return GetModel().index(row, 0, GetModel().GetUserGroup());
 }
 
 /// Tells it in messages, or in a window of its own where there is more to say.
@@ -55,7 +66,7 @@ void PresetCommands::TellOf(const ImportReport& report)
 {
     if (ImportSummary::IsNeeded(report)) {
         (new ImportSummary(report, m_dialogs.GetWindow()))->show();
-        return TellBriefly(ImportSummary::MakeSentence(report)); // the window says it too
+        return;
     }
     if (report.known.size() == 1)
         Tell(tr("“%1” is here already, as “%2”.")

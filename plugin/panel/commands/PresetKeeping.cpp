@@ -3,6 +3,7 @@
 #include "Settings/TuneSettingType.h"
 #include "Zorvik/Exception.h"
 #include "core/PresetCollection.h"
+#include "core/TakenNames.h"
 #include "core/userstore/UserPresetStore.h"
 #include "panel/commands/HandedLook.h"
 #include "panel/commands/PresetCommands.h"
@@ -19,6 +20,8 @@ QString PresetCommands::Keep(const LumetraEditor::NewLook& look)
         const QString fault = HandedLook::FindFault(look, GetModel().GetUserPresetNames());
         if (!fault.isEmpty())
             return fault;
+        if (!MayBeCalled(look.name.trimmed(), TakenNames::OfAll(GetModel())))
+            return tr("Another look is called “%1”: choose another name.").arg(look.name.trimmed());
         const auto preset = HandedLook::MakePreset(look, m_presets.GetFactory());
         const QPersistentModelIndex added = GetModel().AddUserPreset(preset);
         const QString problem =

@@ -15,8 +15,11 @@ QString Key()
 
 RecentPresets::RecentPresets(const QString& path) : m_path(path)
 {
-    if (!path.isEmpty())
-        m_ids = QSettings(path, QSettings::IniFormat).value(Key()).toStringList().mid(0, MaxCount);
+    if (path.isEmpty())
+        return;
+    m_ids = QSettings(path, QSettings::IniFormat).value(Key()).toStringList();
+    m_ids.removeDuplicates();
+    m_ids = m_ids.mid(0, MaxCount);
 }
 
 void RecentPresets::Add(const QString& id)

@@ -6,8 +6,9 @@
 
 namespace LumetraPlugin {
 
-/// The ids of the presets that the user applied last, the latest first; kept in an ini file beside
-/// the user's presets.
+/// The ids of the presets that the user has put on a photo last, each once, the latest first; kept
+/// in an ini file beside the user's presets. Presets that are gone stay in the list until later
+/// ones push them out, since deleting can be undone.
 class RecentPresets
 {
 public:
@@ -18,6 +19,7 @@ public:
 
     void Add(const QString& id);
     bool Contains(const QString& id) const { return m_ids.contains(id); }
+    const QStringList& GetIds() const { return m_ids; }
 
 private:
     QString m_path;

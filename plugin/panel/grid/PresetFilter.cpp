@@ -5,10 +5,36 @@
 #include "panel/commands/RecentPresets.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace LumetraPlugin {
 
-PresetFilter::PresetFilter(const RecentPresets& recent) : m_recent(recent) {}
+PresetFilter::PresetFilter(const RecentPresets& recent) : m_recent(recent)
+{
+    TakeRecentOrder();
+}
+
+void PresetFilter::SetKind(Kind kind)
+{
+    m_kind = kind;
+    TakeRecentOrder();
+}
+
+void PresetFilter::TakeRecentOrder()
+{
+    m_recentOrder = m_recent.GetIds();
+}
+
+QStringList PresetFilter::GetRecentOrder() const
+{
+    const QStringList& ids = m_recent.GetIds();
+    QStringList order;
+    std::copy_if(ids.begin(), ids.end(), std::back_inserter(order),
+                 [this](const QString& id) { return !m_recentOrder.contains(id); });
+    std::copy_if(m_recentOrder.begin(), m_recentOrder.end(), std::back_inserter(order),
+                 [&ids](const QString& id) { return ids.contains(id); });
+    return order;
+}
 
 void PresetFilter::SetText(const QString& text)
 {

@@ -7,6 +7,7 @@
 #include "panel/grid/ThumbnailCache.h"
 
 #include <algorithm>
+#include <map>
 
 namespace LumetraPlugin {
 
@@ -26,44 +27,76 @@ QModelIndex PresetPageModel::GetGroup() const
     return m_presets.index(m_group, 0);
 }
 
+QModelIndex PresetPageModel::ToIndex(const Place& place) const
+{
+    return m_presets.index(place.row, 0, m_presets.index(place.group, 0));
+}
+
 QModelIndex PresetPageModel::ToPreset(const QModelIndex& row) const
 {
-    if (!row.isValid() || row.row() >= static_cast<int>(m_rows.size()))
+    if (!row.isValid() || row.row() >= static_cast<int>(m_places.size()))
         return {};
-    return m_presets.index(m_rows[row.row()], 0, GetGroup());
+    return ToIndex(m_places[row.row()]);
 }
 
 QModelIndex PresetPageModel::FromPreset(const QModelIndex& preset) const
 {
-    if (!preset.isValid() || preset.parent() != GetGroup())
+    if (!preset.isValid())
         return {};
-    const auto found = std::find(m_rows.begin(), m_rows.end(), preset.row());
-    return found == m_rows.end() ? QModelIndex() : index(static_cast<int>(found - m_rows.begin()));
+    const Place place{preset.parent().row(), preset.row()};
+    const auto found = std::find(m_places.begin(), m_places.end(), place);
+    return found == m_places.end() ? QModelIndex()
+                                   : index(static_cast<int>(found - m_places.begin()));
 }
 
-std::vector<int> PresetPageModel::FindRows() const
+std::vector<PresetPageModel::Place> PresetPageModel::FindPlaces() const
 {
-    std::vector<int> rows;
-    const QModelIndex group = GetGroup();
-    for (int row = 0; row < m_presets.rowCount(group); ++row)
-        if (m_filter.Accepts(m_presets.index(row, 0, group)))
-            rows.push_back(row);
-    return rows;
+    const bool showsRecent = m_filter.GetKind() == PresetFilter::Kind::Recent;
+    if (showsRecent != (m_group == RecentOfAll))
+        return {};
+    return showsRecent ? FindRecent() : FindInGroup();
+}
+
+std::vector<PresetPageModel::Place> PresetPageModel::FindInGroup() const
+{
+    std::vector<Place> places;
+    for (int row = 0; row < m_presets.rowCount(GetGroup()); ++row)
+        if (const Place place{m_group, row}; m_filter.Accepts(ToIndex(place)))
+            places.push_back(place);
+    return places;
+}
+
+/// Looks for all ids in one walk over the presets, of which there may be thousands.
+std::vector<PresetPageModel::Place> PresetPageModel::FindRecent() const
+{
+    const QStringList order = m_filter.GetRecentOrder();
+    std::map<int, Place> found; // by the place in the order
+    for (int group = 0; group < m_presets.rowCount(); ++group)
+        for (int row = 0; row < m_presets.rowCount(m_presets.index(group, 0)); ++row) {
+            const QModelIndex preset = ToIndex({group, row});
+            const int place = order.indexOf(preset.data(PresetModel::PresetIdRole).toString());
+            if (place >= 0 && m_filter.Accepts(preset))
+                found.emplace(place, Place{group, row});
+        }
+    std::vector<Place> places;
+    for (const auto& [position, place] : found)
+        places.push_back(place);
+    return places;
 }
 
 void PresetPageModel::Refresh()
 {
-    const std::vector<int> rows = FindRows();
+    const std::vector<Place> places = FindPlaces();
     std::vector<const PresetController*> shown;
-    for (const int row : rows)
-        shown.push_back(m_presets.GetPreset(m_presets.index(row, 0, GetGroup())).get());
+    for (const Place& place : places)
+        shown.push_back(m_presets.GetPreset(ToIndex(place)).get());
     if (shown == m_shown) {
-        m_rows = rows;
-        if (!rows.empty())
-            emit dataChanged(index(0), index(static_cast<int>(rows.size()) - 1));
+        m_places = places;
+        if (!places.empty())
+            emit dataChanged(index(0), index(static_cast<int>(places.size()) - 1));
     } else {
         beginResetModel();
-        m_rows = rows;
+        m_places = places;
         m_shown = shown;
         endResetModel();
     }
@@ -72,7 +105,7 @@ void PresetPageModel::Refresh()
 
 int PresetPageModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+    return parent.isValid() ? 0 : static_cast<int>(m_places.size());
 }
 
 QVariant PresetPageModel::data(const QModelIndex& row, int role) const

@@ -81,7 +81,9 @@ bool ImportSummary::IsNeeded(const ImportReport& report)
 {
     return report.problems.size() > MostMessages ||
            std::any_of(report.presets.begin(), report.presets.end(),
-                       [](const ImportedPreset& preset) { return !preset.remarks.empty(); });
+                       [](const ImportedPreset& preset) {
+                           return !preset.remarks.empty() || !preset.nameInFile.isEmpty();
+                       });
 }
 
 QString ImportSummary::MakeSentence(const ImportReport& report)
@@ -123,8 +125,9 @@ QString ImportSummary::MakeKnown(const KnownLook& look)
 QString ImportSummary::MakeLook(const ImportedPreset& preset)
 {
     using Kind = ImportRemark::Kind;
-    return QStringLiteral("<p><b>%1</b>%2%3</p>")
-        .arg(Html(preset.name), Line(tr("Approximately:"), ListRemarks(preset, Kind::Approximated)),
+    return QStringLiteral("<p><b>%1</b>%2%3%4</p>")
+        .arg(Html(preset.name), Line(tr("Shortened from:"), preset.nameInFile),
+             Line(tr("Approximately:"), ListRemarks(preset, Kind::Approximated)),
              Line(tr("Left out:"), ListRemarks(preset, Kind::LeftOut)));
 }
 

@@ -391,6 +391,21 @@
     </message>
 </context>
 <context>
+    <name>LumetraPlugin::ImportGathering</name>
+    <message>
+        <source>%1: expected one look for the name &quot;%2&quot;, found %3</source>
+        <translation>%1: erwartet: ein Look für den Namen „%2“, gefunden: %3</translation>
+    </message>
+    <message>
+        <source>%1: a look cannot be called &quot;%2&quot;: %3</source>
+        <translation>%1: So kann ein Look nicht heißen: „%2“: %3</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is left out: a look of that name is here already</source>
+        <translation>%1: „%2“ wird weggelassen: Ein Look dieses Namens ist schon da</translation>
+    </message>
+</context>
+<context>
     <name>LumetraPlugin::ImportReading</name>
     <message>
         <source>Import looks</source>
@@ -463,6 +478,10 @@
         <source>%1, as “%2”</source>
         <translation>%1, als „%2“</translation>
     </message>
+    <message>
+        <source>Shortened from:</source>
+        <translation>Gekürzt aus:</translation>
+    </message>
 </context>
 <context>
     <name>LumetraPlugin::LookBuilder</name>
@@ -497,6 +516,25 @@
     <message>
         <source>expected this picture beside the file or in a folder that is named for tables</source>
         <translation>erwartet: dieses Bild neben der Datei oder in einem für Tabellen genannten Ordner</translation>
+    </message>
+</context>
+<context>
+    <name>LumetraPlugin::NameCounter</name>
+    <message>
+        <source>%1, at most %2</source>
+        <translation>%1, höchstens %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 of at most %2 characters</source>
+        <translation>%1 von höchstens %2 Zeichen</translation>
+    </message>
+    <message>
+        <source>The rest of the text was left out.</source>
+        <translation>Der Rest des Textes wurde weggelassen.</translation>
     </message>
 </context>
 <context>
@@ -623,6 +661,14 @@
         <source>Pictures that are drawn</source>
         <translation>Bilder, die gezeichnet werden</translation>
     </message>
+    <message>
+        <source>Another look is called “%1”: choose another name.</source>
+        <translation>„%1“ heißt schon ein anderer Look: Wählen Sie einen anderen Namen.</translation>
+    </message>
+    <message>
+        <source>My looks</source>
+        <translation>Meine Looks</translation>
+    </message>
 </context>
 <context>
     <name>LumetraPlugin::PresetDialogs</name>
@@ -677,16 +723,6 @@ Verwerfen beendet das Programm ohne sie.</translation>
         <translation>Einen Ordner mit Looks importieren</translation>
     </message>
     <message>
-        <source>There are other looks of these names among yours: %1
-
-Keep Both adds the new ones with a number,
-Cancel leaves them out.</source>
-        <translation>Unter Ihren Looks gibt es schon andere mit diesen Namen: %1
-
-„Beide behalten“ nummeriert die neuen,
-„Abbrechen“ lässt sie weg.</translation>
-    </message>
-    <message>
         <source>Keep Both</source>
         <translation>Beide behalten</translation>
     </message>
@@ -722,16 +758,50 @@ Colours Only writes the table without that.</source>
         <source>Export “%1” as a table</source>
         <translation>„%1“ als Tabelle exportieren</translation>
     </message>
+    <message>
+        <source>There is a look “%1” already, in the group “%2”.
+
+Use This Name gives it to your look, too,
+Cancel goes back to the name.</source>
+        <translation>Es gibt schon einen Look „%1“, in der Gruppe „%2“.
+
+„Diesen Namen verwenden“ nennt Ihren Look auch so,
+„Abbrechen“ führt zum Namen zurück.</translation>
+    </message>
+    <message>
+        <source>Use This Name</source>
+        <translation>Diesen Namen verwenden</translation>
+    </message>
+    <message>
+        <source>There are other looks of these names: %1
+
+Keep Both adds the new ones with a number,
+Cancel leaves them out.</source>
+        <translation>Es gibt schon andere Looks mit diesen Namen: %1
+
+„Beide behalten“ nummeriert die neuen,
+„Abbrechen“ lässt sie weg.</translation>
+    </message>
+    <message>
+        <source>A look&apos;s name has at most %1 characters. These are longer: %2
+
+Shorten cuts the names off,
+Cancel leaves the looks out.</source>
+        <translation>Der Name eines Looks hat höchstens %1 Zeichen. Diese sind länger: %2
+
+„Kürzen“ schneidet die Namen ab,
+„Abbrechen“ lässt die Looks weg.</translation>
+    </message>
+    <message>
+        <source>Shorten</source>
+        <translation>Kürzen</translation>
+    </message>
 </context>
 <context>
     <name>LumetraPlugin::PresetImport</name>
     <message>
         <source>%1: expected a name that ends in .lumetra, .xmp, .lrtemplate, .pp3, .cube, .3dl, .clf, .cc, .ccc, .cdl, .png, .tif, .jpg, .webp, .zip or .json</source>
         <translation>%1: erwartet: ein Name, der auf .lumetra, .xmp, .lrtemplate, .pp3, .cube, .3dl, .clf, .cc, .ccc, .cdl, .png, .tif, .jpg, .webp, .zip oder .json endet</translation>
-    </message>
-    <message>
-        <source>%1: &quot;%2&quot; is left out: a look of that name is here already</source>
-        <translation>%1: „%2“ wird weggelassen: Ein Look dieses Namens ist schon da</translation>
     </message>
 </context>
 <context>
@@ -809,6 +879,10 @@ Colours Only writes the table without that.</source>
     <message>
         <source>Looks that you save or import appear here. Drop files with looks, .cube and other LUT files to import them.</source>
         <translation>Hier erscheinen Looks, die Sie speichern oder importieren. Ziehen Sie Look-, .cube- und andere LUT-Dateien hierher, um sie zu importieren.</translation>
+    </message>
+    <message>
+        <source>Used last</source>
+        <translation>Zuletzt verwendet</translation>
     </message>
 </context>
 <context>

@@ -85,11 +85,19 @@ PresetPages::PresetPages(PresetCommands& commands, const PresetFilter& filter,
     column->addStretch();
     for (int group = 0; group < commands.GetModel().rowCount(); ++group)
         AddPage(group);
+    AddPage(PresetPageModel::RecentOfAll);
     setWidget(content);
     Refresh();
 }
 
 PresetPages::~PresetPages() = default;
+
+/// The page that shows the preset, if the filter lets it through.
+int PresetPages::GetPage(const QModelIndex& preset) const
+{
+    return m_filter.GetKind() == PresetFilter::Kind::Recent ? GetRecentPage()
+                                                            : preset.parent().row();
+}
 
 /// Appends a page; groups are shown in the model's order.
 void PresetPages::AddPage(int group)
@@ -157,7 +165,8 @@ void PresetPages::TogglePage(int page)
 /// and content are hidden without its knowledge, and shown again in the state that it left them in.
 void PresetPages::ShowPage(int page)
 {
-    const bool isSeen = !m_filter.IsActive() || m_grids[page]->GetPresets().rowCount() > 0;
+    const bool isAlwaysSeen = !m_filter.IsActive() && page != GetRecentPage();
+    const bool isSeen = isAlwaysSeen || m_grids[page]->GetPresets().rowCount() > 0;
     m_headers[page]->setVisible(isSeen);
     m_titles[page]->setVisible(isSeen);
     m_box->widget(page)->setVisible(isSeen && IsOpen(page));
@@ -186,6 +195,16 @@ void PresetPages::FollowFilter()
     Refresh();
 }
 
+/// The library's own name of the user's group is not translated.
+QString PresetPages::MakePageName(int page) const
+{
+    if (page == GetRecentPage())
+        return tr("Used last");
+    const QModelIndex group = m_grids[page]->GetPresets().GetGroup();
+    const bool isUsers = group.data(PresetModel::PresetIdRole).toBool();
+    return isUsers ? tr("My looks") : group.data(PresetModel::ShownNameRole).toString();
+}
+
 /// Shows the number of presets and the mark in the header. A click on them shuts the page; in a
 /// shut page they take no clicks, so that the header opens it.
 void PresetPages::ShowPageTexts(int page)
@@ -193,9 +212,7 @@ void PresetPages::ShowPageTexts(int page)
     const PresetPageModel& presets = m_grids[page]->GetPresets();
     const QModelIndex group = presets.GetGroup();
     const bool isUsers = group.data(PresetModel::PresetIdRole).toBool();
-    // The library's own name of the user's group is not translated.
-    const QString name =
-        isUsers ? tr("My looks") : group.data(PresetModel::ShownNameRole).toString();
+    const QString name = MakePageName(page);
     const int count = presets.rowCount();
     m_box->setItemText(page, QString(name).replace(QLatin1Char('&'), QLatin1String("&&")));
     m_headers[page]->setAccessibleName(name);
@@ -265,7 +282,7 @@ void PresetPages::FocusOn(PresetGrid& grid, bool isLast)
 /// Scrolls as far as the preset's picture needs; with the page's header for the first row.
 void PresetPages::ScrollTo(const QModelIndex& preset)
 {
-    const int page = preset.parent().row();
+    const int page = GetPage(preset);
     PresetGrid& grid = *m_grids[page];
     const QModelIndex shown = grid.GetPresets().FromPreset(preset);
     if (!shown.isValid()) // the filter has left it out
@@ -289,13 +306,28 @@ void PresetPages::ScrollLater(const QModelIndex& preset)
 
 void PresetPages::Reveal(const QModelIndex& preset)
 {
-    const int page = preset.parent().row();
-    if (page < 0 || page >= static_cast<int>(m_grids.size()))
+    if (!preset.isValid() || !preset.parent().isValid())
         return;
+    const int page = GetPage(preset);
     SetOpen(page, true);
     ShowPage(page);
     m_grids[page]->SetCurrentPreset(preset);
     ScrollLater(preset);
+    m_revealed = isVisible() ? QModelIndex() : preset;
+}
+
+void PresetPages::FocusOnPage(const QModelIndex& preset)
+{
+    m_grids[GetPage(preset)]->setFocus(Qt::OtherFocusReason);
+}
+
+/// Scrolls to what was to be seen: a list that is not shown has not been laid out.
+void PresetPages::showEvent(QShowEvent* event)
+{
+    QScrollArea::showEvent(event);
+    if (m_revealed.isValid())
+        ScrollLater(m_revealed);
+    m_revealed = QModelIndex();
 }
 
 void PresetPages::FocusFirst()
@@ -331,7 +363,7 @@ void PresetPages::StepFromApplied(bool isForward)
 {
     const QModelIndex applied = m_commands.GetApplied();
     const int none = isForward ? -1 : static_cast<int>(m_grids.size());
-    const int page = applied.isValid() ? applied.parent().row() : none;
+    const int page = applied.isValid() ? GetPage(applied) : none;
     PresetGrid* grid = applied.isValid() ? m_grids[page] : nullptr;
     const QModelIndex shown = grid ? grid->GetPresets().FromPreset(applied) : QModelIndex();
     QModelIndex next =
@@ -350,7 +382,7 @@ void PresetPages::StepFromApplied(bool isForward)
 void PresetPages::ShowApplied()
 {
     const QModelIndex applied = m_commands.GetApplied();
-    if (!applied.isValid() || !IsOpen(applied.parent().row()))
+    if (!applied.isValid() || !IsOpen(GetPage(applied)))
         return;
     const bool isUnderWay = m_scrollings > 0;
     m_scrollings = LayoutRounds;
@@ -373,9 +405,9 @@ void PresetPages::FollowApplied()
 bool PresetPages::IsAppliedInSight(int height) const
 {
     const QModelIndex applied = m_commands.GetApplied();
-    if (!applied.isValid() || !IsOpen(applied.parent().row()))
+    if (!applied.isValid() || !IsOpen(GetPage(applied)))
         return false;
-    PresetGrid& grid = *m_grids[applied.parent().row()];
+    PresetGrid& grid = *m_grids[GetPage(applied)];
     const QRect cell = grid.visualRect(grid.GetPresets().FromPreset(applied));
     const int top = grid.mapTo(widget(), cell.topLeft()).y() - verticalScrollBar()->value();
     return cell.isValid() && top < height && top + cell.height() > 0;

@@ -3,6 +3,7 @@
 
 #include "panel/grid/ThumbnailSize.h"
 
+#include <QPersistentModelIndex>
 #include <QScrollArea>
 
 #include <vector>
@@ -22,8 +23,9 @@ class PresetFilter;
 class PresetGrid;
 class ThumbnailCache;
 
-/// The preset groups as the pages of a tool box, one grid each. While a filter is on, only pages
-/// with results are seen, and these are open; afterwards they are as they were.
+/// The preset groups as the pages of a tool box, one grid each, and behind them a page of the
+/// recent looks of all groups. While a filter is on, only pages with results are seen, and these
+/// are open; afterwards they are as they were.
 class PresetPages : public QScrollArea
 {
     Q_OBJECT
@@ -41,8 +43,11 @@ public:
     void TogglePage(int page);
     /// False for a page that there is not.
     bool IsOpen(int page) const;
-    /// Opens the preset's page and scrolls to it.
+    /// Opens the preset's page, makes it the current one of its page and scrolls to it; where the
+    /// list is not seen, as soon as it is. The filter must let the preset through.
     void Reveal(const QModelIndex& preset);
+    /// Gives the keyboard focus to the page of a preset.
+    void FocusOnPage(const QModelIndex& preset);
     /// Scrolls to the look on the photo, if its page is open.
     void ShowApplied();
     /// Goes from the look on the photo to the next or previous one in an open page, and chooses it;
@@ -70,9 +75,13 @@ protected:
     bool focusNextPrevChild(bool next) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void AddPage(int group);
+    int GetPage(const QModelIndex& preset) const;
+    int GetRecentPage() const { return static_cast<int>(m_grids.size()) - 1; }
+    QString MakePageName(int page) const;
     void ConnectGrid(PresetGrid& grid);
     void StepOut(const PresetGrid& grid, bool isForward);
     PresetGrid* FindNextGrid(int page, bool isForward) const;
@@ -99,8 +108,9 @@ private:
     std::vector<QToolButton*> m_titles; // the pages' title widgets
     std::vector<QLabel*> m_emptyHints;
     std::vector<Zorvik::Lumetra::LumetraPresets::CustomToolBoxButton*> m_headers;
-    int m_scrollings = 0;        ///< that are still to come, to the look on the photo
-    std::vector<bool> m_wasOpen; // before the filter came on; empty without one
+    QPersistentModelIndex m_revealed; ///< while the list was not seen; invalid when none
+    int m_scrollings = 0;             ///< that are still to come, to the look on the photo
+    std::vector<bool> m_wasOpen;      // before the filter came on; empty without one
 };
 
 } // namespace LumetraPlugin

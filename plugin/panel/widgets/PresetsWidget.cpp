@@ -46,7 +46,7 @@ PresetsWidget::PresetsWidget(PresetCommands& commands, const AppliedEdit& edit,
     ConnectArrangement();
     MakeActions();
     connect(&commands, &PresetCommands::presetsChanged, m_pages, &PresetPages::Refresh);
-    connect(&commands, &PresetCommands::presetAdded, m_pages, &PresetPages::Reveal);
+    connect(&commands, &PresetCommands::presetAdded, this, &PresetsWidget::SelectNew);
     connect(&commands, &PresetCommands::appliedChanged, m_pages, &PresetPages::Refresh);
     connect(&commands, &PresetCommands::lookChanged, &thumbnails, &ThumbnailCache::MarkOld);
     connect(&commands, &PresetCommands::photoChanged, &thumbnails, &ThumbnailCache::MarkAllOld);
@@ -190,8 +190,23 @@ void PresetsWidget::Arrange()
     m_tune->SetRoom(room - list);
 }
 
+void PresetsWidget::SelectNew(const QModelIndex& preset)
+{
+    const QPersistentModelIndex look = preset;
+    if (!look.isValid())
+        return;
+    if (!m_filter.Accepts(look))
+        m_bar->Clear();
+    SetListOpen(true);
+    m_pages->Reveal(look);
+    if (isVisible())
+        m_pages->FocusOnPage(look);
+}
+
 void PresetsWidget::RevealApplied()
 {
+    m_filter.TakeRecentOrder();
+    m_pages->Refresh();
     if (const QModelIndex applied = m_commands.GetApplied(); applied.isValid())
         m_pages->Reveal(applied);
 }

@@ -43,7 +43,8 @@ public:
     ~PresetsWidget() override;
 
     ThumbnailSize GetThumbnailSize() const { return m_size; }
-    /// Opens the group of the look on the photo and scrolls to it.
+    /// Opens the group of the look on the photo, which is another one than before, and scrolls to
+    /// it. Recent looks are put into their order.
     void RevealApplied();
     /// Scrolls to the look on the photo, where its group is open.
     void ShowApplied();
@@ -58,6 +59,9 @@ protected:
 
 private:
     void ConnectPages(HoverPreview& hover);
+    /// Selects a look that has come, whatever is filtered and folded; the keyboard goes to it where
+    /// the panel is seen.
+    void SelectNew(const QModelIndex& preset);
     void ConnectArrangement();
     void MakeViewMenu();
     void ShowViewTexts();

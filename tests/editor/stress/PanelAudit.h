@@ -33,6 +33,8 @@ public:
 private:
     void ComparePages();
     void ComparePage(int group);
+    void CompareRecent();
+    bool ShowsRecent() const;
     void CompareRow(LumetraPlugin::PresetGrid& grid, int row, const QModelIndex& preset);
     void CompareThumbnail(LumetraPlugin::PresetGrid& grid, int row, const QModelIndex& preset);
     void CompareControls();

@@ -55,9 +55,9 @@ protected:
                                         photo);
     }
     QString Looks() const { return folder.filePath(QStringLiteral("looks")); }
-    ImportReport Import(const QStringList& paths)
+    ImportReport Import(const QStringList& paths, const ImportNaming& naming = {})
     {
-        return PresetImport::AddTo(session, PresetImport::ReadAll(paths, {}, &GoOn));
+        return PresetImport::AddTo(session, PresetImport::ReadAll(paths, {}, &GoOn), naming);
     }
     static std::vector<std::string> GetNames(const ImportReport& report)
     {

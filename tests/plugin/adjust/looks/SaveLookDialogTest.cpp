@@ -63,11 +63,23 @@ TEST_F(SaveLookDialogTest, keepsALookOfEverythingByItself)
     EXPECT_EQ(kept.intensity, NewLook::Intensity::Blend);
 }
 
-TEST_F(SaveLookDialogTest, takesNoMoreThanFiftyCharacters)
+TEST_F(SaveLookDialogTest, refusesMoreThanFiftyCharactersInWords)
 {
-    Find<QLineEdit>("lookName").setText(QString(80, QLatin1Char('a')));
+    auto& name = Find<QLineEdit>("lookName");
+    name.setText(QString(63, QLatin1Char('a')));
 
-    EXPECT_EQ(Find<QLineEdit>("lookName").text().size(), 50);
+    EXPECT_EQ(name.text().size(), 63) << "nothing is cut off";
+    EXPECT_FALSE(Find<QPushButton>("lookSave").isEnabled());
+    EXPECT_EQ(Find<QLabel>("nameCounter").text(), QStringLiteral("63, at most 50"));
+    EXPECT_TRUE(Find<QLabel>("lookProblem").isVisibleTo(dialog.get()));
+    EXPECT_EQ(Find<QLabel>("lookProblem").text(),
+              QStringLiteral("A look's name has at most 50 characters."));
+    EXPECT_EQ(name.accessibleDescription(), QStringLiteral("63 of at most 50 characters"));
+
+    name.setText(QStringLiteral(" ") + QString(50, QLatin1Char('a')) + QStringLiteral("  "));
+    EXPECT_TRUE(Find<QPushButton>("lookSave").isEnabled()) << "spaces around a name do not count";
+    EXPECT_EQ(Find<QLabel>("nameCounter").text(), QStringLiteral("50 of 50"));
+    EXPECT_FALSE(Find<QLabel>("lookProblem").isVisibleTo(dialog.get()));
 }
 
 TEST_F(SaveLookDialogTest, leavesSectionsOut)

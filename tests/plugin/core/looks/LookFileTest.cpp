@@ -214,10 +214,12 @@ TEST_F(LookFileTest, namesThatAreTakenAreAskedFor)
     const QString file = Write("other.lumetra", LookText("Warm", Sliding));
     QStringList asked;
     const auto answer = [&asked](bool isYes) {
-        return [&asked, isYes](const QStringList& names) {
+        ImportNaming naming;
+        naming.askNumbered = [&asked, isYes](const QStringList& names) {
             asked = names;
             return isYes;
         };
+        return naming;
     };
     const ImportReport refused = Import(file, answer(false));
     EXPECT_EQ(asked, List({"Warm"}));
@@ -245,11 +247,13 @@ TEST_F(LookFileTest, importedLooksHaveTheExtraSlidersOfTheCatalogueAtOnce)
     EXPECT_EQ(sliders.front().EffectID(), "exposure");
 }
 
-TEST_F(LookFileTest, longNamesAreShortenedAndNumbered)
+TEST_F(LookFileTest, longNamesAreShortenedAndNumberedWhereTheUserWantsThat)
 {
     const QByteArray name(80, 'n');
-    Import(Write("long.lumetra", LookText(name, Warm)));
-    Import(Write("long.lumetra", LookText(name, Sliding)));
+    ImportNaming naming;
+    naming.askShortened = [](const QStringList&) { return true; };
+    Import(Write("long.lumetra", LookText(name, Warm)), naming);
+    Import(Write("long.lumetra", LookText(name, Sliding)), naming);
     EXPECT_EQ(GetNames().at(0), QString(50, QLatin1Char('n')));
     EXPECT_EQ(GetNames().at(1), QString(48, QLatin1Char('n')) + QStringLiteral(" 2"));
 }

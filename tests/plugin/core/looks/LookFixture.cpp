@@ -71,9 +71,9 @@ void LookTest::Save()
 }
 
 ImportReport LookTest::ImportInto(PresetSession& target, const QString& path,
-                                  const PresetImport::AskNumbered& askNumbered)
+                                  const ImportNaming& naming)
 {
-    return PresetImport::AddTo(target, {PresetImport::Read(path, {})}, askNumbered);
+    return PresetImport::AddTo(target, {PresetImport::Read(path, {})}, naming);
 }
 
 std::string LookTest::Refusal(const QString& path)

@@ -31,14 +31,14 @@ protected:
     void Save();
 
     /// Imports one file.
-    LumetraPlugin::ImportReport
-    Import(const QString& path, const LumetraPlugin::PresetImport::AskNumbered& askNumbered = {})
+    LumetraPlugin::ImportReport Import(const QString& path,
+                                       const LumetraPlugin::ImportNaming& naming = {})
     {
-        return ImportInto(session, path, askNumbered);
+        return ImportInto(session, path, naming);
     }
-    static LumetraPlugin::ImportReport
-    ImportInto(LumetraPlugin::PresetSession& target, const QString& path,
-               const LumetraPlugin::PresetImport::AskNumbered& askNumbered = {});
+    static LumetraPlugin::ImportReport ImportInto(LumetraPlugin::PresetSession& target,
+                                                  const QString& path,
+                                                  const LumetraPlugin::ImportNaming& naming = {});
     /// All sentences about a file of which nothing is added.
     std::string Refusal(const QString& path);
 

@@ -14,6 +14,7 @@
 #include <QDropEvent>
 #include <QFile>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLocale>
 #include <QMimeData>
 #include <QProgressBar>
@@ -164,8 +165,10 @@ TEST_F(ForeignImportTest, theWindowNamesLooksThatAreHereAlready)
     Write(QStringLiteral("looks/b.xmp"), MakeLook("crs:Vibrance=\"20\""));
     editor.messages.clear();
     Drop(folder.filePath(QStringLiteral("looks")));
-    EXPECT_EQ(editor.messages, QStringList{QStringLiteral("Imported “b”. One is here already.")});
+    EXPECT_EQ(editor.messages, QStringList()) << "the window says it";
     ASSERT_TRUE(FindSummary());
+    EXPECT_EQ(FindSummary()->findChild<QLabel*>()->text(),
+              QStringLiteral("Imported “b”. One is here already."));
     const QString text = FindSummary()->findChild<QTextBrowser*>()->toPlainText();
     EXPECT_TRUE(text.contains(QStringLiteral("Here already\na, as “Mine”"))) << text.toStdString();
 }
@@ -180,9 +183,10 @@ TEST_F(ForeignImportTest, aDroppedFolderGivesItsLooksAndTheReasonsForTheOthers)
     ASSERT_TRUE(Drop(folder.filePath(QStringLiteral("looks"))));
     EXPECT_EQ(Shown(UserPage).size(), 3);
     EXPECT_TRUE(StoreText().contains(QStringLiteral("exposure")));
-    EXPECT_EQ(editor.messages,
-              QStringList{QStringLiteral("Imported 3 looks. 5 were not imported.")});
+    EXPECT_EQ(editor.messages, QStringList()) << "the window says it";
     ASSERT_TRUE(FindSummary());
+    EXPECT_EQ(FindSummary()->findChild<QLabel*>()->text(),
+              QStringLiteral("Imported 3 looks. 5 were not imported."));
     const QString text = FindSummary()->findChild<QTextBrowser*>()->toPlainText();
     EXPECT_EQ(text.count(QStringLiteral("expected well-formed XML")), 5);
 }

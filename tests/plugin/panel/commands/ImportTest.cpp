@@ -31,7 +31,7 @@ using LumetraTest::ScriptedAlerts;
 namespace {
 
 /// A table that swaps red and blue.
-constexpr char Swap[] = "TITLE \"Swap\"\nLUT_3D_SIZE 2\n"
+constexpr char Swap[] = "TITLE \"swap\"\nLUT_3D_SIZE 2\n"
                         "0 0 0\n0 0 1\n0 1 0\n0 1 1\n1 0 0\n1 0 1\n1 1 0\n1 1 1\n";
 
 constexpr char Others[] = R"({"format": "lumetra-catalogue", "version": 1, "groups": [
@@ -148,6 +148,7 @@ TEST_F(ImportTest, takesTheGoodPresetsOfACatalogueAndTellsTheOthers)
 TEST_F(ImportTest, numbersNamesThatTheUserHas)
 {
     Drop({Write("others.json", Others)});
+    const ScriptedAlerts alerts({QMessageBox::Yes});
     Drop({WriteOtherDusk("other-dusk.json")});
 
     EXPECT_EQ(Shown(UserPage), (QStringList{QStringLiteral("Dusk"), QStringLiteral("Dusk 2")}));

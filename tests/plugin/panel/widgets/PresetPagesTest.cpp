@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "panel/widgets/PresetPages.h"
 
+#include "EffectPresets/IObjectsConnectorID.h"
 #include "PanelFixture.h"
+#include "Zorvik/Util/ObjectsConnector.h"
 #include "core/PresetCollection.h"
 #include "panel/grid/PresetGrid.h"
 #include "widgets/CustomToolBox.h"
@@ -31,6 +33,8 @@ namespace {
 class PresetPagesTest : public PanelFixture
 {
 protected:
+    static constexpr int Recent = LumetraPlugin::PresetPageModel::RecentOfAll;
+
     void Search(const char* text)
     {
         Find<QLineEdit>("searchField").setText(QString::fromUtf8(text));
@@ -150,8 +154,101 @@ TEST_F(PresetPagesTest, recentShowsWhatWasAppliedAlsoAfterARestart)
     Restart();
     Choose(2);
 
-    EXPECT_EQ(Shown(0), QStringList{QStringLiteral("Hard")});
+    EXPECT_EQ(Shown(Recent), QStringList{QStringLiteral("Hard")});
+    EXPECT_TRUE(IsSeen(Recent));
+    EXPECT_EQ(Shown(0), QStringList());
     EXPECT_EQ(Shown(1), QStringList());
+}
+
+TEST_F(PresetPagesTest, recentLooksOfAllGroupsStandInTheOrderOfTheirUse)
+{
+    OpenPage(1);
+    for (const char* const name : {"Hard", "Plain", "Grey", "Hard"})
+        Click(name);
+    const QStringList latestFirst{QStringLiteral("Hard"), QStringLiteral("Grey"),
+                                  QStringLiteral("Plain")};
+    Choose(2);
+    EXPECT_EQ(Shown(Recent), latestFirst);
+    Restart();
+    Choose(2);
+    EXPECT_EQ(Shown(Recent), latestFirst);
+}
+
+TEST_F(PresetPagesTest, recentLooksKeepTheirPlacesUntilTheyAreAskedForAgain)
+{
+    Click("Hard");
+    Click("Grey");
+    Choose(2);
+    Grid(Recent).SetCurrentPreset(Named("Hard"));
+    Press(Grid(Recent), Qt::Key_Return);
+    EXPECT_EQ(Shown(Recent), (QStringList{QStringLiteral("Grey"), QStringLiteral("Hard")}));
+    EXPECT_TRUE(IsApplied("Hard"));
+
+    Choose(2);
+    EXPECT_EQ(Shown(Recent), (QStringList{QStringLiteral("Hard"), QStringLiteral("Grey")}));
+}
+
+TEST_F(PresetPagesTest, aLookThatIsUsedForTheFirstTimeStandsFirstAtOnce)
+{
+    Click("Hard");
+    Choose(2);
+    Zorvik::Util::ObjectsConnector::sendMessage(
+        Zorvik::Lumetra::LumetraPresets::IObjectsConnectorID::ACTIVATE_PRESET,
+        {QStringLiteral("grey")});
+
+    EXPECT_EQ(Shown(Recent), (QStringList{QStringLiteral("Grey"), QStringLiteral("Hard")}));
+}
+
+TEST_F(PresetPagesTest, ofLooksThatAnArrowKeyPassesTheLastOneIsRecent)
+{
+    Focus("Bright");
+    Press(Grid(0), Qt::Key_Right);
+    EXPECT_TRUE(IsApplied("Grey"));
+    Press(Grid(0), Qt::Key_Left);
+    Release(Grid(0), Qt::Key_Left);
+    Choose(2);
+
+    EXPECT_EQ(Shown(Recent), QStringList{QStringLiteral("Bright")});
+}
+
+TEST_F(PresetPagesTest, aDeletedLookIsNoLongerRecent)
+{
+    Model().setData(Named("Bright"), QStringLiteral("Own"), PresetModel::SaveAsUserPresetRole);
+    OpenPage(UserPage);
+    Click("Own");
+    Click("Grey");
+    Choose(2);
+    ASSERT_EQ(Shown(Recent).size(), 2);
+    Model().removeRows(0, 1, Model().GetUserGroup());
+
+    EXPECT_EQ(Shown(Recent), QStringList{QStringLiteral("Grey")});
+}
+
+TEST_F(PresetPagesTest, recentLooksCanBeSearchedAndSteppedThrough)
+{
+    OpenPage(1);
+    for (const char* const name : {"Hard", "Warm", "Grey"})
+        Click(name);
+    Choose(2);
+    Search("r"); // in all three
+    panel->GetWidget()->activateWindow();
+    Grid(Recent).SetCurrentPreset(Named("Grey"));
+    Grid(Recent).setFocus();
+    Press(Grid(Recent), Qt::Key_Right);
+    EXPECT_TRUE(IsApplied("Warm"));
+    Press(Grid(Recent), Qt::Key_Left);
+    Release(Grid(Recent), Qt::Key_Left);
+    EXPECT_TRUE(IsApplied("Grey"));
+
+    Search("war");
+    EXPECT_EQ(Shown(Recent), QStringList{QStringLiteral("Warm")});
+}
+
+TEST_F(PresetPagesTest, withoutAFilterThereIsNoPageOfRecentLooks)
+{
+    Click("Hard");
+    EXPECT_FALSE(IsSeen(Recent));
+    EXPECT_FALSE(Header(4).isVisibleTo(panel->GetWidget()));
 }
 
 TEST_F(PresetPagesTest, mineShowsTheUsersOwn)

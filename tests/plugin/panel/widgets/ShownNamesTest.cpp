@@ -164,7 +164,7 @@ TEST_F(PanelShownNamesTest, areOfferedForASavedCopyWhichKeepsIt)
     QTimer::singleShot(0, [] {
         auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         ASSERT_TRUE(dialog);
-        EXPECT_EQ(dialog->findChild<QLineEdit*>()->text(), QStringLiteral("Herbst"));
+        EXPECT_EQ(dialog->findChild<QLineEdit*>()->text(), QStringLiteral("Herbst 2"));
         dialog->accept();
         if (dialog->isVisible())
             dialog->reject();
@@ -172,7 +172,7 @@ TEST_F(PanelShownNamesTest, areOfferedForASavedCopyWhichKeepsIt)
     Trigger("savePreset");
     const QModelIndex group = Model().GetUserGroup();
     ASSERT_EQ(Model().rowCount(group), 1);
-    EXPECT_EQ(Shown(group.row()), QStringList{QStringLiteral("Herbst")});
+    EXPECT_EQ(Shown(group.row()), QStringList{QStringLiteral("Herbst 2")});
     StartIn(QLocale(QLocale::English));
-    EXPECT_EQ(Shown(group.row()), QStringList{QStringLiteral("Herbst")});
+    EXPECT_EQ(Shown(group.row()), QStringList{QStringLiteral("Herbst 2")});
 }
