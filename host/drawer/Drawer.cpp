@@ -27,7 +27,7 @@ using Zorvik::Quindle::EffectsSettingsPackage;
 
 Drawer::Drawer() : m_painter(m_stack, [this] { NotifyFrameChanged(); }), m_previews(m_renderer) {}
 
-void Drawer::SetPhoto(const Image& photo)
+void Drawer::SetPhoto(const KeptImage& photo)
 {
     m_painter.DropPainting();
     m_stack.TakeAll();

@@ -9,7 +9,7 @@
 
 #include "engine/run/Renderer.h"
 
-#include "image/Image.h"
+#include "image/KeptImage.h"
 
 #include "Zorvik/Quindle/IQuindleDrawer.h"
 
@@ -46,9 +46,9 @@ public:
     Drawer();
 
     /// A new photo (null: none) without any packages; an open painting is dropped.
-    void SetPhoto(const Image& photo);
+    void SetPhoto(const KeptImage& photo);
     /// The photo that SetPhoto() was given.
-    const Image& GetPhoto() const { return m_photo; }
+    const KeptImage& GetPhoto() const { return m_photo; }
     /// The photo with all packages, those above the open ones included, and with what an open
     /// painting shows.
     PictureRecipe GetRecipe() const;
@@ -116,7 +116,7 @@ private:
     void NotifyCommittedPhotoChanged();
 
     Renderer m_renderer;
-    Image m_photo;
+    KeptImage m_photo;
     std::shared_ptr<Overview> m_overview;        ///< of the photo; null without one
     std::shared_ptr<const WholePicture> m_whole; ///< the photo; null without one
     std::vector<StackedPackage> m_committed;

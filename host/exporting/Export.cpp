@@ -50,7 +50,7 @@ Export::Result Export::MakeFromFile(const Bytes& source, const std::string& sour
     return result;
 }
 
-Export::Result Export::MakeFromPhoto(const Photo& photo, const ExportRecipe& recipe,
+Export::Result Export::MakeFromPhoto(const KeptPhoto& photo, const ExportRecipe& recipe,
                                      const std::string& targetName,
                                      const ExportControl& control) const
 {

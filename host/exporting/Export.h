@@ -59,7 +59,7 @@ public:
                         const ExportControl& control = {}) const;
 
     /// Exports a photo that was read before. Its pixels are only read.
-    Result MakeFromPhoto(const Photo& photo, const ExportRecipe& recipe,
+    Result MakeFromPhoto(const KeptPhoto& photo, const ExportRecipe& recipe,
                          const std::string& targetName, const ExportControl& control = {}) const;
 
 private:

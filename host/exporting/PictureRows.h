@@ -2,6 +2,7 @@
 #pragma once
 
 #include "exporting/RowSource.h"
+#include "image/KeptImage.h"
 
 namespace LumetraHost {
 
@@ -9,7 +10,7 @@ namespace LumetraHost {
 class PictureRows : public RowSource
 {
 public:
-    explicit PictureRows(const Image& picture);
+    explicit PictureRows(const KeptImage& picture);
 
     PictureForm GetForm() const override { return m_form; }
     bool IsInOrder() const override { return false; }
@@ -18,7 +19,7 @@ public:
                  const CancelToken* cancel) const override;
 
 private:
-    const Image m_picture;
+    const KeptImage m_picture;
     const PictureForm m_form;
 };
 

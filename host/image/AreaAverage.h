@@ -3,6 +3,7 @@
 
 #include "image/AreaAxis.h"
 #include "image/Image.h"
+#include "image/KeptImage.h"
 
 namespace LumetraHost {
 
@@ -27,15 +28,19 @@ public:
     void Run(const Image& source, int y, Image& target, int targetRow) const;
     /// Makes all rows, on the shared pool, of a picture that is there as a whole.
     void RunAll(const Image& source, Image& target) const;
+    void RunAll(const KeptImage& source, Image& target) const;
 
 private:
-    template <class Channel>
-    void RunRow(const Image& source, int y, Channel* target) const;
-    template <class Channel>
-    void Weigh(const Image& source, int y, Channel* target) const;
-    template <class Channel, class Sum>
-    void AverageBlocks(const Image& source, int y, Channel* target) const;
-    void AverageLargeBlocks(const Image& source, int y, std::uint16_t* target) const;
+    template <class Rows, class Picture>
+    void RunOn(const Picture& source, Image& target) const;
+    template <class Rows>
+    void RunRow(const Rows& source, int y, typename Rows::Channel* target) const;
+    template <class Rows>
+    void Weigh(const Rows& source, int y, typename Rows::Channel* target) const;
+    template <class Sum, class Rows>
+    void AverageBlocks(const Rows& source, int y, typename Rows::Channel* target) const;
+    template <class Rows>
+    void AverageLargeBlocks(const Rows& source, int y, std::uint16_t* target) const;
 
     int m_width;
     AreaAxis m_columns;

@@ -6,20 +6,11 @@
 
 #include <cstring>
 #include <limits>
-#include <new>
 #include <string>
 #include <utility>
 
 namespace LumetraHost {
 namespace {
-
-constexpr std::align_val_t Alignment{Image::RowAlignment};
-
-std::shared_ptr<std::uint8_t> AllocateBytes(std::size_t size)
-{
-    auto* const bytes = static_cast<std::uint8_t*>(::operator new(size, Alignment));
-    return {bytes, [](std::uint8_t* pixels) { ::operator delete(pixels, Alignment); }};
-}
 
 template <class Channel>
 bool IsOpaqueRow(const Channel* row, int pixels)
@@ -40,19 +31,24 @@ Image Image::Allocate(int width, int height, Depth depth)
     return image;
 }
 
-Image Image::AllocateUninitialised(int width, int height, Depth depth,
-                                   std::shared_ptr<const RgbSpace> space)
+void Image::CheckSize(int width, int height)
 {
     if (width < 1 || height < 1 || width > MaximumSide || height > MaximumSide)
         FailWith("picture of " + std::to_string(width) + " x " + std::to_string(height) +
                  " pixels: expected 1 to " + std::to_string(MaximumSide) + " on each side");
+}
+
+Image Image::AllocateUninitialised(int width, int height, Depth depth,
+                                   std::shared_ptr<const RgbSpace> space)
+{
+    CheckSize(width, height);
     Image image;
     image.m_width = width;
     image.m_height = height;
     image.m_depth = depth;
-    const std::size_t row = static_cast<std::size_t>(width) * image.GetBytesPerPixel();
-    image.m_stride = (row + RowAlignment - 1) / RowAlignment * RowAlignment;
-    image.m_pixels = AllocateBytes(image.GetByteCount());
+    image.m_stride =
+        PixelMemory::AlignRow(static_cast<std::size_t>(width) * image.GetBytesPerPixel());
+    image.m_pixels = PixelMemory::Allocate(image.GetByteCount());
     image.m_space = std::move(space);
     return image;
 }

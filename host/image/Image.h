@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "image/PixelMemory.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -25,7 +27,7 @@ public:
 
     static constexpr int Channels = 4;
     /// Every row begins at a multiple of this many bytes.
-    static constexpr std::size_t RowAlignment = 64;
+    static constexpr std::size_t RowAlignment = PixelMemory::RowAlignment;
     /// The largest width and height.
     static constexpr int MaximumSide = 1 << 20;
 
@@ -38,6 +40,9 @@ public:
     /// Leaves the pixels undefined, for callers that write all of them; in `space`.
     static Image AllocateUninitialised(int width, int height, Depth depth,
                                        std::shared_ptr<const RgbSpace> space = nullptr);
+
+    /// Zorvik::Exception for a side below 1 or above MaximumSide.
+    static void CheckSize(int width, int height);
 
     bool IsNull() const { return !m_pixels; }
     int GetWidth() const { return m_width; }
@@ -74,6 +79,8 @@ public:
     /// True when both share the same pixels, or both are null.
     bool SharesPixelsWith(const Image& other) const { return m_pixels == other.m_pixels; }
 
+    /// The memory of the pixels, which the picture goes on sharing.
+    std::shared_ptr<std::uint8_t> SharePixels() { return m_pixels; }
     /// True when no other picture shares the pixels.
     bool IsSoleOwner() const { return m_pixels.use_count() == 1; }
 

@@ -15,6 +15,8 @@ struct Turn
     bool swapAxes;
     bool flipX; // of the stored picture
     bool flipY;
+
+    bool IsNone() const { return !swapAxes && !flipX && !flipY; }
 };
 
 constexpr Turn Turns[] = {
@@ -27,6 +29,11 @@ constexpr Turn Turns[] = {
     {true, true, true},    // 7
     {true, true, false},   // 8
 };
+
+Turn FindTurn(int orientation)
+{
+    return Turns[orientation < 1 || orientation > 8 ? 0 : orientation - 1];
+}
 
 template <class Pixel>
 void CopyBlock(const Image& source, Image& target, const Turn& turn, int left, int top)
@@ -60,9 +67,9 @@ void Copy(const Image& source, Image& target, const Turn& turn)
 
 Image TurnUpright(const Image& image, int orientation)
 {
-    if (orientation < 2 || orientation > 8 || image.IsNull())
+    const Turn turn = FindTurn(orientation);
+    if (image.IsNull() || turn.IsNone())
         return image;
-    const Turn turn = Turns[orientation - 1];
     Image target = Image::AllocateUninitialised(
         turn.swapAxes ? image.GetHeight() : image.GetWidth(),
         turn.swapAxes ? image.GetWidth() : image.GetHeight(), image.GetDepth(), image.GetSpace());
@@ -71,6 +78,13 @@ Image TurnUpright(const Image& image, int orientation)
     else
         Copy<std::uint32_t>(image, target, turn);
     return target;
+}
+
+PixelRect FindUprightPlace(int width, int height, int first, int count, int orientation)
+{
+    const Turn turn = FindTurn(orientation);
+    const int begin = turn.flipY ? height - first - count : first;
+    return turn.swapAxes ? PixelRect{begin, 0, count, width} : PixelRect{0, begin, width, count};
 }
 
 } // namespace LumetraHost

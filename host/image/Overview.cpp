@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace LumetraHost {
 namespace {
@@ -13,7 +14,7 @@ namespace {
 /// them averaging twice would blur.
 constexpr int LeastShrinking = 2;
 
-int ChooseFactor(const Image& photo, double leastPixels)
+int ChooseFactor(const KeptImage& photo, double leastPixels)
 {
     const double pixels = double(photo.GetWidth()) * photo.GetHeight();
     const auto factor = static_cast<int>(std::sqrt(pixels / leastPixels));
@@ -22,7 +23,7 @@ int ChooseFactor(const Image& photo, double leastPixels)
 
 } // namespace
 
-Overview::Overview(const Image& photo, double leastPixels)
+Overview::Overview(const KeptImage& photo, double leastPixels)
     : m_photo(photo), m_factor(ChooseFactor(photo, leastPixels))
 {
 }
@@ -30,7 +31,7 @@ Overview::Overview(const Image& photo, double leastPixels)
 Image Overview::Resize(const PixelRect& area, int width, int height, ResizeQuality quality)
 {
     if (IsEnough(area, width, height))
-        if (const Image& reduced = GetReduced(); !reduced.IsNull())
+        if (const KeptImage& reduced = GetReduced(); !reduced.IsNull())
             return Shrink(reduced, area, width, height);
     return LumetraHost::Resize(m_photo, area, width, height, quality);
 }
@@ -41,19 +42,19 @@ bool Overview::IsEnough(const PixelRect& area, int width, int height) const
     return m_factor > 1 && area.width >= perPixel * width && area.height >= perPixel * height;
 }
 
-const Image& Overview::GetReduced()
+const KeptImage& Overview::GetReduced()
 {
     std::call_once(m_isMade, [this] {
         const PixelRect whole{0, 0, m_photo.GetWidth(), m_photo.GetHeight()};
-        const Image reduced = LumetraHost::Resize(m_photo, whole, whole.width / m_factor,
-                                                  whole.height / m_factor, ResizeQuality::Fine);
+        Image reduced = LumetraHost::Resize(m_photo, whole, whole.width / m_factor,
+                                            whole.height / m_factor, ResizeQuality::Fine);
         if (reduced.IsOpaque())
-            m_reduced = reduced;
+            m_reduced = KeptImage::Pack(std::move(reduced));
     });
     return m_reduced;
 }
 
-Image Overview::Shrink(const Image& reduced, const PixelRect& area, int width, int height) const
+Image Overview::Shrink(const KeptImage& reduced, const PixelRect& area, int width, int height) const
 {
     const double scaleX = double(reduced.GetWidth()) / m_photo.GetWidth();
     const double scaleY = double(reduced.GetHeight()) / m_photo.GetHeight();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "image/Image.h"
+#include "image/KeptImage.h"
 #include "image/Resize.h"
 
 #include <mutex>
@@ -21,11 +22,11 @@ public:
     static constexpr double LeastPixels = 5e6;
 
     /// `leastPixels`: that the smaller picture has at least.
-    explicit Overview(const Image& photo, double leastPixels = LeastPixels);
+    explicit Overview(const KeptImage& photo, double leastPixels = LeastPixels);
     Overview(const Overview&) = delete;
     Overview& operator=(const Overview&) = delete;
 
-    const Image& GetPhoto() const { return m_photo; }
+    const KeptImage& GetPhoto() const { return m_photo; }
     /// The part of the photo (inside it, at least 1 x 1) as a picture of width x height, see
     /// LumetraHost::Resize(). From the smaller picture it is an area average whatever the quality,
     /// and lies where it would without.
@@ -33,13 +34,13 @@ public:
 
 private:
     bool IsEnough(const PixelRect& area, int width, int height) const;
-    const Image& GetReduced();
-    Image Shrink(const Image& reduced, const PixelRect& area, int width, int height) const;
+    const KeptImage& GetReduced();
+    Image Shrink(const KeptImage& reduced, const PixelRect& area, int width, int height) const;
 
-    const Image m_photo;
+    const KeptImage m_photo;
     const int m_factor; ///< pixels of the photo to one of the smaller picture, along each side
     std::once_flag m_isMade;
-    Image m_reduced; ///< null: not made, or of no use
+    KeptImage m_reduced; ///< packed; null: not made, or of no use
 };
 
 } // namespace LumetraHost

@@ -16,7 +16,14 @@ int GetMatType(const Image& image)
     return image.GetDepth() == Image::Depth::Bits16 ? CV_16UC4 : CV_8UC4;
 }
 
-cv::Mat WrapArea(const Image& image, const PixelRect& area)
+/// The type of a packed picture.
+int GetMatType(const KeptImage& image)
+{
+    return image.GetDepth() == Image::Depth::Bits16 ? CV_16UC3 : CV_8UC3;
+}
+
+template <class Picture>
+cv::Mat WrapArea(const Picture& image, const PixelRect& area)
 {
     const auto offset = static_cast<std::size_t>(area.x) * image.GetBytesPerPixel();
     auto* const first = const_cast<std::uint8_t*>(image.Row(area.y) + offset);
@@ -33,6 +40,11 @@ int ChooseInterpolation(const PixelRect& area, int width, int height, ResizeQual
 PixelRect GetWhole(const Image& image)
 {
     return {0, 0, image.GetWidth(), image.GetHeight()};
+}
+
+PixelRect GetWhole(const PixelRect& area)
+{
+    return {0, 0, area.width, area.height};
 }
 
 void Premultiply(cv::Mat& floats, float white)
@@ -69,7 +81,8 @@ int FindWholeFactor(const PixelRect& source, const Image& target)
 }
 
 /// Treats all pixels as opaque.
-void AverageAreas(const Image& source, const PixelRect& area, Image& target)
+template <class Source>
+void AverageAreas(const Source& source, const PixelRect& area, Image& target)
 {
     const AreaAxis columns(source.GetWidth(), area.x, area.width, target.GetWidth());
     const AreaAxis rows(source.GetHeight(), area.y, area.height, target.GetHeight());
@@ -77,7 +90,8 @@ void AverageAreas(const Image& source, const PixelRect& area, Image& target)
 }
 
 /// Averages of whole pixels are made several times as quick as those of their parts.
-void AverageInTwoSteps(const Image& source, const PixelRect& area, Image& target)
+template <class Source>
+void AverageInTwoSteps(const Source& source, const PixelRect& area, Image& target)
 {
     const int factor = FindWholeFactor(area, target);
     if (factor == 1)
@@ -88,13 +102,26 @@ void AverageInTwoSteps(const Image& source, const PixelRect& area, Image& target
     AverageAreas(smaller, whole, target);
 }
 
-void ResizeOpaque(const Image& source, const PixelRect& area, Image& target, ResizeQuality quality)
+void Interpolate(const Image& source, const PixelRect& area, cv::Mat& to, int interpolation)
+{
+    cv::resize(WrapArea(source, area), to, to.size(), 0, 0, interpolation);
+}
+
+void Interpolate(const KeptImage& source, const PixelRect& area, cv::Mat& to, int interpolation)
+{
+    cv::Mat colours;
+    cv::resize(WrapArea(source, area), colours, to.size(), 0, 0, interpolation);
+    cv::cvtColor(colours, to, cv::COLOR_RGB2RGBA);
+}
+
+template <class Source>
+void ResizeOpaque(const Source& source, const PixelRect& area, Image& target, ResizeQuality quality)
 {
     const int interpolation =
         ChooseInterpolation(area, target.GetWidth(), target.GetHeight(), quality);
     if (interpolation != cv::INTER_AREA) {
         cv::Mat to = WrapArea(target, GetWhole(target));
-        cv::resize(WrapArea(source, area), to, to.size(), 0, 0, interpolation);
+        Interpolate(source, area, to, interpolation);
     } else if (quality == ResizeQuality::Screen)
         AverageInTwoSteps(source, area, target);
     else
@@ -131,6 +158,22 @@ Image Resize(const Image& source, const PixelRect& area, int width, int height,
     ResizeOpaque(source, area, result, quality);
     if (!result.IsOpaque())
         ResizeTransparent(from, to, ChooseInterpolation(area, width, height, quality));
+    return result;
+}
+
+Image Resize(const KeptImage& source, const PixelRect& area, int width, int height,
+             ResizeQuality quality)
+{
+    if (!source.IsPacked())
+        return Resize(source.GetImage(), area, width, height, quality);
+    if (area.width == width && area.height == height)
+        return source.Cut(area);
+    // The library's cubic interpolation rounds three channels in another way than four.
+    if (ChooseInterpolation(area, width, height, quality) == cv::INTER_CUBIC)
+        return Resize(source.Cut(area), GetWhole(area), width, height, quality);
+    Image result =
+        Image::AllocateUninitialised(width, height, source.GetDepth(), source.GetSpace());
+    ResizeOpaque(source, area, result, quality);
     return result;
 }
 

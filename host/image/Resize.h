@@ -2,17 +2,10 @@
 #pragma once
 
 #include "image/Image.h"
+#include "image/KeptImage.h"
+#include "image/PixelRect.h"
 
 namespace LumetraHost {
-
-/// A rectangle of whole pixels.
-struct PixelRect
-{
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-};
 
 /// How carefully a picture is resized. Fast may show aliasing when it shrinks. Screen is for large
 /// pictures that are looked at: where whole numbers divide their sides it averages squares of whole
@@ -30,6 +23,9 @@ enum class ResizeQuality
 /// or by half a step at most where they are too few to make the average transparent. Shrinks on the
 /// shared pool.
 Image Resize(const Image& source, const PixelRect& area, int width, int height,
+             ResizeQuality quality);
+/// The same pixels, whether the source is packed or not.
+Image Resize(const KeptImage& source, const PixelRect& area, int width, int height,
              ResizeQuality quality);
 
 } // namespace LumetraHost

@@ -7,6 +7,7 @@
 #include "photo/file/PhotoFile.h"
 #include "photo/file/PhotoHead.h"
 #include "photo/file/PhotoLimits.h"
+#include "photo/jpeg/JpegRowReader.h"
 #include "photo/metadata/MetadataReader.h"
 #include "photo/metadata/MetadataWriter.h"
 
@@ -15,6 +16,7 @@
 
 #include <algorithm>
 #include <new>
+#include <optional>
 #include <utility>
 
 namespace LumetraHost {
@@ -74,8 +76,66 @@ Photo Finish(DecodedPhoto decoded, const Bytes& content)
     return photo;
 }
 
+/// Rows that are decoded before they are turned and packed: enough that each of them becomes a
+/// piece of some length where the picture is turned by a quarter.
+constexpr int RowsToPack = 64;
+
+/// Decodes and packs all rows, upright.
+KeptImage PackRows(JpegRowReader& reader, int orientation,
+                   const std::shared_ptr<const RgbSpace>& space)
+{
+    const int width = reader.GetWidth();
+    const int height = reader.GetHeight();
+    const auto place = FindUprightPlace(width, height, 0, height, orientation);
+    KeptImage packed =
+        KeptImage::AllocatePacked(place.width, place.height, Image::Depth::Bits8, space);
+    Image rows;
+    for (int y = 0; y < height; y += RowsToPack) {
+        const int count = std::min(RowsToPack, height - y);
+        if (rows.GetHeight() != count)
+            rows = Image::AllocateUninitialised(width, count, Image::Depth::Bits8);
+        reader.Read(rows, 0, count);
+        const auto part = FindUprightPlace(width, height, y, count, orientation);
+        packed.Store(TurnUpright(rows, orientation), part.x, part.y);
+    }
+    return packed;
+}
+
+/// Reads a JPEG file whose colours stay as they are; nothing for all others.
+std::optional<KeptPhoto> ReadPackedJpeg(const Bytes& content, const std::string& name)
+{
+    if (RequirePhotoFormat(content, name) != PhotoFormat::Jpeg)
+        return std::nullopt;
+    JpegRowReader reader(content, name);
+    DecodedPhoto decoded;
+    decoded.meaning = reader.GetMeaning();
+    decoded.iccProfile = reader.GetProfile();
+    KeptPhoto photo;
+    MetadataReader::Result read = MetadataReader::Read(content, {}, photo.warnings);
+    AddImpliedProfile(decoded, read);
+    const auto kept =
+        ColorConversion::FindKept(decoded.meaning, decoded.iccProfile, Image::Depth::Bits8);
+    if (reader.IsProfileDamaged() || !kept)
+        return std::nullopt;
+    read.metadata.iccProfile = decoded.iccProfile;
+    photo.image = PackRows(reader, read.orientation, kept->space);
+    photo.metadata =
+        MetadataWriter::Normalise(read.metadata, photo.image.GetWidth(), photo.image.GetHeight(),
+                                  !kept->space, photo.warnings);
+    return photo;
+}
+
+KeptPhoto DecodeToKeep(const Bytes& content, const std::string& name)
+{
+    if (auto packed = ReadPackedJpeg(content, name))
+        return *std::move(packed);
+    Photo photo = PhotoReader::Decode(content, name);
+    KeptImage image = KeptImage::Pack(std::exchange(photo.image, {}));
+    return {std::move(photo), std::move(image)};
+}
+
 template <class Decoding>
-Photo ReadFile(const QString& path, const Decoding& decode)
+auto ReadFile(const QString& path, const Decoding& decode)
 {
     const std::string name = path.toStdString();
     try {
@@ -91,6 +151,15 @@ Photo PhotoReader::Read(const QString& path)
 {
     return ReadFile(path, [](const Bytes& content, const std::string& name) {
         Photo photo = Decode(content, name);
+        photo.contentHash = ContentHash::Of(content.data(), content.size());
+        return photo;
+    });
+}
+
+KeptPhoto PhotoReader::ReadToKeep(const QString& path)
+{
+    return ReadFile(path, [](const Bytes& content, const std::string& name) {
+        KeptPhoto photo = DecodeToKeep(content, name);
         photo.contentHash = ContentHash::Of(content.data(), content.size());
         return photo;
     });

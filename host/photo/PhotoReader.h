@@ -21,6 +21,10 @@ public:
     /// Zorvik::Exception naming the file, what is wrong with it and what was expected, also when
     /// there is not enough memory.
     static Photo Read(const QString& path);
+    /// Reads a photo that is to stay in memory: packed where it is opaque, see KeptImage. A
+    /// JPEG file whose colours stay as they are is packed while it is decoded, so that no more is
+    /// ever in memory. The pixels, metadata, warnings and errors of Read().
+    static KeptPhoto ReadToKeep(const QString& path);
     /// Reads from memory; `name` stands for the file in errors. std::bad_alloc.
     static Photo Decode(const Bytes& content, const std::string& name);
     /// A smaller picture for previews and thumbnails, at a fraction of the cost where the format

@@ -23,7 +23,8 @@ struct Messages
 
 } // namespace
 
-ExportJob::ExportJob(const LumetraHost::Photo& photo, const std::vector<EffectsSettings>& packages,
+ExportJob::ExportJob(const LumetraHost::KeptPhoto& photo,
+                     const std::vector<EffectsSettings>& packages,
                      const std::vector<LumetraHost::EditRecord>& records,
                      const ExportOptions& options, std::shared_ptr<const ExportGuard> guard)
     : m_photo(photo), m_options(options), m_guard(std::move(guard))

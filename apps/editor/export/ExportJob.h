@@ -25,7 +25,7 @@ public:
     /// `packages` are drawn in this order, bottom first; `records` go into the metadata. Both go
     /// into the recipe of the options. `guard` is asked right before the file is written; null: no
     /// file is guarded.
-    ExportJob(const LumetraHost::Photo& photo,
+    ExportJob(const LumetraHost::KeptPhoto& photo,
               const std::vector<Zorvik::Quindle::EffectsSettings>& packages,
               const std::vector<LumetraHost::EditRecord>& records, const ExportOptions& options,
               std::shared_ptr<const ExportGuard> guard = nullptr);
@@ -45,7 +45,7 @@ private:
     /// Asks the guard again, since much may have happened after the output was chosen.
     void CheckOutput() const;
 
-    const LumetraHost::Photo m_photo;
+    const LumetraHost::KeptPhoto m_photo;
     ExportOptions m_options;
     const std::shared_ptr<const ExportGuard> m_guard;
     LumetraHost::CancelToken m_cancel;

@@ -30,7 +30,7 @@ using LumetraHost::AsyncPreviews;
 using LumetraHost::EditLayer;
 using LumetraHost::EditState;
 using LumetraHost::IsSamePackage;
-using LumetraHost::Photo;
+using LumetraHost::KeptPhoto;
 using LumetraHost::PhotoIdentity;
 using LumetraHost::WorkspaceController;
 using Zorvik::Quindle::EffectsSettings;
@@ -85,7 +85,7 @@ bool Editor::OpenPhoto(const QString& path)
     return true;
 }
 
-void Editor::TakePhoto(const QString& path, const Photo& photo, const PhotoIdentity& identity)
+void Editor::TakePhoto(const QString& path, const KeptPhoto& photo, const PhotoIdentity& identity)
 {
     LockDrawer(false);
     const bool isTaken = MayLeavePhoto(); // a step may have been undone meanwhile
@@ -113,7 +113,7 @@ void Editor::RefusePhoto(const QString& path, const QString& problem)
 void Editor::ClosePhoto()
 {
     if (MayLeavePhoto())
-        SetPhoto(QString(), Photo(), PhotoIdentity());
+        SetPhoto(QString(), KeptPhoto(), PhotoIdentity());
 }
 
 bool Editor::MayLeavePhoto()
@@ -125,7 +125,7 @@ bool Editor::MayLeavePhoto()
     return !HasPhoto() || m_sidecar.IsSafe() || m_mayLoseEdit;
 }
 
-void Editor::SetPhoto(const QString& path, const Photo& photo, const PhotoIdentity& identity)
+void Editor::SetPhoto(const QString& path, const KeptPhoto& photo, const PhotoIdentity& identity)
 {
     SaveEdit();
     m_manySteps.LeavePhoto();

@@ -58,7 +58,7 @@ public:
     bool MayLeavePhoto();
     bool IsOpening() const { return m_loader.IsLoading(); }
     bool HasPhoto() const { return !m_path.isEmpty(); }
-    const LumetraHost::Photo& GetPhoto() const { return m_photo; }
+    const LumetraHost::KeptPhoto& GetPhoto() const { return m_photo; }
 
     LumetraHost::WorkspaceController& GetHost() { return *m_workspace; }
     QUndoStack& GetUndoStack() { return m_undoStack; }
@@ -163,10 +163,10 @@ private:
     void FrameChanged() override;
     void CommittedPhotoChanged() override;
 
-    void TakePhoto(const QString& path, const LumetraHost::Photo& photo,
+    void TakePhoto(const QString& path, const LumetraHost::KeptPhoto& photo,
                    const LumetraHost::PhotoIdentity& identity);
     void RefusePhoto(const QString& path, const QString& problem);
-    void SetPhoto(const QString& path, const LumetraHost::Photo& photo,
+    void SetPhoto(const QString& path, const LumetraHost::KeptPhoto& photo,
                   const LumetraHost::PhotoIdentity& identity);
     /// Restores the edit of the photo's sidecar, or begins with the bare photo.
     void OpenSidecar(const LumetraHost::PhotoIdentity& identity);
@@ -197,7 +197,7 @@ private:
     std::unique_ptr<LumetraHost::AsyncPreviews> m_previews; ///< ends before the workspace
     PhotoLoader m_loader;
     QString m_path;
-    LumetraHost::Photo m_photo;
+    LumetraHost::KeptPhoto m_photo;
     Panels m_panels;
     std::optional<Zorvik::Quindle::EffectsSettings> m_shownOnTop;
     std::shared_ptr<const LumetraHost::DisplayTransform> m_display;

@@ -15,7 +15,7 @@ struct PhotoLoader::Job
 {
     QString path;
     int number = 0;
-    LumetraHost::Photo photo;
+    LumetraHost::KeptPhoto photo;
     PhotoIdentity identity;
     QString error;
 
@@ -23,7 +23,7 @@ struct PhotoLoader::Job
     {
         try {
             identity = PhotoIdentity::Of(path);
-            photo = LumetraHost::PhotoReader::Read(path);
+            photo = LumetraHost::PhotoReader::ReadToKeep(path);
         } catch (const std::bad_alloc&) {
             error = PhotoLoader::tr("%1: there is not enough memory for this photo").arg(path);
         } catch (const std::exception& problem) {

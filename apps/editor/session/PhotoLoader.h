@@ -28,7 +28,7 @@ public:
 
 signals:
     /// `identity` is that of the file before it was read.
-    void loaded(const QString& path, const LumetraHost::Photo& photo,
+    void loaded(const QString& path, const LumetraHost::KeptPhoto& photo,
                 const LumetraHost::PhotoIdentity& identity);
     /// `message` names the file and what was expected.
     void failed(const QString& path, const QString& message);

@@ -11,7 +11,7 @@
 namespace LumetraEditor {
 namespace {
 
-QString NameColours(const LumetraHost::Image& image)
+QString NameColours(const LumetraHost::KeptImage& image)
 {
     if (!image.GetSpace())
         return QStringLiteral("sRGB");
@@ -23,7 +23,7 @@ QString NameColours(const LumetraHost::Image& image)
 
 } // namespace
 
-QString DescribePhoto(const QString& path, const LumetraHost::Photo& photo)
+QString DescribePhoto(const QString& path, const LumetraHost::KeptPhoto& photo)
 {
     const auto& image = photo.image;
     const int bits = image.GetDepth() == LumetraHost::Image::Depth::Bits16 ? 16 : 8;

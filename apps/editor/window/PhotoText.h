@@ -4,12 +4,12 @@
 #include <QString>
 
 namespace LumetraHost {
-struct Photo;
+struct KeptPhoto;
 }
 
 namespace LumetraEditor {
 
 /// One line for the status bar: name, size in pixels, bits per channel, colour profile.
-QString DescribePhoto(const QString& path, const LumetraHost::Photo& photo);
+QString DescribePhoto(const QString& path, const LumetraHost::KeptPhoto& photo);
 
 } // namespace LumetraEditor

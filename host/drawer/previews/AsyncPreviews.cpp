@@ -31,7 +31,7 @@ Zorvik::Proc::Frame AsyncPreviews::Request(const QString& key,
                                            const Zorvik::Quindle::EffectsSettings& effects,
                                            const PreviewPolicies& policies)
 {
-    const Image& photo = m_drawer.GetPhoto();
+    const KeptImage& photo = m_drawer.GetPhoto();
     if (photo.IsNull())
         return {};
     // Throws for a bad target here, where the caller hears of it.

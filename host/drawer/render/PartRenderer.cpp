@@ -9,11 +9,11 @@ namespace {
 
 Image Scale(const PictureRecipe& recipe, const PhotoPart& part)
 {
-    const Image& photo = recipe.photo;
+    const KeptImage& photo = recipe.photo;
     const bool isWhole =
         part.part.width == photo.GetWidth() && part.part.height == photo.GetHeight();
     if (isWhole && part.width == photo.GetWidth() && part.height == photo.GetHeight())
-        return photo;
+        return photo.ToImage();
     return recipe.overview
                ? recipe.overview->Resize(part.part, part.width, part.height, part.quality)
                : Resize(photo, part.part, part.width, part.height, part.quality);
@@ -32,7 +32,7 @@ PartRenderer::PartRenderer(const Renderer& renderer, LayerUse use) : m_layers(re
 
 Image PartRenderer::GetOriginal(const PictureRecipe& recipe, const PhotoPart& part)
 {
-    const Image& photo = recipe.photo;
+    const KeptImage& photo = recipe.photo;
     if (HasScaled(photo, part))
         return m_layers.GetSource();
     const bool isSeen = !photo.IsNull() && !part.IsEmpty();
@@ -74,12 +74,12 @@ Image PartRenderer::RenderFromTables(const PictureRecipe& recipe, const PhotoPar
     return m_layers.RenderFromTables(recipe.layers, cancel, screen);
 }
 
-bool PartRenderer::HasScaled(const Image& photo, const PhotoPart& part) const
+bool PartRenderer::HasScaled(const KeptImage& photo, const PhotoPart& part) const
 {
     return m_part == part && m_photo.SharesPixelsWith(photo);
 }
 
-bool PartRenderer::HasScaledAround(const Image& photo, const PhotoPart& part) const
+bool PartRenderer::HasScaledAround(const KeptImage& photo, const PhotoPart& part) const
 {
     return m_photo.SharesPixelsWith(photo) && Contains(m_part.part, part.part) &&
            m_part.width >= part.width;

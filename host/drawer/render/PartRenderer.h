@@ -40,12 +40,12 @@ public:
     /// True when the part of the last call has no transparent pixels.
     bool IsOpaque() const { return m_isOpaque; }
     /// True when the part is kept.
-    bool HasScaled(const Image& photo, const PhotoPart& part) const;
+    bool HasScaled(const KeptImage& photo, const PhotoPart& part) const;
     /// True when a part is kept that contains this one in at least its size.
-    bool HasScaledAround(const Image& photo, const PhotoPart& part) const;
+    bool HasScaledAround(const KeptImage& photo, const PhotoPart& part) const;
 
 private:
-    Image m_photo;
+    KeptImage m_photo;
     PhotoPart m_part;
     bool m_isOpaque = true;
     LayerRenderer m_layers;

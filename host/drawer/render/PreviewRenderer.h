@@ -38,7 +38,7 @@ private:
 
     const Renderer& m_renderer;
     int m_threads;
-    Image m_photo;
+    KeptImage m_photo;
     std::list<PartRenderer> m_parts; ///< the one used last first
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "image/Image.h"
+#include "image/KeptImage.h"
 
 #include "Zorvik/Quindle/EffectsSettings.h"
 
@@ -42,7 +42,7 @@ inline bool operator!=(const Layer& first, const Layer& second)
 /// settings are shared.
 struct PictureRecipe
 {
-    Image photo; ///< without any package
+    KeptImage photo; ///< without any package
     /// For pictures much smaller than the photo; null: they are made from the photo itself.
     std::shared_ptr<Overview> overview;
     std::vector<Layer> layers; ///< bottom first

@@ -106,7 +106,7 @@ void LiveView::StartRendering()
         return;
     ViewJob job;
     job.recipe = m_shownOnTop ? m_drawer.GetRecipeWith(*m_shownOnTop) : m_drawer.GetRecipe();
-    const Image& photo = job.recipe.photo;
+    const KeptImage& photo = job.recipe.photo;
     job.serial = ++m_serial;
     job.geometry = ViewGeometry::Make({photo.GetWidth(), photo.GetHeight()}, m_request);
     job.display = m_display;

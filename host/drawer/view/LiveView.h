@@ -6,6 +6,7 @@
 #include "drawer/view/ViewFrame.h"
 
 #include "image/Image.h"
+#include "image/KeptImage.h"
 
 #include "Zorvik/Quindle/EffectsSettings.h"
 
@@ -85,7 +86,7 @@ private:
     bool m_needsOriginal = false;
     std::shared_ptr<const DisplayTransform> m_display;
     quint64 m_serial = 0; ///< of the present state
-    Image m_photo;        ///< of the last job
+    KeptImage m_photo;    ///< of the last job
     quint64 m_doneSerial = 0;
     ViewFrame m_frame;
     Image m_original;

@@ -93,6 +93,14 @@ WholePicture::Ptr WholePicture::Of(const Image& picture, const PictureArea& area
         new WholePicture(make, Reduce(area, width, height, size), std::make_shared<Memory>()));
 }
 
+WholePicture::Ptr WholePicture::OfPhoto(const KeptImage& photo)
+{
+    return Of(photo.GetWidth(), photo.GetHeight(), [photo](const Size& size) {
+        return LumetraHost::Resize(photo, {0, 0, photo.GetWidth(), photo.GetHeight()}, size.width,
+                                   size.height, ResizeQuality::Fine);
+    });
+}
+
 WholePicture::Ptr WholePicture::Of(int width, int height, std::function<Image(const Size&)> reduce)
 {
     const Size size = GetReducedSize(width, height);

@@ -3,6 +3,7 @@
 
 #include "engine/stages/PictureFacts.h"
 #include "image/Image.h"
+#include "image/KeptImage.h"
 #include "image/PictureArea.h"
 
 #include <functional>
@@ -33,10 +34,7 @@ public:
     /// of a picture has facts of its own.
     static Ptr Of(const Image& picture, const PictureArea& area);
     /// The facts of a whole photo.
-    static Ptr OfPhoto(const Image& photo)
-    {
-        return Of(photo, PictureArea::Whole(photo.GetWidth(), photo.GetHeight()));
-    }
+    static Ptr OfPhoto(const KeptImage& photo);
     /// The facts of a picture of that size whose reduced form `reduce` makes; null where that was
     /// cancelled, which is taken for a picture without haze. `reduce` is called once at most, on
     /// the thread that asks.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "image/Image.h"
+#include "image/KeptImage.h"
 #include "photo/file/PhotoFormat.h"
 
 #include <memory>
@@ -19,7 +20,7 @@ struct PictureForm
 };
 
 /// The form of a picture in memory; looks at its alpha.
-inline PictureForm DescribeForm(const Image& image)
+inline PictureForm DescribeForm(const KeptImage& image)
 {
     return {image.GetWidth(), image.GetHeight(), image.GetDepth(), image.IsOpaque(),
             image.GetSpace()};

@@ -99,7 +99,7 @@ TEST_F(MonitorColoursTest, areThoseOfTheOriginalToo)
     GetPicture();
 
     const QImage shown = canvas.GetFrame(PhotoCanvas::Layer::Original).image;
-    const auto& photo = editor->GetPhoto().image;
+    const LumetraHost::Image photo = editor->GetPhoto().image.ToImage();
     ExpectShown(shown, LumetraHost::ViewFrame::WrapImage(photo, true));
 }
 

@@ -5,6 +5,7 @@
 #include "canvas/PhotoCanvas.h"
 #include "window/MessageBar.h"
 #include "window/StartPage.h"
+#include "workspace/WorkspaceController.h"
 
 #include <QAction>
 #include <QApplication>
@@ -252,4 +253,15 @@ TEST_F(OpeningTest, closesAMessageByItsButton)
 
     EXPECT_FALSE(GetPart<LumetraEditor::MessageBar>().isVisible());
     EXPECT_TRUE(GetMessage().isEmpty());
+}
+
+TEST_F(OpeningTest, anOpaquePhotoTakesThreeBytesPerPixelWhileItIsOpen)
+{
+    Open(WritePhoto("opaque.jpg", 120, 80));
+    EXPECT_EQ(editor->GetPhoto().image.GetBytesPerPixel(), 3u);
+    EXPECT_TRUE(
+        editor->GetHost().GetDrawer().GetPhoto().SharesPixelsWith(editor->GetPhoto().image));
+
+    Open(WritePhoto("opaque.png", 120, 80));
+    EXPECT_EQ(editor->GetPhoto().image.GetBytesPerPixel(), 3u);
 }

@@ -11,7 +11,7 @@ inline Image DrawRecipe(const PictureRecipe& recipe)
 {
     const Renderer renderer;
     LayerRenderer layers(renderer);
-    layers.SetSource(recipe.photo);
+    layers.SetSource(recipe.photo.ToImage());
     return layers.Render(recipe.layers, recipe.layers.size());
 }
 
@@ -30,12 +30,14 @@ public:
 private:
     Image Draw(const PictureRecipe& recipe)
     {
-        if (!recipe.photo.SharesPixelsWith(m_layers.GetSource()))
-            m_layers.SetSource(recipe.photo);
+        if (!recipe.photo.SharesPixelsWith(m_photo))
+            m_layers.SetSource(recipe.photo.ToImage());
+        m_photo = recipe.photo;
         return m_layers.Render(recipe.layers, recipe.layers.size());
     }
 
     const Drawer& m_drawer;
+    KeptImage m_photo;
     const Renderer m_renderer;
     LayerRenderer m_layers{m_renderer};
 };

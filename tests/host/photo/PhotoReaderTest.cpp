@@ -403,3 +403,27 @@ TEST(PhotoReader, grayProgressiveJpegBecomesColors)
 {
     ExpectColor(PhotoReader::Decode(MakeGrayJpeg(), "gray").image, {77, 77, 77, 255});
 }
+
+TEST_F(PhotoReaderTest, photosThatAreKeptAreConvertedAsOthersAre)
+{
+    for (const Bytes& content : {MakeCmykJpeg(true), MakeCmykJpeg(false), MakeGrayJpeg()}) {
+        WriteFile(PathOf("kept.jpg"), content);
+        const KeptPhoto kept = PhotoReader::ReadToKeep(PathOf("kept.jpg"));
+        const Photo whole = PhotoReader::Read(PathOf("kept.jpg"));
+        EXPECT_TRUE(HaveSamePixels(kept.image.ToImage(), whole.image));
+        EXPECT_EQ(kept.reductions, whole.reductions);
+    }
+}
+
+TEST_F(PhotoReaderTest, aJpegThatIsKeptNeverTakesMoreThanItsThreeChannels)
+{
+    Photo photo;
+    photo.image = MakePattern(1024, 768, Image::Depth::Bits8);
+    PhotoWriter::Write(PathOf("large.jpg"), photo);
+    largestAllocation = 0;
+
+    const KeptPhoto kept = PhotoReader::ReadToKeep(PathOf("large.jpg"));
+
+    EXPECT_LE(largestAllocation, (3u * 1024 + Image::RowAlignment) * 768);
+    EXPECT_EQ(kept.image.GetWidth(), 1024);
+}

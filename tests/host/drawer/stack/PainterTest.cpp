@@ -338,7 +338,7 @@ TEST_F(PainterScenario, keepsAPictureThatSomebodyStillHolds)
         Result();
     }
     EXPECT_TRUE(HaveSamePixels(held, copy));
-    EXPECT_TRUE(HaveSamePixels(m_drawer.GetPhoto(), photoCopy));
+    EXPECT_TRUE(HaveSamePixels(m_drawer.GetPhoto().ToImage(), photoCopy));
 }
 
 } // namespace

@@ -63,7 +63,7 @@ TEST(OutputTemplate, takesTheDateOfTheFileWherePhotosSayNone)
     const QTemporaryDir folder;
     OutputValues values = MakeValues();
     values.photo = folder.filePath(QStringLiteral("a.png"));
-    PhotoWriter::Write(values.photo, Photo{LumetraTest::MakeGradient(4, 4), {}, {}, {}});
+    PhotoWriter::Write(values.photo, Photo{{}, LumetraTest::MakeGradient(4, 4)});
     QFile file(values.photo);
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     ASSERT_TRUE(

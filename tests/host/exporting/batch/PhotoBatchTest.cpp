@@ -27,7 +27,7 @@ struct PhotoBatchTest : testing::Test
 
     PhotoInput WritePhoto(const char* name) const
     {
-        PhotoWriter::Write(PathOf(name), Photo{LumetraTest::MakeGradient(40, 30), {}, {}, {}});
+        PhotoWriter::Write(PathOf(name), Photo{{}, LumetraTest::MakeGradient(40, 30)});
         return {PathOf(name)};
     }
 

@@ -34,7 +34,7 @@ struct PhotoOriginTest : testing::Test
 
     PhotoOrigin WriteAndRead(const char* name, const QByteArray& exif, const QByteArray& xmp) const
     {
-        Photo photo{MakeGradient(16, 16), {}, {}, {}};
+        Photo photo{{}, MakeGradient(16, 16)};
         photo.metadata.exif = exif;
         photo.metadata.xmp = xmp;
         PhotoWriter::Write(PathOf(name), photo);
