@@ -8,7 +8,24 @@
 
 namespace LumetraEditor {
 
-GuardedApplication::GuardedApplication(int& argc, char** argv) : QApplication(argc, argv) {}
+namespace {
+
+constexpr char OpenGlDriver[] = "QT_XCB_GL_INTEGRATION";
+
+} // namespace
+
+GuardedApplication::GuardedApplication(int& argc, char** argv)
+    : QApplication(LeaveOpenGlOut(argc), argv)
+{
+}
+
+/// Has to come before the application. Returns what it was given.
+int& GuardedApplication::LeaveOpenGlOut(int& argc)
+{
+    if (!qEnvironmentVariableIsSet(OpenGlDriver))
+        qputenv(OpenGlDriver, "none");
+    return argc;
+}
 
 bool GuardedApplication::notify(QObject* receiver, QEvent* event)
 {

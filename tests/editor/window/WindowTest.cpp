@@ -299,3 +299,16 @@ TEST_F(WindowTest, theSidePanelGrowsByItsEdgeAndKeepsItsWidth)
 
     EXPECT_EQ(Find<QWidget>("sidePanel")->width(), wide);
 }
+
+/// The drivers take more memory than the editor itself.
+TEST_F(WindowTest, isDrawnWithoutDriversForOpenGl)
+{
+    Open(WritePhoto("lake.png", 40, 30));
+    QFile maps(QStringLiteral("/proc/self/maps"));
+    ASSERT_TRUE(maps.open(QIODevice::ReadOnly));
+
+    const QByteArray loaded = maps.readAll();
+
+    EXPECT_FALSE(loaded.contains("_dri.so")) << "a driver of Mesa";
+    EXPECT_FALSE(loaded.contains("libGLX")) << "the X server's OpenGL";
+}
