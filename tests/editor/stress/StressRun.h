@@ -2,6 +2,7 @@
 #pragma once
 
 #include "PanelInReach.h"
+#include "RandomChoice.h"
 
 #include "session/Editor.h"
 #include "window/EditorWindow.h"
@@ -9,10 +10,9 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-#include <algorithm>
+#include <map>
 #include <memory>
 #include <optional>
-#include <random>
 
 namespace LumetraEditor {
 class LayersView;
@@ -21,11 +21,11 @@ class PhotoCanvas;
 
 namespace LumetraTest {
 
-/// Random actions of a user on the editor with its looks, the same for the same seed. Checks now
-/// and then that the canvas shows the drawer's packages, the list of layers and the file have them,
-/// and the file draws the same photo; that the panel shows its model and the screen the panel; that
-/// undoing everything and redoing it changes nothing; that a restart brings the last
-/// edit back; and that memory does not grow.
+/// Random actions of a user on the editor with its looks, its adjustments, its list of layers and a
+/// row of photos, the same for the same seed. Checks now and then that the canvas shows the
+/// drawer's packages, the list of layers and the file have them, and the file draws the same photo;
+/// that the panels show their values and the screen the panels; that undoing everything and redoing
+/// it changes no photo; that a restart brings the last edit back; and that memory does not grow.
 class StressRun
 {
 public:
@@ -37,6 +37,7 @@ public:
 private:
     void Start();
     void Act();
+    void ActOnWindow(int kind);
     void ClickLook();
     void HoverLook();
     void DragSlider();
@@ -55,11 +56,12 @@ private:
     LumetraEditor::PhotoCanvas& GetCanvas();
     LumetraEditor::LayersView& GetList();
     LumetraHost::EditState ReadEdit();
+    std::map<QString, LumetraHost::EditState> ReadEdits();
 
     bool CheckNow();
     bool Check(const char* what, bool isTrue);
     bool CheckCanvas();
-    bool CheckPanel();
+    bool CheckPanels();
     bool CheckList();
     bool CheckFile();
     bool CheckScreen();
@@ -67,18 +69,19 @@ private:
     bool CheckRestart();
     bool CheckMemory();
 
-    /// Below `count`; 0 for an empty widget or list.
-    int Pick(int count)
-    {
-        return std::uniform_int_distribution<int>(0, std::max(count, 1) - 1)(m_random);
-    }
+    /// See RandomChoice.
+    int Pick(int count) { return m_choice.Pick(count); }
     template <class Widget>
-    Widget* PickOne();
+    Widget* PickOne()
+    {
+        return m_choice.PickOne<Widget>(*m_window);
+    }
 
-    std::mt19937 m_random;
+    RandomChoice m_choice;
     QTemporaryDir m_folder;
     QStringList m_photos;
-    PanelInReach m_plugin;
+    PanelInReach m_looks;
+    AdjustInReach m_adjust;
     std::unique_ptr<LumetraEditor::Editor> m_editor;
     std::unique_ptr<LumetraEditor::EditorWindow> m_window;
     std::optional<std::size_t> m_memory; ///< after the first restart
