@@ -106,7 +106,9 @@ QByteArray RunSelf(const QStringList& words)
 QJsonObject Measure(int number, const QTemporaryDir& folder)
 {
     const LargePhoto& photo = Photos[number];
-    const QString path = folder.filePath(QStringLiteral("photo.") + QLatin1String(photo.suffix));
+    // Names of their own: an edit belongs to a name.
+    const QString path = folder.filePath(
+        QStringLiteral("%1.%2").arg(QString::number(number), QLatin1String(photo.suffix)));
     RunSelf({QStringLiteral("--write"), QString::number(number), path});
     auto figures = QJsonDocument::fromJson(RunSelf({QStringLiteral("--measure"), path})).object();
     const auto get = [&figures](const char* name) {
