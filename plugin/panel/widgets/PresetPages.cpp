@@ -312,8 +312,9 @@ void PresetPages::Reveal(const QModelIndex& preset)
     SetOpen(page, true);
     ShowPage(page);
     m_grids[page]->SetCurrentPreset(preset);
-    ScrollLater(preset);
     m_revealed = isVisible() ? QModelIndex() : preset;
+    m_isRevealing = true;
+    Follow(preset);
 }
 
 void PresetPages::FocusOnPage(const QModelIndex& preset)
@@ -326,8 +327,7 @@ void PresetPages::showEvent(QShowEvent* event)
 {
     QScrollArea::showEvent(event);
     if (m_revealed.isValid())
-        ScrollLater(m_revealed);
-    m_revealed = QModelIndex();
+        Reveal(QModelIndex(m_revealed));
 }
 
 void PresetPages::FocusFirst()
@@ -384,20 +384,28 @@ void PresetPages::ShowApplied()
     const QModelIndex applied = m_commands.GetApplied();
     if (!applied.isValid() || !IsOpen(GetPage(applied)))
         return;
+    Follow(m_isRevealing ? QModelIndex(m_followed) : applied);
+}
+
+void PresetPages::Follow(const QModelIndex& preset)
+{
     const bool isUnderWay = m_scrollings > 0;
+    m_followed = preset;
     m_scrollings = LayoutRounds;
     if (!isUnderWay)
-        FollowApplied();
+        ScrollInRounds();
 }
 
 /// Scrolls again until the layouts have answered each other: the list may still be growing.
-void PresetPages::FollowApplied()
+void PresetPages::ScrollInRounds()
 {
     QTimer::singleShot(0, this, [this] {
-        if (const QModelIndex applied = m_commands.GetApplied(); applied.isValid())
-            ScrollTo(applied);
+        if (m_followed.isValid())
+            ScrollTo(m_followed);
         if (--m_scrollings > 0)
-            FollowApplied();
+            ScrollInRounds();
+        else
+            m_isRevealing = false;
     });
 }
 

@@ -86,7 +86,9 @@ private:
     void StepOut(const PresetGrid& grid, bool isForward);
     PresetGrid* FindNextGrid(int page, bool isForward) const;
     bool IsAppliedInSight(int height) const;
-    void FollowApplied();
+    /// Keeps the preset in sight until the layouts have settled.
+    void Follow(const QModelIndex& preset);
+    void ScrollInRounds();
     void FocusOn(PresetGrid& grid, bool isLast);
     void ShowPage(int page);
     QString MakeHint() const;
@@ -109,7 +111,9 @@ private:
     std::vector<QLabel*> m_emptyHints;
     std::vector<Zorvik::Lumetra::LumetraPresets::CustomToolBoxButton*> m_headers;
     QPersistentModelIndex m_revealed; ///< while the list was not seen; invalid when none
-    int m_scrollings = 0;             ///< that are still to come, to the look on the photo
+    QPersistentModelIndex m_followed; ///< the preset that is scrolled to
+    int m_scrollings = 0;             ///< that are still to come, to that preset
+    bool m_isRevealing = false;       ///< it goes before the look on the photo
     std::vector<bool> m_wasOpen;      // before the filter came on; empty without one
 };
 

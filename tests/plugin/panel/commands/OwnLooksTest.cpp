@@ -250,9 +250,6 @@ TEST_F(OwnLooksTest, aSavedLookIsSelectedWhateverIsFilteredAndFolded)
 
 TEST_F(OwnLooksTest, anImportedLookIsSelectedTheFirstOfSeveral)
 {
-    for (int i = 0; i < 24; ++i)
-        SaveBrightAs(QStringLiteral("Own %1").arg(i));
-    panel->GetWidget()->resize(320, 560);
     Drop(QStringLiteral("two.json"), R"({"format": "lumetra-catalogue", "version": 1, "groups": [
   {"name": "Others", "items": [
     {"name": "Dusk", "id": "d", "effects": [{"effect": {"id": "exposure", "stops": -1}}]},
