@@ -113,7 +113,11 @@ void ManyCommands::PasteParts()
     if (!m_copied)
         return;
     const QStringList targets = GetTargets();
-    PasteDialog dialog(*m_copied, m_editor.GetModules(), targets.size(), m_settings, &m_window);
+    const auto nameLayer = [this](const LumetraHost::EditLayer& layer) {
+        return m_editor.FindShownName(layer);
+    };
+    PasteDialog dialog(*m_copied, m_editor.GetModules(), nameLayer, targets.size(), m_settings,
+                       &m_window);
     if (dialog.exec() != QDialog::Accepted)
         return;
     const auto paste = [copied = *m_copied, parts = dialog.GetParts(),

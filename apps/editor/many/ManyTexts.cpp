@@ -31,15 +31,17 @@ QString CountLeft(int count)
 
 } // namespace
 
-QString DescribePart(const EditState& edit, const QString& module)
+QString DescribePart(const EditState& edit, const QString& module, const NameLayer& nameLayer)
 {
     QStringList looks;
     int others = 0;
     for (const EditLayer& layer : edit.layers) {
-        const QString name = QString::fromStdString(layer.record.preset);
-        if (layer.module == module && name.isEmpty())
+        if (layer.module != module)
+            continue;
+        const QString name = nameLayer(layer);
+        if (name.isEmpty())
             ++others;
-        else if (layer.module == module)
+        else
             looks.append(ManyTexts::tr("%1 (%2 %)").arg(name).arg(layer.record.intensity));
     }
     if (others == 1)

@@ -5,15 +5,21 @@
 
 #include <QString>
 
+#include <functional>
+
 class QWidget;
 
 namespace LumetraEditor {
 
 struct ManyReport;
 
+/// Returns the name of a layer's look in the user's language; empty for a layer without a look.
+using NameLayer = std::function<QString(const LumetraHost::EditLayer& layer)>;
+
 /// Says what an edit has of a module, in the user's language: looks with their intensities, or how
 /// many layers.
-QString DescribePart(const LumetraHost::EditState& edit, const QString& module);
+QString DescribePart(const LumetraHost::EditState& edit, const QString& module,
+                     const NameLayer& nameLayer);
 
 /// Says how many photos a step has changed.
 QString CountChanged(const ManyReport& report);

@@ -38,8 +38,9 @@ bool HasLayers(const EditState& edit, const QString& module)
 
 } // namespace
 
-PasteDialog::PasteDialog(const EditState& copied, const ModuleTitles& modules, int count,
-                         EditorSettings& settings, QWidget* parent)
+PasteDialog::PasteDialog(const EditState& copied, const ModuleTitles& modules,
+                         const NameLayer& nameLayer, int count, EditorSettings& settings,
+                         QWidget* parent)
     : QDialog(parent), m_copied(copied), m_settings(settings),
       m_replace(Named(new QRadioButton(tr("In place of the &same parts"), this),
                       QStringLiteral("pasteReplace"))),
@@ -55,9 +56,10 @@ PasteDialog::PasteDialog(const EditState& copied, const ModuleTitles& modules, i
     column->addWidget(new QLabel(
         count == 1 ? tr("Paste on the photo:") : tr("Paste on %1 photos:").arg(count), this));
     for (const auto& [module, title] : modules)
-        AddPart(module, title);
+        AddPart(module, title, nameLayer);
     for (const EditLayer& layer : m_copied.layers)
-        AddPart(layer.module, layer.module.isEmpty() ? tr("Other layers") : layer.module);
+        AddPart(layer.module, layer.module.isEmpty() ? tr("Other layers") : layer.module,
+                nameLayer);
     column->addSpacing(8);
     column->addWidget(m_replace);
     column->addWidget(m_onTop);
@@ -79,12 +81,12 @@ PasteDialog::PasteDialog(const EditState& copied, const ModuleTitles& modules, i
 }
 
 /// Adds a part that is not there yet, with what the copied edit has of it.
-void PasteDialog::AddPart(const QString& module, const QString& title)
+void PasteDialog::AddPart(const QString& module, const QString& title, const NameLayer& nameLayer)
 {
     const auto isThere = [&module](const auto& part) { return part.first == module; };
     if (std::any_of(m_parts.begin(), m_parts.end(), isThere))
         return;
-    QString text = QStringLiteral("%1: %2").arg(title, DescribePart(m_copied, module));
+    QString text = QStringLiteral("%1: %2").arg(title, DescribePart(m_copied, module, nameLayer));
     auto* const box =
         Named(new QCheckBox(text.replace(QLatin1Char('&'), QLatin1String("&&")), this),
               QStringLiteral("pastePart.") + module);

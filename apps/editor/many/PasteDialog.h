@@ -2,6 +2,7 @@
 #pragma once
 
 #include "edit/EditChanges.h"
+#include "many/ManyTexts.h"
 
 #include <QDialog>
 #include <QString>
@@ -28,8 +29,9 @@ class PasteDialog : public QDialog
 public:
     /// Offers the parts of `modules` and those that `copied` has beside them. `settings` is kept by
     /// reference. `count` photos are selected.
-    PasteDialog(const LumetraHost::EditState& copied, const ModuleTitles& modules, int count,
-                EditorSettings& settings, QWidget* parent = nullptr);
+    PasteDialog(const LumetraHost::EditState& copied, const ModuleTitles& modules,
+                const NameLayer& nameLayer, int count, EditorSettings& settings,
+                QWidget* parent = nullptr);
 
     EditParts GetParts() const;
     /// True: the layers come on top of those of the photos; false: in place of the same parts.
@@ -39,7 +41,7 @@ public slots:
     void accept() override;
 
 private:
-    void AddPart(const QString& module, const QString& title);
+    void AddPart(const QString& module, const QString& title, const NameLayer& nameLayer);
     void Restore();
     void Update();
 

@@ -409,16 +409,21 @@ std::vector<EditorLayer> Editor::GetLayers() const
     AddLayers(state);
     std::vector<EditorLayer> layers;
     for (const EditLayer& layer : state.layers)
-        layers.push_back({layer.module, QString::fromStdString(layer.record.preset),
-                          layer.record.intensity, layer.isOn, layer.isOpen, *layer.settings});
+        layers.push_back({layer.module, FindShownName(layer), layer.record.intensity, layer.isOn,
+                          layer.isOpen, *layer.settings});
     return layers;
 }
 
 QString Editor::FindShownName(const EditLayer& layer) const
 {
     const auto id = QString::fromStdString(layer.settings->Package().GetPresetName());
-    const QString shown = id.isEmpty() ? id : m_panels.FindShownName(layer.module, id);
+    const QString shown = FindShownName(layer.module, id);
     return shown.isEmpty() ? QString::fromStdString(layer.record.preset) : shown;
+}
+
+QString Editor::FindShownName(const QString& module, const QString& id) const
+{
+    return id.isEmpty() ? QString() : m_panels.FindShownName(module, id);
 }
 
 /// The module that asks notes the step, in which the look is drawn anew.

@@ -114,6 +114,9 @@ public:
     bool IsInUse(const QString& module) const { return m_panels.IsInUse(module); }
     /// The name of the layer's look in the user's language; empty for a layer without a look.
     QString FindShownName(const LumetraHost::EditLayer& layer) const;
+    /// The name, in the user's language, of the look with that id; empty when the module knows
+    /// none.
+    QString FindShownName(const QString& module, const QString& id) const;
     /// The layers after the last step, bottom first. Asks no panel.
     const std::vector<LumetraHost::EditLayer>& GetSteppedLayers() const { return m_state.layers; }
     /// The packages of all layers that are on, bottom first.

@@ -45,6 +45,9 @@ PhotoBrowser::PhotoBrowser(Editor& editor, EditorSettings& settings, PhotoStripM
     connect(&m_editor, &Editor::photoRefused, &m_photos, &PhotoStripModel::SetProblem);
     connect(&m_editor, &Editor::displayChanged, this,
             [this] { m_photos.SetDisplay(m_editor.GetDisplay()); });
+    m_photos.SetNaming([&editor](const ThumbnailLook& look) {
+        return editor.FindShownName(look.module, look.id);
+    });
     m_photos.SetOrder(m_settings.Get(OrderKey).toString() == ByTime ? PhotoOrder::Time
                                                                     : PhotoOrder::Name);
     m_strip.hide();

@@ -371,7 +371,7 @@ QVariant PhotoStripModel::data(const QModelIndex& index, int role) const
     case EditedRole:
         return item.thumbnail.isEdited;
     case LooksRole:
-        return item.thumbnail.looks;
+        return NameLooks(item);
     case ProblemRole:
         return item.thumbnail.problem;
     case CurrentRole:
@@ -379,6 +379,17 @@ QVariant PhotoStripModel::data(const QModelIndex& index, int role) const
     default:
         return {};
     }
+}
+
+/// The looks' names at this moment: the user may have renamed one, or changed the language.
+QStringList PhotoStripModel::NameLooks(const Item& item) const
+{
+    QStringList names;
+    for (const ThumbnailLook& look : item.thumbnail.looks) {
+        const QString shown = m_nameLook ? m_nameLook(look) : QString();
+        names.append(shown.isEmpty() ? look.name : shown);
+    }
+    return names;
 }
 
 /// Puts all into one line for a screen reader: "lake.jpg, edited, Golden, 3 of 128".
@@ -389,17 +400,17 @@ QString PhotoStripModel::DescribeRow(const Item& item, int row) const
         parts.append(tr("cannot be opened"));
     if (item.thumbnail.isEdited)
         parts.append(tr("edited"));
-    parts.append(item.thumbnail.looks);
+    parts.append(NameLooks(item));
     parts.append(tr("%1 of %2").arg(row + 1).arg(rowCount()));
     return parts.join(QStringLiteral(", "));
 }
 
 /// The text of a tool tip; file names are no markup.
-QString PhotoStripModel::DescribePhoto(const Item& item)
+QString PhotoStripModel::DescribePhoto(const Item& item) const
 {
     QStringList lines{QFileInfo(item.file.path).fileName().toHtmlEscaped()};
-    if (!item.thumbnail.looks.isEmpty())
-        lines.append(item.thumbnail.looks.join(QStringLiteral(" + ")).toHtmlEscaped());
+    if (!item.thumbnail.looks.empty())
+        lines.append(NameLooks(item).join(QStringLiteral(" + ")).toHtmlEscaped());
     else if (item.thumbnail.isEdited)
         lines.append(tr("edited"));
     if (!item.thumbnail.problem.isEmpty())

@@ -10,6 +10,7 @@
 #include <QHash>
 #include <QSet>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -34,10 +35,13 @@ public:
     {
         PathRole = Qt::UserRole, ///< QString, absolute
         EditedRole,              ///< bool: the photo's edit shows something
-        LooksRole,               ///< QStringList: names of the looks on the photo
+        LooksRole,               ///< QStringList: shown names of the looks on the photo
         ProblemRole,             ///< QString: why the photo cannot be read; empty otherwise
         CurrentRole              ///< bool: the photo that the window shows, or was last asked for
     };
+
+    /// Returns the name of a look in the user's language; empty where it is not known.
+    using NameLook = std::function<QString(const ThumbnailLook& look)>;
 
     /// Bytes that all thumbnails may take together.
     static constexpr int DefaultCapacity = 64 << 20;
@@ -77,6 +81,8 @@ public:
     void SetThumbnailSize(const QSize& size);
     /// Sets the colours of the monitor; null: sRGB.
     void SetDisplay(const std::shared_ptr<const LumetraHost::DisplayTransform>& display);
+    /// Sets where looks get their names for the user. Without it they are named as edits have them.
+    void SetNaming(const NameLook& nameLook) { m_nameLook = nameLook; }
     /// The photo's edit has changed. Does nothing for other photos.
     void MarkChanged(const QString& path);
     /// The photo cannot be read, whatever its thumbnail shows.
@@ -108,7 +114,8 @@ private:
     void RequestThumbnails();
     void Take(const Thumbnail& thumbnail);
     QString DescribeRow(const Item& item, int row) const;
-    static QString DescribePhoto(const Item& item);
+    QString DescribePhoto(const Item& item) const;
+    QStringList NameLooks(const Item& item) const;
 
     QCollator m_collator;
     PhotoOrder m_order = PhotoOrder::Name;
@@ -120,6 +127,7 @@ private:
     int m_lastVisible = -1;
     QSize m_size;
     std::shared_ptr<const LumetraHost::DisplayTransform> m_display;
+    NameLook m_nameLook;
     int m_newestVersion = 0;
     mutable QCache<QString, QImage> m_pictures; ///< by path; looking one up counts as a use
     ThumbnailLoader m_loader;

@@ -4,9 +4,9 @@
 #include <QImage>
 #include <QSize>
 #include <QString>
-#include <QStringList>
 
 #include <memory>
+#include <vector>
 
 namespace LumetraHost {
 class DisplayTransform;
@@ -28,6 +28,14 @@ inline bool operator==(const ThumbnailRequest& first, const ThumbnailRequest& se
     return first.path == second.path && first.version == second.version;
 }
 
+/// A look on a photo.
+struct ThumbnailLook
+{
+    QString module; ///< the id of the module that has drawn it
+    QString id;     ///< of the look, in its module
+    QString name;   ///< as the edit has it, whatever the user's language is
+};
+
 /// A small picture of a photo as its edit shows it, and what a row of photos says of it.
 struct Thumbnail
 {
@@ -36,7 +44,7 @@ struct Thumbnail
     QImage picture;        ///< RGB32 or premultiplied ARGB32; null when the photo cannot be read
     QString problem;       ///< why it cannot be read, in English, with the file's name; else empty
     bool isEdited = false; ///< the edit shows something on the photo
-    QStringList looks;     ///< names of the looks on it, lowest first
+    std::vector<ThumbnailLook> looks = {}; ///< on the photo, lowest first
 };
 
 } // namespace LumetraEditor

@@ -112,7 +112,10 @@ Thumbnail ThumbnailMaker::Make(const ThumbnailRequest& request, const CancelToke
         thumbnail.isEdited = !layers.empty();
         for (const EditLayer& layer : layers)
             if (!layer.record.preset.empty())
-                thumbnail.looks.append(QString::fromStdString(layer.record.preset));
+                thumbnail.looks.push_back(
+                    {layer.module,
+                     QString::fromStdString(layer.settings->Package().GetPresetName()),
+                     QString::fromStdString(layer.record.preset)});
         if (!cancel.IsCancelled())
             thumbnail.picture = ToScreen(DrawLayers(small, layers, cancel), request.display.get());
     } catch (const std::exception& problem) {

@@ -61,7 +61,8 @@ TEST_F(ThumbnailMakerTest, showsTheEditAndNamesItsLooks)
 
     EXPECT_FALSE(plain.isEdited);
     EXPECT_TRUE(edited.isEdited);
-    EXPECT_EQ(edited.looks, QStringList{QStringLiteral("Dusk")});
+    ASSERT_EQ(edited.looks.size(), 1U);
+    EXPECT_EQ(edited.looks[0].name, QStringLiteral("Dusk"));
     EXPECT_LT(Middle(edited), Middle(plain) * 3 / 4);
     EXPECT_EQ(edited.version, 7);
 }
