@@ -121,13 +121,14 @@ LumetraPlugin::ImportReport MakeReport()
     LumetraPlugin::ImportReport report;
     report.presets = {{{},
                        QStringLiteral("Faded Film"),
+                       {},
                        {{like, QStringLiteral("Contrast2012"), QStringLiteral("-15"), {}},
                         {like, QStringLiteral("Highlights2012"), QStringLiteral("-35"), {}},
                         {like, QStringLiteral("GrainAmount"), QStringLiteral("28"), {}},
                         {without, QStringLiteral("Look"), QStringLiteral("Adobe Color"), {}},
                         {without, QStringLiteral("LuminanceSmoothing"), QStringLiteral("25"), {}}},
                        {}},
-                      {{}, QStringLiteral("Exact"), {}, {}}};
+                      {{}, QStringLiteral("Exact"), {}, {}, {}}};
     report.problems =
         QStringList{QStringLiteral("looks/export.lrtemplate: expected a template of type "
                                    "\"Develop\", found type \"Export\", which is no look"),
