@@ -280,15 +280,10 @@ void PanelAudit::CompareExtraSliders()
         Expect(nameOf(i) + QStringLiteral(" is there"), slider->isVisibleTo(&m_widget), false);
 }
 
-/// Compares the looks on the photo: the applied one as the model describes it, and no other.
+/// Compares the packages on the photo: the applied look as the model describes it, and no other.
 void PanelAudit::ComparePackage()
 {
-    auto packages = m_editor.GetHost().GetDrawer().GetOpenPackages();
-    packages.erase(std::remove_if(packages.begin(), packages.end(),
-                                  [](const auto& package) {
-                                      return package.Package().GetPresetName().empty();
-                                  }),
-                   packages.end());
+    const auto packages = m_editor.GetHost().GetDrawer().GetOpenPackages();
     Expect(QStringLiteral("number of open packages"), static_cast<int>(packages.size()),
            m_applied.isValid() ? 1 : 0);
     if (!m_applied.isValid() || packages.empty())

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "LumetraEditor/IEditorPlugin.h"
-#include "adjust/AdjustPanel.h"
 #include "panel/PresetsPanel.h"
 
 namespace LumetraTest {
@@ -26,26 +25,6 @@ public:
 
 private:
     LumetraPlugin::PresetsPanel* m_panel = nullptr;
-};
-
-/// The Adjust panel in the same way.
-class AdjustInReach : public LumetraEditor::IEditorPlugin
-{
-public:
-    /// The panel made last; it is the editor's.
-    LumetraAdjust::AdjustPanel& GetPanel() { return *m_panel; }
-
-    QString GetTitle() const override { return QStringLiteral("Adjust"); }
-    std::unique_ptr<LumetraEditor::IEditorPanel>
-    CreatePanel(LumetraEditor::IEditor& editor) override
-    {
-        auto panel = std::make_unique<LumetraAdjust::AdjustPanel>(editor);
-        m_panel = panel.get();
-        return panel;
-    }
-
-private:
-    LumetraAdjust::AdjustPanel* m_panel = nullptr;
 };
 
 } // namespace LumetraTest

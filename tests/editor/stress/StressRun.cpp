@@ -1,38 +1,92 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "StressRun.h"
 
-#include "AdjustActions.h"
-#include "AnsweredDialog.h"
-#include "Pointer.h"
-#include "RowActions.h"
+#include "PanelAudit.h"
+
+#include "host/drawer/DrawnPicture.h"
 
 #include "canvas/CanvasFeed.h"
 #include "canvas/PhotoCanvas.h"
 #include "drawer/previews/AsyncPreviews.h"
 #include "drawer/view/LiveView.h"
+#include "edit/EditChanges.h"
+#include "edits/DrawnEdit.h"
+#include "edits/EditFile.h"
 #include "layers/LayersView.h"
 #include "photo/PhotoWriter.h"
 #include "plugins/PluginLoader.h"
+#include "userdata/EditPlaces.h"
+#include "workspace/WorkspaceController.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QFile>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPixmap>
+#include <QScreen>
 #include <QSettings>
 #include <QSlider>
+#include <QTimer>
 #include <QToolButton>
 #include <QWheelEvent>
 
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <malloc.h>
+#include <vector>
+
 namespace LumetraTest {
+namespace {
 
 using LumetraHost::Image;
 
-StressRun::StressRun(unsigned seed) : m_choice(seed)
+/// Growth of the heap between two restarts that is allowed: libraries keep some memory for good.
+constexpr std::size_t MostGrowth = std::size_t{8} << 20;
+
+void SendMouse(QWidget& widget, QEvent::Type type, const QPoint& at, Qt::MouseButtons down)
+{
+    QMouseEvent event(type, at, widget.mapToGlobal(at),
+                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, down,
+                      Qt::NoModifier);
+    QApplication::sendEvent(&widget, &event);
+}
+
+int FindLargestDifference(const QImage& shown, const Image& picture, const QPoint& corner)
+{
+    int largest = 0;
+    for (int y = 0; y < shown.height(); ++y) {
+        const auto* const row = reinterpret_cast<const QRgb*>(shown.constScanLine(y));
+        for (int x = 0; x < shown.width(); ++x) {
+            const std::uint8_t* const pixel =
+                picture.Row(corner.y() + y) + Image::Channels * (corner.x() + x);
+            largest =
+                std::max({largest, std::abs(qRed(row[x]) - pixel[0]),
+                          std::abs(qGreen(row[x]) - pixel[1]), std::abs(qBlue(row[x]) - pixel[2])});
+        }
+    }
+    return largest;
+}
+
+} // namespace
+
+template <class Widget>
+Widget* StressRun::PickOne()
+{
+    std::vector<Widget*> found;
+    for (Widget* const widget : m_window->findChildren<Widget*>())
+        if (widget->isVisible() && widget->isEnabled())
+            found.push_back(widget);
+    return found.empty() ? nullptr
+                         : found[static_cast<std::size_t>(Pick(static_cast<int>(found.size())))];
+}
+
+StressRun::StressRun(unsigned seed) : m_random(seed)
 {
     qputenv("XDG_DATA_HOME", m_folder.filePath(QStringLiteral("data")).toLocal8Bit());
     qputenv("XDG_CONFIG_HOME", m_folder.filePath(QStringLiteral("config")).toLocal8Bit());
@@ -56,8 +110,7 @@ void StressRun::Start()
     m_editor = std::make_unique<LumetraEditor::Editor>();
     m_window = std::make_unique<LumetraEditor::EditorWindow>(*m_editor);
     m_window->UseLanguage(QStringLiteral("en"));
-    m_window->AddPanel({QStringLiteral("lumetra-presets"), QString(), &m_looks});
-    m_window->AddPanel({QStringLiteral("lumetra-tuning"), QString(), &m_adjust});
+    m_window->AddPanel({QStringLiteral("lumetra-presets"), QString(), &m_plugin});
     // A button that fades makes the painting depend on the time, and leaks when the program ends
     // meanwhile.
     m_window->findChild<QLineEdit*>(QStringLiteral("searchField"))->setClearButtonEnabled(false);
@@ -72,12 +125,9 @@ void StressRun::OpenPhoto()
     Open(m_photos[Pick(m_photos.size())]);
 }
 
-/// The other photos stand beside it.
 void StressRun::Open(const QString& path)
 {
-    QStringList row = m_photos;
-    row.removeOne(path);
-    m_window->OpenPhotos(QStringList(path) + row);
+    m_window->OpenPhotos({path});
     while (m_editor->IsOpening())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
@@ -87,8 +137,10 @@ void StressRun::ClickLook()
     auto* const list = PickOne<QListView>();
     if (!list || list->model()->rowCount() == 0)
         return;
-    SendClick(*list->viewport(),
-              list->visualRect(list->model()->index(Pick(list->model()->rowCount()), 0)).center());
+    const QPoint place =
+        list->visualRect(list->model()->index(Pick(list->model()->rowCount()), 0)).center();
+    SendMouse(*list->viewport(), QEvent::MouseButtonPress, place, Qt::LeftButton);
+    SendMouse(*list->viewport(), QEvent::MouseButtonRelease, place, Qt::NoButton);
 }
 
 void StressRun::HoverLook()
@@ -224,9 +276,15 @@ void StressRun::Filter()
 void StressRun::SaveLook()
 {
     const QString name = QStringLiteral("Mine %1").arg(Pick(8));
-    AnswerNextDialog(*m_window, [name](QDialog& dialog) {
-        if (auto* const edit = dialog.findChild<QLineEdit*>(QStringLiteral("lineEdit")))
+    QTimer::singleShot(0, m_window.get(), [name] {
+        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        if (auto* const edit = dialog->findChild<QLineEdit*>(QStringLiteral("lineEdit")))
             edit->setText(name);
+        dialog->accept();
+        if (dialog->isVisible())
+            dialog->reject();
     });
     m_window->findChild<QAction*>(QStringLiteral("savePreset"))->trigger();
     QApplication::processEvents();
@@ -234,17 +292,7 @@ void StressRun::SaveLook()
 
 void StressRun::Act()
 {
-    const int kind = Pick(130);
-    if (kind < 100)
-        ActOnWindow(kind);
-    else if (kind < 115)
-        RowActions(*m_editor, *m_window, m_choice).Act();
-    else
-        AdjustActions(*m_window, m_choice).Act();
-}
-
-void StressRun::ActOnWindow(int kind)
-{
+    const int kind = Pick(100);
     if (kind < 22)
         ClickLook();
     else if (kind < 32)
@@ -269,27 +317,21 @@ void StressRun::ActOnWindow(int kind)
         OpenPhoto();
 }
 
-/// Waits until no photo is being read or changed and there is nothing left to be rendered or
-/// painted. Painting asks for pictures, which are painted when they have come and may bring others
-/// into sight; a look that the pointer rests on is shown after a moment.
+/// Waits until there is nothing left to be rendered or painted. Painting asks for pictures, which
+/// are painted when they have come, and a look that the pointer rests on is shown after a moment.
 void StressRun::Settle()
 {
     const auto views = m_window->findChildren<LumetraHost::LiveView*>();
     auto& canvas =
         *m_window->findChild<LumetraEditor::CanvasFeed*>()->findChild<LumetraHost::LiveView*>();
     quint64 serial;
-    QImage shown;
     const auto paint = [this] {
         QEvent update(QEvent::UpdateRequest);
         QApplication::sendEvent(m_window.get(), &update);
     };
-    while (m_editor->IsOpening())
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    m_editor->GetManySteps().GetEdits().WaitForAll();
     QApplication::processEvents();
     do {
         serial = canvas.GetFrame().serial;
-        shown = m_window->grab().toImage();
         for (int i = 0; i < 3; ++i) {
             for (auto* const view : views)
                 view->WaitForFrame();
@@ -297,8 +339,156 @@ void StressRun::Settle()
             m_editor->findChild<LumetraHost::AsyncPreviews*>()->WaitForAll();
             QApplication::processEvents();
         }
-    } while (canvas.GetFrame().serial != serial || m_window->grab().toImage() != shown);
+    } while (canvas.GetFrame().serial != serial);
     paint();
+}
+
+bool StressRun::Check(const char* what, bool isTrue)
+{
+    if (!isTrue)
+        std::fprintf(stderr, "action %d: expected that %s\n", m_action, what);
+    return isTrue;
+}
+
+/// True when the canvas, at actual size, shows the very pixels that the drawer makes, with the look
+/// that the pointer rests on, if there is one.
+bool StressRun::CheckCanvas()
+{
+    GetCanvas().SetZoom(1);
+    Settle();
+    const auto& frame = GetCanvas().GetFrame(LumetraEditor::PhotoCanvas::Layer::Edited);
+    if (!Check("the canvas shows pixels as they are",
+               !frame.image.isNull() && frame.image.size() == frame.part.size()))
+        return false;
+    const auto& drawer = m_editor->GetHost().GetDrawer();
+    const auto& onTop = m_editor->GetShownOnTop();
+    const auto recipe = onTop ? drawer.GetRecipeWith(*onTop) : drawer.GetRecipe();
+    const Image expected = LumetraHost::DrawRecipe(recipe);
+    const int difference = FindLargestDifference(frame.image, expected, frame.part.topLeft());
+    if (difference > 1)
+        std::fprintf(stderr, "%d steps apart%s\n", difference, onTop ? ", with a look on top" : "");
+    return Check("the canvas shows what the drawer makes", difference <= 1);
+}
+
+/// True when the list shows the layers that are on the photo, as they are.
+bool StressRun::CheckList()
+{
+    const auto layers = m_editor->CaptureLayers();
+    const auto& model = *GetList().model();
+    bool isSame = model.rowCount() == static_cast<int>(layers.size());
+    for (int row = 0; isSame && row < model.rowCount(); ++row) {
+        const auto& layer = layers[layers.size() - 1 - static_cast<std::size_t>(row)];
+        const QModelIndex name = model.index(row, 0);
+        isSame = name.data().toString().toStdString() == layer.record.preset &&
+                 (name.data(Qt::CheckStateRole).toInt() == Qt::Checked) == layer.isOn &&
+                 name.data(Qt::DecorationRole).isNull() != layer.isOpen &&
+                 model.index(row, 1).data().toInt() == layer.record.intensity;
+    }
+    return Check("the list shows the layers", isSame);
+}
+
+/// True when the file has the edit, and a program that reads it draws the same photo.
+bool StressRun::CheckFile()
+{
+    const LumetraHost::EditState kept = ReadEdit();
+    auto& drawer = m_editor->GetHost().GetDrawer();
+    LumetraHost::PictureRecipe recipe = drawer.GetRecipe();
+    recipe.layers.clear();
+    for (const auto& package : LumetraHost::DrawnEdit::Make(kept.layers).packages)
+        recipe.layers.push_back(
+            {std::make_shared<Zorvik::Quindle::EffectsSettings>(package), std::nullopt});
+    recipe.committed = 0;
+    return Check("the file has the edit",
+                 LumetraEditor::EditChanges::AreSame(kept, m_editor->GetEdit())) &&
+           Check("the file draws what is shown",
+                 HaveSamePixels(LumetraHost::DrawRecipe(recipe), LumetraHost::DrawWhole(drawer)));
+}
+
+bool StressRun::CheckPanel()
+{
+    const QStringList differences = PanelAudit(*m_editor, m_plugin.GetPanel()).FindDifferences();
+    for (const QString& difference : differences)
+        std::fprintf(stderr, "%s\n", qUtf8Printable(difference));
+    return Check("the panel shows what its model says", differences.isEmpty());
+}
+
+/// True when every change has been painted.
+bool StressRun::CheckScreen()
+{
+    const QImage painted = m_window->screen()
+                               ->grabWindow(m_window->winId())
+                               .toImage()
+                               .convertToFormat(QImage::Format_RGB32);
+    const QImage now = m_window->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const bool isSame = painted == now;
+    const QString folder = qEnvironmentVariable("LUMETRA_STRESS_PICTURES");
+    if (!isSame && !folder.isEmpty()) {
+        painted.save(folder + QStringLiteral("/painted.png"));
+        now.save(folder + QStringLiteral("/now.png"));
+    }
+    return Check("the screen shows what the window would paint", !painted.isNull() && isSame);
+}
+
+/// The edit in the file beside the photo; that of no step where there is none.
+LumetraHost::EditState StressRun::ReadEdit()
+{
+    m_editor->SaveEdit();
+    const QString file = LumetraHost::EditPlaces::GetBeside(m_editor->GetPhotoPath());
+    return QFile::exists(file) ? LumetraHost::EditFile::Read(file).state : LumetraHost::EditState();
+}
+
+LumetraEditor::PhotoCanvas& StressRun::GetCanvas()
+{
+    return *m_window->findChild<LumetraEditor::PhotoCanvas*>();
+}
+
+bool StressRun::CheckUndo()
+{
+    auto& stack = m_editor->GetUndoStack();
+    const Image now = LumetraHost::DrawWhole(m_editor->GetHost().GetDrawer());
+    const int steps = stack.index();
+    const auto before = ReadEdit();
+    while (stack.canUndo())
+        stack.undo();
+    while (stack.index() < steps)
+        stack.redo();
+    return Check("undoing and redoing all steps changes nothing",
+                 ReadEdit() == before &&
+                     HaveSamePixels(now, LumetraHost::DrawWhole(m_editor->GetHost().GetDrawer())));
+}
+
+bool StressRun::CheckRestart()
+{
+    m_editor->SaveEdit();
+    const QString photo = m_editor->GetPhotoPath();
+    const Image now = LumetraHost::DrawWhole(m_editor->GetHost().GetDrawer());
+    Start();
+    Open(photo);
+    return Check("a restart brings the edit back",
+                 HaveSamePixels(now, LumetraHost::DrawWhole(m_editor->GetHost().GetDrawer())));
+}
+
+/// True when memory has not grown. Called right after a restart, when the session's objects are
+/// gone. Sanitizers count for themselves.
+bool StressRun::CheckMemory()
+{
+    const std::size_t used = mallinfo2().uordblks;
+    if (!m_memory)
+        m_memory = used;
+    if (used > *m_memory + MostGrowth)
+        std::fprintf(stderr, "%zu bytes, %zu after the first restart\n", used, *m_memory);
+    return Check("memory does not grow from restart to restart", used <= *m_memory + MostGrowth);
+}
+
+bool StressRun::CheckNow()
+{
+    if (m_action % 100 == 0 &&
+        !(CheckCanvas() && CheckPanel() && CheckList() && CheckFile() && CheckScreen()))
+        return false;
+    if (m_action % 250 == 0 && !CheckUndo())
+        return false;
+    return m_action % 1000 != 0 ||
+           (CheckRestart() && CheckCanvas() && CheckPanel() && CheckMemory());
 }
 
 bool StressRun::Run(int actions)

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "PanelInReach.h"
-#include "RandomChoice.h"
 
 #include "session/Editor.h"
 #include "window/EditorWindow.h"
@@ -10,9 +9,10 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-#include <map>
+#include <algorithm>
 #include <memory>
 #include <optional>
+#include <random>
 
 namespace LumetraEditor {
 class LayersView;
@@ -21,11 +21,11 @@ class PhotoCanvas;
 
 namespace LumetraTest {
 
-/// Random actions of a user on the editor with its looks, its adjustments, its list of layers and a
-/// row of photos, the same for the same seed. Checks now and then that the canvas shows the
-/// drawer's packages, the list of layers and the file have them, and the file draws the same photo;
-/// that the panels show their values and the screen the panels; that undoing everything and redoing
-/// it changes no photo; that a restart brings the last edit back; and that memory does not grow.
+/// Random actions of a user on the editor with its looks, the same for the same seed. Checks now
+/// and then that the canvas shows the drawer's packages, the list of layers and the file have them,
+/// and the file draws the same photo; that the panel shows its model and the screen the panel; that
+/// undoing everything and redoing it changes nothing; that a restart brings the last
+/// edit back; and that memory does not grow.
 class StressRun
 {
 public:
@@ -37,7 +37,6 @@ public:
 private:
     void Start();
     void Act();
-    void ActOnWindow(int kind);
     void ClickLook();
     void HoverLook();
     void DragSlider();
@@ -56,12 +55,11 @@ private:
     LumetraEditor::PhotoCanvas& GetCanvas();
     LumetraEditor::LayersView& GetList();
     LumetraHost::EditState ReadEdit();
-    std::map<QString, LumetraHost::EditState> ReadEdits();
 
     bool CheckNow();
     bool Check(const char* what, bool isTrue);
     bool CheckCanvas();
-    bool CheckPanels();
+    bool CheckPanel();
     bool CheckList();
     bool CheckFile();
     bool CheckScreen();
@@ -69,19 +67,18 @@ private:
     bool CheckRestart();
     bool CheckMemory();
 
-    /// See RandomChoice.
-    int Pick(int count) { return m_choice.Pick(count); }
-    template <class Widget>
-    Widget* PickOne()
+    /// Below `count`; 0 for an empty widget or list.
+    int Pick(int count)
     {
-        return m_choice.PickOne<Widget>(*m_window);
+        return std::uniform_int_distribution<int>(0, std::max(count, 1) - 1)(m_random);
     }
+    template <class Widget>
+    Widget* PickOne();
 
-    RandomChoice m_choice;
+    std::mt19937 m_random;
     QTemporaryDir m_folder;
     QStringList m_photos;
-    PanelInReach m_looks;
-    AdjustInReach m_adjust;
+    PanelInReach m_plugin;
     std::unique_ptr<LumetraEditor::Editor> m_editor;
     std::unique_ptr<LumetraEditor::EditorWindow> m_window;
     std::optional<std::size_t> m_memory; ///< after the first restart
