@@ -17,7 +17,7 @@ namespace LumetraHost {
 class KeptImage
 {
 public:
-    /// Of a packed picture.
+    /// A packed picture has no alpha.
     static constexpr int Channels = 3;
 
     /// The null picture: no pixels, 0 x 0.

@@ -24,7 +24,7 @@ enum class ResizeQuality
 /// shared pool.
 Image Resize(const Image& source, const PixelRect& area, int width, int height,
              ResizeQuality quality);
-/// The same pixels, whether the source is packed or not.
+/// Makes the same pixels of a packed source as of one with four channels.
 Image Resize(const KeptImage& source, const PixelRect& area, int width, int height,
              ResizeQuality quality);
 

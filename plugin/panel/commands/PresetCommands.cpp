@@ -305,7 +305,7 @@ void PresetCommands::FinishStep(const QString& text)
     });
 }
 
-/// Of the looks that a held arrow key has passed, the last one was used.
+/// Notes the last look that a held arrow key has passed as used, and no other.
 void PresetCommands::FinishApplyStep()
 {
     if (std::exchange(m_isStepping, false)) {
